@@ -1,0 +1,46 @@
+// Conversions between text and numbers in the regional form, and rounding.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "base/regional.h"
+
+namespace velmora {
+
+/// The number that a text stands for: blanks around it, a sign in front, digits with or without
+/// digit groups, a decimal part, an exponent ("1,234.5", "-.5", " 12 ", "1E3"). Nothing for any
+/// other text, for an empty one, and for one whose value is beyond a double.
+std::optional<double> readNumber(std::string_view text, const Regional& regional);
+
+/// Whether the text is readable as a number.
+bool isNumeric(std::string_view text, const Regional& regional);
+
+/// Error 13 on a text that isn't numeric, also on an empty one.
+double toDouble(std::string_view text, const Regional& regional);
+/// Rounds to nearest, ties to even. Error 13 as above, error 6 beyond 16 bits.
+std::int16_t toInteger(std::string_view text, const Regional& regional);
+/// Rounds to nearest, ties to even. Error 13 as above, error 6 beyond 32 bits.
+std::int32_t toLong(std::string_view text, const Regional& regional);
+
+/// Ties to even. Error 6 beyond 16 bits or for no number.
+std::int16_t toInteger(double value);
+/// Ties to even. Error 6 beyond 32 bits or for no number.
+std::int32_t toLong(double value);
+
+double roundTiesToEven(double value);
+/// Ties away from zero, on the decimal digits that the value shows (so 1.005 to two decimals is
+/// 1.01). `decimals` from 0 to 15.
+double roundTiesAway(double value, int decimals);
+
+/// The sum as a 32-bit number; error 6 if it doesn't fit.
+std::int32_t addLong(std::int32_t a, std::int32_t b);
+
+/// A number as text without digit groups: whole numbers without a decimal point, others with up
+/// to 15 significant digits and the regional decimal point, a leading zero for values below 1.
+std::string toText(double value, const Regional& regional);
+std::string toText(std::int64_t value);
+
+}  // namespace velmora

@@ -1,0 +1,23 @@
+// Numbers as the user reads them: FormatNumber and number pictures.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "base/regional.h"
+
+namespace velmora {
+
+/// The third argument of FormatNumber: digit groups or none. The regional default has them.
+enum class Grouping { none, regional };
+
+/// `value` with exactly `decimals` decimals, rounded with ties away from zero. A negative value
+/// takes a minus sign; one that rounds to zero takes none.
+std::string FormatNumber(double value, int decimals, Grouping grouping, const Regional& regional);
+
+/// A number by a picture: "#" an optional digit, "0" a required one, "," between digits digit
+/// grouping, "." the decimal point (shown even when no digit follows); any other character stands
+/// for itself. The value is rounded to the picture, ties away from zero.
+std::string Format(double value, std::string_view picture, const Regional& regional);
+
+}  // namespace velmora

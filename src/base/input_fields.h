@@ -1,0 +1,30 @@
+// Comma-separated input: one field at a time out of a text, as the runtime's Input statement does.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace velmora {
+
+/// Leading blanks (and tabs) are skipped; a field ends at a comma or a line end (CR, LF or CR LF);
+/// a field in double quotes ends at its closing quote, and what follows up to the comma or line
+/// end is passed over when it is blank, else begins the next field. Linear in the text's size.
+class InputFields {
+  public:
+    /// The text must outlive this object.
+    explicit InputFields(std::string_view text) : text_(text) {}
+
+    bool atEnd() const { return at_ >= text_.size(); }
+    /// The next field, empty at the end.
+    std::string next();
+
+  private:
+    std::string quoted();
+    void skipSeparator();
+
+    std::string_view text_;
+    std::size_t at_ = 0;
+};
+
+}  // namespace velmora

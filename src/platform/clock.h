@@ -1,0 +1,19 @@
+// The only source of time.
+#pragma once
+
+#include <cstdint>
+
+#include "base/date_time.h"
+
+namespace velmora {
+
+class Clock {
+  public:
+    virtual ~Clock() = default;
+    /// Local date and time.
+    virtual DateTime Now() = 0;
+    /// Milliseconds of a count that never goes back; for timers.
+    virtual std::int64_t GetTickCount() = 0;
+};
+
+}  // namespace velmora

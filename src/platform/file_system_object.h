@@ -1,0 +1,68 @@
+// Drives and folders, as the file system script object tells them. Paths are drive paths in UTF-8
+// ("C:\data", "\\host\share\data") on every host.
+//
+// A question to a drive has a deadline of `driveDeadline` inside each backend. A drive that misses
+// it is not ready, and stays so at no cost until its pending question returns: at most one question
+// a drive is pending, however often it is asked.
+#pragma once
+
+#include <chrono>
+#include <memory>
+#include <string>
+
+namespace velmora {
+
+inline constexpr std::chrono::milliseconds driveDeadline{2000};
+
+/// One reading of a drive: the first question measures it, later ones answer from that measure, so
+/// that readiness, free space and total size belong to the same instant. GetDrive anew to measure
+/// anew.
+class Drive {
+  public:
+    virtual ~Drive() = default;
+    /// Whether the drive exists, holds a medium and answers within the deadline. Never fails.
+    virtual bool IsReady() = 0;
+    /// "C:" with an upper-case letter, or "\\host\share"; no back-slash behind.
+    virtual std::string Path() const = 0;
+    /// Bytes that this user can still write. Error 71 when the drive isn't ready.
+    virtual double FreeSpace() = 0;
+    /// Bytes in all. Error 71 when the drive isn't ready.
+    virtual double TotalSize() = 0;
+};
+
+class Folder {
+  public:
+    virtual ~Folder() = default;
+    /// The folder's full drive path, without a back-slash behind unless it is a root.
+    virtual std::string Path() const = 0;
+};
+
+class FileSystemObject {
+  public:
+    virtual ~FileSystemObject() = default;
+
+    /// The drive part of a path as it is written: "c:" of "c:\data", "\\host\share" of
+    /// "\\host\share\data", empty for a path without one. Only looks at the text.
+    virtual std::string GetDriveName(const std::string& path) = 0;
+    /// The drive of a specification: a letter, a letter and a colon, a root ("c:\") or a share
+    /// (with or without a back-slash behind). Error 5 for any other text. A drive that isn't there
+    /// is a drive that isn't ready.
+    virtual std::unique_ptr<Drive> GetDrive(const std::string& specification) = 0;
+    /// Whether such a drive or share is known to the machine, ready or not. False for a text that
+    /// is no specification.
+    virtual bool DriveExists(const std::string& specification) = 0;
+
+    /// False also when the folder can't be reached within the deadline.
+    virtual bool FolderExists(const std::string& path) = 0;
+    virtual bool FileExists(const std::string& path) = 0;
+    /// Error 76 when there is no such folder.
+    virtual std::unique_ptr<Folder> GetFolder(const std::string& path) = 0;
+};
+
+/// What GetDriveName gives, for backends: the rule is the same on every host.
+std::string driveNameOf(const std::string& path);
+
+/// A drive specification in its one form: "C:" or "\\host\share"; empty when the text is none.
+std::string driveOfSpecification(const std::string& specification);
+
+}  // namespace velmora

@@ -1,0 +1,19 @@
+// System calls that the program knows under their own names.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace velmora {
+
+class Kernel32 {
+  public:
+    virtual ~Kernel32() = default;
+
+    /// Writes the root of every logical drive ("C:\"), each closed by a NUL, one more NUL at the
+    /// end, over the front of `buffer`. Returns the used length without that last NUL; when it is
+    /// not below `length`, nothing was written and the result is the length that is needed.
+    virtual std::uint32_t GetLogicalDriveStringsA(std::uint32_t length, std::string& buffer) = 0;
+};
+
+}  // namespace velmora

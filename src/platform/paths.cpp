@@ -1,0 +1,40 @@
+#include "platform/file_system_object.h"
+
+namespace velmora {
+
+namespace {
+
+bool isLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
+
+bool isShare(const std::string& path) { return path.compare(0, 2, "\\\\") == 0; }
+
+// "\\host\share" of a path that begins so; empty when the host or the share is missing.
+std::string shareOf(const std::string& path) {
+    const auto host = path.find('\\', 2);
+    if (host == std::string::npos || host == 2) return {};
+    const auto end = path.find('\\', host + 1);
+    const auto share = path.substr(0, end);
+    return share.size() == host + 1 ? std::string{} : share;
+}
+
+}  // namespace
+
+std::string driveNameOf(const std::string& path) {
+    if (isShare(path)) return shareOf(path);
+    if (path.size() >= 2 && isLetter(path[0]) && path[1] == ':') return path.substr(0, 2);
+    return {};
+}
+
+std::string driveOfSpecification(const std::string& specification) {
+    std::string bare = specification;
+    if (isShare(bare)) {
+        if (bare.back() == '\\') bare.pop_back();
+        return bare == shareOf(bare) ? bare : std::string{};
+    }
+    if (bare.size() == 3 && (bare[2] == '\\' || bare[2] == '/')) bare.pop_back();
+    if (bare.size() == 2 && bare[1] == ':') bare.pop_back();
+    if (bare.size() != 1 || !isLetter(bare[0])) return {};
+    return std::string{static_cast<char>(bare[0] & ~0x20), ':'};
+}
+
+}  // namespace velmora

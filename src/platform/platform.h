@@ -1,0 +1,45 @@
+// The machine as the program sees it: one interface a capability, gathered for handing over.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "base/regional.h"
+#include "platform/clock.h"
+#include "platform/file_system_object.h"
+#include "platform/kernel32.h"
+#include "platform/text_files.h"
+
+namespace velmora {
+
+/// Where the program itself lies.
+struct Application {
+    std::string Path;     ///< drive path of its folder, without a back-slash behind
+    std::string EXEName;  ///< name of the executable without extension
+};
+
+struct Platform {
+    FileSystemObject& fso;
+    Kernel32& kernel32;
+    Clock& clock;
+    TextFiles& files;
+    Regional regional;
+    Application app;
+};
+
+/// A backend: owns the interfaces of one machine. Which one `openMachine` gives is chosen by the
+/// build.
+class Machine {
+  public:
+    virtual ~Machine() = default;
+    virtual Platform& platform() = 0;
+    /// A path of the host, as a dialog or the command line gives it, as a drive path. A path that
+    /// already is one comes back as it is.
+    virtual std::string toDrivePath(const std::string& hostPath) = 0;
+    /// The way back; for whoever hands a path to the host.
+    virtual std::string toHostPath(const std::string& drivePath) = 0;
+};
+
+std::unique_ptr<Machine> openMachine();
+
+}  // namespace velmora
