@@ -10,7 +10,7 @@ enum class BoxIcon { none, critical, question, information };
 enum class BoxButtons { ok, okCancel, yesNo };
 enum class BoxAnswer { ok, cancel, yes, no };
 
-struct MessageBox {
+struct Box {
     std::string text;
     BoxIcon icon = BoxIcon::none;
     BoxButtons buttons = BoxButtons::ok;
@@ -23,7 +23,7 @@ class Host {
 
     /// Shows a box and waits for its answer. Dismissing it counts as the cancelling answer: No for
     /// Yes and No, Cancel for OK and Cancel, OK for OK alone.
-    virtual BoxAnswer MsgBox(const MessageBox& box) = 0;
+    virtual BoxAnswer MsgBox(const Box& box) = 0;
     /// The folder browser; a drive path, empty when dismissed.
     virtual std::string BrowseForFolder(const std::string& title) = 0;
     /// The file dialog for one file; a drive path, empty when dismissed.

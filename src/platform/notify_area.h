@@ -7,7 +7,8 @@
 
 namespace velmora {
 
-enum class NotifyMessage : std::uint32_t { NIM_ADD = 0, NIM_MODIFY = 1, NIM_DELETE = 2 };
+/// NIM_ADD, NIM_MODIFY and NIM_DELETE.
+enum class NotifyMessage : std::uint32_t { add = 0, modify = 1, remove = 2 };
 
 /// NOTIFYICONDATA, with names where the system has handles.
 struct NotifyIconData {

@@ -1,0 +1,53 @@
+// A user in memory: answers questions from a list, records what was asked, and acts during yields.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/host.h"
+
+namespace velmora::fake {
+
+class FakeHost final : public Host {
+  public:
+    BoxAnswer MsgBox(const Box& box) override {
+        boxes.push_back(box);
+        if (onBox) onBox(box);
+        if (answers.empty()) return cancellingAnswer(box.buttons);
+        const BoxAnswer answer = answers.front();
+        answers.pop_front();
+        return answer;
+    }
+    std::string BrowseForFolder(const std::string& title) override {
+        dialogs.push_back(title);
+        return nextPath();
+    }
+    std::string OpenFileDialog(const std::string& title, const std::string& folder) override {
+        dialogs.push_back(title + "|" + folder);
+        return nextPath();
+    }
+    void DoEvents() override {
+        ++yields;
+        if (onYield) onYield(yields);
+    }
+
+    std::deque<BoxAnswer> answers;   ///< for the next boxes; the cancelling answer when used up
+    std::deque<std::string> paths;   ///< for the next dialogs; empty when used up
+    std::vector<Box> boxes;
+    std::vector<std::string> dialogs;  ///< titles of the dialogs shown
+    int yields = 0;
+    std::function<void(int)> onYield;  ///< gets the number of the yield, from 1
+    std::function<void(const Box&)> onBox;
+
+  private:
+    std::string nextPath() {
+        if (paths.empty()) return {};
+        std::string path = paths.front();
+        paths.pop_front();
+        return path;
+    }
+};
+
+}  // namespace velmora::fake

@@ -1,0 +1,92 @@
+// A machine in memory: drives, folders, files, a clock that only moves when told. It records every
+// call in order and can fail the n-th one.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "platform/notify_area.h"
+#include "platform/platform.h"
+
+namespace velmora::fake {
+
+struct FakeDrive {
+    double freeBytes = 0;
+    double totalBytes = 0;
+    bool ready = true;
+    bool hangs = false;  ///< does not answer: the first question costs the deadline on the fake clock
+};
+
+/// Counts calls and fails the chosen one.
+class CallLog {
+  public:
+    /// Records the call; raises the planned error when its turn has come.
+    void call(std::string what);
+
+    const std::vector<std::string>& calls() const { return calls_; }
+    int count() const { return static_cast<int>(calls_.size()); }
+    void clear() { calls_.clear(); }
+    /// How many recorded calls begin with `prefix`.
+    int countOf(const std::string& prefix) const;
+
+    /// The n-th call from now (from 1) raises error `number`.
+    void failCall(int n, int number);
+    /// No call fails any more.
+    void failNone() { failAt_.reset(); }
+
+  private:
+    std::vector<std::string> calls_;
+    std::optional<int> failAt_;  // calls left until the failing one
+    int failWith_ = 0;
+};
+
+class FakeMachine final : public Machine {
+  public:
+    FakeMachine();
+    ~FakeMachine() override;
+
+    Platform& platform() override { return platform_; }
+    std::string toDrivePath(const std::string& hostPath) override { return hostPath; }
+    std::string toHostPath(const std::string& drivePath) override { return drivePath; }
+
+    /// Drives by their Path ("C:" or "\\host\share"), in the order of their names. A drive letter
+    /// also appears among the logical drives; a share does not.
+    std::map<std::string, FakeDrive> drives;
+    /// Folders by lower-cased full path without a back-slash behind; drive roots need no entry.
+    std::set<std::string> folders;
+    /// Files by full path as written; looked up without regard to case.
+    std::map<std::string, std::string> files;
+    /// Files that refuse to be opened, with the error that they raise.
+    std::map<std::string, int> lockedFiles;
+
+    DateTime now{2026, 3, 14, 15, 9, 26};
+    std::int64_t tick = 0;
+    /// Moves the clock and the tick count together.
+    void advance(std::int64_t milliseconds);
+
+    CallLog log;
+    /// Runs at each call, before it is recorded: a test changes the machine in the middle of a
+    /// check with it.
+    std::function<void(const std::string& call)> onCall;
+
+  private:
+    struct Parts;
+    std::unique_ptr<Parts> parts_;
+    Platform platform_;
+};
+
+/// Records the notification area's messages.
+class FakeNotifyArea final : public NotifyArea {
+  public:
+    bool Shell_NotifyIconA(NotifyMessage message, const NotifyIconData& data) override {
+        sent.emplace_back(message, data);
+        return true;
+    }
+    std::vector<std::pair<NotifyMessage, NotifyIconData>> sent;
+};
+
+}  // namespace velmora::fake
