@@ -11,8 +11,10 @@
 namespace velmora {
 
 /// The number that a text stands for: blanks around it, a sign in front, digits with or without
-/// digit groups, a decimal part, an exponent ("1,234.5", "-.5", " 12 ", "1E3"). Nothing for any
-/// other text, for an empty one, and for one whose value is beyond a double.
+/// digit groups, a decimal part, an exponent ("1,234.5", "-.5", " 12 ", "1E3"). Group marks may
+/// stand between any two digits in front of the decimal point; where the regional mark is a
+/// no-break blank, a plain blank and the other no-break blank do as well, as people type those.
+/// Nothing for any other text, for an empty one, and for one whose value is beyond a double.
 std::optional<double> readNumber(std::string_view text, const Regional& regional);
 
 /// Whether the text is readable as a number.
@@ -30,9 +32,10 @@ std::int16_t toInteger(double value);
 /// Ties to even. Error 6 beyond 32 bits or for no number.
 std::int32_t toLong(double value);
 
+/// The nearest whole number; infinities and no number stay what they are.
 double roundTiesToEven(double value);
 /// Ties away from zero, on the decimal digits that the value shows (so 1.005 to two decimals is
-/// 1.01). `decimals` from 0 to 15.
+/// 1.01). `decimals` from 0 to 15, error 5 otherwise; error 6 for infinities and no number.
 double roundTiesAway(double value, int decimals);
 
 /// The sum as a 32-bit number; error 6 if it doesn't fit.
@@ -40,6 +43,7 @@ std::int32_t addLong(std::int32_t a, std::int32_t b);
 
 /// A number as text without digit groups: whole numbers without a decimal point, others with up
 /// to 15 significant digits and the regional decimal point, a leading zero for values below 1.
+/// Never an exponent. Error 6 for infinities and no number.
 std::string toText(double value, const Regional& regional);
 std::string toText(std::int64_t value);
 

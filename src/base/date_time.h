@@ -25,26 +25,33 @@ struct DateTime {
 /// Whether every field is in its range and the day exists in its month.
 bool isValid(const DateTime& value);
 
-/// 0 for Sunday to 6 for Saturday.
+/// 0 for Sunday to 6 for Saturday. Error 5 for a date that isn't valid.
 int weekday(const DateTime& value);
 
-/// Seconds since the default DateTime; negative before it.
+/// Seconds since the default DateTime; negative before it. Error 5 for a date that isn't valid.
 std::int64_t toSeconds(const DateTime& value);
+/// Error 6 outside the years 100 to 9999.
 DateTime fromSeconds(std::int64_t seconds);
 
-/// A date by a picture: "yyyy", "yy", "mm" and "m" (minutes behind an hour or in front of
-/// seconds), "dd", "d", "Mmm" and "Mmmm" (month names), "Ddd" and "Dddd" (weekday names), "hh" or
-/// "HH" (24-hour unless "AMPM" stands in the picture), "nn" minutes, "ss", "AMPM". Upper and lower
-/// case are the same; the letter case of names is always that of English. Other characters stand
-/// for themselves; "/" and ":" too, whatever the region.
+/// A date by a picture: "yyyy", "yy", "mm" and "m", "Mmm" and "Mmmm" (month names), "dd", "d",
+/// "Ddd" and "Dddd" (weekday names), "hh" and "h" (24-hour unless "AMPM" stands in the picture),
+/// "nn" and "n" (minutes), "ss" and "s", "AMPM". "mm" and "m" are minutes when the closest of these
+/// in front of them is an hour or the next behind them is seconds ("AMPM" not counted), and
+/// otherwise the month. Upper and lower case are the same; names are English, always written
+/// "Jan". Other characters stand for themselves; "/" and ":" too, whatever the region. Error 5 for
+/// a date that isn't valid.
 std::string Format(const DateTime& value, std::string_view picture);
 
 /// The regional short date, a blank and the regional time; the time alone for the default date,
-/// the date alone at midnight of another.
+/// the date alone at midnight of another. Years have four digits; months, days and hours are
+/// padded to two digits unless the region starts with the month (days, months) or has a 12-hour
+/// clock (hours): "1/5/2024 3:04:05 PM", "05.01.2024 15:04:05". Error 5 for a date that isn't
+/// valid.
 std::string dateText(const DateTime& value, const Regional& regional);
 
-/// Reads what dateText writes, also with other separators of "/", "-" and ".", with or without
-/// seconds, 12- or 24-hour. Nothing if it is no such text or no date that exists.
+/// Reads what dateText writes, also with other separators of "/", "-" and ".", with ":" in the
+/// time, with or without seconds, 12- or 24-hour, padded or not, blanks around it. The year has
+/// four digits. Nothing if it is no such text or no date that exists.
 std::optional<DateTime> readDate(std::string_view text, const Regional& regional);
 
 }  // namespace velmora

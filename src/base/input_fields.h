@@ -9,7 +9,10 @@ namespace velmora {
 
 /// Leading blanks (and tabs) are skipped; a field ends at a comma or a line end (CR, LF or CR LF);
 /// a field in double quotes ends at its closing quote, and what follows up to the comma or line
-/// end is passed over when it is blank, else begins the next field. Linear in the text's size.
+/// end is passed over when it is blank, else begins the next field. Without a closing quote the
+/// field is all the rest, line ends included. A quote inside a field is a character like others,
+/// and so are blanks behind it. A separator at the very end of the text begins no further field.
+/// Linear in the text's size.
 class InputFields {
   public:
     /// The text must outlive this object.
@@ -21,6 +24,7 @@ class InputFields {
 
   private:
     std::string quoted();
+    void skipBlanks();
     void skipSeparator();
 
     std::string_view text_;

@@ -46,7 +46,8 @@ class RuntimeError : public std::exception {
 };
 
 /// The exception being handled as a run-time error: itself when it is one, 7 for exhausted memory,
-/// and otherwise 5 with the exception's own words. To be called inside a catch block only.
+/// and otherwise 5 with the exception's own words (the classic ones if it has none). To be called
+/// inside a catch block only.
 RuntimeError currentRuntimeError();
 
 }  // namespace velmora

@@ -16,15 +16,18 @@ inline constexpr std::string_view lineEnd = "\r\n";
 /// Number of characters.
 std::size_t length(std::string_view text);
 
-/// Up to `count` characters from position `start` (from 1); empty past the end.
+/// Up to `count` characters from position `start` (from 1); empty past the end. Error 5 for a
+/// `start` of 0.
 std::string mid(std::string_view text, std::size_t start, std::size_t count = std::string::npos);
+/// The first or last `count` characters, the whole text when it has fewer.
 std::string left(std::string_view text, std::size_t count);
 std::string right(std::string_view text, std::size_t count);
 
 /// Position (from 1) of the first occurrence of `what`, 0 if there is none. An empty `what` is
-/// found at position 1.
+/// found at position 1 of any text but the empty one.
 std::size_t position(std::string_view text, std::string_view what);
-/// Position (from 1) of the last occurrence of `what`, 0 if there is none.
+/// Position (from 1) of the last occurrence of `what`, 0 if there is none. An empty `what` is
+/// found at the last character.
 std::size_t lastPosition(std::string_view text, std::string_view what);
 
 inline bool contains(std::string_view text, std::string_view what) {
@@ -37,15 +40,21 @@ std::string replaceAll(std::string_view text, std::string_view what, std::string
 /// Without leading and trailing blanks. Blanks only: line ends and tabs stay.
 std::string trim(std::string_view text);
 
-/// Lower case of every letter that has one (Latin, Greek, Cyrillic and Armenian).
+/// Lower case of every letter that has one (Latin, Greek, Cyrillic and Armenian), letter by
+/// letter: the result has as many characters as the text, though perhaps not as many bytes.
+/// Invalid bytes stay.
 std::string lowerCase(std::string_view text);
 
-/// The texts between the separators, at least one, empty ones included.
+/// The texts between the separators, at least one, empty ones included. An empty
+/// separator separates nothing.
 std::vector<std::string> split(std::string_view text, std::string_view separator);
 
+/// Whether the text is UTF-8 throughout: no stray or missing bytes, overlong forms, surrogates or
+/// values above U+10FFFF.
 bool isValidUtf8(std::string_view text);
 
-/// The number of bytes of the character that begins at `at`; 1 for an invalid one.
+/// The number of bytes of the character that begins at the byte `at` (which must lie in the text);
+/// 1 for an invalid one.
 std::size_t characterSize(std::string_view text, std::size_t at);
 
 }  // namespace velmora
