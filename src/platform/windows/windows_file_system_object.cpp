@@ -1,0 +1,80 @@
+#include "platform/windows/windows_file_system_object.h"
+
+#include <windows.h>
+
+#include <utility>
+
+#include "base/runtime_error.h"
+#include "platform/windows/utf16.h"
+#include "platform/windows/windows_drive.h"
+
+namespace velmora::windows {
+
+namespace {
+
+class WindowsFolder final : public Folder {
+  public:
+    explicit WindowsFolder(std::string path) : path_(std::move(path)) {}
+    std::string Path() const override { return path_; }
+
+  private:
+    std::string path_;
+};
+
+std::string withoutEndingSlash(std::string path) {
+    const bool isRoot = path.size() == 3 && path[1] == ':';
+    if (!isRoot && path.size() > 1 && path.back() == '\\') path.pop_back();
+    return path;
+}
+
+// Where the question about a path goes: one name a drive, however the path spells it.
+std::string driveOfPath(const std::string& absolutePath) {
+    return driveOfSpecification(driveNameOf(absolutePath));
+}
+
+}  // namespace
+
+WindowsFileSystemObject::WindowsFileSystemObject(std::chrono::milliseconds deadline)
+    : questions_(std::make_shared<DriveQuestions>(deadline)) {}
+
+std::unique_ptr<Drive> WindowsFileSystemObject::GetDrive(const std::string& specification) {
+    std::string drive = driveOfSpecification(specification);
+    if (drive.empty()) throw RuntimeError(error::invalidCall);
+    return std::make_unique<WindowsDrive>(questions_, std::move(drive));
+}
+
+bool WindowsFileSystemObject::DriveExists(const std::string& specification) {
+    const std::string drive = driveOfSpecification(specification);
+    if (drive.empty()) return false;
+    const bool isLetter = drive.size() == 2;
+    if (isLetter) return (GetLogicalDrives() >> (drive.front() - 'A') & 1U) != 0;
+    return attributesOf(drive + '\\') != INVALID_FILE_ATTRIBUTES;
+}
+
+std::uint32_t WindowsFileSystemObject::attributesOf(const std::string& path) {
+    // The system would read a path up to its first NUL and so answer for another one.
+    if (path.empty() || path.find('\0') != std::string::npos) return INVALID_FILE_ATTRIBUTES;
+    const std::string absolute = withoutLongPrefix(toUtf8(fullPath(path)));
+    const auto answer = questions_->ask<DWORD>(driveOfPath(absolute), [wide = systemPath(path)] {
+        return GetFileAttributesW(wide.c_str());
+    });
+    return answer.value_or(INVALID_FILE_ATTRIBUTES);
+}
+
+bool WindowsFileSystemObject::FolderExists(const std::string& path) {
+    const auto attributes = attributesOf(path);
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+bool WindowsFileSystemObject::FileExists(const std::string& path) {
+    const auto attributes = attributesOf(path);
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+std::unique_ptr<Folder> WindowsFileSystemObject::GetFolder(const std::string& path) {
+    if (!FolderExists(path)) throw RuntimeError(error::pathNotFound);
+    return std::make_unique<WindowsFolder>(
+        withoutEndingSlash(withoutLongPrefix(toUtf8(fullPath(path)))));
+}
+
+}  // namespace velmora::windows

@@ -1,0 +1,74 @@
+#include <windows.h>
+
+#include <algorithm>
+#include <string>
+
+#include "platform/platform.h"
+#include "platform/windows/utf16.h"
+#include "platform/windows/windows_clock.h"
+#include "platform/windows/windows_file_system_object.h"
+#include "platform/windows/windows_kernel32.h"
+#include "platform/windows/windows_regional.h"
+#include "platform/windows/windows_text_files.h"
+
+namespace velmora {
+
+namespace windows {
+
+namespace {
+
+std::wstring executablePath() {
+    std::wstring path(MAX_PATH, L'\0');
+    while (true) {
+        const auto room = static_cast<DWORD>(path.size());
+        const DWORD length = GetModuleFileNameW(nullptr, path.data(), room);
+        if (length < room) {
+            path.resize(length);
+            return path;
+        }
+        path.resize(path.size() * 2);
+    }
+}
+
+Application ownApplication() {
+    const std::string path = withoutLongPrefix(toUtf8(executablePath()));
+    const auto slash = path.rfind('\\');
+    if (slash == std::string::npos) return {"", path};
+    std::string name = path.substr(slash + 1);
+    name.resize(std::min(name.rfind('.'), name.size()));
+    return {path.substr(0, slash), name};
+}
+
+class WindowsMachine final : public Machine {
+  public:
+    WindowsMachine() {
+        // A drive without a medium is an answer; the system must not open a box that asks for one.
+        SetErrorMode(GetErrorMode() | SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
+    }
+
+    Platform& platform() override { return platform_; }
+
+    std::string toDrivePath(const std::string& hostPath) override {
+        std::string path = hostPath;
+        std::replace(path.begin(), path.end(), '/', '\\');
+        return withoutLongPrefix(path);
+    }
+    std::string toHostPath(const std::string& drivePath) override { return drivePath; }
+
+  private:
+    WindowsFileSystemObject fso_;
+    WindowsKernel32 kernel32_;
+    WindowsClock clock_;
+    WindowsTextFiles files_;
+    Platform platform_{fso_, kernel32_, clock_, files_, userRegional(), ownApplication()};
+};
+
+}  // namespace
+
+}  // namespace windows
+
+std::unique_ptr<Machine> openMachine() {
+    return std::make_unique<windows::WindowsMachine>();
+}
+
+}  // namespace velmora

@@ -1,0 +1,16 @@
+// Text files of this machine.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/text_files.h"
+
+namespace velmora::windows {
+
+class WindowsTextFiles final : public TextFiles {
+  public:
+    void appendLine(const std::string& path, std::string_view text) override;
+};
+
+}  // namespace velmora::windows

@@ -1,0 +1,72 @@
+// The machine that the Windows programs open.
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include "platform/platform.h"
+#include "platform/windows/windows_regional.h"
+
+namespace velmora::windows {
+namespace {
+
+TEST(WindowsMachine, KnowsWhereTheProgramLies) {
+    const auto machine = openMachine();
+    const Application app = machine->platform().app;
+    EXPECT_EQ(app.EXEName, "test_platform");
+    EXPECT_FALSE(app.Path.ends_with('\\'));
+    EXPECT_TRUE(machine->platform().fso.FileExists(app.Path + '\\' + app.EXEName + ".exe"));
+}
+
+TEST(WindowsMachine, AsksForNoMedium) {
+    const auto machine = openMachine();
+    EXPECT_NE(GetErrorMode() & SEM_FAILCRITICALERRORS, 0U);
+}
+
+TEST(WindowsMachine, PathsOfTheHostAreDrivePathsButForTheirSpelling) {
+    const auto machine = openMachine();
+    EXPECT_EQ(machine->toDrivePath("C:/data/x"), R"(C:\data\x)");
+    EXPECT_EQ(machine->toDrivePath(R"(\\?\C:\data)"), R"(C:\data)");
+    EXPECT_EQ(machine->toDrivePath(R"(\\?\UNC\host\share\x)"), R"(\\host\share\x)");
+    EXPECT_EQ(machine->toHostPath(R"(C:\data)"), R"(C:\data)");
+}
+
+TEST(WindowsMachine, NamesLogicalDrivesOverTheFrontOfTheBuffer) {
+    const auto machine = openMachine();
+    auto& kernel32 = machine->platform().kernel32;
+    std::string buffer(200, ' ');
+    const auto used = kernel32.GetLogicalDriveStringsA(200, buffer);
+    ASSERT_GE(used, 4U);
+    ASSERT_LT(used, 200U);
+    EXPECT_EQ(used % 4, 0U);
+    EXPECT_NE(buffer.find(std::string("C:\\\0", 4)), std::string::npos);
+    EXPECT_EQ(buffer.size(), 200U);
+    EXPECT_EQ(buffer[used], '\0');
+    EXPECT_EQ(buffer[used + 1], ' ');
+}
+
+TEST(WindowsMachine, WritesNoDrivesIntoABufferThatIsTooShort) {
+    const auto machine = openMachine();
+    std::string buffer = "   ";
+    EXPECT_GT(machine->platform().kernel32.GetLogicalDriveStringsA(3, buffer), 3U);
+    EXPECT_EQ(buffer, "   ");
+    EXPECT_GT(machine->platform().kernel32.GetLogicalDriveStringsA(0, buffer), 3U);
+    EXPECT_EQ(buffer, "   ");
+}
+
+TEST(WindowsMachine, TheClockTellsADateThatExistsAndATickThatDoesNotGoBack) {
+    const auto machine = openMachine();
+    auto& clock = machine->platform().clock;
+    EXPECT_TRUE(isValid(clock.Now()));
+    const auto tick = clock.GetTickCount();
+    EXPECT_GE(clock.GetTickCount(), tick);
+}
+
+TEST(WindowsRegional, HasADecimalPointAndSeparators) {
+    const Regional regional = userRegional();
+    EXPECT_FALSE(regional.decimalPoint.empty());
+    EXPECT_FALSE(regional.dateSeparator.empty());
+    EXPECT_FALSE(regional.timeSeparator.empty());
+    EXPECT_NE(regional.decimalPoint, regional.digitGroup);
+}
+
+}  // namespace
+}  // namespace velmora::windows
