@@ -1,12 +1,20 @@
 // A machine in memory: drives, folders, files, a clock that only moves when told. It records every
 // call in order and can fail the n-th one.
+//
+// A call is recorded as the operation's name, a blank and its arguments: "GetDrive C:",
+// "FolderExists C:\data", "GetLogicalDriveStringsA 105", "appendLine C:\log.txt" (without the
+// line, which is in `files` then). The members of a drive count too: "IsReady C:", "FreeSpace C:",
+// "TotalSize C:". The clock is not recorded: it can't fail, and whoever waits asks it all the time.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <map>
+#include <memory>
 #include <optional>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/notify_area.h"
@@ -18,7 +26,8 @@ struct FakeDrive {
     double freeBytes = 0;
     double totalBytes = 0;
     bool ready = true;
-    bool hangs = false;  ///< does not answer: the first question costs the deadline on the fake clock
+    bool hangs = false;  ///< no answer: the first question costs the deadline on the fake clock,
+                         ///< later ones nothing until this is false again
 };
 
 /// Counts calls and fails the chosen one.
@@ -33,7 +42,8 @@ class CallLog {
     /// How many recorded calls begin with `prefix`.
     int countOf(const std::string& prefix) const;
 
-    /// The n-th call from now (from 1) raises error `number`.
+    /// The n-th call from now (from 1) raises error `number`, once. IsReady, which never fails,
+    /// answers that the drive isn't ready when its turn comes.
     void failCall(int n, int number);
     /// No call fails any more.
     void failNone() { failAt_.reset(); }
@@ -57,10 +67,12 @@ class FakeMachine final : public Machine {
     /// also appears among the logical drives; a share does not.
     std::map<std::string, FakeDrive> drives;
     /// Folders by lower-cased full path without a back-slash behind; drive roots need no entry.
+    /// Those of a drive that isn't ready are hidden, and so are its files. The program's own
+    /// folder is there from the start.
     std::set<std::string> folders;
     /// Files by full path as written; looked up without regard to case.
     std::map<std::string, std::string> files;
-    /// Files that refuse to be opened, with the error that they raise.
+    /// Files that refuse to be opened, by full path, with the error that they raise.
     std::map<std::string, int> lockedFiles;
 
     DateTime now{2026, 3, 14, 15, 9, 26};
@@ -75,6 +87,8 @@ class FakeMachine final : public Machine {
 
   private:
     struct Parts;
+    void record(const std::string& call);
+
     std::unique_ptr<Parts> parts_;
     Platform platform_;
 };
