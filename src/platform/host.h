@@ -17,6 +17,12 @@ struct Box {
     std::string title = "Velmora";
 };
 
+/// Thrown to end the program at once with an exit status. No std::exception, so that no handler
+/// takes it for a run-time error.
+struct ProgramEnd {
+    int status = 0;
+};
+
 class Host {
   public:
     virtual ~Host() = default;
@@ -30,7 +36,9 @@ class Host {
     virtual std::string OpenFileDialog(const std::string& title,
                                        const std::string& initialFolder) = 0;
 
-    /// Runs due timers and waiting events and returns. Handlers may change anything meanwhile.
+    /// Runs due timers and waiting events and returns. Handlers may change anything meanwhile. A
+    /// run-time error that none of their handlers takes ends the program here; it never reaches
+    /// the caller.
     virtual void DoEvents() = 0;
 };
 

@@ -1,0 +1,45 @@
+#include "controls/form.h"
+
+#include "base/text.h"
+#include "controls/control.h"
+
+namespace velmora {
+
+Form::Form(std::string name, std::string caption)
+    : name_(std::move(name)), caption_(std::move(caption)) {}
+
+void Form::setCaption(std::string caption) {
+    if (caption_ == caption) return;
+    caption_ = std::move(caption);
+    Changed();
+}
+
+void Form::setVisible(bool visible) {
+    if (visible_ == visible) return;
+    visible_ = visible;
+    Changed();
+}
+
+void Form::setSize(int width, int height) {
+    if (width_ == width && height_ == height) return;
+    width_ = width;
+    height_ = height;
+    Changed();
+}
+
+Control* Form::find(const std::string& name, int index) const {
+    const std::string wanted = lowerCase(name);
+    for (Control* control : controls_) {
+        if (control->Index() == index && lowerCase(control->Name()) == wanted) return control;
+    }
+    return nullptr;
+}
+
+Properties Form::properties() {
+    return {{"Caption", [this] { return PropertyValue{caption_}; }, {}},
+            {"Visible", [this] { return PropertyValue{visible_}; }, {}},
+            {"Height", [this] { return PropertyValue{std::int64_t{height_}}; }, {}},
+            {"Width", [this] { return PropertyValue{std::int64_t{width_}}; }, {}}};
+}
+
+}  // namespace velmora

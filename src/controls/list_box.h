@@ -1,0 +1,69 @@
+// Lists of texts: the check list (a list box with ticks), the plain list box and the combo box.
+#pragma once
+
+#include <deque>
+#include <string>
+
+#include "controls/control.h"
+
+namespace velmora {
+
+/// A list box whose entries, counted from 0, can be ticked. A ticked entry is a selected one.
+class ListBox : public Control {
+  public:
+    ListBox(Form& form, std::string name, std::initializer_list<const char*> entries = {});
+
+    int ListCount() const { return static_cast<int>(entries_.size()); }
+    /// Each raises error 9 for an index outside the list.
+    const std::string& List(int index) const { return at(index).text; }
+    bool Selected(int index) const { return at(index).selected; }
+    /// Fires ItemCheck when the tick changes, whoever changes it.
+    void setSelected(int index, bool selected);
+
+    void AddItem(std::string text);
+    void Clear();
+
+    /// The tick of that entry has changed.
+    Event<int> ItemCheck;
+    Event<> Click;
+
+    /// Ticks as the user's hand would: ItemCheck if it changes, then Click.
+    void userTick(int index, bool on);
+    std::string mainProperty() const override { return "ListCount"; }
+    Properties properties() override;
+    Properties partProperties(int index) override;
+
+  private:
+    struct Entry {
+        std::string text;
+        bool selected = false;
+    };
+    const Entry& at(int index) const;
+
+    std::deque<Entry> entries_;
+};
+
+/// A combo box: a text and a list to choose it from.
+class ComboBox : public Control {
+  public:
+    using Control::Control;
+
+    int ListCount() const { return static_cast<int>(entries_.size()); }
+    /// Error 9 for an index outside the list.
+    const std::string& List(int index) const;
+    void AddItem(std::string text);
+    void Clear();
+    const std::string& Text() const { return text_; }
+    void setText(std::string text);
+
+    Event<> Change;
+
+    std::string mainProperty() const override { return "Text"; }
+    Properties properties() override;
+
+  private:
+    std::deque<std::string> entries_;
+    std::string text_;
+};
+
+}  // namespace velmora

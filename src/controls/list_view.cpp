@@ -1,0 +1,109 @@
+#include "controls/list_view.h"
+
+#include <algorithm>
+
+#include "base/runtime_error.h"
+#include "base/text.h"
+
+namespace velmora {
+
+ListView::ListView(Form& form, std::string name) : Control(form, std::move(name)) {}
+
+ListView::~ListView() = default;
+
+const ColumnHeader& ListView::ColumnHeaders(int index) const {
+    if (index < 1 || index > ColumnCount()) throw RuntimeError(error::indexOutOfBounds);
+    return columns_[static_cast<std::size_t>(index - 1)];
+}
+
+void ListView::addColumn(ColumnHeader column) {
+    columns_.push_back(std::move(column));
+    Changed();
+}
+
+void ListView::setColumnText(int index, std::string text) {
+    ColumnHeaders(index);
+    columns_[static_cast<std::size_t>(index - 1)].Text = std::move(text);
+    Changed();
+}
+
+ListItem& ListView::ListItems(int index) {
+    if (index < 1 || index > Count()) throw RuntimeError(error::indexOutOfBounds);
+    return *rows_[static_cast<std::size_t>(index - 1)];
+}
+
+const ListItem& ListView::ListItems(int index) const {
+    return const_cast<ListView*>(this)->ListItems(index);
+}
+
+ListItem& ListView::Add(std::string text) { return Add(Count() + 1, std::move(text)); }
+
+ListItem& ListView::Add(int index, std::string text) {
+    if (index < 1 || index > Count() + 1) throw RuntimeError(error::indexOutOfBounds);
+    auto row = std::make_unique<ListItem>(*this);
+    ListItem& added = *row;
+    if (index == 1) {
+        rows_.push_front(std::move(row));
+    } else {
+        rows_.insert(rows_.begin() + (index - 1), std::move(row));
+    }
+    RowInserted(index);
+    added.setText(std::move(text));
+    return added;
+}
+
+void ListView::Remove(int index) {
+    ListItems(index);
+    rows_.erase(rows_.begin() + (index - 1));
+    RowRemoved(index);
+}
+
+void ListView::Clear() {
+    rows_.clear();
+    RowsReset();
+}
+
+int ListView::selectedIndex() const {
+    for (int i = 1; i <= Count(); ++i) {
+        if (rows_[static_cast<std::size_t>(i - 1)]->Selected()) return i;
+    }
+    return 0;
+}
+
+ListItem* ListView::SelectedItem() {
+    const int index = selectedIndex();
+    return index == 0 ? nullptr : &ListItems(index);
+}
+
+void ListView::sortBy(int key, int order) {
+    sortKey_ = key;
+    sortOrder_ = order;
+    sorted_ = true;
+    // Keys first: a column that isn't there fails before a row has moved.
+    std::vector<std::pair<std::string, std::unique_ptr<ListItem>>> keyed;
+    keyed.reserve(rows_.size());
+    for (const auto& row : rows_) {
+        keyed.emplace_back(lowerCase(key == 0 ? row->Text() : row->SubItems(key)), nullptr);
+    }
+    for (std::size_t i = 0; i < rows_.size(); ++i) keyed[i].second = std::move(rows_[i]);
+    std::stable_sort(keyed.begin(), keyed.end(), [order](const auto& a, const auto& b) {
+        return order == 0 ? a.first < b.first : b.first < a.first;
+    });
+    for (std::size_t i = 0; i < keyed.size(); ++i) rows_[i] = std::move(keyed[i].second);
+    RowsReset();
+}
+
+int ListView::columnLeft(int index) const {
+    int left = 0;
+    for (int i = 1; i < index; ++i) left += ColumnHeaders(i).Width;
+    return left;
+}
+
+ListItem* ListView::HitTest(float x, float y) {
+    if (x < 0 || y < headerHeight || ColumnCount() == 0) return nullptr;
+    if (x >= static_cast<float>(columnLeft(ColumnCount()) + columns_.back().Width)) return nullptr;
+    const int row = static_cast<int>((y - headerHeight) / rowHeight) + 1;
+    return row > Count() ? nullptr : &ListItems(row);
+}
+
+}  // namespace velmora

@@ -1,0 +1,50 @@
+// A text box. Texts that grow at the front for months (the journal) cost what is added, not what
+// is there: the text is kept in pieces and joined when it is read.
+#pragma once
+
+#include <cstddef>
+#include <deque>
+
+#include "controls/control.h"
+
+namespace velmora {
+
+class TextBox : public Control {
+  public:
+    TextBox(Form& form, std::string name, std::string text = {}, int index = -1);
+
+    /// The whole text; joins the pieces, so the first reading after a prepend is linear.
+    const std::string& Text() const;
+    /// Fires Change when the text differs from the present one.
+    void setText(std::string text);
+    /// Puts `text` in front of the present text, at the cost of `text` alone. Fires Change unless
+    /// it is empty.
+    void prepend(std::string text);
+    /// Number of characters, known without joining.
+    std::size_t textLength() const { return length_; }
+    bool empty() const { return length_ == 0; }
+    /// Whether `what` occurs in the text. What was put in front last is looked at first, without
+    /// joining.
+    bool contains(const std::string& what) const;
+
+    /// Selects the whole text and takes the focus.
+    void selectAllAndFocus();
+    bool Focused() const { return focused_; }
+    /// The focus goes elsewhere; fires LostFocus if this box had it.
+    void loseFocus();
+
+    Event<> Change;
+    /// A character typed, by its code; 13 is Enter.
+    Event<int> KeyPress;
+    Event<> LostFocus;
+
+    std::string mainProperty() const override { return "Text"; }
+    Properties properties() override;
+
+  private:
+    mutable std::deque<std::string> pieces_;
+    std::size_t length_ = 0;
+    bool focused_ = false;
+};
+
+}  // namespace velmora

@@ -1,0 +1,43 @@
+// The timers' side of a message loop: knows when each is due and fires those that are.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include "controls/timer.h"
+
+namespace velmora {
+
+/// Times are milliseconds of the count that `tickCount` gives. Timers must outlive the queue.
+class TimerQueue {
+  public:
+    explicit TimerQueue(std::function<std::int64_t()> tickCount) : now_(std::move(tickCount)) {}
+    TimerQueue(const TimerQueue&) = delete;
+    TimerQueue& operator=(const TimerQueue&) = delete;
+
+    /// Takes a timer into the queue; its first interval begins now.
+    void add(Timer& timer);
+
+    /// Fires every timer that is due, each at most once and in the order of their times. A timer
+    /// that missed several intervals fires once and goes on from now. A timer whose handler is
+    /// running (a handler yielded) doesn't fire again meanwhile. Returns how many fired.
+    int fireDue();
+    /// Milliseconds until the next timer is due (0 when one is); nothing when none runs.
+    std::optional<std::int64_t> untilNext() const;
+
+  private:
+    struct Entry {
+        Timer* timer;
+        std::int64_t due;
+        bool firing = false;
+    };
+    void fire(std::size_t entry);
+    bool runs(const Entry& entry) const;
+
+    std::function<std::int64_t()> now_;
+    std::vector<Entry> entries_;
+};
+
+}  // namespace velmora

@@ -1,0 +1,229 @@
+#include "monitor/check_cycle.h"
+
+#include <string>
+
+#include "alerts/alert_time.h"
+#include "base/convert.h"
+#include "base/resume_next.h"
+#include "base/text.h"
+#include "monitor/watch_row.h"
+
+namespace velmora {
+
+namespace {
+
+// Milliseconds of Timer1 once checks have begun.
+constexpr int runningInterval = 10000;
+
+// Images of the tool bar and the status bar.
+constexpr int pauseImage = 2;
+constexpr int readyImage = 13;
+constexpr int checkingImage = 14;
+
+constexpr int startPauseButton = 1;
+
+// Errors in one tick above which it gives up.
+constexpr int errorLimit = 2;
+
+}  // namespace
+
+CheckCycle::CheckCycle(Forms& forms, Platform& platform, Host& host, AlertList& alerts,
+                       MonitorPorts ports)
+    : forms_(forms),
+      platform_(platform),
+      host_(host),
+      alerts_(alerts),
+      ports_(ports),
+      rowCheck_(forms, platform, host, alerts, ports) {
+    forms_.form1.Timer1.Tick.connect([this] { Timer1_Timer(); });
+}
+
+void CheckCycle::Timer1_Timer() {
+    forms_.form1.Timer1.setEnabled(false);
+    intErrCount_ = 0;
+    for (bool again = true; again;) {
+        try {
+            tick();
+            again = false;
+        } catch (const std::exception&) {
+            again = retryAfter(currentRuntimeError());
+        }
+    }
+}
+
+void CheckCycle::tick() {
+    if (intErrCount_ > errorLimit) {
+        reportErrorLimit();
+        closeTick();
+        return;
+    }
+    if (forms_.form1.chkOnTopMonitor.ticked()) forms_.form1.Show();
+    if (!isDue()) {
+        closeTick();
+        return;
+    }
+    prepare();
+    closeCheck(walkRows());
+}
+
+// Counts down and tells how long it still takes; true when the interval has passed.
+bool CheckCycle::isDue() {
+    Form1& form1 = forms_.form1;
+    const DatePicker& interval = form1.DTPInterval;
+    form1.txtTime.setText(
+        toText(interval.Second() + 3600 * interval.Hour() + 60 * interval.Minute()));
+    std::int32_t rest =
+        toLong(toDouble(form1.txtTime.Text(), platform_.regional) * 1000 - lngElapsedMs_);
+    if (rest <= 0) {
+        lngElapsedMs_ = 0;
+        return true;
+    }
+    lngElapsedMs_ = addLong(lngElapsedMs_, form1.Timer1.Interval());
+    // The last second is told in milliseconds behind the same words.
+    if (rest > 1000) rest = toLong(rest / 1000.0);
+    form1.StatusBar1.setPanelText(1, "Ready. Check in: " + toText(rest) + " (sec.)");
+    return false;
+}
+
+void CheckCycle::prepare() {
+    Form1& form1 = forms_.form1;
+    form1.Toolbar1.setButtonImage(startPauseButton, pauseImage);
+    form1.Toolbar1.setButtonCaption(startPauseButton, "Pause");
+    form1.StatusBar1.setPanelText(1, "Checking...");
+    form1.StatusBar1.setPanelPicture(1, checkingImage);
+    form1.Timer1.setEnabled(false);
+    setDefaults();
+    lngMinSpace_ = toLong(form1.txtSpace.Text(), platform_.regional);
+    forms_.globals.bChecking = true;
+}
+
+void CheckCycle::setDefaults() {
+    Form1& form1 = forms_.form1;
+    const Regional& regional = platform_.regional;
+    if (form1.txtDrive.empty()) form1.txtDrive.setText("c:\\");
+    if (!isNumeric(form1.txtSpace.Text(), regional)) form1.txtSpace.setText("50000");
+    const auto interval = readNumber(form1.txtTime.Text(), regional);
+    if (!interval) {
+        form1.txtTime.setText("5");
+    } else if (*interval >= 69) {
+        // Stands until the next tick writes the interval anew.
+        form1.txtTime.setText("65");
+    }
+}
+
+// Walks the rows that are there at the start; returns the index at which the pass ended.
+int CheckCycle::walkRows() {
+    Form1& form1 = forms_.form1;
+    ListView& list = form1.ListView1;
+    const int count = list.Count();
+    int i = 1;
+    for (; i <= count; ++i) {
+        host_.DoEvents();
+        const std::string text = list.ListItems(i).Text();
+        form1.StatusBar1.setPanelText(2, "Checking: " + text);
+        if (!forms_.globals.bChecking) {
+            form1.StatusBar1.setPanelText(2, "Ready (e1): ");
+            break;
+        }
+        showProgress(text);
+        forms_.globals.bChecking = true;
+        list.setEnabled(false);
+        if (i == list.Count()) list.setEnabled(true);
+        if (i > list.Count()) break;
+
+        WatchRow row(list.ListItems(i));
+        if (!row.watched()) {
+            ports_.rowIcons.prcRefreshRowIcon(row.item());
+            form1.StatusBar1.setPanelText(1, "No Alert:");
+            row.setStateIcon(state_icon::none);
+        } else if (rowCheck_.check(i, lngMinSpace_) == RowOutcome::overHundredPercent) {
+            return i;
+        }
+    }
+    ports_.statistics.updateSpaceChangeRate();
+    ports_.statistics.prcUpdateStatistics();
+    return i;
+}
+
+void CheckCycle::showProgress(const std::string& text) {
+    Icon0& progress = forms_.icon0;
+    if (forms_.form1.lstAct.Selected(act::progressDialog) && !progress.Visible()) {
+        progress.fraProgress.setVisible(true);
+        progress.lblProgress.setCaption("Program is checking: " + text);
+        progress.Show();
+    } else {
+        progress.fraProgress.setVisible(false);
+    }
+}
+
+void CheckCycle::closeCheck(int i) {
+    Form1& form1 = forms_.form1;
+    if (!isNumeric(form1.txtTime.Text(), platform_.regional)) form1.txtTime.setText("5");
+    form1.Timer1.setInterval(runningInterval);
+    if (form1.cmdPause.Caption() == "Start Watch") form1.cmdPause.setCaption("Pause Watch");
+    forms_.globals.lngTimesChecked = addLong(forms_.globals.lngTimesChecked, 1);
+
+    StatusBar& status = form1.StatusBar1;
+    status.setPanelText(1, "Ready. Check in " + form1.txtTime.Text() + " (sec.)");
+    status.setPanelText(2, "Checked: " + Format(platform_.clock.Now(), "hh:mm:ss mm/dd"));
+    status.setPanelText(3, "Times Checked: " + toText(forms_.globals.lngTimesChecked));
+    status.setPanelPicture(1, readyImage);
+    if (form1.chkLogTimeMon.ticked()) {
+        // After a full pass `i` is one past the last row: this fails then and ends the tick.
+        alerts_.prcAlertInfo(Format(platform_.clock.Now(), alert_time::seconds), rating::medium,
+                             status.Panels(2).Text, {}, &form1.ListView1.ListItems(i));
+    }
+    saveAtClosing();
+    ports_.statistics.prcSrvAnimation(0, 0);
+    ports_.statistics.prcUpdateStatistics();
+    closeTick();
+}
+
+void CheckCycle::saveAtClosing() {
+    Form1& form1 = forms_.form1;
+    form1.Timer1.setEnabled(true);
+    if (form1.chkSaveSet.ticked()) ports_.settings.prcSettings(1);
+    if (form1.chkAutoSave.ticked()) ports_.log.saveNewEntries();
+}
+
+// How every tick ends, whether it waited, checked or failed.
+void CheckCycle::closeTick() {
+    forms_.globals.bChecking = false;
+    forms_.form1.ListView1.setEnabled(true);
+    forms_.form1.Timer1.setEnabled(true);
+    forms_.icon0.Hide();
+}
+
+void CheckCycle::reportErrorLimit() {
+    host_.MsgBox({.text = "Please check your settings for errors"});
+    // A failure to write the alert down must not begin the tick once more.
+    resumeNext([this] {
+        alerts_.prcAlertInfo(alert_time::dateAndTime(platform_.clock.Now()), rating::high,
+                             "Program Run Time Error: ", checkFlags, nullptr);
+    });
+}
+
+// The fault path: reports the error; true when the tick is to begin again, false when it has ended.
+bool CheckCycle::retryAfter(const RuntimeError& failure) {
+    forms_.form1.ListView1.setEnabled(true);
+    ++intErrCount_;
+    // The row reaches the list even when the log file can't be written.
+    resumeNext([&] {
+        alerts_.prcAlertInfo(alert_time::dateAndTime(platform_.clock.Now()), rating::high,
+                             "Error: " + failure.description(), checkFlags, nullptr);
+    });
+    switch (failure.number()) {
+        case error::outOfMemory:
+            host_.MsgBox({.text = "Not enough memory for the task, quit program(s) or free up "
+                                  "Memory",
+                          .icon = BoxIcon::critical});
+            break;
+        case error::indexOutOfBounds:
+        case error::invalidCall: break;
+        default: return true;
+    }
+    closeTick();
+    return false;
+}
+
+}  // namespace velmora

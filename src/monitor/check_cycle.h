@@ -1,0 +1,57 @@
+// The check cycle: the one procedure that paces the checks, walks the watched rows, survives its
+// own errors and writes the status.
+//
+// One thread. The tick stops Timer1 and sets bChecking; it yields before every row and every
+// action, and other handlers may change the list meanwhile, so rows are always read by index.
+#pragma once
+
+#include <cstdint>
+
+#include "alerts/alert_list.h"
+#include "base/runtime_error.h"
+#include "forms/forms.h"
+#include "monitor/ports.h"
+#include "monitor/row_check.h"
+#include "platform/host.h"
+#include "platform/platform.h"
+
+namespace velmora {
+
+class CheckCycle {
+  public:
+    /// Connects Timer1.
+    CheckCycle(Forms& forms, Platform& platform, Host& host, AlertList& alerts,
+               MonitorPorts ports);
+    CheckCycle(const CheckCycle&) = delete;
+    CheckCycle& operator=(const CheckCycle&) = delete;
+
+    /// One tick: counts down, or checks when the interval is due. Never throws a run-time error.
+    void Timer1_Timer();
+    /// Milliseconds counted towards the next check.
+    std::int32_t lngElapsedMs() const { return lngElapsedMs_; }
+
+  private:
+    void tick();
+    bool isDue();
+    void prepare();
+    void setDefaults();
+    int walkRows();
+    void showProgress(const std::string& text);
+    void closeCheck(int i);
+    void saveAtClosing();
+    void closeTick();
+    void reportErrorLimit();
+    bool retryAfter(const RuntimeError& failure);
+
+    Forms& forms_;
+    Platform& platform_;
+    Host& host_;
+    AlertList& alerts_;
+    MonitorPorts ports_;
+    RowCheck rowCheck_;
+    std::int32_t lngElapsedMs_ = 0;
+    std::int32_t lngMinSpace_ = 0;
+    std::int16_t intErrCount_ = 0;
+};
+
+}  // namespace velmora

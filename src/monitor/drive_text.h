@@ -1,0 +1,33 @@
+// Small text routines for drive paths and sizes.
+#pragma once
+
+#include <string>
+
+#include "base/format_number.h"
+#include "base/regional.h"
+
+namespace velmora {
+
+/// The drive part of a display line of lstInfo: from the first ":" on up to the last, with a
+/// back-slash behind, trimmed.
+std::string prcGetDrive(const std::string& strDri);
+
+/// The root of a path: up to one character past the first ":"; "c:\" when that is shorter than
+/// three characters.
+std::string prcChkDriv(const std::string& strText);
+
+/// Cuts `chkstr` in place in front of the first character, from the second on, that isn't numeric
+/// or equals `strStop`, and returns it too. A text of up to two characters stays as it is.
+std::string prcChkString(std::string& chkstr, const std::string& strStop,
+                         const Regional& regional);
+
+/// A size in KB, told in KB, MB, GB or TB by decimal factors. Exactly 1, 1000, 1000000 and
+/// 1000000000 fall between the ranges and give "0 KB".
+std::string prcSetDiskSizeDimension(double lngSpace, const Regional& regional);
+
+/// Bytes as a whole number of KB.
+double kilobytes(double bytes);
+/// The same as the rows show it, with " KB" behind.
+std::string kilobyteText(double bytes, Grouping grouping, const Regional& regional);
+
+}  // namespace velmora

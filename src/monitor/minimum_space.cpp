@@ -1,0 +1,97 @@
+#include "monitor/minimum_space.h"
+
+#include "base/convert.h"
+#include "base/format_number.h"
+#include "base/text.h"
+#include "monitor/watch_row.h"
+
+namespace velmora {
+
+MinimumSpace::MinimumSpace(Forms& forms, Platform& platform, Host& host)
+    : forms_(forms), platform_(platform), host_(host) {
+    Form1& form1 = forms_.form1;
+    for (OptionButton& option : form1.OpDriv) {
+        option.Click.connect([this, index = option.Index()] { OpDriv_Click(index); });
+    }
+    form1.chkDrive.Click.connect([this] { chkDrive_Click(); });
+    form1.txtSpace.Change.connect([this] { txtSpace_Change(); });
+    form1.Slider1.Scroll.connect(
+        [&form1] { form1.txtSpace.setText(toText(form1.Slider1.Value())); });
+    form1.UpDownSpace.UpClick.connect([this] { step(1); });
+    form1.UpDownSpace.DownClick.connect([this] { step(-1); });
+}
+
+void MinimumSpace::OpDriv_Click(int index) {
+    Form1& form1 = forms_.form1;
+    form1.Slider1.setVisible(index == 1);
+    if (index == 0) {
+        showUnitInHeader("(KB)");
+        return;
+    }
+    const auto space = readNumber(form1.txtSpace.Text(), platform_.regional);
+    if (space && *space > 100) {
+        host_.MsgBox({.text = "Cannot set over 100%"});
+        form1.txtSpace.setText("10");
+        showUnitInHeader("( %)");
+    }
+    form1.Slider1.setValue(10);
+}
+
+// Cuts every occurrence of the header's last four characters, so that the first unit shortens the
+// words in front and later ones take each other's place.
+void MinimumSpace::showUnitInHeader(const std::string& unit) {
+    ListView& list = forms_.form1.ListView1;
+    if (list.ColumnCount() < WatchRow::columnTrigger) return;
+    const std::string header = list.ColumnHeaders(WatchRow::columnTrigger).Text;
+    list.setColumnText(WatchRow::columnTrigger, replaceAll(header, right(header, 4), "") + unit);
+}
+
+void MinimumSpace::chkDrive_Click() {
+    Form1& form1 = forms_.form1;
+    if (form1.chkDrive.ticked()) {
+        host_.MsgBox({.text = "Set the Listed Path's Specified Drive Space by Double Clicking on the "
+                              "Value shown in the List.",
+                      .icon = BoxIcon::information});
+        writeTriggers(form1.txtSpace.Text());
+        form1.txtSpace.setEnabled(false);
+    } else {
+        writeTriggers("");
+        form1.txtSpace.setEnabled(true);
+    }
+}
+
+void MinimumSpace::writeTriggers(const std::string& text) {
+    ListView& list = forms_.form1.ListView1;
+    for (int column = 2; column <= list.ColumnCount(); ++column) {
+        if (!contains(list.ColumnHeaders(column).Text, "Trigger")) continue;
+        for (int i = 1; i <= list.Count(); ++i) list.ListItems(i).setSubItems(column - 1, text);
+        return;
+    }
+}
+
+void MinimumSpace::txtSpace_Change() {
+    Form1& form1 = forms_.form1;
+    if (!isNumeric(form1.txtSpace.Text(), platform_.regional)) {
+        host_.MsgBox({.text = "Please input only numbers."});
+        form1.txtSpace.setText("1");
+    }
+    echoInGreaterUnits();
+}
+
+void MinimumSpace::echoInGreaterUnits() {
+    Form1& form1 = forms_.form1;
+    const Regional& regional = platform_.regional;
+    const auto space = readNumber(form1.txtSpace.Text(), regional);
+    const bool told = space && form1.OpDriv[0].Value();
+    form1.lblMB.setCaption(told ? Format(*space / 1e3, "#0.0#", regional) + " MB" : "");
+    form1.lblGB.setCaption(told ? Format(*space / 1e6, "#0.0#", regional) + " GB" : "");
+}
+
+// At 0 neither direction acts.
+void MinimumSpace::step(double by) {
+    TextBox& txtSpace = forms_.form1.txtSpace;
+    const auto space = readNumber(txtSpace.Text(), platform_.regional);
+    if (space && *space > 0) txtSpace.setText(toText(*space + by, platform_.regional));
+}
+
+}  // namespace velmora

@@ -1,0 +1,36 @@
+// The global setting of the minimum space: its text, unit, slider and spinner, and the switch to a
+// value for each row.
+#pragma once
+
+#include <string>
+
+#include "forms/forms.h"
+#include "platform/host.h"
+#include "platform/platform.h"
+
+namespace velmora {
+
+class MinimumSpace {
+  public:
+    /// Connects the handlers to the forms.
+    MinimumSpace(Forms& forms, Platform& platform, Host& host);
+    MinimumSpace(const MinimumSpace&) = delete;
+    MinimumSpace& operator=(const MinimumSpace&) = delete;
+
+    /// 0 for KB, 1 for percent.
+    void OpDriv_Click(int index);
+
+  private:
+    void chkDrive_Click();
+    void writeTriggers(const std::string& text);
+    void showUnitInHeader(const std::string& unit);
+    void txtSpace_Change();
+    void echoInGreaterUnits();
+    void step(double by);
+
+    Forms& forms_;
+    Platform& platform_;
+    Host& host_;
+};
+
+}  // namespace velmora

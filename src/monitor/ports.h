@@ -1,0 +1,126 @@
+// What the watch list and the check ask of other parts of the program. Each port does nothing by
+// itself; the program puts the real ones in place.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "alerts/alert_dialog.h"
+#include "controls/list_view.h"
+#include "platform/file_system_object.h"
+
+namespace velmora {
+
+/// Looks for events on a row. Rows are named by their index, since a handler that ran in between
+/// may have removed some.
+class EventDetection {
+  public:
+    virtual ~EventDetection() = default;
+    /// The event pass over a ready row.
+    virtual void checkEvents(int /*row*/, Drive& /*drive*/) {}
+    /// A watched row whose drive isn't ready.
+    virtual void rowNotReady(int /*row*/) {}
+    /// Keeps the row's present figures for the next comparison and takes new ones.
+    virtual void prcSetPrevInfoLV(ListItem& /*row*/) {}
+};
+
+/// What the actions of one short row share.
+struct Shortage {
+    int row = 0;               ///< index of the row in ListView1
+    Drive& drive;
+    std::int32_t lngMinSpace;  ///< the row's trigger in KB
+    std::string strAlert;      ///< the running text; actions add to it and empty it
+    std::string strStamp;      ///< date and time of the shortage
+    std::string strNote;       ///< text of one result
+};
+
+class ActionRunner {
+  public:
+    virtual ~ActionRunner() = default;
+    /// Runs the action of that place in lstAct.
+    virtual void run(int /*action*/, Shortage& /*shortage*/) {}
+};
+
+class Statistics {
+  public:
+    virtual ~Statistics() = default;
+    virtual void updateSpaceChangeRate() {}
+    virtual void prcUpdateStatistics() {}
+    virtual void prcSrvAnimation(float /*clip*/, float /*play*/) {}
+};
+
+class SettingsStore {
+  public:
+    virtual ~SettingsStore() = default;
+    /// 1 writes, 2 reads.
+    virtual void prcSettings(std::int16_t /*bSet*/) {}
+};
+
+class ActivityLog {
+  public:
+    virtual ~ActivityLog() = default;
+    /// Saves what the journal has gained since the last save.
+    virtual void saveNewEntries() {}
+};
+
+class RowIcons {
+  public:
+    virtual ~RowIcons() = default;
+    virtual void prcRefreshRowIcon(ListItem& /*row*/) {}
+};
+
+class WatchSwitch {
+  public:
+    virtual ~WatchSwitch() = default;
+    /// Starts the watch when it is paused and pauses it when it runs.
+    virtual void cmdPause_Click() {}
+};
+
+class StayOnTop {
+  public:
+    virtual ~StayOnTop() = default;
+    /// Lets a question come in front of the window.
+    virtual void drop() {}
+    virtual void restore() {}
+};
+
+class DriveView {
+  public:
+    virtual ~DriveView() = default;
+    virtual void prcShowfrmIndDri(const std::string& /*path*/) {}
+    virtual void prcSrvMeter(ListItem& /*row*/) {}
+};
+
+struct MonitorPorts {
+    EventDetection& events;
+    ActionRunner& actions;
+    Statistics& statistics;
+    SettingsStore& settings;
+    ActivityLog& log;
+    RowIcons& rowIcons;
+    WatchSwitch& watchSwitch;
+    StayOnTop& stayOnTop;
+    DriveView& driveView;
+    AlertDialog& alertDialog;
+};
+
+/// Ports that do nothing, for whoever replaces only some of them.
+struct IdlePorts {
+    EventDetection events;
+    ActionRunner actions;
+    Statistics statistics;
+    SettingsStore settings;
+    ActivityLog log;
+    RowIcons rowIcons;
+    WatchSwitch watchSwitch;
+    StayOnTop stayOnTop;
+    DriveView driveView;
+    AlertDialog alertDialog;
+
+    MonitorPorts all() {
+        return {events,   actions,     statistics, settings,  log,
+                rowIcons, watchSwitch, stayOnTop,  driveView, alertDialog};
+    }
+};
+
+}  // namespace velmora

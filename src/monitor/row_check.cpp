@@ -1,0 +1,114 @@
+#include "monitor/row_check.h"
+
+#include <utility>
+
+#include "alerts/alert_time.h"
+#include "base/convert.h"
+#include "base/text.h"
+#include "monitor/drive_text.h"
+#include "monitor/watch_row.h"
+
+namespace velmora {
+
+namespace {
+
+std::string shortageText(Drive& drive, std::int32_t lngMinSpace, const Regional& regional) {
+    return " - ALERT: Space Shortage < " + toText(lngMinSpace) + " KB" + " Drive: " + drive.Path() +
+           "[" + kilobyteText(drive.FreeSpace(), Grouping::regional, regional) + "]";
+}
+
+}  // namespace
+
+RowOutcome RowCheck::check(int i, std::int32_t& lngMinSpace) {
+    ListView& list = forms_.form1.ListView1;
+    StatusBar& status = forms_.form1.StatusBar1;
+    const std::string text = list.ListItems(i).Text();
+    status.setPanelText(1, "Checking: " + text);
+    const auto drive = platform_.fso.GetDrive(platform_.fso.GetDriveName(trim(text)));
+    if (!drive->IsReady()) {
+        status.setPanelText(1, "Not Ready: " + text);
+        WatchRow(list.ListItems(i)).setStateIcon(state_icon::none);
+        ports_.events.rowNotReady(i);
+        return RowOutcome::done;
+    }
+
+    bool bShortage = false;
+    const RowOutcome outcome = testTrigger(i, *drive, lngMinSpace, bShortage);
+    if (outcome != RowOutcome::done) return outcome;
+
+    status.setPanelText(1, "Events Listing");
+    ports_.events.checkEvents(i, *drive);
+    status.setPanelText(1, "Events Listing Check Done. 2");
+    ports_.events.prcSetPrevInfoLV(list.ListItems(i));
+    status.setPanelText(1, "Refresh Info.:");
+
+    if (bShortage) {
+        reportShortage(i, *drive, lngMinSpace);
+    } else {
+        reportEnoughSpace(i);
+    }
+    return RowOutcome::done;
+}
+
+RowOutcome RowCheck::testTrigger(int i, Drive& drive, std::int32_t& lngMinSpace, bool& bShortage) {
+    Form1& form1 = forms_.form1;
+    WatchRow row(form1.ListView1.ListItems(i));
+    if (form1.chkDrive.ticked()) lngMinSpace = toLong(row.trigger(), platform_.regional);
+    if (form1.OpDriv[1].Value() && !toWholeKB(drive, lngMinSpace)) {
+        return RowOutcome::overHundredPercent;
+    }
+    bShortage = kilobytes(drive.FreeSpace()) < lngMinSpace;
+    row.setLastChecked(Format(platform_.clock.Now(), "mm/dd HH:mm:ss"));
+    return RowOutcome::done;
+}
+
+// From percent of the drive's size; false, with a box, for a value above 100. The result stays in
+// the variable, so the next row meets KB unless each row brings its own value.
+bool RowCheck::toWholeKB(Drive& drive, std::int32_t& lngMinSpace) {
+    if (lngMinSpace > 100) {
+        host_.MsgBox({.text = "Cannot check over 100% of space", .icon = BoxIcon::information});
+        return false;
+    }
+    lngMinSpace = toLong(lngMinSpace * 0.01 * kilobytes(drive.TotalSize()));
+    return true;
+}
+
+void RowCheck::reportShortage(int i, Drive& drive, std::int32_t lngMinSpace) {
+    Form1& form1 = forms_.form1;
+    const DateTime now = platform_.clock.Now();
+    Shortage shortage{i, drive, lngMinSpace, shortageText(drive, lngMinSpace, platform_.regional),
+                      alert_time::dateAndTime(now), ""};
+    alerts_.prcAlertInfo(Format(platform_.clock.Now(), alert_time::minutes), rating::high,
+                         shortage.strAlert, {}, &form1.ListView1.ListItems(i));
+    const std::string entry = shortage.strStamp + shortage.strAlert + "\r\n . \r\n";
+    form1.txtAlert.prepend(entry);
+    forms_.dlgAlert.Label1.prepend(entry);
+    ports_.statistics.prcSrvAnimation(1, 1);
+    form1.StatusBar1.setPanelText(1, "Animation:");
+    runActions(shortage);
+    WatchRow(form1.ListView1.ListItems(i)).setStateIcon(state_icon::alert);
+}
+
+void RowCheck::runActions(Shortage& shortage) {
+    Form1& form1 = forms_.form1;
+    for (int action = 0; action < form1.lstAct.ListCount(); ++action) {
+        host_.DoEvents();
+        if (!form1.lstAct.Selected(action)) continue;
+        form1.StatusBar1.setPanelText(1, "Checking Events for: " + form1.lstAct.List(action));
+        ports_.actions.run(action, shortage);
+        showDialogForNewText(shortage);
+    }
+}
+
+// The dialog holds the text of the shortage itself by now; it opens for what an action has left.
+void RowCheck::showDialogForNewText(const Shortage& shortage) {
+    if (!forms_.dlgAlert.Label1.contains(shortage.strAlert)) ports_.alertDialog.show();
+}
+
+void RowCheck::reportEnoughSpace(int i) {
+    forms_.sysWorkSystray.tmrSystray.setEnabled(false);
+    ports_.statistics.prcSrvAnimation(1, 0);
+    WatchRow(forms_.form1.ListView1.ListItems(i)).setStateIcon(state_icon::ok);
+}
+
+}  // namespace velmora

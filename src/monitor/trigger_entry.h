@@ -1,0 +1,33 @@
+// Entering a row's trigger in place: a double click on the list opens the drive's view and places
+// the text box over the cell under the pointer.
+#pragma once
+
+#include "forms/forms.h"
+#include "monitor/ports.h"
+#include "platform/host.h"
+#include "platform/platform.h"
+
+namespace velmora {
+
+class TriggerEntry {
+  public:
+    /// Connects the handlers to the forms.
+    TriggerEntry(Forms& forms, Platform& platform, Host& host, DriveView& driveView);
+    TriggerEntry(const TriggerEntry&) = delete;
+    TriggerEntry& operator=(const TriggerEntry&) = delete;
+
+  private:
+    void ListView1_DblClick();
+    ListItem* rowUnderPointer();
+    void placeOver(ListItem& row);
+    void Text1_KeyPress(int key);
+
+    Forms& forms_;
+    Platform& platform_;
+    Host& host_;
+    DriveView& driveView_;
+    float pointerX_ = 0;  // twips within the list, as the mouse last moved
+    float pointerY_ = 0;
+};
+
+}  // namespace velmora

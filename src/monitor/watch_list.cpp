@@ -1,0 +1,128 @@
+#include "monitor/watch_list.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "alerts/alert_time.h"
+#include "base/text.h"
+#include "monitor/drive_text.h"
+#include "monitor/watch_row.h"
+
+namespace velmora {
+
+namespace {
+
+constexpr const char* inaccessible = "Folder/Path inaccessible N/A: ";
+
+// Stops at the greatest 32-bit number instead of failing, so that a machine with more than 2 TB
+// can be refreshed at all.
+std::int32_t asFarAsItGoes(double value) {
+    return static_cast<std::int32_t>(
+        std::min<double>(value, std::numeric_limits<std::int32_t>::max()));
+}
+
+// What a refresh looks for: a network path as it is, else the root in front.
+std::string pathToTest(const std::string& text) {
+    return left(text, 2) == "\\\\" ? text : left(text, 3);
+}
+
+}  // namespace
+
+std::string WatchList::logicalDrives() {
+    constexpr std::uint32_t size = 255;
+    std::string buffer(size, ' ');
+    const std::uint32_t used = platform_.kernel32.GetLogicalDriveStringsA(size, buffer);
+    return buffer.substr(0, std::min<std::size_t>(used, buffer.size()));
+}
+
+void WatchList::measure(const std::string& root, Measure& measure) {
+    const auto drive = platform_.fso.GetDrive(platform_.fso.GetDriveName(root));
+    measure.path = drive->Path();
+    if (drive->IsReady()) {
+        const double freeBytes = drive->FreeSpace();
+        const double totalBytes = drive->TotalSize();
+        measure.freeText = kilobyteText(freeBytes, Grouping::regional, platform_.regional);
+        measure.totalText = kilobyteText(totalBytes, Grouping::regional, platform_.regional);
+        measure.freeSum += kilobytes(freeBytes);
+        measure.totalSum += kilobytes(totalBytes);
+    } else {
+        measure.freeText = "N/A, drive not ready";
+    }
+    forms_.form1.lstInfo.AddItem("Drive: " + measure.path + "\t\t" + measure.freeText);
+}
+
+void WatchList::RefreshDrive() {
+    const std::string drives = logicalDrives();
+    Measure sums;
+    for (std::size_t at = 0; at < drives.size(); at += 4) {
+        measure(drives.substr(at, 3), sums);
+        WatchRow row(forms_.form1.ListView1.Add(sums.path + "\\"));
+        row.setFreeSpace(sums.freeText);
+        row.setTotalSize(sums.totalText);
+    }
+    finishRefresh(sums);
+}
+
+void WatchList::RefreshDriveExisting() {
+    logicalDrives();
+    ListView& list = forms_.form1.ListView1;
+    const int count = list.Count();
+    Measure sums;
+    for (int i = 1; i <= count; ++i) refreshRow(list.ListItems(i), sums);
+    finishRefresh(sums);
+}
+
+void WatchList::refreshRow(ListItem& item, Measure& sums) {
+    const std::string path = pathToTest(item.Text());
+    if (!platform_.fso.FolderExists(path)) {
+        markInaccessible(item, path);
+        return;
+    }
+    measure(path, sums);
+    WatchRow row(item);
+    row.setPath(sums.path + "\\");
+    row.setFreeSpace(sums.freeText);
+    row.setTotalSize(sums.totalText);
+}
+
+void WatchList::markInaccessible(ListItem& item, const std::string& path) {
+    const std::string time = Format(platform_.clock.Now(), alert_time::minutes);
+    alerts_.prcAlertInfo(time, rating::medium, inaccessible + path, {}, nullptr);
+    WatchRow row(item);
+    row.setFreeSpace("N/A, drive not ready");
+    row.setLastChecked("");
+    row.setInaccessibleNote(inaccessible);
+}
+
+void WatchList::finishRefresh(const Measure& sums) {
+    Globals& globals = forms_.globals;
+    DriveTotals& totals = globals.driveTotals;
+    const std::int32_t freeSum = asFarAsItGoes(sums.freeSum);
+    if (totals.lngRefreshes > 0 && totals.lngFreeKB - freeSum == 0) totals.lngRateKB = 0;
+    totals.dtLast = platform_.clock.Now();
+    totals.lngFreeKB = freeSum;
+    ++totals.lngRefreshes;
+    totals.lngDrives = forms_.form1.ListView1.Count();
+    totals.lngSizeKB = asFarAsItGoes(sums.totalSum);
+    globals.dtRefreshed = platform_.clock.Now();
+    globals.lngRefreshedKB = totals.lngFreeKB;
+}
+
+void WatchList::prcLVBold(ListView& thisLV) {
+    if (forms_.globals.bChecking) return;
+    const int count = thisLV.Count();
+    for (int i = 1; i <= count && i <= thisLV.Count(); ++i) {
+        ListItem& row = thisLV.ListItems(i);
+        row.setBold(row.Checked());
+        for (int sub = 1; sub <= row.SubItemCount(); ++sub) row.setSubBold(sub, row.Checked());
+    }
+}
+
+void WatchList::prcClnLV(ListView& thisLV) {
+    for (int i = thisLV.Count(); i >= 1; --i) {
+        const ListItem& row = thisLV.ListItems(i);
+        if (row.Text().empty() && row.Tag().empty()) thisLV.Remove(i);
+    }
+}
+
+}  // namespace velmora

@@ -1,0 +1,49 @@
+// The watch list: how rows come into being from the machine's drives, are measured again, and go.
+#pragma once
+
+#include <string>
+
+#include "alerts/alert_list.h"
+#include "forms/forms.h"
+#include "platform/platform.h"
+
+namespace velmora {
+
+class WatchList {
+  public:
+    WatchList(Forms& forms, Platform& platform, AlertList& alerts)
+        : forms_(forms), platform_(platform), alerts_(alerts) {}
+
+    /// Appends one row for every logical drive. Rows of the same path are not looked for.
+    void RefreshDrive();
+    /// Measures the rows that are there. A folder row becomes the root of its drive; a path that is
+    /// gone raises an alert.
+    void RefreshDriveExisting();
+    /// Brings the bold face of a list in line with its tick marks; stands aside during a check.
+    void prcLVBold(ListView& thisLV);
+    /// Removes every row whose text and tag are both empty.
+    static void prcClnLV(ListView& thisLV);
+
+  private:
+    // The sums and texts of one refresh. The total text is carried from row to row: a drive that
+    // isn't ready shows the one before it.
+    struct Measure {
+        double freeSum = 0;
+        double totalSum = 0;
+        std::string path;
+        std::string freeText;
+        std::string totalText;
+    };
+
+    std::string logicalDrives();
+    void measure(const std::string& root, Measure& measure);
+    void refreshRow(ListItem& row, Measure& measure);
+    void markInaccessible(ListItem& row, const std::string& path);
+    void finishRefresh(const Measure& measure);
+
+    Forms& forms_;
+    Platform& platform_;
+    AlertList& alerts_;
+};
+
+}  // namespace velmora

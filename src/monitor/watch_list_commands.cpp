@@ -1,0 +1,148 @@
+#include "monitor/watch_list_commands.h"
+
+#include "alerts/alert_time.h"
+#include "base/convert.h"
+#include "base/resume_next.h"
+#include "base/runtime_error.h"
+#include "forms/sort_column.h"
+#include "monitor/drive_text.h"
+#include "monitor/watch_row.h"
+
+namespace velmora {
+
+namespace {
+
+enum Command { addPathCommand, removeCommand, clearCommand, selectDriveCommand, refreshCommand };
+
+}  // namespace
+
+WatchListCommands::WatchListCommands(Forms& forms, Platform& platform, Host& host,
+                                     AlertList& alerts, WatchList& watchList, MonitorPorts ports)
+    : forms_(forms),
+      platform_(platform),
+      host_(host),
+      alerts_(alerts),
+      watchList_(watchList),
+      ports_(ports) {
+    connect();
+}
+
+void WatchListCommands::connect() {
+    Form1& form1 = forms_.form1;
+    for (Label& label : form1.lblDP) {
+        label.Click.connect([this, index = label.Index()] { lblDP_Click(index); });
+    }
+    form1.cmdLVAdd.Click.connect([this] { cmdLVAdd_Click(); });
+    form1.cmdLVRemove.Click.connect([this] { lblDP_Click(removeCommand); });
+    form1.cmdClear.Click.connect([this] { lblDP_Click(clearCommand); });
+    form1.ListView1.ItemCheck.connect(
+        [this](ListItem&) { watchList_.prcLVBold(forms_.form1.ListView1); });
+    form1.ListView1.ColumnClick.connect(
+        [this](int column) { prcSortColumn(forms_.form1.ListView1, column); });
+    form1.ListView1.RightClick.connect([this] {
+        if (forms_.form1.ListView1.Count() >= 1) forms_.form1.mnuLstV.PopUp();
+    });
+}
+
+void WatchListCommands::lblDP_Click(int index) {
+    try {
+        if (!mayDisturbCheck()) return;
+        forms_.form1.ListView1.setEnabled(true);
+        run(index);
+    } catch (const std::exception&) {
+        reportError(index, currentRuntimeError().description());
+    }
+}
+
+bool WatchListCommands::mayDisturbCheck() {
+    if (!forms_.globals.bChecking) return true;
+    return host_.MsgBox({.text = "The program is still checking. Performing this action may cause "
+                                 "errors.\r\nDo you wish to continue?",
+                         .icon = BoxIcon::question,
+                         .buttons = BoxButtons::yesNo}) == BoxAnswer::yes;
+}
+
+void WatchListCommands::run(int index) {
+    switch (index) {
+        case addPathCommand: return addPath();
+        case removeCommand: return removeSelected();
+        case clearCommand: return clearAll();
+        case selectDriveCommand: return selectDrive();
+        case refreshCommand: return watchList_.RefreshDriveExisting();
+        default: return;
+    }
+}
+
+void WatchListCommands::reportError(int index, const std::string& description) {
+    const std::string text = "Drive/Path Button Error Button Index:" + std::to_string(index) +
+                             " | " + description;
+    resumeNext([&] {
+        alerts_.prcAlertInfo(Format(platform_.clock.Now(), alert_time::seconds), rating::medium,
+                             text, {}, nullptr);
+    });
+}
+
+void WatchListCommands::addPath() {
+    Form1& form1 = forms_.form1;
+    form1.Timer1.setEnabled(false);
+    const std::string path = host_.BrowseForFolder("Select Folder/Path");
+    // Dismissing the dialog leaves the timer off.
+    if (path.empty()) return;
+    WatchRow row(form1.ListView1.Add(path));
+
+    const std::string driveName = platform_.fso.GetDriveName(path);
+    if (!platform_.fso.DriveExists(driveName)) {
+        // A folder in the drive's place has no readiness to ask for.
+        if (platform_.fso.FolderExists(path)) throw RuntimeError(error::unsupportedMember);
+        host_.MsgBox({.text = "The selected item is not found or unavailable. Check configuration.",
+                      .icon = BoxIcon::critical});
+        return;
+    }
+    const auto drive = platform_.fso.GetDrive(driveName);
+    if (drive->IsReady()) {
+        const Regional& regional = platform_.regional;
+        row.setFreeSpace(kilobyteText(drive->FreeSpace(), Grouping::none, regional));
+        row.setTotalSize(kilobyteText(drive->TotalSize(), Grouping::none, regional));
+    } else {
+        row.setFreeSpace("N/A, drive not ready.");
+    }
+    form1.Timer1.setEnabled(true);
+}
+
+void WatchListCommands::removeSelected() {
+    ListView& list = forms_.form1.ListView1;
+    for (int i = list.Count(); i >= 1; --i) {
+        if (list.ListItems(i).Selected()) list.Remove(i);
+    }
+}
+
+void WatchListCommands::clearAll() {
+    ListView& list = forms_.form1.ListView1;
+    if (list.Count() == 0) {
+        host_.MsgBox({.text = "No drives listed to clear.", .icon = BoxIcon::information});
+        return;
+    }
+    ports_.stayOnTop.drop();
+    const BoxAnswer answer = host_.MsgBox(
+        {.text = "Clearing the listed drives with pause Velmora timer. Proceed?",
+         .icon = BoxIcon::question,
+         .buttons = BoxButtons::yesNo});
+    ports_.stayOnTop.restore();
+    if (answer != BoxAnswer::yes) return;
+    ports_.watchSwitch.cmdPause_Click();
+    list.Clear();
+}
+
+void WatchListCommands::selectDrive() {
+    ListItem* row = forms_.form1.ListView1.SelectedItem();
+    if (row == nullptr) throw RuntimeError(error::objectRequired);
+    ports_.driveView.prcShowfrmIndDri(row->Text());
+    ports_.driveView.prcSrvMeter(*row);
+}
+
+void WatchListCommands::cmdLVAdd_Click() {
+    const std::string path = host_.OpenFileDialog("Folder/Path ", platform_.app.Path);
+    if (!path.empty()) forms_.form1.ListView1.Add(path);
+}
+
+}  // namespace velmora
