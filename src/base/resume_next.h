@@ -10,7 +10,7 @@ namespace velmora {
 template <typename... Statement>
 int resumeNext(Statement&&... statements) {
     int failed = 0;
-    auto guarded = [&failed](auto&& statement) {
+    [[maybe_unused]] auto guarded = [&failed](auto&& statement) {
         try {
             std::forward<decltype(statement)>(statement)();
         } catch (const std::exception&) {

@@ -1,0 +1,19 @@
+// Expecting run-time errors in tests.
+#pragma once
+
+#include "base/runtime_error.h"
+
+namespace velmora {
+
+/// The number of the run-time error that the statement raises, 0 if it raises none.
+template <typename Statement>
+int errorOf(Statement&& statement) {
+    try {
+        statement();
+    } catch (const RuntimeError& failure) {
+        return failure.number();
+    }
+    return 0;
+}
+
+}  // namespace velmora
