@@ -1,0 +1,183 @@
+#!/usr/bin/env python3
+"""Runs test programs and counts what passed, failed and was skipped.
+
+  run_tests.py --tally FILE --build FOLDER [--wine LOADER]   what ctest knows in a build folder
+  run_tests.py --tally FILE --command PROGRAM ARGUMENT...    a program that counts for itself
+
+A line "passed failed skipped" a program is added to the tally file. A program of GoogleTest is
+counted by its report, another one of a build folder as one test. A program that counts for itself
+says "N passed, N failed[, N skipped]" in its last line. A crash, a missed time limit, a missing
+program and a status that doesn't fit the count are failures.
+"""
+
+import argparse
+import json
+import os
+import re
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+import xml.etree.ElementTree as ET
+
+TIME_LIMIT = 600
+
+
+class Outcome:
+    def __init__(self, status, output):
+        self.status = status  # None when the time limit was missed
+        self.output = output
+
+    def trouble(self):
+        if self.status is None:
+            return f"did not end within {TIME_LIMIT} s"
+        if self.status < 0:
+            return f"ended by {signal.Signals(-self.status).name}"
+        return f"ended with status {self.status}" if self.status else ""
+
+
+def run(command, folder=None):
+    """Runs a command in a session of its own, so that a missed time limit ends its children too."""
+    with tempfile.TemporaryFile() as output:
+        process = subprocess.Popen(command, cwd=folder, stdin=subprocess.DEVNULL,
+                                   stdout=output, stderr=subprocess.STDOUT,
+                                   start_new_session=True)
+        try:
+            status = process.wait(TIME_LIMIT)
+        except subprocess.TimeoutExpired:
+            status = None
+        finally:
+            if process.returncode is None:
+                os.killpg(process.pid, signal.SIGKILL)
+                process.wait()
+        output.seek(0)
+        return Outcome(status, output.read().decode(errors="replace"))
+
+
+def read_report(path):
+    """Counts and skip reasons of a GoogleTest report; nothing when the program left none."""
+    try:
+        cases = ET.parse(path).getroot().iter("testcase")
+    except (OSError, ET.ParseError):
+        return None
+    passed = failed = 0
+    skipped = []
+    for case in cases:
+        name = f"{case.get('classname')}.{case.get('name')}"
+        if case.find("failure") is not None:
+            failed += 1
+        elif case.find("skipped") is not None:
+            # The first line of the message is the place in the source.
+            reason = case.find("skipped").get("message", "").split("\n", 1)[-1].strip()
+            skipped.append(f"{name}: {reason}")
+        elif case.get("status") == "run":
+            passed += 1
+    return passed, failed, skipped
+
+
+class Runner:
+    def __init__(self, tally, wine):
+        self.tally = tally
+        self.wine = wine
+
+    def count(self, passed, failed, skipped):
+        with open(self.tally, "a", encoding="utf-8") as tally:
+            tally.write(f"{passed} {failed} {skipped}\n")
+
+    def report(self, name, counts, seconds, outcome, reasons=()):
+        passed, failed, skipped = counts
+        trouble = outcome.trouble()
+        if trouble and not failed:
+            failed = 1
+        if failed:
+            print(outcome.output.rstrip())
+        line = f"{name}: {passed} passed, {failed} failed"
+        line += f", {skipped} skipped" if skipped else ""
+        print(f"{line} ({seconds:.1f} s)" + (f" -- {trouble}" if trouble else ""))
+        for reason in reasons:
+            print(f"    skipped {reason}")
+        sys.stdout.flush()
+        self.count(passed, failed, skipped)
+
+    def missing(self, name, why):
+        print(f"{name}: 0 passed, 1 failed -- {why}", flush=True)
+        self.count(0, 1, 0)
+
+    def run_gtest(self, name, command, folder):
+        with tempfile.TemporaryDirectory() as scratch:
+            report = os.path.join(scratch, "report.xml")
+            told = "Z:" + report.replace("/", "\\") if self.wine else report
+            options = ["--gtest_brief=1", "--gtest_color=no", f"--gtest_output=xml:{told}"]
+            begin = time.monotonic()
+            outcome = run([*command, *options], folder)
+            seconds = time.monotonic() - begin
+            counted = read_report(report)
+        passed, failed, reasons = counted or (0, 0, [])
+        if counted is None and not outcome.trouble():
+            outcome.output += "\nno report of the tests"
+            failed = 1
+        self.report(name, (passed, failed, len(reasons)), seconds, outcome, reasons)
+
+    def run_plain(self, name, command, folder):
+        begin = time.monotonic()
+        outcome = run(command, folder)
+        counts = (0, 1, 0) if outcome.trouble() else (1, 0, 0)
+        self.report(name, counts, time.monotonic() - begin, outcome)
+
+    def run_build(self, build):
+        listing = subprocess.run(["ctest", "--test-dir", build, "--show-only=json-v1"],
+                                 check=True, capture_output=True, stdin=subprocess.DEVNULL)
+        tests = json.loads(listing.stdout)["tests"]
+        if not tests:
+            self.missing(build, "no tests here")
+        for test in tests:
+            self.run_listed(test)
+
+    def run_listed(self, test):
+        command = test.get("command")
+        if not command or not os.path.exists(command[0]):
+            self.missing(test["name"], "the program was not built")
+            return
+        folders = [p["value"] for p in test.get("properties", [])
+                   if p["name"] == "WORKING_DIRECTORY"]
+        folder = folders[0] if folders else None
+        program = os.path.basename(command[0])
+        if self.wine:
+            command = [self.wine, *command]
+        kind = self.run_gtest if program.startswith("test_") else self.run_plain
+        kind(test["name"] + (" (Windows)" if self.wine else ""), command, folder)
+
+    def run_command(self, command):
+        name = " ".join(os.path.basename(part) for part in command[-2:])
+        begin = time.monotonic()
+        outcome = run(command)
+        print(outcome.output, end="")
+        lines = outcome.output.strip().splitlines()
+        outcome.output = ""  # shown already
+        said = re.fullmatch(r"(\d+) passed, (\d+) failed(?:, (\d+) skipped)?",
+                            lines[-1].strip() if lines else "")
+        if not said:
+            self.missing(name, outcome.trouble() or "did not say how many passed")
+            return
+        counts = tuple(int(number or 0) for number in said.groups())
+        self.report(name, counts, time.monotonic() - begin, outcome)
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__.split("\n", 1)[0])
+    parser.add_argument("--tally", required=True)
+    parser.add_argument("--wine")
+    what = parser.add_mutually_exclusive_group(required=True)
+    what.add_argument("--build")
+    what.add_argument("--command", nargs=argparse.REMAINDER)
+    options = parser.parse_args()
+    runner = Runner(options.tally, options.wine)
+    if options.build:
+        runner.run_build(options.build)
+    else:
+        runner.run_command(options.command)
+
+
+if __name__ == "__main__":
+    main()

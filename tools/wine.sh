@@ -1,0 +1,34 @@
+# Shell functions that run Windows programs under Wine, in a prefix of the build folder.
+# To be sourced, with `root` set to the project's folder.
+
+# The 64-bit loader itself: the front-end of the distribution complains about a missing 32-bit one.
+wine=/usr/lib/wine/wine64
+wineserver=/usr/lib/wine/wineserver64
+[[ -x $wine ]] || wine=wine
+[[ -x $wineserver ]] || wineserver=wineserver
+
+wine_started=no
+
+# Makes the prefix when there is none, which takes some seconds. Nothing is downloaded, no menu of
+# the user's desktop changes.
+start_wine() {
+    [[ $wine_started == no ]] || return 0
+    export WINEPREFIX=$root/build/wine
+    export WINEDEBUG=-all
+    export WINEDLLOVERRIDES='mscoree=;mshtml=;winemenubuilder.exe=d'
+    wine_started=yes
+    # A prefix without the mark was left half-made.
+    [[ ! -f $WINEPREFIX/made ]] || return 0
+    rm -rf "$WINEPREFIX"
+    say "Making a Wine prefix"
+    timeout 300 "$wine" wineboot -i </dev/null >"$root/build/wineboot.log" 2>&1 &&
+        timeout 60 "$wineserver" -w </dev/null &&
+        touch "$WINEPREFIX/made"
+}
+
+# Ends what still runs in the prefix.
+stop_wine() {
+    [[ $wine_started == yes ]] || return 0
+    wine_started=no
+    timeout 60 "$wineserver" -k </dev/null >/dev/null 2>&1 || true
+}
