@@ -1,0 +1,117 @@
+// Runs a fuzz target without a fuzzer: every file of a corpus folder, then mutations of these from
+// a fixed seed, the same on every machine.
+//   replay_<target> <corpus folder> <number of mutations>
+#include <algorithm>
+#include <charconv>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "fuzz_target.h"
+
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+constexpr std::size_t longest = 4096;
+
+std::vector<Bytes> readCorpus(const std::filesystem::path& folder) {
+    std::vector<std::filesystem::path> files;
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
+        if (entry.is_regular_file()) files.push_back(entry.path());
+    std::sort(files.begin(), files.end());  // folders list their files in any order
+    std::vector<Bytes> corpus;
+    for (const auto& file : files) {
+        std::ifstream stream(file, std::ios::binary);
+        corpus.emplace_back(std::istreambuf_iterator<char>(stream),
+                            std::istreambuf_iterator<char>());
+    }
+    return corpus;
+}
+
+class Mutator {
+  public:
+    explicit Mutator(const std::vector<Bytes>& corpus) : corpus_(corpus) {}
+
+    Bytes next() {
+        Bytes input = corpus_[below(corpus_.size())];
+        for (std::size_t changes = below(6) + 1; changes > 0; --changes) change(input);
+        if (input.size() > longest) input.resize(longest);
+        return input;
+    }
+
+  private:
+    // The distributions of the standard library differ between machines; the generator doesn't.
+    std::size_t below(std::size_t end) { return random_() % end; }
+
+    void change(Bytes& input) {
+        const std::size_t at = below(input.size() + 1);
+        const auto place = input.begin() + static_cast<std::ptrdiff_t>(at);
+        const bool inside = place != input.end();
+        switch (below(6)) {
+            case 0:
+                input.insert(place, static_cast<std::uint8_t>(below(256)));
+                break;
+            case 1:
+                if (inside) input.erase(place);
+                break;
+            case 2:
+                if (inside) *place ^= static_cast<std::uint8_t>(1u << below(8));
+                break;
+            case 3:
+                if (inside) *place = static_cast<std::uint8_t>(below(256));
+                break;
+            case 4:
+                input.erase(place, input.end());
+                break;
+            default:
+                splice(input, at);
+        }
+    }
+
+    /// Puts a piece of another file in.
+    void splice(Bytes& input, std::size_t at) {
+        const Bytes& other = corpus_[below(corpus_.size())];
+        const std::size_t from = below(other.size() + 1);
+        const std::size_t size = below(other.size() - from + 1);
+        const auto first = other.begin() + static_cast<std::ptrdiff_t>(from);
+        input.insert(input.begin() + static_cast<std::ptrdiff_t>(at), first,
+                     first + static_cast<std::ptrdiff_t>(size));
+    }
+
+    const std::vector<Bytes>& corpus_;
+    std::mt19937 random_{1};
+};
+
+/// In a block of exactly its size, so that a sanitizer sees every byte read beyond it.
+void run(const Bytes& input) {
+    const Bytes exact(input.begin(), input.end());
+    LLVMFuzzerTestOneInput(exact.data(), exact.size());
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    std::size_t mutations = 0;
+    const bool counted =
+        argc == 3 &&
+        std::from_chars(argv[2], argv[2] + std::strlen(argv[2]), mutations).ec == std::errc();
+    if (!counted || !std::filesystem::is_directory(argv[1])) {
+        std::fprintf(stderr, "usage: %s <corpus folder> <number of mutations>\n", argv[0]);
+        return 2;
+    }
+    const std::vector<Bytes> corpus = readCorpus(argv[1]);
+    if (corpus.empty()) {
+        std::fprintf(stderr, "no files in %s\n", argv[1]);
+        return 2;
+    }
+    for (const Bytes& input : corpus) run(input);
+    Mutator mutator(corpus);
+    for (std::size_t i = 0; i < mutations; ++i) run(mutator.next());
+    std::printf("%zu files, %zu mutations\n", corpus.size(), mutations);
+    return 0;
+}
