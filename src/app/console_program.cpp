@@ -1,0 +1,90 @@
+#include "app/console_program.h"
+
+#include <array>
+
+#include "app/core.h"
+#include "console/commands.h"
+#include "console/console_host.h"
+#include "console/console_notify_area.h"
+#include "console/line_reader.h"
+#include "console/output.h"
+
+namespace velmora {
+
+namespace {
+
+constexpr const char* greeting =
+    "Velmora console. Type help for the commands, wait forever to keep watch.\n";
+constexpr const char* usage =
+    "Nothing to read: give commands on the standard input, one a line, for example\n"
+    "    printf 'rows ListView1\\n' | velmora-console\n"
+    "or start velmora-console in a terminal and type help.\n";
+
+// Everything that is shown goes out as an event, in the order in which it happens.
+void reportEvents(Forms& forms, Core& core, console::Output& output, console::Waiting& waiting) {
+    core.alerts().Raised.connect([&](const ListItem& row) {
+        output.alert(row);
+        waiting.seen(row.SubItems(2));
+    });
+    StatusBar& status = forms.form1.StatusBar1;
+    status.PanelChanged.connect([&, shown = std::array<std::string, 4>{}](int panel) mutable {
+        const std::string& text = status.Panels(panel).Text;
+        std::string& before = shown.at(static_cast<std::size_t>(panel));
+        if (before == text) return;
+        before = text;
+        output.status(panel, text);
+        waiting.seen(text);
+    });
+}
+
+void obey(std::istream& input, console::Output& output, console::Commands& commands,
+          std::ostream& stream) {
+    std::string line;
+    bool any = false;
+    for (;;) {
+        output.flush();
+        const console::LineRead read = console::readLine(input, line);
+        if (read == console::LineRead::end) break;
+        any = true;
+        if (read == console::LineRead::tooLong) {
+            output.error("a line may be 1 MB long");
+        } else {
+            commands.run(line);
+        }
+    }
+    if (!any) stream << usage;
+}
+
+}  // namespace
+
+int runConsole(Machine& machine, std::istream& input, std::ostream& stream,
+               const console::Waiting::Sleep& sleep) {
+    Platform& platform = machine.platform();
+    Forms forms;
+    TimerQueue timers([&platform] { return platform.clock.GetTickCount(); });
+    addTimers(forms, timers);
+
+    console::Output output(stream);
+    console::ConsoleHost host(output, timers);
+    console::ConsoleNotifyArea notifyArea(output);
+    Core core(forms, platform, host, notifyArea);
+    console::Waiting waiting(host, timers, platform.clock, output, sleep);
+    reportEvents(forms, core, output, waiting);
+    console::Commands commands(forms, host, output, waiting, [&machine](const std::string& path) {
+        return machine.toDrivePath(path);
+    });
+
+    int status = 0;
+    try {
+        stream << greeting;
+        output.flush();
+        host.guarded([&core] { core.load(); });
+        obey(input, output, commands, stream);
+    } catch (const ProgramEnd& end) {
+        status = end.status;
+    }
+    output.flush();
+    return status;
+}
+
+}  // namespace velmora

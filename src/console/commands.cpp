@@ -1,0 +1,251 @@
+#include "console/commands.h"
+
+#include "base/convert.h"
+#include "base/runtime_error.h"
+#include "base/text.h"
+#include "console/target.h"
+#include "controls/buttons.h"
+#include "controls/pickers.h"
+#include "controls/timer.h"
+
+namespace velmora::console {
+
+namespace {
+
+template <typename Kind>
+Kind& controlOf(Forms& forms, const std::string& name, const char* what) {
+    const Target target = resolveControl(forms, name);
+    auto* control = dynamic_cast<Kind*>(target.control);
+    if (control == nullptr || target.part) throw CommandError("not a " + std::string(what) + ": " + name);
+    return *control;
+}
+
+int readIndex(const std::string& text) { return static_cast<int>(readWhole(text, 0, 1 << 30)); }
+
+}  // namespace
+
+Commands::Commands(Forms& forms, ConsoleHost& host, Output& output, Waiting& waiting,
+                   ToDrivePath path)
+    : forms_(forms),
+      host_(host),
+      output_(output),
+      waiting_(waiting),
+      toDrivePath_(std::move(path)) {}
+
+const std::map<std::string, Commands::Handler>& Commands::handlers() {
+    static const std::map<std::string, Handler> all{
+        {"get", &Commands::get},       {"set", &Commands::set},
+        {"click", &Commands::click},   {"doubleclick", &Commands::doubleClick},
+        {"menu", &Commands::menu},     {"tick", &Commands::tick},
+        {"select", &Commands::select}, {"rows", &Commands::rows},
+        {"drop", &Commands::drop},     {"fire", &Commands::fire},
+        {"answer", &Commands::answer}, {"wait", &Commands::wait},
+        {"json", &Commands::json},     {"watch", &Commands::watch},
+        {"help", &Commands::help},     {"exit", &Commands::exit},
+    };
+    return all;
+}
+
+void Commands::run(std::string_view line) {
+    try {
+        Words words(line);
+        if (words.atEnd()) return;
+        const std::string name = lowerCase(words.next());
+        const auto found = handlers().find(name);
+        if (found == handlers().end()) throw CommandError("unknown command: " + name);
+        (this->*found->second)(words);
+    } catch (const CommandError& failure) {
+        output_.error(failure.what());
+    } catch (const Refused& refusal) {
+        output_.error(refusal.what());
+    } catch (const std::exception&) {
+        host_.endByRuntimeError();
+    }
+}
+
+void Commands::get(Words& words) {
+    const Target target = resolve(forms_, words.next());
+    words.end();
+    output_.value(target.find().get());
+}
+
+void Commands::set(Words& words) {
+    const std::string name = words.next();
+    const Target target = resolve(forms_, name);
+    if (target.property.empty()) throw CommandError("a property is missing: " + name);
+    const Property property = target.find();
+    if (!property.set) throw CommandError("can only be read: " + name);
+    property.set(words.value());
+    output_.ok();
+}
+
+void Commands::click(Words& words) {
+    const Target target = resolve(forms_, words.next());
+    words.end();
+    if (target.control == nullptr) throw CommandError("a form can't be clicked");
+    const std::string part = lowerCase(target.property);
+    auto* spinner = dynamic_cast<UpDown*>(target.control);
+    if (spinner != nullptr && part == "up") {
+        spinner->userUp();
+    } else if (spinner != nullptr && part == "down") {
+        spinner->userDown();
+    } else if (!part.empty()) {
+        throw CommandError("a control, not a property: " + target.property);
+    } else if (target.part) {
+        target.control->userClickPart(*target.part);
+    } else {
+        target.control->userClick();
+    }
+    output_.ok();
+}
+
+void Commands::doubleClick(Words& words) {
+    const Target target = resolveControl(forms_, words.next());
+    words.end();
+    auto* list = dynamic_cast<ListView*>(target.control);
+    if (list != nullptr && target.part) {
+        // Pressing the button selects the row under the pointer first.
+        list->userSelect({*target.part});
+        list->userDoubleClickOn(*target.part, 1);
+    } else {
+        target.control->userDoubleClick();
+    }
+    output_.ok();
+}
+
+void Commands::menu(Words& words) {
+    MenuItem& item = controlOf<MenuItem>(forms_, words.next(), "menu entry");
+    words.end();
+    item.userClick();
+    output_.ok();
+}
+
+void Commands::tick(Words& words) {
+    const Target target = resolveControl(forms_, words.next());
+    const int index = readIndex(words.next());
+    const bool on = readSwitch(words.next());
+    words.end();
+    if (auto* rows = dynamic_cast<ListView*>(target.control)) {
+        rows->userTick(index, on);
+    } else if (auto* entries = dynamic_cast<ListBox*>(target.control)) {
+        entries->userTick(index, on);
+    } else {
+        throw CommandError("not a list: " + target.control->Name());
+    }
+    output_.ok();
+}
+
+ListView& Commands::listView(const std::string& name) {
+    return controlOf<ListView>(forms_, name, "list of rows");
+}
+
+void Commands::select(Words& words) {
+    ListView& list = listView(words.next());
+    const std::vector<std::string> texts = words.all();
+    if (texts.empty()) throw CommandError("an index or none is missing");
+    std::vector<int> indexes;
+    if (texts.size() != 1 || lowerCase(texts.front()) != "none") {
+        for (const std::string& text : texts) indexes.push_back(readIndex(text));
+    }
+    list.userSelect(indexes);
+    output_.ok();
+}
+
+void Commands::rows(Words& words) {
+    const Target target = resolveControl(forms_, words.next());
+    words.end();
+    if (const auto* list = dynamic_cast<ListView*>(target.control)) {
+        output_.rows(*list);
+    } else if (const auto* entries = dynamic_cast<ListBox*>(target.control)) {
+        output_.entries(*entries);
+    } else if (const auto* box = dynamic_cast<ComboBox*>(target.control)) {
+        output_.entries(*box);
+    } else {
+        throw CommandError("not a list: " + target.control->Name());
+    }
+}
+
+void Commands::drop(Words& words) {
+    ListView& list = listView(words.next());
+    std::vector<std::string> paths = words.all();
+    if (paths.empty()) throw CommandError("a path is missing");
+    for (std::string& path : paths) path = toDrivePath_(path);
+    list.userDrop(paths);
+    output_.ok();
+}
+
+void Commands::fire(Words& words) {
+    Timer& timer = controlOf<Timer>(forms_, words.next(), "timer");
+    words.end();
+    timer.Tick();
+    output_.ok();
+}
+
+void Commands::answer(Words& words) {
+    static const std::map<std::string, BoxAnswer> answers{{"yes", BoxAnswer::yes},
+                                                          {"no", BoxAnswer::no},
+                                                          {"ok", BoxAnswer::ok},
+                                                          {"cancel", BoxAnswer::cancel}};
+    const std::string kind = lowerCase(words.next());
+    std::vector<std::string> texts = words.all();
+    if (const auto known = answers.find(kind); known != answers.end()) {
+        if (!texts.empty()) throw CommandError("more than the command takes: " + texts.front());
+        host_.queueAnswer(known->second);
+        return output_.ok();
+    }
+    const bool path = kind == "file" || kind == "folder";
+    if (!path && kind != "text") throw CommandError("unknown answer: " + kind);
+    if (texts.empty()) throw CommandError("a text is missing");
+    for (std::string& text : texts) host_.queueText(path ? toDrivePath_(text) : text);
+    output_.ok();
+}
+
+void Commands::wait(Words& words) {
+    const std::string span = words.next();
+    if (lowerCase(span) == "until") return waitUntil(words.value());
+    words.end();
+    if (lowerCase(span) == "forever") waiting_.forever();
+    const auto seconds = readNumber(span, Regional{});
+    if (!seconds || *seconds < 0 || *seconds > 1e9) {
+        throw CommandError("not a number of seconds: " + span);
+    }
+    waiting_.forSeconds(*seconds);
+    output_.ok();
+}
+
+void Commands::waitUntil(const std::string& text) {
+    if (text.empty()) throw CommandError("a text is missing");
+    const StatusBar& status = forms_.form1.StatusBar1;
+    for (int panel = 1; panel <= status.PanelCount(); ++panel) {
+        if (contains(status.Panels(panel).Text, text)) return output_.ok();
+    }
+    if (!waiting_.until(text)) throw CommandError("not seen within 600 s: " + text);
+    output_.ok();
+}
+
+void Commands::json(Words& words) {
+    const bool on = readSwitch(words.next());
+    words.end();
+    output_.setJson(on);
+    output_.ok();
+}
+
+void Commands::watch(Words& words) {
+    const bool on = readSwitch(words.next());
+    words.end();
+    output_.setWatch(on);
+    output_.ok();
+}
+
+void Commands::help(Words& words) {
+    words.end();
+    output_.text(helpText());
+}
+
+void Commands::exit(Words& words) {
+    words.end();
+    forms_.form1.mnuExit.userClick();
+    output_.ok();
+}
+
+}  // namespace velmora::console

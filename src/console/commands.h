@@ -1,0 +1,61 @@
+// The console's commands: one a line, a reply to each.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
+
+#include "console/console_host.h"
+#include "console/output.h"
+#include "console/waiting.h"
+#include "console/words.h"
+#include "forms/forms.h"
+
+namespace velmora::console {
+
+class Commands {
+  public:
+    /// A path of the host as a drive path.
+    using ToDrivePath = std::function<std::string(const std::string&)>;
+
+    Commands(Forms& forms, ConsoleHost& host, Output& output, Waiting& waiting, ToDrivePath path);
+
+    /// Carries out one line and replies. A line that can't be carried out gets an error reply and
+    /// changes nothing; a blank one gets none. A run-time error of the program ends it.
+    void run(std::string_view line);
+
+  private:
+    using Handler = void (Commands::*)(Words&);
+    static const std::map<std::string, Handler>& handlers();
+
+    void get(Words& words);
+    void set(Words& words);
+    void click(Words& words);
+    void doubleClick(Words& words);
+    void menu(Words& words);
+    void tick(Words& words);
+    void select(Words& words);
+    void rows(Words& words);
+    void drop(Words& words);
+    void fire(Words& words);
+    void answer(Words& words);
+    void wait(Words& words);
+    void json(Words& words);
+    void watch(Words& words);
+    void help(Words& words);
+    void exit(Words& words);
+    void waitUntil(const std::string& text);
+    ListView& listView(const std::string& name);
+
+    Forms& forms_;
+    ConsoleHost& host_;
+    Output& output_;
+    Waiting& waiting_;
+    ToDrivePath toDrivePath_;
+};
+
+/// The help text, a line a command.
+const char* helpText();
+
+}  // namespace velmora::console

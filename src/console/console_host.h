@@ -1,0 +1,47 @@
+// The console as the program's user: answers questions from a queue and lets the timers run while
+// it yields or waits.
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <string>
+
+#include "console/output.h"
+#include "controls/timer_queue.h"
+#include "platform/host.h"
+
+namespace velmora::console {
+
+class ConsoleHost final : public Host {
+  public:
+    ConsoleHost(Output& output, TimerQueue& timers) : output_(output), timers_(timers) {}
+
+    /// An answer for the next question that offers it. Boxes that only tell something take none.
+    void queueAnswer(BoxAnswer answer) { answers_.push_back(answer); }
+    /// A drive path or text for the next dialog.
+    void queueText(std::string text) { texts_.push_back(std::move(text)); }
+
+    BoxAnswer MsgBox(const Box& box) override;
+    std::string BrowseForFolder(const std::string& title) override;
+    std::string OpenFileDialog(const std::string& title, const std::string& folder) override;
+    void DoEvents() override;
+
+    /// Runs a handler; a run-time error that it doesn't take ends the program.
+    void guarded(const std::function<void()>& handler);
+    /// Runs the due timers; a run-time error that reaches this far ends the program.
+    void fireTimers();
+    /// Tells of the run-time error being handled, which nothing took, and ends the program with
+    /// status 1. For catch blocks only.
+    [[noreturn]] void endByRuntimeError();
+
+  private:
+    std::string nextText();
+
+    Output& output_;
+    TimerQueue& timers_;
+    std::deque<BoxAnswer> answers_;
+    std::deque<std::string> texts_;
+};
+
+}  // namespace velmora::console

@@ -1,0 +1,27 @@
+#include "console/commands.h"
+
+namespace velmora::console {
+
+const char* helpText() {
+    return R"(get [FORM.]CONTROL[(INDEX)][.PROPERTY]    print a value; the form is Form1 unless named
+set [FORM.]CONTROL[(INDEX)].PROPERTY VALUE    set it as the user's hand would
+click CONTROL[(INDEX)]        click; a spinner: click CONTROL.Up or CONTROL.Down
+doubleclick CONTROL[(ROW)]    double-click the selected row, or this one
+menu NAME                     choose a menu entry
+tick LIST INDEX on|off        tick an entry of a check list (from 0) or a row (from 1)
+select LIST INDEX... | none   select rows
+rows LIST                     print the rows
+drop LIST "PATH"...           drop paths on a list
+fire TIMER                    one tick of that timer, now
+answer yes|no|ok|cancel       queue an answer for the next question that offers it
+answer text|file|folder "..." queue texts or paths for the next dialogs
+wait SECONDS | forever        let the timers run
+wait until TEXT               ... until a status panel or a new alert holds TEXT, at most 600 s
+watch on|off                  print status changes
+json on|off                   replies and events as JSON objects
+help                          this list
+exit                          ask to exit; "answer ok" first to leave
+VALUE, TEXT: the rest of the line, or $"..." with escapes as in JSON.)";
+}
+
+}  // namespace velmora::console

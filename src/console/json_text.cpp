@@ -1,0 +1,56 @@
+#include "console/json_text.h"
+
+#include <nlohmann/json.hpp>
+
+namespace velmora::console {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+std::string dump(const Json& json) {
+    return json.dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
+Json toJson(const PropertyValue& value) {
+    return std::visit([](const auto& held) { return Json(held); }, value);
+}
+
+Json rowObject(const ListItem& row) {
+    Json subItems = Json::array();
+    Json subTags = Json::array();
+    for (int i = 1; i <= row.SubItemCount(); ++i) {
+        subItems.push_back(row.SubItems(i));
+        subTags.push_back(row.ListSubItems(i).Tag());
+    }
+    const std::string icon = row.SubItemCount() > 0 ? row.ListSubItems(1).ReportIcon() : "";
+    return {{"Text", row.Text()},         {"SubItems", subItems}, {"Checked", row.Checked()},
+            {"Selected", row.Selected()}, {"Bold", row.Bold()},   {"Tag", row.Tag()},
+            {"SubTags", subTags},         {"ReportIcon", icon}};
+}
+
+}  // namespace
+
+std::string jsonString(std::string_view text) { return dump(Json(text)); }
+
+std::optional<std::string> readJsonString(std::string_view literal) {
+    const Json read = Json::parse(literal, nullptr, false);
+    if (!read.is_string()) return std::nullopt;
+    return read.get<std::string>();
+}
+
+std::string jsonValue(const PropertyValue& value) { return dump(toJson(value)); }
+
+std::string jsonObject(const JsonFields& fields) {
+    Json object = Json::object();
+    for (const auto& [name, value] : fields) object[name] = toJson(value);
+    return dump(object);
+}
+
+std::string jsonRows(const ListView& list) {
+    Json rows = Json::array();
+    for (int i = 1; i <= list.Count(); ++i) rows.push_back(rowObject(list.ListItems(i)));
+    return dump(rows);
+}
+
+}  // namespace velmora::console

@@ -1,0 +1,149 @@
+#include "console/output.h"
+
+#include "console/words.h"
+
+namespace velmora::console {
+
+namespace {
+
+const char* iconName(BoxIcon icon) {
+    switch (icon) {
+        case BoxIcon::critical: return "critical";
+        case BoxIcon::question: return "question";
+        case BoxIcon::information: return "information";
+        case BoxIcon::none: break;
+    }
+    return "none";
+}
+
+const char* buttonsName(BoxButtons buttons) {
+    switch (buttons) {
+        case BoxButtons::okCancel: return "ok cancel";
+        case BoxButtons::yesNo: return "yes no";
+        case BoxButtons::ok: break;
+    }
+    return "ok";
+}
+
+const char* answerName(BoxAnswer answer) {
+    switch (answer) {
+        case BoxAnswer::cancel: return "cancel";
+        case BoxAnswer::yes: return "yes";
+        case BoxAnswer::no: return "no";
+        case BoxAnswer::ok: break;
+    }
+    return "ok";
+}
+
+std::string plain(const PropertyValue& value) {
+    if (const auto* text = std::get_if<std::string>(&value)) return asOneLine(*text);
+    if (const auto* number = std::get_if<std::int64_t>(&value)) return std::to_string(*number);
+    return std::get<bool>(value) ? "True" : "False";
+}
+
+const char* tick(bool ticked) { return ticked ? "[x] " : "[ ] "; }
+
+}  // namespace
+
+void Output::ok() { line(json_ ? R"({"ok":true})" : "ok"); }
+
+void Output::value(const PropertyValue& value) {
+    line(json_ ? R"({"ok":)" + jsonValue(value) + "}" : plain(value));
+}
+
+void Output::error(const std::string& message) {
+    line(json_ ? jsonObject({{"error", message}}) : "error: " + asOneLine(message));
+}
+
+void Output::rows(const ListView& list) {
+    if (json_) return line(R"({"ok":)" + jsonRows(list) + "}");
+    for (int i = 1; i <= list.Count(); ++i) line(rowLine(list, i));
+    line(std::to_string(list.Count()) + " row(s)");
+}
+
+std::string Output::rowLine(const ListView& list, int index) const {
+    const ListItem& row = list.ListItems(index);
+    std::string text = std::to_string(index) + " " + tick(row.Checked()) + asOneLine(row.Text());
+    for (int i = 1; i <= row.SubItemCount(); ++i) text += " | " + asOneLine(row.SubItems(i));
+    if (row.SubItemCount() > 0 && !row.ListSubItems(1).ReportIcon().empty()) {
+        text += " <" + row.ListSubItems(1).ReportIcon() + ">";
+    }
+    return text + (row.Selected() ? " (selected)" : "");
+}
+
+void Output::entries(const ListBox& list) {
+    if (json_) {
+        std::string objects;
+        for (int i = 0; i < list.ListCount(); ++i) {
+            objects += (i == 0 ? "" : ",") +
+                       jsonObject({{"Text", list.List(i)}, {"Checked", list.Selected(i)}});
+        }
+        return line(R"({"ok":[)" + objects + "]}");
+    }
+    for (int i = 0; i < list.ListCount(); ++i) {
+        line(std::to_string(i) + " " + tick(list.Selected(i)) + asOneLine(list.List(i)));
+    }
+    line(std::to_string(list.ListCount()) + " entries");
+}
+
+void Output::entries(const ComboBox& list) {
+    if (json_) {
+        std::string objects;
+        for (int i = 0; i < list.ListCount(); ++i) {
+            objects += (i == 0 ? "" : ",") + jsonObject({{"Text", list.List(i)}});
+        }
+        return line(R"({"ok":[)" + objects + "]}");
+    }
+    for (int i = 0; i < list.ListCount(); ++i) {
+        line(std::to_string(i) + " " + asOneLine(list.List(i)));
+    }
+    line(std::to_string(list.ListCount()) + " entries");
+}
+
+void Output::text(const std::string& lines) {
+    if (json_) return value(lines);
+    line(lines);
+}
+
+void Output::alert(const ListItem& row) {
+    if (json_) {
+        return event("alert", {{"time", row.SubItems(1)},
+                               {"rating", row.Text()},
+                               {"text", row.SubItems(2)}});
+    }
+    line("alert: " + asOneLine(row.SubItems(1)) + " | " + asOneLine(row.Text()) + " | " +
+         asOneLine(row.SubItems(2)));
+}
+
+void Output::box(const Box& box, BoxAnswer answer) {
+    if (json_) {
+        return event("box", {{"title", box.title},
+                             {"icon", iconName(box.icon)},
+                             {"text", box.text},
+                             {"buttons", buttonsName(box.buttons)},
+                             {"answer", answerName(answer)}});
+    }
+    line("box: " + asOneLine(box.title) + " | " + iconName(box.icon) + " | " +
+         asOneLine(box.text) + " | " + buttonsName(box.buttons) + " -> " + answerName(answer));
+}
+
+void Output::status(int panel, const std::string& text) {
+    if (json_) return event("status", {{"panel", std::int64_t{panel}}, {"text", text}});
+    if (watch_) line("status " + std::to_string(panel) + ": " + asOneLine(text));
+}
+
+void Output::shell(const std::string& operation, const JsonFields& details) {
+    JsonFields fields{{"operation", operation}};
+    fields.insert(fields.end(), details.begin(), details.end());
+    if (json_) return event("shell", std::move(fields));
+    std::string text = "shell: " + operation;
+    for (const auto& [name, value] : details) text += " | " + name + " " + plain(value);
+    line(text);
+}
+
+void Output::event(const std::string& name, JsonFields fields) {
+    fields.insert(fields.begin(), {"event", name});
+    line(jsonObject(fields));
+}
+
+}  // namespace velmora::console

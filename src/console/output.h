@@ -1,0 +1,52 @@
+// What the console prints: a reply to each command and the events in between, for a reader of lines
+// or, one object a line, for a program.
+#pragma once
+
+#include <ostream>
+#include <string>
+
+#include "console/json_text.h"
+#include "controls/list_box.h"
+#include "platform/host.h"
+
+namespace velmora::console {
+
+class Output {
+  public:
+    explicit Output(std::ostream& stream) : stream_(stream) {}
+
+    void setJson(bool on) { json_ = on; }
+    /// Whether a reader of lines is told of status panel changes too; a program always is.
+    void setWatch(bool on) { watch_ = on; }
+
+    // Replies.
+    void ok();
+    void value(const PropertyValue& value);
+    void error(const std::string& message);
+    void rows(const ListView& list);
+    /// The entries of a check list or combo box: text, and the tick where there is one.
+    void entries(const ListBox& list);
+    void entries(const ComboBox& list);
+    /// Lines for a person; one text for a program.
+    void text(const std::string& lines);
+
+    // Events.
+    void alert(const ListItem& row);
+    void box(const Box& box, BoxAnswer answer);
+    void status(int panel, const std::string& text);
+    /// An operation handed to the system's shell.
+    void shell(const std::string& operation, const JsonFields& details);
+
+    void flush() { stream_.flush(); }
+
+  private:
+    void line(const std::string& text) { stream_ << text << '\n'; }
+    void event(const std::string& name, JsonFields fields);
+    std::string rowLine(const ListView& list, int index) const;
+
+    std::ostream& stream_;
+    bool json_ = false;
+    bool watch_ = false;
+};
+
+}  // namespace velmora::console

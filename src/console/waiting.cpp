@@ -1,0 +1,52 @@
+#include "console/waiting.h"
+
+#include <algorithm>
+
+#include "base/text.h"
+
+namespace velmora::console {
+
+namespace {
+constexpr std::int64_t untilLimit = 600 * 1000;
+// The longest sleep in one go while nothing is due.
+constexpr std::int64_t nap = 1000;
+}  // namespace
+
+void Waiting::forSeconds(double seconds) {
+    const auto end = clock_.GetTickCount() + static_cast<std::int64_t>(seconds * 1000);
+    run(end, [] { return false; });
+}
+
+void Waiting::forever() {
+    for (;;) run(std::nullopt, [] { return false; });
+}
+
+bool Waiting::until(const std::string& text) {
+    awaited_ = text;
+    run(clock_.GetTickCount() + untilLimit, [this] { return !awaited_; });
+    const bool found = !awaited_;
+    awaited_.reset();
+    return found;
+}
+
+void Waiting::seen(const std::string& text) {
+    if (awaited_ && contains(text, *awaited_)) awaited_.reset();
+}
+
+void Waiting::run(std::optional<std::int64_t> end, const std::function<bool()>& done) {
+    for (;;) {
+        host_.fireTimers();
+        if (done()) return;
+        std::int64_t rest = timers_.untilNext().value_or(nap);
+        if (end) {
+            const std::int64_t left = *end - clock_.GetTickCount();
+            if (left <= 0) return;
+            rest = std::min(rest, left);
+        }
+        if (rest <= 0) continue;
+        output_.flush();
+        sleep_(std::min(rest, nap));
+    }
+}
+
+}  // namespace velmora::console

@@ -1,0 +1,42 @@
+// Letting the timers run: for a while, for ever, or until something is seen.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "console/console_host.h"
+#include "controls/timer_queue.h"
+#include "platform/clock.h"
+
+namespace velmora::console {
+
+class Waiting {
+  public:
+    /// Lets the given number of milliseconds pass.
+    using Sleep = std::function<void(std::int64_t)>;
+
+    Waiting(ConsoleHost& host, TimerQueue& timers, Clock& clock, Output& output, Sleep sleep)
+        : host_(host), timers_(timers), clock_(clock), output_(output), sleep_(std::move(sleep)) {}
+
+    void forSeconds(double seconds);
+    [[noreturn]] void forever();
+    /// Waits until `seen` is told a text that holds `text`; false after the limit of 600 s.
+    bool until(const std::string& text);
+    /// A status panel or a new alert shows this.
+    void seen(const std::string& text);
+
+  private:
+    // Runs timers until the condition holds or the time has come.
+    void run(std::optional<std::int64_t> end, const std::function<bool()>& done);
+
+    ConsoleHost& host_;
+    TimerQueue& timers_;
+    Clock& clock_;
+    Output& output_;
+    Sleep sleep_;
+    std::optional<std::string> awaited_;
+};
+
+}  // namespace velmora::console
