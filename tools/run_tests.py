@@ -23,6 +23,9 @@ import xml.etree.ElementTree as ET
 
 TIME_LIMIT = 600
 
+# How much of its output a program shows that ended badly.
+LAST_LINES = 60
+
 
 class Outcome:
     def __init__(self, status, output):
@@ -55,25 +58,34 @@ def run(command, folder=None):
         return Outcome(status, output.read().decode(errors="replace"))
 
 
+class Report:
+    """What a program of GoogleTest says that it ran."""
+
+    def __init__(self):
+        self.passed = 0
+        self.failures = []  # texts
+        self.skipped = []  # names with reasons
+
+
 def read_report(path):
-    """Counts and skip reasons of a GoogleTest report; nothing when the program left none."""
+    """Nothing when the program left none."""
     try:
         cases = ET.parse(path).getroot().iter("testcase")
     except (OSError, ET.ParseError):
         return None
-    passed = failed = 0
-    skipped = []
+    report = Report()
     for case in cases:
         name = f"{case.get('classname')}.{case.get('name')}"
         if case.find("failure") is not None:
-            failed += 1
+            texts = [failure.text.strip() for failure in case.iter("failure")]
+            report.failures.append("\n".join([f"{name} failed:", *texts]))
         elif case.find("skipped") is not None:
             # The first line of the message is the place in the source.
             reason = case.find("skipped").get("message", "").split("\n", 1)[-1].strip()
-            skipped.append(f"{name}: {reason}")
+            report.skipped.append(f"{name}: {reason}")
         elif case.get("status") == "run":
-            passed += 1
-    return passed, failed, skipped
+            report.passed += 1
+    return report
 
 
 class Runner:
@@ -85,19 +97,16 @@ class Runner:
         with open(self.tally, "a", encoding="utf-8") as tally:
             tally.write(f"{passed} {failed} {skipped}\n")
 
-    def report(self, name, counts, seconds, outcome, reasons=()):
+    def conclude(self, name, counts, seconds, outcome):
+        """Counts a program that ran; one that ended badly without a failed test is a failure."""
         passed, failed, skipped = counts
         trouble = outcome.trouble()
         if trouble and not failed:
             failed = 1
-        if failed:
-            print(outcome.output.rstrip())
+            print("\n".join(outcome.output.splitlines()[-LAST_LINES:]))
         line = f"{name}: {passed} passed, {failed} failed"
         line += f", {skipped} skipped" if skipped else ""
-        print(f"{line} ({seconds:.1f} s)" + (f" -- {trouble}" if trouble else ""))
-        for reason in reasons:
-            print(f"    skipped {reason}")
-        sys.stdout.flush()
+        print(f"{line} ({seconds:.1f} s)" + (f" -- {trouble}" if trouble else ""), flush=True)
         self.count(passed, failed, skipped)
 
     def missing(self, name, why):
@@ -108,22 +117,27 @@ class Runner:
         with tempfile.TemporaryDirectory() as scratch:
             report = os.path.join(scratch, "report.xml")
             told = "Z:" + report.replace("/", "\\") if self.wine else report
-            options = ["--gtest_brief=1", "--gtest_color=no", f"--gtest_output=xml:{told}"]
+            options = ["--gtest_color=no", f"--gtest_output=xml:{told}"]
             begin = time.monotonic()
             outcome = run([*command, *options], folder)
             seconds = time.monotonic() - begin
             counted = read_report(report)
-        passed, failed, reasons = counted or (0, 0, [])
         if counted is None and not outcome.trouble():
-            outcome.output += "\nno report of the tests"
-            failed = 1
-        self.report(name, (passed, failed, len(reasons)), seconds, outcome, reasons)
+            self.missing(name, "left no report of its tests")
+            return
+        counted = counted or Report()
+        for failure in counted.failures:
+            print(failure)
+        for skipped in counted.skipped:
+            print(f"skipped {skipped}")
+        counts = (counted.passed, len(counted.failures), len(counted.skipped))
+        self.conclude(name, counts, seconds, outcome)
 
     def run_plain(self, name, command, folder):
         begin = time.monotonic()
         outcome = run(command, folder)
         counts = (0, 1, 0) if outcome.trouble() else (1, 0, 0)
-        self.report(name, counts, time.monotonic() - begin, outcome)
+        self.conclude(name, counts, time.monotonic() - begin, outcome)
 
     def run_build(self, build):
         listing = subprocess.run(["ctest", "--test-dir", build, "--show-only=json-v1"],
@@ -149,7 +163,7 @@ class Runner:
         kind(test["name"] + (" (Windows)" if self.wine else ""), command, folder)
 
     def run_command(self, command):
-        name = " ".join(os.path.basename(part) for part in command[-2:])
+        name = " ".join(os.path.basename(part) for part in command[1:])
         begin = time.monotonic()
         outcome = run(command)
         print(outcome.output, end="")
@@ -161,7 +175,7 @@ class Runner:
             self.missing(name, outcome.trouble() or "did not say how many passed")
             return
         counts = tuple(int(number or 0) for number in said.groups())
-        self.report(name, counts, time.monotonic() - begin, outcome)
+        self.conclude(name, counts, time.monotonic() - begin, outcome)
 
 
 def main():

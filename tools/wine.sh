@@ -10,12 +10,12 @@ wineserver=/usr/lib/wine/wineserver64
 wine_started=no
 
 # Makes the prefix when there is none, which takes some seconds. Nothing is downloaded, no menu of
-# the user's desktop changes.
+# the user's desktop changes, and no debugger buries the output of a program that crashes.
 start_wine() {
     [[ $wine_started == no ]] || return 0
     export WINEPREFIX=$root/build/wine
     export WINEDEBUG=-all
-    export WINEDLLOVERRIDES='mscoree=;mshtml=;winemenubuilder.exe=d'
+    export WINEDLLOVERRIDES='mscoree=;mshtml=;winemenubuilder.exe=d;winedbg.exe=d'
     wine_started=yes
     # A prefix without the mark was left half-made.
     [[ ! -f $WINEPREFIX/made ]] || return 0
