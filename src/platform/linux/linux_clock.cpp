@@ -1,0 +1,26 @@
+#include "platform/linux/linux_clock.h"
+
+#include <time.h>
+
+#include <algorithm>
+
+namespace velmora::linuxhost {
+
+DateTime LinuxClock::Now() {
+    // The user may have moved to another time zone meanwhile.
+    tzset();
+    const time_t now = time(nullptr);
+    tm local{};
+    localtime_r(&now, &local);
+    // A leap second is told as the second before it.
+    return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,
+            local.tm_hour,        local.tm_min,     std::min(local.tm_sec, 59)};
+}
+
+std::int64_t LinuxClock::GetTickCount() {
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    return static_cast<std::int64_t>(now.tv_sec) * 1000 + now.tv_nsec / 1'000'000;
+}
+
+}  // namespace velmora::linuxhost

@@ -1,0 +1,19 @@
+#include "platform/linux/linux_kernel32.h"
+
+namespace velmora::linuxhost {
+
+std::uint32_t LinuxKernel32::GetLogicalDriveStringsA(std::uint32_t length, std::string& buffer) {
+    std::string roots;
+    for (const char letter : volumes_.letters()) {
+        roots += letter;
+        roots += ":\\";
+        roots += '\0';
+    }
+    const auto used = static_cast<std::uint32_t>(roots.size());
+    if (used >= length) return used + 1;
+    roots += '\0';
+    buffer.replace(0, roots.size(), roots);
+    return used;
+}
+
+}  // namespace velmora::linuxhost

@@ -1,0 +1,74 @@
+#include <unistd.h>
+
+#include <string>
+
+#include "platform/file_system_object.h"
+#include "platform/linux/linux_clock.h"
+#include "platform/linux/linux_file_system_object.h"
+#include "platform/linux/linux_kernel32.h"
+#include "platform/linux/linux_regional.h"
+#include "platform/linux/linux_text_files.h"
+#include "platform/linux/path_mapping.h"
+#include "platform/linux/volumes.h"
+#include "platform/platform.h"
+
+namespace velmora {
+
+namespace linuxhost {
+
+namespace {
+
+std::string executablePath() {
+    std::string path(4096, '\0');
+    const auto size = readlink("/proc/self/exe", path.data(), path.size());
+    path.resize(size > 0 ? static_cast<std::size_t>(size) : 0);
+    // What the kernel adds while an update has replaced the file.
+    constexpr std::string_view replaced = " (deleted)";
+    if (path.ends_with(replaced)) path.resize(path.size() - replaced.size());
+    return path;
+}
+
+Application ownApplication(Volumes& volumes) {
+    const std::string path = executablePath();
+    const auto slash = path.rfind('/');
+    if (slash == std::string::npos) return {};
+    std::string name = path.substr(slash + 1);
+    if (const auto point = name.rfind('.'); point != std::string::npos && point > 0)
+        name.resize(point);
+    std::string folder = drivePathOf(path.substr(0, slash), volumes.roots());
+    if (folder.ends_with('\\')) folder.pop_back();
+    return {folder, name};
+}
+
+class LinuxMachine final : public Machine {
+  public:
+    Platform& platform() override { return platform_; }
+
+    std::string toDrivePath(const std::string& hostPath) override {
+        if (hostPath.empty() || !driveNameOf(hostPath).empty()) return hostPath;
+        const bool isAbsolute = hostPath[0] == '/';
+        return drivePathOf(isAbsolute ? hostPath : workingFolder() + '/' + hostPath,
+                           volumes_.roots());
+    }
+    std::string toHostPath(const std::string& drivePath) override {
+        return hostPathOf(drivePath, volumes_.roots());
+    }
+
+  private:
+    Volumes volumes_;
+    LinuxFileSystemObject fso_{volumes_};
+    LinuxKernel32 kernel32_{volumes_};
+    LinuxClock clock_;
+    LinuxTextFiles files_{volumes_};
+    Platform platform_{fso_, kernel32_, clock_, files_, userRegional(), ownApplication(volumes_)};
+};
+
+}  // namespace
+
+}  // namespace linuxhost
+
+std::unique_ptr<Machine> openMachine() {
+    return std::make_unique<linuxhost::LinuxMachine>();
+}
+
+}  // namespace velmora

@@ -1,0 +1,21 @@
+// Text files on this host's drives.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/linux/volumes.h"
+#include "platform/text_files.h"
+
+namespace velmora::linuxhost {
+
+class LinuxTextFiles final : public TextFiles {
+  public:
+    explicit LinuxTextFiles(Volumes& volumes) : volumes_(volumes) {}
+    void appendLine(const std::string& path, std::string_view text) override;
+
+  private:
+    Volumes& volumes_;
+};
+
+}  // namespace velmora::linuxhost

@@ -1,0 +1,33 @@
+// Drive paths and paths of this host, each as the other. See path_names.h for what becomes of the
+// names in them.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace velmora::linuxhost {
+
+/// Where a drive's root lies on this host. A network mount has two of them, its letter first.
+struct DriveRoot {
+    std::string drive;  ///< "C:" or "\\host\share"
+    std::string mountPoint;
+};
+
+/// An absolute path of the host as a drive path, by the longest mount point that it lies in:
+/// "/mnt/d/foo" as "D:\foo", "/mnt/d" as "D:\". Empty when no root holds it.
+std::string drivePathOf(const std::string& hostPath, const std::vector<DriveRoot>& roots);
+
+/// The absolute path of the host for a drive path with "\" or "/" between its names; letters and
+/// shares without regard to case. ".." never leads above a drive's root. A path without a drive
+/// begins at the root filesystem's root, or at the working folder when it doesn't begin with a
+/// separator. Empty for an empty path, one with a NUL and one on a drive that isn't there.
+std::string hostPathOf(const std::string& drivePath, const std::vector<DriveRoot>& roots);
+
+/// The path in full: drive, a back-slash, and the names with single back-slashes between them and
+/// none behind. The drive stays as it is written. A share's root has no back-slash behind.
+std::string fullDrivePath(const std::string& drivePath, const std::vector<DriveRoot>& roots);
+
+/// The working folder; "/" when it is gone.
+std::string workingFolder();
+
+}  // namespace velmora::linuxhost

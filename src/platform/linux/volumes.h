@@ -1,0 +1,63 @@
+// The drives of this host: which there are now, and their answers.
+//
+// Drives whose sizes are in memory are asked right here, at the cost of the system call; all other
+// questions go to a helper process, one a drive. The mount table is read again only after the
+// kernel has told of a change. Looking for that costs as much as the question itself, so for drives
+// in memory it is done every 50 ms, and between by the filesystem's identity in each answer.
+#pragma once
+
+#include <array>
+#include <chrono>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/linux/drive_letters.h"
+#include "platform/linux/drive_mounts.h"
+#include "platform/linux/filesystem_reading.h"
+#include "platform/linux/helper_process.h"
+#include "platform/linux/mount_watch.h"
+#include "platform/linux/path_mapping.h"
+
+namespace velmora::linuxhost {
+
+class Volumes {
+  public:
+    explicit Volumes(std::chrono::milliseconds deadline = driveDeadline);
+    ~Volumes();
+
+    /// What the drive ("C:" or "\\host\share") answers; nothing when it isn't mounted or doesn't
+    /// answer in time.
+    std::optional<FilesystemReading> measure(const std::string& drive);
+
+    /// Whether the drive is mounted.
+    bool has(const std::string& drive);
+    /// The letters of the mounted drives, in the order of the alphabet.
+    std::string letters();
+    /// The roots of the mounted drives.
+    std::vector<DriveRoot> roots();
+
+    /// What lies at an absolute path of the host; none also when its drive doesn't answer in time.
+    FileKind kindOf(const std::string& hostPath);
+
+    /// The ids of the helper processes that run.
+    std::vector<pid_t> helpers() const;
+
+  private:
+    struct Volume;
+
+    void update();
+    void reload();
+    void show(const DriveMount& mount);
+    Volume* find(const std::string& drive) const;
+    bool isUnchanged(Volume& volume, const FilesystemReading& reading);
+
+    std::chrono::milliseconds deadline_;
+    MountWatch watch_;
+    DriveLetters letters_;
+    std::vector<std::unique_ptr<Volume>> volumes_;
+    std::array<Volume*, 26> byLetter_{};  // mounted ones only
+};
+
+}  // namespace velmora::linuxhost
