@@ -60,11 +60,11 @@ void Volumes::reload() {
 }
 
 void Volumes::show(const DriveMount& mount) {
-    const auto known = std::find_if(volumes_.begin(), volumes_.end(), [&mount](const auto& each) {
+    auto at = std::find_if(volumes_.begin(), volumes_.end(), [&mount](const auto& each) {
         return each->drive.mount.mountPoint == mount.mount.mountPoint;
     });
-    if (known == volumes_.end()) volumes_.push_back(std::make_unique<Volume>(deadline_));
-    Volume& volume = known == volumes_.end() ? *volumes_.back() : **known;
+    if (at == volumes_.end()) at = volumes_.insert(at, std::make_unique<Volume>(deadline_));
+    Volume& volume = **at;
     // Another filesystem: whatever the old one still owes is of no use.
     if (!(volume.drive == mount)) volume.helper.stop();
     volume.drive = mount;
