@@ -1,0 +1,48 @@
+// The program as a benchmark runs it: the real machine, a host that only lets the timers run.
+#pragma once
+
+#include <chrono>
+#include <memory>
+
+#include "app/core.h"
+#include "controls/timer_queue.h"
+
+namespace velmora::bench {
+
+class QuietHost final : public Host {
+  public:
+    explicit QuietHost(TimerQueue& timers) : timers_(timers) {}
+    BoxAnswer MsgBox(const Box& box) override { return cancellingAnswer(box.buttons); }
+    std::string BrowseForFolder(const std::string&) override { return {}; }
+    std::string OpenFileDialog(const std::string&, const std::string&) override { return {}; }
+    void DoEvents() override { timers_.fireDue(); }
+
+  private:
+    TimerQueue& timers_;
+};
+
+class NoNotifyArea final : public NotifyArea {
+  public:
+    bool Shell_NotifyIconA(NotifyMessage, const NotifyIconData&) override { return false; }
+};
+
+struct Program {
+    std::unique_ptr<Machine> machine = openMachine();
+    Forms forms;
+    TimerQueue timers{[this] { return machine->platform().clock.GetTickCount(); }};
+    QuietHost host{timers};
+    NoNotifyArea notifyArea;
+    Core core{forms, machine->platform(), host, notifyArea};
+
+    Program() { addTimers(forms, timers); }
+};
+
+/// Seconds that a piece of work takes.
+template <typename Work>
+double seconds(Work&& work) {
+    const auto begin = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+}
+
+}  // namespace velmora::bench

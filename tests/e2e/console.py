@@ -1,0 +1,119 @@
+"""Drives a velmora-console from outside, through its pipes, in JSON."""
+
+import json
+import os
+import queue
+import subprocess
+import threading
+
+# How long a reply may take at most; a check with a drive that doesn't answer takes seconds.
+PATIENCE = 60
+
+
+class ConsoleError(Exception):
+    """An error reply."""
+
+
+class Console:
+    def __init__(self, command, environment=None):
+        self.process = subprocess.Popen(command, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                                        stderr=subprocess.PIPE, env=environment)
+        self.lines = queue.Queue()
+        self.noise = []
+        self.events = []
+        for stream, take in ((self.process.stdout, self.lines.put),
+                             (self.process.stderr, self.noise.append)):
+            threading.Thread(target=self._pump, args=(stream, take), daemon=True).start()
+        self.greeting = self.next_line()
+        self.tell("json on")
+
+    @staticmethod
+    def _pump(stream, take):
+        for line in stream:
+            take(line.decode("utf-8").rstrip("\n"))
+        take(None)
+
+    def next_line(self):
+        line = self.lines.get(timeout=PATIENCE)
+        if line is None:
+            raise EOFError("the console has ended:\n" + "\n".join(filter(None, self.noise)))
+        return line
+
+    def send(self, line):
+        """Sends a line without waiting for its reply."""
+        data = line if isinstance(line, bytes) else line.encode("utf-8")
+        self.process.stdin.write(data + b"\n")
+        self.process.stdin.flush()
+
+    def reply(self):
+        """The next reply; events in front of it are kept in `events`."""
+        while True:
+            said = json.loads(self.next_line())
+            if "event" in said:
+                self.events.append(said)
+            elif "error" in said:
+                raise ConsoleError(said["error"])
+            else:
+                return said["ok"]
+
+    def tell(self, line):
+        self.send(line)
+        return self.reply()
+
+    def get(self, name):
+        return self.tell("get " + name)
+
+    def set(self, name, value):
+        """Sets a text whatever characters it holds."""
+        return self.tell(f"set {name} ${json.dumps(value, ensure_ascii=False)}")
+
+    def rows(self, name="ListView1"):
+        return self.tell("rows " + name)
+
+    def row_number(self, path):
+        return [row["Text"] for row in self.rows()].index(path) + 1
+
+    def watch_only(self, *paths):
+        """Ticks these rows and no others."""
+        for number, row in enumerate(self.rows(), 1):
+            if row["Checked"] != (row["Text"] in paths):
+                self.tell(f"tick ListView1 {number} {'on' if row['Text'] in paths else 'off'}")
+
+    def add(self, path):
+        """Adds a path as the folder browser would give it."""
+        quoted = path.replace('"', '""')
+        self.tell(f'answer folder "{quoted}"')
+        self.tell("click lblDP(0)")
+        return self.rows()[-1]
+
+    def check(self):
+        """Runs one check now and returns the alerts that it raised, oldest first."""
+        self.tell("set DTPInterval.Value 0:00:00")
+        before = len(self.events)
+        self.tell("fire Timer1")
+        return [event for event in self.events[before:] if event["event"] == "alert"]
+
+    def boxes(self):
+        return [event for event in self.events if event["event"] == "box"]
+
+    def end(self):
+        """Ends the input and gives the exit status."""
+        self.process.stdin.close()
+        return self.process.wait(PATIENCE)
+
+    def close(self):
+        if self.process.poll() is None:
+            self.process.kill()
+        self.process.wait()
+
+
+def native():
+    """The console of this machine; None when it wasn't handed over."""
+    path = os.environ.get("VELMORA_CONSOLE")
+    return Console([path]) if path else None
+
+
+def windows():
+    """The Windows console under Wine; None without one."""
+    wine, path = os.environ.get("VELMORA_WINE"), os.environ.get("VELMORA_CONSOLE_WINDOWS")
+    return Console([wine, path]) if wine and path else None

@@ -1,0 +1,124 @@
+"""Real small filesystems for the tests: mounted for one test and gone after it."""
+
+import os
+import pathlib
+import shutil
+import subprocess
+import tempfile
+
+KB = 1024
+
+
+class Unavailable(Exception):
+    """This machine doesn't allow it; says why."""
+
+
+def free_and_total_kb(path):
+    """What df says: available and size, in KB."""
+    told = subprocess.run(["df", "--block-size=1", "--output=avail,size", path], check=True,
+                          capture_output=True, text=True).stdout.splitlines()[1].split()
+    return tuple(round_kb(int(value)) for value in told)
+
+
+def round_kb(size):
+    # Ties away from zero, as the program rounds.
+    return (2 * size + KB) // (2 * KB)
+
+
+def _run(*command):
+    done = subprocess.run(command, capture_output=True, text=True, check=False)
+    if done.returncode:
+        raise Unavailable(f"{' '.join(command)}: {done.stderr.strip()}")
+
+
+class Mount:
+    """A mounted filesystem with its folder."""
+
+    def __init__(self):
+        if os.geteuid() != 0:
+            raise Unavailable("mounting needs root")
+        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="velmora-e2e-"))
+        self.mounted = False
+
+    def unmount(self):
+        if self.mounted:
+            subprocess.run(["umount", "--lazy", str(self.folder)], check=False,
+                           capture_output=True)
+            self.mounted = False
+
+    def close(self):
+        self.unmount()
+        shutil.rmtree(self.folder, ignore_errors=True)
+
+    def free_and_total_kb(self):
+        return free_and_total_kb(str(self.folder))
+
+    def fill(self, name, size):
+        """Writes a file of so many bytes."""
+        (self.folder / name).write_bytes(b"x" * size)
+
+
+class Tmpfs(Mount):
+    def __init__(self, megabytes=8):
+        super().__init__()
+        self.size = f"size={megabytes}m"
+        self.mount()
+
+    def mount(self):
+        try:
+            _run("mount", "-t", "tmpfs", "-o", self.size, "tmpfs", str(self.folder))
+        except Unavailable:
+            self.close()
+            raise
+        self.mounted = True
+
+
+class Loop(Mount):
+    """An ext4 in a file, mounted through a loop device."""
+
+    def __init__(self, megabytes=16):
+        super().__init__()
+        handle, image = tempfile.mkstemp(prefix="velmora-e2e-", suffix=".img")
+        os.truncate(handle, megabytes * KB * KB)
+        os.close(handle)
+        self.image = image
+        try:
+            _run("mkfs.ext4", "-q", "-F", image)
+            _run("mount", "-o", "loop", image, str(self.folder))
+        except Unavailable:
+            self.close()
+            raise
+        self.mounted = True
+
+    def close(self):
+        super().close()
+        pathlib.Path(self.image).unlink(missing_ok=True)
+
+
+class Hung(Mount):
+    """A filesystem that never answers the question for its space."""
+
+    def __init__(self):
+        super().__init__()
+        program = os.environ.get("VELMORA_HUNG_FS", "")
+        if not os.path.exists(program) or not os.path.exists("/dev/fuse"):
+            self.close()
+            raise Unavailable("no hung_fs program or no /dev/fuse")
+        self.server = subprocess.Popen([program, str(self.folder)], stdin=subprocess.DEVNULL,
+                                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        while not self._listed():
+            if self.server.poll() is not None:
+                self.close()
+                raise Unavailable("hung_fs could not mount")
+        self.mounted = True
+
+    def _listed(self):
+        mounts = pathlib.Path("/proc/self/mountinfo").read_text(encoding="utf-8")
+        return f" {self.folder} " in mounts
+
+    def close(self):
+        self.unmount()
+        if hasattr(self, "server"):
+            self.server.kill()
+            self.server.wait()
+        super().close()

@@ -1,0 +1,37 @@
+#!/usr/bin/env python3
+"""End-to-end tests: the built programs, driven from outside on this machine's real drives.
+
+VELMORA_CONSOLE names the console program, VELMORA_CONSOLE_WINDOWS and VELMORA_WINE the Windows one
+and what runs it, VELMORA_HUNG_FS a filesystem that never answers. Words given as arguments choose
+tests whose name holds one of them.
+"""
+
+import os
+import sys
+import unittest
+
+FOLDER = os.path.dirname(os.path.abspath(__file__))
+
+
+class Result(unittest.TextTestResult):
+    def addSkip(self, test, reason):
+        super().addSkip(test, reason)
+        print(f"skipped {test.id()}: {reason}")
+
+
+def main():
+    sys.path.insert(0, FOLDER)
+    loader = unittest.TestLoader()
+    if sys.argv[1:]:
+        loader.testNamePatterns = [f"*{word}*" for word in sys.argv[1:]]
+    suite = loader.discover(FOLDER, pattern="test_*.py")
+    result = unittest.TextTestRunner(stream=sys.stdout, resultclass=Result, verbosity=2).run(suite)
+    failed = len({test.id().split(" ")[0] for test, _ in result.failures + result.errors})
+    skipped = len(result.skipped)
+    passed = result.testsRun - failed - skipped
+    print(f"{passed} passed, {failed} failed, {skipped} skipped")
+    return 1 if failed else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,89 @@
+"""The console itself: its replies, what survives it, how it ends."""
+
+import subprocess
+import os
+import unittest
+
+from cases import ConsoleCase, WindowsCase
+from console import ConsoleError
+
+
+class Lines:
+    def test_it_greets_with_one_line_of_help(self):
+        self.assertIn("help", self.console.greeting)
+
+    def test_text_with_line_ends_quotes_and_other_letters_survives_both_ways(self):
+        text = 'a "quoted" word,\r\na second line\n\ttab, back\\slash, größe, Привет, 日本, 🙂'
+        self.console.set("txtAlert.Text", text)
+        self.assertEqual(self.console.get("txtAlert"), text)
+
+    def test_a_line_of_a_megabyte_is_read_and_a_longer_one_refused(self):
+        command = "set txtAlert.Text "
+        text = "x" * (1024 * 1024 - len(command))
+        self.console.tell(command + text)
+        self.assertEqual(self.console.get("txtAlert"), text)
+        with self.assertRaises(ConsoleError):
+            self.console.tell(command + text + "yy")
+        self.assertEqual(self.console.get("txtAlert"), text)
+
+    def test_bad_lines_get_an_error_and_the_program_goes_on(self):
+        for line in ("nonsense", "get", "get Nobody", "get txtSpace.Nothing", "get lblDP(9)",
+                     "get frmNobody.txtSpace", "set txtSpace", "set chkDrive.Value 7",
+                     "set DTPInterval.Value 25:00:00", "set Slider1.Value 101",
+                     "tick ListView1 99 on", "tick lstAct 12 on", "select ListView1 99",
+                     "rows txtSpace", "fire ListView1", "answer maybe", "wait -1",
+                     'drop ListView1 "unclosed', "menu lblDP", "get StatusBar1(4)",
+                     'set txtSpace.Text $"\\q"', b"get \xff\xfe", "get ListView1(0)"):
+            with self.subTest(line), self.assertRaises(ConsoleError):
+                self.console.tell(line)
+        self.assertEqual(self.console.get("StatusBar1(1)")[:6], "Ready.")
+
+    def test_exit_asks_and_goes_on_without_an_answer(self):
+        self.console.tell("exit")
+        self.assertEqual(self.console.boxes()[-1]["text"], "Exit the program?")
+        self.assertEqual(self.console.boxes()[-1]["answer"], "cancel")
+        self.console.tell("answer ok")
+        self.console.send("exit")
+        with self.assertRaises(EOFError):
+            self.console.reply()
+        self.assertEqual(self.console.process.wait(30), 0)
+
+    def test_the_end_of_the_input_ends_it(self):
+        self.assertEqual(self.console.end(), 0)
+
+    def test_waiting_counts_down_and_checks(self):
+        self.console.tell("set DTPInterval.Value 0:00:05")
+        self.console.tell("wait until Times Checked: 1")
+        self.assertEqual(self.console.get("StatusBar1(3)"), "Times Checked: 1")
+
+    def test_a_nonsense_row_is_reported_and_ends_the_pass(self):
+        self.console.tell('answer file "nonsense"')
+        self.console.tell("click cmdLVAdd")
+        self.console.watch_only(self.console.rows()[-1]["Text"])
+        alerts = self.console.check()
+        self.assertEqual([alert["text"] for alert in alerts],
+                         ["Error: Invalid procedure call or argument"])
+        self.assertEqual(self.console.get("Timer1.Enabled"), True)
+
+    def test_an_empty_trigger_of_a_row_is_reported(self):
+        self.console.tell("set chkDrive.Value on")
+        first = self.console.rows()[0]["Text"]
+        self.console.watch_only(first)
+        # Nothing was typed for all rows, so each row's own value is empty.
+        alerts = self.console.check()
+        self.assertEqual([alert["text"] for alert in alerts], ["Error: Type mismatch"])
+
+
+class NativeLines(Lines, ConsoleCase):
+    def test_without_input_it_says_how_to_use_it(self):
+        said = subprocess.run([os.environ["VELMORA_CONSOLE"]], stdin=subprocess.DEVNULL,
+                              capture_output=True, text=True, timeout=60, check=True).stdout
+        self.assertIn("velmora-console", said)
+
+
+class WindowsLines(Lines, WindowsCase):
+    pass
+
+
+if __name__ == "__main__":
+    unittest.main()
