@@ -57,7 +57,7 @@ class Lines:
         self.assertEqual(self.console.get("StatusBar1(3)"), "Times Checked: 1")
 
     def test_a_nonsense_row_is_reported_and_ends_the_pass(self):
-        self.console.tell('answer file "nonsense"')
+        self.console.tell('answer text "nonsense"')
         self.console.tell("click cmdLVAdd")
         self.console.watch_only(self.console.rows()[-1]["Text"])
         alerts = self.console.check()
@@ -65,13 +65,24 @@ class Lines:
                          ["Error: Invalid procedure call or argument"])
         self.assertEqual(self.console.get("Timer1.Enabled"), True)
 
-    def test_an_empty_trigger_of_a_row_is_reported(self):
+    def test_an_empty_trigger_of_a_row_is_reported_until_the_tick_gives_up(self):
         self.console.tell("set chkDrive.Value on")
         first = self.console.rows()[0]["Text"]
         self.console.watch_only(first)
-        # Nothing was typed for all rows, so each row's own value is empty.
+        # Nothing was typed for all rows, so each row's own value is empty. With no interval to
+        # wait for, the tick begins again at once, three times.
         alerts = self.console.check()
-        self.assertEqual([alert["text"] for alert in alerts], ["Error: Type mismatch"])
+        self.assertEqual([alert["text"] for alert in alerts],
+                         ["Error: Type mismatch"] * 3 + ["Program Run Time Error: "])
+        self.assertEqual(self.console.boxes()[-1]["text"], "Please check your settings for errors")
+        self.console.events.clear()
+        # With one, it waits for the next check.
+        self.console.tell("set DTPInterval.Value 0:00:05")
+        self.console.tell("wait until Error: Type mismatch")
+        self.console.tell("wait 0")
+        alerts = [event for event in self.console.events if event["event"] == "alert"]
+        self.assertEqual(len(alerts), 1)
+        self.assertEqual(self.console.get("Timer1.Enabled"), True)
 
 
 class NativeLines(Lines, ConsoleCase):
