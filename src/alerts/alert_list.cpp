@@ -54,6 +54,10 @@ bool AlertList::isRepeat(ListItem& row, const std::string& strAlert) {
     return stamp == strAlert;
 }
 
+void AlertList::clearStamp(ListItem& row) {
+    row.setSubTag(stampColumn, "");
+}
+
 void AlertList::count(const std::string& strRating) {
     Globals& globals = forms_.globals;
     globals.lngAlertsRaised = addLong(globals.lngAlertsRaised, 1);

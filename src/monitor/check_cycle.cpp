@@ -40,19 +40,19 @@ CheckCycle::CheckCycle(Forms& forms, Platform& platform, Host& host, AlertList& 
 
 void CheckCycle::Timer1_Timer() {
     forms_.form1.Timer1.setEnabled(false);
-    intErrCount_ = 0;
+    std::int16_t intErrCount = 0;
     for (bool again = true; again;) {
         try {
-            tick();
+            tick(intErrCount);
             again = false;
         } catch (const std::exception&) {
-            again = retryAfter(currentRuntimeError());
+            again = retryAfter(currentRuntimeError(), intErrCount);
         }
     }
 }
 
-void CheckCycle::tick() {
-    if (intErrCount_ > errorLimit) {
+void CheckCycle::tick(std::int16_t intErrCount) {
+    if (intErrCount > errorLimit) {
         reportErrorLimit();
         closeTick();
         return;
@@ -62,8 +62,8 @@ void CheckCycle::tick() {
         closeTick();
         return;
     }
-    prepare();
-    closeCheck(walkRows());
+    const std::int32_t lngMinSpace = prepare();
+    closeCheck(walkRows(lngMinSpace));
 }
 
 // Counts down and tells how long it still takes; true when the interval has passed.
@@ -85,7 +85,8 @@ bool CheckCycle::isDue() {
     return false;
 }
 
-void CheckCycle::prepare() {
+// Returns the trigger that holds for all rows.
+std::int32_t CheckCycle::prepare() {
     Form1& form1 = forms_.form1;
     form1.Toolbar1.setButtonImage(startPauseButton, pauseImage);
     form1.Toolbar1.setButtonCaption(startPauseButton, "Pause");
@@ -93,8 +94,9 @@ void CheckCycle::prepare() {
     form1.StatusBar1.setPanelPicture(1, checkingImage);
     form1.Timer1.setEnabled(false);
     setDefaults();
-    lngMinSpace_ = toLong(form1.txtSpace.Text(), platform_.regional);
+    const std::int32_t lngMinSpace = toLong(form1.txtSpace.Text(), platform_.regional);
     forms_.globals.bChecking = true;
+    return lngMinSpace;
 }
 
 void CheckCycle::setDefaults() {
@@ -112,7 +114,7 @@ void CheckCycle::setDefaults() {
 }
 
 // Walks the rows that are there at the start; returns the index at which the pass ended.
-int CheckCycle::walkRows() {
+int CheckCycle::walkRows(std::int32_t lngMinSpace) {
     Form1& form1 = forms_.form1;
     ListView& list = form1.ListView1;
     const int count = list.Count();
@@ -136,7 +138,7 @@ int CheckCycle::walkRows() {
             ports_.rowIcons.prcRefreshRowIcon(row.item());
             form1.StatusBar1.setPanelText(1, "No Alert:");
             row.setStateIcon(state_icon::none);
-        } else if (rowCheck_.check(i, lngMinSpace_) == RowOutcome::overHundredPercent) {
+        } else if (rowCheck_.check(i, lngMinSpace) == RowOutcome::overHundredPercent) {
             return i;
         }
     }
@@ -204,9 +206,9 @@ void CheckCycle::reportErrorLimit() {
 }
 
 // The fault path: reports the error; true when the tick is to begin again, false when it has ended.
-bool CheckCycle::retryAfter(const RuntimeError& failure) {
+bool CheckCycle::retryAfter(const RuntimeError& failure, std::int16_t& intErrCount) {
     forms_.form1.ListView1.setEnabled(true);
-    ++intErrCount_;
+    ++intErrCount;
     // The row reaches the list even when the log file can't be written.
     resumeNext([&] {
         alerts_.prcAlertInfo(alert_time::dateAndTime(platform_.clock.Now()), rating::high,
@@ -219,8 +221,10 @@ bool CheckCycle::retryAfter(const RuntimeError& failure) {
                           .icon = BoxIcon::critical});
             break;
         case error::indexOutOfBounds:
-        case error::invalidCall: break;
-        default: return true;
+        case error::invalidCall:
+            break;
+        default:
+            return true;
     }
     closeTick();
     return false;

@@ -20,8 +20,7 @@ namespace velmora {
 class CheckCycle {
   public:
     /// Connects Timer1.
-    CheckCycle(Forms& forms, Platform& platform, Host& host, AlertList& alerts,
-               MonitorPorts ports);
+    CheckCycle(Forms& forms, Platform& platform, Host& host, AlertList& alerts, MonitorPorts ports);
     CheckCycle(const CheckCycle&) = delete;
     CheckCycle& operator=(const CheckCycle&) = delete;
 
@@ -31,17 +30,17 @@ class CheckCycle {
     std::int32_t lngElapsedMs() const { return lngElapsedMs_; }
 
   private:
-    void tick();
+    void tick(std::int16_t intErrCount);
     bool isDue();
-    void prepare();
+    std::int32_t prepare();
     void setDefaults();
-    int walkRows();
+    int walkRows(std::int32_t lngMinSpace);
     void showProgress(const std::string& text);
     void closeCheck(int i);
     void saveAtClosing();
     void closeTick();
     void reportErrorLimit();
-    bool retryAfter(const RuntimeError& failure);
+    bool retryAfter(const RuntimeError& failure, std::int16_t& intErrCount);
 
     Forms& forms_;
     Platform& platform_;
@@ -50,8 +49,6 @@ class CheckCycle {
     MonitorPorts ports_;
     RowCheck rowCheck_;
     std::int32_t lngElapsedMs_ = 0;
-    std::int32_t lngMinSpace_ = 0;
-    std::int16_t intErrCount_ = 0;
 };
 
 }  // namespace velmora

@@ -29,6 +29,8 @@ RowOutcome RowCheck::check(int i, std::int32_t& lngMinSpace) {
         status.setPanelText(1, "Not Ready: " + text);
         WatchRow(list.ListItems(i)).setStateIcon(state_icon::none);
         ports_.events.rowNotReady(i);
+        // A shortage told before the drive went away is told again once it is back.
+        AlertList::clearStamp(list.ListItems(i));
         return RowOutcome::done;
     }
 
@@ -76,8 +78,12 @@ bool RowCheck::toWholeKB(Drive& drive, std::int32_t& lngMinSpace) {
 void RowCheck::reportShortage(int i, Drive& drive, std::int32_t lngMinSpace) {
     Form1& form1 = forms_.form1;
     const DateTime now = platform_.clock.Now();
-    Shortage shortage{i, drive, lngMinSpace, shortageText(drive, lngMinSpace, platform_.regional),
-                      alert_time::dateAndTime(now), ""};
+    Shortage shortage{i,
+                      drive,
+                      lngMinSpace,
+                      shortageText(drive, lngMinSpace, platform_.regional),
+                      alert_time::dateAndTime(now),
+                      ""};
     alerts_.prcAlertInfo(Format(platform_.clock.Now(), alert_time::minutes), rating::high,
                          shortage.strAlert, {}, &form1.ListView1.ListItems(i));
     const std::string entry = shortage.strStamp + shortage.strAlert + "\r\n . \r\n";
