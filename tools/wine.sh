@@ -17,6 +17,7 @@ start_wine() {
     export WINEDEBUG=-all
     export WINEDLLOVERRIDES='mscoree=;mshtml=;winemenubuilder.exe=d;winedbg.exe=d'
     wine_started=yes
+    rm -f "$WINEPREFIX/known-drives"
     # A prefix without the mark was left half-made.
     [[ ! -f $WINEPREFIX/made ]] || return 0
     rm -rf "$WINEPREFIX"
