@@ -56,6 +56,8 @@ class CheckBox : public Clickable {
     bool ticked() const { return value_ == 1; }
     /// 0 or 1; error 380 for others. Clicks when the value changes, whoever changes it.
     void setValue(int value);
+    /// The value that the form is made with; nothing clicks.
+    void setDesignValue(int value) { value_ = value; }
     void userClick() override;
 
     std::string mainProperty() const override { return "Value"; }

@@ -36,7 +36,9 @@ const ListItem& ListView::ListItems(int index) const {
     return const_cast<ListView*>(this)->ListItems(index);
 }
 
-ListItem& ListView::Add(std::string text) { return Add(Count() + 1, std::move(text)); }
+ListItem& ListView::Add(std::string text) {
+    return Add(Count() + 1, std::move(text));
+}
 
 ListItem& ListView::Add(int index, std::string text) {
     if (index < 1 || index > Count() + 1) throw RuntimeError(error::indexOutOfBounds);
@@ -102,8 +104,8 @@ int ListView::columnLeft(int index) const {
 ListItem* ListView::HitTest(float x, float y) {
     if (x < 0 || y < headerHeight || ColumnCount() == 0) return nullptr;
     if (x >= static_cast<float>(columnLeft(ColumnCount()) + columns_.back().Width)) return nullptr;
-    const int row = static_cast<int>((y - headerHeight) / rowHeight) + 1;
-    return row > Count() ? nullptr : &ListItems(row);
+    const float row = (y - headerHeight) / rowHeight;
+    return row < static_cast<float>(Count()) ? &ListItems(static_cast<int>(row) + 1) : nullptr;
 }
 
 }  // namespace velmora

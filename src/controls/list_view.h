@@ -64,10 +64,10 @@ class ListView : public Control {
     ListItem* HitTest(float x, float y);
 
     Event<ListItem&> ItemCheck;
-    Event<int> ColumnClick;   ///< column from 1
+    Event<int> ColumnClick;  ///< column from 1
     Event<> DblClick;
     Event<float, float> MouseMove;
-    Event<> RightClick;       ///< the right button was released
+    Event<> RightClick;                           ///< the right button was released
     Event<const std::vector<std::string>&> Drop;  ///< drive paths
 
     Notice<int> RowInserted;  ///< index of the new row
@@ -82,7 +82,7 @@ class ListView : public Control {
     void userClickPart(int index) override;
     /// Paths dropped on the list; refused where nothing takes them.
     void userDrop(const std::vector<std::string>& paths);
-    /// Moves the pointer over the first selected row's column `column` and double-clicks.
+    /// Moves the pointer over the middle of that cell and double-clicks; selects nothing.
     void userDoubleClickOn(int row, int column);
     void userDoubleClick() override;
 

@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdint>
+#include <limits>
+#include <string_view>
 
 #include "base/runtime_error.h"
 #include "base/text.h"
@@ -38,6 +41,7 @@ void Slider::setValue(int value) {
 }
 
 void Slider::userScroll(int value) {
+    refuseWhenDisabled();
     setValue(value);
     Scroll();
 }
@@ -55,25 +59,26 @@ Properties Slider::properties() {
 UpDown::UpDown(Form& form, std::string name, int min, int max, int value, TextBox* buddy)
     : Control(form, std::move(name)), min_(min), max_(max), value_(value), buddy_(buddy) {}
 
+std::optional<int> UpDown::typed() const {
+    const std::string text = buddy_ == nullptr ? std::string{} : trim(buddy_->Text());
+    const bool negative = !text.empty() && text.front() == '-';
+    const auto digits = std::string_view(text).substr(negative ? 1 : 0);
+    if (digits.empty() || digits.find_first_not_of("0123456789") != digits.npos) return {};
+    std::int64_t number = 0;
+    const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    if (read.ec != std::errc{}) number = std::numeric_limits<std::int64_t>::max();
+    return static_cast<int>(std::clamp<std::int64_t>(negative ? -number : number, min_, max_));
+}
+
 void UpDown::syncWithBuddy() {
-    if (buddy_ == nullptr) return;
-    const std::string text = trim(buddy_->Text());
-    int typed = 0;
-    const auto read = std::from_chars(text.data(), text.data() + text.size(), typed);
-    if (read.ec == std::errc{} && read.ptr == text.data() + text.size()) {
-        value_ = std::clamp(typed, min_, max_);
-    }
+    value_ = typed().value_or(value_);
 }
 
 void UpDown::moveTo(int value) {
     const int before = value_;
     value_ = std::clamp(value, min_, max_);
     if (value_ == before) return;
-    if (buddy_ != nullptr) {
-        const std::string text = trim(buddy_->Text());
-        const bool whole = !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
-        if (whole) buddy_->setText(std::to_string(value_));
-    }
+    if (typed()) buddy_->setText(std::to_string(value_));
     Changed();
     Change();
 }

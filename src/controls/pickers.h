@@ -1,6 +1,8 @@
 // Controls that pick a number or a time: slider, spinner, time picker.
 #pragma once
 
+#include <optional>
+
 #include "base/date_time.h"
 #include "controls/control.h"
 #include "controls/text_box.h"
@@ -56,6 +58,8 @@ class UpDown : public Control {
     void turn(int step, Event<>& clicked);
     void moveTo(int value);
     void syncWithBuddy();
+    /// The whole number in the buddy's text, within the range; nothing when it is none.
+    std::optional<int> typed() const;
 
     int min_, max_, value_;
     TextBox* buddy_;

@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "alerts/alert_time.h"
+#include "base/convert.h"
 #include "base/text.h"
 #include "monitor/drive_text.h"
 #include "monitor/watch_row.h"
@@ -101,7 +102,7 @@ void WatchList::finishRefresh(const Measure& sums) {
     if (totals.lngRefreshes > 0 && totals.lngFreeKB - freeSum == 0) totals.lngRateKB = 0;
     totals.dtLast = platform_.clock.Now();
     totals.lngFreeKB = freeSum;
-    ++totals.lngRefreshes;
+    totals.lngRefreshes = addLong(totals.lngRefreshes, 1);
     totals.lngDrives = forms_.form1.ListView1.Count();
     totals.lngSizeKB = asFarAsItGoes(sums.totalSum);
     globals.dtRefreshed = platform_.clock.Now();

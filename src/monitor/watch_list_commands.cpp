@@ -64,18 +64,24 @@ bool WatchListCommands::mayDisturbCheck() {
 
 void WatchListCommands::run(int index) {
     switch (index) {
-        case addPathCommand: return addPath();
-        case removeCommand: return removeSelected();
-        case clearCommand: return clearAll();
-        case selectDriveCommand: return selectDrive();
-        case refreshCommand: return watchList_.RefreshDriveExisting();
-        default: return;
+        case addPathCommand:
+            return addPath();
+        case removeCommand:
+            return removeSelected();
+        case clearCommand:
+            return clearAll();
+        case selectDriveCommand:
+            return selectDrive();
+        case refreshCommand:
+            return watchList_.RefreshDriveExisting();
+        default:
+            return;
     }
 }
 
 void WatchListCommands::reportError(int index, const std::string& description) {
-    const std::string text = "Drive/Path Button Error Button Index:" + std::to_string(index) +
-                             " | " + description;
+    const std::string text =
+        "Drive/Path Button Error Button Index:" + std::to_string(index) + " | " + description;
     resumeNext([&] {
         alerts_.prcAlertInfo(Format(platform_.clock.Now(), alert_time::seconds), rating::medium,
                              text, {}, nullptr);
@@ -92,8 +98,11 @@ void WatchListCommands::addPath() {
 
     const std::string driveName = platform_.fso.GetDriveName(path);
     if (!platform_.fso.DriveExists(driveName)) {
-        // A folder in the drive's place has no readiness to ask for.
-        if (platform_.fso.FolderExists(path)) throw RuntimeError(error::unsupportedMember);
+        if (platform_.fso.FolderExists(path)) {
+            platform_.fso.GetFolder(path);
+            // A folder in the drive's place has no readiness to ask for.
+            throw RuntimeError(error::unsupportedMember);
+        }
         host_.MsgBox({.text = "The selected item is not found or unavailable. Check configuration.",
                       .icon = BoxIcon::critical});
         return;
@@ -123,10 +132,10 @@ void WatchListCommands::clearAll() {
         return;
     }
     ports_.stayOnTop.drop();
-    const BoxAnswer answer = host_.MsgBox(
-        {.text = "Clearing the listed drives with pause Velmora timer. Proceed?",
-         .icon = BoxIcon::question,
-         .buttons = BoxButtons::yesNo});
+    const BoxAnswer answer =
+        host_.MsgBox({.text = "Clearing the listed drives with pause Velmora timer. Proceed?",
+                      .icon = BoxIcon::question,
+                      .buttons = BoxButtons::yesNo});
     ports_.stayOnTop.restore();
     if (answer != BoxAnswer::yes) return;
     ports_.watchSwitch.cmdPause_Click();

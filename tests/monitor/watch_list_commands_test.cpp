@@ -1,0 +1,282 @@
+#include "monitor/watch_list_commands.h"
+
+#include <gtest/gtest.h>
+
+#include "base/errors.h"
+#include "monitor/rig.h"
+
+namespace velmora::tests {
+namespace {
+
+enum Label { add, remove, clear, select, refresh };
+
+struct WatchListCommandsTest : testing::Test {
+    WatchListCommandsTest() { rig.load(); }
+    void click(Label label) { rig.form1.lblDP[label].userClick(); }
+    std::vector<std::string> paths() {
+        std::vector<std::string> all;
+        for (int i = 1; i <= rig.list.Count(); ++i) all.push_back(rig.list.ListItems(i).Text());
+        return all;
+    }
+    void rows(const std::vector<std::string>& texts) {
+        for (const std::string& text : texts) rig.row(text);
+    }
+
+    using Paths = std::vector<std::string>;
+    Rig rig;
+};
+
+using WhileCheckingTest = WatchListCommandsTest;
+using RemoveTest = WatchListCommandsTest;
+using ClearTest = WatchListCommandsTest;
+using SelectDriveTest = WatchListCommandsTest;
+using ListEventsTest = WatchListCommandsTest;
+using AddByFileDialogTest = WatchListCommandsTest;
+
+TEST_F(WhileCheckingTest, EveryCommandAsksFirstAndNoEndsIt) {
+    rig.forms.globals.bChecking = true;
+    rig.list.setEnabled(false);
+    rows({"C:\\", "D:\\"});
+    rig.list.ListItems(1).setSelected(true);
+    for (const Label label : {add, remove, clear, select, refresh}) {
+        rig.clearRecords();
+        rig.host.answers = {BoxAnswer::no};
+        click(label);
+        ASSERT_EQ(rig.host.boxes.size(), 1u) << label;
+        EXPECT_EQ(rig.host.boxes[0].text,
+                  "The program is still checking. Performing this action may cause errors.\r\n"
+                  "Do you wish to continue?");
+        EXPECT_EQ(rig.host.boxes[0].buttons, BoxButtons::yesNo);
+        EXPECT_EQ(rig.host.boxes[0].title, "Velmora");
+        EXPECT_EQ(rig.ports.calls, std::vector<std::string>{}) << label;
+        EXPECT_EQ(rig.host.dialogs, std::vector<std::string>{}) << label;
+        EXPECT_EQ(rig.machine.log.count(), 0) << label;
+    }
+    EXPECT_FALSE(rig.list.Enabled());
+    EXPECT_TRUE(rig.form1.Timer1.Enabled());
+    EXPECT_EQ(rig.list.Count(), 2);
+}
+
+TEST_F(WhileCheckingTest, YesGoesOn) {
+    rig.forms.globals.bChecking = true;
+    rows({"C:\\", "D:\\"});
+    rig.list.ListItems(1).setSelected(true);
+    rig.host.answers = {BoxAnswer::yes};
+    click(remove);
+    EXPECT_EQ(paths(), Paths{"D:\\"});
+}
+
+TEST_F(WhileCheckingTest, NothingIsAskedOutsideACheck) {
+    rows({"C:\\"});
+    click(remove);
+    EXPECT_EQ(rig.host.boxes.size(), 0u);
+}
+
+TEST_F(WatchListCommandsTest, EveryCommandEnablesTheList) {
+    for (const Label label : {add, remove, clear, select, refresh}) {
+        rig.list.setEnabled(false);
+        click(label);
+        EXPECT_TRUE(rig.list.Enabled()) << label;
+    }
+}
+
+TEST_F(RemoveTest, RemovesEverySelectedRow) {
+    rows({"A:\\", "B:\\", "C:\\", "D:\\", "E:\\"});
+    rig.list.userSelect({1, 2, 4, 5});
+    click(remove);
+    EXPECT_EQ(paths(), Paths{"C:\\"});
+}
+
+TEST_F(RemoveTest, RemovesFromTheLastRowToTheFirst) {
+    rows({"A:\\", "B:\\", "C:\\"});
+    rig.list.userSelect({1, 3});
+    std::vector<int> removed;
+    rig.list.RowRemoved.connect([&](int index) { removed.push_back(index); });
+    click(remove);
+    EXPECT_EQ(removed, (std::vector<int>{3, 1}));
+}
+
+TEST_F(RemoveTest, WithoutASelectionNothingGoes) {
+    rows({"A:\\"});
+    click(remove);
+    EXPECT_EQ(rig.list.Count(), 1);
+}
+
+TEST_F(RemoveTest, TheButtonDoesWhatTheLabelDoes) {
+    rows({"A:\\", "B:\\"});
+    rig.list.userSelect({2});
+    rig.form1.cmdLVRemove.userClick();
+    EXPECT_EQ(paths(), Paths{"A:\\"});
+}
+
+TEST_F(RemoveTest, RemovesTenThousandRows) {
+    for (int i = 0; i < 10000; ++i) rig.row("C:\\").setSelected(true);
+    click(remove);
+    EXPECT_EQ(rig.list.Count(), 0);
+}
+
+TEST_F(ClearTest, AnEmptyListIsTold) {
+    click(clear);
+    ASSERT_EQ(rig.host.boxes.size(), 1u);
+    EXPECT_EQ(rig.host.boxes[0].text, "No drives listed to clear.");
+    EXPECT_EQ(rig.host.boxes[0].icon, BoxIcon::information);
+    EXPECT_EQ(rig.host.boxes[0].buttons, BoxButtons::ok);
+    EXPECT_EQ(rig.ports.calls, std::vector<std::string>{});
+}
+
+TEST_F(ClearTest, YesPausesTheWatchAndClearsTheRows) {
+    rows({"A:\\", "B:\\"});
+    rig.host.answers = {BoxAnswer::yes};
+    rig.host.onBox = [this](const Box&) { rig.ports.calls.push_back("box"); };
+    click(clear);
+    ASSERT_EQ(rig.host.boxes.size(), 1u);
+    EXPECT_EQ(rig.host.boxes[0].text,
+              "Clearing the listed drives with pause Velmora timer. Proceed?");
+    EXPECT_EQ(rig.host.boxes[0].buttons, BoxButtons::yesNo);
+    EXPECT_EQ(rig.ports.calls,
+              (std::vector<std::string>{"drop", "box", "restore", "cmdPause_Click"}));
+    EXPECT_EQ(rig.list.Count(), 0);
+}
+
+TEST_F(ClearTest, NoOnlyRestoresStayOnTop) {
+    rows({"A:\\"});
+    rig.host.answers = {BoxAnswer::no};
+    click(clear);
+    EXPECT_EQ(rig.ports.calls, (std::vector<std::string>{"drop", "restore"}));
+    EXPECT_EQ(rig.list.Count(), 1);
+}
+
+TEST_F(ClearTest, TheButtonDoesWhatTheLabelDoes) {
+    rows({"A:\\"});
+    rig.host.answers = {BoxAnswer::yes};
+    rig.form1.cmdClear.userClick();
+    EXPECT_EQ(rig.list.Count(), 0);
+}
+
+TEST_F(SelectDriveTest, ShowsTheSelectedRowInTheDriveView) {
+    rows({"C:\\", "D:\\data"});
+    rig.list.userSelect({2});
+    click(select);
+    EXPECT_EQ(rig.ports.calls,
+              (std::vector<std::string>{"prcShowfrmIndDri D:\\data", "prcSrvMeter D:\\data"}));
+}
+
+TEST_F(SelectDriveTest, WithoutASelectionEndsWithAnAlertAndNoBox) {
+    rows({"C:\\"});
+    click(select);
+    EXPECT_EQ(rig.ports.calls, std::vector<std::string>{});
+    EXPECT_EQ(rig.host.boxes.size(), 0u);
+    EXPECT_EQ(rig.alertTexts(), Paths{"Drive/Path Button Error Button Index:3 | Object required"});
+}
+
+TEST_F(WatchListCommandsTest, RefreshMeasuresTheRowsThatAreThere) {
+    rig.drive("C:", 10, 20);
+    rows({"C:\\data"});
+    click(refresh);
+    EXPECT_EQ(paths(), Paths{"C:\\"});
+    EXPECT_EQ(rig.list.ListItems(1).SubItems(1), "10 KB");
+}
+
+TEST_F(WatchListCommandsTest, AnErrorIsRecordedWithTimeRatingAndDescription) {
+    rig.drive("C:", 10, 20);
+    rows({"C:\\"});
+    rig.machine.log.failCall(2, error::permissionDenied);
+    click(refresh);
+    const ListItem& alert = rig.form1.LVAlert.ListItems(1);
+    EXPECT_EQ(alert.Text(), "Medium");
+    EXPECT_EQ(alert.SubItems(1), "20260314 15:09:26");
+    EXPECT_EQ(alert.SubItems(2), "Drive/Path Button Error Button Index:4 | Permission denied");
+    EXPECT_EQ(rig.host.boxes.size(), 0u);
+}
+
+TEST_F(WatchListCommandsTest, AnErrorOfAnyCallOfAnyCommandStaysInside) {
+    for (const Label label : {add, refresh}) {
+        for (int n = 1; n <= 8; ++n) {
+            Rig fresh;
+            fresh.load();
+            fresh.drive("C:", 10, 20);
+            fresh.row("C:\\");
+            fresh.host.paths = {"C:\\new"};
+            fresh.machine.log.failCall(n, error::outOfMemory);
+            EXPECT_EQ(errorOf([&] { fresh.form1.lblDP[label].userClick(); }), 0) << n;
+            EXPECT_EQ(fresh.host.boxes.size(), 0u) << n;
+        }
+    }
+}
+
+TEST_F(WatchListCommandsTest, AnErrorWhileRecordingTheErrorIsSilent) {
+    rig.form1.chkAutoSave.setValue(1);
+    rig.machine.files[rig.form1.lblLog.Caption()] = "";
+    rig.machine.lockedFiles[rig.form1.lblLog.Caption()] = error::permissionDenied;
+    EXPECT_EQ(errorOf([this] { click(select); }), 0);
+    EXPECT_EQ(rig.alertTexts().size(), 1u);
+}
+
+TEST_F(AddByFileDialogTest, AsksInTheProgramsFolderAndAddsTheNameAlone) {
+    rig.drive("C:", 10, 20);
+    rig.host.paths = {"C:\\data\\my file.txt"};
+    rig.form1.cmdLVAdd.userClick();
+    EXPECT_EQ(rig.host.dialogs, Paths{"Folder/Path |C:\\Program Files\\Velmora"});
+    EXPECT_EQ(paths(), Paths{"C:\\data\\my file.txt"});
+    EXPECT_EQ(rig.list.ListItems(1).SubItems(1), "");
+    EXPECT_EQ(rig.list.ListItems(1).SubItems(2), "");
+    EXPECT_FALSE(rig.list.ListItems(1).Checked());
+    EXPECT_EQ(rig.machine.log.count(), 0);
+}
+
+TEST_F(AddByFileDialogTest, ADismissedDialogAddsNothing) {
+    rig.form1.cmdLVAdd.userClick();
+    EXPECT_EQ(rig.list.Count(), 0);
+    EXPECT_TRUE(rig.form1.Timer1.Enabled());
+}
+
+TEST_F(ListEventsTest, ATickMakesTheRowBold) {
+    ListItem& row = rig.row("C:\\", false);
+    rig.list.userTick(1, true);
+    EXPECT_TRUE(row.Bold());
+    EXPECT_TRUE(row.ListSubItems(4).Bold());
+    rig.list.userTick(1, false);
+    EXPECT_FALSE(row.Bold());
+}
+
+TEST_F(ListEventsTest, ATickDuringACheckLeavesTheFaceAlone) {
+    ListItem& row = rig.row("C:\\", false);
+    rig.forms.globals.bChecking = true;
+    rig.list.userTick(1, true);
+    EXPECT_TRUE(row.Checked());
+    EXPECT_FALSE(row.Bold());
+}
+
+TEST_F(ListEventsTest, TheFirstClickOnAColumnSortsDescendingAndTheNextAscending) {
+    rows({"B:\\", "C:\\", "A:\\"});
+    rig.list.userClickPart(1);
+    EXPECT_EQ(paths(), (Paths{"C:\\", "B:\\", "A:\\"}));
+    EXPECT_EQ(rig.list.SortKey(), 0);
+    EXPECT_TRUE(rig.list.Sorted());
+    rig.list.userClickPart(1);
+    EXPECT_EQ(paths(), (Paths{"A:\\", "B:\\", "C:\\"}));
+}
+
+TEST_F(ListEventsTest, AnotherColumnGoesOnFromThePresentOrder) {
+    rows({"A:\\", "B:\\"});
+    rig.list.ListItems(1).setSubItems(1, "2 KB");
+    rig.list.ListItems(2).setSubItems(1, "1 KB");
+    rig.list.userClickPart(1);
+    rig.list.userClickPart(2);
+    EXPECT_EQ(rig.list.SortKey(), 1);
+    EXPECT_EQ(rig.list.SortOrder(), 0);
+    EXPECT_EQ(paths(), (Paths{"B:\\", "A:\\"}));
+}
+
+TEST_F(ListEventsTest, TheRightButtonShowsTheMenuOfAListWithRows) {
+    int shown = 0;
+    rig.form1.mnuLstV.PoppedUp.connect([&] { ++shown; });
+    rig.list.RightClick();
+    EXPECT_EQ(shown, 0);
+    rig.row("C:\\");
+    rig.list.RightClick();
+    EXPECT_EQ(shown, 1);
+}
+
+}  // namespace
+}  // namespace velmora::tests
