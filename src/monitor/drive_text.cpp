@@ -16,19 +16,6 @@ std::string prcChkDriv(const std::string& strText) {
     return length(root) < 3 ? "c:\\" : root;
 }
 
-std::string prcChkString(std::string& chkstr, const std::string& strStop,
-                         const Regional& regional) {
-    const std::size_t count = length(chkstr);
-    if (count <= 2) return chkstr;
-    for (std::size_t i = 2; i <= count; ++i) {
-        const std::string character = mid(chkstr, i, 1);
-        if (isNumeric(character, regional) && character != strStop) continue;
-        chkstr = left(chkstr, i - 1);
-        break;
-    }
-    return chkstr;
-}
-
 std::string prcSetDiskSizeDimension(double lngSpace, const Regional& regional) {
     const auto told = [&regional](double value, const char* unit) {
         return Format(value, "##,##0.0", regional) + unit;

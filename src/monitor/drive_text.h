@@ -4,6 +4,7 @@
 #include <string>
 
 #include "base/format_number.h"
+#include "base/leading_number.h"
 #include "base/regional.h"
 
 namespace velmora {
@@ -15,11 +16,6 @@ std::string prcGetDrive(const std::string& strDri);
 /// The root of a path: up to one character past the first ":"; "c:\" when that is shorter than
 /// three characters.
 std::string prcChkDriv(const std::string& strText);
-
-/// Cuts `chkstr` in place in front of the first character, from the second on, that isn't numeric
-/// or equals `strStop`, and returns it too. A text of up to two characters stays as it is.
-std::string prcChkString(std::string& chkstr, const std::string& strStop,
-                         const Regional& regional);
 
 /// A size in KB, told in KB, MB, GB or TB by decimal factors. Exactly 1, 1000, 1000000 and
 /// 1000000000 fall between the ranges and give "0 KB".
