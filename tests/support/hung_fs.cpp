@@ -1,0 +1,88 @@
+// A filesystem that doesn't answer: its root is an empty folder whose attributes are told at once,
+// but the question about its space, and the one about a name "stuck", stay without an answer.
+//
+//   hung_fs MOUNTPOINT [CONTROL LOG]
+//
+// CONTROL is the number of an inherited pipe end to read from. When a byte comes in, the waiting
+// questions and all later ones are answered; when the other end is closed, also by the death of
+// whoever holds it, the filesystem is unmounted as well. LOG is a file that gets one byte for each
+// question about the space. Without them it never answers until it is killed.
+#define FUSE_USE_VERSION 31
+
+#include <fcntl.h>
+#include <fuse.h>
+#include <poll.h>
+#include <signal.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <thread>
+
+namespace {
+
+int controlEnd = -1;  // polling no descriptor waits for ever
+int logFile = -1;
+
+void waitForRelease() {
+    pollfd control{controlEnd, POLLIN, 0};
+    while (poll(&control, 1, -1) < 0 && errno == EINTR) continue;
+}
+
+// Polls for the hang-up alone, which is reported without being asked for.
+void endWithOwner() {
+    pollfd control{controlEnd, 0, 0};
+    while (poll(&control, 1, -1) < 0 && errno == EINTR) continue;
+    kill(getpid(), SIGTERM);
+}
+
+int tellAttributes(const char* path, struct stat* status, fuse_file_info*) {
+    if (std::strcmp(path, "/stuck") == 0) waitForRelease();
+    if (std::strcmp(path, "/") != 0) return -ENOENT;
+    *status = {};
+    status->st_mode = S_IFDIR | 0755;
+    status->st_nlink = 2;
+    return 0;
+}
+
+int tellSpace(const char*, struct statvfs* space) {
+    if (logFile >= 0 && write(logFile, "?", 1) != 1) return -EIO;
+    waitForRelease();
+    *space = {};
+    space->f_bsize = 4096;
+    space->f_frsize = 1024;
+    space->f_blocks = 5000;
+    space->f_bfree = 3000;
+    space->f_bavail = 2000;
+    return 0;
+}
+
+void* begin(fuse_conn_info*, fuse_config* config) {
+    config->attr_timeout = 0;
+    config->entry_timeout = 0;
+    if (controlEnd >= 0) std::thread(endWithOwner).detach();
+    return nullptr;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 2 && argc != 4) return 2;
+    if (argc == 4) {
+        controlEnd = std::atoi(argv[2]);
+        logFile = open(argv[3], O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0600);
+        if (logFile < 0) return 2;
+    }
+
+    fuse_operations operations{};
+    operations.getattr = tellAttributes;
+    operations.statfs = tellSpace;
+    operations.init = begin;
+    std::string name = argv[0];
+    std::string foreground = "-f";
+    char* arguments[] = {name.data(), foreground.data(), argv[1], nullptr};
+    return fuse_main(3, arguments, &operations, nullptr);
+}
