@@ -25,11 +25,11 @@ std::vector<ToolBar::Button> toolBarButtons() {
     };
 }
 
-// A minute: what a first start without settings checks by.
-DateTime designInterval() {
-    DateTime minute;
-    minute.minute = 1;
-    return minute;
+DateTime timeOfDay(int hour, int minute) {
+    DateTime value;
+    value.hour = hour;
+    value.minute = minute;
+    return value;
 }
 
 }  // namespace
@@ -42,7 +42,7 @@ Form1::Form1()
              {*this, "lblDP", drivePathLabels[3][0], 3},
              {*this, "lblDP", drivePathLabels[4][0], 4}}},
       OpDriv{{{*this, "OpDriv", "By Size in (KB)", 0}, {*this, "OpDriv", "By %", 1}}},
-      DTPInterval{*this, "DTPInterval", designInterval()},
+      DTPInterval{*this, "DTPInterval", timeOfDay(0, 1)},
       Toolbar1{*this, "Toolbar1", toolBarButtons()},
       lstAct{*this,
              "lstAct",
@@ -56,8 +56,19 @@ Form1::Form1()
              "lstEvt",
              {"No Change in Free Space Size (Stagnancy)", "Change in Free Space Size ",
               "Change in Amount of File/Folder(s)", "Modification to file(s)",
-              "Listed Drive/Path become N/A"}} {
+              "Listed Drive/Path become N/A"}},
+      DTTime1{{{*this, "DTTime1", timeOfDay(8, 0), 0}, {*this, "DTTime1", timeOfDay(17, 0), 1}}},
+      txtAudio{{{*this, "txtAudio", "", 0}, {*this, "txtAudio", "", 1}}},
+      frmSp{{{*this, "frmSp", "", 0},
+             {*this, "frmSp", "", 1},
+             {*this, "frmSp", "", 2},
+             {*this, "frmSp", "", 3},
+             {*this, "frmSp", "", 4}}} {
     nameLabels();
+    setDesignValues();
+}
+
+void Form1::setDesignValues() {
     OptionButton::group({&OpDriv[0], &OpDriv[1]});
     Slider1.setVisible(false);
     Text1.setVisible(false);
@@ -68,6 +79,19 @@ Form1::Form1()
     LVAlert.addColumn({"Time/Date", 1800});
     LVAlert.addColumn({"Action Taken", 5000});
     LVAlert.addColumn({"Alerts", 1000});
+    for (const char* caption : {"File/Folder(s)", "Size", "File Path Location", "Last Accessed",
+                                "Modified", "Created", "Type"}) {
+        LVFile.addColumn({caption});
+    }
+    // Ticked from the start, without a click.
+    chkLog.setDesignValue(1);
+    chkSystray.setDesignValue(1);
+    for (std::size_t i = 1; i < frmSp.size(); ++i) frmSp[i].setVisible(false);
+    txtFileType.setToolTipText(
+        "Specified File Type(s) deemed acceptable to be used to free space by Automatic Action "
+        "Option");
+    chkCustTime.setToolTipText(
+        "This options allows the program to perform watch within the period of time.");
 }
 
 void Form1::nameLabels() {

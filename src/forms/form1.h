@@ -5,6 +5,7 @@
 
 #include <array>
 
+#include "controls/animation.h"
 #include "controls/bars.h"
 #include "controls/buttons.h"
 #include "controls/form.h"
@@ -62,20 +63,53 @@ class Form1 : public Form {
     Label lblLog{*this, "lblLog"};  ///< caption: full path of the log file
     CommandButton cmdAddIcon{*this, "cmdAddIcon", "Add Icon"};
 
+    CheckBox chkLog{*this, "chkLog", "Show Log "};
+    CheckBox chkNTLog{*this, "chkNTLog", "Set Alerts to System Events Log if Avail.(NT only)"};
+
+    // Watch control.
+    CheckBox chkCustTime{*this, "chkCustTime", "Enable Custom Time"};
+    std::array<DatePicker, 2> DTTime1;  ///< start and end of the custom watch time
+    Timer TimerCust{*this, "TimerCust", 60000, true};
+    UpDown UpDown1{*this, "UpDown1", 0, 2147483647, 0};
+    UpDown UpDown2{*this, "UpDown2", 0, 2147483647, 0};
+
+    // What the user specified.
+    ListView LVFile{*this, "LVFile"};
+    ComboBox cboFile{*this, "cboFile"};
+    TextBox txtFileType{*this, "txtFileType"};
+    std::array<TextBox, 2> txtAudio;
+
+    // Options.
+    CheckBox chkUpdate{*this, "chkUpdate", "Automatically Check for updates"};
+    CheckBox chkStartUp{*this, "chkStartUp", "Run on Start Up"};
+    CheckBox chkSystray{*this, "chkSystray", "Show in Systray"};
+    CommandButton Command8{*this, "Command8", "Save Set"};
+
+    // Panels of the main tabs; the last is the overview.
+    std::array<Frame, 5> frmSp;
+
     // Overview.
+    Label lblAppStart{*this, "lblAppStart"};
     Label lblSpaceChangeRate{*this, "lblSpaceChangeRate"};
-    Label lblAlertsRaised{*this, "lblAlertsRaised"};
     Label lblHighRatedAlerts{*this, "lblHighRatedAlerts"};
+    Label lblDriveOnMonitor{*this, "lblDriveOnMonitor"};
+    Label lblTimesMonitor{*this, "lblTimesMonitor"};
+    Label lblAlertsRaised{*this, "lblAlertsRaised"};
+    Timer tmrStat{*this, "tmrStat", 6000, true};
+    Animation Animation1{*this, "Animation1"};
 
     // Menus.
     MenuItem mnuLstV{*this, "mnuLstV"};  ///< the context menu of ListView1
     MenuItem mnuShowAl{*this, "mnuShowAl", "Show Alert Dialog"};
     MenuItem mnuShowAlert{*this, "mnuShowAlert", "Show Alert Dialog"};
+    MenuItem mnuPause{*this, "mnuPause", "Pause"};
+    MenuItem mnuComments{*this, "mnuComments", "Send Comments"};
     MenuItem mnuExit{*this, "mnuExit", "Exit"};
     CommandButton Command6{*this, "Command6", " (X)"};
 
   private:
     void nameLabels();
+    void setDesignValues();
 };
 
 /// Places in lstAct that the check itself knows.

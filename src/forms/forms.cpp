@@ -5,7 +5,7 @@
 namespace velmora {
 
 std::vector<Form*> Forms::all() {
-    return {&form1, &dlgAlert, &sysWorkSystray, &icon0, &frmIndDri};
+    return {&form1, &dlgAlert, &sysWorkSystray, &icon0, &frmIndDri, &frmNotify};
 }
 
 Form* Forms::find(const std::string& name) {

@@ -7,6 +7,7 @@
 
 #include "base/date_time.h"
 #include "forms/form1.h"
+#include "forms/frm_notify.h"
 
 namespace velmora {
 
@@ -63,6 +64,12 @@ struct Globals {
     DriveTotals driveTotals;
     DateTime dtRefreshed;
     std::int32_t lngRefreshedKB = 0;
+    bool bAutoUpdate = false;  ///< updates are asked for at start
+    std::string sTrayTip;      ///< tip of the tray icon
+    std::string strSettings;   ///< drive path of the settings file
+    std::uint64_t lastFileTime = 0;  ///< system time from which files count as modified
+    DateTime dtAppStart;
+    std::int32_t lngStartFreeKB = 0;
 };
 
 struct Forms {
@@ -71,6 +78,7 @@ struct Forms {
     SysWorkSystray sysWorkSystray;
     Icon0 icon0;
     FrmIndDri frmIndDri;
+    FrmNotify frmNotify;
     Globals globals;
 
     std::vector<Form*> all();
