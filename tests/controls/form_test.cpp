@@ -1,0 +1,77 @@
+#include "controls/form.h"
+
+#include <gtest/gtest.h>
+
+#include "controls/control_properties.h"
+
+namespace velmora::tests {
+namespace {
+
+struct FormTest : testing::Test {
+    Form form{"Form1", "Velmora"};
+    Control single{form, "txtSpace"};
+    Control first{form, "lblDP", 0};
+    Control second{form, "lblDP", 1};
+    Count<Notice<>> changes{form.Changed};
+};
+
+TEST_F(FormTest, BeginsHiddenWithItsNameAndCaption) {
+    EXPECT_EQ(form.Name(), "Form1");
+    EXPECT_EQ(form.Caption(), "Velmora");
+    EXPECT_FALSE(form.Visible());
+    EXPECT_EQ(form.Height(), 0);
+    EXPECT_EQ(form.Width(), 0);
+}
+
+TEST_F(FormTest, ShowsAndHides) {
+    form.Show();
+    EXPECT_TRUE(form.Visible());
+    form.Show();
+    EXPECT_EQ(changes, 1);
+    form.Hide();
+    EXPECT_FALSE(form.Visible());
+    EXPECT_EQ(changes, 2);
+}
+
+TEST_F(FormTest, TellsViewsOfANewCaptionAndSizeOnly) {
+    form.setCaption("Velmora");
+    form.setSize(0, 0);
+    EXPECT_EQ(changes, 0);
+    form.setCaption("Other");
+    form.setSize(8030, 9100);
+    form.setSize(8030, 3900);
+    EXPECT_EQ(changes, 3);
+    EXPECT_EQ(form.Width(), 8030);
+    EXPECT_EQ(form.Height(), 3900);
+}
+
+TEST_F(FormTest, FindsControlsByNameInAnyCaseAndByIndex) {
+    EXPECT_EQ(form.find("txtSpace"), &single);
+    EXPECT_EQ(form.find("TXTSPACE"), &single);
+    EXPECT_EQ(form.find("lbldp", 1), &second);
+    EXPECT_EQ(form.find("lblDP", 0), &first);
+}
+
+TEST_F(FormTest, FindsNothingUnderAnotherNameOrIndex) {
+    EXPECT_EQ(form.find("lblDP"), nullptr);
+    EXPECT_EQ(form.find("lblDP", 2), nullptr);
+    EXPECT_EQ(form.find("txtSpace", 0), nullptr);
+    EXPECT_EQ(form.find(""), nullptr);
+}
+
+TEST_F(FormTest, KeepsItsControlsInTheOrderOfTheirMaking) {
+    EXPECT_EQ(form.controls(), (std::vector<Control*>{&single, &first, &second}));
+}
+
+TEST_F(FormTest, ShowsItsProperties) {
+    form.setSize(8030, 9100);
+    const Properties all = form.properties();
+    EXPECT_EQ(textOf(propertyOf(all, "Caption").get()), "Velmora");
+    EXPECT_EQ(textOf(propertyOf(all, "Visible").get()), "false");
+    EXPECT_EQ(textOf(propertyOf(all, "Height").get()), "9100");
+    EXPECT_EQ(textOf(propertyOf(all, "Width").get()), "8030");
+    for (const Property& property : all) EXPECT_FALSE(property.set) << property.name;
+}
+
+}  // namespace
+}  // namespace velmora::tests
