@@ -60,21 +60,27 @@ class RealMachine final : public MachineUnderTest {
         scratch_ = machine_->toDrivePath(utf8Of(folder));
     }
     ~RealMachine() override {
+        // One by one: walking a tree fails on long paths on Windows.
         std::error_code ignored;
+        for (auto made = made_.rbegin(); made != made_.rend(); ++made) fs::remove(*made, ignored);
         fs::remove_all(hostPath(scratch_), ignored);
     }
 
     Machine& machine() override { return *machine_; }
     std::string scratch() const override { return scratch_; }
-    void makeFolder(const std::string& path) override { fs::create_directory(hostPath(path)); }
+    void makeFolder(const std::string& path) override {
+        fs::create_directory(hostPath(path));
+        made_.push_back(hostPath(path));
+    }
     void makeFile(const std::string& path, std::string_view content) override {
         std::ofstream(hostPath(path), std::ios::binary) << content;
+        made_.push_back(hostPath(path));
     }
     std::string readFile(const std::string& path) override {
         std::ifstream file(hostPath(path), std::ios::binary);
         return {std::istreambuf_iterator<char>(file), {}};
     }
-    void remove(const std::string& path) override { fs::remove_all(hostPath(path)); }
+    void remove(const std::string& path) override { fs::remove(hostPath(path)); }
     bool takesQuotes() const override { return fs::path::preferred_separator == '/'; }
 
   private:
@@ -82,6 +88,7 @@ class RealMachine final : public MachineUnderTest {
 
     std::unique_ptr<Machine> machine_ = openMachine();
     std::string scratch_;
+    std::vector<fs::path> made_;
 };
 
 }  // namespace
