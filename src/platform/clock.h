@@ -14,6 +14,8 @@ class Clock {
     virtual DateTime Now() = 0;
     /// Milliseconds of a count that never goes back; for timers.
     virtual std::int64_t GetTickCount() = 0;
+    /// The system's time in units of 100 ns since 1601-01-01 UTC.
+    virtual std::uint64_t GetSystemTimeAsFileTime() = 0;
 };
 
 }  // namespace velmora

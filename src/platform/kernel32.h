@@ -14,6 +14,10 @@ class Kernel32 {
     /// end, over the front of `buffer`. Returns the used length without that last NUL; when it is
     /// not below `length`, nothing was written and the result is the length that is needed.
     virtual std::uint32_t GetLogicalDriveStringsA(std::uint32_t length, std::string& buffer) = 0;
+
+    /// Drive path of the system's own folder, without a back-slash behind; on Linux the folder of
+    /// the desktop's sounds, since sounds are what it is asked for.
+    virtual std::string GetWindowsDirectoryA() = 0;
 };
 
 }  // namespace velmora

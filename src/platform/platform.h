@@ -5,10 +5,13 @@
 #include <string>
 
 #include "base/regional.h"
+#include "platform/advapi32.h"
 #include "platform/clock.h"
 #include "platform/file_system_object.h"
 #include "platform/kernel32.h"
+#include "platform/shell32.h"
 #include "platform/text_files.h"
+#include "platform/wscript_shell.h"
 
 namespace velmora {
 
@@ -16,6 +19,7 @@ namespace velmora {
 struct Application {
     std::string Path;     ///< drive path of its folder, without a back-slash behind
     std::string EXEName;  ///< name of the executable without extension
+    std::string Command;  ///< the command line behind the program's name, each path in quotes
 };
 
 struct Platform {
@@ -23,6 +27,9 @@ struct Platform {
     Kernel32& kernel32;
     Clock& clock;
     TextFiles& files;
+    Advapi32& advapi32;
+    Shell32& shell32;
+    WScriptShell& wscriptShell;
     Regional regional;
     Application app;
 };

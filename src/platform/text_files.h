@@ -13,6 +13,17 @@ class TextFiles {
     /// missing, 75 or 70 when it can't be opened or is in use, 61 on a full disk (then nothing of
     /// the line stays in the file), 57 on any other failure.
     virtual void appendLine(const std::string& path, std::string_view text) = 0;
+
+    /// The whole content. Error 53 when there is no such file, 76 when its folder is missing, 75 or
+    /// 70 when it can't be opened, 57 on any other failure.
+    virtual std::string readAll(const std::string& path) = 0;
+    /// Makes `content` the whole content of the file, creating it if need be. Written over the old
+    /// content in place and then cut to length, with no second file, so that a disk without a free
+    /// byte can still take a content that isn't longer than the old one. Errors as appendLine; a
+    /// full disk leaves a cut file behind.
+    virtual void writeOver(const std::string& path, std::string_view content) = 0;
+    /// Removes the file. Error 53 when there is none, 70 or 75 when it can't be removed.
+    virtual void remove(const std::string& path) = 0;
 };
 
 }  // namespace velmora

@@ -1,0 +1,39 @@
+// The registry's three operations that the program uses.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace velmora {
+
+/// Handles of the hives, as the system numbers them.
+namespace hive {
+inline constexpr std::uint32_t classesRoot = 0x80000000;
+inline constexpr std::uint32_t currentUser = 0x80000001;
+inline constexpr std::uint32_t localMachine = 0x80000002;
+inline constexpr std::uint32_t users = 0x80000003;
+inline constexpr std::uint32_t performanceData = 0x80000004;
+inline constexpr std::uint32_t currentConfig = 0x80000005;
+inline constexpr std::uint32_t dynData = 0x80000006;
+}  // namespace hive
+
+/// An open key; 0 for none.
+using RegistryKey = std::uint64_t;
+
+/// Results are the system's codes: 0 for success, 2 for a missing key, 5 for denied access, 87 for
+/// an invalid parameter, ...
+class Advapi32 {
+  public:
+    virtual ~Advapi32() = default;
+    /// `hive` is one of the handles above; `access` the access mask.
+    virtual std::int32_t RegOpenKeyExA(std::uint32_t hive, const std::string& subKey,
+                                       std::uint32_t options, std::uint32_t access,
+                                       RegistryKey& key) = 0;
+    /// `type` 1 is a text; `data` in UTF-8, of which the first `length` bytes are written.
+    virtual std::int32_t RegSetValueExA(RegistryKey key, const std::string& name,
+                                        std::uint32_t reserved, std::uint32_t type,
+                                        const std::string& data, std::uint32_t length) = 0;
+    virtual std::int32_t RegCloseKey(RegistryKey key) = 0;
+};
+
+}  // namespace velmora
