@@ -158,8 +158,8 @@ TEST(RowTrigger, TheSecondRowMeetsTheFirstRowsKilobytesAndEndsThePass) {
 
 TEST(RowTrigger, CarriedKilobytesOfUpToAHundredAreTakenAsPercentAgain) {
     CheckRig rig;
-    rig.watch("C:\\", 500, 1000);   // 10 % are 100 KB
-    rig.watch("D:\\", 499, 500);    // 100 % of 500 KB
+    rig.watch("C:\\", 500, 1000);  // 10 % are 100 KB
+    rig.watch("D:\\", 499, 500);   // 100 % of 500 KB
     rig.usePercent("10");
     rig.check();
     EXPECT_TRUE(rig.host.boxes.empty());
