@@ -32,8 +32,8 @@ TEST(CheckPass, AYieldComesBeforeEveryRow) {
         if (call.compare(0, 9, "GetDrive ") == 0) order.push_back(call);
     };
     rig.check();
-    EXPECT_EQ(order, (Texts{"yield", "GetDrive C:", "yield", "GetDrive D:", "yield",
-                            "GetDrive E:"}));
+    EXPECT_EQ(order,
+              (Texts{"yield", "GetDrive C:", "yield", "GetDrive D:", "yield", "GetDrive E:"}));
 }
 
 TEST(CheckPass, TheSecondPanelNamesEveryRow) {
@@ -49,8 +49,8 @@ TEST(CheckPass, AReadyRowGoesThroughThePanelsInOrder) {
     rig.watch("C:\\", 5000);
     rig.check();
     EXPECT_EQ(rig.panel1, (Texts{"Checking...", "Checking: C:\\", "Events Listing",
-                                 "Events Listing Check Done. 2", "Refresh Info.:",
-                                 "Ready. Check in 0 (sec.)"}));
+                                 "Events Listing Check Done. 2",
+                                 "Refresh Info.:", "Ready. Check in 0 (sec.)"}));
 }
 
 TEST(CheckPass, AShortRowGoesThroughThePanelsInOrder) {
@@ -59,11 +59,11 @@ TEST(CheckPass, AShortRowGoesThroughThePanelsInOrder) {
     rig.form1.lstAct.setSelected(0, true);
     rig.form1.lstAct.setSelected(10, true);
     rig.check();
-    EXPECT_EQ(rig.panel1,
-              (Texts{"Checking...", "Checking: C:\\", "Events Listing",
-                     "Events Listing Check Done. 2", "Refresh Info.:", "Animation:",
-                     "Checking Events for: Alert on Space Shortage",
-                     "Checking Events for: Pause Velmora on Alert ", "Ready. Check in 0 (sec.)"}));
+    EXPECT_EQ(
+        rig.panel1,
+        (Texts{"Checking...", "Checking: C:\\", "Events Listing", "Events Listing Check Done. 2",
+               "Refresh Info.:", "Animation:", "Checking Events for: Alert on Space Shortage",
+               "Checking Events for: Pause Velmora on Alert ", "Ready. Check in 0 (sec.)"}));
 }
 
 TEST(CheckPass, AnUnwatchedRowIsNotMeasured) {
@@ -84,9 +84,8 @@ TEST(CheckPass, ARowIsMeasuredByTheDriveOfItsTrimmedPath) {
     rig.drive("D:", 5, 1000);
     rig.row("  d:\\data\\films ");
     rig.check();
-    EXPECT_EQ(rig.machine.log.calls(),
-              (Texts{"GetDriveName d:\\data\\films", "GetDrive d:", "IsReady D:", "FreeSpace D:",
-                     "FreeSpace D:"}));
+    EXPECT_EQ(rig.machine.log.calls(), (Texts{"GetDriveName d:\\data\\films", "GetDrive d:",
+                                              "IsReady D:", "FreeSpace D:", "FreeSpace D:"}));
     EXPECT_EQ(rig.at(1).stateIcon(), "alert");
 }
 
@@ -105,12 +104,12 @@ TEST(CheckPass, ADriveThatIsNotReadyLosesItsIconAndIsHandedOn) {
     rig.machine.drives["C:"].ready = false;
     rig.at(1).setStateIcon("ok");
     rig.check();
-    EXPECT_EQ(rig.panel1,
-              (Texts{"Checking...", "Checking: C:\\", "Not Ready: C:\\", "Ready. Check in 0 (sec.)"}));
+    EXPECT_EQ(rig.panel1, (Texts{"Checking...", "Checking: C:\\", "Not Ready: C:\\",
+                                 "Ready. Check in 0 (sec.)"}));
     EXPECT_EQ(rig.at(1).stateIcon(), "");
     EXPECT_EQ(rig.at(1).lastChecked(), "");
-    EXPECT_EQ(rig.ports.calls, (Texts{"rowNotReady 1", "rate", "statistics", "animation 0 0",
-                                      "statistics"}));
+    EXPECT_EQ(rig.ports.calls,
+              (Texts{"rowNotReady 1", "rate", "statistics", "animation 0 0", "statistics"}));
     EXPECT_EQ(rig.alertCount(), 0);
 }
 
@@ -152,8 +151,8 @@ TEST(CheckPass, AClearedFlagEndsThePassBeforeTheRowAndTheCheckCloses) {
     };
     rig.check();
     EXPECT_EQ(callsOf(rig, "GetDrive"), Texts{"GetDrive C:"});
-    EXPECT_EQ(rig.panel2, (Texts{"Checking: C:\\", "Checking: D:\\", "Ready (e1): ",
-                                 "Checked: 15:09:26 03/14"}));
+    EXPECT_EQ(rig.panel2, (Texts{"Checking: C:\\", "Checking: D:\\",
+                                 "Ready (e1): ", "Checked: 15:09:26 03/14"}));
     EXPECT_EQ(rig.timesChecked(), 1);
     EXPECT_EQ(rig.ports.count("rate"), 1);
     rig.expectRest();

@@ -1,0 +1,67 @@
+// The alert list on a machine in memory, with a watch list of one row.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "alerts/alert_list.h"
+#include "base/errors.h"
+#include "fake/fake_machine.h"
+
+namespace velmora::tests {
+
+struct AlertRig {
+    struct Dialog : AlertDialog {
+        void show() override { ++shown; }
+        int shown = 0;
+    };
+
+    fake::FakeMachine machine;
+    fake::FakeNotifyArea notifyArea;
+    Dialog dialog;
+    Forms forms;
+    Form1& form1 = forms.form1;
+    ListView& list = forms.form1.LVAlert;
+    AlertList alerts{forms, machine.platform(), notifyArea, dialog};
+    ListItem& row;
+
+    AlertRig() : row(watchRow()) {}
+
+    void raise(const std::string& text, const std::string& rating = "High",
+               ListItem* item = nullptr, AlertFlags flags = {}) {
+        alerts.prcAlertInfo("20260314 15:09", rating, text, flags, item);
+    }
+    void raiseMany(int count) {
+        for (int i = 1; i <= count; ++i) raise(std::to_string(i), "Medium");
+    }
+    std::string text(int index) { return list.ListItems(index).SubItems(2); }
+    /// The alerts' texts from the top, with a blank between.
+    std::string texts() {
+        std::string all;
+        for (int i = 1; i <= list.Count(); ++i) all += (i > 1 ? " " : "") + text(i);
+        return all;
+    }
+    const std::string& stamp() { return row.ListSubItems(4).Tag(); }
+    bool blinks() { return forms.sysWorkSystray.tmrSystray.Enabled(); }
+    int raised() { return forms.globals.lngAlertsRaised; }
+    int high() { return forms.globals.lngHighRatedAlerts; }
+
+    /// Auto save on, with a log file that is there and empty.
+    void keepLog() {
+        form1.lblLog.setCaption(path);
+        form1.chkAutoSave.setValue(1);
+        machine.files[path] = "";
+    }
+    const std::string path = "C:\\Program Files\\Velmora\\log.dat";
+    const std::string& log() { return machine.files[path]; }
+
+  private:
+    ListItem& watchRow() {
+        for (int i = 0; i < 5; ++i) form1.ListView1.addColumn({});
+        return form1.ListView1.Add("C:\\");
+    }
+};
+
+}  // namespace velmora::tests

@@ -1,0 +1,179 @@
+// How a check closes: status, saving, rest.
+#include "monitor/check_rig.h"
+
+namespace velmora::tests {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+TEST(CheckClosing, ThePanelsTellOfTheFinishedCheck) {
+    CheckRig rig;
+    rig.watch("C:\\", 5000);
+    rig.setInterval(0, 0, 5);
+    rig.tick();
+    EXPECT_EQ(rig.panel(1), "Ready. Check in 5 (sec.)");
+    EXPECT_EQ(rig.panel(2), "Checked: 15:09:26 03/14");
+    EXPECT_EQ(rig.panel(3), "Times Checked: 1");
+    EXPECT_EQ(rig.form1.StatusBar1.Panels(1).Picture, 13);
+}
+
+TEST(CheckClosing, FinishedChecksAreCounted) {
+    CheckRig rig;
+    for (int i = 0; i < 3; ++i) rig.check();
+    EXPECT_EQ(rig.timesChecked(), 3);
+    EXPECT_EQ(rig.panel(3), "Times Checked: 3");
+}
+
+TEST(CheckClosing, APauseButtonThatOffersAStartOffersAPause) {
+    CheckRig rig;
+    EXPECT_EQ(rig.form1.cmdPause.Caption(), "Start Watch");
+    rig.check();
+    EXPECT_EQ(rig.form1.cmdPause.Caption(), "Pause Watch");
+}
+
+TEST(CheckClosing, AnotherCaptionOfThePauseButtonStays) {
+    CheckRig rig;
+    rig.form1.cmdPause.setCaption("start watch");
+    rig.check();
+    EXPECT_EQ(rig.form1.cmdPause.Caption(), "start watch");
+}
+
+TEST(CheckClosing, AnIntervalThatLostItsNumberDuringThePassBecomesFive) {
+    CheckRig rig;
+    rig.watch("C:\\", 5000);
+    rig.host.onYield = [&](int) { rig.form1.txtTime.setText("soon"); };
+    rig.check();
+    EXPECT_EQ(rig.form1.txtTime.Text(), "5");
+    EXPECT_EQ(rig.panel(1), "Ready. Check in 5 (sec.)");
+}
+
+TEST(CheckClosing, RateAndStatisticsFollowThePass) {
+    CheckRig rig;
+    rig.row("C:\\", false);
+    rig.check();
+    EXPECT_EQ(rig.ports.calls, (Texts{"prcRefreshRowIcon C:\\", "rate", "statistics",
+                                      "animation 0 0", "statistics"}));
+}
+
+TEST(CheckClosing, SettingsAreSavedBeforeTheLogAndOnlyWhenAskedFor) {
+    CheckRig rig;
+    rig.form1.chkSaveSet.setValue(1);
+    rig.check();
+    EXPECT_EQ(rig.ports.count("prcSettings 1"), 1);
+    EXPECT_EQ(rig.ports.count("saveNewEntries"), 0);
+    rig.form1.chkAutoSave.setValue(1);
+    rig.clearRecords();
+    rig.check();
+    EXPECT_EQ(rig.ports.calls, (Texts{"rate", "statistics", "prcSettings 1", "saveNewEntries",
+                                      "animation 0 0", "statistics"}));
+    rig.form1.chkSaveSet.setValue(0);
+    rig.clearRecords();
+    rig.check();
+    EXPECT_EQ(rig.ports.calls,
+              (Texts{"rate", "statistics", "saveNewEntries", "animation 0 0", "statistics"}));
+}
+
+TEST(CheckClosing, TheTimerRunsAgainBeforeAnythingIsSaved) {
+    CheckRig rig;
+    rig.form1.chkAutoSave.setValue(1);
+    bool running = false;
+    bool checking = false;
+    rig.ports.onSaveLog = [&] {
+        running = rig.form1.Timer1.Enabled();
+        checking = rig.forms.globals.bChecking;
+    };
+    rig.check();
+    EXPECT_TRUE(running);
+    EXPECT_TRUE(checking);
+    rig.expectRest();
+}
+
+TEST(CheckClosing, APauseDuringThePassIsUndoneByTheClosing) {
+    CheckRig rig;
+    rig.watch("C:\\", 5);
+    rig.form1.lstAct.setSelected(10, true);
+    rig.ports.onAction = [&](int, Shortage&) { rig.form1.Timer1.setEnabled(false); };
+    rig.check();
+    EXPECT_TRUE(rig.form1.Timer1.Enabled());
+}
+
+TEST(CheckClosing, LoggingTheTimeAfterAFullPassEndsInTheFaultPath) {
+    CheckRig rig;
+    rig.watch("C:\\", 5000);
+    rig.form1.chkLogTimeMon.setValue(1);
+    rig.form1.chkSaveSet.setValue(1);
+    rig.form1.chkAutoSave.setValue(1);
+    rig.check();
+    EXPECT_EQ(rig.alert(1),
+              std::string("High | ") + stampDateTime + " | Error: Index out of bounds");
+    EXPECT_EQ(rig.alertCount(), 1);
+    EXPECT_TRUE(rig.host.boxes.empty());
+    // The check counts, but nothing is saved.
+    EXPECT_EQ(rig.timesChecked(), 1);
+    EXPECT_EQ(rig.panel(2), "Checked: 15:09:26 03/14");
+    EXPECT_EQ(rig.ports.count("prcSettings 1"), 0);
+    EXPECT_EQ(rig.ports.count("saveNewEntries"), 0);
+    EXPECT_EQ(rig.ports.count("animation 0 0"), 0);
+    rig.expectRest();
+}
+
+TEST(CheckClosing, LoggingTheTimeOfAnEmptyListEndsInTheFaultPath) {
+    CheckRig rig;
+    rig.form1.chkLogTimeMon.setValue(1);
+    rig.check();
+    EXPECT_EQ(rig.alertTexts(), Texts{"Error: Index out of bounds"});
+    EXPECT_EQ(rig.timesChecked(), 1);
+    rig.expectRest();
+}
+
+TEST(CheckClosing, LoggingTheTimeOfACancelledPassRaisesAnAlertForItsRow) {
+    CheckRig rig;
+    rig.watch("C:\\", 5000);
+    rig.watch("D:\\", 5000);
+    rig.form1.chkLogTimeMon.setValue(1);
+    rig.host.onYield = [&](int n) {
+        if (n == 2) rig.forms.globals.bChecking = false;
+    };
+    rig.check();
+    EXPECT_EQ(rig.alert(1), "Medium | " + std::string(stampSeconds) + " | Checked: 15:09:26 03/14");
+    EXPECT_EQ(rig.alertCount(), 1);
+    EXPECT_EQ(rig.list.ListItems(2).ListSubItems(4).Tag(), "Checked: 15:09:26 03/14");
+    EXPECT_EQ(rig.forms.globals.lngHighRatedAlerts, 0);
+    EXPECT_EQ(rig.ports.count("animation 0 0"), 1);
+}
+
+TEST(CheckClosing, LoggingTheTimeOfAPassThatPercentEndedRaisesAnAlertForItsRow) {
+    CheckRig rig;
+    rig.watch("C:\\", 5000);
+    rig.usePercent("10");
+    rig.form1.txtSpace.setText("500");
+    rig.form1.chkLogTimeMon.setValue(1);
+    rig.check();
+    EXPECT_EQ(rig.alert(1), "Medium | " + std::string(stampSeconds) + " | Checked: 15:09:26 03/14");
+    EXPECT_EQ(rig.list.ListItems(1).ListSubItems(4).Tag(), "Checked: 15:09:26 03/14");
+}
+
+TEST(CheckClosing, ACountOfChecksThatOverflowsIsAnError) {
+    CheckRig rig;
+    rig.forms.globals.lngTimesChecked = 2147483647;
+    rig.setInterval(0, 0, 5);
+    rig.tick();
+    EXPECT_EQ(rig.alertTexts(), Texts{"Error: Overflow"});
+    EXPECT_EQ(rig.timesChecked(), 2147483647);
+    rig.expectRest();
+}
+
+TEST(CheckClosing, ALogThatCannotBeSavedLeavesTheCheckCounted) {
+    CheckRig rig;
+    rig.form1.chkAutoSave.setValue(1);
+    rig.ports.onSaveLog = [] { throw RuntimeError(error::permissionDenied); };
+    rig.setInterval(0, 0, 5);
+    rig.tick();
+    EXPECT_EQ(rig.alertTexts(), Texts{"Error: Permission denied"});
+    EXPECT_EQ(rig.timesChecked(), 1);
+    EXPECT_EQ(rig.panel(1), "Ready. Check in: 5 (sec.)");
+    rig.expectRest();
+}
+
+}  // namespace
+}  // namespace velmora::tests

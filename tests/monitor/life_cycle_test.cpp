@@ -1,0 +1,145 @@
+// Start and end of the program.
+#include "monitor/check_rig.h"
+
+namespace velmora::tests {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+TEST(LifeCycle, TheWatchListHasFiveColumnsTheMiddleOnesToTheRight) {
+    Rig rig;
+    rig.load();
+    Texts headers;
+    std::vector<bool> right;
+    for (int i = 1; i <= rig.list.ColumnCount(); ++i) {
+        headers.push_back(rig.list.ColumnHeaders(i).Text);
+        right.push_back(rig.list.ColumnHeaders(i).alignment == Alignment::right);
+    }
+    // The choice of KB at the end of the start has changed the fourth header.
+    EXPECT_EQ(headers, (Texts{"Drive Path", "Free Space", "Total Size", "Trigger S(KB)",
+                              "Time Last Checked"}));
+    EXPECT_EQ(right, (std::vector<bool>{false, true, true, true, false}));
+}
+
+TEST(LifeCycle, TheFirstTickShowsTheCountdownAndLeavesTheTimerOn) {
+    Rig rig;
+    rig.drive("C:", 5, 10);
+    rig.load();
+    EXPECT_EQ(rig.panel(1), "Ready. Check in: 60 (sec.)");
+    EXPECT_TRUE(rig.form1.Timer1.Enabled());
+    EXPECT_EQ(rig.form1.Timer1.Interval(), 5000);
+    EXPECT_EQ(rig.forms.globals.lngTimesChecked, 0);
+}
+
+TEST(LifeCycle, TheFirstTickComesBeforeTheDrivesAreListed) {
+    Rig rig;
+    rig.drive("C:", 5, 10);
+    rig.setInterval(0, 0, 0);
+    rig.lifeCycle.Form_Load(rig.checkCycle, rig.watchList);
+    EXPECT_EQ(rig.forms.globals.lngTimesChecked, 1);
+    EXPECT_EQ(rig.panel(2), "Checked: 15:09:26 03/14");
+    EXPECT_EQ(rig.list.Count(), 1);
+}
+
+TEST(LifeCycle, TheWindowIsShownInItsSizeWithTheDrivesOfTheMachine) {
+    Rig rig;
+    rig.drive("C:", 5, 10);
+    rig.drive("D:", 6, 10);
+    EXPECT_FALSE(rig.form1.Visible());
+    rig.load();
+    EXPECT_TRUE(rig.form1.Visible());
+    EXPECT_EQ(rig.form1.Height(), 9100);
+    EXPECT_EQ(rig.form1.Width(), 8030);
+    ASSERT_EQ(rig.list.Count(), 2);
+    EXPECT_EQ(rig.list.ListItems(2).Text(), "D:\\");
+}
+
+TEST(LifeCycle, TheLogLiesInTheProgramsFolder) {
+    Rig rig;
+    rig.load();
+    EXPECT_EQ(rig.form1.lblLog.Caption(), "C:\\Program Files\\Velmora\\log.dat");
+}
+
+TEST(LifeCycle, SizesAreInKilobytesAtTheStart) {
+    Rig rig;
+    rig.load();
+    EXPECT_TRUE(rig.form1.OpDriv[0].Value());
+    EXPECT_FALSE(rig.form1.Slider1.Visible());
+}
+
+TEST(LifeCycle, LeavingIsAskedForAndCancelLeavesEverythingRunning) {
+    Rig rig;
+    rig.load();
+    rig.host.answers = {BoxAnswer::cancel};
+    rig.form1.mnuExit.Click();
+    ASSERT_EQ(rig.host.boxes.size(), 1u);
+    EXPECT_EQ(rig.host.boxes[0].text, "Exit the program?");
+    EXPECT_EQ(rig.host.boxes[0].icon, BoxIcon::question);
+    EXPECT_EQ(rig.host.boxes[0].buttons, BoxButtons::okCancel);
+    EXPECT_EQ(rig.ports.calls, (Texts{"drop", "restore"}));
+    EXPECT_TRUE(rig.notifyArea.sent.empty());
+    EXPECT_TRUE(rig.form1.Visible());
+    EXPECT_TRUE(rig.form1.Timer1.Enabled());
+}
+
+TEST(LifeCycle, OkRemovesTheTrayIconHidesTheWindowAndEndsTheProgram) {
+    for (const bool byMenu : {true, false}) {
+        Rig rig;
+        rig.load();
+        rig.host.answers = {BoxAnswer::ok};
+        const auto leave = [&] { byMenu ? rig.form1.mnuExit.Click() : rig.form1.Command6.Click(); };
+        try {
+            leave();
+            FAIL() << "the program goes on";
+        } catch (const ProgramEnd& end) {
+            EXPECT_EQ(end.status, 0);
+        }
+        ASSERT_EQ(rig.notifyArea.sent.size(), 1u);
+        EXPECT_EQ(rig.notifyArea.sent[0].first, NotifyMessage::remove);
+        EXPECT_EQ(rig.notifyArea.sent[0].second.window, "sysWorkSystray");
+        EXPECT_FALSE(rig.form1.Visible());
+        EXPECT_EQ(rig.ports.calls, Texts{"drop"});
+    }
+}
+
+TEST(LifeCycle, TheEndButtonSaysWhatItDoes) {
+    Rig rig;
+    EXPECT_EQ(rig.form1.Command6.ToolTipText(), "End Program");
+}
+
+TEST(LifeCycle, NothingIsSavedOnLeaving) {
+    Rig rig;
+    rig.load();
+    rig.form1.chkSaveSet.setValue(1);
+    rig.form1.chkAutoSave.setValue(1);
+    rig.host.answers = {BoxAnswer::ok};
+    EXPECT_THROW(rig.form1.mnuExit.Click(), ProgramEnd);
+    EXPECT_EQ(rig.ports.count("prcSettings 1"), 0);
+    EXPECT_EQ(rig.machine.log.count(), 0);
+}
+
+TEST(LifeCycle, ClosingTheWindowOnlyHidesIt) {
+    Rig rig;
+    rig.load();
+    rig.lifeCycle.Form_Unload();
+    EXPECT_FALSE(rig.form1.Visible());
+    EXPECT_TRUE(rig.host.boxes.empty());
+    rig.check();
+    EXPECT_EQ(rig.forms.globals.lngTimesChecked, 1);
+}
+
+TEST(LifeCycle, LeavingInTheMiddleOfACheckEndsTheProgramAtOnce) {
+    CheckRig rig;
+    rig.watch("C:\\", 5);
+    rig.watch("D:\\", 5);
+    rig.host.answers = {BoxAnswer::ok};
+    rig.host.onYield = [&](int n) {
+        if (n == 3) rig.form1.mnuExit.Click();
+    };
+    EXPECT_THROW(rig.check(), ProgramEnd);
+    EXPECT_EQ(rig.at(2).lastChecked(), "");
+    EXPECT_EQ(rig.timesChecked(), 0);
+}
+
+}  // namespace
+}  // namespace velmora::tests
