@@ -3,14 +3,31 @@
 namespace velmora {
 
 Core::Core(Forms& forms, Platform& platform, Host& host, NotifyArea& notifyArea)
-    : ports_(idle_.all()),
-      alerts_(forms, platform, notifyArea, ports_.alertDialog),
+    : settings_(forms, platform),
+      alerts_(forms, platform, notifyArea, idle_.alertDialog),
+      registry_(platform.advapi32, host),
+      shellLinks_(platform, host),
+      fileList_(platform.fso),
+      options_(forms, platform, registry_),
+      statistics_(forms, platform, host),
+      watchControl_(forms, platform, host, alerts_, idle_.tray, idle_.alertDialog),
       watchList_(forms, platform, alerts_),
-      watchListCommands_(forms, platform, host, alerts_, watchList_, ports_),
+      watchListCommands_(forms, platform, host, alerts_, watchList_, ports()),
       minimumSpace_(forms, platform, host),
-      triggerEntry_(forms, platform, host, ports_.driveView),
-      checkCycle_(forms, platform, host, alerts_, ports_),
-      lifeCycle_(forms, platform, host, notifyArea, ports_.stayOnTop) {}
+      triggerEntry_(forms, platform, host, idle_.driveView),
+      checkCycle_(forms, platform, host, alerts_, ports()),
+      lifeCycle_(forms, platform, host,
+                 {checkCycle_, watchList_, watchControl_, fileList_, shellLinks_, notifyArea},
+                 ports()) {
+    forms.form1.Command8.Click.connect([this] { settings_.prcSettings(1); });
+}
+
+// The program's own parts in the place of those that do nothing.
+MonitorPorts Core::ports() {
+    return {idle_.events,     idle_.actions, statistics_,    settings_,       idle_.log,
+            idle_.rowIcons,   watchControl_, idle_.stayOnTop, idle_.driveView, idle_.alertDialog,
+            idle_.tray,       idle_.tabs,    idle_.updates};
+}
 
 void addTimers(Forms& forms, TimerQueue& queue) {
     for (Form* form : forms.all()) {

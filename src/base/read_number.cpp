@@ -132,8 +132,12 @@ class NumberReader {
 }  // namespace
 
 std::optional<double> readNumber(std::string_view text, const Regional& regional) {
-    const std::string trimmed = trim(text);
-    return NumberReader(trimmed, regional).read();
+    // Settings carry their line end with them; what is no part of the number is passed over.
+    constexpr std::string_view around = " \t\r\n";
+    const std::size_t first = text.find_first_not_of(around);
+    if (first == text.npos) return std::nullopt;
+    text = text.substr(first, text.find_last_not_of(around) - first + 1);
+    return NumberReader(text, regional).read();
 }
 
 }  // namespace velmora

@@ -1,27 +1,59 @@
 #include "monitor/life_cycle.h"
 
+#include <algorithm>
+#include <limits>
+
+#include "base/convert.h"
+#include "base/resume_next.h"
+#include "base/text.h"
+#include "monitor/maker.h"
+#include "monitor/watch_row.h"
+
 namespace velmora {
 
-LifeCycle::LifeCycle(Forms& forms, Platform& platform, Host& host, NotifyArea& notifyArea,
-                     StayOnTop& stayOnTop)
-    : forms_(forms),
-      platform_(platform),
-      host_(host),
-      notifyArea_(notifyArea),
-      stayOnTop_(stayOnTop) {
+namespace {
+
+// Size of the window at start, in twips.
+constexpr int startHeight = 9100;
+constexpr int startWidth = 8030;
+
+constexpr std::int32_t sendToFolder = 9;
+
+}  // namespace
+
+LifeCycle::LifeCycle(Forms& forms, Platform& platform, Host& host, LifeCycleParts parts,
+                     MonitorPorts ports)
+    : forms_(forms), platform_(platform), host_(host), parts_(parts), ports_(ports) {
     forms_.form1.mnuExit.Click.connect([this] { mnuExit_Click(); });
     forms_.form1.Command6.Click.connect([this] { mnuExit_Click(); });
+    forms_.form1.mnuComments.Click.connect([this] { prcComment(); });
 }
 
-void LifeCycle::Form_Load(CheckCycle& checkCycle, WatchList& watchList) {
+void LifeCycle::Form_Load() {
+    Form1& form1 = forms_.form1;
+    forms_.globals.lastFileTime = platform_.clock.GetSystemTimeAsFileTime();
+    forms_.globals.strSettings = platform_.app.Path + "\\set.dat";
     addColumns();
     // The list is empty: this only shows the countdown.
-    checkCycle.Timer1_Timer();
-    forms_.form1.Show();
-    watchList.RefreshDrive();
-    forms_.form1.setSize(8030, 9100);
-    forms_.form1.lblLog.setCaption(platform_.app.Path + "\\log.dat");
-    forms_.form1.OpDriv[0].choose();
+    parts_.checkCycle.Timer1_Timer();
+    parts_.watchControl.chkCustTime_Click();
+    forms_.sysWorkSystray.Show();
+    form1.Show();
+    parts_.watchList.RefreshDrive();
+    parts_.watchControl.chkCustTime_Click();
+    ports_.settings.prcSettings(2);
+    noteStart();
+    forms_.sysWorkSystray.Hide();
+    form1.setSize(startWidth, startHeight);
+    form1.lblLog.setCaption(platform_.app.Path + "\\log.dat");
+    ports_.tabs.lblTab_Click(0);
+    ports_.tabs.lblSpectab_Click(0);
+    form1.OpDriv[0].choose();
+    prcCommandAdd();
+    if (form1.chkUpdate.ticked()) ports_.updates.prcCheckUpdate();
+    for (int i = 1; i <= form1.ListView1.Count(); ++i) {
+        ports_.events.prcSetPrevInfoLV(form1.ListView1.ListItems(i));
+    }
 }
 
 void LifeCycle::addColumns() {
@@ -33,18 +65,70 @@ void LifeCycle::addColumns() {
     list.addColumn({"Time Last Checked", 1480});
 }
 
+// Stops at the greatest 32-bit number, as the figures of a refresh do.
+std::int32_t LifeCycle::sumOfFreeKB() {
+    double sum = 0;
+    ListView& list = forms_.form1.ListView1;
+    for (int i = 1; i <= list.Count(); ++i) {
+        const std::string& text = WatchRow(list.ListItems(i)).freeSpace();
+        if (text.empty() || contains(lowerCase(text), "n/a")) continue;
+        sum += toDouble(replaceAll(text, " KB", ""), platform_.regional);
+    }
+    return static_cast<std::int32_t>(
+        std::min<double>(sum, std::numeric_limits<std::int32_t>::max()));
+}
+
+void LifeCycle::noteStart() {
+    const std::int32_t sum = sumOfFreeKB();
+    const DateTime now = platform_.clock.Now();
+    forms_.form1.lblAppStart.setCaption(Format(now, "yyyy/mm/dd hh:mm AMPM"));
+    forms_.globals.dtAppStart = now;
+    forms_.globals.lngStartFreeKB = sum;
+}
+
+int LifeCycle::prcCommandAdd() {
+    if (!platform_.app.Command.empty()) {
+        for (const std::string& piece : split(platform_.app.Command, "\"")) {
+            if (piece.empty() || piece == " ") continue;
+            parts_.fileList.prcAllLV(forms_.form1.LVFile, piece);
+        }
+    }
+    // A machine without such a folder, or one that can't be written, must still start.
+    resumeNext([this] { addSendToShortcut(); });
+    return 1;
+}
+
+void LifeCycle::addSendToShortcut() {
+    const std::string folder = parts_.shellLinks.fSpecialFolder(sendToFolder);
+    if (folder.empty() || platform_.fso.FileExists(folder + "\\Velmora.lnk")) return;
+    const Application& app = platform_.app;
+    const std::string program = app.Path + "\\" + app.EXEName + ".exe";
+    parts_.shellLinks.fCreateShortcut(folder + "\\Velmora", {.description = "Velmora",
+                                                             .target = program,
+                                                             .arguments = {},
+                                                             .directory = app.Path,
+                                                             .hotkey = {},
+                                                             .icon = program,
+                                                             .windowStyle = 3});
+}
+
+void LifeCycle::prcComment() {
+    const std::string link = std::string("mailto:") + maker::supportAddress + "?subject=comments";
+    platform_.shell32.ShellExecuteA(forms_.form1.Name(), "open", link, "", "", 1);
+}
+
 void LifeCycle::mnuExit_Click() {
-    stayOnTop_.drop();
+    ports_.stayOnTop.drop();
     const BoxAnswer answer = host_.MsgBox({.text = "Exit the program?",
                                            .icon = BoxIcon::question,
                                            .buttons = BoxButtons::okCancel});
     if (answer != BoxAnswer::ok) {
-        stayOnTop_.restore();
+        ports_.stayOnTop.restore();
         return;
     }
     NotifyIconData icon;
     icon.window = forms_.sysWorkSystray.Name();
-    notifyArea_.Shell_NotifyIconA(NotifyMessage::remove, icon);
+    parts_.notifyArea.Shell_NotifyIconA(NotifyMessage::remove, icon);
     Form_Unload();
     throw ProgramEnd{0};
 }

@@ -2,23 +2,40 @@
 // question is the only way out.
 #pragma once
 
+#include "alerts/file_list.h"
 #include "forms/forms.h"
 #include "monitor/check_cycle.h"
-#include "monitor/minimum_space.h"
+#include "monitor/watch_control.h"
 #include "monitor/watch_list.h"
+#include "persist/shell_links.h"
 #include "platform/notify_area.h"
 
 namespace velmora {
 
+/// What the start and the end of the program touch besides the forms.
+struct LifeCycleParts {
+    CheckCycle& checkCycle;
+    WatchList& watchList;
+    WatchControl& watchControl;
+    FileList& fileList;
+    ShellLinks& shellLinks;
+    NotifyArea& notifyArea;
+};
+
 class LifeCycle {
   public:
     /// Connects the exit commands.
-    LifeCycle(Forms& forms, Platform& platform, Host& host, NotifyArea& notifyArea,
-              StayOnTop& stayOnTop);
+    LifeCycle(Forms& forms, Platform& platform, Host& host, LifeCycleParts parts,
+              MonitorPorts ports);
     LifeCycle(const LifeCycle&) = delete;
     LifeCycle& operator=(const LifeCycle&) = delete;
 
-    void Form_Load(CheckCycle& checkCycle, WatchList& watchList);
+    /// Error 53 when the settings file is missing, and those of its values.
+    void Form_Load();
+    /// Takes the command line's paths into the specified files and sees to the send-to shortcut.
+    int prcCommandAdd();
+    /// Opens a mail to the maker.
+    void prcComment();
     /// Asks, and on OK removes the tray icon and throws ProgramEnd.
     void mnuExit_Click();
     /// Hides the window; the program goes on.
@@ -26,12 +43,15 @@ class LifeCycle {
 
   private:
     void addColumns();
+    std::int32_t sumOfFreeKB();
+    void noteStart();
+    void addSendToShortcut();
 
     Forms& forms_;
     Platform& platform_;
     Host& host_;
-    NotifyArea& notifyArea_;
-    StayOnTop& stayOnTop_;
+    LifeCycleParts parts_;
+    MonitorPorts ports_;
 };
 
 }  // namespace velmora

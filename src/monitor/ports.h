@@ -76,6 +76,16 @@ class WatchSwitch {
     virtual void cmdPause_Click() {}
 };
 
+/// The icon in the notification area.
+class Tray {
+  public:
+    virtual ~Tray() = default;
+    /// Shows the icon of that form, with the tip of `Globals::sTrayTip`.
+    virtual void modifyIcon(const std::string& /*form*/) {}
+    /// Shows another tip.
+    virtual void prcToolTipText(const std::string& /*text*/) {}
+};
+
 class StayOnTop {
   public:
     virtual ~StayOnTop() = default;
@@ -91,6 +101,20 @@ class DriveView {
     virtual void prcSrvMeter(ListItem& /*row*/) {}
 };
 
+/// The window's tab strips.
+class Tabs {
+  public:
+    virtual ~Tabs() = default;
+    virtual void lblTab_Click(int /*index*/) {}
+    virtual void lblSpectab_Click(int /*index*/) {}
+};
+
+class Updates {
+  public:
+    virtual ~Updates() = default;
+    virtual void prcCheckUpdate() {}
+};
+
 struct MonitorPorts {
     EventDetection& events;
     ActionRunner& actions;
@@ -102,6 +126,9 @@ struct MonitorPorts {
     StayOnTop& stayOnTop;
     DriveView& driveView;
     AlertDialog& alertDialog;
+    Tray& tray;
+    Tabs& tabs;
+    Updates& updates;
 };
 
 /// Ports that do nothing, for whoever replaces only some of them.
@@ -116,10 +143,14 @@ struct IdlePorts {
     StayOnTop stayOnTop;
     DriveView driveView;
     AlertDialog alertDialog;
+    Tray tray;
+    Tabs tabs;
+    Updates updates;
 
     MonitorPorts all() {
         return {events,   actions,     statistics, settings,  log,
-                rowIcons, watchSwitch, stayOnTop,  driveView, alertDialog};
+                rowIcons, watchSwitch, stayOnTop,  driveView, alertDialog,
+                tray,     tabs,        updates};
     }
 };
 

@@ -44,6 +44,8 @@ class FileSystemObject {
     /// The drive part of a path as it is written: "c:" of "c:\data", "\\host\share" of
     /// "\\host\share\data", empty for a path without one. Only looks at the text.
     virtual std::string GetDriveName(const std::string& path) = 0;
+    /// The last component of a path as it is written; empty for a root.
+    virtual std::string GetFileName(const std::string& path) = 0;
     /// The drive of a specification: a letter, a letter and a colon, a root ("c:\") or a share
     /// (with or without a back-slash behind). Error 5 for any other text. A drive that isn't there
     /// is a drive that isn't ready.
@@ -61,6 +63,9 @@ class FileSystemObject {
 
 /// What GetDriveName gives, for backends: the rule is the same on every host.
 std::string driveNameOf(const std::string& path);
+
+/// What GetFileName gives, likewise.
+std::string fileNameOf(const std::string& path);
 
 /// A drive specification in its one form: "C:" or "\\host\share"; empty when the text is none.
 std::string driveOfSpecification(const std::string& specification);

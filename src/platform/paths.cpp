@@ -25,6 +25,13 @@ std::string driveNameOf(const std::string& path) {
     return {};
 }
 
+std::string fileNameOf(const std::string& path) {
+    std::string rest = path.substr(driveNameOf(path).size());
+    while (!rest.empty() && (rest.back() == '\\' || rest.back() == '/')) rest.pop_back();
+    const auto separator = rest.find_last_of("\\/");
+    return separator == std::string::npos ? rest : rest.substr(separator + 1);
+}
+
 std::string driveOfSpecification(const std::string& specification) {
     std::string bare = specification;
     if (isShare(bare)) {

@@ -28,6 +28,11 @@ class Shell32 {
     /// Writes the place's drive path and a NUL over the front of `buffer`; false when it has no
     /// path or doesn't fit.
     virtual bool SHGetPathFromIDListA(const ItemIdList& list, std::string& buffer) = 0;
+    /// Opens, explores or prints a file, a folder or an address with the program for it; `owner`
+    /// is the name of a form. Above 32 when the system took the order.
+    virtual std::int32_t ShellExecuteA(const std::string& owner, const std::string& operation,
+                                       const std::string& file, const std::string& parameters,
+                                       const std::string& directory, std::int32_t showCommand) = 0;
     /// Whether the system took the order.
     virtual bool ShellExecuteEx(const ShellExecuteInfo& info) = 0;
 };

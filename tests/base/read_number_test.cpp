@@ -56,8 +56,9 @@ TEST(ReadNumber, ReadsSignsPointsGroupsAndExponents) {
                    unitedStates);
 }
 
-TEST(ReadNumber, PassesOverBlanksAroundTheNumber) {
+TEST(ReadNumber, PassesOverBlanksTabsAndLineEndsAroundTheNumber) {
     expectReadings({{" 12", 12}, {"12  ", 12}, {"  -1.5 ", -1.5}}, unitedStates);
+    expectReadings({{"60\r\n", 60}, {"\t-1\n", -1}, {"\r\n 2.5\t", 2.5}}, unitedStates);
 }
 
 TEST(ReadNumber, RefusesOtherText) {
@@ -65,7 +66,7 @@ TEST(ReadNumber, RefusesOtherText) {
         {"",        " ",   "abc",    "12a",   "a12",   "-",     "+",       ".",    "-.",  "--1",
          "+-1",     "- 1", "1 2",    "1.2.3", "1-",    "e5",    ".e5",     "1e",   "1e+", "1e5.5",
          "1e5,000", ",1",  "1,",     "1,,2",  "1.2,3", "1,.5",  "0x10",    "&H10", "inf", "nan",
-         "1\t",     "\t1", "12\r\n", "$5",    "(5)",   "1e5 x", "\xD9\xA1"},
+         "1\t2",    "\r\n", "1\r\n2", "$5",    "(5)",   "1e5 x", "\xD9\xA1"},
         unitedStates);
 }
 

@@ -1,0 +1,83 @@
+#include "monitor/space_statistics.h"
+
+#include <algorithm>
+
+#include "base/convert.h"
+#include "base/format_number.h"
+#include "base/text.h"
+#include "monitor/watch_row.h"
+
+namespace velmora {
+
+SpaceStatistics::SpaceStatistics(Forms& forms, Platform& platform, Host& host)
+    : forms_(forms), platform_(platform), host_(host) {
+    forms_.form1.tmrStat.Tick.connect([this] { tmrStat_Timer(); });
+}
+
+std::string SpaceStatistics::prcSpaceRateChange(ListView& thisLV, const std::string&) {
+    if (thisLV.Count() == 0) return "N/A";
+    const Regional& regional = platform_.regional;
+    double before = 0;
+    double now = 0;
+    for (int i = thisLV.Count(); i >= 1; --i) {
+        host_.DoEvents();
+        const WatchRow row(thisLV.ListItems(i));
+        if (!row.watched() || row.previousFree().empty()) continue;
+        // A row that isn't available has no values.
+        if (contains(lowerCase(row.freeSpace()), "n/a")) continue;
+        before += toDouble(row.previousFree(), regional);
+        now += toDouble(replaceAll(row.freeSpace(), " KB", ""), regional);
+    }
+    lngRateChange_ = toLong(now - before);
+    if (lngRateInterval_ < 1) lngRateInterval_ = toLong(forms_.form1.txtTime.Text(), regional);
+    double rate = 0;
+    if (lngRateChange_ != 0) {
+        // Checks without a pause are taken as a second apart.
+        const double each = static_cast<double>(lngRateChange_) / std::max(1, lngRateInterval_);
+        // A rate too small for the picture leaves its point alone, which is no number.
+        rate = readNumber(Format(each, "##.##", regional), regional).value_or(0);
+    }
+    const std::string whole = FormatNumber(rate / 1024, 0, Grouping::regional, regional);
+    lngRateWhole_ = toLong(whole, regional);
+    return toText(lngRateWhole_);
+}
+
+void SpaceStatistics::updateSpaceChangeRate() {
+    Form1& form1 = forms_.form1;
+    form1.lblSpaceChangeRate.setCaption(
+        prcSpaceRateChange(form1.ListView1, form1.txtTime.Text()));
+}
+
+void SpaceStatistics::prcUpdateStatistics() {
+    Form1& form1 = forms_.form1;
+    const Globals& globals = forms_.globals;
+    form1.lblHighRatedAlerts.setCaption(toText(globals.lngHighRatedAlerts));
+    form1.lblAlertsRaised.setCaption(toText(globals.lngAlertsRaised));
+    int watched = 0;
+    for (int i = 1; i <= form1.ListView1.Count(); ++i) {
+        if (form1.ListView1.ListItems(i).Checked()) ++watched;
+    }
+    form1.lblDriveOnMonitor.setCaption(toText(watched));
+    updateSpaceChangeRate();
+    form1.lblTimesMonitor.setCaption(toText(globals.lngTimesChecked));
+}
+
+void SpaceStatistics::tmrStat_Timer() {
+    host_.DoEvents();
+    constexpr std::size_t overview = 4;
+    if (forms_.form1.frmSp[overview].Visible() && !forms_.globals.bChecking) {
+        prcUpdateStatistics();
+    }
+}
+
+void SpaceStatistics::prcSrvAnimation(float clip, float play) {
+    Animation& animation = forms_.form1.Animation1;
+    if (clip == 0 || clip == 1) {
+        const std::string file = platform_.app.Path + (clip == 0 ? "\\spin.avi" : "\\alert.avi");
+        if (platform_.fso.FileExists(file)) animation.Open(file);
+    }
+    if (play == 0) animation.Stop();
+    if (play == 1) animation.Play();
+}
+
+}  // namespace velmora

@@ -1,0 +1,26 @@
+// The options of the settings page that have handlers of a few lines.
+#pragma once
+
+#include "forms/forms.h"
+#include "persist/registry.h"
+#include "platform/platform.h"
+
+namespace velmora {
+
+class Options {
+  public:
+    /// Connects the handlers to the forms.
+    Options(Forms& forms, Platform& platform, Registry& registry);
+    Options(const Options&) = delete;
+    Options& operator=(const Options&) = delete;
+
+  private:
+    void chkStartUp_Click();
+    void chkLog_Click();
+
+    Forms& forms_;
+    Platform& platform_;
+    Registry& registry_;
+};
+
+}  // namespace velmora

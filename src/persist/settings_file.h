@@ -1,0 +1,27 @@
+// The settings file: all settings, one scrambled key and value a line, beside the executable.
+#pragma once
+
+#include <cstdint>
+
+#include "forms/forms.h"
+#include "platform/platform.h"
+
+namespace velmora {
+
+class SettingsFile {
+  public:
+    SettingsFile(Forms& forms, Platform& platform) : forms_(forms), platform_(platform) {}
+
+    /// 1 writes the file of `Globals::strSettings`, 2 reads it; any other number touches no file.
+    /// At last an interval of 0 or less becomes "5"; error 13 when it is no number. Errors of the
+    /// file (53 when it is missing) and of its values go to the caller.
+    void prcSettings(std::int16_t bSet);
+    /// Does nothing; saving goes through prcSettings.
+    void prcSaveSettings() {}
+
+  private:
+    Forms& forms_;
+    Platform& platform_;
+};
+
+}  // namespace velmora

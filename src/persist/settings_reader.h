@@ -1,0 +1,21 @@
+// Reading the settings file into the fields.
+#pragma once
+
+#include <string_view>
+
+#include "forms/forms.h"
+#include "platform/platform.h"
+
+namespace velmora {
+
+/// Sets a field for each line that holds a known key and passes over all others. Fields fire their
+/// events. Errors: 5 and 6 as prcDe; 13 for a value that isn't the number or date that is wanted,
+/// and for an index outside its list; 380 for a check box value that is none.
+void readSettings(std::string_view content, Forms& forms, Platform& platform);
+
+/// The interval picker out of a number of seconds, by the rules of the file: hours are a rounded
+/// quotient, minutes above 59 become the remainder by 3600, seconds below 10 are dropped. A part
+/// that the picker can't hold stays as it was.
+void setInterval(DatePicker& picker, double seconds);
+
+}  // namespace velmora

@@ -1,0 +1,46 @@
+// Links to the system's shell: special folders, shortcuts, the folder browser, the properties
+// sheet.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "platform/host.h"
+#include "platform/platform.h"
+
+namespace velmora {
+
+/// What a shortcut says. The optional texts may be missing.
+struct ShortcutTexts {
+    std::string description;
+    std::string target;
+    std::optional<std::string> arguments;
+    std::optional<std::string> directory;  ///< the target when missing
+    std::optional<std::string> hotkey;
+    std::optional<std::string> icon;  ///< the target's second icon when missing
+    int windowStyle = 1;
+};
+
+class ShellLinks {
+  public:
+    ShellLinks(Platform& platform, Host& host) : platform_(platform), host_(host) {}
+
+    /// Drive path of a special folder by its CSIDL number; empty on a failure.
+    std::string fSpecialFolder(std::int32_t id);
+    /// Makes a shortcut, with ".lnk" behind its name unless it ends in that or ".url". False when
+    /// none can be made.
+    bool fCreateShortcut(std::string file, const ShortcutTexts& texts);
+    /// A chosen folder's drive path, or an empty text.
+    std::string prcBrowseForFolder(const std::string& title) {
+        return host_.BrowseForFolder(title);
+    }
+    /// The system's properties sheet of a file, owned by the window of that form.
+    void prcShowProperties(const std::string& path, const std::string& owner);
+
+  private:
+    Platform& platform_;
+    Host& host_;
+};
+
+}  // namespace velmora
