@@ -1,6 +1,8 @@
 #include "app/console_program.h"
 
 #include <array>
+#include <string>
+#include <string_view>
 
 #include "app/core.h"
 #include "console/commands.h"
@@ -37,6 +39,12 @@ void reportEvents(Forms& forms, Core& core, console::Output& output, console::Wa
     });
 }
 
+// Editors and shells on Windows put one in front of the first line.
+void dropByteOrderMark(std::string& line) {
+    constexpr std::string_view mark = "\xEF\xBB\xBF";
+    if (line.starts_with(mark)) line.erase(0, mark.size());
+}
+
 void obey(std::istream& input, console::Output& output, console::Commands& commands,
           std::ostream& stream) {
     std::string line;
@@ -45,6 +53,7 @@ void obey(std::istream& input, console::Output& output, console::Commands& comma
         output.flush();
         const console::LineRead read = console::readLine(input, line);
         if (read == console::LineRead::end) break;
+        if (!any) dropByteOrderMark(line);
         any = true;
         if (read == console::LineRead::tooLong) {
             output.error("a line may be 1 MB long");
@@ -53,6 +62,7 @@ void obey(std::istream& input, console::Output& output, console::Commands& comma
         }
     }
     if (!any) stream << usage;
+    output.flush();
 }
 
 }  // namespace
@@ -83,7 +93,7 @@ int runConsole(Machine& machine, std::istream& input, std::ostream& stream,
     } catch (const ProgramEnd& end) {
         status = end.status;
     }
-    output.flush();
+    stream.flush();
     return status;
 }
 

@@ -16,11 +16,15 @@ template <typename Kind>
 Kind& controlOf(Forms& forms, const std::string& name, const char* what) {
     const Target target = resolveControl(forms, name);
     auto* control = dynamic_cast<Kind*>(target.control);
-    if (control == nullptr || target.part) throw CommandError("not a " + std::string(what) + ": " + name);
+    if (control == nullptr || target.part) {
+        throw CommandError("not a " + std::string(what) + ": " + name);
+    }
     return *control;
 }
 
-int readIndex(const std::string& text) { return static_cast<int>(readWhole(text, 0, 1 << 30)); }
+int readIndex(const std::string& text) {
+    return static_cast<int>(readWhole(text, 0, 1 << 30));
+}
 
 }  // namespace
 
@@ -121,16 +125,16 @@ void Commands::menu(Words& words) {
 }
 
 void Commands::tick(Words& words) {
-    const Target target = resolveControl(forms_, words.next());
+    Control& control = controlOf<Control>(forms_, words.next(), "list");
     const int index = readIndex(words.next());
     const bool on = readSwitch(words.next());
     words.end();
-    if (auto* rows = dynamic_cast<ListView*>(target.control)) {
+    if (auto* rows = dynamic_cast<ListView*>(&control)) {
         rows->userTick(index, on);
-    } else if (auto* entries = dynamic_cast<ListBox*>(target.control)) {
+    } else if (auto* entries = dynamic_cast<ListBox*>(&control)) {
         entries->userTick(index, on);
     } else {
-        throw CommandError("not a list: " + target.control->Name());
+        throw CommandError("not a list: " + control.Name());
     }
     output_.ok();
 }
@@ -152,16 +156,16 @@ void Commands::select(Words& words) {
 }
 
 void Commands::rows(Words& words) {
-    const Target target = resolveControl(forms_, words.next());
+    Control& control = controlOf<Control>(forms_, words.next(), "list");
     words.end();
-    if (const auto* list = dynamic_cast<ListView*>(target.control)) {
+    if (const auto* list = dynamic_cast<ListView*>(&control)) {
         output_.rows(*list);
-    } else if (const auto* entries = dynamic_cast<ListBox*>(target.control)) {
+    } else if (const auto* entries = dynamic_cast<ListBox*>(&control)) {
         output_.entries(*entries);
-    } else if (const auto* box = dynamic_cast<ComboBox*>(target.control)) {
+    } else if (const auto* box = dynamic_cast<ComboBox*>(&control)) {
         output_.entries(*box);
     } else {
-        throw CommandError("not a list: " + target.control->Name());
+        throw CommandError("not a list: " + control.Name());
     }
 }
 

@@ -8,9 +8,12 @@ namespace {
 
 bool offers(BoxButtons buttons, BoxAnswer answer) {
     switch (buttons) {
-        case BoxButtons::okCancel: return answer == BoxAnswer::ok || answer == BoxAnswer::cancel;
-        case BoxButtons::yesNo: return answer == BoxAnswer::yes || answer == BoxAnswer::no;
-        case BoxButtons::ok: break;
+        case BoxButtons::okCancel:
+            return answer == BoxAnswer::ok || answer == BoxAnswer::cancel;
+        case BoxButtons::yesNo:
+            return answer == BoxAnswer::yes || answer == BoxAnswer::no;
+        case BoxButtons::ok:
+            break;
     }
     return false;
 }
@@ -34,13 +37,17 @@ std::string ConsoleHost::nextText() {
     return text;
 }
 
-std::string ConsoleHost::BrowseForFolder(const std::string&) { return nextText(); }
+std::string ConsoleHost::BrowseForFolder(const std::string&) {
+    return nextText();
+}
 
 std::string ConsoleHost::OpenFileDialog(const std::string&, const std::string&) {
     return nextText();
 }
 
-void ConsoleHost::DoEvents() { fireTimers(); }
+void ConsoleHost::DoEvents() {
+    fireTimers();
+}
 
 void ConsoleHost::fireTimers() {
     guarded([this] { timers_.fireDue(); });

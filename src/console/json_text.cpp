@@ -31,7 +31,9 @@ Json rowObject(const ListItem& row) {
 
 }  // namespace
 
-std::string jsonString(std::string_view text) { return dump(Json(text)); }
+std::string jsonString(std::string_view text) {
+    return dump(Json(text));
+}
 
 std::optional<std::string> readJsonString(std::string_view literal) {
     const Json read = Json::parse(literal, nullptr, false);
@@ -39,7 +41,9 @@ std::optional<std::string> readJsonString(std::string_view literal) {
     return read.get<std::string>();
 }
 
-std::string jsonValue(const PropertyValue& value) { return dump(toJson(value)); }
+std::string jsonValue(const PropertyValue& value) {
+    return dump(toJson(value));
+}
 
 std::string jsonObject(const JsonFields& fields) {
     Json object = Json::object();

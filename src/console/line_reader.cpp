@@ -2,14 +2,28 @@
 
 namespace velmora::console {
 
+namespace {
+
+constexpr int end = std::char_traits<char>::eof();
+
+// The next byte. The buffer of a file throws on an input that can't be read, such as a folder.
+int nextByte(std::streambuf& buffer) {
+    try {
+        return buffer.sbumpc();
+    } catch (const std::ios_base::failure&) {
+        return end;
+    }
+}
+
+}  // namespace
+
 LineRead readLine(std::istream& input, std::string& line) {
     line.clear();
     std::streambuf& buffer = *input.rdbuf();
-    constexpr int end = std::char_traits<char>::eof();
     bool tooLong = false;
-    int c = buffer.sbumpc();
+    int c = nextByte(buffer);
     if (c == end) return LineRead::end;
-    for (; c != end && c != '\n'; c = buffer.sbumpc()) {
+    for (; c != end && c != '\n'; c = nextByte(buffer)) {
         if (line.size() > longestLine) {
             tooLong = true;
         } else {

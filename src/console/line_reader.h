@@ -15,7 +15,8 @@ enum class LineRead {
     end,
 };
 
-/// Reads one line without its line end (LF or CR LF); the last one may lack it.
+/// Reads one line without its line end (LF or CR LF); the last one may lack it. An input that can't
+/// be read has ended.
 LineRead readLine(std::istream& input, std::string& line);
 
 }  // namespace velmora::console

@@ -8,29 +8,40 @@ namespace {
 
 const char* iconName(BoxIcon icon) {
     switch (icon) {
-        case BoxIcon::critical: return "critical";
-        case BoxIcon::question: return "question";
-        case BoxIcon::information: return "information";
-        case BoxIcon::none: break;
+        case BoxIcon::critical:
+            return "critical";
+        case BoxIcon::question:
+            return "question";
+        case BoxIcon::information:
+            return "information";
+        case BoxIcon::none:
+            break;
     }
     return "none";
 }
 
 const char* buttonsName(BoxButtons buttons) {
     switch (buttons) {
-        case BoxButtons::okCancel: return "ok cancel";
-        case BoxButtons::yesNo: return "yes no";
-        case BoxButtons::ok: break;
+        case BoxButtons::okCancel:
+            return "ok cancel";
+        case BoxButtons::yesNo:
+            return "yes no";
+        case BoxButtons::ok:
+            break;
     }
     return "ok";
 }
 
 const char* answerName(BoxAnswer answer) {
     switch (answer) {
-        case BoxAnswer::cancel: return "cancel";
-        case BoxAnswer::yes: return "yes";
-        case BoxAnswer::no: return "no";
-        case BoxAnswer::ok: break;
+        case BoxAnswer::cancel:
+            return "cancel";
+        case BoxAnswer::yes:
+            return "yes";
+        case BoxAnswer::no:
+            return "no";
+        case BoxAnswer::ok:
+            break;
     }
     return "ok";
 }
@@ -41,11 +52,15 @@ std::string plain(const PropertyValue& value) {
     return std::get<bool>(value) ? "True" : "False";
 }
 
-const char* tick(bool ticked) { return ticked ? "[x] " : "[ ] "; }
+const char* tick(bool ticked) {
+    return ticked ? "[x] " : "[ ] ";
+}
 
 }  // namespace
 
-void Output::ok() { line(json_ ? R"({"ok":true})" : "ok"); }
+void Output::ok() {
+    line(json_ ? R"({"ok":true})" : "ok");
+}
 
 void Output::value(const PropertyValue& value) {
     line(json_ ? R"({"ok":)" + jsonValue(value) + "}" : plain(value));
@@ -107,9 +122,9 @@ void Output::text(const std::string& lines) {
 
 void Output::alert(const ListItem& row) {
     if (json_) {
-        return event("alert", {{"time", row.SubItems(1)},
-                               {"rating", row.Text()},
-                               {"text", row.SubItems(2)}});
+        return event(
+            "alert",
+            {{"time", row.SubItems(1)}, {"rating", row.Text()}, {"text", row.SubItems(2)}});
     }
     line("alert: " + asOneLine(row.SubItems(1)) + " | " + asOneLine(row.Text()) + " | " +
          asOneLine(row.SubItems(2)));
@@ -123,8 +138,8 @@ void Output::box(const Box& box, BoxAnswer answer) {
                              {"buttons", buttonsName(box.buttons)},
                              {"answer", answerName(answer)}});
     }
-    line("box: " + asOneLine(box.title) + " | " + iconName(box.icon) + " | " +
-         asOneLine(box.text) + " | " + buttonsName(box.buttons) + " -> " + answerName(answer));
+    line("box: " + asOneLine(box.title) + " | " + iconName(box.icon) + " | " + asOneLine(box.text) +
+         " | " + buttonsName(box.buttons) + " -> " + answerName(answer));
 }
 
 void Output::status(int panel, const std::string& text) {
@@ -139,6 +154,10 @@ void Output::shell(const std::string& operation, const JsonFields& details) {
     std::string text = "shell: " + operation;
     for (const auto& [name, value] : details) text += " | " + name + " " + plain(value);
     line(text);
+}
+
+void Output::flush() {
+    if (!stream_.flush()) throw ProgramEnd{1};
 }
 
 void Output::event(const std::string& name, JsonFields fields) {

@@ -37,7 +37,9 @@ class Output {
     /// An operation handed to the system's shell.
     void shell(const std::string& operation, const JsonFields& details);
 
-    void flush() { stream_.flush(); }
+    /// Hands everything to the reader. Ends the program with status 1 when there is none any more:
+    /// nobody would hear of what it does or could tell it to stop.
+    void flush();
 
   private:
     void line(const std::string& text) { stream_ << text << '\n'; }

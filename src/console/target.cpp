@@ -1,5 +1,6 @@
 #include "console/target.h"
 
+#include <algorithm>
 #include <charconv>
 #include <vector>
 
@@ -21,10 +22,11 @@ Piece readPiece(const std::string& text) {
     const std::size_t open = text.find('(');
     if (open == std::string::npos) return {text, std::nullopt};
     int index = 0;
-    const char* first = text.data() + open + 1;
-    const char* last = text.data() + text.size() - 1;
-    const auto read = std::from_chars(first, last, index);
-    if (text.back() != ')' || read.ec != std::errc{} || read.ptr != last || index < 0) {
+    const std::string_view digits = std::string_view(text).substr(open + 1);
+    const char* last = digits.data() + digits.size();
+    const auto read = std::from_chars(digits.data(), last, index);
+    // Nothing but the closing bracket may be left.
+    if (read.ec != std::errc{} || std::string_view(read.ptr, last) != ")" || index < 0) {
         throw CommandError("not an index: " + text);
     }
     return {text.substr(0, open), index};
@@ -36,7 +38,7 @@ bool setControl(Target& target, const Piece& piece) {
     if (!piece.index) return false;
     // A number that is no control array's counts the parts of one control.
     target.control = target.form->find(piece.name);
-    target.part = piece.index;
+    if (target.control != nullptr) target.part = piece.index;
     return target.control != nullptr;
 }
 
@@ -57,31 +59,32 @@ Property Target::find() const {
         wanted = part ? control->mainPartProperty() : control->mainProperty();
     }
     if (wanted.empty()) wanted = "Caption";
+    const std::string key = lowerCase(wanted);
     for (Property& candidate : properties()) {
-        if (lowerCase(candidate.name) == lowerCase(wanted)) return candidate;
+        if (lowerCase(candidate.name) == key) return candidate;
     }
     unknown("property", wanted);
 }
 
 Target resolve(Forms& forms, const std::string& name) {
     const std::vector<std::string> texts = split(name, ".");
-    std::vector<Piece> pieces;
-    for (const std::string& text : texts) pieces.push_back(readPiece(text));
+    const bool gaps = std::find(texts.begin(), texts.end(), "") != texts.end();
+    if (gaps || texts.size() > 3) throw CommandError("not a name: " + name);
 
     Target target;
-    std::size_t at = 0;
-    target.form = pieces[0].index ? nullptr : forms.find(pieces[0].name);
-    if (target.form != nullptr) {
-        ++at;
-        if (at == pieces.size()) return target;
-        if (setControl(target, pieces[at])) ++at;
-    } else {
-        target.form = &forms.form1;
-        if (!setControl(target, pieces[at])) unknown("control", texts[at]);
-        ++at;
+    target.form = forms.find(texts[0]);
+    std::size_t at = target.form != nullptr ? 1 : 0;
+    if (target.form == nullptr) target.form = &forms.form1;
+    if (at < texts.size()) {
+        if (setControl(target, readPiece(texts[at]))) {
+            ++at;
+        } else if (at == 0 || texts.size() == 3) {
+            // Alone behind a form it may still be the form's own property.
+            unknown("control", texts[at]);
+        }
     }
-    if (at < pieces.size()) target.property = texts[at++];
-    if (at < pieces.size()) unknown("property", texts[at]);
+    if (at < texts.size()) target.property = texts[at++];
+    if (at < texts.size()) unknown("property", texts[at]);
     return target;
 }
 

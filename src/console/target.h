@@ -12,9 +12,9 @@ namespace velmora::console {
 /// What a name stands for: a form, a control on it, or a numbered part of a control.
 struct Target {
     Form* form = nullptr;
-    Control* control = nullptr;   ///< null for the form itself
-    std::optional<int> part;      ///< panel, button, column or entry
-    std::string property;         ///< empty when the name has none
+    Control* control = nullptr;  ///< null for the form itself
+    std::optional<int> part;     ///< panel, button, column or entry
+    std::string property;        ///< empty when the name has none
 
     Properties properties() const;
     /// The named property, or the main one; CommandError when there is none.

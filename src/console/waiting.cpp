@@ -1,6 +1,7 @@
 #include "console/waiting.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "base/text.h"
 
@@ -13,7 +14,7 @@ constexpr std::int64_t nap = 1000;
 }  // namespace
 
 void Waiting::forSeconds(double seconds) {
-    const auto end = clock_.GetTickCount() + static_cast<std::int64_t>(seconds * 1000);
+    const auto end = clock_.GetTickCount() + std::llround(seconds * 1000);
     run(end, [] { return false; });
 }
 

@@ -9,7 +9,9 @@ namespace velmora::console {
 
 namespace {
 
-bool isBlank(char c) { return c == ' ' || c == '\t'; }
+bool isBlank(char c) {
+    return c == ' ' || c == '\t';
+}
 
 // Where the closing quote of an escaped text stands, counted from its opening quote; npos if none.
 std::size_t closingQuote(std::string_view text) {
@@ -23,11 +25,15 @@ std::size_t closingQuote(std::string_view text) {
     return std::string_view::npos;
 }
 
-bool beginsEscaped(std::string_view text) { return text.substr(0, 2) == "$\""; }
+bool beginsEscaped(std::string_view text) {
+    return text.substr(0, 2) == "$\"";
+}
 
 }  // namespace
 
-Words::Words(std::string_view line) : rest_(line) { skipBlanks(); }
+Words::Words(std::string_view line) : rest_(line) {
+    skipBlanks();
+}
 
 void Words::skipBlanks() {
     while (!rest_.empty() && isBlank(rest_.front())) rest_.remove_prefix(1);

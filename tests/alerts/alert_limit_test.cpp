@@ -95,6 +95,12 @@ TEST(AlertLimit, AFractionIsComparedAsItStandsAndRoundedForTheCut) {
     same.expectNewest(50, 50);
 }
 
+TEST(AlertLimit, ALimitBeyondThirtyTwoBitsIsJustAHighOne) {
+    Filled rig(5, "3000000000");
+    rig.form1.UpDown3.Change();
+    rig.expectNewest(5, 5);
+}
+
 TEST(AlertLimit, ALimitBelowNothingEmptiesTheListAndNoMore) {
     Filled rig(5, "-3");
     rig.form1.UpDown3.Change();

@@ -52,8 +52,15 @@ bool HelperProcess::start() {
 
 void HelperProcess::stop() {
     if (socket_ >= 0) {
+        // Idle, it ends at once, and is waited for so that it doesn't linger as a dead entry.
+        shutdown(socket_, SHUT_WR);
+        const bool isEnding = !pending_ && waitForEnd();
         close(socket_);
-        stopped_.push_back(process_);
+        if (isEnding) {
+            while (waitpid(process_, nullptr, 0) < 0 && errno == EINTR) continue;
+        } else {
+            stopped_.push_back(process_);
+        }
     }
     socket_ = -1;
     process_ = -1;
@@ -89,9 +96,18 @@ HelperProcess::Received HelperProcess::receive(HelperReply& reply) const {
 }
 
 bool HelperProcess::waitForAnswer() const {
+    return waitFor(POLLIN, deadline_);
+}
+
+bool HelperProcess::waitForEnd() const {
+    // The hang-up is told without being asked for.
+    return waitFor(0, std::chrono::milliseconds(100));
+}
+
+bool HelperProcess::waitFor(short events, std::chrono::milliseconds deadline) const {
     using std::chrono::steady_clock;
-    const auto end = steady_clock::now() + deadline_;
-    pollfd waiting{socket_, POLLIN, 0};
+    const auto end = steady_clock::now() + deadline;
+    pollfd waiting{socket_, events, 0};
     while (true) {
         const auto left =
             std::chrono::ceil<std::chrono::milliseconds>(end - steady_clock::now()).count();

@@ -43,6 +43,8 @@ class HelperProcess {
     enum class Received { answer, nothing, end };
     Received receive(HelperReply& reply) const;
     bool waitForAnswer() const;
+    bool waitForEnd() const;
+    bool waitFor(short events, std::chrono::milliseconds deadline) const;
     void reapStopped();
 
     std::chrono::milliseconds deadline_;

@@ -1,0 +1,124 @@
+#include "console/waiting.h"
+
+#include <gtest/gtest.h>
+
+#include "base/runtime_error.h"
+#include "session.h"
+
+namespace velmora::console {
+namespace {
+
+struct WaitingTest : testing::Test, tests::Session {
+    WaitingTest() {
+        form1.Timer1.setEnabled(false);
+        timer.Tick.connect([this] { ++ticks; });
+        timers.add(timer);
+    }
+
+    int ticks = 0;
+    Timer timer{form1, "tmrTest", 2000, true};
+};
+
+TEST_F(WaitingTest, TakesTheGivenTime) {
+    waiting.forSeconds(7.25);
+    EXPECT_EQ(slept, 7250);
+    waiting.forSeconds(1.001);
+    EXPECT_EQ(slept, 8251);
+    waiting.forSeconds(0);
+    EXPECT_EQ(slept, 8251);
+}
+
+TEST_F(WaitingTest, TicksATimerOnceAnInterval) {
+    waiting.forSeconds(10);
+    EXPECT_EQ(ticks, 5);
+    waiting.forSeconds(1.999);
+    EXPECT_EQ(ticks, 5);
+    waiting.forSeconds(0.001);
+    EXPECT_EQ(ticks, 6);
+}
+
+TEST_F(WaitingTest, TicksEachTimerInItsOwnTime) {
+    std::string order;
+    Timer other{form1, "tmrOther", 3000, true};
+    timers.add(other);
+    timer.Tick.connect([&] { order += "2"; });
+    other.Tick.connect([&] { order += "3"; });
+    waiting.forSeconds(9);
+    EXPECT_EQ(order, "2322323");  // at 2, 3, 4, 6, 6, 8 and 9 s
+}
+
+TEST_F(WaitingTest, TicksNoTimerOutsideAWait) {
+    machine.advance(1'000'000);
+    EXPECT_EQ(ticks, 0);
+    waiting.forSeconds(0);
+    EXPECT_EQ(ticks, 1);  // what it missed counts as one
+}
+
+TEST_F(WaitingTest, LeavesATimerThatIsOffAlone) {
+    timer.setEnabled(false);
+    waiting.forSeconds(10);
+    EXPECT_EQ(ticks, 0);
+    EXPECT_EQ(slept, 10000);
+}
+
+TEST_F(WaitingTest, FollowsATimerThatAHandlerSwitches) {
+    timer.Tick.connect([this] { timer.setInterval(ticks == 1 ? 5000 : 1000); });
+    waiting.forSeconds(9);  // at 2, 7, 8 and 9 s
+    EXPECT_EQ(ticks, 4);
+}
+
+TEST_F(WaitingTest, ForSomethingEndsWhenItIsSeen) {
+    timer.Tick.connect([this] { waiting.seen("Times Checked: " + std::to_string(ticks)); });
+    EXPECT_TRUE(waiting.until("Checked: 3"));
+    EXPECT_EQ(slept, 6000);
+}
+
+TEST_F(WaitingTest, ForSomethingSeenOnlyBeforeGoesOn) {
+    waiting.seen("early");
+    EXPECT_FALSE(waiting.until("early"));
+}
+
+TEST_F(WaitingTest, ForSomethingGivesUpAfterTenMinutes) {
+    EXPECT_FALSE(waiting.until("never"));
+    EXPECT_EQ(slept, 600'000);
+    EXPECT_EQ(ticks, 300);
+}
+
+TEST_F(WaitingTest, ForSomethingSeenInTheVeryLastMomentEndsWell) {
+    timer.Tick.connect([this] {
+        if (ticks == 300) waiting.seen("late");
+    });
+    EXPECT_TRUE(waiting.until("late"));
+}
+
+TEST_F(WaitingTest, LooksForTheCharactersAsTheyAre) {
+    timer.Tick.connect([this] { waiting.seen("größe"); });
+    EXPECT_FALSE(waiting.until("GRÖSSE"));
+    EXPECT_TRUE(waiting.until("öß"));
+}
+
+TEST_F(WaitingTest, ForeverEndsWithTheProgramOnly) {
+    timer.Tick.connect([this] {
+        if (ticks == 1000) throw ProgramEnd{0};
+    });
+    EXPECT_THROW(waiting.forever(), ProgramEnd);
+    EXPECT_EQ(slept, 2'000'000);
+}
+
+TEST_F(WaitingTest, EndsTheProgramByATimersRunTimeError) {
+    timer.Tick.connect([] { throw RuntimeError(error::fileNotFound); });
+    EXPECT_THROW(waiting.forSeconds(10), ProgramEnd);
+    EXPECT_NE(printed().find("Run-time error '53':"), std::string::npos);
+}
+
+TEST_F(WaitingTest, EndsTheProgramWhenTheReaderIsGone) {
+    timer.Tick.connect([this] {
+        output.ok();
+        if (ticks == 3) stream.setstate(std::ios::badbit);
+    });
+    EXPECT_THROW(waiting.forever(), ProgramEnd);
+    EXPECT_EQ(ticks, 3);
+}
+
+}  // namespace
+}  // namespace velmora::console
