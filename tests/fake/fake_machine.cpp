@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "base/runtime_error.h"
-#include "base/text.h"
+#include "fake/fake_parts.h"
 
 namespace velmora::fake {
 
@@ -11,21 +11,6 @@ namespace {
 
 std::string programFolder() {
     return "C:\\Program Files\\Velmora";
-}
-
-// The form in which paths are compared: lower case, no back-slash behind.
-std::string keyOf(const std::string& path) {
-    std::string key = lowerCase(path);
-    std::replace(key.begin(), key.end(), '/', '\\');
-    while (key.size() > 1 && key.back() == '\\') key.pop_back();
-    return key;
-}
-
-template <typename Map>
-auto findPath(Map& map, const std::string& path) {
-    const std::string key = keyOf(path);
-    return std::find_if(map.begin(), map.end(),
-                        [&key](const auto& entry) { return keyOf(entry.first) == key; });
 }
 
 class FakeFolder final : public Folder {
@@ -64,59 +49,14 @@ void CallLog::failCall(int n, int number) {
     failWith_ = number;
 }
 
-struct FakeMachine::Parts final : FileSystemObject, Kernel32, Clock, TextFiles {
-    class Reading;
-
-    explicit Parts(FakeMachine& owner) : machine(owner) {}
-
-    std::string GetDriveName(const std::string& path) override {
-        machine.record("GetDriveName " + path);
-        return driveNameOf(path);
-    }
-    std::unique_ptr<Drive> GetDrive(const std::string& specification) override;
-    bool DriveExists(const std::string& specification) override {
-        machine.record("DriveExists " + specification);
-        return findPath(machine.drives, driveOfSpecification(specification)) !=
-               machine.drives.end();
-    }
-    bool FolderExists(const std::string& path) override {
-        machine.record("FolderExists " + path);
-        return hasFolder(path);
-    }
-    bool FileExists(const std::string& path) override {
-        machine.record("FileExists " + path);
-        return showsFilesOf(path) && findPath(machine.files, path) != machine.files.end();
-    }
-    std::unique_ptr<Folder> GetFolder(const std::string& path) override {
-        machine.record("GetFolder " + path);
-        if (!hasFolder(path)) throw RuntimeError(error::pathNotFound);
-        return std::make_unique<FakeFolder>(fullPath(path));
-    }
-
-    std::uint32_t GetLogicalDriveStringsA(std::uint32_t length, std::string& buffer) override;
-
-    DateTime Now() override { return machine.now; }
-    std::int64_t GetTickCount() override { return machine.tick; }
-
-    void appendLine(const std::string& path, std::string_view text) override;
-
-    /// What the drive answers now: nothing when it isn't there or doesn't answer.
-    std::optional<FakeDrive> measure(const std::string& path);
-    bool hasFolder(const std::string& path);
-    bool showsFilesOf(const std::string& path);
-
-    FakeMachine& machine;
-    std::set<std::string> pending;  // drives with a question that hasn't returned
-};
-
 // One reading: measured at the first question.
-class FakeMachine::Parts::Reading final : public Drive {
+class FakeMachine::Disks::Reading final : public Drive {
   public:
-    Reading(Parts& parts, std::string path) : parts_(parts), path_(std::move(path)) {}
+    Reading(Disks& disks, std::string path) : disks_(disks), path_(std::move(path)) {}
 
     bool IsReady() override {
         try {
-            parts_.machine.record("IsReady " + path_);
+            disks_.machine.record("IsReady " + path_);
         } catch (const RuntimeError&) {
             drive_ = FakeDrive{.ready = false};
         }
@@ -124,17 +64,17 @@ class FakeMachine::Parts::Reading final : public Drive {
     }
     std::string Path() const override { return path_; }
     double FreeSpace() override {
-        parts_.machine.record("FreeSpace " + path_);
+        disks_.machine.record("FreeSpace " + path_);
         return readyDrive().freeBytes;
     }
     double TotalSize() override {
-        parts_.machine.record("TotalSize " + path_);
+        disks_.machine.record("TotalSize " + path_);
         return readyDrive().totalBytes;
     }
 
   private:
     const FakeDrive& measured() {
-        if (!drive_) drive_ = parts_.measure(path_).value_or(FakeDrive{.ready = false});
+        if (!drive_) drive_ = disks_.measure(path_).value_or(FakeDrive{.ready = false});
         return *drive_;
     }
     const FakeDrive& readyDrive() {
@@ -142,19 +82,40 @@ class FakeMachine::Parts::Reading final : public Drive {
         return *drive_;
     }
 
-    Parts& parts_;
+    Disks& disks_;
     std::string path_;
     std::optional<FakeDrive> drive_;
 };
 
-std::unique_ptr<Drive> FakeMachine::Parts::GetDrive(const std::string& specification) {
+bool FakeMachine::Disks::DriveExists(const std::string& specification) {
+    machine.record("DriveExists " + specification);
+    return findPath(machine.drives, driveOfSpecification(specification)) != machine.drives.end();
+}
+
+bool FakeMachine::Disks::FolderExists(const std::string& path) {
+    machine.record("FolderExists " + path);
+    return hasFolder(path);
+}
+
+bool FakeMachine::Disks::FileExists(const std::string& path) {
+    machine.record("FileExists " + path);
+    return showsFilesOf(path) && findPath(machine.files, path) != machine.files.end();
+}
+
+std::unique_ptr<Folder> FakeMachine::Disks::GetFolder(const std::string& path) {
+    machine.record("GetFolder " + path);
+    if (!hasFolder(path)) throw RuntimeError(error::pathNotFound);
+    return std::make_unique<FakeFolder>(fullPath(path));
+}
+
+std::unique_ptr<Drive> FakeMachine::Disks::GetDrive(const std::string& specification) {
     machine.record("GetDrive " + specification);
     std::string path = driveOfSpecification(specification);
     if (path.empty()) throw RuntimeError(error::invalidCall);
     return std::make_unique<Reading>(*this, std::move(path));
 }
 
-std::uint32_t FakeMachine::Parts::GetLogicalDriveStringsA(std::uint32_t length,
+std::uint32_t FakeMachine::Disks::GetLogicalDriveStringsA(std::uint32_t length,
                                                           std::string& buffer) {
     machine.record("GetLogicalDriveStringsA " + std::to_string(length));
     std::string roots;
@@ -168,20 +129,13 @@ std::uint32_t FakeMachine::Parts::GetLogicalDriveStringsA(std::uint32_t length,
     return used;
 }
 
-void FakeMachine::Parts::appendLine(const std::string& path, std::string_view text) {
-    machine.record("appendLine " + path);
-    if (auto locked = findPath(machine.lockedFiles, path); locked != machine.lockedFiles.end())
-        throw RuntimeError(locked->second);
-    const auto end = path.find_last_of("\\/");
-    if (end == std::string::npos || !hasFolder(path.substr(0, end)))
-        throw RuntimeError(error::pathNotFound);
-    if (hasFolder(path)) throw RuntimeError(error::pathFileAccess);
-    auto file = findPath(machine.files, path);
-    if (file == machine.files.end()) file = machine.files.emplace(path, "").first;
-    file->second.append(text).append(lineEnd);
+// The fake clock knows no time zones: its local time is UTC.
+std::uint64_t FakeMachine::Disks::GetSystemTimeAsFileTime() {
+    const std::int64_t seconds = toSeconds(machine.now) - toSeconds({1601, 1, 1, 0, 0, 0});
+    return static_cast<std::uint64_t>(seconds * 1000 + machine.tick % 1000) * 10'000;
 }
 
-std::optional<FakeDrive> FakeMachine::Parts::measure(const std::string& path) {
+std::optional<FakeDrive> FakeMachine::Disks::measure(const std::string& path) {
     const auto drive = findPath(machine.drives, path);
     const std::string key = keyOf(path);
     if (drive == machine.drives.end()) {
@@ -197,24 +151,33 @@ std::optional<FakeDrive> FakeMachine::Parts::measure(const std::string& path) {
 }
 
 // A path on a drive that the test hasn't set up is taken as it stands.
-bool FakeMachine::Parts::showsFilesOf(const std::string& path) {
+bool FakeMachine::Disks::showsFilesOf(const std::string& path) {
     const std::string drive = driveNameOf(path);
     if (findPath(machine.drives, drive) == machine.drives.end()) return true;
     const auto measured = measure(drive);
     return measured && measured->ready;
 }
 
-bool FakeMachine::Parts::hasFolder(const std::string& path) {
+bool FakeMachine::Disks::hasFolder(const std::string& path) {
     if (!showsFilesOf(path)) return false;
     const std::string key = keyOf(path);
     return machine.folders.count(key) > 0 || findPath(machine.drives, key) != machine.drives.end();
 }
 
 FakeMachine::FakeMachine()
-    : parts_(std::make_unique<Parts>(*this)), platform_{*parts_,    *parts_,
-                                                        *parts_,    *parts_,
-                                                        Regional{}, {programFolder(), "velmora"}} {
-    folders.insert(keyOf(programFolder()));
+    : disks_(std::make_unique<Disks>(*this)),
+      desktop_(std::make_unique<Desktop>(*this)),
+      platform_{.fso = *disks_,
+                .kernel32 = *disks_,
+                .clock = *disks_,
+                .files = *disks_,
+                .advapi32 = *desktop_,
+                .shell32 = *desktop_,
+                .wscriptShell = *desktop_,
+                .regional = {},
+                .app = {.Path = programFolder(), .EXEName = "velmora", .Command = ""}} {
+    folders = {keyOf(programFolder()), keyOf(specialFolders[9]), keyOf(windowsFolder)};
+    runKey();
 }
 
 FakeMachine::~FakeMachine() = default;
@@ -229,6 +192,15 @@ void FakeMachine::advance(std::int64_t milliseconds) {
 void FakeMachine::record(const std::string& call) {
     if (const auto act = onCall) act(call);
     log.call(call);
+}
+
+std::int32_t FakeMachine::recordCode(const std::string& call) {
+    try {
+        record(call);
+        return 0;
+    } catch (const RuntimeError& planned) {
+        return planned.number();
+    }
 }
 
 }  // namespace velmora::fake

@@ -5,6 +5,10 @@
 // "FolderExists C:\data", "GetLogicalDriveStringsA 105", "appendLine C:\log.txt" (without the
 // line, which is in `files` then). The members of a drive count too: "IsReady C:", "FreeSpace C:",
 // "TotalSize C:". The clock is not recorded: it can't fail, and whoever waits asks it all the time.
+//
+// An operation that tells failures by its result fails in that way too when its turn comes: the
+// registry and the special folders give the planned number as their code, ShellExecuteEx and
+// SHGetPathFromIDListA false, CreateShortcut null.
 #pragma once
 
 #include <cstdint>
@@ -28,6 +32,31 @@ struct FakeDrive {
     bool ready = true;
     bool hangs = false;  ///< no answer: the first question costs the deadline on the fake clock,
                          ///< later ones nothing until this is false again
+};
+
+/// A key of the registry, with what its operations answer.
+struct FakeRegistryKey {
+    struct Value {
+        std::uint32_t type = 0;
+        std::string data;  ///< the bytes written, without the NUL behind a text
+    };
+
+    std::map<std::string, Value> values;  ///< by name as written
+    std::int32_t openResult = 0;          ///< code of RegOpenKeyExA
+    std::int32_t setResult = 0;           ///< code of RegSetValueExA; unless 0 nothing is written
+    std::int32_t closeResult = 0;         ///< code of RegCloseKey
+};
+
+/// A shortcut as it was saved.
+struct FakeShortcut {
+    std::string file;
+    std::string Arguments;
+    std::string Description;
+    std::string HotKey;
+    std::string IconLocation;
+    std::string TargetPath;
+    std::string WorkingDirectory;
+    int WindowStyle = 1;
 };
 
 /// Counts calls and fails the chosen one.
@@ -72,8 +101,27 @@ class FakeMachine final : public Machine {
     std::set<std::string> folders;
     /// Files by full path as written; looked up without regard to case.
     std::map<std::string, std::string> files;
-    /// Files that refuse to be opened, by full path, with the error that they raise.
+    /// Files that refuse to be opened or removed, by full path, with the error that they raise.
     std::map<std::string, int> lockedFiles;
+    /// No file can grow: error 61. A file that isn't there is made, but stays empty.
+    bool diskFull = false;
+
+    /// Keys by hive and path, looked up without regard to case. Opening any other gives 2. The
+    /// programs that start with the system are there from the start.
+    std::map<std::pair<std::uint32_t, std::string>, FakeRegistryKey> registry;
+    /// The key of the programs that start with the system.
+    FakeRegistryKey& runKey();
+    /// Keys that were opened and not yet closed.
+    int openKeys() const;
+
+    /// Special folders by their CSIDL numbers; asking for another gives a failure.
+    std::map<std::int32_t, std::string> specialFolders{{9, "C:\\Users\\user\\SendTo"}};
+    std::string windowsFolder = "C:\\Windows";
+    /// What ShellExecuteEx was told, and its answer.
+    std::vector<ShellExecuteInfo> executed;
+    bool executes = true;
+    /// The shortcuts in the order of their saving; each is also one of the files.
+    std::vector<FakeShortcut> shortcuts;
 
     DateTime now{2026, 3, 14, 15, 9, 26};
     std::int64_t tick = 0;
@@ -86,10 +134,14 @@ class FakeMachine final : public Machine {
     std::function<void(const std::string& call)> onCall;
 
   private:
-    struct Parts;
+    struct Disks;
+    struct Desktop;
     void record(const std::string& call);
+    /// Records the call of an operation that gives codes: 0, or the planned failure.
+    std::int32_t recordCode(const std::string& call);
 
-    std::unique_ptr<Parts> parts_;
+    std::unique_ptr<Disks> disks_;
+    std::unique_ptr<Desktop> desktop_;
     Platform platform_;
 };
 

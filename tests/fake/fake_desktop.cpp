@@ -1,0 +1,122 @@
+#include <utility>
+
+#include "base/runtime_error.h"
+#include "fake/fake_parts.h"
+
+namespace velmora::fake {
+
+namespace {
+
+constexpr std::int32_t noSuchKey = 2;
+constexpr std::int32_t invalidHandle = 6;
+constexpr std::int32_t invalidArgument = static_cast<std::int32_t>(0x80070057);
+
+template <typename Registry>
+auto findKey(Registry& registry, std::uint32_t hive, const std::string& subKey) {
+    const std::string lower = lowerCase(subKey);
+    return std::find_if(registry.begin(), registry.end(), [&](const auto& entry) {
+        return entry.first.first == hive && lowerCase(entry.first.second) == lower;
+    });
+}
+
+}  // namespace
+
+class FakeMachine::Desktop::FileShortcut final : public Shortcut {
+  public:
+    FileShortcut(FakeMachine& machine, std::string file)
+        : machine_(machine), file_(std::move(file)) {}
+
+    void Save() override {
+        machine_.record("Save " + file_);
+        machine_.disks_->openForWriting(file_) = TargetPath + ' ' + Arguments;
+        machine_.shortcuts.push_back({file_, Arguments, Description, HotKey, IconLocation,
+                                      TargetPath, WorkingDirectory, WindowStyle});
+    }
+
+  private:
+    FakeMachine& machine_;
+    std::string file_;
+};
+
+FakeRegistryKey& FakeMachine::runKey() {
+    return registry[{hive::localMachine, R"(SOFTWARE\Microsoft\Windows\CurrentVersion\Run)"}];
+}
+
+int FakeMachine::openKeys() const {
+    return static_cast<int>(desktop_->open.size());
+}
+
+FakeRegistryKey* FakeMachine::Desktop::find(RegistryKey key) {
+    const auto opened = open.find(key);
+    if (opened == open.end()) return nullptr;
+    const auto found = findKey(machine.registry, opened->second.first, opened->second.second);
+    return found == machine.registry.end() ? nullptr : &found->second;
+}
+
+std::int32_t FakeMachine::Desktop::RegOpenKeyExA(std::uint32_t hive, const std::string& subKey,
+                                                 std::uint32_t options, std::uint32_t access,
+                                                 RegistryKey& key) {
+    const auto failure =
+        machine.recordCode("RegOpenKeyExA " + std::to_string(hive) + ' ' + subKey + ' ' +
+                           std::to_string(options) + ' ' + std::to_string(access));
+    if (failure != 0) return failure;
+    const auto found = findKey(machine.registry, hive, subKey);
+    if (found == machine.registry.end()) return noSuchKey;
+    if (found->second.openResult != 0) return found->second.openResult;
+    key = ++lastKey;
+    open[key] = found->first;
+    return 0;
+}
+
+std::int32_t FakeMachine::Desktop::RegSetValueExA(RegistryKey key, const std::string& name,
+                                                  std::uint32_t reserved, std::uint32_t type,
+                                                  const std::string& data, std::uint32_t length) {
+    const auto failure =
+        machine.recordCode("RegSetValueExA " + name + ' ' + std::to_string(reserved) + ' ' +
+                           std::to_string(type) + ' ' + data + ' ' + std::to_string(length));
+    if (failure != 0) return failure;
+    FakeRegistryKey* found = find(key);
+    if (!found) return invalidHandle;
+    if (found->setResult == 0) found->values[name] = {type, data.substr(0, length)};
+    return found->setResult;
+}
+
+std::int32_t FakeMachine::Desktop::RegCloseKey(RegistryKey key) {
+    if (const auto failure = machine.recordCode("RegCloseKey"); failure != 0) return failure;
+    const FakeRegistryKey* found = find(key);
+    const std::int32_t result = found ? found->closeResult : invalidHandle;
+    if (result == 0) open.erase(key);
+    return result;
+}
+
+std::int32_t FakeMachine::Desktop::SHGetSpecialFolderLocation(std::int32_t csidl,
+                                                              ItemIdList& list) {
+    const auto failure = machine.recordCode("SHGetSpecialFolderLocation " + std::to_string(csidl));
+    if (failure != 0) return failure;
+    const auto found = machine.specialFolders.find(csidl);
+    if (found == machine.specialFolders.end()) return invalidArgument;
+    list.place = found->second;
+    return 0;
+}
+
+bool FakeMachine::Desktop::SHGetPathFromIDListA(const ItemIdList& list, std::string& buffer) {
+    if (machine.recordCode("SHGetPathFromIDListA " + list.place) != 0) return false;
+    if (list.place.empty() || list.place.size() >= buffer.size()) return false;
+    buffer.replace(0, list.place.size() + 1, list.place + '\0');
+    return true;
+}
+
+bool FakeMachine::Desktop::ShellExecuteEx(const ShellExecuteInfo& info) {
+    if (machine.recordCode("ShellExecuteEx " + info.verb + ' ' + info.file) != 0) return false;
+    machine.executed.push_back(info);
+    return machine.executes;
+}
+
+std::unique_ptr<Shortcut> FakeMachine::Desktop::CreateShortcut(const std::string& file) {
+    if (machine.recordCode("CreateShortcut " + file) != 0) return nullptr;
+    const std::string key = lowerCase(file);
+    if (!key.ends_with(".lnk") && !key.ends_with(".url")) return nullptr;
+    return std::make_unique<FileShortcut>(machine, file);
+}
+
+}  // namespace velmora::fake

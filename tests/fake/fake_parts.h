@@ -1,0 +1,102 @@
+// The interfaces of the machine in memory; for its own sources only.
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+
+#include "base/text.h"
+#include "fake/fake_machine.h"
+
+namespace velmora::fake {
+
+/// The form in which paths are compared: lower case, no back-slash behind.
+inline std::string keyOf(const std::string& path) {
+    std::string key = lowerCase(path);
+    std::replace(key.begin(), key.end(), '/', '\\');
+    while (key.size() > 1 && key.back() == '\\') key.pop_back();
+    return key;
+}
+
+template <typename Map>
+auto findPath(Map& map, const std::string& path) {
+    const std::string key = keyOf(path);
+    return std::find_if(map.begin(), map.end(),
+                        [&key](const auto& entry) { return keyOf(entry.first) == key; });
+}
+
+struct FakeMachine::Disks final : FileSystemObject, Kernel32, Clock, TextFiles {
+    class Reading;
+
+    explicit Disks(FakeMachine& owner) : machine(owner) {}
+
+    std::string GetDriveName(const std::string& path) override {
+        machine.record("GetDriveName " + path);
+        return driveNameOf(path);
+    }
+    std::unique_ptr<Drive> GetDrive(const std::string& specification) override;
+    bool DriveExists(const std::string& specification) override;
+    bool FolderExists(const std::string& path) override;
+    bool FileExists(const std::string& path) override;
+    std::unique_ptr<Folder> GetFolder(const std::string& path) override;
+
+    std::uint32_t GetLogicalDriveStringsA(std::uint32_t length, std::string& buffer) override;
+    std::string GetWindowsDirectoryA() override {
+        machine.record("GetWindowsDirectoryA");
+        return machine.windowsFolder;
+    }
+
+    DateTime Now() override { return machine.now; }
+    std::int64_t GetTickCount() override { return machine.tick; }
+    std::uint64_t GetSystemTimeAsFileTime() override;
+
+    void appendLine(const std::string& path, std::string_view text) override;
+    std::string readAll(const std::string& path) override;
+    void writeOver(const std::string& path, std::string_view content) override;
+    void remove(const std::string& path) override;
+
+    /// What the drive answers now: nothing when it isn't there or doesn't answer.
+    std::optional<FakeDrive> measure(const std::string& path);
+    bool hasFolder(const std::string& path);
+    bool showsFilesOf(const std::string& path);
+    /// Raises what opening the file raises before it is known whether there is one.
+    void requireOpenable(const std::string& path);
+    /// The content of the file, which is made if need be.
+    std::string& openForWriting(const std::string& path);
+
+    FakeMachine& machine;
+    std::set<std::string> pending;  // drives with a question that hasn't returned
+};
+
+struct FakeMachine::Desktop final : Advapi32, Shell32, WScriptShell {
+    class FileShortcut;
+
+    explicit Desktop(FakeMachine& owner) : machine(owner) {}
+
+    std::int32_t RegOpenKeyExA(std::uint32_t hive, const std::string& subKey, std::uint32_t options,
+                               std::uint32_t access, RegistryKey& key) override;
+    std::int32_t RegSetValueExA(RegistryKey key, const std::string& name, std::uint32_t reserved,
+                                std::uint32_t type, const std::string& data,
+                                std::uint32_t length) override;
+    std::int32_t RegCloseKey(RegistryKey key) override;
+
+    std::int32_t SHGetSpecialFolderLocation(std::int32_t csidl, ItemIdList& list) override;
+    bool SHGetPathFromIDListA(const ItemIdList& list, std::string& buffer) override;
+    bool ShellExecuteEx(const ShellExecuteInfo& info) override;
+
+    std::unique_ptr<Shortcut> CreateShortcut(const std::string& file) override;
+
+    /// The open key; null for a handle that isn't open or a key that the test has removed.
+    FakeRegistryKey* find(RegistryKey key);
+
+    FakeMachine& machine;
+    std::map<RegistryKey, std::pair<std::uint32_t, std::string>> open;  // as in the registry
+    RegistryKey lastKey = 0;
+};
+
+}  // namespace velmora::fake
