@@ -117,7 +117,7 @@ class FakeMachine final : public Machine {
     /// Special folders by their CSIDL numbers; asking for another gives a failure.
     std::map<std::int32_t, std::string> specialFolders{{9, "C:\\Users\\user\\SendTo"}};
     std::string windowsFolder = "C:\\Windows";
-    /// What ShellExecuteEx was told, and its answer.
+    /// What ShellExecuteA and ShellExecuteEx were told, and its answer.
     std::vector<ShellExecuteInfo> executed;
     bool executes = true;
     /// The shortcuts in the order of their saving; each is also one of the files.

@@ -39,6 +39,7 @@ struct FakeMachine::Disks final : FileSystemObject, Kernel32, Clock, TextFiles {
         machine.record("GetDriveName " + path);
         return driveNameOf(path);
     }
+    std::string GetFileName(const std::string& path) override { return fileNameOf(path); }
     std::unique_ptr<Drive> GetDrive(const std::string& specification) override;
     bool DriveExists(const std::string& specification) override;
     bool FolderExists(const std::string& path) override;
@@ -87,6 +88,9 @@ struct FakeMachine::Desktop final : Advapi32, Shell32, WScriptShell {
 
     std::int32_t SHGetSpecialFolderLocation(std::int32_t csidl, ItemIdList& list) override;
     bool SHGetPathFromIDListA(const ItemIdList& list, std::string& buffer) override;
+    std::int32_t ShellExecuteA(const std::string& owner, const std::string& operation,
+                               const std::string& file, const std::string& parameters,
+                               const std::string& directory, std::int32_t showCommand) override;
     bool ShellExecuteEx(const ShellExecuteInfo& info) override;
 
     std::unique_ptr<Shortcut> CreateShortcut(const std::string& file) override;

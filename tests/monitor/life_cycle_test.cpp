@@ -35,7 +35,7 @@ TEST(LifeCycle, TheFirstTickComesBeforeTheDrivesAreListed) {
     Rig rig;
     rig.drive("C:", 5, 10);
     rig.setInterval(0, 0, 0);
-    rig.lifeCycle.Form_Load(rig.checkCycle, rig.watchList);
+    rig.lifeCycle.Form_Load();
     EXPECT_EQ(rig.forms.globals.lngTimesChecked, 1);
     EXPECT_EQ(rig.panel(2), "Checked: 15:09:26 03/14");
     EXPECT_EQ(rig.list.Count(), 1);

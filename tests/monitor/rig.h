@@ -13,6 +13,7 @@
 #include "monitor/life_cycle.h"
 #include "monitor/minimum_space.h"
 #include "monitor/trigger_entry.h"
+#include "monitor/watch_control.h"
 #include "monitor/watch_list.h"
 #include "monitor/watch_list_commands.h"
 #include "monitor/watch_row.h"
@@ -99,11 +100,33 @@ struct RecordedPorts {
         RecordedPorts& all_;
     };
 
+    struct TrayIcon : Tray {
+        explicit TrayIcon(RecordedPorts& all) : all_(all) {}
+        void modifyIcon(const std::string& form) override {
+            all_.calls.push_back("modifyIcon " + form);
+        }
+        void prcToolTipText(const std::string& text) override {
+            all_.calls.push_back("prcToolTipText " + text);
+        }
+        RecordedPorts& all_;
+    };
+    struct TabStrips : Tabs {
+        explicit TabStrips(RecordedPorts& all) : all_(all) {}
+        void lblTab_Click(int index) override { all_.note("lblTab", index); }
+        void lblSpectab_Click(int index) override { all_.note("lblSpectab", index); }
+        RecordedPorts& all_;
+    };
+    struct UpdateCheck : Updates {
+        explicit UpdateCheck(RecordedPorts& all) : all_(all) {}
+        void prcCheckUpdate() override { all_.calls.push_back("prcCheckUpdate"); }
+        RecordedPorts& all_;
+    };
+
     void note(const std::string& what, int number) {
         calls.push_back(what + " " + std::to_string(number));
     }
     MonitorPorts all() {
-        return {events, actions, stats, settings, log, icons, watchSwitch, onTop, view, dialog};
+        return {events, actions, stats, settings, log, icons, watchSwitch, onTop, view, dialog, trayIcon, tabs, updates};
     }
     int count(const std::string& call) const {
         return static_cast<int>(std::count(calls.begin(), calls.end(), call));
@@ -121,6 +144,9 @@ struct RecordedPorts {
     OnTop onTop{*this};
     View view{*this};
     Dialog dialog{*this};
+    TrayIcon trayIcon{*this};
+    TabStrips tabs{*this};
+    UpdateCheck updates{*this};
 };
 
 /// Everything wired; no row and no column yet.
@@ -138,7 +164,15 @@ struct Rig {
     MinimumSpace minimumSpace{forms, machine.platform(), host};
     TriggerEntry triggerEntry{forms, machine.platform(), host, ports.view};
     CheckCycle checkCycle{forms, machine.platform(), host, alerts, ports.all()};
-    LifeCycle lifeCycle{forms, machine.platform(), host, notifyArea, ports.onTop};
+    WatchControl watchControl{forms,  machine.platform(), host,
+                              alerts, ports.trayIcon,     ports.dialog};
+    FileList fileList{machine.platform().fso};
+    ShellLinks shellLinks{machine.platform(), host};
+    LifeCycle lifeCycle{forms,
+                        machine.platform(),
+                        host,
+                        {checkCycle, watchList, watchControl, fileList, shellLinks, notifyArea},
+                        ports.all()};
 
     /// A drive of that free and total space in KB.
     void drive(const std::string& path, double freeKB, double totalKB) {
@@ -146,7 +180,7 @@ struct Rig {
     }
     /// The start of the program; then nothing is recorded yet.
     void load() {
-        lifeCycle.Form_Load(checkCycle, watchList);
+        lifeCycle.Form_Load();
         clearRecords();
     }
     void clearRecords() {
