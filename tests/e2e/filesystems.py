@@ -58,6 +58,32 @@ class Mount:
         (self.folder / name).write_bytes(b"x" * size)
 
 
+    def fill_up(self):
+        """Leaves no free byte."""
+        with (self.folder / "filler").open("wb", buffering=0) as filler:
+            for size in (64 * KB, KB, 1):
+                try:
+                    while filler.write(b"x" * size) == size:
+                        pass
+                except OSError:
+                    pass
+
+
+class Bound:
+    """A file shown at another place, under that place's name."""
+
+    def __init__(self, source, place):
+        self.place = place
+        place.touch()
+        _run("mount", "--bind", str(source), str(place))
+
+    def close(self):
+        if self.place is not None:
+            subprocess.run(["umount", "--lazy", str(self.place)], check=False,
+                           capture_output=True)
+            self.place = None
+
+
 class Tmpfs(Mount):
     def __init__(self, megabytes=8):
         super().__init__()
@@ -83,7 +109,8 @@ class Loop(Mount):
         os.close(handle)
         self.image = image
         try:
-            _run("mkfs.ext4", "-q", "-F", image)
+            # Nothing reserved for root, who runs these tests.
+            _run("mkfs.ext4", "-q", "-F", "-m", "0", image)
             _run("mount", "-o", "loop", image, str(self.folder))
         except Unavailable:
             self.close()
