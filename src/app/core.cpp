@@ -3,18 +3,19 @@
 namespace velmora {
 
 Core::Core(Forms& forms, Platform& platform, Host& host, NotifyArea& notifyArea)
-    : settings_(forms, platform),
+    : settings_(forms, platform, host),
       alerts_(forms, platform, notifyArea, idle_.alertDialog),
       registry_(platform.advapi32, host),
       shellLinks_(platform, host),
       fileList_(platform.fso),
       options_(forms, platform, registry_),
       statistics_(forms, platform, host),
+      driveMeter_(forms, platform),
       watchControl_(forms, platform, host, alerts_, idle_.tray, idle_.alertDialog),
       watchList_(forms, platform, alerts_),
       watchListCommands_(forms, platform, host, alerts_, watchList_, ports()),
       minimumSpace_(forms, platform, host),
-      triggerEntry_(forms, platform, host, idle_.driveView),
+      triggerEntry_(forms, platform, host, driveMeter_),
       checkCycle_(forms, platform, host, alerts_, ports()),
       lifeCycle_(forms, platform, host,
                  {checkCycle_, watchList_, watchControl_, fileList_, shellLinks_, notifyArea},
@@ -24,9 +25,9 @@ Core::Core(Forms& forms, Platform& platform, Host& host, NotifyArea& notifyArea)
 
 // The program's own parts in the place of those that do nothing.
 MonitorPorts Core::ports() {
-    return {idle_.events,     idle_.actions, statistics_,    settings_,       idle_.log,
-            idle_.rowIcons,   watchControl_, idle_.stayOnTop, idle_.driveView, idle_.alertDialog,
-            idle_.tray,       idle_.tabs,    idle_.updates};
+    return {idle_.events,   idle_.actions, statistics_,     settings_,   idle_.log,
+            idle_.rowIcons, watchControl_, idle_.stayOnTop, driveMeter_, idle_.alertDialog,
+            idle_.tray,     idle_.tabs,    idle_.updates};
 }
 
 void addTimers(Forms& forms, TimerQueue& queue) {

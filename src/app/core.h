@@ -6,12 +6,13 @@
 #include "controls/timer_queue.h"
 #include "forms/forms.h"
 #include "monitor/check_cycle.h"
+#include "monitor/drive_meter.h"
 #include "monitor/life_cycle.h"
 #include "monitor/minimum_space.h"
 #include "monitor/space_statistics.h"
 #include "monitor/trigger_entry.h"
-#include "monitor/watch_list.h"
 #include "monitor/watch_control.h"
+#include "monitor/watch_list.h"
 #include "monitor/watch_list_commands.h"
 #include "persist/options.h"
 #include "persist/registry.h"
@@ -26,7 +27,7 @@ namespace velmora {
 /// The settings file behind the port of whoever saves and loads settings.
 class SettingsPort final : public SettingsStore {
   public:
-    SettingsPort(Forms& forms, Platform& platform) : file_(forms, platform) {}
+    SettingsPort(Forms& forms, Platform& platform, Host& host) : file_(forms, platform, host) {}
     void prcSettings(std::int16_t bSet) override { file_.prcSettings(bSet); }
 
   private:
@@ -52,6 +53,7 @@ class Core {
     FileList fileList_;
     Options options_;
     SpaceStatistics statistics_;
+    DriveMeter driveMeter_;
     WatchControl watchControl_;
     WatchList watchList_;
     WatchListCommands watchListCommands_;

@@ -39,8 +39,16 @@ class Icon0 : public Form {
 /// The view of one drive.
 class FrmIndDri : public Form {
   public:
-    FrmIndDri() : Form("frmIndDri", "Drive Settings - Karvelle Velmora") {}
+    FrmIndDri() : Form("frmIndDri", "Drive Settings - Karvelle Velmora") {
+        ListView1.addColumn({"Properties"});
+        ListView1.addColumn({"Value"});
+    }
 
+    Label lblP{*this, "lblP"};  ///< caption: the drive or path shown
+    ListView ListView1{*this, "ListView1"};
+    Slider VScroll1{*this, "VScroll1", 0, 100, 1, 10};  ///< the minimum free space, 100 for none
+    Slider VMeter1{*this, "VMeter1", 0, 50, 1, 5};      ///< the trigger, 50 for none
+    Slider VMeter2{*this, "VMeter2", 0, 50, 1, 5};      ///< the free space, 50 for none
     Timer Timer1{*this, "Timer1", 10000, false};
 };
 
@@ -64,9 +72,9 @@ struct Globals {
     DriveTotals driveTotals;
     DateTime dtRefreshed;
     std::int32_t lngRefreshedKB = 0;
-    bool bAutoUpdate = false;  ///< updates are asked for at start
-    std::string sTrayTip;      ///< tip of the tray icon
-    std::string strSettings;   ///< drive path of the settings file
+    bool bAutoUpdate = false;        ///< updates are asked for at start
+    std::string sTrayTip;            ///< tip of the tray icon
+    std::string strSettings;         ///< drive path of the settings file
     std::uint64_t lastFileTime = 0;  ///< system time from which files count as modified
     DateTime dtAppStart;
     std::int32_t lngStartFreeKB = 0;

@@ -119,9 +119,8 @@ void LifeCycle::prcComment() {
 
 void LifeCycle::mnuExit_Click() {
     ports_.stayOnTop.drop();
-    const BoxAnswer answer = host_.MsgBox({.text = "Exit the program?",
-                                           .icon = BoxIcon::question,
-                                           .buttons = BoxButtons::okCancel});
+    const BoxAnswer answer = host_.MsgBox(
+        {.text = "Exit the program?", .icon = BoxIcon::question, .buttons = BoxButtons::okCancel});
     if (answer != BoxAnswer::ok) {
         ports_.stayOnTop.restore();
         return;

@@ -1,6 +1,7 @@
 #include "monitor/space_statistics.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "base/convert.h"
 #include "base/format_number.h"
@@ -8,6 +9,16 @@
 #include "monitor/watch_row.h"
 
 namespace velmora {
+
+namespace {
+
+// Stops at the greatest 32-bit number: more than 2 TB at once must not end the program.
+std::int32_t asFarAsItGoes(double value) {
+    using Limits = std::numeric_limits<std::int32_t>;
+    return toLong(std::clamp<double>(value, Limits::min(), Limits::max()));
+}
+
+}  // namespace
 
 SpaceStatistics::SpaceStatistics(Forms& forms, Platform& platform, Host& host)
     : forms_(forms), platform_(platform), host_(host) {
@@ -21,6 +32,8 @@ std::string SpaceStatistics::prcSpaceRateChange(ListView& thisLV, const std::str
     double now = 0;
     for (int i = thisLV.Count(); i >= 1; --i) {
         host_.DoEvents();
+        // A handler may have removed rows meanwhile.
+        if (i > thisLV.Count()) continue;
         const WatchRow row(thisLV.ListItems(i));
         if (!row.watched() || row.previousFree().empty()) continue;
         // A row that isn't available has no values.
@@ -28,7 +41,7 @@ std::string SpaceStatistics::prcSpaceRateChange(ListView& thisLV, const std::str
         before += toDouble(row.previousFree(), regional);
         now += toDouble(replaceAll(row.freeSpace(), " KB", ""), regional);
     }
-    lngRateChange_ = toLong(now - before);
+    lngRateChange_ = asFarAsItGoes(now - before);
     if (lngRateInterval_ < 1) lngRateInterval_ = toLong(forms_.form1.txtTime.Text(), regional);
     double rate = 0;
     if (lngRateChange_ != 0) {
@@ -44,8 +57,7 @@ std::string SpaceStatistics::prcSpaceRateChange(ListView& thisLV, const std::str
 
 void SpaceStatistics::updateSpaceChangeRate() {
     Form1& form1 = forms_.form1;
-    form1.lblSpaceChangeRate.setCaption(
-        prcSpaceRateChange(form1.ListView1, form1.txtTime.Text()));
+    form1.lblSpaceChangeRate.setCaption(prcSpaceRateChange(form1.ListView1, form1.txtTime.Text()));
 }
 
 void SpaceStatistics::prcUpdateStatistics() {

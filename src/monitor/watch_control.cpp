@@ -109,8 +109,8 @@ void WatchControl::TimerCust_Timer() {
     } catch (const std::exception&) {
         const std::string text = "RunTime TimerC Error: " + currentRuntimeError().description();
         resumeNext([&] {
-            alerts_.prcAlertInfo(Format(platform_.clock.Now(), alert_time::minutes),
-                                 rating::medium, text, {}, nullptr);
+            alerts_.prcAlertInfo(Format(platform_.clock.Now(), alert_time::minutes), rating::medium,
+                                 text, {}, nullptr);
         });
     }
 }
@@ -145,7 +145,8 @@ void WatchControl::runByCustomTime() {
     const std::string& caption = form1.cmdPause.Caption();
     if (now == Format(form1.DTTime1[0].Value(), minuteOfDay)) {
         if (!contains(caption, "Pause") && contains(caption, "Start")) cmdPause_Click();
-        report("Montoring Started by Custom Watch Time: ", "Velmora Started by Custom Watch Time: ");
+        report("Montoring Started by Custom Watch Time: ",
+               "Velmora Started by Custom Watch Time: ");
     }
     if (now == Format(form1.DTTime1[1].Value(), minuteOfDay) && contains(caption, "Pause")) {
         cmdPause_Click();

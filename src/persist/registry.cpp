@@ -32,19 +32,29 @@ std::uint32_t fRegRootKey(const std::string& name) {
 std::string fRegErrorText(std::int32_t code) {
     switch (code) {
         case 2:
-        case 1010: return "Bad Key Name";
+        case 1010:
+            return "Bad Key Name";
         case 4:
-        case 1012: return "Can't Read Key";
-        case 5: return "Access to this key is denied";
+        case 1012:
+            return "Can't Read Key";
+        case 5:
+            return "Access to this key is denied";
         case 8:
-        case 14: return "Out of memory";
-        case 87: return "Invalid Parameter";
-        case 234: return "There is more data than the buffer has been allocated to hold.";
+        case 14:
+            return "Out of memory";
+        case 87:
+            return "Invalid Parameter";
+        case 234:
+            return "There is more data than the buffer has been allocated to hold.";
         case 1009:
-        case 1015: return "The Registry Database is corrupt!";
-        case 1011: return "Can't Open Key";
-        case 1013: return "Can't Write Key";
-        default: return "Undefined Error Code:  " + std::to_string(code);
+        case 1015:
+            return "The Registry Database is corrupt!";
+        case 1011:
+            return "Can't Open Key";
+        case 1013:
+            return "Can't Write Key";
+        default:
+            return "Undefined Error Code:  " + std::to_string(code);
     }
 }
 
@@ -68,8 +78,7 @@ void Registry::prcRegSetValue(const std::string& key, const std::string& name,
     const std::int32_t opened = advapi32_.RegOpenKeyExA(hive, subKey, 0, writeAccess, handle);
     if (opened != 0) return tell(opened);
     const auto length = static_cast<std::uint32_t>(data.size());
-    const std::int32_t written =
-        advapi32_.RegSetValueExA(handle, name, 0, textType, data, length);
+    const std::int32_t written = advapi32_.RegSetValueExA(handle, name, 0, textType, data, length);
     if (written != 0) tell(written);
     advapi32_.RegCloseKey(handle);
 }

@@ -35,6 +35,11 @@ class Folder {
     virtual ~Folder() = default;
     /// The folder's full drive path, without a back-slash behind unless it is a root.
     virtual std::string Path() const = 0;
+    /// How many files and folders lie in it, hidden ones included, without those further below.
+    /// Links count as what they point to. The first question counts both, later ones answer from
+    /// that. Error 76 when the folder can't be read within the deadline.
+    virtual double FilesCount() = 0;
+    virtual double SubFoldersCount() = 0;
 };
 
 class FileSystemObject {

@@ -13,14 +13,15 @@ std::string programFolder() {
     return "C:\\Program Files\\Velmora";
 }
 
-class FakeFolder final : public Folder {
-  public:
-    explicit FakeFolder(std::string path) : path_(std::move(path)) {}
-    std::string Path() const override { return path_; }
-
-  private:
-    std::string path_;
-};
+// How many of the paths lie in that folder, not further below.
+template <typename Paths, typename PathOf>
+double entriesIn(const std::string& folder, const Paths& paths, PathOf&& pathOf) {
+    const std::string front = keyOf(folder) + '\\';
+    return static_cast<double>(std::count_if(paths.begin(), paths.end(), [&](const auto& entry) {
+        const std::string key = keyOf(pathOf(entry));
+        return key.starts_with(front) && key.find('\\', front.size()) == std::string::npos;
+    }));
+}
 
 std::string fullPath(std::string path) {
     std::replace(path.begin(), path.end(), '/', '\\');
@@ -87,6 +88,36 @@ class FakeMachine::Disks::Reading final : public Drive {
     std::optional<FakeDrive> drive_;
 };
 
+class FakeMachine::Disks::FolderReading final : public Folder {
+  public:
+    FolderReading(Disks& disks, std::string path) : disks_(disks), path_(std::move(path)) {}
+
+    std::string Path() const override { return path_; }
+    double FilesCount() override {
+        disks_.machine.record("FilesCount " + path_);
+        return counts().first;
+    }
+    double SubFoldersCount() override {
+        disks_.machine.record("SubFoldersCount " + path_);
+        return counts().second;
+    }
+
+  private:
+    const std::pair<double, double>& counts() {
+        if (counts_) return *counts_;
+        if (!disks_.hasFolder(path_)) throw RuntimeError(error::pathNotFound);
+        const FakeMachine& machine = disks_.machine;
+        counts_.emplace(
+            entriesIn(path_, machine.files, [](const auto& file) { return file.first; }),
+            entriesIn(path_, machine.folders, [](const auto& folder) { return folder; }));
+        return *counts_;
+    }
+
+    Disks& disks_;
+    std::string path_;
+    std::optional<std::pair<double, double>> counts_;
+};
+
 bool FakeMachine::Disks::DriveExists(const std::string& specification) {
     machine.record("DriveExists " + specification);
     return findPath(machine.drives, driveOfSpecification(specification)) != machine.drives.end();
@@ -105,7 +136,7 @@ bool FakeMachine::Disks::FileExists(const std::string& path) {
 std::unique_ptr<Folder> FakeMachine::Disks::GetFolder(const std::string& path) {
     machine.record("GetFolder " + path);
     if (!hasFolder(path)) throw RuntimeError(error::pathNotFound);
-    return std::make_unique<FakeFolder>(fullPath(path));
+    return std::make_unique<FolderReading>(*this, fullPath(path));
 }
 
 std::unique_ptr<Drive> FakeMachine::Disks::GetDrive(const std::string& specification) {

@@ -32,6 +32,7 @@ auto findPath(Map& map, const std::string& path) {
 
 struct FakeMachine::Disks final : FileSystemObject, Kernel32, Clock, TextFiles {
     class Reading;
+    class FolderReading;
 
     explicit Disks(FakeMachine& owner) : machine(owner) {}
 

@@ -46,6 +46,18 @@ int kindOf(const char* path, FileKind& kind) {
     return 0;
 }
 
+int answer(const HelperRequest& request, HelperReply& reply) {
+    switch (request.question) {
+        case HelperQuestion::space:
+            return readFilesystem(request.path, reply.reading);
+        case HelperQuestion::kind:
+            return kindOf(request.path, reply.kind);
+        case HelperQuestion::entries:
+            return countEntries(request.path, reply.entries);
+    }
+    return EINVAL;
+}
+
 bool receive(HelperRequest& request) {
     while (true) {
         const auto size = recv(socketNumber, &request, sizeof request, 0);
@@ -64,9 +76,7 @@ void runHelper(int socket) {
     HelperRequest request;
     while (receive(request)) {
         HelperReply reply;
-        reply.error = request.question == HelperQuestion::space
-                          ? readFilesystem(request.path, reply.reading)
-                          : kindOf(request.path, reply.kind);
+        reply.error = answer(request, reply);
         if (send(socketNumber, &reply, sizeof reply, MSG_NOSIGNAL) < 0) break;
     }
     _exit(0);

@@ -6,11 +6,12 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "platform/linux/entry_counts.h"
 #include "platform/linux/filesystem_reading.h"
 
 namespace velmora::linuxhost {
 
-enum class HelperQuestion : std::uint32_t { space, kind };
+enum class HelperQuestion : std::uint32_t { space, kind, entries };
 
 enum class FileKind : std::uint32_t { none, folder, file };
 
@@ -25,6 +26,7 @@ struct HelperReply {
     int error = 0;  ///< 0 or the errno
     FileKind kind = FileKind::none;
     FilesystemReading reading;
+    EntryCounts entries;
 };
 
 /// The child's whole life: gives up everything it inherited but the socket, answers until the

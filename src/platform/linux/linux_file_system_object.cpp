@@ -38,11 +38,24 @@ class LinuxDrive final : public Drive {
 
 class LinuxFolder final : public Folder {
   public:
-    explicit LinuxFolder(std::string path) : path_(std::move(path)) {}
+    LinuxFolder(Volumes& volumes, std::string path, std::string hostPath)
+        : volumes_(volumes), path_(std::move(path)), hostPath_(std::move(hostPath)) {}
+
     std::string Path() const override { return path_; }
+    double FilesCount() override { return static_cast<double>(counts().files); }
+    double SubFoldersCount() override { return static_cast<double>(counts().folders); }
 
   private:
+    const EntryCounts& counts() {
+        if (!counts_) counts_ = volumes_.entriesOf(hostPath_);
+        if (!counts_) throw RuntimeError(error::pathNotFound);
+        return *counts_;
+    }
+
+    Volumes& volumes_;
     std::string path_;
+    std::string hostPath_;
+    std::optional<EntryCounts> counts_;
 };
 
 bool endsInSeparator(const std::string& path) {
@@ -77,7 +90,9 @@ bool LinuxFileSystemObject::FileExists(const std::string& path) {
 
 std::unique_ptr<Folder> LinuxFileSystemObject::GetFolder(const std::string& path) {
     if (!FolderExists(path)) throw RuntimeError(error::pathNotFound);
-    return std::make_unique<LinuxFolder>(fullDrivePath(path, volumes_.roots()));
+    const auto roots = volumes_.roots();
+    return std::make_unique<LinuxFolder>(volumes_, fullDrivePath(path, roots),
+                                         hostPathOf(path, roots));
 }
 
 }  // namespace velmora::linuxhost

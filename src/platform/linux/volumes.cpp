@@ -141,7 +141,7 @@ std::vector<DriveRoot> Volumes::roots() {
     return roots;
 }
 
-FileKind Volumes::kindOf(const std::string& hostPath) {
+Volumes::Volume* Volumes::holderOf(const std::string& hostPath) {
     update();
     Volume* holder = nullptr;
     for (const auto& volume : volumes_) {
@@ -150,9 +150,22 @@ FileKind Volumes::kindOf(const std::string& hostPath) {
         if (!holder || mountPoint.size() > holder->drive.mount.mountPoint.size())
             holder = volume.get();
     }
+    return holder;
+}
+
+FileKind Volumes::kindOf(const std::string& hostPath) {
+    Volume* holder = holderOf(hostPath);
     if (!holder) return FileKind::none;
     const auto reply = holder->helper.ask(HelperQuestion::kind, hostPath);
     return reply && reply->error == 0 ? reply->kind : FileKind::none;
+}
+
+std::optional<EntryCounts> Volumes::entriesOf(const std::string& hostPath) {
+    Volume* holder = holderOf(hostPath);
+    if (!holder) return std::nullopt;
+    const auto reply = holder->helper.ask(HelperQuestion::entries, hostPath);
+    if (!reply || reply->error != 0) return std::nullopt;
+    return reply->entries;
 }
 
 std::vector<pid_t> Volumes::helpers() const {

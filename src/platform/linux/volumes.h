@@ -15,6 +15,7 @@
 
 #include "platform/linux/drive_letters.h"
 #include "platform/linux/drive_mounts.h"
+#include "platform/linux/entry_counts.h"
 #include "platform/linux/filesystem_reading.h"
 #include "platform/linux/helper_process.h"
 #include "platform/linux/mount_watch.h"
@@ -40,6 +41,8 @@ class Volumes {
 
     /// What lies at an absolute path of the host; none also when its drive doesn't answer in time.
     FileKind kindOf(const std::string& hostPath);
+    /// What lies in the folder at that path; nothing when it can't be read in time.
+    std::optional<EntryCounts> entriesOf(const std::string& hostPath);
 
     /// The ids of the helper processes that run.
     std::vector<pid_t> helpers() const;
@@ -51,6 +54,8 @@ class Volumes {
     void reload();
     void show(const DriveMount& mount);
     Volume* find(const std::string& drive) const;
+    /// The volume that an absolute path of the host lies in; null when none holds it.
+    Volume* holderOf(const std::string& hostPath);
     bool isUnchanged(Volume& volume, const FilesystemReading& reading);
 
     std::chrono::milliseconds deadline_;

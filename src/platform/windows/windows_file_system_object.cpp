@@ -7,19 +7,11 @@
 #include "base/runtime_error.h"
 #include "platform/windows/utf16.h"
 #include "platform/windows/windows_drive.h"
+#include "platform/windows/windows_folder.h"
 
 namespace velmora::windows {
 
 namespace {
-
-class WindowsFolder final : public Folder {
-  public:
-    explicit WindowsFolder(std::string path) : path_(std::move(path)) {}
-    std::string Path() const override { return path_; }
-
-  private:
-    std::string path_;
-};
 
 std::string withoutEndingSlash(std::string path) {
     const bool isRoot = path.size() == 3 && path[1] == ':';
@@ -73,8 +65,9 @@ bool WindowsFileSystemObject::FileExists(const std::string& path) {
 
 std::unique_ptr<Folder> WindowsFileSystemObject::GetFolder(const std::string& path) {
     if (!FolderExists(path)) throw RuntimeError(error::pathNotFound);
-    return std::make_unique<WindowsFolder>(
-        withoutEndingSlash(withoutLongPrefix(toUtf8(fullPath(path)))));
+    const std::string absolute = withoutLongPrefix(toUtf8(fullPath(path)));
+    return std::make_unique<WindowsFolder>(questions_, driveOfPath(absolute),
+                                           withoutEndingSlash(absolute));
 }
 
 }  // namespace velmora::windows

@@ -1,0 +1,36 @@
+// The gauges of the individual drive view: how much of the drive its trigger and its free space
+// take, and the drive's figures in a list.
+#pragma once
+
+#include <string>
+
+#include "forms/forms.h"
+#include "monitor/ports.h"
+#include "platform/platform.h"
+
+namespace velmora {
+
+class DriveMeter final : public DriveView {
+  public:
+    DriveMeter(Forms& forms, Platform& platform) : forms_(forms), platform_(platform) {}
+    DriveMeter(const DriveMeter&) = delete;
+    DriveMeter& operator=(const DriveMeter&) = delete;
+
+    /// Shows that row of the watch list. Draws nothing for a row that isn't available or has no
+    /// total size. Never fails: what lies beyond a gauge's range stands at its end, and a folder
+    /// that can't be read is "N/A".
+    void prcSrvMeter(ListItem& row) override;
+    /// Shows the row of the drive that the view stands on, while the view is visible. `strDri`
+    /// isn't used.
+    void prcSrvMeterPreSet(const std::string& strDri);
+
+  private:
+    double triggerKB(const ListItem& row, double totalKB) const;
+    double kilobytesOf(const std::string& text) const;
+    void listFigures(const ListItem& row);
+
+    Forms& forms_;
+    Platform& platform_;
+};
+
+}  // namespace velmora

@@ -1,0 +1,17 @@
+// How much lies in one folder. Plain data, since it also travels between processes.
+#pragma once
+
+#include <cstdint>
+
+namespace velmora::linuxhost {
+
+struct EntryCounts {
+    std::uint64_t files = 0;    ///< whatever is no folder
+    std::uint64_t folders = 0;  ///< without "." and ".."
+};
+
+/// Counts the entries of the folder at `path`, hidden ones included. A link counts as what it
+/// points to, one that leads nowhere as a file. Gives 0 or the errno. Safe in a forked child.
+int countEntries(const char* path, EntryCounts& counts);
+
+}  // namespace velmora::linuxhost
