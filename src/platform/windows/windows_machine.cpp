@@ -5,11 +5,14 @@
 
 #include "platform/platform.h"
 #include "platform/windows/utf16.h"
+#include "platform/windows/windows_advapi32.h"
 #include "platform/windows/windows_clock.h"
 #include "platform/windows/windows_file_system_object.h"
 #include "platform/windows/windows_kernel32.h"
 #include "platform/windows/windows_regional.h"
+#include "platform/windows/windows_shell32.h"
 #include "platform/windows/windows_text_files.h"
+#include "platform/windows/windows_wscript_shell.h"
 
 namespace velmora {
 
@@ -30,13 +33,25 @@ std::wstring executablePath() {
     }
 }
 
+// What stands behind the program's name, which may be in quotes.
+std::wstring_view behindName(std::wstring_view line) {
+    constexpr std::wstring_view blanks = L" \t";
+    const bool isQuoted = line.starts_with(L'"');
+    const auto end = isQuoted ? line.find(L'"', 1) : line.find_first_of(blanks);
+    if (end == std::wstring_view::npos) return {};
+    line.remove_prefix(isQuoted ? end + 1 : end);
+    line.remove_prefix(std::min(line.find_first_not_of(blanks), line.size()));
+    return line;
+}
+
 Application ownApplication() {
     const std::string path = withoutLongPrefix(toUtf8(executablePath()));
     const auto slash = path.rfind('\\');
-    if (slash == std::string::npos) return {"", path};
+    const std::string command = toUtf8(behindName(GetCommandLineW()));
+    if (slash == std::string::npos) return {"", path, command};
     std::string name = path.substr(slash + 1);
     name.resize(std::min(name.rfind('.'), name.size()));
-    return {path.substr(0, slash), name};
+    return {path.substr(0, slash), name, command};
 }
 
 class WindowsMachine final : public Machine {
@@ -60,7 +75,11 @@ class WindowsMachine final : public Machine {
     WindowsKernel32 kernel32_;
     WindowsClock clock_;
     WindowsTextFiles files_;
-    Platform platform_{fso_, kernel32_, clock_, files_, userRegional(), ownApplication()};
+    WindowsAdvapi32 advapi32_;
+    WindowsShell32 shell32_;
+    WindowsWScriptShell wscriptShell_;
+    Platform platform_{fso_,     kernel32_,     clock_,         files_,          advapi32_,
+                       shell32_, wscriptShell_, userRegional(), ownApplication()};
 };
 
 }  // namespace
