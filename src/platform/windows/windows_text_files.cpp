@@ -39,9 +39,13 @@ int errorOfOpening(DWORD reason, const std::wstring& path) {
     }
 }
 
+// A missing file in a folder that is there is a matter of its own. The system doesn't always tell
+// it from a missing drive.
 int errorOfReading(DWORD reason, const std::wstring& path) {
     const bool isMissing = reason == ERROR_FILE_NOT_FOUND;
-    return isMissing ? error::fileNotFound : errorOfOpening(reason, path);
+    const auto name = path.find_last_of(L"\\/");
+    const bool hasFolder = name == std::wstring::npos || isFolder(path.substr(0, name + 1));
+    return isMissing && hasFolder ? error::fileNotFound : errorOfOpening(reason, path);
 }
 
 int errorOfWriting(DWORD reason) {
