@@ -4,6 +4,7 @@
 #include <string>
 
 #include "platform/platform.h"
+#include "platform/windows/command_line.h"
 #include "platform/windows/utf16.h"
 #include "platform/windows/windows_advapi32.h"
 #include "platform/windows/windows_clock.h"
@@ -31,17 +32,6 @@ std::wstring executablePath() {
         }
         path.resize(path.size() * 2);
     }
-}
-
-// What stands behind the program's name, which may be in quotes.
-std::wstring_view behindName(std::wstring_view line) {
-    constexpr std::wstring_view blanks = L" \t";
-    const bool isQuoted = line.starts_with(L'"');
-    const auto end = isQuoted ? line.find(L'"', 1) : line.find_first_of(blanks);
-    if (end == std::wstring_view::npos) return {};
-    line.remove_prefix(isQuoted ? end + 1 : end);
-    line.remove_prefix(std::min(line.find_first_not_of(blanks), line.size()));
-    return line;
 }
 
 Application ownApplication() {
