@@ -39,10 +39,22 @@ std::string execArgument(std::string_view argument) {
     return entryString(quoted);
 }
 
+namespace {
+
+std::string execLine(std::string_view program) {
+    if (program.empty()) return {};
+    // Signs that no desktop takes in the program's own name are passed on as an argument.
+    const bool isPlain = program.find_first_of("%=") == std::string_view::npos;
+    return (isPlain ? "" : "/bin/sh -c " + execArgument("exec \"$0\"") + ' ') +
+           execArgument(program);
+}
+
+}  // namespace
+
 std::string autostartEntry(std::string_view name, std::string_view program) {
     return "[Desktop Entry]\nType=Application\nName=" + entryString(name) +
-           "\nExec=" + (program.empty() ? std::string{} : execArgument(program)) +
-           "\nHidden=" + (program.empty() ? "true" : "false") + '\n';
+           "\nExec=" + execLine(program) + "\nHidden=" + (program.empty() ? "true" : "false") +
+           '\n';
 }
 
 }  // namespace velmora::linuxhost

@@ -11,6 +11,14 @@ TEST(DesktopEntry, AProgramIsStarted) {
               "Exec=\"/opt/my programs/velmora\"\nHidden=false\n");
 }
 
+TEST(DesktopEntry, ANameThatDesktopsDoNotTakeIsStartedByWayOfTheShell) {
+    for (const std::string program : {"/100% x", "/a=b"})
+        EXPECT_NE(autostartEntry("Velmora", program)
+                      .find("\nExec=/bin/sh -c \"exec \\\\\"\\\\$0\\\\\"\" " +
+                            execArgument(program) + '\n'),
+                  std::string::npos);
+}
+
 TEST(DesktopEntry, WithoutAProgramItIsEmptyAndHidden) {
     EXPECT_EQ(autostartEntry("Velmora", ""),
               "[Desktop Entry]\nType=Application\nName=Velmora\nExec=\nHidden=true\n");
