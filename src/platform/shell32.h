@@ -16,14 +16,15 @@ struct ShellExecuteInfo {
     std::uint32_t mask = 0;
     std::string owner;  ///< name of the form that owns the window shown
     std::string verb;
-    std::string file;   ///< drive path
+    std::string file;  ///< drive path
 };
 
 class Shell32 {
   public:
     virtual ~Shell32() = default;
     /// A special folder by its CSIDL number; 0 for success. Linux knows 9, the folder of the file
-    /// manager's scripts, 16 the desktop, 5 the documents, 26 the user's configuration, 40 the home.
+    /// manager's scripts, 16 the desktop, 5 the documents, 26 the user's configuration, 40 the
+    /// home.
     virtual std::int32_t SHGetSpecialFolderLocation(std::int32_t csidl, ItemIdList& list) = 0;
     /// Writes the place's drive path and a NUL over the front of `buffer`; false when it has no
     /// path or doesn't fit.

@@ -31,4 +31,7 @@ class WScriptShell {
     virtual std::unique_ptr<Shortcut> CreateShortcut(const std::string& file) = 0;
 };
 
+/// The text of a ".url" file, the same on every host: an address, without line ends.
+std::string addressFileText(const std::string& address);
+
 }  // namespace velmora

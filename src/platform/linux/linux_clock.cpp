@@ -23,4 +23,12 @@ std::int64_t LinuxClock::GetTickCount() {
     return static_cast<std::int64_t>(now.tv_sec) * 1000 + now.tv_nsec / 1'000'000;
 }
 
+std::uint64_t LinuxClock::GetSystemTimeAsFileTime() {
+    constexpr std::int64_t secondsFrom1601To1970 = 11'644'473'600;
+    timespec now{};
+    clock_gettime(CLOCK_REALTIME, &now);
+    const std::int64_t seconds = static_cast<std::int64_t>(now.tv_sec) + secondsFrom1601To1970;
+    return static_cast<std::uint64_t>(seconds * 10'000'000 + now.tv_nsec / 100);
+}
+
 }  // namespace velmora::linuxhost

@@ -1,5 +1,7 @@
 #include "platform/linux/linux_kernel32.h"
 
+#include "platform/linux/path_mapping.h"
+
 namespace velmora::linuxhost {
 
 std::uint32_t LinuxKernel32::GetLogicalDriveStringsA(std::uint32_t length, std::string& buffer) {
@@ -14,6 +16,12 @@ std::uint32_t LinuxKernel32::GetLogicalDriveStringsA(std::uint32_t length, std::
     roots += '\0';
     buffer.replace(0, roots.size(), roots);
     return used;
+}
+
+std::string LinuxKernel32::GetWindowsDirectoryA() {
+    std::string folder = drivePathOf("/usr/share/sounds", volumes_.roots());
+    if (folder.ends_with('\\')) folder.pop_back();
+    return folder;
 }
 
 }  // namespace velmora::linuxhost

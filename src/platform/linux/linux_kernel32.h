@@ -13,6 +13,7 @@ class LinuxKernel32 final : public Kernel32 {
   public:
     explicit LinuxKernel32(Volumes& volumes) : volumes_(volumes) {}
     std::uint32_t GetLogicalDriveStringsA(std::uint32_t length, std::string& buffer) override;
+    std::string GetWindowsDirectoryA() override;
 
   private:
     Volumes& volumes_;

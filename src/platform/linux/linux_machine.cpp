@@ -1,14 +1,17 @@
-#include <unistd.h>
-
 #include <string>
 
 #include "platform/file_system_object.h"
+#include "platform/linux/command_line.h"
+#include "platform/linux/linux_advapi32.h"
 #include "platform/linux/linux_clock.h"
 #include "platform/linux/linux_file_system_object.h"
 #include "platform/linux/linux_kernel32.h"
 #include "platform/linux/linux_regional.h"
+#include "platform/linux/linux_shell32.h"
 #include "platform/linux/linux_text_files.h"
+#include "platform/linux/linux_wscript_shell.h"
 #include "platform/linux/path_mapping.h"
+#include "platform/linux/program_file.h"
 #include "platform/linux/volumes.h"
 #include "platform/platform.h"
 
@@ -18,26 +21,13 @@ namespace linuxhost {
 
 namespace {
 
-std::string executablePath() {
-    std::string path(4096, '\0');
-    const auto size = readlink("/proc/self/exe", path.data(), path.size());
-    path.resize(size > 0 ? static_cast<std::size_t>(size) : 0);
-    // What the kernel adds while an update has replaced the file.
-    constexpr std::string_view replaced = " (deleted)";
-    if (path.ends_with(replaced)) path.resize(path.size() - replaced.size());
-    return path;
-}
-
 Application ownApplication(Volumes& volumes) {
     const std::string path = executablePath();
     const auto slash = path.rfind('/');
     if (slash == std::string::npos) return {};
-    std::string name = path.substr(slash + 1);
-    if (const auto point = name.rfind('.'); point != std::string::npos && point > 0)
-        name.resize(point);
     std::string folder = drivePathOf(path.substr(0, slash), volumes.roots());
     if (folder.ends_with('\\')) folder.pop_back();
-    return {folder, name};
+    return {folder, withoutExtension(path.substr(slash + 1)), ownCommand(volumes)};
 }
 
 class LinuxMachine final : public Machine {
@@ -60,7 +50,12 @@ class LinuxMachine final : public Machine {
     LinuxKernel32 kernel32_{volumes_};
     LinuxClock clock_;
     LinuxTextFiles files_{volumes_};
-    Platform platform_{fso_, kernel32_, clock_, files_, userRegional(), ownApplication(volumes_)};
+    LinuxAdvapi32 advapi32_{volumes_};
+    LinuxShell32 shell32_{volumes_};
+    LinuxWScriptShell wscriptShell_{volumes_};
+    Platform platform_{fso_,          kernel32_,      clock_,
+                       files_,        advapi32_,      shell32_,
+                       wscriptShell_, userRegional(), ownApplication(volumes_)};
 };
 
 }  // namespace

@@ -13,8 +13,14 @@ class LinuxTextFiles final : public TextFiles {
   public:
     explicit LinuxTextFiles(Volumes& volumes) : volumes_(volumes) {}
     void appendLine(const std::string& path, std::string_view text) override;
+    std::string readAll(const std::string& path) override;
+    void writeOver(const std::string& path, std::string_view content) override;
+    void remove(const std::string& path) override;
 
   private:
+    /// Error 76 for a path that leads nowhere.
+    std::string hostPathOrError(const std::string& path);
+
     Volumes& volumes_;
 };
 

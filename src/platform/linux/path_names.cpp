@@ -9,6 +9,7 @@ namespace velmora::linuxhost {
 namespace {
 
 constexpr unsigned backSlashStandIn = 0xF05C;
+constexpr unsigned quoteStandIn = 0xF022;
 constexpr unsigned firstByteStandIn = 0xF700;
 
 // The three-byte form that every stand-in has; 0 for other characters.
@@ -30,15 +31,21 @@ bool standsForByte(unsigned code) {
     return code >= firstByteStandIn + 0x80 && code <= firstByteStandIn + 0xFF;
 }
 
+bool isStandIn(unsigned code) {
+    return code == backSlashStandIn || code == quoteStandIn || standsForByte(code);
+}
+
 void appendDriveCharacter(std::string& text, std::string_view character) {
     const auto byte = static_cast<unsigned char>(character[0]);
     if (character == "/") {
         text += '\\';
     } else if (character == "\\") {
         appendCode(text, backSlashStandIn);
+    } else if (character == "\"") {
+        appendCode(text, quoteStandIn);
     } else if (character.size() == 1 && byte >= 0x80) {
         appendCode(text, firstByteStandIn + byte);
-    } else if (codeOf(character) == backSlashStandIn || standsForByte(codeOf(character))) {
+    } else if (isStandIn(codeOf(character))) {
         for (const char part : character)
             appendCode(text, firstByteStandIn + static_cast<unsigned char>(part));
     } else {
@@ -52,6 +59,8 @@ void appendHostCharacter(std::string& text, std::string_view character) {
         text += '/';
     } else if (code == backSlashStandIn) {
         text += '\\';
+    } else if (code == quoteStandIn) {
+        text += '"';
     } else if (standsForByte(code)) {
         text += static_cast<char>(code - firstByteStandIn);
     } else {

@@ -1,7 +1,8 @@
 // Names of this host inside drive paths. A name here may hold any byte but "/" and NUL; a drive
 // path is UTF-8 with back-slashes between its names. So a back-slash inside a name is carried as
-// U+F05C and a byte that is no valid UTF-8 as U+F700 plus the byte; these stand-ins themselves are
-// carried byte by byte, so that every name comes back as it was.
+// U+F05C, a double quote, which closes paths in the command line, as U+F022, and a byte that is no
+// valid UTF-8 as U+F700 plus the byte; these stand-ins themselves are carried byte by byte, so that
+// every name comes back as it was.
 #pragma once
 
 #include <string>

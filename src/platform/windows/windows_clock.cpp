@@ -15,4 +15,10 @@ std::int64_t WindowsClock::GetTickCount() {
     return static_cast<std::int64_t>(GetTickCount64());
 }
 
+std::uint64_t WindowsClock::GetSystemTimeAsFileTime() {
+    FILETIME now{};
+    ::GetSystemTimeAsFileTime(&now);
+    return std::uint64_t{now.dwHighDateTime} << 32 | now.dwLowDateTime;
+}
+
 }  // namespace velmora::windows

@@ -11,6 +11,7 @@ class WindowsClock final : public Clock {
   public:
     DateTime Now() override;
     std::int64_t GetTickCount() override;
+    std::uint64_t GetSystemTimeAsFileTime() override;
 };
 
 }  // namespace velmora::windows

@@ -11,6 +11,7 @@ namespace velmora::windows {
 class WindowsKernel32 final : public Kernel32 {
   public:
     std::uint32_t GetLogicalDriveStringsA(std::uint32_t length, std::string& buffer) override;
+    std::string GetWindowsDirectoryA() override;
 };
 
 }  // namespace velmora::windows

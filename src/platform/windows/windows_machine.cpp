@@ -4,12 +4,16 @@
 #include <string>
 
 #include "platform/platform.h"
+#include "platform/windows/command_line.h"
 #include "platform/windows/utf16.h"
+#include "platform/windows/windows_advapi32.h"
 #include "platform/windows/windows_clock.h"
 #include "platform/windows/windows_file_system_object.h"
 #include "platform/windows/windows_kernel32.h"
 #include "platform/windows/windows_regional.h"
+#include "platform/windows/windows_shell32.h"
 #include "platform/windows/windows_text_files.h"
+#include "platform/windows/windows_wscript_shell.h"
 
 namespace velmora {
 
@@ -33,10 +37,11 @@ std::wstring executablePath() {
 Application ownApplication() {
     const std::string path = withoutLongPrefix(toUtf8(executablePath()));
     const auto slash = path.rfind('\\');
-    if (slash == std::string::npos) return {"", path};
+    const std::string command = toUtf8(behindName(GetCommandLineW()));
+    if (slash == std::string::npos) return {"", path, command};
     std::string name = path.substr(slash + 1);
     name.resize(std::min(name.rfind('.'), name.size()));
-    return {path.substr(0, slash), name};
+    return {path.substr(0, slash), name, command};
 }
 
 class WindowsMachine final : public Machine {
@@ -60,7 +65,11 @@ class WindowsMachine final : public Machine {
     WindowsKernel32 kernel32_;
     WindowsClock clock_;
     WindowsTextFiles files_;
-    Platform platform_{fso_, kernel32_, clock_, files_, userRegional(), ownApplication()};
+    WindowsAdvapi32 advapi32_;
+    WindowsShell32 shell32_;
+    WindowsWScriptShell wscriptShell_;
+    Platform platform_{fso_,     kernel32_,     clock_,         files_,          advapi32_,
+                       shell32_, wscriptShell_, userRegional(), ownApplication()};
 };
 
 }  // namespace

@@ -11,6 +11,9 @@ namespace velmora::windows {
 class WindowsTextFiles final : public TextFiles {
   public:
     void appendLine(const std::string& path, std::string_view text) override;
+    std::string readAll(const std::string& path) override;
+    void writeOver(const std::string& path, std::string_view content) override;
+    void remove(const std::string& path) override;
 };
 
 }  // namespace velmora::windows

@@ -86,6 +86,7 @@ class RealMachine final : public MachineUnderTest {
   private:
     fs::path hostPath(const std::string& path) { return pathOf(machine_->toHostPath(path)); }
 
+    std::shared_ptr<void> user_ = leaveUserAlone();
     std::unique_ptr<Machine> machine_ = openMachine();
     std::string scratch_;
     std::vector<fs::path> made_;

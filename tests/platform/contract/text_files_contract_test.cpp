@@ -62,5 +62,60 @@ TEST_P(TextFilesContract, AFolderCanNotBeWrittenInto) {
               error::pathFileAccess);
 }
 
+TEST_P(TextFilesContract, EveryByteIsReadBackAsItWasWritten) {
+    std::string bytes;
+    for (int round = 0; round < 300; ++round) {
+        for (int byte = 0; byte < 256; ++byte) bytes += static_cast<char>(byte);
+    }
+    files().writeOver(inScratch("bytes"), bytes);
+    EXPECT_EQ(files().readAll(inScratch("bytes")), bytes);
+    EXPECT_EQ(subject->readFile(inScratch("bytes")), bytes);
+}
+
+TEST_P(TextFilesContract, NothingOfTheOldContentStaysBehindTheNew) {
+    const std::string path = inScratch("set.dat");
+    for (const auto size : {10'000, 20'000, 5, 1, 0, 3}) {
+        const std::string content(static_cast<std::size_t>(size), 'c');
+        files().writeOver(path, content);
+        EXPECT_EQ(files().readAll(path), content);
+    }
+}
+
+TEST_P(TextFilesContract, AnEmptyFileIsReadAsNothing) {
+    subject->makeFile(inScratch("empty"), "");
+    EXPECT_EQ(files().readAll(inScratch("empty")), "");
+}
+
+TEST_P(TextFilesContract, AFileThatIsRemovedIsGone) {
+    const std::string path = inScratch("Größe.dat");
+    files().writeOver(path, "x");
+    files().remove(path);
+    EXPECT_FALSE(fso().FileExists(path));
+    EXPECT_EQ(errorOf([&] { files().remove(path); }), error::fileNotFound);
+}
+
+TEST_P(TextFilesContract, ReadingAFileThatIsNotThereIsError53) {
+    EXPECT_EQ(errorOf([&] { files().readAll(inScratch("none")); }), error::fileNotFound);
+    EXPECT_FALSE(fso().FileExists(inScratch("none")));
+}
+
+TEST_P(TextFilesContract, AMissingFolderOrDriveIsError76) {
+    for (const std::string& path :
+         {inScratch("missing\\set.dat"), letterWithoutDrive() + "\\set.dat", std::string()}) {
+        EXPECT_EQ(errorOf([&] { files().readAll(path); }), error::pathNotFound) << path;
+        EXPECT_EQ(errorOf([&] { files().writeOver(path, "x"); }), error::pathNotFound) << path;
+        EXPECT_EQ(errorOf([&] { files().remove(path); }), error::fileNotFound) << path;
+    }
+}
+
+TEST_P(TextFilesContract, AFolderIsNeitherReadNorWrittenNorRemovedAsAFile) {
+    const std::string path = inScratch("folder");
+    subject->makeFolder(path);
+    EXPECT_EQ(errorOf([&] { files().readAll(path); }), error::pathFileAccess);
+    EXPECT_EQ(errorOf([&] { files().writeOver(path, "x"); }), error::pathFileAccess);
+    EXPECT_EQ(errorOf([&] { files().remove(path); }), error::pathFileAccess);
+    EXPECT_TRUE(fso().FolderExists(path));
+}
+
 }  // namespace
 }  // namespace velmora::contract

@@ -8,6 +8,8 @@
 #include <optional>
 #include <string>
 
+#include "support/wait.h"
+
 namespace velmora::linuxhost {
 namespace {
 
@@ -51,6 +53,15 @@ TEST(LinuxClock, AMoveToAnotherTimeZoneIsFollowed) {
     const auto here = toSeconds(clock.Now());
     EXPECT_GE(here - there, 16 * 3600);
     EXPECT_LE(here - there, 16 * 3600 + 60);
+}
+
+TEST(LinuxClock, TheFileTimeGrowsInStepsOf100Nanoseconds) {
+    LinuxClock clock;
+    const std::uint64_t before = clock.GetSystemTimeAsFileTime();
+    EXPECT_TRUE(waitUntil([&] { return clock.GetSystemTimeAsFileTime() > before; }));
+    const auto seconds = static_cast<std::uint64_t>(time(nullptr));
+    EXPECT_LE(before / 10'000'000 - 11'644'473'600, seconds);
+    EXPECT_GE(before / 10'000'000 - 11'644'473'600 + 60, seconds);
 }
 
 }  // namespace

@@ -78,6 +78,35 @@ TEST_F(LinuxTextFilesTest, APipeThatNobodyReadsDoesNotKeepTheProgramWaiting) {
     EXPECT_EQ(errorOfAppending(folder_ / "pipe"), error::deviceIo);
 }
 
+TEST_F(LinuxTextFilesTest, ADeviceOrPipeIsNotReadToAnEndThatMayNeverCome) {
+    ASSERT_EQ(mkfifo((folder_ / "pipe").c_str(), 0600), 0);
+    for (const std::string& path : {std::string("/dev/zero"), folder_ / "pipe"})
+        EXPECT_EQ(errorOf([&] { files_.readAll(drivePath(path)); }), error::deviceIo) << path;
+}
+
+TEST_F(LinuxTextFilesTest, AFileOfUnknownSizeIsReadToItsEnd) {
+    EXPECT_EQ(files_.readAll(drivePath("/proc/self/mountinfo")),
+              contentsOf("/proc/self/mountinfo"));
+}
+
+TEST_F(LinuxTextFilesTest, WritingOverKeepsTheFileItself) {
+    std::ofstream(folder_ / "file") << "old content";
+    std::filesystem::create_hard_link(folder_ / "file", folder_ / "other");
+    files_.writeOver(drivePath(folder_ / "file"), "new");
+    EXPECT_EQ(contentsOf(folder_ / "other"), "new");
+    files_.remove(drivePath(folder_ / "file"));
+    EXPECT_EQ(contentsOf(folder_ / "other"), "new");
+}
+
+TEST_F(LinuxTextFilesTest, WritingOverADeviceThatIsFullIsError61) {
+    EXPECT_EQ(errorOf([&] { files_.writeOver(drivePath("/dev/full"), "x"); }), error::diskFull);
+}
+
+TEST_F(LinuxTextFilesTest, ALinkThatLeadsNowhereIsNoFile) {
+    std::filesystem::create_symlink("/nowhere/at/all", folder_ / "link");
+    EXPECT_EQ(errorOf([&] { files_.readAll(drivePath(folder_ / "link")); }), error::fileNotFound);
+}
+
 TEST_F(LinuxTextFilesTest, ANulInAPathIsError76) {
     EXPECT_EQ(errorOf([&] { files_.appendLine(std::string("C:\\tmp\\a\0b", 10), "x"); }),
               error::pathNotFound);

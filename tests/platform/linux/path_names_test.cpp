@@ -23,6 +23,12 @@ TEST(PathNames, ABackSlashInANameIsCarriedAsItsStandIn) {
     EXPECT_EQ(toHostNames("a\uF05Cb\\c"), "a\\b/c");
 }
 
+TEST(PathNames, AQuoteInANameIsCarriedAsItsStandIn) {
+    EXPECT_EQ(toDriveNames("the \"quoted\" one"), "the \uF022quoted\uF022 one");
+    EXPECT_EQ(toHostNames("the \uF022quoted\uF022 one"), "the \"quoted\" one");
+    EXPECT_EQ(toHostNames("the \"quoted\" one"), "the \"quoted\" one");
+}
+
 TEST(PathNames, AnInvalidByteIsCarriedAsItsStandIn) {
     EXPECT_EQ(toDriveNames("caf\xe9"), "caf\uF7E9");
     EXPECT_EQ(toHostNames("caf\uF7E9"), "caf\xe9");
@@ -31,7 +37,7 @@ TEST(PathNames, AnInvalidByteIsCarriedAsItsStandIn) {
 }
 
 TEST(PathNames, AStandInThatIsReallyInANameComesBackAsItWas) {
-    for (const std::string name : {"x\uF05Cy", "x\uF7E9y", "\uF780", "\uF7FF"}) {
+    for (const std::string name : {"x\uF05Cy", "x\uF022y", "x\uF7E9y", "\uF780", "\uF7FF"}) {
         EXPECT_NE(toDriveNames(name), name);
         EXPECT_EQ(toHostNames(toDriveNames(name)), name);
     }
@@ -40,8 +46,8 @@ TEST(PathNames, AStandInThatIsReallyInANameComesBackAsItWas) {
 
 TEST(PathNames, EveryNameComesBackAsItWas) {
     std::mt19937 random(20260314);
-    const std::string pieces[] = {"/",      "\\", "a",        "\xe9",        "\uF05C",
-                                  "\uF7E9", "日", "\xf0\x9f", "\xed\xa0\x80"};
+    const std::string pieces[] = {"\"",     "\uF022", "/",  "\\",       "a",           "\xe9",
+                                  "\uF05C", "\uF7E9", "日", "\xf0\x9f", "\xed\xa0\x80"};
     for (int round = 0; round < 2000; ++round) {
         std::string name;
         for (int i = 0; i < 12; ++i) name += pieces[random() % std::size(pieces)];

@@ -3,7 +3,10 @@
 #include <windows.h>
 
 #include "platform/platform.h"
+#include "platform/windows/command_line.h"
+#include "platform/windows/utf16.h"
 #include "platform/windows/windows_regional.h"
+#include "support/wait.h"
 
 namespace velmora::windows {
 namespace {
@@ -58,6 +61,37 @@ TEST(WindowsMachine, TheClockTellsADateThatExistsAndATickThatDoesNotGoBack) {
     EXPECT_TRUE(isValid(clock.Now()));
     const auto tick = clock.GetTickCount();
     EXPECT_GE(clock.GetTickCount(), tick);
+}
+
+TEST(WindowsMachine, TheFileTimeIsTheSystemsAndGrows) {
+    const auto machine = openMachine();
+    auto& clock = machine->platform().clock;
+    FILETIME system{};
+    GetSystemTimeAsFileTime(&system);
+    const auto before = std::uint64_t{system.dwHighDateTime} << 32 | system.dwLowDateTime;
+    EXPECT_GE(clock.GetSystemTimeAsFileTime(), before);
+    EXPECT_TRUE(waitUntil([&] { return clock.GetSystemTimeAsFileTime() > before; }));
+    EXPECT_LT(clock.GetSystemTimeAsFileTime() - before, 600'000'000U);
+}
+
+TEST(WindowsMachine, TheSystemsOwnFolderIsThere) {
+    const auto machine = openMachine();
+    const std::string folder = machine->platform().kernel32.GetWindowsDirectoryA();
+    EXPECT_TRUE(machine->platform().fso.FolderExists(folder)) << folder;
+}
+
+TEST(WindowsMachine, TheCommandIsWhatStandsBehindTheProgramsName) {
+    EXPECT_EQ(behindName(LR"("C:\two words\x.exe"  "C:\a b" /c)"), LR"("C:\a b" /c)");
+    EXPECT_EQ(behindName(LR"(C:\x.exe C:\a)"), LR"(C:\a)");
+    EXPECT_EQ(behindName(L"x.exe\t/a "), L"/a ");
+    EXPECT_EQ(behindName(L"x.exe"), L"");
+    EXPECT_EQ(behindName(L"x.exe  "), L"");
+    EXPECT_EQ(behindName(L"\"x.exe\""), L"");
+    EXPECT_EQ(behindName(L"\"unclosed /a"), L"");
+    EXPECT_EQ(behindName(L""), L"");
+    const std::string own = openMachine()->platform().app.Command;
+    EXPECT_TRUE(toUtf8(GetCommandLineW()).ends_with(own));
+    EXPECT_EQ(own.find("test_platform"), std::string::npos) << own;
 }
 
 TEST(WindowsRegional, HasADecimalPointAndSeparators) {

@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include "base/errors.h"
 #include "base/runtime_error.h"
 #include "scratch_folder.h"
 
@@ -116,6 +117,59 @@ TEST(WindowsTextFiles, APathBeyondTheSystemsOldLimitIsWritten) {
     EXPECT_EQ(contentsOf(path), "line\r\n");
     EXPECT_TRUE(DeleteFileW(systemPath(path).c_str()));
     EXPECT_TRUE(RemoveDirectoryW(systemPath(inner).c_str()));
+}
+
+TEST(WindowsTextFiles, AFileThatSomebodyElseWritesIsStillRead) {
+    const ScratchFolder folder;
+    WindowsTextFiles files;
+    files.writeOver(folder / "set.dat", "content");
+    const OtherProgram other(folder / "set.dat", GENERIC_WRITE, FILE_SHARE_READ);
+    ASSERT_TRUE(other.isOpen());
+    EXPECT_EQ(files.readAll(folder / "set.dat"), "content");
+    EXPECT_EQ(errorOf([&] { files.writeOver(folder / "set.dat", "x"); }), error::permissionDenied);
+    EXPECT_EQ(errorOf([&] { files.remove(folder / "set.dat"); }), error::permissionDenied);
+}
+
+TEST(WindowsTextFiles, AFileThatSomebodyElseHoldsForHimselfIsNotRead) {
+    const ScratchFolder folder;
+    const OtherProgram other(folder / "set.dat", GENERIC_READ, 0);
+    ASSERT_TRUE(other.isOpen());
+    WindowsTextFiles files;
+    EXPECT_EQ(errorOf([&] { files.readAll(folder / "set.dat"); }), error::permissionDenied);
+}
+
+TEST(WindowsTextFiles, WritingOverKeepsTheFileItself) {
+    const ScratchFolder folder;
+    WindowsTextFiles files;
+    files.writeOver(folder / "set.dat", "old content");
+    ASSERT_TRUE(CreateHardLinkW(toUtf16(folder / "other").c_str(),
+                                toUtf16(folder / "set.dat").c_str(), nullptr));
+    files.writeOver(folder / "set.dat", "new");
+    EXPECT_EQ(contentsOf(folder / "other"), "new");
+}
+
+TEST(WindowsTextFiles, WholeFilesBeyondTheSystemsOldLimitOfPathsWork) {
+    const ScratchFolder folder;
+    const std::string inner = folder / std::string(200, 'a');
+    ASSERT_TRUE(CreateDirectoryW(systemPath(inner).c_str(), nullptr));
+    const std::string path = inner + '\\' + std::string(200, 'b');
+    WindowsTextFiles files;
+    files.writeOver(path, "content");
+    EXPECT_EQ(files.readAll(path), "content");
+    files.remove(path);
+    EXPECT_EQ(errorOf([&] { files.readAll(path); }), error::fileNotFound);
+    EXPECT_TRUE(RemoveDirectoryW(systemPath(inner).c_str()));
+}
+
+TEST(WindowsTextFiles, NoWholeFileIsReachedByAPathUpToItsFirstNul) {
+    const ScratchFolder folder;
+    WindowsTextFiles files;
+    files.writeOver(folder / "set.dat", "content");
+    const std::string path = (folder / "set.dat") + std::string("\0.old", 5);
+    EXPECT_EQ(errorOf([&] { files.readAll(path); }), error::pathNotFound);
+    EXPECT_EQ(errorOf([&] { files.writeOver(path, "x"); }), error::pathNotFound);
+    EXPECT_EQ(errorOf([&] { files.remove(path); }), error::fileNotFound);
+    EXPECT_EQ(contentsOf(folder / "set.dat"), "content");
 }
 
 }  // namespace

@@ -1,0 +1,38 @@
+// Programs of the desktop that are started beside this one.
+#pragma once
+
+#include <sys/types.h>
+
+#include <chrono>
+#include <string>
+#include <vector>
+
+namespace velmora::linuxhost {
+
+class ChildPrograms {
+  public:
+    enum class Result { done, failed, running, missing };
+
+    /// One that is still running after this time has taken its order.
+    explicit ChildPrograms(std::chrono::milliseconds patience = std::chrono::seconds(1))
+        : patience_(patience) {}
+    ~ChildPrograms() { reap(); }
+    ChildPrograms(const ChildPrograms&) = delete;
+    ChildPrograms& operator=(const ChildPrograms&) = delete;
+
+    /// Starts a program by its name in PATH, without a shell, apart from this program's terminal,
+    /// input and output. Done when it ended with status 0 within the patience, failed when it ended
+    /// otherwise, missing when it can't be started.
+    Result run(const std::vector<std::string>& command);
+
+    /// How many haven't ended yet.
+    std::size_t running();
+
+  private:
+    void reap();
+
+    std::chrono::milliseconds patience_;
+    std::vector<pid_t> running_;
+};
+
+}  // namespace velmora::linuxhost

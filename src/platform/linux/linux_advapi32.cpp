@@ -1,0 +1,69 @@
+#include "platform/linux/linux_advapi32.h"
+
+#include <algorithm>
+#include <cerrno>
+
+#include "base/text.h"
+#include "platform/linux/desktop_entry.h"
+#include "platform/linux/path_mapping.h"
+#include "platform/linux/program_file.h"
+#include "platform/linux/replace_file.h"
+#include "platform/linux/user_folders.h"
+
+namespace velmora::linuxhost {
+
+namespace {
+
+constexpr std::int32_t success = 0;
+constexpr std::int32_t noSuchKey = 2;
+constexpr std::int32_t accessDenied = 5;
+constexpr std::int32_t invalidHandle = 6;
+constexpr std::int32_t invalidParameter = 87;
+constexpr std::int32_t canNotWrite = 1013;
+
+constexpr std::uint32_t textType = 1;
+
+bool isFileName(const std::string& name) {
+    return !name.empty() && name.front() != '.' && name.find('/') == std::string::npos &&
+           name.find('\0') == std::string::npos;
+}
+
+std::int32_t codeOf(int reason) {
+    if (reason == 0) return success;
+    const bool isDenied = reason == EACCES || reason == EPERM || reason == EROFS;
+    return isDenied ? accessDenied : canNotWrite;
+}
+
+}  // namespace
+
+std::int32_t LinuxAdvapi32::RegOpenKeyExA(std::uint32_t hive, const std::string& subKey,
+                                          std::uint32_t /*options*/, std::uint32_t /*access*/,
+                                          RegistryKey& key) {
+    constexpr const char* runKey = R"(software\microsoft\windows\currentversion\run)";
+    if (hive != hive::localMachine || lowerCase(subKey) != runKey) return noSuchKey;
+    key = ++lastKey_;
+    open_.insert(key);
+    return success;
+}
+
+std::int32_t LinuxAdvapi32::RegSetValueExA(RegistryKey key, const std::string& name,
+                                           std::uint32_t reserved, std::uint32_t type,
+                                           const std::string& data, std::uint32_t length) {
+    if (open_.count(key) == 0) return invalidHandle;
+    if (reserved != 0 || type != textType || !isFileName(name)) return invalidParameter;
+    std::string program = data.substr(0, length);
+    program.resize(std::min(program.find('\0'), program.size()));
+    if (!program.empty()) {
+        program = hostPathOf(program, volumes_.roots());
+        if (program.empty()) return invalidParameter;
+        program = programFile(program);
+    }
+    const std::string path = configFolder() + "/autostart/" + lowerCase(name) + ".desktop";
+    return codeOf(replaceFile(path, autostartEntry(name, program), 0644));
+}
+
+std::int32_t LinuxAdvapi32::RegCloseKey(RegistryKey key) {
+    return open_.erase(key) > 0 ? success : invalidHandle;
+}
+
+}  // namespace velmora::linuxhost

@@ -1,0 +1,106 @@
+#include "platform/linux/linux_shell32.h"
+
+#include <cstdlib>
+#include <string_view>
+#include <utility>
+
+#include "base/text.h"
+#include "platform/linux/path_mapping.h"
+#include "platform/linux/replace_file.h"
+#include "platform/linux/user_folders.h"
+
+namespace velmora::linuxhost {
+
+namespace {
+
+constexpr std::int32_t invalidArgument = static_cast<std::int32_t>(0x80070057);
+constexpr std::int32_t failed = static_cast<std::int32_t>(0x80004005);
+
+std::string scriptFolder() {
+    std::string folder = dataFolder() + "/nautilus/scripts";
+    return makeFolders(folder) == 0 ? folder : std::string{};
+}
+
+bool hasTakenOrder(ChildPrograms::Result result) {
+    return result == ChildPrograms::Result::done || result == ChildPrograms::Result::running;
+}
+
+}  // namespace
+
+std::int32_t LinuxShell32::SHGetSpecialFolderLocation(std::int32_t csidl, ItemIdList& list) {
+    std::string folder;
+    switch (csidl) {
+        case 5:
+            folder = userFolder("XDG_DOCUMENTS_DIR", "Documents");
+            break;
+        case 9:
+            folder = scriptFolder();
+            break;
+        case 16:
+            folder = userFolder("XDG_DESKTOP_DIR", "Desktop");
+            break;
+        case 26:
+            folder = configFolder();
+            break;
+        case 40:
+            folder = homeFolder();
+            break;
+        default:
+            return invalidArgument;
+    }
+    if (folder.empty()) return failed;
+    std::string place = drivePathOf(folder, volumes_.roots());
+    if (place.empty()) return failed;
+    list.place = std::move(place);
+    return 0;
+}
+
+bool LinuxShell32::SHGetPathFromIDListA(const ItemIdList& list, std::string& buffer) {
+    if (list.place.empty() || list.place.size() >= buffer.size()) return false;
+    buffer.replace(0, list.place.size() + 1, list.place + '\0');
+    return true;
+}
+
+bool LinuxShell32::ShellExecuteEx(const ShellExecuteInfo& info) {
+    const std::string hostPath = hostPathOf(info.file, volumes_.roots());
+    if (hostPath.empty() || volumes_.kindOf(hostPath) == FileKind::none) return false;
+    const std::string verb = lowerCase(info.verb);
+    if (verb == "properties") return showProperties(hostPath);
+    if (verb != "open" && verb != "explore" && !verb.empty()) return false;
+    return hasTakenOrder(programs_.run({"xdg-open", hostPath}));
+}
+
+bool LinuxShell32::showProperties(const std::string& hostPath) {
+    const char* bus = std::getenv("DBUS_SESSION_BUS_ADDRESS");
+    if (!bus || !*bus) return false;
+    const std::string name = "org.freedesktop.FileManager1";
+    const std::string object = "/org/freedesktop/FileManager1";
+    const std::string method = name + ".ShowItemProperties";
+    const std::string uri = fileUri(hostPath);
+    auto result =
+        programs_.run({"gdbus", "call", "--session", "--timeout", "5", "--dest", name,
+                       "--object-path", object, "--method", method, "['" + uri + "']", "''"});
+    if (result == ChildPrograms::Result::missing)
+        result =
+            programs_.run({"dbus-send", "--session", "--print-reply", "--reply-timeout=5000",
+                           "--dest=" + name, object, method, "array:string:" + uri, "string:"});
+    return hasTakenOrder(result);
+}
+
+std::string fileUri(const std::string& hostPath) {
+    constexpr std::string_view plain =
+        "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~/";
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    std::string uri = "file://";
+    for (const char c : hostPath) {
+        if (plain.find(c) != std::string_view::npos) {
+            uri += c;
+        } else {
+            const auto byte = static_cast<unsigned char>(c);
+            uri += {'%', digits[byte >> 4], digits[byte & 15]};
+        }
+    }
+    return uri;
+}
+
+}  // namespace velmora::linuxhost

@@ -1,0 +1,33 @@
+// The shell's calls, answered by this host's desktop.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/linux/child_programs.h"
+#include "platform/linux/volumes.h"
+#include "platform/shell32.h"
+
+namespace velmora::linuxhost {
+
+class LinuxShell32 final : public Shell32 {
+  public:
+    explicit LinuxShell32(Volumes& volumes) : volumes_(volumes) {}
+
+    std::int32_t SHGetSpecialFolderLocation(std::int32_t csidl, ItemIdList& list) override;
+    bool SHGetPathFromIDListA(const ItemIdList& list, std::string& buffer) override;
+    /// "properties" asks the file manager over the session bus; "open", "explore" and no verb at
+    /// all are for xdg-open.
+    bool ShellExecuteEx(const ShellExecuteInfo& info) override;
+
+  private:
+    bool showProperties(const std::string& hostPath);
+
+    Volumes& volumes_;
+    ChildPrograms programs_;
+};
+
+/// "file:" and the path, every byte escaped that isn't a letter, a digit or one of "-._~/".
+std::string fileUri(const std::string& hostPath);
+
+}  // namespace velmora::linuxhost

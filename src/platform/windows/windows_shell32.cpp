@@ -1,0 +1,49 @@
+#include "platform/windows/windows_shell32.h"
+
+#include <windows.h>
+// Behind the one above, which they need.
+#include <shellapi.h>
+#include <shlobj.h>
+
+#include "platform/windows/utf16.h"
+
+// The system's header gives this name to its wide version.
+#undef ShellExecuteEx
+
+namespace velmora::windows {
+
+// The list itself is of no use but for its path, so that is what is handed on; a place without one
+// has none here either.
+std::int32_t WindowsShell32::SHGetSpecialFolderLocation(std::int32_t csidl, ItemIdList& list) {
+    PIDLIST_ABSOLUTE items = nullptr;
+    const HRESULT result = ::SHGetSpecialFolderLocation(nullptr, csidl, &items);
+    if (FAILED(result)) return result;
+    std::wstring path(MAX_PATH, L'\0');
+    const bool hasPath = SHGetPathFromIDListW(items, path.data());
+    CoTaskMemFree(items);
+    list.place = hasPath ? toUtf8(path.c_str()) : std::string{};
+    return 0;
+}
+
+bool WindowsShell32::SHGetPathFromIDListA(const ItemIdList& list, std::string& buffer) {
+    if (list.place.empty() || list.place.size() >= buffer.size()) return false;
+    buffer.replace(0, list.place.size() + 1, list.place + '\0');
+    return true;
+}
+
+bool WindowsShell32::ShellExecuteEx(const ShellExecuteInfo& info) {
+    const std::wstring verb = toUtf16(info.verb);
+    const std::wstring file = toUtf16(info.file);
+    SHELLEXECUTEINFOW order{};
+    order.cbSize = sizeof order;
+    order.fMask = info.mask;
+    order.hwnd = GetActiveWindow();
+    order.lpVerb = verb.empty() ? nullptr : verb.c_str();
+    order.lpFile = file.c_str();
+    order.nShow = SW_SHOWNORMAL;
+    const bool isTaken = ShellExecuteExW(&order);
+    if ((info.mask & SEE_MASK_NOCLOSEPROCESS) != 0 && order.hProcess) CloseHandle(order.hProcess);
+    return isTaken;
+}
+
+}  // namespace velmora::windows

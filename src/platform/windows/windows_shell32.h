@@ -1,0 +1,23 @@
+// The system's shell: here its calls are just that, with texts in UTF-8.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/shell32.h"
+#include "platform/windows/com_apartment.h"
+
+namespace velmora::windows {
+
+class WindowsShell32 final : public Shell32 {
+  public:
+    std::int32_t SHGetSpecialFolderLocation(std::int32_t csidl, ItemIdList& list) override;
+    bool SHGetPathFromIDListA(const ItemIdList& list, std::string& buffer) override;
+    /// The owner is the program's active window, whichever form it shows.
+    bool ShellExecuteEx(const ShellExecuteInfo& info) override;
+
+  private:
+    ComApartment com_;
+};
+
+}  // namespace velmora::windows
