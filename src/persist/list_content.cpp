@@ -11,26 +11,31 @@ std::string entry(const Control& list, ListContent mode, int index, const std::s
 
 }  // namespace
 
-std::string prcLstContent(const ListView& list, ListContent mode) {
+std::string prcLstContent(const ListView& list, ListContent mode, Host& host) {
     std::string run;
     for (int i = 1; i <= list.Count(); ++i) {
         const ListItem& row = list.ListItems(i);
         if (row.Selected()) run += entry(list, mode, i, row.Text());
+        host.DoEvents();
     }
     return run;
 }
 
-std::string prcLstContent(const ListBox& list, ListContent mode) {
+std::string prcLstContent(const ListBox& list, ListContent mode, Host& host) {
     std::string run;
     for (int i = 0; i < list.ListCount(); ++i) {
         if (list.Selected(i)) run += entry(list, mode, i, list.List(i));
+        host.DoEvents();
     }
     return run;
 }
 
-std::string prcLstContent(const ComboBox& list, ListContent mode) {
+std::string prcLstContent(const ComboBox& list, ListContent mode, Host& host) {
     std::string run;
-    for (int i = 0; i < list.ListCount(); ++i) run += entry(list, mode, i, list.List(i));
+    for (int i = 0; i < list.ListCount(); ++i) {
+        run += entry(list, mode, i, list.List(i));
+        host.DoEvents();
+    }
     return run;
 }
 

@@ -4,24 +4,30 @@
 #include <cstdint>
 
 #include "forms/forms.h"
+#include "platform/host.h"
 #include "platform/platform.h"
 
 namespace velmora {
 
 class SettingsFile {
   public:
-    SettingsFile(Forms& forms, Platform& platform) : forms_(forms), platform_(platform) {}
+    SettingsFile(Forms& forms, Platform& platform, Host& host)
+        : forms_(forms), platform_(platform), host_(host) {}
 
     /// 1 writes the file of `Globals::strSettings`, 2 reads it; any other number touches no file.
     /// At last an interval of 0 or less becomes "5"; error 13 when it is no number. Errors of the
-    /// file (53 when it is missing) and of its values go to the caller.
+    /// file (53 when it is missing) and of its values go to the caller. A value that can't be
+    /// written leaves a file of the lines in front of it. Writing yields.
     void prcSettings(std::int16_t bSet);
     /// Does nothing; saving goes through prcSettings.
     void prcSaveSettings() {}
 
   private:
+    void write();
+
     Forms& forms_;
     Platform& platform_;
+    Host& host_;
 };
 
 }  // namespace velmora

@@ -187,18 +187,21 @@ void setInterval(DatePicker& picker, double seconds) {
     const auto put = [&picker](int most, void (DatePicker::*set)(int), std::int32_t value) {
         if (value >= 0 && value <= most) (picker.*set)(value);
     };
-    const std::int32_t whole = toLong(seconds);
     put(23, &DatePicker::setHour, seconds >= 3600 ? toLong(seconds / 3600) : 0);
 
     std::int32_t minutes = 0;
     if (seconds >= 60) {
         minutes = toLong(seconds / 60);
-        if (minutes >= 60) minutes = whole % 3600;
+        if (minutes >= 60) minutes = toLong(seconds) % 3600;
     }
     put(59, &DatePicker::setMinute, minutes);
 
     std::int32_t rest = 0;
-    if (seconds >= 10) rest = seconds >= 60 ? whole % 60 : whole;
+    if (seconds >= 60) {
+        rest = toLong(seconds) % 60;
+    } else if (seconds >= 10) {
+        rest = toLong(seconds);
+    }
     put(59, &DatePicker::setSecond, rest);
 }
 

@@ -10,16 +10,19 @@ namespace {
 
 class Writer {
   public:
-    Writer(const Forms& forms, const Regional& regional)
-        : form1_(forms.form1), notify_(forms.frmNotify), regional_(regional) {}
+    Writer(std::string& text, const Forms& forms, const Regional& regional, Host& host)
+        : form1_(forms.form1),
+          notify_(forms.frmNotify),
+          regional_(regional),
+          host_(host),
+          text_(text) {}
 
-    std::string write() {
+    void write() {
         writeOptions();
         writeMail();
         writeSendOptions();
         writeWatch();
         writeLists();
-        return std::move(text_);
     }
 
   private:
@@ -43,7 +46,8 @@ class Writer {
     const Form1& form1_;
     const FrmNotify& notify_;
     const Regional& regional_;
-    std::string text_;
+    Host& host_;
+    std::string& text_;
 };
 
 void Writer::writeOptions() {
@@ -66,9 +70,9 @@ void Writer::writeMail() {
     line("notMailServer=", notify_.txtMailServer);
     line("notEmailSubj=", notify_.txtMailSubj);
     line("notMailFromDisp=", notify_.txtMailFromDisplayName);
-    print(prcLstContent(notify_.cboNotEmail, ListContent::text));
-    print(prcLstContent(notify_.lstNotContent, ListContent::index));
-    print(prcLstContent(notify_.lstNotTime, ListContent::index));
+    print(prcLstContent(notify_.cboNotEmail, ListContent::text, host_));
+    print(prcLstContent(notify_.lstNotContent, ListContent::index, host_));
+    print(prcLstContent(notify_.lstNotTime, ListContent::index, host_));
 }
 
 void Writer::writeSendOptions() {
@@ -117,8 +121,8 @@ void Writer::writeTicks(const char* key, const ListBox& list) {
 
 }  // namespace
 
-std::string settingsText(const Forms& forms, const Regional& regional) {
-    return Writer(forms, regional).write();
+void appendSettings(std::string& text, const Forms& forms, const Regional& regional, Host& host) {
+    Writer(text, forms, regional, host).write();
 }
 
 }  // namespace velmora

@@ -5,10 +5,12 @@
 
 #include "base/regional.h"
 #include "forms/forms.h"
+#include "platform/host.h"
 
 namespace velmora {
 
-/// All lines in their order, each scrambled and closed by CR LF. Errors 5 and 6 as prcEn.
-std::string settingsText(const Forms& forms, const Regional& regional);
+/// Appends all lines in their order to `text`, each scrambled and closed by CR LF. Errors 5 and 6 as
+/// prcEn; the lines in front of the failing one are in `text` then. Yields as prcLstContent.
+void appendSettings(std::string& text, const Forms& forms, const Regional& regional, Host& host);
 
 }  // namespace velmora

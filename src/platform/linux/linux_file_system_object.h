@@ -15,6 +15,7 @@ class LinuxFileSystemObject final : public FileSystemObject {
     explicit LinuxFileSystemObject(Volumes& volumes) : volumes_(volumes) {}
 
     std::string GetDriveName(const std::string& path) override { return driveNameOf(path); }
+    std::string GetFileName(const std::string& path) override { return fileNameOf(path); }
     std::unique_ptr<Drive> GetDrive(const std::string& specification) override;
     bool DriveExists(const std::string& specification) override;
     bool FolderExists(const std::string& path) override;

@@ -21,6 +21,13 @@ std::string scriptFolder() {
     return makeFolders(folder) == 0 ? folder : std::string{};
 }
 
+// "scheme:" with two letters at least; one letter is a drive.
+bool isAddress(const std::string& text) {
+    const auto colon = text.find(':');
+    return colon != std::string::npos && colon >= 2 &&
+           text.find_first_not_of("abcdefghijklmnopqrstuvwxyz+-.0123456789") == colon;
+}
+
 bool hasTakenOrder(ChildPrograms::Result result) {
     return result == ChildPrograms::Result::done || result == ChildPrograms::Result::running;
 }
@@ -59,6 +66,19 @@ bool LinuxShell32::SHGetPathFromIDListA(const ItemIdList& list, std::string& buf
     if (list.place.empty() || list.place.size() >= buffer.size()) return false;
     buffer.replace(0, list.place.size() + 1, list.place + '\0');
     return true;
+}
+
+std::int32_t LinuxShell32::ShellExecuteA(const std::string&, const std::string&,
+                                         const std::string& file, const std::string&,
+                                         const std::string&, std::int32_t) {
+    constexpr std::int32_t taken = 33;
+    constexpr std::int32_t notFound = 2;
+    if (isAddress(file)) {
+        return hasTakenOrder(programs_.run({"xdg-open", file})) ? taken : notFound;
+    }
+    const std::string hostPath = hostPathOf(file, volumes_.roots());
+    if (hostPath.empty() || volumes_.kindOf(hostPath) == FileKind::none) return notFound;
+    return hasTakenOrder(programs_.run({"xdg-open", hostPath})) ? taken : notFound;
 }
 
 bool LinuxShell32::ShellExecuteEx(const ShellExecuteInfo& info) {

@@ -16,6 +16,10 @@ class LinuxShell32 final : public Shell32 {
 
     std::int32_t SHGetSpecialFolderLocation(std::int32_t csidl, ItemIdList& list) override;
     bool SHGetPathFromIDListA(const ItemIdList& list, std::string& buffer) override;
+    /// Addresses ("https:", "mailto:") and paths go to xdg-open, whatever the operation.
+    std::int32_t ShellExecuteA(const std::string& owner, const std::string& operation,
+                               const std::string& file, const std::string& parameters,
+                               const std::string& directory, std::int32_t showCommand) override;
     /// "properties" asks the file manager over the session bus; "open", "explore" and no verb at
     /// all are for xdg-open.
     bool ShellExecuteEx(const ShellExecuteInfo& info) override;

@@ -16,6 +16,7 @@ class WindowsFileSystemObject final : public FileSystemObject {
     explicit WindowsFileSystemObject(std::chrono::milliseconds deadline = driveDeadline);
 
     std::string GetDriveName(const std::string& path) override { return driveNameOf(path); }
+    std::string GetFileName(const std::string& path) override { return fileNameOf(path); }
     std::unique_ptr<Drive> GetDrive(const std::string& specification) override;
     bool DriveExists(const std::string& specification) override;
     bool FolderExists(const std::string& path) override;

@@ -31,6 +31,22 @@ bool WindowsShell32::SHGetPathFromIDListA(const ItemIdList& list, std::string& b
     return true;
 }
 
+std::int32_t WindowsShell32::ShellExecuteA(const std::string&, const std::string& operation,
+                                           const std::string& file, const std::string& parameters,
+                                           const std::string& directory,
+                                           std::int32_t showCommand) {
+    const auto orNull = [](const std::wstring& text) {
+        return text.empty() ? nullptr : text.c_str();
+    };
+    const std::wstring verb = toUtf16(operation);
+    const std::wstring target = toUtf16(file);
+    const std::wstring arguments = toUtf16(parameters);
+    const std::wstring folder = toUtf16(directory);
+    const HINSTANCE result = ShellExecuteW(GetActiveWindow(), orNull(verb), target.c_str(),
+                                           orNull(arguments), orNull(folder), showCommand);
+    return static_cast<std::int32_t>(reinterpret_cast<std::intptr_t>(result));
+}
+
 bool WindowsShell32::ShellExecuteEx(const ShellExecuteInfo& info) {
     const std::wstring verb = toUtf16(info.verb);
     const std::wstring file = toUtf16(info.file);

@@ -14,6 +14,9 @@ class WindowsShell32 final : public Shell32 {
     std::int32_t SHGetSpecialFolderLocation(std::int32_t csidl, ItemIdList& list) override;
     bool SHGetPathFromIDListA(const ItemIdList& list, std::string& buffer) override;
     /// The owner is the program's active window, whichever form it shows.
+    std::int32_t ShellExecuteA(const std::string& owner, const std::string& operation,
+                               const std::string& file, const std::string& parameters,
+                               const std::string& directory, std::int32_t showCommand) override;
     bool ShellExecuteEx(const ShellExecuteInfo& info) override;
 
   private:

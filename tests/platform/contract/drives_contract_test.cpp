@@ -18,6 +18,17 @@ TEST_P(DrivesContract, TheNameOfADriveIsThePartInFrontAsItIsWritten) {
     EXPECT_EQ(fso().GetDriveName("\\\\host\\share"), "\\\\host\\share");
 }
 
+TEST_P(DrivesContract, AFileNameIsWhatStandsBehindTheLastSeparator) {
+    EXPECT_EQ(fso().GetFileName("C:\\data\\one file.txt"), "one file.txt");
+    EXPECT_EQ(fso().GetFileName("C:\\data\\"), "data");
+    EXPECT_EQ(fso().GetFileName("C:/data/größe"), "größe");
+    EXPECT_EQ(fso().GetFileName("c:x"), "x");
+    EXPECT_EQ(fso().GetFileName("x"), "x");
+    EXPECT_EQ(fso().GetFileName("\\\\host\\share\\x"), "x");
+    for (const char* root : {"", "C:", "C:\\", "\\\\host\\share", "\\\\host\\share\\"})
+        EXPECT_EQ(fso().GetFileName(root), "") << root;
+}
+
 TEST_P(DrivesContract, APathWithoutADriveHasNoDriveName) {
     for (const char* path :
          {"", "data", "\\data", "1:\\data", "\\\\host", "\\\\host\\", "\\\\", ":"})
