@@ -119,11 +119,5 @@ TEST_P(DesktopContract, TheSystemsOwnFolderHasNoBackSlashBehind) {
     EXPECT_NE(folder.back(), '\\');
 }
 
-TEST_P(DesktopContract, OpeningWhatIsNotThereIsRefused) {
-    const std::string missing = machine().scratch() + "\\missing";
-    auto& shell = machine().machine().platform().shell32;
-    EXPECT_LE(shell.ShellExecuteA("Form1", "open", missing, "", "", 1), 32);
-}
-
 }  // namespace
 }  // namespace velmora::contract

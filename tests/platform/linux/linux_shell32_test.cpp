@@ -102,6 +102,18 @@ TEST_F(LinuxShell32Test, OpeningIsLeftToTheDesktop) {
     EXPECT_EQ(called(), "");
 }
 
+TEST_F(LinuxShell32Test, FilesAndAddressesAreOpenedAndWhatIsMissingIsNot) {
+    install("xdg-open");
+    const auto open = [&](const std::string& what) {
+        return shell_.ShellExecuteA("Form1", "open", what, "", "", 1);
+    };
+    EXPECT_GT(open(drivePathOf(file_, volumes_.roots())), 32);
+    EXPECT_EQ(called(), "xdg-open\n" + file_ + '\n');
+    EXPECT_GT(open("mailto:somebody@velmora.example?subject=comments"), 32);
+    EXPECT_EQ(called(), "xdg-open\nmailto:somebody@velmora.example?subject=comments\n");
+    EXPECT_LE(open(drivePathOf(home_ / "missing", volumes_.roots())), 32);
+}
+
 TEST_F(LinuxShell32Test, WhatIsNotThereIsNotOpened) {
     install("xdg-open");
     EXPECT_FALSE(execute("open", home_ / "missing"));
