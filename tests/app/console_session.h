@@ -13,7 +13,10 @@
 namespace velmora::tests {
 
 struct ConsoleSession {
-    ConsoleSession() { machine.drives["C:"] = {50e9, 100e9}; }
+    ConsoleSession() {
+        machine.drives["C:"] = {50e9, 100e9};
+        machine.files["C:\\Program Files\\Velmora\\set.dat"] = "";
+    }
 
     /// Runs the program over the input; returns what it printed behind the greeting.
     std::vector<std::string> run(const std::string& input) {

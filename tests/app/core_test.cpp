@@ -2,14 +2,21 @@
 
 #include <gtest/gtest.h>
 
+#include "base/errors.h"
 #include "fake/fake_host.h"
 #include "fake/fake_machine.h"
+#include "persist/scramble.h"
 
 namespace velmora {
 namespace {
 
 struct CoreTest : testing::Test {
-    CoreTest() { machine.drives["C:"] = {50e9, 100e9}; }
+    CoreTest() {
+        machine.drives["C:"] = {50e9, 100e9};
+        machine.files[settingsPath] = "";
+    }
+
+    const std::string settingsPath = "C:\\Program Files\\Velmora\\set.dat";
 
     fake::FakeMachine machine;
     fake::FakeHost host;
@@ -40,6 +47,65 @@ TEST_F(CoreTest, ConnectsEverySubsystemToItsFields) {
           form1.UpDown3.Change.connected(), form1.mnuExit.Click.connected()}) {
         EXPECT_TRUE(connected);
     }
+}
+
+TEST_F(CoreTest, AMissingSettingsFileReachesWhoeverLoads) {
+    machine.files.erase(settingsPath);
+    EXPECT_EQ(errorOf([this] { core.load(); }), error::fileNotFound);
+    EXPECT_EQ(forms.form1.ListView1.Count(), 1);
+    EXPECT_EQ(forms.form1.lblLog.Caption(), "");
+    EXPECT_TRUE(forms.sysWorkSystray.Visible());
+    EXPECT_TRUE(machine.shortcuts.empty());
+}
+
+TEST_F(CoreTest, AValueOfTheSettingsThatIsNoNumberReachesWhoeverLoads) {
+    machine.files[settingsPath] = prcEn("chkLog=often") + "\r\n";
+    EXPECT_EQ(errorOf([this] { core.load(); }), error::typeMismatch);
+    EXPECT_EQ(forms.form1.lblLog.Caption(), "");
+    EXPECT_TRUE(machine.shortcuts.empty());
+}
+
+TEST_F(CoreTest, TheSettingsActOnTheirHandlersDuringTheStart) {
+    machine.files[settingsPath] =
+        prcEn("chkStartUp=1") + "\r\n" + prcEn("custtime=1") + "\r\n" + prcEn("chkLog=0") + "\r\n";
+    core.load();
+    EXPECT_EQ(machine.runKey().values["Velmora"].data, "C:\\Program Files\\Velmora\\velmora");
+    EXPECT_TRUE(forms.form1.DTTime1[0].Enabled());
+    EXPECT_FALSE(forms.form1.txtAlert.Visible());
+}
+
+TEST_F(CoreTest, ADoubleClickOnARowShowsItOnTheGauges) {
+    core.load();
+    forms.form1.ListView1.userDoubleClickOn(1, 1);
+    EXPECT_EQ(forms.frmIndDri.ListView1.Count(), 0);  // no row is selected
+    forms.form1.ListView1.userSelect({1});
+    forms.form1.ListView1.userDoubleClickOn(1, 1);
+    EXPECT_EQ(forms.frmIndDri.ListView1.Count(), 4);
+    EXPECT_EQ(forms.frmIndDri.VMeter2.Value(), 25);  // half of the drive is free
+}
+
+TEST_F(CoreTest, StatisticsAndAnimationFollowACheck) {
+    machine.files["C:\\Program Files\\Velmora\\spin.avi"] = "clip";
+    core.load();
+    forms.form1.DTPInterval.setMinute(0);
+    forms.form1.Timer1.Tick();
+    EXPECT_EQ(forms.form1.lblTimesMonitor.Caption(), "1");
+    EXPECT_EQ(forms.form1.Animation1.File(), "C:\\Program Files\\Velmora\\spin.avi");
+}
+
+TEST_F(CoreTest, FilesOfTheCommandLineJoinTheSpecifiedOnes) {
+    machine.platform().app.Command = "\"C:\\one\" \"C:\\two\"";
+    core.load();
+    ASSERT_EQ(forms.form1.LVFile.Count(), 2);
+    EXPECT_EQ(forms.form1.LVFile.ListItems(2).Tag(), "C:\\two");
+}
+
+TEST_F(CoreTest, ASecondStartFindsItsShortcut) {
+    core.load();
+    Forms nextForms;
+    Core next{nextForms, machine.platform(), host, notifyArea};
+    next.load();
+    EXPECT_EQ(machine.shortcuts.size(), 1u);
 }
 
 TEST_F(CoreTest, TellsItsListenersOfEachAlert) {

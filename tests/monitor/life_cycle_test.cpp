@@ -128,6 +128,68 @@ TEST(LifeCycle, ClosingTheWindowOnlyHidesIt) {
     EXPECT_EQ(rig.forms.globals.lngTimesChecked, 1);
 }
 
+TEST(LifeCycle, TheIconGoesBeforeTheWindowIsHidden) {
+    struct Area : NotifyArea {
+        explicit Area(Form1& window) : form1(window) {}
+        bool Shell_NotifyIconA(NotifyMessage, const NotifyIconData&) override {
+            wasVisible = form1.Visible();
+            return false;  // an icon that isn't there is no reason to stay
+        }
+        Form1& form1;
+        bool wasVisible = false;
+    };
+    Rig rig;
+    Area area(rig.form1);
+    LifeCycle lifeCycle{
+        rig.forms,
+        rig.machine.platform(),
+        rig.host,
+        {rig.checkCycle, rig.watchList, rig.watchControl, rig.fileList, rig.shellLinks, area},
+        rig.ports.all()};
+    lifeCycle.Form_Load();
+    rig.host.answers = {BoxAnswer::ok};
+    EXPECT_THROW(lifeCycle.mnuExit_Click(), ProgramEnd);
+    EXPECT_TRUE(area.wasVisible);
+    EXPECT_FALSE(rig.form1.Visible());
+}
+
+TEST(LifeCycle, TheQuestionComesInFrontOfTheWindow) {
+    Rig rig;
+    rig.load();
+    rig.host.onBox = [&](const Box&) { rig.ports.calls.push_back("question"); };
+    rig.lifeCycle.mnuExit_Click();
+    EXPECT_EQ(rig.ports.calls, (Texts{"drop", "question", "restore"}));
+}
+
+TEST(LifeCycle, TheTimersRunOnBehindAClosedWindow) {
+    Rig rig;
+    rig.load();
+    rig.lifeCycle.Form_Unload();
+    EXPECT_FALSE(rig.form1.Visible());
+    for (const Timer* timer : {&rig.form1.Timer1, &rig.form1.tmrStat, &rig.form1.TimerCust}) {
+        EXPECT_TRUE(timer->Enabled());
+    }
+    EXPECT_TRUE(rig.host.boxes.empty());
+    EXPECT_TRUE(rig.notifyArea.sent.empty());
+    EXPECT_TRUE(rig.ports.calls.empty());
+}
+
+TEST(LifeCycle, CommentsGoToTheMakerByMail) {
+    Rig rig;
+    rig.form1.mnuComments.Click();
+    ASSERT_EQ(rig.machine.executed.size(), 1u);
+    EXPECT_EQ(rig.machine.executed[0].verb, "open");
+    EXPECT_EQ(rig.machine.executed[0].file, "mailto:support@velmora.example?subject=comments");
+    EXPECT_EQ(rig.machine.executed[0].owner, "Form1");
+}
+
+TEST(LifeCycle, AMachineWithoutAMailProgramSaysNothing) {
+    Rig rig;
+    rig.machine.executes = false;
+    rig.lifeCycle.prcComment();
+    EXPECT_TRUE(rig.host.boxes.empty());
+}
+
 TEST(LifeCycle, LeavingInTheMiddleOfACheckEndsTheProgramAtOnce) {
     CheckRig rig;
     rig.watch("C:\\", 5);
