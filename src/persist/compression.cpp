@@ -13,8 +13,8 @@ int Compression::CompressByteArray(Bytes& bytes, std::int16_t level) {
     // The room that zlib may need, and one more: the number is an upper bound, counted from 0.
     Bytes buffer(static_cast<std::size_t>(toLong(OriginalSize + 0.01 * OriginalSize + 12)) + 1);
     auto size = static_cast<uLongf>(buffer.size() - 1);
-    const int code = compress2(buffer.data(), &size, bytes.data(),
-                               static_cast<uLong>(bytes.size()), level);
+    const int code =
+        compress2(buffer.data(), &size, bytes.data(), static_cast<uLong>(bytes.size()), level);
     buffer.resize(code == Z_OK ? size : 0);
     bytes = std::move(buffer);
     CompressedSize = toLong(static_cast<double>(bytes.size()));

@@ -21,8 +21,12 @@ std::string shifted(const std::string& text, int by, unsigned char impossible) {
 
 }  // namespace
 
-std::string prcEn(const std::string& text) { return shifted(text, 1, 255); }
+std::string prcEn(const std::string& text) {
+    return shifted(text, 1, 255);
+}
 
-std::string prcDe(const std::string& text) { return shifted(text, -1, 0); }
+std::string prcDe(const std::string& text) {
+    return shifted(text, -1, 0);
+}
 
 }  // namespace velmora

@@ -73,7 +73,8 @@ const std::array<Reader::Key, 45> Reader::keys{{
     {"lstAct=", "lstAct=", [](Reader& r, auto& v) { r.pick(r.form1_.lstAct, v); }},
     // Never reached: the first key takes such lines.
     {"custtime=", "custtime=", [](Reader& r, auto& v) { r.tick(r.form1_.chkCustTime, v); }},
-    {"custtimebegin=", "custtimebegin=", [](Reader& r, auto& v) { r.pick(r.form1_.DTTime1[0], v); }},
+    {"custtimebegin=", "custtimebegin=",
+     [](Reader& r, auto& v) { r.pick(r.form1_.DTTime1[0], v); }},
     {"custtimeend=", "custtimeend=", [](Reader& r, auto& v) { r.pick(r.form1_.DTTime1[1], v); }},
     {"path=", "path=", [](Reader& r, auto& v) { r.selectPath(v); }},
     // Keys of older files.
@@ -93,7 +94,8 @@ const std::array<Reader::Key, 45> Reader::keys{{
     {"notEmailPass=", "notEmailPass=", [](Reader& r, auto& v) { r.notify_.txtPass.setText(v); }},
     {"notMailServer=", "notMailServer=",
      [](Reader& r, auto& v) { r.notify_.txtMailServer.setText(v); }},
-    {"notEmailSubj=", "notEmailSubj=", [](Reader& r, auto& v) { r.notify_.txtMailSubj.setText(v); }},
+    {"notEmailSubj=", "notEmailSubj=",
+     [](Reader& r, auto& v) { r.notify_.txtMailSubj.setText(v); }},
     {"notMailFromDisp=", "notMailFromDisp=",
      [](Reader& r, auto& v) { r.notify_.txtMailFromDisplayName.setText(v); }},
     {"notchkProxy=", "notchkProxy=", [](Reader& r, auto& v) { r.tick(r.notify_.chkProxy, v); }},
@@ -108,8 +110,8 @@ const std::array<Reader::Key, 45> Reader::keys{{
      [](Reader& r, auto& v) { r.notify_.txtCustomContent.setText(v); }},
     {"notCustMsg=", "notCustMsg=", [](Reader& r, auto& v) { r.notify_.txtCustMsg.setText(v); }},
     {"notcboEmail=", "notcboEmail=", [](Reader& r, auto& v) { r.notify_.cboNotEmail.AddItem(v); }},
-    {"NotlstContent", "NotlstContent=",
-     [](Reader& r, auto& v) { r.pick(r.notify_.lstNotContent, v); }},
+    {"NotlstContent",
+     "NotlstContent=", [](Reader& r, auto& v) { r.pick(r.notify_.lstNotContent, v); }},
     {"notlstTime", "notlstTime=", [](Reader& r, auto& v) { r.pick(r.notify_.lstNotTime, v); }},
     {"txtAudio0", "txtAudio0=", [](Reader& r, auto& v) { r.sound(0, v); }},
     // Removes the other element's key, so that its own stays in the value and names no file.
