@@ -1,6 +1,8 @@
 // This host's clocks.
 #pragma once
 
+#include <time.h>
+
 #include <cstdint>
 
 #include "platform/clock.h"
@@ -11,6 +13,12 @@ class LinuxClock final : public Clock {
   public:
     DateTime Now() override;
     std::int64_t GetTickCount() override;
+
+  private:
+    static DateTime localTime(time_t now);
+
+    time_t second_ = -1;  // the second of `local_`
+    DateTime local_;
 };
 
 }  // namespace velmora::linuxhost
