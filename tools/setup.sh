@@ -1,11 +1,11 @@
 # Shell functions that ./run and ./test share: the packages they need, and building a preset.
 # To be sourced, with `root` set to the project's folder. All messages go to standard error.
 
-# What building takes.
 # A fresh checkout finds what another one on this machine has compiled.
 export CCACHE_BASEDIR=$root
 export CCACHE_NOHASHDIR=1
 
+# What building takes.
 build_packages=(build-essential cmake ninja-build ccache pkg-config nlohmann-json3-dev)
 
 # What the tests take besides: libraries, the cross compiler, Wine, and tools that make file
