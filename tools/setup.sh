@@ -1,6 +1,10 @@
 # Shell functions that ./run and ./test share: the packages they need, and building a preset.
 # To be sourced, with `root` set to the project's folder. All messages go to standard error.
 
+# A fresh checkout finds what another one on this machine has compiled.
+export CCACHE_BASEDIR=$root
+export CCACHE_NOHASHDIR=1
+
 # What building takes.
 build_packages=(build-essential cmake ninja-build ccache pkg-config nlohmann-json3-dev zlib1g-dev)
 

@@ -67,7 +67,7 @@ void Output::value(const PropertyValue& value) {
 }
 
 void Output::error(const std::string& message) {
-    line(json_ ? jsonObject({{"error", message}}) : "error: " + asOneLine(message));
+    line(json_ ? jsonObject({{"error", message}}) : "error: " + readable(message));
 }
 
 void Output::rows(const ListView& list) {
@@ -78,8 +78,8 @@ void Output::rows(const ListView& list) {
 
 std::string Output::rowLine(const ListView& list, int index) const {
     const ListItem& row = list.ListItems(index);
-    std::string text = std::to_string(index) + " " + tick(row.Checked()) + asOneLine(row.Text());
-    for (int i = 1; i <= row.SubItemCount(); ++i) text += " | " + asOneLine(row.SubItems(i));
+    std::string text = std::to_string(index) + " " + tick(row.Checked()) + readable(row.Text());
+    for (int i = 1; i <= row.SubItemCount(); ++i) text += " | " + readable(row.SubItems(i));
     if (row.SubItemCount() > 0 && !row.ListSubItems(1).ReportIcon().empty()) {
         text += " <" + row.ListSubItems(1).ReportIcon() + ">";
     }
@@ -96,7 +96,7 @@ void Output::entries(const ListBox& list) {
         return line(R"({"ok":[)" + objects + "]}");
     }
     for (int i = 0; i < list.ListCount(); ++i) {
-        line(std::to_string(i) + " " + tick(list.Selected(i)) + asOneLine(list.List(i)));
+        line(std::to_string(i) + " " + tick(list.Selected(i)) + readable(list.List(i)));
     }
     line(std::to_string(list.ListCount()) + " entries");
 }
@@ -110,7 +110,7 @@ void Output::entries(const ComboBox& list) {
         return line(R"({"ok":[)" + objects + "]}");
     }
     for (int i = 0; i < list.ListCount(); ++i) {
-        line(std::to_string(i) + " " + asOneLine(list.List(i)));
+        line(std::to_string(i) + " " + readable(list.List(i)));
     }
     line(std::to_string(list.ListCount()) + " entries");
 }
@@ -126,8 +126,8 @@ void Output::alert(const ListItem& row) {
             "alert",
             {{"time", row.SubItems(1)}, {"rating", row.Text()}, {"text", row.SubItems(2)}});
     }
-    line("alert: " + asOneLine(row.SubItems(1)) + " | " + asOneLine(row.Text()) + " | " +
-         asOneLine(row.SubItems(2)));
+    line("alert: " + readable(row.SubItems(1)) + " | " + readable(row.Text()) + " | " +
+         readable(row.SubItems(2)));
 }
 
 void Output::box(const Box& box, BoxAnswer answer) {
@@ -138,13 +138,13 @@ void Output::box(const Box& box, BoxAnswer answer) {
                              {"buttons", buttonsName(box.buttons)},
                              {"answer", answerName(answer)}});
     }
-    line("box: " + asOneLine(box.title) + " | " + iconName(box.icon) + " | " + asOneLine(box.text) +
+    line("box: " + readable(box.title) + " | " + iconName(box.icon) + " | " + readable(box.text) +
          " | " + buttonsName(box.buttons) + " -> " + answerName(answer));
 }
 
 void Output::status(int panel, const std::string& text) {
     if (json_) return event("status", {{"panel", std::int64_t{panel}}, {"text", text}});
-    if (watch_) line("status " + std::to_string(panel) + ": " + asOneLine(text));
+    if (watch_) line("status " + std::to_string(panel) + ": " + readable(text));
 }
 
 void Output::shell(const std::string& operation, const JsonFields& details) {

@@ -105,13 +105,17 @@ void Words::end() const {
     if (!rest_.empty()) throw CommandError("more than the command takes: " + std::string(rest_));
 }
 
-std::string asOneLine(const std::string& text) {
+std::string readable(const std::string& text) {
     const bool plain = isValidUtf8(text) && !beginsEscaped(text) &&
                        std::none_of(text.begin(), text.end(), [](char c) {
                            return static_cast<unsigned char>(c) < ' ' || c == '\x7f';
                        });
+    return plain ? text : "$" + jsonString(text);
+}
+
+std::string asOneLine(const std::string& text) {
     const bool blankEdges = !text.empty() && (isBlank(text.front()) || isBlank(text.back()));
-    return plain && !blankEdges ? text : "$" + jsonString(text);
+    return blankEdges ? "$" + jsonString(text) : readable(text);
 }
 
 }  // namespace velmora::console

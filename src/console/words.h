@@ -46,4 +46,7 @@ class Words {
 /// The text as one line that `Words::value` reads back: as it stands where it can, else $"...".
 std::string asOneLine(const std::string& text);
 
+/// The same for a reader of whole lines, who needs no help with blanks at either end.
+std::string readable(const std::string& text);
+
 }  // namespace velmora::console

@@ -14,10 +14,14 @@ const StatusBar::Panel& StatusBar::Panels(int index) const {
 
 StatusBar::Panel& StatusBar::at(int index) { return const_cast<Panel&>(Panels(index)); }
 
-void StatusBar::setPanelText(int index, std::string text) {
+void StatusBar::setPanelText(int index, std::string_view text, std::string_view behind) {
     Panel& panel = at(index);
-    if (panel.Text == text) return;
-    panel.Text = std::move(text);
+    const std::string_view present = panel.Text;
+    if (present.size() == text.size() + behind.size() && present.starts_with(text) &&
+        present.ends_with(behind)) {
+        return;
+    }
+    panel.Text.assign(text).append(behind);
     PanelChanged(index);
 }
 

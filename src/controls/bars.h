@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "controls/control.h"
@@ -20,7 +21,9 @@ class StatusBar : public Control {
     int PanelCount() const { return static_cast<int>(panels_.size()); }
     /// Error 35600 for a panel that isn't there.
     const Panel& Panels(int index) const;
-    void setPanelText(int index, std::string text);
+    /// The text may come in two pieces, neither of them part of the present text; a check writes
+    /// several for each row.
+    void setPanelText(int index, std::string_view text, std::string_view behind = {});
     void setPanelPicture(int index, int image);
 
     /// The text or picture of that panel has changed.

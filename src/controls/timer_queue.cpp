@@ -36,6 +36,7 @@ int TimerQueue::fireDue() {
     for (std::size_t i = 0; i < entries_.size(); ++i) {
         if (runs(entries_[i]) && entries_[i].due <= until) due.push_back(i);
     }
+    if (due.empty()) return 0;
     std::stable_sort(due.begin(), due.end(), [this](std::size_t a, std::size_t b) {
         return entries_[a].due < entries_[b].due;
     });

@@ -122,7 +122,7 @@ int CheckCycle::walkRows(std::int32_t lngMinSpace) {
     for (; i <= count; ++i) {
         host_.DoEvents();
         const std::string text = list.ListItems(i).Text();
-        form1.StatusBar1.setPanelText(2, "Checking: " + text);
+        form1.StatusBar1.setPanelText(2, "Checking: ", text);
         if (!forms_.globals.bChecking) {
             form1.StatusBar1.setPanelText(2, "Ready (e1): ");
             break;

@@ -1,6 +1,7 @@
 #include "monitor/drive_text.h"
 
-#include "base/convert.h"
+#include <cmath>
+
 #include "base/text.h"
 
 namespace velmora {
@@ -27,7 +28,7 @@ std::string prcSetDiskSizeDimension(double lngSpace, const Regional& regional) {
     return "0 KB";
 }
 
-double kilobytes(double bytes) { return roundTiesAway(bytes / 1024, 0); }
+double kilobytes(double bytes) { return std::round(bytes / 1024); }
 
 std::string kilobyteText(double bytes, Grouping grouping, const Regional& regional) {
     return FormatNumber(bytes / 1024, 0, grouping, regional) + " KB";

@@ -23,10 +23,10 @@ RowOutcome RowCheck::check(int i, std::int32_t& lngMinSpace) {
     ListView& list = forms_.form1.ListView1;
     StatusBar& status = forms_.form1.StatusBar1;
     const std::string text = list.ListItems(i).Text();
-    status.setPanelText(1, "Checking: " + text);
+    status.setPanelText(1, "Checking: ", text);
     const auto drive = platform_.fso.GetDrive(platform_.fso.GetDriveName(trim(text)));
     if (!drive->IsReady()) {
-        status.setPanelText(1, "Not Ready: " + text);
+        status.setPanelText(1, "Not Ready: ", text);
         WatchRow(list.ListItems(i)).setStateIcon(state_icon::none);
         ports_.events.rowNotReady(i);
         // A shortage told before the drive went away is told again once it is back.
@@ -60,8 +60,18 @@ RowOutcome RowCheck::testTrigger(int i, Drive& drive, std::int32_t& lngMinSpace,
         return RowOutcome::overHundredPercent;
     }
     bShortage = kilobytes(drive.FreeSpace()) < lngMinSpace;
-    row.setLastChecked(Format(platform_.clock.Now(), "mm/dd HH:mm:ss"));
+    row.setLastChecked(timeChecked());
     return RowOutcome::done;
+}
+
+// Thousands of rows are checked in a second; its text is made once.
+const std::string& RowCheck::timeChecked() {
+    const DateTime now = platform_.clock.Now();
+    if (now != lastChecked_ || lastCheckedText_.empty()) {
+        lastChecked_ = now;
+        lastCheckedText_ = Format(now, "mm/dd HH:mm:ss");
+    }
+    return lastCheckedText_;
 }
 
 // From percent of the drive's size; false, with a box, for a value above 100. The result stays in

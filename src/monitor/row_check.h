@@ -30,6 +30,7 @@ class RowCheck {
   private:
     RowOutcome testTrigger(int i, Drive& drive, std::int32_t& lngMinSpace, bool& bShortage);
     bool toWholeKB(Drive& drive, std::int32_t& lngMinSpace);
+    const std::string& timeChecked();
     void reportShortage(int i, Drive& drive, std::int32_t lngMinSpace);
     void runActions(Shortage& shortage);
     void showDialogForNewText(const Shortage& shortage);
@@ -40,6 +41,8 @@ class RowCheck {
     Host& host_;
     AlertList& alerts_;
     MonitorPorts ports_;
+    DateTime lastChecked_;
+    std::string lastCheckedText_;
 };
 
 }  // namespace velmora

@@ -124,11 +124,18 @@ TEST_F(CoreTest, PutsTheTimersOfAllFormsIntoTheQueue) {
     forms.form1.Timer1.Tick.connect([&] { order += "watch "; });
     forms.frmIndDri.Timer1.Tick.connect([&] { order += "drive "; });
     forms.sysWorkSystray.tmrSystray.Tick.connect([&] { order += "tray "; });
+    forms.form1.tmrStat.Tick.connect([&] { order += "statistics "; });
     forms.frmIndDri.Timer1.setEnabled(true);
     forms.sysWorkSystray.tmrSystray.setEnabled(true);
     machine.advance(10'000);
-    EXPECT_EQ(queue.fireDue(), 3);
-    EXPECT_EQ(order, "tray watch drive ");  // due after 1, 5 and 10 s
+    EXPECT_EQ(queue.fireDue(), 4);
+    EXPECT_EQ(order, "tray watch statistics drive ");  // due after 1, 5, 6 and 10 s
+    forms.form1.TimerCust.Tick.connect([&] { order += "custom "; });
+    forms.frmNotify.tmrEmail.Tick.connect([&] { order += "mail "; });
+    order.clear();
+    machine.advance(50'000);
+    EXPECT_EQ(queue.fireDue(), 6);
+    EXPECT_EQ(order.substr(order.size() - 12), "custom mail ");  // after a minute
 }
 
 }  // namespace

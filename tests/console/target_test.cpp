@@ -69,7 +69,7 @@ TEST_F(TargetTest, IsRefusedForANameThatIsntThere) {
 TEST_F(TargetTest, IsRefusedForWhatIsNoIndex) {
     for (const char* name :
          {"lblDP(", "lblDP()", "lblDP(x)", "lblDP(0", "lblDP(0)x", "lblDP(0))", "lblDP(-1)",
-          "lblDP(+0)", "lblDP( 0)", "lblDP(99999999999999999999)"}) {
+          "txtAmt(-1)", "lblDP(+0)", "lblDP( 0)", "lblDP(99999999999999999999)"}) {
         EXPECT_THROW(of(name), CommandError) << name;
     }
 }

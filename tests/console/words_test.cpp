@@ -111,6 +111,8 @@ TEST(AsOneLine, EscapesWhatALineCantShow) {
     EXPECT_EQ(asOneLine("a\r\nb"), R"($"a\r\nb")");
     EXPECT_EQ(asOneLine("\t"), R"($"\t")");
     EXPECT_EQ(asOneLine(" a"), R"($" a")");
+    EXPECT_EQ(readable(" a "), " a ");
+    EXPECT_EQ(readable("a\nb"), R"($"a\nb")");
     EXPECT_EQ(asOneLine("a "), R"($"a ")");
     EXPECT_EQ(asOneLine("$\"a\""), R"($"$\"a\"")");
     EXPECT_EQ(asOneLine(std::string("a\0", 2)), R"($"a\u0000")");

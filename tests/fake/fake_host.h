@@ -33,8 +33,8 @@ class FakeHost final : public Host {
         if (onYield) onYield(yields);
     }
 
-    std::deque<BoxAnswer> answers;   ///< for the next boxes; the cancelling answer when used up
-    std::deque<std::string> paths;   ///< for the next dialogs; empty when used up
+    std::deque<BoxAnswer> answers;  ///< for the next boxes; the cancelling answer when used up
+    std::deque<std::string> paths;  ///< for the next dialogs; empty when used up
     std::vector<Box> boxes;
     std::vector<std::string> dialogs;  ///< titles of the dialogs shown
     int yields = 0;

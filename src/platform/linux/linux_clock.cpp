@@ -7,9 +7,19 @@
 namespace velmora::linuxhost {
 
 DateTime LinuxClock::Now() {
+    timespec now{};
+    clock_gettime(CLOCK_REALTIME_COARSE, &now);
+    // A check asks for each of its rows; the time zone's rules are worth a look once a second.
+    if (now.tv_sec != second_) {
+        second_ = now.tv_sec;
+        local_ = localTime(now.tv_sec);
+    }
+    return local_;
+}
+
+DateTime LinuxClock::localTime(time_t now) {
     // The user may have moved to another time zone meanwhile.
     tzset();
-    const time_t now = time(nullptr);
     tm local{};
     localtime_r(&now, &local);
     // A leap second is told as the second before it.
@@ -19,7 +29,8 @@ DateTime LinuxClock::Now() {
 
 std::int64_t LinuxClock::GetTickCount() {
     timespec now{};
-    clock_gettime(CLOCK_MONOTONIC, &now);
+    // To a few milliseconds, as timers need it, and asked for at every yield.
+    clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
     return static_cast<std::int64_t>(now.tv_sec) * 1000 + now.tv_nsec / 1'000'000;
 }
 

@@ -1,6 +1,8 @@
 // This host's clocks.
 #pragma once
 
+#include <time.h>
+
 #include <cstdint>
 
 #include "platform/clock.h"
@@ -12,6 +14,12 @@ class LinuxClock final : public Clock {
     DateTime Now() override;
     std::int64_t GetTickCount() override;
     std::uint64_t GetSystemTimeAsFileTime() override;
+
+  private:
+    static DateTime localTime(time_t now);
+
+    time_t second_ = -1;  // the second of `local_`
+    DateTime local_;
 };
 
 }  // namespace velmora::linuxhost

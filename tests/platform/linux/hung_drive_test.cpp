@@ -130,6 +130,20 @@ TEST_F(HungDrive, AFolderThatCanNotBeReachedInTimeDoesNotExist) {
     EXPECT_TRUE(waitUntil([this] { return fso().FolderExists(drive_ + '\\'); }));
 }
 
+TEST_F(HungDrive, AFolderOnItCanNotBeCountedAndCostsNothingFurther) {
+    const auto folder = fso().GetFolder(drive_ + '\\');
+    EXPECT_FALSE(isReady());
+    const auto start = steady_clock::now();
+    EXPECT_EQ(errorOf([&] { folder->FilesCount(); }), error::pathNotFound);
+    EXPECT_EQ(errorOf([&] { folder->SubFoldersCount(); }), error::pathNotFound);
+    EXPECT_LT(steady_clock::now() - start, 50ms);
+    filesystem_->answerFromNowOn();
+    // Where the late answer of the pending question is gone, the folder is counted again.
+    EXPECT_TRUE(waitUntil([&] {
+        return errorOf([&] { fso().GetFolder(drive_ + '\\')->FilesCount(); }) == 0;
+    }));
+}
+
 TEST_F(HungDrive, AFolderOnItReachedByAnotherDrivesPathDoesNotKeepThatDriveWaiting) {
     EXPECT_FALSE(isReady());
     const std::string byRoot = "C:" + machine_->toHostPath(drive_ + "\\stuck");

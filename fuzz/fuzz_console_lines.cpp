@@ -1,0 +1,58 @@
+// The console fed with any bytes: it never falls over, ends with status 0 or 1, and every line that
+// it prints in JSON mode is one object.
+#include <nlohmann/json.hpp>
+#include <sstream>
+#include <string>
+
+#include "app/console_program.h"
+#include "fake/fake_machine.h"
+#include "fuzz_target.h"
+
+using namespace velmora;
+
+namespace {
+
+// Half an hour and some more of the clock, in naps of a second at most; waiting for longer ends
+// the program.
+constexpr int mostNaps = 2000;
+
+int runOn(const std::string& input, std::string& printed) {
+    fake::FakeMachine machine;
+    machine.drives["C:"] = {50e9, 100e9};
+    machine.drives["D:"] = {1e6, 5e12};
+    machine.drives["E:"] = {.ready = false};
+    std::istringstream in(input);
+    std::ostringstream out;
+    int naps = 0;
+    const int status = runConsole(machine, in, out, [&](std::int64_t milliseconds) {
+        if (++naps > mostNaps) throw ProgramEnd{0};
+        machine.advance(milliseconds);
+    });
+    printed = out.str();
+    return status;
+}
+
+bool isObject(const std::string& line) {
+    return nlohmann::json::parse(line, nullptr, false).is_object();
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::string text(asText(data, size));
+    std::string printed;
+    const int status = runOn(text, printed);
+    require(status == 0 || status == 1, "the exit status is 0 or 1");
+
+    const int statusInJson = runOn("json on\n" + text, printed);
+    require(statusInJson == 0 || statusInJson == 1, "the exit status is 0 or 1 in JSON mode");
+    // The input may switch to text, where lines are anything.
+    std::istringstream lines(printed);
+    std::string line;
+    std::getline(lines, line);  // the greeting
+    while (std::getline(lines, line)) {
+        if (line == "ok") break;
+        require(isObject(line), "a line in JSON mode is an object");
+    }
+    return 0;
+}

@@ -1,0 +1,9 @@
+// The maker's addresses, set when the build is configured.
+#pragma once
+
+namespace velmora::maker {
+
+inline constexpr const char* host = VELMORA_MAKER_HOST;
+inline constexpr const char* supportAddress = VELMORA_SUPPORT_ADDRESS;
+
+}  // namespace velmora::maker
