@@ -203,7 +203,7 @@ TEST_F(SettingsFailureTest, AValueWithByte255CantBeWrittenAndLeavesTheLinesInFro
     notify.txtUser.setText("a\xFF");
     EXPECT_EQ(write(), error::invalidCall);
     const Lines lines = linesOf(content());
-    EXPECT_EQ(lines.size(), 11u);
+    ASSERT_EQ(lines.size(), 11u);
     EXPECT_EQ(lines.front(), "chkUpdate=0");
     EXPECT_EQ(lines.back(), "notEmail=kept");
 }
