@@ -60,6 +60,10 @@ int tellSpace(const char*, struct statvfs* space) {
     return 0;
 }
 
+int listNothing(const char*, void*, fuse_fill_dir_t, off_t, fuse_file_info*, fuse_readdir_flags) {
+    return 0;
+}
+
 void* begin(fuse_conn_info*, fuse_config* config) {
     config->attr_timeout = 0;
     config->entry_timeout = 0;
@@ -80,6 +84,7 @@ int main(int argc, char** argv) {
     fuse_operations operations{};
     operations.getattr = tellAttributes;
     operations.statfs = tellSpace;
+    operations.readdir = listNothing;
     operations.init = begin;
     std::string name = argv[0];
     std::string foreground = "-f";

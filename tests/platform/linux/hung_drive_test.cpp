@@ -139,9 +139,8 @@ TEST_F(HungDrive, AFolderOnItCanNotBeCountedAndCostsNothingFurther) {
     EXPECT_LT(steady_clock::now() - start, 50ms);
     filesystem_->answerFromNowOn();
     // Where the late answer of the pending question is gone, the folder is counted again.
-    EXPECT_TRUE(waitUntil([&] {
-        return errorOf([&] { fso().GetFolder(drive_ + '\\')->FilesCount(); }) == 0;
-    }));
+    EXPECT_TRUE(waitUntil(
+        [&] { return errorOf([&] { fso().GetFolder(drive_ + '\\')->FilesCount(); }) == 0; }));
 }
 
 TEST_F(HungDrive, AFolderOnItReachedByAnotherDrivesPathDoesNotKeepThatDriveWaiting) {
