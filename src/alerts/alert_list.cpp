@@ -24,6 +24,8 @@ AlertList::AlertList(Forms& forms, Platform& platform, NotifyArea& notifyArea, A
     form1.UpDown3.Change.connect([this] { UpDown3_Change(); });
     form1.LVAlert.ColumnClick.connect(
         [&form1](int clicked) { prcSortColumn(form1.LVAlert, clicked); });
+    form1.LVFile.ColumnClick.connect(
+        [&form1](int clicked) { prcSortColumn(form1.LVFile, clicked); });
     form1.cmdAddIcon.Click.connect([this] { prcAlertIcon(); });
     form1.mnuShowAl.Click.connect([&dialog] { dialog.show(); });
     form1.mnuShowAlert.Click.connect([&dialog] { dialog.show(); });

@@ -74,9 +74,9 @@ void UpDown::syncWithBuddy() {
     value_ = typed().value_or(value_);
 }
 
-void UpDown::moveTo(int value) {
+void UpDown::moveTo(std::int64_t value) {
     const int before = value_;
-    value_ = std::clamp(value, min_, max_);
+    value_ = static_cast<int>(std::clamp<std::int64_t>(value, min_, max_));
     if (value_ == before) return;
     if (typed()) buddy_->setText(std::to_string(value_));
     Changed();
@@ -86,7 +86,7 @@ void UpDown::moveTo(int value) {
 void UpDown::turn(int step, Event<>& clicked) {
     refuseWhenDisabled();
     syncWithBuddy();
-    moveTo(value_ + step);
+    moveTo(std::int64_t{value_} + step);
     clicked();
 }
 

@@ -56,7 +56,7 @@ class UpDown : public Control {
 
   private:
     void turn(int step, Event<>& clicked);
-    void moveTo(int value);
+    void moveTo(std::int64_t value);
     void syncWithBuddy();
     /// The whole number in the buddy's text, within the range; nothing when it is none.
     std::optional<int> typed() const;

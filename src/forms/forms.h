@@ -34,6 +34,7 @@ class Icon0 : public Form {
 
     Frame fraProgress{*this, "fraProgress"};
     Label lblProgress{*this, "lblProgress"};
+    CommandButton cmdCancel{*this, "cmdCancel", "Cancel"};  ///< stops the check between two rows
 };
 
 /// The view of one drive.

@@ -36,6 +36,7 @@ CheckCycle::CheckCycle(Forms& forms, Platform& platform, Host& host, AlertList& 
       ports_(ports),
       rowCheck_(forms, platform, host, alerts, ports) {
     forms_.form1.Timer1.Tick.connect([this] { Timer1_Timer(); });
+    forms_.icon0.cmdCancel.Click.connect([this] { forms_.globals.bChecking = false; });
 }
 
 void CheckCycle::Timer1_Timer() {

@@ -28,7 +28,9 @@ std::string prcSetDiskSizeDimension(double lngSpace, const Regional& regional) {
     return "0 KB";
 }
 
-double kilobytes(double bytes) { return std::round(bytes / 1024); }
+double kilobytes(double bytes) {
+    return std::round(bytes / 1024);
+}
 
 std::string kilobyteText(double bytes, Grouping grouping, const Regional& regional) {
     return FormatNumber(bytes / 1024, 0, grouping, regional) + " KB";

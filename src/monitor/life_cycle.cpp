@@ -41,6 +41,8 @@ void LifeCycle::Form_Load() {
     form1.Show();
     parts_.watchList.RefreshDrive();
     parts_.watchControl.chkCustTime_Click();
+    // What the first tick took from the picker is no setting: the file must bring an interval.
+    form1.txtTime.setText("");
     ports_.settings.prcSettings(2);
     noteStart();
     forms_.sysWorkSystray.Hide();

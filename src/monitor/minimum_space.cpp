@@ -49,8 +49,9 @@ void MinimumSpace::showUnitInHeader(const std::string& unit) {
 void MinimumSpace::chkDrive_Click() {
     Form1& form1 = forms_.form1;
     if (form1.chkDrive.ticked()) {
-        host_.MsgBox({.text = "Set the Listed Path's Specified Drive Space by Double Clicking on the "
-                              "Value shown in the List.",
+        host_.MsgBox({.text =
+                          "Set the Listed Path's Specified Drive Space by Double Clicking on the "
+                          "Value shown in the List.",
                       .icon = BoxIcon::information});
         writeTriggers(form1.txtSpace.Text());
         form1.txtSpace.setEnabled(false);

@@ -26,7 +26,7 @@ class EventDetection {
 
 /// What the actions of one short row share.
 struct Shortage {
-    int row = 0;               ///< index of the row in ListView1
+    int row = 0;  ///< index of the row in ListView1
     Drive& drive;
     std::int32_t lngMinSpace;  ///< the row's trigger in KB
     std::string strAlert;      ///< the running text; actions add to it and empty it
@@ -148,9 +148,8 @@ struct IdlePorts {
     Updates updates;
 
     MonitorPorts all() {
-        return {events,   actions,     statistics, settings,  log,
-                rowIcons, watchSwitch, stayOnTop,  driveView, alertDialog,
-                tray,     tabs,        updates};
+        return {events,    actions,   statistics,  settings, log,  rowIcons, watchSwitch,
+                stayOnTop, driveView, alertDialog, tray,     tabs, updates};
     }
 };
 

@@ -282,5 +282,14 @@ TEST(AlertList, BothMenuItemsOpenTheDialog) {
     EXPECT_EQ(rig.list.Count(), 0);
 }
 
+TEST(ListSorting, TheSpecifiedFilesSortByTheSameRoutine) {
+    AlertRig rig;
+    rig.form1.LVFile.Add("a");
+    rig.form1.LVFile.Add("b");
+    rig.form1.LVFile.userClickPart(1);
+    EXPECT_EQ(rig.form1.LVFile.ListItems(1).Text(), "b");
+    EXPECT_EQ(rig.form1.LVFile.SortOrder(), 1);
+}
+
 }  // namespace
 }  // namespace velmora::tests

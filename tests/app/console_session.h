@@ -9,13 +9,14 @@
 
 #include "app/console_program.h"
 #include "fake/fake_machine.h"
+#include "persist/scramble.h"
 
 namespace velmora::tests {
 
 struct ConsoleSession {
     ConsoleSession() {
         machine.drives["C:"] = {50e9, 100e9};
-        machine.files["C:\\Program Files\\Velmora\\set.dat"] = "";
+        machine.files["C:\\Program Files\\Velmora\\set.dat"] = prcEn("txtTime=60\r\n") + "\r\n";
     }
 
     /// Runs the program over the input; returns what it printed behind the greeting.

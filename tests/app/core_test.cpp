@@ -13,8 +13,10 @@ namespace {
 struct CoreTest : testing::Test {
     CoreTest() {
         machine.drives["C:"] = {50e9, 100e9};
-        machine.files[settingsPath] = "";
+        machine.files[settingsPath] = line("txtTime=60\r\n");
     }
+
+    static std::string line(const std::string& plain) { return prcEn(plain) + "\r\n"; }
 
     const std::string settingsPath = "C:\\Program Files\\Velmora\\set.dat";
 
@@ -24,6 +26,46 @@ struct CoreTest : testing::Test {
     Forms forms;
     Core core{forms, machine.platform(), host, notifyArea};
 };
+
+TEST_F(CoreTest, SettingsWithoutAnIntervalEndTheStart) {
+    for (const std::string& content : {std::string(), line("chkLog=1")}) {
+        machine.files[settingsPath] = content;
+        Forms fresh;
+        Core other{fresh, machine.platform(), host, notifyArea};
+        EXPECT_EQ(errorOf([&] { other.load(); }), 13);
+        EXPECT_EQ(machine.files[settingsPath], content);
+    }
+}
+
+TEST_F(CoreTest, TheOlderSwitchOfUpdatesOnlyEverSwitchesThemOn) {
+    machine.files[settingsPath] += line("chkUpdate=1") + line("updateauto=0\r\n");
+    core.load();
+    EXPECT_EQ(forms.form1.chkUpdate.Value(), 0);
+    EXPECT_TRUE(forms.globals.bAutoUpdate);
+}
+
+TEST_F(CoreTest, SettingsAreSavedByTheButtonAndAtTheEndOfAChecksWhenTicked) {
+    core.load();
+    forms.form1.txtSpace.setText("777");
+    forms.form1.Command8.userClick();
+    EXPECT_NE(machine.files[settingsPath].find(line("minspace=777\r\n")), std::string::npos);
+
+    forms.form1.txtSpace.setText("778");
+    forms.form1.DTPInterval.setMinute(0);
+    forms.form1.Timer1.Tick();
+    EXPECT_EQ(machine.files[settingsPath].find(line("minspace=778\r\n")), std::string::npos);
+    forms.form1.chkSaveSet.setValue(1);
+    forms.form1.Timer1.Tick();
+    EXPECT_NE(machine.files[settingsPath].find(line("minspace=778\r\n")), std::string::npos);
+}
+
+TEST_F(CoreTest, AnEmptyMinimumInTheSettingsIsAskedAboutAndBecomesOne) {
+    machine.files[settingsPath] += line("minspace=\r\n");
+    core.load();
+    ASSERT_EQ(host.boxes.size(), 1u);
+    EXPECT_EQ(host.boxes[0].text, "Please input only numbers.");
+    EXPECT_EQ(forms.form1.txtSpace.Text(), "1");
+}
 
 TEST_F(CoreTest, DoesNothingBeforeItIsLoaded) {
     EXPECT_EQ(machine.log.count(), 0);

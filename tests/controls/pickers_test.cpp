@@ -200,5 +200,14 @@ TEST_F(DatePickerTest, RefusesWhatIsNoTime) {
     EXPECT_EQ(changes, 0);
 }
 
+TEST(UpDownTest, StopsAtTheEndOfItsRangeAlsoWhereNumbersEnd) {
+    Form form("Form1");
+    UpDown wide{form, "UpDown1", 0, 2147483647, 2147483647};
+    wide.userUp();
+    EXPECT_EQ(wide.Value(), 2147483647);
+    wide.userDown();
+    EXPECT_EQ(wide.Value(), 2147483646);
+}
+
 }  // namespace
 }  // namespace velmora::tests

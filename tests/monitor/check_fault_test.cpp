@@ -260,5 +260,12 @@ TEST(CheckFault, ATickInTheMiddleOfACheckHasItsOwnErrorCountAndTrigger) {
     EXPECT_EQ(rig.timesChecked(), 2);
 }
 
+TEST(CheckFault, TheTimeOfTheCheckStandsWhenAnActionFails) {
+    FailingCheck rig(13);
+    rig.setInterval(0, 0, 0);
+    rig.tick();
+    EXPECT_EQ(rig.at(1).lastChecked(), "03/14 15:09:26");
+}
+
 }  // namespace
 }  // namespace velmora::tests

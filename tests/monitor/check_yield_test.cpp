@@ -200,5 +200,18 @@ TEST(CheckYield, ATriggerChangedDuringTheCheckCountsFromTheNextOneOn) {
     EXPECT_EQ(rig.at(2).stateIcon(), "alert");
 }
 
+TEST(CheckYield, TheProgressDialogsButtonStopsTheCheckBeforeTheNextRow) {
+    CheckRig rig;
+    rig.watch("C:\\", 5);
+    rig.watch("D:\\", 5);
+    rig.host.onYield = [&](int) {
+        if (rig.alertCount() == 1) rig.forms.icon0.cmdCancel.userClick();
+    };
+    rig.check();
+    EXPECT_EQ(rig.alertCount(), 1);
+    EXPECT_EQ(rig.at(2).lastChecked(), "");
+    rig.expectRest();
+}
+
 }  // namespace
 }  // namespace velmora::tests

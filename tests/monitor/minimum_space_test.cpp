@@ -255,5 +255,15 @@ TEST_F(IndividualTest, WritesTenThousandRows) {
     EXPECT_EQ(trigger(10000), "7");
 }
 
+TEST_F(IndividualTest, ClearingFindsTheColumnByItsHeaderTheSameWay) {
+    type("7");
+    rig.row("C:\\");
+    rig.form1.chkDrive.userClick();
+    rig.list.setColumnText(4, "no such word");
+    rig.form1.chkDrive.userClick();
+    EXPECT_EQ(trigger(1), "7");
+    EXPECT_TRUE(rig.form1.txtSpace.Enabled());
+}
+
 }  // namespace
 }  // namespace velmora::tests

@@ -224,5 +224,16 @@ TEST(RowCheck, ADriveIsReadOncePerCheck) {
     EXPECT_EQ(rig.alertTexts(), Texts{" - ALERT: Space Shortage < 1000 KB Drive: C:[999 KB]"});
 }
 
+TEST(RowShortage, TheJournalHoldsTheShortageBeforeAnActionRuns) {
+    CheckRig rig;
+    rig.watch("C:\\", 999);
+    rig.form1.lstAct.setSelected(0, true);
+    rig.ports.onAction = [&](int, Shortage& shortage) {
+        EXPECT_EQ(rig.form1.txtAlert.Text(), shortage.strStamp + shortage.strAlert + "\r\n . \r\n");
+    };
+    rig.check();
+    EXPECT_EQ(rig.ports.count("action 0"), 1);
+}
+
 }  // namespace
 }  // namespace velmora::tests

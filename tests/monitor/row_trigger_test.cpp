@@ -211,5 +211,16 @@ TEST(RowTrigger, APercentageBeyondThirtyTwoBitsOfKilobytesOverflows) {
     rig.expectRest();
 }
 
+TEST(RowTrigger, ARowThatIsNotReadyOrNotWatchedNeedsNoTriggerOfItsOwn) {
+    CheckRig rig;
+    rig.row("X:\\");
+    rig.watch("C:\\", 5).setChecked(false);
+    rig.watch("D:\\", 500);
+    rig.useIndividualTriggers({"", "", "501"});
+    rig.check();
+    EXPECT_EQ(rig.at(3).stateIcon(), "alert");
+    EXPECT_EQ(rig.alertCount(), 1);
+}
+
 }  // namespace
 }  // namespace velmora::tests

@@ -61,9 +61,22 @@ TEST_F(WhileCheckingTest, YesGoesOn) {
     rig.forms.globals.bChecking = true;
     rows({"C:\\", "D:\\"});
     rig.list.ListItems(1).setSelected(true);
+    rig.list.setEnabled(false);  // as the check leaves it between two rows
     rig.host.answers = {BoxAnswer::yes};
     click(remove);
     EXPECT_EQ(paths(), Paths{"D:\\"});
+    EXPECT_TRUE(rig.list.Enabled());
+}
+
+TEST_F(WhileCheckingTest, TheButtonsThatRepeatTheLabelsAskToo) {
+    rig.forms.globals.bChecking = true;
+    rows({"A:\\"});
+    rig.list.userSelect({1});
+    rig.host.answers = {BoxAnswer::no, BoxAnswer::no};
+    rig.form1.cmdLVRemove.userClick();
+    rig.form1.cmdClear.userClick();
+    EXPECT_EQ(rig.host.boxes.size(), 2u);
+    EXPECT_EQ(rig.list.Count(), 1);
 }
 
 TEST_F(WhileCheckingTest, NothingIsAskedOutsideACheck) {
@@ -128,13 +141,14 @@ TEST_F(ClearTest, YesPausesTheWatchAndClearsTheRows) {
     rows({"A:\\", "B:\\"});
     rig.host.answers = {BoxAnswer::yes};
     rig.host.onBox = [this](const Box&) { rig.ports.calls.push_back("box"); };
+    rig.list.RowsReset.connect([this] { rig.ports.calls.push_back("cleared"); });
     click(clear);
     ASSERT_EQ(rig.host.boxes.size(), 1u);
     EXPECT_EQ(rig.host.boxes[0].text,
               "Clearing the listed drives with pause Velmora timer. Proceed?");
     EXPECT_EQ(rig.host.boxes[0].buttons, BoxButtons::yesNo);
     EXPECT_EQ(rig.ports.calls,
-              (std::vector<std::string>{"drop", "box", "restore", "cmdPause_Click"}));
+              (std::vector<std::string>{"drop", "box", "restore", "cmdPause_Click", "cleared"}));
     EXPECT_EQ(rig.list.Count(), 0);
 }
 
