@@ -6,6 +6,7 @@
 
 #include "app/console_program.h"
 #include "fake/fake_machine.h"
+#include "persist/scramble.h"
 #include "fuzz_target.h"
 
 using namespace velmora;
@@ -18,6 +19,7 @@ constexpr int mostNaps = 2000;
 
 int runOn(const std::string& input, std::string& printed) {
     fake::FakeMachine machine;
+    machine.files["C:\\Program Files\\Velmora\\set.dat"] = prcEn("txtTime=60\r\n") + "\r\n";
     machine.drives["C:"] = {50e9, 100e9};
     machine.drives["D:"] = {1e6, 5e12};
     machine.drives["E:"] = {.ready = false};
