@@ -149,21 +149,14 @@ TEST(CustomWatchTime, TwelveHoursApartIsAnotherMinute) {
 
 TEST(CustomWatchTime, OnlyTheTimeOfDayCountsNotTheDay) {
     CustomRig rig;
-    DateTime start = today(10, 0);
-    start.day = 1;
-    start.year = 2001;
-    rig.form1.DTTime1[0].setValue(start);
+    rig.form1.DTTime1[0].setValue({2001, 3, 1, 10, 0, 0});
     rig.minute(today(10, 0));
     EXPECT_TRUE(rig.watching());
 }
 
 TEST(CustomWatchTime, AlertsBelongToNoRowSoThatEachDayHasItsOwn) {
     CustomRig rig;
-    for (int day = 14; day < 17; ++day) {
-        DateTime now = today(10, 0);
-        now.day = day;
-        rig.minute(now);
-    }
+    for (int day = 14; day < 17; ++day) rig.minute({2026, 3, day, 10, 0, 0});
     EXPECT_EQ(rig.alertTexts(), (Texts{startedAlert, startedAlert, startedAlert}));
     EXPECT_EQ(rig.list.ListItems(1).ListSubItems(4).Tag(), "");
 }
@@ -191,8 +184,7 @@ TEST(CustomWatchTime, EqualTimesAtTheLastMinuteMoveTheEndIntoTheNextHourOfTheSam
 TEST(CustomWatchTime, TimesOfTwoDaysAreNotEqual) {
     CustomRig rig;
     rig.setTimes({9, 0}, {9, 0});
-    DateTime end = today(9, 0);
-    end.day = 15;
+    const DateTime end{2026, 3, 15, 9, 0, 0};
     rig.form1.DTTime1[1].setValue(end);
     rig.minute(today(8, 0));
     EXPECT_EQ(rig.form1.DTTime1[1].Value(), end);
