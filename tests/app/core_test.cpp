@@ -108,8 +108,7 @@ TEST_F(CoreTest, AValueOfTheSettingsThatIsNoNumberReachesWhoeverLoads) {
 }
 
 TEST_F(CoreTest, TheSettingsActOnTheirHandlersDuringTheStart) {
-    machine.files[settingsPath] =
-        prcEn("chkStartUp=1") + "\r\n" + prcEn("custtime=1") + "\r\n" + prcEn("chkLog=0") + "\r\n";
+    machine.files[settingsPath] += line("chkStartUp=1") + line("custtime=1") + line("chkLog=0");
     core.load();
     EXPECT_EQ(machine.runKey().values["Velmora"].data, "C:\\Program Files\\Velmora\\velmora");
     EXPECT_TRUE(forms.form1.DTTime1[0].Enabled());

@@ -200,7 +200,7 @@ TEST_F(DatePickerTest, RefusesWhatIsNoTime) {
     EXPECT_EQ(changes, 0);
 }
 
-TEST(UpDownTest, StopsAtTheEndOfItsRangeAlsoWhereNumbersEnd) {
+TEST(WideUpDown, StopsAtTheEndOfItsRangeAlsoWhereNumbersEnd) {
     Form form("Form1");
     UpDown wide{form, "UpDown1", 0, 2147483647, 2147483647};
     wide.userUp();
