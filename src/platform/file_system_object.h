@@ -51,13 +51,13 @@ class FileSystemObject {
     virtual std::string GetDriveName(const std::string& path) = 0;
     /// The last component of a path as it is written; empty for a root.
     virtual std::string GetFileName(const std::string& path) = 0;
-    /// The drive of a specification: a letter, a letter and a colon, a root ("c:\") or a share
+    /// The drive of a designator: a letter, a letter and a colon, a root ("c:\") or a share
     /// (with or without a back-slash behind). Error 5 for any other text. A drive that isn't there
     /// is a drive that isn't ready.
-    virtual std::unique_ptr<Drive> GetDrive(const std::string& specification) = 0;
+    virtual std::unique_ptr<Drive> GetDrive(const std::string& designator) = 0;
     /// Whether such a drive or share is known to the machine, ready or not. False for a text that
-    /// is no specification.
-    virtual bool DriveExists(const std::string& specification) = 0;
+    /// is no designator.
+    virtual bool DriveExists(const std::string& designator) = 0;
 
     /// False also when the folder can't be reached within the deadline.
     virtual bool FolderExists(const std::string& path) = 0;
@@ -72,7 +72,7 @@ std::string driveNameOf(const std::string& path);
 /// What GetFileName gives, likewise.
 std::string fileNameOf(const std::string& path);
 
-/// A drive specification in its one form: "C:" or "\\host\share"; empty when the text is none.
-std::string driveOfSpecification(const std::string& specification);
+/// A drive designator in its one form: "C:" or "\\host\share"; empty when the text is none.
+std::string driveOfDesignator(const std::string& designator);
 
 }  // namespace velmora

@@ -32,8 +32,8 @@ std::string fileNameOf(const std::string& path) {
     return separator == std::string::npos ? rest : rest.substr(separator + 1);
 }
 
-std::string driveOfSpecification(const std::string& specification) {
-    std::string bare = specification;
+std::string driveOfDesignator(const std::string& designator) {
+    std::string bare = designator;
     if (isShare(bare)) {
         if (bare.back() == '\\') bare.pop_back();
         return bare == shareOf(bare) ? bare : std::string{};

@@ -118,9 +118,9 @@ class FakeMachine::Disks::FolderReading final : public Folder {
     std::optional<std::pair<double, double>> counts_;
 };
 
-bool FakeMachine::Disks::DriveExists(const std::string& specification) {
-    machine.record("DriveExists " + specification);
-    return findPath(machine.drives, driveOfSpecification(specification)) != machine.drives.end();
+bool FakeMachine::Disks::DriveExists(const std::string& designator) {
+    machine.record("DriveExists " + designator);
+    return findPath(machine.drives, driveOfDesignator(designator)) != machine.drives.end();
 }
 
 bool FakeMachine::Disks::FolderExists(const std::string& path) {
@@ -139,9 +139,9 @@ std::unique_ptr<Folder> FakeMachine::Disks::GetFolder(const std::string& path) {
     return std::make_unique<FolderReading>(*this, fullPath(path));
 }
 
-std::unique_ptr<Drive> FakeMachine::Disks::GetDrive(const std::string& specification) {
-    machine.record("GetDrive " + specification);
-    std::string path = driveOfSpecification(specification);
+std::unique_ptr<Drive> FakeMachine::Disks::GetDrive(const std::string& designator) {
+    machine.record("GetDrive " + designator);
+    std::string path = driveOfDesignator(designator);
     if (path.empty()) throw RuntimeError(error::invalidCall);
     return std::make_unique<Reading>(*this, std::move(path));
 }

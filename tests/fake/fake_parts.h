@@ -41,8 +41,8 @@ struct FakeMachine::Disks final : FileSystemObject, Kernel32, Clock, TextFiles {
         return driveNameOf(path);
     }
     std::string GetFileName(const std::string& path) override { return fileNameOf(path); }
-    std::unique_ptr<Drive> GetDrive(const std::string& specification) override;
-    bool DriveExists(const std::string& specification) override;
+    std::unique_ptr<Drive> GetDrive(const std::string& designator) override;
+    bool DriveExists(const std::string& designator) override;
     bool FolderExists(const std::string& path) override;
     bool FileExists(const std::string& path) override;
     std::unique_ptr<Folder> GetFolder(const std::string& path) override;

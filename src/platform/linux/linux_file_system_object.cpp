@@ -64,14 +64,14 @@ bool endsInSeparator(const std::string& path) {
 
 }  // namespace
 
-std::unique_ptr<Drive> LinuxFileSystemObject::GetDrive(const std::string& specification) {
-    std::string drive = driveOfSpecification(specification);
+std::unique_ptr<Drive> LinuxFileSystemObject::GetDrive(const std::string& designator) {
+    std::string drive = driveOfDesignator(designator);
     if (drive.empty()) throw RuntimeError(error::invalidCall);
     return std::make_unique<LinuxDrive>(volumes_, std::move(drive));
 }
 
-bool LinuxFileSystemObject::DriveExists(const std::string& specification) {
-    const std::string drive = driveOfSpecification(specification);
+bool LinuxFileSystemObject::DriveExists(const std::string& designator) {
+    const std::string drive = driveOfDesignator(designator);
     return !drive.empty() && volumes_.has(drive);
 }
 

@@ -21,7 +21,7 @@ std::string withoutEndingSlash(std::string path) {
 
 // Where the question about a path goes: one name a drive, however the path spells it.
 std::string driveOfPath(const std::string& absolutePath) {
-    return driveOfSpecification(driveNameOf(absolutePath));
+    return driveOfDesignator(driveNameOf(absolutePath));
 }
 
 }  // namespace
@@ -29,14 +29,14 @@ std::string driveOfPath(const std::string& absolutePath) {
 WindowsFileSystemObject::WindowsFileSystemObject(std::chrono::milliseconds deadline)
     : questions_(std::make_shared<DriveQuestions>(deadline)) {}
 
-std::unique_ptr<Drive> WindowsFileSystemObject::GetDrive(const std::string& specification) {
-    std::string drive = driveOfSpecification(specification);
+std::unique_ptr<Drive> WindowsFileSystemObject::GetDrive(const std::string& designator) {
+    std::string drive = driveOfDesignator(designator);
     if (drive.empty()) throw RuntimeError(error::invalidCall);
     return std::make_unique<WindowsDrive>(questions_, std::move(drive));
 }
 
-bool WindowsFileSystemObject::DriveExists(const std::string& specification) {
-    const std::string drive = driveOfSpecification(specification);
+bool WindowsFileSystemObject::DriveExists(const std::string& designator) {
+    const std::string drive = driveOfDesignator(designator);
     if (drive.empty()) return false;
     const bool isLetter = drive.size() == 2;
     if (isLetter) return (GetLogicalDrives() >> (drive.front() - 'A') & 1U) != 0;
