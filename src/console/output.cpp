@@ -90,8 +90,8 @@ void Output::entries(const ListBox& list) {
     if (json_) {
         std::string objects;
         for (int i = 0; i < list.ListCount(); ++i) {
-            objects += (i == 0 ? "" : ",") +
-                       jsonObject({{"Text", list.List(i)}, {"Checked", list.Selected(i)}});
+            if (i > 0) objects += ',';
+            objects += jsonObject({{"Text", list.List(i)}, {"Checked", list.Selected(i)}});
         }
         return line(R"({"ok":[)" + objects + "]}");
     }
@@ -105,7 +105,8 @@ void Output::entries(const ComboBox& list) {
     if (json_) {
         std::string objects;
         for (int i = 0; i < list.ListCount(); ++i) {
-            objects += (i == 0 ? "" : ",") + jsonObject({{"Text", list.List(i)}});
+            if (i > 0) objects += ',';
+            objects += jsonObject({{"Text", list.List(i)}});
         }
         return line(R"({"ok":[)" + objects + "]}");
     }

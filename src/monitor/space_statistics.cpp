@@ -85,8 +85,11 @@ void SpaceStatistics::tmrStat_Timer() {
 void SpaceStatistics::prcSrvAnimation(float clip, float play) {
     Animation& animation = forms_.form1.Animation1;
     if (clip == 0 || clip == 1) {
-        const std::string file = platform_.app.Path + (clip == 0 ? "\\spin.avi" : "\\alert.avi");
-        if (platform_.fso.FileExists(file)) animation.Open(file);
+        // Every row of a check asks for a clip; whether its file is there is looked up once.
+        Clip& chosen = clips_[clip == 0 ? 0 : 1];
+        const std::string file = platform_.app.Path + chosen.name;
+        if (!chosen.exists) chosen.exists = platform_.fso.FileExists(file);
+        if (*chosen.exists) animation.Open(file);
     }
     if (play == 0) animation.Stop();
     if (play == 1) animation.Play();

@@ -2,7 +2,9 @@
 // the list and the gauges of the individual drive view.
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "forms/forms.h"
@@ -33,6 +35,11 @@ class SpaceStatistics final : public Statistics {
     std::int32_t lngRateChange_ = 0;
     std::int32_t lngRateInterval_ = 0;  // fixed at first use
     std::int32_t lngRateWhole_ = 0;
+    struct Clip {
+        const char* name;
+        std::optional<bool> exists;  // nothing before the first look
+    };
+    std::array<Clip, 2> clips_{{{"\\spin.avi", {}}, {"\\alert.avi", {}}}};
 
     Forms& forms_;
     Platform& platform_;

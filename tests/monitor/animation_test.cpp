@@ -43,6 +43,16 @@ TEST(Animation, AClipThatIsMissingIsNotOpened) {
     EXPECT_EQ(rig.machine.log.calls().back(), std::string("FileExists ") + alert);
 }
 
+TEST(Animation, AClipIsLookedForOnce) {
+    AnimationRig rig;
+    for (int row = 0; row < 100; ++row) rig.statistics.prcSrvAnimation(1, 0);
+    EXPECT_EQ(rig.machine.log.countOf("FileExists"), 1);
+    rig.statistics.prcSrvAnimation(0, 0);
+    rig.statistics.prcSrvAnimation(1, 0);
+    EXPECT_EQ(rig.machine.log.countOf("FileExists"), 2);
+    EXPECT_EQ(rig.animation.File(), alert);
+}
+
 TEST(Animation, TheSecondNumberPlaysOrStops) {
     AnimationRig rig;
     rig.statistics.prcSrvAnimation(1, 1);
