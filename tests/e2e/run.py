@@ -8,6 +8,7 @@ tests whose name holds one of them.
 
 import os
 import sys
+import tempfile
 import unittest
 
 FOLDER = os.path.dirname(os.path.abspath(__file__))
@@ -19,7 +20,20 @@ class Result(unittest.TextTestResult):
         print(f"skipped {test.id()}: {reason}")
 
 
+def leave_the_user_alone(home):
+    """The programs make a shortcut and perhaps an autostart entry: not in the user's own home."""
+    os.environ["HOME"] = home
+    for name in ("XDG_CONFIG_HOME", "XDG_DATA_HOME"):
+        os.environ.pop(name, None)
+
+
 def main():
+    with tempfile.TemporaryDirectory(prefix="velmora-e2e-") as home:
+        leave_the_user_alone(home)
+        return run()
+
+
+def run():
     sys.path.insert(0, FOLDER)
     loader = unittest.TestLoader()
     if sys.argv[1:]:
