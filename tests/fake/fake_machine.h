@@ -4,11 +4,12 @@
 // A call is recorded as the operation's name, a blank and its arguments: "GetDrive C:",
 // "FolderExists C:\data", "GetLogicalDriveStringsA 105", "appendLine C:\log.txt" (without the
 // line, which is in `files` then). The members of a drive count too: "IsReady C:", "FreeSpace C:",
-// "TotalSize C:", and those of a folder: "FilesCount C:\data", "SubFoldersCount C:\data". The clock is not recorded: it can't fail, and whoever waits asks it all the time.
+// "TotalSize C:", and those of a folder: "FilesCount C:\data", "SubFoldersCount C:\data".
+// The clock is not recorded: it can't fail, and whoever waits asks it all the time.
 //
 // An operation that tells failures by its result fails in that way too when its turn comes: the
-// registry and the special folders give the planned number as their code, ShellExecuteEx and
-// SHGetPathFromIDListA false, CreateShortcut null.
+// registry and SHGetSpecialFolderLocation give the planned number as their code, ShellExecuteEx
+// and SHGetPathFromIDListA false, CreateShortcut null.
 #pragma once
 
 #include <cstdint>
