@@ -10,14 +10,36 @@ void Captioned::setCaption(std::string caption) {
     Changed();
 }
 
+void Captioned::setForeColor(Colour value) {
+    if (foreColor_ == value) return;
+    foreColor_ = value;
+    Changed();
+}
+
+void Captioned::setBackColor(Colour value) {
+    if (backColor_ == value) return;
+    backColor_ = value;
+    Changed();
+}
+
 Properties Captioned::properties() {
     Properties all = Control::properties();
     all.push_back({"Caption", [this] { return PropertyValue{Caption()}; }, {}});
+    all.push_back({"ForeColor", [this] { return PropertyValue{std::int64_t{foreColor_}}; }, {}});
+    all.push_back({"BackColor", [this] { return PropertyValue{std::int64_t{backColor_}}; }, {}});
     return all;
 }
 
 void Clickable::userClick() {
     refuseWhenDisabled();
+    Click();
+}
+
+void Label::userClick() {
+    refuseWhenDisabled();
+    MouseMove();
+    MouseDown();
+    MouseUp();
     Click();
 }
 
@@ -76,6 +98,16 @@ Properties OptionButton::properties() {
                        choose();
                    }});
     return all;
+}
+
+MenuItem::MenuItem(Form& form, std::string name, std::string caption, MenuItem* above)
+    : Clickable(form, std::move(name), std::move(caption)) {
+    if (above != nullptr) above->items_.push_back(this);
+}
+
+void MenuItem::userClick() {
+    if (separates()) throw Refused(fullName() + " can't be clicked");
+    Clickable::userClick();
 }
 
 void MenuItem::setChecked(bool checked) {

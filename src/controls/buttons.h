@@ -2,11 +2,21 @@
 // buttons and menu items.
 #pragma once
 
+#include <cstdint>
 #include <vector>
 
 #include "controls/control.h"
 
 namespace velmora {
+
+/// A colour as the system numbers it: 0x00BBGGRR, or 0x80000000 and the number of a system colour.
+using Colour = std::uint32_t;
+
+namespace colour {
+inline constexpr Colour window = 0x80000005;
+inline constexpr Colour buttonFace = 0x8000000F;
+inline constexpr Colour buttonText = 0x80000012;
+}  // namespace colour
 
 /// A control with a caption.
 class Captioned : public Control {
@@ -16,12 +26,18 @@ class Captioned : public Control {
 
     const std::string& Caption() const { return caption_; }
     void setCaption(std::string caption);
+    Colour ForeColor() const { return foreColor_; }
+    void setForeColor(Colour value);
+    Colour BackColor() const { return backColor_; }
+    void setBackColor(Colour value);
 
     std::string mainProperty() const override { return "Caption"; }
     Properties properties() override;
 
   private:
     std::string caption_;
+    Colour foreColor_ = colour::buttonText;
+    Colour backColor_ = colour::buttonFace;
 };
 
 /// A caption that can be clicked.
@@ -35,6 +51,14 @@ class Clickable : public Captioned {
 class Label : public Clickable {
   public:
     using Clickable::Clickable;
+
+    /// The left button goes down and up over the label, and the pointer moves over it.
+    Event<> MouseDown;
+    Event<> MouseUp;
+    Event<> MouseMove;
+
+    /// A whole click of the user's hand: the pointer comes, the button goes down and up.
+    void userClick() override;
 };
 
 class CommandButton : public Clickable {
@@ -88,19 +112,32 @@ class OptionButton : public Clickable {
     std::vector<OptionButton*> group_;
 };
 
+/// An item of a menu, or the menu itself with the items below it.
 class MenuItem : public Clickable {
   public:
-    using Clickable::Clickable;
+    /// The caption of an item that only separates others.
+    static constexpr const char* separator = "-";
 
+    /// An item comes last among those below `above`; without one it is a menu of its own.
+    MenuItem(Form& form, std::string name, std::string caption = {}, MenuItem* above = nullptr);
+
+    const std::vector<MenuItem*>& items() const { return items_; }
+    bool separates() const { return Caption() == separator; }
     bool Checked() const { return checked_; }
     void setChecked(bool checked);
-    /// Shows the items below this one as a menu at the pointer.
+    /// Shows the items below this one as a menu at the pointer. Returns at once: a check that
+    /// yielded to the click goes on while the menu stands.
     void PopUp() { PoppedUp(); }
     Notice<> PoppedUp;
+    /// The menu that was popped up is gone.
+    Event<> Closed;
+    /// Separators can't be clicked.
+    void userClick() override;
     Properties properties() override;
 
   private:
     bool checked_ = false;
+    std::vector<MenuItem*> items_;
 };
 
 }  // namespace velmora

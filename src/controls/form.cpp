@@ -16,8 +16,39 @@ void Form::setCaption(std::string caption) {
 
 void Form::setVisible(bool visible) {
     if (visible_ == visible) return;
+    if (!loaded_) {
+        loaded_ = true;
+        Load();
+    }
     visible_ = visible;
     Changed();
+}
+
+void Form::Show() {
+    setVisible(true);
+    Raised();
+}
+
+void Form::moveTo(int left, int top) {
+    if (left_ == left && top_ == top) return;
+    left_ = left;
+    top_ = top;
+    Changed();
+}
+
+void Form::setState(WindowState state) {
+    if (state_ == state) return;
+    state_ = state;
+    Changed();
+}
+
+void Form::userClose() {
+    if (!visible_) throw Refused(name_ + " is not shown");
+    if (Unload.connected()) {
+        Unload();
+    } else {
+        Hide();
+    }
 }
 
 void Form::setSize(int width, int height) {
@@ -25,6 +56,7 @@ void Form::setSize(int width, int height) {
     width_ = width;
     height_ = height;
     Changed();
+    Resize();
 }
 
 Control* Form::find(const std::string& name, int index) const {
@@ -38,6 +70,9 @@ Control* Form::find(const std::string& name, int index) const {
 Properties Form::properties() {
     return {{"Caption", [this] { return PropertyValue{caption_}; }, {}},
             {"Visible", [this] { return PropertyValue{visible_}; }, {}},
+            {"Left", [this] { return PropertyValue{std::int64_t{left_}}; }, {}},
+            {"Top", [this] { return PropertyValue{std::int64_t{top_}}; }, {}},
+            {"WindowState", [this] { return PropertyValue{std::int64_t(state_)}; }, {}},
             {"Height", [this] { return PropertyValue{std::int64_t{height_}}; }, {}},
             {"Width", [this] { return PropertyValue{std::int64_t{width_}}; }, {}}};
 }

@@ -11,6 +11,8 @@ namespace velmora {
 
 class Control;
 
+enum class WindowState { normal, minimised, maximised };
+
 class Form {
   public:
     explicit Form(std::string name, std::string caption = {});
@@ -22,15 +24,35 @@ class Form {
     const std::string& Caption() const { return caption_; }
     void setCaption(std::string caption);
     bool Visible() const { return visible_; }
+    /// The first showing loads the form.
     void setVisible(bool visible);
-    void Show() { setVisible(true); }
+    /// Shows the form in front of the others.
+    void Show();
     void Hide() { setVisible(false); }
+    int Left() const { return left_; }
+    int Top() const { return top_; }
+    void moveTo(int left, int top);
     int Height() const { return height_; }
     int Width() const { return width_; }
+    /// Fires Resize when the size changes, whoever changes it.
     void setSize(int width, int height);
+    WindowState State() const { return state_; }
+    void setState(WindowState state);
+
+    /// Once, before the form becomes visible for the first time.
+    Event<> Load;
+    Event<> Resize;
+    /// The pointer's place in twips, or what an icon of the notification area reports by it.
+    Event<float> MouseMove;
+    /// The user closes the window; without a handler it hides.
+    Event<> Unload;
+    /// The user closes the window by its frame.
+    void userClose();
 
     /// Something that a view shows has changed.
     Notice<> Changed;
+    /// The window is to come in front of the others.
+    Notice<> Raised;
 
     /// The control of that name, by its index in a control array or -1 outside one; letter case
     /// doesn't matter. Null when there is none.
@@ -46,8 +68,12 @@ class Form {
     std::string name_;
     std::string caption_;
     bool visible_ = false;
+    bool loaded_ = false;
+    int left_ = 0;
+    int top_ = 0;
     int width_ = 0;
     int height_ = 0;
+    WindowState state_ = WindowState::normal;
     std::vector<Control*> controls_;
 };
 

@@ -74,10 +74,17 @@ void ListItem::setChecked(bool checked) {
     changed();
 }
 
+void ListItem::setSmallIcon(std::string icon) {
+    if (SmallIcon() == icon) return;
+    icon_ = icon.empty() ? nullptr : std::make_unique<std::string>(std::move(icon));
+    changed();
+}
+
 void ListItem::setSelected(bool selected) {
     if (selected_ == selected) return;
     selected_ = selected;
     changed();
+    owner_.SelectionChanged();
 }
 
 void ListItem::setBold(bool bold) {

@@ -41,6 +41,9 @@ class ListItem {
     void setText(std::string text);
     const std::string& Tag() const { return tag_ ? *tag_ : empty(); }
     void setTag(std::string tag);
+    /// Key of the image in front of the row's text; empty for none.
+    const std::string& SmallIcon() const { return icon_ ? *icon_ : empty(); }
+    void setSmallIcon(std::string icon);
     bool Checked() const { return checked_; }
     void setChecked(bool checked);
     bool Selected() const { return selected_; }
@@ -68,6 +71,7 @@ class ListItem {
     ListView& owner_;
     std::string text_;
     std::unique_ptr<std::string> tag_;
+    std::unique_ptr<std::string> icon_;
     std::vector<ListSubItem> subs_;
     bool checked_ = false;
     bool selected_ = false;

@@ -74,6 +74,7 @@ class ListView : public Control {
     Notice<int> RowRemoved;   ///< the index that it had
     Notice<> RowsReset;       ///< cleared or sorted
     Notice<const ListItem&> RowChanged;
+    Notice<> SelectionChanged;  ///< a row that stays was selected or isn't any more
 
     void userTick(int index, bool on);
     /// Selects these rows and no others.

@@ -31,6 +31,7 @@ void TextBox::setText(std::string text) {
     length_ = length(text);
     pieces_.front() = std::move(text);
     Changed();
+    Replaced();
     Change();
 }
 
@@ -38,6 +39,9 @@ void TextBox::prepend(std::string text) {
     if (text.empty()) return;
     length_ += length(text);
     pieces_.push_front(std::move(text));
+    // Without joining, and whatever a view's reading does to the pieces.
+    const std::string& added = pieces_.front();
+    Prepended(added);
     Changed();
     Change();
 }

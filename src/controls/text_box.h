@@ -30,6 +30,9 @@ class TextBox : public Control {
     /// Selects the whole text and takes the focus.
     void selectAllAndFocus();
     bool Focused() const { return focused_; }
+    /// The characters that the user types are not shown.
+    bool masked() const { return masked_; }
+    void setMasked(bool masked) { masked_ = masked; }
     /// The focus goes elsewhere; fires LostFocus if this box had it.
     void loseFocus();
 
@@ -37,6 +40,10 @@ class TextBox : public Control {
     /// A character typed, by its code; 13 is Enter.
     Event<int> KeyPress;
     Event<> LostFocus;
+    /// For views that hold the text themselves: what was put in front of it.
+    Notice<const std::string&> Prepended;
+    /// For views that hold the text themselves: it is another one.
+    Notice<> Replaced;
 
     std::string mainProperty() const override { return "Text"; }
     Properties properties() override;
@@ -45,6 +52,7 @@ class TextBox : public Control {
     mutable std::deque<std::string> pieces_;
     std::size_t length_ = 0;
     bool focused_ = false;
+    bool masked_ = false;
 };
 
 }  // namespace velmora

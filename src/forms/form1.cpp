@@ -32,19 +32,54 @@ DateTime timeOfDay(int hour, int minute) {
     return value;
 }
 
+constexpr Colour orange = 33023;
+constexpr Colour deepBlue = 0x400000;
+
 }  // namespace
 
-Form1::Form1()
-    : Form("Form1", "Velmora"),
-      lblDP{{{*this, "lblDP", drivePathLabels[0][0], 0},
-             {*this, "lblDP", drivePathLabels[1][0], 1},
-             {*this, "lblDP", drivePathLabels[2][0], 2},
-             {*this, "lblDP", drivePathLabels[3][0], 3},
-             {*this, "lblDP", drivePathLabels[4][0], 4}}},
-      OpDriv{{{*this, "OpDriv", "By Size in (KB)", 0}, {*this, "OpDriv", "By %", 1}}},
-      DTPInterval{*this, "DTPInterval", timeOfDay(0, 1)},
-      Toolbar1{*this, "Toolbar1", toolBarButtons()},
-      lstAct{*this,
+WatchListFrame::WatchListFrame(Form& form)
+    : Frame8(form, "Frame8"),
+      ListView1(form, "ListView1"),
+      lblDP{{{form, "lblDP", drivePathLabels[0][0], 0},
+             {form, "lblDP", drivePathLabels[1][0], 1},
+             {form, "lblDP", drivePathLabels[2][0], 2},
+             {form, "lblDP", drivePathLabels[3][0], 3},
+             {form, "lblDP", drivePathLabels[4][0], 4}}},
+      cmdLVAdd(form, "cmdLVAdd", "Add Drive/Path"),
+      cmdLVRemove(form, "cmdLVRemove", "Remove"),
+      cmdClear(form, "cmdClear", "Clear"),
+      Text1(form, "Text1"),
+      lstInfo(form, "lstInfo"),
+      picBuffer(form, "picBuffer") {
+    for (std::size_t i = 0; i < lblDP.size(); ++i) {
+        lblDP[i].setToolTipText(drivePathLabels[i][1]);
+        lblDP[i].setForeColor(orange);
+        lblDP[i].setBackColor(deepBlue);
+    }
+    for (Control* hidden : std::initializer_list<Control*>{&Text1, &lstInfo, &picBuffer}) {
+        hidden->setVisible(false);
+    }
+    Frame8.setBounds({0, 600, 8030, 2700});
+    ListView1.setBounds({120, 240, 7880, 2100});
+}
+
+OptionsPanel::OptionsPanel(Form& form)
+    : txtSpace(form, "txtSpace"),
+      OpDriv{{{form, "OpDriv", "By Size in (KB)", 0}, {form, "OpDriv", "By %", 1}}},
+      chkDrive(form, "chkDrive", "Set Size Individually"),
+      Slider1(form, "Slider1", 0, 100, 1, 5),
+      UpDownSpace(form, "UpDownSpace", 0, 2147483647, 0),
+      lblMB(form, "lblMB"),
+      lblGB(form, "lblGB"),
+      Timer1(form, "Timer1", 5000, true),
+      txtTime(form, "txtTime"),
+      UpDown1(form, "UpDown1", 0, 2147483647, 0),
+      DTPInterval(form, "DTPInterval", timeOfDay(0, 1)),
+      UpDown2(form, "UpDown2", 0, 2147483647, 0),
+      chkCustTime(form, "chkCustTime", "Enable Custom Time"),
+      DTTime1{{{form, "DTTime1", timeOfDay(8, 0), 0}, {form, "DTTime1", timeOfDay(17, 0), 1}}},
+      TimerCust(form, "TimerCust", 60000, true),
+      lstAct{form,
              "lstAct",
              {"Alert on Space Shortage", "Move Sp. Files to Sp. Path", "Delete Specified Files",
               "Send Specified Files to Recycle Bin",
@@ -52,52 +87,35 @@ Form1::Form1()
               "Empty Recycle Bin", "Run specified programs(s)", "Notify specified Email(s)",
               "Auto Run Clean Manager", "Pause Velmora on Alert ",
               "Show progress dialog on checking!"}},
-      lstEvt{*this,
+      lstEvt{form,
              "lstEvt",
              {"No Change in Free Space Size (Stagnancy)", "Change in Free Space Size ",
               "Change in Amount of File/Folder(s)", "Modification to file(s)",
               "Listed Drive/Path become N/A"}},
-      DTTime1{{{*this, "DTTime1", timeOfDay(8, 0), 0}, {*this, "DTTime1", timeOfDay(17, 0), 1}}},
-      txtAudio{{{*this, "txtAudio", "", 0}, {*this, "txtAudio", "", 1}}},
-      frmSp{{{*this, "frmSp", "", 0},
-             {*this, "frmSp", "", 1},
-             {*this, "frmSp", "", 2},
-             {*this, "frmSp", "", 3},
-             {*this, "frmSp", "", 4}}} {
-    nameLabels();
-    setDesignValues();
-}
-
-void Form1::setDesignValues() {
+      chkSeq(form, "chkSeq", "Sequential Action") {
     OptionButton::group({&OpDriv[0], &OpDriv[1]});
     Slider1.setVisible(false);
-    Text1.setVisible(false);
-    lstInfo.setVisible(false);
-    ListView1.setBounds({120, 240, 7880, 2100});
-    Command6.setToolTipText("End Program");
-    LVAlert.addColumn({"Rating", 1000});
-    LVAlert.addColumn({"Time/Date", 1800});
-    LVAlert.addColumn({"Action Taken", 5000});
-    LVAlert.addColumn({"Alerts", 1000});
-    for (const char* caption : {"File/Folder(s)", "Size", "File Path Location", "Last Accessed",
-                                "Modified", "Created", "Type"}) {
-        LVFile.addColumn({caption});
-    }
-    // Ticked from the start, without a click.
-    chkLog.setDesignValue(1);
-    chkSystray.setDesignValue(1);
-    for (std::size_t i = 1; i < frmSp.size(); ++i) frmSp[i].setVisible(false);
-    txtFileType.setToolTipText(
-        "Specified File Type(s) deemed acceptable to be used to free space by Automatic Action "
-        "Option");
     chkCustTime.setToolTipText(
         "This options allows the program to perform watch within the period of time.");
+    chkSeq.setToolTipText(
+        "This sets the program to act (move, delete, send to bin) on the Listed Files one at time "
+        "on each checking period");
 }
 
-void Form1::nameLabels() {
-    for (std::size_t i = 0; i < lblDP.size(); ++i) {
-        lblDP[i].setToolTipText(drivePathLabels[i][1]);
-    }
+Form1::Form1()
+    : Form("Form1", "Velmora"),
+      WatchListFrame(static_cast<Form&>(*this)),
+      OptionsPanel(static_cast<Form&>(*this)),
+      TabStrips(static_cast<Form&>(*this)),
+      SpecifiedPanels(static_cast<Form&>(*this)),
+      AlertPanel(static_cast<Form&>(*this)),
+      ConfigPanel(static_cast<Form&>(*this)),
+      OverviewPanel(static_cast<Form&>(*this)),
+      Form1Menus(static_cast<Form&>(*this)),
+      Toolbar1{*this, "Toolbar1", toolBarButtons()} {
+    Toolbar1.setBounds({0, 0, 8030, 600});
+    Command6.setToolTipText("End Program");
+    Command7.setVisible(false);
 }
 
 }  // namespace velmora

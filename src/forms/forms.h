@@ -6,52 +6,11 @@
 #include <vector>
 
 #include "base/date_time.h"
+#include "forms/dialogs.h"
 #include "forms/form1.h"
 #include "forms/frm_notify.h"
 
 namespace velmora {
-
-/// The alert dialog.
-class DlgAlert : public Form {
-  public:
-    DlgAlert() : Form("dlgAlert", "Alert Window - Velmora ") {}
-
-    TextBox Label1{*this, "Label1"};  ///< the dialog's journal; a text box in spite of its name
-};
-
-/// The form behind the notification area's icon; never visible.
-class SysWorkSystray : public Form {
-  public:
-    SysWorkSystray() : Form("sysWorkSystray") {}
-
-    Timer tmrSystray{*this, "tmrSystray", 1000, false};  ///< runs while an alert is pending
-};
-
-/// The progress dialog of a check.
-class Icon0 : public Form {
-  public:
-    Icon0() : Form("Icon0", "Velmora") { fraProgress.setVisible(false); }
-
-    Frame fraProgress{*this, "fraProgress"};
-    Label lblProgress{*this, "lblProgress"};
-    CommandButton cmdCancel{*this, "cmdCancel", "Cancel"};  ///< stops the check between two rows
-};
-
-/// The view of one drive.
-class FrmIndDri : public Form {
-  public:
-    FrmIndDri() : Form("frmIndDri", "Drive Settings - Karvelle Velmora") {
-        ListView1.addColumn({"Properties"});
-        ListView1.addColumn({"Value"});
-    }
-
-    Label lblP{*this, "lblP"};  ///< caption: the drive or path shown
-    ListView ListView1{*this, "ListView1"};
-    Slider VScroll1{*this, "VScroll1", 0, 100, 1, 10};  ///< the minimum free space, 100 for none
-    Slider VMeter1{*this, "VMeter1", 0, 50, 1, 5};      ///< the trigger, 50 for none
-    Slider VMeter2{*this, "VMeter2", 0, 50, 1, 5};      ///< the free space, 50 for none
-    Timer Timer1{*this, "Timer1", 10000, false};
-};
 
 /// What the drive information dialog reads of the last refresh. The sums stop at the greatest
 /// 32-bit number: a machine with more than 2 TB must still start.
@@ -75,6 +34,10 @@ struct Globals {
     std::int32_t lngRefreshedKB = 0;
     bool bAutoUpdate = false;        ///< updates are asked for at start
     std::string sTrayTip;            ///< tip of the tray icon
+    std::string iconHandle;          ///< the icon shown in the notification area, by its key
+    bool bLocked = false;            ///< the windows stand behind a password
+    std::string sLockPassword;       ///< as entered; nowhere but here, and wiped on unlocking
+    int iTranslucency = 100;         ///< in percent, 100 is opaque
     std::string strSettings;         ///< drive path of the settings file
     std::uint64_t lastFileTime = 0;  ///< system time from which files count as modified
     DateTime dtAppStart;
@@ -88,6 +51,11 @@ struct Forms {
     Icon0 icon0;
     FrmIndDri frmIndDri;
     FrmNotify frmNotify;
+    FrmLock frmLock;
+    FrmAbout frmAbout;
+    Icon1 icon1;
+    DlgDriveInfo dlgDriveInfo;
+    FrmWizard frmWizard;
     Globals globals;
 
     std::vector<Form*> all();

@@ -1,0 +1,122 @@
+// The small windows beside the main one: lock, about box, recycle bin view, alert dialog, progress,
+// and the frames of those whose content is still to come.
+#pragma once
+
+#include <array>
+
+#include "controls/buttons.h"
+#include "controls/form.h"
+#include "controls/list_view.h"
+#include "controls/pickers.h"
+#include "controls/text_box.h"
+#include "controls/timer.h"
+
+namespace velmora {
+
+/// The alert dialog.
+class DlgAlert : public Form {
+  public:
+    DlgAlert() : Form("dlgAlert", "Alert Window - Velmora ") { setSize(5400, 4200); }
+
+    Frame frmCurAlert{*this, "frmCurAlert", "Current Alerts"};
+    TextBox Label1{*this, "Label1"};  ///< the dialog's journal; a text box in spite of its name
+    Label Label4{*this, "Label4",
+                 "It is recommended you free up some space as a preemptive action to prevent the "
+                 "free space from reaching zero.  To see options, press Action."};
+};
+
+/// The form behind the notification area's icon; never visible.
+class SysWorkSystray : public Form {
+  public:
+    SysWorkSystray() : Form("sysWorkSystray") {}
+
+    Timer tmrSystray{*this, "tmrSystray", 1000, false};  ///< runs while an alert is pending
+};
+
+/// The progress dialog of a check.
+class Icon0 : public Form {
+  public:
+    Icon0() : Form("Icon0", "Velmora") { fraProgress.setVisible(false); }
+
+    Frame fraProgress{*this, "fraProgress"};
+    Label lblProgress{*this, "lblProgress"};
+    CommandButton cmdCancel{*this, "cmdCancel", "Cancel"};  ///< stops the check between two rows
+};
+
+/// The view on the recycle bin and the scheduled tasks. Its icon is that of a paused watch.
+class Icon1 : public Form {
+  public:
+    Icon1() : Form("Icon1", "Velmora") {}
+
+    CommandButton Command1{*this, "Command1", "Recycle Bin"};
+    CommandButton Command2{*this, "Command2", "Schedule Tasks"};
+};
+
+/// The view of one drive.
+class FrmIndDri : public Form {
+  public:
+    FrmIndDri() : Form("frmIndDri", "Drive Settings - Karvelle Velmora") {
+        ListView1.addColumn({"Properties"});
+        ListView1.addColumn({"Value"});
+    }
+
+    Label lblP{*this, "lblP"};  ///< caption: the drive or path shown
+    ListView ListView1{*this, "ListView1"};
+    Slider VScroll1{*this, "VScroll1", 0, 100, 1, 10};  ///< the minimum free space, 100 for none
+    Slider VMeter1{*this, "VMeter1", 0, 50, 1, 5};      ///< the trigger, 50 for none
+    Slider VMeter2{*this, "VMeter2", 0, 50, 1, 5};      ///< the free space, 50 for none
+    Timer Timer1{*this, "Timer1", 10000, false};
+};
+
+/// The lock in front of the program's windows.
+class FrmLock : public Form {
+  public:
+    FrmLock() : Form("frmLock", "Program Lock - Velmora") { Text1.setMasked(true); }
+
+    Label lblLock{*this, "lblLock"};  ///< what the present state means
+    Label Label1{*this, "Label1", "Password Entry to (Un) Lock program:"};
+    TextBox Text1{*this, "Text1"};    ///< password entry
+    std::array<CommandButton, 2> Command1{
+        {{*this, "Command1", "Lock", 0}, {*this, "Command1", "Cancel", 1}}};
+};
+
+/// The about box.
+class FrmAbout : public Form {
+  public:
+    FrmAbout() : Form("frmAbout", "About Velmora") {}
+
+    Label lblTitle{*this, "lblTitle", "Velmora"};
+    Label lblVersion{*this, "lblVersion"};
+    Label lblDescription{*this, "lblDescription",
+                         "Watches the free space of drives, shares and folders, and acts before a "
+                         "disk is full."};
+    CommandButton cmdOK{*this, "cmdOK", "OK"};
+    CommandButton cmdSysInfo{*this, "cmdSysInfo", "&System Info..."};
+    Timer Timer1{*this, "Timer1", 40, false};  ///< runs while the box is shown
+    Slider prcDraw{*this, "prcDraw", 0, 359, 1, 10};  ///< the drawing's turn in degrees
+};
+
+/// The drive information dialog.
+class DlgDriveInfo : public Form {
+  public:
+    DlgDriveInfo() : Form("dlgDriveInfo", "Advance Data Display - Velmora") {}
+
+    Label Label6{*this, "Label6", "Advance Data Display"};
+    Label Label5{*this, "Label5",
+                 "The information visualized here provides a different perspective into the "
+                 "current free space and drive settings.  The information can help the user in "
+                 "make better informed decisions into managing their free space."};
+};
+
+/// The setup wizard.
+class FrmWizard : public Form {
+  public:
+    FrmWizard() : Form("frmWizard", "Velmora Wizard/Pref.") {}
+
+    Label lblWelcome{*this, "lblWelcome",
+                     "This Wizard is design to assist the user in easily customizing the program.  "
+                     "Just follow the steps and answer each section accordingly.  Press 'OK' to "
+                     "apply the settings or press 'Close' to cancel it."};
+};
+
+}  // namespace velmora
