@@ -1,0 +1,53 @@
+#include "qt/icons/glyph_colours.h"
+
+#include <cmath>
+
+namespace velmora::qt {
+namespace {
+
+GlyphColours allOf(const QColor& colour) {
+    return {colour, colour, colour, colour};
+}
+
+QColor between(const QColor& one, const QColor& other, double partOfOther) {
+    const auto mix = [partOfOther](int a, int b) {
+        return static_cast<int>(std::lround(a + (b - a) * partOfOther));
+    };
+    return {mix(one.red(), other.red()), mix(one.green(), other.green()),
+            mix(one.blue(), other.blue())};
+}
+
+/// How bright an eye sees the colour, 0 to 255.
+int brightness(const QColor& colour) {
+    return qGray(colour.rgb());
+}
+
+/// The highlight, or as much of the ink in it as it takes to stand out from the window.
+QColor accentOf(const QColor& highlight, const QColor& ink, const QColor& window) {
+    constexpr int leastDifference = 85;
+    for (const double inkPart : {0.0, 0.25, 0.5}) {
+        const QColor accent = between(highlight, ink, inkPart);
+        if (std::abs(brightness(accent) - brightness(window)) >= leastDifference) return accent;
+    }
+    return ink;
+}
+
+}  // namespace
+
+GlyphColours glyphColours(const QPalette& palette, QIcon::Mode mode) {
+    // The group is named, since a palette's current one is no concern of an icon.
+    const auto colour = [&palette](QPalette::ColorRole role) {
+        return palette.color(QPalette::Active, role);
+    };
+    const QColor ink = colour(QPalette::WindowText);
+    const QColor window = colour(QPalette::Window);
+    if (mode == QIcon::Selected) return allOf(colour(QPalette::HighlightedText));
+    if (mode == QIcon::Disabled) return allOf(between(ink, window, 0.62));
+
+    const bool dark = brightness(ink) > brightness(window);
+    return {between(ink, window, 0.12), accentOf(colour(QPalette::Highlight), ink, window),
+            dark ? QColor(0x45, 0xc4, 0x7b) : QColor(0x1a, 0x8f, 0x4b),
+            dark ? QColor(0xff, 0x9d, 0x3c) : QColor(0xe0, 0x56, 0x06)};
+}
+
+}  // namespace velmora::qt
