@@ -1,7 +1,5 @@
 #include "console/console_host.h"
 
-#include "base/runtime_error.h"
-
 namespace velmora::console {
 
 namespace {
@@ -62,10 +60,7 @@ void ConsoleHost::guarded(const std::function<void()>& handler) {
 }
 
 void ConsoleHost::endByRuntimeError() {
-    const RuntimeError failure = currentRuntimeError();
-    MsgBox({.text = "Run-time error '" + std::to_string(failure.number()) + "':\r\n" +
-                    failure.description(),
-            .icon = BoxIcon::critical});
+    MsgBox(runTimeErrorBox());
     throw ProgramEnd{1};
 }
 

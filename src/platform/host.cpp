@@ -1,5 +1,7 @@
 #include "platform/host.h"
 
+#include "base/runtime_error.h"
+
 namespace velmora {
 
 BoxAnswer cancellingAnswer(BoxButtons buttons) {
@@ -9,6 +11,13 @@ BoxAnswer cancellingAnswer(BoxButtons buttons) {
         case BoxButtons::ok: break;
     }
     return BoxAnswer::ok;
+}
+
+Box runTimeErrorBox() {
+    const RuntimeError failure = currentRuntimeError();
+    return {.text = "Run-time error '" + std::to_string(failure.number()) + "':\r\n" +
+                    failure.description(),
+            .icon = BoxIcon::critical};
 }
 
 }  // namespace velmora

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <type_traits>
 #include <string>
 #include <vector>
 
@@ -25,22 +26,24 @@ struct ReaderKey {
     std::function<std::string(SettingsRig&)> field;
 };
 
-template <typename Text>
-auto textOf(Text FrmNotify::*box) {
-    return [box](SettingsRig& rig) { return (rig.notify.*box).Text(); };
+// The form on which a field stands that was named by its part of the main window.
+template <typename Part>
+Part& formOf(SettingsRig& rig) {
+    if constexpr (std::is_base_of_v<Part, FrmNotify>) {
+        return rig.notify;
+    } else {
+        return rig.form1;
+    }
 }
 
-template <typename Text>
-auto textOf(Text Form1::*box) {
-    return [box](SettingsRig& rig) { return (rig.form1.*box).Text(); };
+template <typename Text, typename Part>
+auto textOf(Text Part::*box) {
+    return [box](SettingsRig& rig) { return (formOf<Part>(rig).*box).Text(); };
 }
 
-inline auto tickOf(CheckBox Form1::*box) {
-    return [box](SettingsRig& rig) { return std::to_string((rig.form1.*box).Value()); };
-}
-
-inline auto tickOf(CheckBox FrmNotify::*box) {
-    return [box](SettingsRig& rig) { return std::to_string((rig.notify.*box).Value()); };
+template <typename Part>
+auto tickOf(CheckBox Part::*box) {
+    return [box](SettingsRig& rig) { return std::to_string((formOf<Part>(rig).*box).Value()); };
 }
 
 inline std::string ticks(const ListBox& list) {

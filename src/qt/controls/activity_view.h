@@ -1,0 +1,28 @@
+// The clip beside the list, drawn: a ring that turns while it plays, in the colour of an alert when
+// the clip is the alert's.
+#pragma once
+
+#include <QTimer>
+#include <QWidget>
+
+#include "controls/animation.h"
+
+namespace velmora::qt {
+
+class ActivityView : public QWidget {
+    Q_OBJECT
+  public:
+    explicit ActivityView(Animation& field, QWidget* parent = nullptr);
+
+    QSize sizeHint() const override { return {18, 18}; }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    Animation& field_;
+    QTimer turn_;
+    int step_ = 0;
+};
+
+}  // namespace velmora::qt

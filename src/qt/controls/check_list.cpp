@@ -1,0 +1,45 @@
+#include "qt/controls/check_list.h"
+
+#include <QSignalBlocker>
+
+#include "qt/surface/field.h"
+#include "qt/surface/text.h"
+
+namespace velmora::qt {
+
+CheckList::CheckList(ListBox& field, UserHand& hand, QWidget* parent)
+    : QListWidget(parent), field_(field) {
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    setUniformItemSizes(true);
+    Refresher* refresher = bindField(this, field, [this] { showEntries(); });
+    connect(this, &QListWidget::itemChanged, this, [this, &hand, refresher](QListWidgetItem* item) {
+        const int index = row(item);
+        const bool on = item->checkState() == Qt::Checked;
+        if (field_.Selected(index) == on) return;
+        hand.does([&] { field_.userTick(index, on); });
+        // A rule of the list may have unticked it, or others.
+        refresher->refreshNow();
+    });
+}
+
+void CheckList::showEntries() {
+    const QSignalBlocker quiet(this);
+    while (count() > field_.ListCount()) delete takeItem(count() - 1);
+    for (int i = 0; i < field_.ListCount(); ++i) {
+        if (i >= count()) addItem(QString());
+        QListWidgetItem* entry = item(i);
+        entry->setFlags(Qt::ItemIsUserCheckable | Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+        entry->setText(shown(field_.List(i)).trimmed());
+        entry->setCheckState(field_.Selected(i) ? Qt::Checked : Qt::Unchecked);
+    }
+    viewport()->update();
+}
+
+QSize CheckList::sizeHint() const {
+    const int rows = std::max(1, count());
+    return {sizeHintForColumn(0) + 2 * frameWidth() + 4, rows * sizeHintForRow(0) + 2 * frameWidth() + 2};
+}
+
+QSize CheckList::minimumSizeHint() const { return {160, std::min(sizeHint().height(), 90)}; }
+
+}  // namespace velmora::qt

@@ -1,0 +1,154 @@
+#include "qt/controls/entries.h"
+
+#include <QKeyEvent>
+#include <QSignalBlocker>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include "qt/surface/field.h"
+#include "qt/surface/text.h"
+
+namespace velmora::qt {
+
+namespace {
+
+constexpr int enterKey = 13;
+
+// Tells the field when the focus leaves its widget.
+class FocusWatch : public QObject {
+  public:
+    FocusWatch(QWidget* widget, TextBox& field, UserHand& hand)
+        : QObject(widget), field_(field), hand_(hand) {
+        widget->installEventFilter(this);
+    }
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::FocusOut) hand_.does([this] { field_.loseFocus(); });
+        return false;
+    }
+
+  private:
+    TextBox& field_;
+    UserHand& hand_;
+};
+
+void showText(QLineEdit* edit, const TextBox& field) {
+    const QString text = shown(field.Text());
+    // Writing the same text again would move the caret under the user's hand.
+    if (edit->text() != text) edit->setText(text);
+    if (field.Focused() && !edit->hasFocus()) {
+        edit->setFocus();
+        edit->selectAll();
+    }
+}
+
+QToolButton* arrow(UpDown& field, Qt::ArrowType type, void (UpDown::*turn)(), UserHand& hand) {
+    auto* button = new QToolButton;
+    button->setArrowType(type);
+    button->setAutoRepeat(true);
+    button->setFocusPolicy(Qt::StrongFocus);
+    button->setFixedSize(18, 13);
+    QObject::connect(button, &QToolButton::clicked, button,
+                     [&field, turn, &hand] { hand.does([&field, turn] { (field.*turn)(); }); });
+    return button;
+}
+
+DateTime withTime(DateTime value, const QTime& time) {
+    value.hour = time.hour();
+    value.minute = time.minute();
+    value.second = time.second();
+    return value;
+}
+
+}  // namespace
+
+QLineEdit* makeLineEdit(TextBox& field, UserHand& hand) {
+    auto* edit = new QLineEdit;
+    Refresher* refresher = bindField(edit, field, [edit, &field] { showText(edit, field); });
+    if (field.masked()) edit->setEchoMode(QLineEdit::Password);
+    new FocusWatch(edit, field, hand);
+    QObject::connect(edit, &QLineEdit::textEdited, edit,
+                     [&field, &hand, refresher](const QString& text) {
+                         hand.does([&] { field.setText(typed(text)); });
+                         refresher->touch();
+                     });
+    QObject::connect(edit, &QLineEdit::returnPressed, edit,
+                     [&field, &hand] { hand.does([&field] { field.KeyPress(enterKey); }); });
+    return edit;
+}
+
+QSlider* makeSlider(Slider& field, UserHand& hand) {
+    auto* slider = new QSlider(Qt::Horizontal);
+    slider->setRange(field.Min(), field.Max());
+    slider->setSingleStep(field.SmallChange());
+    slider->setPageStep(field.LargeChange());
+    bindField(slider, field, [slider, &field] {
+        const QSignalBlocker quiet(slider);
+        slider->setValue(field.Value());
+    });
+    QObject::connect(slider, &QSlider::valueChanged, slider, [&field, &hand](int value) {
+        hand.does([&field, value] { field.userScroll(value); });
+    });
+    return slider;
+}
+
+QTimeEdit* makeTimeEdit(DatePicker& field, const QString& picture, UserHand& hand) {
+    auto* edit = new QTimeEdit;
+    edit->setDisplayFormat(picture);
+    edit->setWrapping(true);
+    Refresher* refresher = bindField(edit, field, [edit, &field] {
+        const QSignalBlocker quiet(edit);
+        edit->setTime({field.Hour(), field.Minute(), field.Second()});
+    });
+    QObject::connect(edit, &QTimeEdit::userTimeChanged, edit,
+                     [&field, &hand, refresher](const QTime& time) {
+                         hand.does([&] { field.setValue(withTime(field.Value(), time)); });
+                         refresher->touch();
+                     });
+    return edit;
+}
+
+QComboBox* makeComboBox(ComboBox& field, UserHand& hand) {
+    auto* box = new QComboBox;
+    box->setEditable(true);
+    box->setInsertPolicy(QComboBox::NoInsert);
+    box->setCompleter(nullptr);
+    box->setMinimumContentsLength(12);
+    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    bindField(box, field, [box, &field] {
+        const QSignalBlocker quiet(box);
+        while (box->count() > field.ListCount()) box->removeItem(box->count() - 1);
+        for (int i = 0; i < field.ListCount(); ++i) {
+            if (i < box->count()) {
+                box->setItemText(i, shown(field.List(i)));
+            } else {
+                box->addItem(shown(field.List(i)));
+            }
+        }
+        if (box->currentText() != shown(field.Text())) box->setEditText(shown(field.Text()));
+    });
+    box->lineEdit()->setAccessibleName(box->accessibleName());
+    QObject::connect(box, &QComboBox::currentTextChanged, box, [&field, &hand](const QString& text) {
+        hand.does([&field, &text] { field.setText(typed(text)); });
+    });
+    return box;
+}
+
+QWidget* makeUpDown(UpDown& field, UserHand& hand) {
+    auto* pair = new QWidget;
+    auto* up = arrow(field, Qt::UpArrow, &UpDown::userUp, hand);
+    auto* down = arrow(field, Qt::DownArrow, &UpDown::userDown, hand);
+    auto* layout = new QVBoxLayout(pair);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(up);
+    layout->addWidget(down);
+    pair->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    bindField(pair, field, [] {});
+    up->setObjectName(pair->objectName() + QStringLiteral(".Up"));
+    down->setObjectName(pair->objectName() + QStringLiteral(".Down"));
+    up->setAccessibleName(QStringLiteral("More: %1").arg(pair->accessibleName()));
+    down->setAccessibleName(QStringLiteral("Less: %1").arg(pair->accessibleName()));
+    return pair;
+}
+
+}  // namespace velmora::qt

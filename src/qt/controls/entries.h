@@ -1,0 +1,25 @@
+// Widgets for controls that take text, a number or a time.
+#pragma once
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QSlider>
+#include <QTimeEdit>
+
+#include "controls/list_box.h"
+#include "controls/pickers.h"
+#include "controls/text_box.h"
+#include "qt/surface/user_hand.h"
+
+namespace velmora::qt {
+
+QLineEdit* makeLineEdit(TextBox& field, UserHand& hand);
+QSlider* makeSlider(Slider& field, UserHand& hand);
+/// `picture` as QTimeEdit's display format, "HH:mm:ss" for a time of day to the second.
+QTimeEdit* makeTimeEdit(DatePicker& field, const QString& picture, UserHand& hand);
+/// An editable text with the list's entries to choose from.
+QComboBox* makeComboBox(ComboBox& field, UserHand& hand);
+/// Two arrows that turn the spinner.
+QWidget* makeUpDown(UpDown& field, UserHand& hand);
+
+}  // namespace velmora::qt

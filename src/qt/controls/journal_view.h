@@ -1,0 +1,32 @@
+// A long text that grows at its front. While nobody looks, the view holds nothing of it.
+#pragma once
+
+#include <QPlainTextEdit>
+#include <string>
+#include <vector>
+
+#include "controls/text_box.h"
+
+namespace velmora::qt {
+
+class JournalView : public QPlainTextEdit {
+    Q_OBJECT
+  public:
+    explicit JournalView(TextBox& field, QWidget* parent = nullptr);
+
+    QSize sizeHint() const override { return {300, 90}; }
+
+  protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+  private:
+    void gather(const std::string& text);
+    void showGathered();
+
+    TextBox& field_;
+    std::vector<std::string> gathered_;  // put in front since the last refresh, the newest last
+    bool stale_ = true;     // the whole text has to be read
+};
+
+}  // namespace velmora::qt

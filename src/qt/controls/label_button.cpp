@@ -1,0 +1,102 @@
+#include "qt/controls/label_button.h"
+
+#include <QFontMetrics>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPainterPath>
+
+#include "qt/controls/colours.h"
+#include "qt/surface/field.h"
+#include "qt/surface/text.h"
+
+namespace velmora::qt {
+
+namespace {
+
+constexpr int sideMargin = 10;
+constexpr int topMargin = 5;
+constexpr double corner = 5;
+
+}  // namespace
+
+LabelButton::LabelButton(Label& label, UserHand& hand, Shape shape, QWidget* parent)
+    : QAbstractButton(parent), label_(label), hand_(hand), shape_(shape) {
+    setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
+    setCursor(Qt::PointingHandCursor);
+    bindField(this, label, [this] {
+        // An ampersand is a letter here, no mark of a short cut.
+        const QString caption = shown(label_.Caption());
+        if (text() != caption) {
+            setText(caption);
+            updateGeometry();
+        }
+        update();
+    });
+    connect(this, &QAbstractButton::pressed, this, [this] { hand_.does([this] { label_.MouseDown(); }); });
+    connect(this, &QAbstractButton::released, this, [this] { hand_.does([this] { label_.MouseUp(); }); });
+    connect(this, &QAbstractButton::clicked, this, [this] { hand_.does([this] { label_.Click(); }); });
+}
+
+QSize LabelButton::sizeHint() const {
+    const QFontMetrics metrics(font());
+    return {metrics.horizontalAdvance(text()) + 2 * sideMargin,
+            metrics.height() + 2 * (shape_ == Shape::sideTab ? topMargin + 4 : topMargin)};
+}
+
+bool LabelButton::selected() const { return label_.BackColor() == colour::window; }
+
+QPainterPath LabelButton::outline(const QRectF& area) const {
+    QRectF box = area;
+    // A tab runs out of sight on the side of its page.
+    if (shape_ == Shape::sideTab) box.setRight(box.right() + 2 * corner);
+    if (shape_ == Shape::topTab) box.setBottom(box.bottom() + 2 * corner);
+    QPainterPath path;
+    path.addRoundedRect(box, corner, corner);
+    return path;
+}
+
+void LabelButton::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF area = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
+    const QColor background = shownColour(label_.BackColor(), palette());
+    QColor text = legible(shownColour(label_.ForeColor(), palette()), background);
+    if (!isEnabled()) text.setAlphaF(0.45F);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(underMouse() && isEnabled() && !selected() ? background.lighter(150) : background);
+    painter.drawPath(outline(area));
+    if (selected()) {
+        painter.setBrush(palette().color(QPalette::Highlight));
+        painter.drawRect(shape_ == Shape::topTab ? QRectF(area.left() + 4, area.top(), area.width() - 8, 3)
+                                                 : QRectF(area.left(), area.top() + 4, 3, area.height() - 8));
+    }
+    if (hasFocus()) {
+        QPen ring(palette().color(QPalette::Highlight), 2);
+        painter.setPen(ring);
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(area.adjusted(1, 1, -1, -1), corner - 1, corner - 1);
+    }
+    painter.setPen(text);
+    painter.drawText(rect(), Qt::AlignCenter, this->text());
+}
+
+void LabelButton::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        click();
+        return;
+    }
+    QAbstractButton::keyPressEvent(event);
+}
+
+void LabelButton::mouseMoveEvent(QMouseEvent* event) {
+    hand_.does([this] { label_.MouseMove(); });
+    QAbstractButton::mouseMoveEvent(event);
+}
+
+void LabelButton::enterEvent(QEnterEvent* event) {
+    update();
+    QAbstractButton::enterEvent(event);
+}
+
+}  // namespace velmora::qt

@@ -1,0 +1,41 @@
+// A label that acts as a button or a tab: its colours are the field's, its handlers hear of press,
+// release and move as well as of the click.
+#pragma once
+
+#include <QAbstractButton>
+
+#include "controls/buttons.h"
+#include "qt/surface/user_hand.h"
+
+namespace velmora::qt {
+
+class LabelButton : public QAbstractButton {
+    Q_OBJECT
+  public:
+    enum class Shape {
+        button,   ///< rounded on all sides
+        sideTab,  ///< stands at the left of its page
+        topTab,   ///< stands above its page
+    };
+
+    LabelButton(Label& label, UserHand& hand, Shape shape, QWidget* parent = nullptr);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void enterEvent(QEnterEvent* event) override;
+
+  private:
+    bool selected() const;
+    QPainterPath outline(const QRectF& area) const;
+
+    Label& label_;
+    UserHand& hand_;
+    Shape shape_;
+};
+
+}  // namespace velmora::qt

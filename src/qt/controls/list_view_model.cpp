@@ -1,0 +1,165 @@
+#include "qt/controls/list_view_model.h"
+
+#include <QFont>
+#include <QIcon>
+#include <QMetaObject>
+#include <QPointer>
+#include <algorithm>
+
+#include "qt/surface/text.h"
+
+namespace velmora::qt {
+
+ListViewModel::ListViewModel(ListView& list, Pictures pictures, QObject* parent)
+    : QAbstractTableModel(parent),
+      list_(list),
+      pictures_(std::move(pictures)),
+      rows_(list.Count()),
+      columns_(list.ColumnCount()) {
+    const QPointer<ListViewModel> guard(this);
+    list.RowInserted.connect([guard](int index) {
+        if (guard) guard->rowInserted(index);
+    });
+    list.RowRemoved.connect([guard](int index) {
+        if (guard) guard->rowRemoved(index);
+    });
+    list.RowsReset.connect([guard] {
+        if (guard) guard->gather(Pending::everything);
+    });
+    list.RowChanged.connect([guard](const ListItem&) {
+        if (guard) guard->gather(Pending::contents);
+    });
+    list.Changed.connect([guard] {
+        if (!guard) return;
+        guard->columnsChanged_ = true;
+        guard->gather(Pending::contents);
+    });
+}
+
+void ListViewModel::gather(Pending what) {
+    // What is already pending covers a lesser change; rows on top aren't covered by contents.
+    pending_ = std::max(pending_, what);
+    if (scheduled_) return;
+    scheduled_ = true;
+    QMetaObject::invokeMethod(this, &ListViewModel::publish, Qt::QueuedConnection);
+}
+
+void ListViewModel::rowInserted(int index) {
+    if (index == 1 && pending_ <= Pending::onTop) {
+        ++onTop_;
+        gather(Pending::onTop);
+    } else {
+        gather(Pending::everything);
+    }
+}
+
+void ListViewModel::rowRemoved(int) { gather(Pending::everything); }
+
+void ListViewModel::publish() {
+    scheduled_ = false;
+    const Pending pending = std::exchange(pending_, Pending::nothing);
+    const bool anew = pending == Pending::everything || columns_ != list_.ColumnCount();
+    if (anew) {
+        publishEverything();
+    } else if (pending == Pending::onTop) {
+        publishOnTop();
+    } else if (rows_ > 0 && columns_ > 0) {
+        emit dataChanged(index(0, 0), index(rows_ - 1, columns_ - 1));
+    }
+    if (std::exchange(columnsChanged_, false) && columns_ > 0) {
+        emit headerDataChanged(Qt::Horizontal, 0, columns_ - 1);
+    }
+    emit published(anew);
+}
+
+void ListViewModel::publishOnTop() {
+    beginInsertRows({}, 0, onTop_ - 1);
+    rows_ += std::exchange(onTop_, 0);
+    endInsertRows();
+    emit dataChanged(index(0, 0), index(rows_ - 1, std::max(0, columns_ - 1)));
+}
+
+void ListViewModel::publishEverything() {
+    beginResetModel();
+    rows_ = list_.Count();
+    columns_ = list_.ColumnCount();
+    onTop_ = 0;
+    endResetModel();
+}
+
+int ListViewModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : rows_; }
+
+int ListViewModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : columns_;
+}
+
+const ListItem* ListViewModel::rowAt(int published) const {
+    const int row = published + onTop_ + 1;
+    return row >= 1 && row <= list_.Count() ? &list_.ListItems(row) : nullptr;
+}
+
+QVariant ListViewModel::data(const QModelIndex& index, int role) const {
+    const ListItem* row = index.isValid() ? rowAt(index.row()) : nullptr;
+    if (row == nullptr || index.column() >= list_.ColumnCount()) return {};
+    switch (role) {
+        case Qt::DisplayRole:
+        case Qt::ToolTipRole:
+            return text(*row, index.column());
+        case Qt::DecorationRole:
+            return picture(*row, index.column());
+        case Qt::CheckStateRole:
+            if (!hasTicks_ || index.column() != 0) return {};
+            return row->Checked() ? Qt::Checked : Qt::Unchecked;
+        case Qt::TextAlignmentRole:
+            return headerData(index.column(), Qt::Horizontal, role);
+        case Qt::FontRole:
+            if (bold(*row, index.column())) {
+                QFont font;
+                font.setBold(true);
+                return font;
+            }
+            return {};
+        default:
+            return {};
+    }
+}
+
+QVariant ListViewModel::text(const ListItem& row, int column) const {
+    // A cell is one line: alerts may hold several.
+    QString line = shown(column == 0 ? row.Text() : row.SubItems(column));
+    return line.replace(QLatin1String("\r\n"), QLatin1String(" "));
+}
+
+QVariant ListViewModel::picture(const ListItem& row, int column) const {
+    const std::string& key = column == 0 ? row.SmallIcon() : row.ListSubItems(column).ReportIcon();
+    if (key.empty() || key == "0") return {};
+    const QIcon icon = pictures_(key);
+    return icon.isNull() ? QVariant() : QVariant(icon);
+}
+
+bool ListViewModel::bold(const ListItem& row, int column) const {
+    return column == 0 ? row.Bold() : row.ListSubItems(column).Bold();
+}
+
+QVariant ListViewModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal || section < 0 || section >= list_.ColumnCount()) return {};
+    const ColumnHeader& column = list_.ColumnHeaders(section + 1);
+    if (role == Qt::DisplayRole) return shown(column.Text);
+    if (role != Qt::TextAlignmentRole) return {};
+    const bool right = column.alignment == Alignment::right;
+    return static_cast<int>(Qt::AlignVCenter | (right ? Qt::AlignRight : Qt::AlignLeft));
+}
+
+Qt::ItemFlags ListViewModel::flags(const QModelIndex& index) const {
+    Qt::ItemFlags flags = QAbstractTableModel::flags(index);
+    if (hasTicks_ && index.column() == 0) flags |= Qt::ItemIsUserCheckable;
+    return flags;
+}
+
+bool ListViewModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (role != Qt::CheckStateRole || rowAt(index.row()) == nullptr) return false;
+    emit ticked(index.row() + onTop_ + 1, value.toInt() == Qt::Checked);
+    return true;
+}
+
+}  // namespace velmora::qt

@@ -1,0 +1,50 @@
+// A list of rows in columns, shown over the field's own rows.
+#pragma once
+
+#include <QTreeView>
+
+#include "controls/list_view.h"
+#include "qt/controls/list_view_model.h"
+#include "qt/surface/user_hand.h"
+
+namespace velmora::qt {
+
+class ListViewWidget : public QTreeView {
+    Q_OBJECT
+  public:
+    struct Look {
+        bool ticks = false;        ///< rows have tick boxes
+        int stretchedColumn = -1;  ///< takes what is left of the width; -1 for none
+        QSize preferred{300, 120};
+    };
+
+    ListViewWidget(ListView& list, ListViewModel::Pictures pictures, const Look& look, UserHand& hand,
+                   QWidget* parent = nullptr);
+
+    QSize sizeHint() const override { return look_.preferred; }
+    ListViewModel& listModel() { return *model_; }
+
+  protected:
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+
+  private:
+    void connectField();
+    void showColumns();
+    void showSortMark();
+    void showSelection();
+    void pointTo(const QPoint& place);
+
+    ListView& list_;
+    Look look_;
+    UserHand& hand_;
+    ListViewModel* model_;
+    bool showingSelection_ = false;
+    int shownColumns_ = 0;
+};
+
+}  // namespace velmora::qt

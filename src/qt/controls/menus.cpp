@@ -1,0 +1,71 @@
+#include "qt/controls/menus.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QPointer>
+
+#include "qt/surface/field.h"
+#include "qt/surface/text.h"
+
+namespace velmora::qt {
+
+namespace {
+
+void fill(QMenu* menu, MenuItem& field, UserHand& hand);
+
+void addItem(QMenu* menu, MenuItem& item, UserHand& hand) {
+    if (item.separates()) {
+        menu->addSeparator()->setObjectName(fieldName(item));
+        return;
+    }
+    QAction* action = nullptr;
+    if (item.items().empty()) {
+        action = menu->addAction(QString());
+        QObject::connect(action, &QAction::triggered, action,
+                         [&item, &hand] { hand.does([&item] { item.userClick(); }); });
+    } else {
+        auto* below = new QMenu(menu);
+        action = menu->addMenu(below);
+        fill(below, item, hand);
+    }
+    action->setObjectName(fieldName(item));
+    follow(item.Changed, action, [action, &item] {
+        action->setText(shown(item.Caption()));
+        action->setEnabled(item.Enabled());
+        action->setVisible(item.Visible());
+        // Only an item that is ticked at some time shows room for a tick.
+        if (item.Checked()) action->setCheckable(true);
+        action->setChecked(item.Checked());
+    });
+    // A click ticks a checkable action by itself; only the program decides.
+    QObject::connect(action, &QAction::toggled, action, [action, &item](bool on) {
+        if (on != item.Checked()) action->setChecked(item.Checked());
+    });
+}
+
+void fill(QMenu* menu, MenuItem& field, UserHand& hand) {
+    menu->setObjectName(fieldName(field));
+    for (MenuItem* item : field.items()) addItem(menu, *item, hand);
+}
+
+QPoint popUpPlace() {
+    const QWidget* focused = QApplication::focusWidget();
+    const bool pointerIsOver =
+        focused == nullptr || focused->window()->frameGeometry().contains(QCursor::pos());
+    return pointerIsOver ? QCursor::pos() : focused->mapToGlobal(QPoint(0, focused->height()));
+}
+
+}  // namespace
+
+QMenu* makeMenu(MenuItem& field, UserHand& hand, QWidget* owner) {
+    auto* menu = new QMenu(owner);
+    fill(menu, field, hand);
+    field.PoppedUp.connect([guard = QPointer<QMenu>(menu)] {
+        if (guard) guard->popup(popUpPlace());
+    });
+    QObject::connect(menu, &QMenu::aboutToHide, menu,
+                     [&field, &hand] { hand.does([&field] { field.Closed(); }); });
+    return menu;
+}
+
+}  // namespace velmora::qt

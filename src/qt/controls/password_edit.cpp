@@ -1,0 +1,117 @@
+#include "qt/controls/password_edit.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QDropEvent>
+#include <QKeyEvent>
+#include <algorithm>
+
+#include "base/text.h"
+#include "base/wipe.h"
+#include "qt/surface/field.h"
+#include "qt/surface/text.h"
+
+namespace velmora::qt {
+
+namespace {
+
+constexpr int enterKey = 13;
+const QChar dot(0x25CF);
+
+// The place of a character in a text of UTF-8, in bytes.
+std::size_t byteOf(const std::string& text, int character) {
+    std::size_t place = 0;
+    while (character > 0 && place < text.size()) {
+        ++place;
+        while (place < text.size() && (static_cast<unsigned char>(text[place]) & 0xC0) == 0x80) ++place;
+        --character;
+    }
+    return place;
+}
+
+bool isText(const QKeyEvent* event) {
+    const QString text = event->text();
+    return !text.isEmpty() && text.front().isPrint() &&
+           !event->modifiers().testFlag(Qt::ControlModifier);
+}
+
+}  // namespace
+
+PasswordEdit::PasswordEdit(TextBox& field, UserHand& hand, QWidget* parent)
+    : QLineEdit(parent), field_(field), hand_(hand) {
+    setInputMethodHints(Qt::ImhHiddenText | Qt::ImhSensitiveData | Qt::ImhNoPredictiveText);
+    setAttribute(Qt::WA_InputMethodEnabled, false);
+    bindField(this, field, [this] { showDots(); });
+}
+
+void PasswordEdit::showDots() {
+    const QString dots(static_cast<qsizetype>(field_.textLength()), dot);
+    if (text() == dots) return;
+    const int caret = std::min<int>(cursorPosition(), static_cast<int>(dots.size()));
+    setText(dots);
+    setCursorPosition(caret);
+}
+
+void PasswordEdit::replace(int start, int length, const QString& characters) {
+    std::string whole;
+    // Room for all of it at once: growing would leave pieces behind.
+    whole.reserve(field_.Text().size() + 4 * static_cast<std::size_t>(characters.size()) + 16);
+    const std::string& present = field_.Text();
+    const std::size_t from = byteOf(present, start);
+    const std::size_t to = byteOf(present, start + length);
+    whole.append(present, 0, from);
+    std::string added = typed(characters);
+    whole += added;
+    whole.append(present, to);
+    const int caret = start + static_cast<int>(velmora::length(added));
+    wipe(added);
+    hand_.does([&] { field_.setText(whole); });
+    wipe(whole);
+    showDots();
+    setCursorPosition(caret);
+}
+
+void PasswordEdit::insertAtCaret(const QString& characters) {
+    const int start = hasSelectedText() ? selectionStart() : cursorPosition();
+    replace(start, static_cast<int>(selectedText().size()), characters);
+}
+
+void PasswordEdit::removeAtCaret(bool forward) {
+    if (hasSelectedText()) {
+        replace(selectionStart(), static_cast<int>(selectedText().size()), {});
+        return;
+    }
+    const int start = forward ? cursorPosition() : cursorPosition() - 1;
+    if (start >= 0 && start < text().size()) replace(start, 1, {});
+}
+
+void PasswordEdit::paste() {
+    const QString text = QApplication::clipboard()->text().section(QLatin1Char('\n'), 0, 0);
+    if (!text.isEmpty()) insertAtCaret(text);
+}
+
+void PasswordEdit::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        hand_.does([this] { field_.KeyPress(enterKey); });
+    } else if (event->matches(QKeySequence::Paste)) {
+        paste();
+    } else if (event->matches(QKeySequence::Copy) || event->matches(QKeySequence::Cut) ||
+               event->matches(QKeySequence::Undo) || event->matches(QKeySequence::Redo)) {
+        event->accept();
+    } else if (event->key() == Qt::Key_Backspace) {
+        removeAtCaret(false);
+    } else if (event->key() == Qt::Key_Delete) {
+        removeAtCaret(true);
+    } else if (isText(event)) {
+        insertAtCaret(event->text());
+    } else {
+        QLineEdit::keyPressEvent(event);
+    }
+}
+
+void PasswordEdit::contextMenuEvent(QContextMenuEvent* event) { event->accept(); }
+
+void PasswordEdit::dropEvent(QDropEvent* event) { event->ignore(); }
+
+}  // namespace velmora::qt

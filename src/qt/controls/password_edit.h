@@ -1,0 +1,34 @@
+// Entry of a password that must not stay in the memory: the widget holds a dot for each character,
+// the field alone holds the characters.
+#pragma once
+
+#include <QLineEdit>
+
+#include "controls/text_box.h"
+#include "qt/surface/user_hand.h"
+
+namespace velmora::qt {
+
+class PasswordEdit : public QLineEdit {
+    Q_OBJECT
+  public:
+    PasswordEdit(TextBox& field, UserHand& hand, QWidget* parent = nullptr);
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+  private:
+    void paste();
+    void insertAtCaret(const QString& characters);
+    void removeAtCaret(bool forward);
+    /// Puts `characters` in the place of those from `start` on.
+    void replace(int start, int length, const QString& characters);
+    void showDots();
+
+    TextBox& field_;
+    UserHand& hand_;
+};
+
+}  // namespace velmora::qt

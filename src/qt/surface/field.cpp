@@ -1,0 +1,33 @@
+#include "qt/surface/field.h"
+
+#include "controls/form.h"
+#include "qt/surface/field_words.h"
+#include "qt/surface/text.h"
+
+namespace velmora::qt {
+
+QString fieldName(const Control& control) {
+    const QString name = shown(control.Name());
+    return control.Index() < 0 ? name : QStringLiteral("%1(%2)").arg(name).arg(control.Index());
+}
+
+Refresher* bindField(QWidget* widget, Control& control, std::function<void()> refresh) {
+    const QString name = fieldName(control);
+    widget->setObjectName(name);
+    widget->setAccessibleName(fieldWords(shown(control.form().Name()), name));
+    return follow(control.Changed, widget, [widget, &control, refresh = std::move(refresh)] {
+        widget->setEnabled(control.Enabled());
+        if (!control.Visible()) {
+            widget->hide();
+        } else if (widget->parentWidget() != nullptr) {
+            // Without a parent it would become a window of its own.
+            widget->show();
+        }
+        if (widget->toolTip() != shown(control.ToolTipText())) {
+            widget->setToolTip(shown(control.ToolTipText()));
+        }
+        refresh();
+    });
+}
+
+}  // namespace velmora::qt

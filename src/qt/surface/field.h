@@ -1,0 +1,22 @@
+// What every widget has in common with its field: name, visibility, enabled state, tool-tip, and
+// the words that a screen reader says.
+#pragma once
+
+#include <QString>
+#include <QWidget>
+#include <functional>
+
+#include "controls/control.h"
+#include "qt/surface/refresher.h"
+#include "qt/surface/user_hand.h"
+
+namespace velmora::qt {
+
+/// The field's name as the program writes it: "chkLog", "lblTab(2)".
+QString fieldName(const Control& control);
+
+/// Names the widget after its field and keeps it enabled, visible and explained as the field says.
+/// `refresh` shows the rest and runs whenever the field has changed.
+Refresher* bindField(QWidget* widget, Control& control, std::function<void()> refresh);
+
+}  // namespace velmora::qt

@@ -1,0 +1,34 @@
+// The user in front of a window: boxes, dialogs, and the yields of a long handler.
+#pragma once
+
+#include <QElapsedTimer>
+#include <functional>
+
+#include "persist/shell_links.h"
+#include "platform/host.h"
+#include "platform/platform.h"
+#include "qt/surface/user_hand.h"
+
+namespace velmora::qt {
+
+class QtHost final : public Host {
+  public:
+    /// `machine` turns the paths of Qt's own dialogs into drive paths.
+    QtHost(Machine& machine, UserHand& hand);
+
+    BoxAnswer MsgBox(const Box& box) override;
+    /// The system's own folder dialog where there is one, Qt's otherwise.
+    std::string BrowseForFolder(const std::string& title) override;
+    std::string OpenFileDialog(const std::string& title, const std::string& initialFolder) override;
+    /// Lets events through at most every few milliseconds: a check yields several times a row, and
+    /// asking the window system each time would cost more than the check.
+    void DoEvents() override;
+
+  private:
+    Machine& machine_;
+    UserHand& hand_;
+    ShellLinks shellLinks_;
+    QElapsedTimer sinceYield_;
+};
+
+}  // namespace velmora::qt

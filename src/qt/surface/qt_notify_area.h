@@ -1,0 +1,42 @@
+// The notification area by Qt's tray icon. One icon a window, as the program's records name them.
+#pragma once
+
+#include <QSystemTrayIcon>
+#include <functional>
+#include <map>
+#include <memory>
+
+#include "platform/notify_area.h"
+
+namespace velmora::qt {
+
+class QtNotifyArea final : public NotifyArea {
+  public:
+    /// A message of the mouse over an icon (515 left double click, 517 right button up) for the
+    /// form that owns it.
+    using Message = std::function<void(const std::string& form, int message)>;
+
+    explicit QtNotifyArea(Message message) : message_(std::move(message)) {}
+
+    /// False where the desktop has no notification area; an icon is shown once there is one.
+    bool Shell_NotifyIconA(NotifyMessage message, const NotifyIconData& data) override;
+
+    /// Whether icons can be seen here.
+    static bool available() { return QSystemTrayIcon::isSystemTrayAvailable(); }
+    /// The icon of a form, null when it was not added.
+    QSystemTrayIcon* iconOf(const std::string& form) const;
+
+  private:
+    struct Shown {
+        std::unique_ptr<QSystemTrayIcon> icon;
+        NotifyIconData data;
+    };
+
+    void add(const NotifyIconData& data);
+    static void show(Shown& shown, const NotifyIconData& data);
+
+    Message message_;
+    std::map<std::string, Shown> icons_;
+};
+
+}  // namespace velmora::qt

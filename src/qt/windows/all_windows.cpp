@@ -1,0 +1,29 @@
+#include "qt/windows/all_windows.h"
+
+#include "qt/windows/dialogs.h"
+#include "qt/windows/main_window.h"
+
+namespace velmora::qt {
+
+AllWindows::AllWindows(Forms& forms, const QtShellIcons& icons, UserHand& hand, WindowsByName& names)
+    : hand_(hand), names_(names) {
+    add(forms.form1.Name(), new MainWindow(forms.form1, icons, hand));
+    addWhenLoaded(forms.frmLock, makeLockWindow);
+    addWhenLoaded(forms.frmAbout, makeAboutWindow);
+    addWhenLoaded(forms.dlgAlert, makeAlertWindow);
+    addWhenLoaded(forms.icon0, makeProgressWindow);
+    addWhenLoaded(forms.icon1, makeRecycleBinWindow);
+    addWhenLoaded(forms.frmIndDri, makeDriveWindow);
+    addWhenLoaded(forms.frmNotify, makeNotifyWindow);
+    addWhenLoaded(forms.dlgDriveInfo, makeDriveInfoWindow);
+    addWhenLoaded(forms.frmWizard, makeWizardWindow);
+}
+
+void AllWindows::add(const std::string& form, QWidget* window) {
+    windows_.emplace_back(window);
+    names_.add(form, window);
+}
+
+AllWindows::~AllWindows() = default;
+
+}  // namespace velmora::qt

@@ -1,0 +1,65 @@
+#include <QGridLayout>
+
+#include "qt/controls/buttons.h"
+#include "qt/controls/entries.h"
+#include "qt/windows/layouts.h"
+#include "qt/windows/panels.h"
+
+namespace velmora::qt {
+
+namespace {
+
+constexpr int roomForTwoColumns = 480;
+
+QWidget* makeProgramGroup(Form1& form, UserHand& hand) {
+    auto* content = column({makeCheckBox(form.chkStartUp, hand), makeCheckBox(form.chkUpdate, hand),
+                            makeCheckBox(form.chkSaveSet, hand), makeCheckBox(form.chkSafeM, hand)});
+    content->addStretch(1);
+    return group(QStringLiteral("Program"), content);
+}
+
+QWidget* makeWindowGroup(Form1& form, UserHand& hand) {
+    auto* content = column({makeCheckBox(form.chkSystray, hand), makeCheckBox(form.chkOnTop, hand),
+                            makeCheckBox(form.chkOnTopMonitor, hand)});
+    content->addLayout(row({makeButton(form.cmdAddIcon, hand), nullptr}));
+    content->addStretch(1);
+    return group(QStringLiteral("Window"), content);
+}
+
+QWidget* makeLogGroup(Form1& form, UserHand& hand) {
+    return group(QStringLiteral("Log"),
+                 column({makeCheckBox(form.chkLog, hand), makeCheckBox(form.chkAutoSave, hand),
+                         makeCheckBox(form.chkLogTimeMon, hand), makeCheckBox(form.chkNTLog, hand)}));
+}
+
+QWidget* makeSoundGroup(Form1& form, UserHand& hand) {
+    auto* grid = new QGridLayout;
+    grid->setHorizontalSpacing(gap);
+    grid->setVerticalSpacing(gap);
+    const QString words[] = {QStringLiteral("Alert Sound"), QStringLiteral("Second Sound")};
+    for (int i = 0; i < 2; ++i) {
+        const auto place = static_cast<std::size_t>(i);
+        auto* path = makeLineEdit(form.txtAudio[place], hand);
+        grid->addWidget(wordFor(words[i], path), i, 0);
+        grid->addWidget(path, i, 1);
+        grid->addWidget(makeIconButton(form.cmdAudio[place], Glyph::browse, hand), i, 2);
+        grid->addWidget(makeIconButton(form.cmdPlay[place], Glyph::play, hand), i, 3);
+    }
+    grid->addLayout(row({makeButton(form.cmdSnd, hand), nullptr}), 2, 1, 1, 3);
+    return group(QStringLiteral("Sound"), grid);
+}
+
+}  // namespace
+
+QWidget* makeConfigPanel(Form1& form, UserHand& hand) {
+    auto* settings = column({new TwoColumns(makeProgramGroup(form, hand), makeWindowGroup(form, hand),
+                                            roomForTwoColumns),
+                             makeLogGroup(form, hand), makeSoundGroup(form, hand)});
+    settings->addStretch(1);
+    auto* page = column({});
+    page->addWidget(scrolled(around(settings)), 1);
+    page->addLayout(row({nullptr, makeButton(form.Command8, hand)}));
+    return around(page);
+}
+
+}  // namespace velmora::qt

@@ -1,0 +1,85 @@
+#include "qt/windows/dialogs.h"
+
+#include <QFormLayout>
+
+#include "qt/controls/buttons.h"
+#include "qt/controls/journal_view.h"
+#include "qt/controls/list_view_widget.h"
+#include "qt/controls/entries.h"
+#include "qt/icons/program_icon.h"
+#include "qt/windows/form_binding.h"
+#include "qt/windows/layouts.h"
+
+namespace velmora::qt {
+
+namespace {
+
+constexpr int readingWidth = 380;
+
+// A window around a layout, with the margins of a dialog.
+QWidget* dialog(Form& form, QLayout* content, UserHand& hand) {
+    auto* window = new QWidget;
+    window->setWindowIcon(programIcon());
+    content->setContentsMargins(2 * gap, 2 * gap, 2 * gap, 2 * gap);
+    window->setLayout(content);
+    new FormBinding(window, form, hand);
+    return window;
+}
+
+QLabel* heading(Label& field) {
+    auto* label = makeCaption(field);
+    QFont font = label->font();
+    font.setBold(true);
+    font.setPointSizeF(font.pointSizeF() * 1.3);
+    label->setFont(font);
+    return label;
+}
+
+QLabel* paragraph(Label& field) {
+    auto* label = makeCaption(field, true);
+    label->setMinimumWidth(readingWidth);
+    return label;
+}
+
+}  // namespace
+
+QWidget* makeAlertWindow(DlgAlert& form, UserHand& hand) {
+    auto* content = column({paragraph(form.Label4)});
+    content->addWidget(group(QString::fromStdString(form.frmCurAlert.Caption()),
+                             column({new JournalView(form.Label1)})),
+                       1);
+    return dialog(form, content, hand);
+}
+
+QWidget* makeProgressWindow(Icon0& form, UserHand& hand) {
+    auto* content = column({paragraph(form.lblProgress)});
+    content->addLayout(row({nullptr, makeButton(form.cmdCancel, hand)}));
+    return dialog(form, content, hand);
+}
+
+QWidget* makeRecycleBinWindow(Icon1& form, UserHand& hand) {
+    return dialog(form, row({makeButton(form.Command1, hand), makeButton(form.Command2, hand)}), hand);
+}
+
+QWidget* makeDriveWindow(FrmIndDri& form, UserHand& hand) {
+    auto* list = new ListViewWidget(form.ListView1, [](const std::string&) { return QIcon(); },
+                                    {.stretchedColumn = 1, .preferred = {readingWidth, 130}}, hand);
+    auto* gauges = new QFormLayout;
+    const std::pair<QString, Slider*> sliders[] = {{QStringLiteral("Minimum"), &form.VScroll1},
+                                                   {QStringLiteral("Trigger"), &form.VMeter1},
+                                                   {QStringLiteral("Free Space"), &form.VMeter2}};
+    for (const auto& [words, slider] : sliders) gauges->addRow(words, makeSlider(*slider, hand));
+    auto* content = column({heading(form.lblP), list});
+    content->addLayout(gauges);
+    return dialog(form, content, hand);
+}
+
+QWidget* makeDriveInfoWindow(DlgDriveInfo& form, UserHand& hand) {
+    return dialog(form, column({heading(form.Label6), paragraph(form.Label5)}), hand);
+}
+
+QWidget* makeWizardWindow(FrmWizard& form, UserHand& hand) {
+    return dialog(form, column({paragraph(form.lblWelcome)}), hand);
+}
+
+}  // namespace velmora::qt

@@ -1,0 +1,96 @@
+#include "qt/windows/form_binding.h"
+
+#include <QCloseEvent>
+#include <QPointer>
+
+#include "qt/surface/text.h"
+
+namespace velmora::qt {
+
+namespace {
+
+int pixels(int twips) { return (twips + twipsPerPixel / 2) / twipsPerPixel; }
+
+WindowState stateOf(const QWidget* window) {
+    if (window->isMinimized()) return WindowState::minimised;
+    return window->isMaximized() ? WindowState::maximised : WindowState::normal;
+}
+
+}  // namespace
+
+FormBinding::FormBinding(QWidget* window, Form& form, UserHand& hand, bool sized)
+    : QObject(window), window_(window), form_(form), hand_(hand), sized_(sized), refresher_(nullptr) {
+    window->setObjectName(shown(form.Name()));
+    refresher_ = follow(form.Changed, this, [this] { refresh(); });
+    form.Raised.connect([guard = QPointer<FormBinding>(this)] {
+        if (!guard) return;
+        // What was hidden has to be shown before it can come in front.
+        guard->refresher_->refreshNow();
+        guard->window_->raise();
+        guard->window_->activateWindow();
+    });
+    window->installEventFilter(this);
+}
+
+void FormBinding::refresh() {
+    window_->setWindowTitle(shown(form_.Caption()).trimmed());
+    if (sized_) showSize();
+    showVisibility();
+}
+
+void FormBinding::showSize() {
+    const QSize size(pixels(form_.Width()), pixels(form_.Height()));
+    if (form_.Width() == 0 || form_.Height() == 0 || window_->isMaximized() || window_->isFullScreen()) {
+        return;
+    }
+    if (window_->size() != size) window_->resize(size);
+}
+
+void FormBinding::showVisibility() {
+    if (!form_.Visible()) {
+        window_->hide();
+        return;
+    }
+    if (window_->isVisible() && stateOf(window_) == form_.State()) return;
+    switch (form_.State()) {
+        case WindowState::normal: window_->showNormal(); break;
+        case WindowState::minimised: window_->showMinimized(); break;
+        case WindowState::maximised: window_->showMaximized(); break;
+    }
+}
+
+bool FormBinding::eventFilter(QObject*, QEvent* event) {
+    switch (event->type()) {
+        case QEvent::Close:
+            hand_.does([this] { form_.userClose(); });
+            event->ignore();
+            return true;
+        case QEvent::Resize:
+            if (sized_) tellSize();
+            return false;
+        case QEvent::WindowStateChange:
+            tellState();
+            return false;
+        default:
+            return false;
+    }
+}
+
+// A pixel has more than one measure in twips; the form keeps its own while it comes to the same
+// pixels.
+void FormBinding::tellSize() {
+    const QSize size = window_->size();
+    const bool sameWidth = pixels(form_.Width()) == size.width();
+    const bool sameHeight = pixels(form_.Height()) == size.height();
+    if (form_.Width() == 0 || (sameWidth && sameHeight)) return;
+    hand_.does([&] {
+        form_.setSize(sameWidth ? form_.Width() : size.width() * twipsPerPixel,
+                      sameHeight ? form_.Height() : size.height() * twipsPerPixel);
+    });
+}
+
+void FormBinding::tellState() {
+    if (window_->isVisible()) form_.setState(stateOf(window_));
+}
+
+}  // namespace velmora::qt

@@ -1,0 +1,74 @@
+#include "qt/windows/layouts.h"
+
+#include <QResizeEvent>
+
+namespace velmora::qt {
+
+QGroupBox* group(const QString& heading, QLayout* content) {
+    auto* box = new QGroupBox(heading);
+    content->setContentsMargins(gap + 2, gap, gap + 2, gap + 2);
+    box->setLayout(content);
+    return box;
+}
+
+QHBoxLayout* row(std::initializer_list<QWidget*> widgets) {
+    auto* layout = new QHBoxLayout;
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(gap);
+    for (QWidget* widget : widgets) {
+        if (widget == nullptr) {
+            layout->addStretch(1);
+        } else {
+            layout->addWidget(widget);
+        }
+    }
+    return layout;
+}
+
+QVBoxLayout* column(std::initializer_list<QWidget*> widgets) {
+    auto* layout = new QVBoxLayout;
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(gap);
+    for (QWidget* widget : widgets) layout->addWidget(widget);
+    return layout;
+}
+
+QLabel* wordFor(const QString& word, QWidget* widget) {
+    auto* label = new QLabel(word);
+    label->setBuddy(widget);
+    if (widget->accessibleName().isEmpty()) widget->setAccessibleName(word);
+    return label;
+}
+
+QScrollArea* scrolled(QWidget* page) {
+    auto* area = new QScrollArea;
+    area->setWidget(page);
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    // The page is seen through the area, whatever colour the theme gives to lists.
+    area->viewport()->setAutoFillBackground(false);
+    page->setAutoFillBackground(false);
+    return area;
+}
+
+QWidget* around(QLayout* layout) {
+    auto* widget = new QWidget;
+    widget->setLayout(layout);
+    return widget;
+}
+
+TwoColumns::TwoColumns(QWidget* first, QWidget* second, int roomForBoth, QWidget* parent)
+    : QWidget(parent), layout_(new QBoxLayout(QBoxLayout::TopToBottom, this)), roomForBoth_(roomForBoth) {
+    layout_->setContentsMargins(0, 0, 0, 0);
+    layout_->setSpacing(gap + 2);
+    layout_->addWidget(first, 1);
+    layout_->addWidget(second, 1);
+}
+
+void TwoColumns::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    layout_->setDirection(event->size().width() >= roomForBoth_ ? QBoxLayout::LeftToRight
+                                                                : QBoxLayout::TopToBottom);
+}
+
+}  // namespace velmora::qt

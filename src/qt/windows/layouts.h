@@ -1,0 +1,42 @@
+// Small pieces from which the windows are laid out.
+#pragma once
+
+#include <QBoxLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QScrollArea>
+#include <initializer_list>
+
+namespace velmora::qt {
+
+/// Space between widgets and around groups, in pixels.
+inline constexpr int gap = 6;
+
+/// A box with a heading around a layout.
+QGroupBox* group(const QString& heading, QLayout* content);
+/// Widgets side by side; a null one takes what is left of the width.
+QHBoxLayout* row(std::initializer_list<QWidget*> widgets);
+/// Widgets below each other.
+QVBoxLayout* column(std::initializer_list<QWidget*> widgets);
+/// A word in front of a widget, which it names to a screen reader unless it has a name.
+QLabel* wordFor(const QString& word, QWidget* widget);
+/// A page that scrolls when the window is too small for it.
+QScrollArea* scrolled(QWidget* page);
+/// A widget around a layout, without margins.
+QWidget* around(QLayout* layout);
+
+/// Two columns side by side while there is room for both, below each other otherwise.
+class TwoColumns : public QWidget {
+    Q_OBJECT
+  public:
+    TwoColumns(QWidget* first, QWidget* second, int roomForBoth, QWidget* parent = nullptr);
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    QBoxLayout* layout_;
+    int roomForBoth_;
+};
+
+}  // namespace velmora::qt

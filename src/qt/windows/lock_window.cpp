@@ -1,0 +1,43 @@
+#include <QLabel>
+
+#include "qt/controls/buttons.h"
+#include "qt/controls/password_edit.h"
+#include "qt/icons/program_icon.h"
+#include "qt/windows/dialogs.h"
+#include "qt/windows/form_binding.h"
+#include "qt/windows/layouts.h"
+
+namespace velmora::qt {
+
+namespace {
+
+constexpr int textWidth = 340;
+constexpr int pictureSize = 48;
+
+}  // namespace
+
+QWidget* makeLockWindow(FrmLock& form, UserHand& hand) {
+    auto* picture = new QLabel;
+    picture->setPixmap(programIcon().pixmap(pictureSize, pictureSize));
+    picture->setAlignment(Qt::AlignTop);
+    auto* state = makeCaption(form.lblLock, true);
+    state->setMinimumWidth(textWidth);
+    auto* password = new PasswordEdit(form.Text1, hand);
+    auto* words = makeCaption(form.Label1);
+    words->setBuddy(password);
+    auto* lock = makeButton(form.Command1[0], hand);
+    lock->setDefault(true);
+    auto* texts = column({state, words, password});
+    texts->addLayout(row({nullptr, lock, makeButton(form.Command1[1], hand)}));
+    auto* content = row({picture});
+    content->setSpacing(2 * gap);
+    content->addLayout(texts, 1);
+    content->setContentsMargins(2 * gap, 2 * gap, 2 * gap, 2 * gap);
+    auto* window = new QWidget;
+    window->setWindowIcon(programIcon());
+    window->setLayout(content);
+    new FormBinding(window, form, hand);
+    return window;
+}
+
+}  // namespace velmora::qt

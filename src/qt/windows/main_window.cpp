@@ -1,0 +1,174 @@
+#include "qt/windows/main_window.h"
+
+#include <QEvent>
+#include <QShortcut>
+#include <QToolBar>
+
+#include "qt/controls/activity_view.h"
+#include "qt/controls/bars.h"
+#include "qt/controls/buttons.h"
+#include "qt/controls/entries.h"
+#include "qt/controls/label_button.h"
+#include "qt/controls/list_view_widget.h"
+#include "qt/controls/menus.h"
+#include "qt/icons/program_icon.h"
+#include "qt/surface/field.h"
+#include "qt/windows/form_binding.h"
+#include "qt/windows/layouts.h"
+#include "qt/windows/panels.h"
+
+namespace velmora::qt {
+
+namespace {
+
+QIcon rowPicture(const std::string& key, const QtShellIcons& icons) {
+    if (key == "ok") return glyphIcon(Glyph::stateOk);
+    if (key == "alert") return glyphIcon(Glyph::stateAlert);
+    return icons.icon(key);
+}
+
+QWidget* stretch() {
+    auto* space = new QWidget;
+    space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    return space;
+}
+
+}  // namespace
+
+MainWindow::MainWindow(Form1& form, const QtShellIcons& icons, UserHand& hand)
+    : form_(form), hand_(hand) {
+    setWindowIcon(programIcon());
+    addToolBar();
+    auto* content = column({});
+    content->setContentsMargins(gap + 2, gap, gap + 2, 0);
+    watchList_ = makeWatchList(icons);
+    content->addWidget(watchList_, 2);
+    auto* pages = row({makeTabs(), makePages()});
+    pages->setSpacing(0);
+    auto* pagesHolder = around(pages);
+    content->addWidget(pagesHolder, 5);
+    setCentralWidget(around(content));
+    setStatusBar(makeStatusBar(form.StatusBar1));
+    addMenus();
+    addShortcuts();
+    new FormBinding(this, form, hand, true);
+}
+
+void MainWindow::addToolBar() {
+    toolBar_ = makeToolBar(form_.Toolbar1, hand_);
+    toolBar_->addWidget(stretch());
+    toolBar_->addWidget(makeIconButton(form_.Command9, Glyph::viewLess, hand_));
+    toolBar_->addWidget(makeIconButton(form_.Command6, Glyph::exit, hand_));
+    QMainWindow::addToolBar(Qt::TopToolBarArea, toolBar_);
+}
+
+QWidget* MainWindow::makeWatchList(const QtShellIcons& icons) {
+    auto* list = new ListViewWidget(
+        form_.ListView1, [&icons](const std::string& key) { return rowPicture(key, icons); },
+        {.ticks = true, .stretchedColumn = 0, .preferred = {400, 140}}, hand_);
+    list->setMinimumHeight(110);
+    auto* content = column({list, makeWatchListButtons()});
+    auto* frame = around(content);
+    bindField(frame, form_.Frame8, [] {});
+    placeTriggerEntry();
+    return frame;
+}
+
+QWidget* MainWindow::makeWatchListButtons() {
+    auto* buttons = row({});
+    for (Label& label : form_.lblDP) {
+        buttons->addWidget(new LabelButton(label, hand_, LabelButton::Shape::button));
+    }
+    buttons->addStretch(1);
+    buttons->addWidget(new ActivityView(form_.Animation1));
+    buttons->addWidget(makeButton(form_.cmdPause, hand_));
+    return around(buttons);
+}
+
+QWidget* MainWindow::makeTabs() {
+    auto* strip = column({});
+    strip->setSpacing(3);
+    strip->setContentsMargins(0, 28, 0, 0);
+    for (Label& label : form_.lblTab) {
+        strip->addWidget(new LabelButton(label, hand_, LabelButton::Shape::sideTab));
+    }
+    strip->addStretch(1);
+    auto* frame = around(strip);
+    bindField(frame, form_.Frame5, [] {});
+    return frame;
+}
+
+QWidget* MainWindow::makePages() {
+    auto* heading = makeCaption(form_.lblTabCap);
+    QFont font = heading->font();
+    font.setBold(true);
+    font.setPointSizeF(font.pointSizeF() * 1.1);
+    heading->setFont(font);
+    auto* pages = column({heading});
+    QWidget* panels[] = {makeSpecifiedPanel(form_, hand_), makeOptionsPanel(form_, hand_),
+                         makeConfigPanel(form_, hand_), makeAlertsPanel(form_, hand_),
+                         makeOverviewPanel(form_, hand_)};
+    for (std::size_t i = 0; i < form_.frmSp.size(); ++i) {
+        pages->addWidget(panels[i], 1);
+        bindField(panels[i], form_.frmSp[i], [] {});
+    }
+    pages->setContentsMargins(gap + 2, gap, 0, gap);
+    auto* frame = around(pages);
+    frame->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    bindField(frame, form_.Frame1, [] {});
+    return frame;
+}
+
+void MainWindow::placeTriggerEntry() {
+    auto* entry = makeLineEdit(form_.Text1, hand_);
+    entry->setParent(this);
+    follow(form_.Text1.Changed, entry, [entry, this] {
+        const Bounds& place = form_.Text1.bounds();
+        entry->setGeometry(place.Left / twipsPerPixel, place.Top / twipsPerPixel,
+                           place.Width / twipsPerPixel, entry->sizeHint().height());
+        entry->raise();
+    });
+}
+
+void MainWindow::addMenus() {
+    for (MenuItem* menu : {&form_.mnuPopUp, &form_.mnuLstV, &form_.mnuFunc, &form_.mnuLst}) {
+        makeMenu(*menu, hand_, this);
+    }
+}
+
+void MainWindow::addShortcuts() {
+    const auto add = [this](const QKeySequence& keys, std::function<void()> what) {
+        auto* shortcut = new QShortcut(keys, this);
+        connect(shortcut, &QShortcut::activated, this, [this, what = std::move(what)] { hand_.does(what); });
+    };
+    for (Label& tab : form_.lblTab) {
+        add(QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + tab.Index())),
+            [&tab] { tab.Click(); });
+    }
+    add(QKeySequence(Qt::Key_F5), [this] { form_.Command1.userClick(); });
+    add(QKeySequence(Qt::Key_F6), [this] { form_.cmdPause.userClick(); });
+    add(QKeySequence::HelpContents, [this] { form_.Toolbar1.userClickPart(form_.Toolbar1.ButtonCount()); });
+}
+
+void MainWindow::tellMeasures() {
+    const auto tell = [](Control& control, int height) {
+        Bounds bounds = control.bounds();
+        bounds.Height = height * twipsPerPixel;
+        control.setBounds(bounds);
+    };
+    tell(form_.Toolbar1, toolBar_->height());
+    tell(form_.Frame8, watchList_->height());
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    tellMeasures();
+}
+
+bool MainWindow::event(QEvent* event) {
+    const bool handled = QMainWindow::event(event);
+    if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::Show) tellMeasures();
+    return handled;
+}
+
+}  // namespace velmora::qt

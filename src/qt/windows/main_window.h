@@ -1,0 +1,39 @@
+// The main window: tool bar, watch list, tab strip with its panels, status bar, menus.
+#pragma once
+
+#include <QMainWindow>
+
+#include "forms/form1.h"
+#include "qt/surface/qt_shell_icons.h"
+#include "qt/surface/user_hand.h"
+
+namespace velmora::qt {
+
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+  public:
+    MainWindow(Form1& form, const QtShellIcons& icons, UserHand& hand);
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+    bool event(QEvent* event) override;
+
+  private:
+    QWidget* makeWatchList(const QtShellIcons& icons);
+    QWidget* makeWatchListButtons();
+    QWidget* makeTabs();
+    QWidget* makePages();
+    void addToolBar();
+    void addMenus();
+    void addShortcuts();
+    void placeTriggerEntry();
+    /// The resize rules and the compact view go by these heights.
+    void tellMeasures();
+
+    Form1& form_;
+    UserHand& hand_;
+    QToolBar* toolBar_ = nullptr;
+    QWidget* watchList_ = nullptr;
+};
+
+}  // namespace velmora::qt

@@ -1,0 +1,22 @@
+// The panels of the main window's tabs.
+#pragma once
+
+#include <QWidget>
+
+#include "forms/form1.h"
+#include "qt/surface/user_hand.h"
+
+namespace velmora::qt {
+
+/// "Spec.": programs, path and space, files, behind an inner strip.
+QWidget* makeSpecifiedPanel(Form1& form, UserHand& hand);
+/// "Options": what is to happen on a shortage, which events count, when to check.
+QWidget* makeOptionsPanel(Form1& form, UserHand& hand);
+/// "Alerts/Log": the alert list and the journal.
+QWidget* makeAlertsPanel(Form1& form, UserHand& hand);
+/// "Config.": how the program itself behaves.
+QWidget* makeConfigPanel(Form1& form, UserHand& hand);
+/// "Overview": how the watch is going.
+QWidget* makeOverviewPanel(Form1& form, UserHand& hand);
+
+}  // namespace velmora::qt

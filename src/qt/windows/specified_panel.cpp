@@ -1,0 +1,116 @@
+#include <QGridLayout>
+#include <QStackedLayout>
+
+#include "qt/controls/buttons.h"
+#include "qt/controls/entries.h"
+#include "qt/controls/label_button.h"
+#include "qt/controls/list_view_widget.h"
+#include "qt/surface/field.h"
+#include "qt/windows/flow_layout.h"
+#include "qt/windows/layouts.h"
+#include "qt/windows/panels.h"
+
+namespace velmora::qt {
+
+namespace {
+
+template <std::size_t N>
+QWidget* makeLabelButtons(std::array<Label, N>& labels, UserHand& hand) {
+    auto* flow = new FlowLayout(gap);
+    for (Label& label : labels) {
+        flow->addWidget(new LabelButton(label, hand, LabelButton::Shape::button));
+    }
+    return around(flow);
+}
+
+ListViewWidget* makeList(ListView& list, UserHand& hand) {
+    return new ListViewWidget(list, [](const std::string&) { return QIcon(); },
+                              {.stretchedColumn = 0, .preferred = {260, 100}}, hand);
+}
+
+QWidget* makePrograms(Form1& form, UserHand& hand) {
+    auto* entry = makeComboBox(form.cboProg, hand);
+    entry->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    auto* page = column({});
+    page->addLayout(row({entry, makeButton(form.cmdPAdd, hand)}));
+    page->addWidget(makeList(form.LVProg, hand), 1);
+    page->addWidget(makeLabelButtons(form.Label5, hand));
+    return around(page);
+}
+
+QWidget* makeFiles(Form1& form, UserHand& hand) {
+    auto* entry = makeComboBox(form.cboFile, hand);
+    entry->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    auto* page = column({entry});
+    page->addWidget(makeList(form.LVFile, hand), 1);
+    page->addWidget(makeLabelButtons(form.lblSF, hand));
+    return around(page);
+}
+
+QWidget* makeMinimumSpace(Form1& form, UserHand& hand) {
+    auto* space = makeLineEdit(form.txtSpace, hand);
+    space->setMaximumWidth(120);
+    auto* grid = new QGridLayout;
+    grid->setHorizontalSpacing(gap);
+    grid->setVerticalSpacing(gap);
+    grid->addWidget(wordFor(QStringLiteral("Minimum Space"), space), 0, 0);
+    grid->addLayout(row({space, makeUpDown(form.UpDownSpace, hand), makeCaption(form.lblMB),
+                         makeCaption(form.lblGB), nullptr}),
+                    0, 1);
+    grid->addLayout(row({makeOptionButton(form.OpDriv[0], hand), makeOptionButton(form.OpDriv[1], hand),
+                         makeCheckBox(form.chkDrive, hand), nullptr}),
+                    1, 0, 1, 2);
+    grid->addWidget(makeSlider(form.Slider1, hand), 2, 0, 1, 2);
+    grid->setColumnStretch(1, 1);
+    return group(QStringLiteral("Set Minimum Space"), grid);
+}
+
+QWidget* makePaths(Form1& form, UserHand& hand) {
+    auto* path = makeLineEdit(form.txtDrive, hand);
+    auto* types = makeLineEdit(form.txtFileType, hand);
+    types->setPlaceholderText(QStringLiteral("Input File types like so: .avi|.mp3|.txt|.tmp"));
+    auto* grid = new QGridLayout;
+    grid->setHorizontalSpacing(gap);
+    grid->setVerticalSpacing(gap);
+    grid->addWidget(makeCaption(form.lblFolder), 0, 0);
+    grid->addWidget(path, 0, 1);
+    grid->addWidget(makeIconButton(form.cmdFolder, Glyph::browse, hand), 0, 2);
+    grid->addWidget(wordFor(QStringLiteral("File Types"), types), 1, 0);
+    grid->addWidget(types, 1, 1, 1, 2);
+    return group(QStringLiteral("Specified Path to Move"), grid);
+}
+
+QWidget* makePathAndSpace(Form1& form, UserHand& hand) {
+    auto* drives = new FlowLayout(gap);
+    for (CommandButton* button : {&form.cmdLVAdd, &form.cmdLVRemove, &form.cmdClear, &form.Command1}) {
+        drives->addWidget(makeButton(*button, hand));
+    }
+    auto* page = column({makeMinimumSpace(form, hand), makePaths(form, hand),
+                         group(QStringLiteral("Drive/Path(s)"), drives)});
+    page->addStretch(1);
+    return scrolled(around(page));
+}
+
+}  // namespace
+
+QWidget* makeSpecifiedPanel(Form1& form, UserHand& hand) {
+    auto* strip = row({});
+    strip->setSpacing(3);
+    for (Label& label : form.lblSpectab) {
+        strip->addWidget(new LabelButton(label, hand, LabelButton::Shape::topTab));
+    }
+    strip->addStretch(1);
+    auto* pages = column({});
+    QWidget* panels[] = {makePrograms(form, hand), makePathAndSpace(form, hand), makeFiles(form, hand)};
+    for (std::size_t i = 0; i < form.fr.size(); ++i) {
+        pages->addWidget(panels[i]);
+        bindField(panels[i], form.fr[i], [] {});
+    }
+    auto* content = column({});
+    content->setSpacing(gap);
+    content->addLayout(strip);
+    content->addLayout(pages, 1);
+    return around(content);
+}
+
+}  // namespace velmora::qt
