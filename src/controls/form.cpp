@@ -15,10 +15,12 @@ void Form::setCaption(std::string caption) {
 }
 
 void Form::setVisible(bool visible) {
+    hiddenWhileLoading_ = !visible;
     if (visible_ == visible) return;
     if (!loaded_) {
         loaded_ = true;
         Load();
+        if (hiddenWhileLoading_) return;
     }
     visible_ = visible;
     Changed();
@@ -26,7 +28,7 @@ void Form::setVisible(bool visible) {
 
 void Form::Show() {
     setVisible(true);
-    Raised();
+    if (visible_) Raised();
 }
 
 void Form::moveTo(int left, int top) {

@@ -24,9 +24,9 @@ class Form {
     const std::string& Caption() const { return caption_; }
     void setCaption(std::string caption);
     bool Visible() const { return visible_; }
-    /// The first showing loads the form.
+    /// The first showing loads the form; a Hide in the handler of Load keeps it hidden.
     void setVisible(bool visible);
-    /// Shows the form in front of the others.
+    /// Shows the form in front of the others, unless its loading keeps it hidden.
     void Show();
     void Hide() { setVisible(false); }
     int Left() const { return left_; }
@@ -69,6 +69,7 @@ class Form {
     std::string caption_;
     bool visible_ = false;
     bool loaded_ = false;
+    bool hiddenWhileLoading_ = false;
     int left_ = 0;
     int top_ = 0;
     int width_ = 0;

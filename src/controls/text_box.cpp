@@ -1,6 +1,9 @@
 #include "controls/text_box.h"
 
+#include <algorithm>
+
 #include "base/text.h"
+#include "base/wipe.h"
 
 namespace velmora {
 
@@ -9,17 +12,26 @@ TextBox::TextBox(Form& form, std::string name, std::string text, int index)
     length_ = length(pieces_.front());
 }
 
+TextBox::~TextBox() {
+    if (masked_) std::for_each(pieces_.begin(), pieces_.end(), wipe);
+}
+
 const std::string& TextBox::Text() const {
-    if (pieces_.size() > 1) {
-        std::size_t size = 0;
-        for (const std::string& piece : pieces_) size += piece.size();
-        std::string joined;
-        joined.reserve(size);
-        for (const std::string& piece : pieces_) joined += piece;
-        pieces_.clear();
-        pieces_.push_back(std::move(joined));
-    }
+    if (pieces_.size() > 1) join();
     return pieces_.front();
+}
+
+void TextBox::join() const {
+    std::size_t size = 0;
+    for (const std::string& piece : pieces_) size += piece.size();
+    std::string joined;
+    joined.reserve(size);
+    for (const std::string& piece : pieces_) joined += piece;
+    if (masked_) std::for_each(pieces_.begin(), pieces_.end(), wipe);
+    pieces_.clear();
+    pieces_.push_back(std::move(joined));
+    // A short text is copied when it is moved.
+    if (masked_) wipe(joined);
 }
 
 bool TextBox::contains(const std::string& what) const {
@@ -27,18 +39,33 @@ bool TextBox::contains(const std::string& what) const {
 }
 
 void TextBox::setText(std::string text) {
-    if (Text() == text) return;
+    if (Text() == text) {
+        if (masked_) wipe(text);
+        return;
+    }
     length_ = length(text);
-    pieces_.front() = std::move(text);
+    if (masked_) {
+        replaceUnseen(text);
+    } else {
+        pieces_.front() = std::move(text);
+    }
     Changed();
     Replaced();
     Change();
+}
+
+// By copying and wiping: a move would hand the old storage on, or leave a short text where it was.
+void TextBox::replaceUnseen(std::string& text) {
+    wipe(pieces_.front());
+    pieces_.front().assign(text);
+    wipe(text);
 }
 
 void TextBox::prepend(std::string text) {
     if (text.empty()) return;
     length_ += length(text);
     pieces_.push_front(std::move(text));
+    if (masked_) wipe(text);
     // Without joining, and whatever a view's reading does to the pieces.
     const std::string& added = pieces_.front();
     Prepended(added);
@@ -60,7 +87,8 @@ void TextBox::loseFocus() {
 
 Properties TextBox::properties() {
     Properties all = Control::properties();
-    all.push_back({"Text", [this] { return PropertyValue{Text()}; },
+    all.push_back({"Text",
+                   [this] { return PropertyValue{masked_ ? std::string(length_, '*') : Text()}; },
                    [this](const std::string& text) {
                        refuseWhenDisabled();
                        if (!isValidUtf8(text)) throw Refused("not valid UTF-8");

@@ -12,10 +12,12 @@ namespace velmora {
 class TextBox : public Control {
   public:
     TextBox(Form& form, std::string name, std::string text = {}, int index = -1);
+    ~TextBox() override;
 
     /// The whole text; joins the pieces, so the first reading after a prepend is linear.
     const std::string& Text() const;
-    /// Fires Change when the text differs from the present one.
+    /// Fires Change when the text differs from the present one. A masked box leaves nothing of the
+    /// old text in memory, nor a second copy of the new one.
     void setText(std::string text);
     /// Puts `text` in front of the present text, at the cost of `text` alone. Fires Change unless
     /// it is empty.
@@ -30,7 +32,7 @@ class TextBox : public Control {
     /// Selects the whole text and takes the focus.
     void selectAllAndFocus();
     bool Focused() const { return focused_; }
-    /// The characters that the user types are not shown.
+    /// The characters that the user types are not shown, nor told by name.
     bool masked() const { return masked_; }
     void setMasked(bool masked) { masked_ = masked; }
     /// The focus goes elsewhere; fires LostFocus if this box had it.
@@ -49,6 +51,9 @@ class TextBox : public Control {
     Properties properties() override;
 
   private:
+    void join() const;
+    void replaceUnseen(std::string& text);
+
     mutable std::deque<std::string> pieces_;
     std::size_t length_ = 0;
     bool focused_ = false;

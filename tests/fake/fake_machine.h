@@ -173,9 +173,10 @@ class FakeNotifyArea final : public NotifyArea {
   public:
     bool Shell_NotifyIconA(NotifyMessage message, const NotifyIconData& data) override {
         sent.emplace_back(message, data);
-        return true;
+        return takes;
     }
     std::vector<std::pair<NotifyMessage, NotifyIconData>> sent;
+    bool takes = true;  ///< what it answers
 };
 
 }  // namespace velmora::fake

@@ -1,0 +1,121 @@
+#include "shell/program_lock.h"
+
+#include <initializer_list>
+
+#include "base/wipe.h"
+
+namespace velmora {
+
+namespace {
+
+constexpr std::size_t longestPassword = 25;  // characters
+constexpr int enterKey = 13;
+
+constexpr const char* lockWord = "Lock";
+constexpr const char* unlockWord = "Unlock";
+
+constexpr const char* openText =
+    "The program is Not Lock. Set a password and press Lock to Lock the program. The program will "
+    "be locked into the systray.  To unlock, double click the systray icon.";
+// As the form comes up for the first time, with one blank more.
+constexpr const char* openTextOfLoad =
+    "The program is Not Lock.  Set a password and press Lock to Lock the program. The program will "
+    "be locked into the systray.  To unlock, double click the systray icon.";
+constexpr const char* lockedText = "The program is Locked.  Enter password to unlock.";
+
+}  // namespace
+
+void prcSrvFrm(Forms& forms) {
+    FrmLock& form = forms.frmLock;
+    const bool locked = forms.globals.bLocked;
+    form.Text1.setText("");
+    form.Command1[0].setCaption(locked ? unlockWord : lockWord);
+    form.lblLock.setCaption(locked ? lockedText : openText);
+    form.Show();
+}
+
+ProgramLock::ProgramLock(Forms& forms, Host& host, Tray& tray)
+    : forms_(forms), host_(host), tray_(tray) {
+    FrmLock& form = forms_.frmLock;
+    form.Load.connect([this] { Form_Load(); });
+    for (CommandButton& button : form.Command1) {
+        button.Click.connect([this, index = button.Index()] { Command1_Click(index); });
+    }
+    form.Text1.KeyPress.connect([this](int keyAscii) { Text1_KeyPress(keyAscii); });
+}
+
+void ProgramLock::Form_Load() {
+    forms_.frmLock.lblLock.setCaption(forms_.globals.bLocked ? lockedText : openTextOfLoad);
+}
+
+void ProgramLock::Text1_KeyPress(int keyAscii) {
+    if (keyAscii == enterKey) Command1_Click(0);
+}
+
+void ProgramLock::Command1_Click(int index) {
+    FrmLock& form = forms_.frmLock;
+    if (form.Text1.empty()) {
+        host_.MsgBox({.text = "A password must be entered."});
+        return;
+    }
+    if (index != 0) return;
+    const std::string& word = form.Command1[0].Caption();
+    if (word == lockWord) {
+        lock();
+    } else if (word == unlockWord) {
+        unlock();
+    }
+}
+
+void ProgramLock::lock() {
+    const BoxAnswer answer = host_.MsgBox({.text = "Are you sure you want to lock the program?",
+                                           .icon = BoxIcon::question,
+                                           .buttons = BoxButtons::yesNo});
+    if (answer != BoxAnswer::yes) {
+        tray_.prcToolTipText(forms_.globals.sTrayTip);
+        return;
+    }
+    const TextBox& entry = forms_.frmLock.Text1;
+    // Emptied while the question stood, it would make a lock that nobody can open.
+    if (entry.empty()) return;
+    if (entry.textLength() > longestPassword) {
+        host_.MsgBox({.text = "Passowrd Length cannot be over 25"});
+        return;
+    }
+    takePassword();
+    hideWindows();
+    host_.MsgBox({.text = "The program is now lock into the systray.", .icon = BoxIcon::information});
+}
+
+// Straight from the entry into the one place that holds it.
+void ProgramLock::takePassword() {
+    Globals& globals = forms_.globals;
+    TextBox& entry = forms_.frmLock.Text1;
+    globals.bLocked = true;
+    wipe(globals.sLockPassword);
+    globals.sLockPassword.assign(entry.Text());
+    entry.setText("");
+}
+
+void ProgramLock::hideWindows() {
+    for (Form* form : std::initializer_list<Form*>{&forms_.frmLock, &forms_.form1, &forms_.dlgAlert,
+                                                   &forms_.frmNotify}) {
+        form->Hide();
+    }
+}
+
+void ProgramLock::unlock() {
+    Globals& globals = forms_.globals;
+    FrmLock& form = forms_.frmLock;
+    if (form.Text1.Text() != globals.sLockPassword) {
+        host_.MsgBox({.text = "Incorrect Password."});
+        return;
+    }
+    forms_.form1.Show();
+    form.Hide();
+    globals.bLocked = false;
+    wipe(globals.sLockPassword);
+    form.Text1.setText("");
+}
+
+}  // namespace velmora

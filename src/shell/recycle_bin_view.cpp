@@ -1,0 +1,33 @@
+#include "shell/recycle_bin_view.h"
+
+namespace velmora {
+
+namespace {
+
+constexpr const char* recycleBin = "::{645FF040-5081-101B-9F08-00AA002F954E}";
+// Computer, control panel, scheduled tasks.
+constexpr const char* scheduledTasks =
+    "::{20D04FE0-3AEA-1069-A2D8-08002B30309D}\\::{21EC2020-3AEA-1069-A2DD-08002B30309D}\\"
+    "::{D6277990-4C6A-11CF-8D87-00AA0060F5BF}";
+constexpr std::int32_t normalWindow = 1;
+
+}  // namespace
+
+RecycleBinView::RecycleBinView(Forms& forms, Shell32& shell32) : forms_(forms), shell32_(shell32) {
+    forms_.icon1.Command1.Click.connect([this] { RecycleBin(); });
+    forms_.icon1.Command2.Click.connect([this] { ScheduledTasks(); });
+}
+
+void RecycleBinView::RecycleBin() {
+    explore(recycleBin);
+}
+
+void RecycleBinView::ScheduledTasks() {
+    explore(scheduledTasks);
+}
+
+void RecycleBinView::explore(const char* place) {
+    shell32_.ShellExecuteA(forms_.icon1.Name(), "open", "Explorer", place, "", normalWindow);
+}
+
+}  // namespace velmora
