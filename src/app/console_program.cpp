@@ -77,7 +77,10 @@ int runConsole(Machine& machine, std::istream& input, std::ostream& stream,
     console::Output output(stream);
     console::ConsoleHost host(output, timers);
     console::ConsoleNotifyArea notifyArea(output);
-    Core core(forms, platform, host, notifyArea);
+    User32 noWindows;
+    ShellIcons noIcons;
+    WorkArea noScreen;
+    Core core(forms, platform, {host, notifyArea, noWindows, noIcons, noScreen});
     console::Waiting waiting(host, timers, platform.clock, output, sleep);
     reportEvents(forms, core, output, waiting);
     console::Commands commands(forms, host, output, waiting, [&machine](const std::string& path) {

@@ -2,32 +2,52 @@
 
 namespace velmora {
 
-Core::Core(Forms& forms, Platform& platform, Host& host, NotifyArea& notifyArea)
-    : settings_(forms, platform, host),
-      alerts_(forms, platform, notifyArea, idle_.alertDialog),
-      registry_(platform.advapi32, host),
+Core::Core(Forms& forms, Platform& platform, Surface surface)
+    : alertDialog_(forms, surface.workArea),
+      settings_(forms, platform, surface.host),
+      alerts_(forms, platform, surface.notifyArea, alertDialog_),
+      systemActions_(forms, platform, surface.user32),
+      registry_(platform.advapi32, surface.host),
       shellLinks_(platform),
       fileList_(platform.fso),
       options_(forms, platform, registry_),
-      statistics_(forms, platform, host),
+      statistics_(forms, platform, surface.host),
       driveMeter_(forms, platform),
-      watchControl_(forms, platform, host, alerts_, idle_.tray, idle_.alertDialog),
+      tray_(forms, platform, surface),
+      windowEffects_(forms, surface.user32),
+      rowIcons_(forms.form1.picBuffer, surface.shellIcons),
+      lock_(forms, surface.host, tray_),
+      aboutBox_(forms, platform, surface.host, VELMORA_VERSION),
+      recycleBin_(forms, platform.shell32),
+      reachability_(forms, surface.notifyArea),
+      layout_(forms),
+      tabs_(forms, layout_),
+      labelLook_(forms),
+      watchControl_(forms, platform, surface.host, alerts_, tray_, alertDialog_),
       watchList_(forms, platform, alerts_),
-      watchListCommands_(forms, platform, host, alerts_, watchList_, ports()),
-      minimumSpace_(forms, platform, host),
-      triggerEntry_(forms, platform, host, driveMeter_),
-      checkCycle_(forms, platform, host, alerts_, ports()),
-      lifeCycle_(forms, platform, host,
-                 {checkCycle_, watchList_, watchControl_, fileList_, shellLinks_, notifyArea},
-                 ports()) {
-    forms.form1.Command8.Click.connect([this] { settings_.prcSettings(1); });
-}
+      watchListCommands_(forms, platform, surface.host, alerts_, watchList_, ports()),
+      minimumSpace_(forms, platform, surface.host),
+      triggerEntry_(forms, platform, surface.host, driveMeter_),
+      checkCycle_(forms, platform, surface.host, alerts_, ports()),
+      lifeCycle_(forms, platform, surface.host,
+                 {checkCycle_, watchList_, watchControl_, fileList_, shellLinks_,
+                  surface.notifyArea},
+                 ports()),
+      shellPorts_(forms, tray_, aboutBox_, recycleBin_),
+      toolBarCommands_(forms, platform, surface.host, layout_),
+      menuCommands_(forms, platform, surface.host,
+                    {alerts_, systemActions_, shellLinks_, driveMeter_, shellPorts_, shellPorts_,
+                     shellPorts_, shellPorts_}),
+      // The about box comes after the saving: handlers run in the order of their connection.
+      buttonCommands_((forms.form1.Command8.Click.connect([this] { settings_.prcSettings(1); }),
+                       forms),
+                      shellPorts_) {}
 
 // The program's own parts in the place of those that do nothing.
 MonitorPorts Core::ports() {
-    return {idle_.events,   idle_.actions, statistics_,     settings_,   idle_.log,
-            idle_.rowIcons, watchControl_, idle_.stayOnTop, driveMeter_, idle_.alertDialog,
-            idle_.tray,     idle_.tabs,    idle_.updates};
+    return {idle_.events, idle_.actions, statistics_,    settings_,   idle_.log,
+            rowIcons_,    watchControl_, windowEffects_, driveMeter_, alertDialog_,
+            tray_,        tabs_,         idle_.updates};
 }
 
 void addTimers(Forms& forms, TimerQueue& queue) {

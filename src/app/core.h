@@ -1,8 +1,10 @@
-// The program without a surface: every subsystem, wired to its ports. Window and console put a host
-// in front of it.
+// The program without a surface: every subsystem, wired to its ports. Window and console put
+// themselves in front of it.
 #pragma once
 
+#include "alerts/alert_dialog_window.h"
 #include "alerts/alert_list.h"
+#include "alerts/system_actions.h"
 #include "controls/timer_queue.h"
 #include "forms/forms.h"
 #include "monitor/check_cycle.h"
@@ -18,9 +20,21 @@
 #include "persist/registry.h"
 #include "persist/settings_file.h"
 #include "persist/shell_links.h"
-#include "platform/host.h"
-#include "platform/notify_area.h"
 #include "platform/platform.h"
+#include "platform/surface.h"
+#include "shell/about_box.h"
+#include "shell/button_commands.h"
+#include "shell/label_look.h"
+#include "shell/menu_commands.h"
+#include "shell/program_lock.h"
+#include "shell/reachability.h"
+#include "shell/recycle_bin_view.h"
+#include "shell/row_icons.h"
+#include "shell/tab_selection.h"
+#include "shell/tool_bar_commands.h"
+#include "shell/tray_icon.h"
+#include "shell/window_effects.h"
+#include "shell/window_layout.h"
 
 namespace velmora {
 
@@ -34,9 +48,31 @@ class SettingsPort final : public SettingsStore {
     SettingsFile file_;
 };
 
+/// Dialogs of the shell behind the ports of the main window's commands.
+class ShellPorts final : public LockDialog,
+                         public SystrayIcon,
+                         public AboutDialog,
+                         public RecycleBinWindow {
+  public:
+    ShellPorts(Forms& forms, TrayIcon& tray, AboutBox& aboutBox, RecycleBinView& recycleBin)
+        : forms_(forms), tray_(tray), aboutBox_(aboutBox), recycleBin_(recycleBin) {}
+    void prcSrvFrm() override { velmora::prcSrvFrm(forms_); }
+    void prcAddSystray(std::int16_t action, const std::string& text) override {
+        tray_.prcAddSystray(action, text);
+    }
+    void showAbout() override { aboutBox_.showAbout(); }
+    void RecycleBin() override { recycleBin_.RecycleBin(); }
+
+  private:
+    Forms& forms_;
+    TrayIcon& tray_;
+    AboutBox& aboutBox_;
+    RecycleBinView& recycleBin_;
+};
+
 class Core {
   public:
-    Core(Forms& forms, Platform& platform, Host& host, NotifyArea& notifyArea);
+    Core(Forms& forms, Platform& platform, Surface surface);
 
     /// Builds the running state.
     void load() { lifeCycle_.Form_Load(); }
@@ -46,14 +82,28 @@ class Core {
     MonitorPorts ports();
 
     IdlePorts idle_;
+    AlertDialogWindow alertDialog_;
     SettingsPort settings_;
     AlertList alerts_;
+    SystemActions systemActions_;
     Registry registry_;
     ShellLinks shellLinks_;
     FileList fileList_;
     Options options_;
     SpaceStatistics statistics_;
     DriveMeter driveMeter_;
+
+    TrayIcon tray_;
+    WindowEffects windowEffects_;
+    SystemRowIcons rowIcons_;
+    ProgramLock lock_;
+    AboutBox aboutBox_;
+    RecycleBinView recycleBin_;
+    Reachability reachability_;
+    WindowLayout layout_;
+    TabSelection tabs_;
+    LabelLook labelLook_;
+
     WatchControl watchControl_;
     WatchList watchList_;
     WatchListCommands watchListCommands_;
@@ -61,6 +111,11 @@ class Core {
     TriggerEntry triggerEntry_;
     CheckCycle checkCycle_;
     LifeCycle lifeCycle_;
+
+    ShellPorts shellPorts_;
+    ToolBarCommands toolBarCommands_;
+    MenuCommands menuCommands_;
+    ButtonCommands buttonCommands_;
 };
 
 /// Puts every timer of the forms into the queue.

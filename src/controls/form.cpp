@@ -24,6 +24,7 @@ void Form::setVisible(bool visible) {
     }
     visible_ = visible;
     Changed();
+    if (!visible) Hidden();
 }
 
 void Form::Show() {

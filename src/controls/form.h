@@ -42,6 +42,8 @@ class Form {
     /// Once, before the form becomes visible for the first time.
     Event<> Load;
     Event<> Resize;
+    /// The form was shown and isn't any more.
+    Event<> Hidden;
     /// The pointer's place in twips, or what an icon of the notification area reports by it.
     Event<float> MouseMove;
     /// The user closes the window; without a handler it hides.

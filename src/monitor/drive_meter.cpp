@@ -27,6 +27,11 @@ void point(Slider& gauge, double part, double whole) {
 
 }  // namespace
 
+void DriveMeter::prcShowfrmIndDri(const std::string& path) {
+    forms_.frmIndDri.lblP.setCaption(path);
+    forms_.frmIndDri.Show();
+}
+
 void DriveMeter::prcSrvMeter(ListItem& item) {
     const WatchRow row(item);
     if (isUnavailable(row.freeSpace())) return;

@@ -25,6 +25,8 @@ class NotifyArea {
     virtual ~NotifyArea() = default;
     /// Whether the notification area took the message.
     virtual bool Shell_NotifyIconA(NotifyMessage message, const NotifyIconData& data) = 0;
+    /// Whether the user can get at icons there; some desktops have no notification area.
+    virtual bool available() const { return true; }
 };
 
 }  // namespace velmora

@@ -5,6 +5,7 @@
 #include "platform/notify_area.h"
 #include "platform/shell_icons.h"
 #include "platform/user32.h"
+#include "platform/work_area.h"
 
 namespace velmora {
 
@@ -13,6 +14,7 @@ struct Surface {
     NotifyArea& notifyArea;
     User32& user32;
     ShellIcons& shellIcons;
+    WorkArea& workArea;
 };
 
 }  // namespace velmora

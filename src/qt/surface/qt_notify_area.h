@@ -21,8 +21,9 @@ class QtNotifyArea final : public NotifyArea {
     /// False where the desktop has no notification area; an icon is shown once there is one.
     bool Shell_NotifyIconA(NotifyMessage message, const NotifyIconData& data) override;
 
-    /// Whether icons can be seen here.
-    static bool available() { return QSystemTrayIcon::isSystemTrayAvailable(); }
+    /// Takes every icon away.
+    void clear() { icons_.clear(); }
+    bool available() const override { return QSystemTrayIcon::isSystemTrayAvailable(); }
     /// The icon of a form, null when it was not added.
     QSystemTrayIcon* iconOf(const std::string& form) const;
 

@@ -1,5 +1,6 @@
 #include "qt/surface/qt_timers.h"
 
+#include <QPointer>
 #include <algorithm>
 
 namespace velmora::qt {

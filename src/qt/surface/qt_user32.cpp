@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <algorithm>
 
-#include "qt/surface/layered_window.h"
+#include "qt/system/layered_window.h"
 
 namespace velmora::qt {
 

@@ -1,12 +1,14 @@
 #include "qt/windows/dialogs.h"
 
 #include <QFormLayout>
+#include <QProgressBar>
 
 #include "qt/controls/buttons.h"
 #include "qt/controls/journal_view.h"
 #include "qt/controls/list_view_widget.h"
 #include "qt/controls/entries.h"
 #include "qt/icons/program_icon.h"
+#include "qt/surface/field.h"
 #include "qt/windows/form_binding.h"
 #include "qt/windows/layouts.h"
 
@@ -41,6 +43,14 @@ QLabel* paragraph(Label& field) {
     return label;
 }
 
+// A needle of the view stands at its highest value for none.
+QProgressBar* makeGauge(Slider& field) {
+    auto* gauge = new QProgressBar;
+    gauge->setRange(field.Min(), field.Max());
+    bindField(gauge, field, [gauge, &field] { gauge->setValue(field.Max() - field.Value()); });
+    return gauge;
+}
+
 }  // namespace
 
 QWidget* makeAlertWindow(DlgAlert& form, UserHand& hand) {
@@ -65,10 +75,8 @@ QWidget* makeDriveWindow(FrmIndDri& form, UserHand& hand) {
     auto* list = new ListViewWidget(form.ListView1, [](const std::string&) { return QIcon(); },
                                     {.stretchedColumn = 1, .preferred = {readingWidth, 130}}, hand);
     auto* gauges = new QFormLayout;
-    const std::pair<QString, Slider*> sliders[] = {{QStringLiteral("Minimum"), &form.VScroll1},
-                                                   {QStringLiteral("Trigger"), &form.VMeter1},
-                                                   {QStringLiteral("Free Space"), &form.VMeter2}};
-    for (const auto& [words, slider] : sliders) gauges->addRow(words, makeSlider(*slider, hand));
+    gauges->addRow(QStringLiteral("Trigger"), makeGauge(form.VMeter1));
+    gauges->addRow(QStringLiteral("Free Space"), makeGauge(form.VMeter2));
     auto* content = column({heading(form.lblP), list});
     content->addLayout(gauges);
     return dialog(form, content, hand);

@@ -1,4 +1,4 @@
-#include "qt/surface/layered_window.h"
+#include "qt/system/layered_window.h"
 
 #include <windows.h>
 

@@ -1,0 +1,30 @@
+#include <QApplication>
+#include <cstdlib>
+
+#include "app/window_program.h"
+#include "qt/icons/program_icon.h"
+
+int main(int argc, char* argv[]) {
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
+        Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("velmora"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Velmora"));
+    QApplication::setDesktopFileName(QStringLiteral("velmora"));
+    QApplication::setWindowIcon(velmora::qt::programIcon());
+    // Hidden is a normal state of every window.
+    QApplication::setQuitOnLastWindowClosed(false);
+
+    const auto machine = velmora::openMachine();
+    std::optional<int> status;
+    velmora::WindowProgram program(*machine, [&status](int ended) {
+        status = ended;
+        QApplication::exit(ended);
+    });
+    program.load();
+    const int result = status ? *status : QApplication::exec();
+    // The icons must not stay behind in the notification area.
+    program.notifyArea().clear();
+    // At once, without waiting for a drive that doesn't answer.
+    std::_Exit(status.value_or(result));
+}

@@ -1,0 +1,28 @@
+#include "app/window_program.h"
+
+namespace velmora {
+
+WindowProgram::WindowProgram(Machine& machine, std::function<void(int)> ended)
+    : host_(machine, hand_),
+      user32_(names_),
+      shellIcons_(machine),
+      notifyArea_([this](const std::string& form, int message) { answerIcon(form, message); }),
+      timers_(forms_, [&clock = machine.platform().clock] { return clock.GetTickCount(); }, hand_),
+      core_(forms_, machine.platform(), {host_, notifyArea_, user32_, shellIcons_, workArea_}),
+      windows_(forms_, shellIcons_, hand_, names_) {
+    hand_.setHost(host_);
+    hand_.whenEnded(std::move(ended));
+}
+
+void WindowProgram::load() {
+    hand_.does([this] { core_.load(); });
+}
+
+// An icon reports by the pointer's place over its form, in twips.
+void WindowProgram::answerIcon(const std::string& form, int message) {
+    Form* owner = forms_.find(form);
+    if (owner == nullptr) return;
+    hand_.does([&] { owner->MouseMove(static_cast<float>(message * qt::twipsPerPixel)); });
+}
+
+}  // namespace velmora

@@ -1,0 +1,51 @@
+// The program with its window: forms and subsystems behind Qt's surface.
+#pragma once
+
+#include <functional>
+
+#include "app/core.h"
+#include "qt/surface/qt_host.h"
+#include "qt/surface/qt_notify_area.h"
+#include "qt/surface/qt_shell_icons.h"
+#include "qt/surface/qt_timers.h"
+#include "qt/surface/qt_user32.h"
+#include "qt/surface/qt_work_area.h"
+#include "qt/surface/user_hand.h"
+#include "qt/windows/all_windows.h"
+
+namespace velmora {
+
+class WindowProgram {
+  public:
+    /// Needs a QApplication. `ended` runs once when the program ends, with the exit status.
+    WindowProgram(Machine& machine, std::function<void(int)> ended);
+    WindowProgram(const WindowProgram&) = delete;
+    WindowProgram& operator=(const WindowProgram&) = delete;
+
+    /// Builds the running state and shows the window.
+    void load();
+
+    Forms& forms() { return forms_; }
+    Core& core() { return core_; }
+    qt::UserHand& hand() { return hand_; }
+    qt::QtTimers& timers() { return timers_; }
+    qt::QtNotifyArea& notifyArea() { return notifyArea_; }
+    QWidget* window(const std::string& form) { return names_.find(form); }
+
+  private:
+    void answerIcon(const std::string& form, int message);
+
+    Forms forms_;
+    qt::UserHand hand_;
+    qt::QtHost host_;
+    qt::WindowsByName names_;
+    qt::QtUser32 user32_;
+    qt::QtShellIcons shellIcons_;
+    qt::QtNotifyArea notifyArea_;
+    qt::QtWorkArea workArea_;
+    qt::QtTimers timers_;
+    Core core_;
+    qt::AllWindows windows_;
+};
+
+}  // namespace velmora

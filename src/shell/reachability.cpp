@@ -1,0 +1,36 @@
+#include "shell/reachability.h"
+
+namespace velmora {
+
+namespace {
+constexpr int detailPanel = 2;
+}
+
+Reachability::Reachability(Forms& forms, NotifyArea& notifyArea)
+    : forms_(forms), notifyArea_(notifyArea) {
+    forms.form1.Hidden.connect([this] { keep(); });
+    forms.frmLock.Hidden.connect([this] { keep(); });
+}
+
+void Reachability::keep() {
+    if (notifyArea_.available()) return;
+    if (!forms_.globals.bLocked) {
+        if (!forms_.form1.Visible()) minimise();
+        return;
+    }
+    // Locked, only the lock may be seen; it stays as the way back.
+    if (!forms_.frmLock.Visible()) {
+        forms_.frmLock.setState(WindowState::minimised);
+        forms_.frmLock.setVisible(true);
+    }
+}
+
+void Reachability::minimise() {
+    forms_.form1.setState(WindowState::minimised);
+    forms_.form1.setVisible(true);
+    if (told_) return;
+    told_ = true;
+    forms_.form1.StatusBar1.setPanelText(detailPanel, note);
+}
+
+}  // namespace velmora
