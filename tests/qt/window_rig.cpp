@@ -1,0 +1,28 @@
+#include "qt/window_rig.h"
+
+#include "persist/scramble.h"
+
+namespace velmora::tests {
+
+void WindowRig::start(const std::string& settings) {
+    machine.files["C:\\Program Files\\Velmora\\set.dat"] = settings;
+    program = std::make_unique<WindowProgram>(machine, [this](int status) { ended = status; });
+    program->load();
+    settle();
+}
+
+void WindowRig::start() { start(prcEn("txtTime=60\r\n") + "\r\n"); }
+
+void WindowRig::whenBoxStands(const std::function<void(QMessageBox&)>& then) {
+    auto* look = new QTimer;
+    QObject::connect(look, &QTimer::timeout, look, [look, then] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (box == nullptr) return;
+        look->stop();
+        look->deleteLater();
+        then(*box);
+    });
+    look->start(1);
+}
+
+}  // namespace velmora::tests

@@ -1,0 +1,149 @@
+// velmora-screenshots FOLDER [light|dark]: photographs every page and window.
+#include <QApplication>
+#include <QDir>
+#include <QMenu>
+#include <QPainter>
+#include <QPalette>
+#include <QScreen>
+#include <QStyleFactory>
+
+#include "qt/window_rig.h"
+
+namespace {
+
+using velmora::Form;
+using velmora::tests::WindowRig;
+
+QPalette darkPalette() {
+    QPalette palette;
+    const QColor window(43, 45, 49);
+    const QColor text(226, 228, 232);
+    palette.setColor(QPalette::Window, window);
+    palette.setColor(QPalette::WindowText, text);
+    palette.setColor(QPalette::Base, QColor(30, 31, 34));
+    palette.setColor(QPalette::AlternateBase, QColor(37, 39, 43));
+    palette.setColor(QPalette::Text, text);
+    palette.setColor(QPalette::PlaceholderText, QColor(140, 144, 150));
+    palette.setColor(QPalette::Button, QColor(56, 59, 64));
+    palette.setColor(QPalette::ButtonText, text);
+    palette.setColor(QPalette::ToolTipBase, window);
+    palette.setColor(QPalette::ToolTipText, text);
+    palette.setColor(QPalette::Highlight, QColor(61, 125, 216));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::Link, QColor(110, 168, 254));
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(QPalette::Disabled, role, QColor(125, 128, 134));
+    }
+    return palette;
+}
+
+class Photographer {
+  public:
+    Photographer(WindowRig& rig, QString folder, QString look)
+        : rig_(rig), folder_(std::move(folder)), look_(std::move(look)) {
+        QDir().mkpath(folder_);
+    }
+
+    void photograph(QWidget* window, const QString& name) {
+        WindowRig::settle();
+        const QString path = QStringLiteral("%1/%2-%3.png").arg(folder_, name, look_);
+        window->grab().save(path);
+        std::printf("%s\n", qPrintable(path));
+    }
+
+    void pages(const QString& size) {
+        const char* const names[] = {"spec", "options", "alerts", "config", "overview"};
+        for (int tab = 0; tab < 5; ++tab) {
+            rig_.click(QStringLiteral("lblTab(%1)").arg(tab));
+            if (tab == 0) {
+                for (int inner = 0; inner < 3; ++inner) {
+                    rig_.click(QStringLiteral("lblSpectab(%1)").arg(inner));
+                    photograph(rig_.window(), QStringLiteral("%1-spec%2").arg(size).arg(inner));
+                }
+            } else {
+                photograph(rig_.window(), QStringLiteral("%1-%2").arg(size, QLatin1String(names[tab])));
+            }
+        }
+    }
+
+    void dialog(Form& form, const QString& name) {
+        form.Show();
+        WindowRig::settle();
+        photograph(rig_.program->window(form.Name()), name);
+        form.Hide();
+    }
+
+    void menu(velmora::MenuItem& item, const QString& name) {
+        auto* menu = rig_.window()->findChild<QMenu*>(QString::fromStdString(item.Name()));
+        menu->popup(QPoint(10, 10));
+        photograph(menu, name);
+        menu->hide();
+    }
+
+  private:
+    WindowRig& rig_;
+    QString folder_;
+    QString look_;
+};
+
+void fillWithLife(WindowRig& rig) {
+    auto& form = rig.form1();
+    form.txtSpace.setText("5000000");
+    for (int i = 1; i <= form.ListView1.Count(); ++i) form.ListView1.userTick(i, true);
+    form.ListView1.Add("\\\\nas\\backup");
+    form.ListView1.Add("C:\\Users\\Public\\Documents");
+    form.lstAct.userTick(0, true);
+    form.lstAct.userTick(5, true);
+    form.lstAct.userTick(11, false);
+    form.lstEvt.userTick(4, true);
+    form.txtDrive.setText("E:\\archive\\");
+    for (const auto& [name, size, folder] :
+         {std::tuple{"install-2019.iso", "4382112 KB", "D:\\images"},
+          std::tuple{"old-backup.zip", "912004 KB", "D:\\backup"},
+          std::tuple{"screencast.mkv", "1204411 KB", "D:\\video"}}) {
+        auto& row = form.LVFile.Add(name);
+        row.setSubItems(1, size);
+        row.setSubItems(2, folder);
+        row.setSubItems(6, "File");
+    }
+    for (int i = 0; i < 14; ++i) {
+        rig.machine.advance(5000);
+        rig.program->timers().fireDue();
+        WindowRig::settle();
+    }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setStyle(QStringLiteral("Fusion"));
+    const QStringList arguments = QApplication::arguments();
+    const QString folder = arguments.value(1, QStringLiteral("."));
+    const QString look = arguments.value(2, QStringLiteral("light"));
+    if (look == QLatin1String("dark")) QApplication::setPalette(darkPalette());
+    WindowRig rig;
+    rig.start();
+    fillWithLife(rig);
+    Photographer camera(rig, folder, look);
+    camera.pages(QStringLiteral("start"));
+    rig.window()->resize(1000, 720);
+    camera.pages(QStringLiteral("large"));
+    rig.click(QStringLiteral("Toolbar1(5)"));
+    rig.click(QStringLiteral("Toolbar1(5)"));
+    camera.photograph(rig.window(), QStringLiteral("compact"));
+    auto& forms = rig.program->forms();
+    camera.dialog(forms.frmLock, QStringLiteral("lock"));
+    camera.dialog(forms.frmAbout, QStringLiteral("about"));
+    camera.dialog(forms.dlgAlert, QStringLiteral("alert"));
+    camera.dialog(forms.frmNotify, QStringLiteral("notify"));
+    forms.form1.ListView1.userSelect({1});
+    forms.form1.lblDP[3].Click();
+    camera.photograph(rig.program->window("frmIndDri"), QStringLiteral("drive"));
+    camera.menu(forms.form1.mnuFunc, QStringLiteral("menu-functions"));
+    camera.menu(forms.form1.mnuLstV, QStringLiteral("menu-list"));
+    camera.menu(forms.form1.mnuPopUp, QStringLiteral("menu-tray"));
+    std::fflush(stdout);
+    std::_Exit(0);
+}
