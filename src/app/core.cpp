@@ -6,7 +6,7 @@ Core::Core(Forms& forms, Platform& platform, Host& host, NotifyArea& notifyArea)
     : settings_(forms, platform, host),
       alerts_(forms, platform, notifyArea, idle_.alertDialog),
       registry_(platform.advapi32, host),
-      shellLinks_(platform, host),
+      shellLinks_(platform),
       fileList_(platform.fso),
       options_(forms, platform, registry_),
       statistics_(forms, platform, host),

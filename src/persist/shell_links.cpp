@@ -9,6 +9,10 @@ namespace {
 // The record's flags: the verb acts on an item list, with the window's own messages.
 constexpr std::uint32_t propertiesMask = 1100;
 
+// Folders of the file system only, and none below a domain.
+constexpr std::uint32_t browseFlags = 3;
+constexpr std::size_t browseRoom = 260;  // characters, the closing one of code 0 included
+
 std::string orElse(const std::optional<std::string>& text, const std::string& otherwise) {
     return text ? *text : otherwise;
 }
@@ -37,6 +41,27 @@ bool ShellLinks::fCreateShortcut(std::string file, const ShortcutTexts& texts) {
     shortcut->WorkingDirectory = orElse(texts.directory, texts.target);
     shortcut->Save();
     return true;
+}
+
+std::optional<std::string> ShellLinks::prcBrowseForFolder(const std::string& owner,
+                                                          const std::string& title,
+                                                          const std::function<void()>& whileOpen) {
+    ItemIdList list;
+    const BrowseInfo info{
+        .owner = owner, .title = title, .flags = browseFlags, .whileOpen = whileOpen};
+    switch (platform_.shell32.SHBrowseForFolder(info, list)) {
+        case Browse::unavailable:
+            return std::nullopt;
+        case Browse::dismissed:
+            return "";
+        case Browse::chosen:
+            break;
+    }
+    // The room is counted in characters, of which one takes up to four bytes.
+    std::string buffer(browseRoom * 4, '\0');
+    if (!platform_.shell32.SHGetPathFromIDListA(list, buffer)) return "";
+    buffer.resize(buffer.find('\0'));
+    return length(buffer) < browseRoom ? buffer : "";
 }
 
 void ShellLinks::prcShowProperties(const std::string& path, const std::string& owner) {

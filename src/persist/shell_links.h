@@ -3,10 +3,10 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 
-#include "platform/host.h"
 #include "platform/platform.h"
 
 namespace velmora {
@@ -24,23 +24,25 @@ struct ShortcutTexts {
 
 class ShellLinks {
   public:
-    ShellLinks(Platform& platform, Host& host) : platform_(platform), host_(host) {}
+    explicit ShellLinks(Platform& platform) : platform_(platform) {}
 
     /// Drive path of a special folder by its CSIDL number; empty on a failure.
     std::string fSpecialFolder(std::int32_t id);
     /// Makes a shortcut, with ".lnk" behind its name unless it ends in that or ".url". False when
     /// none can be made.
     bool fCreateShortcut(std::string file, const ShortcutTexts& texts);
-    /// A chosen folder's drive path, or an empty text.
-    std::string prcBrowseForFolder(const std::string& title) {
-        return host_.BrowseForFolder(title);
-    }
+    /// Shows the system's folder browser, owned by the window of that form; file system folders
+    /// only. A chosen folder's drive path, an empty text when there is none, and nothing when the
+    /// system has no such dialog to show. `whileOpen` runs now and then while it stands and may be
+    /// empty.
+    std::optional<std::string> prcBrowseForFolder(const std::string& owner,
+                                                  const std::string& title,
+                                                  const std::function<void()>& whileOpen);
     /// The system's properties sheet of a file, owned by the window of that form.
     void prcShowProperties(const std::string& path, const std::string& owner);
 
   private:
     Platform& platform_;
-    Host& host_;
 };
 
 }  // namespace velmora

@@ -1,4 +1,4 @@
-// The registry's three operations that the program uses.
+// The registry's operations that the program uses.
 #pragma once
 
 #include <cstdint>
@@ -25,7 +25,8 @@ using RegistryKey = std::uint64_t;
 class Advapi32 {
   public:
     virtual ~Advapi32() = default;
-    /// `hive` is one of the handles above; `access` the access mask.
+    /// `hive` is one of the handles above; `access` the access mask: 0x20006 to write, 0x20019 to
+    /// read. A key refuses with 5 what it wasn't opened for.
     virtual std::int32_t RegOpenKeyExA(std::uint32_t hive, const std::string& subKey,
                                        std::uint32_t options, std::uint32_t access,
                                        RegistryKey& key) = 0;
@@ -33,6 +34,11 @@ class Advapi32 {
     virtual std::int32_t RegSetValueExA(RegistryKey key, const std::string& name,
                                         std::uint32_t reserved, std::uint32_t type,
                                         const std::string& data, std::uint32_t length) = 0;
+    /// Gives a value's type and its data: a text (types 1 and 2) in UTF-8 without the NUL that
+    /// closes it, other data byte by byte. On a failure both stay as they are; 2 for a value that
+    /// isn't there.
+    virtual std::int32_t RegQueryValueExA(RegistryKey key, const std::string& name,
+                                          std::uint32_t& type, std::string& data) = 0;
     virtual std::int32_t RegCloseKey(RegistryKey key) = 0;
 };
 

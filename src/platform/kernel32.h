@@ -18,6 +18,9 @@ class Kernel32 {
     /// Drive path of the system's own folder, without a back-slash behind; on Linux the folder of
     /// the desktop's sounds, since sounds are what it is asked for.
     virtual std::string GetWindowsDirectoryA() = 0;
+
+    /// The text of an environment variable; empty when it isn't set. Names have no case on Windows.
+    virtual std::string GetEnvironmentVariableA(const std::string& name) = 0;
 };
 
 }  // namespace velmora

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 namespace velmora {
@@ -18,6 +19,19 @@ struct ShellExecuteInfo {
     std::string verb;
     std::string file;  ///< drive path
 };
+
+/// BROWSEINFO, with a name where the system has a handle.
+struct BrowseInfo {
+    std::string owner;  ///< name of the form that owns the dialog
+    std::string title;
+    std::uint32_t flags = 0;
+    /// Runs about every 20 ms while the dialog stands, so that the program's windows go on being
+    /// painted. What it throws closes the dialog and reaches the caller. May be empty.
+    std::function<void()> whileOpen;
+};
+
+/// What became of a dialog of the system's. Where it has none to show, a surface shows its own.
+enum class Browse { chosen, dismissed, unavailable };
 
 class Shell32 {
   public:
@@ -36,6 +50,15 @@ class Shell32 {
                                        const std::string& directory, std::int32_t showCommand) = 0;
     /// Whether the system took the order.
     virtual bool ShellExecuteEx(const ShellExecuteInfo& info) = 0;
+    /// The system's folder browser; returns when it has closed. `list` is written only when a
+    /// folder was chosen. Linux has one kind of dialog, whatever the flags.
+    virtual Browse SHBrowseForFolder(const BrowseInfo& info, ItemIdList& list) = 0;
+    /// Removes for good what was deleted from a drive, told by a path on it ("D:\\"), or from all
+    /// drives when `root` is empty. Flags: 1 without asking the user, 2 without showing progress,
+    /// 4 without a sound. 0 for success, 1223 when the user says no, or else the system's code:
+    /// 15 for a drive that isn't there, 21 for one that isn't ready, 5 for denied access, ...
+    virtual std::int32_t SHEmptyRecycleBinA(const std::string& owner, const std::string& root,
+                                            std::uint32_t flags) = 0;
 };
 
 }  // namespace velmora

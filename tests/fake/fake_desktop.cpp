@@ -8,7 +8,10 @@ namespace velmora::fake {
 namespace {
 
 constexpr std::int32_t noSuchKey = 2;
+constexpr std::int32_t accessDenied = 5;
 constexpr std::int32_t invalidHandle = 6;
+constexpr std::uint32_t queryValueRight = 1;
+constexpr std::uint32_t setValueRight = 2;
 constexpr std::int32_t invalidArgument = static_cast<std::int32_t>(0x80070057);
 
 template <typename Registry>
@@ -49,7 +52,7 @@ int FakeMachine::openKeys() const {
 FakeRegistryKey* FakeMachine::Desktop::find(RegistryKey key) {
     const auto opened = open.find(key);
     if (opened == open.end()) return nullptr;
-    const auto found = findKey(machine.registry, opened->second.first, opened->second.second);
+    const auto found = findKey(machine.registry, opened->second.name.first, opened->second.name.second);
     return found == machine.registry.end() ? nullptr : &found->second;
 }
 
@@ -64,7 +67,7 @@ std::int32_t FakeMachine::Desktop::RegOpenKeyExA(std::uint32_t hive, const std::
     if (found == machine.registry.end()) return noSuchKey;
     if (found->second.openResult != 0) return found->second.openResult;
     key = ++lastKey;
-    open[key] = found->first;
+    open[key] = {found->first, access};
     return 0;
 }
 
@@ -77,8 +80,24 @@ std::int32_t FakeMachine::Desktop::RegSetValueExA(RegistryKey key, const std::st
     if (failure != 0) return failure;
     FakeRegistryKey* found = find(key);
     if (!found) return invalidHandle;
+    if (!isAllowed(key, setValueRight)) return accessDenied;
     if (found->setResult == 0) found->values[name] = {type, data.substr(0, length)};
     return found->setResult;
+}
+
+std::int32_t FakeMachine::Desktop::RegQueryValueExA(RegistryKey key, const std::string& name,
+                                                    std::uint32_t& type, std::string& data) {
+    const auto failure = machine.recordCode("RegQueryValueExA " + name);
+    if (failure != 0) return failure;
+    const FakeRegistryKey* found = find(key);
+    if (!found) return invalidHandle;
+    if (!isAllowed(key, queryValueRight)) return accessDenied;
+    if (found->queryResult != 0) return found->queryResult;
+    const auto value = found->values.find(name);
+    if (value == found->values.end()) return noSuchKey;
+    type = value->second.type;
+    data = value->second.data;
+    return 0;
 }
 
 std::int32_t FakeMachine::Desktop::RegCloseKey(RegistryKey key) {
@@ -121,6 +140,31 @@ bool FakeMachine::Desktop::ShellExecuteEx(const ShellExecuteInfo& info) {
     if (machine.recordCode("ShellExecuteEx " + info.verb + ' ' + info.file) != 0) return false;
     machine.executed.push_back(info);
     return machine.executes;
+}
+
+Browse FakeMachine::Desktop::SHBrowseForFolder(const BrowseInfo& info, ItemIdList& list) {
+    const auto failure = machine.recordCode("SHBrowseForFolder " + info.owner + ' ' + info.title +
+                                            ' ' + std::to_string(info.flags));
+    if (failure != 0) return Browse::dismissed;
+    if (!machine.browses) return Browse::unavailable;
+    machine.browsers.push_back(info);
+    if (info.whileOpen) info.whileOpen();
+    if (machine.browsed.empty()) return Browse::dismissed;
+    const std::string folder = machine.browsed.front();
+    machine.browsed.pop_front();
+    if (folder.empty()) return Browse::dismissed;
+    list.place = folder;
+    return Browse::chosen;
+}
+
+std::int32_t FakeMachine::Desktop::SHEmptyRecycleBinA(const std::string& owner,
+                                                      const std::string& root,
+                                                      std::uint32_t flags) {
+    const auto failure = machine.recordCode("SHEmptyRecycleBinA " + owner + ' ' + root + ' ' +
+                                            std::to_string(flags));
+    if (failure != 0) return failure;
+    machine.emptied.push_back({owner, root, flags});
+    return machine.emptyResult;
 }
 
 std::unique_ptr<Shortcut> FakeMachine::Desktop::CreateShortcut(const std::string& file) {

@@ -160,6 +160,12 @@ std::uint32_t FakeMachine::Disks::GetLogicalDriveStringsA(std::uint32_t length,
     return used;
 }
 
+std::string FakeMachine::Disks::GetEnvironmentVariableA(const std::string& name) {
+    if (machine.recordCode("GetEnvironmentVariableA " + name) != 0) return {};
+    const auto variable = machine.environment.find(name);
+    return variable == machine.environment.end() ? "" : variable->second;
+}
+
 // The fake clock knows no time zones: its local time is UTC.
 std::uint64_t FakeMachine::Disks::GetSystemTimeAsFileTime() {
     const std::int64_t seconds = toSeconds(machine.now) - toSeconds({1601, 1, 1, 0, 0, 0});

@@ -8,11 +8,13 @@
 // The clock is not recorded: it can't fail, and whoever waits asks it all the time.
 //
 // An operation that tells failures by its result fails in that way too when its turn comes: the
-// registry and SHGetSpecialFolderLocation give the planned number as their code, ShellExecuteEx
-// and SHGetPathFromIDListA false, CreateShortcut null.
+// registry, SHGetSpecialFolderLocation and SHEmptyRecycleBinA give the planned number as their code,
+// ShellExecuteEx and SHGetPathFromIDListA false, CreateShortcut null, GetEnvironmentVariableA an
+// empty text; SHBrowseForFolder is dismissed.
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <map>
 #include <memory>
@@ -45,7 +47,15 @@ struct FakeRegistryKey {
     std::map<std::string, Value> values;  ///< by name as written
     std::int32_t openResult = 0;          ///< code of RegOpenKeyExA
     std::int32_t setResult = 0;           ///< code of RegSetValueExA; unless 0 nothing is written
+    std::int32_t queryResult = 0;         ///< code of RegQueryValueExA; unless 0 nothing is given
     std::int32_t closeResult = 0;         ///< code of RegCloseKey
+};
+
+/// An order to empty the bin.
+struct FakeEmptying {
+    std::string owner;
+    std::string root;
+    std::uint32_t flags = 0;
 };
 
 /// A shortcut as it was saved.
@@ -118,6 +128,18 @@ class FakeMachine final : public Machine {
     /// Special folders by their CSIDL numbers; asking for another gives a failure.
     std::map<std::int32_t, std::string> specialFolders{{9, "C:\\Users\\user\\SendTo"}};
     std::string windowsFolder = "C:\\Windows";
+    /// Environment variables by their names, in which case counts.
+    std::map<std::string, std::string> environment;
+    /// The folders that the next folder browsers give; an empty one, and none when they are used
+    /// up, dismisses it.
+    std::deque<std::string> browsed;
+    /// Whether the system has a folder browser at all.
+    bool browses = true;
+    /// The folder browsers shown. Each runs its whileOpen once.
+    std::vector<BrowseInfo> browsers;
+    /// What SHEmptyRecycleBinA was told, and its answer.
+    std::vector<FakeEmptying> emptied;
+    std::int32_t emptyResult = 0;
     /// What ShellExecuteA and ShellExecuteEx were told, and its answer.
     std::vector<ShellExecuteInfo> executed;
     bool executes = true;

@@ -52,6 +52,7 @@ struct FakeMachine::Disks final : FileSystemObject, Kernel32, Clock, TextFiles {
         machine.record("GetWindowsDirectoryA");
         return machine.windowsFolder;
     }
+    std::string GetEnvironmentVariableA(const std::string& name) override;
 
     DateTime Now() override { return machine.now; }
     std::int64_t GetTickCount() override { return machine.tick; }
@@ -85,6 +86,8 @@ struct FakeMachine::Desktop final : Advapi32, Shell32, WScriptShell {
     std::int32_t RegSetValueExA(RegistryKey key, const std::string& name, std::uint32_t reserved,
                                 std::uint32_t type, const std::string& data,
                                 std::uint32_t length) override;
+    std::int32_t RegQueryValueExA(RegistryKey key, const std::string& name, std::uint32_t& type,
+                                  std::string& data) override;
     std::int32_t RegCloseKey(RegistryKey key) override;
 
     std::int32_t SHGetSpecialFolderLocation(std::int32_t csidl, ItemIdList& list) override;
@@ -93,14 +96,26 @@ struct FakeMachine::Desktop final : Advapi32, Shell32, WScriptShell {
                                const std::string& file, const std::string& parameters,
                                const std::string& directory, std::int32_t showCommand) override;
     bool ShellExecuteEx(const ShellExecuteInfo& info) override;
+    Browse SHBrowseForFolder(const BrowseInfo& info, ItemIdList& list) override;
+    std::int32_t SHEmptyRecycleBinA(const std::string& owner, const std::string& root,
+                                    std::uint32_t flags) override;
 
     std::unique_ptr<Shortcut> CreateShortcut(const std::string& file) override;
 
+    struct OpenKey {
+        std::pair<std::uint32_t, std::string> name;  // as in the registry
+        std::uint32_t access = 0;
+    };
+
     /// The open key; null for a handle that isn't open or a key that the test has removed.
     FakeRegistryKey* find(RegistryKey key);
+    /// Whether an open key was opened with that right.
+    bool isAllowed(RegistryKey key, std::uint32_t right) const {
+        return (open.at(key).access & right) != 0;
+    }
 
     FakeMachine& machine;
-    std::map<RegistryKey, std::pair<std::uint32_t, std::string>> open;  // as in the registry
+    std::map<RegistryKey, OpenKey> open;
     RegistryKey lastKey = 0;
 };
 

@@ -167,7 +167,7 @@ struct Rig {
     WatchControl watchControl{forms,  machine.platform(), host,
                               alerts, ports.trayIcon,     ports.dialog};
     FileList fileList{machine.platform().fso};
-    ShellLinks shellLinks{machine.platform(), host};
+    ShellLinks shellLinks{machine.platform()};
     LifeCycle lifeCycle{forms,
                         machine.platform(),
                         host,

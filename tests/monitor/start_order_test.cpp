@@ -47,7 +47,7 @@ struct StartRig {
     CheckCycle checkCycle{forms, platform, host, alerts, withSettings()};
     WatchControl watchControl{forms, platform, host, alerts, ports.trayIcon, ports.dialog};
     FileList fileList{platform.fso};
-    ShellLinks shellLinks{platform, host};
+    ShellLinks shellLinks{platform};
     LifeCycle lifeCycle{forms,
                         platform,
                         host,

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include "base/errors.h"
-#include "fake/fake_host.h"
 #include "fake/fake_machine.h"
 
 namespace velmora::tests {
@@ -14,8 +13,7 @@ using Texts = std::vector<std::string>;
 
 struct LinksRig {
     fake::FakeMachine machine;
-    fake::FakeHost host;
-    ShellLinks links{machine.platform(), host};
+    ShellLinks links{machine.platform()};
 
     LinksRig() { machine.folders.insert("c:\\links"); }
     const fake::FakeShortcut& made() { return machine.shortcuts.at(0); }
@@ -116,7 +114,6 @@ TEST(Shortcut, IsNotMadeWhereTheShellGivesNone) {
     rig.machine.log.failCall(1, 5);
     EXPECT_FALSE(rig.links.fCreateShortcut("C:\\links\\tool", onlyTarget()));
     EXPECT_TRUE(rig.machine.shortcuts.empty());
-    EXPECT_TRUE(rig.host.boxes.empty());
 }
 
 TEST(Shortcut, AnErrorOfItsFileGoesToTheCaller) {
@@ -125,12 +122,58 @@ TEST(Shortcut, AnErrorOfItsFileGoesToTheCaller) {
               error::pathNotFound);
 }
 
-TEST(FolderBrowser, GivesTheChosenFolderOrNothing) {
+TEST(FolderBrowser, GivesTheChosenFolderOrAnEmptyText) {
     LinksRig rig;
-    rig.host.paths = {"C:\\data"};
-    EXPECT_EQ(rig.links.prcBrowseForFolder("Choose"), "C:\\data");
-    EXPECT_EQ(rig.links.prcBrowseForFolder("Again"), "");
-    EXPECT_EQ(rig.host.dialogs, (Texts{"Choose", "Again"}));
+    rig.machine.browsed = {"C:\\data", "", "D:\\"};
+    EXPECT_EQ(rig.links.prcBrowseForFolder("Form1", "Choose", {}), "C:\\data");
+    EXPECT_EQ(rig.links.prcBrowseForFolder("Form1", "Again", {}), "");
+    EXPECT_EQ(rig.links.prcBrowseForFolder("Form1", "Again", {}), "D:\\");
+    EXPECT_EQ(rig.links.prcBrowseForFolder("Form1", "Again", {}), "");
+}
+
+TEST(FolderBrowser, ShowsFoldersOfTheFileSystemAloneForItsOwner) {
+    LinksRig rig;
+    rig.machine.browsed = {"C:\\data"};
+    rig.links.prcBrowseForFolder("dlgAlert", "Choose", {});
+    EXPECT_EQ(rig.machine.log.calls(),
+              (Texts{"SHBrowseForFolder dlgAlert Choose 3", "SHGetPathFromIDListA C:\\data"}));
+}
+
+TEST(FolderBrowser, IsNoAnswerWhereTheSystemHasNone) {
+    LinksRig rig;
+    rig.machine.browses = false;
+    rig.machine.browsed = {"C:\\data"};
+    EXPECT_EQ(rig.links.prcBrowseForFolder("Form1", "Choose", {}), std::nullopt);
+    EXPECT_EQ(rig.machine.log.countOf("SHGetPathFromIDListA"), 0);
+}
+
+TEST(FolderBrowser, AFailureIsAnEmptyText) {
+    LinksRig rig;
+    for (const int call : {1, 2}) {
+        rig.machine.browsed = {"C:\\data"};
+        rig.machine.log.failCall(call, 5);
+        EXPECT_EQ(rig.links.prcBrowseForFolder("Form1", "Choose", {}), "") << call;
+    }
+}
+
+TEST(FolderBrowser, HasABufferOf260CharactersWithTheLastOne) {
+    LinksRig rig;
+    // An emoji takes four bytes, more than any other character.
+    for (const std::string letter : {"p", "ö", "日", "\xF0\x9F\x98\x80"}) {
+        std::string longest = "C:\\";
+        for (int count = 3; count < 259; ++count) longest += letter;
+        rig.machine.browsed = {longest, longest + letter};
+        EXPECT_EQ(rig.links.prcBrowseForFolder("Form1", "Choose", {}), longest);
+        EXPECT_EQ(rig.links.prcBrowseForFolder("Form1", "Choose", {}), "");
+    }
+}
+
+TEST(FolderBrowser, LetsTheWindowGoOnWhileItStands) {
+    LinksRig rig;
+    rig.machine.browsed = {"C:\\data"};
+    int runs = 0;
+    EXPECT_EQ(rig.links.prcBrowseForFolder("Form1", "Choose", [&runs] { ++runs; }), "C:\\data");
+    EXPECT_EQ(runs, 1);
 }
 
 TEST(FileProperties, OpenTheSystemsSheetForTheOwner) {
@@ -146,8 +189,7 @@ TEST(FileProperties, OpenTheSystemsSheetForTheOwner) {
 TEST(FileProperties, ARefusalIsPassedOver) {
     LinksRig rig;
     rig.machine.executes = false;
-    rig.links.prcShowProperties("C:\\data\\file", "Form1");
-    EXPECT_TRUE(rig.host.boxes.empty());
+    EXPECT_NO_THROW(rig.links.prcShowProperties("C:\\data\\file", "Form1"));
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 // desktop entries and autostart.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -10,6 +11,10 @@ namespace velmora::linuxhost {
 /// An entry that starts `program`, a path of the host; without a program one that starts nothing
 /// and is hidden.
 std::string autostartEntry(std::string_view name, std::string_view program);
+
+/// The program that such an entry starts, empty for a hidden one; nothing for a text that isn't one
+/// of these entries.
+std::optional<std::string> autostartProgram(std::string_view entry);
 
 /// A value of type string: back-slashes, line ends, tabs and a blank in front are escaped.
 std::string entryString(std::string_view text);

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <fstream>
+#include <iterator>
 
 #include "base/text.h"
 #include "platform/linux/desktop_entry.h"
@@ -23,9 +25,16 @@ constexpr std::int32_t canNotWrite = 1013;
 
 constexpr std::uint32_t textType = 1;
 
+constexpr std::uint32_t queryValueRight = 1;
+constexpr std::uint32_t setValueRight = 2;
+
 bool isFileName(const std::string& name) {
     return !name.empty() && name.front() != '.' && name.find('/') == std::string::npos &&
            name.find('\0') == std::string::npos;
+}
+
+std::string entryPath(const std::string& name) {
+    return configFolder() + "/autostart/" + lowerCase(name) + ".desktop";
 }
 
 std::int32_t codeOf(int reason) {
@@ -37,19 +46,19 @@ std::int32_t codeOf(int reason) {
 }  // namespace
 
 std::int32_t LinuxAdvapi32::RegOpenKeyExA(std::uint32_t hive, const std::string& subKey,
-                                          std::uint32_t /*options*/, std::uint32_t /*access*/,
+                                          std::uint32_t /*options*/, std::uint32_t access,
                                           RegistryKey& key) {
     constexpr const char* runKey = R"(software\microsoft\windows\currentversion\run)";
     if (hive != hive::localMachine || lowerCase(subKey) != runKey) return noSuchKey;
     key = ++lastKey_;
-    open_.insert(key);
+    open_[key] = access;
     return success;
 }
 
 std::int32_t LinuxAdvapi32::RegSetValueExA(RegistryKey key, const std::string& name,
                                            std::uint32_t reserved, std::uint32_t type,
                                            const std::string& data, std::uint32_t length) {
-    if (open_.count(key) == 0) return invalidHandle;
+    if (const std::int32_t failure = check(key, setValueRight); failure != 0) return failure;
     if (reserved != 0 || type != textType || !isFileName(name)) return invalidParameter;
     std::string program = data.substr(0, length);
     program.resize(std::min(program.find('\0'), program.size()));
@@ -58,8 +67,26 @@ std::int32_t LinuxAdvapi32::RegSetValueExA(RegistryKey key, const std::string& n
         if (program.empty()) return invalidParameter;
         program = programFile(program);
     }
-    const std::string path = configFolder() + "/autostart/" + lowerCase(name) + ".desktop";
-    return codeOf(replaceFile(path, autostartEntry(name, program), 0644));
+    return codeOf(replaceFile(entryPath(name), autostartEntry(name, program), 0644));
+}
+
+std::int32_t LinuxAdvapi32::RegQueryValueExA(RegistryKey key, const std::string& name,
+                                             std::uint32_t& type, std::string& data) {
+    if (const std::int32_t failure = check(key, queryValueRight); failure != 0) return failure;
+    if (!isFileName(name)) return noSuchKey;
+    std::ifstream file(entryPath(name), std::ios::binary);
+    const std::string entry{std::istreambuf_iterator<char>(file), {}};
+    const auto program = autostartProgram(entry);
+    if (!program) return noSuchKey;
+    type = textType;
+    data = program->empty() ? "" : drivePathOf(*program, volumes_.roots());
+    return success;
+}
+
+std::int32_t LinuxAdvapi32::check(RegistryKey key, std::uint32_t right) const {
+    const auto opened = open_.find(key);
+    if (opened == open_.end()) return invalidHandle;
+    return (opened->second & right) != 0 ? success : accessDenied;
 }
 
 std::int32_t LinuxAdvapi32::RegCloseKey(RegistryKey key) {

@@ -3,7 +3,7 @@
 #pragma once
 
 #include <cstdint>
-#include <set>
+#include <map>
 #include <string>
 
 #include "platform/advapi32.h"
@@ -24,11 +24,18 @@ class LinuxAdvapi32 final : public Advapi32 {
     std::int32_t RegSetValueExA(RegistryKey key, const std::string& name, std::uint32_t reserved,
                                 std::uint32_t type, const std::string& data,
                                 std::uint32_t length) override;
+    /// The drive path of the program that a value's entry starts; 2 also for an entry of somebody
+    /// else's form.
+    std::int32_t RegQueryValueExA(RegistryKey key, const std::string& name, std::uint32_t& type,
+                                  std::string& data) override;
     std::int32_t RegCloseKey(RegistryKey key) override;
 
   private:
+    /// 0 when the key is open with that right.
+    std::int32_t check(RegistryKey key, std::uint32_t right) const;
+
     Volumes& volumes_;
-    std::set<RegistryKey> open_;
+    std::map<RegistryKey, std::uint32_t> open_;  // with the access that each was opened for
     RegistryKey lastKey_ = 0;
 };
 

@@ -1,5 +1,8 @@
 #include "platform/linux/linux_kernel32.h"
 
+#include <cstdlib>
+#include <string_view>
+
 #include "platform/linux/path_mapping.h"
 
 namespace velmora::linuxhost {
@@ -22,6 +25,13 @@ std::string LinuxKernel32::GetWindowsDirectoryA() {
     std::string folder = drivePathOf("/usr/share/sounds", volumes_.roots());
     if (folder.ends_with('\\')) folder.pop_back();
     return folder;
+}
+
+std::string LinuxKernel32::GetEnvironmentVariableA(const std::string& name) {
+    // The system's look-up would take the front of a value for a part of the name.
+    if (name.find_first_of(std::string_view("=\0", 2)) != std::string::npos) return {};
+    const char* text = std::getenv(name.c_str());
+    return text ? text : "";
 }
 
 }  // namespace velmora::linuxhost

@@ -14,6 +14,8 @@ class LinuxKernel32 final : public Kernel32 {
     explicit LinuxKernel32(Volumes& volumes) : volumes_(volumes) {}
     std::uint32_t GetLogicalDriveStringsA(std::uint32_t length, std::string& buffer) override;
     std::string GetWindowsDirectoryA() override;
+    /// Of this host's environment, where names have a case.
+    std::string GetEnvironmentVariableA(const std::string& name) override;
 
   private:
     Volumes& volumes_;

@@ -5,8 +5,10 @@
 #include <utility>
 
 #include "base/text.h"
+#include "platform/linux/desktop_dialogs.h"
 #include "platform/linux/path_mapping.h"
 #include "platform/linux/replace_file.h"
+#include "platform/linux/trash.h"
 #include "platform/linux/user_folders.h"
 
 namespace velmora::linuxhost {
@@ -88,6 +90,32 @@ bool LinuxShell32::ShellExecuteEx(const ShellExecuteInfo& info) {
     if (verb == "properties") return showProperties(hostPath);
     if (verb != "open" && verb != "explore" && !verb.empty()) return false;
     return hasTakenOrder(programs_.run({"xdg-open", hostPath}));
+}
+
+Browse LinuxShell32::SHBrowseForFolder(const BrowseInfo& info, ItemIdList& list) {
+    const auto folder = chooseFolder(info.title, info.whileOpen);
+    if (!folder) return Browse::unavailable;
+    if (folder->empty()) return Browse::dismissed;
+    list.place = drivePathOf(*folder, volumes_.roots());
+    return Browse::chosen;
+}
+
+std::int32_t LinuxShell32::SHEmptyRecycleBinA(const std::string&, const std::string& root,
+                                              std::uint32_t flags) {
+    constexpr std::uint32_t noConfirmation = 1;
+    constexpr std::int32_t invalidDrive = 15;
+    constexpr std::int32_t notReady = 21;
+    constexpr std::int32_t cancelled = 1223;
+    auto drives = drivesToEmpty(root, volumes_.roots());
+    if (drives.empty()) return invalidDrive;
+    // One that doesn't answer would keep the whole program waiting.
+    std::erase_if(drives, [&](const DriveRoot& each) { return !volumes_.measure(each.drive); });
+    if (drives.empty()) return notReady;
+    const std::string what = root.empty() ? "all drives" : "this drive";
+    if ((flags & noConfirmation) == 0 &&
+        !isConfirmed("Empty Trash", "Remove everything in the trash of " + what + " for good?"))
+        return cancelled;
+    return emptyTrash(drives, volumes_.roots());
 }
 
 bool LinuxShell32::showProperties(const std::string& hostPath) {

@@ -23,6 +23,12 @@ class LinuxShell32 final : public Shell32 {
     /// "properties" asks the file manager over the session bus; "open", "explore" and no verb at
     /// all are for xdg-open.
     bool ShellExecuteEx(const ShellExecuteInfo& info) override;
+    /// By zenity or kdialog, which show folders alone whatever the flags.
+    Browse SHBrowseForFolder(const BrowseInfo& info, ItemIdList& list) override;
+    /// The user's trash on that drive. Unless flag 1 is set, zenity or kdialog asks the user first;
+    /// where neither can, that is a no.
+    std::int32_t SHEmptyRecycleBinA(const std::string& owner, const std::string& root,
+                                    std::uint32_t flags) override;
 
   private:
     bool showProperties(const std::string& hostPath);

@@ -3,6 +3,8 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <cstring>
+#include <utility>
 
 #include "platform/windows/utf16.h"
 
@@ -21,6 +23,14 @@ HKEY handleOf(RegistryKey key) {
 
 bool isText(std::uint32_t type) {
     return type == REG_SZ || type == REG_EXPAND_SZ;
+}
+
+// Whoever wrote the value may have left out the NUL behind a text, or half of its last character.
+std::string textOf(const std::string& bytes) {
+    std::wstring text(bytes.size() / sizeof(wchar_t), L'\0');
+    std::memcpy(text.data(), bytes.data(), text.size() * sizeof(wchar_t));
+    text.resize(std::min(text.find(L'\0'), text.size()));
+    return toUtf8(text);
 }
 
 }  // namespace
@@ -50,6 +60,26 @@ std::int32_t WindowsAdvapi32::RegSetValueExA(RegistryKey key, const std::string&
     }
     return RegSetValueExW(handleOf(key), toUtf16(name).c_str(), reserved, type,
                           static_cast<const BYTE*>(content), static_cast<DWORD>(size));
+}
+
+std::int32_t WindowsAdvapi32::RegQueryValueExA(RegistryKey key, const std::string& name,
+                                               std::uint32_t& type, std::string& data) {
+    const std::wstring wideName = toUtf16(name);
+    std::string bytes(256, '\0');
+    DWORD found = 0;
+    LONG result = ERROR_MORE_DATA;
+    // Another program may write a longer one in between.
+    while (result == ERROR_MORE_DATA) {
+        auto size = static_cast<DWORD>(bytes.size());
+        result = RegQueryValueExW(handleOf(key), wideName.c_str(), nullptr, &found,
+                                  reinterpret_cast<BYTE*>(bytes.data()), &size);
+        // Some hives don't tell how much there is.
+        bytes.resize(size > bytes.size() || result == ERROR_SUCCESS ? size : bytes.size() * 2);
+    }
+    if (result != ERROR_SUCCESS) return result;
+    type = found;
+    data = isText(found) ? textOf(bytes) : std::move(bytes);
+    return ERROR_SUCCESS;
 }
 
 std::int32_t WindowsAdvapi32::RegCloseKey(RegistryKey key) {

@@ -16,6 +16,8 @@ class WindowsAdvapi32 final : public Advapi32 {
     std::int32_t RegSetValueExA(RegistryKey key, const std::string& name, std::uint32_t reserved,
                                 std::uint32_t type, const std::string& data,
                                 std::uint32_t length) override;
+    std::int32_t RegQueryValueExA(RegistryKey key, const std::string& name, std::uint32_t& type,
+                                  std::string& data) override;
     std::int32_t RegCloseKey(RegistryKey key) override;
 };
 

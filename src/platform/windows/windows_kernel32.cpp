@@ -22,4 +22,16 @@ std::string WindowsKernel32::GetWindowsDirectoryA() {
     return toUtf8(folder);
 }
 
+std::string WindowsKernel32::GetEnvironmentVariableA(const std::string& name) {
+    const std::wstring wideName = toUtf16(name);
+    std::wstring text(MAX_PATH, L'\0');
+    // Another thread may make it longer in between.
+    while (true) {
+        const auto room = static_cast<DWORD>(text.size());
+        const DWORD used = GetEnvironmentVariableW(wideName.c_str(), text.data(), room);
+        text.resize(used);
+        if (used < room) return toUtf8(text);
+    }
+}
+
 }  // namespace velmora::windows

@@ -12,6 +12,7 @@ class WindowsKernel32 final : public Kernel32 {
   public:
     std::uint32_t GetLogicalDriveStringsA(std::uint32_t length, std::string& buffer) override;
     std::string GetWindowsDirectoryA() override;
+    std::string GetEnvironmentVariableA(const std::string& name) override;
 };
 
 }  // namespace velmora::windows

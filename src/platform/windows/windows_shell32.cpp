@@ -5,23 +5,33 @@
 #include <shellapi.h>
 #include <shlobj.h>
 
+#include "platform/windows/folder_dialog.h"
 #include "platform/windows/utf16.h"
 
-// The system's header gives this name to its wide version.
+// The system's header gives these names to its wide versions.
 #undef ShellExecuteEx
+#undef SHBrowseForFolder
 
 namespace velmora::windows {
 
-// The list itself is of no use but for its path, so that is what is handed on; a place without one
-// has none here either.
+namespace {
+
+// The list itself is of no use but for its path, so that is what is handed on, and the list is
+// freed; a place without a path has none here either.
+std::string takePlace(PIDLIST_ABSOLUTE items) {
+    std::wstring path(MAX_PATH, L'\0');
+    const bool hasPath = SHGetPathFromIDListW(items, path.data());
+    CoTaskMemFree(items);
+    return hasPath ? toUtf8(path.c_str()) : std::string{};
+}
+
+}  // namespace
+
 std::int32_t WindowsShell32::SHGetSpecialFolderLocation(std::int32_t csidl, ItemIdList& list) {
     PIDLIST_ABSOLUTE items = nullptr;
     const HRESULT result = ::SHGetSpecialFolderLocation(nullptr, csidl, &items);
     if (FAILED(result)) return result;
-    std::wstring path(MAX_PATH, L'\0');
-    const bool hasPath = SHGetPathFromIDListW(items, path.data());
-    CoTaskMemFree(items);
-    list.place = hasPath ? toUtf8(path.c_str()) : std::string{};
+    list.place = takePlace(items);
     return 0;
 }
 
@@ -60,6 +70,19 @@ bool WindowsShell32::ShellExecuteEx(const ShellExecuteInfo& info) {
     const bool isTaken = ShellExecuteExW(&order);
     if ((info.mask & SEE_MASK_NOCLOSEPROCESS) != 0 && order.hProcess) CloseHandle(order.hProcess);
     return isTaken;
+}
+
+Browse WindowsShell32::SHBrowseForFolder(const BrowseInfo& info, ItemIdList& list) {
+    PIDLIST_ABSOLUTE items = showFolderDialog(info);
+    if (!items) return Browse::dismissed;
+    list.place = takePlace(items);
+    return Browse::chosen;
+}
+
+std::int32_t WindowsShell32::SHEmptyRecycleBinA(const std::string&, const std::string& root,
+                                                std::uint32_t flags) {
+    const std::wstring wideRoot = toUtf16(root);
+    return SHEmptyRecycleBinW(GetActiveWindow(), root.empty() ? nullptr : wideRoot.c_str(), flags);
 }
 
 }  // namespace velmora::windows

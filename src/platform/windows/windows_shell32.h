@@ -18,6 +18,9 @@ class WindowsShell32 final : public Shell32 {
                                const std::string& file, const std::string& parameters,
                                const std::string& directory, std::int32_t showCommand) override;
     bool ShellExecuteEx(const ShellExecuteInfo& info) override;
+    Browse SHBrowseForFolder(const BrowseInfo& info, ItemIdList& list) override;
+    std::int32_t SHEmptyRecycleBinA(const std::string& owner, const std::string& root,
+                                    std::uint32_t flags) override;
 
   private:
     ComApartment com_;

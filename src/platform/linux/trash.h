@@ -1,0 +1,23 @@
+// The user's trash, by the freedesktop rules: one folder in the home and up to two on each other
+// filesystem, each with what was deleted in "files" and a note about it in "info".
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "platform/linux/path_mapping.h"
+
+namespace velmora::linuxhost {
+
+/// The drives that a root stands for: all, each once, for an empty one, else the one that the path
+/// ("D:\") lies on; none when it isn't there.
+std::vector<DriveRoot> drivesToEmpty(const std::string& root, const std::vector<DriveRoot>& roots);
+
+/// Removes for good what lies in this user's trash on these drives of all the mounted ones: the
+/// trash of the home belongs to the drive that holds it. No symbolic link is followed and no mount
+/// entered. What can't be removed stays together with its note. 0, 5 when something may not be
+/// removed, 31 when something can't for another reason.
+std::int32_t emptyTrash(const std::vector<DriveRoot>& drives, const std::vector<DriveRoot>& roots);
+
+}  // namespace velmora::linuxhost

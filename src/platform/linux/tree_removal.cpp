@@ -1,0 +1,154 @@
+#include "platform/linux/tree_removal.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <vector>
+
+namespace velmora::linuxhost {
+
+namespace {
+
+constexpr int folderFlags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
+
+// So many folders are open at once; what lies deeper is moved up first.
+constexpr int deepest = 64;
+
+int namesIn(const OpenFolder& folder, std::vector<std::string>& names) {
+    // The listing takes its file along when it is closed.
+    const int file = openat(folder.file(), ".", folderFlags);
+    if (file < 0) return errno;
+    DIR* listing = fdopendir(file);
+    if (!listing) {
+        const int failure = errno;
+        close(file);
+        return failure;
+    }
+    errno = 0;
+    while (const dirent* entry = readdir(listing)) {
+        const std::string name = entry->d_name;
+        if (name != "." && name != "..") names.push_back(name);
+    }
+    const int failure = errno;
+    closedir(listing);
+    return failure;
+}
+
+// The mount's number tells a second view of the same filesystem apart too; kernels without it give
+// the filesystem alone.
+struct Place {
+    unsigned major = 0;
+    unsigned minor = 0;
+    std::uint64_t mount = 0;
+    bool operator==(const Place&) const = default;
+};
+
+int placeOf(const OpenFolder& folder, Place& place) {
+    struct statx status {};
+    if (statx(folder.file(), "", AT_EMPTY_PATH, STATX_BASIC_STATS | STATX_MNT_ID, &status) != 0)
+        return errno;
+    place = {status.stx_dev_major, status.stx_dev_minor, 0};
+    if ((status.stx_mask & STATX_MNT_ID) != 0) place.mount = status.stx_mnt_id;
+    return 0;
+}
+
+class Removal {
+  public:
+    explicit Removal(const OpenFolder& top) : top_(top) { note(placeOf(top, place_)); }
+
+    int failure() const { return failure_; }
+
+    void removeIn(const OpenFolder& folder, int depth, const Goes& goes) {
+        std::vector<std::string> names;
+        note(namesIn(folder, names));
+        for (const std::string& name : names) {
+            if (goes(name)) remove(folder, name, depth);
+        }
+    }
+    // Folders that lay too deep are entries of the top now, and may move up more of them.
+    void removeMoved() {
+        while (!moved_.empty()) {
+            const std::string name = moved_.back();
+            moved_.pop_back();
+            remove(top_, name, 0);
+        }
+    }
+
+  private:
+    void note(int failure) {
+        if (failure_ == 0) failure_ = failure;
+    }
+
+    void remove(const OpenFolder& parent, const std::string& name, int depth) {
+        if (unlinkat(parent.file(), name.c_str(), 0) == 0) return;
+        const int failure = errno;
+        struct stat status {};
+        if (fstatat(parent.file(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0)
+            return note(errno == ENOENT ? 0 : errno);
+        if (!S_ISDIR(status.st_mode)) return note(failure);
+        if (depth >= deepest) return moveUp(parent, name);
+        removeFolder(parent, name, depth);
+    }
+
+    void removeFolder(const OpenFolder& parent, const std::string& name, int depth) {
+        const OpenFolder folder(parent, name);
+        if (!folder.isOpen()) {
+            // One that may not be read may still be empty.
+            const bool isGone = unlinkat(parent.file(), name.c_str(), AT_REMOVEDIR) == 0;
+            return note(isGone ? 0 : folder.failure());
+        }
+        Place place;
+        if (const int failure = placeOf(folder, place); failure != 0) return note(failure);
+        if (!(place == place_)) return note(EXDEV);
+        // A folder that was deleted write-protected; where this fails, removing tells.
+        fchmod(folder.file(), S_IRWXU);
+        removeIn(folder, depth + 1, [](const std::string&) { return true; });
+        // When something in it has stayed, that was noted first.
+        if (unlinkat(parent.file(), name.c_str(), AT_REMOVEDIR) != 0) note(errno);
+    }
+
+    void moveUp(const OpenFolder& parent, const std::string& name) {
+        for (int tries = 0; tries < 1000; ++tries) {
+            const std::string upper = ".velmora-" + std::to_string(++number_);
+            if (renameat2(parent.file(), name.c_str(), top_.file(), upper.c_str(),
+                          RENAME_NOREPLACE) == 0) {
+                moved_.push_back(upper);
+                return;
+            }
+            if (errno != EEXIST) break;
+        }
+        note(errno);
+    }
+
+    const OpenFolder& top_;
+    Place place_;
+    std::vector<std::string> moved_;
+    int number_ = 0;
+    int failure_ = 0;
+};
+
+}  // namespace
+
+OpenFolder::OpenFolder(const std::string& path)
+    : file_(open(path.c_str(), folderFlags)), failure_(file_ < 0 ? errno : 0) {}
+
+OpenFolder::OpenFolder(const OpenFolder& parent, const std::string& name)
+    : file_(openat(parent.file(), name.c_str(), folderFlags)), failure_(file_ < 0 ? errno : 0) {}
+
+OpenFolder::~OpenFolder() {
+    if (isOpen()) close(file_);
+}
+
+int removeEntries(const OpenFolder& folder, const Goes& goes) {
+    Removal removal(folder);
+    if (removal.failure() != 0) return removal.failure();
+    removal.removeIn(folder, 0, goes);
+    removal.removeMoved();
+    return removal.failure();
+}
+
+}  // namespace velmora::linuxhost
