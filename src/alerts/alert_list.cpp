@@ -27,8 +27,16 @@ AlertList::AlertList(Forms& forms, Platform& platform, NotifyArea& notifyArea, A
     form1.LVFile.ColumnClick.connect(
         [&form1](int clicked) { prcSortColumn(form1.LVFile, clicked); });
     form1.cmdAddIcon.Click.connect([this] { prcAlertIcon(); });
-    form1.mnuShowAl.Click.connect([&dialog] { dialog.show(); });
-    form1.mnuShowAlert.Click.connect([&dialog] { dialog.show(); });
+    for (MenuItem* item : {&form1.mnuShowAl, &form1.mnuShowAlert}) {
+        item->Click.connect([this, &dialog] { showWhole(dialog); });
+    }
+}
+
+// The dialog may have been folded; by menu it comes in its full height.
+void AlertList::showWhole(AlertDialog& dialog) {
+    constexpr int fullHeight = 4200;  // twips
+    forms_.dlgAlert.setSize(forms_.dlgAlert.Width(), fullHeight);
+    dialog.show();
 }
 
 void AlertList::prcAlertInfo(const std::string& strTime, const std::string& strRating,

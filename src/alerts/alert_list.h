@@ -56,6 +56,7 @@ class AlertList {
     Notice<const ListItem&> Raised;
 
   private:
+    void showWhole(AlertDialog& dialog);
     static bool isRepeat(ListItem& row, const std::string& strAlert);
     void count(const std::string& strRating);
     void appendToLog(const ListItem& row, const std::string& strAlert);

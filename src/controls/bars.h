@@ -38,10 +38,16 @@ class StatusBar : public Control {
 
 class ToolBar : public Control {
   public:
+    /// An entry of the menu that a button holds.
+    struct ButtonMenu {
+        std::string Key;
+        std::string Text;
+    };
     struct Button {
         std::string Caption;
         std::string ToolTipText;
         int Image = 0;  ///< number of an image of ImageList1, 0 for none
+        std::vector<ButtonMenu> ButtonMenus = {};
     };
 
     ToolBar(Form& form, std::string name, std::vector<Button> buttons);

@@ -19,7 +19,12 @@ std::vector<ToolBar::Button> toolBarButtons() {
         {"Wizard Settings",
          "A Wizard to assist in understanding and configuring program options"},
         {"Adv. Info", "Advance Information on Drive/Path(s) attributes"},
-        {"Functions", "Additional Functions"},
+        // These entries do nothing; the menu that pops up is mnuFunc.
+        {.Caption = "Functions",
+         .ToolTipText = "Additional Functions",
+         .ButtonMenus = {{"Defrag", "Defrag Utility"},
+                         {"Recycle", "Recycle Bin"},
+                         {"Work", "Work"}}},
         {"View -", "Toggle View"},
         {"Help", "Help"},
     };

@@ -86,6 +86,8 @@ TabStrips::TabStrips(Form& form)
     for (std::size_t i = 0; i < lblSpectab.size(); ++i) {
         lblSpectab[i].setToolTipText(innerTabs[i].toolTip);
     }
+    lblTabCap.setBounds({1320, 2900, 6210, 255});
+    for (Frame& panel : frmSp) panel.setBounds({1320, 3240, 6615, 4935});
     for (std::size_t i = 1; i < frmSp.size(); ++i) frmSp[i].setVisible(false);
     for (std::size_t i = 1; i < fr.size(); ++i) fr[i].setVisible(false);
 }
@@ -137,6 +139,7 @@ AlertPanel::AlertPanel(Form& form)
     LVAlert.addColumn({"Time/Date", 1800});
     LVAlert.addColumn({"Action Taken", 5000});
     LVAlert.addColumn({"Alerts", 1000});
+    LVAlert.setBounds({100, 300, 6415, 2200});
     // Ticked from the start, without a click.
     chkLog.setDesignValue(1);
 }

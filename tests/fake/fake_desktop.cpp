@@ -127,12 +127,15 @@ bool FakeMachine::Desktop::SHGetPathFromIDListA(const ItemIdList& list, std::str
 
 std::int32_t FakeMachine::Desktop::ShellExecuteA(const std::string& owner,
                                                  const std::string& operation,
-                                                 const std::string& file, const std::string&,
-                                                 const std::string&, std::int32_t) {
+                                                 const std::string& file,
+                                                 const std::string& parameters,
+                                                 const std::string& directory,
+                                                 std::int32_t showCommand) {
     constexpr std::int32_t taken = 42;
     const std::int32_t code = machine.recordCode("ShellExecuteA " + operation + ' ' + file);
     if (code != 0) return code;
     machine.executed.push_back({.mask = 0, .owner = owner, .verb = operation, .file = file});
+    machine.orders.push_back({parameters, directory, showCommand});
     return machine.executes ? taken : 2;
 }
 

@@ -58,6 +58,13 @@ struct FakeEmptying {
     std::uint32_t flags = 0;
 };
 
+/// The rest of what ShellExecuteA is told.
+struct FakeOrder {
+    std::string parameters;
+    std::string directory;
+    std::int32_t showCommand = 0;
+};
+
 /// A shortcut as it was saved.
 struct FakeShortcut {
     std::string file;
@@ -142,6 +149,8 @@ class FakeMachine final : public Machine {
     std::int32_t emptyResult = 0;
     /// What ShellExecuteA and ShellExecuteEx were told, and its answer.
     std::vector<ShellExecuteInfo> executed;
+    /// What ShellExecuteA was told besides, in the same order as its own among `executed`.
+    std::vector<FakeOrder> orders;
     bool executes = true;
     /// The shortcuts in the order of their saving; each is also one of the files.
     std::vector<FakeShortcut> shortcuts;

@@ -1,0 +1,39 @@
+#include "alerts/system_actions.h"
+
+#include "base/resume_next.h"
+#include "base/text.h"
+
+namespace velmora {
+
+namespace {
+
+constexpr int noConfirmation = 1;
+constexpr int noProgress = 2;
+constexpr int noSound = 4;
+
+constexpr std::int32_t normalWindow = 1;
+
+}  // namespace
+
+void SystemActions::MakeRecycleBinEmpty(const std::string& strDrive, std::int16_t iNoConfirmation,
+                                        std::int16_t iNoProgress, std::int16_t iNoSound) {
+    std::string owner;
+    const std::string root = strDrive.empty() ? "" : left(strDrive, 1) + ":\\";
+    // A caller's 1 for "no progress" has no such bit and counts as 0.
+    const int flags =
+        (iNoConfirmation & noConfirmation) | (iNoProgress & noProgress) | (iNoSound & noSound);
+    resumeNext([&] { owner = user32_.GetActiveWindow(); },
+               [&] {
+                   platform_.shell32.SHEmptyRecycleBinA(owner, root,
+                                                        static_cast<std::uint32_t>(flags));
+               });
+}
+
+void SystemActions::prcCleanMan(const std::string& strDrive, const std::string& strSage) {
+    const std::string drive = strDrive.empty() ? "" : " /d " + strDrive;
+    const std::string sage = strSage.empty() ? "" : " /sagerun: " + strSage;
+    platform_.shell32.ShellExecuteA(forms_.form1.Name(), "open", "cleanmgr", drive + " " + sage, "",
+                                    normalWindow);
+}
+
+}  // namespace velmora

@@ -1,0 +1,36 @@
+// Thin wrappers through which the program asks the system for maintenance: emptying the recycle
+// bin, and the disk cleaner.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "forms/forms.h"
+#include "platform/platform.h"
+#include "platform/user32.h"
+
+namespace velmora {
+
+class SystemActions {
+  public:
+    SystemActions(Forms& forms, Platform& platform, User32& user32)
+        : forms_(forms), platform_(platform), user32_(user32) {}
+    SystemActions(const SystemActions&) = delete;
+    SystemActions& operator=(const SystemActions&) = delete;
+
+    /// Empties the recycle bin of the drive that `strDrive` begins with, or of all drives when it
+    /// is empty. Each switch counts only by its own bit: 1, 2 and 4 in this order. Passes over
+    /// every error.
+    void MakeRecycleBinEmpty(const std::string& strDrive, std::int16_t iNoConfirmation,
+                             std::int16_t iNoProgress, std::int16_t iNoSound);
+    /// Starts the disk cleaner, for a drive and by a set of choices that the system knows under
+    /// that number; either may be empty. Its success isn't looked at.
+    void prcCleanMan(const std::string& strDrive, const std::string& strSage);
+
+  private:
+    Forms& forms_;
+    Platform& platform_;
+    User32& user32_;
+};
+
+}  // namespace velmora

@@ -1,0 +1,33 @@
+// The two tab strips: which panel a label shows, and how the labels look.
+#pragma once
+
+#include "forms/forms.h"
+#include "monitor/ports.h"
+#include "shell/window_layout.h"
+
+namespace velmora {
+
+class TabSelection final : public Tabs {
+  public:
+    /// Connects the labels.
+    TabSelection(Forms& forms, WindowLayout& layout);
+    TabSelection(const TabSelection&) = delete;
+    TabSelection& operator=(const TabSelection&) = delete;
+
+    /// Shows the panel of main tab `index`. An index of 5, which no label has, opens the mail
+    /// settings over the overview; any other shows no panel.
+    void lblTab_Click(int index) override;
+    /// Shows the panel of inner tab `index`.
+    void lblSpectab_Click(int index) override;
+
+  private:
+    void clearTabs();
+    Frame* panelOf(int index);
+    void showPanel(Frame& panel);
+
+    Forms& forms_;
+    Form1& form1_;
+    WindowLayout& layout_;
+};
+
+}  // namespace velmora

@@ -1,0 +1,57 @@
+// The look that the label buttons share.
+#include "shell/shell_rig.h"
+
+namespace velmora::tests {
+namespace {
+
+std::vector<Label*> labelButtons(Form1& form1) {
+    std::vector<Label*> all;
+    for (Label& label : form1.Label5) all.push_back(&label);
+    for (Label& label : form1.lblDP) all.push_back(&label);
+    for (Label& label : form1.lblSF) all.push_back(&label);
+    for (Label& label : form1.lblAl) all.push_back(&label);
+    return all;
+}
+
+TEST(LabelLook, EveryLabelButtonBrightensWhilePressedAndTurnsOrangeAgain) {
+    ShellRig rig;
+    const auto labels = labelButtons(rig.form1);
+    ASSERT_EQ(labels.size(), 5u + 5u + 9u + 4u);
+    for (Label* label : labels) {
+        label->MouseDown();
+        EXPECT_EQ(label->ForeColor(), 0xE0E0E0u) << label->Name();
+        label->MouseUp();
+        EXPECT_EQ(label->ForeColor(), 33023u) << label->Name();
+    }
+}
+
+TEST(LabelLook, TheReleaseGivesTheDesignValueWhateverTheTextWas) {
+    ShellRig rig;
+    rig.form1.lblDP[2].setForeColor(1);
+    rig.form1.lblDP[2].MouseUp();
+    EXPECT_EQ(rig.form1.lblDP[2].ForeColor(), 33023u);
+}
+
+TEST(LabelLook, ThePointerFlashesLabel5ThroughGreyToBlackAtEachMove) {
+    ShellRig rig;
+    for (Label& label : rig.form1.Label5) {
+        std::vector<Colour> seen;
+        label.Changed.connect([&] { seen.push_back(label.BackColor()); });
+        label.MouseMove();
+        label.MouseMove();
+        EXPECT_EQ(seen, (std::vector<Colour>{0xC0C0C0, 0, 0xC0C0C0, 0}));
+    }
+}
+
+TEST(LabelLook, ThePointerLeavesTheOtherLabelsAlone) {
+    ShellRig rig;
+    for (Label* label : labelButtons(rig.form1)) {
+        if (label->Name() == "Label5") continue;
+        const Colour before = label->BackColor();
+        label->MouseMove();
+        EXPECT_EQ(label->BackColor(), before) << label->Name();
+    }
+}
+
+}  // namespace
+}  // namespace velmora::tests

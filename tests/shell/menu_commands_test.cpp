@@ -1,0 +1,242 @@
+// The items of the main window's menus.
+#include "shell/shell_rig.h"
+
+namespace velmora::tests {
+namespace {
+
+TEST(TrayMenu, AboutShowsTheAboutBox) {
+    ShellRig rig;
+    rig.form1.mnuAbout.userClick();
+    EXPECT_EQ(rig.windows.calls, Texts{"showAbout"});
+}
+
+TEST(TrayMenu, ContentsOpensTheMakersHelpPageInANormalWindow) {
+    ShellRig rig;
+    rig.form1.mnuContent.userClick();
+    EXPECT_EQ(rig.orders(), Texts{"Form1 open http://velmora.example/velmora/help"});
+    EXPECT_EQ(rig.machine.orders[0].showCommand, 1);
+    EXPECT_EQ(rig.machine.orders[0].parameters, "");
+    EXPECT_EQ(rig.machine.orders[0].directory, "");
+}
+
+TEST(TrayMenu, ProgramWebpageOpensTheMakersPage) {
+    ShellRig rig;
+    rig.form1.mnuPWP.userClick();
+    EXPECT_EQ(rig.orders(), Texts{"Form1 open http://velmora.example/velmora/"});
+}
+
+TEST(TrayMenu, HideTakesTheWindowAwayAndASecondClickBringsItBackUnchecked) {
+    ShellRig rig;
+    rig.form1.mnuHide.userClick();
+    EXPECT_FALSE(rig.form1.Visible());
+    EXPECT_TRUE(rig.form1.mnuHide.Checked());
+    rig.form1.mnuHide.userClick();
+    EXPECT_TRUE(rig.form1.Visible());
+    EXPECT_FALSE(rig.form1.mnuHide.Checked());
+}
+
+TEST(TrayMenu, LockPreparesTheLockEmptiesItsEntryAndShowsIt) {
+    ShellRig rig;
+    FrmLock& lock = rig.forms.frmLock;
+    lock.Text1.setText("old");
+    rig.form1.mnuLock.userClick();
+    EXPECT_EQ(rig.windows.calls, Texts{"prcSrvFrm"});
+    EXPECT_EQ(lock.Text1.Text(), "");
+    EXPECT_TRUE(lock.Visible());
+}
+
+TEST(TrayMenu, TheLockIsPreparedBeforeItsEntryIsEmptiedAndBeforeItIsShown) {
+    ShellRig rig;
+    FrmLock& lock = rig.forms.frmLock;
+    lock.Text1.setText("old");
+    lock.Text1.Change.connect(
+        [&] { rig.windows.calls.push_back(lock.Visible() ? "emptied late" : "emptied"); });
+    rig.form1.mnuLock.userClick();
+    EXPECT_EQ(rig.windows.calls, (Texts{"prcSrvFrm", "emptied"}));
+}
+
+TEST(TrayMenu, TheHeadOfTheHelpMenuDoesNothing) {
+    ShellRig rig;
+    rig.form1.mnuHelp.userClick();
+    EXPECT_TRUE(rig.windows.calls.empty());
+    EXPECT_TRUE(rig.machine.executed.empty());
+}
+
+TEST(ListMenu, ExploreOpensEverySelectedRow) {
+    ShellRig rig;
+    rig.rows({"C:\\", "D:\\data", "E:\\"});
+    rig.list.userSelect({1, 2});
+    rig.form1.mnuExplore.userClick();
+    EXPECT_EQ(rig.orders(), (Texts{"Form1 explore C:\\", "Form1 explore D:\\data"}));
+    EXPECT_EQ(rig.machine.orders[1].showCommand, 1);
+}
+
+TEST(ListMenu, AFailedExploreIsNotReportedAndTheNextRowComes) {
+    ShellRig rig;
+    rig.machine.executes = false;
+    rig.rows({"C:\\", "D:\\"});
+    rig.list.userSelect({1, 2});
+    rig.form1.mnuExplore.userClick();
+    EXPECT_EQ(rig.orders().size(), 2u);
+    EXPECT_TRUE(rig.host.boxes.empty());
+    EXPECT_EQ(rig.form1.LVAlert.Count(), 0);
+}
+
+TEST(ListMenu, SetParametersShowsTheRowsDriveAndThenItsGauges) {
+    ShellRig rig;
+    rig.rows({"C:\\", "D:\\"});
+    rig.form1.mnuParam.userClick();
+    EXPECT_EQ(rig.windows.calls, (Texts{"prcShowfrmIndDri D:\\", "prcSrvMeter D:\\"}));
+}
+
+TEST(ListMenu, RemoveClicksTheRemoveButton) {
+    ShellRig rig;
+    int clicked = 0;
+    counted(rig.form1.cmdLVRemove.Click, clicked);
+    rig.form1.mnuRemove.userClick();
+    EXPECT_EQ(clicked, 1);
+}
+
+TEST(ListMenu, ShowInfoOpensThePropertiesOfTheRow) {
+    ShellRig rig;
+    rig.rows({"C:\\", "D:\\data"});
+    rig.form1.mnuInfo.userClick();
+    EXPECT_EQ(rig.orders(), Texts{"Form1 properties D:\\data"});
+}
+
+TEST(ListMenu, WithNoRowSelectedNothingHappens) {
+    ShellRig rig;
+    for (int pass = 0; pass < 2; ++pass) {
+        for (MenuItem* item : {&rig.form1.mnuExplore, &rig.form1.mnuParam, &rig.form1.mnuInfo}) {
+            EXPECT_NO_THROW(item->userClick());
+        }
+        rig.list.Add("C:\\");
+    }
+    EXPECT_TRUE(rig.windows.calls.empty());
+    EXPECT_TRUE(rig.machine.executed.empty());
+}
+
+TEST(FunctionsMenu, ProgramSettingsActLikeTheViewButtonBelow9100) {
+    ShellRig rig;
+    for (const int height : {4000, 9099}) {
+        rig.form1.setSize(9000, height);
+        rig.form1.mnuProgSet.userClick();
+        EXPECT_EQ(rig.form1.Height(), 9100);
+        EXPECT_TRUE(rig.host.boxes.empty());
+    }
+}
+
+TEST(FunctionsMenu, ProgramSettingsClickTheFifthButtonOfTheToolBar) {
+    ShellRig rig;
+    rig.layout.toggleView();
+    std::vector<int> clicked;
+    rig.form1.Toolbar1.ButtonClick.connect([&](int index) { clicked.push_back(index); });
+    rig.form1.mnuProgSet.userClick();
+    EXPECT_EQ(clicked, std::vector<int>{5});
+}
+
+TEST(FunctionsMenu, ProgramSettingsOnlySaySoFrom9100On) {
+    for (const int height : {9100, 9101, 12000}) {
+        ShellRig rig;
+        rig.form1.setSize(9000, height);
+        rig.form1.mnuProgSet.userClick();
+        EXPECT_EQ(rig.form1.Height(), height);
+        ASSERT_EQ(rig.host.boxes.size(), 1u);
+        EXPECT_EQ(rig.host.boxes[0].text, "The program settings and options are already shown.");
+        EXPECT_EQ(rig.host.boxes[0].icon, BoxIcon::information);
+        EXPECT_EQ(rig.host.boxes[0].buttons, BoxButtons::ok);
+    }
+}
+
+TEST(FunctionsMenu, ShowRecycleBinShowsItsView) {
+    ShellRig rig;
+    rig.form1.mnuRecyc.userClick();
+    EXPECT_EQ(rig.windows.calls, Texts{"RecycleBin"});
+}
+
+TEST(FunctionsMenu, DefragUtilityStartsTheSystemsOwn) {
+    ShellRig rig;
+    rig.machine.environment["windir"] = "D:\\Win";
+    rig.form1.mnuDefrag.userClick();
+    EXPECT_EQ(rig.orders(), Texts{"Form1 open D:\\Win\\system32\\dfrg.msc"});
+}
+
+TEST(FunctionsMenu, EmptyRecycleBinEmptiesAllDrivesAndRaisesAnAlert) {
+    ShellRig rig;
+    rig.form1.mnuEmptyRecyc.userClick();
+    ASSERT_EQ(rig.machine.emptied.size(), 1u);
+    EXPECT_EQ(rig.machine.emptied[0].root, "");
+    EXPECT_EQ(rig.machine.emptied[0].flags, 0u);
+    ASSERT_EQ(rig.form1.LVAlert.Count(), 1);
+    const ListItem& alert = rig.form1.LVAlert.ListItems(1);
+    EXPECT_EQ(alert.Text(), "Medium");
+    EXPECT_EQ(alert.SubItems(1), "20260314 15:09:26");
+    EXPECT_EQ(alert.SubItems(2), "User cleared recycle bin");
+}
+
+TEST(FunctionsMenu, AFailedEmptyingIsNotLookedAt) {
+    ShellRig rig;
+    rig.machine.log.failCall(1, 5);
+    rig.form1.mnuEmptyRecyc.userClick();
+    EXPECT_EQ(rig.form1.LVAlert.ListItems(1).SubItems(2), "User cleared recycle bin");
+}
+
+TEST(FunctionsMenu, AnErrorOfTheAlertBecomesAnAlert) {
+    ShellRig rig;
+    rig.forms.globals.lngAlertsRaised = 2147483647;
+    EXPECT_NO_THROW(rig.form1.mnuEmptyRecyc.userClick());
+    ASSERT_EQ(rig.form1.LVAlert.Count(), 2);
+    const ListItem& alert = rig.form1.LVAlert.ListItems(1);
+    EXPECT_EQ(alert.Text(), "Medium");
+    EXPECT_EQ(alert.SubItems(1), "20260314 15:09:26");
+    EXPECT_EQ(alert.SubItems(2), "Error on Command  Overflow");
+    EXPECT_TRUE(rig.host.boxes.empty());
+}
+
+TEST(FunctionsMenu, NotificationShowsTheMailSettings) {
+    ShellRig rig;
+    rig.form1.mnuNotif.userClick();
+    EXPECT_TRUE(rig.forms.frmNotify.Visible());
+}
+
+TEST(FunctionsMenu, ShowAlertDialogShowsItOnce) {
+    ShellRig rig;
+    rig.form1.mnuShowAlert.userClick();
+    rig.form1.mnuShowAl.userClick();
+    EXPECT_EQ(rig.windows.calls, (Texts{"alert dialog", "alert dialog"}));
+}
+
+TEST(FunctionsMenu, CleanManagerOpensItsOwnDialog) {
+    ShellRig rig;
+    rig.form1.mnuCleaner.userClick();
+    EXPECT_EQ(rig.orders(), Texts{"Form1 open cleanmgr"});
+    EXPECT_EQ(rig.machine.orders[0].parameters, " ");
+}
+
+TEST(FunctionsMenu, SorbaneDoesNothing) {
+    ShellRig rig;
+    rig.form1.mnuSorbane.userClick();
+    EXPECT_TRUE(rig.windows.calls.empty());
+    EXPECT_TRUE(rig.machine.executed.empty());
+}
+
+TEST(FunctionsMenu, ToSystrayAddsTheIconThatIsSwitchedOffAndHidesTheWindow) {
+    ShellRig rig;
+    rig.form1.chkSystray.setValue(0);
+    rig.forms.globals.sTrayTip = "tip";
+    rig.form1.mnuToSystray.userClick();
+    EXPECT_EQ(rig.windows.calls, Texts{"prcAddSystray 1 tip"});
+    EXPECT_FALSE(rig.form1.Visible());
+}
+
+TEST(FunctionsMenu, ToSystrayOnlyHidesTheWindowWhenTheIconIsThere) {
+    ShellRig rig;
+    ASSERT_TRUE(rig.form1.chkSystray.ticked());
+    rig.form1.mnuToSystray.userClick();
+    EXPECT_TRUE(rig.windows.calls.empty());
+    EXPECT_FALSE(rig.form1.Visible());
+    EXPECT_FALSE(rig.form1.mnuHide.Checked());
+}
+
+}  // namespace
+}  // namespace velmora::tests
