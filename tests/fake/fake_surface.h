@@ -86,8 +86,9 @@ struct FakeSurface {
     FakeNotifyArea notifyArea;
     FakeUser32 user32;
     FakeShellIcons shellIcons;
+    WorkArea workArea;
 
-    Surface all() { return {host, notifyArea, user32, shellIcons}; }
+    Surface all() { return {host, notifyArea, user32, shellIcons, workArea}; }
 };
 
 }  // namespace velmora::fake
