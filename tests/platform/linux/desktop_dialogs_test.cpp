@@ -53,8 +53,7 @@ TEST_F(DesktopDialogs, TheChosenFolderIsADrivePath) {
     EXPECT_EQ(browse(), Browse::chosen);
     EXPECT_EQ(chosen(), "/srv/my data/Größe 日本");
     EXPECT_EQ(list_.place[1], ':');
-    EXPECT_EQ(called(),
-              "zenity\n--file-selection\n--directory\n--title=Select Folder/Path\n");
+    EXPECT_EQ(called(), "zenity\n--file-selection\n--directory\n--title=Select Folder/Path\n");
 }
 
 TEST_F(DesktopDialogs, OneLineEndIsNoPartOfTheName) {

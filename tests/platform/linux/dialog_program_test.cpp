@@ -53,10 +53,10 @@ TEST(DialogProgram, TheProgramGoesOnBesideIt) {
     const std::string mark = folder / "go on";
     int runs = 0;
     // It ends only because of what runs beside it.
-    const auto answer = runScript("until [ -e '" + mark + "' ]; do sleep 0.01; done; echo done",
-                                  [&] {
-                                      if (++runs == 3) std::ofstream(mark) << "x";
-                                  });
+    const auto answer =
+        runScript("until [ -e '" + mark + "' ]; do sleep 0.01; done; echo done", [&] {
+            if (++runs == 3) std::ofstream(mark) << "x";
+        });
     ASSERT_TRUE(answer);
     EXPECT_EQ(answer->output, "done\n");
     EXPECT_GE(runs, 3);
@@ -66,8 +66,8 @@ TEST(DialogProgram, TheProgramGoesOnAlsoOnceTheOutputIsClosed) {
     const TestFolder folder;
     const std::string mark = folder / "go on";
     int runs = 0;
-    const auto answer = runScript(
-        "echo text; exec >&-; until [ -e '" + mark + "' ]; do sleep 0.01; done", [&] {
+    const auto answer =
+        runScript("echo text; exec >&-; until [ -e '" + mark + "' ]; do sleep 0.01; done", [&] {
             if (++runs == 3) std::ofstream(mark) << "x";
         });
     ASSERT_TRUE(answer);
@@ -78,10 +78,9 @@ TEST(DialogProgram, TheProgramGoesOnAlsoOnceTheOutputIsClosed) {
 TEST(DialogProgram, IsEndedWhenWhatRunsBesideItThrows) {
     const TestFolder folder;
     const auto run = [&] {
-        runScript("echo $$ >'" + (folder / "id") + "'; exec sleep 1000",
-                  [&] {
-                      if (!contentsOf(folder / "id").empty()) throw std::runtime_error("end");
-                  });
+        runScript("echo $$ >'" + (folder / "id") + "'; exec sleep 1000", [&] {
+            if (!contentsOf(folder / "id").empty()) throw std::runtime_error("end");
+        });
     };
     EXPECT_THROW(run(), std::runtime_error);
     EXPECT_TRUE(hasNoChild());

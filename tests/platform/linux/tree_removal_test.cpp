@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/mount.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -83,9 +84,25 @@ TEST_F(TreeRemoval, OnlyWhatIsToGoGoes) {
     EXPECT_EQ(left(), Listing{"b"});
 }
 
+// The limit on open files, while this object is there.
+class OpenFilesLimit {
+  public:
+    explicit OpenFilesLimit(rlim_t most) {
+        getrlimit(RLIMIT_NOFILE, &before_);
+        const rlimit lower{most, before_.rlim_max};
+        setrlimit(RLIMIT_NOFILE, &lower);
+    }
+    ~OpenFilesLimit() { setrlimit(RLIMIT_NOFILE, &before_); }
+    OpenFilesLimit(const OpenFilesLimit&) = delete;
+    OpenFilesLimit& operator=(const OpenFilesLimit&) = delete;
+
+  private:
+    rlimit before_{};
+};
+
 TEST_F(TreeRemoval, ItGoesAsDeepAsTheFoldersDo) {
     int folder = open((scratch_ / "in").c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    constexpr int levels = 2000;
+    constexpr int levels = 500;
     for (int level = 0; level < levels; ++level) {
         ASSERT_EQ(mkdirat(folder, "deeper", 0700), 0);
         const int file = openat(folder, "file", O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
@@ -95,6 +112,7 @@ TEST_F(TreeRemoval, ItGoesAsDeepAsTheFoldersDo) {
         folder = next;
     }
     close(folder);
+    const OpenFilesLimit limit(200);
     EXPECT_EQ(removeAll(), 0);
     EXPECT_EQ(left(), Listing{});
 }

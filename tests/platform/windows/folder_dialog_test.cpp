@@ -123,8 +123,7 @@ TEST_F(FolderDialog, OkGivesTheFolderThatIsSelected) {
 
 TEST_F(FolderDialog, CancelAndClosingDismissIt) {
     EXPECT_EQ(browse([](HWND window) { click(window, IDCANCEL); }), Browse::dismissed);
-    EXPECT_EQ(browse([](HWND window) { PostMessageW(window, WM_CLOSE, 0, 0); }),
-              Browse::dismissed);
+    EXPECT_EQ(browse([](HWND window) { PostMessageW(window, WM_CLOSE, 0, 0); }), Browse::dismissed);
     EXPECT_EQ(list_.place, "as before");
 }
 
@@ -147,9 +146,7 @@ TEST_F(FolderDialog, TheProgramGoesOnWhileItStands) {
 }
 
 TEST_F(FolderDialog, IsClosedWhenWhatRunsBesideItThrows) {
-    const auto run = [&] {
-        browse([](HWND) {}, [] { throw std::runtime_error("end"); });
-    };
+    const auto run = [&] { browse([](HWND) {}, [] { throw std::runtime_error("end"); }); };
     EXPECT_THROW(run(), std::runtime_error);
     EXPECT_EQ(dialog(), nullptr);
     EXPECT_EQ(list_.place, "as before");

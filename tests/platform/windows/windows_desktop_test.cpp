@@ -75,9 +75,9 @@ TEST(WindowsAdvapi32, ValuesOfOtherProgramsAreRead) {
         ~Removed() { RegDeleteKeyW(HKEY_CURRENT_USER, keyName); }
     } removed;
     const auto write = [](const wchar_t* name, DWORD type, const void* data, std::size_t size) {
-        EXPECT_EQ(RegSetKeyValueW(HKEY_CURRENT_USER, keyName, name, type, data,
-                                  static_cast<DWORD>(size)),
-                  ERROR_SUCCESS);
+        EXPECT_EQ(
+            RegSetKeyValueW(HKEY_CURRENT_USER, keyName, name, type, data, static_cast<DWORD>(size)),
+            ERROR_SUCCESS);
     };
     const std::wstring longText(5000, L'ö');
     write(L"text", REG_SZ, L"Größe 日本", 9 * sizeof(wchar_t));
@@ -113,10 +113,10 @@ TEST(WindowsAdvapi32, ValuesOfOtherProgramsAreRead) {
 TEST(WindowsAdvapi32, TheSystemsOwnKeysAreReadWithReadAccess) {
     WindowsAdvapi32 registry;
     RegistryKey key = 0;
-    ASSERT_EQ(registry.RegOpenKeyExA(hive::localMachine,
-                                     R"(SOFTWARE\Microsoft\Windows NT\CurrentVersion)", 0, 0x20019,
-                                     key),
-              ERROR_SUCCESS);
+    ASSERT_EQ(
+        registry.RegOpenKeyExA(hive::localMachine,
+                               R"(SOFTWARE\Microsoft\Windows NT\CurrentVersion)", 0, 0x20019, key),
+        ERROR_SUCCESS);
     std::uint32_t type = 0;
     std::string version;
     EXPECT_EQ(registry.RegQueryValueExA(key, "CurrentVersion", type, version), ERROR_SUCCESS);
