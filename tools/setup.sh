@@ -11,7 +11,7 @@ build_packages=(build-essential cmake ninja-build ccache pkg-config nlohmann-jso
 # What the tests take besides: libraries, the cross compiler, Wine, and tools that make file
 # systems to test on.
 test_packages=(googletest libfuse3-dev fuse3 libz-mingw-w64-dev python3
-    gcc-mingw-w64-x86-64-posix g++-mingw-w64-x86-64-posix wine wine64 e2fsprogs mount)
+    gcc-mingw-w64-x86-64-posix g++-mingw-w64-x86-64-posix wine wine64 xvfb e2fsprogs mount)
 
 say() { printf '%s\n' "$*" >&2; }
 

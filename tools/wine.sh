@@ -16,6 +16,10 @@ start_wine() {
     export WINEPREFIX=$root/build/wine
     export WINEDEBUG=-all
     export WINEDLLOVERRIDES='mscoree=;mshtml=;winemenubuilder.exe=d;winedbg.exe=d'
+    # Wine's recycle bin is the trash of the user's desktop; the tests have one of their own.
+    export XDG_DATA_HOME=$root/build/wine-data
+    mkdir -p "$XDG_DATA_HOME"
+    export VELMORA_OWN_RECYCLE_BIN=Z:${XDG_DATA_HOME//\//\\}\\Trash
     wine_started=yes
     rm -f "$WINEPREFIX/known-drives"
     # A prefix without the mark was left half-made.

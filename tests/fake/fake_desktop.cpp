@@ -52,7 +52,8 @@ int FakeMachine::openKeys() const {
 FakeRegistryKey* FakeMachine::Desktop::find(RegistryKey key) {
     const auto opened = open.find(key);
     if (opened == open.end()) return nullptr;
-    const auto found = findKey(machine.registry, opened->second.name.first, opened->second.name.second);
+    const auto found =
+        findKey(machine.registry, opened->second.name.first, opened->second.name.second);
     return found == machine.registry.end() ? nullptr : &found->second;
 }
 

@@ -8,9 +8,9 @@
 // The clock is not recorded: it can't fail, and whoever waits asks it all the time.
 //
 // An operation that tells failures by its result fails in that way too when its turn comes: the
-// registry, SHGetSpecialFolderLocation and SHEmptyRecycleBinA give the planned number as their code,
-// ShellExecuteEx and SHGetPathFromIDListA false, CreateShortcut null, GetEnvironmentVariableA an
-// empty text; SHBrowseForFolder is dismissed.
+// registry, SHGetSpecialFolderLocation and SHEmptyRecycleBinA give the planned number as their
+// code, ShellExecuteEx and SHGetPathFromIDListA false, CreateShortcut null, GetEnvironmentVariableA
+// an empty text; SHBrowseForFolder is dismissed.
 #pragma once
 
 #include <cstdint>

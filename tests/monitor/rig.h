@@ -126,7 +126,8 @@ struct RecordedPorts {
         calls.push_back(what + " " + std::to_string(number));
     }
     MonitorPorts all() {
-        return {events, actions, stats, settings, log, icons, watchSwitch, onTop, view, dialog, trayIcon, tabs, updates};
+        return {events, actions, stats,  settings, log,  icons,  watchSwitch,
+                onTop,  view,    dialog, trayIcon, tabs, updates};
     }
     int count(const std::string& call) const {
         return static_cast<int>(std::count(calls.begin(), calls.end(), call));

@@ -24,10 +24,9 @@ std::optional<DialogAnswer> runFirst(const std::vector<Command>& commands,
 
 std::optional<std::string> chooseFolder(const std::string& title,
                                         const std::function<void()>& whileOpen) {
-    const auto answer =
-        runFirst({{"zenity", "--file-selection", "--directory", "--title=" + title},
-                  {"kdialog", "--title", title, "--getexistingdirectory", "/"}},
-                 whileOpen);
+    const auto answer = runFirst({{"zenity", "--file-selection", "--directory", "--title=" + title},
+                                  {"kdialog", "--title", title, "--getexistingdirectory", "/"}},
+                                 whileOpen);
     if (!answer) return std::nullopt;
     std::string path = answer->isAccepted ? answer->output : "";
     // One line end is the program's; another one belongs to the name.

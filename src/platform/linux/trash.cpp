@@ -118,8 +118,10 @@ std::int32_t emptyTrash(const std::vector<DriveRoot>& drives, const std::vector<
     const std::string home = resolved(dataFolder()) + "/Trash";
     int failure = 0;
     for (const DriveRoot& drive : drives) {
-        if (isOnDrive(home, drive, roots)) failure = firstOf(failure, emptyFolder(OpenFolder(home)));
-        failure = firstOf(failure, emptyTopFolders(drive.mountPoint == "/" ? "" : drive.mountPoint));
+        if (isOnDrive(home, drive, roots))
+            failure = firstOf(failure, emptyFolder(OpenFolder(home)));
+        failure =
+            firstOf(failure, emptyTopFolders(drive.mountPoint == "/" ? "" : drive.mountPoint));
     }
     return codeOf(failure);
 }

@@ -43,8 +43,7 @@ bool WindowsShell32::SHGetPathFromIDListA(const ItemIdList& list, std::string& b
 
 std::int32_t WindowsShell32::ShellExecuteA(const std::string&, const std::string& operation,
                                            const std::string& file, const std::string& parameters,
-                                           const std::string& directory,
-                                           std::int32_t showCommand) {
+                                           const std::string& directory, std::int32_t showCommand) {
     const auto orNull = [](const std::wstring& text) {
         return text.empty() ? nullptr : text.c_str();
     };

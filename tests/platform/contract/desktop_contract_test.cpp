@@ -5,6 +5,8 @@ namespace {
 
 constexpr const char* runKey = R"(SOFTWARE\Microsoft\Windows\CurrentVersion\Run)";
 constexpr std::uint32_t allAccess = 0xF003F;
+constexpr std::uint32_t readAccess = 0x20019;
+constexpr std::uint32_t writeAccess = 0x20006;
 constexpr std::uint32_t text = 1;
 constexpr std::int32_t sendTo = 9;
 
@@ -13,8 +15,9 @@ class DesktopContract : public ContractTest {
     Advapi32& advapi32() { return platform().advapi32; }
     Shell32& shell32() { return platform().shell32; }
 
-    std::int32_t open(const std::string& subKey, RegistryKey& key) {
-        return advapi32().RegOpenKeyExA(hive::localMachine, subKey, 0, allAccess, key);
+    std::int32_t open(const std::string& subKey, RegistryKey& key,
+                      std::uint32_t access = allAccess) {
+        return advapi32().RegOpenKeyExA(hive::localMachine, subKey, 0, access, key);
     }
     std::int32_t setValue(RegistryKey key, const std::string& data) {
         return advapi32().RegSetValueExA(key, "VelmoraContract", 0, text, data,
@@ -30,6 +33,52 @@ TEST_P(DesktopContract, AValueIsWrittenAmongTheProgramsThatStartWithTheSystem) {
     EXPECT_EQ(setValue(key, platform().app.Path + '\\' + platform().app.EXEName), 0);
     EXPECT_EQ(setValue(key, ""), 0);
     EXPECT_EQ(advapi32().RegCloseKey(key), 0);
+}
+
+TEST_P(DesktopContract, AValueIsReadAsItWasWritten) {
+    RegistryKey key = 0;
+    ASSERT_EQ(open(runKey, key), 0);
+    std::uint32_t type = 0;
+    std::string data = "as before";
+    for (const std::string& written : {platform().app.Path + "\\Größe 日本.exe", std::string()}) {
+        ASSERT_EQ(setValue(key, written), 0);
+        EXPECT_EQ(advapi32().RegQueryValueExA(key, "VelmoraContract", type, data), 0);
+        EXPECT_EQ(type, text);
+        EXPECT_EQ(data, written);
+    }
+    EXPECT_EQ(advapi32().RegCloseKey(key), 0);
+}
+
+TEST_P(DesktopContract, AValueThatIsNotThereIsCode2AndGivesNothing) {
+    RegistryKey key = 0;
+    ASSERT_EQ(open(runKey, key), 0);
+    std::uint32_t type = 77;
+    std::string data = "as before";
+    EXPECT_EQ(advapi32().RegQueryValueExA(key, "Velmora tests: no such value", type, data), 2);
+    EXPECT_EQ(type, 77u);
+    EXPECT_EQ(data, "as before");
+    EXPECT_EQ(advapi32().RegCloseKey(key), 0);
+    EXPECT_EQ(advapi32().RegQueryValueExA(0, "VelmoraContract", type, data), 6);
+}
+
+TEST_P(DesktopContract, AKeyRefusesWhatItWasNotOpenedFor) {
+    RegistryKey key = 0;
+    ASSERT_EQ(open(runKey, key, writeAccess), 0);
+    ASSERT_EQ(setValue(key, ""), 0);
+    std::uint32_t type = 0;
+    std::string data;
+    EXPECT_EQ(advapi32().RegQueryValueExA(key, "VelmoraContract", type, data), 5);
+    EXPECT_EQ(advapi32().RegCloseKey(key), 0);
+    ASSERT_EQ(open(runKey, key, readAccess), 0);
+    EXPECT_EQ(setValue(key, "x"), 5);
+    EXPECT_EQ(advapi32().RegQueryValueExA(key, "VelmoraContract", type, data), 0);
+    EXPECT_EQ(advapi32().RegCloseKey(key), 0);
+}
+
+TEST_P(DesktopContract, AnEnvironmentVariableThatIsNotSetIsEmpty) {
+    EXPECT_EQ(platform().kernel32.GetEnvironmentVariableA("VELMORA_NO_SUCH_VARIABLE"), "");
+    EXPECT_EQ(platform().kernel32.GetEnvironmentVariableA(""), "");
+    EXPECT_EQ(platform().kernel32.GetEnvironmentVariableA("="), "");
 }
 
 TEST_P(DesktopContract, AKeyIsFoundWithoutRegardToCase) {

@@ -33,6 +33,18 @@ class LinuxAdvapi32Test : public testing::Test {
         EXPECT_EQ(registry_.RegCloseKey(key), 0);
         return result;
     }
+    // The value's text, or the code of the failure.
+    std::string get(const std::string& name) {
+        const RegistryKey key = opened();
+        std::uint32_t type = 0;
+        std::string data;
+        const auto result = registry_.RegQueryValueExA(key, name, type, data);
+        EXPECT_EQ(registry_.RegCloseKey(key), 0);
+        if (result == 0) {
+            EXPECT_EQ(type, 1u);
+        }
+        return result == 0 ? data : std::to_string(result);
+    }
     std::string drivePath(const std::string& hostPath) {
         return drivePathOf(hostPath, volumes_.roots());
     }
@@ -59,6 +71,28 @@ TEST_F(LinuxAdvapi32Test, AnEmptyValueLeavesAHiddenEntry) {
     EXPECT_EQ(contentsOf(entryFile("velmora")), autostartEntry("Velmora", ""));
     EXPECT_EQ(set("Other", std::string(1, '\0')), 0);
     EXPECT_EQ(contentsOf(entryFile("other")), autostartEntry("Other", ""));
+}
+
+TEST_F(LinuxAdvapi32Test, AValueIsReadBackFromItsEntry) {
+    for (const std::string& program :
+         {home_ / "program", home_ / "my 100% \"program\" $x`y\\z", home_ / "a=b\tc\nd ö"}) {
+        ASSERT_EQ(set("Velmora", drivePath(program)), 0);
+        EXPECT_EQ(get("velmora"), drivePath(program));
+    }
+    ASSERT_EQ(set("Velmora", ""), 0);
+    EXPECT_EQ(get("Velmora"), "");
+}
+
+TEST_F(LinuxAdvapi32Test, AValueThatIsNoSuchEntryIsCode2) {
+    EXPECT_EQ(get("Velmora"), "2");
+    EXPECT_EQ(get("../x"), "2");
+    std::filesystem::create_directories(home_ / ".config/autostart");
+    for (const char* text : {"", "[Desktop Entry]\n", "[Desktop Entry]\nExec=sh -c x\n",
+                             "[Desktop Entry]\nExec=\"/bin/sh\" -c x\n",
+                             "[Desktop Entry]\nExec=\"/bin/sh\nHidden=false\n"}) {
+        std::ofstream(entryFile("velmora")) << text;
+        EXPECT_EQ(get("Velmora"), "2") << text;
+    }
 }
 
 TEST_F(LinuxAdvapi32Test, OnlyTheFirstBytesOfTheDataCount) {
@@ -93,6 +127,9 @@ TEST_F(LinuxAdvapi32Test, EveryOtherKeyIsMissing) {
     EXPECT_EQ(registry_.RegOpenKeyExA(hive::currentUser, run, 0, 0xF003F, key), 2);
     EXPECT_EQ(registry_.RegOpenKeyExA(hive::localMachine, run + "Once", 0, 0xF003F, key), 2);
     EXPECT_EQ(registry_.RegOpenKeyExA(hive::localMachine, "", 0, 0xF003F, key), 2);
+    EXPECT_EQ(registry_.RegOpenKeyExA(hive::localMachine,
+                                      R"(SOFTWARE\Microsoft\Shared Tools\MSINFO)", 0, 0x20019, key),
+              2);
     EXPECT_EQ(key, 0u);
 }
 

@@ -1,5 +1,8 @@
 // The registry, special folders and shortcuts, as other programs of the system see them.
+#include "platform/windows/windows_shell32.h"
+
 #include <gtest/gtest.h>
+// Behind the one of the shell: the system's headers give names in it to their wide versions.
 #include <windows.h>
 // Behind the one above, which they need.
 #include <commctrl.h>
@@ -9,7 +12,7 @@
 #include "base/errors.h"
 #include "platform/windows/shortcut_fields.h"
 #include "platform/windows/windows_advapi32.h"
-#include "platform/windows/windows_shell32.h"
+#include "platform/windows/windows_kernel32.h"
 #include "platform/windows/windows_wscript_shell.h"
 #include "run_value.h"
 #include "scratch_folder.h"
@@ -64,6 +67,73 @@ TEST(WindowsAdvapi32, OtherKindsOfDataAreWrittenByteByByte) {
               ERROR_SUCCESS);
     EXPECT_EQ(std::string(read, size), bytes);
     EXPECT_EQ(registry.RegCloseKey(key), ERROR_SUCCESS);
+}
+
+TEST(WindowsAdvapi32, ValuesOfOtherProgramsAreRead) {
+    constexpr const wchar_t* keyName = LR"(Software\Velmora tests)";
+    const struct Removed {
+        ~Removed() { RegDeleteKeyW(HKEY_CURRENT_USER, keyName); }
+    } removed;
+    const auto write = [](const wchar_t* name, DWORD type, const void* data, std::size_t size) {
+        EXPECT_EQ(
+            RegSetKeyValueW(HKEY_CURRENT_USER, keyName, name, type, data, static_cast<DWORD>(size)),
+            ERROR_SUCCESS);
+    };
+    const std::wstring longText(5000, L'ö');
+    write(L"text", REG_SZ, L"Größe 日本", 9 * sizeof(wchar_t));
+    write(L"without NUL", REG_SZ, L"Größe", 5 * sizeof(wchar_t));
+    write(L"with more", REG_SZ, L"ab\0cd", 6 * sizeof(wchar_t));
+    write(L"odd", REG_SZ, L"ab", 3);
+    write(L"", REG_EXPAND_SZ, L"%x%", 4 * sizeof(wchar_t));
+    write(L"long", REG_SZ, longText.c_str(), (longText.size() + 1) * sizeof(wchar_t));
+    write(L"bytes", REG_BINARY, "\1\0\xff", 3);
+    write(L"number", REG_DWORD, "\2\0\0\0", 4);
+    WindowsAdvapi32 registry;
+    RegistryKey key = 0;
+    ASSERT_EQ(registry.RegOpenKeyExA(hive::currentUser, toUtf8(keyName), 0, 0x20019, key),
+              ERROR_SUCCESS);
+    const auto read = [&](const std::string& name) {
+        std::uint32_t type = 0;
+        std::string data;
+        EXPECT_EQ(registry.RegQueryValueExA(key, name, type, data), ERROR_SUCCESS) << name;
+        return std::pair{type, data};
+    };
+    using Value = std::pair<std::uint32_t, std::string>;
+    EXPECT_EQ(read("text"), (Value{1, "Größe 日本"}));
+    EXPECT_EQ(read("without NUL"), (Value{1, "Größe"}));
+    EXPECT_EQ(read("with more"), (Value{1, "ab"}));
+    EXPECT_EQ(read("odd"), (Value{1, "a"}));
+    EXPECT_EQ(read(""), (Value{2, "%x%"}));
+    EXPECT_EQ(read("long"), (Value{1, toUtf8(longText)}));
+    EXPECT_EQ(read("bytes"), (Value{3, std::string("\1\0\xff", 3)}));
+    EXPECT_EQ(read("number"), (Value{4, std::string("\2\0\0\0", 4)}));
+    EXPECT_EQ(registry.RegCloseKey(key), ERROR_SUCCESS);
+}
+
+TEST(WindowsAdvapi32, TheSystemsOwnKeysAreReadWithReadAccess) {
+    WindowsAdvapi32 registry;
+    RegistryKey key = 0;
+    ASSERT_EQ(
+        registry.RegOpenKeyExA(hive::localMachine,
+                               R"(SOFTWARE\Microsoft\Windows NT\CurrentVersion)", 0, 0x20019, key),
+        ERROR_SUCCESS);
+    std::uint32_t type = 0;
+    std::string version;
+    EXPECT_EQ(registry.RegQueryValueExA(key, "CurrentVersion", type, version), ERROR_SUCCESS);
+    EXPECT_EQ(type, 1u);
+    EXPECT_FALSE(version.empty());
+    EXPECT_EQ(registry.RegCloseKey(key), ERROR_SUCCESS);
+}
+
+TEST(WindowsKernel32, EnvironmentVariablesHaveNoCase) {
+    WindowsKernel32 kernel32;
+    for (const std::wstring& text : {std::wstring(L"Größe 日本"), std::wstring(259, L'x'),
+                                     std::wstring(260, L'x'), std::wstring(5000, L'ö')}) {
+        SetEnvironmentVariableW(L"VELMORA_TESTS", text.c_str());
+        EXPECT_EQ(kernel32.GetEnvironmentVariableA("velmora_Tests"), toUtf8(text));
+    }
+    SetEnvironmentVariableW(L"VELMORA_TESTS", nullptr);
+    EXPECT_EQ(kernel32.GetEnvironmentVariableA("VELMORA_TESTS"), "");
 }
 
 TEST(WindowsAdvapi32, EveryHiveIsReached) {

@@ -1,0 +1,30 @@
+# Shell functions for a display that nobody sees, for tests that show windows.
+# To be sourced, behind tools/setup.sh.
+
+display_process=
+
+# Sets DISPLAY to a new display with a free number.
+start_display() {
+    [[ -z $display_process ]] || return 0
+    local number
+    exec {display_numbers}< <(exec Xvfb -displayfd 1 -screen 0 1280x1024x24 -nolisten tcp \
+        </dev/null 2>"$root/build/xvfb.log")
+    display_process=$!
+    if read -r -t 60 -u "$display_numbers" number && [[ -n $number ]]; then
+        export DISPLAY=:$number
+    else
+        say "Xvfb does not start; see build/xvfb.log"
+        stop_display
+        return 1
+    fi
+}
+
+# Ends it, and whatever still shows windows on it.
+stop_display() {
+    [[ -n $display_process ]] || return 0
+    kill "$display_process" 2>/dev/null || true
+    wait "$display_process" 2>/dev/null || true
+    exec {display_numbers}<&-
+    display_process=
+    unset DISPLAY
+}
