@@ -22,7 +22,7 @@ void WindowProgram::load() {
 void WindowProgram::answerIcon(const std::string& form, int message) {
     Form* owner = forms_.find(form);
     if (owner == nullptr) return;
-    hand_.does([&] { owner->MouseMove(static_cast<float>(message * qt::twipsPerPixel)); });
+    hand_.does([&] { owner->MouseMove(static_cast<float>(message * twipsPerPixel)); });
 }
 
 }  // namespace velmora

@@ -12,6 +12,9 @@ namespace velmora {
 
 class Form;
 
+/// Twips in a pixel of the design, whatever the screen's resolution.
+inline constexpr int twipsPerPixel = 15;
+
 /// Place and size in twips, within the form or the control's container.
 struct Bounds {
     int Left = 0;

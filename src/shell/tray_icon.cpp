@@ -17,7 +17,6 @@ constexpr const char* programIcon = "Form1";
 constexpr const char* alertIcon = "alert";
 constexpr std::size_t longestTip = 63;  // 64 characters hold the NUL that ends the text
 
-constexpr float twipsPerPixel = 15;
 
 enum class TrayMessage { other = 0, leftDoubleClick = 515, rightUp = 517 };
 

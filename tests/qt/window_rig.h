@@ -2,6 +2,8 @@
 // and clicked as a hand would.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <QAbstractButton>
 #include <QApplication>
 #include <QLineEdit>

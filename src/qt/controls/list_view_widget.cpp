@@ -9,12 +9,6 @@
 
 namespace velmora::qt {
 
-namespace {
-
-constexpr int twipsPerPixel = 15;
-
-}  // namespace
-
 ListViewWidget::ListViewWidget(ListView& list, ListViewModel::Pictures pictures, const Look& look,
                                UserHand& hand, QWidget* parent)
     : QTreeView(parent),

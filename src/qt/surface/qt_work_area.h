@@ -4,17 +4,17 @@
 #include <QGuiApplication>
 #include <QScreen>
 
+#include "controls/control.h"
 #include "platform/work_area.h"
 
 namespace velmora::qt {
 
 class QtWorkArea final : public WorkArea {
   public:
-    int Width() override { return area().right() * twips; }
-    int Height() override { return area().bottom() * twips; }
+    int Width() override { return area().right() * twipsPerPixel; }
+    int Height() override { return area().bottom() * twipsPerPixel; }
 
   private:
-    static constexpr int twips = 15;
     static QRect area() {
         const QScreen* screen = QGuiApplication::primaryScreen();
         return screen == nullptr ? QRect(0, 0, 1024, 768) : screen->availableGeometry();

@@ -3,14 +3,12 @@
 
 #include <QWidget>
 
+#include "controls/control.h"
 #include "controls/form.h"
 #include "qt/surface/refresher.h"
 #include "qt/surface/user_hand.h"
 
 namespace velmora::qt {
-
-/// Twips in a pixel, for sizes that are behaviour.
-inline constexpr int twipsPerPixel = 15;
 
 class FormBinding : public QObject {
     Q_OBJECT
