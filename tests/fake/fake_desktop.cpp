@@ -127,18 +127,23 @@ bool FakeMachine::Desktop::SHGetPathFromIDListA(const ItemIdList& list, std::str
 
 std::int32_t FakeMachine::Desktop::ShellExecuteA(const std::string& owner,
                                                  const std::string& operation,
-                                                 const std::string& file, const std::string&,
-                                                 const std::string&, std::int32_t) {
+                                                 const std::string& file,
+                                                 const std::string& parameters,
+                                                 const std::string& directory,
+                                                 std::int32_t showCommand) {
     constexpr std::int32_t taken = 42;
     const std::int32_t code = machine.recordCode("ShellExecuteA " + operation + ' ' + file);
     if (code != 0) return code;
-    machine.executed.push_back({.mask = 0, .owner = owner, .verb = operation, .file = file});
+    machine.executed.push_back({{.mask = 0, .owner = owner, .verb = operation, .file = file},
+                                parameters,
+                                directory,
+                                showCommand});
     return machine.executes ? taken : 2;
 }
 
 bool FakeMachine::Desktop::ShellExecuteEx(const ShellExecuteInfo& info) {
     if (machine.recordCode("ShellExecuteEx " + info.verb + ' ' + info.file) != 0) return false;
-    machine.executed.push_back(info);
+    machine.executed.push_back({info, {}, {}, 0});
     return machine.executes;
 }
 

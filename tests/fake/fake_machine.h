@@ -58,6 +58,13 @@ struct FakeEmptying {
     std::uint32_t flags = 0;
 };
 
+/// What the shell was told to run or open.
+struct FakeExecution : ShellExecuteInfo {
+    std::string parameters;
+    std::string directory;
+    std::int32_t showCommand = 0;
+};
+
 /// A shortcut as it was saved.
 struct FakeShortcut {
     std::string file;
@@ -141,7 +148,7 @@ class FakeMachine final : public Machine {
     std::vector<FakeEmptying> emptied;
     std::int32_t emptyResult = 0;
     /// What ShellExecuteA and ShellExecuteEx were told, and its answer.
-    std::vector<ShellExecuteInfo> executed;
+    std::vector<FakeExecution> executed;
     bool executes = true;
     /// The shortcuts in the order of their saving; each is also one of the files.
     std::vector<FakeShortcut> shortcuts;
