@@ -84,7 +84,8 @@ void ProgramLock::lock() {
     }
     takePassword();
     hideWindows();
-    host_.MsgBox({.text = "The program is now lock into the systray.", .icon = BoxIcon::information});
+    host_.MsgBox(
+        {.text = "The program is now lock into the systray.", .icon = BoxIcon::information});
 }
 
 // Straight from the entry into the one place that holds it.

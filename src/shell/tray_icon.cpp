@@ -120,10 +120,10 @@ void TrayIcon::sysWorkSystray_MouseMove(float x) {
 
 void TrayIcon::trayDoubleClick() {
     if (forms_.globals.bChecking &&
-        surface_.host.MsgBox(question(
-            "The program is still checking. Performing this action may cause errors.\r\n"
-            "Waiting a few seconds for the program to finish would help.\r\n"
-            "Do you wish to continue?")) != BoxAnswer::yes) {
+        surface_.host.MsgBox(
+            question("The program is still checking. Performing this action may cause errors.\r\n"
+                     "Waiting a few seconds for the program to finish would help.\r\n"
+                     "Do you wish to continue?")) != BoxAnswer::yes) {
         return;
     }
     if (lockStandsInFront()) return;
@@ -141,9 +141,9 @@ void TrayIcon::trayDoubleClick() {
 
 void TrayIcon::trayRightUp() {
     if (forms_.globals.bChecking &&
-        surface_.host.MsgBox(question(
-            "The program is still checking. Performing this action may cause errors.\r\n"
-            "Do you wish to continue?")) != BoxAnswer::yes) {
+        surface_.host.MsgBox(
+            question("The program is still checking. Performing this action may cause errors.\r\n"
+                     "Do you wish to continue?")) != BoxAnswer::yes) {
         return;
     }
     forms_.form1.mnuPopUp.PopUp();

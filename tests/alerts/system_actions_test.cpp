@@ -90,8 +90,8 @@ TEST_F(SystemActionsTest, TheCleanerIsStartedForTheMainWindowInANormalOne) {
     EXPECT_EQ(machine.executed[0].owner, "Form1");
     EXPECT_EQ(machine.executed[0].verb, "open");
     EXPECT_EQ(machine.executed[0].file, "cleanmgr");
-    EXPECT_EQ(machine.orders[0].directory, "");
-    EXPECT_EQ(machine.orders[0].showCommand, 1);
+    EXPECT_EQ(machine.executed[0].directory, "");
+    EXPECT_EQ(machine.executed[0].showCommand, 1);
 }
 
 TEST_F(SystemActionsTest, TheCleanersParametersAreTheDriveABlankAndTheSet) {
@@ -105,7 +105,7 @@ TEST_F(SystemActionsTest, TheCleanersParametersAreTheDriveABlankAndTheSet) {
                  {"", "", " "}};
     for (const auto& each : cases) {
         actions.prcCleanMan(each.drive, each.sage);
-        EXPECT_EQ(machine.orders.back().parameters, each.parameters);
+        EXPECT_EQ(machine.executed.back().parameters, each.parameters);
     }
 }
 

@@ -33,6 +33,19 @@ TEST_F(FormTest, ShowsAndHides) {
     EXPECT_EQ(changes, 2);
 }
 
+TEST_F(FormTest, StaysHiddenWhenItsLoadingHidesIt) {
+    int raised = 0;
+    form.Load.connect([this] { form.Hide(); });
+    form.Raised.connect([&] { ++raised; });
+    form.Show();
+    EXPECT_FALSE(form.Visible());
+    EXPECT_EQ(raised, 0);
+    EXPECT_EQ(changes, 0);
+    form.Show();
+    EXPECT_TRUE(form.Visible());
+    EXPECT_EQ(raised, 1);
+}
+
 TEST_F(FormTest, TellsViewsOfANewCaptionAndSizeOnly) {
     form.setCaption("Velmora");
     form.setSize(0, 0);

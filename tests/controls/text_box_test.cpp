@@ -122,5 +122,27 @@ TEST_F(TextBoxTest, TakesKeysByTheirCode) {
     EXPECT_EQ(keys.size(), 1u);
 }
 
+TEST_F(TextBoxTest, AMaskedTextIsToldByStarsOnly) {
+    box.setMasked(true);
+    set(box, "Text", "\u00FCber");
+    EXPECT_EQ(get(box, "Text"), "****");
+    EXPECT_EQ(box.Text(), "\u00FCber");
+    box.setText("");
+    EXPECT_EQ(get(box, "Text"), "");
+}
+
+TEST_F(TextBoxTest, AMaskedTextChangesLikeAnyOther) {
+    box.setMasked(true);
+    box.setText("new");
+    box.setText("new");
+    EXPECT_EQ(changes, 1);
+    box.prepend("a longer one than before, ");
+    EXPECT_EQ(changes, 2);
+    EXPECT_EQ(box.Text(), "a longer one than before, new");
+    EXPECT_EQ(box.textLength(), 29u);
+    box.setText("x");
+    EXPECT_EQ(box.Text(), "x");
+}
+
 }  // namespace
 }  // namespace velmora::tests

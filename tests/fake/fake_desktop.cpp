@@ -52,8 +52,7 @@ int FakeMachine::openKeys() const {
 FakeRegistryKey* FakeMachine::Desktop::find(RegistryKey key) {
     const auto opened = open.find(key);
     if (opened == open.end()) return nullptr;
-    const auto found =
-        findKey(machine.registry, opened->second.name.first, opened->second.name.second);
+    const auto found = findKey(machine.registry, opened->second.name.first, opened->second.name.second);
     return found == machine.registry.end() ? nullptr : &found->second;
 }
 
@@ -135,14 +134,16 @@ std::int32_t FakeMachine::Desktop::ShellExecuteA(const std::string& owner,
     constexpr std::int32_t taken = 42;
     const std::int32_t code = machine.recordCode("ShellExecuteA " + operation + ' ' + file);
     if (code != 0) return code;
-    machine.executed.push_back({.mask = 0, .owner = owner, .verb = operation, .file = file});
-    machine.orders.push_back({parameters, directory, showCommand});
+    machine.executed.push_back({{.mask = 0, .owner = owner, .verb = operation, .file = file},
+                                parameters,
+                                directory,
+                                showCommand});
     return machine.executes ? taken : 2;
 }
 
 bool FakeMachine::Desktop::ShellExecuteEx(const ShellExecuteInfo& info) {
     if (machine.recordCode("ShellExecuteEx " + info.verb + ' ' + info.file) != 0) return false;
-    machine.executed.push_back(info);
+    machine.executed.push_back({info, {}, {}, 0});
     return machine.executes;
 }
 

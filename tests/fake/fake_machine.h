@@ -58,8 +58,8 @@ struct FakeEmptying {
     std::uint32_t flags = 0;
 };
 
-/// The rest of what ShellExecuteA is told.
-struct FakeOrder {
+/// What the shell was told to run or open.
+struct FakeExecution : ShellExecuteInfo {
     std::string parameters;
     std::string directory;
     std::int32_t showCommand = 0;
@@ -148,9 +148,7 @@ class FakeMachine final : public Machine {
     std::vector<FakeEmptying> emptied;
     std::int32_t emptyResult = 0;
     /// What ShellExecuteA and ShellExecuteEx were told, and its answer.
-    std::vector<ShellExecuteInfo> executed;
-    /// What ShellExecuteA was told besides, in the same order as its own among `executed`.
-    std::vector<FakeOrder> orders;
+    std::vector<FakeExecution> executed;
     bool executes = true;
     /// The shortcuts in the order of their saving; each is also one of the files.
     std::vector<FakeShortcut> shortcuts;

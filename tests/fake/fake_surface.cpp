@@ -53,7 +53,9 @@ std::uint32_t FakeUser32::GetWindowThreadProcessId(const std::string& window,
     return found ? thread : 0;
 }
 
-void FakeUser32::AppActivate(std::uint32_t activated) { record("AppActivate" + numbers(activated)); }
+void FakeUser32::AppActivate(std::uint32_t activated) {
+    record("AppActivate" + numbers(activated));
+}
 
 bool FakeUser32::SetForegroundWindow(const std::string& window) {
     return record("SetForegroundWindow " + window);

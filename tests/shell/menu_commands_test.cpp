@@ -14,9 +14,9 @@ TEST(TrayMenu, ContentsOpensTheMakersHelpPageInANormalWindow) {
     ShellRig rig;
     rig.form1.mnuContent.userClick();
     EXPECT_EQ(rig.orders(), Texts{"Form1 open http://velmora.example/velmora/help"});
-    EXPECT_EQ(rig.machine.orders[0].showCommand, 1);
-    EXPECT_EQ(rig.machine.orders[0].parameters, "");
-    EXPECT_EQ(rig.machine.orders[0].directory, "");
+    EXPECT_EQ(rig.machine.executed[0].showCommand, 1);
+    EXPECT_EQ(rig.machine.executed[0].parameters, "");
+    EXPECT_EQ(rig.machine.executed[0].directory, "");
 }
 
 TEST(TrayMenu, ProgramWebpageOpensTheMakersPage) {
@@ -68,7 +68,7 @@ TEST(ListMenu, ExploreOpensEverySelectedRow) {
     rig.list.userSelect({1, 2});
     rig.form1.mnuExplore.userClick();
     EXPECT_EQ(rig.orders(), (Texts{"Form1 explore C:\\", "Form1 explore D:\\data"}));
-    EXPECT_EQ(rig.machine.orders[1].showCommand, 1);
+    EXPECT_EQ(rig.machine.executed[1].showCommand, 1);
 }
 
 TEST(ListMenu, AFailedExploreIsNotReportedAndTheNextRowComes) {
@@ -210,7 +210,7 @@ TEST(FunctionsMenu, CleanManagerOpensItsOwnDialog) {
     ShellRig rig;
     rig.form1.mnuCleaner.userClick();
     EXPECT_EQ(rig.orders(), Texts{"Form1 open cleanmgr"});
-    EXPECT_EQ(rig.machine.orders[0].parameters, " ");
+    EXPECT_EQ(rig.machine.executed[0].parameters, " ");
 }
 
 TEST(FunctionsMenu, SorbaneDoesNothing) {

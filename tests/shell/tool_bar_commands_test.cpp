@@ -97,7 +97,7 @@ TEST(ToolBarCommands, NoOpensTheLocalHelpFile) {
     rig.host.answers = {BoxAnswer::no};
     rig.form1.Toolbar1.userClickPart(helpButton);
     EXPECT_EQ(rig.orders(), Texts{"Form1 open C:\\Program Files\\Velmora\\velmora.html"});
-    EXPECT_EQ(rig.machine.orders[0].showCommand, 1);
+    EXPECT_EQ(rig.machine.executed[0].showCommand, 1);
 }
 
 TEST(ToolBarCommands, AFailedHelpPageIsNotReported) {

@@ -1,6 +1,7 @@
 #include "platform/linux/linux_shell32.h"
 
 #include <cstdlib>
+#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -28,6 +29,15 @@ bool isAddress(const std::string& text) {
     const auto colon = text.find(':');
     return colon != std::string::npos && colon >= 2 &&
            text.find_first_not_of("abcdefghijklmnopqrstuvwxyz+-.0123456789") == colon;
+}
+
+// The address of a place that only the system's file manager knows, told as the one parameter of
+// that program; empty for one without a counterpart, and nothing for every other order.
+std::optional<std::string> addressOfShellPlace(const std::string& file,
+                                               const std::string& parameters) {
+    if (lowerCase(file) != "explorer" || !parameters.starts_with("::")) return std::nullopt;
+    const bool isRecycleBin = lowerCase(parameters) == "::{645ff040-5081-101b-9f08-00aa002f954e}";
+    return isRecycleBin ? "trash:///" : "";
 }
 
 bool hasTakenOrder(ChildPrograms::Result result) {
@@ -71,12 +81,14 @@ bool LinuxShell32::SHGetPathFromIDListA(const ItemIdList& list, std::string& buf
 }
 
 std::int32_t LinuxShell32::ShellExecuteA(const std::string&, const std::string&,
-                                         const std::string& file, const std::string&,
+                                         const std::string& file, const std::string& parameters,
                                          const std::string&, std::int32_t) {
     constexpr std::int32_t taken = 33;
     constexpr std::int32_t notFound = 2;
-    if (isAddress(file)) {
-        return hasTakenOrder(programs_.run({"xdg-open", file})) ? taken : notFound;
+    const std::string address =
+        addressOfShellPlace(file, parameters).value_or(isAddress(file) ? file : "");
+    if (!address.empty()) {
+        return hasTakenOrder(programs_.run({"xdg-open", address})) ? taken : notFound;
     }
     const std::string hostPath = hostPathOf(file, volumes_.roots());
     if (hostPath.empty() || volumes_.kindOf(hostPath) == FileKind::none) return notFound;

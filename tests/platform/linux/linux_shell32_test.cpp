@@ -114,6 +114,21 @@ TEST_F(LinuxShell32Test, FilesAndAddressesAreOpenedAndWhatIsMissingIsNot) {
     EXPECT_LE(open(drivePathOf(home_ / "missing", volumes_.roots())), 32);
 }
 
+TEST_F(LinuxShell32Test, TheRecycleBinIsTheTrashAndScheduledTasksAreNowhere) {
+    install("xdg-open");
+    const auto explore = [&](const std::string& place) {
+        return shell_.ShellExecuteA("Icon1", "open", "Explorer", place, "", 1);
+    };
+    EXPECT_GT(explore("::{645FF040-5081-101B-9F08-00AA002F954E}"), 32);
+    EXPECT_EQ(called(), "xdg-open\ntrash:///\n");
+    std::filesystem::remove(home_ / "called");
+    EXPECT_LE(explore("::{20D04FE0-3AEA-1069-A2D8-08002B30309D}\\"
+                      "::{21EC2020-3AEA-1069-A2DD-08002B30309D}\\"
+                      "::{D6277990-4C6A-11CF-8D87-00AA0060F5BF}"),
+              32);
+    EXPECT_EQ(called(), "");
+}
+
 TEST_F(LinuxShell32Test, WhatIsNotThereIsNotOpened) {
     install("xdg-open");
     EXPECT_FALSE(execute("open", home_ / "missing"));
