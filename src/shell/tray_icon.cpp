@@ -13,8 +13,8 @@ namespace {
 
 constexpr const char* applicationTitle = "Velmora";
 constexpr const char* programTip = "Karvelle Velmora";
-constexpr const char* programIcon = "Form1";
-constexpr const char* alertIcon = "alert";
+constexpr const char* programPicture = "Form1";
+constexpr const char* alertPicture = "alert";
 constexpr std::size_t longestTip = 63;  // 64 characters hold the NUL that ends the text
 
 
@@ -67,15 +67,15 @@ bool TrayIcon::send(NotifyMessage message, const NotifyIconData& data) {
 }
 
 bool TrayIcon::prcPrepIcon() {
-    programIcon_ = record(programIcon, applicationTitle);
-    alertIcon_ = record(alertIcon, "");
+    programIcon_ = record(programPicture, applicationTitle);
+    alertIcon_ = record(alertPicture, "");
     return true;
 }
 
 bool TrayIcon::prcAddSystray(std::int16_t action, const std::string& text) {
     const std::string time = Format(platform_.clock.Now(), "mm/dd HH:mm");
     const NotifyIconData data =
-        record(programIcon, time + ' ' + (text.empty() ? applicationTitle : text));
+        record(programPicture, time + ' ' + (text.empty() ? applicationTitle : text));
     if (action == 0) return send(NotifyMessage::remove, data);
     if (action != 1 && action != 2) return false;
     const bool added = send(NotifyMessage::add, data);
@@ -84,7 +84,7 @@ bool TrayIcon::prcAddSystray(std::int16_t action, const std::string& text) {
 
 void TrayIcon::prcToolTipText(const std::string& text) {
     const std::string& shown = forms_.globals.iconHandle;
-    send(NotifyMessage::modify, record(shown.empty() ? programIcon : shown, text));
+    send(NotifyMessage::modify, record(shown.empty() ? programPicture : shown, text));
 }
 
 void TrayIcon::modifyIcon(const std::string& form) {

@@ -35,6 +35,9 @@ class TrayIcon final : public Tray {
     bool bAlertIconShown() const { return bAlertIconShown_; }
     /// Whether the notification area took the last message.
     bool taken() const { return taken_; }
+    /// The records that the flash shows in turn, as they were last prepared or shown.
+    const NotifyIconData& programIcon() const { return programIcon_; }
+    const NotifyIconData& alertIcon() const { return alertIcon_; }
 
   private:
     void sysWorkSystray_Load();

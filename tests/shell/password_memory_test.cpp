@@ -35,14 +35,19 @@ struct PasswordMemoryTest : testing::TestWithParam<std::vector<unsigned char>>, 
     }
 
     /// Types the password, of which the first `changed` characters are others.
-    void type(std::size_t changed = 0) {
-        std::string typed;
-        typed.reserve(GetParam().size());
-        for (const unsigned char byte : GetParam())
-            typed += static_cast<char>(byte ^ MemorySearch::mask);
+    void type(std::size_t changed = 0) { typeInto(forms.frmLock.Text1, changed); }
+    void typeInto(TextBox& box, std::size_t changed = 0) {
+        std::string typed = password();
         for (std::size_t i = 0; i < changed; ++i) typed[i] = '-';
-        forms.frmLock.Text1.setText(typed);
+        box.setText(typed);
         wipe(typed);
+    }
+    std::string password() {
+        std::string text;
+        text.reserve(GetParam().size());
+        for (const unsigned char byte : GetParam())
+            text += static_cast<char>(byte ^ MemorySearch::mask);
+        return text;
     }
     void press() { forms.frmLock.Command1[0].Click(); }
     void lockUp() {
@@ -135,17 +140,20 @@ TEST_P(PasswordMemoryTest, IsNowhereWhenTheEntryGrewAtItsFront) {
     EXPECT_EQ(search.count(), 0u);
 }
 
+TEST_P(PasswordMemoryTest, IsNowhereWhenItWasPutInFront) {
+    std::string typed = password();
+    forms.frmLock.Text1.prepend(typed);
+    wipe(typed);
+    forms.frmLock.Text1.setText("");
+    EXPECT_EQ(search.count(), 0u);
+}
+
 TEST_P(PasswordMemoryTest, IsNowhereWhenItsTextBoxIsGone) {
     {
         Form form("frmLock");
         TextBox box(form, "Text1");
         box.setMasked(true);
-        std::string typed;
-        typed.reserve(GetParam().size());
-        for (const unsigned char byte : GetParam())
-            typed += static_cast<char>(byte ^ MemorySearch::mask);
-        box.setText(typed);
-        wipe(typed);
+        typeInto(box);
         EXPECT_EQ(search.count(), 1u);
     }
     EXPECT_EQ(search.count(), 0u);

@@ -123,8 +123,22 @@ TEST_F(TrayFlashTest, ATipThatComesMeanwhileKeepsThePicture) {
     EXPECT_EQ(last().icon, "Form1");
 }
 
-TEST_F(TrayFlashTest, PreparingTheRecordsTellsOfSuccessAndSendsNothing) {
+TEST_F(TrayFlashTest, TheRecordsArePreparedWithBothPictures) {
+    EXPECT_EQ(tray.programIcon().icon, "Form1");
+    EXPECT_EQ(tray.programIcon().tip, "Velmora");
+    EXPECT_EQ(tray.alertIcon().icon, "alert");
+    for (const NotifyIconData* data : {&tray.programIcon(), &tray.alertIcon()}) {
+        EXPECT_EQ(data->window, "sysWorkSystray");
+        EXPECT_EQ(data->id, 1u);
+        EXPECT_EQ(data->flags, 7u);
+        EXPECT_EQ(data->callbackMessage, 512u);
+    }
+    tick();
+    tick();
+    EXPECT_EQ(tray.programIcon().tip, "Karvelle Velmora");
+    sent.clear();
     EXPECT_TRUE(tray.prcPrepIcon());
+    EXPECT_EQ(tray.programIcon().tip, "Velmora");
     EXPECT_TRUE(sent.empty());
 }
 

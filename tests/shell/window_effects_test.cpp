@@ -18,7 +18,7 @@ std::string attributes(int alpha, int flags) {
 
 struct WindowEffectsTest : testing::Test, ShellRig {
     /// The alpha that a level sets, as the last call tells it with the flags behind.
-    std::string lastAttributes() { return windowCalls.back(); }
+    std::string lastAttributes() { return windowCalls.empty() ? "" : windowCalls.back(); }
 
     WindowEffects effects{forms, surface.user32};
 };
