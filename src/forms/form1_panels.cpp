@@ -106,13 +106,17 @@ SpecifiedPanels::SpecifiedPanels(Form& form)
       lblFolder(form, "lblFolder", "Specified Path") {
     dressButtons(Label5, programButtons);
     dressButtons(lblSF, fileButtons);
-    for (const char* caption : {"Program", "Action", "File Path ", "Type"}) {
-        LVProg.addColumn({caption});
+    LVProg.addColumn({"Program", 1900});
+    LVProg.addColumn({"Action", 1000});
+    LVProg.addColumn({"File Path ", 2400});
+    LVProg.addColumn({"Type", 1000});
+    LVFile.addColumn({"File/Folder(s)", 2400});
+    LVFile.addColumn({"Size", 1500, Alignment::right});
+    LVFile.addColumn({"File Path Location", 3000});
+    for (const char* caption : {"Last Accessed", "Modified", "Created"}) {
+        LVFile.addColumn({caption, 2100});
     }
-    for (const char* caption : {"File/Folder(s)", "Size", "File Path Location", "Last Accessed",
-                                "Modified", "Created", "Type"}) {
-        LVFile.addColumn({caption});
-    }
+    LVFile.addColumn({"Type", 1200});
     cboProg.setToolTipText("Listing of File(s) to be executed on Minimum Space Trigger");
     cboFile.setToolTipText("Listing of File(s) to be used to Free Space");
     txtDrive.setToolTipText("The Folder/Path to Move File to On Triggered Action");

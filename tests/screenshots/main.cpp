@@ -15,8 +15,9 @@ using velmora::Form;
 using velmora::tests::WindowRig;
 
 QPalette darkPalette() {
-    QPalette palette;
     const QColor window(43, 45, 49);
+    // The colours of edges are derived from these two.
+    QPalette palette(QColor(56, 59, 64), window);
     const QColor text(226, 228, 232);
     palette.setColor(QPalette::Window, window);
     palette.setColor(QPalette::WindowText, text);

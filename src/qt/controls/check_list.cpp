@@ -11,6 +11,7 @@ CheckList::CheckList(ListBox& field, UserHand& hand, QWidget* parent)
     : QListWidget(parent), field_(field) {
     setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setUniformItemSizes(true);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     Refresher* refresher = bindField(this, field, [this] { showEntries(); });
     connect(this, &QListWidget::itemChanged, this, [this, &hand, refresher](QListWidgetItem* item) {
         const int index = row(item);
@@ -29,6 +30,7 @@ void CheckList::showEntries() {
         if (i >= count()) addItem(QString());
         QListWidgetItem* entry = item(i);
         entry->setFlags(Qt::ItemIsUserCheckable | Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+        entry->setSizeHint({0, fontMetrics().height() + 6});
         entry->setText(shown(field_.List(i)).trimmed());
         entry->setCheckState(field_.Selected(i) ? Qt::Checked : Qt::Unchecked);
     }
@@ -37,9 +39,14 @@ void CheckList::showEntries() {
 
 QSize CheckList::sizeHint() const {
     const int rows = std::max(1, count());
-    return {sizeHintForColumn(0) + 2 * frameWidth() + 4, rows * sizeHintForRow(0) + 2 * frameWidth() + 2};
+    int width = 0;
+    for (int i = 0; i < count(); ++i) {
+        width = std::max(width, fontMetrics().horizontalAdvance(item(i)->text()));
+    }
+    const int tick = 2 * fontMetrics().height();
+    return {width + tick + 2 * frameWidth(), rows * sizeHintForRow(0) + 2 * frameWidth() + 2};
 }
 
-QSize CheckList::minimumSizeHint() const { return {160, std::min(sizeHint().height(), 90)}; }
+QSize CheckList::minimumSizeHint() const { return {160, sizeHint().height()}; }
 
 }  // namespace velmora::qt

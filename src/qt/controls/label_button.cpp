@@ -63,10 +63,14 @@ void LabelButton::paintEvent(QPaintEvent*) {
     const QColor background = shownColour(label_.BackColor(), palette());
     QColor text = legible(shownColour(label_.ForeColor(), palette()), background);
     if (!isEnabled()) text.setAlphaF(0.45F);
-    painter.setPen(Qt::NoPen);
+    // A rim, for backgrounds as dark as the button.
+    QColor rim = text;
+    rim.setAlphaF(selected() ? 0.0F : 0.35F);
+    painter.setPen(rim);
     painter.setBrush(underMouse() && isEnabled() && !selected() ? background.lighter(150) : background);
     painter.drawPath(outline(area));
     if (selected()) {
+        painter.setPen(Qt::NoPen);
         painter.setBrush(palette().color(QPalette::Highlight));
         painter.drawRect(shape_ == Shape::topTab ? QRectF(area.left() + 4, area.top(), area.width() - 8, 3)
                                                  : QRectF(area.left(), area.top() + 4, 3, area.height() - 8));

@@ -3,11 +3,20 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
+#include <algorithm>
 
 #include "qt/surface/field.h"
 #include "qt/surface/text.h"
 
 namespace velmora::qt {
+
+namespace {
+
+// Pixels: what texts of neighbouring columns keep apart, and a column without texts.
+constexpr int columnGap = 4;
+constexpr int leastColumn = 56;
+
+}  // namespace
 
 ListViewWidget::ListViewWidget(ListView& list, ListViewModel::Pictures pictures, const Look& look,
                                UserHand& hand, QWidget* parent)
@@ -45,6 +54,7 @@ void ListViewWidget::connectField() {
     connect(model_, &ListViewModel::published, this, [this](bool anew) {
         showColumns();
         showSortMark();
+        if (look_.fits) fitColumns();
         if (anew) showSelection();
     });
     connect(header(), &QHeaderView::sectionClicked, this, [this](int column) {
@@ -63,6 +73,18 @@ void ListViewWidget::showColumns() {
         header()->setSectionResizeMode(i, i == look_.stretchedColumn ? QHeaderView::Stretch
                                                                      : QHeaderView::Interactive);
     }
+}
+
+// What isn't needed goes to the stretched column. Only wider after that: columns that follow every
+// figure would never stand still.
+void ListViewWidget::fitColumns() {
+    if (!isVisible()) return;
+    for (int i = 0; i < shownColumns_; ++i) {
+        if (i == look_.stretchedColumn) continue;
+        const int wanted = std::max(sizeHintForColumn(i) + columnGap, leastColumn);
+        if (wanted > columnWidth(i) || !fitted_) setColumnWidth(i, wanted);
+    }
+    fitted_ = fitted_ || model_->rowCount() > 0;
 }
 
 void ListViewWidget::showSortMark() {

@@ -15,6 +15,7 @@ class ListViewWidget : public QTreeView {
     struct Look {
         bool ticks = false;        ///< rows have tick boxes
         int stretchedColumn = -1;  ///< takes what is left of the width; -1 for none
+        bool fits = false;         ///< the other columns grow until their texts fit
         QSize preferred{300, 120};
     };
 
@@ -36,6 +37,7 @@ class ListViewWidget : public QTreeView {
     void connectField();
     void showColumns();
     void showSortMark();
+    void fitColumns();
     void showSelection();
     void pointTo(const QPoint& place);
 
@@ -45,6 +47,7 @@ class ListViewWidget : public QTreeView {
     ListViewModel* model_;
     bool showingSelection_ = false;
     int shownColumns_ = 0;
+    bool fitted_ = false;
 };
 
 }  // namespace velmora::qt

@@ -24,6 +24,7 @@ enum class Glyph {
     browse,
     play,
     save,
+    translucent,
     openFolder,
     stateOk,
     stateAlert,

@@ -39,6 +39,8 @@ GlyphDrawing drawingOf(Glyph glyph) {
             return drawPlay;
         case Glyph::save:
             return drawSave;
+        case Glyph::translucent:
+            return drawTranslucent;
         case Glyph::openFolder:
             return drawOpenFolder;
         case Glyph::stateOk:

@@ -48,6 +48,13 @@ void drawFunctions(GlyphCanvas& canvas) {
     canvas.block({13.5, 3, 7.5, 7.5}, 1.6, canvas.accent());
 }
 
+// A window in front of another, which shows through.
+void drawTranslucent(GlyphCanvas& canvas) {
+    canvas.frame({3.5, 3.5, 11, 11}, 1.8, canvas.ink());
+    canvas.block({9, 9, 12, 12}, 2, canvas.tint());
+    canvas.frame({9, 9, 11.5, 11.5}, 1.8, canvas.accent());
+}
+
 void drawViewLess(GlyphCanvas& canvas) {
     drawWindow(canvas);
     const QPointF tip = canvas.sharp({12, 12.2});

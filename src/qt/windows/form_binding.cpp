@@ -43,7 +43,11 @@ void FormBinding::showSize() {
     if (form_.Width() == 0 || form_.Height() == 0 || window_->isMaximized() || window_->isFullScreen()) {
         return;
     }
-    if (window_->size() != size) window_->resize(size);
+    if (window_->size() == size) return;
+    applying_ = true;
+    window_->resize(size);
+    applying_ = false;
+    isWaiting_ = window_->size() != size;
 }
 
 void FormBinding::showVisibility() {
@@ -66,7 +70,11 @@ bool FormBinding::eventFilter(QObject*, QEvent* event) {
             event->ignore();
             return true;
         case QEvent::Resize:
-            if (sized_) tellSize();
+            if (sized_ && !applying_) tellSize();
+            return false;
+        case QEvent::LayoutRequest:
+            // Panels that went make room for a size that the window couldn't take before.
+            if (sized_ && isWaiting_) refresher_->touch();
             return false;
         case QEvent::WindowStateChange:
             tellState();

@@ -29,6 +29,8 @@ class FormBinding : public QObject {
     Form& form_;
     UserHand& hand_;
     bool sized_;
+    bool applying_ = false;   // the form's size is being given to the window
+    bool isWaiting_ = false;  // the window could not take it yet
     Refresher* refresher_;
 };
 

@@ -21,6 +21,8 @@ namespace velmora::qt {
 
 namespace {
 
+constexpr double listScale = 0.9;
+
 QIcon rowPicture(const std::string& key, const QtShellIcons& icons) {
     if (key == "ok") return glyphIcon(Glyph::stateOk);
     if (key == "alert") return glyphIcon(Glyph::stateAlert);
@@ -45,8 +47,7 @@ MainWindow::MainWindow(Form1& form, const QtShellIcons& icons, UserHand& hand)
     content->addWidget(watchList_, 2);
     auto* pages = row({makeTabs(), makePages()});
     pages->setSpacing(0);
-    auto* pagesHolder = around(pages);
-    content->addWidget(pagesHolder, 5);
+    content->addLayout(pages, 5);
     setCentralWidget(around(content));
     setStatusBar(makeStatusBar(form.StatusBar1));
     addMenus();
@@ -57,7 +58,7 @@ MainWindow::MainWindow(Form1& form, const QtShellIcons& icons, UserHand& hand)
 void MainWindow::addToolBar() {
     toolBar_ = makeToolBar(form_.Toolbar1, hand_);
     toolBar_->addWidget(stretch());
-    toolBar_->addWidget(makeIconButton(form_.Command9, Glyph::viewLess, hand_));
+    toolBar_->addWidget(makeIconButton(form_.Command9, Glyph::translucent, hand_));
     toolBar_->addWidget(makeIconButton(form_.Command6, Glyph::exit, hand_));
     QMainWindow::addToolBar(Qt::TopToolBarArea, toolBar_);
 }
@@ -65,8 +66,12 @@ void MainWindow::addToolBar() {
 QWidget* MainWindow::makeWatchList(const QtShellIcons& icons) {
     auto* list = new ListViewWidget(
         form_.ListView1, [&icons](const std::string& key) { return rowPicture(key, icons); },
-        {.ticks = true, .stretchedColumn = 0, .preferred = {400, 140}}, hand_);
+        {.ticks = true, .stretchedColumn = 0, .fits = true, .preferred = {400, 140}}, hand_);
     list->setMinimumHeight(110);
+    // The window starts narrow, and five columns of figures want their place.
+    QFont smaller = list->font();
+    smaller.setPointSizeF(smaller.pointSizeF() * listScale);
+    list->setFont(smaller);
     auto* content = column({list, makeWatchListButtons()});
     auto* frame = around(content);
     bindField(frame, form_.Frame8, [] {});

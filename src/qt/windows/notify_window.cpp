@@ -76,6 +76,7 @@ QWidget* makeNotifyWindow(FrmNotify& form, UserHand& hand) {
     for (int i = 0; i < pages->count(); ++i) {
         pages->widget(i)->layout()->setContentsMargins(2 * gap, 2 * gap, 2 * gap, 2 * gap);
     }
+    pages->setUsesScrollButtons(false);
     auto* content = column({pages});
     content->setContentsMargins(2 * gap, 2 * gap, 2 * gap, 2 * gap);
     auto* window = new QWidget;

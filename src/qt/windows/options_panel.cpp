@@ -14,6 +14,7 @@ constexpr int roomForTwoColumns = 640;
 
 QWidget* makeInterval(Form1& form, UserHand& hand) {
     auto* interval = makeTimeEdit(form.DTPInterval, QStringLiteral("HH:mm:ss"), hand);
+    interval->setButtonSymbols(QAbstractSpinBox::NoButtons);
     auto* seconds = makeLineEdit(form.txtTime, hand);
     seconds->setMaximumWidth(70);
     auto* grid = new QGridLayout;
@@ -37,8 +38,9 @@ QWidget* makeCustomTime(Form1& form, UserHand& hand) {
 }  // namespace
 
 QWidget* makeOptionsPanel(Form1& form, UserHand& hand) {
-    auto* actions = group(QStringLiteral("Action on Space Shortage"),
-                          column({new CheckList(form.lstAct, hand), makeCheckBox(form.chkSeq, hand)}));
+    auto* actionList = column({new CheckList(form.lstAct, hand), makeCheckBox(form.chkSeq, hand)});
+    actionList->addStretch(1);
+    auto* actions = group(QStringLiteral("Action on Space Shortage"), actionList);
     auto* others = column({group(QStringLiteral("Alert on Selected Events"),
                                  column({new CheckList(form.lstEvt, hand)})),
                            makeInterval(form, hand), makeCustomTime(form, hand)});

@@ -14,6 +14,8 @@ namespace velmora::qt {
 
 namespace {
 
+constexpr int programPath = 2;
+
 template <std::size_t N>
 QWidget* makeLabelButtons(std::array<Label, N>& labels, UserHand& hand) {
     auto* flow = new FlowLayout(gap);
@@ -23,9 +25,9 @@ QWidget* makeLabelButtons(std::array<Label, N>& labels, UserHand& hand) {
     return around(flow);
 }
 
-ListViewWidget* makeList(ListView& list, UserHand& hand) {
+ListViewWidget* makeList(ListView& list, UserHand& hand, int stretchedColumn) {
     return new ListViewWidget(list, [](const std::string&) { return QIcon(); },
-                              {.stretchedColumn = 0, .preferred = {260, 100}}, hand);
+                              {.stretchedColumn = stretchedColumn, .preferred = {260, 100}}, hand);
 }
 
 QWidget* makePrograms(Form1& form, UserHand& hand) {
@@ -33,7 +35,7 @@ QWidget* makePrograms(Form1& form, UserHand& hand) {
     entry->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     auto* page = column({});
     page->addLayout(row({entry, makeButton(form.cmdPAdd, hand)}));
-    page->addWidget(makeList(form.LVProg, hand), 1);
+    page->addWidget(makeList(form.LVProg, hand, programPath), 1);
     page->addWidget(makeLabelButtons(form.Label5, hand));
     return around(page);
 }
@@ -42,7 +44,7 @@ QWidget* makeFiles(Form1& form, UserHand& hand) {
     auto* entry = makeComboBox(form.cboFile, hand);
     entry->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     auto* page = column({entry});
-    page->addWidget(makeList(form.LVFile, hand), 1);
+    page->addWidget(makeList(form.LVFile, hand, -1), 1);
     page->addWidget(makeLabelButtons(form.lblSF, hand));
     return around(page);
 }
