@@ -11,7 +11,7 @@ constexpr int leftDoubleClick = 515;
 constexpr int rightButtonUp = 517;
 
 QIcon iconOfKey(const std::string& key) {
-    if (key == "alert") return alertIcon();
+    if (key == "alert" || key == "tray 1") return alertIcon();
     // The icons of the forms that a paused watch shows.
     if (key == "Icon0" || key == "Icon1") return pausedIcon();
     return programIcon();
