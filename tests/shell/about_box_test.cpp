@@ -60,7 +60,7 @@ TEST_F(AboutBoxTest, ItsTimerRunsWhileItIsShown) {
 }
 
 TEST_F(AboutBoxTest, ClosingTheWindowStopsTheTimerToo) {
-    form1.mnuAbout.userClick();
+    about.showAbout();
     EXPECT_TRUE(form.Visible());
     EXPECT_TRUE(form.Timer1.Enabled());
     form.userClose();

@@ -132,7 +132,7 @@ TEST_F(ProgramLockTest, LockingAsksAndHidesTheWindowsAndTells) {
     EXPECT_FALSE(form1.Visible());
     EXPECT_FALSE(forms.dlgAlert.Visible());
     EXPECT_FALSE(forms.frmNotify.Visible());
-    EXPECT_TRUE(forms.icon1.Visible());
+    EXPECT_FALSE(forms.icon1.Visible());
     EXPECT_TRUE(sent.empty());
 }
 
