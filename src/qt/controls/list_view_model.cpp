@@ -111,7 +111,7 @@ QVariant ListViewModel::data(const QModelIndex& index, int role) const {
             if (!hasTicks_ || index.column() != 0) return {};
             return row->Checked() ? Qt::Checked : Qt::Unchecked;
         case Qt::TextAlignmentRole:
-            return headerData(index.column(), Qt::Horizontal, role);
+            return alignment(index.column());
         case Qt::FontRole:
             if (bold(*row, index.column())) {
                 QFont font;
@@ -144,9 +144,14 @@ bool ListViewModel::bold(const ListItem& row, int column) const {
 QVariant ListViewModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation != Qt::Horizontal || section < 0 || section >= list_.ColumnCount()) return {};
     const ColumnHeader& column = list_.ColumnHeaders(section + 1);
-    if (role == Qt::DisplayRole) return shown(column.Text);
-    if (role != Qt::TextAlignmentRole) return {};
-    const bool right = column.alignment == Alignment::right;
+    if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return shown(column.Text);
+    // Over figures too a heading begins at the left: in a narrow column its beginning tells most.
+    if (role == Qt::TextAlignmentRole) return static_cast<int>(Qt::AlignVCenter | Qt::AlignLeft);
+    return {};
+}
+
+int ListViewModel::alignment(int column) const {
+    const bool right = list_.ColumnHeaders(column + 1).alignment == Alignment::right;
     return static_cast<int>(Qt::AlignVCenter | (right ? Qt::AlignRight : Qt::AlignLeft));
 }
 

@@ -47,6 +47,7 @@ class ListViewModel : public QAbstractTableModel {
     QVariant text(const ListItem& row, int column) const;
     QVariant picture(const ListItem& row, int column) const;
     bool bold(const ListItem& row, int column) const;
+    int alignment(int column) const;
 
     ListView& list_;
     Pictures pictures_;
