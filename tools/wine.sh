@@ -21,7 +21,7 @@ start_wine() {
     mkdir -p "$XDG_DATA_HOME"
     export VELMORA_OWN_RECYCLE_BIN=Z:${XDG_DATA_HOME//\//\\}\\Trash
     wine_started=yes
-    rm -f "$WINEPREFIX/known-drives"
+    rm -f "$WINEPREFIX/known-surroundings"
     # A prefix without the mark was left half-made.
     [[ ! -f $WINEPREFIX/made ]] || return 0
     rm -rf "$WINEPREFIX"

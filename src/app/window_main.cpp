@@ -3,15 +3,17 @@
 
 #include "app/window_program.h"
 #include "qt/icons/program_icon.h"
+#include "qt/system/system_font.h"
 
 int main(int argc, char* argv[]) {
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
         Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QApplication application(argc, argv);
+    // No display name: Qt would put it behind each window's title.
     QApplication::setApplicationName(QStringLiteral("velmora"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Velmora"));
     QApplication::setDesktopFileName(QStringLiteral("velmora"));
     QApplication::setWindowIcon(velmora::qt::programIcon());
+    velmora::qt::useSystemFont();
     // Hidden is a normal state of every window.
     QApplication::setQuitOnLastWindowClosed(false);
 
