@@ -32,7 +32,10 @@ struct Program {
     TimerQueue timers{[this] { return machine->platform().clock.GetTickCount(); }};
     QuietHost host{timers};
     NoNotifyArea notifyArea;
-    Core core{forms, machine->platform(), host, notifyArea};
+    User32 user32;
+    ShellIcons shellIcons;
+    WorkArea workArea;
+    Core core{forms, machine->platform(), {host, notifyArea, user32, shellIcons, workArea}};
 
     Program() { addTimers(forms, timers); }
 };

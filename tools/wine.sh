@@ -27,8 +27,16 @@ start_wine() {
     rm -rf "$WINEPREFIX"
     say "Making a Wine prefix"
     timeout 300 "$wine" wineboot -i </dev/null >"$root/build/wineboot.log" 2>&1 &&
+        give_font &&
         timeout 60 "$wineserver" -w </dev/null &&
         touch "$WINEPREFIX/made"
+}
+
+# Windows programs are written in a font that every Linux machine with a desktop has: the one that
+# Wine means for them isn't installed with it, and then it would be any font of the machine.
+give_font() {
+    timeout 60 "$wine" reg add 'HKEY_CURRENT_USER\Software\Wine\Fonts\Replacements' /f \
+        /v Tahoma /d 'DejaVu Sans' </dev/null >>"$root/build/wineboot.log" 2>&1
 }
 
 # Ends what still runs in the prefix.

@@ -3,7 +3,6 @@
 
 #include "app/window_program.h"
 #include "qt/icons/program_icon.h"
-#include "qt/system/system_font.h"
 
 int main(int argc, char* argv[]) {
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
@@ -13,7 +12,6 @@ int main(int argc, char* argv[]) {
     QApplication::setApplicationName(QStringLiteral("velmora"));
     QApplication::setDesktopFileName(QStringLiteral("velmora"));
     QApplication::setWindowIcon(velmora::qt::programIcon());
-    velmora::qt::useSystemFont();
     // Hidden is a normal state of every window.
     QApplication::setQuitOnLastWindowClosed(false);
 

@@ -150,9 +150,9 @@ class Window:
                           str(x + width if x < 0 else x), str(y + height if y < 0 else y),
                           "click", "1")
 
-    def photograph(self, name, unlike=None):
-        """Keeps a picture of the window as soon as it has been drawn and doesn't look like an
-        earlier one."""
+    def photograph(self, name, unlike=None, moving=False):
+        """Keeps a picture of the window as soon as it doesn't look like an earlier one, nor changes
+        any more, unless it is a moving one."""
         PHOTOGRAPHS.mkdir(parents=True, exist_ok=True)
         path = PHOTOGRAPHS / (name + ".png")
         last = None
@@ -160,7 +160,7 @@ class Window:
         def settled():
             nonlocal last
             before, last = last, self._picture(path)
-            same = before and last and before.signature == last.signature
+            same = before and last and (moving or before.signature == last.signature)
             return last if same and not (unlike and unlike.signature == last.signature) else None
         return wait_for(settled, f"the picture {name}")
 

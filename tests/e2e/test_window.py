@@ -20,7 +20,7 @@ SHORT_OF_SPACE = scrambled("chkLog=1", "chkAutoSave=1", "txtTime=10\r\n", "minsp
 QUIET = scrambled("chkLog=1", "txtTime=3600\r\n", "minspace=4711\r\n", "custtime=0\r\n")
 
 # Places in the main window, in pixels: a row of the watch list, and a button from the edges.
-FIRST_ROW = (60, 95)
+A_ROW = (60, 95)
 SAVE_SET = (-45, -41)
 
 # A photograph of controls and texts has more colours; a window that wasn't drawn has one.
@@ -40,14 +40,13 @@ class Steps:
 
     def start(self, settings):
         self.settings.write_bytes(settings)
-        command = [*window.runner(self.windows), str(self.copy)]
-        self.program = window.Program(command, self.folder)
+        self.program = window.Program(self.windows, self.copy, self.folder)
         self.addCleanup(self.program.close)
         self.window = self.program.window
 
-    def photograph(self, shown, name, unlike=None):
+    def photograph(self, shown, name, unlike=None, moving=False):
         kind = "windows" if self.windows else "native"
-        picture = shown.photograph(f"{kind}-{name}", unlike)
+        picture = shown.photograph(f"{kind}-{name}", unlike, moving)
         self.assertEqual(picture.size, shown.size())
         self.assertGreater(picture.colours, FEWEST_COLOURS, name)
         return picture
@@ -56,7 +55,8 @@ class Steps:
         wait_for(lambda: self.window.title() == title, f"the title {title}")
 
     def tick_first_row(self):
-        self.window.click(*FIRST_ROW)
+        self.window.click(*A_ROW)
+        self.window.press("Home")
         self.window.press("space")
 
     def end(self):
@@ -89,14 +89,16 @@ class Steps:
     def test_save_set_writes_the_settings_and_shows_the_about_box(self):
         self.start(QUIET)
         self.tick_first_row()
+        before = self.photograph(self.window, "ticked")
         self.window.press("ctrl+4")
+        self.photograph(self.window, "config", before)
         self.window.click(*SAVE_SET)
         wait_for(lambda: "path=C:\\\r\n" in plain_lines(self.settings.read_bytes()),
                  "the saved settings")
         self.assertIn("minspace=4711\r\n", plain_lines(self.settings.read_bytes()))
         about = desktop.shared().window("About Velmora")
-        self.photograph(about, "about")
-        about.press("Escape")
+        self.photograph(about, "about", moving=True)
+        about.press("alt+F4")
         wait_for(lambda: not about.shown(), "the about box gone")
         self.end()
 

@@ -18,11 +18,17 @@ EXIT_BUTTON = (-24, 28)
 
 
 class Program:
-    def __init__(self, command, home):
+    """The program at `path`, with all that it keeps for its user in the folder `home`."""
+
+    def __init__(self, windows, path, home):
         self.desktop = desktop.shared()
-        environment = {**os.environ, **self.desktop.environment, "HOME": str(home)}
+        environment = {**os.environ, **self.desktop.environment, "HOME": str(home),
+                       "XDG_RUNTIME_DIR": str(home)}
         environment.pop("QT_QPA_PLATFORM", None)
-        self.process = subprocess.Popen(command, env=environment, stdin=subprocess.DEVNULL)
+        # What Wine leaves running outlives the tests, and complains when the desktop has gone.
+        noise = subprocess.DEVNULL if windows else None
+        self.process = subprocess.Popen([*runner(windows), str(path)], env=environment,
+                                        stdin=subprocess.DEVNULL, stderr=noise)
         try:
             self.window = self.desktop.window(TITLE)
         except BaseException:
