@@ -14,7 +14,7 @@ import time
 PHOTOGRAPHS = pathlib.Path(__file__).parents[2] / "build" / "screenshots"
 
 # How long something may take at most to show; between two looks nothing is gained by hurrying.
-PATIENCE = 25
+PATIENCE = 60
 PAUSE = 0.1
 
 NEEDED = ("Xvfb", "openbox", "xdotool", "import", "identify")
