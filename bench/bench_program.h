@@ -32,10 +32,10 @@ struct Program {
     TimerQueue timers{[this] { return machine->platform().clock.GetTickCount(); }};
     QuietHost host{timers};
     NoNotifyArea notifyArea;
-    User32 user32;
-    ShellIcons shellIcons;
-    WorkArea workArea;
-    Core core{forms, machine->platform(), {host, notifyArea, user32, shellIcons, workArea}};
+    User32 noWindows;
+    ShellIcons noIcons;
+    WorkArea noScreen;
+    Core core{forms, machine->platform(), {host, notifyArea, noWindows, noIcons, noScreen}};
 
     Program() { addTimers(forms, timers); }
 };

@@ -23,7 +23,6 @@ struct CoreTest : testing::Test {
     fake::FakeMachine machine;
     fake::FakeSurface surface;
     fake::FakeHost& host = surface.host;
-    fake::FakeNotifyArea& notifyArea = surface.notifyArea;
     Forms forms;
     Core core{forms, machine.platform(), surface.all()};
 };
@@ -97,7 +96,7 @@ TEST_F(CoreTest, AMissingSettingsFileReachesWhoeverLoads) {
     EXPECT_EQ(errorOf([this] { core.load(); }), error::fileNotFound);
     EXPECT_EQ(forms.form1.ListView1.Count(), 1);
     EXPECT_EQ(forms.form1.lblLog.Caption(), "");
-    EXPECT_TRUE(forms.sysWorkSystray.Visible());
+    EXPECT_EQ(surface.notifyArea.sent.size(), 1u);
     EXPECT_TRUE(machine.shortcuts.empty());
 }
 
