@@ -40,11 +40,12 @@ class Outcome:
         return f"ended with status {self.status}" if self.status else ""
 
 
-def run(command, folder=None):
+def run(command, folder=None, environment=None):
     """Runs a command in a session of its own, so that a missed time limit ends its children too."""
     with tempfile.TemporaryFile() as output:
         process = subprocess.Popen(command, cwd=folder, stdin=subprocess.DEVNULL,
                                    stdout=output, stderr=subprocess.STDOUT,
+                                   env={**os.environ, **(environment or {})},
                                    start_new_session=True)
         try:
             status = process.wait(TIME_LIMIT)
@@ -113,13 +114,13 @@ class Runner:
         print(f"{name}: 0 passed, 1 failed -- {why}", flush=True)
         self.count(0, 1, 0)
 
-    def run_gtest(self, name, command, folder):
+    def run_gtest(self, name, command, folder, environment):
         with tempfile.TemporaryDirectory() as scratch:
             report = os.path.join(scratch, "report.xml")
             told = "Z:" + report.replace("/", "\\") if self.wine else report
             options = ["--gtest_color=no", f"--gtest_output=xml:{told}"]
             begin = time.monotonic()
-            outcome = run([*command, *options], folder)
+            outcome = run([*command, *options], folder, environment)
             seconds = time.monotonic() - begin
             counted = read_report(report)
         if counted is None and not outcome.trouble():
@@ -133,9 +134,9 @@ class Runner:
         counts = (counted.passed, len(counted.failures), len(counted.skipped))
         self.conclude(name, counts, seconds, outcome)
 
-    def run_plain(self, name, command, folder):
+    def run_plain(self, name, command, folder, environment):
         begin = time.monotonic()
-        outcome = run(command, folder)
+        outcome = run(command, folder, environment)
         counts = (0, 1, 0) if outcome.trouble() else (1, 0, 0)
         self.conclude(name, counts, time.monotonic() - begin, outcome)
 
@@ -153,14 +154,14 @@ class Runner:
         if not command or not os.path.exists(command[0]):
             self.missing(test["name"], "the program was not built")
             return
-        folders = [p["value"] for p in test.get("properties", [])
-                   if p["name"] == "WORKING_DIRECTORY"]
-        folder = folders[0] if folders else None
+        properties = {p["name"]: p["value"] for p in test.get("properties", [])}
+        folder = properties.get("WORKING_DIRECTORY")
+        environment = dict(pair.split("=", 1) for pair in properties.get("ENVIRONMENT", []))
         program = os.path.basename(command[0])
         if self.wine:
             command = [self.wine, *command]
         kind = self.run_gtest if program.startswith("test_") else self.run_plain
-        kind(test["name"] + (" (Windows)" if self.wine else ""), command, folder)
+        kind(test["name"] + (" (Windows)" if self.wine else ""), command, folder, environment)
 
     def run_command(self, command):
         name = " ".join(os.path.basename(part) for part in command[1:])

@@ -6,12 +6,14 @@ export CCACHE_BASEDIR=$root
 export CCACHE_NOHASHDIR=1
 
 # What building takes.
-build_packages=(build-essential cmake ninja-build ccache pkg-config nlohmann-json3-dev zlib1g-dev)
+build_packages=(build-essential cmake ninja-build ccache pkg-config nlohmann-json3-dev zlib1g-dev
+    qt6-base-dev)
 
-# What the tests take besides: libraries, the cross compiler, Wine, and tools that make file
-# systems to test on.
+# What the tests take besides: libraries, the cross compiler, Wine, tools that make file systems to
+# test on, and tools that show windows, drive them and photograph them.
 test_packages=(googletest libfuse3-dev fuse3 libz-mingw-w64-dev python3
-    gcc-mingw-w64-x86-64-posix g++-mingw-w64-x86-64-posix wine wine64 xvfb e2fsprogs mount)
+    gcc-mingw-w64-x86-64-posix g++-mingw-w64-x86-64-posix wine wine64 e2fsprogs mount
+    xvfb openbox xdotool imagemagick)
 
 say() { printf '%s\n' "$*" >&2; }
 
@@ -33,6 +35,9 @@ as_root() {
     fi
 }
 
+# Whether presets are configured anew, since there may be more to find now.
+packages_came=no
+
 # Installs what is missing of the packages; touches nothing and needs no network when nothing is.
 install_packages() {
     if ! command -v dpkg-query >/dev/null; then
@@ -43,6 +48,7 @@ install_packages() {
     mapfile -t missing < <(missing_packages "$@")
     [[ ${#missing[@]} -gt 0 ]] || return 0
     say "Installing packages: ${missing[*]}"
+    packages_came=yes
     if [[ $(id -u) -ne 0 ]] && ! command -v sudo >/dev/null; then
         say "Neither root nor sudo here: please install them and start again."
         return 1
@@ -53,15 +59,36 @@ install_packages() {
             "${missing[@]}" </dev/null >&2
 }
 
-# Configures a preset when that was never done, then builds the targets (all without any).
-# Says nothing when there is nothing to do.
+# Whether the folder of Qt for Windows is another one than the preset was configured with.
+other_windows_qt() {
+    local preset=$1
+    [[ $preset == windows && -n ${VELMORA_WINDOWS_QT:-} ]] &&
+        ! grep -qxF "VELMORA_WINDOWS_QT:PATH=$VELMORA_WINDOWS_QT" "$root/build/$preset/CMakeCache.txt"
+}
+
+# Configures a preset when that was never done, or when there is something new to find.
+configure_preset() {
+    local preset=$1 options=()
+    if [[ -f $root/build/$preset/build.ninja && $packages_came == no ]] &&
+        ! other_windows_qt "$preset"; then
+        return 0
+    fi
+    say "Configuring $preset"
+    if [[ $preset == windows && -n ${VELMORA_WINDOWS_QT:-} ]]; then
+        options=("-DVELMORA_WINDOWS_QT:PATH=$VELMORA_WINDOWS_QT")
+    fi
+    (cd "$root" && cmake --preset "$preset" "${options[@]}") </dev/null >&2
+}
+
+# Whether a configured preset knows a target.
+has_target() { grep -qE "^build $2: phony" "$root/build/$1/build.ninja"; }
+
+# Configures a preset when need be, then builds the targets (all without any). Says nothing when
+# there is nothing to do.
 build_preset() {
     local preset=$1
     shift
-    if [[ ! -f $root/build/$preset/build.ninja ]]; then
-        say "Configuring $preset"
-        (cd "$root" && cmake --preset "$preset") </dev/null >&2 || return 1
-    fi
+    configure_preset "$preset" || return 1
     cmake --build "$root/build/$preset" ${1:+--target "$@"} </dev/null 2>&1 |
         sed -e '/^ninja: no work to do/d' -e '/Re-checking globbed directories/d' >&2
 }

@@ -21,14 +21,22 @@ start_wine() {
     mkdir -p "$XDG_DATA_HOME"
     export VELMORA_OWN_RECYCLE_BIN=Z:${XDG_DATA_HOME//\//\\}\\Trash
     wine_started=yes
-    rm -f "$WINEPREFIX/known-drives"
+    rm -f "$WINEPREFIX/known-surroundings"
     # A prefix without the mark was left half-made.
     [[ ! -f $WINEPREFIX/made ]] || return 0
     rm -rf "$WINEPREFIX"
     say "Making a Wine prefix"
     timeout 300 "$wine" wineboot -i </dev/null >"$root/build/wineboot.log" 2>&1 &&
+        give_font &&
         timeout 60 "$wineserver" -w </dev/null &&
         touch "$WINEPREFIX/made"
+}
+
+# Windows programs are written in a font that every Linux machine with a desktop has: the one that
+# Wine means for them isn't installed with it, and then it would be any font of the machine.
+give_font() {
+    timeout 60 "$wine" reg add 'HKEY_CURRENT_USER\Software\Wine\Fonts\Replacements' /f \
+        /v Tahoma /d 'DejaVu Sans' </dev/null >>"$root/build/wineboot.log" 2>&1
 }
 
 # Ends what still runs in the prefix.

@@ -25,7 +25,10 @@ class Console:
                              (self.process.stderr, self.noise.append)):
             threading.Thread(target=self._pump, args=(stream, take), daemon=True).start()
         self.greeting = self.next_line()
-        self.tell("json on")
+        self.send("json on")
+        # What the start reports comes before that, as text.
+        while not self.next_line().startswith("{"):
+            pass
 
     @staticmethod
     def _pump(stream, take):

@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
 """End-to-end tests: the built programs, driven from outside on this machine's real drives.
 
-VELMORA_CONSOLE names the console program, VELMORA_CONSOLE_WINDOWS and VELMORA_WINE the Windows one
-and what runs it, VELMORA_HUNG_FS a filesystem that never answers. Words given as arguments choose
-tests whose name holds one of them.
+VELMORA_CONSOLE, VELMORA_WINDOW and VELMORA_BUILD name the console program, the window program and
+the build tree to install from; the same with _WINDOWS behind them name those of Windows, and
+VELMORA_WINE what runs them. VELMORA_HUNG_FS names a filesystem that never answers. Tests of what
+isn't there are skipped. Words given as arguments choose tests whose name holds one of them.
 """
 
 import os

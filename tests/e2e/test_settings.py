@@ -9,17 +9,9 @@ import tempfile
 import filesystems
 from cases import ConsoleCase, WindowsCase
 from console import Console
+from settings import plain_lines, scrambled
 
 ROOT = pathlib.Path(__file__).parents[2]
-
-
-def scrambled(*plain):
-    """A settings file of these plain lines."""
-    return b"".join(bytes(code + 1 for code in line.encode("utf-8")) + b"\r\n" for line in plain)
-
-
-def plain_lines(content):
-    return [bytes(code - 1 for code in line).decode("utf-8") for line in content.split(b"\r\n")[:-1]]
 
 
 FIRST = scrambled("txtTime=60\r\n", "minspace=50000\r\n", "cboFile=C:\\old\\größe.log\r\n",

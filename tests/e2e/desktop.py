@@ -1,0 +1,170 @@
+"""A desktop that nobody sees, and a program's windows on it, driven as by mouse and keyboard."""
+
+import atexit
+import collections
+import functools
+import os
+import pathlib
+import re
+import select
+import shutil
+import subprocess
+import time
+
+PHOTOGRAPHS = pathlib.Path(__file__).parents[2] / "build" / "screenshots"
+
+# How long something may take at most to show; between two looks nothing is gained by hurrying.
+PATIENCE = 60
+PAUSE = 0.1
+
+NEEDED = ("Xvfb", "openbox", "xdotool", "import", "identify")
+
+
+class Unavailable(Exception):
+    """This machine lacks a tool; says which."""
+
+
+def wait_for(look, what):
+    """What `look` gives once that is something."""
+    end = time.monotonic() + PATIENCE
+    while True:
+        seen = look()
+        if seen:
+            return seen
+        if time.monotonic() > end:
+            raise AssertionError(f"waited {PATIENCE} s in vain for {what}")
+        time.sleep(PAUSE)
+
+
+class Desktop:
+    """An X server with a window manager."""
+
+    def __init__(self):
+        missing = [tool for tool in NEEDED if not shutil.which(tool)]
+        if missing:
+            raise Unavailable("not installed: " + ", ".join(missing))
+        self.processes = []
+        try:
+            self.environment = {"DISPLAY": ":" + self._start_server()}
+            self._start("openbox", "--sm-disable")
+            wait_for(lambda: self.told("get_desktop"), "the window manager")
+        except BaseException:
+            self.close()
+            raise
+
+    def _start(self, *command, **options):
+        quiet = {"stdin": subprocess.DEVNULL, "stdout": subprocess.DEVNULL,
+                 "stderr": subprocess.DEVNULL}
+        environment = {**os.environ, **getattr(self, "environment", {})}
+        self.processes.append(subprocess.Popen(command, env=environment, **quiet, **options))
+
+    def _start_server(self):
+        """Starts it with a free number, which it tells through a pipe when it is ready."""
+        reading, writing = os.pipe()
+        try:
+            self._start("Xvfb", "-displayfd", str(writing), "-screen", "0", "1280x1024x24",
+                        "-nolisten", "tcp", pass_fds=[writing])
+        finally:
+            os.close(writing)
+        with open(reading, encoding="ascii") as pipe:
+            ready, _, _ = select.select([pipe], [], [], PATIENCE)
+            number = pipe.readline().strip() if ready else ""
+        if not number:
+            raise AssertionError("Xvfb does not start")
+        return number
+
+    def run(self, *command):
+        return subprocess.run(command, env={**os.environ, **self.environment}, timeout=PATIENCE,
+                              stdin=subprocess.DEVNULL, capture_output=True, text=True,
+                              check=False)
+
+    def told(self, *command):
+        """What xdotool prints; nothing when it fails."""
+        done = self.run("xdotool", *command)
+        return done.stdout.strip() if done.returncode == 0 else ""
+
+    def windows(self, title):
+        """The visible windows whose whole title matches a pattern."""
+        return self.told("search", "--onlyvisible", "--name", f"^{title}$").split()
+
+    def window(self, title, *others):
+        """The window with such a title, as soon as it is there, besides those known already."""
+        known = {other.identity for other in others}
+        found = wait_for(lambda: set(self.windows(title)) - known, f"a window {title}")
+        return Window(self, found.pop())
+
+    def press(self, key):
+        """Presses a key for the active window."""
+        self.told("key", "--clearmodifiers", key)
+
+    def close(self):
+        for process in reversed(self.processes):
+            process.terminate()
+            process.wait(PATIENCE)
+
+
+# The size in pixels, the number of colours, and what only the very same picture has.
+Picture = collections.namedtuple("Picture", "size colours signature")
+
+
+@functools.cache
+def shared():
+    """One desktop for all tests: Wine would have to start anew for another one."""
+    made = Desktop()
+    atexit.register(made.close)
+    return made
+
+
+class Window:
+    def __init__(self, desktop, identity):
+        self.desktop = desktop
+        self.identity = identity
+
+    def title(self):
+        return self.desktop.told("getwindowname", self.identity)
+
+    def shown(self):
+        return self.identity in self.desktop.windows(".*")
+
+    def size(self):
+        """Width and height of the content, in pixels."""
+        told = self.desktop.told("getwindowgeometry", "--shell", self.identity)
+        return tuple(int(re.search(rf"^{name}=(\d+)$", told, re.M).group(1))
+                     for name in ("WIDTH", "HEIGHT"))
+
+    def activate(self):
+        def active():
+            self.desktop.told("windowactivate", self.identity)
+            return self.desktop.told("getactivewindow") == self.identity
+        wait_for(active, f"the window {self.title()} in front")
+
+    def press(self, key):
+        self.activate()
+        self.desktop.press(key)
+
+    def click(self, x, y):
+        """Clicks into the content; what is negative counts from the right or from the bottom."""
+        self.activate()
+        width, height = self.size()
+        self.desktop.told("mousemove", "--window", self.identity,
+                          str(x + width if x < 0 else x), str(y + height if y < 0 else y),
+                          "click", "1")
+
+    def photograph(self, name, unlike=None, moving=False):
+        """Keeps a picture of the window as soon as it doesn't look like an earlier one, nor changes
+        any more, unless it is a moving one."""
+        PHOTOGRAPHS.mkdir(parents=True, exist_ok=True)
+        path = PHOTOGRAPHS / (name + ".png")
+        last = None
+
+        def settled():
+            nonlocal last
+            before, last = last, self._picture(path)
+            same = before and last and (moving or before.signature == last.signature)
+            return last if same and not (unlike and unlike.signature == last.signature) else None
+        return wait_for(settled, f"the picture {name}")
+
+    def _picture(self, path):
+        self.desktop.run("import", "-window", self.identity, str(path))
+        told = self.desktop.run("identify", "-format", "%w %h %k %#", str(path)).stdout.split()
+        return Picture((int(told[0]), int(told[1])), int(told[2]), told[3]) if told else None

@@ -1,0 +1,79 @@
+"""What `cmake --install` puts into a folder works there: both programs find what lies beside them."""
+
+import os
+import pathlib
+import shlex
+import shutil
+import subprocess
+import tempfile
+import unittest
+
+import window
+
+SIZES = (16, 20, 24, 32, 40, 48, 64, 128, 256)
+
+
+class Installed:
+    """The same on this machine and under Wine."""
+
+    def setUp(self):
+        build, *programs = self.variables
+        for variable in (build, *programs):
+            if not os.environ.get(variable):
+                self.skipTest(f"{variable} names nothing")
+        self.prefix = pathlib.Path(tempfile.mkdtemp(prefix="velmora e2e-"))
+        self.addCleanup(shutil.rmtree, self.prefix, ignore_errors=True)
+        self.folder = self.prefix / "velmora"
+        self.install()
+
+    def install(self):
+        subprocess.run(["cmake", "--install", os.environ[self.variables[0]], "--prefix",
+                        str(self.prefix)], check=True, stdout=subprocess.DEVNULL)
+
+    def path(self, name):
+        return self.folder / (name + (".exe" if self.windows else ""))
+
+    def test_the_console_finds_its_settings(self):
+        command = [*window.runner(self.windows), str(self.path("velmora-console"))]
+        said = subprocess.run(command, input="get txtSpace\n", check=True, capture_output=True,
+                              text=True, timeout=60).stdout
+        # As in the settings that everybody begins with.
+        self.assertIn("50000\n", said)
+
+    def test_the_window_finds_its_settings(self):
+        window.needs(self.window_variable)
+        program = window.Program(self.windows, self.path("velmora"), self.prefix)
+        self.addCleanup(program.close)
+        self.assertEqual(program.end(), 0)
+
+    def test_settings_that_somebody_has_saved_survive_the_next_installation(self):
+        (self.folder / "set.dat").write_bytes(b"saved")
+        self.install()
+        self.assertEqual((self.folder / "set.dat").read_bytes(), b"saved")
+        self.assertTrue((self.folder / "velmora.html").exists())
+
+
+class Native(Installed, unittest.TestCase):
+    windows = False
+    variables = ("VELMORA_BUILD",)
+    window_variable = "VELMORA_WINDOW"
+
+    def test_the_desktop_finds_the_program_and_its_icon(self):
+        window.needs(self.window_variable)
+        entry = (self.prefix / "share/applications/velmora.desktop").read_text("utf-8")
+        start = next(line for line in entry.splitlines() if line.startswith("Exec="))
+        program, files = shlex.split(start.removeprefix("Exec="))
+        self.assertEqual(pathlib.Path(program), self.path("velmora"))
+        self.assertTrue(os.access(program, os.X_OK))
+        self.assertEqual(files, "%F")
+        self.assertIn("Icon=velmora\n", entry)
+        for size in SIZES:
+            icon = self.prefix / f"share/icons/hicolor/{size}x{size}/apps/velmora.png"
+            # Width and height stand behind the signature and the first chunk's head.
+            self.assertEqual(icon.read_bytes()[16:24], 2 * size.to_bytes(4, "big"))
+
+
+class Windows(Installed, unittest.TestCase):
+    windows = True
+    variables = ("VELMORA_BUILD_WINDOWS", "VELMORA_WINE")
+    window_variable = "VELMORA_WINDOW_WINDOWS"

@@ -1,0 +1,122 @@
+"""The program with its window: seen and driven on a desktop, natively and under Wine."""
+
+import pathlib
+import shutil
+import tempfile
+import unittest
+
+import desktop
+import window
+from desktop import wait_for
+from settings import plain_lines, scrambled
+
+# By the digits of their keys; the first is shown at the start.
+PAGES = ((1, "spec"), (2, "options"), (3, "alerts"), (4, "config"), (5, "overview"))
+
+# A short interval, a minimum that no drive has, and alerts written to the log.
+SHORT_OF_SPACE = scrambled("chkLog=1", "chkAutoSave=1", "txtTime=10\r\n", "minspace=2000000000\r\n",
+                           "lstAct=0\r\n")
+# No check comes in between.
+QUIET = scrambled("chkLog=1", "txtTime=3600\r\n", "minspace=4711\r\n", "custtime=0\r\n")
+
+# Places in the main window, in pixels: a row of the watch list, and a button from the edges.
+A_ROW = (60, 95)
+SAVE_SET = (-45, -41)
+
+# A photograph of controls and texts has more colours; a window that wasn't drawn has one.
+FEWEST_COLOURS = 30
+
+
+class Steps:
+    """The same on this machine and under Wine."""
+
+    def setUp(self):
+        window.needs(*self.variables)
+        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="velmora-e2e-"))
+        self.addCleanup(shutil.rmtree, self.folder, ignore_errors=True)
+        self.copy = window.copy(self.variables[0], self.folder)
+        self.settings = self.folder / "set.dat"
+        self.log = self.folder / "log.dat"
+
+    def start(self, settings):
+        self.settings.write_bytes(settings)
+        self.program = window.Program(self.windows, self.copy, self.folder)
+        self.addCleanup(self.program.close)
+        self.window = self.program.window
+
+    def photograph(self, shown, name, unlike=None, moving=False):
+        kind = "windows" if self.windows else "native"
+        picture = shown.photograph(f"{kind}-{name}", unlike, moving)
+        self.assertEqual(picture.size, shown.size())
+        self.assertGreater(picture.colours, FEWEST_COLOURS, name)
+        return picture
+
+    def wait_for_title(self, title):
+        wait_for(lambda: self.window.title() == title, f"the title {title}")
+
+    def tick_first_row(self):
+        self.window.click(*A_ROW)
+        self.window.press("Home")
+        self.window.press("space")
+
+    def end(self):
+        self.assertEqual(self.program.end(), 0)
+
+    def test_every_page_is_shown_and_the_watch_starts_and_pauses(self):
+        self.start(QUIET)
+        picture = None
+        for number, page in PAGES:
+            self.window.press(f"ctrl+{number}")
+            picture = self.photograph(self.window, page, picture)
+        self.window.press("F6")
+        self.wait_for_title(window.WATCHING)
+        self.window.press("F6")
+        self.wait_for_title(window.PAUSED)
+        self.photograph(self.window, "paused")
+        self.end()
+
+    def test_a_ticked_drive_that_is_short_of_space_raises_the_alert(self):
+        self.log.write_bytes(b"")
+        self.start(SHORT_OF_SPACE)
+        self.tick_first_row()
+        self.window.press("F6")
+        wait_for(lambda: b"ALERT: Space Shortage < 2000000000 KB Drive: C:" in self.log.read_bytes(),
+                 "the alert in the log")
+        self.window.press("ctrl+3")
+        self.photograph(self.window, "shortage")
+        self.end()
+
+    def test_save_set_writes_the_settings_and_shows_the_about_box(self):
+        self.start(QUIET)
+        self.tick_first_row()
+        before = self.photograph(self.window, "ticked")
+        self.window.press("ctrl+4")
+        self.photograph(self.window, "config", before)
+        self.window.click(*SAVE_SET)
+        wait_for(lambda: "path=C:\\\r\n" in plain_lines(self.settings.read_bytes()),
+                 "the saved settings")
+        self.assertIn("minspace=4711\r\n", plain_lines(self.settings.read_bytes()))
+        about = desktop.shared().window("About Velmora")
+        self.photograph(about, "about", moving=True)
+        about.press("alt+F4")
+        wait_for(lambda: not about.shown(), "the about box gone")
+        self.end()
+
+    def test_it_goes_on_when_the_question_for_the_end_is_dismissed(self):
+        self.start(QUIET)
+        question = self.program.ask_for_the_end()
+        self.photograph(question, "exit")
+        question.press("Escape")
+        wait_for(lambda: not question.shown(), "the question gone")
+        self.assertIsNone(self.program.process.poll())
+        self.end()
+
+
+class Native(Steps, unittest.TestCase):
+    windows = False
+    variables = ("VELMORA_WINDOW",)
+
+
+class Windows(Steps, unittest.TestCase):
+    windows = True
+    variables = ("VELMORA_WINDOW_WINDOWS", "VELMORA_WINE")

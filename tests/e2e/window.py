@@ -1,0 +1,77 @@
+"""A velmora with its window, driven as its user does."""
+
+import os
+import pathlib
+import shutil
+import subprocess
+import unittest
+
+import desktop
+
+# The titles: after the start, and as the watch is.
+TITLE = "Velmora"
+WATCHING = "Velmora - Watching Activated"
+PAUSED = "Velmora - Watching Paused."
+
+# The exit button, in pixels from the right edge and from the top.
+EXIT_BUTTON = (-24, 28)
+
+
+class Program:
+    """The program at `path`, with all that it keeps for its user in the folder `home`."""
+
+    def __init__(self, windows, path, home):
+        self.desktop = desktop.shared()
+        environment = {**os.environ, **self.desktop.environment, "HOME": str(home),
+                       "XDG_RUNTIME_DIR": str(home)}
+        environment.pop("QT_QPA_PLATFORM", None)
+        # What Wine leaves running outlives the tests, and complains when the desktop has gone.
+        noise = subprocess.DEVNULL if windows else None
+        self.process = subprocess.Popen([*runner(windows), str(path)], env=environment,
+                                        stdin=subprocess.DEVNULL, stderr=noise)
+        try:
+            self.window = self.desktop.window(TITLE)
+        except BaseException:
+            self.close()
+            raise
+
+    def ask_for_the_end(self):
+        """Clicks the exit button and gives the box with the question."""
+        self.window.click(*EXIT_BUTTON)
+        return self.desktop.window("Velmora", self.window)
+
+    def end(self):
+        """Ends the program and gives its exit status."""
+        self.ask_for_the_end().press("Return")
+        return self.process.wait(desktop.PATIENCE)
+
+    def close(self):
+        if self.process.poll() is None:
+            self.process.kill()
+        self.process.wait()
+
+
+def runner(windows):
+    """What runs a program, in front of its path; nothing where there is no Wine."""
+    return [os.environ["VELMORA_WINE"]] if windows else []
+
+
+def needs(*variables):
+    """Skips a test to which these programs and folders were not handed over."""
+    for variable in variables:
+        if not os.environ.get(variable):
+            raise unittest.SkipTest(f"{variable} names nothing")
+    try:
+        desktop.shared()
+    except desktop.Unavailable as why:
+        raise unittest.SkipTest(str(why)) from why
+
+
+def copy(variable, folder):
+    """Copies the program that a variable names, with the DLLs beside it; gives the copy's path."""
+    built = pathlib.Path(os.environ[variable])
+    for library in built.parent.rglob("*.dll"):
+        place = folder / library.relative_to(built.parent)
+        place.parent.mkdir(exist_ok=True)
+        place.symlink_to(library)
+    return pathlib.Path(shutil.copy2(built, folder / built.name))
