@@ -22,6 +22,7 @@ namespace velmora::qt {
 namespace {
 
 constexpr double listScale = 0.9;
+constexpr int leastWidth = 8070 / twipsPerPixel;  // pixels
 
 QIcon rowPicture(const std::string& key, const QtShellIcons& icons) {
     if (key == "ok") return glyphIcon(Glyph::stateOk);
@@ -52,6 +53,8 @@ MainWindow::MainWindow(Form1& form, const QtShellIcons& icons, UserHand& hand)
     setStatusBar(makeStatusBar(form.StatusBar1));
     addMenus();
     addShortcuts();
+    // The form's own least width counts, whatever the fonts.
+    setMinimumWidth(leastWidth);
     new FormBinding(this, form, hand, true);
 }
 

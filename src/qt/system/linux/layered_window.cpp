@@ -61,7 +61,9 @@ class ColourKey : public QObject {
 
     QRegion placesOf(QRgb colour) const {
         QImage image(window_->size(), QImage::Format_RGB32);
-        window_->render(&image);
+        // Without the present shape, which would hide the places that are looked for.
+        window_->render(&image, {}, {},
+                        QWidget::DrawWindowBackground | QWidget::DrawChildren | QWidget::IgnoreMask);
         bool any = false;
         for (int y = 0; y < image.height() && !any; ++y) {
             const auto* line = reinterpret_cast<const QRgb*>(image.constScanLine(y));
@@ -69,7 +71,8 @@ class ColourKey : public QObject {
                               [colour](QRgb pixel) { return (pixel | 0xFF000000) == colour; });
         }
         if (!any) return {};
-        return QRegion(QBitmap::fromImage(image.createMaskFromColor(colour, Qt::MaskInColor)));
+        // The ones of a bitmap are its dark places, and a mask's its light ones: the other mode.
+        return QRegion(QBitmap::fromImage(image.createMaskFromColor(colour, Qt::MaskOutColor)));
     }
 
     QWidget* window_;
