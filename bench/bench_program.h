@@ -32,7 +32,10 @@ struct Program {
     TimerQueue timers{[this] { return machine->platform().clock.GetTickCount(); }};
     QuietHost host{timers};
     NoNotifyArea notifyArea;
-    Core core{forms, machine->platform(), host, notifyArea};
+    User32 noWindows;
+    ShellIcons noIcons;
+    WorkArea noScreen;
+    Core core{forms, machine->platform(), {host, notifyArea, noWindows, noIcons, noScreen}};
 
     Program() { addTimers(forms, timers); }
 };

@@ -100,6 +100,8 @@ void AlertList::UpDown3_Change() {
 }
 
 void AlertList::prcAlertIcon() {
+    // The program's own icon tells of alerts by itself.
+    if (forms_.form1.chkSystray.ticked()) return;
     NotifyIconData data;
     data.window = forms_.form1.Name();
     data.icon = "tray 1";

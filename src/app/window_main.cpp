@@ -2,6 +2,7 @@
 #include <cstdlib>
 
 #include "app/window_program.h"
+#include "qt/controls/legible_style.h"
 #include "qt/icons/program_icon.h"
 
 int main(int argc, char* argv[]) {
@@ -9,9 +10,9 @@ int main(int argc, char* argv[]) {
         Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("velmora"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Velmora"));
     QApplication::setDesktopFileName(QStringLiteral("velmora"));
     QApplication::setWindowIcon(velmora::qt::programIcon());
+    QApplication::setStyle(new velmora::qt::LegibleStyle);
     // Hidden is a normal state of every window.
     QApplication::setQuitOnLastWindowClosed(false);
 

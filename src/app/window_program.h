@@ -25,6 +25,9 @@ class WindowProgram {
     /// Builds the running state and shows the window.
     void load();
 
+    /// Lets events through as a long handler does.
+    void yield() { host_.DoEvents(); }
+
     Forms& forms() { return forms_; }
     Core& core() { return core_; }
     qt::UserHand& hand() { return hand_; }

@@ -10,8 +10,10 @@ class ConsoleNotifyArea final : public NotifyArea {
   public:
     explicit ConsoleNotifyArea(Output& output) : output_(output) {}
 
-    /// False: there is no area that could show the icon.
+    /// False: there is no area that could show the icon. Changes of an icon, which come each minute
+    /// or second, are told only under watch.
     bool Shell_NotifyIconA(NotifyMessage message, const NotifyIconData& data) override {
+        if (message == NotifyMessage::modify && !output_.watch()) return false;
         constexpr const char* names[] = {"NIM_ADD", "NIM_MODIFY", "NIM_DELETE"};
         output_.shell("Shell_NotifyIconA",
                       {{"message", std::string(names[static_cast<std::size_t>(message)])},

@@ -18,6 +18,7 @@ class Output {
     void setJson(bool on) { json_ = on; }
     /// Whether a reader of lines is told of status panel changes too; a program always is.
     void setWatch(bool on) { watch_ = on; }
+    bool watch() const { return watch_; }
 
     // Replies.
     void ok();

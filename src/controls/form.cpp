@@ -24,7 +24,11 @@ void Form::setVisible(bool visible) {
     }
     visible_ = visible;
     Changed();
-    if (!visible) Hidden();
+    if (visible) {
+        Shown();
+    } else {
+        Hidden();
+    }
 }
 
 void Form::Show() {
@@ -43,6 +47,7 @@ void Form::setState(WindowState state) {
     if (state_ == state) return;
     state_ = state;
     Changed();
+    if (state == WindowState::normal && normalWidth_ > 0) setSize(normalWidth_, normalHeight_);
 }
 
 void Form::userClose() {
@@ -58,6 +63,10 @@ void Form::setSize(int width, int height) {
     if (width_ == width && height_ == height) return;
     width_ = width;
     height_ = height;
+    if (state_ == WindowState::normal) {
+        normalWidth_ = width;
+        normalHeight_ = height;
+    }
     Changed();
     Resize();
 }

@@ -34,7 +34,8 @@ class Form {
     void moveTo(int left, int top);
     int Height() const { return height_; }
     int Width() const { return width_; }
-    /// Fires Resize when the size changes, whoever changes it.
+    /// Fires Resize when the size changes, whoever changes it. The size of the normal state is kept
+    /// while the form is minimised or maximised, and comes back with it.
     void setSize(int width, int height);
     WindowState State() const { return state_; }
     void setState(WindowState state);
@@ -42,7 +43,8 @@ class Form {
     /// Once, before the form becomes visible for the first time.
     Event<> Load;
     Event<> Resize;
-    /// The form was shown and isn't any more.
+    /// The form wasn't shown and is now; the form was shown and isn't any more.
+    Event<> Shown;
     Event<> Hidden;
     /// The pointer's place in twips, or what an icon of the notification area reports by it.
     Event<float> MouseMove;
@@ -76,6 +78,8 @@ class Form {
     int top_ = 0;
     int width_ = 0;
     int height_ = 0;
+    int normalWidth_ = 0;
+    int normalHeight_ = 0;
     WindowState state_ = WindowState::normal;
     std::vector<Control*> controls_;
 };

@@ -7,7 +7,10 @@
 namespace velmora {
 
 struct Form1Menus {
-    explicit Form1Menus(Form& form) : menus_(form) {}
+    explicit Form1Menus(Form& form) : menus_(form) {
+        // No menu bar: they are popped up.
+        for (MenuItem* menu : {&mnuPopUp, &mnuLstV, &mnuFunc, &mnuLst}) menu->setVisible(false);
+    }
 
   private:
     Form& menus_;

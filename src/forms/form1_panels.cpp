@@ -82,9 +82,15 @@ TabStrips::TabStrips(Form& form)
           {form, "fr", "Files", 2}}},
       Frame5(form, "Frame5"),
       Frame1(form, "Frame1") {
-    for (std::size_t i = 0; i < lblTab.size(); ++i) lblTab[i].setToolTipText(mainTabs[i].toolTip);
+    for (std::size_t i = 0; i < lblTab.size(); ++i) {
+        lblTab[i].setToolTipText(mainTabs[i].toolTip);
+        lblTab[i].setForeColor(0xC0C0C0);
+        lblTab[i].setBackColor(deepBlue);
+    }
     for (std::size_t i = 0; i < lblSpectab.size(); ++i) {
         lblSpectab[i].setToolTipText(innerTabs[i].toolTip);
+        lblSpectab[i].setForeColor(deepBlue);
+        lblSpectab[i].setBackColor(0xE0E0E0);
     }
     lblTabCap.setBounds({1320, 2900, 6210, 255});
     for (Frame& panel : frmSp) panel.setBounds({1320, 3240, 6615, 4935});

@@ -58,7 +58,7 @@ void CheckCycle::tick(std::int16_t intErrCount) {
         closeTick();
         return;
     }
-    if (forms_.form1.chkOnTopMonitor.ticked()) forms_.form1.Show();
+    if (forms_.form1.chkOnTopMonitor.ticked() && !forms_.form1.Visible()) forms_.form1.Show();
     if (!isDue()) {
         closeTick();
         return;

@@ -83,11 +83,13 @@ void WatchControl::mnuPause_Click() {
     Form1& form1 = forms_.form1;
     const std::string caption = form1.Toolbar1.Buttons(startPauseButton).Caption;
     if (caption == "Start") {
+        form1.mnuPause.setCaption("Pause");
         form1.mnuPause.setChecked(true);
         cmdPause_Click();
         form1.Toolbar1.setButtonCaption(startPauseButton, "Pause");
         form1.Toolbar1.setButtonImage(startPauseButton, pauseImage);
     } else if (caption == "Pause") {
+        form1.mnuPause.setCaption("Start");
         form1.mnuPause.setChecked(false);
         cmdPause_Click();
         form1.Toolbar1.setButtonCaption(startPauseButton, "Start");

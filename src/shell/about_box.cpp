@@ -67,7 +67,7 @@ AboutBox::AboutBox(Forms& forms, Platform& platform, Host& host, const std::stri
     form.Unload.connect([this] { hideAbout(); });
     form.cmdSysInfo.Click.connect([this] { StartSysInfo(); });
     form.Timer1.Tick.connect([this] { Timer1_Timer(); });
-    forms_.form1.mnuAbout.Click.connect([this] { showAbout(); });
+    form.Hidden.connect([&form] { form.Timer1.setEnabled(false); });
 }
 
 void AboutBox::showAbout() {

@@ -46,6 +46,16 @@ ProgramLock::ProgramLock(Forms& forms, Host& host, Tray& tray)
         button.Click.connect([this, index = button.Index()] { Command1_Click(index); });
     }
     form.Text1.KeyPress.connect([this](int keyAscii) { Text1_KeyPress(keyAscii); });
+    for (Form* each : forms_.all()) {
+        each->Shown.connect([this, each] { keepHidden(*each); });
+    }
+}
+
+// Whatever wants to show a window while the lock is on (a check, an alert, the tray's menu): it
+// would stand open without the password.
+void ProgramLock::keepHidden(Form& form) {
+    const bool open = !forms_.globals.bLocked || unlocking_;
+    if (!open && &form != &forms_.frmLock) form.Hide();
 }
 
 void ProgramLock::Form_Load() {
@@ -107,6 +117,9 @@ void ProgramLock::hideWindows() {
                                                    &forms_.frmNotify}) {
         form->Hide();
     }
+    for (Form* form : forms_.all()) {
+        if (form != &forms_.sysWorkSystray && form->Visible()) form->Hide();
+    }
 }
 
 void ProgramLock::unlock() {
@@ -116,9 +129,11 @@ void ProgramLock::unlock() {
         host_.MsgBox({.text = "Incorrect Password."});
         return;
     }
+    unlocking_ = true;
     forms_.form1.Show();
     form.Hide();
     globals.bLocked = false;
+    unlocking_ = false;
     wipe(globals.sLockPassword);
     form.Text1.setText("");
 }

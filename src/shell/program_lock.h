@@ -31,10 +31,12 @@ class ProgramLock {
     void unlock();
     void takePassword();
     void hideWindows();
+    void keepHidden(Form& form);
 
     Forms& forms_;
     Host& host_;
     Tray& tray_;
+    bool unlocking_ = false;
 };
 
 }  // namespace velmora

@@ -16,7 +16,7 @@ class Reachability {
 
     /// What the status bar says the first time.
     static constexpr const char* note =
-        "This desktop has no notification area: the window is minimised instead of hidden.";
+        "No icon stands in a notification area: the window is minimised instead of hidden.";
 
   private:
     void keep();

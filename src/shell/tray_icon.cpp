@@ -84,11 +84,13 @@ bool TrayIcon::prcAddSystray(std::int16_t action, const std::string& text) {
 
 void TrayIcon::prcToolTipText(const std::string& text) {
     const std::string& shown = forms_.globals.iconHandle;
-    send(NotifyMessage::modify, record(shown.empty() ? programPicture : shown, text));
+    send(NotifyMessage::modify,
+         record(shown.empty() ? programPicture : shown, text.empty() ? applicationTitle : text));
 }
 
 void TrayIcon::modifyIcon(const std::string& form) {
-    send(NotifyMessage::modify, record(form, forms_.globals.sTrayTip));
+    const std::string& tip = forms_.globals.sTrayTip;
+    send(NotifyMessage::modify, record(form, tip.empty() ? applicationTitle : tip));
 }
 
 void TrayIcon::sysWorkSystray_Load() {
@@ -136,6 +138,8 @@ void TrayIcon::trayDoubleClick() {
     } else {
         form1.Show();
     }
+    // A window that is there isn't the one that the menu has hidden.
+    if (form1.Visible()) form1.mnuHide.setChecked(false);
     activate();
 }
 

@@ -260,8 +260,15 @@ TEST(AlertList, AClickOnAColumnThatIsNotThereIsPassedOver) {
     EXPECT_EQ(rig.texts(), "2 1");
 }
 
+TEST(AlertList, NoSecondIconIsAddedWhileTheProgramsOwnIsInUse) {
+    AlertRig rig;
+    rig.form1.cmdAddIcon.Click();
+    EXPECT_TRUE(rig.notifyArea.sent.empty());
+}
+
 TEST(AlertList, TheAlertIconIsAddedToTheTray) {
     AlertRig rig;
+    rig.form1.chkSystray.setDesignValue(0);
     rig.form1.cmdAddIcon.Click();
     ASSERT_EQ(rig.notifyArea.sent.size(), 1u);
     const auto& [message, data] = rig.notifyArea.sent[0];

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "base/errors.h"
-#include "fake/fake_host.h"
 #include "fake/fake_machine.h"
+#include "fake/fake_surface.h"
 #include "persist/scramble.h"
 
 namespace velmora {
@@ -21,17 +21,17 @@ struct CoreTest : testing::Test {
     const std::string settingsPath = "C:\\Program Files\\Velmora\\set.dat";
 
     fake::FakeMachine machine;
-    fake::FakeHost host;
-    fake::FakeNotifyArea notifyArea;
+    fake::FakeSurface surface;
+    fake::FakeHost& host = surface.host;
     Forms forms;
-    Core core{forms, machine.platform(), host, notifyArea};
+    Core core{forms, machine.platform(), surface.all()};
 };
 
 TEST_F(CoreTest, SettingsWithoutAnIntervalEndTheStart) {
     for (const std::string& content : {std::string(), line("chkLog=1")}) {
         machine.files[settingsPath] = content;
         Forms fresh;
-        Core other{fresh, machine.platform(), host, notifyArea};
+        Core other{fresh, machine.platform(), surface.all()};
         EXPECT_EQ(errorOf([&] { other.load(); }), 13);
         EXPECT_EQ(machine.files[settingsPath], content);
     }
@@ -96,7 +96,7 @@ TEST_F(CoreTest, AMissingSettingsFileReachesWhoeverLoads) {
     EXPECT_EQ(errorOf([this] { core.load(); }), error::fileNotFound);
     EXPECT_EQ(forms.form1.ListView1.Count(), 1);
     EXPECT_EQ(forms.form1.lblLog.Caption(), "");
-    EXPECT_TRUE(forms.sysWorkSystray.Visible());
+    EXPECT_EQ(surface.notifyArea.sent.size(), 1u);
     EXPECT_TRUE(machine.shortcuts.empty());
 }
 
@@ -144,7 +144,7 @@ TEST_F(CoreTest, FilesOfTheCommandLineJoinTheSpecifiedOnes) {
 TEST_F(CoreTest, ASecondStartFindsItsShortcut) {
     core.load();
     Forms nextForms;
-    Core next{nextForms, machine.platform(), host, notifyArea};
+    Core next{nextForms, machine.platform(), surface.all()};
     next.load();
     EXPECT_EQ(machine.shortcuts.size(), 1u);
 }

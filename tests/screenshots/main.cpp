@@ -7,6 +7,7 @@
 #include <QScreen>
 #include <QStyleFactory>
 
+#include "qt/controls/legible_style.h"
 #include "qt/window_rig.h"
 
 namespace {
@@ -119,7 +120,7 @@ void fillWithLife(WindowRig& rig) {
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    QApplication::setStyle(QStringLiteral("Fusion"));
+    QApplication::setStyle(new velmora::qt::LegibleStyle(QStringLiteral("Fusion")));
     const QStringList arguments = QApplication::arguments();
     const QString folder = arguments.value(1, QStringLiteral("."));
     const QString look = arguments.value(2, QStringLiteral("light"));

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/advapi32.h"
-#include "shell/rig.h"
+#include "shell/surface_rig.h"
 
 namespace velmora::tests {
 namespace {
@@ -14,7 +14,7 @@ constexpr std::uint32_t plainText = 1;
 constexpr std::uint32_t textWithVariables = 2;
 constexpr std::uint32_t number = 4;
 
-struct AboutBoxTest : testing::Test, ShellRig {
+struct AboutBoxTest : testing::Test, SurfaceRig {
     AboutBoxTest() { machine.drives["C:"] = {1e6, 1e6}; }
 
     void program(const std::string& path, std::uint32_t type = plainText) {
@@ -60,7 +60,7 @@ TEST_F(AboutBoxTest, ItsTimerRunsWhileItIsShown) {
 }
 
 TEST_F(AboutBoxTest, ClosingTheWindowStopsTheTimerToo) {
-    form1.mnuAbout.userClick();
+    about.showAbout();
     EXPECT_TRUE(form.Visible());
     EXPECT_TRUE(form.Timer1.Enabled());
     form.userClose();

@@ -1,18 +1,18 @@
 // The main window's buttons that only forward.
 #include "base/runtime_error.h"
-#include "shell/shell_rig.h"
+#include "shell/command_rig.h"
 
 namespace velmora::tests {
 namespace {
 
 TEST(ButtonCommands, AdvDataShowsTheDriveInformation) {
-    ShellRig rig;
+    CommandRig rig;
     rig.form1.cmdAdv.userClick();
     EXPECT_TRUE(rig.forms.dlgDriveInfo.Visible());
 }
 
 TEST(ButtonCommands, ShowRefreshDrivesClicksTheLastLabelUnderTheList) {
-    ShellRig rig;
+    CommandRig rig;
     std::vector<int> clicked;
     for (Label& label : rig.form1.lblDP) {
         label.Click.connect([&] { clicked.push_back(label.Index()); });
@@ -40,13 +40,13 @@ TEST(ButtonCommands, AFailedSaveShowsNoAboutBox) {
 }
 
 TEST(ButtonCommands, TheLabelOfTheOverviewShowsTheAboutBox) {
-    ShellRig rig;
+    CommandRig rig;
     rig.form1.lblAbout.userClick();
     EXPECT_EQ(rig.windows.calls, Texts{"showAbout"});
 }
 
 TEST(ButtonCommands, Command7TheHeadingAndTheFolderLabelDoNothing) {
-    ShellRig rig;
+    CommandRig rig;
     rig.form1.Command7.Click();
     rig.form1.lblTabCap.Click();
     rig.form1.lblFolder.Click();

@@ -3,13 +3,13 @@
 
 #include <memory>
 
-#include "shell/rig.h"
+#include "shell/surface_rig.h"
 #include "shell/tray_icon.h"
 
 namespace velmora::tests {
 namespace {
 
-struct FormIconTest : testing::Test, ShellRig {
+struct FormIconTest : testing::Test, SurfaceRig {
     FormIconTest() {
         form1.mnuPopUp.PoppedUp.connect([this] { windowCalls.push_back("menu"); });
     }

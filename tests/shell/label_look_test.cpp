@@ -1,5 +1,5 @@
 // The look that the label buttons share.
-#include "shell/shell_rig.h"
+#include "shell/command_rig.h"
 
 namespace velmora::tests {
 namespace {
@@ -14,7 +14,7 @@ std::vector<Label*> labelButtons(Form1& form1) {
 }
 
 TEST(LabelLook, EveryLabelButtonBrightensWhilePressedAndTurnsOrangeAgain) {
-    ShellRig rig;
+    CommandRig rig;
     const auto labels = labelButtons(rig.form1);
     ASSERT_EQ(labels.size(), 5u + 5u + 9u + 4u);
     for (Label* label : labels) {
@@ -26,14 +26,14 @@ TEST(LabelLook, EveryLabelButtonBrightensWhilePressedAndTurnsOrangeAgain) {
 }
 
 TEST(LabelLook, TheReleaseGivesTheDesignValueWhateverTheTextWas) {
-    ShellRig rig;
+    CommandRig rig;
     rig.form1.lblDP[2].setForeColor(1);
     rig.form1.lblDP[2].MouseUp();
     EXPECT_EQ(rig.form1.lblDP[2].ForeColor(), 33023u);
 }
 
 TEST(LabelLook, ThePointerFlashesLabel5ThroughGreyToBlackAtEachMove) {
-    ShellRig rig;
+    CommandRig rig;
     for (Label& label : rig.form1.Label5) {
         std::vector<Colour> seen;
         label.Changed.connect([&] { seen.push_back(label.BackColor()); });
@@ -44,7 +44,7 @@ TEST(LabelLook, ThePointerFlashesLabel5ThroughGreyToBlackAtEachMove) {
 }
 
 TEST(LabelLook, ThePointerLeavesTheOtherLabelsAlone) {
-    ShellRig rig;
+    CommandRig rig;
     for (Label* label : labelButtons(rig.form1)) {
         if (label->Name() == "Label5") continue;
         const Colour before = label->BackColor();

@@ -1,17 +1,17 @@
 // The items of the main window's menus.
-#include "shell/shell_rig.h"
+#include "shell/command_rig.h"
 
 namespace velmora::tests {
 namespace {
 
 TEST(TrayMenu, AboutShowsTheAboutBox) {
-    ShellRig rig;
+    CommandRig rig;
     rig.form1.mnuAbout.userClick();
     EXPECT_EQ(rig.windows.calls, Texts{"showAbout"});
 }
 
 TEST(TrayMenu, ContentsOpensTheMakersHelpPageInANormalWindow) {
-    ShellRig rig;
+    CommandRig rig;
     rig.form1.mnuContent.userClick();
     EXPECT_EQ(rig.orders(), Texts{"Form1 open http://velmora.example/velmora/help"});
     EXPECT_EQ(rig.machine.executed[0].showCommand, 1);
@@ -20,13 +20,13 @@ TEST(TrayMenu, ContentsOpensTheMakersHelpPageInANormalWindow) {
 }
 
 TEST(TrayMenu, ProgramWebpageOpensTheMakersPage) {
-    ShellRig rig;
+    CommandRig rig;
     rig.form1.mnuPWP.userClick();
     EXPECT_EQ(rig.orders(), Texts{"Form1 open http://velmora.example/velmora/"});
 }
 
 TEST(TrayMenu, HideTakesTheWindowAwayAndASecondClickBringsItBackUnchecked) {
-    ShellRig rig;
+    CommandRig rig;
     rig.form1.mnuHide.userClick();
     EXPECT_FALSE(rig.form1.Visible());
     EXPECT_TRUE(rig.form1.mnuHide.Checked());
@@ -36,7 +36,7 @@ TEST(TrayMenu, HideTakesTheWindowAwayAndASecondClickBringsItBackUnchecked) {
 }
 
 TEST(TrayMenu, LockPreparesTheLockEmptiesItsEntryAndShowsIt) {
-    ShellRig rig;
+    CommandRig rig;
     FrmLock& lock = rig.forms.frmLock;
     lock.Text1.setText("old");
     rig.form1.mnuLock.userClick();
@@ -46,7 +46,7 @@ TEST(TrayMenu, LockPreparesTheLockEmptiesItsEntryAndShowsIt) {
 }
 
 TEST(TrayMenu, TheLockIsPreparedBeforeItsEntryIsEmptiedAndBeforeItIsShown) {
-    ShellRig rig;
+    CommandRig rig;
     FrmLock& lock = rig.forms.frmLock;
     lock.Text1.setText("old");
     lock.Text1.Change.connect(
@@ -56,14 +56,14 @@ TEST(TrayMenu, TheLockIsPreparedBeforeItsEntryIsEmptiedAndBeforeItIsShown) {
 }
 
 TEST(TrayMenu, TheHeadOfTheHelpMenuDoesNothing) {
-    ShellRig rig;
+    CommandRig rig;
     rig.form1.mnuHelp.userClick();
     EXPECT_TRUE(rig.windows.calls.empty());
     EXPECT_TRUE(rig.machine.executed.empty());
 }
 
 TEST(ListMenu, ExploreOpensEverySelectedRow) {
-    ShellRig rig;
+    CommandRig rig;
     rig.rows({"C:\\", "D:\\data", "E:\\"});
     rig.list.userSelect({1, 2});
     rig.form1.mnuExplore.userClick();
@@ -72,7 +72,7 @@ TEST(ListMenu, ExploreOpensEverySelectedRow) {
 }
 
 TEST(ListMenu, AFailedExploreIsNotReportedAndTheNextRowComes) {
-    ShellRig rig;
+    CommandRig rig;
     rig.machine.executes = false;
     rig.rows({"C:\\", "D:\\"});
     rig.list.userSelect({1, 2});
@@ -83,14 +83,14 @@ TEST(ListMenu, AFailedExploreIsNotReportedAndTheNextRowComes) {
 }
 
 TEST(ListMenu, SetParametersShowsTheRowsDriveAndThenItsGauges) {
-    ShellRig rig;
+    CommandRig rig;
     rig.rows({"C:\\", "D:\\"});
     rig.form1.mnuParam.userClick();
     EXPECT_EQ(rig.windows.calls, (Texts{"prcShowfrmIndDri D:\\", "prcSrvMeter D:\\"}));
 }
 
 TEST(ListMenu, RemoveClicksTheRemoveButton) {
-    ShellRig rig;
+    CommandRig rig;
     int clicked = 0;
     counted(rig.form1.cmdLVRemove.Click, clicked);
     rig.form1.mnuRemove.userClick();
@@ -98,14 +98,14 @@ TEST(ListMenu, RemoveClicksTheRemoveButton) {
 }
 
 TEST(ListMenu, ShowInfoOpensThePropertiesOfTheRow) {
-    ShellRig rig;
+    CommandRig rig;
     rig.rows({"C:\\", "D:\\data"});
     rig.form1.mnuInfo.userClick();
     EXPECT_EQ(rig.orders(), Texts{"Form1 properties D:\\data"});
 }
 
 TEST(ListMenu, WithNoRowSelectedNothingHappens) {
-    ShellRig rig;
+    CommandRig rig;
     for (int pass = 0; pass < 2; ++pass) {
         for (MenuItem* item : {&rig.form1.mnuExplore, &rig.form1.mnuParam, &rig.form1.mnuInfo}) {
             EXPECT_NO_THROW(item->userClick());
@@ -117,7 +117,7 @@ TEST(ListMenu, WithNoRowSelectedNothingHappens) {
 }
 
 TEST(FunctionsMenu, ProgramSettingsActLikeTheViewButtonBelow9100) {
-    ShellRig rig;
+    CommandRig rig;
     for (const int height : {4000, 9099}) {
         rig.form1.setSize(9000, height);
         rig.form1.mnuProgSet.userClick();
@@ -127,7 +127,7 @@ TEST(FunctionsMenu, ProgramSettingsActLikeTheViewButtonBelow9100) {
 }
 
 TEST(FunctionsMenu, ProgramSettingsClickTheFifthButtonOfTheToolBar) {
-    ShellRig rig;
+    CommandRig rig;
     rig.layout.toggleView();
     std::vector<int> clicked;
     rig.form1.Toolbar1.ButtonClick.connect([&](int index) { clicked.push_back(index); });
@@ -137,7 +137,7 @@ TEST(FunctionsMenu, ProgramSettingsClickTheFifthButtonOfTheToolBar) {
 
 TEST(FunctionsMenu, ProgramSettingsOnlySaySoFrom9100On) {
     for (const int height : {9100, 9101, 12000}) {
-        ShellRig rig;
+        CommandRig rig;
         rig.form1.setSize(9000, height);
         rig.form1.mnuProgSet.userClick();
         EXPECT_EQ(rig.form1.Height(), height);
@@ -149,20 +149,20 @@ TEST(FunctionsMenu, ProgramSettingsOnlySaySoFrom9100On) {
 }
 
 TEST(FunctionsMenu, ShowRecycleBinShowsItsView) {
-    ShellRig rig;
+    CommandRig rig;
     rig.form1.mnuRecyc.userClick();
     EXPECT_EQ(rig.windows.calls, Texts{"RecycleBin"});
 }
 
 TEST(FunctionsMenu, DefragUtilityStartsTheSystemsOwn) {
-    ShellRig rig;
+    CommandRig rig;
     rig.machine.environment["windir"] = "D:\\Win";
     rig.form1.mnuDefrag.userClick();
     EXPECT_EQ(rig.orders(), Texts{"Form1 open D:\\Win\\system32\\dfrg.msc"});
 }
 
 TEST(FunctionsMenu, EmptyRecycleBinEmptiesAllDrivesAndRaisesAnAlert) {
-    ShellRig rig;
+    CommandRig rig;
     rig.form1.mnuEmptyRecyc.userClick();
     ASSERT_EQ(rig.machine.emptied.size(), 1u);
     EXPECT_EQ(rig.machine.emptied[0].root, "");
@@ -175,14 +175,14 @@ TEST(FunctionsMenu, EmptyRecycleBinEmptiesAllDrivesAndRaisesAnAlert) {
 }
 
 TEST(FunctionsMenu, AFailedEmptyingIsNotLookedAt) {
-    ShellRig rig;
+    CommandRig rig;
     rig.machine.log.failCall(1, 5);
     rig.form1.mnuEmptyRecyc.userClick();
     EXPECT_EQ(rig.form1.LVAlert.ListItems(1).SubItems(2), "User cleared recycle bin");
 }
 
 TEST(FunctionsMenu, AnErrorOfTheAlertBecomesAnAlert) {
-    ShellRig rig;
+    CommandRig rig;
     rig.forms.globals.lngAlertsRaised = 2147483647;
     EXPECT_NO_THROW(rig.form1.mnuEmptyRecyc.userClick());
     ASSERT_EQ(rig.form1.LVAlert.Count(), 2);
@@ -194,34 +194,34 @@ TEST(FunctionsMenu, AnErrorOfTheAlertBecomesAnAlert) {
 }
 
 TEST(FunctionsMenu, NotificationShowsTheMailSettings) {
-    ShellRig rig;
+    CommandRig rig;
     rig.form1.mnuNotif.userClick();
     EXPECT_TRUE(rig.forms.frmNotify.Visible());
 }
 
 TEST(FunctionsMenu, ShowAlertDialogShowsItOnce) {
-    ShellRig rig;
+    CommandRig rig;
     rig.form1.mnuShowAlert.userClick();
     rig.form1.mnuShowAl.userClick();
     EXPECT_EQ(rig.windows.calls, (Texts{"alert dialog", "alert dialog"}));
 }
 
 TEST(FunctionsMenu, CleanManagerOpensItsOwnDialog) {
-    ShellRig rig;
+    CommandRig rig;
     rig.form1.mnuCleaner.userClick();
     EXPECT_EQ(rig.orders(), Texts{"Form1 open cleanmgr"});
     EXPECT_EQ(rig.machine.executed[0].parameters, " ");
 }
 
 TEST(FunctionsMenu, SorbaneDoesNothing) {
-    ShellRig rig;
+    CommandRig rig;
     rig.form1.mnuSorbane.userClick();
     EXPECT_TRUE(rig.windows.calls.empty());
     EXPECT_TRUE(rig.machine.executed.empty());
 }
 
 TEST(FunctionsMenu, ToSystrayAddsTheIconThatIsSwitchedOffAndHidesTheWindow) {
-    ShellRig rig;
+    CommandRig rig;
     rig.form1.chkSystray.setValue(0);
     rig.forms.globals.sTrayTip = "tip";
     rig.form1.mnuToSystray.userClick();
@@ -230,7 +230,7 @@ TEST(FunctionsMenu, ToSystrayAddsTheIconThatIsSwitchedOffAndHidesTheWindow) {
 }
 
 TEST(FunctionsMenu, ToSystrayOnlyHidesTheWindowWhenTheIconIsThere) {
-    ShellRig rig;
+    CommandRig rig;
     ASSERT_TRUE(rig.form1.chkSystray.ticked());
     rig.form1.mnuToSystray.userClick();
     EXPECT_TRUE(rig.windows.calls.empty());

@@ -9,7 +9,7 @@
 #include "base/wipe.h"
 #include "shell/memory_search.h"
 #include "shell/program_lock.h"
-#include "shell/rig.h"
+#include "shell/surface_rig.h"
 
 namespace velmora::tests {
 namespace {
@@ -27,7 +27,7 @@ constexpr auto shortOne = disguise("Kx7!pQz");  // within a string's own buffer
 constexpr auto middleOne = disguise("Wq9?vT4#mZ_1b");
 constexpr auto longOne = disguise("Gh3$kP8%xN5&dR2*yL6+wC_0");  // beyond it
 
-struct PasswordMemoryTest : testing::TestWithParam<std::vector<unsigned char>>, ShellRig {
+struct PasswordMemoryTest : testing::TestWithParam<std::vector<unsigned char>>, SurfaceRig {
     void SetUp() override {
         if (!MemorySearch::possible()) {
             GTEST_SKIP() << "this system has no file of a process's own memory";

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "shell/rig.h"
+#include "shell/surface_rig.h"
 #include "shell/tray_icon.h"
 
 namespace velmora::tests {
@@ -17,7 +17,7 @@ constexpr const char* openTextOfLoad =
     "be locked into the systray.  To unlock, double click the systray icon.";
 constexpr const char* lockedText = "The program is Locked.  Enter password to unlock.";
 
-struct ProgramLockTest : testing::Test, ShellRig {
+struct ProgramLockTest : testing::Test, SurfaceRig {
     void press(int index) { form.Command1[index].userClick(); }
     /// Opens the form, enters the password and locks.
     void lockWith(const std::string& password) {
@@ -132,7 +132,7 @@ TEST_F(ProgramLockTest, LockingAsksAndHidesTheWindowsAndTells) {
     EXPECT_FALSE(form1.Visible());
     EXPECT_FALSE(forms.dlgAlert.Visible());
     EXPECT_FALSE(forms.frmNotify.Visible());
-    EXPECT_TRUE(forms.icon1.Visible());
+    EXPECT_FALSE(forms.icon1.Visible());
     EXPECT_TRUE(sent.empty());
 }
 

@@ -3,12 +3,12 @@
 
 #include <gtest/gtest.h>
 
-#include "shell/rig.h"
+#include "shell/surface_rig.h"
 
 namespace velmora::tests {
 namespace {
 
-struct RecycleBinViewTest : testing::Test, ShellRig {
+struct RecycleBinViewTest : testing::Test, SurfaceRig {
     RecycleBinView view{forms, machine.platform().shell32};
 };
 

@@ -3,12 +3,12 @@
 
 #include <gtest/gtest.h>
 
-#include "shell/rig.h"
+#include "shell/surface_rig.h"
 
 namespace velmora::tests {
 namespace {
 
-struct RowIconsTest : testing::Test, ShellRig {
+struct RowIconsTest : testing::Test, SurfaceRig {
     RowIconsTest() { surface.shellIcons.iconOf = {{"C:\\", 8}, {"D:\\data", 3}}; }
 
     Texts& calls = surface.shellIcons.calls;

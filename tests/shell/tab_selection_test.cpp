@@ -1,5 +1,5 @@
 // The two tab strips.
-#include "shell/shell_rig.h"
+#include "shell/command_rig.h"
 
 namespace velmora::tests {
 namespace {
@@ -19,14 +19,14 @@ int onlyVisible(const auto& panels) {
 TEST(TabSelection, EachTabShowsItsPanelAloneAndTheThirdAndFourthAreCrossed) {
     const int panels[] = {0, 1, 3, 2, 4};
     for (int tab = 0; tab < 5; ++tab) {
-        ShellRig rig;
+        CommandRig rig;
         rig.form1.lblTab[tab].Click();
         EXPECT_EQ(onlyVisible(rig.form1.frmSp), panels[tab]) << tab;
     }
 }
 
 TEST(TabSelection, AlertsAndLogShowsPanel3AndConfigPanel2) {
-    ShellRig rig;
+    CommandRig rig;
     ASSERT_EQ(rig.form1.lblTab[2].Caption(), "Alerts/Log");
     rig.form1.lblTab[2].userClick();
     EXPECT_EQ(onlyVisible(rig.form1.frmSp), 3);
@@ -39,7 +39,7 @@ TEST(TabSelection, TheHeadingIsTheTabsToolTip) {
     const char* headings[] = {specified, "Program Options (Program pre-set actions/behaviors)",
                               "Program Alert Logs", "Configurations (Program UI Settings)",
                               specified};
-    ShellRig rig;
+    CommandRig rig;
     for (int tab = 0; tab < 5; ++tab) {
         rig.form1.lblTab[tab].Click();
         EXPECT_EQ(rig.form1.lblTabCap.Caption(), headings[tab]) << tab;
@@ -47,7 +47,7 @@ TEST(TabSelection, TheHeadingIsTheTabsToolTip) {
 }
 
 TEST(TabSelection, TheSelectedTabStandsOutAndAllOthersLookNormal) {
-    ShellRig rig;
+    CommandRig rig;
     rig.tabs.lblTab_Click(1);
     rig.tabs.lblTab_Click(4);
     for (const Label& label : rig.form1.lblTab) {
@@ -58,7 +58,7 @@ TEST(TabSelection, TheSelectedTabStandsOutAndAllOthersLookNormal) {
 }
 
 TEST(TabSelection, ThePanelComesOnTheWindowsColourInItsPlaceBeforeTheWindowsSizeReplacesIt) {
-    ShellRig rig;
+    CommandRig rig;
     Frame& panel = rig.form1.frmSp[1];
     panel.setBounds({1, 2, 3, 4});
     std::vector<Bounds> places;
@@ -76,21 +76,21 @@ TEST(TabSelection, ThePanelComesOnTheWindowsColourInItsPlaceBeforeTheWindowsSize
 }
 
 TEST(TabSelection, InTheCompactViewThePanelKeepsTheHeightOfItsPlace) {
-    ShellRig rig;
+    CommandRig rig;
     rig.layout.toggleView();
     rig.tabs.lblTab_Click(1);
     EXPECT_EQ(rig.height(rig.form1.frmSp[1]), 4935);
 }
 
 TEST(TabSelection, TheResizeStepFollows) {
-    ShellRig rig;
+    CommandRig rig;
     rig.form1.Command6.setBounds({});
     rig.tabs.lblTab_Click(0);
     EXPECT_EQ(rig.form1.Command6.bounds().Left, 9000 - 600);
 }
 
 TEST(TabSelection, Index5OpensTheMailSettingsOverTheOverview) {
-    ShellRig rig;
+    CommandRig rig;
     rig.tabs.lblTab_Click(0);
     rig.tabs.lblTab_Click(5);
     EXPECT_TRUE(rig.forms.frmNotify.Visible());
@@ -100,14 +100,14 @@ TEST(TabSelection, Index5OpensTheMailSettingsOverTheOverview) {
 }
 
 TEST(TabSelection, NoOtherTabOpensTheMailSettings) {
-    ShellRig rig;
+    CommandRig rig;
     for (int tab = 0; tab < 5; ++tab) rig.tabs.lblTab_Click(tab);
     EXPECT_FALSE(rig.forms.frmNotify.Visible());
 }
 
 TEST(TabSelection, AnIndexWithoutAPanelShowsNoneAndStillFollowsTheWindow) {
     for (const int index : {-1, 6}) {
-        ShellRig rig;
+        CommandRig rig;
         rig.tabs.lblTab_Click(1);
         rig.form1.Command6.setBounds({});
         rig.tabs.lblTab_Click(index);
@@ -118,7 +118,7 @@ TEST(TabSelection, AnIndexWithoutAPanelShowsNoneAndStillFollowsTheWindow) {
 }
 
 TEST(TabSelection, ATabBrightensWhileItIsPressed) {
-    ShellRig rig;
+    CommandRig rig;
     for (Label& label : rig.form1.lblTab) {
         label.MouseDown();
         EXPECT_EQ(label.ForeColor(), 0xFFFFFFu);
@@ -128,14 +128,14 @@ TEST(TabSelection, ATabBrightensWhileItIsPressed) {
 }
 
 TEST(TabSelection, AWholeClickEndsInTheSelectedLook) {
-    ShellRig rig;
+    CommandRig rig;
     rig.form1.lblTab[2].userClick();
     EXPECT_EQ(rig.form1.lblTab[2].ForeColor(), 0x80000012u);
 }
 
 TEST(TabSelection, AnInnerTabShowsItsPanelAloneInItsOwnColours) {
     for (int tab = 0; tab < 3; ++tab) {
-        ShellRig rig;
+        CommandRig rig;
         rig.form1.lblSpectab[(tab + 1) % 3].Click();
         rig.form1.lblSpectab[tab].Click();
         EXPECT_EQ(onlyVisible(rig.form1.fr), tab);
@@ -148,7 +148,7 @@ TEST(TabSelection, AnInnerTabShowsItsPanelAloneInItsOwnColours) {
 }
 
 TEST(TabSelection, AnInnerTabLeavesTheMainStripAndTheLayoutAlone) {
-    ShellRig rig;
+    CommandRig rig;
     rig.tabs.lblTab_Click(2);
     rig.form1.Command6.setBounds({});
     rig.tabs.lblSpectab_Click(1);
@@ -159,14 +159,14 @@ TEST(TabSelection, AnInnerTabLeavesTheMainStripAndTheLayoutAlone) {
 
 TEST(TabSelection, AnInnerIndexWithoutALabelShowsNoPanel) {
     for (const int index : {-1, 3}) {
-        ShellRig rig;
+        CommandRig rig;
         rig.tabs.lblSpectab_Click(index);
         EXPECT_EQ(onlyVisible(rig.form1.fr), -1);
     }
 }
 
 TEST(TabSelection, IsReachedThroughThePortOfTheStart) {
-    ShellRig rig;
+    CommandRig rig;
     Tabs& port = rig.tabs;
     port.lblTab_Click(3);
     port.lblSpectab_Click(2);

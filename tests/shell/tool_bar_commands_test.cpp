@@ -1,5 +1,5 @@
 // The tool bar, whose captions are the keys of its commands.
-#include "shell/shell_rig.h"
+#include "shell/command_rig.h"
 
 namespace velmora::tests {
 namespace {
@@ -8,7 +8,7 @@ constexpr int startButton = 1, wizardButton = 2, infoButton = 3, functionsButton
               viewButton = 5, helpButton = 6;
 
 TEST(ToolBarCommands, StartAndPauseRunTheSwitchOfTheWatch) {
-    ShellRig rig;
+    CommandRig rig;
     int switched = 0;
     counted(rig.form1.cmdPause.Click, switched);
     rig.form1.Toolbar1.userClickPart(startButton);
@@ -19,13 +19,13 @@ TEST(ToolBarCommands, StartAndPauseRunTheSwitchOfTheWatch) {
 }
 
 TEST(ToolBarCommands, TheWizardButtonShowsTheWizard) {
-    ShellRig rig;
+    CommandRig rig;
     rig.form1.Toolbar1.userClickPart(wizardButton);
     EXPECT_TRUE(rig.forms.frmWizard.Visible());
 }
 
 TEST(ToolBarCommands, AdvInfoClicksTheButtonThatShowsTheDriveInformation) {
-    ShellRig rig;
+    CommandRig rig;
     int clicked = 0;
     counted(rig.form1.cmdAdv.Click, clicked);
     rig.form1.Toolbar1.userClickPart(infoButton);
@@ -34,7 +34,7 @@ TEST(ToolBarCommands, AdvInfoClicksTheButtonThatShowsTheDriveInformation) {
 }
 
 TEST(ToolBarCommands, FunctionsPopsUpItsMenu) {
-    ShellRig rig;
+    CommandRig rig;
     int popped = 0;
     counted(rig.form1.mnuFunc.PoppedUp, popped);
     rig.form1.Toolbar1.userClickPart(functionsButton);
@@ -45,7 +45,7 @@ TEST(ToolBarCommands, FunctionsPopsUpItsMenu) {
 }
 
 TEST(ToolBarCommands, ViewMinusAndViewPlusBothToggleTheView) {
-    ShellRig rig;
+    CommandRig rig;
     rig.form1.Toolbar1.userClickPart(viewButton);
     EXPECT_EQ(rig.form1.Height(), 3800);
     EXPECT_EQ(rig.form1.Toolbar1.Buttons(viewButton).Caption, "View +");
@@ -55,7 +55,7 @@ TEST(ToolBarCommands, ViewMinusAndViewPlusBothToggleTheView) {
 }
 
 TEST(ToolBarCommands, TheCaptionAndNotThePlaceChoosesTheCommand) {
-    ShellRig rig;
+    CommandRig rig;
     rig.form1.Toolbar1.setButtonCaption(startButton, "Toggle View");
     rig.form1.Toolbar1.userClickPart(startButton);
     EXPECT_EQ(rig.form1.Height(), 3800);
@@ -65,7 +65,7 @@ TEST(ToolBarCommands, TheCaptionAndNotThePlaceChoosesTheCommand) {
 }
 
 TEST(ToolBarCommands, OtherCaptionsMustFitExactly) {
-    ShellRig rig;
+    CommandRig rig;
     int clicked = 0;
     counted(rig.form1.cmdPause.Click, clicked);
     counted(rig.form1.cmdAdv.Click, clicked);
@@ -82,7 +82,7 @@ TEST(ToolBarCommands, OtherCaptionsMustFitExactly) {
 }
 
 TEST(ToolBarCommands, HelpAsksAndYesOpensTheMakersHelpPage) {
-    ShellRig rig;
+    CommandRig rig;
     rig.host.answers = {BoxAnswer::yes};
     rig.form1.Toolbar1.userClickPart(helpButton);
     ASSERT_EQ(rig.host.boxes.size(), 1u);
@@ -93,7 +93,7 @@ TEST(ToolBarCommands, HelpAsksAndYesOpensTheMakersHelpPage) {
 }
 
 TEST(ToolBarCommands, NoOpensTheLocalHelpFile) {
-    ShellRig rig;
+    CommandRig rig;
     rig.host.answers = {BoxAnswer::no};
     rig.form1.Toolbar1.userClickPart(helpButton);
     EXPECT_EQ(rig.orders(), Texts{"Form1 open C:\\Program Files\\Velmora\\velmora.html"});
@@ -101,7 +101,7 @@ TEST(ToolBarCommands, NoOpensTheLocalHelpFile) {
 }
 
 TEST(ToolBarCommands, AFailedHelpPageIsNotReported) {
-    ShellRig rig;
+    CommandRig rig;
     rig.machine.executes = false;
     rig.form1.Toolbar1.userClickPart(helpButton);
     EXPECT_EQ(rig.host.boxes.size(), 1u);

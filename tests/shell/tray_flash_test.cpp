@@ -2,13 +2,13 @@
 #include <gtest/gtest.h>
 
 #include "controls/timer_queue.h"
-#include "shell/rig.h"
+#include "shell/surface_rig.h"
 #include "shell/tray_icon.h"
 
 namespace velmora::tests {
 namespace {
 
-struct TrayFlashTest : testing::Test, ShellRig {
+struct TrayFlashTest : testing::Test, SurfaceRig {
     void tick() { forms.sysWorkSystray.tmrSystray.Tick(); }
     void doubleClick() { tell(forms.sysWorkSystray, leftDoubleClick); }
     const NotifyIconData& last() { return sent.back().second; }

@@ -5,7 +5,7 @@
 
 #include <limits>
 
-#include "shell/rig.h"
+#include "shell/surface_rig.h"
 
 namespace velmora::tests {
 namespace {
@@ -18,7 +18,7 @@ constexpr const char* checkingMenuQuestion =
     "The program is still checking. Performing this action may cause errors.\r\n"
     "Do you wish to continue?";
 
-struct TrayIconTest : testing::Test, ShellRig {
+struct TrayIconTest : testing::Test, SurfaceRig {
     TrayIconTest() {
         machine.now = {2026, 3, 4, 15, 9, 26};
         form1.mnuPopUp.PoppedUp.connect([this] { ++menus; });

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "shell/rig.h"
+#include "shell/surface_rig.h"
 
 namespace velmora::tests {
 namespace {
@@ -16,7 +16,7 @@ std::string attributes(int alpha, int flags) {
            std::to_string(alpha) + ' ' + std::to_string(flags);
 }
 
-struct WindowEffectsTest : testing::Test, ShellRig {
+struct WindowEffectsTest : testing::Test, SurfaceRig {
     /// The alpha that a level sets, as the last call tells it with the flags behind.
     std::string lastAttributes() { return windowCalls.empty() ? "" : windowCalls.back(); }
 

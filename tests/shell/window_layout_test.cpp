@@ -1,16 +1,16 @@
 // The main window's two views and what a change of its size does.
 #include "base/runtime_error.h"
-#include "shell/shell_rig.h"
+#include "shell/command_rig.h"
 
 namespace velmora::tests {
 namespace {
 
-const std::string& viewCaption(ShellRig& rig) {
+const std::string& viewCaption(CommandRig& rig) {
     return rig.form1.Toolbar1.Buttons(tool::view).Caption;
 }
 
 TEST(ViewToggle, FromTheFullViewGoesToTheHeightOfToolBarListAnd500) {
-    ShellRig rig;
+    CommandRig rig;
     rig.setHeights(640, 2900);
     rig.layout.toggleView();
     EXPECT_EQ(rig.form1.Height(), 640 + 2900 + 500);
@@ -21,7 +21,7 @@ TEST(ViewToggle, FromTheFullViewGoesToTheHeightOfToolBarListAnd500) {
 }
 
 TEST(ViewToggle, FromTheCompactViewReturnsToExactly9100) {
-    ShellRig rig;
+    CommandRig rig;
     rig.layout.toggleView();
     rig.layout.toggleView();
     EXPECT_EQ(rig.form1.Height(), 9100);
@@ -32,7 +32,7 @@ TEST(ViewToggle, FromTheCompactViewReturnsToExactly9100) {
 
 TEST(ViewToggle, FromAnyOtherHeightGoesTo9100) {
     for (const int height : {4000, 9099, 9101, 12000}) {
-        ShellRig rig;
+        CommandRig rig;
         rig.form1.setSize(9000, height);
         rig.layout.toggleView();
         EXPECT_EQ(rig.form1.Height(), 9100) << height;
@@ -42,7 +42,7 @@ TEST(ViewToggle, FromAnyOtherHeightGoesTo9100) {
 
 TEST(ViewToggle, AMaximisedOrMinimisedWindowBecomesNormalFirst) {
     for (const WindowState state : {WindowState::maximised, WindowState::minimised}) {
-        ShellRig rig;
+        CommandRig rig;
         rig.form1.setState(state);
         WindowState whenResized = state;
         rig.form1.Resize.connect([&] { whenResized = rig.form1.State(); });
@@ -54,21 +54,21 @@ TEST(ViewToggle, AMaximisedOrMinimisedWindowBecomesNormalFirst) {
 }
 
 TEST(ResizeStep, AHeightUnder3900BecomesThatOfTheCompactView) {
-    ShellRig rig;
+    CommandRig rig;
     rig.setHeights(700, 2700);
     rig.form1.setSize(9000, 3899);
     EXPECT_EQ(rig.form1.Height(), 700 + 2700 + 500);
 }
 
 TEST(ResizeStep, AHeightOf3900Stays) {
-    ShellRig rig;
+    CommandRig rig;
     rig.setHeights(900, 3000);
     rig.form1.setSize(9000, 3900);
     EXPECT_EQ(rig.form1.Height(), 3900);
 }
 
 TEST(ResizeStep, ACompactViewBelow3900Settles) {
-    ShellRig rig;
+    CommandRig rig;
     int resizes = 0;
     counted(rig.form1.Resize, resizes);
     rig.setHeights(600, 2700);
@@ -79,7 +79,7 @@ TEST(ResizeStep, ACompactViewBelow3900Settles) {
 
 TEST(ResizeStep, AWidthUnder8070SnapsBackTo8070) {
     for (const int width : {0, 5000, 8069}) {
-        ShellRig rig;
+        CommandRig rig;
         rig.form1.setSize(width, 9100);
         EXPECT_EQ(rig.form1.Width(), 8070) << width;
         EXPECT_EQ(rig.form1.Height(), 9100) << width;
@@ -87,7 +87,7 @@ TEST(ResizeStep, AWidthUnder8070SnapsBackTo8070) {
 }
 
 TEST(ResizeStep, AWidthOf8070Stays) {
-    ShellRig rig;
+    CommandRig rig;
     int resizes = 0;
     counted(rig.form1.Resize, resizes);
     rig.form1.setSize(8070, 9100);
@@ -96,7 +96,7 @@ TEST(ResizeStep, AWidthOf8070Stays) {
 }
 
 TEST(ResizeStep, AWindowTooSmallBothWaysSettlesWithEverythingInPlace) {
-    ShellRig rig;
+    CommandRig rig;
     rig.form1.setSize(100, 100);
     EXPECT_EQ(rig.form1.Width(), 8070);
     EXPECT_EQ(rig.form1.Height(), 3800);
@@ -105,7 +105,7 @@ TEST(ResizeStep, AWindowTooSmallBothWaysSettlesWithEverythingInPlace) {
 }
 
 TEST(ResizeStep, ButtonsFollowTheRightEdge) {
-    ShellRig rig;
+    CommandRig rig;
     rig.form1.Command6.setBounds({1, 2, 300, 400});
     rig.form1.setSize(10000, 9100);
     EXPECT_EQ(rig.form1.Command6.bounds(), (Bounds{9400, 2, 300, 400}));
@@ -113,7 +113,7 @@ TEST(ResizeStep, ButtonsFollowTheRightEdge) {
 }
 
 TEST(ResizeStep, TheWatchListFollowsTheWidthAndKeepsItsHeight) {
-    ShellRig rig;
+    CommandRig rig;
     const int listHeight = rig.height(rig.list);
     rig.form1.setSize(10000, 9100);
     EXPECT_EQ(rig.width(rig.form1.Frame8), 8600);
@@ -123,7 +123,7 @@ TEST(ResizeStep, TheWatchListFollowsTheWidthAndKeepsItsHeight) {
 }
 
 TEST(ResizeStep, HeadingAndPanelsFollowTheWindow) {
-    ShellRig rig;
+    CommandRig rig;
     rig.form1.setSize(12000, 11000);
     EXPECT_EQ(rig.width(rig.form1.lblTabCap), 12000 - 1320 - 500);
     for (const Frame& panel : rig.form1.frmSp) {
@@ -132,7 +132,7 @@ TEST(ResizeStep, HeadingAndPanelsFollowTheWindow) {
 }
 
 TEST(ResizeStep, APanelsHeightUnder4300IsLeftAsItWas) {
-    ShellRig rig;
+    CommandRig rig;
     rig.form1.setSize(9000, 8500);
     EXPECT_EQ(rig.height(rig.form1.frmSp[0]), 4300);
     rig.form1.setSize(9500, 8499);
@@ -143,7 +143,7 @@ TEST(ResizeStep, APanelsHeightUnder4300IsLeftAsItWas) {
 }
 
 TEST(ResizeStep, TheAlertListLeavesRoomForTheJournalWhileItIsShown) {
-    ShellRig rig;
+    CommandRig rig;
     rig.form1.chkLog.setValue(0);
     rig.form1.setSize(9000, 12000);
     EXPECT_EQ(rig.height(rig.form1.LVAlert), 12000 - 4200 - 500);
@@ -154,7 +154,7 @@ TEST(ResizeStep, TheAlertListLeavesRoomForTheJournalWhileItIsShown) {
 }
 
 TEST(ResizeStep, AnAlertListUnder4300IsLeftAsItWas) {
-    ShellRig rig;
+    CommandRig rig;
     ASSERT_TRUE(rig.form1.chkLog.ticked());
     const int before = rig.height(rig.form1.LVAlert);
     EXPECT_GT(before, 0);
@@ -165,7 +165,7 @@ TEST(ResizeStep, AnAlertListUnder4300IsLeftAsItWas) {
 }
 
 TEST(ResizeStep, AnErrorEndsItSilently) {
-    ShellRig rig;
+    CommandRig rig;
     const Bounds before = rig.list.bounds();
     rig.form1.Frame8.Changed.connect([] { throw RuntimeError(error::invalidPropertyValue); });
     EXPECT_NO_THROW(rig.form1.setSize(10000, 9100));

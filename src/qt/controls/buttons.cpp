@@ -55,7 +55,10 @@ QToolButton* makeIconButton(CommandButton& field, Glyph glyph, UserHand& hand) {
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::StrongFocus);
     Refresher* refresher = bindField(button, field, [button, &field] {
-        if (field.ToolTipText().empty()) button->setToolTip(shown(field.Caption()));
+        if (!field.ToolTipText().empty()) return;
+        // A caption such as "..." explains nothing.
+        const QString words = button->accessibleName();
+        button->setToolTip(words.isEmpty() ? shown(field.Caption()) : words);
     });
     clickField(button, field, hand, refresher);
     return button;

@@ -13,7 +13,7 @@ namespace velmora::qt {
 
 namespace {
 
-constexpr int sideMargin = 10;
+constexpr int sideMargin = 8;
 constexpr int leastSideMargin = 4;
 constexpr int topMargin = 5;
 constexpr double corner = 5;

@@ -37,6 +37,7 @@ ListViewWidget::ListViewWidget(ListView& list, ListViewModel::Pictures pictures,
     setTextElideMode(Qt::ElideMiddle);
     setMouseTracking(true);
     header()->setStretchLastSection(false);
+    header()->setTextElideMode(Qt::ElideRight);
     header()->setSectionsMovable(false);
     header()->setSectionsClickable(true);
     header()->setMinimumSectionSize(40);

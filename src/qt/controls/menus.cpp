@@ -50,18 +50,22 @@ void fill(QMenu* menu, MenuItem& field, UserHand& hand) {
 
 QPoint popUpPlace() {
     const QWidget* focused = QApplication::focusWidget();
-    const bool pointerIsOver =
-        focused == nullptr || focused->window()->frameGeometry().contains(QCursor::pos());
-    return pointerIsOver ? QCursor::pos() : focused->mapToGlobal(QPoint(0, focused->height()));
+    const QWidget* below = QApplication::topLevelAt(QCursor::pos());
+    // Over another window of the program the menu would seem to belong to that one; over none the
+    // pointer is at an icon of the notification area.
+    const bool atPointer = focused == nullptr || below == nullptr || below == focused->window();
+    return atPointer ? QCursor::pos() : focused->mapToGlobal(QPoint(0, focused->height()));
 }
 
 }  // namespace
 
-QMenu* makeMenu(MenuItem& field, UserHand& hand, QWidget* owner) {
+QMenu* makeMenu(MenuItem& field, UserHand& hand, QWidget* owner, std::function<void()> shown) {
     auto* menu = new QMenu(owner);
     fill(menu, field, hand);
-    field.PoppedUp.connect([guard = QPointer<QMenu>(menu)] {
-        if (guard) guard->popup(popUpPlace());
+    field.PoppedUp.connect([guard = QPointer<QMenu>(menu), shown = std::move(shown)] {
+        if (!guard) return;
+        guard->popup(popUpPlace());
+        shown();
     });
     QObject::connect(menu, &QMenu::aboutToHide, menu,
                      [&field, &hand] { hand.does([&field] { field.Closed(); }); });

@@ -25,6 +25,7 @@ enum class Glyph {
     play,
     save,
     translucent,
+    menu,
     openFolder,
     stateOk,
     stateAlert,

@@ -41,6 +41,8 @@ GlyphDrawing drawingOf(Glyph glyph) {
             return drawSave;
         case Glyph::translucent:
             return drawTranslucent;
+        case Glyph::menu:
+            return drawMenu;
         case Glyph::openFolder:
             return drawOpenFolder;
         case Glyph::stateOk:

@@ -17,6 +17,7 @@ void drawWizard(GlyphCanvas& canvas);
 void drawFunctions(GlyphCanvas& canvas);
 void drawViewLess(GlyphCanvas& canvas);
 void drawViewMore(GlyphCanvas& canvas);
+void drawMenu(GlyphCanvas& canvas);
 void drawTranslucent(GlyphCanvas& canvas);
 void drawHelp(GlyphCanvas& canvas);
 void drawExit(GlyphCanvas& canvas);

@@ -48,6 +48,10 @@ void drawFunctions(GlyphCanvas& canvas) {
     canvas.block({13.5, 3, 7.5, 7.5}, 1.6, canvas.accent());
 }
 
+void drawMenu(GlyphCanvas& canvas) {
+    for (const double y : {6.0, 12.0, 18.0}) canvas.ruled({{4, y}, {20, y}}, canvas.ink());
+}
+
 // A window in front of another, which shows through.
 void drawTranslucent(GlyphCanvas& canvas) {
     canvas.frame({3.5, 3.5, 11, 11}, 1.8, canvas.ink());

@@ -1,5 +1,7 @@
 #include "qt/surface/qt_notify_area.h"
 
+#include <QApplication>
+
 #include "qt/icons/program_icon.h"
 #include "qt/surface/text.h"
 
@@ -11,10 +13,13 @@ constexpr int leftDoubleClick = 515;
 constexpr int rightButtonUp = 517;
 
 QIcon iconOfKey(const std::string& key) {
-    if (key == "alert") return alertIcon();
+    static const QIcon program = programIcon();
+    static const QIcon alert = alertIcon();
+    static const QIcon paused = pausedIcon();
+    if (key == "alert" || key == "tray 1") return alert;
     // The icons of the forms that a paused watch shows.
-    if (key == "Icon0" || key == "Icon1") return pausedIcon();
-    return programIcon();
+    if (key == "Icon0" || key == "Icon1") return paused;
+    return program;
 }
 
 }  // namespace
@@ -35,19 +40,43 @@ bool QtNotifyArea::Shell_NotifyIconA(NotifyMessage message, const NotifyIconData
             icons_.erase(known);
             break;
     }
-    return available();
+    return QSystemTrayIcon::isSystemTrayAvailable();
 }
 
 void QtNotifyArea::add(const NotifyIconData& data) {
     Shown& added = icons_[data.window];
-    added.icon = std::make_unique<QSystemTrayIcon>();
+    added.icon.reset(new QSystemTrayIcon);
     QObject::connect(added.icon.get(), &QSystemTrayIcon::activated, added.icon.get(),
                      [this, form = data.window](QSystemTrayIcon::ActivationReason reason) {
-                         if (reason == QSystemTrayIcon::DoubleClick) message_(form, leftDoubleClick);
-                         if (reason == QSystemTrayIcon::Context) message_(form, rightButtonUp);
+                         activated(form, reason);
                      });
     show(added, data);
     added.icon->show();
+}
+
+void QtNotifyArea::activated(const std::string& form, QSystemTrayIcon::ActivationReason reason) {
+    switch (reason) {
+        case QSystemTrayIcon::DoubleClick:
+            icons_[form].sinceClick.invalidate();
+            message_(form, leftDoubleClick);
+            break;
+        case QSystemTrayIcon::Context:
+            message_(form, rightButtonUp);
+            break;
+        case QSystemTrayIcon::Trigger:
+            if (isSecondClick(form)) message_(form, leftDoubleClick);
+            break;
+        default:
+            break;
+    }
+}
+
+// Many desktops tell of single clicks only.
+bool QtNotifyArea::isSecondClick(const std::string& form) {
+    QElapsedTimer& since = icons_[form].sinceClick;
+    const bool second = since.isValid() && since.elapsed() <= QApplication::doubleClickInterval();
+    second ? since.invalidate() : since.start();
+    return second;
 }
 
 // The icon is painted again only when it is another one.

@@ -1,6 +1,7 @@
 // The notification area by Qt's tray icon. One icon a window, as the program's records name them.
 #pragma once
 
+#include <QElapsedTimer>
 #include <QSystemTrayIcon>
 #include <functional>
 #include <map>
@@ -23,17 +24,30 @@ class QtNotifyArea final : public NotifyArea {
 
     /// Takes every icon away.
     void clear() { icons_.clear(); }
-    bool available() const override { return QSystemTrayIcon::isSystemTrayAvailable(); }
+    /// Whether an icon of the program stands where the user can get at it.
+    bool available() const override {
+        return QSystemTrayIcon::isSystemTrayAvailable() && !icons_.empty();
+    }
     /// The icon of a form, null when it was not added.
     QSystemTrayIcon* iconOf(const std::string& form) const;
 
   private:
+    // An icon may be removed in the middle of its own message.
+    struct Later {
+        void operator()(QSystemTrayIcon* icon) const {
+            icon->hide();
+            icon->deleteLater();
+        }
+    };
     struct Shown {
-        std::unique_ptr<QSystemTrayIcon> icon;
+        std::unique_ptr<QSystemTrayIcon, Later> icon;
         NotifyIconData data;
+        QElapsedTimer sinceClick;
     };
 
     void add(const NotifyIconData& data);
+    void activated(const std::string& form, QSystemTrayIcon::ActivationReason reason);
+    bool isSecondClick(const std::string& form);
     static void show(Shown& shown, const NotifyIconData& data);
 
     Message message_;

@@ -1,6 +1,7 @@
 #include "qt/surface/qt_user32.h"
 
 #include <QApplication>
+#include <QTimer>
 #include <algorithm>
 
 #include "qt/system/layered_window.h"
@@ -58,9 +59,11 @@ std::uint32_t QtUser32::GetWindowThreadProcessId(const std::string& window, std:
 
 void QtUser32::AppActivate(std::uint32_t process) {
     if (process != static_cast<std::uint32_t>(QCoreApplication::applicationPid())) return;
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (window->isVisible() && window->windowType() == Qt::Window) bringToFront(window);
-    }
+    // Once the windows show what their forms say: one that is being hidden stays behind.
+    QTimer::singleShot(0, QCoreApplication::instance(), [this] {
+        QWidget* window = windows_.find("Form1");
+        if (window != nullptr && window->isVisible()) bringToFront(window);
+    });
 }
 
 bool QtUser32::SetForegroundWindow(const std::string& window) {

@@ -47,7 +47,11 @@ QWidget* makeAlertsPanel(Form1& form, UserHand& hand) {
     auto* lists = new QSplitter(Qt::Vertical);
     lists->setChildrenCollapsible(false);
     lists->addWidget(makeAlertList(form, hand));
-    lists->addWidget(group(QStringLiteral("Current Alerts"), column({new JournalView(form.txtAlert)})));
+    auto* journal = group(QStringLiteral("Current Alerts"), column({new JournalView(form.txtAlert)}));
+    lists->addWidget(journal);
+    // The list takes the room of a journal that isn't shown.
+    follow(form.txtAlert.Changed, journal,
+           [journal, &form] { journal->setVisible(form.txtAlert.Visible()); });
     lists->setStretchFactor(0, 3);
     lists->setStretchFactor(1, 2);
     auto* page = column({});

@@ -5,9 +5,10 @@
 
 namespace velmora::qt {
 
-AllWindows::AllWindows(Forms& forms, const QtShellIcons& icons, UserHand& hand, WindowsByName& names)
+AllWindows::AllWindows(Forms& forms, const QtShellIcons& icons, QtUser32& user32, UserHand& hand,
+                       WindowsByName& names)
     : hand_(hand), names_(names) {
-    add(forms.form1.Name(), new MainWindow(forms.form1, icons, hand));
+    add(forms.form1.Name(), new MainWindow(forms.form1, icons, user32, hand));
     addWhenLoaded(forms.frmLock, makeLockWindow);
     addWhenLoaded(forms.frmAbout, makeAboutWindow);
     addWhenLoaded(forms.dlgAlert, makeAlertWindow);

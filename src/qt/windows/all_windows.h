@@ -6,6 +6,7 @@
 
 #include "forms/forms.h"
 #include "qt/surface/qt_shell_icons.h"
+#include "qt/surface/qt_user32.h"
 #include "qt/surface/user_hand.h"
 #include "qt/surface/windows_by_name.h"
 
@@ -15,7 +16,8 @@ class AllWindows {
   public:
     /// Enters each window under the name of its form. Only the main window is made at once; the
     /// others come into being when their forms are shown for the first time.
-    AllWindows(Forms& forms, const QtShellIcons& icons, UserHand& hand, WindowsByName& names);
+    AllWindows(Forms& forms, const QtShellIcons& icons, QtUser32& user32, UserHand& hand,
+               WindowsByName& names);
     ~AllWindows();
 
   private:

@@ -1,5 +1,6 @@
 #include "qt/windows/main_window.h"
 
+#include <QContextMenuEvent>
 #include <QEvent>
 #include <QShortcut>
 #include <QToolBar>
@@ -22,7 +23,8 @@ namespace velmora::qt {
 namespace {
 
 constexpr double listScale = 0.9;
-constexpr int leastWidth = 8070 / twipsPerPixel;  // pixels
+// The resize rules' own least width, whatever the fonts would like.
+constexpr int leastWidth = 8070 / twipsPerPixel;
 
 QIcon rowPicture(const std::string& key, const QtShellIcons& icons) {
     if (key == "ok") return glyphIcon(Glyph::stateOk);
@@ -38,9 +40,10 @@ QWidget* stretch() {
 
 }  // namespace
 
-MainWindow::MainWindow(Form1& form, const QtShellIcons& icons, UserHand& hand)
-    : form_(form), hand_(hand) {
+MainWindow::MainWindow(Form1& form, const QtShellIcons& icons, QtUser32& user32, UserHand& hand)
+    : form_(form), user32_(user32), hand_(hand) {
     setWindowIcon(programIcon());
+    setMinimumWidth(leastWidth);
     addToolBar();
     auto* content = column({});
     content->setContentsMargins(gap + 2, gap, gap + 2, 0);
@@ -53,17 +56,29 @@ MainWindow::MainWindow(Form1& form, const QtShellIcons& icons, UserHand& hand)
     setStatusBar(makeStatusBar(form.StatusBar1));
     addMenus();
     addShortcuts();
-    // The form's own least width counts, whatever the fonts.
-    setMinimumWidth(leastWidth);
     new FormBinding(this, form, hand, true);
 }
 
 void MainWindow::addToolBar() {
     toolBar_ = makeToolBar(form_.Toolbar1, hand_);
     toolBar_->addWidget(stretch());
+    toolBar_->addWidget(makeMenuButton());
     toolBar_->addWidget(makeIconButton(form_.Command9, Glyph::translucent, hand_));
     toolBar_->addWidget(makeIconButton(form_.Command6, Glyph::exit, hand_));
     QMainWindow::addToolBar(Qt::TopToolBarArea, toolBar_);
+}
+
+// The icon's menu also for those who have no notification area, or don't think of it.
+QWidget* MainWindow::makeMenuButton() {
+    auto* button = new QToolButton;
+    button->setObjectName(QStringLiteral("mnuPopUp.Button"));
+    button->setIcon(glyphIcon(Glyph::menu));
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::StrongFocus);
+    button->setToolTip(QStringLiteral("Menu"));
+    button->setAccessibleName(QStringLiteral("Main menu"));
+    connect(button, &QToolButton::clicked, this, [this] { hand_.does([this] { form_.mnuPopUp.PopUp(); }); });
+    return button;
 }
 
 QWidget* MainWindow::makeWatchList(const QtShellIcons& icons) {
@@ -140,7 +155,8 @@ void MainWindow::placeTriggerEntry() {
 
 void MainWindow::addMenus() {
     for (MenuItem* menu : {&form_.mnuPopUp, &form_.mnuLstV, &form_.mnuFunc, &form_.mnuLst}) {
-        makeMenu(*menu, hand_, this);
+        makeMenu(*menu, hand_, this,
+                 [this, name = menu->Name()] { hand_.does([&] { user32_.windowCreated(name); }); });
     }
 }
 
@@ -156,6 +172,12 @@ void MainWindow::addShortcuts() {
     add(QKeySequence(Qt::Key_F5), [this] { form_.Command1.userClick(); });
     add(QKeySequence(Qt::Key_F6), [this] { form_.cmdPause.userClick(); });
     add(QKeySequence::HelpContents, [this] { form_.Toolbar1.userClickPart(form_.Toolbar1.ButtonCount()); });
+}
+
+// Where no widget has a menu of its own.
+void MainWindow::contextMenuEvent(QContextMenuEvent* event) {
+    hand_.does([this] { form_.mnuPopUp.PopUp(); });
+    event->accept();
 }
 
 void MainWindow::tellMeasures() {

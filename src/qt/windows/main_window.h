@@ -5,6 +5,7 @@
 
 #include "forms/form1.h"
 #include "qt/surface/qt_shell_icons.h"
+#include "qt/surface/qt_user32.h"
 #include "qt/surface/user_hand.h"
 
 namespace velmora::qt {
@@ -12,17 +13,19 @@ namespace velmora::qt {
 class MainWindow : public QMainWindow {
     Q_OBJECT
   public:
-    MainWindow(Form1& form, const QtShellIcons& icons, UserHand& hand);
+    MainWindow(Form1& form, const QtShellIcons& icons, QtUser32& user32, UserHand& hand);
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
     bool event(QEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
 
   private:
     QWidget* makeWatchList(const QtShellIcons& icons);
     QWidget* makeWatchListButtons();
     QWidget* makeTabs();
     QWidget* makePages();
+    QWidget* makeMenuButton();
     void addToolBar();
     void addMenus();
     void addShortcuts();
@@ -31,6 +34,7 @@ class MainWindow : public QMainWindow {
     void tellMeasures();
 
     Form1& form_;
+    QtUser32& user32_;
     UserHand& hand_;
     QToolBar* toolBar_ = nullptr;
     QWidget* watchList_ = nullptr;

@@ -1,14 +1,15 @@
 #include "qt/system/layered_window.h"
 
-#include <QBitmap>
 #include <QEvent>
 #include <QPainter>
-#include <QPointer>
+#include <QTimer>
 #include <QWindow>
 
 namespace velmora::qt {
 
 namespace {
+
+constexpr int lookInterval = 200;  // milliseconds
 
 QRgb rgbOf(std::uint32_t key) {
     return qRgb(static_cast<int>(key & 0xFF), static_cast<int>((key >> 8) & 0xFF),
@@ -44,9 +45,10 @@ class ColourKey : public QObject {
     void schedule() {
         if (scheduled_ || shaping_) return;
         scheduled_ = true;
-        QMetaObject::invokeMethod(this, [this] { shape(); }, Qt::QueuedConnection);
+        QTimer::singleShot(lookInterval, this, [this] { shape(); });
     }
 
+    // Looks at most a few times a second: it costs a second painting of the window.
     void shape() {
         scheduled_ = false;
         shaping_ = true;
@@ -61,18 +63,20 @@ class ColourKey : public QObject {
 
     QRegion placesOf(QRgb colour) const {
         QImage image(window_->size(), QImage::Format_RGB32);
-        // Without the present shape, which would hide the places that are looked for.
+        image.fill(Qt::black);
         window_->render(&image, {}, {},
                         QWidget::DrawWindowBackground | QWidget::DrawChildren | QWidget::IgnoreMask);
-        bool any = false;
-        for (int y = 0; y < image.height() && !any; ++y) {
+        QRegion places;
+        for (int y = 0; y < image.height(); ++y) {
             const auto* line = reinterpret_cast<const QRgb*>(image.constScanLine(y));
-            any = std::any_of(line, line + image.width(),
-                              [colour](QRgb pixel) { return (pixel | 0xFF000000) == colour; });
+            for (int x = 0; x < image.width(); ++x) {
+                if (line[x] != colour) continue;
+                const int from = x;
+                while (x < image.width() && line[x] == colour) ++x;
+                places += QRect(from, y, x - from, 1);
+            }
         }
-        if (!any) return {};
-        // The ones of a bitmap are its dark places, and a mask's its light ones: the other mode.
-        return QRegion(QBitmap::fromImage(image.createMaskFromColor(colour, Qt::MaskOutColor)));
+        return places;
     }
 
     QWidget* window_;

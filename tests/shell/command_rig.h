@@ -42,7 +42,7 @@ struct RecordedWindows : DriveView,
 };
 
 /// The window in its full view, with a tool bar of 600 twips and a watch list of 2700.
-struct ShellRig {
+struct CommandRig {
     fake::FakeMachine machine;
     fake::FakeHost host;
     fake::FakeNotifyArea notifyArea;
@@ -65,7 +65,7 @@ struct ShellRig {
         {alerts, systemActions, shellLinks, windows, windows, windows, windows, windows}};
     ButtonCommands buttons{forms, windows};
 
-    ShellRig() {
+    CommandRig() {
         for (int i = 0; i < 5; ++i) list.addColumn({});
         setHeights(600, 2700);
         form1.Show();

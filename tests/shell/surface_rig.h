@@ -17,7 +17,7 @@ inline constexpr float twipsPerPixel = 15;
 inline constexpr int leftDoubleClick = 515;
 inline constexpr int rightButtonUp = 517;
 
-struct ShellRig {
+struct SurfaceRig {
     fake::FakeMachine machine;
     fake::FakeSurface surface;
     Forms forms;

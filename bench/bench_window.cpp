@@ -1,0 +1,123 @@
+// The window at work, as the real program shows it: bench_window start|rest|alerts.
+//
+//   start   prints "painted" once the main window has been painted, and ends
+//   rest    watches 26 rows and lies still for a minute: memory and processor time
+//   alerts  a hundred thousand alerts with their page open, beside the list alone
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <QApplication>
+#include <QEvent>
+#include <QTimer>
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <string>
+
+#include "app/window_program.h"
+#include "bench_program.h"
+
+using namespace velmora;
+
+namespace {
+
+constexpr int rows = 26;
+constexpr int alerts = 100000;
+constexpr int alertsTab = 2;
+constexpr int minute = 60000;
+
+class PaintWatch : public QObject {
+  public:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::UpdateRequest) {
+            // After the request has been served.
+            QTimer::singleShot(0, [] {
+                std::puts("painted");
+                std::fflush(stdout);
+                std::_Exit(0);
+            });
+        }
+        return false;
+    }
+};
+
+double processorSeconds() {
+    rusage used{};
+    getrusage(RUSAGE_SELF, &used);
+    const auto seconds = [](const timeval& time) {
+        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+    };
+    return seconds(used.ru_utime) + seconds(used.ru_stime);
+}
+
+long residentKB() {
+    std::ifstream status("/proc/self/status");
+    for (std::string line; std::getline(status, line);) {
+        if (line.starts_with("VmRSS:")) return std::atol(line.c_str() + 6);
+    }
+    return 0;
+}
+
+void settle() {
+    for (int i = 0; i < 20; ++i) QApplication::processEvents();
+}
+
+int rest(WindowProgram& program) {
+    ListView& list = program.forms().form1.ListView1;
+    while (list.Count() < rows) list.Add("C:\\");
+    for (int i = 1; i <= list.Count(); ++i) list.userTick(i, true);
+    settle();
+    const double before = processorSeconds();
+    QTimer::singleShot(minute, [before] {
+        const double used = processorSeconds() - before;
+        std::printf("memory at rest with %d rows: %.1f MB\n", rows,
+                    static_cast<double>(residentKB()) / 1024);
+        std::printf("processor time over a minute: %.0f ms, %.2f %% of a core\n", used * 1000,
+                    used / (minute / 1000.0) * 100);
+        std::fflush(stdout);
+        std::_Exit(0);
+    });
+    return QApplication::exec();
+}
+
+double raise(AlertList& list, const std::function<void()>& yield) {
+    const std::string text = " - ALERT: Space Shortage < 50000 KB Drive: C:[40,000 KB]";
+    return bench::seconds([&] {
+        for (int i = 0; i < alerts; ++i) {
+            list.prcAlertInfo("20260314 15:09", rating::high, text, {}, nullptr);
+            // A check yields between rows; here a hundred alerts stand for one.
+            if (i % 100 == 0) yield();
+        }
+        yield();
+        yield();
+    });
+}
+
+int alertsBesideTheList(WindowProgram& program) {
+    program.forms().form1.lblTab[alertsTab].Click();
+    settle();
+    bench::Program alone;
+    const double withoutView = raise(alone.core.alerts(), [] {});
+    const double withView = raise(program.core().alerts(), [&] { program.yield(); });
+    std::printf("%d alerts with their page open: %.0f ns each, the list alone %.0f ns: %.2f times\n",
+                alerts, withView / alerts * 1e9, withoutView / alerts * 1e9, withView / withoutView);
+    std::fflush(stdout);
+    std::_Exit(0);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    const std::string mode = argc > 1 ? argv[1] : "";
+    const auto machine = openMachine();
+    WindowProgram program(*machine, [](int status) { std::_Exit(status); });
+    PaintWatch watch;
+    if (mode == "start") program.window("Form1")->installEventFilter(&watch);
+    program.load();
+    if (mode == "rest") return rest(program);
+    settle();
+    if (mode == "alerts") return alertsBesideTheList(program);
+    return QApplication::exec();
+}
