@@ -7,8 +7,27 @@ namespace {
 
 constexpr double step = 0.5 / 255;
 
+/// A patch of the key colour.
+class Patch : public QWidget {
+  public:
+    explicit Patch(QWidget* parent) : QWidget(parent) {
+        setAutoFillBackground(true);
+        setPalette(QPalette(QColor(255, 0, 255)));
+    }
+    bool painted = false;
+
+  protected:
+    void paintEvent(QPaintEvent*) override { painted = true; }
+};
+
 struct EffectsTest : WindowTest {
     EffectsTest() { start(); }
+    bool hidden(int x, int y) {
+        return !window()->mask().isEmpty() && !window()->mask().contains(QPoint(x, y));
+    }
+    static bool becomes(const std::function<bool()>& condition) {
+        return QTest::qWaitFor(condition, 5000);
+    }
     /// The opacity that a level's alpha stands for.
     static double opacity(int alpha) { return alpha / 255.0; }
 };
@@ -45,33 +64,29 @@ TEST_F(EffectsTest, TheButtonPressedTwiceReturnsToOpaque) {
 }
 
 TEST_F(EffectsTest, MagentaPlacesAreTransparentAtAnyLevel) {
-    auto* patch = new QWidget(window());
-    patch->setAutoFillBackground(true);
-    patch->setPalette(QPalette(QColor(255, 0, 255)));
-    patch->setGeometry(200, 200, 40, 30);
-    patch->show();
+    Patch patch(window());
+    patch.setGeometry(200, 200, 40, 30);
+    patch.show();
     settle();
     EXPECT_TRUE(window()->mask().isEmpty());
     for (const char* level : {"mnuFadeH", "mnuFadeP", "mnuFadeN"}) {
         chooseFunction(level);
-        EXPECT_FALSE(window()->mask().contains(QPoint(220, 215))) << level;
-        EXPECT_FALSE(window()->mask().isEmpty()) << level;
-        EXPECT_TRUE(window()->mask().contains(QPoint(100, 215))) << level;
-        EXPECT_TRUE(window()->mask().contains(QPoint(241, 215))) << level;
-        // Also once the window is painted in its new shape.
+        EXPECT_TRUE(becomes([&] { return hidden(220, 215); })) << level;
+        EXPECT_FALSE(hidden(100, 215)) << level;
+        EXPECT_FALSE(hidden(241, 215)) << level;
+        // Also once it has been looked at in its new shape.
+        patch.painted = false;
         window()->update();
+        EXPECT_TRUE(becomes([&] { return patch.painted; })) << level;
         settle();
-        EXPECT_FALSE(window()->mask().contains(QPoint(220, 215))) << level;
-        EXPECT_TRUE(window()->mask().contains(QPoint(100, 215))) << level;
+        EXPECT_TRUE(hidden(220, 215)) << level;
+        EXPECT_FALSE(hidden(100, 215)) << level;
     }
-    patch->move(300, 300);
-    settle();
-    EXPECT_TRUE(window()->mask().contains(QPoint(220, 215)));
-    EXPECT_FALSE(window()->mask().contains(QPoint(320, 315)));
-    delete patch;
+    patch.move(300, 300);
+    EXPECT_TRUE(becomes([&] { return hidden(320, 315) && !hidden(220, 215); }));
+    patch.hide();
     find("lblTab(1)")->update();  // any painting finds the shape anew
-    settle();
-    EXPECT_TRUE(window()->mask().isEmpty());
+    EXPECT_TRUE(becomes([&] { return window()->mask().isEmpty(); }));
 }
 
 TEST_F(EffectsTest, StayOnTopIsTickedInBothPlacesAndKeepsTheWindowWhereItIs) {

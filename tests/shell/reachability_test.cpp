@@ -38,7 +38,7 @@ TEST_F(ReachabilityTest, WithoutOneAClosedWindowIsMinimisedAndThatIsSaidOnce) {
     EXPECT_TRUE(form1.Visible());
     EXPECT_EQ(form1.State(), WindowState::minimised);
     EXPECT_EQ(detail(),
-              "This desktop has no notification area: the window is minimised instead of hidden.");
+              "No icon stands in a notification area: the window is minimised instead of hidden.");
 
     form1.StatusBar1.setPanelText(2, "Watching.");
     form1.Hide();
