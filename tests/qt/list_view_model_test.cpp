@@ -46,7 +46,7 @@ TEST_F(ListViewModelTest, RowsPutOnTopInOneGoAreOneInsertion) {
     QSignalSpy changes(model.get(), &QAbstractItemModel::dataChanged);
     for (int i = 0; i < 100'000; ++i) field.Add(1, std::to_string(i)).setSubItems(1, "detail");
     settle();
-    EXPECT_EQ(insertions.count(), 1);
+    ASSERT_EQ(insertions.count(), 1);
     EXPECT_EQ(insertions[0][1].toInt(), 0);
     EXPECT_EQ(insertions[0][2].toInt(), 99'999);
     EXPECT_EQ(resets.count(), 0);
