@@ -25,13 +25,17 @@ constexpr const char* lockedText = "The program is Locked.  Enter password to un
 
 }  // namespace
 
-void prcSrvFrm(Forms& forms) {
+void setUpLock(Forms& forms) {
     FrmLock& form = forms.frmLock;
     const bool locked = forms.globals.bLocked;
     form.Text1.setText("");
     form.Command1[0].setCaption(locked ? unlockWord : lockWord);
     form.lblLock.setCaption(locked ? lockedText : openText);
-    form.Show();
+}
+
+void prcSrvFrm(Forms& forms) {
+    setUpLock(forms);
+    forms.frmLock.Show();
 }
 
 ProgramLock::ProgramLock(Forms& forms, Host& host, Tray& tray)

@@ -8,7 +8,9 @@
 
 namespace velmora {
 
-/// Sets the lock's form up for the present state, with nothing entered, and shows it.
+/// Sets the lock's form up for the present state, with nothing entered.
+void setUpLock(Forms& forms);
+/// The same, and shows it.
 void prcSrvFrm(Forms& forms);
 
 class ProgramLock {

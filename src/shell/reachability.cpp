@@ -1,5 +1,7 @@
 #include "shell/reachability.h"
 
+#include "shell/program_lock.h"
+
 namespace velmora {
 
 namespace {
@@ -10,6 +12,8 @@ Reachability::Reachability(Forms& forms, NotifyArea& notifyArea)
     : forms_(forms), notifyArea_(notifyArea) {
     forms.form1.Hidden.connect([this] { keep(); });
     forms.frmLock.Hidden.connect([this] { keep(); });
+    forms.form1.Raised.connect([this] { restore(forms_.form1); });
+    forms.frmLock.Raised.connect([this] { restore(forms_.frmLock); });
 }
 
 void Reachability::keep() {
@@ -18,11 +22,19 @@ void Reachability::keep() {
         if (!forms_.form1.Visible()) minimise();
         return;
     }
-    // Locked, only the lock may be seen; it stays as the way back.
-    if (!forms_.frmLock.Visible()) {
+    // Locked, only the lock may be seen; it stays as the way back, until the main window is there
+    // again.
+    if (!forms_.frmLock.Visible() && !forms_.form1.Visible()) {
+        setUpLock(forms_);
         forms_.frmLock.setState(WindowState::minimised);
         forms_.frmLock.setVisible(true);
     }
+}
+
+// Minimised stands for hidden: what is shown again comes up.
+void Reachability::restore(Form& form) {
+    if (notifyArea_.available()) return;
+    if (form.State() == WindowState::minimised) form.setState(WindowState::normal);
 }
 
 void Reachability::minimise() {

@@ -9,7 +9,7 @@ namespace velmora {
 
 class Reachability {
   public:
-    /// Connects to the main window's and the lock's hiding.
+    /// Connects to the main window's and the lock's hiding and showing.
     Reachability(Forms& forms, NotifyArea& notifyArea);
     Reachability(const Reachability&) = delete;
     Reachability& operator=(const Reachability&) = delete;
@@ -21,6 +21,7 @@ class Reachability {
   private:
     void keep();
     void minimise();
+    void restore(Form& form);
 
     Forms& forms_;
     NotifyArea& notifyArea_;

@@ -182,8 +182,10 @@ class FakeNotifyArea final : public NotifyArea {
         sent.emplace_back(message, data);
         return takes;
     }
+    bool available() const override { return present; }
     std::vector<std::pair<NotifyMessage, NotifyIconData>> sent;
-    bool takes = true;  ///< what it answers
+    bool takes = true;    ///< what it answers
+    bool present = true;  ///< the desktop has a notification area
 };
 
 }  // namespace velmora::fake

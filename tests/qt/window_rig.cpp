@@ -1,12 +1,18 @@
 #include "qt/window_rig.h"
 
+#include <QThread>
+
 #include "persist/scramble.h"
 
 namespace velmora::tests {
 
 void WindowRig::start(const std::string& settings) {
     machine.files["C:\\Program Files\\Velmora\\set.dat"] = settings;
-    program = std::make_unique<WindowProgram>(machine, [this](int status) { ended = status; });
+    program = std::make_unique<WindowProgram>(machine, [this](int status) {
+        ended = status;
+        // Also leaves the loops of open boxes, as the program's own end does.
+        if (QThread::currentThread()->loopLevel() > 0) QApplication::exit(status);
+    });
     program->load();
     settle();
 }

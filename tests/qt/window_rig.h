@@ -57,7 +57,8 @@ struct WindowRig {
     void click(const QString& field, const std::string& form = "Form1") {
         auto* button = find<QAbstractButton>(field, form);
         ASSERT_NE(button, nullptr) << field.toStdString();
-        QTest::mouseClick(button, Qt::LeftButton);
+        // At its left, where a box is ticked whatever the width of its line.
+        QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));
         settle();
     }
 

@@ -14,6 +14,7 @@ namespace velmora::qt {
 namespace {
 
 constexpr int sideMargin = 8;
+constexpr int leastSideMargin = 4;
 constexpr int topMargin = 5;
 constexpr double corner = 5;
 
@@ -31,6 +32,9 @@ LabelButton::LabelButton(Label& label, UserHand& hand, Shape shape, QWidget* par
             setText(caption);
             updateGeometry();
         }
+        if (shape_ != Shape::button) {
+            setAccessibleDescription(isShownTab() ? QStringLiteral("selected") : QString());
+        }
         update();
     });
     connect(this, &QAbstractButton::pressed, this, [this] { hand_.does([this] { label_.MouseDown(); }); });
@@ -44,7 +48,17 @@ QSize LabelButton::sizeHint() const {
             metrics.height() + 2 * (shape_ == Shape::sideTab ? topMargin + 4 : topMargin)};
 }
 
+QSize LabelButton::minimumSizeHint() const {
+    return sizeHint() - QSize(2 * (sideMargin - leastSideMargin), 0);
+}
+
 bool LabelButton::selected() const { return label_.BackColor() == colour::window; }
+
+// The strips mark the selected tab by other colours.
+bool LabelButton::isShownTab() const {
+    constexpr Colour innerSelected = 0x400000;
+    return shape_ == Shape::topTab ? label_.BackColor() == innerSelected : selected();
+}
 
 QPainterPath LabelButton::outline(const QRectF& area) const {
     QRectF box = area;

@@ -21,7 +21,8 @@ class LabelButton : public QAbstractButton {
     LabelButton(Label& label, UserHand& hand, Shape shape, QWidget* parent = nullptr);
 
     QSize sizeHint() const override;
-    QSize minimumSizeHint() const override { return sizeHint(); }
+    /// The whole caption, with less room at its sides.
+    QSize minimumSizeHint() const override;
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -31,6 +32,7 @@ class LabelButton : public QAbstractButton {
 
   private:
     bool selected() const;
+    bool isShownTab() const;
     QPainterPath outline(const QRectF& area) const;
 
     Label& label_;

@@ -56,7 +56,11 @@ void ListViewWidget::connectField() {
         showColumns();
         showSortMark();
         if (look_.fits) fitColumns();
-        if (anew) showSelection();
+        if (std::exchange(selectionWaits_, false) && !anew) {
+            tellSelection();
+        } else if (anew) {
+            showSelection();
+        }
     });
     connect(header(), &QHeaderView::sectionClicked, this, [this](int column) {
         hand_.does([&] { list_.userClickPart(column + 1); });
@@ -112,7 +116,13 @@ void ListViewWidget::showSelection() {
 void ListViewWidget::selectionChanged(const QItemSelection& selected,
                                       const QItemSelection& deselected) {
     QTreeView::selectionChanged(selected, deselected);
-    if (showingSelection_ || model_->rowCount() != list_.Count()) return;
+    if (showingSelection_) return;
+    // Rows that are not shown yet stand between: told when they are.
+    selectionWaits_ = model_->rowCount() != list_.Count();
+    if (!selectionWaits_) tellSelection();
+}
+
+void ListViewWidget::tellSelection() {
     std::vector<int> rows;
     for (const QModelIndex& index : selectionModel()->selectedRows()) rows.push_back(index.row() + 1);
     hand_.does([&] { list_.userSelect(rows); });

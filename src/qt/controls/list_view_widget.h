@@ -39,6 +39,7 @@ class ListViewWidget : public QTreeView {
     void showSortMark();
     void fitColumns();
     void showSelection();
+    void tellSelection();
     void pointTo(const QPoint& place);
 
     ListView& list_;
@@ -46,6 +47,7 @@ class ListViewWidget : public QTreeView {
     UserHand& hand_;
     ListViewModel* model_;
     bool showingSelection_ = false;
+    bool selectionWaits_ = false;  // the user's, to be told
     int shownColumns_ = 0;
     bool fitted_ = false;
 };

@@ -30,10 +30,16 @@ std::size_t byteOf(const std::string& text, int character) {
     return place;
 }
 
+// A command has the control key alone or with the shift key; AltGr counts as control and alt.
+bool isCommand(Qt::KeyboardModifiers keys) {
+    return (keys & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == Qt::ControlModifier;
+}
+
 bool isText(const QKeyEvent* event) {
     const QString text = event->text();
-    return !text.isEmpty() && text.front().isPrint() &&
-           !event->modifiers().testFlag(Qt::ControlModifier);
+    if (text.isEmpty() || isCommand(event->modifiers())) return false;
+    const bool isPair = text.size() > 1 && text[0].isHighSurrogate() && text[1].isLowSurrogate();
+    return isPair || text.front().isPrint();
 }
 
 }  // namespace
@@ -43,6 +49,8 @@ PasswordEdit::PasswordEdit(TextBox& field, UserHand& hand, QWidget* parent)
     setInputMethodHints(Qt::ImhHiddenText | Qt::ImhSensitiveData | Qt::ImhNoPredictiveText);
     setAttribute(Qt::WA_InputMethodEnabled, false);
     bindField(this, field, [this] { showDots(); });
+    // Whatever else edits the line changes nothing: it could only change the dots.
+    connect(this, &QLineEdit::textEdited, this, [this] { showDots(); });
 }
 
 void PasswordEdit::showDots() {
@@ -107,6 +115,15 @@ void PasswordEdit::keyPressEvent(QKeyEvent* event) {
         insertAtCaret(event->text());
     } else {
         QLineEdit::keyPressEvent(event);
+    }
+}
+
+// The middle button pastes on some desktops.
+void PasswordEdit::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() == Qt::MiddleButton) {
+        event->accept();
+    } else {
+        QLineEdit::mouseReleaseEvent(event);
     }
 }
 

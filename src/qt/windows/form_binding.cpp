@@ -1,7 +1,10 @@
 #include "qt/windows/form_binding.h"
 
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QPointer>
+#include <QPushButton>
+#include <algorithm>
 
 #include "qt/surface/text.h"
 
@@ -36,6 +39,7 @@ void FormBinding::refresh() {
     window_->setWindowTitle(shown(form_.Caption()).trimmed());
     if (sized_) showSize();
     showVisibility();
+    showPlace();
 }
 
 void FormBinding::showSize() {
@@ -48,6 +52,18 @@ void FormBinding::showSize() {
     window_->resize(size);
     applying_ = false;
     isWaiting_ = window_->size() != size;
+}
+
+// Only where the program puts a form; otherwise the window system finds a place. A window of another
+// size than its form keeps the form's lower right corner.
+void FormBinding::showPlace() {
+    const QPoint place(form_.Left(), form_.Top());
+    if (place == place_ || !window_->isVisible()) return;
+    place_ = place;
+    const QSize frame = window_->frameGeometry().size();
+    const int right = pixels(form_.Left() + form_.Width());
+    const int bottom = pixels(form_.Top() + form_.Height());
+    window_->move(std::max(0, right - frame.width()), std::max(0, bottom - frame.height()));
 }
 
 void FormBinding::showVisibility() {
@@ -69,6 +85,8 @@ bool FormBinding::eventFilter(QObject*, QEvent* event) {
             hand_.does([this] { form_.userClose(); });
             event->ignore();
             return true;
+        case QEvent::KeyPress:
+            return !sized_ && takesKey(static_cast<QKeyEvent*>(event)->key());
         case QEvent::Resize:
             if (sized_ && !applying_) tellSize();
             return false;
@@ -82,6 +100,21 @@ bool FormBinding::eventFilter(QObject*, QEvent* event) {
         default:
             return false;
     }
+}
+
+// Keys that nothing in a small window took.
+bool FormBinding::takesKey(int key) {
+    if (key == Qt::Key_Escape) {
+        hand_.does([this] { form_.userClose(); });
+        return true;
+    }
+    if (key != Qt::Key_Return && key != Qt::Key_Enter) return false;
+    for (QPushButton* button : window_->findChildren<QPushButton*>()) {
+        if (!button->isDefault()) continue;
+        button->click();
+        return true;
+    }
+    return false;
 }
 
 // A pixel has more than one measure in twips; the form keeps its own while it comes to the same

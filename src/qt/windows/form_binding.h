@@ -1,6 +1,9 @@
-// Keeps a window in line with its form: title, visibility, place, size and state, both ways.
+// Keeps a window in line with its form: title, visibility, size and state both ways, and the place
+// that the program gives it. In a small window Escape closes, as its
+// frame does, and Enter presses its default button.
 #pragma once
 
+#include <QPoint>
 #include <QWidget>
 
 #include "controls/control.h"
@@ -22,13 +25,16 @@ class FormBinding : public QObject {
     void refresh();
     void showVisibility();
     void showSize();
+    void showPlace();
     void tellSize();
     void tellState();
+    bool takesKey(int key);
 
     QWidget* window_;
     Form& form_;
     UserHand& hand_;
     bool sized_;
+    QPoint place_;            // twips, as shown last
     bool applying_ = false;   // the form's size is being given to the window
     bool isWaiting_ = false;  // the window could not take it yet
     Refresher* refresher_;

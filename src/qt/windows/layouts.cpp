@@ -45,6 +45,8 @@ QScrollArea* scrolled(QWidget* page) {
     area->setWidget(page);
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
+    // It takes the keyboard, to be scrolled by it.
+    area->setAccessibleName(QStringLiteral("Page"));
     // The page is seen through the area, whatever colour the theme gives to lists.
     area->viewport()->setAutoFillBackground(false);
     page->setAutoFillBackground(false);

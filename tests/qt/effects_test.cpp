@@ -1,0 +1,107 @@
+// Translucency and its colour key on the window itself.
+#include "qt/surface/qt_user32.h"
+#include "qt/window_test.h"
+
+namespace velmora::tests {
+namespace {
+
+constexpr double step = 0.5 / 255;
+
+/// A patch of the key colour.
+class Patch : public QWidget {
+  public:
+    explicit Patch(QWidget* parent) : QWidget(parent) {
+        setAutoFillBackground(true);
+        setPalette(QPalette(QColor(255, 0, 255)));
+    }
+    int paintings = 0;
+
+  protected:
+    void paintEvent(QPaintEvent*) override { ++paintings; }
+};
+
+struct EffectsTest : WindowTest {
+    EffectsTest() { start(); }
+    bool hidden(int x, int y) {
+        return !window()->mask().isEmpty() && !window()->mask().contains(QPoint(x, y));
+    }
+    static bool becomes(const std::function<bool()>& condition) {
+        return QTest::qWaitFor(condition, 5000);
+    }
+    /// The opacity that a level's alpha stands for.
+    static double opacity(int alpha) { return alpha / 255.0; }
+};
+
+TEST_F(EffectsTest, ALevelOutOfRangeChangesNothing) {
+    Forms forms;
+    qt::WindowsByName names;
+    QWidget frame;
+    names.add("Form1", &frame);
+    qt::QtUser32 user32(names);
+    WindowEffects effects(forms, user32);
+    EXPECT_TRUE(effects.SetTranslucency(forms.form1, 20));
+    EXPECT_NEAR(frame.windowOpacity(), opacity(51), step);
+    for (const int level : {19, 101, 0, -1, 255}) {
+        EXPECT_FALSE(effects.SetTranslucency(forms.form1, level)) << level;
+        EXPECT_NEAR(frame.windowOpacity(), opacity(51), step) << level;
+    }
+}
+
+TEST_F(EffectsTest, TheMenusLevelsEndAtAnOpaqueWindow) {
+    chooseFunction("mnuFadeH");
+    EXPECT_NEAR(window()->windowOpacity(), opacity(166), step);  // 65 % of 255 is 165.75
+    chooseFunction("mnuFadeP");
+    EXPECT_NEAR(window()->windowOpacity(), opacity(204), step);
+    chooseFunction("mnuFadeN");
+    EXPECT_DOUBLE_EQ(window()->windowOpacity(), 1);
+}
+
+TEST_F(EffectsTest, TheButtonPressedTwiceReturnsToOpaque) {
+    click("Command9");
+    EXPECT_NEAR(window()->windowOpacity(), opacity(128), step);  // 127.5, halves to the even number
+    click("Command9");
+    EXPECT_DOUBLE_EQ(window()->windowOpacity(), 1);
+}
+
+TEST_F(EffectsTest, MagentaPlacesAreTransparentAtAnyLevel) {
+    Patch patch(window());
+    patch.setGeometry(200, 200, 40, 30);
+    patch.show();
+    settle();
+    EXPECT_TRUE(window()->mask().isEmpty());
+    for (const char* level : {"mnuFadeH", "mnuFadeP", "mnuFadeN"}) {
+        chooseFunction(level);
+        EXPECT_TRUE(becomes([&] { return hidden(220, 215); })) << level;
+        EXPECT_FALSE(hidden(100, 215)) << level;
+        EXPECT_FALSE(hidden(241, 215)) << level;
+        // Also once it has been looked at in its new shape: painted on the screen, and for the look.
+        patch.paintings = 0;
+        window()->update();
+        EXPECT_TRUE(becomes([&] { return patch.paintings >= 2; })) << level;
+        settle();
+        EXPECT_TRUE(hidden(220, 215)) << level;
+        EXPECT_FALSE(hidden(100, 215)) << level;
+    }
+    patch.move(300, 300);
+    EXPECT_TRUE(becomes([&] { return hidden(320, 315) && !hidden(220, 215); }));
+    patch.hide();
+    find("lblTab(1)")->update();  // any painting finds the shape anew
+    EXPECT_TRUE(becomes([&] { return window()->mask().isEmpty(); }));
+}
+
+TEST_F(EffectsTest, StayOnTopIsTickedInBothPlacesAndKeepsTheWindowWhereItIs) {
+    const QRect place = window()->geometry();
+    chooseFunction("mnuStayOnTop");
+    EXPECT_TRUE(window()->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    EXPECT_TRUE(window()->isVisible());
+    EXPECT_EQ(window()->geometry(), place);
+    EXPECT_TRUE(action("mnuStayOnTop")->isChecked());
+    EXPECT_TRUE(find<QAbstractButton>("chkOnTop")->isChecked());
+    click("lblTab(3)");
+    click("chkOnTop");
+    EXPECT_FALSE(window()->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    EXPECT_FALSE(action("mnuStayOnTop")->isChecked());
+}
+
+}  // namespace
+}  // namespace velmora::tests

@@ -1,0 +1,123 @@
+// The frame of the main window, by clicks on its own widgets.
+#include "qt/window_test.h"
+
+namespace velmora::tests {
+namespace {
+
+constexpr int fullHeight = 9100;  // twips
+
+struct MainWindowTest : WindowTest {
+    MainWindowTest() { start(); }
+    bool pageIsShown(int panel) { return find(QStringLiteral("frmSp(%1)").arg(panel))->isVisible(); }
+};
+
+TEST_F(MainWindowTest, AButtonsCaptionIsTheKeyOfItsCommand) {
+    ASSERT_EQ(form1().Height(), fullHeight);
+    for (const char* caption : {"View -", "View +", "A View"}) {
+        const bool full = form1().Height() == fullHeight;
+        form1().Toolbar1.setButtonCaption(6, caption);
+        click("Toolbar1(6)");
+        EXPECT_EQ(form1().Height() == fullHeight, !full) << caption;
+    }
+    form1().Toolbar1.setButtonCaption(6, "Adv. Info");
+    click("Toolbar1(6)");
+    EXPECT_TRUE(program->forms().dlgDriveInfo.Visible());
+}
+
+TEST_F(MainWindowTest, TheViewButtonReturnsFromTheCompactViewToTheFullHeightExactly) {
+    click("Toolbar1(5)");
+    EXPECT_LT(form1().Height(), fullHeight);
+    EXPECT_FALSE(find("Frame5")->isVisible());
+    EXPECT_FALSE(find("Frame1")->isVisible());
+    EXPECT_EQ(find<QToolButton>("Toolbar1(5)")->text(), "View +");
+    const int compact = window()->height();
+
+    click("Toolbar1(5)");
+    EXPECT_EQ(form1().Height(), fullHeight);
+    EXPECT_EQ(window()->height(), 607);  // 9100 twips, 15 a pixel
+    EXPECT_TRUE(find("Frame5")->isVisible());
+    EXPECT_TRUE(find("Frame1")->isVisible());
+    EXPECT_EQ(find<QToolButton>("Toolbar1(5)")->text(), "View -");
+
+    click("Toolbar1(5)");
+    EXPECT_EQ(window()->height(), compact);
+}
+
+TEST_F(MainWindowTest, SetProgramSettingsOpensTheFullViewOrTellsThatItIsOpen) {
+    click("Toolbar1(5)");
+    chooseFunction("mnuProgSet");
+    EXPECT_EQ(form1().Height(), fullHeight);
+    EXPECT_TRUE(boxes.seen.empty());
+
+    boxes.answers = {QMessageBox::Ok};
+    chooseFunction("mnuProgSet");
+    EXPECT_EQ(boxes.lastText(), "The program settings and options are already shown.");
+    EXPECT_EQ(boxes.seen.back().icon, QMessageBox::Information);
+    EXPECT_EQ(form1().Height(), fullHeight);
+}
+
+TEST_F(MainWindowTest, AlertsAndConfigurationShowEachOthersPanel) {
+    click("lblTab(2)");
+    EXPECT_TRUE(pageIsShown(3));
+    EXPECT_FALSE(pageIsShown(2));
+    EXPECT_EQ(find<QLabel>("lblTabCap")->text(), "Program Alert Logs");
+    click("lblTab(3)");
+    EXPECT_TRUE(pageIsShown(2));
+    EXPECT_FALSE(pageIsShown(3));
+    EXPECT_EQ(find<QLabel>("lblTabCap")->text(), "Configurations (Program UI Settings)");
+}
+
+TEST_F(MainWindowTest, AWindowDraggedTooNarrowSnapsBack) {
+    window()->resize(900, 640);
+    settle();
+    EXPECT_EQ(form1().Width(), 900 * 15);
+    for (const int width : {537, 400, 100}) {
+        window()->resize(width, 640);
+        settle();
+        EXPECT_EQ(form1().Width(), 8070) << width;
+        EXPECT_EQ(window()->width(), 538) << width;
+    }
+}
+
+TEST_F(MainWindowTest, HideTwiceRestoresTheWindowAndClearsTheTick) {
+    chooseFromIcon("mnuHide");
+    EXPECT_TRUE(action("mnuHide")->isChecked());
+    EXPECT_TRUE(!window()->isVisible() || window()->isMinimized());
+
+    chooseFromIcon("mnuHide");
+    EXPECT_FALSE(action("mnuHide")->isChecked());
+    EXPECT_TRUE(window()->isVisible());
+    EXPECT_FALSE(window()->isMinimized());
+}
+
+TEST_F(MainWindowTest, ClosingWithoutANotificationAreaMinimisesAndSaysSoOnce) {
+    ASSERT_FALSE(program->notifyArea().available());
+    window()->close();
+    settle();
+    EXPECT_TRUE(window()->isVisible());
+    EXPECT_TRUE(window()->isMinimized());
+    EXPECT_EQ(form1().StatusBar1.Panels(2).Text, Reachability::note);
+    EXPECT_EQ(find("StatusBar1(2)")->property("text").toString().toStdString(), Reachability::note);
+
+    window()->showNormal();
+    settle();
+    EXPECT_EQ(form1().State(), WindowState::normal);
+    form1().StatusBar1.setPanelText(2, "something else");
+    window()->close();
+    settle();
+    EXPECT_TRUE(window()->isMinimized());
+    EXPECT_EQ(form1().StatusBar1.Panels(2).Text, "something else");
+    EXPECT_FALSE(ended);
+}
+
+TEST_F(MainWindowTest, AMaximisedWindowTellsItsFormAndTheViewButtonMakesItNormal) {
+    window()->showMaximized();
+    settle();
+    EXPECT_EQ(form1().State(), WindowState::maximised);
+    click("Toolbar1(5)");
+    EXPECT_EQ(form1().State(), WindowState::normal);
+    EXPECT_FALSE(window()->isMaximized());
+}
+
+}  // namespace
+}  // namespace velmora::tests

@@ -1,0 +1,125 @@
+// A long check lets the user through.
+#include "qt/window_test.h"
+
+namespace velmora::tests {
+namespace {
+
+struct MessageLoopTest : WindowTest {
+    MessageLoopTest() { start(); }
+
+    void watch(int rows) {
+        ListView& list = form1().ListView1;
+        list.Clear();
+        for (int i = 0; i < rows; ++i) list.Add("C:\\").setChecked(true);
+        checkAtEachTick();
+    }
+    /// Lets each question of a check to its drive take so many microseconds.
+    void slowDrives(int microseconds) {
+        machine.onCall = [this, microseconds](const std::string& call) {
+            if (!call.starts_with("IsReady")) return;
+            if (++asked == clickAt) QMetaObject::invokeMethod(window(), onClick, Qt::QueuedConnection);
+            QElapsedTimer timer;
+            timer.start();
+            while (timer.nsecsElapsed() < microseconds * 1000) {
+            }
+        };
+    }
+    int asked = 0;  // rows that a check has come to
+    int clickAt = 0;
+    std::function<void()> onClick;  // posted when the check has come to that row
+};
+
+TEST_F(MessageLoopTest, PauseTakesEffectBetweenTwoRowsInTheMiddleOfAPass) {
+    watch(5000);
+    slowDrives(100);
+    click("Toolbar1(1)");  // starts
+    ASSERT_EQ(form1().cmdPause.Caption(), "Pause Watch");
+    int paused = 0;
+    bool checking = false;
+    form1().cmdPause.Click.connect([&] {
+        paused = asked;
+        checking = program->forms().globals.bChecking;
+    });
+    clickAt = 500;
+    onClick = [this] {
+        QTest::mouseClick(find<QAbstractButton>("Toolbar1(1)"), Qt::LeftButton);
+        EXPECT_EQ(form1().Caption(), "Velmora - Watching Paused.");
+        EXPECT_EQ(form1().cmdPause.Caption(), "Start Watch");
+        EXPECT_TRUE(action("mnuPause") != nullptr && form1().mnuPause.Checked());
+        EXPECT_FALSE(form1().Timer1.Enabled());
+    };
+    machine.advance(10'000);
+    program->timers().fireDue();
+    EXPECT_TRUE(checking);
+    EXPECT_GE(paused, 500);
+    EXPECT_LT(paused, 1500);
+    EXPECT_EQ(asked, 5000);  // the pass goes on: pausing is for those to come
+}
+
+TEST_F(MessageLoopTest, CancelInTheProgressWindowStopsThePass) {
+    watch(5000);
+    slowDrives(100);
+    form1().lstAct.setSelected(act::progressDialog, true);
+    bool done = false;
+    QTimer looks;
+    QObject::connect(&looks, &QTimer::timeout, window(), [&] {
+        auto* cancel = find<QPushButton>("cmdCancel", "Icon0");
+        if (cancel == nullptr || !cancel->isVisible() || std::exchange(done, true)) return;
+        QTest::mouseClick(cancel, Qt::LeftButton);
+    });
+    looks.start(0);
+    machine.advance(10'000);
+    program->timers().fireDue();
+    EXPECT_TRUE(done);
+    EXPECT_GT(asked, 0);
+    EXPECT_LT(asked, 1000);
+    settle();
+    EXPECT_FALSE(program->window("Icon0")->isVisible());
+}
+
+TEST_F(MessageLoopTest, NoEventWaitsLongDuringACheckOfAThousandRows) {
+    watch(1000);
+    slowDrives(500);
+    QElapsedTimer clock;
+    clock.start();
+    qint64 posted = 0;
+    qint64 longest = 0;
+    int handled = 0;
+    // Each event posts the next, so that there is one waiting at any time.
+    std::function<void()> post = [&] {
+        posted = clock.elapsed();
+        QMetaObject::invokeMethod(
+            window(),
+            [&] {
+                longest = std::max(longest, clock.elapsed() - posted);
+                ++handled;
+                QTimer::singleShot(3, window(), post);
+            },
+            Qt::QueuedConnection);
+    };
+    post();
+    machine.advance(10'000);
+    program->timers().fireDue();
+    longest = std::max(longest, clock.elapsed() - posted);
+    const qint64 whole = clock.elapsed();
+    post = [] {};
+    settle();
+    EXPECT_GE(whole, 500);
+    EXPECT_GT(handled, whole / 100);
+    EXPECT_LE(longest, 100);
+}
+
+TEST_F(MessageLoopTest, TheRowsThatAreCheckedAreSeenWhileTheCheckGoesOn) {
+    watch(1000);
+    slowDrives(100);
+    std::string seen;
+    QTimer::singleShot(5, window(), [&] {
+        seen = find("StatusBar1(2)")->property("text").toString().toStdString();
+    });
+    machine.advance(10'000);
+    program->timers().fireDue();
+    EXPECT_EQ(seen, "Checking: C:\\");
+}
+
+}  // namespace
+}  // namespace velmora::tests

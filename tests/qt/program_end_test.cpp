@@ -1,0 +1,116 @@
+// How the program ends: by an error that nothing takes, by the exit question, from anywhere.
+#include "qt/window_test.h"
+
+namespace velmora::tests {
+namespace {
+
+struct ProgramEndTest : WindowTest {
+    ProgramEndTest() { start(); }
+};
+
+TEST_F(ProgramEndTest, AnErrorThatNothingTakesShowsItsBoxAndEndsWithOne) {
+    form1().cmdAdv.Click.connect([] { throw RuntimeError(error::typeMismatch); });
+    boxes.answers = {QMessageBox::Ok};
+    click("lblTab(4)");
+    const int result = runUntilEnded([this] { click("cmdAdv"); });
+    ASSERT_EQ(boxes.seen.size(), 1u);
+    EXPECT_TRUE(boxes.seen[0].text.starts_with("Run-time error '13':")) << boxes.seen[0].text;
+    EXPECT_EQ(boxes.seen[0].icon, QMessageBox::Critical);
+    EXPECT_EQ(ended, 1);
+    EXPECT_EQ(result, 1);
+}
+
+TEST_F(ProgramEndTest, SettingsWithoutAnIntervalEndTheStartInTheSameWay) {
+    program.reset();
+    boxes.answers = {QMessageBox::Ok};
+    const int result = runUntilEnded([this] { start(""); });
+    EXPECT_TRUE(boxes.lastText().starts_with("Run-time error '13':")) << boxes.lastText();
+    EXPECT_EQ(ended, 1);
+    EXPECT_EQ(result, 1);
+}
+
+TEST_F(ProgramEndTest, NothingHappensAfterTheEnd) {
+    boxes.answers = {QMessageBox::Ok};
+    runUntilEnded([this] { click("Command6"); });
+    ASSERT_EQ(ended, 0);
+    int clicks = 0;
+    form1().cmdPause.Click.connect([&] { ++clicks; });
+    click("cmdPause");
+    tick();
+    EXPECT_EQ(clicks, 0);
+    EXPECT_EQ(boxes.seen.size(), 1u);
+}
+
+TEST_F(ProgramEndTest, CancelGoesOn) {
+    boxes.answers = {QMessageBox::Cancel};
+    click("Command6");
+    EXPECT_EQ(boxes.lastText(), "Exit the program?");
+    EXPECT_EQ(boxes.seen.back().icon, QMessageBox::Question);
+    EXPECT_FALSE(ended);
+    EXPECT_TRUE(window()->isVisible());
+    EXPECT_NE(icon(), nullptr);
+}
+
+TEST_F(ProgramEndTest, EscapeIsCancelAndAnUnansweredQuestionIsNo) {
+    boxes.onBox = [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); };
+    click("Command6");
+    EXPECT_FALSE(ended);
+    boxes.onBox = [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); };
+    click("lblDP(2)");
+    EXPECT_EQ(form1().ListView1.Count(), 3);
+}
+
+TEST_F(ProgramEndTest, OkEndsWithZeroAndTakesTheIconAway) {
+    boxes.answers = {QMessageBox::Ok};
+    const int result = runUntilEnded([this] { chooseFromIcon("mnuExit"); });
+    EXPECT_EQ(ended, 0);
+    EXPECT_EQ(result, 0);
+    EXPECT_EQ(icon(), nullptr);
+}
+
+TEST_F(ProgramEndTest, AClickInTheMiddleOfACheckEndsTheCheckToo) {
+    boxes.answers = {QMessageBox::Ok};
+    int after = 0;
+    const int result = runUntilEnded([&] {
+        duringCheck([this] { click("Command6"); });
+        after = form1().StatusBar1.Panels(3).Text.empty() ? 1 : 2;
+    });
+    EXPECT_EQ(ended, 0);
+    EXPECT_EQ(result, 0);
+    EXPECT_EQ(after, 1);  // the check never came to its closing
+}
+
+TEST_F(ProgramEndTest, CancelInTheMiddleOfACheckLetsItFinish) {
+    boxes.answers = {QMessageBox::Cancel};
+    duringCheck([this] { click("Command6"); });
+    EXPECT_FALSE(ended);
+    EXPECT_EQ(form1().StatusBar1.Panels(3).Text, "Times Checked: 1");
+}
+
+TEST_F(ProgramEndTest, AnEndBehindAnOpenBoxClosesTheBox) {
+    bool wentOn = false;
+    form1().mnuProgSet.Click.connect([&] { wentOn = true; });  // after the box of the command
+    boxes.answers = {QMessageBox::Ok};
+    const int result = runUntilEnded([this] {
+        boxes.onBox = [this](QMessageBox&) { action("mnuExit")->trigger(); };
+        chooseFunction("mnuProgSet");
+    });
+    ASSERT_EQ(boxes.seen.size(), 2u);
+    EXPECT_EQ(boxes.seen[1].text, "Exit the program?");
+    EXPECT_EQ(ended, 0);
+    EXPECT_EQ(result, 0);
+    EXPECT_FALSE(wentOn);
+}
+
+TEST_F(ProgramEndTest, AnErrorInTheMiddleOfACheckIsTheChecksOwn) {
+    duringCheck([this] {
+        form1().mnuSorbane.Click.connect([] { throw RuntimeError(error::typeMismatch); });
+        boxes.answers = {QMessageBox::Ok};
+        action("mnuSorbane")->trigger();
+    });
+    EXPECT_TRUE(boxes.lastText().starts_with("Run-time error '13':"));
+    EXPECT_EQ(ended, 1);
+}
+
+}  // namespace
+}  // namespace velmora::tests
