@@ -14,10 +14,10 @@ class Patch : public QWidget {
         setAutoFillBackground(true);
         setPalette(QPalette(QColor(255, 0, 255)));
     }
-    int paintings = 0;
+    bool painted = false;
 
   protected:
-    void paintEvent(QPaintEvent*) override { ++paintings; }
+    void paintEvent(QPaintEvent*) override { painted = true; }
 };
 
 struct EffectsTest : WindowTest {
@@ -74,13 +74,15 @@ TEST_F(EffectsTest, MagentaPlacesAreTransparentAtAnyLevel) {
         EXPECT_TRUE(becomes([&] { return hidden(220, 215); })) << level;
         EXPECT_FALSE(hidden(100, 215)) << level;
         EXPECT_FALSE(hidden(241, 215)) << level;
-        // Also once it has been looked at in its new shape: painted on the screen, and for the look.
-        patch.paintings = 0;
-        window()->update();
-        EXPECT_TRUE(becomes([&] { return patch.paintings >= 2; })) << level;
-        settle();
-        EXPECT_TRUE(hidden(220, 215)) << level;
-        EXPECT_FALSE(hidden(100, 215)) << level;
+        // Also once it has been looked at in its new shape.
+        for (int look = 0; look < 2; ++look) {
+            patch.painted = false;
+            window()->update();
+            EXPECT_TRUE(becomes([&] { return patch.painted; })) << level;
+            settle();
+            EXPECT_TRUE(hidden(220, 215)) << level;
+            EXPECT_FALSE(hidden(100, 215)) << level;
+        }
     }
     patch.move(300, 300);
     EXPECT_TRUE(becomes([&] { return hidden(320, 315) && !hidden(220, 215); }));
