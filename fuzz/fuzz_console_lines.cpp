@@ -52,6 +52,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::istringstream lines(printed);
     std::string line;
     std::getline(lines, line);  // the greeting
+    std::getline(lines, line);  // the icon, added before the first command
     while (std::getline(lines, line)) {
         if (line == "ok") break;
         require(isObject(line), "a line in JSON mode is an object");

@@ -119,5 +119,24 @@ TEST_F(MainWindowTest, AMaximisedWindowTellsItsFormAndTheViewButtonMakesItNormal
     EXPECT_FALSE(window()->isMaximized());
 }
 
+// The view goes by the size of the normal state, not by that of the screen.
+TEST_F(MainWindowTest, FromTheFullViewAMaximisedWindowBecomesCompactAndBackAgain) {
+    ASSERT_EQ(form1().Height(), 9100);
+    window()->showMaximized();
+    settle();
+    ASSERT_NE(form1().Height(), 9100);
+    click("Toolbar1(5)");
+    EXPECT_EQ(form1().Toolbar1.Buttons(tool::view).Caption, "View +");
+    EXPECT_FALSE(form1().Frame1.Visible());
+    EXPECT_FALSE(window()->isMaximized());
+    EXPECT_LT(form1().Height(), 9100);
+
+    window()->showMaximized();
+    settle();
+    click("Toolbar1(5)");
+    EXPECT_EQ(form1().Toolbar1.Buttons(tool::view).Caption, "View -");
+    EXPECT_EQ(form1().Height(), 9100);
+}
+
 }  // namespace
 }  // namespace velmora::tests

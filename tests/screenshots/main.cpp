@@ -131,7 +131,8 @@ int main(int argc, char** argv) {
     Photographer camera(rig, folder, look);
     camera.pages(QStringLiteral("start"));
     rig.window()->resize(1000, 720);
-    camera.pages(QStringLiteral("large"));
+    rig.click(QStringLiteral("lblTab(1)"));
+    camera.photograph(rig.window(), QStringLiteral("large-options"));
     rig.click(QStringLiteral("Toolbar1(5)"));
     rig.click(QStringLiteral("Toolbar1(5)"));
     camera.photograph(rig.window(), QStringLiteral("compact"));

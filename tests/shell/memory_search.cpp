@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <string>
 
@@ -88,6 +89,9 @@ std::vector<Range> memoryWithContent() {
 }  // namespace
 
 bool MemorySearch::possible() {
+    // A Windows program under Wine can open these files, but its own memory isn't all that they
+    // show.
+    if (std::filesystem::path::preferred_separator != '/') return false;
     return std::ifstream("/proc/self/mem").good() && std::ifstream("/proc/self/pagemap").good();
 }
 

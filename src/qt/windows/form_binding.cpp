@@ -37,8 +37,12 @@ FormBinding::FormBinding(QWidget* window, Form& form, UserHand& hand, bool sized
 
 void FormBinding::refresh() {
     window_->setWindowTitle(shown(form_.Caption()).trimmed());
-    if (sized_) showSize();
+    // The state first: a window that leaves the maximised state takes the size that it had before,
+    // which need not be the form's.
+    applying_ = true;
     showVisibility();
+    if (sized_) showSize();
+    applying_ = false;
     showPlace();
 }
 
@@ -48,9 +52,7 @@ void FormBinding::showSize() {
         return;
     }
     if (window_->size() == size) return;
-    applying_ = true;
     window_->resize(size);
-    applying_ = false;
     isWaiting_ = window_->size() != size;
 }
 
@@ -131,7 +133,7 @@ void FormBinding::tellSize() {
 }
 
 void FormBinding::tellState() {
-    if (window_->isVisible()) form_.setState(stateOf(window_));
+    if (window_->isVisible() && !applying_) form_.setState(stateOf(window_));
 }
 
 }  // namespace velmora::qt
