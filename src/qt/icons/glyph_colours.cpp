@@ -1,5 +1,7 @@
 #include "qt/icons/glyph_colours.h"
 
+#include <QApplication>
+#include <QProxyStyle>
 #include <cmath>
 
 namespace velmora::qt {
@@ -32,6 +34,13 @@ QColor accentOf(const QColor& highlight, const QColor& ink, const QColor& window
     return ink;
 }
 
+// The theme of Windows shows a selected row on a pale blue of its own, whatever the palette says.
+bool selectsPalely() {
+    const QStyle* style = QApplication::style();
+    if (const auto* proxy = qobject_cast<const QProxyStyle*>(style)) style = proxy->baseStyle();
+    return style->name().startsWith(QLatin1String("windowsvista"));
+}
+
 }  // namespace
 
 GlyphColours glyphColours(const QPalette& palette, QIcon::Mode mode) {
@@ -41,7 +50,7 @@ GlyphColours glyphColours(const QPalette& palette, QIcon::Mode mode) {
     };
     const QColor ink = colour(QPalette::WindowText);
     const QColor window = colour(QPalette::Window);
-    if (mode == QIcon::Selected) return allOf(colour(QPalette::HighlightedText));
+    if (mode == QIcon::Selected && !selectsPalely()) return allOf(colour(QPalette::HighlightedText));
     if (mode == QIcon::Disabled) return allOf(between(ink, window, 0.62));
 
     const bool dark = brightness(ink) > brightness(window);
