@@ -79,11 +79,11 @@ void LabelButton::paintEvent(QPaintEvent*) {
     if (!isEnabled()) text.setAlphaF(0.45F);
     // A rim, for backgrounds as dark as the button.
     QColor rim = text;
-    rim.setAlphaF(selected() ? 0.0F : 0.35F);
+    rim.setAlphaF(isShownTab() ? 0.0F : 0.35F);
     painter.setPen(rim);
     painter.setBrush(underMouse() && isEnabled() && !selected() ? background.lighter(150) : background);
     painter.drawPath(outline(area));
-    if (selected()) {
+    if (shape_ != Shape::button && isShownTab()) {
         painter.setPen(Qt::NoPen);
         painter.setBrush(palette().color(QPalette::Highlight));
         painter.drawRect(shape_ == Shape::topTab ? QRectF(area.left() + 4, area.top(), area.width() - 8, 3)

@@ -6,11 +6,11 @@
 #include <QDropEvent>
 #include <QKeyEvent>
 #include <algorithm>
+#include <string_view>
 
 #include "base/text.h"
 #include "base/wipe.h"
 #include "qt/surface/field.h"
-#include "qt/surface/text.h"
 
 namespace velmora::qt {
 
@@ -30,6 +30,27 @@ std::size_t byteOf(const std::string& text, int character) {
     return place;
 }
 
+// Straight into storage that will be wiped, without a copy on the way.
+void appendUtf8(std::string& text, const QString& characters) {
+    for (qsizetype i = 0; i < characters.size(); ++i) {
+        char32_t code = characters[i].unicode();
+        if (characters[i].isHighSurrogate() && i + 1 < characters.size()) {
+            code = QChar::surrogateToUcs4(characters[i], characters[i + 1]);
+            ++i;
+        }
+        if (code < 0x80) {
+            text += static_cast<char>(code);
+            continue;
+        }
+        const int tail = code < 0x800 ? 1 : code < 0x10000 ? 2 : 3;
+        constexpr int leads[] = {0, 0xC0, 0xE0, 0xF0};
+        text += static_cast<char>(leads[tail] | static_cast<int>(code >> (6 * tail)));
+        for (int left = tail - 1; left >= 0; --left) {
+            text += static_cast<char>(0x80 | (static_cast<int>(code >> (6 * left)) & 0x3F));
+        }
+    }
+}
+
 // A command has the control key alone or with the shift key; AltGr counts as control and alt.
 bool isCommand(Qt::KeyboardModifiers keys) {
     return (keys & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == Qt::ControlModifier;
@@ -47,6 +68,8 @@ bool isText(const QKeyEvent* event) {
 PasswordEdit::PasswordEdit(TextBox& field, UserHand& hand, QWidget* parent)
     : QLineEdit(parent), field_(field), hand_(hand) {
     setInputMethodHints(Qt::ImhHiddenText | Qt::ImhSensitiveData | Qt::ImhNoPredictiveText);
+    // A screen reader must not take it for an open text, though dots are all that it could say.
+    setEchoMode(Password);
     setAttribute(Qt::WA_InputMethodEnabled, false);
     bindField(this, field, [this] { showDots(); });
     // Whatever else edits the line changes nothing: it could only change the dots.
@@ -69,11 +92,11 @@ void PasswordEdit::replace(int start, int length, const QString& characters) {
     const std::size_t from = byteOf(present, start);
     const std::size_t to = byteOf(present, start + length);
     whole.append(present, 0, from);
-    std::string added = typed(characters);
-    whole += added;
+    appendUtf8(whole, characters);
+    const std::size_t end = whole.size();
     whole.append(present, to);
-    const int caret = start + static_cast<int>(velmora::length(added));
-    wipe(added);
+    const int caret =
+        start + static_cast<int>(velmora::length(std::string_view(whole).substr(from, end - from)));
     hand_.does([&] { field_.setText(whole); });
     wipe(whole);
     showDots();
@@ -95,8 +118,12 @@ void PasswordEdit::removeAtCaret(bool forward) {
 }
 
 void PasswordEdit::paste() {
-    const QString text = QApplication::clipboard()->text().section(QLatin1Char('\n'), 0, 0);
+    QString text = QApplication::clipboard()->text();
+    const qsizetype line = text.indexOf(QLatin1Char('\n'));
+    if (line >= 0) text.truncate(line);
     if (!text.isEmpty()) insertAtCaret(text);
+    // What the clipboard itself holds is its own matter.
+    text.fill(QChar());
 }
 
 void PasswordEdit::keyPressEvent(QKeyEvent* event) {
