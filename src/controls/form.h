@@ -55,8 +55,8 @@ class Form {
 
     /// Something that a view shows has changed.
     Notice<> Changed;
-    /// The window is to come in front of the others.
-    Notice<> Raised;
+    /// The form was shown, or shown again: its window is to come in front of the others.
+    Event<> Raised;
 
     /// The control of that name, by its index in a control array or -1 outside one; letter case
     /// doesn't matter. Null when there is none.

@@ -86,5 +86,32 @@ TEST_F(FormTest, ShowsItsProperties) {
     for (const Property& property : all) EXPECT_FALSE(property.set) << property.name;
 }
 
+TEST_F(FormTest, ComesBackFromMaximisedInTheSizeOfItsNormalState) {
+    form.setSize(8070, 9100);
+    form.setState(WindowState::maximised);
+    form.setSize(15000, 12000);
+    EXPECT_EQ(form.Height(), 12000);
+    int resizes = 0;
+    form.Resize.connect([&resizes] { ++resizes; });
+    form.setState(WindowState::normal);
+    EXPECT_EQ(form.Width(), 8070);
+    EXPECT_EQ(form.Height(), 9100);
+    EXPECT_EQ(resizes, 1);
+}
+
+TEST_F(FormTest, TellsWhenItWasShownAndHidden) {
+    std::string told;
+    form.Load.connect([&told] { told += 'L'; });
+    form.Shown.connect([&told] { told += 'S'; });
+    form.Hidden.connect([&told] { told += 'H'; });
+    form.Raised.connect([&told] { told += 'R'; });
+    form.Show();
+    form.Show();
+    form.Hide();
+    form.Hide();
+    form.Show();
+    EXPECT_EQ(told, "LSRRHSR");
+}
+
 }  // namespace
 }  // namespace velmora::tests

@@ -138,5 +138,23 @@ TEST_F(MenusOfForm1, TheToolBarHoldsThreeEntriesOfAButtonMenu) {
                                                  "Work=Work"}));
 }
 
+TEST_F(MenusOfForm1, MenusStandInNoBarAndTheirItemsCanBeSeen) {
+    for (const MenuItem* menu : {&form.mnuPopUp, &form.mnuLstV, &form.mnuFunc, &form.mnuLst}) {
+        EXPECT_FALSE(menu->Visible()) << menu->Name();
+        for (const MenuItem* item : menu->items()) EXPECT_TRUE(item->Visible()) << item->Name();
+    }
+}
+
+TEST_F(MenusOfForm1, TheStripsBeginInTheirNormalColours) {
+    for (const Label& tab : form.lblTab) {
+        EXPECT_EQ(tab.BackColor(), 0x400000u);
+        EXPECT_EQ(tab.ForeColor(), 0xC0C0C0u);
+    }
+    for (const Label& tab : form.lblSpectab) {
+        EXPECT_EQ(tab.BackColor(), 0xE0E0E0u);
+        EXPECT_EQ(tab.ForeColor(), 0x400000u);
+    }
+}
+
 }  // namespace
 }  // namespace velmora::tests

@@ -144,6 +144,7 @@ TEST(WatchControlMenu, StartsWhenTheToolBarOffersAStart) {
     rig.form1.mnuPause.Click();
     EXPECT_TRUE(rig.form1.Timer1.Enabled());
     EXPECT_EQ(rig.form1.cmdPause.Caption(), "Pause Watch");
+    EXPECT_EQ(rig.form1.mnuPause.Caption(), "Pause");
     EXPECT_EQ(rig.form1.Toolbar1.Buttons(1).Caption, "Pause");
     EXPECT_EQ(rig.form1.Toolbar1.Buttons(1).Image, 2);
     EXPECT_FALSE(rig.form1.mnuPause.Checked());
@@ -156,6 +157,7 @@ TEST(WatchControlMenu, PausesWhenTheToolBarOffersAPause) {
     EXPECT_FALSE(rig.form1.Timer1.Enabled());
     EXPECT_EQ(rig.form1.Toolbar1.Buttons(1).Caption, "Start");
     EXPECT_EQ(rig.form1.Toolbar1.Buttons(1).Image, 13);
+    EXPECT_EQ(rig.form1.mnuPause.Caption(), "Start");
     EXPECT_TRUE(rig.form1.mnuPause.Checked());
 }
 

@@ -193,5 +193,17 @@ TEST_F(LockTest, AnEmptyEntryIsRefusedByBothButtons) {
     EXPECT_FALSE(locked());
 }
 
+// Many desktops tell of single clicks only.
+TEST_F(LockTest, TwoSingleClicksOnTheIconAreADoubleClickAndOneIsNone) {
+    ASSERT_TRUE(window()->isVisible());
+    onIcon(QSystemTrayIcon::Trigger);
+    EXPECT_TRUE(form1().Visible());
+    const int visibleBefore = form1().Visible();
+    int hidden = 0;
+    form1().Hidden.connect([&hidden] { ++hidden; });
+    onIcon(QSystemTrayIcon::Trigger);
+    EXPECT_EQ(hidden, visibleBefore);
+}
+
 }  // namespace
 }  // namespace velmora::tests

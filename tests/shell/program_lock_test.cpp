@@ -293,5 +293,26 @@ TEST_F(ProgramLockTest, TimersGoOnWhileLocked) {
     EXPECT_TRUE(tray.bFlashing());
 }
 
+TEST_F(ProgramLockTest, WhileLockedNobodyCanShowAWindowButTheLocks) {
+    lockWith("abc");
+    for (Form* window : forms.all()) {
+        window->Show();
+        EXPECT_EQ(window->Visible(), window == &form) << window->Name();
+    }
+    prcSrvFrm(forms);
+    form.Text1.setText("abc");
+    form.Text1.KeyPress(13);
+    EXPECT_TRUE(form1.Visible());
+    forms.dlgAlert.Show();
+    EXPECT_TRUE(forms.dlgAlert.Visible());
+}
+
+TEST_F(ProgramLockTest, SwitchingTheIconOffWhileLockedDoesNotOpenTheWindow) {
+    lockWith("abc");
+    form1.chkSystray.setValue(0);
+    EXPECT_FALSE(form1.Visible());
+    EXPECT_TRUE(globals.bLocked);
+}
+
 }  // namespace
 }  // namespace velmora::tests

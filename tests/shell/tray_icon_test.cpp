@@ -252,5 +252,13 @@ TEST_F(TrayIconTest, TheMenuIsOfferedWhileLocked) {
     EXPECT_EQ(menus, 1);
 }
 
+TEST_F(TrayIconTest, ADoubleClickThatShowsTheWindowClearsTheTickOfHide) {
+    form1.mnuHide.setChecked(true);
+    form1.Hide();
+    doubleClick();
+    EXPECT_TRUE(form1.Visible());
+    EXPECT_FALSE(form1.mnuHide.Checked());
+}
+
 }  // namespace
 }  // namespace velmora::tests
