@@ -110,15 +110,22 @@ TEST_F(FolderDialog, OkGivesTheFolderThatIsSelected) {
     const std::string folder = scratch / "Größe the one";
     std::filesystem::create_directory(toUtf16(folder));
     const std::wstring wide = toUtf16(folder);
-    EXPECT_EQ(browse([&](HWND window) {
-                  SendMessageW(window, BFFM_SETSELECTIONW, TRUE,
-                               reinterpret_cast<LPARAM>(wide.c_str()));
-                  click(window, IDOK);
-              }),
-              Browse::chosen);
-    std::string buffer(1024, ' ');
-    ASSERT_TRUE(shell_.SHGetPathFromIDListA(list_, buffer));
-    EXPECT_EQ(std::string(buffer.c_str()), folder);
+    std::string chosen;
+    // The dialog can be seen before it has made its own first selection, which then comes behind
+    // the hand's: the hand tries again.
+    constexpr int mostTries = 6;
+    for (int tries = 0; tries < mostTries && chosen != folder; ++tries) {
+        ASSERT_EQ(browse([&](HWND window) {
+                      SendMessageW(window, BFFM_SETSELECTIONW, TRUE,
+                                   reinterpret_cast<LPARAM>(wide.c_str()));
+                      click(window, IDOK);
+                  }),
+                  Browse::chosen);
+        std::string buffer(1024, ' ');
+        ASSERT_TRUE(shell_.SHGetPathFromIDListA(list_, buffer));
+        chosen = buffer.c_str();
+    }
+    EXPECT_EQ(chosen, folder);
 }
 
 TEST_F(FolderDialog, CancelAndClosingDismissIt) {
