@@ -14,7 +14,8 @@ class QuietHost final : public Host {
     explicit QuietHost(TimerQueue& timers) : timers_(timers) {}
     BoxAnswer MsgBox(const Box& box) override { return cancellingAnswer(box.buttons); }
     std::string BrowseForFolder(const std::string&) override { return {}; }
-    std::string OpenFileDialog(const std::string&, const std::string&) override { return {}; }
+    std::string OpenFileDialog(const FileDialog&) override { return {}; }
+    void Beep() override {}
     void DoEvents() override { timers_.fireDue(); }
 
   private:

@@ -36,4 +36,16 @@ void SystemActions::prcCleanMan(const std::string& strDrive, const std::string& 
                                     normalWindow);
 }
 
+void SystemActions::prcSendToBin(const std::string& strFile, std::int32_t lngFlags) {
+    const FileOperation operation{.owner = {},
+                                  .wFunc = file_operation::remove,
+                                  .pFrom = strFile + '\0',
+                                  .fFlags = static_cast<std::uint16_t>(lngFlags)};
+    platform_.shell32.SHFileOperationA(operation);
+}
+
+std::int16_t SystemActions::prcPlaySound(const std::string& strFile, std::int32_t lngFlags) {
+    return platform_.winmm.sndPlaySoundA(strFile, lngFlags);
+}
+
 }  // namespace velmora

@@ -1,5 +1,5 @@
 // Thin wrappers through which the program asks the system for maintenance: emptying the recycle
-// bin, and the disk cleaner.
+// bin and feeding it, the disk cleaner, sounds.
 #pragma once
 
 #include <cstdint>
@@ -26,6 +26,11 @@ class SystemActions {
     /// Starts the disk cleaner, for a drive and by a set of choices that the system knows under
     /// that number; either may be empty. Its success isn't looked at.
     void prcCleanMan(const std::string& strDrive, const std::string& strSage);
+    /// Sends a file or folder to the recycle bin. All callers pass `file_operation::allowUndo`; the
+    /// result isn't looked at.
+    void prcSendToBin(const std::string& strFile, std::int32_t lngFlags);
+    /// Plays a sound and returns when it has ended; not 0 when it was played.
+    std::int16_t prcPlaySound(const std::string& strFile, std::int32_t lngFlags);
 
   private:
     Forms& forms_;

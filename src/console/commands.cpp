@@ -7,6 +7,7 @@
 #include "controls/buttons.h"
 #include "controls/pickers.h"
 #include "controls/timer.h"
+#include "platform/file_system_object.h"
 
 namespace velmora::console {
 
@@ -170,11 +171,17 @@ void Commands::rows(Words& words) {
 }
 
 void Commands::drop(Words& words) {
-    ListView& list = listView(words.next());
+    Control& control = controlOf<Control>(forms_, words.next(), "list");
     std::vector<std::string> paths = words.all();
     if (paths.empty()) throw CommandError("a path is missing");
     for (std::string& path : paths) path = toDrivePath_(path);
-    list.userDrop(paths);
+    if (auto* list = dynamic_cast<ListView*>(&control)) {
+        list->userDrop(paths);
+    } else if (auto* box = dynamic_cast<ComboBox*>(&control)) {
+        box->userDrop(paths);
+    } else {
+        throw CommandError("not a list: " + control.Name());
+    }
     output_.ok();
 }
 
@@ -184,6 +191,23 @@ void Commands::fire(Words& words) {
     timer.Tick();
     output_.ok();
 }
+
+namespace {
+
+// Several files of one folder as the file dialog gives them: the folder, then the names.
+std::string chosenFiles(const std::vector<std::string>& paths) {
+    if (paths.size() == 1) return paths.front();
+    std::string chosen = parentFolderOf(paths.front());
+    for (const std::string& path : paths) {
+        if (parentFolderOf(path) != parentFolderOf(paths.front())) {
+            throw CommandError("not in the folder of the first: " + path);
+        }
+        chosen += '\0' + fileNameOf(path);
+    }
+    return chosen;
+}
+
+}  // namespace
 
 void Commands::answer(Words& words) {
     static const std::map<std::string, BoxAnswer> answers{{"yes", BoxAnswer::yes},
@@ -197,9 +221,14 @@ void Commands::answer(Words& words) {
         host_.queueAnswer(known->second);
         return output_.ok();
     }
-    const bool path = kind == "file" || kind == "folder";
+    const bool path = kind == "file" || kind == "folder" || kind == "files";
     if (!path && kind != "text") throw CommandError("unknown answer: " + kind);
     if (texts.empty()) throw CommandError("a text is missing");
+    if (kind == "files") {
+        for (std::string& text : texts) text = toDrivePath_(text);
+        host_.queueText(chosenFiles(texts));
+        return output_.ok();
+    }
     for (std::string& text : texts) host_.queueText(path ? toDrivePath_(text) : text);
     output_.ok();
 }

@@ -10,6 +10,8 @@ bool offers(BoxButtons buttons, BoxAnswer answer) {
             return answer == BoxAnswer::ok || answer == BoxAnswer::cancel;
         case BoxButtons::yesNo:
             return answer == BoxAnswer::yes || answer == BoxAnswer::no;
+        case BoxButtons::yesNoCancel:
+            return answer != BoxAnswer::ok;
         case BoxButtons::ok:
             break;
     }
@@ -39,9 +41,17 @@ std::string ConsoleHost::BrowseForFolder(const std::string&) {
     return nextText();
 }
 
-std::string ConsoleHost::OpenFileDialog(const std::string&, const std::string&) {
-    return nextText();
+// Where one file is asked for, the first of several is taken.
+std::string ConsoleHost::OpenFileDialog(const FileDialog& dialog) {
+    const std::string chosen = nextText();
+    const auto end = chosen.find('\0');
+    const bool takesAll = (dialog.Flags & file_dialog::allowMultiselect) != 0;
+    if (takesAll || end == std::string::npos) return chosen;
+    const auto next = chosen.find('\0', end + 1);
+    return chosen.substr(0, end) + '\\' + chosen.substr(end + 1, next - end - 1);
 }
+
+void ConsoleHost::Beep() { output_.shell("Beep", {}); }
 
 void ConsoleHost::DoEvents() {
     fireTimers();

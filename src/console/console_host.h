@@ -24,7 +24,8 @@ class ConsoleHost final : public Host {
 
     BoxAnswer MsgBox(const Box& box) override;
     std::string BrowseForFolder(const std::string& title) override;
-    std::string OpenFileDialog(const std::string& title, const std::string& folder) override;
+    std::string OpenFileDialog(const FileDialog& dialog) override;
+    void Beep() override;
     void DoEvents() override;
 
     /// Runs a handler; a run-time error that it doesn't take ends the program.

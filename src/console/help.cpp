@@ -11,10 +11,11 @@ menu NAME                     choose a menu entry
 tick LIST INDEX on|off        tick an entry of a check list (from 0) or a row (from 1)
 select LIST INDEX... | none   select rows
 rows LIST                     print the rows
-drop LIST "PATH"...           drop paths on a list
+drop LIST "PATH"...           drop paths on a list or a combo box
 fire TIMER                    one tick of that timer, now
 answer yes|no|ok|cancel       queue an answer for the next question that offers it
 answer text|file|folder "..." queue texts or paths for the next dialogs
+answer files "PATH"...        queue files of one folder, chosen together, for the next dialog
 wait SECONDS | forever        let the timers run
 wait until TEXT               ... until a status panel or a new alert holds TEXT, at most 600 s
 watch on|off                  print status changes

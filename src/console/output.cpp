@@ -26,6 +26,8 @@ const char* buttonsName(BoxButtons buttons) {
             return "ok cancel";
         case BoxButtons::yesNo:
             return "yes no";
+        case BoxButtons::yesNoCancel:
+            return "yes no cancel";
         case BoxButtons::ok:
             break;
     }

@@ -60,6 +60,18 @@ void ComboBox::AddItem(std::string text) {
     Changed();
 }
 
+void ComboBox::RemoveItem(int index) {
+    if (index < 0 || index >= ListCount()) throw RuntimeError(error::invalidCall);
+    entries_.erase(entries_.begin() + index);
+    Changed();
+}
+
+void ComboBox::userDrop(const std::vector<std::string>& paths) {
+    refuseWhenDisabled();
+    if (!Drop.connected()) throw Refused(fullName() + " takes no dropped paths");
+    Drop(paths);
+}
+
 void ComboBox::Clear() {
     entries_.clear();
     Changed();

@@ -3,6 +3,7 @@
 
 #include <deque>
 #include <string>
+#include <vector>
 
 #include "controls/control.h"
 
@@ -52,12 +53,17 @@ class ComboBox : public Control {
     /// Error 9 for an index outside the list.
     const std::string& List(int index) const;
     void AddItem(std::string text);
+    /// Error 5 for an index outside the list.
+    void RemoveItem(int index);
     void Clear();
     const std::string& Text() const { return text_; }
     void setText(std::string text);
 
     Event<> Change;
+    Event<const std::vector<std::string>&> Drop;  ///< drive paths
 
+    /// Paths dropped on the box; refused where nothing takes them.
+    void userDrop(const std::vector<std::string>& paths);
     std::string mainProperty() const override { return "Text"; }
     Properties properties() override;
 

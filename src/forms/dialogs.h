@@ -23,6 +23,35 @@ class DlgAlert : public Form {
     Label Label4{*this, "Label4",
                  "It is recommended you free up some space as a preemptive action to prevent the "
                  "free space from reaching zero.  To see options, press Action."};
+    Label lblSuggest{*this, "lblSuggest"};  ///< what the chosen option would do
+    Frame fraAct{*this, "fraAct", "Action Options"};
+    std::array<Label, 5> lblAct{{{*this, "lblAct", "Sorbane", 0},
+                                 {*this, "lblAct", "Compress F", 1},
+                                 {*this, "lblAct", "Emp. Recyc", 2},
+                                 {*this, "lblAct", "Del. File(s)", 3},
+                                 {*this, "lblAct", "Move File(s)", 4}}};
+    std::array<Label, 5> lblAl{{{*this, "lblAl", "OK", 0},
+                                {*this, "lblAl", "Clear", 1},
+                                {*this, "lblAl", "Explorer", 2},
+                                {*this, "lblAl", "Wizard", 3},
+                                {*this, "lblAl", "Action", 4}}};
+    CheckBox chkAutoHide{*this, "chkAutoHide", "Auto Hide "};
+    CheckBox chkLog{*this, "chkLog", "Translucent"};
+    Timer Timer1{*this, "Timer1", 9000, false};  ///< counts down to the dismissal
+};
+
+/// Holder of the scan for files that changed. Never shown: nothing starts its interactive watch.
+class FrmWaitTest : public Form {
+  public:
+    FrmWaitTest() : Form("frmWaitTest", "Watch Directory For Changes") {
+        cmdStopWatch.setEnabled(false);
+    }
+
+    TextBox txChanges{*this, "txChanges"};  ///< the reports, oldest first
+    CommandButton cmdSelectDir{*this, "cmdSelectDir", "Select Directory To Watch..."};
+    CommandButton cmdStartWatch{*this, "cmdStartWatch", "Start Watching Dir"};
+    CommandButton cmdStopWatch{*this, "cmdStopWatch", "Stop Watching Dir"};
+    Label lblWatchPath{*this, "lblWatchPath"};
 };
 
 /// The form behind the notification area's icon; never visible.

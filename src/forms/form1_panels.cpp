@@ -109,9 +109,18 @@ SpecifiedPanels::SpecifiedPanels(Form& form)
       LVFile(form, "LVFile"),
       cboFile(form, "cboFile"),
       lblSF(labels(form, "lblSF", fileButtons)),
+      Command2(form, "Command2", "Add"),
+      cmdMove(form, "cmdMove", "Move"),
+      cmdMoveAll(form, "cmdMoveAll", "Move All"),
+      cmdDelete(form, "cmdDelete", "Delete File"),
+      cmdDeleteAll(form, "cmdDeleteAll", "Delete All"),
       lblFolder(form, "lblFolder", "Specified Path") {
     dressButtons(Label5, programButtons);
     dressButtons(lblSF, fileButtons);
+    cmdMove.setToolTipText(lblSF[2].ToolTipText());
+    cmdDelete.setToolTipText(lblSF[3].ToolTipText());
+    cmdDeleteAll.setToolTipText(lblSF[5].ToolTipText());
+    cmdMoveAll.setToolTipText(lblSF[6].ToolTipText());
     LVProg.addColumn({"Program", 1900});
     LVProg.addColumn({"Action", 1000});
     LVProg.addColumn({"File Path ", 2400});

@@ -47,6 +47,11 @@ struct SpecifiedPanels {
     ListView LVFile;
     ComboBox cboFile;
     std::array<Label, 9> lblSF;  ///< buttons of LVFile; index 7 is a picture
+    CommandButton Command2;      ///< "Add"; the older buttons that the labels stand for
+    CommandButton cmdMove;
+    CommandButton cmdMoveAll;
+    CommandButton cmdDelete;
+    CommandButton cmdDeleteAll;
     Label lblFolder;
 };
 

@@ -6,7 +6,7 @@ namespace velmora {
 
 std::vector<Form*> Forms::all() {
     return {&form1,   &dlgAlert,  &sysWorkSystray, &icon0,        &frmIndDri, &frmNotify,
-            &frmLock, &frmAbout, &icon1,          &dlgDriveInfo, &frmWizard};
+            &frmLock, &frmAbout, &icon1,          &dlgDriveInfo, &frmWizard, &frmWaitTest};
 }
 
 Form* Forms::find(const std::string& name) {

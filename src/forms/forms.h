@@ -56,6 +56,7 @@ struct Forms {
     Icon1 icon1;
     DlgDriveInfo dlgDriveInfo;
     FrmWizard frmWizard;
+    FrmWaitTest frmWaitTest;
     Globals globals;
 
     std::vector<Form*> all();

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string>
 
-#include "alerts/alert_dialog.h"
+#include "alerts/ports.h"
 #include "controls/list_view.h"
 #include "platform/file_system_object.h"
 
@@ -24,23 +24,6 @@ class EventDetection {
     virtual void prcSetPrevInfoLV(ListItem& /*row*/) {}
 };
 
-/// What the actions of one short row share.
-struct Shortage {
-    int row = 0;  ///< index of the row in ListView1
-    Drive& drive;
-    std::int32_t lngMinSpace;  ///< the row's trigger in KB
-    std::string strAlert;      ///< the running text; actions add to it and empty it
-    std::string strStamp;      ///< date and time of the shortage
-    std::string strNote;       ///< text of one result
-};
-
-class ActionRunner {
-  public:
-    virtual ~ActionRunner() = default;
-    /// Runs the action of that place in lstAct.
-    virtual void run(int /*action*/, Shortage& /*shortage*/) {}
-};
-
 class Statistics {
   public:
     virtual ~Statistics() = default;
@@ -56,24 +39,10 @@ class SettingsStore {
     virtual void prcSettings(std::int16_t /*bSet*/) {}
 };
 
-class ActivityLog {
-  public:
-    virtual ~ActivityLog() = default;
-    /// Saves what the journal has gained since the last save.
-    virtual void saveNewEntries() {}
-};
-
 class RowIcons {
   public:
     virtual ~RowIcons() = default;
     virtual void prcRefreshRowIcon(ListItem& /*row*/) {}
-};
-
-class WatchSwitch {
-  public:
-    virtual ~WatchSwitch() = default;
-    /// Starts the watch when it is paused and pauses it when it runs.
-    virtual void cmdPause_Click() {}
 };
 
 /// The icon in the notification area.
@@ -84,14 +53,6 @@ class Tray {
     virtual void modifyIcon(const std::string& /*form*/) {}
     /// Shows another tip.
     virtual void prcToolTipText(const std::string& /*text*/) {}
-};
-
-class StayOnTop {
-  public:
-    virtual ~StayOnTop() = default;
-    /// Lets a question come in front of the window.
-    virtual void drop() {}
-    virtual void restore() {}
 };
 
 class DriveView {

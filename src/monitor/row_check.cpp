@@ -5,7 +5,7 @@
 #include "alerts/alert_time.h"
 #include "base/convert.h"
 #include "base/text.h"
-#include "monitor/drive_text.h"
+#include "alerts/drive_text.h"
 #include "monitor/watch_row.h"
 
 namespace velmora {

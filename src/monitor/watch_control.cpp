@@ -5,7 +5,7 @@
 #include "base/resume_next.h"
 #include "base/runtime_error.h"
 #include "base/text.h"
-#include "monitor/drive_text.h"
+#include "alerts/drive_text.h"
 #include "monitor/watch_row.h"
 
 namespace velmora {

@@ -10,6 +10,8 @@
 #include <memory>
 #include <string>
 
+#include "base/date_time.h"
+
 namespace velmora {
 
 inline constexpr std::chrono::milliseconds driveDeadline{2000};
@@ -28,18 +30,45 @@ class Drive {
     virtual double FreeSpace() = 0;
     /// Bytes in all. Error 71 when the drive isn't ready.
     virtual double TotalSize() = 0;
+    /// The same as the free space, which already leaves out what is kept for others.
+    double AvailableSpace() { return FreeSpace(); }
+    /// "C" in upper case; empty for a share.
+    std::string DriveLetter() const;
 };
 
-class Folder {
+/// A file or folder. What is told about it is read at the first question.
+class PathEntry {
   public:
-    virtual ~Folder() = default;
-    /// The folder's full drive path, without a back-slash behind unless it is a root.
+    virtual ~PathEntry() = default;
+    /// The full drive path, without a back-slash behind unless it is a root.
     virtual std::string Path() const = 0;
+    /// Full drive path of the folder that it lies in; empty for a root.
+    std::string ParentFolder() const;
+    /// Bytes: of a folder those of all files below it, where no link leads anywhere. Error 53 or 76
+    /// when it is gone, 70 when something in it can't be read.
+    virtual double Size() = 0;
+    /// Local times. Errors as Size.
+    virtual DateTime DateLastAccessed() = 0;
+    virtual DateTime DateLastModified() = 0;
+    virtual DateTime DateCreated() = 0;
+    /// What the shell calls such a thing ("Text Document", "File Folder"). Errors as Size.
+    virtual std::string Type() = 0;
+};
+
+class File : public PathEntry {};
+
+class Folder : public PathEntry {
+  public:
     /// How many files and folders lie in it, hidden ones included, without those further below.
     /// Links count as what they point to. The first question counts both, later ones answer from
     /// that. Error 76 when the folder can't be read within the deadline.
     virtual double FilesCount() = 0;
     virtual double SubFoldersCount() = 0;
+    /// Removes the folder and all that is in it, with `force` also what is read-only. No link is
+    /// followed, neither on the way to it nor in it, and no other drive mounted in it is entered.
+    /// Error 76 when it is gone, 70 when something can't be removed; what was removed till then
+    /// stays removed.
+    virtual void Delete(bool force) = 0;
 };
 
 class FileSystemObject {
@@ -64,6 +93,8 @@ class FileSystemObject {
     virtual bool FileExists(const std::string& path) = 0;
     /// Error 76 when there is no such folder.
     virtual std::unique_ptr<Folder> GetFolder(const std::string& path) = 0;
+    /// Error 53 when there is no such file.
+    virtual std::unique_ptr<File> GetFile(const std::string& path) = 0;
 };
 
 /// What GetDriveName gives, for backends: the rule is the same on every host.
@@ -71,6 +102,9 @@ std::string driveNameOf(const std::string& path);
 
 /// What GetFileName gives, likewise.
 std::string fileNameOf(const std::string& path);
+
+/// Drive path of the folder that a full path lies in; empty for a root.
+std::string parentFolderOf(const std::string& path);
 
 /// A drive designator in its one form: "C:" or "\\host\share"; empty when the text is none.
 std::string driveOfDesignator(const std::string& designator);

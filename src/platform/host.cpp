@@ -6,7 +6,8 @@ namespace velmora {
 
 BoxAnswer cancellingAnswer(BoxButtons buttons) {
     switch (buttons) {
-        case BoxButtons::okCancel: return BoxAnswer::cancel;
+        case BoxButtons::okCancel:
+        case BoxButtons::yesNoCancel: return BoxAnswer::cancel;
         case BoxButtons::yesNo: return BoxAnswer::no;
         case BoxButtons::ok: break;
     }

@@ -2,12 +2,13 @@
 // answers from a list.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 namespace velmora {
 
 enum class BoxIcon { none, critical, question, information };
-enum class BoxButtons { ok, okCancel, yesNo };
+enum class BoxButtons { ok, okCancel, yesNo, yesNoCancel };
 enum class BoxAnswer { ok, cancel, yes, no };
 
 struct Box {
@@ -16,6 +17,20 @@ struct Box {
     BoxButtons buttons = BoxButtons::ok;
     std::string title = "Velmora";
 };
+
+/// The common file dialog for opening.
+struct FileDialog {
+    std::string DialogTitle = {};
+    std::string InitDir = {};  ///< drive path; the host's choice when empty
+    /// Pairs of a description and a pattern, all with "|" between: "All Files (*.*)|*.*".
+    std::string Filter = {};
+    std::int32_t Flags = 0;
+};
+
+namespace file_dialog {
+inline constexpr std::int32_t allowMultiselect = 0x200;   ///< OFN_ALLOWMULTISELECT
+inline constexpr std::int32_t explorer = 0x80000;         ///< OFN_EXPLORER
+}  // namespace file_dialog
 
 /// Thrown to end the program at once with an exit status. No std::exception, so that no handler
 /// takes it for a run-time error.
@@ -28,13 +43,14 @@ class Host {
     virtual ~Host() = default;
 
     /// Shows a box and waits for its answer. Dismissing it counts as the cancelling answer: No for
-    /// Yes and No, Cancel for OK and Cancel, OK for OK alone.
+    /// Yes and No, Cancel where there is one, OK for OK alone.
     virtual BoxAnswer MsgBox(const Box& box) = 0;
     /// The folder browser; a drive path, empty when dismissed.
     virtual std::string BrowseForFolder(const std::string& title) = 0;
-    /// The file dialog for one file; a drive path, empty when dismissed.
-    virtual std::string OpenFileDialog(const std::string& title,
-                                       const std::string& initialFolder) = 0;
+    /// The file dialog. Gives a drive path, empty when dismissed; when several files may be chosen
+    /// and were, their folder and their names with a NUL between each two.
+    virtual std::string OpenFileDialog(const FileDialog& dialog) = 0;
+    virtual void Beep() = 0;
 
     /// Runs due timers and waiting events and returns. Handlers may change anything meanwhile. A
     /// run-time error that none of their handlers takes ends the program here; it never reaches

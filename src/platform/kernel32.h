@@ -6,6 +6,31 @@
 
 namespace velmora {
 
+/// One entry of a listing. Times are in units of 100 ns since 1601-01-01 UTC.
+struct FindData {
+    std::uint32_t dwFileAttributes = 0;  ///< 1 read-only, 2 hidden, 16 folder, ...
+    std::uint64_t ftCreationTime = 0;    ///< the write time where the drive keeps none
+    std::uint64_t ftLastAccessTime = 0;
+    std::uint64_t ftLastWriteTime = 0;
+    std::uint64_t nFileSize = 0;  ///< bytes
+    std::string cFileName;        ///< UTF-8; may have NULs and what else was left behind them
+};
+
+namespace file_attribute {
+inline constexpr std::uint32_t readOnly = 1;
+inline constexpr std::uint32_t hidden = 2;
+inline constexpr std::uint32_t directory = 16;
+}  // namespace file_attribute
+
+/// A listing that goes on; 0 for none.
+using FindHandle = std::uint64_t;
+
+/// The last error at the end of a listing.
+inline constexpr std::uint32_t noMoreFiles = 18;
+/// A wait that ended by the signal.
+inline constexpr std::uint32_t waitObject0 = 0;
+inline constexpr std::uint32_t waitFailed = 0xFFFFFFFF;
+
 class Kernel32 {
   public:
     virtual ~Kernel32() = default;
@@ -21,6 +46,37 @@ class Kernel32 {
 
     /// The text of an environment variable; empty when it isn't set. Names have no case on Windows.
     virtual std::string GetEnvironmentVariableA(const std::string& name) = 0;
+
+    /// Begins the listing of a folder, told by its path, a back-slash and "*.*", and gives its
+    /// first entry. All entries come, hidden ones and links (as what they are themselves) included;
+    /// "." and ".." are among them but for the root of a drive. 0 when the folder can't be read,
+    /// has no entry, or its drive doesn't answer within the deadline.
+    virtual FindHandle FindFirstFileA(const std::string& pattern, FindData& entry) = 0;
+    /// The next entry. False at the end, with 18 as the last error; a listing that breaks off tells
+    /// another error once and is at its end then.
+    virtual bool FindNextFileA(FindHandle listing, FindData& entry) = 0;
+    virtual void FindClose(FindHandle listing) = 0;
+    /// Why the last FindFirstFileA, FindNextFileA or MoveFileA failed.
+    virtual std::uint32_t GetLastError() = 0;
+    /// 1 when the first time is later, -1 when it is earlier, 0 when they are the same.
+    std::int32_t CompareFileTime(std::uint64_t first, std::uint64_t second) const {
+        return first > second ? 1 : first < second ? -1 : 0;
+    }
+
+    /// Moves a file or folder to a new path, whose folder must exist; nothing may lie at it yet, so
+    /// that a folder's own path is refused. A file goes to another drive too, as a copy with its
+    /// times, and is removed here only when the copy is whole; a folder does not. A link is moved as
+    /// the link that it is, and none is followed on the way to either path. 1 when it was moved, 0
+    /// otherwise: then everything is where it was.
+    virtual std::int32_t MoveFileA(const std::string& from, const std::string& to) = 0;
+
+    /// Notifications of changes in a folder. A handle that isn't one makes each of them fail.
+    virtual std::uint32_t WaitForSingleObject(std::uint32_t /*handle*/,
+                                              std::uint32_t /*milliseconds*/) {
+        return waitFailed;
+    }
+    virtual bool FindNextChangeNotification(std::uint32_t /*handle*/) { return false; }
+    virtual bool FindCloseChangeNotification(std::uint32_t /*handle*/) { return false; }
 };
 
 }  // namespace velmora

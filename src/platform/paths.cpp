@@ -32,6 +32,26 @@ std::string fileNameOf(const std::string& path) {
     return separator == std::string::npos ? rest : rest.substr(separator + 1);
 }
 
+std::string parentFolderOf(const std::string& path) {
+    const std::string drive = driveNameOf(path);
+    std::string rest = path.substr(drive.size());
+    while (rest.size() > 1 && (rest.back() == '\\' || rest.back() == '/')) rest.pop_back();
+    if (rest.empty() || rest == "\\" || rest == "/") return {};
+    rest.resize(rest.find_last_of("\\/") + 1);
+    const bool isRoot = rest.size() <= 1;
+    // The root of a letter keeps its back-slash, that of a share has none.
+    if (isRoot) return isShare(path) ? drive : drive + rest;
+    rest.pop_back();
+    return drive + rest;
+}
+
+std::string PathEntry::ParentFolder() const { return parentFolderOf(Path()); }
+
+std::string Drive::DriveLetter() const {
+    const std::string path = Path();
+    return isShare(path) ? std::string{} : path.substr(0, 1);
+}
+
 std::string driveOfDesignator(const std::string& designator) {
     std::string bare = designator;
     if (isShare(bare)) {

@@ -11,6 +11,7 @@
 #include "platform/kernel32.h"
 #include "platform/shell32.h"
 #include "platform/text_files.h"
+#include "platform/winmm.h"
 #include "platform/wscript_shell.h"
 
 namespace velmora {
@@ -29,6 +30,7 @@ struct Platform {
     TextFiles& files;
     Advapi32& advapi32;
     Shell32& shell32;
+    Winmm& winmm;
     WScriptShell& wscriptShell;
     Regional regional;
     Application app;

@@ -30,6 +30,22 @@ struct BrowseInfo {
     std::function<void()> whileOpen;
 };
 
+/// SHFILEOPSTRUCT, with a name where the system has a handle.
+struct FileOperation {
+    std::string owner;
+    std::uint32_t wFunc = 0;
+    std::string pFrom;  ///< drive paths, a NUL behind each; the list ends with the text
+    std::uint16_t fFlags = 0;
+};
+
+namespace file_operation {
+inline constexpr std::uint32_t remove = 3;        ///< FO_DELETE
+inline constexpr std::uint16_t silent = 4;        ///< FOF_SILENT
+inline constexpr std::uint16_t noConfirmation = 16;
+inline constexpr std::uint16_t allowUndo = 64;    ///< FOF_ALLOWUNDO: into the recycle bin
+inline constexpr std::uint16_t noErrorBox = 1024;
+}  // namespace file_operation
+
 /// What became of a dialog of the system's. Where it has none to show, a surface shows its own.
 enum class Browse { chosen, dismissed, unavailable };
 
@@ -59,6 +75,14 @@ class Shell32 {
     /// 15 for a drive that isn't there, 21 for one that isn't ready, 5 for denied access, ...
     virtual std::int32_t SHEmptyRecycleBinA(const std::string& owner, const std::string& root,
                                             std::uint32_t flags) = 0;
+    /// Removes files and folders, with `allowUndo` into the recycle bin of their drive; nothing is
+    /// removed for good with that flag without asking. 0 for success, or else the system's code: 2
+    /// for a path that isn't there, 5 for denied access, 1223 when the user says no, ...
+    virtual std::int32_t SHFileOperationA(const FileOperation& operation) = 0;
+    /// Starts a program by a command line, its path in quotes when it has blanks, and returns at
+    /// once; a window state as ShowWindow's numbers. Error 53 when there is no such program, 5 when
+    /// it can't be started. Linux starts a file that is no program by the program for it.
+    virtual void Shell(const std::string& commandLine, std::int32_t windowState) = 0;
 };
 
 }  // namespace velmora

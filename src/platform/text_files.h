@@ -22,7 +22,11 @@ class TextFiles {
     /// byte can still take a content that isn't longer than the old one. Errors as appendLine; a
     /// full disk leaves a cut file behind.
     virtual void writeOver(const std::string& path, std::string_view content) = 0;
-    /// Removes the file. Error 53 when there is none, 70 or 75 when it can't be removed.
+    /// Bytes in the file. Error 53 when there is none.
+    virtual double FileLen(const std::string& path) = 0;
+    /// Removes the file: a link as the link that it is, and none is followed on the way to it.
+    /// Error 53 when there is none, 75 when it is read-only or no file, 70 when it is in use or may
+    /// not be removed.
     virtual void remove(const std::string& path) = 0;
 };
 

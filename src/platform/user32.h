@@ -65,6 +65,9 @@ class User32 {
     virtual void CallNextHookEx(HookHandle /*hook*/, std::uint32_t /*message*/,
                                 const std::string& /*window*/) {}
     virtual bool UnhookWindowsHookEx(HookHandle /*hook*/) { return false; }
+    /// Stops a timer of a window, which is told by its handle.
+    virtual bool KillTimer(std::uint32_t /*window*/, std::uint64_t /*timer*/) { return false; }
+    virtual bool DestroyWindow(std::uint32_t /*window*/) { return false; }
     /// Name of the window in front, if it is one of the program's; empty otherwise.
     virtual std::string GetActiveWindow() { return {}; }
 };

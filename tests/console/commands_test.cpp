@@ -205,7 +205,7 @@ TEST_F(CommandsTest, AnswerRefusesOthersAndQueuesNothing) {
     EXPECT_TRUE(refuses("answer yes yes"));
     EXPECT_TRUE(refuses("answer file /f \"unclosed"));
     EXPECT_EQ(host.MsgBox({.text = "?", .buttons = BoxButtons::yesNo}), BoxAnswer::no);
-    EXPECT_EQ(host.OpenFileDialog("", ""), "");
+    EXPECT_EQ(host.OpenFileDialog({}), "");
 }
 
 TEST_F(CommandsTest, WaitLetsTheTimersRunBeforeTheReply) {

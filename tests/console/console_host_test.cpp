@@ -66,9 +66,9 @@ TEST_F(ConsoleHostTest, GivesDialogsTheQueuedTextsAndThenNothing) {
     host.queueText("C:\\data");
     host.queueText("D:\\");
     EXPECT_EQ(host.BrowseForFolder("Select"), "C:\\data");
-    EXPECT_EQ(host.OpenFileDialog("Open", "C:\\"), "D:\\");
+    EXPECT_EQ(host.OpenFileDialog({.DialogTitle = "Open", .InitDir = "C:\\"}), "D:\\");
     EXPECT_EQ(host.BrowseForFolder("Select"), "");
-    EXPECT_EQ(host.OpenFileDialog("Open", "C:\\"), "");
+    EXPECT_EQ(host.OpenFileDialog({.DialogTitle = "Open", .InitDir = "C:\\"}), "");
 }
 
 TEST_F(ConsoleHostTest, RunsDueTimersWhileItYields) {

@@ -44,14 +44,23 @@ void FakeMachine::Disks::writeOver(const std::string& path, std::string_view con
     if (content.size() > room) throw RuntimeError(error::diskFull);
 }
 
+double FakeMachine::Disks::FileLen(const std::string& path) {
+    machine.record("FileLen " + path);
+    if (!showsFilesOf(path)) throw RuntimeError(error::fileNotFound);
+    return sizeOf(path);
+}
+
 void FakeMachine::Disks::remove(const std::string& path) {
     machine.record("remove " + path);
+    if (machine.readOnly.count(keyOf(path)) > 0) throw RuntimeError(error::pathFileAccess);
     if (auto locked = findPath(machine.lockedFiles, path); locked != machine.lockedFiles.end())
         throw RuntimeError(locked->second);
     if (hasFolder(path)) throw RuntimeError(error::pathFileAccess);
     const auto file = findPath(machine.files, path);
     if (file == machine.files.end() || !showsFilesOf(path)) throw RuntimeError(error::fileNotFound);
     machine.files.erase(file);
+    if (const auto size = findPath(machine.sizes, path); size != machine.sizes.end())
+        machine.sizes.erase(size);
 }
 
 }  // namespace velmora::fake

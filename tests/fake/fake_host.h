@@ -24,10 +24,12 @@ class FakeHost final : public Host {
         dialogs.push_back(title);
         return nextPath();
     }
-    std::string OpenFileDialog(const std::string& title, const std::string& folder) override {
-        dialogs.push_back(title + "|" + folder);
+    std::string OpenFileDialog(const FileDialog& dialog) override {
+        dialogs.push_back(dialog.DialogTitle + "|" + dialog.InitDir);
+        fileDialogs.push_back(dialog);
         return nextPath();
     }
+    void Beep() override { ++beeps; }
     void DoEvents() override {
         ++yields;
         if (onYield) onYield(yields);
@@ -37,6 +39,8 @@ class FakeHost final : public Host {
     std::deque<std::string> paths;  ///< for the next dialogs; empty when used up
     std::vector<Box> boxes;
     std::vector<std::string> dialogs;  ///< titles of the dialogs shown
+    std::vector<FileDialog> fileDialogs;  ///< the file dialogs among them, whole
+    int beeps = 0;
     int yields = 0;
     std::function<void(int)> onYield;  ///< gets the number of the yield, from 1
     std::function<void(const Box&)> onBox;

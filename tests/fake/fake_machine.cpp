@@ -13,22 +13,6 @@ std::string programFolder() {
     return "C:\\Program Files\\Velmora";
 }
 
-// How many of the paths lie in that folder, not further below.
-template <typename Paths, typename PathOf>
-double entriesIn(const std::string& folder, const Paths& paths, PathOf&& pathOf) {
-    const std::string front = keyOf(folder) + '\\';
-    return static_cast<double>(std::count_if(paths.begin(), paths.end(), [&](const auto& entry) {
-        const std::string key = keyOf(pathOf(entry));
-        return key.starts_with(front) && key.find('\\', front.size()) == std::string::npos;
-    }));
-}
-
-std::string fullPath(std::string path) {
-    std::replace(path.begin(), path.end(), '/', '\\');
-    while (path.size() > 3 && path.back() == '\\') path.pop_back();
-    return path.size() == 2 ? path + '\\' : path;
-}
-
 }  // namespace
 
 void CallLog::call(std::string what) {
@@ -88,36 +72,6 @@ class FakeMachine::Disks::Reading final : public Drive {
     std::optional<FakeDrive> drive_;
 };
 
-class FakeMachine::Disks::FolderReading final : public Folder {
-  public:
-    FolderReading(Disks& disks, std::string path) : disks_(disks), path_(std::move(path)) {}
-
-    std::string Path() const override { return path_; }
-    double FilesCount() override {
-        disks_.machine.record("FilesCount " + path_);
-        return counts().first;
-    }
-    double SubFoldersCount() override {
-        disks_.machine.record("SubFoldersCount " + path_);
-        return counts().second;
-    }
-
-  private:
-    const std::pair<double, double>& counts() {
-        if (counts_) return *counts_;
-        if (!disks_.hasFolder(path_)) throw RuntimeError(error::pathNotFound);
-        const FakeMachine& machine = disks_.machine;
-        counts_.emplace(
-            entriesIn(path_, machine.files, [](const auto& file) { return file.first; }),
-            entriesIn(path_, machine.folders, [](const auto& folder) { return folder; }));
-        return *counts_;
-    }
-
-    Disks& disks_;
-    std::string path_;
-    std::optional<std::pair<double, double>> counts_;
-};
-
 bool FakeMachine::Disks::DriveExists(const std::string& designator) {
     machine.record("DriveExists " + designator);
     return findPath(machine.drives, driveOfDesignator(designator)) != machine.drives.end();
@@ -131,12 +85,6 @@ bool FakeMachine::Disks::FolderExists(const std::string& path) {
 bool FakeMachine::Disks::FileExists(const std::string& path) {
     machine.record("FileExists " + path);
     return showsFilesOf(path) && findPath(machine.files, path) != machine.files.end();
-}
-
-std::unique_ptr<Folder> FakeMachine::Disks::GetFolder(const std::string& path) {
-    machine.record("GetFolder " + path);
-    if (!hasFolder(path)) throw RuntimeError(error::pathNotFound);
-    return std::make_unique<FolderReading>(*this, fullPath(path));
 }
 
 std::unique_ptr<Drive> FakeMachine::Disks::GetDrive(const std::string& designator) {
@@ -210,6 +158,7 @@ FakeMachine::FakeMachine()
                 .files = *disks_,
                 .advapi32 = *desktop_,
                 .shell32 = *desktop_,
+                .winmm = *desktop_,
                 .wscriptShell = *desktop_,
                 .regional = {},
                 .app = {.Path = programFolder(), .EXEName = "velmora", .Command = ""}} {

@@ -9,7 +9,8 @@
 //
 // An operation that tells failures by its result fails in that way too when its turn comes: the
 // registry, SHGetSpecialFolderLocation and SHEmptyRecycleBinA give the planned number as their
-// code, ShellExecuteEx and SHGetPathFromIDListA false, CreateShortcut null, GetEnvironmentVariableA
+// code as do MoveFileA (0), SHFileOperationA and sndPlaySoundA (0), FindFirstFileA gives no listing and
+// FindNextFileA the number as the last error; ShellExecuteEx and SHGetPathFromIDListA give false, CreateShortcut null, GetEnvironmentVariableA
 // an empty text; SHBrowseForFolder is dismissed.
 #pragma once
 
@@ -28,6 +29,14 @@
 #include "platform/platform.h"
 
 namespace velmora::fake {
+
+/// Times of a file or folder, in units of 100 ns since 1601-01-01 UTC, which is the fake clock's
+/// local time too.
+struct FakeTimes {
+    std::uint64_t created = 0;
+    std::uint64_t accessed = 0;
+    std::uint64_t written = 0;
+};
 
 struct FakeDrive {
     double freeBytes = 0;
@@ -121,6 +130,22 @@ class FakeMachine final : public Machine {
     std::map<std::string, std::string> files;
     /// Files that refuse to be opened or removed, by full path, with the error that they raise.
     std::map<std::string, int> lockedFiles;
+    /// Times of files and folders, by full path; those without an entry have the start of the fake
+    /// clock.
+    std::map<std::string, FakeTimes> times;
+    /// Files that are read-only, by full path in lower case: removing one raises error 75.
+    std::set<std::string> readOnly;
+    /// Sizes in bytes of files that are said to be larger than their content, by full path.
+    std::map<std::string, double> sizes;
+    /// The entries of a folder as FindFirstFileA lists them, by its full path; one without gets
+    /// ".", ".." and what lies in it.
+    std::map<std::string, std::vector<FindData>> listings;
+    /// Listings that are begun and not closed.
+    int openListings = 0;
+    /// Files and folders that were moved: from, to.
+    std::vector<std::pair<std::string, std::string>> moved;
+    /// Notification handles with how often each is signalled yet; closed ones are gone.
+    std::map<std::uint32_t, int> notifications;
     /// No file can grow: error 61. A file that isn't there is made, but stays empty.
     bool diskFull = false;
 
@@ -147,6 +172,16 @@ class FakeMachine final : public Machine {
     /// What SHEmptyRecycleBinA was told, and its answer.
     std::vector<FakeEmptying> emptied;
     std::int32_t emptyResult = 0;
+    /// What SHFileOperationA was told, and its answer; 0 takes the paths away and lists them.
+    std::vector<FileOperation> operations;
+    std::int32_t operationResult = 0;
+    std::vector<std::string> recycled;
+    /// Command lines that were started, and the error that starting raises; 0 for none.
+    std::vector<std::string> started;
+    int startError = 0;
+    /// Sounds that were played, with their flags, and the answer.
+    std::vector<std::pair<std::string, std::int32_t>> played;
+    std::int16_t playResult = 1;
     /// What ShellExecuteA and ShellExecuteEx were told, and its answer.
     std::vector<FakeExecution> executed;
     bool executes = true;

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <deque>
 #include <map>
 #include <memory>
 #include <optional>
@@ -32,6 +33,7 @@ auto findPath(Map& map, const std::string& path) {
 
 struct FakeMachine::Disks final : FileSystemObject, Kernel32, Clock, TextFiles {
     class Reading;
+    class FileReading;
     class FolderReading;
 
     explicit Disks(FakeMachine& owner) : machine(owner) {}
@@ -46,6 +48,16 @@ struct FakeMachine::Disks final : FileSystemObject, Kernel32, Clock, TextFiles {
     bool FolderExists(const std::string& path) override;
     bool FileExists(const std::string& path) override;
     std::unique_ptr<Folder> GetFolder(const std::string& path) override;
+    std::unique_ptr<File> GetFile(const std::string& path) override;
+
+    FindHandle FindFirstFileA(const std::string& pattern, FindData& entry) override;
+    bool FindNextFileA(FindHandle listing, FindData& entry) override;
+    void FindClose(FindHandle listing) override;
+    std::uint32_t GetLastError() override { return lastError; }
+    std::int32_t MoveFileA(const std::string& from, const std::string& to) override;
+    std::uint32_t WaitForSingleObject(std::uint32_t handle, std::uint32_t milliseconds) override;
+    bool FindNextChangeNotification(std::uint32_t handle) override;
+    bool FindCloseChangeNotification(std::uint32_t handle) override;
 
     std::uint32_t GetLogicalDriveStringsA(std::uint32_t length, std::string& buffer) override;
     std::string GetWindowsDirectoryA() override {
@@ -61,7 +73,13 @@ struct FakeMachine::Disks final : FileSystemObject, Kernel32, Clock, TextFiles {
     void appendLine(const std::string& path, std::string_view text) override;
     std::string readAll(const std::string& path) override;
     void writeOver(const std::string& path, std::string_view content) override;
+    double FileLen(const std::string& path) override;
     void remove(const std::string& path) override;
+
+    double sizeOf(const std::string& file);
+    FakeTimes timesOf(const std::string& path);
+    std::vector<FindData> entriesIn(const std::string& folder);
+    void removeTree(const std::string& folder, bool force);
 
     /// What the drive answers now: nothing when it isn't there or doesn't answer.
     std::optional<FakeDrive> measure(const std::string& path);
@@ -74,9 +92,12 @@ struct FakeMachine::Disks final : FileSystemObject, Kernel32, Clock, TextFiles {
 
     FakeMachine& machine;
     std::set<std::string> pending;  // drives with a question that hasn't returned
+    std::uint32_t lastError = 0;
+    std::map<FindHandle, std::deque<FindData>> listings;  // what is still to come
+    FindHandle lastListing = 0;
 };
 
-struct FakeMachine::Desktop final : Advapi32, Shell32, WScriptShell {
+struct FakeMachine::Desktop final : Advapi32, Shell32, Winmm, WScriptShell {
     class FileShortcut;
 
     explicit Desktop(FakeMachine& owner) : machine(owner) {}
@@ -99,6 +120,11 @@ struct FakeMachine::Desktop final : Advapi32, Shell32, WScriptShell {
     Browse SHBrowseForFolder(const BrowseInfo& info, ItemIdList& list) override;
     std::int32_t SHEmptyRecycleBinA(const std::string& owner, const std::string& root,
                                     std::uint32_t flags) override;
+
+    std::int32_t SHFileOperationA(const FileOperation& operation) override;
+    void Shell(const std::string& commandLine, std::int32_t windowState) override;
+
+    std::int16_t sndPlaySoundA(const std::string& file, std::int32_t flags) override;
 
     std::unique_ptr<Shortcut> CreateShortcut(const std::string& file) override;
 

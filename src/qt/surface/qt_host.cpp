@@ -4,6 +4,8 @@
 #include <QFileDialog>
 #include <QMessageBox>
 
+#include <vector>
+
 #include "qt/surface/text.h"
 
 namespace velmora::qt {
@@ -27,6 +29,8 @@ QMessageBox::StandardButtons shownButtons(BoxButtons buttons) {
     switch (buttons) {
         case BoxButtons::okCancel: return QMessageBox::Ok | QMessageBox::Cancel;
         case BoxButtons::yesNo: return QMessageBox::Yes | QMessageBox::No;
+        case BoxButtons::yesNoCancel:
+            return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
         case BoxButtons::ok: break;
     }
     return QMessageBox::Ok;
@@ -43,11 +47,34 @@ BoxAnswer answerOf(int button, BoxButtons buttons) {
 
 QMessageBox::StandardButton escape(BoxButtons buttons) {
     switch (buttons) {
-        case BoxButtons::okCancel: return QMessageBox::Cancel;
+        case BoxButtons::okCancel:
+        case BoxButtons::yesNoCancel: return QMessageBox::Cancel;
         case BoxButtons::yesNo: return QMessageBox::No;
         case BoxButtons::ok: break;
     }
     return QMessageBox::Ok;
+}
+
+// "Text (*.txt)|*.txt|All (*.*)|*.*" as Qt has it: "Text (*.txt)", "All (*)".
+QStringList nameFilters(const std::string& filter) {
+    const QStringList parts = shown(filter).split(QLatin1Char('|'), Qt::SkipEmptyParts);
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        const QString words = parts[i].section(QStringLiteral(" ("), 0, 0);
+        QString patterns = parts[i + 1];
+        patterns.replace(QLatin1Char(';'), QLatin1Char(' '));
+        patterns.replace(QStringLiteral("*.*"), QStringLiteral("*"));
+        filters << words + QStringLiteral(" (") + patterns.trimmed() + QLatin1Char(')');
+    }
+    return filters;
+}
+
+// One path as it is; of several, all in one folder, the folder and the names.
+std::string oneOrSeveral(const std::vector<std::string>& paths) {
+    if (paths.size() <= 1) return paths.empty() ? std::string{} : paths.front();
+    std::string all = parentFolderOf(paths.front());
+    for (const std::string& path : paths) all += '\0' + fileNameOf(path);
+    return all;
 }
 
 }  // namespace
@@ -79,12 +106,24 @@ std::string QtHost::BrowseForFolder(const std::string& title) {
     return path.isEmpty() ? std::string{} : machine_.toDrivePath(typed(path));
 }
 
-std::string QtHost::OpenFileDialog(const std::string& title, const std::string& initialFolder) {
-    const QString path = QFileDialog::getOpenFileName(
-        QApplication::activeWindow(), shown(title), shown(machine_.toHostPath(initialFolder)));
+std::string QtHost::OpenFileDialog(const FileDialog& asked) {
+    QFileDialog dialog(QApplication::activeWindow(), shown(asked.DialogTitle),
+                       shown(machine_.toHostPath(asked.InitDir)));
+    dialog.setObjectName(QStringLiteral("FileDialog"));
+    const bool takesSeveral = (asked.Flags & file_dialog::allowMultiselect) != 0;
+    dialog.setFileMode(takesSeveral ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
+    dialog.setNameFilters(nameFilters(asked.Filter));
+    const bool isChosen = dialog.exec() == QDialog::Accepted;
     hand_.throwWhenEnded();
-    return path.isEmpty() ? std::string{} : machine_.toDrivePath(typed(path));
+    if (!isChosen) return {};
+    std::vector<std::string> paths;
+    for (const QString& path : dialog.selectedFiles()) {
+        paths.push_back(machine_.toDrivePath(typed(path)));
+    }
+    return oneOrSeveral(paths);
 }
+
+void QtHost::Beep() { QApplication::beep(); }
 
 void QtHost::DoEvents() {
     if (sinceYield_.elapsed() < yieldInterval) return;

@@ -19,7 +19,8 @@ class QtHost final : public Host {
     BoxAnswer MsgBox(const Box& box) override;
     /// The system's own folder dialog where there is one, Qt's otherwise.
     std::string BrowseForFolder(const std::string& title) override;
-    std::string OpenFileDialog(const std::string& title, const std::string& initialFolder) override;
+    std::string OpenFileDialog(const FileDialog& dialog) override;
+    void Beep() override;
     /// Lets events through at most every few milliseconds: a check yields several times a row, and
     /// asking the window system each time would cost more than the check.
     void DoEvents() override;

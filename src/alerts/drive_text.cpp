@@ -1,4 +1,4 @@
-#include "monitor/drive_text.h"
+#include "alerts/drive_text.h"
 
 #include <cmath>
 
