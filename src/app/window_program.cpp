@@ -11,6 +11,7 @@ WindowProgram::WindowProgram(Machine& machine, std::function<void(int)> ended)
       core_(forms_, machine.platform(), {host_, notifyArea_, user32_, shellIcons_, workArea_}),
       windows_(forms_, shellIcons_, user32_, hand_, names_) {
     hand_.setHost(host_);
+    hand_.setPaths([&machine](const std::string& path) { return machine.toDrivePath(path); });
     hand_.whenEnded(std::move(ended));
 }
 

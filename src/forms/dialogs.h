@@ -10,13 +10,19 @@
 #include "controls/pickers.h"
 #include "controls/text_box.h"
 #include "controls/timer.h"
+#include "forms/label_colours.h"
 
 namespace velmora {
 
 /// The alert dialog.
 class DlgAlert : public Form {
   public:
-    DlgAlert() : Form("dlgAlert", "Alert Window - Velmora ") { setSize(5400, 4200); }
+    DlgAlert() : Form("dlgAlert", "Alert Window - Velmora ") {
+        setSize(6300, 4200);
+        fraAct.setVisible(false);
+        label_colour::dressAsButtons(lblAct);
+        label_colour::dressAsButtons(lblAl);
+    }
 
     Frame frmCurAlert{*this, "frmCurAlert", "Current Alerts"};
     TextBox Label1{*this, "Label1"};  ///< the dialog's journal; a text box in spite of its name
@@ -24,7 +30,7 @@ class DlgAlert : public Form {
                  "It is recommended you free up some space as a preemptive action to prevent the "
                  "free space from reaching zero.  To see options, press Action."};
     Label lblSuggest{*this, "lblSuggest"};  ///< what the chosen option would do
-    Frame fraAct{*this, "fraAct", "Action Options"};
+    Frame fraAct{*this, "fraAct", "Action Options"};  ///< in view while the dialog is high enough
     std::array<Label, 5> lblAct{{{*this, "lblAct", "Sorbane", 0},
                                  {*this, "lblAct", "Compress F", 1},
                                  {*this, "lblAct", "Emp. Recyc", 2},

@@ -2,12 +2,13 @@
 
 #include <utility>
 
+#include "forms/label_colours.h"
+
 namespace velmora {
 
 namespace {
 
-constexpr Colour orange = 33023;
-constexpr Colour deepBlue = 0x400000;
+using label_colour::deepBlue;
 
 // Labels of a control array, each with its index, caption and tool-tip.
 template <std::size_t N>
@@ -22,9 +23,8 @@ template <std::size_t N>
 void dressButtons(std::array<Label, N>& labels, const std::array<LabelButtonText, N>& texts) {
     for (std::size_t i = 0; i < N; ++i) {
         labels[i].setToolTipText(texts[i].toolTip);
-        labels[i].setForeColor(orange);
-        labels[i].setBackColor(deepBlue);
     }
+    label_colour::dressAsButtons(labels);
 }
 
 constexpr const char* specifiedOptions = "Specified Options (Files, Paths...)";

@@ -29,6 +29,8 @@ LabelLook::LabelLook(Forms& forms) {
     for (Label& label : form1.lblDP) connectPress(label);
     for (Label& label : form1.lblSF) connectPress(label);
     for (Label& label : form1.lblAl) connectPress(label);
+    for (Label& label : forms.dlgAlert.lblAct) connectPress(label);
+    for (Label& label : forms.dlgAlert.lblAl) connectPress(label);
 }
 
 }  // namespace velmora

@@ -4,19 +4,22 @@
 namespace velmora::tests {
 namespace {
 
-std::vector<Label*> labelButtons(Form1& form1) {
+std::vector<Label*> labelButtons(Forms& forms) {
+    Form1& form1 = forms.form1;
     std::vector<Label*> all;
     for (Label& label : form1.Label5) all.push_back(&label);
     for (Label& label : form1.lblDP) all.push_back(&label);
     for (Label& label : form1.lblSF) all.push_back(&label);
     for (Label& label : form1.lblAl) all.push_back(&label);
+    for (Label& label : forms.dlgAlert.lblAct) all.push_back(&label);
+    for (Label& label : forms.dlgAlert.lblAl) all.push_back(&label);
     return all;
 }
 
 TEST(LabelLook, EveryLabelButtonBrightensWhilePressedAndTurnsOrangeAgain) {
     CommandRig rig;
-    const auto labels = labelButtons(rig.form1);
-    ASSERT_EQ(labels.size(), 5u + 5u + 9u + 4u);
+    const auto labels = labelButtons(rig.forms);
+    ASSERT_EQ(labels.size(), 5u + 5u + 9u + 4u + 5u + 5u);
     for (Label* label : labels) {
         label->MouseDown();
         EXPECT_EQ(label->ForeColor(), 0xE0E0E0u) << label->Name();
@@ -45,7 +48,7 @@ TEST(LabelLook, ThePointerFlashesLabel5ThroughGreyToBlackAtEachMove) {
 
 TEST(LabelLook, ThePointerLeavesTheOtherLabelsAlone) {
     CommandRig rig;
-    for (Label* label : labelButtons(rig.form1)) {
+    for (Label* label : labelButtons(rig.forms)) {
         if (label->Name() == "Label5") continue;
         const Colour before = label->BackColor();
         label->MouseMove();

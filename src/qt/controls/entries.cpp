@@ -5,6 +5,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "qt/controls/file_drops.h"
 #include "qt/surface/field.h"
 #include "qt/surface/text.h"
 
@@ -127,6 +128,11 @@ QComboBox* makeComboBox(ComboBox& field, UserHand& hand) {
         if (box->currentText() != shown(field.Text())) box->setEditText(shown(field.Text()));
     });
     box->lineEdit()->setAccessibleName(box->accessibleName());
+    for (QWidget* part : std::initializer_list<QWidget*>{box, box->lineEdit()}) {
+        new FileDrops(
+            part, hand, [&field] { return field.Enabled() && field.Drop.connected(); },
+            [&field](const std::vector<std::string>& paths) { field.userDrop(paths); });
+    }
     QObject::connect(box, &QComboBox::currentTextChanged, box, [&field, &hand](const QString& text) {
         hand.does([&field, &text] { field.setText(typed(text)); });
     });

@@ -5,6 +5,7 @@
 #include <QScopedValueRollback>
 #include <algorithm>
 
+#include "qt/controls/file_drops.h"
 #include "qt/surface/field.h"
 #include "qt/surface/text.h"
 
@@ -67,6 +68,9 @@ void ListViewWidget::connectField() {
         showSortMark();
     });
     follow(list_.SelectionChanged, this, [this] { showSelection(); });
+    new FileDrops(
+        viewport(), hand_, [this] { return list_.Enabled() && list_.Drop.connected(); },
+        [this](const std::vector<std::string>& paths) { list_.userDrop(paths); });
 }
 
 void ListViewWidget::showColumns() {

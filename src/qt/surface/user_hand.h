@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <optional>
+#include <string>
 
 #include "platform/host.h"
 
@@ -20,6 +21,14 @@ class UserHand {
     /// Runs once when the program ends; takes the exit status.
     void whenEnded(std::function<void(int)> ended) { whenEnded_ = std::move(ended); }
 
+    /// How a path of this machine becomes a drive path; without it, it stays as it is.
+    void setPaths(std::function<std::string(const std::string&)> toDrivePath) {
+        toDrivePath_ = std::move(toDrivePath);
+    }
+    std::string drivePathOf(const std::string& hostPath) const {
+        return toDrivePath_ ? toDrivePath_(hostPath) : hostPath;
+    }
+
     /// Runs a handler. A refusal is dropped: nothing has changed, and the view shows the field as
     /// it is. A run-time error that nothing took shows its box and ends the program with status 1.
     /// Nothing happens any more once the program has ended.
@@ -35,6 +44,7 @@ class UserHand {
 
     Host* host_ = nullptr;
     std::function<void(int)> whenEnded_;
+    std::function<std::string(const std::string&)> toDrivePath_;
     std::optional<int> ended_;
 };
 

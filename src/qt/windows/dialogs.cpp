@@ -4,29 +4,15 @@
 #include <QProgressBar>
 
 #include "qt/controls/buttons.h"
-#include "qt/controls/journal_view.h"
 #include "qt/controls/list_view_widget.h"
 #include "qt/controls/entries.h"
-#include "qt/icons/program_icon.h"
 #include "qt/surface/field.h"
-#include "qt/windows/form_binding.h"
+#include "qt/windows/dialog_pieces.h"
 #include "qt/windows/layouts.h"
 
 namespace velmora::qt {
 
 namespace {
-
-constexpr int readingWidth = 380;
-
-// A window around a layout, with the margins of a dialog.
-QWidget* dialog(Form& form, QLayout* content, UserHand& hand) {
-    auto* window = new QWidget;
-    window->setWindowIcon(programIcon());
-    content->setContentsMargins(2 * gap, 2 * gap, 2 * gap, 2 * gap);
-    window->setLayout(content);
-    new FormBinding(window, form, hand);
-    return window;
-}
 
 QLabel* heading(Label& field) {
     auto* label = makeCaption(field);
@@ -34,12 +20,6 @@ QLabel* heading(Label& field) {
     font.setBold(true);
     font.setPointSizeF(font.pointSizeF() * 1.3);
     label->setFont(font);
-    return label;
-}
-
-QLabel* paragraph(Label& field) {
-    auto* label = makeCaption(field, true);
-    label->setMinimumWidth(readingWidth);
     return label;
 }
 
@@ -52,14 +32,6 @@ QProgressBar* makeGauge(Slider& field) {
 }
 
 }  // namespace
-
-QWidget* makeAlertWindow(DlgAlert& form, UserHand& hand) {
-    auto* content = column({paragraph(form.Label4)});
-    content->addWidget(group(QString::fromStdString(form.frmCurAlert.Caption()),
-                             column({new JournalView(form.Label1)})),
-                       1);
-    return dialog(form, content, hand);
-}
 
 QWidget* makeProgressWindow(Icon0& form, UserHand& hand) {
     auto* content = column({paragraph(form.lblProgress)});

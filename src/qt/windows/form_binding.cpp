@@ -21,8 +21,8 @@ WindowState stateOf(const QWidget* window) {
 
 }  // namespace
 
-FormBinding::FormBinding(QWidget* window, Form& form, UserHand& hand, bool sized)
-    : QObject(window), window_(window), form_(form), hand_(hand), sized_(sized), refresher_(nullptr) {
+FormBinding::FormBinding(QWidget* window, Form& form, UserHand& hand, WindowKind kind)
+    : QObject(window), window_(window), form_(form), hand_(hand), kind_(kind), refresher_(nullptr) {
     window->setObjectName(shown(form.Name()));
     refresher_ = follow(form.Changed, this, [this] { refresh(); });
     form.Raised.connect([guard = QPointer<FormBinding>(this)] {
@@ -41,7 +41,7 @@ void FormBinding::refresh() {
     // which need not be the form's.
     applying_ = true;
     showVisibility();
-    if (sized_) showSize();
+    if (kind_.sized) showSize();
     applying_ = false;
     showPlace();
 }
@@ -88,13 +88,13 @@ bool FormBinding::eventFilter(QObject*, QEvent* event) {
             event->ignore();
             return true;
         case QEvent::KeyPress:
-            return !sized_ && takesKey(static_cast<QKeyEvent*>(event)->key());
+            return kind_.dialog && takesKey(static_cast<QKeyEvent*>(event)->key());
         case QEvent::Resize:
-            if (sized_ && !applying_) tellSize();
+            if (kind_.sized && !applying_) tellSize();
             return false;
         case QEvent::LayoutRequest:
             // Panels that went make room for a size that the window couldn't take before.
-            if (sized_ && isWaiting_) refresher_->touch();
+            if (kind_.sized && isWaiting_) refresher_->touch();
             return false;
         case QEvent::WindowStateChange:
             tellState();

@@ -1,6 +1,5 @@
 // Keeps a window in line with its form: title, visibility, size and state both ways, and the place
-// that the program gives it. In a small window Escape closes, as its
-// frame does, and Enter presses its default button.
+// that the program gives it.
 #pragma once
 
 #include <QPoint>
@@ -13,11 +12,16 @@
 
 namespace velmora::qt {
 
+struct WindowKind {
+    bool sized = false;   ///< the form's measures are the window's
+    bool dialog = true;   ///< Escape closes it, as its frame does; Enter presses its default button
+};
+
 class FormBinding : public QObject {
     Q_OBJECT
   public:
-    /// Lives as long as the window. With `sized` the form's measures are the window's.
-    FormBinding(QWidget* window, Form& form, UserHand& hand, bool sized = false);
+    /// Lives as long as the window.
+    FormBinding(QWidget* window, Form& form, UserHand& hand, WindowKind kind = {});
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -33,7 +37,7 @@ class FormBinding : public QObject {
     QWidget* window_;
     Form& form_;
     UserHand& hand_;
-    bool sized_;
+    WindowKind kind_;
     QPoint place_;            // twips, as shown last
     bool applying_ = false;   // the form's size is being given to the window
     bool isWaiting_ = false;  // the window could not take it yet

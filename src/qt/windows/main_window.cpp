@@ -56,7 +56,7 @@ MainWindow::MainWindow(Form1& form, const QtShellIcons& icons, QtUser32& user32,
     setStatusBar(makeStatusBar(form.StatusBar1));
     addMenus();
     addShortcuts();
-    new FormBinding(this, form, hand, true);
+    new FormBinding(this, form, hand, {.sized = true, .dialog = false});
 }
 
 void MainWindow::addToolBar() {

@@ -1,0 +1,52 @@
+// The alert dialog: its journal, what can be done about a shortage, and how it goes away by itself.
+#include <QHBoxLayout>
+
+#include "qt/controls/buttons.h"
+#include "qt/controls/journal_view.h"
+#include "qt/controls/label_button.h"
+#include "qt/surface/field.h"
+#include "qt/surface/text.h"
+#include "qt/windows/dialog_pieces.h"
+#include "qt/windows/dialogs.h"
+#include "qt/windows/flow_layout.h"
+#include "qt/windows/layouts.h"
+
+namespace velmora::qt {
+
+namespace {
+
+// Places in lblAl.
+constexpr int okButton = 0;
+constexpr int clearButton = 1;
+constexpr int explorerButton = 2;
+constexpr int wizardButton = 3;
+constexpr int actionButton = 4;
+
+LabelButton* button(Label& label, UserHand& hand) {
+    return new LabelButton(label, hand, LabelButton::Shape::button);
+}
+
+QWidget* makeOptions(DlgAlert& form, UserHand& hand) {
+    auto* choices = new FlowLayout(gap);
+    for (Label& label : form.lblAct) choices->addWidget(button(label, hand));
+    auto* content = column({around(choices), paragraph(form.lblSuggest)});
+    content->addStretch(1);
+    content->addLayout(row({nullptr, button(form.lblAl[wizardButton], hand)}));
+    QGroupBox* options = group(shown(form.fraAct.Caption()), content);
+    bindField(options, form.fraAct, [] {});
+    return options;
+}
+
+}  // namespace
+
+QWidget* makeAlertWindow(DlgAlert& form, UserHand& hand) {
+    auto* content = column({paragraph(form.Label4)});
+    content->addWidget(group(shown(form.frmCurAlert.Caption()), column({new JournalView(form.Label1)})), 1);
+    content->addWidget(makeOptions(form, hand), 1);
+    content->addLayout(row({makeCheckBox(form.chkAutoHide, hand), makeCheckBox(form.chkLog, hand), nullptr,
+                            button(form.lblAl[clearButton], hand), button(form.lblAl[explorerButton], hand),
+                            button(form.lblAl[actionButton], hand), button(form.lblAl[okButton], hand)}));
+    return dialog(form, content, hand, {.sized = true});
+}
+
+}  // namespace velmora::qt

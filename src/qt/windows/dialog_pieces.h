@@ -1,0 +1,22 @@
+// What the small windows have in common.
+#pragma once
+
+#include <QLabel>
+#include <QLayout>
+#include <QWidget>
+
+#include "controls/buttons.h"
+#include "qt/surface/user_hand.h"
+#include "qt/windows/form_binding.h"
+
+namespace velmora::qt {
+
+/// The width, in pixels, at which a paragraph reads well.
+inline constexpr int readingWidth = 380;
+
+/// A window around a layout, with the margins of a dialog.
+QWidget* dialog(Form& form, QLayout* content, UserHand& hand, WindowKind kind = {});
+/// A caption over several lines.
+QLabel* paragraph(Label& field);
+
+}  // namespace velmora::qt
