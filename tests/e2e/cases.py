@@ -2,10 +2,62 @@
 
 import os
 import pathlib
+import shutil
+import tempfile
 import unittest
 
 import console
 import filesystems
+
+
+class OwnFolder:
+    """Each test has the program in a folder of its own, so that it saves only there."""
+
+    def setUp(self):
+        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="velmora-e2e-"))
+        self.addCleanup(shutil.rmtree, self.folder, ignore_errors=True)
+        built = os.environ.get(self.variable)
+        if not built or not self.runner():
+            self.skipTest(f"{self.variable} or what runs it is missing")
+        self.program = self.folder / pathlib.Path(built).name
+        shutil.copy2(built, self.program)
+        self.settings = self.folder / "set.dat"
+
+    def put_settings(self, content):
+        self.settings.unlink(missing_ok=True)
+        if content is not None:
+            self.settings.write_bytes(content)
+
+    def launch(self):
+        self.console = console.Console(self.command(), self.environment())
+        self.addCleanup(self.console.close)
+
+    def environment(self):
+        return {**os.environ, "HOME": str(self.folder), "XDG_CONFIG_HOME": "",
+                "XDG_DATA_HOME": ""}
+
+
+class OwnNative(OwnFolder):
+    variable = "VELMORA_CONSOLE"
+
+    def runner(self):
+        return True
+
+    def command(self):
+        return [str(self.program)]
+
+
+class OwnWindows(OwnFolder):
+    variable = "VELMORA_CONSOLE_WINDOWS"
+
+    def runner(self):
+        return os.environ.get("VELMORA_WINE")
+
+    def command(self):
+        return [os.environ["VELMORA_WINE"], str(self.program)]
+
+    def environment(self):
+        return dict(os.environ)
 
 
 class ConsoleCase(unittest.TestCase):
@@ -46,7 +98,7 @@ class ConsoleCase(unittest.TestCase):
 class WindowsCase(ConsoleCase):
     """The same with the Windows program under Wine."""
 
-    letters = iter("UTSRQPONM")
+    letters = "UTSRQPONM"
 
     def start(self):
         started = console.windows()
@@ -56,8 +108,9 @@ class WindowsCase(ConsoleCase):
 
     def give_letter(self, mounted):
         """Makes a mounted filesystem a drive of Wine's and gives its root."""
-        letter = next(WindowsCase.letters)
-        link = pathlib.Path(os.environ["WINEPREFIX"], "dosdevices", letter.lower() + ":")
+        devices = pathlib.Path(os.environ["WINEPREFIX"], "dosdevices")
+        letter = next(each for each in self.letters if not (devices / f"{each.lower()}:").is_symlink())
+        link = devices / f"{letter.lower()}:"
         link.symlink_to(mounted.folder)
         self.addCleanup(link.unlink)
         return letter + ":\\"

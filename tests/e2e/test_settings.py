@@ -1,13 +1,11 @@
 """Settings over real starts of the program: what comes back, what doesn't, and what ends a start."""
 
-import os
 import pathlib
 import shutil
 import subprocess
-import tempfile
 
 import filesystems
-from cases import ConsoleCase, WindowsCase
+from cases import ConsoleCase, OwnNative, OwnWindows, WindowsCase
 from console import Console
 from settings import plain_lines, scrambled
 
@@ -119,42 +117,7 @@ class ThreeStarts:
                     self.assertEqual(self.settings.read_bytes(), content)
 
 
-class OwnFolder:
-    """Each test has the program in a folder of its own, so that it saves only there."""
-
-    def setUp(self):
-        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="velmora-e2e-"))
-        self.addCleanup(shutil.rmtree, self.folder, ignore_errors=True)
-        built = os.environ.get(self.variable)
-        if not built or not self.runner():
-            self.skipTest(f"{self.variable} or what runs it is missing")
-        self.program = self.folder / pathlib.Path(built).name
-        shutil.copy2(built, self.program)
-        self.settings = self.folder / "set.dat"
-
-    def put_settings(self, content):
-        self.settings.unlink(missing_ok=True)
-        if content is not None:
-            self.settings.write_bytes(content)
-
-    def launch(self):
-        self.console = Console(self.command(), self.environment())
-        self.addCleanup(self.console.close)
-
-    def environment(self):
-        return {**os.environ, "HOME": str(self.folder), "XDG_CONFIG_HOME": "",
-                "XDG_DATA_HOME": ""}
-
-
-class Native(OwnFolder, ThreeStarts, ConsoleCase):
-    variable = "VELMORA_CONSOLE"
-
-    def runner(self):
-        return True
-
-    def command(self):
-        return [str(self.program)]
-
+class Native(OwnNative, ThreeStarts, ConsoleCase):
     def test_a_tmpfs_without_a_free_byte_does_not_cost_the_settings(self):
         self.save_on_a_full_disk(self.mount(filesystems.Tmpfs, 1))
 
@@ -200,14 +163,5 @@ class Native(OwnFolder, ThreeStarts, ConsoleCase):
         self.assertIn("Hidden=true", entry.read_text("utf-8"))
 
 
-class Windows(OwnFolder, ThreeStarts, WindowsCase):
-    variable = "VELMORA_CONSOLE_WINDOWS"
-
-    def runner(self):
-        return os.environ.get("VELMORA_WINE")
-
-    def command(self):
-        return [os.environ["VELMORA_WINE"], str(self.program)]
-
-    def environment(self):
-        return dict(os.environ)
+class Windows(OwnWindows, ThreeStarts, WindowsCase):
+    pass

@@ -1,0 +1,234 @@
+"""What a shortage makes the program do, on real drives: files move, go and are recycled, and nothing
+else is touched."""
+
+import os
+import re
+
+import filesystems
+from cases import ConsoleCase, OwnNative, OwnWindows, WindowsCase
+from settings import scrambled
+from trees import tree, without
+
+KB = filesystems.KB
+SETTINGS = scrambled("chkLog=1", "txtTime=3600\r\n", "minspace=4096\r\n", "custtime=0\r\n")
+LARGE = 6 * KB * KB
+
+ALERT, MOVE, DELETE, RECYCLE = 0, 1, 2, 3
+QUANTITY, MODIFICATION = 2, 3
+
+SHORTAGE = r" - ALERT: Space Shortage < 4096 KB Drive: %s\[[\d,]+ KB\]"
+STAMP = r"\d\d/\d\d/\d\d \d\d:\d\d:\d\d"
+MINUTE = r"\d{8} \d\d:\d\d"
+
+
+class Actions:
+    """The same on this machine and under Wine; `show` makes filesystems drives and starts the
+    program."""
+
+    def setUp(self):
+        super().setUp()
+        self.put_settings(SETTINGS)
+
+    def start(self):
+        return None
+
+    def begin(self, *megabytes):
+        """Small filesystems with a few files that no step should touch; `self.roots` are theirs."""
+        self.mounts = [self.mount(filesystems.Tmpfs, size) for size in megabytes]
+        small = self.mounts[0].folder
+        (small / "keep").mkdir()
+        (small / "keep" / "größe und заметки.txt").write_text("precious", encoding="utf-8")
+        (small / "read only").write_bytes(b"kept")
+        (small / "read only").chmod(0o444)
+        self.roots = self.show(*self.mounts)
+        self.console.watch_only(self.roots[0])
+        self.before = self.trees()
+
+    def trees(self):
+        return [tree(mounted.folder) for mounted in self.mounts]
+
+    def fill(self, *names):
+        """Files that together leave too little space."""
+        for name in names:
+            (self.mounts[0].folder / name).write_bytes(b"x" * (LARGE // len(names)))
+        self.before = self.trees()
+
+    def list_files(self, *names):
+        quoted = " ".join(f'"{self.roots[0]}{name}"' for name in names)
+        self.console.tell("drop LVFile " + quoted)
+
+    def listed(self):
+        return [row["Text"] for row in self.console.rows("LVFile")]
+
+    def texts(self, alerts):
+        return [alert["text"] for alert in alerts]
+
+    def state(self):
+        row = self.console.rows()[self.console.row_number(self.roots[0]) - 1]
+        return row["ReportIcon"]
+
+    def drive(self):
+        return self.roots[0][:2]
+
+    def expect_only_gone(self, *names):
+        self.assertEqual(tree(self.mounts[0].folder), without(self.before[0], *names))
+
+    def test_a_drive_fills_the_alert_comes_the_listed_file_moves_and_all_is_well(self):
+        self.begin(8, 16)
+        archive = self.mounts[1].folder / "archive"
+        archive.mkdir()
+        self.console.tell("set chkAutoSave.Value on")
+        self.console.tell(f"tick lstAct {ALERT} on")
+        self.assertEqual(self.console.check(), [])
+        self.assertEqual(self.state(), "ok")
+
+        self.fill("large file.bin")
+        self.list_files("large file.bin")
+        alerts = self.console.check()
+        self.assertEqual(len(alerts), 1)
+        self.assertRegex(alerts[0]["text"], "^" + SHORTAGE % self.drive() + "$")
+        self.assertEqual(self.state(), "alert")
+
+        self.console.set("txtDrive.Text", self.roots[1] + "archive\\")
+        self.console.tell("select LVFile 1")
+        self.console.tell("answer yes")
+        self.console.tell("click lblSF(2)")
+        self.assertEqual(self.listed(), [])
+        self.assertEqual((archive / "large file.bin").read_bytes(), b"x" * LARGE)
+        self.expect_only_gone("large file.bin")
+        self.assertTrue(self.console.get("dlgAlert.Visible"))
+
+        self.assertEqual(self.console.check(), [])
+        self.assertEqual(self.state(), "ok")
+        moved = f"- Moved File: {re.escape(self.roots[0])}large file.bin"
+        self.assertRegex(
+            (self.folder / "log.dat").read_bytes().decode("utf-8"),
+            f"^{STAMP}{SHORTAGE % self.drive()}\r\n \\. \r\n\r\n"
+            f"{MINUTE} \\| Medium \\| {STAMP}{moved}\r\n"
+            f"{STAMP}{moved}\r\n \\. \r\n\r\n$")
+
+    def test_the_automatic_move_aims_at_the_bare_root_and_moves_nothing(self):
+        self.begin(8, 16)
+        self.fill("large.bin")
+        self.list_files("large.bin")
+        # The action asks the box beside the list whether anything is listed.
+        self.console.tell(f'drop cboFile "{self.roots[0]}large.bin" "{self.roots[0]}keep"')
+        self.console.set("txtDrive.Text", self.roots[1] + "archive\\")
+        self.console.tell(f"tick lstAct {MOVE} on")
+        texts = self.texts(self.console.check())
+        self.assertEqual(len(texts), 2)
+        self.assertRegex(texts[1], "^" + SHORTAGE % self.drive() + "Auto Moved File: ")
+        self.assertEqual(self.listed(), [])
+        self.assertEqual(self.trees(), self.before)
+
+    def test_one_listed_file_goes_at_each_check_and_nothing_else(self):
+        self.begin(8)
+        names = ["a b.log", "größe.log", "журнал.log"]
+        self.fill(*names)
+        self.list_files(*names)
+        self.console.tell(f"tick lstAct {DELETE} on")
+        self.console.set("txtSpace.Text", "100000")
+        for done in range(1, 4):
+            alerts = self.texts(self.console.check())
+            self.assertIn(f"Auto Deleted Specified File: {self.roots[0]}{names[done - 1]}", alerts)
+            self.assertEqual(self.listed(), names[done:])
+            self.expect_only_gone(*names[:done])
+
+    def test_a_listed_folder_goes_with_what_is_in_it_but_no_link_is_followed(self):
+        self.begin(8)
+        self.fill("old/large.bin" if (self.mounts[0].folder / "old").mkdir() is None else "")
+        self.link_to_keep(self.mounts[0].folder / "old")
+        self.before = self.trees()
+        self.list_files("old", "missing")
+        self.console.tell(f"tick lstAct {DELETE} on")
+        self.console.check()
+        self.expect_only_gone("old")
+
+    def test_a_read_only_file_stays_and_the_error_is_told(self):
+        self.begin(8)
+        self.fill("large.bin")
+        self.list_files("read only")
+        self.console.tell(f"tick lstAct {DELETE} on")
+        texts = self.texts(self.console.check())
+        self.assertIn("Error: Path/File access error", texts)
+        self.assertEqual(self.trees(), self.before)
+        self.assertEqual(self.listed(), ["read only"])
+
+    def test_delete_all_asks_and_deletes_only_what_is_listed(self):
+        self.begin(8)
+        self.fill("one.bin", "two.bin", "three.bin")
+        self.list_files("one.bin", "three.bin")
+        self.console.tell("answer cancel")
+        self.console.tell("click lblSF(5)")
+        self.assertEqual(self.trees(), self.before)
+        self.console.tell("answer no")
+        self.console.tell("click lblSF(5)")
+        self.assertEqual(self.listed(), [])
+        self.expect_only_gone("one.bin", "three.bin")
+
+    def test_a_manual_move_to_a_full_drive_leaves_everything_where_it_was(self):
+        self.begin(8, 1)
+        self.mounts[1].fill_up()
+        self.fill("large.bin")
+        self.list_files("large.bin")
+        self.console.set("txtDrive.Text", self.roots[1])
+        self.console.tell("select LVFile 1")
+        self.console.tell("answer yes")
+        self.console.tell("click lblSF(2)")
+        self.assertIn("File was moved unsuccessfully, check for sufficient resources (disk space) "
+                      "and try again.", [box["text"] for box in self.console.boxes()])
+        self.assertEqual(self.trees(), self.before)
+
+    def test_events_tell_what_changed_since_the_last_check(self):
+        self.begin(8)
+        self.console.set("txtSpace.Text", "1")
+        self.console.tell(f"tick lstEvt {QUANTITY} on")
+        self.console.tell(f"tick lstEvt {MODIFICATION} on")
+        self.console.check()
+        self.console.check()
+        (self.mounts[0].folder / "new file.txt").write_text("x", encoding="utf-8")
+        texts = self.texts(self.console.check())
+        root = self.roots[0]
+        self.assertTrue(any(text.startswith("Files modified: Change Type: Last Write\r\n  ")
+                            and f"  {root}new file.txt\r\n" in text for text in texts), texts)
+        quantity = f"File Quantity changed in {root} from 1 to 2\r\n.\r\n"
+        self.assertIn(quantity, texts)
+        self.assertIn(quantity, self.console.get("txtAlert"))
+        self.assertEqual(self.texts(self.console.check()), [])
+
+
+class Native(Actions, OwnNative, ConsoleCase):
+    def show(self, *mounts):
+        self.launch()
+        return [self.drive_of(mounted) for mounted in mounts]
+
+    def link_to_keep(self, folder):
+        (folder / "link").symlink_to(self.mounts[0].folder / "keep")
+
+    def test_the_recycled_file_lies_in_the_trash_of_its_own_drive(self):
+        self.begin(8)
+        self.fill("große datei.bin", "other.bin")
+        self.list_files("große datei.bin", "other.bin")
+        self.console.tell(f"tick lstAct {RECYCLE} on")
+        texts = self.texts(self.console.check())
+        # The text names the row that moved up, not the file that went.
+        self.assertIn(f"Auto send file to recycle bin: {self.roots[0]}other.bin", texts)
+        trash = f".Trash-{os.getuid()}"
+        self.assertEqual(without(tree(self.mounts[0].folder), trash),
+                         without(self.before[0], "große datei.bin"))
+        folder = self.mounts[0].folder / trash
+        self.assertEqual((folder / "files/große datei.bin").read_bytes(), b"x" * (LARGE // 2))
+        note = (folder / "info/große datei.bin.trashinfo").read_text("utf-8")
+        self.assertRegex(note, r"^\[Trash Info\]\nPath=gro%C3%9Fe%20datei\.bin\n"
+                               r"DeletionDate=\d{4}-\d\d-\d\dT\d\d:\d\d:\d\d\n$")
+
+
+class Windows(Actions, OwnWindows, WindowsCase):
+    def show(self, *mounts):
+        roots = [self.give_letter(mounted) for mounted in mounts]
+        self.launch()
+        return roots
+
+    def link_to_keep(self, folder):
+        # As Wine shows it: a folder like any other, were it not looked at twice.
+        (folder / "link").symlink_to(self.mounts[0].folder / "keep")
