@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <memory>
+#include <optional>
 
 #include "app/core.h"
 #include "controls/timer_queue.h"
@@ -12,11 +13,13 @@ namespace velmora::bench {
 class QuietHost final : public Host {
   public:
     explicit QuietHost(TimerQueue& timers) : timers_(timers) {}
-    BoxAnswer MsgBox(const Box& box) override { return cancellingAnswer(box.buttons); }
+    BoxAnswer MsgBox(const Box& box) override { return answer.value_or(cancellingAnswer(box.buttons)); }
     std::string BrowseForFolder(const std::string&) override { return {}; }
     std::string OpenFileDialog(const FileDialog&) override { return {}; }
     void Beep() override {}
     void DoEvents() override { timers_.fireDue(); }
+
+    std::optional<BoxAnswer> answer;  ///< to every box; dismissing it when there is none
 
   private:
     TimerQueue& timers_;

@@ -1,0 +1,106 @@
+// The scan of a folder for newer files, and the counts of its files and folders, beside find and
+// beside bare system calls on the same folder.
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "bench_program.h"
+#include "inspect/wait_test.h"
+#include "scratch_folder.h"
+
+using namespace velmora;
+
+namespace {
+
+// What the bare calls find is told, so that no compiler leaves them out.
+volatile std::uint64_t found = 0;
+
+// Each entry of a listing and its status, as lean as it can be written.
+void bareScan(const std::string& path, bool withStatus) {
+    const int folder = open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    alignas(dirent64) static std::array<char, 64 * 1024> buffer;
+    std::uint64_t sum = 0;
+    for (;;) {
+        const ssize_t size = getdents64(folder, buffer.data(), buffer.size());
+        if (size <= 0) break;
+        for (ssize_t at = 0; at < size;) {
+            const auto& entry = *reinterpret_cast<const dirent64*>(buffer.data() + at);
+            at += entry.d_reclen;
+            ++sum;
+            if (!withStatus) continue;
+            struct statx status {};
+            statx(folder, entry.d_name, AT_SYMLINK_NOFOLLOW | AT_STATX_DONT_SYNC,
+                  STATX_BASIC_STATS | STATX_BTIME, &status);
+            sum += static_cast<std::uint64_t>(status.stx_mtime.tv_sec);
+        }
+    }
+    close(folder);
+    found = sum;
+}
+
+void run(const std::string& command) {
+    if (std::system(command.c_str()) != 0) std::printf("failed: %s\n", command.c_str());
+}
+
+// The best of some rounds: what other programs take meanwhile isn't asked for.
+double best(int rounds, const std::function<void()>& work) {
+    double least = bench::seconds(work);
+    for (int i = 1; i < rounds; ++i) least = std::min(least, bench::seconds(work));
+    return least;
+}
+
+void measure(int entries) {
+    bench::ScratchFolder scratch;
+    const std::string folder = scratch.at("entries");
+    const std::string reference = scratch.at("reference");
+    mkdir(folder.c_str(), 0755);
+    scratch.fill(folder, 0, entries - 10);
+    // Ten of them are newer.
+    run("sleep 0.05; touch " + reference + "; sleep 0.05");
+    bench::Program program;
+    program.forms.globals.lastFileTime =
+        program.machine->platform().clock.GetSystemTimeAsFileTime();
+    run("sleep 0.05");
+    scratch.fill(folder, entries, 10);
+
+    AlertSink nobody;
+    WaitTest waitTest(program.forms, program.machine->platform(), program.host, nobody);
+    const std::string drivePath = program.machine->toDrivePath(folder);
+    const auto reported = waitTest.prcPubFindFilesByTime(drivePath);
+    const auto lines = std::count(reported.begin(), reported.end(), '\n');
+
+    const int rounds = entries > 500000 ? 3 : 7;
+    const double scan = best(rounds, [&] { waitTest.prcPubFindFilesByTime(drivePath); });
+    const double bare = best(rounds, [&] { bareScan(folder, true); });
+    const std::string command =
+        "find " + folder + " -maxdepth 1 -newer " + reference + " >/dev/null";
+    const double find = best(rounds, [&] { run(command); });
+    std::printf("%10d %6ld %11.0f %11.0f %6.2f %11.0f %6.2f\n", entries, static_cast<long>(lines / 2),
+                scan / entries * 1e9, bare / entries * 1e9, scan / bare, find / entries * 1e9,
+                scan / find);
+
+    const double count = best(rounds, [&] {
+        const auto counted = program.machine->platform().fso.GetFolder(drivePath);
+        found = static_cast<std::uint64_t>(counted->FilesCount() + counted->SubFoldersCount());
+    });
+    const double listing = best(rounds, [&] { bareScan(folder, false); });
+    std::printf("%10s counts %11.0f %11.0f %6.2f\n", "", count / entries * 1e9,
+                listing / entries * 1e9, count / listing);
+}
+
+}  // namespace
+
+int main() {
+    std::printf("\nA scan for newer files, ns an entry, beside a listing with a status each, and find\n");
+    std::printf("%10s %6s %11s %11s %6s %11s %6s\n", "entries", "newer", "scan", "bare", "ratio",
+                "find", "ratio");
+    for (const int entries : {100000, 1000000}) measure(entries);
+}
