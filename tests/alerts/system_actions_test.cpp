@@ -171,14 +171,13 @@ TEST_F(ListedPrograms, WithNoneListedThereIsNothingToTell) {
 TEST_F(ListedPrograms, EachThatIsThereIsStartedInOrderAndEachIsToldOf) {
     machine.files["C:\\one.exe"] = machine.files["C:\\Program Files\\two.exe"] = "MZ";
     list({"C:\\one.exe", "C:\\gone.exe", "C:\\Program Files\\two.exe"});
-    EXPECT_EQ(actions.prcRunListedProg(), ran + "C:\\one.exe\r\n" + missing +
-                                              "C:\\gone.exe\r\n" + ran +
-                                              "C:\\Program Files\\two.exe\r\n");
-    EXPECT_EQ(machine.log.calls(),
-              (std::vector<std::string>{"FileExists C:\\one.exe", "Shell C:\\one.exe | 1",
-                                        "FileExists C:\\gone.exe",
-                                        "FileExists C:\\Program Files\\two.exe",
-                                        "Shell \"C:\\Program Files\\two.exe\" | 1"}));
+    EXPECT_EQ(actions.prcRunListedProg(), ran + "C:\\one.exe\r\n" + missing + "C:\\gone.exe\r\n" +
+                                              ran + "C:\\Program Files\\two.exe\r\n");
+    EXPECT_EQ(
+        machine.log.calls(),
+        (std::vector<std::string>{
+            "FileExists C:\\one.exe", "Shell C:\\one.exe | 1", "FileExists C:\\gone.exe",
+            "FileExists C:\\Program Files\\two.exe", "Shell \"C:\\Program Files\\two.exe\" | 1"}));
 }
 
 TEST_F(ListedPrograms, AFailureGoesToTheCallerAndNoProgramBehindItIsStarted) {
