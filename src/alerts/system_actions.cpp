@@ -13,6 +13,11 @@ constexpr int noSound = 4;
 
 constexpr std::int32_t normalWindow = 1;
 
+// An existing file as a command line: a blank in its path must not end the program's name.
+std::string asCommand(const std::string& file) {
+    return contains(file, " ") ? "\"" + file + "\"" : file;
+}
+
 }  // namespace
 
 void SystemActions::MakeRecycleBinEmpty(const std::string& strDrive, std::int16_t iNoConfirmation,
@@ -46,6 +51,22 @@ void SystemActions::prcSendToBin(const std::string& strFile, std::int32_t lngFla
 
 std::int16_t SystemActions::prcPlaySound(const std::string& strFile, std::int32_t lngFlags) {
     return platform_.winmm.sndPlaySoundA(strFile, lngFlags);
+}
+
+std::string SystemActions::prcRunListedProg() {
+    const ComboBox& cboProg = forms_.form1.cboProg;
+    std::string account;
+    for (int i = 0; i < cboProg.ListCount(); ++i) {
+        const std::string& entry = cboProg.List(i);
+        if (platform_.fso.FileExists(entry)) {
+            platform_.shell32.Shell(asCommand(entry), normalWindow);
+            account += " - Specified Program Executed: ";
+        } else {
+            account += " - Specified Program Execution Failed (File Does Not Exist): ";
+        }
+        account.append(lineEnd).append(entry).append(lineEnd);
+    }
+    return account;
 }
 
 }  // namespace velmora

@@ -31,6 +31,10 @@ class SystemActions {
     void prcSendToBin(const std::string& strFile, std::int32_t lngFlags);
     /// Plays a sound and returns when it has ended; not 0 when it was played.
     std::int16_t prcPlaySound(const std::string& strFile, std::int32_t lngFlags);
+    /// Starts each file that the list of cboProg names, in a normal window, and gives an account of
+    /// it: a note and the entry's name in lines of their own. What isn't there is noted and passed
+    /// over; an error of starting one goes to the caller and leaves the rest unstarted.
+    std::string prcRunListedProg();
 
   private:
     Forms& forms_;

@@ -34,6 +34,16 @@ void TextBox::join() const {
     if (masked_) wipe(joined);
 }
 
+std::string TextBox::front(std::size_t characters) const {
+    std::string taken;
+    for (auto piece = pieces_.begin(); piece != pieces_.end() && characters > 0; ++piece) {
+        const std::string part = left(*piece, characters);
+        characters -= length(part);
+        taken += part;
+    }
+    return taken;
+}
+
 bool TextBox::contains(const std::string& what) const {
     return velmora::contains(pieces_.front(), what) || velmora::contains(Text(), what);
 }

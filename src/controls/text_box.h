@@ -22,6 +22,9 @@ class TextBox : public Control {
     /// Puts `text` in front of the present text, at the cost of `text` alone. Fires Change unless
     /// it is empty.
     void prepend(std::string text);
+    /// The first characters of the text, all of them when it has fewer; at the cost of what is
+    /// given, without joining.
+    std::string front(std::size_t characters) const;
     /// Number of characters, known without joining.
     std::size_t textLength() const { return length_; }
     bool empty() const { return length_ == 0; }

@@ -1,4 +1,4 @@
-// Emptying the recycle bin and starting the disk cleaner.
+// Emptying the recycle bin and feeding it, the disk cleaner, sounds, listed programs.
 #include "alerts/system_actions.h"
 
 #include <gtest/gtest.h>
@@ -112,6 +112,87 @@ TEST_F(SystemActionsTest, TheCleanersParametersAreTheDriveABlankAndTheSet) {
 TEST_F(SystemActionsTest, ACleanerThatCantBeStartedIsNotLookedAt) {
     machine.executes = false;
     EXPECT_NO_THROW(actions.prcCleanMan("C", "12"));
+}
+
+TEST_F(SystemActionsTest, EmptyingTheBinOfDatEmptiesThatOfDriveD) {
+    actions.MakeRecycleBinEmpty("dat", 1, 2, 4);
+    ASSERT_EQ(machine.emptied.size(), 1u);
+    EXPECT_EQ(machine.emptied[0].root, "d:\\");
+    EXPECT_EQ(machine.emptied[0].flags, 7u);
+}
+
+TEST_F(SystemActionsTest, ASetWithoutADrivePassesALeadingBlank) {
+    actions.prcCleanMan("", "12");
+    EXPECT_TRUE(machine.executed.back().parameters.starts_with("  /sagerun: 12"));
+}
+
+TEST_F(SystemActionsTest, AFileGoesToTheBinByAListOfOneThatANulEnds) {
+    machine.files["C:\\größe.txt"] = "x";
+    actions.prcSendToBin("C:\\größe.txt", file_operation::allowUndo);
+    ASSERT_EQ(machine.operations.size(), 1u);
+    EXPECT_EQ(machine.operations[0].wFunc, 3u);
+    EXPECT_EQ(machine.operations[0].pFrom, std::string("C:\\größe.txt") + '\0');
+    EXPECT_EQ(machine.operations[0].fFlags, 64u);
+    EXPECT_EQ(machine.recycled, std::vector<std::string>{"C:\\größe.txt"});
+}
+
+TEST_F(SystemActionsTest, ABinThatTakesNothingIsNotLookedAt) {
+    for (const int code : {2, 5, 1223}) {
+        machine.operationResult = code;
+        EXPECT_NO_THROW(actions.prcSendToBin("C:\\a", file_operation::allowUndo));
+    }
+    machine.log.failCall(1, 5);
+    EXPECT_NO_THROW(actions.prcSendToBin("C:\\a", file_operation::allowUndo));
+    EXPECT_TRUE(machine.recycled.empty());
+}
+
+TEST_F(SystemActionsTest, ASoundIsPlayedWithItsFlagsAndTellsWhetherItWas) {
+    EXPECT_EQ(actions.prcPlaySound("C:\\a.wav", 2), 1);
+    EXPECT_EQ(machine.played.back(), (std::pair<std::string, std::int32_t>{"C:\\a.wav", 2}));
+    machine.playResult = 0;
+    EXPECT_EQ(actions.prcPlaySound("C:\\a.wav", 0), 0);
+    EXPECT_EQ(machine.played.back().second, 0);
+}
+
+struct ListedPrograms : SystemActionsTest {
+    const std::string ran = " - Specified Program Executed: \r\n";
+    const std::string missing = " - Specified Program Execution Failed (File Does Not Exist): \r\n";
+
+    void list(const std::vector<std::string>& programs) {
+        for (const std::string& program : programs) forms.form1.cboProg.AddItem(program);
+    }
+};
+
+TEST_F(ListedPrograms, WithNoneListedThereIsNothingToTell) {
+    EXPECT_EQ(actions.prcRunListedProg(), "");
+    EXPECT_EQ(machine.log.count(), 0);
+}
+
+TEST_F(ListedPrograms, EachThatIsThereIsStartedInOrderAndEachIsToldOf) {
+    machine.files["C:\\one.exe"] = machine.files["C:\\Program Files\\two.exe"] = "MZ";
+    list({"C:\\one.exe", "C:\\gone.exe", "C:\\Program Files\\two.exe"});
+    EXPECT_EQ(actions.prcRunListedProg(), ran + "C:\\one.exe\r\n" + missing + "C:\\gone.exe\r\n" +
+                                              ran + "C:\\Program Files\\two.exe\r\n");
+    EXPECT_EQ(
+        machine.log.calls(),
+        (std::vector<std::string>{
+            "FileExists C:\\one.exe", "Shell C:\\one.exe | 1", "FileExists C:\\gone.exe",
+            "FileExists C:\\Program Files\\two.exe", "Shell \"C:\\Program Files\\two.exe\" | 1"}));
+}
+
+TEST_F(ListedPrograms, AFailureGoesToTheCallerAndNoProgramBehindItIsStarted) {
+    const std::vector<std::string> programs{"C:\\one.exe", "C:\\two.exe"};
+    for (const std::string& program : programs) machine.files[program] = "MZ";
+    list(programs);
+    const std::size_t startedBefore[] = {0, 0, 1, 1};
+    for (int n = 1; n <= 4; ++n) {
+        machine.started.clear();
+        machine.log.clear();
+        machine.log.failCall(n, error::invalidCall);
+        EXPECT_THROW(actions.prcRunListedProg(), RuntimeError) << n;
+        EXPECT_EQ(machine.started.size(), startedBefore[n - 1]) << n;
+        EXPECT_EQ(machine.log.count(), n);
+    }
 }
 
 }  // namespace

@@ -63,6 +63,34 @@ TEST_F(TextBoxTest, CountsCharactersNotBytes) {
     EXPECT_EQ(box.textLength(), 3u);
 }
 
+TEST_F(TextBoxTest, GivesItsFrontAcrossPieces) {
+    box.prepend("middle ");
+    box.prepend("new ");
+    EXPECT_EQ(box.front(0), "");
+    EXPECT_EQ(box.front(2), "ne");
+    EXPECT_EQ(box.front(4), "new ");
+    EXPECT_EQ(box.front(6), "new mi");
+    EXPECT_EQ(box.front(14), "new middle old");
+    EXPECT_EQ(box.front(100), "new middle old");
+    EXPECT_EQ(box.Text(), "new middle old");
+    EXPECT_EQ(box.front(6), "new mi");
+}
+
+TEST_F(TextBoxTest, AnEmptyTextHasNoFront) {
+    box.setText("");
+    EXPECT_EQ(box.front(1), "");
+}
+
+TEST_F(TextBoxTest, CountsItsFrontInCharacters) {
+    box.setText("\u00E9x\U0001F4BE");
+    box.prepend("\u20AC\u65E5");
+    EXPECT_EQ(box.front(1), "\u20AC");
+    EXPECT_EQ(box.front(3), "\u20AC\u65E5\u00E9");
+    EXPECT_EQ(box.front(5), "\u20AC\u65E5\u00E9x\U0001F4BE");
+    box.setText("\xFF\xE2\x82");
+    EXPECT_EQ(box.front(2), "\xFF\xE2");
+}
+
 TEST_F(TextBoxTest, FindsATextInAnyPieceAndAcrossThem) {
     box.prepend("new ");
     EXPECT_TRUE(box.contains("new"));

@@ -1,0 +1,50 @@
+// The activity log: the journal in txtAlert and the file beside the program that keeps it, with the
+// buttons of both. The file is plain text; a block of it is a part of the journal, newest entry
+// first.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "alerts/ports.h"
+#include "forms/forms.h"
+#include "platform/host.h"
+#include "platform/platform.h"
+
+namespace velmora {
+
+class JournalLog final : public ActivityLog {
+  public:
+    /// Connects the buttons of the log page, and marks the journal as saved up to a length of 0, so
+    /// that the first check saves already. The mark, in decimal, is the tag of txtAlert.
+    JournalLog(Forms& forms, Platform& platform, Host& host, StayOnTop& stayOnTop);
+    JournalLog(const JournalLog&) = delete;
+    JournalLog& operator=(const JournalLog&) = delete;
+
+    /// While chkAutoSave is ticked: appends the characters by which the journal is longer than the
+    /// mark, and moves the mark. Goes by length alone: a journal that was cleared isn't saved until
+    /// it has outgrown the mark. Error 13 for a mark that is no number; on an error of the file
+    /// the mark stays, so that nothing is lost. Costs what is new, not what is there.
+    void saveNewEntries() override;
+    /// While chkAutoSave is ticked: appends the whole journal, and leaves the mark. Errors of the
+    /// file go to the caller.
+    void prcSaveLog();
+    /// Writes a script that notes `strMessage` in the system's event log, and starts it. Each
+    /// single quote becomes a double one, also in the message, which has to bring its own. "1" when
+    /// the system's answer is 42, else "0". Errors of the file go to the caller.
+    std::string prcSetEvt(std::int16_t iEvent, const std::string& strMessage);
+
+  private:
+    void Save_Click();
+    void OpenLog_Click();
+    void Clear_Click();
+    void DeleteLog_Click();
+    bool isAgreed(const std::string& question);
+
+    Forms& forms_;
+    Platform& platform_;
+    Host& host_;
+    StayOnTop& stayOnTop_;
+};
+
+}  // namespace velmora
