@@ -23,6 +23,9 @@ AlertDialogWindow::AlertDialogWindow(Forms& forms, WorkArea& workArea)
     // Whatever its caption says.
     dialog.lblAl[button::explorer].Click.connect([&dialog] { dialog.Label1.setText(" . "); });
     dialog.lblAl[button::action].Click.connect([this] { showActions(); });
+    // The options lie below the rest.
+    dialog.Resize.connect(
+        [&dialog] { dialog.fraAct.setVisible(dialog.Height() >= heightWithActions); });
 }
 
 void AlertDialogWindow::show() {

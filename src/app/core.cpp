@@ -15,6 +15,10 @@ Core::Core(Forms& forms, Platform& platform, Surface surface)
       driveMeter_(forms, platform),
       tray_(forms, platform, surface),
       windowEffects_(forms, surface.user32),
+      journalLog_(forms, platform, surface.host, windowEffects_),
+      soundButtons_(forms, platform, surface.host, systemActions_),
+      alertDialogHiding_(forms, windowEffects_, journalLog_),
+      alertDialogOptions_(forms, platform, surface.host),
       rowIcons_(forms.form1.picBuffer, surface.shellIcons),
       lock_(forms, surface.host, tray_),
       aboutBox_(forms, platform, surface.host, VELMORA_VERSION),
@@ -45,7 +49,7 @@ Core::Core(Forms& forms, Platform& platform, Surface surface)
 
 // The program's own parts in the place of those that do nothing.
 MonitorPorts Core::ports() {
-    return {idle_.events, idle_.actions, statistics_,    settings_,   idle_.log,
+    return {idle_.events, idle_.actions, statistics_,    settings_,   journalLog_,
             rowIcons_,    watchControl_, windowEffects_, driveMeter_, alertDialog_,
             tray_,        tabs_,         idle_.updates};
 }

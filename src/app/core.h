@@ -2,8 +2,12 @@
 // themselves in front of it.
 #pragma once
 
+#include "alerts/alert_dialog_hiding.h"
+#include "alerts/alert_dialog_options.h"
 #include "alerts/alert_dialog_window.h"
 #include "alerts/alert_list.h"
+#include "alerts/journal_log.h"
+#include "alerts/sound_buttons.h"
 #include "alerts/system_actions.h"
 #include "controls/timer_queue.h"
 #include "forms/forms.h"
@@ -95,6 +99,10 @@ class Core {
 
     TrayIcon tray_;
     WindowEffects windowEffects_;
+    JournalLog journalLog_;
+    SoundButtons soundButtons_;
+    AlertDialogHiding alertDialogHiding_;
+    AlertDialogOptions alertDialogOptions_;
     SystemRowIcons rowIcons_;
     ProgramLock lock_;
     AboutBox aboutBox_;

@@ -7,7 +7,7 @@
 
 namespace velmora {
 
-class WindowEffects final : public StayOnTop {
+class WindowEffects final : public StayOnTop, public Translucency {
   public:
     /// Connects the handlers to the main window.
     WindowEffects(Forms& forms, User32& user32);
@@ -16,7 +16,7 @@ class WindowEffects final : public StayOnTop {
 
     /// `percent` from 20 to 100, which is opaque; others change nothing. Pure magenta is
     /// transparent at each level. Whether the system took it.
-    bool SetTranslucency(const Form& form, int percent);
+    bool SetTranslucency(const Form& form, int percent) override;
     /// Between half translucent and opaque.
     void Command9_Click();
     void chkOnTop_Click();

@@ -140,6 +140,9 @@ int main(int argc, char** argv) {
     camera.dialog(forms.frmLock, QStringLiteral("lock"));
     camera.dialog(forms.frmAbout, QStringLiteral("about"));
     camera.dialog(forms.dlgAlert, QStringLiteral("alert"));
+    forms.dlgAlert.lblAl[4].Click();
+    forms.dlgAlert.lblAct[4].Click();
+    camera.dialog(forms.dlgAlert, QStringLiteral("alert-actions"));
     camera.dialog(forms.frmNotify, QStringLiteral("notify"));
     forms.form1.ListView1.userSelect({1});
     forms.form1.lblDP[3].Click();
