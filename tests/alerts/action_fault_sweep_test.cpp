@@ -130,7 +130,9 @@ TEST_P(ActionFaultSweep, TheActionWorksAgainAfterTheFailure) {
 INSTANTIATE_TEST_SUITE_P(Actions, ActionFaultSweep,
                          testing::Values(act::move, act::remove, act::recycle, act::autoMove,
                                          act::sound, act::emptyBin, act::run, act::cleaner),
-                         [](const auto& action) { return "Action" + std::to_string(action.param); });
+                         [](const auto& action) {
+                             return "Action" + std::to_string(action.param);
+                         });
 
 TEST(ActionFaultOrder, AFileIsStillThereWhenItsDeletionFails) {
     SweptActions rig(act::remove);

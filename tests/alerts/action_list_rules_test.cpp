@@ -131,8 +131,7 @@ TEST_F(ActionListRulesTest, TickingTheMailOffersItsSettings) {
     host.answers = {BoxAnswer::yes};
     list.userTick(act::mail, true);
     ASSERT_EQ(host.boxes.size(), 1u);
-    EXPECT_EQ(host.boxes[0].text,
-              "Please review your email settings. Open Notification Settings?");
+    EXPECT_EQ(host.boxes[0].text, "Please review your email settings. Open Notification Settings?");
     EXPECT_EQ(host.boxes[0].buttons, BoxButtons::yesNo);
     EXPECT_TRUE(forms.frmNotify.Visible());
     EXPECT_EQ(ticked(), "8");

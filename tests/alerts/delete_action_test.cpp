@@ -32,8 +32,7 @@ TEST_F(DeleteActionTest, TheFirstFileIsDeletedAndToldInAnAlertAndInTheRunningTex
     EXPECT_EQ(listed(), "");
     EXPECT_EQ(alertCount(), 1);
     EXPECT_EQ(alert(1), medium("Auto Deleted Specified File: C:\\a.txt"));
-    EXPECT_EQ(strAlert(),
-              " - ALERT\r\n.\r\nAuto Deleted Specified File: C:\\a.txt Size: 7 KB");
+    EXPECT_EQ(strAlert(), " - ALERT\r\n.\r\nAuto Deleted Specified File: C:\\a.txt Size: 7 KB");
 }
 
 TEST_F(DeleteActionTest, OneFileIsDeletedPerPassTheFirstRowFirstWhateverItsSize) {

@@ -38,8 +38,7 @@ TEST_F(FileActionsTest, MovingJoinsTheNameToTheTarget) {
                      "MoveFileA C:\\data\\a.txt > D:\\a.txt"}));
     EXPECT_TRUE(exists("D:\\a.txt"));
     EXPECT_FALSE(exists("C:\\data\\a.txt"));
-    EXPECT_EQ(alert(1),
-              medium("Auto Moved File: C:\\data\\a.txt to D:\\ Size: 999\r\n.\r\n"));
+    EXPECT_EQ(alert(1), medium("Auto Moved File: C:\\data\\a.txt to D:\\ Size: 999\r\n.\r\n"));
     EXPECT_EQ(panel(1), "File Action on: C:\\data\\a.txt");
 }
 

@@ -31,12 +31,13 @@ TEST_F(MoveActionTest, ABoxWithEntriesAndNoRowsDoesNothing) {
 TEST_F(MoveActionTest, TheTargetIsTheBareRootSoThatTheRowGoesAndTheFileStays) {
     listFile("C:\\data\\a.txt", 3, "7 KB");
     move();
-    EXPECT_EQ(machine.log.calls(),
-              (Calls{"FileExists C:\\data\\a.txt", "GetDrive D:\\", "FreeSpace D:",
-                     "FileLen C:\\data\\a.txt", "MoveFileA C:\\data\\a.txt > D:\\"}));
+    EXPECT_EQ(machine.log.calls(), (Calls{"FileExists C:\\data\\a.txt", "GetDrive D:\\",
+                                          "FreeSpace D:", "FileLen C:\\data\\a.txt",
+                                          "MoveFileA C:\\data\\a.txt > D:\\"}));
     EXPECT_TRUE(exists("C:\\data\\a.txt"));
     EXPECT_EQ(listed(), "");
-    EXPECT_EQ(alert(1), medium(" - ALERTAuto Moved File: C:\\data\\a.txt to D:\\ Size: 7 KB\r\n.\r\n"));
+    EXPECT_EQ(alert(1),
+              medium(" - ALERTAuto Moved File: C:\\data\\a.txt to D:\\ Size: 7 KB\r\n.\r\n"));
     EXPECT_EQ(alertCount(), 1);
     EXPECT_EQ(strAlert(), "");
 }

@@ -184,7 +184,8 @@ TEST_F(SmallActionsTest, TheCleanerGetsATextThatNamesNothingAsItStands) {
         list.ListItems(1).setText(path);
         machine.log.clear();
         run(act::cleaner);
-        EXPECT_EQ(machine.executed.back().parameters, " /d " + std::string(path) + "  /sagerun: 12");
+        EXPECT_EQ(machine.executed.back().parameters,
+                  " /d " + std::string(path) + "  /sagerun: 12");
         EXPECT_EQ(machine.log.countOf("GetDrive"), 0);
     }
 }
