@@ -1,86 +1,14 @@
 // Whole checks with the real actions: from the shortage by its alert and the action to the rule of
-// the alert dialog, and the errors of actions in the fault path.
-#include <algorithm>
-
-#include "alerts/action_branch.h"
-#include "alerts/action_list_rules.h"
-#include "base/text.h"
-#include "monitor/check_rig.h"
+// the alert dialog.
+#include "monitor/action_check_rig.h"
 
 namespace velmora::tests {
 namespace {
 
 using Texts = std::vector<std::string>;
 
-// C: is short by 5 of 1000 KB, D: has room.
-struct ActionCheck : CheckRig {
-    User32 user32;
-    SystemActions system{forms, machine.platform(), user32};
-    IdleAlertPorts idle;
-    Actions actions{forms,
-                    machine.platform(),
-                    host,
-                    alerts,
-                    system,
-                    {watchControl, idle.stayOnTop, idle.checkTick, idle.mail, idle.properties,
-                     idle.translucency, ports.dialog}};
-    ActionListRules rules{forms, host};
-
-    ActionCheck() {
-        ports.onAction = [this](int action, Shortage& shortage) { actions.run(action, shortage); };
-        watch("C:\\", 5);
-        drive("D:", 1'000'000, 1'000'000);
-        form1.txtDrive.setText("D:\\store");
-        form1.cboFile.AddItem("any");
-    }
-    void tickAction(int action) { form1.lstAct.setSelected(action, true); }
-    ListItem& listMissing(const std::string& path) {
-        ListItem& row = form1.LVFile.Add(path);
-        row.setTag(path);
-        row.setSubItems(1, "7 KB");
-        return row;
-    }
-    ListItem& listFile(const std::string& path) {
-        machine.files[path] = "abc";
-        return listMissing(path);
-    }
-    std::string listed() {
-        std::string all;
-        for (int i = 1; i <= form1.LVFile.Count(); ++i) {
-            all += (i > 1 ? " " : "") + form1.LVFile.ListItems(i).Tag();
-        }
-        return all;
-    }
-    bool exists(const std::string& path) { return machine.files.count(path) > 0; }
-    int dialogs() { return ports.count("alert dialog"); }
-    /// What the check does after an error that isn't one of those which end it: it waits on.
-    void expectRetried(const std::string& description) {
-        EXPECT_EQ(alert(1), "High | " + std::string(stampDateTime) + " | Error: " + description);
-        EXPECT_TRUE(host.boxes.empty());
-        EXPECT_EQ(timesChecked(), 0);
-        EXPECT_TRUE(panel(1).starts_with("Ready. Check in: "));
-        expectRest();
-    }
-    void expectEnded(const std::string& description) {
-        EXPECT_EQ(alert(1), "High | " + std::string(stampDateTime) + " | Error: " + description);
-        EXPECT_TRUE(host.boxes.empty());
-        EXPECT_EQ(timesChecked(), 0);
-        expectRest();
-    }
-    void dueTick() {
-        setInterval(0, 0, 5);
-        tick();
-    }
-};
-
-const std::string shortOfC = " - ALERT: Space Shortage < 1000 KB Drive: C:[5 KB]";
-
-std::string inMinutes(const std::string& rating, const std::string& text) {
-    return rating + " | " + stampMinutes + " | " + text;
-}
-
 TEST(ActionCheck, AnAlertAloneOpensNoDialog) {
-    ActionCheck rig;
+    ActionCheckRig rig;
     rig.tickAction(act::alert);
     rig.check();
     EXPECT_EQ(rig.alertTexts(), Texts{shortOfC});
@@ -89,7 +17,7 @@ TEST(ActionCheck, AnAlertAloneOpensNoDialog) {
 }
 
 TEST(ActionCheck, AMoveRaisesTheShortageThenItsOwnAlertAndOpensNoDialog) {
-    ActionCheck rig;
+    ActionCheckRig rig;
     rig.tickAction(act::move);
     rig.listFile("C:\\a");
     rig.check();
@@ -105,7 +33,7 @@ TEST(ActionCheck, AMoveRaisesTheShortageThenItsOwnAlertAndOpensNoDialog) {
 }
 
 TEST(ActionCheck, AMoveWithoutSelectedFilesOpensTheDialogAndRaisesNoAlert) {
-    ActionCheck rig;
+    ActionCheckRig rig;
     rig.form1.cboFile.Clear();
     rig.tickAction(act::move);
     rig.listFile("C:\\a");
@@ -116,7 +44,7 @@ TEST(ActionCheck, AMoveWithoutSelectedFilesOpensTheDialogAndRaisesNoAlert) {
 }
 
 TEST(ActionCheck, OnlyFilesOfTheShortDriveAreMovedWhileTheBinTakesTheFirstOfAll) {
-    ActionCheck rig;
+    ActionCheckRig rig;
     for (const char* path : {"D:\\1", "C:\\2", "D:\\3", "C:\\4"}) rig.listFile(path);
     rig.tickAction(act::move);
     rig.check();
@@ -130,7 +58,7 @@ TEST(ActionCheck, OnlyFilesOfTheShortDriveAreMovedWhileTheBinTakesTheFirstOfAll)
 }
 
 TEST(ActionCheck, AVanishedFileKeepsItsRowAndIsReportedAtEveryCheck) {
-    ActionCheck rig;
+    ActionCheckRig rig;
     rig.tickAction(act::move);
     rig.listMissing("C:\\gone");
     rig.check();
@@ -145,7 +73,7 @@ TEST(ActionCheck, AVanishedFileKeepsItsRowAndIsReportedAtEveryCheck) {
 }
 
 TEST(ActionCheck, ThreeListedFilesAreDeletedOneACheckTheFirstRowFirst) {
-    ActionCheck rig;
+    ActionCheckRig rig;
     rig.tickAction(act::remove);
     for (const char* path : {"C:\\1", "C:\\2", "C:\\3"}) rig.listFile(path);
     for (const char* left : {"C:\\2 C:\\3", "C:\\3", ""}) {
@@ -161,7 +89,7 @@ TEST(ActionCheck, ThreeListedFilesAreDeletedOneACheckTheFirstRowFirst) {
 }
 
 TEST(ActionCheck, ADeletionFollowedByTheAlertsOfOthersKeepsTheTextForTheDialog) {
-    ActionCheck rig;
+    ActionCheckRig rig;
     rig.tickAction(act::remove);
     rig.tickAction(act::emptyBin);
     rig.listFile("C:\\1");
@@ -171,7 +99,7 @@ TEST(ActionCheck, ADeletionFollowedByTheAlertsOfOthersKeepsTheTextForTheDialog) 
 }
 
 TEST(ActionCheck, DeletingFromAnEmptyListOpensTheDialog) {
-    ActionCheck rig;
+    ActionCheckRig rig;
     rig.tickAction(act::remove);
     rig.check();
     EXPECT_EQ(rig.alertTexts(), Texts{shortOfC});
@@ -180,7 +108,7 @@ TEST(ActionCheck, DeletingFromAnEmptyListOpensTheDialog) {
 
 TEST(ActionCheck, ARowOnASubFolderMatchesNoListedFile) {
     for (const int action : {act::move, act::remove}) {
-        ActionCheck rig;
+        ActionCheckRig rig;
         rig.machine.folders.insert("c:\\data");
         rig.list.ListItems(1).setText("C:\\data");
         rig.tickAction(action);
@@ -194,118 +122,8 @@ TEST(ActionCheck, ARowOnASubFolderMatchesNoListedFile) {
     }
 }
 
-TEST(ActionCheck, ARemovedFolderRunsTheDeletionOutOfTheListWhichEndsThePass) {
-    ActionCheck rig;
-    rig.tickAction(act::remove);
-    rig.machine.folders.insert("c:\\old");
-    rig.machine.files["C:\\old\\a"] = "abc";
-    rig.machine.sizes["C:\\old\\a"] = 1536;
-    rig.listMissing("C:\\old");
-    rig.listFile("C:\\1");
-    rig.dueTick();
-    rig.expectEnded("Index out of bounds");
-    EXPECT_EQ(rig.alertCount(), 3);
-    EXPECT_EQ(rig.alert(2),
-              inMinutes("Medium", shortOfC + "\r\n.\r\nAuto Deleted Specified Folder: C:\\old | "
-                                             "[1.5 KB]"));
-    EXPECT_EQ(rig.checkCycle.lngElapsedMs(), 0);
-    EXPECT_EQ(rig.at(1).stateIcon(), "");
-    EXPECT_FALSE(rig.exists("C:\\old\\a"));
-    EXPECT_EQ(rig.listed(), "C:\\1");
-    rig.check();
-    EXPECT_EQ(rig.timesChecked(), 1);
-    EXPECT_EQ(rig.listed(), "");
-}
-
-TEST(ActionCheck, AFileThatCantBeDeletedIsToldAndTheCheckWaitsOn) {
-    ActionCheck rig;
-    rig.tickAction(act::remove);
-    rig.listFile("C:\\1");
-    rig.machine.lockedFiles["C:\\1"] = 70;
-    rig.dueTick();
-    rig.expectRetried("Permission denied");
-    EXPECT_EQ(rig.listed(), "C:\\1");
-    EXPECT_TRUE(rig.exists("C:\\1"));
-    EXPECT_EQ(rig.dialogs(), 0);
-}
-
-TEST(ActionCheck, AStoppedCheckDeletesNothingMore) {
-    ActionCheck rig;
-    rig.tickAction(act::remove);
-    rig.listFile("C:\\1");
-    rig.host.onYield = [&](int) {
-        if (rig.alertCount() == 1) rig.forms.globals.bChecking = false;
-    };
-    rig.check();
-    EXPECT_TRUE(rig.exists("C:\\1"));
-    EXPECT_EQ(rig.listed(), "C:\\1");
-    EXPECT_NE(std::find(rig.panel2.begin(), rig.panel2.end(), "Ready (e3): "), rig.panel2.end());
-}
-
-TEST(ActionCheck, RecyclingFromAnEmptyListEndsThePass) {
-    ActionCheck rig;
-    rig.tickAction(act::recycle);
-    rig.dueTick();
-    rig.expectEnded("Index out of bounds");
-    EXPECT_TRUE(rig.machine.operations.empty());
-}
-
-TEST(ActionCheck, RecyclingTheOnlyFileEndsThePassAfterItWasSent) {
-    ActionCheck rig;
-    rig.tickAction(act::recycle);
-    rig.listFile("C:\\1");
-    rig.dueTick();
-    rig.expectEnded("Index out of bounds");
-    EXPECT_EQ(rig.machine.recycled, Texts{"C:\\1"});
-    EXPECT_EQ(rig.listed(), "");
-}
-
-TEST(ActionCheck, AutoMoveEndsInATypeMismatchAndTheCheckWaitsOn) {
-    ActionCheck rig;
-    rig.watch("D:\\", 1'000'000);
-    rig.watchList.RefreshDriveExisting();
-    rig.form1.lstAct.setSelected(act::autoMove, true);
-    ASSERT_TRUE(rig.form1.lstAct.Selected(act::autoMove));
-    rig.listFile("C:\\1");
-    rig.listFile("D:\\1");
-    rig.dueTick();
-    rig.expectRetried("Type mismatch");
-    EXPECT_EQ(rig.alertTexts(), (Texts{"Error: Type mismatch", shortOfC}));
-    EXPECT_EQ(rig.form1.LVFile.Count(), 2);
-    EXPECT_TRUE(rig.machine.moved.empty());
-    EXPECT_EQ(rig.at(2).lastChecked(), "");
-}
-
-TEST(ActionCheck, AutoMoveWithAnIntervalOfNothingEndsInTheErrorLimit) {
-    ActionCheck rig;
-    rig.watch("D:\\", 1'000'000);
-    rig.watchList.RefreshDriveExisting();
-    rig.form1.lstAct.setSelected(act::autoMove, true);
-    rig.check();
-    ASSERT_EQ(rig.host.boxes.size(), 1u);
-    EXPECT_EQ(rig.host.boxes[0].text, "Please check your settings for errors");
-    EXPECT_EQ(rig.alertTexts(), (Texts{"Program Run Time Error: ", "Error: Type mismatch",
-                                       "Error: Type mismatch", "Error: Type mismatch", shortOfC}));
-    rig.expectRest();
-}
-
-TEST(ActionCheck, AutoMoveWithoutAnotherRowLetsTheCheckFinish) {
-    ActionCheck rig;
-    rig.form1.lstAct.setSelected(act::autoMove, true);
-    ASSERT_FALSE(rig.form1.lstAct.Selected(act::autoMove));
-    EXPECT_EQ(rig.host.boxes.size(), 1u);
-    rig.host.boxes.clear();
-    // Ticked while there were two rows.
-    rig.watch("D:\\", 1'000'000);
-    rig.form1.lstAct.setSelected(act::autoMove, true);
-    rig.list.Remove(2);
-    rig.check();
-    EXPECT_EQ(rig.timesChecked(), 1);
-    EXPECT_EQ(rig.alertTexts(), Texts{shortOfC});
-}
-
 TEST(ActionCheck, ListedProgramsAreToldInTheDialog) {
-    ActionCheck rig;
+    ActionCheckRig rig;
     rig.tickAction(act::run);
     rig.listFile("D:\\a.exe");
     rig.check();
@@ -316,7 +134,7 @@ TEST(ActionCheck, ListedProgramsAreToldInTheDialog) {
 }
 
 TEST(ActionCheck, NotesAloneOpenNoDialog) {
-    ActionCheck rig;
+    ActionCheckRig rig;
     for (const int action : {act::sound, act::emptyBin, act::mail, act::cleaner}) {
         rig.tickAction(action);
     }
@@ -331,7 +149,7 @@ TEST(ActionCheck, NotesAloneOpenNoDialog) {
 }
 
 TEST(ActionCheck, EveryTickedActionRunsAgainAtEachCheckWhileTheShortageLasts) {
-    ActionCheck rig;
+    ActionCheckRig rig;
     for (const int action : {act::sound, act::cleaner}) rig.tickAction(action);
     for (int i = 0; i < 3; ++i) rig.check();
     EXPECT_EQ(rig.machine.played.size(), 3u);
@@ -343,7 +161,7 @@ TEST(ActionCheck, EveryTickedActionRunsAgainAtEachCheckWhileTheShortageLasts) {
 }
 
 TEST(ActionCheck, PausingLetsTheRowsBehindRunAndTheLastWordLieWithTheClosing) {
-    ActionCheck rig;
+    ActionCheckRig rig;
     rig.watch("E:\\", 7);
     rig.form1.cmdPause.setCaption("Pause Watch");
     rig.list.ListItems(2).setChecked(true);
@@ -365,28 +183,12 @@ TEST(ActionCheck, PausingLetsTheRowsBehindRunAndTheLastWordLieWithTheClosing) {
 }
 
 TEST(ActionCheck, ThePanelNamesTheActionThatRuns) {
-    ActionCheck rig;
+    ActionCheckRig rig;
     rig.tickAction(act::emptyBin);
     rig.check();
     EXPECT_NE(
         std::find(rig.panel1.begin(), rig.panel1.end(), "Checking Events for: Empty Recycle Bin"),
         rig.panel1.end());
-}
-
-TEST(ActionCheck, ARowRemovedBeforeItsActionEndsThePassAndTouchesNoFile) {
-    for (const int action : {act::move, act::remove, act::cleaner}) {
-        ActionCheck rig;
-        rig.tickAction(action);
-        rig.listFile("C:\\1");
-        rig.host.onYield = [&](int) {
-            if (rig.alertCount() == 1) rig.list.Clear();
-        };
-        rig.dueTick();
-        rig.expectEnded("Index out of bounds");
-        EXPECT_EQ(rig.listed(), "C:\\1");
-        EXPECT_TRUE(rig.exists("C:\\1"));
-        EXPECT_TRUE(rig.machine.executed.empty());
-    }
 }
 
 }  // namespace
