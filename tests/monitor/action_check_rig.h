@@ -1,0 +1,81 @@
+// Whole checks with the real actions in place: C: is short by far, D: has room.
+#pragma once
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "alerts/action_branch.h"
+#include "alerts/action_list_rules.h"
+#include "base/text.h"
+#include "monitor/check_rig.h"
+
+namespace velmora::tests {
+
+struct ActionCheckRig : CheckRig {
+    User32 user32;
+    SystemActions system{forms, machine.platform(), user32};
+    IdleAlertPorts idle;
+    Actions actions{forms,
+                    machine.platform(),
+                    host,
+                    alerts,
+                    system,
+                    {watchControl, idle.stayOnTop, idle.checkTick, idle.mail, idle.properties,
+                     idle.translucency, ports.dialog}};
+    ActionListRules rules{forms, host};
+
+    ActionCheckRig() {
+        ports.onAction = [this](int action, Shortage& shortage) { actions.run(action, shortage); };
+        watch("C:\\", 5);
+        drive("D:", 1'000'000, 1'000'000);
+        form1.txtDrive.setText("D:\\store");
+        form1.cboFile.AddItem("any");
+    }
+    void tickAction(int action) { form1.lstAct.setSelected(action, true); }
+    ListItem& listMissing(const std::string& path) {
+        ListItem& row = form1.LVFile.Add(path);
+        row.setTag(path);
+        row.setSubItems(1, "7 KB");
+        return row;
+    }
+    ListItem& listFile(const std::string& path) {
+        machine.files[path] = "abc";
+        return listMissing(path);
+    }
+    std::string listed() {
+        std::string all;
+        for (int i = 1; i <= form1.LVFile.Count(); ++i) {
+            all += (i > 1 ? " " : "") + form1.LVFile.ListItems(i).Tag();
+        }
+        return all;
+    }
+    bool exists(const std::string& path) { return machine.files.count(path) > 0; }
+    int dialogs() { return ports.count("alert dialog"); }
+    /// What the check does after an error that isn't one of those which end it: it waits on.
+    void expectRetried(const std::string& description) {
+        EXPECT_EQ(alert(1), "High | " + std::string(stampDateTime) + " | Error: " + description);
+        EXPECT_TRUE(host.boxes.empty());
+        EXPECT_EQ(timesChecked(), 0);
+        EXPECT_TRUE(panel(1).starts_with("Ready. Check in: "));
+        expectRest();
+    }
+    void expectEnded(const std::string& description) {
+        EXPECT_EQ(alert(1), "High | " + std::string(stampDateTime) + " | Error: " + description);
+        EXPECT_TRUE(host.boxes.empty());
+        EXPECT_EQ(timesChecked(), 0);
+        expectRest();
+    }
+    void dueTick() {
+        setInterval(0, 0, 5);
+        tick();
+    }
+};
+
+inline const std::string shortOfC = " - ALERT: Space Shortage < 1000 KB Drive: C:[5 KB]";
+
+inline std::string inMinutes(const std::string& rating, const std::string& text) {
+    return rating + " | " + stampMinutes + " | " + text;
+}
+
+}  // namespace velmora::tests
