@@ -2,22 +2,66 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
+#include "controls/list_box.h"
 #include "controls/list_view.h"
-#include "platform/file_system_object.h"
+#include "platform/host.h"
+#include "platform/platform.h"
 
 namespace velmora {
 
+/// Sub-items of a row of LVFile. The text of a row is the name, its tag the full path.
+namespace file_column {
+inline constexpr int size = 1;  ///< in KB; its tag is the number of bytes
+inline constexpr int location = 2;
+inline constexpr int accessed = 3;
+inline constexpr int modified = 4;
+inline constexpr int created = 5;
+inline constexpr int type = 6;
+}  // namespace file_column
+
+/// The size of a folder as rows and alerts show it.
+std::string folderSizeText(double bytes, const Regional& regional);
+
 class FileList {
   public:
-    explicit FileList(FileSystemObject& fso) : fso_(fso) {}
+    FileList(Platform& platform, Host& host) : platform_(platform), host_(host) {}
+    FileList(const FileList&) = delete;
+    FileList& operator=(const FileList&) = delete;
 
-    /// Adds a row for a path, at the end: its name, and the full path as its tag, which is what
-    /// all actions go by. Nothing for an empty path.
+    /// Adds a row for a path, at the end: the full path as its tag, which is what all actions go
+    /// by, and what the machine tells of the file. What isn't a file has "n/a" for its size; what
+    /// can't be read stays empty. Nothing for an empty path.
     void prcAllLV(ListView& list, const std::string& strPath);
 
+    /// Adds the existing file that the box's text names; with an empty text asks with the file
+    /// dialog and adds what was chosen. `strFile` takes the answer as the dialog gives it. The full
+    /// paths of the rows added, in their order.
+    std::vector<std::string> GetFiles(ListView& lvFile, const ComboBox& cboList,
+                                      std::string& strFile, FileDialog& objDlg);
+
+    /// Adds the paths of the box's text, which may hold several with ";" between. Asks about each
+    /// that doesn't exist.
+    void prcAddItem2LV(ListView& lv, const ComboBox& cbo);
+
+    /// Adds each dropped path, folders with their size. Asks about each that doesn't exist.
+    void addDropped(ListView& list, const std::vector<std::string>& paths);
+
+    /// Does nothing; kept in the interface.
+    void prcGetFileSize() {}
+
   private:
-    FileSystemObject& fso_;
+    ListItem& addBareRow(ListView& list, const std::string& path);
+    void addOrAsk(ListView& list, const std::string& path);
+    void tellFile(ListItem& row, const std::string& path);
+    void tellFolder(ListItem& row, const std::string& path);
+    void tellSize(ListItem& row, double bytes, std::string text);
+    void tellEntry(ListItem& row, PathEntry& entry);
+    std::vector<std::string> addChosen(ListView& list, const std::string& names);
+
+    Platform& platform_;
+    Host& host_;
 };
 
 }  // namespace velmora

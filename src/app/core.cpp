@@ -9,7 +9,7 @@ Core::Core(Forms& forms, Platform& platform, Surface surface)
       systemActions_(forms, platform, surface.user32),
       registry_(platform.advapi32, surface.host),
       shellLinks_(platform),
-      fileList_(platform.fso),
+      fileList_(platform, surface.host),
       options_(forms, platform, registry_),
       statistics_(forms, platform, surface.host),
       driveMeter_(forms, platform),

@@ -141,6 +141,24 @@ TEST_F(CoreTest, FilesOfTheCommandLineJoinTheSpecifiedOnes) {
     EXPECT_EQ(forms.form1.LVFile.ListItems(2).Tag(), "C:\\two");
 }
 
+TEST_F(CoreTest, AfterARestartTheListsAreEmptyAndTheFilesBoxHoldsItsEntries) {
+    core.load();
+    forms.form1.LVFile.Add("a");
+    forms.form1.LVProg.Add("b");
+    forms.form1.cboFile.AddItem("C:\\entry");
+    forms.form1.cboProg.AddItem("C:\\tool.exe");
+    forms.form1.Command8.userClick();
+    Forms nextForms;
+    Core next{nextForms, machine.platform(), surface.all()};
+    next.load();
+    EXPECT_EQ(nextForms.form1.LVFile.Count(), 0);
+    EXPECT_EQ(nextForms.form1.LVProg.Count(), 0);
+    EXPECT_EQ(nextForms.form1.cboProg.ListCount(), 0);
+    ASSERT_EQ(nextForms.form1.cboFile.ListCount(), 1);
+    // The reader keeps the line end of what it reads.
+    EXPECT_EQ(nextForms.form1.cboFile.List(0), "C:\\entry\r\n");
+}
+
 TEST_F(CoreTest, ASecondStartFindsItsShortcut) {
     core.load();
     Forms nextForms;

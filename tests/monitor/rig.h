@@ -167,7 +167,7 @@ struct Rig {
     CheckCycle checkCycle{forms, machine.platform(), host, alerts, ports.all()};
     WatchControl watchControl{forms,  machine.platform(), host,
                               alerts, ports.trayIcon,     ports.dialog};
-    FileList fileList{machine.platform().fso};
+    FileList fileList{machine.platform(), host};
     ShellLinks shellLinks{machine.platform()};
     LifeCycle lifeCycle{forms,
                         machine.platform(),

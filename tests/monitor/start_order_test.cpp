@@ -46,7 +46,7 @@ struct StartRig {
     WatchList watchList{forms, platform, alerts};
     CheckCycle checkCycle{forms, platform, host, alerts, withSettings()};
     WatchControl watchControl{forms, platform, host, alerts, ports.trayIcon, ports.dialog};
-    FileList fileList{platform.fso};
+    FileList fileList{platform, host};
     ShellLinks shellLinks{platform};
     LifeCycle lifeCycle{forms,
                         platform,
@@ -139,6 +139,8 @@ TEST(StartOrder, EveryStepComesInItsPlace) {
                                       "lblSpectab 0",
                                       "OpDriv 0",
                                       "LVFile row 1",
+                                      "FileExists C:\\one.txt",
+                                      "FolderExists C:\\one.txt",
                                       "SHGetSpecialFolderLocation 9",
                                       "SHGetPathFromIDListA " + send,
                                       "FileExists " + send + "\\Velmora.lnk",

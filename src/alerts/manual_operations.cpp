@@ -1,0 +1,82 @@
+#include "alerts/manual_operations.h"
+
+#include "alerts/alert_time.h"
+#include "base/resume_next.h"
+#include "base/runtime_error.h"
+#include "base/text.h"
+
+namespace velmora {
+
+ManualOperations::ManualOperations(ManualParts parts, AlertPorts ports)
+    : forms_(parts.forms),
+      form1_(parts.forms.form1),
+      list_(parts.forms.form1.LVFile),
+      platform_(parts.platform),
+      host_(parts.host),
+      alerts_(parts.alerts),
+      systemActions_(parts.systemActions),
+      ports_(ports) {
+    form1_.cmdFolder.Click.connect([this] { cmdFolder_Click(); });
+    form1_.cmdMove.Click.connect([this] { cmdMove_Click(); });
+    form1_.cmdMoveAll.Click.connect([this] { cmdMoveAll_Click(); });
+    form1_.cmdDelete.Click.connect([this] { cmdDelete_Click(); });
+    form1_.cmdDeleteAll.Click.connect([this] { cmdDeleteAll_Click(); });
+}
+
+void ManualOperations::cmdFolder_Click() {
+    const std::string chosen =
+        host_.OpenFileDialog({.DialogTitle = "Select Path by choosing a file within the folder",
+                              .Filter = "All Files (*.*)|*.*"});
+    // Dismissing the dialog leaves the path.
+    if (!chosen.empty()) form1_.txtDrive.setText(left(chosen, lastPosition(chosen, "\\")));
+}
+
+std::optional<ManualOperations::Subject> ManualOperations::subjectAt(int index) {
+    if (index < 1 || index > list_.Count()) return std::nullopt;
+    const ListItem& row = list_.ListItems(index);
+    return Subject{&row, index, row.Tag()};
+}
+
+// Nearly always the row stands where it stood.
+void ManualOperations::removeRow(const Subject& subject) {
+    const auto isAt = [&](int index) {
+        return index <= list_.Count() && &list_.ListItems(index) == subject.row &&
+               list_.ListItems(index).Tag() == subject.tag;
+    };
+    if (isAt(subject.index)) return list_.Remove(subject.index);
+    for (int i = 1; i <= list_.Count(); ++i) {
+        if (isAt(i)) return list_.Remove(i);
+    }
+}
+
+void ManualOperations::say(const std::string& text) {
+    host_.MsgBox({.text = text});
+}
+
+void ManualOperations::sayFailure(const RuntimeError& failure, const std::string& tag) {
+    host_.MsgBox(
+        {.text = failure.description() + "\r\nFile: " + tag + "\r\n", .icon = BoxIcon::critical});
+}
+
+// The row stands in the list even when the log file can't take it.
+void ManualOperations::raise(const char* rating, const std::string& text) {
+    resumeNext([&] {
+        alerts_.prcAlertInfo(Format(platform_.clock.Now(), alert_time::minutes), rating, text, {},
+                             nullptr);
+    });
+}
+
+// A text that the dialog already shows isn't told again.
+void ManualOperations::report(const std::string& text) {
+    TextBox& dialogText = forms_.dlgAlert.Label1;
+    if (dialogText.contains(text)) return;
+    raise(rating::medium, text);
+    const std::string end(lineEnd);
+    const std::string entry =
+        alert_time::dateAndTime(platform_.clock.Now()) + text + end + " . " + end;
+    form1_.txtAlert.prepend(entry);
+    dialogText.prepend(entry);
+    ports_.alertDialog.show();
+}
+
+}  // namespace velmora
