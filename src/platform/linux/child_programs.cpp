@@ -24,6 +24,13 @@ ChildPrograms::Result ChildPrograms::run(const std::vector<std::string>& command
     return WIFEXITED(status) && WEXITSTATUS(status) == 0 ? Result::done : Result::failed;
 }
 
+bool ChildPrograms::start(const std::vector<std::string>& command, const std::string& folder) {
+    reap();
+    const pid_t process = startProgram(command, -1, folder);
+    if (process >= 0) running_.push_back(process);
+    return process >= 0;
+}
+
 std::size_t ChildPrograms::running() {
     reap();
     return running_.size();

@@ -25,6 +25,10 @@ class ChildPrograms {
     /// otherwise, missing when it can't be started.
     Result run(const std::vector<std::string>& command);
 
+    /// Starts one likewise in a folder (where this program is when that is empty) and doesn't wait
+    /// for it. False when it can't be started.
+    bool start(const std::vector<std::string>& command, const std::string& folder = {});
+
     /// How many haven't ended yet.
     std::size_t running();
 

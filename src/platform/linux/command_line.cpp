@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "base/text.h"
+#include "platform/linux/opened_parent.h"
 #include "platform/linux/path_mapping.h"
 #include "platform/linux/path_names.h"
 
@@ -15,7 +16,7 @@ std::string asDrivePath(const std::string& argument, Volumes& volumes) {
     if (argument.empty()) return {};
     const std::string path = argument[0] == '/' ? argument : workingFolder() + '/' + argument;
     if (volumes.kindOf(path) == FileKind::none) return {};
-    return drivePathOf(path, volumes.roots());
+    return drivePathOf(withoutLinksAbove(path, volumes), volumes.roots());
 }
 
 }  // namespace

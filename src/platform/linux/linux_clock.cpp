@@ -17,11 +17,11 @@ DateTime LinuxClock::Now() {
     return local_;
 }
 
-DateTime LinuxClock::localTime(time_t now) {
+DateTime LinuxClock::localTime(time_t moment) {
     // The user may have moved to another time zone meanwhile.
     tzset();
     tm local{};
-    localtime_r(&now, &local);
+    localtime_r(&moment, &local);
     // A leap second is told as the second before it.
     return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,
             local.tm_hour,        local.tm_min,     std::min(local.tm_sec, 59)};

@@ -15,9 +15,10 @@ class LinuxClock final : public Clock {
     std::int64_t GetTickCount() override;
     std::uint64_t GetSystemTimeAsFileTime() override;
 
-  private:
-    static DateTime localTime(time_t now);
+    /// A moment by the time zone of the user, as it is now.
+    static DateTime localTime(time_t moment);
 
+  private:
     time_t second_ = -1;  // the second of `local_`
     DateTime local_;
 };

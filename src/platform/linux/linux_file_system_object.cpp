@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/runtime_error.h"
+#include "platform/linux/linux_entries.h"
 #include "platform/linux/path_mapping.h"
 
 namespace velmora::linuxhost {
@@ -34,28 +35,6 @@ class LinuxDrive final : public Drive {
     std::string path_;
     bool isMeasured_ = false;
     std::optional<FilesystemReading> reading_;
-};
-
-class LinuxFolder final : public Folder {
-  public:
-    LinuxFolder(Volumes& volumes, std::string path, std::string hostPath)
-        : volumes_(volumes), path_(std::move(path)), hostPath_(std::move(hostPath)) {}
-
-    std::string Path() const override { return path_; }
-    double FilesCount() override { return static_cast<double>(counts().files); }
-    double SubFoldersCount() override { return static_cast<double>(counts().folders); }
-
-  private:
-    const EntryCounts& counts() {
-        if (!counts_) counts_ = volumes_.entriesOf(hostPath_);
-        if (!counts_) throw RuntimeError(error::pathNotFound);
-        return *counts_;
-    }
-
-    Volumes& volumes_;
-    std::string path_;
-    std::string hostPath_;
-    std::optional<EntryCounts> counts_;
 };
 
 bool endsInSeparator(const std::string& path) {
@@ -91,8 +70,13 @@ bool LinuxFileSystemObject::FileExists(const std::string& path) {
 std::unique_ptr<Folder> LinuxFileSystemObject::GetFolder(const std::string& path) {
     if (!FolderExists(path)) throw RuntimeError(error::pathNotFound);
     const auto roots = volumes_.roots();
-    return std::make_unique<LinuxFolder>(volumes_, fullDrivePath(path, roots),
-                                         hostPathOf(path, roots));
+    return makeFolder(volumes_, fullDrivePath(path, roots), hostPathOf(path, roots));
+}
+
+std::unique_ptr<File> LinuxFileSystemObject::GetFile(const std::string& path) {
+    if (!FileExists(path)) throw RuntimeError(error::fileNotFound);
+    const auto roots = volumes_.roots();
+    return makeFile(volumes_, fullDrivePath(path, roots), hostPathOf(path, roots));
 }
 
 }  // namespace velmora::linuxhost

@@ -21,6 +21,7 @@ class LinuxFileSystemObject final : public FileSystemObject {
     bool FolderExists(const std::string& path) override;
     bool FileExists(const std::string& path) override;
     std::unique_ptr<Folder> GetFolder(const std::string& path) override;
+    std::unique_ptr<File> GetFile(const std::string& path) override;
 
   private:
     FileKind kindOf(const std::string& path);

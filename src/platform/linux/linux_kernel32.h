@@ -2,9 +2,11 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <string>
 
 #include "platform/kernel32.h"
+#include "platform/linux/linux_find.h"
 #include "platform/linux/volumes.h"
 
 namespace velmora::linuxhost {
@@ -17,8 +19,19 @@ class LinuxKernel32 final : public Kernel32 {
     /// Of this host's environment, where names have a case.
     std::string GetEnvironmentVariableA(const std::string& name) override;
 
+    /// Attributes by mode and name: read-only without the owner's right to write, hidden with a
+    /// point in front. The folder itself may be reached through links.
+    FindHandle FindFirstFileA(const std::string& pattern, FindData& entry) override;
+    bool FindNextFileA(FindHandle listing, FindData& entry) override;
+    void FindClose(FindHandle listing) override { listings_.erase(listing); }
+    std::uint32_t GetLastError() override { return lastError_; }
+    std::int32_t MoveFileA(const std::string& from, const std::string& to) override;
+
   private:
     Volumes& volumes_;
+    std::uint32_t lastError_ = 0;
+    std::map<FindHandle, FolderListing> listings_;
+    FindHandle lastListing_ = 0;
 };
 
 }  // namespace velmora::linuxhost

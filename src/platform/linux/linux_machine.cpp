@@ -9,7 +9,9 @@
 #include "platform/linux/linux_regional.h"
 #include "platform/linux/linux_shell32.h"
 #include "platform/linux/linux_text_files.h"
+#include "platform/linux/linux_winmm.h"
 #include "platform/linux/linux_wscript_shell.h"
+#include "platform/linux/opened_parent.h"
 #include "platform/linux/path_mapping.h"
 #include "platform/linux/program_file.h"
 #include "platform/linux/volumes.h"
@@ -37,8 +39,9 @@ class LinuxMachine final : public Machine {
     std::string toDrivePath(const std::string& hostPath) override {
         if (hostPath.empty() || !driveNameOf(hostPath).empty()) return hostPath;
         const bool isAbsolute = hostPath[0] == '/';
-        return drivePathOf(isAbsolute ? hostPath : workingFolder() + '/' + hostPath,
-                           volumes_.roots());
+        const std::string path = isAbsolute ? hostPath : workingFolder() + '/' + hostPath;
+        // What is removed or moved is reached without links, so that is how it is told here.
+        return drivePathOf(withoutLinksAbove(path, volumes_), volumes_.roots());
     }
     std::string toHostPath(const std::string& drivePath) override {
         return hostPathOf(drivePath, volumes_.roots());
@@ -52,10 +55,11 @@ class LinuxMachine final : public Machine {
     LinuxTextFiles files_{volumes_};
     LinuxAdvapi32 advapi32_{volumes_};
     LinuxShell32 shell32_{volumes_};
+    LinuxWinmm winmm_{volumes_};
     LinuxWScriptShell wscriptShell_{volumes_};
-    Platform platform_{fso_,          kernel32_,      clock_,
-                       files_,        advapi32_,      shell32_,
-                       wscriptShell_, userRegional(), ownApplication(volumes_)};
+    Platform platform_{
+        fso_,     kernel32_, clock_,        files_,         advapi32_,
+        shell32_, winmm_,    wscriptShell_, userRegional(), ownApplication(volumes_)};
 };
 
 }  // namespace

@@ -5,9 +5,15 @@
 #include <string_view>
 #include <utility>
 
+#include "base/runtime_error.h"
 #include "base/text.h"
+#include "platform/file_system_object.h"
 #include "platform/linux/desktop_dialogs.h"
+#include "platform/linux/file_operation.h"
+#include "platform/linux/file_uri.h"
+#include "platform/linux/opened_parent.h"
 #include "platform/linux/path_mapping.h"
+#include "platform/linux/program_order.h"
 #include "platform/linux/replace_file.h"
 #include "platform/linux/trash.h"
 #include "platform/linux/user_folders.h"
@@ -18,6 +24,10 @@ namespace {
 
 constexpr std::int32_t invalidArgument = static_cast<std::int32_t>(0x80070057);
 constexpr std::int32_t failed = static_cast<std::int32_t>(0x80004005);
+
+constexpr std::int32_t notFound = 2;
+constexpr std::int32_t accessDenied = 5;
+constexpr std::int32_t taken = 33;
 
 std::string scriptFolder() {
     std::string folder = dataFolder() + "/nautilus/scripts";
@@ -38,6 +48,15 @@ std::optional<std::string> addressOfShellPlace(const std::string& file,
     if (lowerCase(file) != "explorer" || !parameters.starts_with("::")) return std::nullopt;
     const bool isRecycleBin = lowerCase(parameters) == "::{645ff040-5081-101b-9f08-00aa002f954e}";
     return isRecycleBin ? "trash:///" : "";
+}
+
+bool isDiskCleaner(const std::string& file) {
+    const std::string name = lowerCase(file);
+    return name == "cleanmgr" || name == "cleanmgr.exe";
+}
+
+std::string folderOf(const std::string& hostPath) {
+    return hostPath.substr(0, hostPath.rfind('/') + 1);
 }
 
 bool hasTakenOrder(ChildPrograms::Result result) {
@@ -80,19 +99,71 @@ bool LinuxShell32::SHGetPathFromIDListA(const ItemIdList& list, std::string& buf
     return true;
 }
 
-std::int32_t LinuxShell32::ShellExecuteA(const std::string&, const std::string&,
+std::int32_t LinuxShell32::ShellExecuteA(const std::string&, const std::string& operation,
                                          const std::string& file, const std::string& parameters,
                                          const std::string&, std::int32_t) {
-    constexpr std::int32_t taken = 33;
-    constexpr std::int32_t notFound = 2;
     const std::string address =
         addressOfShellPlace(file, parameters).value_or(isAddress(file) ? file : "");
     if (!address.empty()) {
         return hasTakenOrder(programs_.run({"xdg-open", address})) ? taken : notFound;
     }
+    if (isDiskCleaner(file)) return openDiskCleaner();
     const std::string hostPath = hostPathOf(file, volumes_.roots());
-    if (hostPath.empty() || volumes_.kindOf(hostPath) == FileKind::none) return notFound;
+    const FileKind kind = hostPath.empty() ? FileKind::none : volumes_.kindOf(hostPath);
+    if (kind == FileKind::none) return notFound;
+    if (kind == FileKind::file && lowerCase(operation) == "open" && isProgram(hostPath))
+        return run(hostPath, parameters, folderOf(hostPath)) ? taken : accessDenied;
     return hasTakenOrder(programs_.run({"xdg-open", hostPath})) ? taken : notFound;
+}
+
+std::int32_t LinuxShell32::openDiskCleaner() {
+    for (const char* name : {"bleachbit", "stacer", "baobab"}) {
+        const std::string program = programInPath(name);
+        if (!program.empty() && programs_.start({program})) return taken;
+    }
+    return notFound;
+}
+
+bool LinuxShell32::run(const std::string& program, const std::string& arguments,
+                       const std::string& folder) {
+    std::vector<std::string> command{program};
+    for (std::string& each : hostArguments(arguments, volumes_.roots()))
+        command.push_back(std::move(each));
+    return programs_.start(command, folder);
+}
+
+std::string LinuxShell32::programOf(const std::string& name) {
+    if (name.find_first_of("\\/:") == std::string::npos) return programInPath(name);
+    std::string path = hostPathOf(name, volumes_.roots());
+    const auto isFile = [&] { return !path.empty() && volumes_.kindOf(path) == FileKind::file; };
+    if (isFile()) return path;
+    if (!lowerCase(path).ends_with(".exe")) return {};
+    path.resize(path.size() - 4);
+    return isFile() ? path : std::string{};
+}
+
+void LinuxShell32::Shell(const std::string& commandLine, std::int32_t) {
+    ProgramOrder order = programOrder(commandLine);
+    if (order.program.empty()) throw RuntimeError(error::invalidCall);
+    std::string program;
+    if (isTextEditor(order.program)) {
+        program = hostPathOf(replaceAll(order.rest, "\"", ""), volumes_.roots());
+    } else {
+        // A path alone may have blanks without quotes around it.
+        program = driveNameOf(trim(commandLine)).empty() ? "" : programOf(trim(commandLine));
+        if (!program.empty()) order.rest.clear();
+        if (program.empty()) program = programOf(order.program);
+        if (!program.empty() && isProgram(program)) {
+            if (!run(program, order.rest, {})) throw RuntimeError(error::invalidCall);
+            return;
+        }
+    }
+    if (program.empty() || !programs_.start({"xdg-open", program}))
+        throw RuntimeError(error::fileNotFound);
+}
+
+std::int32_t LinuxShell32::SHFileOperationA(const FileOperation& operation) {
+    return removeByShell(volumes_, operation);
 }
 
 bool LinuxShell32::ShellExecuteEx(const ShellExecuteInfo& info) {
@@ -108,7 +179,7 @@ Browse LinuxShell32::SHBrowseForFolder(const BrowseInfo& info, ItemIdList& list)
     const auto folder = chooseFolder(info.title, info.whileOpen);
     if (!folder) return Browse::unavailable;
     if (folder->empty()) return Browse::dismissed;
-    list.place = drivePathOf(*folder, volumes_.roots());
+    list.place = drivePathOf(withoutLinksAbove(*folder, volumes_), volumes_.roots());
     return Browse::chosen;
 }
 
@@ -145,22 +216,6 @@ bool LinuxShell32::showProperties(const std::string& hostPath) {
             programs_.run({"dbus-send", "--session", "--print-reply", "--reply-timeout=5000",
                            "--dest=" + name, object, method, "array:string:" + uri, "string:"});
     return hasTakenOrder(result);
-}
-
-std::string fileUri(const std::string& hostPath) {
-    constexpr std::string_view plain =
-        "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~/";
-    constexpr std::string_view digits = "0123456789ABCDEF";
-    std::string uri = "file://";
-    for (const char c : hostPath) {
-        if (plain.find(c) != std::string_view::npos) {
-            uri += c;
-        } else {
-            const auto byte = static_cast<unsigned char>(c);
-            uri += {'%', digits[byte >> 4], digits[byte & 15]};
-        }
-    }
-    return uri;
 }
 
 }  // namespace velmora::linuxhost

@@ -16,7 +16,9 @@ class LinuxShell32 final : public Shell32 {
 
     std::int32_t SHGetSpecialFolderLocation(std::int32_t csidl, ItemIdList& list) override;
     bool SHGetPathFromIDListA(const ItemIdList& list, std::string& buffer) override;
-    /// Addresses ("https:", "mailto:") and paths go to xdg-open, whatever the operation.
+    /// Addresses ("https:", "mailto:") and paths go to xdg-open, whatever the operation; a program
+    /// is run in its own folder. The disk cleaner ("cleanmgr") is the first of bleachbit, stacer
+    /// and baobab that is installed, without parameters: none of them removes anything unasked.
     std::int32_t ShellExecuteA(const std::string& owner, const std::string& operation,
                                const std::string& file, const std::string& parameters,
                                const std::string& directory, std::int32_t showCommand) override;
@@ -30,14 +32,20 @@ class LinuxShell32 final : public Shell32 {
     std::int32_t SHEmptyRecycleBinA(const std::string& owner, const std::string& root,
                                     std::uint32_t flags) override;
 
+    std::int32_t SHFileOperationA(const FileOperation& operation) override;
+    /// The text editor ("Notepad.exe") is the desktop's program for the file.
+    void Shell(const std::string& commandLine, std::int32_t windowState) override;
+
   private:
+    std::int32_t openDiskCleaner();
+    /// Whether the program was started with the arguments in the text.
+    bool run(const std::string& program, const std::string& arguments, const std::string& folder);
+    /// The host's path of the program that the name means; empty when there is none.
+    std::string programOf(const std::string& name);
     bool showProperties(const std::string& hostPath);
 
     Volumes& volumes_;
     ChildPrograms programs_;
 };
-
-/// "file:" and the path, every byte escaped that isn't a letter, a digit or one of "-._~/".
-std::string fileUri(const std::string& hostPath);
 
 }  // namespace velmora::linuxhost

@@ -8,6 +8,7 @@
 
 #include "base/runtime_error.h"
 #include "base/text.h"
+#include "platform/linux/folder_removal.h"
 #include "platform/linux/path_mapping.h"
 
 namespace velmora::linuxhost {
@@ -115,6 +116,19 @@ int errorOfReading(int reason, const std::string& hostPath) {
     return hasFolder ? error::fileNotFound : error::pathNotFound;
 }
 
+int errorOfRemoving(int reason) {
+    switch (reason) {
+        case ENOENT:
+        case ENOTDIR:
+            return error::fileNotFound;
+        case EISDIR:
+        case EROFS:
+            return error::pathFileAccess;
+        default:
+            return error::permissionDenied;
+    }
+}
+
 }  // namespace
 
 std::string LinuxTextFiles::hostPathOrError(const std::string& path) {
@@ -156,13 +170,26 @@ void LinuxTextFiles::writeOver(const std::string& path, std::string_view content
     file.close();
 }
 
+double LinuxTextFiles::FileLen(const std::string& path) {
+    const std::string hostPath = hostPathOf(path, volumes_.roots());
+    // Asked first, since the drive may not answer.
+    const bool isFile = !hostPath.empty() && volumes_.kindOf(hostPath) == FileKind::file;
+    struct stat status {};
+    if (!isFile || stat(hostPath.c_str(), &status) != 0) throw RuntimeError(error::fileNotFound);
+    return static_cast<double>(status.st_size);
+}
+
 void LinuxTextFiles::remove(const std::string& path) {
     const std::string hostPath = hostPathOf(path, volumes_.roots());
     if (hostPath.empty()) throw RuntimeError(error::fileNotFound);
-    if (unlink(hostPath.c_str()) == 0) return;
-    if (errno == ENOENT || errno == ENOTDIR) throw RuntimeError(error::fileNotFound);
-    const bool isDenied = errorOf(errno) == error::permissionDenied;
-    throw RuntimeError(isDenied ? error::permissionDenied : error::pathFileAccess);
+    const OpenedParent parent(volumes_, hostPath);
+    struct stat status {};
+    int failure = parent.isOpen() ? parent.look(status) : parent.failure();
+    const bool isRoot = parent.failure() == EBUSY;
+    const bool isFolderPath = path.ends_with('\\') || path.ends_with('/');
+    if (failure == 0 && isFolderPath && !S_ISDIR(status.st_mode)) failure = ENOENT;
+    if (failure == 0) failure = removeFile(parent);
+    if (failure != 0) throw RuntimeError(errorOfRemoving(isRoot ? EISDIR : failure));
 }
 
 }  // namespace velmora::linuxhost

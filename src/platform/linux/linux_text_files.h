@@ -15,6 +15,8 @@ class LinuxTextFiles final : public TextFiles {
     void appendLine(const std::string& path, std::string_view text) override;
     std::string readAll(const std::string& path) override;
     void writeOver(const std::string& path, std::string_view content) override;
+    double FileLen(const std::string& path) override;
+    /// A file that its owner may not write is read-only.
     void remove(const std::string& path) override;
 
   private:

@@ -14,8 +14,9 @@ namespace {
 
 class Surroundings {
   public:
-    explicit Surroundings(int output) {
+    Surroundings(int output, const std::string& folder) {
         posix_spawn_file_actions_init(&files_);
+        if (!folder.empty()) posix_spawn_file_actions_addchdir_np(&files_, folder.c_str());
         posix_spawn_file_actions_addopen(&files_, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
         if (output < 0) {
             posix_spawn_file_actions_addopen(&files_, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
@@ -53,11 +54,11 @@ class Surroundings {
 
 }  // namespace
 
-pid_t startProgram(std::vector<std::string> command, int output) {
+pid_t startProgram(std::vector<std::string> command, int output, const std::string& folder) {
     std::vector<char*> arguments;
     for (std::string& each : command) arguments.push_back(each.data());
     arguments.push_back(nullptr);
-    return Surroundings(output).start(arguments);
+    return Surroundings(output, folder).start(arguments);
 }
 
 bool hasEnded(pid_t process, int& status) {

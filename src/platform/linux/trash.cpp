@@ -29,21 +29,6 @@ std::string resolved(const std::string& path) {
     return failure ? path : resolved.string();
 }
 
-bool isOnDrive(const std::string& path, const DriveRoot& drive,
-               const std::vector<DriveRoot>& roots) {
-    const std::string holder = driveNameOf(drivePathOf(path, roots));
-    const auto root = std::find_if(roots.begin(), roots.end(),
-                                   [&](const DriveRoot& each) { return each.drive == holder; });
-    return root != roots.end() && root->mountPoint == drive.mountPoint;
-}
-
-// The folder that all users share must have the sticky bit, or anybody may have put in it what
-// looks like this user's.
-bool isSticky(const OpenFolder& folder) {
-    struct stat status {};
-    return fstat(folder.file(), &status) == 0 && (status.st_mode & S_ISVTX) != 0;
-}
-
 int firstOf(int failure, int next) {
     return failure != 0 ? failure : next;
 }
@@ -103,6 +88,22 @@ std::int32_t codeOf(int failure) {
 
 }  // namespace
 
+std::string homeTrash() {
+    return resolved(dataFolder()) + "/Trash";
+}
+
+std::string mountPointOf(const std::string& path, const std::vector<DriveRoot>& roots) {
+    const std::string holder = driveNameOf(drivePathOf(path, roots));
+    const auto root = std::find_if(roots.begin(), roots.end(),
+                                   [&](const DriveRoot& each) { return each.drive == holder; });
+    return root == roots.end() ? std::string{} : root->mountPoint;
+}
+
+bool isSticky(const OpenFolder& folder) {
+    struct stat status {};
+    return fstat(folder.file(), &status) == 0 && (status.st_mode & S_ISVTX) != 0;
+}
+
 std::vector<DriveRoot> drivesToEmpty(const std::string& root, const std::vector<DriveRoot>& roots) {
     const std::string drive = lowerCase(driveNameOf(root));
     std::vector<DriveRoot> chosen;
@@ -115,10 +116,10 @@ std::vector<DriveRoot> drivesToEmpty(const std::string& root, const std::vector<
 }
 
 std::int32_t emptyTrash(const std::vector<DriveRoot>& drives, const std::vector<DriveRoot>& roots) {
-    const std::string home = resolved(dataFolder()) + "/Trash";
+    const std::string home = homeTrash();
     int failure = 0;
     for (const DriveRoot& drive : drives) {
-        if (isOnDrive(home, drive, roots))
+        if (mountPointOf(home, roots) == drive.mountPoint)
             failure = firstOf(failure, emptyFolder(OpenFolder(home)));
         failure =
             firstOf(failure, emptyTopFolders(drive.mountPoint == "/" ? "" : drive.mountPoint));

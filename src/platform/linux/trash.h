@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/linux/path_mapping.h"
+#include "platform/linux/tree_removal.h"
 
 namespace velmora::linuxhost {
 
@@ -19,5 +20,15 @@ std::vector<DriveRoot> drivesToEmpty(const std::string& root, const std::vector<
 /// entered. What can't be removed stays together with its note. 0, 5 when something may not be
 /// removed, 31 when something can't for another reason.
 std::int32_t emptyTrash(const std::vector<DriveRoot>& drives, const std::vector<DriveRoot>& roots);
+
+/// The user's trash in the home, by its path without links above it. It need not be there.
+std::string homeTrash();
+
+/// The mount point of the drive that a path of the host lies on; empty when none holds it.
+std::string mountPointOf(const std::string& path, const std::vector<DriveRoot>& roots);
+
+/// A folder that all users share must have the sticky bit, or anybody may have put in it what looks
+/// like this user's.
+bool isSticky(const OpenFolder& folder);
 
 }  // namespace velmora::linuxhost

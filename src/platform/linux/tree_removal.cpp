@@ -18,47 +18,9 @@ constexpr int folderFlags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
 // So many folders are open at once; what lies deeper is moved up first.
 constexpr int deepest = 64;
 
-int namesIn(const OpenFolder& folder, std::vector<std::string>& names) {
-    // The listing takes its file along when it is closed.
-    const int file = openat(folder.file(), ".", folderFlags);
-    if (file < 0) return errno;
-    DIR* listing = fdopendir(file);
-    if (!listing) {
-        const int failure = errno;
-        close(file);
-        return failure;
-    }
-    errno = 0;
-    while (const dirent* entry = readdir(listing)) {
-        const std::string name = entry->d_name;
-        if (name != "." && name != "..") names.push_back(name);
-    }
-    const int failure = errno;
-    closedir(listing);
-    return failure;
-}
-
-// The mount's number tells a second view of the same filesystem apart too; kernels without it give
-// the filesystem alone.
-struct Place {
-    unsigned major = 0;
-    unsigned minor = 0;
-    std::uint64_t mount = 0;
-    bool operator==(const Place&) const = default;
-};
-
-int placeOf(const OpenFolder& folder, Place& place) {
-    struct statx status {};
-    if (statx(folder.file(), "", AT_EMPTY_PATH, STATX_BASIC_STATS | STATX_MNT_ID, &status) != 0)
-        return errno;
-    place = {status.stx_dev_major, status.stx_dev_minor, 0};
-    if ((status.stx_mask & STATX_MNT_ID) != 0) place.mount = status.stx_mnt_id;
-    return 0;
-}
-
 class Removal {
   public:
-    explicit Removal(const OpenFolder& top) : top_(top) { note(placeOf(top, place_)); }
+    explicit Removal(const OpenFolder& top) : top_(top) { note(placeOf(top.file(), place_)); }
 
     int failure() const { return failure_; }
 
@@ -86,10 +48,11 @@ class Removal {
     void remove(const OpenFolder& parent, const std::string& name, int depth) {
         if (unlinkat(parent.file(), name.c_str(), 0) == 0) return;
         const int failure = errno;
-        struct stat status {};
-        if (fstatat(parent.file(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0)
-            return note(errno == ENOENT ? 0 : errno);
-        if (!S_ISDIR(status.st_mode)) return note(failure);
+        struct statx status {};
+        if (const int unseen = lookAt(parent.file(), name, status); unseen != 0)
+            return note(unseen == ENOENT ? 0 : unseen);
+        if (!S_ISDIR(status.stx_mode)) return note(failure);
+        if (!(placeIn(status) == place_)) return note(EXDEV);
         if (depth >= deepest) return moveUp(parent, name);
         removeFolder(parent, name, depth);
     }
@@ -102,7 +65,7 @@ class Removal {
             return note(isGone ? 0 : folder.failure());
         }
         Place place;
-        if (const int failure = placeOf(folder, place); failure != 0) return note(failure);
+        if (const int failure = placeOf(folder.file(), place); failure != 0) return note(failure);
         if (!(place == place_)) return note(EXDEV);
         // A folder that was deleted write-protected; where this fails, removing tells.
         fchmod(folder.file(), S_IRWXU);
@@ -133,11 +96,53 @@ class Removal {
 
 }  // namespace
 
+int namesIn(const OpenFolder& folder, std::vector<std::string>& names) {
+    // The listing takes its file along when it is closed.
+    const int file = openat(folder.file(), ".", folderFlags);
+    if (file < 0) return errno;
+    DIR* listing = fdopendir(file);
+    if (!listing) {
+        const int failure = errno;
+        close(file);
+        return failure;
+    }
+    errno = 0;
+    while (const dirent* entry = readdir(listing)) {
+        const std::string name = entry->d_name;
+        if (name != "." && name != "..") names.push_back(name);
+    }
+    const int failure = errno;
+    closedir(listing);
+    return failure;
+}
+
+Place placeIn(const struct statx& status) {
+    const bool hasMount = (status.stx_mask & STATX_MNT_ID) != 0;
+    return {status.stx_dev_major, status.stx_dev_minor, hasMount ? status.stx_mnt_id : 0};
+}
+
+int lookAt(int folder, const std::string& name, struct statx& status) {
+    constexpr int flags =
+        AT_SYMLINK_NOFOLLOW | AT_EMPTY_PATH | AT_NO_AUTOMOUNT | AT_STATX_DONT_SYNC;
+    constexpr unsigned wanted = STATX_BASIC_STATS | STATX_MNT_ID;
+    return statx(folder, name.c_str(), flags, wanted, &status) == 0 ? 0 : errno;
+}
+
+int placeOf(int folder, Place& place) {
+    struct statx status {};
+    if (const int failure = lookAt(folder, "", status); failure != 0) return failure;
+    place = placeIn(status);
+    return 0;
+}
+
 OpenFolder::OpenFolder(const std::string& path)
     : file_(open(path.c_str(), folderFlags)), failure_(file_ < 0 ? errno : 0) {}
 
 OpenFolder::OpenFolder(const OpenFolder& parent, const std::string& name)
-    : file_(openat(parent.file(), name.c_str(), folderFlags)), failure_(file_ < 0 ? errno : 0) {}
+    : OpenFolder(parent.file(), name) {}
+
+OpenFolder::OpenFolder(int parentFile, const std::string& name)
+    : file_(openat(parentFile, name.c_str(), folderFlags)), failure_(file_ < 0 ? errno : 0) {}
 
 OpenFolder::~OpenFolder() {
     if (isOpen()) close(file_);

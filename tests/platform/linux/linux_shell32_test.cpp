@@ -7,6 +7,7 @@
 #include <fstream>
 
 #include "environment.h"
+#include "platform/linux/file_uri.h"
 #include "platform/linux/path_mapping.h"
 #include "support/wait.h"
 #include "test_folder.h"

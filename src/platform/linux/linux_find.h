@@ -1,0 +1,50 @@
+// The listing of a folder, entry by entry, with what each entry is itself. Made for folders of a
+// million entries: the kernel is asked for many names at once, and nothing is allocated for an
+// entry but what its name needs.
+#pragma once
+
+#include <sys/stat.h>
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/kernel32.h"
+
+namespace velmora::linuxhost {
+
+class FolderListing {
+  public:
+    /// `hasDots`: whether "." and ".." come first.
+    FolderListing(const std::string& hostPath, bool hasDots);
+    ~FolderListing();
+    FolderListing(const FolderListing&) = delete;
+    FolderListing& operator=(const FolderListing&) = delete;
+
+    /// 0 with the next entry, or else the system's code: 18 at the end, once another one when the
+    /// listing breaks off.
+    std::uint32_t next(FindData& entry);
+
+  private:
+    enum class Told { nothing, dot, dots };
+
+    bool nextDots(FindData& entry);
+    bool fill(int& failure);
+    bool tell(const char* name, unsigned char kind, FindData& entry) const;
+
+    int folder_;
+    int failure_;  // why it can't be listed; 0 once that was told
+    Told told_;
+    std::unique_ptr<char[]> buffer_;
+    std::size_t at_ = 0;
+    std::size_t size_ = 0;
+};
+
+/// A time in units of 100 ns since 1601-01-01 UTC; 0 for an earlier one.
+std::uint64_t fileTimeOf(const struct statx_timestamp& time);
+
+/// Makes a name of the host that of a drive path, over what `text` held.
+void setDriveName(std::string& text, std::string_view name);
+
+}  // namespace velmora::linuxhost
