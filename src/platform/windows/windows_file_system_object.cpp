@@ -5,8 +5,11 @@
 #include <utility>
 
 #include "base/runtime_error.h"
+#include "platform/windows/entry_reading.h"
+#include "platform/windows/exact_path.h"
 #include "platform/windows/utf16.h"
 #include "platform/windows/windows_drive.h"
+#include "platform/windows/windows_file.h"
 #include "platform/windows/windows_folder.h"
 
 namespace velmora::windows {
@@ -19,15 +22,14 @@ std::string withoutEndingSlash(std::string path) {
     return path;
 }
 
-// Where the question about a path goes: one name a drive, however the path spells it.
-std::string driveOfPath(const std::string& absolutePath) {
-    return driveOfDesignator(driveNameOf(absolutePath));
+std::string absolutePath(const std::string& path) {
+    return withoutEndingSlash(withoutLongPrefix(toUtf8(fullPath(path))));
 }
 
 }  // namespace
 
-WindowsFileSystemObject::WindowsFileSystemObject(std::chrono::milliseconds deadline)
-    : questions_(std::make_shared<DriveQuestions>(deadline)) {}
+WindowsFileSystemObject::WindowsFileSystemObject(std::shared_ptr<DriveQuestions> questions)
+    : questions_(std::move(questions)) {}
 
 std::unique_ptr<Drive> WindowsFileSystemObject::GetDrive(const std::string& designator) {
     std::string drive = driveOfDesignator(designator);
@@ -46,8 +48,7 @@ bool WindowsFileSystemObject::DriveExists(const std::string& designator) {
 std::uint32_t WindowsFileSystemObject::attributesOf(const std::string& path) {
     // The system would read a path up to its first NUL and so answer for another one.
     if (path.empty() || path.find('\0') != std::string::npos) return INVALID_FILE_ATTRIBUTES;
-    const std::string absolute = withoutLongPrefix(toUtf8(fullPath(path)));
-    const auto answer = questions_->ask<DWORD>(driveOfPath(absolute), [wide = systemPath(path)] {
+    const auto answer = questions_->ask<DWORD>(driveOfPath(path), [wide = systemPath(path)] {
         return GetFileAttributesW(wide.c_str());
     });
     return answer.value_or(INVALID_FILE_ATTRIBUTES);
@@ -65,9 +66,17 @@ bool WindowsFileSystemObject::FileExists(const std::string& path) {
 
 std::unique_ptr<Folder> WindowsFileSystemObject::GetFolder(const std::string& path) {
     if (!FolderExists(path)) throw RuntimeError(error::pathNotFound);
-    const std::string absolute = withoutLongPrefix(toUtf8(fullPath(path)));
-    return std::make_unique<WindowsFolder>(questions_, driveOfPath(absolute),
-                                           withoutEndingSlash(absolute));
+    EntryReading reading(questions_, driveOfPath(path), absolutePath(path));
+    // Now, since a path without a drive goes from the current folder.
+    const auto exact = exactPath(path);
+    std::string asWritten = exact ? toUtf8(exact->text()) : path;
+    return std::make_unique<WindowsFolder>(std::move(reading), std::move(asWritten));
+}
+
+std::unique_ptr<File> WindowsFileSystemObject::GetFile(const std::string& path) {
+    if (!FileExists(path)) throw RuntimeError(error::fileNotFound);
+    EntryReading reading(questions_, driveOfPath(path), absolutePath(path));
+    return std::make_unique<WindowsFile>(std::move(reading));
 }
 
 }  // namespace velmora::windows

@@ -1,7 +1,6 @@
 // Drives, folders and files of this machine. Every question that reaches a drive has a deadline.
 #pragma once
 
-#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -13,7 +12,8 @@ namespace velmora::windows {
 
 class WindowsFileSystemObject final : public FileSystemObject {
   public:
-    explicit WindowsFileSystemObject(std::chrono::milliseconds deadline = driveDeadline);
+    explicit WindowsFileSystemObject(
+        std::shared_ptr<DriveQuestions> questions = std::make_shared<DriveQuestions>(driveDeadline));
 
     std::string GetDriveName(const std::string& path) override { return driveNameOf(path); }
     std::string GetFileName(const std::string& path) override { return fileNameOf(path); }
@@ -22,6 +22,7 @@ class WindowsFileSystemObject final : public FileSystemObject {
     bool FolderExists(const std::string& path) override;
     bool FileExists(const std::string& path) override;
     std::unique_ptr<Folder> GetFolder(const std::string& path) override;
+    std::unique_ptr<File> GetFile(const std::string& path) override;
 
   private:
     /// The attribute bits of what lies at the path; all bits set when nothing does, or when its

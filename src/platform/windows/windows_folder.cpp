@@ -2,25 +2,45 @@
 
 #include <windows.h>
 
-#include <string_view>
 #include <utility>
+#include <vector>
 
 #include "base/runtime_error.h"
+#include "platform/windows/exact_path.h"
+#include "platform/windows/folder_listing.h"
+#include "platform/windows/opened_entry.h"
+#include "platform/windows/removal.h"
+#include "platform/windows/system_errors.h"
 #include "platform/windows/utf16.h"
 
 namespace velmora::windows {
 
 namespace {
 
-bool isDots(std::wstring_view name) {
-    return name == L"." || name == L"..";
+std::wstring withName(std::wstring folder, const wchar_t* name) {
+    if (!folder.ends_with(L'\\')) folder += L'\\';
+    return folder + name;
+}
+
+// The bytes of the files in the folder, whose folders it adds to those still to be looked into.
+std::uint64_t sizeOfFiles(FolderListing& listing, const std::wstring& folder,
+                          std::vector<std::wstring>& folders) {
+    std::uint64_t size = 0;
+    while (const WIN32_FIND_DATAW* entry = listing.next()) {
+        if (isDots(entry->cFileName) || isLink(entry->dwFileAttributes, entry->dwReserved0))
+            continue;
+        if ((entry->dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
+            folders.push_back(withName(folder, entry->cFileName));
+        else
+            size += wholeOf(entry->nFileSizeHigh, entry->nFileSizeLow);
+    }
+    return size;
 }
 
 }  // namespace
 
-WindowsFolder::WindowsFolder(std::shared_ptr<DriveQuestions> questions, std::string drive,
-                             std::string path)
-    : questions_(std::move(questions)), drive_(std::move(drive)), path_(std::move(path)) {}
+WindowsFolder::WindowsFolder(EntryReading reading, std::string asWritten)
+    : reading_(std::move(reading)), asWritten_(std::move(asWritten)) {}
 
 std::optional<WindowsFolder::Counts> WindowsFolder::count(const std::string& path) {
     const std::wstring all = systemPath(path + (path.ends_with('\\') ? "*" : "\\*"));
@@ -45,12 +65,44 @@ std::optional<WindowsFolder::Counts> WindowsFolder::count(const std::string& pat
 
 const WindowsFolder::Counts& WindowsFolder::counts() {
     if (!counts_) {
-        counts_ =
-            questions_->ask<std::optional<Counts>>(drive_, [path = path_] { return count(path); })
-                .value_or(std::nullopt);
+        counts_ = reading_.questions()
+                      ->ask<std::optional<Counts>>(
+                          reading_.drive(), [path = reading_.path()] { return count(path); })
+                      .value_or(std::nullopt);
     }
     if (!counts_) throw RuntimeError(error::pathNotFound);
     return *counts_;
+}
+
+double WindowsFolder::Size() {
+    if (!size_) size_ = measure();
+    return *size_;
+}
+
+// Each folder is a question of its own: how long a whole tree takes says nothing about its drive.
+double WindowsFolder::measure() {
+    facts();
+    const auto exact = exactPath(reading_.path());
+    if (!exact) throw RuntimeError(error::pathNotFound);
+    std::uint64_t size = 0;
+    std::vector<std::wstring> folders{exact->text()};
+    bool isTop = true;
+    while (!folders.empty()) {
+        const std::wstring folder = std::move(folders.back());
+        folders.pop_back();
+        FolderListing listing(reading_.questions(), reading_.drive(), withName(folder, L"*"));
+        size += sizeOfFiles(listing, folder, folders);
+        // A folder that went meanwhile has nothing in it, nor has the root of an empty drive.
+        const bool isRead = listing.end() == ERROR_NO_MORE_FILES || isMissing(listing.end());
+        if (!isRead) throw RuntimeError(error::permissionDenied);
+        if (std::exchange(isTop, false) && listing.end() == ERROR_PATH_NOT_FOUND)
+            throw RuntimeError(error::pathNotFound);
+    }
+    return static_cast<double>(size);
+}
+
+void WindowsFolder::Delete(bool force) {
+    removeTree(asWritten_, force);
 }
 
 }  // namespace velmora::windows

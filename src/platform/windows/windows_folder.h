@@ -2,24 +2,29 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <string>
 
 #include "platform/file_system_object.h"
-#include "platform/windows/drive_questions.h"
+#include "platform/windows/entry_reading.h"
 
 namespace velmora::windows {
 
 class WindowsFolder final : public Folder {
   public:
-    /// `path` is absolute, without a back-slash behind unless it is a root; `drive` names the drive
-    /// that is asked about it.
-    WindowsFolder(std::shared_ptr<DriveQuestions> questions, std::string drive, std::string path);
+    /// The reading's path is absolute, without a back-slash behind unless it is a root. `asWritten`
+    /// is the path that named the folder: what is removed is what it names by the letter.
+    WindowsFolder(EntryReading reading, std::string asWritten);
 
-    std::string Path() const override { return path_; }
+    std::string Path() const override { return reading_.path(); }
+    double Size() override;
+    DateTime DateLastAccessed() override { return localTime(facts().accessed); }
+    DateTime DateLastModified() override { return localTime(facts().written); }
+    DateTime DateCreated() override { return localTime(facts().created); }
+    std::string Type() override { return reading_.type(true); }
     double FilesCount() override { return static_cast<double>(counts().files); }
     double SubFoldersCount() override { return static_cast<double>(counts().folders); }
+    void Delete(bool force) override;
 
   private:
     struct Counts {
@@ -28,12 +33,14 @@ class WindowsFolder final : public Folder {
     };
 
     static std::optional<Counts> count(const std::string& path);
+    const EntryFacts& facts() { return reading_.facts(true); }
     const Counts& counts();
+    double measure();
 
-    std::shared_ptr<DriveQuestions> questions_;
-    std::string drive_;
-    std::string path_;
+    EntryReading reading_;
+    std::string asWritten_;
     std::optional<Counts> counts_;
+    std::optional<double> size_;
 };
 
 }  // namespace velmora::windows

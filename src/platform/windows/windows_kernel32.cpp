@@ -2,9 +2,49 @@
 
 #include <windows.h>
 
+#include <utility>
+
+#include "platform/windows/entry_facts.h"
+#include "platform/windows/entry_move.h"
+#include "platform/windows/exact_path.h"
+#include "platform/windows/folder_listing.h"
 #include "platform/windows/utf16.h"
 
 namespace velmora::windows {
+
+namespace {
+
+FindData dataOf(const WIN32_FIND_DATAW& entry) {
+    const std::uint64_t written = wholeOf(entry.ftLastWriteTime);
+    const std::uint64_t created = wholeOf(entry.ftCreationTime);
+    return {.dwFileAttributes = entry.dwFileAttributes,
+            .ftCreationTime = created != 0 ? created : written,
+            .ftLastAccessTime = wholeOf(entry.ftLastAccessTime),
+            .ftLastWriteTime = written,
+            .nFileSize = wholeOf(entry.nFileSizeHigh, entry.nFileSizeLow),
+            .cFileName = toUtf8(entry.cFileName)};
+}
+
+// Numbers that stand for the program itself, its thread or its output instead of a handle; a
+// notification that couldn't be had is one of them.
+bool standsForOther(std::uint32_t handle) {
+    return handle >= 0xFFFFFFF0;
+}
+
+}  // namespace
+
+struct WindowsKernel32::Listing {
+    Listing(std::shared_ptr<DriveQuestions> questions, const std::string& pattern)
+        : entries(std::move(questions), driveOfPath(pattern), systemPath(pattern)) {}
+
+    FolderListing entries;
+    bool isOver = false;  // and why was told
+};
+
+WindowsKernel32::WindowsKernel32(std::shared_ptr<DriveQuestions> questions)
+    : questions_(std::move(questions)) {}
+
+WindowsKernel32::~WindowsKernel32() = default;
 
 std::uint32_t WindowsKernel32::GetLogicalDriveStringsA(std::uint32_t length, std::string& buffer) {
     // Drive roots are ASCII on every system, so the narrow call loses nothing.
@@ -32,6 +72,60 @@ std::string WindowsKernel32::GetEnvironmentVariableA(const std::string& name) {
         text.resize(used);
         if (used < room) return toUtf8(text);
     }
+}
+
+FindHandle WindowsKernel32::FindFirstFileA(const std::string& pattern, FindData& entry) {
+    lastError_ = ERROR_PATH_NOT_FOUND;
+    // The system would read a path up to its first NUL and so list another folder.
+    if (pattern.find('\0') != std::string::npos) return 0;
+    auto listing = std::make_unique<Listing>(questions_, pattern);
+    const WIN32_FIND_DATAW* first = listing->entries.next();
+    if (!first) {
+        lastError_ = listing->entries.end();
+        return 0;
+    }
+    entry = dataOf(*first);
+    lastError_ = ERROR_SUCCESS;
+    listings_.emplace(++lastListing_, std::move(listing));
+    return lastListing_;
+}
+
+bool WindowsKernel32::FindNextFileA(FindHandle listing, FindData& entry) {
+    const auto found = listings_.find(listing);
+    lastError_ = ERROR_INVALID_HANDLE;
+    if (found == listings_.end()) return false;
+    Listing& listed = *found->second;
+    const WIN32_FIND_DATAW* next = listed.entries.next();
+    if (!next) {
+        lastError_ = std::exchange(listed.isOver, true) ? noMoreFiles : listed.entries.end();
+        return false;
+    }
+    entry = dataOf(*next);
+    lastError_ = ERROR_SUCCESS;
+    return true;
+}
+
+void WindowsKernel32::FindClose(FindHandle listing) {
+    listings_.erase(listing);
+}
+
+std::int32_t WindowsKernel32::MoveFileA(const std::string& from, const std::string& to) {
+    lastError_ = moveEntry(from, to);
+    return lastError_ == ERROR_SUCCESS ? 1 : 0;
+}
+
+std::uint32_t WindowsKernel32::WaitForSingleObject(std::uint32_t handle,
+                                                   std::uint32_t milliseconds) {
+    if (standsForOther(handle)) return waitFailed;
+    return ::WaitForSingleObject(ULongToHandle(handle), milliseconds);
+}
+
+bool WindowsKernel32::FindNextChangeNotification(std::uint32_t handle) {
+    return !standsForOther(handle) && ::FindNextChangeNotification(ULongToHandle(handle));
+}
+
+bool WindowsKernel32::FindCloseChangeNotification(std::uint32_t handle) {
+    return !standsForOther(handle) && ::FindCloseChangeNotification(ULongToHandle(handle));
 }
 
 }  // namespace velmora::windows

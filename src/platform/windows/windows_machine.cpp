@@ -1,6 +1,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <memory>
 #include <string>
 
 #include "platform/platform.h"
@@ -13,6 +14,7 @@
 #include "platform/windows/windows_regional.h"
 #include "platform/windows/windows_shell32.h"
 #include "platform/windows/windows_text_files.h"
+#include "platform/windows/windows_winmm.h"
 #include "platform/windows/windows_wscript_shell.h"
 
 namespace velmora {
@@ -61,15 +63,18 @@ class WindowsMachine final : public Machine {
     std::string toHostPath(const std::string& drivePath) override { return drivePath; }
 
   private:
-    WindowsFileSystemObject fso_;
-    WindowsKernel32 kernel32_;
+    // One pending question a drive, whoever asks.
+    std::shared_ptr<DriveQuestions> questions_ = std::make_shared<DriveQuestions>(driveDeadline);
+    WindowsFileSystemObject fso_{questions_};
+    WindowsKernel32 kernel32_{questions_};
     WindowsClock clock_;
     WindowsTextFiles files_;
     WindowsAdvapi32 advapi32_;
     WindowsShell32 shell32_;
+    WindowsWinmm winmm_;
     WindowsWScriptShell wscriptShell_;
-    Platform platform_{fso_,     kernel32_,     clock_,         files_,          advapi32_,
-                       shell32_, wscriptShell_, userRegional(), ownApplication()};
+    Platform platform_{fso_,   kernel32_,     clock_,         files_,          advapi32_, shell32_,
+                       winmm_, wscriptShell_, userRegional(), ownApplication()};
 };
 
 }  // namespace

@@ -5,7 +5,9 @@
 #include <shellapi.h>
 #include <shlobj.h>
 
+#include "platform/windows/file_operation.h"
 #include "platform/windows/folder_dialog.h"
+#include "platform/windows/program_start.h"
 #include "platform/windows/utf16.h"
 
 // The system's header gives these names to its wide versions.
@@ -82,6 +84,14 @@ std::int32_t WindowsShell32::SHEmptyRecycleBinA(const std::string&, const std::s
                                                 std::uint32_t flags) {
     const std::wstring wideRoot = toUtf16(root);
     return SHEmptyRecycleBinW(GetActiveWindow(), root.empty() ? nullptr : wideRoot.c_str(), flags);
+}
+
+std::int32_t WindowsShell32::SHFileOperationA(const FileOperation& operation) {
+    return orderFileOperation(operation);
+}
+
+void WindowsShell32::Shell(const std::string& commandLine, std::int32_t windowState) {
+    startProgram(commandLine, windowState);
 }
 
 }  // namespace velmora::windows

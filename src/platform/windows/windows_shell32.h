@@ -21,6 +21,9 @@ class WindowsShell32 final : public Shell32 {
     Browse SHBrowseForFolder(const BrowseInfo& info, ItemIdList& list) override;
     std::int32_t SHEmptyRecycleBinA(const std::string& owner, const std::string& root,
                                     std::uint32_t flags) override;
+    /// Nothing is removed by a pattern, nor by a path that the shell would take for another.
+    std::int32_t SHFileOperationA(const FileOperation& operation) override;
+    void Shell(const std::string& commandLine, std::int32_t windowState) override;
 
   private:
     ComApartment com_;

@@ -6,6 +6,9 @@
 
 #include "base/runtime_error.h"
 #include "base/text.h"
+#include "platform/windows/entry_facts.h"
+#include "platform/windows/removal.h"
+#include "platform/windows/system_errors.h"
 #include "platform/windows/utf16.h"
 
 namespace velmora::windows {
@@ -158,14 +161,18 @@ void WindowsTextFiles::writeOver(const std::string& path, std::string_view conte
     if (failure != ERROR_SUCCESS) throw RuntimeError(errorOfWriting(failure));
 }
 
-void WindowsTextFiles::remove(const std::string& path) {
+double WindowsTextFiles::FileLen(const std::string& path) {
     if (path.find('\0') != std::string::npos) throw RuntimeError(error::fileNotFound);
-    const std::wstring wide = systemPath(path);
-    if (DeleteFileW(wide.c_str())) return;
-    const int number = errorOfOpening(GetLastError(), wide);
-    if (number == error::pathNotFound) throw RuntimeError(error::fileNotFound);
-    const bool isDenied = number == error::permissionDenied;
-    throw RuntimeError(isDenied ? error::permissionDenied : error::pathFileAccess);
+    EntryFacts facts;
+    const DWORD failure = readFacts(systemPath(path), facts);
+    const bool isFolderThere = (facts.attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    if (isMissing(failure) || isFolderThere) throw RuntimeError(error::fileNotFound);
+    if (failure != ERROR_SUCCESS) throw RuntimeError(error::permissionDenied);
+    return static_cast<double>(facts.size);
+}
+
+void WindowsTextFiles::remove(const std::string& path) {
+    removeFile(path);
 }
 
 }  // namespace velmora::windows

@@ -13,6 +13,7 @@ class WindowsTextFiles final : public TextFiles {
     void appendLine(const std::string& path, std::string_view text) override;
     std::string readAll(const std::string& path) override;
     void writeOver(const std::string& path, std::string_view content) override;
+    double FileLen(const std::string& path) override;
     void remove(const std::string& path) override;
 };
 
