@@ -3,12 +3,15 @@
 namespace velmora {
 
 Core::Core(Forms& forms, Platform& platform, Surface surface)
-    : alertDialog_(forms, surface.workArea),
+    : forms_(forms),
+      host_(surface.host),
+      alertDialog_(forms, surface.workArea),
       settings_(forms, platform, surface.host),
       alerts_(forms, platform, surface.notifyArea, alertDialog_),
       systemActions_(forms, platform, surface.user32),
       registry_(platform.advapi32, surface.host),
       shellLinks_(platform),
+      properties_(shellLinks_),
       fileList_(platform, surface.host),
       options_(forms, platform, registry_),
       statistics_(forms, platform, surface.host),
@@ -19,6 +22,13 @@ Core::Core(Forms& forms, Platform& platform, Surface surface)
       soundButtons_(forms, platform, surface.host, systemActions_),
       alertDialogHiding_(forms, windowEffects_, journalLog_),
       alertDialogOptions_(forms, platform, surface.host),
+      actions_(forms, platform, surface.host, alerts_, systemActions_, alertPorts()),
+      fileListButtons_(forms, surface.host, fileList_, alertPorts()),
+      programList_(forms, platform, surface.host),
+      manualOperations_({forms, platform, surface.host, alerts_, systemActions_}, alertPorts()),
+      watchAlerts_(alerts_),
+      waitTest_(forms, platform, surface.host, watchAlerts_),
+      events_(forms, platform, alerts_, waitTest_, systemActions_, alertDialog_),
       rowIcons_(forms.form1.picBuffer, surface.shellIcons),
       lock_(forms, surface.host, tray_),
       aboutBox_(forms, platform, surface.host, VELMORA_VERSION),
@@ -47,11 +57,23 @@ Core::Core(Forms& forms, Platform& platform, Surface surface)
                        forms),
                       shellPorts_) {}
 
+void Core::load() {
+    lifeCycle_.Form_Load();
+    // The rules are for the hand. Ticks that come back from the settings were taken once already,
+    // and a start must not wait for an answer.
+    actionListRules_.emplace(forms_, host_);
+}
+
 // The program's own parts in the place of those that do nothing.
 MonitorPorts Core::ports() {
-    return {idle_.events, idle_.actions, statistics_,    settings_,   journalLog_,
-            rowIcons_,    watchControl_, windowEffects_, driveMeter_, alertDialog_,
-            tray_,        tabs_,         idle_.updates};
+    return {events_,   actions_,      statistics_,    settings_,   journalLog_,
+            rowIcons_, watchControl_, windowEffects_, driveMeter_, alertDialog_,
+            tray_,     tabs_,         idle_.updates};
+}
+
+AlertPorts Core::alertPorts() {
+    return {watchControl_, windowEffects_, checkCycle_, idleAlerts_.mail,
+            properties_,   windowEffects_, alertDialog_};
 }
 
 void addTimers(Forms& forms, TimerQueue& queue) {

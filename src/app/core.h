@@ -2,21 +2,32 @@
 // themselves in front of it.
 #pragma once
 
+#include <optional>
+
+#include "alerts/action_branch.h"
+#include "alerts/action_list_rules.h"
 #include "alerts/alert_dialog_hiding.h"
 #include "alerts/alert_dialog_options.h"
 #include "alerts/alert_dialog_window.h"
 #include "alerts/alert_list.h"
+#include "alerts/file_list_buttons.h"
 #include "alerts/journal_log.h"
+#include "alerts/manual_operations.h"
+#include "alerts/program_list.h"
 #include "alerts/sound_buttons.h"
 #include "alerts/system_actions.h"
+#include "app/port_adapters.h"
 #include "controls/timer_queue.h"
 #include "forms/forms.h"
+#include "inspect/wait_test.h"
 #include "monitor/check_cycle.h"
 #include "monitor/drive_meter.h"
+#include "monitor/event_detection.h"
 #include "monitor/life_cycle.h"
 #include "monitor/minimum_space.h"
 #include "monitor/space_statistics.h"
 #include "monitor/trigger_entry.h"
+#include "monitor/watch_alerts.h"
 #include "monitor/watch_control.h"
 #include "monitor/watch_list.h"
 #include "monitor/watch_list_commands.h"
@@ -42,56 +53,29 @@
 
 namespace velmora {
 
-/// The settings file behind the port of whoever saves and loads settings.
-class SettingsPort final : public SettingsStore {
-  public:
-    SettingsPort(Forms& forms, Platform& platform, Host& host) : file_(forms, platform, host) {}
-    void prcSettings(std::int16_t bSet) override { file_.prcSettings(bSet); }
-
-  private:
-    SettingsFile file_;
-};
-
-/// Dialogs of the shell behind the ports of the main window's commands.
-class ShellPorts final : public LockDialog,
-                         public SystrayIcon,
-                         public AboutDialog,
-                         public RecycleBinWindow {
-  public:
-    ShellPorts(Forms& forms, TrayIcon& tray, AboutBox& aboutBox, RecycleBinView& recycleBin)
-        : forms_(forms), tray_(tray), aboutBox_(aboutBox), recycleBin_(recycleBin) {}
-    void prcSrvFrm() override { velmora::prcSrvFrm(forms_); }
-    void prcAddSystray(std::int16_t action, const std::string& text) override {
-        tray_.prcAddSystray(action, text);
-    }
-    void showAbout() override { aboutBox_.showAbout(); }
-    void RecycleBin() override { recycleBin_.RecycleBin(); }
-
-  private:
-    Forms& forms_;
-    TrayIcon& tray_;
-    AboutBox& aboutBox_;
-    RecycleBinView& recycleBin_;
-};
-
 class Core {
   public:
     Core(Forms& forms, Platform& platform, Surface surface);
 
     /// Builds the running state.
-    void load() { lifeCycle_.Form_Load(); }
+    void load();
     AlertList& alerts() { return alerts_; }
 
   private:
     MonitorPorts ports();
+    AlertPorts alertPorts();
 
+    Forms& forms_;
+    Host& host_;
     IdlePorts idle_;
+    IdleAlertPorts idleAlerts_;
     AlertDialogWindow alertDialog_;
     SettingsPort settings_;
     AlertList alerts_;
     SystemActions systemActions_;
     Registry registry_;
     ShellLinks shellLinks_;
+    PropertiesPort properties_;
     FileList fileList_;
     Options options_;
     SpaceStatistics statistics_;
@@ -103,6 +87,14 @@ class Core {
     SoundButtons soundButtons_;
     AlertDialogHiding alertDialogHiding_;
     AlertDialogOptions alertDialogOptions_;
+    Actions actions_;
+    FileListButtons fileListButtons_;
+    ProgramList programList_;
+    ManualOperations manualOperations_;
+    std::optional<ActionListRules> actionListRules_;
+    WatchAlerts watchAlerts_;
+    WaitTest waitTest_;
+    EventPass events_;
     SystemRowIcons rowIcons_;
     ProgramLock lock_;
     AboutBox aboutBox_;

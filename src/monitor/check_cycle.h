@@ -17,7 +17,7 @@
 
 namespace velmora {
 
-class CheckCycle {
+class CheckCycle final : public CheckTick {
   public:
     /// Connects Timer1.
     CheckCycle(Forms& forms, Platform& platform, Host& host, AlertList& alerts, MonitorPorts ports);
@@ -25,7 +25,7 @@ class CheckCycle {
     CheckCycle& operator=(const CheckCycle&) = delete;
 
     /// One tick: counts down, or checks when the interval is due. Never throws a run-time error.
-    void Timer1_Timer();
+    void Timer1_Timer() override;
     /// Milliseconds counted towards the next check.
     std::int32_t lngElapsedMs() const { return lngElapsedMs_; }
 
