@@ -1,0 +1,35 @@
+// Scans of one folder level that tell what has changed in it. Each is one pass over the folder; of
+// what is below its subfolders nothing is read. Paths come with or without a back-slash behind.
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <string>
+
+#include "platform/kernel32.h"
+
+namespace velmora {
+
+/// The entries that a folder had, in the order of its listing, their names without what stood
+/// behind a NUL.
+using Snapshot = std::deque<FindData>;
+
+/// The text up to the first NUL, or all of it.
+std::string StripNulls(const std::string& sText);
+
+/// A report of two lines for every entry ("." and ".." too) that was written or, failing that,
+/// created later than `Reference`, in the order of the listing; empty when there is none or the
+/// folder can't be read. `Reference` and `Newest` are file times. `Newest` stays as it is: the
+/// caller has only the reference to go by.
+std::string fFindChangedTimes(Kernel32& kernel32, const std::string& sPath, std::uint64_t Reference,
+                              std::uint64_t& Newest, std::int32_t ChangeType);
+
+/// A report of two lines for every entry that the snapshot doesn't know, then for every one of the
+/// snapshot that is there no more; empty when nothing came or went, or the folder can't be read.
+std::string fFindChangedNames(Kernel32& kernel32, const std::string& sPath, const Snapshot& aFiles,
+                              std::int32_t ChangeType);
+
+/// The present entries. One empty entry for a folder that can't be read.
+Snapshot snapshotOf(Kernel32& kernel32, const std::string& sPath);
+
+}  // namespace velmora

@@ -1,0 +1,55 @@
+// The watcher of a folder by the system's notifications: four handles, one for each kind of change,
+// and a window whose timer polls them. Nothing starts a watch by itself: whoever wants one puts the
+// handles in place and calls the poll.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "controls/event.h"
+#include "platform/kernel32.h"
+#include "platform/user32.h"
+
+namespace velmora {
+
+class cWatchForChanges {
+  public:
+    cWatchForChanges(Kernel32& kernel32, User32& user32) : kernel32_(kernel32), user32_(user32) {}
+    /// Stops the watch.
+    ~cWatchForChanges();
+    cWatchForChanges(const cWatchForChanges&) = delete;
+    cWatchForChanges& operator=(const cWatchForChanges&) = delete;
+
+    /// Of the window that has the timer; 0 for none, as with the handles.
+    std::uint32_t hWnd = 0;
+    /// The notifications, one for each kind of change.
+    std::uint32_t hName = 0;
+    std::uint32_t hSize = 0;
+    std::uint32_t hLastWrite = 0;
+    std::uint32_t hDirName = 0;
+    /// While it is true, a poll does nothing.
+    bool SuspendWatch = false;
+
+    /// The bits of what changed.
+    Event<std::int32_t> ChangeDetected;
+
+    /// False: a watch can't be started.
+    bool StartWatch(std::string sPath, bool bWatchSubTree, std::int32_t nTimerInterval,
+                    bool bStartSuspended);
+    /// Gives back the timer, the window and the handles. A watch that is stopped stays so.
+    void StopWatch();
+    /// Asks the four handles, without waiting, and tells what changed, if anything did. Its handler
+    /// must not destroy this watcher.
+    void prcPollChanges();
+    /// Waits for one handle for so many milliseconds: `bit` when it was signalled, which makes it
+    /// wait for the next change; 0 otherwise.
+    std::int32_t fTestHandle(std::uint32_t handle, std::int32_t bit, std::uint32_t milliseconds);
+
+  private:
+    void close(std::uint32_t& handle);
+
+    Kernel32& kernel32_;
+    User32& user32_;
+};
+
+}  // namespace velmora
