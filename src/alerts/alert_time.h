@@ -10,6 +10,7 @@ namespace velmora::alert_time {
 
 inline constexpr const char* minutes = "yyyymmdd HH:mm";
 inline constexpr const char* seconds = "yyyymmdd HH:mm:ss";
+inline constexpr const char* slashedSeconds = "yyyy/mm/dd HH:mm:ss";
 
 /// The date "mm/dd/yy", a blank and the time "hh:mm:ss".
 inline std::string dateAndTime(const DateTime& now) {

@@ -17,11 +17,12 @@ class EventDetection {
   public:
     virtual ~EventDetection() = default;
     /// The event pass over a ready row.
-    virtual void checkEvents(int /*row*/, Drive& /*drive*/) {}
+    virtual void checkEvents(int /*row*/) {}
     /// A watched row whose drive isn't ready.
     virtual void rowNotReady(int /*row*/) {}
-    /// Keeps the row's present figures for the next comparison and takes new ones.
-    virtual void prcSetPrevInfoLV(ListItem& /*row*/) {}
+    /// Keeps the row's present figures for the next comparison and takes new ones. 1 on success, 0
+    /// otherwise.
+    virtual int prcSetPrevInfoLV(ListItem& /*row*/) { return 0; }
 };
 
 class Statistics {

@@ -39,7 +39,7 @@ RowOutcome RowCheck::check(int i, std::int32_t& lngMinSpace) {
     if (outcome != RowOutcome::done) return outcome;
 
     status.setPanelText(1, "Events Listing");
-    ports_.events.checkEvents(i, *drive);
+    ports_.events.checkEvents(i);
     status.setPanelText(1, "Events Listing Check Done. 2");
     ports_.events.prcSetPrevInfoLV(list.ListItems(i));
     status.setPanelText(1, "Refresh Info.:");

@@ -1,0 +1,69 @@
+// Event detection: compares a watched row with what the checks before saw of it, and reports the
+// events that are ticked in lstEvt. There are no thresholds; texts and counts are equal or not.
+//
+// The free text that is compared is the one of two checks ago: prcSetPrevInfoLV keeps the text as
+// it stood and writes the present one over it, so each check compares with what the last but one
+// measured.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "alerts/alert_list.h"
+#include "alerts/system_actions.h"
+#include "forms/forms.h"
+#include "inspect/wait_test.h"
+#include "monitor/ports.h"
+#include "platform/platform.h"
+
+namespace velmora {
+
+class EventPass final : public EventDetection {
+  public:
+    EventPass(Forms& forms, Platform& platform, AlertList& alerts, WaitTest& waitTest,
+              SystemActions& systemActions, AlertDialog& dialog)
+        : forms_(forms),
+          platform_(platform),
+          alerts_(alerts),
+          waitTest_(waitTest),
+          systemActions_(systemActions),
+          dialog_(dialog) {}
+    EventPass(const EventPass&) = delete;
+    EventPass& operator=(const EventPass&) = delete;
+
+    /// Every failure of a test goes to the caller, and what the row's tests have found till then is
+    /// dropped; error 424 whenever the entry for a path that became unavailable is ticked.
+    void checkEvents(int row) override;
+    void rowNotReady(int row) override;
+    /// 1 when the row has new figures. 0 without a change for a row that isn't available, and on
+    /// any failure, with what was written till then; a row that is no drive root and no share is
+    /// marked as not available.
+    int prcSetPrevInfoLV(ListItem& ItmX) override;
+    /// The report of the files in a folder that are newer than the last call of this; empty for
+    /// none.
+    std::string prcChkFileTimes(const std::string& sPath);
+
+  private:
+    struct Pass;
+    void runTests(Pass& pass);
+    void test(int event, Pass& pass);
+    void testFreeSpace(int event, Pass& pass);
+    void testQuantity(Pass& pass);
+    void testModification(const Pass& pass);
+    void report(const Pass& pass);
+    std::string freeText(const std::string& path);
+    std::unique_ptr<Folder> folderOf(const std::string& path);
+    void takeFigures(ListItem& item);
+    const std::string& presentDateAndTime();
+
+    Forms& forms_;
+    Platform& platform_;
+    AlertList& alerts_;
+    WaitTest& waitTest_;
+    SystemActions& systemActions_;
+    AlertDialog& dialog_;
+    DateTime stamped_;
+    std::string stampText_;
+};
+
+}  // namespace velmora

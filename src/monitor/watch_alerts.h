@@ -1,0 +1,23 @@
+// The alert list behind the port of the change watcher.
+#pragma once
+
+#include <string>
+
+#include "alerts/alert_list.h"
+#include "inspect/ports.h"
+
+namespace velmora {
+
+class WatchAlerts final : public AlertSink {
+  public:
+    explicit WatchAlerts(AlertList& alerts) : alerts_(alerts) {}
+    void raise(const std::string& strTime, const std::string& strRating,
+               const std::string& strAlert) override {
+        alerts_.prcAlertInfo(strTime, strRating, strAlert, {}, nullptr);
+    }
+
+  private:
+    AlertList& alerts_;
+};
+
+}  // namespace velmora
