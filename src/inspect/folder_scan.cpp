@@ -34,7 +34,7 @@ class KnownNames {
   public:
     explicit KnownNames(const Snapshot& aFiles) : seen_(aFiles.size()) {
         first_.reserve(aFiles.size());
-        for (std::size_t i = 0; i < aFiles.size(); ++i) first_.insert_or_assign(aFiles[i].cFileName, i);
+        for (std::size_t i = 0; i < aFiles.size(); ++i) first_.emplace(aFiles[i].cFileName, i);
     }
 
     /// Whether the snapshot has that name; its first entry of it counts as seen then.

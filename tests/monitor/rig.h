@@ -28,10 +28,17 @@ struct RecordedPorts {
 
     struct Events : EventDetection {
         explicit Events(RecordedPorts& all) : all_(all) {}
-        void checkEvents(int row, Drive&) override { all_.note("checkEvents", row); }
-        void rowNotReady(int row) override { all_.note("rowNotReady", row); }
-        void prcSetPrevInfoLV(ListItem& row) override {
+        void checkEvents(int row) override {
+            all_.note("checkEvents", row);
+            if (all_.realEvents != nullptr) all_.realEvents->checkEvents(row);
+        }
+        void rowNotReady(int row) override {
+            all_.note("rowNotReady", row);
+            if (all_.realEvents != nullptr) all_.realEvents->rowNotReady(row);
+        }
+        int prcSetPrevInfoLV(ListItem& row) override {
             all_.calls.push_back("prcSetPrevInfoLV " + row.Text());
+            return all_.realEvents != nullptr ? all_.realEvents->prcSetPrevInfoLV(row) : 1;
         }
         RecordedPorts& all_;
     };
@@ -135,6 +142,8 @@ struct RecordedPorts {
 
     std::function<void(int, Shortage&)> onAction;
     std::function<void()> onSaveLog;
+    /// What the events are passed on to, once they are written down; may be null.
+    EventDetection* realEvents = nullptr;
     Events events{*this};
     Actions actions{*this};
     Stats stats{*this};

@@ -1,0 +1,226 @@
+// Events of the free space: it stands still, or it changes.
+#include "base/errors.h"
+#include "monitor/event_rig.h"
+
+namespace velmora::tests {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+std::string stagnancy(const std::string& row, const std::string& size) {
+    return "Free space stagnancy in: " + row + " at size " + size + " KB\r\n.\r\n";
+}
+std::string change(const std::string& row, const std::string& size) {
+    return "Free space change in: " + row + " at size " + size + " KB\r\n.\r\n";
+}
+
+TEST(EventFreeSpace, EqualTextsAreAStagnancy) {
+    EventRig rig;
+    rig.measured("C:\\", 1234567);
+    rig.tickEvent(0);
+    rig.pass();
+    EXPECT_EQ(rig.alertTexts(), Texts{stagnancy("C:\\", "1,234,567")});
+}
+
+TEST(EventFreeSpace, DifferentTextsAreAChange) {
+    EventRig rig;
+    rig.measured("C:\\", 1234567);
+    rig.setFree("C:", 1234566);
+    rig.tickEvent(1);
+    rig.pass();
+    EXPECT_EQ(rig.alertTexts(), Texts{change("C:\\", "1,234,566")});
+}
+
+TEST(EventFreeSpace, AStagnancyIsNoChangeAndTheOtherWayRound) {
+    for (const int event : {0, 1}) {
+        EventRig rig;
+        rig.measured("C:\\", 5000);
+        if (event == 0) rig.setFree("C:", 5001);
+        rig.tickEvent(event);
+        rig.pass();
+        EXPECT_EQ(rig.alertCount(), 0);
+    }
+}
+
+TEST(EventFreeSpace, OfBothEntriesExactlyOneFires) {
+    for (const double free : {5000, 5001}) {
+        EventRig rig;
+        rig.measured("C:\\", 5000);
+        rig.setFree("C:", free);
+        rig.tickEvents({0, 1});
+        rig.pass();
+        EXPECT_EQ(rig.alertTexts(),
+                  Texts{free == 5000 ? stagnancy("C:\\", "5,000") : change("C:\\", "5,001")});
+    }
+}
+
+TEST(EventFreeSpace, WithAnEmptyPreviousFreeTextNeitherFires) {
+    EventRig rig;
+    rig.measured("C:\\", 5000);
+    rig.at(1).setPreviousFree("");
+    rig.tickEvents({0, 1});
+    rig.pass();
+    EXPECT_EQ(rig.alertCount(), 0);
+    rig.setFree("C:", 7);
+    rig.pass();
+    EXPECT_EQ(rig.alertCount(), 0);
+}
+
+TEST(EventFreeSpace, ComparesTextsNotNumbers) {
+    EventRig rig;
+    rig.measured("C:\\", 5000);
+    rig.at(1).setPreviousFree("5000");
+    rig.tickEvents({0, 1});
+    rig.pass();
+    EXPECT_EQ(rig.alertTexts(), Texts{change("C:\\", "5,000")});
+}
+
+TEST(EventFreeSpace, AChangeOfLessThanHalfAKilobyteIsNone) {
+    EventRig rig;
+    rig.measured("C:\\", 5000);
+    rig.setFree("C:", 5000.49);
+    rig.tickEvents({0, 1});
+    rig.pass();
+    EXPECT_EQ(rig.alertTexts(), Texts{stagnancy("C:\\", "5,000")});
+    rig.setFree("C:", 5000.5);
+    rig.pass();
+    EXPECT_EQ(rig.alertTexts().front(), change("C:\\", "5,001"));
+}
+
+TEST(EventFreeSpace, AShareIsAsGoodAsADrive) {
+    EventRig rig;
+    rig.measured("\\\\server\\data", 5000);
+    rig.tickEvent(0);
+    rig.pass();
+    EXPECT_EQ(rig.alertTexts(), Texts{stagnancy("\\\\server\\data", "5,000")});
+}
+
+TEST(EventFreeSpace, TheDriveIsGotByTheRowTextAsItStands) {
+    for (const int event : {0, 1}) {
+        EventRig rig;
+        rig.drive("C:", 5000, 10000);
+        rig.row("c:\\").setSubItems(1, "5,000 KB");
+        rig.tickEvent(event);
+        rig.pass();
+        EXPECT_EQ(rig.machine.log.calls(), (Texts{"GetDrive c:\\", "FreeSpace C:"}));
+    }
+}
+
+TEST(EventFreeSpace, AFolderRowFailsWithErrorFive) {
+    for (const int event : {0, 1}) {
+        EventRig rig;
+        rig.watch("C:\\data", 5000);
+        rig.tickEvent(event);
+        EXPECT_EQ(errorOf([&] { rig.pass(); }), 5);
+    }
+}
+
+TEST(EventFreeSpace, BlanksAroundTheRowTextFailToo) {
+    EventRig rig;
+    rig.drive("C:", 5000, 10000);
+    rig.row(" C:\\ ");
+    rig.tickEvent(0);
+    EXPECT_EQ(errorOf([&] { rig.pass(); }), 5);
+}
+
+TEST(EventFreeSpace, AFolderRowEndsTheCheckQuietlyWithItsAlert) {
+    EventRig rig;
+    rig.watch("C:\\data", 5000);
+    rig.watch("D:\\", 5000);
+    rig.tickEvent(1);
+    rig.check();
+    EXPECT_EQ(rig.alertTexts(), Texts{"Error: Invalid procedure call or argument"});
+    EXPECT_TRUE(rig.host.boxes.empty());
+    EXPECT_EQ(rig.at(2).lastChecked(), "");
+    EXPECT_EQ(rig.timesChecked(), 0);
+    rig.expectRest();
+}
+
+TEST(EventFreeSpace, BothEntriesReadTheDriveOnce) {
+    EventRig rig;
+    rig.measured("C:\\", 5000);
+    rig.tickEvents({0, 1});
+    rig.pass();
+    EXPECT_EQ(rig.machine.log.countOf("GetDrive"), 1);
+    EXPECT_EQ(rig.machine.log.countOf("FreeSpace"), 1);
+}
+
+TEST(EventFreeSpace, ADriveThatWentMeanwhileFailsTheTest) {
+    EventRig rig;
+    rig.measured("C:\\", 5000);
+    rig.machine.drives["C:"].ready = false;
+    rig.tickEvent(0);
+    EXPECT_EQ(errorOf([&] { rig.pass(); }), 71);
+}
+
+TEST(EventFreeSpace, RegionalDigitGroupsAreUsed) {
+    EventRig rig;
+    rig.machine.platform().regional = {.digitGroup = ".", .decimalPoint = ","};
+    rig.watch("C:\\", 1234567);
+    rig.at(1).setFreeSpace("1.234.567 KB");
+    rig.events.prcSetPrevInfoLV(rig.list.ListItems(1));
+    rig.tickEvents({0, 1});
+    rig.pass();
+    EXPECT_EQ(rig.alertTexts(), Texts{stagnancy("C:\\", "1.234.567")});
+}
+
+// The lag of two checks, over real checks.
+
+TEST(EventLag, ADriveWhoseFreeSpaceAlternatesBetweenTwoValuesShowsStagnancyAtEveryCheck) {
+    EventRig rig;
+    rig.measured("C:\\", 5000);
+    rig.setFree("C:", 6000);
+    rig.check();  // nothing ticked yet: 5,000 and 6,000 are the pair now
+    rig.tickEvents({0, 1});
+    const std::vector<double> sizes{5000, 6000, 5000, 6000, 5000};
+    for (std::size_t n = 0; n < sizes.size(); ++n) {
+        SCOPED_TRACE(n);
+        rig.setFree("C:", sizes[n]);
+        rig.form1.LVAlert.Clear();
+        rig.list.ListItems(1).setSubTag(4, "");
+        rig.check();
+        EXPECT_EQ(rig.alertTexts(), Texts{stagnancy("C:\\", sizes[n] == 5000 ? "5,000" : "6,000")});
+    }
+}
+
+TEST(EventLag, ACheckComparesWithTheValueOfTwoChecksAgo) {
+    EventRig rig;
+    rig.measured("C:\\", 1000);
+    rig.tickEvents({0, 1});
+    // The texts before the first check are both 1,000.
+    const std::vector<double> sizes{2000, 2000, 2000, 3000, 2000, 2000};
+    const Texts expected{change("C:\\", "2,000"),     // 1,000 before the last
+                         change("C:\\", "2,000"),     // 1,000
+                         stagnancy("C:\\", "2,000"),  // 2,000
+                         change("C:\\", "3,000"),     // 2,000
+                         stagnancy("C:\\", "2,000"),  // 2,000
+                         change("C:\\", "2,000")};    // 3,000
+    for (std::size_t n = 0; n < sizes.size(); ++n) {
+        SCOPED_TRACE(n);
+        rig.setFree("C:", sizes[n]);
+        rig.form1.LVAlert.Clear();
+        rig.list.ListItems(1).setSubTag(4, "");
+        rig.check();
+        EXPECT_EQ(rig.alertTexts(), Texts{expected[n]});
+    }
+    EXPECT_EQ(rig.timesChecked(), 6);
+}
+
+TEST(EventLag, TheStartOfTheProgramPrimesThePair) {
+    EventRig rig;  // for its parts; the rows below come from a second start
+    Rig fresh;
+    fresh.drive("C:", 1000, 10000);
+    fresh.machine.folders.clear();
+    EventPass events(fresh.forms, fresh.machine.platform(), fresh.alerts, rig.waitTest,
+                     rig.systemActions, fresh.ports.dialog);
+    fresh.ports.realEvents = &events;
+    fresh.load();
+    ASSERT_EQ(fresh.list.Count(), 1);
+    const WatchRow row(fresh.list.ListItems(1));
+    EXPECT_EQ(row.previousFree(), "1,000");
+    EXPECT_EQ(row.freeSpace(), "1,000 KB");
+    EXPECT_EQ(row.folderCounts(), "file:0|fold:0|");
+}
+
+}  // namespace
+}  // namespace velmora::tests

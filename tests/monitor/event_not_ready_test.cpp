@@ -1,0 +1,109 @@
+// A watched row whose drive isn't ready.
+#include "base/errors.h"
+#include "monitor/event_rig.h"
+
+namespace velmora::tests {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+struct LostDrive : EventRig {
+    LostDrive() {
+        measured("C:\\", 5000);
+        tickEvent(4);
+        machine.drives["C:"].ready = false;
+    }
+};
+
+TEST(EventNotReady, RaisesOneHighAlertForTheRowAndEmptiesBothTags) {
+    LostDrive rig;
+    rig.check();
+    EXPECT_EQ(rig.alert(1),
+              std::string("High | ") + stampDateTime + " | Drive Became Unavailable: C:\\");
+    EXPECT_EQ(rig.alertCount(), 1);
+    EXPECT_EQ(rig.at(1).previousFree(), "");
+    EXPECT_EQ(rig.at(1).folderCounts(), "");
+    EXPECT_EQ(rig.at(1).freeSpace(), "5,000 KB");
+    EXPECT_EQ(rig.at(1).stateIcon(), "");
+    EXPECT_EQ(rig.timesChecked(), 1);
+    EXPECT_EQ(rig.form1.txtAlert.Text(), "");
+}
+
+TEST(EventNotReady, TheAlertHasTheRowAndItsStampIsClearedBehindIt) {
+    LostDrive rig;
+    rig.events.rowNotReady(1);
+    EXPECT_EQ(rig.list.ListItems(1).ListSubItems(4).Tag(), "Drive Became Unavailable: C:\\");
+    rig.check();
+    EXPECT_EQ(rig.list.ListItems(1).ListSubItems(4).Tag(), "");
+}
+
+TEST(EventNotReady, IsToldOnceUntilTheRowHasBeenMeasuredAgain) {
+    LostDrive rig;
+    for (int i = 0; i < 3; ++i) rig.check();
+    EXPECT_EQ(rig.alertCount(), 1);
+    // Back: the entry itself fails at a ready row, so it is unticked for the measuring.
+    rig.form1.lstEvt.setSelected(4, false);
+    rig.machine.drives["C:"].ready = true;
+    rig.check();
+    EXPECT_EQ(rig.at(1).previousFree(), "5,000");
+    EXPECT_EQ(rig.at(1).folderCounts(), "file:0|fold:0|");
+    rig.tickEvent(4);
+    rig.machine.drives["C:"].ready = false;
+    for (int i = 0; i < 3; ++i) rig.check();
+    EXPECT_EQ(rig.alertTexts(), Texts(2, "Drive Became Unavailable: C:\\"));
+}
+
+TEST(EventNotReady, NothingHappensWhileTheEntryIsntTicked) {
+    LostDrive rig;
+    rig.form1.lstEvt.setSelected(4, false);
+    rig.tickEvents({0, 1, 2, 3});
+    rig.check();
+    EXPECT_EQ(rig.alertCount(), 0);
+    EXPECT_EQ(rig.at(1).previousFree(), "5,000");
+    EXPECT_EQ(rig.at(1).folderCounts(), "file:0|fold:0|");
+}
+
+TEST(EventNotReady, BothTagsMustHoldSomething) {
+    for (const int empty : {1, 2, 3}) {
+        LostDrive rig;
+        if ((empty & 1) != 0) rig.at(1).setPreviousFree("");
+        if ((empty & 2) != 0) rig.at(1).setFolderCounts("");
+        rig.check();
+        EXPECT_EQ(rig.alertCount(), 0);
+        EXPECT_EQ(rig.at(1).previousFree(), (empty & 1) != 0 ? "" : "5,000");
+        EXPECT_EQ(rig.at(1).folderCounts(), (empty & 2) != 0 ? "" : "file:0|fold:0|");
+    }
+}
+
+TEST(EventNotReady, UnavailableCountsAreEnoughToTellIt) {
+    LostDrive rig;
+    rig.at(1).setFolderCounts("N/A");
+    rig.check();
+    EXPECT_EQ(rig.alertCount(), 1);
+}
+
+TEST(EventNotReady, TheRowsBehindAreCheckedAllTheSame) {
+    LostDrive rig;
+    rig.watch("D:\\", 5000);
+    rig.machine.drives["D:"].ready = false;
+    rig.at(2).setPreviousFree("1");
+    rig.at(2).setFolderCounts("file:1|fold:1|");
+    rig.check();
+    EXPECT_EQ(rig.alertTexts(),
+              (Texts{"Drive Became Unavailable: D:\\", "Drive Became Unavailable: C:\\"}));
+}
+
+TEST(EventNotReady, AnAlertThatCantBeLoggedKeepsTheTags) {
+    LostDrive rig;
+    rig.form1.chkAutoSave.setValue(1);
+    rig.form1.lblLog.setCaption("E:\\log.dat");
+    rig.drive("E:", 10, 10);
+    rig.machine.files["E:\\log.dat"] = "";
+    rig.machine.lockedFiles["E:\\log.dat"] = 70;
+    EXPECT_EQ(errorOf([&] { rig.events.rowNotReady(1); }), 70);
+    EXPECT_EQ(rig.at(1).previousFree(), "5,000");
+    EXPECT_EQ(rig.at(1).folderCounts(), "file:0|fold:0|");
+}
+
+}  // namespace
+}  // namespace velmora::tests

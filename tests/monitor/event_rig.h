@@ -1,0 +1,58 @@
+// The check with its real event detection, over a loaded program with an empty watch list.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "alerts/drive_text.h"
+#include "alerts/system_actions.h"
+#include "inspect/wait_test.h"
+#include "monitor/check_rig.h"
+#include "monitor/event_detection.h"
+#include "monitor/watch_alerts.h"
+
+namespace velmora::tests {
+
+struct EventRig : CheckRig {
+    User32 windows;
+    SystemActions systemActions{forms, machine.platform(), windows};
+    WatchAlerts watchAlerts{alerts};
+    WaitTest waitTest{forms, machine.platform(), host, watchAlerts};
+    EventPass events{forms, machine.platform(), alerts, waitTest, systemActions, ports.dialog};
+
+    /// No file and no folder is there but what a test puts in.
+    EventRig() {
+        machine.files.clear();
+        machine.folders.clear();
+        ports.realEvents = &events;
+    }
+
+    void tickEvent(int event) { form1.lstEvt.setSelected(event, true); }
+    void tickEvents(const std::vector<int>& ticked) {
+        for (const int event : ticked) tickEvent(event);
+    }
+    /// A ticked row of a drive that has been measured like at the start of the program: its free
+    /// space stands there in KB, and both figures of a comparison are primed.
+    ListItem& measured(const std::string& path, double freeKB) {
+        ListItem& item = watch(path, freeKB);
+        WatchRow(item).setFreeSpace(kilobyteText(freeKB * KB, Grouping::regional, {}));
+        events.prcSetPrevInfoLV(item);
+        clearRecords();
+        return item;
+    }
+    void setFree(const std::string& drivePath, double freeKB) {
+        machine.drives[drivePath].freeBytes = freeKB * KB;
+    }
+    /// Runs the event pass of a row as the check would, without the check.
+    void pass(int row = 1) {
+        forms.globals.bChecking = true;
+        panel1.clear();
+        panel2.clear();
+        events.checkEvents(row);
+        forms.globals.bChecking = false;
+    }
+    /// The fake clock as a file time.
+    std::uint64_t present() { return machine.platform().clock.GetSystemTimeAsFileTime(); }
+};
+
+}  // namespace velmora::tests
