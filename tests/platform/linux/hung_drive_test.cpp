@@ -14,6 +14,7 @@
 
 #include "base/errors.h"
 #include "mounting.h"
+#include "platform/linux/tree_removal.h"
 #include "support/wait.h"
 
 #ifndef VELMORA_HUNG_FS
@@ -141,6 +142,47 @@ TEST_F(HungDrive, AFolderOnItCanNotBeCountedAndCostsNothingFurther) {
     // Where the late answer of the pending question is gone, the folder is counted again.
     EXPECT_TRUE(waitUntil(
         [&] { return errorOf([&] { fso().GetFolder(drive_ + '\\')->FilesCount(); }) == 0; }));
+}
+
+TEST_F(HungDrive, NothingOnItIsListedMovedOrRemovedAndNothingWaits) {
+    EXPECT_FALSE(isReady());
+    Platform& platform = machine_->platform();
+    const std::string file = drive_ + "\\stuck";
+    const auto start = steady_clock::now();
+    FindData entry;
+    EXPECT_EQ(platform.kernel32.FindFirstFileA(drive_ + "\\*.*", entry), 0u);
+    EXPECT_EQ(platform.kernel32.GetLastError(), 3u);
+    EXPECT_EQ(platform.kernel32.MoveFileA(file, "C:\\velmora-never"), 0);
+    EXPECT_EQ(errorOf([&] { platform.files.FileLen(file); }), error::fileNotFound);
+    EXPECT_EQ(errorOf([&] { platform.files.remove(file); }), error::fileNotFound);
+    EXPECT_EQ(errorOf([&] { fso().GetFile(file); }), error::fileNotFound);
+    EXPECT_EQ(platform.shell32.SHFileOperationA({"", 3, file + '\0', 64}), 2);
+    EXPECT_EQ(platform.winmm.sndPlaySoundA(file, 2), 0);
+    EXPECT_EQ(machine_->toDrivePath(machine_->toHostPath(file)), file);
+    EXPECT_LT(steady_clock::now() - start, 200ms);
+}
+
+TEST_F(HungDrive, AFolderThatHoldsItIsListedAndLookedAtWithoutWaiting) {
+    EXPECT_FALSE(isReady());
+    const std::string mountPoint = machine_->toHostPath(drive_ + '\\');
+    const std::string holder = "C:" + mountPoint.substr(0, mountPoint.rfind('/'));
+    const std::string name = mountPoint.substr(mountPoint.rfind('/') + 1);
+    const auto start = steady_clock::now();
+    FindData entry;
+    bool isListed = false;
+    Kernel32& kernel32 = machine_->platform().kernel32;
+    const FindHandle listing = kernel32.FindFirstFileA(holder + "\\*.*", entry);
+    for (bool goesOn = listing != 0; goesOn; goesOn = kernel32.FindNextFileA(listing, entry))
+        isListed = isListed || entry.cFileName == name;
+    kernel32.FindClose(listing);
+    EXPECT_TRUE(isListed);
+    const OpenFolder folder(mountPoint.substr(0, mountPoint.rfind('/')));
+    struct statx status {};
+    Place outside;
+    ASSERT_EQ(placeOf(folder.file(), outside), 0);
+    ASSERT_EQ(lookAt(folder.file(), name, status), 0);
+    EXPECT_FALSE(placeIn(status) == outside);
+    EXPECT_LT(steady_clock::now() - start, 1s);
 }
 
 TEST_F(HungDrive, AFolderOnItReachedByAnotherDrivesPathDoesNotKeepThatDriveWaiting) {
