@@ -6,7 +6,6 @@
 #include <winternl.h>
 
 #include <algorithm>
-#include <limits>
 #include <string_view>
 
 namespace velmora::windows {
@@ -30,11 +29,13 @@ DWORD resultOf(BOOL isDone) {
     return isDone ? ERROR_SUCCESS : GetLastError();
 }
 
-// Under Wine this is the path of what was opened behind all links of the host.
-std::wstring finalPath(HANDLE handle) {
-    std::wstring path(std::numeric_limits<short>::max(), L'\0');
-    path.resize(GetFinalPathNameByHandleW(handle, path.data(), static_cast<DWORD>(path.size()), 0));
-    return path;
+// Without the drive. Under Wine that of what was opened, behind all links of the host.
+std::wstring pathOnDrive(HANDLE handle) {
+    std::vector<char> buffer(1U << 16);
+    auto* told = reinterpret_cast<FILE_NAME_INFO*>(buffer.data());
+    if (!GetFileInformationByHandleEx(handle, FileNameInfo, told, static_cast<DWORD>(buffer.size())))
+        return {};
+    return {told->FileName, told->FileNameLength / sizeof(wchar_t)};
 }
 
 bool isSameText(const std::wstring& first, const std::wstring& second) {
@@ -42,10 +43,16 @@ bool isSameText(const std::wstring& first, const std::wstring& second) {
                                 static_cast<int>(second.size()), TRUE) == CSTR_EQUAL;
 }
 
+// Wine tells a path without the dots and blanks at its end.
+std::wstring withoutEnd(const std::wstring& path) {
+    return path.substr(0, path.find_last_not_of(L". \\") + 1);
+}
+
 bool isReachedByHostLink(HANDLE handle, HANDLE folder, const std::wstring& name) {
-    std::wstring expected = finalPath(folder);
-    if (!expected.ends_with(L'\\')) expected += L'\\';
-    return !isSameText(finalPath(handle), expected + name);
+    const std::wstring path = pathOnDrive(handle);
+    const auto end = path.find_last_of(L'\\') + 1;
+    return !isSameText(withoutEnd(path.substr(end)), withoutEnd(name)) ||
+           !isSameText(withoutEnd(path.substr(0, end)), withoutEnd(pathOnDrive(folder)));
 }
 
 // Of a reparse point that junctions and mounted drives share: the latter name a volume. Wine has
