@@ -1,0 +1,138 @@
+// The lists of files and programs by hand: dialogs, buttons, drops and the menu.
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QTemporaryDir>
+
+#include "qt/window_test.h"
+
+namespace velmora::tests {
+namespace {
+
+struct SpecifiedFilesTest : WindowTest {
+    SpecifiedFilesTest() {
+        start();
+        for (const char* name : {"a.txt", "b c.txt", "\u00E9.txt"}) {
+            QFile file(path(name));
+            EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+            machine.files[path(name).toStdString()] = "12345";
+        }
+        click("lblSpectab(2)");
+    }
+    QString path(const QString& name) { return folder.filePath(name); }
+
+    /// Chooses these files in the file dialog that the button opens; none dismisses it.
+    void chooseBehind(const QString& button, const QStringList& names) {
+        QTimer watch;
+        QObject::connect(&watch, &QTimer::timeout, &watch, [&] {
+            auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            if (dialog == nullptr) return;
+            watch.stop();
+            title = dialog->windowTitle();
+            filters = dialog->nameFilters();
+            mode = dialog->fileMode();
+            if (names.empty()) return dialog->reject();
+            dialog->setDirectory(folder.path());
+            auto* entry = dialog->findChild<QLineEdit*>("fileNameEdit");
+            QStringList quoted;
+            for (const QString& name : names) quoted << QLatin1Char('"') + name + QLatin1Char('"');
+            entry->setText(names.size() == 1 ? names.first() : quoted.join(QLatin1Char(' ')));
+            QTest::keyClick(entry, Qt::Key_Return);
+        });
+        watch.start(0);
+        click(button);
+    }
+    std::vector<std::string> tags() {
+        std::vector<std::string> all;
+        for (int i = 1; i <= form1().LVFile.Count(); ++i) {
+            all.push_back(form1().LVFile.ListItems(i).Tag());
+        }
+        return all;
+    }
+    std::string tag(const QString& name) {
+        std::string text = path(name).toStdString();
+        return text;
+    }
+
+    QTemporaryDir folder;
+    QString title;
+    QStringList filters;
+    QFileDialog::FileMode mode = QFileDialog::AnyFile;
+};
+
+TEST_F(SpecifiedFilesTest, AddLetsOneFileBeChosen) {
+    chooseBehind("lblSF(0)", {"a.txt"});
+    EXPECT_EQ(title, "Choose File/Folder ");
+    EXPECT_EQ(filters, QStringList{"All Files (*)"});
+    EXPECT_EQ(mode, QFileDialog::ExistingFiles);
+    EXPECT_EQ(tags(), std::vector<std::string>{tag("a.txt")});
+    auto* list = find<qt::ListViewWidget>("LVFile");
+    EXPECT_EQ(list->model()->index(0, 0).data().toString(), "a.txt");
+    EXPECT_EQ(list->model()->index(0, 1).data().toString(), "0 KB");
+}
+
+TEST_F(SpecifiedFilesTest, ADismissedDialogAddsNothing) {
+    chooseBehind("lblSF(0)", {});
+    EXPECT_TRUE(tags().empty());
+}
+
+TEST_F(SpecifiedFilesTest, RemoveTakesTheSelectedRowAway) {
+    chooseBehind("lblSF(0)", {"a.txt"});
+    form1().LVFile.userSelect({1});
+    settle();
+    click("lblSF(1)");
+    EXPECT_TRUE(tags().empty());
+    boxes.answers = {QMessageBox::Ok};
+    click("lblSF(1)");
+    EXPECT_EQ(boxes.lastText(), "No item listed.");
+}
+
+TEST_F(SpecifiedFilesTest, TheRightButtonOpensTheMenuOfAFile) {
+    chooseBehind("lblSF(0)", {"a.txt"});
+    auto* list = find<qt::ListViewWidget>("LVFile");
+    const QPoint place = list->visualRect(list->model()->index(0, 0)).center();
+    QTest::mouseClick(list->viewport(), Qt::RightButton, {}, place);
+    settle();
+    choose(menu("mnuLst"), "mnuFileAttr");
+    ASSERT_FALSE(machine.executed.empty());
+    EXPECT_EQ(machine.executed.back().verb, "properties");
+    EXPECT_EQ(machine.executed.back().file, tag("a.txt"));
+}
+
+TEST_F(SpecifiedFilesTest, DeleteAllOffersThreeAnswers) {
+    chooseBehind("lblSF(0)", {"a.txt"});
+    boxes.answers = {QMessageBox::Cancel};
+    click("lblSF(5)");
+    EXPECT_EQ(boxes.lastText(),
+              "Do you want to delete files or put in recycle bin? Yes = Recycle Bin, No = Permanent "
+              "Deletion");
+    EXPECT_EQ(tags().size(), 1u);
+    boxes.answers = {QMessageBox::No};
+    click("lblSF(5)");
+    EXPECT_TRUE(tags().empty());
+    EXPECT_EQ(machine.files.count(tag("a.txt")), 0u);
+}
+
+TEST_F(SpecifiedFilesTest, TheSpecifiedPathIsTheFolderOfAChosenFile) {
+    click("lblSpectab(1)");
+    chooseBehind("cmdFolder", {"a.txt"});
+    EXPECT_EQ(title, "Select Path by choosing a file within the folder");
+    EXPECT_EQ(mode, QFileDialog::ExistingFile);
+}
+
+TEST_F(SpecifiedFilesTest, AProgramIsAddedFromTheTextOfItsBox) {
+    click("lblSpectab(0)");
+    find<QComboBox>("cboProg")->setEditText(path("a.txt"));
+    settle();
+    click("Label5(0)");
+    ASSERT_EQ(form1().LVProg.Count(), 1);
+    EXPECT_EQ(form1().LVProg.ListItems(1).SubItems(1), "Execute");
+    find<QComboBox>("cboProg")->setEditText("C:\\nothing there");
+    boxes.answers = {QMessageBox::Ok};
+    click("Label5(0)");
+    EXPECT_EQ(boxes.lastText(), "File does not exists.");
+}
+
+}  // namespace
+}  // namespace velmora::tests
