@@ -1,0 +1,204 @@
+// Orders to the shell: removing by way of the recycle bin, starting programs; and sounds.
+#include <gtest/gtest.h>
+#include <windows.h>
+// Behind the one above, which it needs.
+#include <mmsystem.h>
+
+#include <algorithm>
+#include <iostream>
+
+#include "base/errors.h"
+#include "platform/windows/windows_kernel32.h"
+#include "platform/windows/windows_shell32.h"
+#include "platform/windows/windows_winmm.h"
+#include "scratch_tree.h"
+
+namespace velmora::windows {
+namespace {
+
+using tests::windows::isThere;
+using tests::windows::makeFile;
+using tests::windows::makeFolder;
+using tests::windows::ScratchTree;
+using tests::windows::treeOf;
+using tests::windows::without;
+
+constexpr std::uint16_t intoBin = file_operation::allowUndo | file_operation::silent |
+                                  file_operation::noConfirmation | file_operation::noErrorBox;
+constexpr std::uint16_t forGood = file_operation::silent | file_operation::noConfirmation |
+                                  file_operation::noErrorBox;
+
+class WindowsOrders : public testing::Test {
+  protected:
+    void SetUp() override {
+        makeFile(in("one.txt"), "one");
+        makeFile(in("zwei Größe \u65e5\u672c.txt"), "zwei");
+        makeFolder(in("folder"));
+        makeFile(in("folder\\three.txt"), "three");
+        makeFolder(in("folder2"));
+        makeFile(in("folder2\\three.txt"), "keep me");
+    }
+    std::string in(const std::string& name) const { return scratch_ / name; }
+    auto tree() const { return treeOf(scratch_.path()); }
+    std::int32_t remove(const std::string& paths, std::uint16_t flags) {
+        return shell_.SHFileOperationA({.owner = "Form1",
+                                        .wFunc = file_operation::remove,
+                                        .pFrom = paths,
+                                        .fFlags = flags});
+    }
+    static std::string withEnd(const std::string& path) { return path + '\0'; }
+
+    ScratchTree scratch_;
+    WindowsShell32 shell_;
+};
+
+// The bin would be that of whoever runs the tests.
+class WindowsOwnBin : public WindowsOrders {
+  protected:
+    void SetUp() override {
+        WindowsOrders::SetUp();
+        bin_ = WindowsKernel32().GetEnvironmentVariableA("VELMORA_OWN_RECYCLE_BIN");
+        if (!bin_.empty()) return;
+        std::cout << "skipped: VELMORA_OWN_RECYCLE_BIN names no bin of the tests' own\n";
+        GTEST_SKIP() << "no bin of the tests' own";
+    }
+    void TearDown() override {
+        if (!bin_.empty()) shell_.SHEmptyRecycleBinA("Form1", "", 7);
+    }
+
+    std::string bin_;
+};
+
+bool endsWith(const std::vector<std::string>& lines, const std::string& end) {
+    return std::any_of(lines.begin(), lines.end(),
+                       [&](const std::string& line) { return line.ends_with(end); });
+}
+
+TEST_F(WindowsOwnBin, AFileGoesIntoTheBinAndNothingElse) {
+    const auto before = tree();
+    EXPECT_EQ(remove(withEnd(in("zwei Größe \u65e5\u672c.txt")), intoBin), 0);
+    EXPECT_EQ(tree(), without(before, "\\zwei"));
+    EXPECT_TRUE(endsWith(treeOf(bin_ + "\\files"), " 4 [zwei]"));
+}
+
+TEST_F(WindowsOwnBin, SeveralFilesAndFoldersGoInOneOrder) {
+    const auto before = tree();
+    EXPECT_EQ(remove(withEnd(in("one.txt")) + withEnd(in("folder")), intoBin), 0);
+    EXPECT_EQ(tree(), without(without(without(before, "\\one"), "\\folder\\"), "\\folder folder"));
+    const auto bin = treeOf(bin_ + "\\files");
+    EXPECT_TRUE(endsWith(bin, " 3 [one]"));
+    EXPECT_TRUE(endsWith(bin, " 5 [three]"));
+}
+
+TEST_F(WindowsOrders, AFileGoesForGoodWithoutTheBin) {
+    const auto before = tree();
+    EXPECT_EQ(remove(withEnd(in("one.txt")), forGood), 0);
+    EXPECT_EQ(tree(), without(before, "\\one"));
+}
+
+TEST_F(WindowsOrders, ThePathNeedsNoNulBehindIt) {
+    const auto before = tree();
+    EXPECT_EQ(remove(in("one.txt"), forGood), 0);
+    EXPECT_EQ(tree(), without(before, "\\one"));
+}
+
+TEST_F(WindowsOrders, WhatIsNotThereIsCode2AndNothingElseGoes) {
+    const auto before = tree();
+    for (const std::uint16_t flags : {intoBin, forGood}) {
+        EXPECT_EQ(remove(withEnd(in("missing.txt")), flags), 2);
+        EXPECT_EQ(remove(withEnd(in("missing\\one.txt")), flags), 2);
+        EXPECT_EQ(remove(withEnd(in("one.txt")) + withEnd(in("missing.txt")), flags), 2);
+        EXPECT_EQ(remove(withEnd(""), flags), 2);
+        EXPECT_EQ(remove("", flags), 2);
+    }
+    EXPECT_EQ(tree(), before);
+}
+
+TEST_F(WindowsOrders, NoPatternRemovesAnything) {
+    const auto before = tree();
+    for (const char* name : {"*", "*.*", "one.t?t", "folder\\*"})
+        EXPECT_EQ(remove(withEnd(in(name)), forGood), 2) << name;
+    EXPECT_EQ(tree(), before);
+}
+
+TEST_F(WindowsOrders, NoNameIsTakenForAnother) {
+    const auto before = tree();
+    for (const char* name : {"one.txt.", "one.txt ", "folder.", "one.txt:stream"})
+        EXPECT_EQ(remove(withEnd(in(name)), forGood), 2) << name;
+    EXPECT_EQ(tree(), before);
+}
+
+TEST_F(WindowsOrders, APathBeyondTheSystemsOldLimitIsRefused) {
+    const std::string inner = in(std::string(200, 'a') + '\\' + std::string(200, 'b'));
+    makeFolder(in(std::string(200, 'a')));
+    makeFolder(inner);
+    makeFile(inner + "\\one.txt", "x");
+    const auto before = tree();
+    EXPECT_EQ(remove(withEnd(inner + "\\one.txt"), intoBin), 206);
+    EXPECT_EQ(tree(), before);
+}
+
+std::string ownProgram() {
+    wchar_t path[MAX_PATH];
+    return toUtf8(std::wstring(path, GetModuleFileNameW(nullptr, path, MAX_PATH)));
+}
+
+// Arguments with which this program writes a report of no test and ends.
+std::string writing(const std::string& report) {
+    return " --gtest_filter=-* \"--gtest_output=xml:" + report + '"';
+}
+
+bool isWritten(const std::string& report) {
+    return waitUntil([&] { return contentsOf(report).find("</testsuites>") != std::string::npos; },
+                     std::chrono::seconds(60));
+}
+
+TEST_F(WindowsOrders, AProgramIsStartedWithItsArguments) {
+    shell_.Shell('"' + ownProgram() + '"' + writing(in("the report.xml")), 0);
+    EXPECT_TRUE(isWritten(in("the report.xml")));
+}
+
+TEST_F(WindowsOrders, APathWithBlanksNeedsNoQuotes) {
+    const std::string copy = in("two words.exe");
+    ASSERT_TRUE(CopyFileW(toUtf16(ownProgram()).c_str(), toUtf16(copy).c_str(), TRUE));
+    shell_.Shell(copy + writing(in("report.xml")), 0);
+    EXPECT_TRUE(isWritten(in("report.xml")));
+    // It may be running still when its report is there.
+    EXPECT_TRUE(waitUntil([&] { return DeleteFileW(toUtf16(copy).c_str()); }));
+}
+
+TEST_F(WindowsOrders, AProgramThatIsNotThereIsError53) {
+    EXPECT_EQ(errorOf([&] { shell_.Shell(in("missing.exe") + " a b", 1); }), 53);
+    EXPECT_EQ(errorOf([&] { shell_.Shell('"' + in("missing\\x y.exe") + '"', 1); }), 53);
+    EXPECT_EQ(errorOf([&] { shell_.Shell("velmora-nowhere", 1); }), 53);
+}
+
+TEST_F(WindowsOrders, AFileThatIsNoProgramIsError5) {
+    EXPECT_EQ(errorOf([&] { shell_.Shell(in("one.txt"), 1); }), 5);
+    EXPECT_EQ(errorOf([&] { shell_.Shell("", 1); }), 5);
+    EXPECT_EQ(errorOf([&] { shell_.Shell(std::string("a\0b", 3), 1); }), 5);
+}
+
+TEST_F(WindowsOrders, ASoundThatIsNotThereIsNotPlayed) {
+    WindowsWinmm winmm;
+    EXPECT_EQ(winmm.sndPlaySoundA(in("missing.wav"), sound::noDefault), 0);
+    EXPECT_EQ(winmm.sndPlaySoundA(in("missing.wav"), 0), 0);
+    EXPECT_EQ(winmm.sndPlaySoundA(in("folder"), sound::noDefault), 0);
+    EXPECT_EQ(winmm.sndPlaySoundA("", sound::noDefault), 0);
+    EXPECT_EQ(winmm.sndPlaySoundA(in("one.txt") + std::string("\0x", 2), sound::noDefault), 0);
+    EXPECT_EQ(winmm.sndPlaySoundA(in("one.txt"), sound::noDefault), 0);
+}
+
+TEST_F(WindowsOrders, WithoutADeviceNothingIsPlayed) {
+    if (waveOutGetNumDevs() != 0) {
+        std::cout << "skipped: there is a sound device, which stays silent\n";
+        GTEST_SKIP() << "a sound device";
+    }
+    std::string silence("RIFF\x2c\0\0\0WAVEfmt \x10\0\0\0\1\0\1\0\x40\x1f\0\0\x40\x1f\0\0\1\0\x8\0"
+                        "data\x8\0\0\0", 44);
+    makeFile(in("silence.wav"), silence + std::string(8, '\x80'));
+    EXPECT_EQ(WindowsWinmm().sndPlaySoundA(in("silence.wav"), sound::noDefault), 0);
+}
+
+}  // namespace
+}  // namespace velmora::windows
