@@ -38,6 +38,11 @@ void ListBox::userTick(int index, bool on) {
     Click();
 }
 
+void ListBox::userClick() {
+    refuseWhenDisabled();
+    Click();
+}
+
 Properties ListBox::partProperties(int index) {
     if (index < 0 || index >= ListCount()) return Control::partProperties(index);
     return {{"Text", [this, index] { return PropertyValue{List(index)}; }, {}},

@@ -30,6 +30,8 @@ class ListBox : public Control {
 
     /// Ticks as the user's hand would: ItemCheck if it changes, then Click.
     void userTick(int index, bool on);
+    /// A click that ticks nothing.
+    void userClick() override;
     std::string mainProperty() const override { return "ListCount"; }
     Properties properties() override;
     Properties partProperties(int index) override;

@@ -120,5 +120,18 @@ TEST_F(ComboBoxTest, IsTypedIntoByName) {
     EXPECT_EQ(refusalOf([&] { set(combo, "Text", "x"); }), "cboFile is disabled");
 }
 
+TEST(ListBox, AClickOfTheHandTicksNothing) {
+    Form form("Form1");
+    ListBox list(form, "lstAct", {"one", "two"});
+    int clicks = 0;
+    list.Click.connect([&clicks] { ++clicks; });
+    list.userClick();
+    EXPECT_EQ(clicks, 1);
+    EXPECT_FALSE(list.Selected(0));
+    list.setEnabled(false);
+    EXPECT_THROW(list.userClick(), Refused);
+    EXPECT_EQ(clicks, 1);
+}
+
 }  // namespace
 }  // namespace velmora::tests

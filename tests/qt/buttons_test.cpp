@@ -223,5 +223,22 @@ TEST_F(ButtonsTest, AClosedMenuTellsItsField) {
     EXPECT_EQ(closed, 1);
 }
 
+TEST_F(ButtonsTest, AClickOnAnEntrysWordsIsOneClickWithoutATick) {
+    click("lblTab(1)");
+    auto* list = find<QListWidget>("lstAct");
+    int clicks = 0;
+    form1().lstAct.Click.connect([&clicks] { ++clicks; });
+    const QRect entry = list->visualItemRect(list->item(5));
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, {entry.left() + 60, entry.center().y()});
+    settle();
+    EXPECT_EQ(clicks, 1);
+    EXPECT_FALSE(form1().lstAct.Selected(5));
+    // A tick clicks too, once.
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, {entry.left() + 10, entry.center().y()});
+    settle();
+    EXPECT_EQ(clicks, 2);
+    EXPECT_TRUE(form1().lstAct.Selected(5));
+}
+
 }  // namespace
 }  // namespace velmora::tests

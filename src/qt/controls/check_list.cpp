@@ -17,10 +17,20 @@ CheckList::CheckList(ListBox& field, UserHand& hand, QWidget* parent)
         const int index = row(item);
         const bool on = item->checkState() == Qt::Checked;
         if (field_.Selected(index) == on) return;
+        hasTicked_ = true;
         hand.does([&] { field_.userTick(index, on); });
         // A rule of the list may have unticked it, or others.
         refresher->refreshNow();
     });
+    // A click on an entry's words ticks nothing, and is a click all the same.
+    connect(this, &QListWidget::itemClicked, this, [this, &hand] {
+        if (!hasTicked_) hand.does([this] { field_.userClick(); });
+    });
+}
+
+void CheckList::mouseReleaseEvent(QMouseEvent* event) {
+    hasTicked_ = false;
+    QListWidget::mouseReleaseEvent(event);
 }
 
 void CheckList::showEntries() {

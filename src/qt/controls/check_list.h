@@ -17,10 +17,14 @@ class CheckList : public QListWidget {
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
+  protected:
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
   private:
     void showEntries();
 
     ListBox& field_;
+    bool hasTicked_ = false;  // this release of the button
 };
 
 }  // namespace velmora::qt
