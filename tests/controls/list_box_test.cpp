@@ -120,7 +120,7 @@ TEST_F(ComboBoxTest, IsTypedIntoByName) {
     EXPECT_EQ(refusalOf([&] { set(combo, "Text", "x"); }), "cboFile is disabled");
 }
 
-TEST(ListBox, AClickOfTheHandTicksNothing) {
+TEST(ListBoxHand, AClickOfTheHandTicksNothing) {
     Form form("Form1");
     ListBox list(form, "lstAct", {"one", "two"});
     int clicks = 0;

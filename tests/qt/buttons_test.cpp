@@ -5,6 +5,8 @@
 
 #include "qt/controls/check_list.h"
 #include "qt/controls/label_button.h"
+#include <QListWidget>
+
 #include "qt/window_test.h"
 
 namespace velmora::tests {
