@@ -1,12 +1,11 @@
 // Widgets that are clicked or ticked, and the bars and menus around them.
 #include <QCheckBox>
+#include <QListWidget>
 #include <QRadioButton>
 #include <QToolButton>
 
 #include "qt/controls/check_list.h"
 #include "qt/controls/label_button.h"
-#include <QListWidget>
-
 #include "qt/window_test.h"
 
 namespace velmora::tests {
