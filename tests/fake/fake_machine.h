@@ -116,8 +116,13 @@ class FakeMachine final : public Machine {
     ~FakeMachine() override;
 
     Platform& platform() override { return platform_; }
-    std::string toDrivePath(const std::string& hostPath) override { return hostPath; }
+    std::string toDrivePath(const std::string& hostPath) override {
+        return drivePathOf ? drivePathOf(hostPath) : hostPath;
+    }
     std::string toHostPath(const std::string& drivePath) override { return drivePath; }
+
+    /// How paths of the host become drive paths; as they are without it.
+    std::function<std::string(const std::string&)> drivePathOf;
 
     /// Drives by their Path ("C:" or "\\host\share"), in the order of their names. A drive letter
     /// also appears among the logical drives; a share does not.

@@ -1,5 +1,6 @@
 // The alert dialog: what it shows, and what its buttons do to it.
 #include <QGroupBox>
+#include <QScreen>
 
 #include "qt/window_test.h"
 
@@ -62,6 +63,31 @@ TEST_F(AlertWindowTest, ClearEmptiesItsTextOnly) {
     press("lblAl(1)");
     EXPECT_TRUE(form().Label1.empty());
     EXPECT_EQ(form1().txtAlert.Text(), "journal");
+}
+
+TEST_F(AlertWindowTest, ItStandsInTheCornerOfTheScreenWheneverItIsShown) {
+    const QPoint corner = QGuiApplication::primaryScreen()->availableGeometry().bottomRight();
+    EXPECT_EQ(dialog()->frameGeometry().bottomRight(), corner);
+    dialog()->move(5, 5);
+    settle();
+    // A change of its caption leaves it where the user has put it.
+    form().setCaption("Alert");
+    settle();
+    EXPECT_EQ(dialog()->pos(), QPoint(5, 5));
+    form1().mnuShowAlert.Click();
+    settle();
+    EXPECT_EQ(dialog()->frameGeometry().bottomRight(), corner);
+}
+
+TEST_F(AlertWindowTest, FoldedAgainItIsBackInTheCorner) {
+    const QPoint corner = QGuiApplication::primaryScreen()->availableGeometry().bottomRight();
+    const int folded = dialog()->height();
+    press("lblAl(4)");
+    EXPECT_EQ(dialog()->frameGeometry().bottomRight(), corner);
+    form1().mnuShowAlert.Click();
+    settle();
+    EXPECT_EQ(dialog()->height(), folded);
+    EXPECT_EQ(dialog()->frameGeometry().bottomRight(), corner);
 }
 
 TEST_F(AlertWindowTest, EscapeHidesIt) {

@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QTemporaryDir>
+#include <algorithm>
 
 #include "qt/window_test.h"
 
@@ -51,8 +52,7 @@ struct SpecifiedFilesTest : WindowTest {
         return all;
     }
     std::string tag(const QString& name) {
-        std::string text = path(name).toStdString();
-        return text;
+        return path(name).toStdString();
     }
 
     QTemporaryDir folder;
@@ -70,6 +70,30 @@ TEST_F(SpecifiedFilesTest, AddLetsOneFileBeChosen) {
     auto* list = find<qt::ListViewWidget>("LVFile");
     EXPECT_EQ(list->model()->index(0, 0).data().toString(), "a.txt");
     EXPECT_EQ(list->model()->index(0, 1).data().toString(), "0 KB");
+}
+
+TEST_F(SpecifiedFilesTest, AddLetsSeveralFilesBeChosen) {
+    chooseBehind("lblSF(0)", {"b c.txt", "a.txt", "\u00E9.txt"});
+    EXPECT_EQ(tags(), (std::vector<std::string>{tag("b c.txt"), tag("a.txt"), tag("\u00E9.txt")}));
+}
+
+TEST_F(SpecifiedFilesTest, TheWindowHearsNothingWhileTheSystemsDialogStands) {
+    chooseBehind("lblSF(0)", {"a.txt"});
+    form1().LVFile.userSelect({1});
+    settle();
+    auto* deleteAll = find<QAbstractButton>("lblSF(5)");
+    machine.onCall = [&](const std::string& call) {
+        if (!call.starts_with("SHBrowseForFolder")) return;
+        QTest::mouseClick(deleteAll, Qt::LeftButton);
+        settle();
+    };
+    machine.browsed = {""};
+    boxes.answers = {QMessageBox::No};  // another path, which is dismissed
+    click("lblSF(2)");
+    settle();
+    EXPECT_EQ(boxes.seen.size(), 1u);
+    EXPECT_EQ(tags().size(), 1u);
+    EXPECT_EQ(machine.files.count(tag("a.txt")), 1u);
 }
 
 TEST_F(SpecifiedFilesTest, ADismissedDialogAddsNothing) {
@@ -116,9 +140,14 @@ TEST_F(SpecifiedFilesTest, DeleteAllOffersThreeAnswers) {
 
 TEST_F(SpecifiedFilesTest, TheSpecifiedPathIsTheFolderOfAChosenFile) {
     click("lblSpectab(1)");
+    machine.drivePathOf = [](std::string path) {
+        std::replace(path.begin(), path.end(), '/', '\\');
+        return "C:" + path;
+    };
     chooseBehind("cmdFolder", {"a.txt"});
     EXPECT_EQ(title, "Select Path by choosing a file within the folder");
     EXPECT_EQ(mode, QFileDialog::ExistingFile);
+    EXPECT_EQ(form1().txtDrive.Text(), machine.drivePathOf(folder.path().toStdString()) + "\\");
 }
 
 TEST_F(SpecifiedFilesTest, AProgramIsAddedFromTheTextOfItsBox) {

@@ -69,6 +69,35 @@ QStringList nameFilters(const std::string& filter) {
     return filters;
 }
 
+// While the system's own dialog stands, the program's windows are painted and hear nothing: a click
+// there could move another file than the one that was asked about, or ask a second time.
+class NoInput : public QObject {
+  public:
+    NoInput() { qApp->installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override {
+        switch (event->type()) {
+            case QEvent::MouseButtonPress:
+            case QEvent::MouseButtonRelease:
+            case QEvent::MouseButtonDblClick:
+            case QEvent::MouseMove:
+            case QEvent::Wheel:
+            case QEvent::KeyPress:
+            case QEvent::KeyRelease:
+            case QEvent::Shortcut:
+            case QEvent::ShortcutOverride:
+            case QEvent::ContextMenu:
+            case QEvent::DragEnter:
+            case QEvent::DragMove:
+            case QEvent::Drop:
+            case QEvent::TouchBegin:
+            case QEvent::TouchUpdate:
+            case QEvent::TouchEnd: return true;
+            case QEvent::Close: event->ignore(); return true;
+            default: return false;
+        }
+    }
+};
+
 // One path as it is; of several, all in one folder, the folder and the names.
 std::string oneOrSeveral(const std::vector<std::string>& paths) {
     if (paths.size() <= 1) return paths.empty() ? std::string{} : paths.front();
@@ -97,8 +126,10 @@ BoxAnswer QtHost::MsgBox(const Box& box) {
 }
 
 std::string QtHost::BrowseForFolder(const std::string& title) {
-    const auto chosen =
-        shellLinks_.prcBrowseForFolder("Form1", title, [] { QApplication::processEvents(); });
+    const auto chosen = [&] {
+        const NoInput noInput;
+        return shellLinks_.prcBrowseForFolder("Form1", title, [] { QApplication::processEvents(); });
+    }();
     hand_.throwWhenEnded();
     if (chosen) return *chosen;
     const QString path = QFileDialog::getExistingDirectory(QApplication::activeWindow(), shown(title));

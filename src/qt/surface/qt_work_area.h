@@ -11,8 +11,8 @@ namespace velmora::qt {
 
 class QtWorkArea final : public WorkArea {
   public:
-    int Width() override { return area().right() * twipsPerPixel; }
-    int Height() override { return area().bottom() * twipsPerPixel; }
+    int Width() override { return (area().right() + 1) * twipsPerPixel; }
+    int Height() override { return (area().bottom() + 1) * twipsPerPixel; }
 
   private:
     static QRect area() {

@@ -5,6 +5,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <algorithm>
+#include <utility>
 
 #include "qt/surface/text.h"
 
@@ -27,6 +28,8 @@ FormBinding::FormBinding(QWidget* window, Form& form, UserHand& hand, WindowKind
     refresher_ = follow(form.Changed, this, [this] { refresh(); });
     form.Raised.connect([guard = QPointer<FormBinding>(this)] {
         if (!guard) return;
+        // Whoever shows a form that it has placed means that place.
+        if (std::exchange(guard->isDragged_, false)) guard->placeAgain();
         // What was hidden has to be shown before it can come in front.
         guard->refresher_->refreshNow();
         guard->window_->raise();
@@ -53,8 +56,12 @@ void FormBinding::showSize() {
     }
     if (window_->size() == size) return;
     window_->resize(size);
-    isWaiting_ = window_->size() != size;
+    const bool waited = std::exchange(isWaiting_, window_->size() != size);
+    // While it was too large it stood by its corner.
+    if (waited && !isWaiting_) placeAgain();
 }
+
+void FormBinding::placeAgain() { place_ = {}; }
 
 // Only where the program puts a form; otherwise the window system finds a place. A window of another
 // size than its form keeps the form's lower right corner.
@@ -62,10 +69,12 @@ void FormBinding::showPlace() {
     const QPoint place(form_.Left(), form_.Top());
     if (place == place_ || !window_->isVisible()) return;
     place_ = place;
+    applying_ = true;
     const QSize frame = window_->frameGeometry().size();
     const int right = pixels(form_.Left() + form_.Width());
     const int bottom = pixels(form_.Top() + form_.Height());
     window_->move(std::max(0, right - frame.width()), std::max(0, bottom - frame.height()));
+    applying_ = false;
 }
 
 void FormBinding::showVisibility() {
@@ -91,6 +100,9 @@ bool FormBinding::eventFilter(QObject*, QEvent* event) {
             return kind_.dialog && takesKey(static_cast<QKeyEvent*>(event)->key());
         case QEvent::Resize:
             if (kind_.sized && !applying_) tellSize();
+            return false;
+        case QEvent::Move:
+            if (!applying_ && window_->isVisible()) isDragged_ = true;
             return false;
         case QEvent::LayoutRequest:
             // Panels that went make room for a size that the window couldn't take before.

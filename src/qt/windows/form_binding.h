@@ -30,6 +30,7 @@ class FormBinding : public QObject {
     void showVisibility();
     void showSize();
     void showPlace();
+    void placeAgain();
     void tellSize();
     void tellState();
     bool takesKey(int key);
@@ -38,7 +39,8 @@ class FormBinding : public QObject {
     Form& form_;
     UserHand& hand_;
     WindowKind kind_;
-    QPoint place_;            // twips, as shown last
+    QPoint place_;            // twips, as shown last; none for the window system's own
+    bool isDragged_ = false;  // the user has put it elsewhere since
     bool applying_ = false;   // the form's size is being given to the window
     bool isWaiting_ = false;  // the window could not take it yet
     Refresher* refresher_;
