@@ -75,6 +75,8 @@ class NoInput : public QObject {
   public:
     NoInput() { qApp->installEventFilter(this); }
     bool eventFilter(QObject*, QEvent* event) override {
+        // A box that a check has raised meanwhile must be answered, and is the only one to hear.
+        if (QApplication::activeModalWidget() != nullptr) return false;
         switch (event->type()) {
             case QEvent::MouseButtonPress:
             case QEvent::MouseButtonRelease:
