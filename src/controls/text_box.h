@@ -2,6 +2,7 @@
 // is there: the text is kept in pieces and joined when it is read.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <deque>
 
@@ -28,6 +29,9 @@ class TextBox : public Control {
     /// Number of characters, known without joining.
     std::size_t textLength() const { return length_; }
     bool empty() const { return length_ == 0; }
+    /// Where the caret stands, in characters from the front; within the text.
+    std::size_t SelStart() const { return std::min(caret_, length_); }
+    void setSelStart(std::size_t place) { caret_ = std::min(place, length_); }
     /// Whether `what` occurs in the text. What was put in front last is looked at first, without
     /// joining.
     bool contains(const std::string& what) const;
@@ -59,6 +63,7 @@ class TextBox : public Control {
 
     mutable std::deque<std::string> pieces_;
     std::size_t length_ = 0;
+    std::size_t caret_ = 0;
     bool focused_ = false;
     bool masked_ = false;
 };

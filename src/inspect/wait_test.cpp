@@ -61,6 +61,7 @@ void WaitTest::m_oWatchDir_ChangeDetected(std::int32_t ChangeType) {
     TextBox& log = forms_.frmWaitTest.txChanges;
     log.setText(log.Text() + "Change Logged At: " + Format(now, "hh:mm:ss") + "\r\n" + report +
                 "\r\n");
+    log.setSelStart(log.textLength());
     alerts_.raise(Format(now, "yyyy/mm/dd HH:mm:ss"), "High", report);
     host_.Beep();
     std::uint64_t& reference = forms_.globals.lastFileTime;

@@ -172,5 +172,16 @@ TEST_F(TextBoxTest, AMaskedTextChangesLikeAnyOther) {
     EXPECT_EQ(box.Text(), "x");
 }
 
+TEST_F(TextBoxTest, TheCaretStaysWithinTheText) {
+    box.setText("\u00E4bc");
+    EXPECT_EQ(box.SelStart(), 0u);
+    box.setSelStart(2);
+    EXPECT_EQ(box.SelStart(), 2u);
+    box.setSelStart(9);
+    EXPECT_EQ(box.SelStart(), 3u);
+    box.setText("x");
+    EXPECT_EQ(box.SelStart(), 1u);
+}
+
 }  // namespace
 }  // namespace velmora::tests

@@ -77,5 +77,41 @@ TEST(Globals, BeginAtZero) {
     EXPECT_EQ(totals.dtLast, DateTime{});
 }
 
+TEST(WaitTestForm, HasItsCaptions) {
+    Forms forms;
+    FrmWaitTest& form = forms.frmWaitTest;
+    EXPECT_EQ(form.Name(), "frmWaitTest");
+    EXPECT_EQ(form.Caption(), "Watch Directory For Changes");
+    EXPECT_EQ(form.cmdSelectDir.Caption(), "Select Directory To Watch...");
+    EXPECT_EQ(form.cmdStartWatch.Caption(), "Start Watching Dir");
+    EXPECT_EQ(form.cmdStopWatch.Caption(), "Stop Watching Dir");
+    EXPECT_NE(form.find("lblWatchPath"), nullptr);
+    EXPECT_NE(form.find("txChanges"), nullptr);
+    EXPECT_FALSE(form.Visible());
+}
+
+TEST(AlertDialogForm, HasItsCaptions) {
+    Forms forms;
+    DlgAlert& form = forms.dlgAlert;
+    EXPECT_EQ(form.Caption(), "Alert Window - Velmora ");
+    EXPECT_EQ(form.frmCurAlert.Caption(), "Current Alerts");
+    EXPECT_EQ(form.Label4.Caption(),
+              "It is recommended you free up some space as a preemptive action to prevent the free "
+              "space from reaching zero.  To see options, press Action.");
+    const char* const options[] = {"Sorbane", "Compress F", "Emp. Recyc", "Del. File(s)",
+                                   "Move File(s)"};
+    const char* const buttons[] = {"OK", "Clear", "Explorer", "Wizard", "Action"};
+    for (std::size_t i = 0; i < 5; ++i) {
+        EXPECT_EQ(form.lblAct[i].Caption(), options[i]);
+        EXPECT_EQ(form.lblAct[i].Index(), static_cast<int>(i));
+        EXPECT_EQ(form.lblAl[i].Caption(), buttons[i]);
+        EXPECT_EQ(form.lblAl[i].Index(), static_cast<int>(i));
+    }
+    EXPECT_EQ(form.fraAct.Caption(), "Action Options");
+    EXPECT_EQ(form.chkAutoHide.Caption(), "Auto Hide ");
+    EXPECT_EQ(form.chkLog.Caption(), "Translucent");
+    EXPECT_EQ(form.Timer1.Interval(), 9000);
+}
+
 }  // namespace
 }  // namespace velmora::tests

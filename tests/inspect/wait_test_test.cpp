@@ -22,6 +22,7 @@ std::string block(const std::string& word, const std::string& name) {
 // A report as it stands in the form and in the alert.
 void expectReport(WaitRig& rig, const std::string& report) {
     EXPECT_EQ(rig.form.txChanges.Text(), logged + report + "\r\n");
+    EXPECT_EQ(rig.form.txChanges.SelStart(), rig.form.txChanges.textLength());
     EXPECT_EQ(rig.alerts.texts, Texts{stamped + report});
     EXPECT_EQ(rig.host.beeps, 1);
 }
