@@ -298,5 +298,15 @@ TEST(ChangedNames, ABigFolderIsComparedInTimeThatGrowsWithItAlone) {
     EXPECT_LT(seconds(64000), 32 * small * 12);
 }
 
+TEST(ChangedNames, APathWithABackSlashBehindIsNotDoubled) {
+    WaitRig rig;
+    rig.add("a.txt");
+    rig.snapshot();
+    rig.add("b.txt");
+    rig.machine.log.clear();
+    EXPECT_EQ(rig.waitTest.fFindChangedNames("C:\\data\\", 1), line("b.txt"));
+    EXPECT_EQ(rig.machine.log.countOf("FindFirstFileA C:\\data\\*.*"), 1);
+}
+
 }  // namespace
 }  // namespace velmora::tests

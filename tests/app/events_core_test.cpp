@@ -1,0 +1,82 @@
+// Events, actions and the log in the wired program.
+#include <gtest/gtest.h>
+
+#include "app/core.h"
+#include "fake/fake_machine.h"
+#include "fake/fake_surface.h"
+#include "persist/scramble.h"
+
+namespace velmora {
+namespace {
+
+struct WiredEvents : testing::Test {
+    WiredEvents() {
+        machine.drives["C:"] = {50e9, 100e9};
+        machine.files["C:\\Program Files\\Velmora\\set.dat"] = prcEn("txtTime=60\r\n") + "\r\n";
+        core.load();
+        forms.form1.ListView1.userTick(1, true);
+        forms.form1.DTPInterval.setMinute(0);
+    }
+    void check() { forms.form1.Timer1.Tick(); }
+    std::vector<std::string> alerts() {
+        std::vector<std::string> texts;
+        ListView& list = forms.form1.LVAlert;
+        for (int i = list.Count(); i >= 1; --i) texts.push_back(list.ListItems(i).SubItems(2));
+        return texts;
+    }
+
+    fake::FakeMachine machine;
+    fake::FakeSurface surface;
+    Forms forms;
+    Core core{forms, machine.platform(), surface.all()};
+};
+
+TEST_F(WiredEvents, FreeSpaceThatStandsStillIsTold) {
+    forms.form1.lstEvt.userTick(evt::stagnancy, true);
+    forms.form1.lstAct.userTick(act::alert, true);
+    check();
+    check();
+    // 50,000,000,000 bytes.
+    const std::string text = "Free space stagnancy in: C:\\ at size 48,828,125 KB\r\n.\r\n";
+    ASSERT_FALSE(alerts().empty());
+    EXPECT_EQ(alerts().front(), text);
+    EXPECT_TRUE(forms.form1.txtAlert.contains(text));
+    EXPECT_TRUE(forms.dlgAlert.Label1.contains(text));
+    EXPECT_TRUE(forms.dlgAlert.Visible());
+}
+
+TEST_F(WiredEvents, ADriveThatWentAwayIsToldOnce) {
+    forms.form1.lstEvt.setSelected(evt::unavailable, true);
+    // Measured once before, by the start.
+    forms.form1.ListView1.ListItems(1).setSubTag(1, "48,828,125");
+    machine.drives["C:"].ready = false;
+    check();
+    check();
+    EXPECT_EQ(alerts(), std::vector<std::string>{"Drive Became Unavailable: C:\\"});
+}
+
+TEST_F(WiredEvents, ANewFileIsFoundByTheScan) {
+    forms.form1.lstEvt.userTick(evt::modification, true);
+    check();
+    ASSERT_TRUE(alerts().empty());
+    machine.advance(1000);
+    machine.files["C:\\new.txt"] = "x";
+    const std::uint64_t now = machine.platform().clock.GetSystemTimeAsFileTime();
+    machine.times["C:\\new.txt"] = {now, now, now};
+    check();
+    EXPECT_EQ(alerts(), std::vector<std::string>{
+                            "Files modified: Change Type: Last Write\r\n  C:\\new.txt\r\n"});
+}
+
+TEST_F(WiredEvents, TheShortageReachesTheLogFile) {
+    forms.form1.chkAutoSave.setValue(1);
+    forms.form1.txtSpace.setText("99999999");
+    check();
+    const std::string& log = machine.files["C:\\Program Files\\Velmora\\log.dat"];
+    EXPECT_EQ(log,
+              "03/14/26 15:09:26 - ALERT: Space Shortage < 99999999 KB Drive: C:[48,828,125 KB]\r\n"
+              " . \r\n\r\n");
+}
+
+}  // namespace
+}  // namespace velmora
