@@ -13,15 +13,17 @@ SoundButtons::SoundButtons(Forms& forms, Platform& platform, Host& host, SystemA
         form1.cmdAudio[i].Click.connect([this, i] { cmdAudio_Click(i); });
     }
     form1.cmdSnd.Click.connect([this] { cmdSnd_Click(); });
-    // A system that doesn't know its own folder must not keep the program from starting.
-    resumeNext([this] { setDefaults(); });
 }
 
 void SoundButtons::setDefaults() {
-    const std::string chime = platform_.kernel32.GetWindowsDirectoryA() + "\\media\\chimes.wav";
-    for (TextBox& sound : forms_.form1.txtAudio) {
-        if (sound.empty()) sound.setText(chime);
-    }
+    // A system that doesn't know its own folder must not keep the program from starting.
+    resumeNext([this] {
+        const std::string chime =
+            platform_.kernel32.GetWindowsDirectoryA() + "\\media\\chimes.wav";
+        for (TextBox& sound : forms_.form1.txtAudio) {
+            if (sound.empty()) sound.setText(chime);
+        }
+    });
 }
 
 // Blanks around the path are no part of it, neither when it is looked for nor when it is played.

@@ -13,12 +13,14 @@ namespace velmora {
 
 class SoundButtons {
   public:
-    /// Connects cmdPlay, cmdAudio and cmdSnd, and gives a sound that isn't chosen yet its default:
-    /// the system's own chime.
+    /// Connects cmdPlay, cmdAudio and cmdSnd.
     SoundButtons(Forms& forms, Platform& platform, Host& host, SystemActions& actions);
     SoundButtons(const SoundButtons&) = delete;
     SoundButtons& operator=(const SoundButtons&) = delete;
 
+    /// Gives a sound that isn't chosen yet its default, the system's own chime; nothing on a system
+    /// that can't tell its folder.
+    void setDefaults();
     /// Plays the sound of that place, 0 or 1, to its end; a box when its file isn't there.
     void cmdPlay_Click(std::size_t index);
     /// Lets the user choose it. A box for a file that isn't there; nothing when dismissed.
@@ -27,7 +29,6 @@ class SoundButtons {
     void cmdSnd_Click();
 
   private:
-    void setDefaults();
     void tellMissing(const std::string& file);
 
     Forms& forms_;

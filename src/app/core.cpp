@@ -59,6 +59,7 @@ Core::Core(Forms& forms, Platform& platform, Surface surface)
 
 void Core::load() {
     lifeCycle_.Form_Load();
+    soundButtons_.setDefaults();
     // The rules are for the hand. Ticks that come back from the settings were taken once already,
     // and a start must not wait for an answer.
     actionListRules_.emplace(forms_, host_);

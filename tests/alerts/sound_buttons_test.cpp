@@ -23,6 +23,8 @@ struct SoundButtonsTest : testing::Test {
 };
 
 TEST_F(SoundButtonsTest, BothSoundsAreTheSystemsChimeUntilOthersAreChosen) {
+    EXPECT_EQ(machine.log.count(), 0);
+    buttons.setDefaults();
     for (const TextBox& sound : form1.txtAudio) {
         EXPECT_EQ(sound.Text(), "C:\\Windows\\media\\chimes.wav");
     }
@@ -35,14 +37,16 @@ TEST(SoundDefaults, ChosenSoundsStayAndAFailureLeavesThemEmpty) {
     Forms chosen;
     chosen.form1.txtAudio[1].setText("D:\\mine.wav");
     SystemActions chosenActions{chosen, machine.platform(), user32};
-    const SoundButtons first{chosen, machine.platform(), host, chosenActions};
+    SoundButtons first{chosen, machine.platform(), host, chosenActions};
+    first.setDefaults();
     EXPECT_EQ(chosen.form1.txtAudio[0].Text(), "C:\\Windows\\media\\chimes.wav");
     EXPECT_EQ(chosen.form1.txtAudio[1].Text(), "D:\\mine.wav");
 
     Forms failing;
     SystemActions failingActions{failing, machine.platform(), user32};
+    SoundButtons second{failing, machine.platform(), host, failingActions};
     machine.log.failCall(1, error::deviceIo);
-    const SoundButtons second{failing, machine.platform(), host, failingActions};
+    second.setDefaults();
     EXPECT_EQ(failing.form1.txtAudio[0].Text(), "");
 }
 

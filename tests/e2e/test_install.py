@@ -46,6 +46,10 @@ class Installed:
         self.addCleanup(program.close)
         self.assertEqual(program.end(), 0)
 
+    def test_the_alert_sound_lies_beside_the_programs(self):
+        sound = (self.folder / "sound" / "alert.WAV").read_bytes()
+        self.assertEqual((sound[:4], sound[8:12]), (b"RIFF", b"WAVE"))
+
     def test_settings_that_somebody_has_saved_survive_the_next_installation(self):
         (self.folder / "set.dat").write_bytes(b"saved")
         self.install()
