@@ -89,6 +89,29 @@ TEST_F(ManualDeleteTest, AFolderOfEmptyFilesStays) {
     expectReported("- No Folder Found or No Content in Folder: C:\\data\\old");
 }
 
+TEST_F(ManualDeleteTest, AWholeDriveIsRefusedBeforeItIsLookedThrough) {
+    file("C:\\a");
+    row("C:\\", true);
+    const auto before = disk();
+    remove();
+    EXPECT_EQ(disk(), before);
+    EXPECT_EQ(machine.log.calls(),
+              (Texts{"FileExists C:\\", "FolderExists C:\\", "GetFolder C:\\"}));
+    EXPECT_EQ(list.Count(), 0);
+    expectReported("- File access error (Listing Removed): C:\\");
+}
+
+TEST_F(ManualDeleteTest, AWholeShareIsRefusedToo) {
+    machine.drives["\\\\host\\share"] = {1e9, 2e9};
+    file("\\\\host\\share\\a");
+    row("\\\\host\\share", true);
+    remove();
+    EXPECT_EQ(machine.files.size(), 1u);
+    EXPECT_EQ(machine.log.countOf("Size"), 0);
+    EXPECT_EQ(machine.log.countOf("Delete"), 0);
+    expectReported("- File access error (Listing Removed): \\\\host\\share");
+}
+
 TEST_F(ManualDeleteTest, APathThatIsNeitherIsReportedAndItsRowRemoved) {
     row("C:\\gone.txt", true);
     remove();
