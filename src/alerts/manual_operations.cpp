@@ -37,16 +37,28 @@ std::optional<ManualOperations::Subject> ManualOperations::subjectAt(int index) 
     return Subject{&row, index, row.Tag()};
 }
 
+std::vector<ManualOperations::Subject> ManualOperations::subjectsFromLast() {
+    std::vector<Subject> all;
+    all.reserve(static_cast<std::size_t>(list_.Count()));
+    for (int i = list_.Count(); i >= 1; --i) all.push_back(*subjectAt(i));
+    return all;
+}
+
 // Nearly always the row stands where it stood.
-void ManualOperations::removeRow(const Subject& subject) {
+int ManualOperations::placeOf(const Subject& subject) {
     const auto isAt = [&](int index) {
         return index <= list_.Count() && &list_.ListItems(index) == subject.row &&
                list_.ListItems(index).Tag() == subject.tag;
     };
-    if (isAt(subject.index)) return list_.Remove(subject.index);
+    if (isAt(subject.index)) return subject.index;
     for (int i = 1; i <= list_.Count(); ++i) {
-        if (isAt(i)) return list_.Remove(i);
+        if (isAt(i)) return i;
     }
+    return 0;
+}
+
+void ManualOperations::removeRow(const Subject& subject) {
+    if (const int place = placeOf(subject); place > 0) list_.Remove(place);
 }
 
 void ManualOperations::say(const std::string& text) {

@@ -224,6 +224,32 @@ TEST_F(ManualMoveTest, AllGoesFromTheLastRowToTheFirst) {
                              entry("- Moved File: C:\\c"));
 }
 
+TEST_F(ManualMoveTest, ARowThatGoesDuringTheRunOfAllLeavesTheOthersTheirTurn) {
+    for (const char* tag : {"C:\\a", "C:\\b", "C:\\c"}) listedFile(tag);
+    host.answers = {BoxAnswer::yes, BoxAnswer::yes, BoxAnswer::yes};
+    host.onBox = [this](const Box&) {
+        if (list.Count() == 3) list.Remove(1);
+    };
+    form1.cmdMoveAll.userClick();
+    EXPECT_EQ(machine.moved, (std::vector<std::pair<std::string, std::string>>{
+                                 {"C:\\c", "E:\\spare\\c"}, {"C:\\b", "E:\\spare\\b"}}));
+    EXPECT_EQ(said(), Texts(2, moveQuestion));
+    EXPECT_EQ(list.Count(), 0);
+}
+
+TEST_F(ManualMoveTest, ARowThatStaysIsAskedAboutOnceThoughOthersGo) {
+    for (const char* tag : {"C:\\a", "C:\\b"}) listedFile(tag);
+    row("C:\\gone");
+    host.answers = {BoxAnswer::yes, BoxAnswer::yes, BoxAnswer::yes};
+    host.onBox = [this](const Box&) {
+        if (list.Count() == 3) list.Remove(1);
+    };
+    form1.cmdMoveAll.userClick();
+    EXPECT_EQ(said(), Texts(2, moveQuestion));
+    EXPECT_EQ(tags(), Texts{"C:\\gone"});
+    EXPECT_EQ(machine.moved.size(), 1u);
+}
+
 TEST_F(ManualMoveTest, AllGoesOnBehindAMissingFileAndACancelledBrowser) {
     listedFile("C:\\a");
     row("C:\\gone");
