@@ -61,10 +61,10 @@ void ManualOperations::cmdDeleteAll_Click() {
                       .buttons = BoxButtons::yesNoCancel,
                       .title = "RecycleBin"});
     if (answer != BoxAnswer::yes && answer != BoxAnswer::no) return;
-    for (int i = list_.Count(); i >= 1; --i) {
-        // Rows may have gone while a box stood.
-        const auto subject = subjectAt(i);
-        if (subject && !deleteListed(*subject, answer == BoxAnswer::yes)) return;
+    for (Subject& subject : subjectsFromLast()) {
+        // Rows may have gone while a box stood. What is listed no more is not deleted.
+        subject.index = placeOf(subject);
+        if (subject.index > 0 && !deleteListed(subject, answer == BoxAnswer::yes)) return;
     }
 }
 

@@ -341,6 +341,19 @@ TEST_F(RefusedDeletion, NoEndsTheRun) {
     EXPECT_EQ(alertRows(), (Texts{highAlert(), mediumAlert("- Deleted File: C:\\c")}));
 }
 
+TEST_F(ManualDeleteTest, ARefusedFileIsAskedAboutOnceThoughOtherRowsGoMeanwhile) {
+    for (const char* tag : {"C:\\a", "C:\\b", "C:\\c"}) listedFile(tag);
+    machine.lockedFiles["C:\\c"] = error::permissionDenied;
+    host.onBox = [this](const Box& box) {
+        if (box.text != binQuestion) list.Remove(1);
+    };
+    removeAll({BoxAnswer::no, BoxAnswer::yes, BoxAnswer::yes});
+    EXPECT_EQ(said().size(), 2u);  // how, and whether to skip
+    EXPECT_EQ(machine.files,
+              (std::map<std::string, std::string>{{"C:\\a", "xxx"}, {"C:\\c", "xxx"}}));
+    EXPECT_EQ(tags(), Texts{"C:\\c"});
+}
+
 TEST_F(ManualDeleteTest, AnotherErrorEndsTheRunOfAllAndIsTold) {
     for (const char* tag : {"C:\\a", "C:\\b"}) listedFile(tag);
     machine.lockedFiles["C:\\b"] = error::pathFileAccess;
