@@ -138,13 +138,45 @@ TEST_F(ManualDeleteTest, TheRowGoesBeforeTheReport) {
 
 TEST_F(ManualDeleteTest, ATextThatTheDialogHoldsIsNotToldAgainButTheTickRuns) {
     listedFile("C:\\a.txt", true);
-    forms.dlgAlert.Label1.setText("- Deleted File: C:\\a.txt");
+    forms.dlgAlert.Label1.setText("before " + entry("- Deleted File: C:\\a.txt"));
     remove();
     EXPECT_EQ(machine.files.size(), 0u);
     EXPECT_TRUE(alertRows().empty());
     EXPECT_EQ(journal(), "");
     EXPECT_EQ(order.back(), "tick");
     EXPECT_EQ(count("dialog shown"), 0);
+}
+
+TEST_F(ManualDeleteTest, APathThatBeginsOneToldBeforeIsToldToo) {
+    listedFile("C:\\a", true);
+    listedFile("C:\\a.txt", true);
+    list.userSelect({2});
+    remove();
+    list.userSelect({1});
+    remove();
+    EXPECT_EQ(alertRows(), (Texts{mediumAlert("- Deleted File: C:\\a"),
+                                  mediumAlert("- Deleted File: C:\\a.txt")}));
+    EXPECT_EQ(journal(), entry("- Deleted File: C:\\a") + entry("- Deleted File: C:\\a.txt"));
+    EXPECT_EQ(dialogText(), journal());
+    EXPECT_EQ(count("dialog shown"), 2);
+}
+
+TEST_F(ManualDeleteTest, TheSamePathIsToldAgainASecondLaterButNotInTheSameSecond) {
+    const auto deleteOnce = [this] {
+        listedFile("C:\\a", true);
+        remove();
+    };
+    deleteOnce();
+    deleteOnce();
+    EXPECT_EQ(machine.log.countOf("remove C:\\a"), 2);
+    EXPECT_EQ(journal(), entry("- Deleted File: C:\\a"));
+    machine.advance(1000);
+    deleteOnce();
+    EXPECT_EQ(alertRows(), Texts(2, mediumAlert("- Deleted File: C:\\a")));
+    EXPECT_EQ(journal(), "03/14/26 15:09:27- Deleted File: C:\\a\r\n . \r\n" +
+                             entry("- Deleted File: C:\\a"));
+    EXPECT_EQ(dialogText(), journal());
+    EXPECT_EQ(count("dialog shown"), 2);
 }
 
 TEST_F(ManualDeleteTest, AnAccessErrorOnAFileRemovesTheListing) {

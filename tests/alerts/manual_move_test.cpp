@@ -159,14 +159,35 @@ TEST_F(ManualMoveTest, AFailureIsToldAndTheRowGoesAllTheSame) {
 
 TEST_F(ManualMoveTest, ATextThatTheDialogHoldsIsNotToldAgain) {
     listedFile("C:\\a.txt", true);
-    forms.dlgAlert.Label1.setText("before - Moved File: C:\\a.txt behind");
+    const std::string held = "before " + entry("- Moved File: C:\\a.txt") + "behind";
+    forms.dlgAlert.Label1.setText(held);
     move();
     EXPECT_EQ(machine.moved.size(), 1u);
     EXPECT_TRUE(alertRows().empty());
     EXPECT_EQ(journal(), "");
-    EXPECT_EQ(dialogText(), "before - Moved File: C:\\a.txt behind");
+    EXPECT_EQ(dialogText(), held);
     EXPECT_EQ(count("dialog shown"), 0);
     EXPECT_EQ(list.Count(), 0);
+}
+
+TEST_F(ManualMoveTest, APathThatBeginsOneToldBeforeIsToldToo) {
+    listedFile("C:\\a.txt", true);
+    move();
+    listedFile("C:\\a", true);
+    move();
+    EXPECT_EQ(alertRows(), (Texts{mediumAlert("- Moved File: C:\\a"),
+                                  mediumAlert("- Moved File: C:\\a.txt")}));
+    EXPECT_EQ(dialogText(), entry("- Moved File: C:\\a") + entry("- Moved File: C:\\a.txt"));
+    EXPECT_EQ(journal(), dialogText());
+}
+
+TEST_F(ManualMoveTest, ATextWithAnotherStampIsToldAgain) {
+    listedFile("C:\\a.txt", true);
+    forms.dlgAlert.Label1.setText("03/14/26 15:09:25- Moved File: C:\\a.txt\r\n . \r\n");
+    move();
+    EXPECT_EQ(alertRows(), Texts{mediumAlert("- Moved File: C:\\a.txt")});
+    EXPECT_EQ(journal(), entry("- Moved File: C:\\a.txt"));
+    EXPECT_EQ(count("dialog shown"), 1);
 }
 
 TEST_F(ManualMoveTest, TheConfirmationSettingChangesNothing) {
