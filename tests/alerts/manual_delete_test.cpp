@@ -119,6 +119,28 @@ TEST_F(ManualDeleteTest, APathThatIsNeitherIsReportedAndItsRowRemoved) {
     expectReported("- No Folder Found or No Content in Folder: C:\\gone.txt");
 }
 
+TEST_F(ManualDeleteTest, ARowWithoutAPathIsReportedAndRemoved) {
+    fullFolder("C:\\data\\old");
+    row("", true);
+    const auto before = disk();
+    remove();
+    EXPECT_EQ(disk(), before);
+    EXPECT_EQ(list.Count(), 0);
+    expectReported("- No Folder Found or No Content in Folder: ");
+    EXPECT_TRUE(host.boxes.empty());
+}
+
+TEST_F(ManualDeleteTest, OfSeveralSelectedRowsOnlyTheFirstGoes) {
+    listedFile("C:\\a");
+    listedFile("C:\\b", true);
+    listedFile("C:\\c", true);
+    remove();
+    EXPECT_EQ(tags(), (Texts{"C:\\a", "C:\\c"}));
+    EXPECT_EQ(machine.files,
+              (std::map<std::string, std::string>{{"C:\\a", "xxx"}, {"C:\\c", "xxx"}}));
+    expectReported("- Deleted File: C:\\b");
+}
+
 TEST_F(ManualDeleteTest, AnEmptyListAndNoSelectionAreTold) {
     remove();
     listedFile("C:\\a.txt");

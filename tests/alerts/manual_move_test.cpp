@@ -67,6 +67,17 @@ TEST_F(ManualMoveTest, YesMovesTheSelectedFileAndTellsEverywhere) {
     EXPECT_FALSE(forms.sysWorkSystray.tmrSystray.Enabled());
 }
 
+TEST_F(ManualMoveTest, OfSeveralSelectedRowsOnlyTheFirstMoves) {
+    listedFile("C:\\a");
+    listedFile("C:\\b", true);
+    listedFile("C:\\c", true);
+    move();
+    EXPECT_EQ(machine.moved, (std::vector<std::pair<std::string, std::string>>{
+                                 {"C:\\b", "E:\\spare\\b"}}));
+    EXPECT_EQ(tags(), (Texts{"C:\\a", "C:\\c"}));
+    EXPECT_EQ(said(), Texts{moveQuestion});
+}
+
 TEST_F(ManualMoveTest, TheRowGoesAfterTheReport) {
     listedFile("C:\\a", true);
     int listedAtAlert = -1;
