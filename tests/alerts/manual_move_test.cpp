@@ -102,7 +102,10 @@ TEST_F(ManualMoveTest, NoGoesByTheFolderBrowserOnceTheWindowStaysOnTopAgain) {
     move({BoxAnswer::no});
     EXPECT_EQ(host.dialogs, Texts{"Select Folder/Path"});
     EXPECT_EQ(machine.moved[0].second, "E:\\other\\a.txt");
-    EXPECT_EQ(order[2], "restore");
+    EXPECT_EQ(order, (Texts{"drop", "box: " + moveQuestion, "restore",
+                            "browse: Select Folder/Path", "FolderExists E:\\other\\",
+                            "FileExists C:\\a.txt", "MoveFileA C:\\a.txt > E:\\other\\a.txt",
+                            "dialog shown"}));
     EXPECT_EQ(form1.txtDrive.Text(), "E:\\spare\\");
 }
 
@@ -125,7 +128,8 @@ TEST_F(ManualMoveTest, NoAndACancelledBrowserMoveNothingAndRaiseNoAlert) {
     move({BoxAnswer::no});
     EXPECT_EQ(host.dialogs, Texts{"Select Folder/Path"});
     EXPECT_EQ(tags(), Texts{"C:\\a.txt"});
-    EXPECT_EQ(order, (Texts{"drop", "box: " + moveQuestion, "restore"}));
+    EXPECT_EQ(order, (Texts{"drop", "box: " + moveQuestion, "restore",
+                            "browse: Select Folder/Path"}));
     expectNothingMoved();
 }
 
