@@ -90,7 +90,8 @@ TEST_F(OperationsCoreTest, ADeletionWhileACheckYieldsEndsTheCheckAndTouchesNothi
     };
     tickUntilCheck();
     // The tick behind the deletion waits, and what every tick does at its end stops the check.
-    EXPECT_EQ(host.yields, 1);
+    EXPECT_EQ(forms.globals.lngTimesChecked, 1);
+    EXPECT_FALSE(secondPanelShowed("Checking: D:\\"));
     ASSERT_GE(secondPanel.size(), 2u);
     EXPECT_EQ(secondPanel[secondPanel.size() - 2], "Ready (e1): ");
     EXPECT_EQ(secondPanel.back().substr(0, 9), "Checked: ");
