@@ -1,7 +1,7 @@
 #include "alerts/delete_action.h"
 
+#include "alerts/listed_folder.h"
 #include "base/format_number.h"
-#include "base/runtime_error.h"
 #include "base/text.h"
 
 namespace velmora {
@@ -54,9 +54,7 @@ bool DeleteAction::isOfRow(const std::string& path, const Shortage& shortage,
 void DeleteAction::deleteFolder(Shortage& shortage, int place) {
     ListView& files = parts_.forms.form1.LVFile;
     const std::string tag = files.ListItems(place).Tag();
-    const auto folder = parts_.platform.fso.GetFolder(tag);
-    // A whole drive is no folder to free space with, however it came into the list.
-    if (folder->ParentFolder().empty()) throw RuntimeError(error::permissionDenied);
+    const auto folder = folderToDelete(parts_.platform.fso, tag);
     const double size = folder->Size();
     std::string& strAlert = shortage.strAlert;
     if (size > 0 && folder->FilesCount() > 0) {

@@ -1,5 +1,6 @@
 // Deleting the specified files by hand.
 #include "alerts/file_list.h"
+#include "alerts/listed_folder.h"
 #include "alerts/listed_rows.h"
 #include "alerts/manual_operations.h"
 #include "base/runtime_error.h"
@@ -40,7 +41,7 @@ std::string ManualOperations::remove(const std::string& tag) {
         return "- Deleted File: " + tag;
     }
     if (platform_.fso.FolderExists(tag)) {
-        const auto folder = platform_.fso.GetFolder(tag);
+        const auto folder = folderToDelete(platform_.fso, tag);
         const double bytes = folder->Size();
         if (bytes > 0 && folder->FilesCount() > 0) {
             folder->Delete(true);
@@ -60,10 +61,10 @@ void ManualOperations::cmdDeleteAll_Click() {
                       .buttons = BoxButtons::yesNoCancel,
                       .title = "RecycleBin"});
     if (answer != BoxAnswer::yes && answer != BoxAnswer::no) return;
-    for (int i = list_.Count(); i >= 1; --i) {
-        // Rows may have gone while a box stood.
-        const auto subject = subjectAt(i);
-        if (subject && !deleteListed(*subject, answer == BoxAnswer::yes)) return;
+    for (Subject& subject : subjectsFromLast()) {
+        // Rows may have gone while a box stood. What is listed no more is not deleted.
+        subject.index = placeOf(subject);
+        if (subject.index > 0 && !deleteListed(subject, answer == BoxAnswer::yes)) return;
     }
 }
 

@@ -9,9 +9,12 @@ void ManualOperations::cmdMoveAll_Click() {
     if (list_.Count() == 0) return say("No item listed.");
     try {
         for (int i = 1; i <= list_.Count(); ++i) list_.ListItems(i).setSelected(false);
-        for (int i = list_.Count(); i >= 1; --i) {
-            selectOnly(i);
-            moveSelected(i);
+        // Rows may go while a box stands: the others keep their turn, and each has one only.
+        for (const Subject& subject : subjectsFromLast()) {
+            const int place = placeOf(subject);
+            if (place == 0) continue;
+            selectOnly(place);
+            moveSelected(place);
         }
     } catch (const std::exception&) {
         say("Unable to move all.  A file may be invalid.");

@@ -1,5 +1,7 @@
 #include "alerts/manual_operations.h"
 
+#include <algorithm>
+
 #include "alerts/alert_time.h"
 #include "base/resume_next.h"
 #include "base/runtime_error.h"
@@ -37,16 +39,31 @@ std::optional<ManualOperations::Subject> ManualOperations::subjectAt(int index) 
     return Subject{&row, index, row.Tag()};
 }
 
+std::vector<ManualOperations::Subject> ManualOperations::subjectsFromLast() {
+    std::vector<Subject> all;
+    all.reserve(static_cast<std::size_t>(list_.Count()));
+    for (int i = list_.Count(); i >= 1; --i) all.push_back(*subjectAt(i));
+    return all;
+}
+
 // Nearly always the row stands where it stood.
-void ManualOperations::removeRow(const Subject& subject) {
+int ManualOperations::placeOf(const Subject& subject) {
     const auto isAt = [&](int index) {
         return index <= list_.Count() && &list_.ListItems(index) == subject.row &&
                list_.ListItems(index).Tag() == subject.tag;
     };
-    if (isAt(subject.index)) return list_.Remove(subject.index);
-    for (int i = 1; i <= list_.Count(); ++i) {
-        if (isAt(i)) return list_.Remove(i);
+    // Rows that went let it move up.
+    for (int i = std::min(subject.index, list_.Count()); i >= 1; --i) {
+        if (isAt(i)) return i;
     }
+    for (int i = subject.index + 1; i <= list_.Count(); ++i) {
+        if (isAt(i)) return i;
+    }
+    return 0;
+}
+
+void ManualOperations::removeRow(const Subject& subject) {
+    if (const int place = placeOf(subject); place > 0) list_.Remove(place);
 }
 
 void ManualOperations::say(const std::string& text) {
@@ -66,14 +83,15 @@ void ManualOperations::raise(const char* rating, const std::string& text) {
     });
 }
 
-// A text that the dialog already shows isn't told again.
+// What the dialog already shows isn't told again. Stamp and line end belong to it: another path
+// may begin with this one, and the same path may come back later.
 void ManualOperations::report(const std::string& text) {
     TextBox& dialogText = forms_.dlgAlert.Label1;
-    if (dialogText.contains(text)) return;
-    raise(rating::medium, text);
     const std::string end(lineEnd);
-    const std::string entry =
-        alert_time::dateAndTime(platform_.clock.Now()) + text + end + " . " + end;
+    const std::string line = alert_time::dateAndTime(platform_.clock.Now()) + text + end;
+    if (dialogText.contains(line)) return;
+    raise(rating::medium, text);
+    const std::string entry = line + " . " + end;
     form1_.txtAlert.prepend(entry);
     dialogText.prepend(entry);
     ports_.alertDialog.show();

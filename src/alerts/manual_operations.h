@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "alerts/alert_list.h"
 #include "alerts/ports.h"
@@ -53,6 +54,10 @@ class ManualOperations {
         std::string tag;
     };
     std::optional<Subject> subjectAt(int index);
+    /// All rows, from the last to the first: what a run through the list has before it.
+    std::vector<Subject> subjectsFromLast();
+    /// Where the row stands now; 0 when it is gone.
+    int placeOf(const Subject& subject);
     void removeRow(const Subject& subject);
 
     void moveSelected(int expected);

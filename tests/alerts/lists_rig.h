@@ -80,6 +80,7 @@ struct ListsRig {
         form1.txtDrive.setText("E:\\spare\\");
         machine.onCall = [this](const std::string& call) { order.push_back(call); };
         host.onBox = [this](const Box& box) { order.push_back("box: " + box.text); };
+        host.onDialog = [this](const std::string& title) { order.push_back("browse: " + title); };
     }
 
     AlertPorts ports() {

@@ -89,11 +89,56 @@ TEST_F(ManualDeleteTest, AFolderOfEmptyFilesStays) {
     expectReported("- No Folder Found or No Content in Folder: C:\\data\\old");
 }
 
+TEST_F(ManualDeleteTest, AWholeDriveIsRefusedBeforeItIsLookedThrough) {
+    file("C:\\a");
+    row("C:\\", true);
+    const auto before = disk();
+    remove();
+    EXPECT_EQ(disk(), before);
+    EXPECT_EQ(machine.log.calls(),
+              (Texts{"FileExists C:\\", "FolderExists C:\\", "GetFolder C:\\"}));
+    EXPECT_EQ(list.Count(), 0);
+    expectReported("- File access error (Listing Removed): C:\\");
+}
+
+TEST_F(ManualDeleteTest, AWholeShareIsRefusedToo) {
+    machine.drives["\\\\host\\share"] = {1e9, 2e9};
+    file("\\\\host\\share\\a");
+    row("\\\\host\\share", true);
+    remove();
+    EXPECT_EQ(machine.files.size(), 1u);
+    EXPECT_EQ(machine.log.countOf("Size"), 0);
+    EXPECT_EQ(machine.log.countOf("Delete"), 0);
+    expectReported("- File access error (Listing Removed): \\\\host\\share");
+}
+
 TEST_F(ManualDeleteTest, APathThatIsNeitherIsReportedAndItsRowRemoved) {
     row("C:\\gone.txt", true);
     remove();
     EXPECT_EQ(list.Count(), 0);
     expectReported("- No Folder Found or No Content in Folder: C:\\gone.txt");
+}
+
+TEST_F(ManualDeleteTest, ARowWithoutAPathIsReportedAndRemoved) {
+    fullFolder("C:\\data\\old");
+    row("", true);
+    const auto before = disk();
+    remove();
+    EXPECT_EQ(disk(), before);
+    EXPECT_EQ(list.Count(), 0);
+    expectReported("- No Folder Found or No Content in Folder: ");
+    EXPECT_TRUE(host.boxes.empty());
+}
+
+TEST_F(ManualDeleteTest, OfSeveralSelectedRowsOnlyTheFirstGoes) {
+    listedFile("C:\\a");
+    listedFile("C:\\b", true);
+    listedFile("C:\\c", true);
+    remove();
+    EXPECT_EQ(tags(), (Texts{"C:\\a", "C:\\c"}));
+    EXPECT_EQ(machine.files,
+              (std::map<std::string, std::string>{{"C:\\a", "xxx"}, {"C:\\c", "xxx"}}));
+    expectReported("- Deleted File: C:\\b");
 }
 
 TEST_F(ManualDeleteTest, AnEmptyListAndNoSelectionAreTold) {
@@ -115,13 +160,45 @@ TEST_F(ManualDeleteTest, TheRowGoesBeforeTheReport) {
 
 TEST_F(ManualDeleteTest, ATextThatTheDialogHoldsIsNotToldAgainButTheTickRuns) {
     listedFile("C:\\a.txt", true);
-    forms.dlgAlert.Label1.setText("- Deleted File: C:\\a.txt");
+    forms.dlgAlert.Label1.setText("before " + entry("- Deleted File: C:\\a.txt"));
     remove();
     EXPECT_EQ(machine.files.size(), 0u);
     EXPECT_TRUE(alertRows().empty());
     EXPECT_EQ(journal(), "");
     EXPECT_EQ(order.back(), "tick");
     EXPECT_EQ(count("dialog shown"), 0);
+}
+
+TEST_F(ManualDeleteTest, APathThatBeginsOneToldBeforeIsToldToo) {
+    listedFile("C:\\a", true);
+    listedFile("C:\\a.txt", true);
+    list.userSelect({2});
+    remove();
+    list.userSelect({1});
+    remove();
+    EXPECT_EQ(alertRows(), (Texts{mediumAlert("- Deleted File: C:\\a"),
+                                  mediumAlert("- Deleted File: C:\\a.txt")}));
+    EXPECT_EQ(journal(), entry("- Deleted File: C:\\a") + entry("- Deleted File: C:\\a.txt"));
+    EXPECT_EQ(dialogText(), journal());
+    EXPECT_EQ(count("dialog shown"), 2);
+}
+
+TEST_F(ManualDeleteTest, TheSamePathIsToldAgainASecondLaterButNotInTheSameSecond) {
+    const auto deleteOnce = [this] {
+        listedFile("C:\\a", true);
+        remove();
+    };
+    deleteOnce();
+    deleteOnce();
+    EXPECT_EQ(machine.log.countOf("remove C:\\a"), 2);
+    EXPECT_EQ(journal(), entry("- Deleted File: C:\\a"));
+    machine.advance(1000);
+    deleteOnce();
+    EXPECT_EQ(alertRows(), Texts(2, mediumAlert("- Deleted File: C:\\a")));
+    EXPECT_EQ(journal(), "03/14/26 15:09:27- Deleted File: C:\\a\r\n . \r\n" +
+                             entry("- Deleted File: C:\\a"));
+    EXPECT_EQ(dialogText(), journal());
+    EXPECT_EQ(count("dialog shown"), 2);
 }
 
 TEST_F(ManualDeleteTest, AnAccessErrorOnAFileRemovesTheListing) {
@@ -316,6 +393,19 @@ TEST_F(RefusedDeletion, NoEndsTheRun) {
     EXPECT_EQ(tags(), (Texts{"C:\\a", "C:\\b"}));
     EXPECT_EQ(machine.files.size(), 2u);
     EXPECT_EQ(alertRows(), (Texts{highAlert(), mediumAlert("- Deleted File: C:\\c")}));
+}
+
+TEST_F(ManualDeleteTest, ARefusedFileIsAskedAboutOnceThoughOtherRowsGoMeanwhile) {
+    for (const char* tag : {"C:\\a", "C:\\b", "C:\\c"}) listedFile(tag);
+    machine.lockedFiles["C:\\c"] = error::permissionDenied;
+    host.onBox = [this](const Box& box) {
+        if (box.text != binQuestion) list.Remove(1);
+    };
+    removeAll({BoxAnswer::no, BoxAnswer::yes, BoxAnswer::yes});
+    EXPECT_EQ(said().size(), 2u);  // how, and whether to skip
+    EXPECT_EQ(machine.files,
+              (std::map<std::string, std::string>{{"C:\\a", "xxx"}, {"C:\\c", "xxx"}}));
+    EXPECT_EQ(tags(), Texts{"C:\\c"});
 }
 
 TEST_F(ManualDeleteTest, AnotherErrorEndsTheRunOfAllAndIsTold) {

@@ -67,6 +67,17 @@ TEST_F(ManualMoveTest, YesMovesTheSelectedFileAndTellsEverywhere) {
     EXPECT_FALSE(forms.sysWorkSystray.tmrSystray.Enabled());
 }
 
+TEST_F(ManualMoveTest, OfSeveralSelectedRowsOnlyTheFirstMoves) {
+    listedFile("C:\\a");
+    listedFile("C:\\b", true);
+    listedFile("C:\\c", true);
+    move();
+    EXPECT_EQ(machine.moved, (std::vector<std::pair<std::string, std::string>>{
+                                 {"C:\\b", "E:\\spare\\b"}}));
+    EXPECT_EQ(tags(), (Texts{"C:\\a", "C:\\c"}));
+    EXPECT_EQ(said(), Texts{moveQuestion});
+}
+
 TEST_F(ManualMoveTest, TheRowGoesAfterTheReport) {
     listedFile("C:\\a", true);
     int listedAtAlert = -1;
@@ -91,7 +102,10 @@ TEST_F(ManualMoveTest, NoGoesByTheFolderBrowserOnceTheWindowStaysOnTopAgain) {
     move({BoxAnswer::no});
     EXPECT_EQ(host.dialogs, Texts{"Select Folder/Path"});
     EXPECT_EQ(machine.moved[0].second, "E:\\other\\a.txt");
-    EXPECT_EQ(order[2], "restore");
+    EXPECT_EQ(order, (Texts{"drop", "box: " + moveQuestion, "restore",
+                            "browse: Select Folder/Path", "FolderExists E:\\other\\",
+                            "FileExists C:\\a.txt", "MoveFileA C:\\a.txt > E:\\other\\a.txt",
+                            "dialog shown"}));
     EXPECT_EQ(form1.txtDrive.Text(), "E:\\spare\\");
 }
 
@@ -114,7 +128,8 @@ TEST_F(ManualMoveTest, NoAndACancelledBrowserMoveNothingAndRaiseNoAlert) {
     move({BoxAnswer::no});
     EXPECT_EQ(host.dialogs, Texts{"Select Folder/Path"});
     EXPECT_EQ(tags(), Texts{"C:\\a.txt"});
-    EXPECT_EQ(order, (Texts{"drop", "box: " + moveQuestion, "restore"}));
+    EXPECT_EQ(order, (Texts{"drop", "box: " + moveQuestion, "restore",
+                            "browse: Select Folder/Path"}));
     expectNothingMoved();
 }
 
@@ -159,14 +174,35 @@ TEST_F(ManualMoveTest, AFailureIsToldAndTheRowGoesAllTheSame) {
 
 TEST_F(ManualMoveTest, ATextThatTheDialogHoldsIsNotToldAgain) {
     listedFile("C:\\a.txt", true);
-    forms.dlgAlert.Label1.setText("before - Moved File: C:\\a.txt behind");
+    const std::string held = "before " + entry("- Moved File: C:\\a.txt") + "behind";
+    forms.dlgAlert.Label1.setText(held);
     move();
     EXPECT_EQ(machine.moved.size(), 1u);
     EXPECT_TRUE(alertRows().empty());
     EXPECT_EQ(journal(), "");
-    EXPECT_EQ(dialogText(), "before - Moved File: C:\\a.txt behind");
+    EXPECT_EQ(dialogText(), held);
     EXPECT_EQ(count("dialog shown"), 0);
     EXPECT_EQ(list.Count(), 0);
+}
+
+TEST_F(ManualMoveTest, APathThatBeginsOneToldBeforeIsToldToo) {
+    listedFile("C:\\a.txt", true);
+    move();
+    listedFile("C:\\a", true);
+    move();
+    EXPECT_EQ(alertRows(), (Texts{mediumAlert("- Moved File: C:\\a"),
+                                  mediumAlert("- Moved File: C:\\a.txt")}));
+    EXPECT_EQ(dialogText(), entry("- Moved File: C:\\a") + entry("- Moved File: C:\\a.txt"));
+    EXPECT_EQ(journal(), dialogText());
+}
+
+TEST_F(ManualMoveTest, ATextWithAnotherStampIsToldAgain) {
+    listedFile("C:\\a.txt", true);
+    forms.dlgAlert.Label1.setText("03/14/26 15:09:25- Moved File: C:\\a.txt\r\n . \r\n");
+    move();
+    EXPECT_EQ(alertRows(), Texts{mediumAlert("- Moved File: C:\\a.txt")});
+    EXPECT_EQ(journal(), entry("- Moved File: C:\\a.txt"));
+    EXPECT_EQ(count("dialog shown"), 1);
 }
 
 TEST_F(ManualMoveTest, TheConfirmationSettingChangesNothing) {
@@ -222,6 +258,32 @@ TEST_F(ManualMoveTest, AllGoesFromTheLastRowToTheFirst) {
     EXPECT_EQ(list.Count(), 0);
     EXPECT_EQ(journal(), entry("- Moved File: C:\\a") + entry("- Moved File: C:\\b") +
                              entry("- Moved File: C:\\c"));
+}
+
+TEST_F(ManualMoveTest, ARowThatGoesDuringTheRunOfAllLeavesTheOthersTheirTurn) {
+    for (const char* tag : {"C:\\a", "C:\\b", "C:\\c"}) listedFile(tag);
+    host.answers = {BoxAnswer::yes, BoxAnswer::yes, BoxAnswer::yes};
+    host.onBox = [this](const Box&) {
+        if (list.Count() == 3) list.Remove(1);
+    };
+    form1.cmdMoveAll.userClick();
+    EXPECT_EQ(machine.moved, (std::vector<std::pair<std::string, std::string>>{
+                                 {"C:\\c", "E:\\spare\\c"}, {"C:\\b", "E:\\spare\\b"}}));
+    EXPECT_EQ(said(), Texts(2, moveQuestion));
+    EXPECT_EQ(list.Count(), 0);
+}
+
+TEST_F(ManualMoveTest, ARowThatStaysIsAskedAboutOnceThoughOthersGo) {
+    for (const char* tag : {"C:\\a", "C:\\b"}) listedFile(tag);
+    row("C:\\gone");
+    host.answers = {BoxAnswer::yes, BoxAnswer::yes, BoxAnswer::yes};
+    host.onBox = [this](const Box&) {
+        if (list.Count() == 3) list.Remove(1);
+    };
+    form1.cmdMoveAll.userClick();
+    EXPECT_EQ(said(), Texts(2, moveQuestion));
+    EXPECT_EQ(tags(), Texts{"C:\\gone"});
+    EXPECT_EQ(machine.moved.size(), 1u);
 }
 
 TEST_F(ManualMoveTest, AllGoesOnBehindAMissingFileAndACancelledBrowser) {

@@ -145,6 +145,22 @@ class Actions:
         self.console.check()
         self.expect_only_gone("old")
 
+    def test_a_folder_deleted_by_hand_goes_with_what_is_in_it_but_no_link_is_followed(self):
+        self.begin(8)
+        (self.mounts[0].folder / "old").mkdir()
+        self.fill("old/large.bin")
+        self.link_to_keep(self.mounts[0].folder / "old")
+        self.before = self.trees()
+        self.list_files("old")
+        self.console.tell("select LVFile 1")
+        self.console.tell("click lblSF(3)")
+        self.expect_only_gone("old")
+        self.assertEqual(self.listed(), [])
+        self.assertEqual(self.console.boxes(), [])
+        texts = self.texts(each for each in self.console.events if each["event"] == "alert")
+        self.assertEqual(len(texts), 1)
+        self.assertIn(f"- Deleted Folder: {self.roots[0]}old | [", texts[0])
+
     def test_a_read_only_file_stays_and_the_error_is_told(self):
         self.begin(8)
         self.fill("large.bin")

@@ -22,11 +22,13 @@ class FakeHost final : public Host {
     }
     std::string BrowseForFolder(const std::string& title) override {
         dialogs.push_back(title);
+        if (onDialog) onDialog(title);
         return nextPath();
     }
     std::string OpenFileDialog(const FileDialog& dialog) override {
         dialogs.push_back(dialog.DialogTitle + "|" + dialog.InitDir);
         fileDialogs.push_back(dialog);
+        if (onDialog) onDialog(dialog.DialogTitle);
         return nextPath();
     }
     void Beep() override { ++beeps; }
@@ -44,6 +46,7 @@ class FakeHost final : public Host {
     int yields = 0;
     std::function<void(int)> onYield;  ///< gets the number of the yield, from 1
     std::function<void(const Box&)> onBox;
+    std::function<void(const std::string& title)> onDialog;
 
   private:
     std::string nextPath() {
