@@ -47,7 +47,8 @@ DWORD readFacts(const std::wstring& path, EntryFacts& facts) {
         return isMissing(failure) ? failure : readListed(path, facts);
     }
     BY_HANDLE_FILE_INFORMATION told{};
-    const DWORD failure = GetFileInformationByHandle(handle, &told) ? ERROR_SUCCESS : GetLastError();
+    const DWORD failure =
+        GetFileInformationByHandle(handle, &told) ? ERROR_SUCCESS : GetLastError();
     CloseHandle(handle);
     if (failure == ERROR_SUCCESS) facts = factsOf(told);
     return failure;
@@ -61,7 +62,7 @@ DateTime localTime(std::uint64_t time) {
     if (time == 0 || !FileTimeToSystemTime(&halves, &universal) ||
         !SystemTimeToTzSpecificLocalTime(nullptr, &universal, &local))
         return {};
-    const DateTime result{local.wYear, local.wMonth, local.wDay,
+    const DateTime result{local.wYear, local.wMonth,  local.wDay,
                           local.wHour, local.wMinute, local.wSecond};
     return isValid(result) ? result : DateTime{};
 }

@@ -65,8 +65,8 @@ DWORD finish(const OpenedEntry& copy, const Place& target, const OpenedEntry::Fa
 
 // Only the very file that was copied, and only when nobody can have changed it meanwhile.
 DWORD removeOriginal(const Place& source, const OpenedEntry::Facts& original) {
-    constexpr ACCESS_MASK access = DELETE | FILE_READ_ATTRIBUTES | FILE_WRITE_ATTRIBUTES |
-                                   FILE_READ_DATA;
+    constexpr ACCESS_MASK access =
+        DELETE | FILE_READ_ATTRIBUTES | FILE_WRITE_ATTRIBUTES | FILE_READ_DATA;
     OpenedEntry entry;
     if (const DWORD failure = entry.openIn(source.folder, source.name(), access, 0,
                                            FILE_SHARE_READ | FILE_SHARE_DELETE))
@@ -81,13 +81,11 @@ DWORD moveToOtherDrive(const Place& source, const Place& target,
                        const OpenedEntry::Facts& original) {
     const std::wstring from = source.path.text();
     const std::wstring to = target.path.text();
-    if (!CopyFileExW(from.c_str(), to.c_str(), nullptr, nullptr, nullptr,
-                     COPY_FILE_FAIL_IF_EXISTS))
+    if (!CopyFileExW(from.c_str(), to.c_str(), nullptr, nullptr, nullptr, COPY_FILE_FAIL_IF_EXISTS))
         return GetLastError();
     OpenedEntry copy;
-    if (const DWORD failure =
-            copy.openIn(target.folder, target.name(),
-                        DELETE | FILE_READ_ATTRIBUTES | FILE_WRITE_ATTRIBUTES))
+    if (const DWORD failure = copy.openIn(target.folder, target.name(),
+                                          DELETE | FILE_READ_ATTRIBUTES | FILE_WRITE_ATTRIBUTES))
         return failure;
     DWORD failure = finish(copy, target, original);
     if (failure == ERROR_SUCCESS) failure = removeOriginal(source, original);

@@ -12,8 +12,8 @@ namespace {
 
 // How much of a text with back-slashes only is its root; 0 when it has none.
 std::size_t lengthOfRoot(const std::wstring& text) {
-    const bool hasLetter =
-        !text.empty() && ((text[0] >= L'A' && text[0] <= L'Z') || (text[0] >= L'a' && text[0] <= L'z'));
+    const bool hasLetter = !text.empty() && ((text[0] >= L'A' && text[0] <= L'Z') ||
+                                             (text[0] >= L'a' && text[0] <= L'z'));
     if (hasLetter) return text.compare(1, 2, LR"(:\)") == 0 ? 3 : 0;
     if (!text.starts_with(LR"(\\)")) return 0;
     const auto host = text.find(L'\\', 2);

@@ -33,7 +33,8 @@ DWORD resultOf(BOOL isDone) {
 std::wstring pathOnDrive(HANDLE handle) {
     std::vector<char> buffer(1U << 16);
     auto* told = reinterpret_cast<FILE_NAME_INFO*>(buffer.data());
-    if (!GetFileInformationByHandleEx(handle, FileNameInfo, told, static_cast<DWORD>(buffer.size())))
+    if (!GetFileInformationByHandleEx(handle, FileNameInfo, told,
+                                      static_cast<DWORD>(buffer.size())))
         return {};
     return {told->FileName, told->FileNameLength / sizeof(wchar_t)};
 }
@@ -68,7 +69,8 @@ bool isMountedDrive(HANDLE handle) {
                          nullptr))
         return isUnderWine();
     const std::size_t begin = names + data[nameOffset] / sizeof(wchar_t);
-    return std::wstring_view(data, std::size(data)).substr(std::min(begin, std::size(data)))
+    return std::wstring_view(data, std::size(data))
+        .substr(std::min(begin, std::size(data)))
         .starts_with(volume);
 }
 
@@ -158,9 +160,9 @@ void OpenedEntry::close() {
 
 DWORD OpenedEntry::openRoot(const std::wstring& root) {
     close();
-    const HANDLE handle = CreateFileW(root.c_str(), toLookAt,
-                                      FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                                      nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    const HANDLE handle =
+        CreateFileW(root.c_str(), toLookAt, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                    nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
     if (handle == INVALID_HANDLE_VALUE) return GetLastError();
     handle_ = handle;
     return ERROR_SUCCESS;

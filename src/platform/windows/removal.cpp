@@ -84,7 +84,8 @@ class TreeWalk {
 DWORD TreeWalk::open(const Child& child, ACCESS_MASK access, OpenedEntry& entry,
                      Nature& nature) const {
     const OpenedEntry& folder = levels_.back().folder;
-    const bool isEntered = isFolder(child.attributes) && !isLink(child.attributes, child.reparseTag);
+    const bool isEntered =
+        isFolder(child.attributes) && !isLink(child.attributes, child.reparseTag);
     if (isEntered) access |= FILE_LIST_DIRECTORY;
     const ULONG options =
         isFolder(child.attributes) ? FILE_DIRECTORY_FILE : FILE_NON_DIRECTORY_FILE;
@@ -163,8 +164,8 @@ DWORD TreeWalk::remove(OpenedEntry& top) {
 int errorOfDenied(const OpenedEntry& parent, const std::wstring& name) {
     OpenedEntry entry;
     OpenedEntry::Facts facts;
-    const bool isKnown =
-        entry.openIn(parent, name, toLookAt) == ERROR_SUCCESS && entry.facts(facts) == ERROR_SUCCESS;
+    const bool isKnown = entry.openIn(parent, name, toLookAt) == ERROR_SUCCESS &&
+                         entry.facts(facts) == ERROR_SUCCESS;
     const bool isNoFile = isKnown && (isFolder(facts.attributes) || isReadOnly(facts.attributes));
     return isNoFile ? error::pathFileAccess : error::permissionDenied;
 }

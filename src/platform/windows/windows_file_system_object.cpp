@@ -48,9 +48,8 @@ bool WindowsFileSystemObject::DriveExists(const std::string& designator) {
 std::uint32_t WindowsFileSystemObject::attributesOf(const std::string& path) {
     // The system would read a path up to its first NUL and so answer for another one.
     if (path.empty() || path.find('\0') != std::string::npos) return INVALID_FILE_ATTRIBUTES;
-    const auto answer = questions_->ask<DWORD>(driveOfPath(path), [wide = systemPath(path)] {
-        return GetFileAttributesW(wide.c_str());
-    });
+    const auto answer = questions_->ask<DWORD>(
+        driveOfPath(path), [wide = systemPath(path)] { return GetFileAttributesW(wide.c_str()); });
     return answer.value_or(INVALID_FILE_ATTRIBUTES);
 }
 

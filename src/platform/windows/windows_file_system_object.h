@@ -12,8 +12,8 @@ namespace velmora::windows {
 
 class WindowsFileSystemObject final : public FileSystemObject {
   public:
-    explicit WindowsFileSystemObject(
-        std::shared_ptr<DriveQuestions> questions = std::make_shared<DriveQuestions>(driveDeadline));
+    explicit WindowsFileSystemObject(std::shared_ptr<DriveQuestions> questions =
+                                         std::make_shared<DriveQuestions>(driveDeadline));
 
     std::string GetDriveName(const std::string& path) override { return driveNameOf(path); }
     std::string GetFileName(const std::string& path) override { return fileNameOf(path); }

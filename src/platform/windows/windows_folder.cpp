@@ -66,8 +66,8 @@ std::optional<WindowsFolder::Counts> WindowsFolder::count(const std::string& pat
 const WindowsFolder::Counts& WindowsFolder::counts() {
     if (!counts_) {
         counts_ = reading_.questions()
-                      ->ask<std::optional<Counts>>(
-                          reading_.drive(), [path = reading_.path()] { return count(path); })
+                      ->ask<std::optional<Counts>>(reading_.drive(),
+                                                   [path = reading_.path()] { return count(path); })
                       .value_or(std::nullopt);
     }
     if (!counts_) throw RuntimeError(error::pathNotFound);

@@ -14,8 +14,8 @@ namespace velmora::windows {
 
 class WindowsKernel32 final : public Kernel32 {
   public:
-    explicit WindowsKernel32(
-        std::shared_ptr<DriveQuestions> questions = std::make_shared<DriveQuestions>(driveDeadline));
+    explicit WindowsKernel32(std::shared_ptr<DriveQuestions> questions =
+                                 std::make_shared<DriveQuestions>(driveDeadline));
     ~WindowsKernel32() override;
 
     std::uint32_t GetLogicalDriveStringsA(std::uint32_t length, std::string& buffer) override;

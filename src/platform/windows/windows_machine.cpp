@@ -73,8 +73,8 @@ class WindowsMachine final : public Machine {
     WindowsShell32 shell32_;
     WindowsWinmm winmm_;
     WindowsWScriptShell wscriptShell_;
-    Platform platform_{fso_,   kernel32_,     clock_,         files_,          advapi32_, shell32_,
-                       winmm_, wscriptShell_, userRegional(), ownApplication()};
+    Platform platform_{fso_,     kernel32_, clock_,        files_,         advapi32_,
+                       shell32_, winmm_,    wscriptShell_, userRegional(), ownApplication()};
 };
 
 }  // namespace

@@ -185,8 +185,8 @@ TEST(ExactPath, KnowsRootsOfAllKinds) {
 }
 
 TEST(ExactPath, IsNoneForWhatNamesNoEntryOfADrive) {
-    for (const char* path : {"", R"(\\.\C:\a)", R"(\\?\Volume{1}\a)", R"(C:\a:b)", R"(C:\a::$DATA)",
-                             R"(\\host)"})
+    for (const char* path :
+         {"", R"(\\.\C:\a)", R"(\\?\Volume{1}\a)", R"(C:\a:b)", R"(C:\a::$DATA)", R"(\\host)"})
         EXPECT_FALSE(exactPath(path)) << path;
     EXPECT_FALSE(exactPath(std::string("C:\\a\0b", 6)));
 }

@@ -65,8 +65,8 @@ TEST_F(WindowsListing, HasAllEntriesWithTheDots) {
     setAttributes(in("hidden"), FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_READONLY);
     makeFolder(in("folder"));
     const auto entries = list(scratch_.path());
-    EXPECT_EQ(namesOf(entries), (Names{".", "..", "folder", "hidden", "one.txt",
-                                       "zwei Größe \u65e5\u672c"}));
+    EXPECT_EQ(namesOf(entries),
+              (Names{".", "..", "folder", "hidden", "one.txt", "zwei Größe \u65e5\u672c"}));
     EXPECT_EQ(entries.at("one.txt").nFileSize, 7u);
     EXPECT_EQ(entries.at("one.txt").dwFileAttributes & 17, 0u);
     EXPECT_EQ(entries.at("folder").dwFileAttributes & 16, 16u);

@@ -62,9 +62,10 @@ class WindowsMove : public testing::Test {
 TEST_F(WindowsMove, AFileGoesUnderItsNewName) {
     EXPECT_TRUE(move(in("from\\one.txt"), in("to\\new Größe.txt")));
     EXPECT_EQ(kernel32_.GetLastError(), 0u);
-    EXPECT_EQ(tree(), (Lines{"\\from folder", "\\from\\sub folder",
-                             "\\from\\sub\\zwei Größe.txt file 4 [zwei]", "\\to folder",
-                             "\\to\\new Größe.txt file 3 [one]", "\\to\\there.txt file 5 [there]"}));
+    EXPECT_EQ(tree(),
+              (Lines{"\\from folder", "\\from\\sub folder",
+                     "\\from\\sub\\zwei Größe.txt file 4 [zwei]", "\\to folder",
+                     "\\to\\new Größe.txt file 3 [one]", "\\to\\there.txt file 5 [there]"}));
 }
 
 TEST_F(WindowsMove, AFolderGoesWithAllInIt) {
@@ -191,8 +192,9 @@ class OtherDrive {
 
   private:
     static bool volumeOf(const std::wstring& path, DWORD& volume) {
-        const HANDLE folder = CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES, FILE_SHARE_READ, nullptr,
-                                          OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+        const HANDLE folder =
+            CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                        FILE_FLAG_BACKUP_SEMANTICS, nullptr);
         BY_HANDLE_FILE_INFORMATION told{};
         const bool isTold =
             folder != INVALID_HANDLE_VALUE && GetFileInformationByHandle(folder, &told);
@@ -262,8 +264,8 @@ TEST_F(WindowsMoveToOtherDrive, AFileThatCanNotBeRemovedHereLeavesNoCopyThere) {
 
 TEST_F(WindowsMoveToOtherDrive, AFileThatSomebodyStillWritesStays) {
     const HANDLE writer = CreateFileW(byTheLetter(in("from\\one.txt")).c_str(), GENERIC_WRITE,
-                                      FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                      OPEN_EXISTING, 0, nullptr);
+                                      FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                      nullptr, OPEN_EXISTING, 0, nullptr);
     ASSERT_NE(writer, INVALID_HANDLE_VALUE);
     EXPECT_NE(refusal(in("from\\one.txt"), other_ / "one.txt"), 0u);
     EXPECT_EQ(other_.tree(), Lines{});

@@ -75,7 +75,10 @@ class WindowsSwapRace : public testing::Test {
 
     void raceForFile(const std::string& trap) {
         race(
-            trap, [&] { if (!isThere(in("way\\inner\\one.txt"))) makeFile(in("way\\inner\\one.txt"), "x"); },
+            trap,
+            [&] {
+                if (!isThere(in("way\\inner\\one.txt"))) makeFile(in("way\\inner\\one.txt"), "x");
+            },
             [&] { WindowsTextFiles().remove(in("way\\inner\\one.txt")); });
     }
     void raceForFolder(const std::string& trap) {
@@ -87,9 +90,7 @@ class WindowsSwapRace : public testing::Test {
         };
         race(trap, make, [&] { fso.GetFolder(in("way\\inner\\one"))->Delete(true); });
     }
-    void addSameNamesToPrecious() {
-        makeFile(in("precious\\inner\\one.txt"), "keep me");
-    }
+    void addSameNamesToPrecious() { makeFile(in("precious\\inner\\one.txt"), "keep me"); }
 
     ScratchTree scratch_;
     mutable std::atomic<bool> stuck_ = false;

@@ -204,8 +204,7 @@ TEST_F(WindowsRemoval, AFileInUseStaysInItsFolder) {
     const FileInUse use(in("work\\sub folder\\three.txt"), FILE_SHARE_READ | FILE_SHARE_WRITE);
     EXPECT_EQ(errorOfDeleting(in("work"), true), 70);
     EXPECT_TRUE(isThere(in("work\\sub folder\\three.txt")));
-    EXPECT_EQ(withoutWork(tree()),
-              withoutWork(before));
+    EXPECT_EQ(withoutWork(tree()), withoutWork(before));
 }
 
 TEST_F(WindowsRemoval, AFolderGoesFromBeyondTheSystemsOldLimitOfPaths) {
@@ -246,8 +245,7 @@ TEST_F(WindowsRemoval, ALinkInAFolderNeverTakesItsTargetWithIt) {
     if (!link) GTEST_SKIP() << "no links";
     const auto before = tree();
     const int number = errorOfDeleting(in("work"), true);
-    expectLinkRefusedOrGone(number, before,
-                            withoutWork(before));
+    expectLinkRefusedOrGone(number, before, withoutWork(before));
 }
 
 TEST_F(WindowsRemoval, ALinkToAFileInAFolderNeverTakesItsTargetWithIt) {
@@ -255,8 +253,7 @@ TEST_F(WindowsRemoval, ALinkToAFileInAFolderNeverTakesItsTargetWithIt) {
     if (!link) GTEST_SKIP() << "no links";
     const auto before = tree();
     const int number = errorOfDeleting(in("work"), false);
-    expectLinkRefusedOrGone(number, before,
-                            withoutWork(before));
+    expectLinkRefusedOrGone(number, before, withoutWork(before));
 }
 
 TEST_F(WindowsRemoval, AFolderThatIsALinkOrLiesBehindOneIsNotDeleted) {

@@ -49,10 +49,9 @@ inline bool isThere(const std::string& path) {
 }
 
 inline std::string contentByTheLetter(const std::wstring& path) {
-    const HANDLE file =
-        CreateFileW(path.c_str(), GENERIC_READ,
-                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
-                    FILE_FLAG_OPEN_REPARSE_POINT, nullptr);
+    const HANDLE file = CreateFileW(path.c_str(), GENERIC_READ,
+                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                    OPEN_EXISTING, FILE_FLAG_OPEN_REPARSE_POINT, nullptr);
     if (file == INVALID_HANDLE_VALUE) return "<can't be read>";
     std::string content(1000, '\0');
     DWORD got = 0;
@@ -159,36 +158,37 @@ class Link {
     bool isToFolder_;
 };
 
-/// A scratch folder that is emptied whatever its files and their names are like.
+/// Removes all that is in a folder, whatever the files and their names are like; no link is
+/// followed.
+inline void clearFolder(const std::wstring& folder) {
+    WIN32_FIND_DATAW entry{};
+    const HANDLE search = FindFirstFileW((folder + L"\\*").c_str(), &entry);
+    if (search == INVALID_HANDLE_VALUE) return;
+    do {
+        const std::wstring name = entry.cFileName;
+        const std::wstring path = folder + L'\\' + name;
+        if (name == L"." || name == L"..") continue;
+        SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+        if ((entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
+            DeleteFileW(path.c_str());
+        } else {
+            if (!velmora::windows::isLink(entry.dwFileAttributes, entry.dwReserved0))
+                clearFolder(path);
+            RemoveDirectoryW(path.c_str());
+        }
+    } while (FindNextFileW(search, &entry));
+    FindClose(search);
+}
+
+/// A scratch folder that leaves nothing behind.
 class ScratchTree : public velmora::windows::ScratchFolder {
   public:
-    ~ScratchTree() { clear(byTheLetter(path())); }
+    ~ScratchTree() { clearFolder(byTheLetter(path())); }
 
     std::string path() const {
         std::string path = *this / "";
         path.pop_back();
         return path;
-    }
-
-  private:
-    static void clear(const std::wstring& folder) {
-        WIN32_FIND_DATAW entry{};
-        const HANDLE search = FindFirstFileW((folder + L"\\*").c_str(), &entry);
-        if (search == INVALID_HANDLE_VALUE) return;
-        do {
-            const std::wstring name = entry.cFileName;
-            if (name != L"." && name != L"..") remove(folder + L'\\' + name, entry);
-        } while (FindNextFileW(search, &entry));
-        FindClose(search);
-    }
-    static void remove(const std::wstring& path, const WIN32_FIND_DATAW& entry) {
-        SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
-        if ((entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
-            DeleteFileW(path.c_str());
-            return;
-        }
-        if (!velmora::windows::isLink(entry.dwFileAttributes, entry.dwReserved0)) clear(path);
-        RemoveDirectoryW(path.c_str());
     }
 };
 
