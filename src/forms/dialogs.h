@@ -18,7 +18,7 @@ namespace velmora {
 class DlgAlert : public Form {
   public:
     DlgAlert() : Form("dlgAlert", "Alert Window - Velmora ") {
-        setSize(6300, 4200);
+        setSize(7200, 4200);
         fraAct.setVisible(false);
         label_colour::dressAsButtons(lblAct);
         label_colour::dressAsButtons(lblAl);

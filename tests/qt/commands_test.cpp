@@ -188,8 +188,8 @@ TEST_F(CommandsTest, AnAlertsWindowStandsInTheLowerRightCorner) {
     program->forms().dlgAlert.Show();
     settle();
     QWidget* dialog = program->window("dlgAlert");
-    // The form is 420 by 280 pixels; whatever the window takes, its corner is the form's.
-    EXPECT_EQ(dialog->frameGeometry().right() + 1, 300 + 420);
+    // The form is 480 by 280 pixels; whatever the window takes, its corner is the form's.
+    EXPECT_EQ(dialog->frameGeometry().right() + 1, 300 + 480);
     EXPECT_EQ(dialog->frameGeometry().bottom() + 1, 200 + 280);
 }
 

@@ -74,7 +74,8 @@ TEST_F(SpecifiedFilesTest, AddLetsOneFileBeChosen) {
 
 TEST_F(SpecifiedFilesTest, AddLetsSeveralFilesBeChosen) {
     chooseBehind("lblSF(0)", {"b c.txt", "a.txt", "\u00E9.txt"});
-    EXPECT_EQ(tags(), (std::vector<std::string>{tag("b c.txt"), tag("a.txt"), tag("\u00E9.txt")}));
+    const std::string in = folder.path().toStdString() + "\\";
+    EXPECT_EQ(tags(), (std::vector<std::string>{in + "b c.txt", in + "a.txt", in + "\u00E9.txt"}));
 }
 
 TEST_F(SpecifiedFilesTest, TheWindowHearsNothingWhileTheSystemsDialogStands) {

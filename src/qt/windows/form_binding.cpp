@@ -55,10 +55,11 @@ void FormBinding::showSize() {
         return;
     }
     if (window_->size() == size) return;
+    const QSize before = window_->size();
     window_->resize(size);
     const bool waited = std::exchange(isWaiting_, window_->size() != size);
-    // While it was too large it stood by its corner.
-    if (waited && !isWaiting_) placeAgain();
+    // It was placed while it was larger.
+    if (waited && window_->size() != before) placeAgain();
 }
 
 void FormBinding::placeAgain() { place_ = {}; }
