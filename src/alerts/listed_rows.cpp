@@ -1,5 +1,7 @@
 #include "alerts/listed_rows.h"
 
+#include "base/runtime_error.h"
+
 namespace velmora {
 
 int selectedRow(const ListView& list, int expected) {
@@ -9,6 +11,29 @@ int selectedRow(const ListView& list, int expected) {
         if (list.ListItems(i).Selected()) return i;
     }
     return 0;
+}
+
+ListItem& rowWithText(ListView& list, int index, const std::string& text) {
+    ListItem& row = list.ListItems(index);
+    if (row.Text() != text) throw RuntimeError(error::indexOutOfBounds);
+    return row;
+}
+
+ListedRow listedRow(const ListView& list, int index) {
+    const ListItem& row = list.ListItems(index);
+    return {&row, index, row.Tag()};
+}
+
+// Nearly always the row stands where it stood.
+void removeListedRow(ListView& list, const ListedRow& listed) {
+    const auto isAt = [&](int index) {
+        return index <= list.Count() && &list.ListItems(index) == listed.row &&
+               list.ListItems(index).Tag() == listed.tag;
+    };
+    if (isAt(listed.index)) return list.Remove(listed.index);
+    for (int i = 1; i <= list.Count(); ++i) {
+        if (isAt(i)) return list.Remove(i);
+    }
 }
 
 void removeSelectedRow(ListView& list, Host& host) {
