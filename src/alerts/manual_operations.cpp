@@ -31,22 +31,9 @@ void ManualOperations::cmdFolder_Click() {
     if (!chosen.empty()) form1_.txtDrive.setText(left(chosen, lastPosition(chosen, "\\")));
 }
 
-std::optional<ManualOperations::Subject> ManualOperations::subjectAt(int index) {
+std::optional<ListedRow> ManualOperations::subjectAt(int index) {
     if (index < 1 || index > list_.Count()) return std::nullopt;
-    const ListItem& row = list_.ListItems(index);
-    return Subject{&row, index, row.Tag()};
-}
-
-// Nearly always the row stands where it stood.
-void ManualOperations::removeRow(const Subject& subject) {
-    const auto isAt = [&](int index) {
-        return index <= list_.Count() && &list_.ListItems(index) == subject.row &&
-               list_.ListItems(index).Tag() == subject.tag;
-    };
-    if (isAt(subject.index)) return list_.Remove(subject.index);
-    for (int i = 1; i <= list_.Count(); ++i) {
-        if (isAt(i)) return list_.Remove(i);
-    }
+    return listedRow(list_, index);
 }
 
 void ManualOperations::say(const std::string& text) {

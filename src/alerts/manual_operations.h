@@ -5,6 +5,7 @@
 #include <string>
 
 #include "alerts/alert_list.h"
+#include "alerts/listed_rows.h"
 #include "alerts/ports.h"
 #include "alerts/system_actions.h"
 #include "base/runtime_error.h"
@@ -46,22 +47,17 @@ class ManualOperations {
     void cmdDeleteAll_Click();
 
   private:
-    /// A row that is worked on. The check may take rows away while a box stands.
-    struct Subject {
-        const ListItem* row;
-        int index;  ///< where it stood
-        std::string tag;
-    };
-    std::optional<Subject> subjectAt(int index);
-    void removeRow(const Subject& subject);
+    /// The check may take rows away while a box stands.
+    std::optional<ListedRow> subjectAt(int index);
+    void removeRow(const ListedRow& subject) { removeListedRow(list_, subject); }
 
     void moveSelected(int expected);
     std::optional<std::string> askDestination();
     void selectOnly(int index);
 
     std::string remove(const std::string& tag);
-    bool deleteListed(const Subject& subject, bool toBin);
-    bool dropMissing(const Subject& subject);
+    bool deleteListed(const ListedRow& subject, bool toBin);
+    bool dropMissing(const ListedRow& subject);
     bool goOnAfter(const RuntimeError& failure, const std::string& tag);
 
     void say(const std::string& text);
