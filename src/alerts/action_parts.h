@@ -4,6 +4,7 @@
 #include <string>
 
 #include "alerts/alert_list.h"
+#include "alerts/listed_rows.h"
 #include "alerts/ports.h"
 #include "alerts/system_actions.h"
 #include "forms/forms.h"
@@ -23,9 +24,10 @@ struct ActionParts {
     NotificationMail& mail;
 
     /// The short row. Read by its index, since handlers run before each action. Error 35600 when
-    /// it is gone.
+    /// it is gone or another row stands in its place: nothing may be done for a drive that isn't
+    /// short.
     ListItem& row(const Shortage& shortage) const {
-        return forms.form1.ListView1.ListItems(shortage.row);
+        return rowWithText(forms.form1.ListView1, shortage.row, shortage.rowText);
     }
 };
 

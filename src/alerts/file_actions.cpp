@@ -133,7 +133,8 @@ void FileActions::prcFileAct(std::int16_t& iAct, ListItem& itmTarget, std::int16
 // Whether the walk is to stop.
 bool FileActions::takeRow(Walk& walk, int place) {
     Form1& form1 = parts_.forms.form1;
-    const std::string tag = form1.LVFile.ListItems(place).Tag();
+    const ListedRow listed = listedRow(form1.LVFile, place);
+    const std::string& tag = listed.tag;
     if (lowerCase(listedRoot(tag)) != lowerCase(walk.strDrv)) return false;
     // A missing file is passed over in silence.
     if (!parts_.platform.fso.FileExists(tag)) return false;
@@ -144,7 +145,8 @@ bool FileActions::takeRow(Walk& walk, int place) {
     std::string strNoPath;
     const std::string result =
         prcFileActOption(walk.iAct, walk.strFile, takesPath ? walk.strPath : strNoPath);
-    form1.LVFile.Remove(place);
+    // Handlers may have run while the shell asked.
+    removeListedRow(form1.LVFile, listed);
     ++walk.handled;
     if (result != file_result::handled) return true;
     return form1.chkSeq.ticked() || isSpaceEnough(walk);

@@ -18,6 +18,13 @@ std::string joined(const std::string& folder, const std::string& name) {
     return folder.ends_with('\\') ? folder + name : folder + '\\' + name;
 }
 
+// An entry of the box comes back from the settings with the end of its line.
+std::string withoutLineEnd(std::string text) {
+    if (text.ends_with('\n')) text.pop_back();
+    if (text.ends_with('\r')) text.pop_back();
+    return text;
+}
+
 Box questionAboutMissing(const std::string& path) {
     return {.text = "The file/folder you are attempting to add does not exists: \r\n" + path +
                     "\r\nAdd anyway?",
@@ -97,8 +104,8 @@ std::vector<std::string> FileList::GetFiles(ListView& lvFile, const ComboBox& cb
         objDlg.InitDir = "c:\\";
         objDlg.Filter = "All Files (*.*)|*.*";
         strFile = host_.OpenFileDialog(objDlg);
-    } else if (platform_.fso.FileExists(text)) {
-        strFile = text;
+    } else if (const std::string bare = withoutLineEnd(text); platform_.fso.FileExists(bare)) {
+        strFile = bare;
     }
     return addChosen(lvFile, strFile);
 }
@@ -112,7 +119,8 @@ std::vector<std::string> FileList::addChosen(ListView& list, const std::string& 
     const std::string folder = names.substr(0, folderEnd);
     std::vector<std::string> added;
     for (const std::string& name : split(names.substr(folderEnd + 1), std::string_view("\0", 1))) {
-        const std::string path = joined(folder, name);
+        // Whatever lies in the folder under that name isn't what was chosen.
+        const std::string path = driveNameOf(name).empty() ? joined(folder, name) : name;
         if (!platform_.fso.FileExists(path)) continue;
         prcAllLV(list, path);
         added.push_back(path);

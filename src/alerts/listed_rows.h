@@ -1,5 +1,5 @@
-// What the lists of files and of programs have in common: taking a row away by hand, and what the
-// box beside a list does with dropped paths.
+// What lists have in common: finding a row again after other handlers ran, taking a row away by
+// hand, and what the box beside a list does with dropped paths.
 #pragma once
 
 #include <string>
@@ -14,6 +14,25 @@ namespace velmora {
 /// Index of the first selected row, 0 when none is. The row `expected` is preferred, so that
 /// whoever goes through a long list row by row doesn't search all of it each time.
 int selectedRow(const ListView& list, int expected = 1);
+
+/// The row at that index. Error 35600 when there is none or when its text is another: rows may be
+/// sorted or removed whenever handlers run.
+ListItem& rowWithText(ListView& list, int index, const std::string& text);
+
+/// A row that is worked on while other handlers may run.
+struct ListedRow {
+    const ListItem* row;
+    int index;  ///< where it stood
+    std::string tag;
+};
+/// Error 35600 when there is no row at that index.
+ListedRow listedRow(const ListView& list, int index);
+/// All rows, from the last to the first: what a run through the list has before it.
+std::vector<ListedRow> rowsFromLast(const ListView& list);
+/// Where the row stands now; 0 when it is gone.
+int placeOfRow(const ListView& list, const ListedRow& listed);
+/// Takes that row away wherever it stands now; nothing when it has gone.
+void removeListedRow(ListView& list, const ListedRow& listed);
 
 /// "Remove": takes the selected row away, if one is; a message on an empty list.
 void removeSelectedRow(ListView& list, Host& host);

@@ -61,7 +61,7 @@ void ManualOperations::cmdDeleteAll_Click() {
                       .buttons = BoxButtons::yesNoCancel,
                       .title = "RecycleBin"});
     if (answer != BoxAnswer::yes && answer != BoxAnswer::no) return;
-    for (Subject& subject : subjectsFromLast()) {
+    for (Subject& subject : rowsFromLast(list_)) {
         // Rows may have gone while a box stood. What is listed no more is not deleted.
         subject.index = placeOf(subject);
         if (subject.index > 0 && !deleteListed(subject, answer == BoxAnswer::yes)) return;
@@ -69,7 +69,7 @@ void ManualOperations::cmdDeleteAll_Click() {
 }
 
 // Whether the run goes on.
-bool ManualOperations::deleteListed(const Subject& subject, bool toBin) {
+bool ManualOperations::deleteListed(const ListedRow& subject, bool toBin) {
     const std::string& tag = subject.tag;
     try {
         if (!platform_.fso.FileExists(tag)) return dropMissing(subject);
@@ -89,7 +89,7 @@ bool ManualOperations::deleteListed(const Subject& subject, bool toBin) {
 
 // Takes the first entry of the box along, whichever it is. An empty box ends the run with the row
 // in place; the user has just been told of it.
-bool ManualOperations::dropMissing(const Subject& subject) {
+bool ManualOperations::dropMissing(const ListedRow& subject) {
     say("file does not exits: " + subject.tag);
     if (form1_.cboFile.ListCount() == 0) return false;
     form1_.cboFile.RemoveItem(0);

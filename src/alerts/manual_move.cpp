@@ -10,7 +10,7 @@ void ManualOperations::cmdMoveAll_Click() {
     try {
         for (int i = 1; i <= list_.Count(); ++i) list_.ListItems(i).setSelected(false);
         // Rows may go while a box stands: the others keep their turn, and each has one only.
-        for (const Subject& subject : subjectsFromLast()) {
+        for (const Subject& subject : rowsFromLast(list_)) {
             const int place = placeOf(subject);
             if (place == 0) continue;
             selectOnly(place);

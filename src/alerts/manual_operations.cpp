@@ -33,37 +33,9 @@ void ManualOperations::cmdFolder_Click() {
     if (!chosen.empty()) form1_.txtDrive.setText(left(chosen, lastPosition(chosen, "\\")));
 }
 
-std::optional<ManualOperations::Subject> ManualOperations::subjectAt(int index) {
+std::optional<ListedRow> ManualOperations::subjectAt(int index) {
     if (index < 1 || index > list_.Count()) return std::nullopt;
-    const ListItem& row = list_.ListItems(index);
-    return Subject{&row, index, row.Tag()};
-}
-
-std::vector<ManualOperations::Subject> ManualOperations::subjectsFromLast() {
-    std::vector<Subject> all;
-    all.reserve(static_cast<std::size_t>(list_.Count()));
-    for (int i = list_.Count(); i >= 1; --i) all.push_back(*subjectAt(i));
-    return all;
-}
-
-// Nearly always the row stands where it stood.
-int ManualOperations::placeOf(const Subject& subject) {
-    const auto isAt = [&](int index) {
-        return index <= list_.Count() && &list_.ListItems(index) == subject.row &&
-               list_.ListItems(index).Tag() == subject.tag;
-    };
-    // Rows that went let it move up.
-    for (int i = std::min(subject.index, list_.Count()); i >= 1; --i) {
-        if (isAt(i)) return i;
-    }
-    for (int i = subject.index + 1; i <= list_.Count(); ++i) {
-        if (isAt(i)) return i;
-    }
-    return 0;
-}
-
-void ManualOperations::removeRow(const Subject& subject) {
-    if (const int place = placeOf(subject); place > 0) list_.Remove(place);
+    return listedRow(list_, index);
 }
 
 void ManualOperations::say(const std::string& text) {

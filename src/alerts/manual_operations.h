@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "alerts/alert_list.h"
+#include "alerts/listed_rows.h"
 #include "alerts/ports.h"
 #include "alerts/system_actions.h"
 #include "base/runtime_error.h"
@@ -48,25 +49,18 @@ class ManualOperations {
 
   private:
     /// A row that is worked on. The check may take rows away while a box stands.
-    struct Subject {
-        const ListItem* row;
-        int index;  ///< where it stood
-        std::string tag;
-    };
+    using Subject = ListedRow;
     std::optional<Subject> subjectAt(int index);
-    /// All rows, from the last to the first: what a run through the list has before it.
-    std::vector<Subject> subjectsFromLast();
-    /// Where the row stands now; 0 when it is gone.
-    int placeOf(const Subject& subject);
-    void removeRow(const Subject& subject);
+    int placeOf(const Subject& subject) const { return placeOfRow(list_, subject); }
+    void removeRow(const Subject& subject) { removeListedRow(list_, subject); }
 
     void moveSelected(int expected);
     std::optional<std::string> askDestination();
     void selectOnly(int index);
 
     std::string remove(const std::string& tag);
-    bool deleteListed(const Subject& subject, bool toBin);
-    bool dropMissing(const Subject& subject);
+    bool deleteListed(const ListedRow& subject, bool toBin);
+    bool dropMissing(const ListedRow& subject);
     bool goOnAfter(const RuntimeError& failure, const std::string& tag);
 
     void say(const std::string& text);

@@ -21,6 +21,7 @@ void MoveAction::run(Shortage& shortage) {
     }
 }
 
+// Nothing in here asks the user or lets handlers run, so the row stays at its place.
 void MoveAction::take(Shortage& shortage, int place, const std::string& strPath) {
     ListView& files = parts_.forms.form1.LVFile;
     const std::string tag = files.ListItems(place).Tag();

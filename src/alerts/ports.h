@@ -13,7 +13,8 @@ namespace velmora {
 
 /// What the actions of one short row share.
 struct Shortage {
-    int row = 0;  ///< index of the row in ListView1
+    int row = 0;          ///< index of the row in ListView1
+    std::string rowText;  ///< what the row watches; another text there is another row
     Drive& drive;
     std::int32_t lngMinSpace;  ///< the row's trigger in KB
     std::string strAlert;      ///< the running text; actions add to it and empty it

@@ -15,9 +15,10 @@ constexpr const char* cleanerSet = "12";
 
 void SmallActions::recycle(Shortage& shortage) {
     ListView& files = parts_.forms.form1.LVFile;
-    const std::string tag = files.ListItems(1).Tag();
-    parts_.system.prcSendToBin(tag, file_operation::allowUndo);
-    files.Remove(1);
+    const ListedRow first = listedRow(files, 1);
+    // The shell may ask, and handlers run meanwhile: the row may stand elsewhere behind it.
+    parts_.system.prcSendToBin(first.tag, file_operation::allowUndo);
+    removeListedRow(files, first);
     // The short row's index in the list of files: it names another file than the one sent.
     raiseNote(parts_, shortage,
               "Auto send file to recycle bin: " + files.ListItems(shortage.row).Tag());

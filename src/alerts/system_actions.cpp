@@ -1,6 +1,7 @@
 #include "alerts/system_actions.h"
 
 #include "base/resume_next.h"
+#include "base/runtime_error.h"
 #include "base/text.h"
 
 namespace velmora {
@@ -16,6 +17,25 @@ constexpr std::int32_t normalWindow = 1;
 // An existing file as a command line: a blank in its path must not end the program's name.
 std::string asCommand(const std::string& file) {
     return contains(file, " ") ? "\"" + file + "\"" : file;
+}
+
+// What a part of a path names once the system has dropped the dots and blanks at its end.
+std::string tidyPart(std::string part) {
+    part.resize(part.find_last_not_of(". ") + 1);
+    return part;
+}
+
+// Whether the path surely names something below the root of a drive: not the root in whatever
+// spelling, nothing that climbs up again, nothing without a folder that holds it.
+bool isBelowRoot(const std::string& path) {
+    if (parentFolderOf(path).empty()) return false;
+    const std::string rest = replaceAll(path.substr(driveNameOf(path).size()), "/", "\\");
+    bool named = false;
+    for (const std::string& part : split(rest, "\\")) {
+        if (trim(part) == "..") return false;
+        named = named || !tidyPart(part).empty();
+    }
+    return named;
 }
 
 }  // namespace
@@ -41,7 +61,14 @@ void SystemActions::prcCleanMan(const std::string& strDrive, const std::string& 
                                     normalWindow);
 }
 
+// Where names may hold such characters, the file itself is meant.
+bool SystemActions::isPattern(const std::string& path) {
+    if (path.find_first_of("*?") == std::string::npos) return false;
+    return !platform_.fso.FileExists(path) && !platform_.fso.FolderExists(path);
+}
+
 void SystemActions::prcSendToBin(const std::string& strFile, std::int32_t lngFlags) {
+    if (!isBelowRoot(strFile) || isPattern(strFile)) throw RuntimeError(error::permissionDenied);
     const FileOperation operation{.owner = {},
                                   .wFunc = file_operation::remove,
                                   .pFrom = strFile + '\0',

@@ -27,7 +27,9 @@ class SystemActions {
     /// that number; either may be empty. Its success isn't looked at.
     void prcCleanMan(const std::string& strDrive, const std::string& strSage);
     /// Sends a file or folder to the recycle bin. All callers pass `file_operation::allowUndo`; the
-    /// result isn't looked at.
+    /// result isn't looked at. Error 70, and nothing is asked of the shell, for the root of a drive
+    /// in whatever spelling, a path with "..", one without a folder in front of its name, and a
+    /// pattern of names that the shell would take for many files.
     void prcSendToBin(const std::string& strFile, std::int32_t lngFlags);
     /// Plays a sound and returns when it has ended; not 0 when it was played.
     std::int16_t prcPlaySound(const std::string& strFile, std::int32_t lngFlags);
@@ -37,6 +39,8 @@ class SystemActions {
     std::string prcRunListedProg();
 
   private:
+    bool isPattern(const std::string& path);
+
     Forms& forms_;
     Platform& platform_;
     User32& user32_;

@@ -3,9 +3,10 @@
 #include <utility>
 
 #include "alerts/alert_time.h"
+#include "alerts/drive_text.h"
+#include "alerts/listed_rows.h"
 #include "base/convert.h"
 #include "base/text.h"
-#include "alerts/drive_text.h"
 #include "monitor/watch_row.h"
 
 namespace velmora {
@@ -41,13 +42,13 @@ RowOutcome RowCheck::check(int i, std::int32_t& lngMinSpace) {
     status.setPanelText(1, "Events Listing");
     ports_.events.checkEvents(i);
     status.setPanelText(1, "Events Listing Check Done. 2");
-    ports_.events.prcSetPrevInfoLV(list.ListItems(i));
+    ports_.events.prcSetPrevInfoLV(rowWithText(list, i, text));
     status.setPanelText(1, "Refresh Info.:");
 
     if (bShortage) {
-        reportShortage(i, *drive, lngMinSpace);
+        reportShortage(i, text, *drive, lngMinSpace);
     } else {
-        reportEnoughSpace(i);
+        reportEnoughSpace(i, text);
     }
     return RowOutcome::done;
 }
@@ -85,24 +86,26 @@ bool RowCheck::toWholeKB(Drive& drive, std::int32_t& lngMinSpace) {
     return true;
 }
 
-void RowCheck::reportShortage(int i, Drive& drive, std::int32_t lngMinSpace) {
+void RowCheck::reportShortage(int i, const std::string& text, Drive& drive,
+                              std::int32_t lngMinSpace) {
     Form1& form1 = forms_.form1;
     const DateTime now = platform_.clock.Now();
     Shortage shortage{i,
+                      text,
                       drive,
                       lngMinSpace,
                       shortageText(drive, lngMinSpace, platform_.regional),
                       alert_time::dateAndTime(now),
                       ""};
     alerts_.prcAlertInfo(Format(platform_.clock.Now(), alert_time::minutes), rating::high,
-                         shortage.strAlert, {}, &form1.ListView1.ListItems(i));
+                         shortage.strAlert, {}, &rowWithText(form1.ListView1, i, text));
     const std::string entry = shortage.strStamp + shortage.strAlert + "\r\n . \r\n";
     form1.txtAlert.prepend(entry);
     forms_.dlgAlert.Label1.prepend(entry);
     ports_.statistics.prcSrvAnimation(1, 1);
     form1.StatusBar1.setPanelText(1, "Animation:");
     runActions(shortage);
-    WatchRow(form1.ListView1.ListItems(i)).setStateIcon(state_icon::alert);
+    showState(i, text, state_icon::alert);
 }
 
 void RowCheck::runActions(Shortage& shortage) {
@@ -121,10 +124,17 @@ void RowCheck::showDialogForNewText(const Shortage& shortage) {
     if (!forms_.dlgAlert.Label1.contains(shortage.strAlert)) ports_.alertDialog.show();
 }
 
-void RowCheck::reportEnoughSpace(int i) {
+void RowCheck::reportEnoughSpace(int i, const std::string& text) {
     forms_.sysWorkSystray.tmrSystray.setEnabled(false);
     ports_.statistics.prcSrvAnimation(1, 0);
-    WatchRow(forms_.form1.ListView1.ListItems(i)).setStateIcon(state_icon::ok);
+    showState(i, text, state_icon::ok);
+}
+
+// Handlers have run since the row was measured: if they put another row in its place, that one
+// shows nothing that it wasn't measured for. The next check makes good for both.
+void RowCheck::showState(int i, const std::string& text, const char* icon) {
+    ListItem& row = forms_.form1.ListView1.ListItems(i);
+    if (row.Text() == text) WatchRow(row).setStateIcon(icon);
 }
 
 }  // namespace velmora

@@ -31,10 +31,11 @@ class RowCheck {
     RowOutcome testTrigger(int i, Drive& drive, std::int32_t& lngMinSpace, bool& bShortage);
     bool toWholeKB(Drive& drive, std::int32_t& lngMinSpace);
     const std::string& timeChecked();
-    void reportShortage(int i, Drive& drive, std::int32_t lngMinSpace);
+    void reportShortage(int i, const std::string& text, Drive& drive, std::int32_t lngMinSpace);
     void runActions(Shortage& shortage);
     void showDialogForNewText(const Shortage& shortage);
-    void reportEnoughSpace(int i);
+    void reportEnoughSpace(int i, const std::string& text);
+    void showState(int i, const std::string& text, const char* icon);
 
     Forms& forms_;
     Platform& platform_;

@@ -29,7 +29,7 @@ struct SweptActions : ActionRig {
         machine.files["C:\\log.dat"] = "";
         // A text that is a number lets the move by row come through; E: is its root.
         if (action == act::autoMove) {
-            list.ListItems(1).setText("5");
+            shortRowWatches("5");
             listFile("E:\\last");
         }
         machine.log.clear();

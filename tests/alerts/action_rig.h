@@ -88,9 +88,15 @@ struct ActionRig {
     /// That row is the short one, and its first alert has been raised.
     void shortOf(int row) {
         drive = machine.platform().fso.GetDrive("C:");
-        shortage.reset(new Shortage{row, *drive, 5000, shortageText, "stamp", ""});
+        shortage.reset(
+            new Shortage{row, list.ListItems(row).Text(), *drive, 5000, shortageText, "stamp", ""});
         list.ListItems(row).setSubTag(4, shortageText);
         machine.log.clear();
+    }
+    /// The short row watches that text.
+    void shortRowWatches(const std::string& text) {
+        list.ListItems(shortage->row).setText(text);
+        shortage->rowText = text;
     }
     /// A row of LVFile whose path names nothing.
     ListItem& listMissing(const std::string& path, const std::string& size = "n/a") {

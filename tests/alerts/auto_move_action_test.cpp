@@ -6,7 +6,7 @@ namespace {
 
 struct AutoMoveTest : testing::Test, ActionRig {
     /// The short row has a text that is a number, as no path has.
-    void useNumber(const std::string& text = "5") { list.ListItems(1).setText(text); }
+    void useNumber(const std::string& text = "5") { shortRowWatches(text); }
     int autoMove() { return errorOf(act::autoMove); }
 };
 

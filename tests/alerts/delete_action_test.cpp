@@ -61,7 +61,7 @@ TEST_F(DeleteActionTest, RowsOfAnotherDriveAreSkippedAndStay) {
 
 TEST_F(DeleteActionTest, ARowOnASubFolderMatchesNoFile) {
     machine.folders.insert("c:\\data");
-    list.ListItems(1).setText("C:\\data");
+    shortRowWatches("C:\\data");
     listFile("C:\\data\\1");
     EXPECT_EQ(remove(), 0);
     EXPECT_EQ(listed(), "C:\\data\\1");
@@ -71,7 +71,7 @@ TEST_F(DeleteActionTest, ARowOnASubFolderMatchesNoFile) {
 }
 
 TEST_F(DeleteActionTest, ARowWithoutItsFolderIsAnErrorBeforeAnythingIsTouched) {
-    list.ListItems(1).setText("C:\\gone");
+    shortRowWatches("C:\\gone");
     listFile("C:\\1");
     EXPECT_EQ(remove(), error::pathNotFound);
     EXPECT_TRUE(exists("C:\\1"));
@@ -233,6 +233,16 @@ TEST_F(DeleteActionTest, TenThousandRowsOfOtherDrivesCostNoQuestion) {
     EXPECT_EQ(remove(), 0);
     EXPECT_EQ(machine.log.calls(), (Calls{"GetFolder C:\\", "FileExists C:\\a", "remove C:\\a"}));
     EXPECT_EQ(files.Count(), 10'000);
+}
+
+TEST_F(DeleteActionTest, AnotherRowInItsPlaceDeletesNothing) {
+    watch("D:\\");
+    list.Remove(1);
+    listFile("D:\\a.txt");
+    EXPECT_EQ(errorOf(act::remove), error::indexOutOfBounds);
+    EXPECT_EQ(machine.log.count(), 0);
+    EXPECT_EQ(listed(), "D:\\a.txt");
+    EXPECT_TRUE(exists("D:\\a.txt"));
 }
 
 }  // namespace

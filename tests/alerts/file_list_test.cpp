@@ -205,6 +205,33 @@ TEST_F(FileRowsTest, OfSeveralChosenNamesThoseThatNameNoFileAreLeftOut) {
     EXPECT_EQ(tags(), Texts{"C:\\data\\a.txt"});
 }
 
+TEST_F(FileRowsTest, AChosenNameWithADriveOfItsOwnIsNotJoined) {
+    for (const char* path : {"C:\\data\\a.txt", "C:\\data\\b.txt", "E:\\x\\b.txt"}) file(path);
+    host.paths = {std::string("C:\\data\0a.txt\0E:\\x\\b.txt", 24)};
+    const Texts all{"C:\\data\\a.txt", "E:\\x\\b.txt"};
+    EXPECT_EQ(chosen(), all);
+    EXPECT_EQ(tags(), all);
+}
+
+TEST_F(FileRowsTest, AnEntryOfTheBoxThatCameBackWithItsLineEndIsTheFile) {
+    file("C:\\data\\a.txt");
+    for (const char* end : {"\r\n", "\n", "\r"}) {
+        form1.cboFile.setText(std::string("C:\\data\\a.txt") + end);
+        EXPECT_EQ(chosen(), Texts{"C:\\data\\a.txt"});
+        EXPECT_EQ(strFile, "C:\\data\\a.txt");
+        EXPECT_EQ(list.ListItems(list.Count()).Tag(), "C:\\data\\a.txt");
+    }
+    EXPECT_EQ(list.Count(), 3);
+    EXPECT_TRUE(host.dialogs.empty());
+}
+
+TEST_F(FileRowsTest, ALineEndAloneIsATextThatNamesNoFile) {
+    form1.cboFile.setText("\r\n");
+    EXPECT_EQ(chosen(), Texts{});
+    EXPECT_EQ(list.Count(), 0);
+    EXPECT_TRUE(host.dialogs.empty());
+}
+
 TEST_F(FileRowsTest, ATextInTheBoxThatIsAFileIsTakenWithoutADialog) {
     file("C:\\data\\a.txt");
     form1.cboFile.setText("C:\\data\\a.txt");

@@ -165,6 +165,27 @@ TEST_F(FileWalkTest, AFileThatWasNotHandledAsksForNoSpace) {
     EXPECT_EQ(machine.log.countOf("GetDrive C:"), 0);
 }
 
+TEST_F(FileWalkTest, WithoutADriveTheSpaceIsNotLookedAt) {
+    strDrv = "z:\\";
+    listFile("Z:\\1");
+    walk(2);
+    EXPECT_FALSE(exists("Z:\\1"));
+    EXPECT_EQ(listed(), "");
+    EXPECT_EQ(machine.log.countOf("DriveExists z:\\"), 1);
+    EXPECT_EQ(machine.log.countOf("GetDrive"), 0);
+}
+
+TEST_F(FileWalkTest, TheRowOfTheSentFileGoesThoughTheListWasSortedBehindTheShellsQuestion) {
+    for (const char* path : {"C:\\1", "C:\\2", "C:\\3"}) listFile(path);
+    machine.onCall = [this](const std::string& call) {
+        if (call.starts_with("SHFileOperationA")) files.sortBy(0, 1);
+    };
+    form1.chkSeq.setValue(1);
+    walk(3);
+    EXPECT_EQ(machine.recycled, Calls{"C:\\3"});
+    EXPECT_EQ(listed(), "C:\\2 C:\\1");
+}
+
 // Rows that come in during the yield let the walk go on, so that its other ends can be seen.
 struct FileWalkOnTest : FileWalkTest {
     FileWalkOnTest() {
@@ -237,6 +258,13 @@ TEST_F(FileWalkOnTest, UnderTheFirstOptionTheRowsOwnThresholdDoesNotCount) {
     list.ListItems(2).setSubItems(3, "99");
     walk(2);
     EXPECT_EQ(left(), 0);
+}
+
+TEST_F(FileWalkOnTest, WithoutADriveAllFilesAreTaken) {
+    machine.drives.erase("C:");
+    walk(2);
+    EXPECT_EQ(left(), 0);
+    EXPECT_EQ(machine.log.countOf("GetDrive"), 0);
 }
 
 TEST_F(FileWalkOnTest, AThresholdThatIsNoNumberIsAnErrorAfterTheFile) {

@@ -49,6 +49,26 @@ TEST_F(MoveActionTest, ASpecifiedPathWithoutADriveMeansTheRootOfC) {
     EXPECT_EQ(machine.log.countOf("MoveFileA C:\\a.txt > c:\\"), 1);
 }
 
+TEST_F(MoveActionTest, ASpecifiedPathWithoutASeparatorMovesNothing) {
+    form1.txtDrive.setText("D:store");
+    listFile("C:\\a.txt");
+    EXPECT_EQ(errorOf(act::move), error::invalidCall);
+    EXPECT_EQ(machine.log.countOf("GetDrive D:s"), 1);
+    EXPECT_EQ(machine.log.countOf("MoveFileA"), 0);
+    EXPECT_EQ(listed(), "C:\\a.txt");
+    EXPECT_TRUE(exists("C:\\a.txt"));
+    EXPECT_EQ(alertCount(), 0);
+}
+
+TEST_F(MoveActionTest, AnotherRowInItsPlaceMovesNothing) {
+    watch("D:\\");
+    list.Remove(1);
+    listFile("D:\\a.txt");
+    EXPECT_EQ(errorOf(act::move), error::indexOutOfBounds);
+    EXPECT_EQ(machine.log.count(), 0);
+    EXPECT_EQ(listed(), "D:\\a.txt");
+}
+
 TEST_F(MoveActionTest, RowsAreTakenFromTheLastUpAndOnlyTheFirstAlertHoldsTheShortage) {
     listFile("C:\\1", 3, "1 KB");
     listFile("C:\\2", 3, "2 KB");
@@ -107,14 +127,14 @@ TEST_F(MoveActionTest, RowsOfAnotherDriveStayListed) {
 }
 
 TEST_F(MoveActionTest, TheRowsTextIsComparedWithoutRegardToCase) {
-    list.ListItems(1).setText("c:\\");
+    shortRowWatches("c:\\");
     listFile("C:\\1");
     move();
     EXPECT_EQ(listed(), "");
 }
 
 TEST_F(MoveActionTest, ARowOnASubFolderMatchesNoFile) {
-    list.ListItems(1).setText("C:\\data");
+    shortRowWatches("C:\\data");
     listFile("C:\\data\\1");
     move();
     EXPECT_EQ(listed(), "C:\\data\\1");

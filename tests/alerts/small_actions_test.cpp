@@ -65,6 +65,35 @@ TEST_F(SmallActionsTest, TheBinsResultIsNotLookedAt) {
     EXPECT_EQ(alert(1), note("Auto send file to recycle bin: C:\\2"));
 }
 
+TEST_F(SmallActionsTest, ADrivesRootIsNeverSentToTheBin) {
+    listMissing("D:\\");
+    listFile("C:\\2");
+    EXPECT_EQ(errorOf(act::recycle), error::permissionDenied);
+    EXPECT_TRUE(machine.operations.empty());
+    EXPECT_EQ(listed(), "D:\\ C:\\2");
+    EXPECT_EQ(alertCount(), 0);
+}
+
+TEST_F(SmallActionsTest, TheRowOfTheSentFileGoesThoughTheListWasSortedBehindTheShellsQuestion) {
+    for (const char* path : {"C:\\1", "C:\\2", "C:\\3"}) listFile(path);
+    machine.onCall = [this](const std::string& call) {
+        if (call.starts_with("SHFileOperationA")) files.sortBy(0, 1);
+    };
+    run(act::recycle);
+    EXPECT_EQ(machine.recycled, Calls{"C:\\1"});
+    EXPECT_EQ(listed(), "C:\\3 C:\\2");
+}
+
+TEST_F(SmallActionsTest, NoOtherRowGoesWhenThatOfTheSentFileWasTakenAwayMeanwhile) {
+    for (const char* path : {"C:\\1", "C:\\2", "C:\\3"}) listFile(path);
+    machine.onCall = [this](const std::string& call) {
+        if (call.starts_with("SHFileOperationA")) files.Remove(1);
+    };
+    run(act::recycle);
+    EXPECT_EQ(machine.recycled, Calls{"C:\\1"});
+    EXPECT_EQ(listed(), "C:\\2 C:\\3");
+}
+
 TEST_F(SmallActionsTest, NotesBelongToNoRow) {
     // A repeat of the row's first alert would be dropped.
     list.ListItems(1).setSubTag(4, "Recycle Bin Content Emptied.");
@@ -169,7 +198,7 @@ TEST_F(SmallActionsTest, AnErrorOfTheMailGoesToTheCheck) {
 TEST_F(SmallActionsTest, TheCleanerGetsTheLetterOfTheRowsDrive) {
     machine.folders.insert("c:\\data");
     for (const char* path : {"C:\\", "c:\\", "C:\\data"}) {
-        list.ListItems(1).setText(path);
+        shortRowWatches(path);
         run(act::cleaner);
         EXPECT_EQ(machine.executed.back().file, "cleanmgr");
         EXPECT_EQ(machine.executed.back().parameters, " /d C  /sagerun: 12");
@@ -181,7 +210,7 @@ TEST_F(SmallActionsTest, TheCleanerGetsTheLetterOfTheRowsDrive) {
 
 TEST_F(SmallActionsTest, TheCleanerGetsATextThatNamesNothingAsItStands) {
     for (const char* path : {"C:\\gone", "//host/share"}) {
-        list.ListItems(1).setText(path);
+        shortRowWatches(path);
         machine.log.clear();
         run(act::cleaner);
         EXPECT_EQ(machine.executed.back().parameters,
@@ -191,14 +220,14 @@ TEST_F(SmallActionsTest, TheCleanerGetsATextThatNamesNothingAsItStands) {
 }
 
 TEST_F(SmallActionsTest, ATextWithTwoSlashesInFrontIsNotLookedUp) {
-    list.ListItems(1).setText("//host/share");
+    shortRowWatches("//host/share");
     run(act::cleaner);
     EXPECT_EQ(machine.log.countOf("F"), 0);
 }
 
 TEST_F(SmallActionsTest, AShareHasNoLetterForTheCleaner) {
     machine.drives["\\\\host\\share"] = {};
-    list.ListItems(1).setText("\\\\host\\share");
+    shortRowWatches("\\\\host\\share");
     run(act::cleaner);
     EXPECT_EQ(machine.executed.back().parameters, "  /sagerun: 12");
 }
@@ -221,6 +250,13 @@ TEST_F(SmallActionsTest, NotesAreStampedWithTheTimeOfTheirOwn) {
 
 TEST_F(SmallActionsTest, ARowThatIsGoneHasNoCleaner) {
     list.Clear();
+    EXPECT_EQ(errorOf(act::cleaner), error::indexOutOfBounds);
+    EXPECT_TRUE(machine.executed.empty());
+}
+
+TEST_F(SmallActionsTest, AnotherRowInItsPlaceGetsNoCleaner) {
+    watch("D:\\");
+    list.Remove(1);
     EXPECT_EQ(errorOf(act::cleaner), error::indexOutOfBounds);
     EXPECT_TRUE(machine.executed.empty());
 }

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "base/errors.h"
 #include "base/runtime_error.h"
 #include "fake/fake_machine.h"
 
@@ -134,6 +135,51 @@ TEST_F(SystemActionsTest, AFileGoesToTheBinByAListOfOneThatANulEnds) {
     EXPECT_EQ(machine.operations[0].pFrom, std::string("C:\\größe.txt") + '\0');
     EXPECT_EQ(machine.operations[0].fFlags, 64u);
     EXPECT_EQ(machine.recycled, std::vector<std::string>{"C:\\größe.txt"});
+}
+
+TEST_F(SystemActionsTest, NoSpellingOfADrivesRootIsHandedToTheShell) {
+    for (const char* path : {"",
+                             "D:",
+                             "D:\\",
+                             "d:/",
+                             "D:\\\\",
+                             "D:\\.",
+                             "D:\\.\\",
+                             "D:.",
+                             "D:\\ ",
+                             "D:\\...",
+                             "D:\\..",
+                             "D:\\old\\..",
+                             "D:\\old\\..\\",
+                             "D:/old/..",
+                             "D:\\old\\.. ",
+                             "D:\\a\\..\\b",
+                             "D:..",
+                             "\\",
+                             "..",
+                             "old",
+                             "\\\\host\\share",
+                             "\\\\host\\share\\",
+                             "\\\\host\\share\\a\\..",
+                             "\\\\?\\D:\\",
+                             "D:\\*",
+                             "D:\\*.*",
+                             "D:\\old\\a?.txt"}) {
+        EXPECT_EQ(errorOf([&] { actions.prcSendToBin(path, file_operation::allowUndo); }),
+                  error::permissionDenied)
+            << path;
+    }
+    EXPECT_TRUE(machine.operations.empty());
+    EXPECT_EQ(machine.log.countOf("SHFileOperationA"), 0);
+}
+
+TEST_F(SystemActionsTest, WhatLiesBelowARootIsHandedToTheShellAsItIsWritten) {
+    machine.files["C:\\really?"] = "x";  // where names may hold it
+    for (const char* path : {"D:\\a", "D:\\a\\", "D:/a", "D:\\.a", "D:\\..a", "D:\\a..b\\c",
+                             "D:\\.\\a", "D:\\a b", "\\\\host\\share\\a", "C:\\really?"}) {
+        actions.prcSendToBin(path, file_operation::allowUndo);
+        EXPECT_EQ(machine.operations.back().pFrom, std::string(path) + '\0');
+    }
 }
 
 TEST_F(SystemActionsTest, ABinThatTakesNothingIsNotLookedAt) {

@@ -91,6 +91,87 @@ TEST_F(CoreTest, ConnectsEverySubsystemToItsFields) {
     }
 }
 
+TEST_F(CoreTest, ConnectsEveryButtonOfActionsAndAlerts) {
+    core.load();
+    Form1& form1 = forms.form1;
+    DlgAlert& dlgAlert = forms.dlgAlert;
+    const auto expectConnected = [](auto& buttons) {
+        for (const auto& each : buttons) {
+            EXPECT_TRUE(each.Click.connected()) << each.Name() << " " << each.Index();
+        }
+    };
+    expectConnected(form1.lblSF);
+    expectConnected(form1.Label5);
+    expectConnected(form1.lblAl);
+    expectConnected(form1.cmdAudio);
+    expectConnected(form1.cmdPlay);
+    expectConnected(dlgAlert.lblAl);
+    expectConnected(dlgAlert.lblAct);
+    for (const CommandButton* button :
+         {&form1.cmdPAdd, &form1.cmdMove, &form1.cmdMoveAll, &form1.cmdDelete, &form1.cmdDeleteAll,
+          &form1.cmdFolder, &form1.cmdSnd}) {
+        EXPECT_TRUE(button->Click.connected()) << button->Name();
+    }
+    EXPECT_TRUE(form1.mnuFileAttr.Click.connected());
+}
+
+TEST_F(CoreTest, ConnectsTheListsOfFilesAndPrograms) {
+    core.load();
+    const Form1& form1 = forms.form1;
+    for (const ListView* list : {&form1.LVFile, &form1.LVProg}) {
+        EXPECT_TRUE(list->Drop.connected()) << list->Name();
+        EXPECT_TRUE(list->ColumnClick.connected()) << list->Name();
+    }
+    for (const ComboBox* box : {&form1.cboFile, &form1.cboProg}) {
+        EXPECT_TRUE(box->Drop.connected()) << box->Name();
+    }
+}
+
+TEST_F(CoreTest, StoredTicksAreTakenWithoutAQuestion) {
+    for (const char* index : {"1", "2", "4", "8"}) {
+        machine.files[settingsPath] += line(std::string("lstAct=") + index);
+    }
+    core.load();
+    EXPECT_TRUE(host.boxes.empty());
+    for (int i = 0; i < forms.form1.lstAct.ListCount(); ++i) {
+        const bool stored =
+            i == act::move || i == act::remove || i == act::autoMove || i == act::mail;
+        EXPECT_EQ(forms.form1.lstAct.Selected(i), stored) << i;
+    }
+    EXPECT_FALSE(forms.frmNotify.Visible());
+}
+
+TEST_F(CoreTest, TheRulesOfTheActionsHoldAfterTheStart) {
+    machine.files[settingsPath] += line("lstAct=1");
+    core.load();
+    ListBox& actions = forms.form1.lstAct;
+    actions.userTick(act::remove, true);
+    ASSERT_EQ(host.boxes.size(), 1u);
+    EXPECT_EQ(host.boxes[0].text, "The 'Move Specified files' option will be de-selected");
+    EXPECT_TRUE(actions.Selected(act::remove));
+    EXPECT_FALSE(actions.Selected(act::move));
+}
+
+TEST_F(CoreTest, APauseOnAShortageReachesTheWatch) {
+    machine.files[settingsPath] += line("minspace=60000000\r\n");  // of which 48828125 KB are free
+    core.load();
+    Form1& form1 = forms.form1;
+    form1.ListView1.ListItems(1).setChecked(true);
+    form1.lstAct.setSelected(act::pause, true);
+    form1.cmdPause.setCaption("Pause Watch");
+    bool paused = false;
+    form1.StatusBar1.PanelChanged.connect([&](int index) {
+        paused = paused || (index == 2 && form1.StatusBar1.Panels(2).Text == "Watch Paused.");
+    });
+    form1.DTPInterval.setMinute(0);
+    form1.Timer1.Tick();
+    EXPECT_TRUE(paused);
+    EXPECT_EQ(form1.Caption(), "Velmora - Watching Paused.");
+    ASSERT_GE(form1.LVAlert.Count(), 1);
+    EXPECT_EQ(form1.LVAlert.ListItems(1).SubItems(2),
+              "Program paused by user option to pause on alert event.");
+}
+
 TEST_F(CoreTest, AMissingSettingsFileReachesWhoeverLoads) {
     machine.files.erase(settingsPath);
     EXPECT_EQ(errorOf([this] { core.load(); }), error::fileNotFound);

@@ -153,5 +153,80 @@ TEST_F(Form1Test, TheWayOutHasItsCaptionsAndToolTip) {
     EXPECT_EQ(form.mnuShowAl.Caption(), "Show Alert Dialog");
 }
 
+TEST_F(Form1Test, TheSpecifiedFilesHaveTheirColumnsInOrderAndNoRows) {
+    const char* const columns[] = {
+        "File/Folder(s)", "Size", "File Path Location", "Last Accessed", "Modified",
+        "Created",        "Type"};
+    ASSERT_EQ(form.LVFile.ColumnCount(), 7);
+    for (int i = 0; i < 7; ++i) EXPECT_EQ(form.LVFile.ColumnHeaders(i + 1).Text, columns[i]);
+    EXPECT_EQ(form.LVFile.Count(), 0);
+    EXPECT_EQ(form.cboFile.ListCount(), 0);
+}
+
+TEST_F(Form1Test, TheSpecifiedProgramsHaveTheirColumnsInOrderAndNoRows) {
+    const char* const columns[] = {"Program", "Action", "File Path ", "Type"};
+    ASSERT_EQ(form.LVProg.ColumnCount(), 4);
+    for (int i = 0; i < 4; ++i) EXPECT_EQ(form.LVProg.ColumnHeaders(i + 1).Text, columns[i]);
+    EXPECT_EQ(form.LVProg.Count(), 0);
+    EXPECT_EQ(form.cboProg.ListCount(), 0);
+}
+
+TEST_F(Form1Test, TheButtonsOfTheFilesHaveTheirPlacesAndCaptions) {
+    const char* const captions[] = {"Add",        "Remove",   "Move", "Delete File",    "Clear All",
+                                    "Delete All", "Move All", "...",  "Show Attributes"};
+    ASSERT_EQ(form.lblSF.size(), 9u);
+    for (int i = 0; i < 9; ++i) {
+        EXPECT_EQ(form.lblSF[i].Name(), "lblSF");
+        EXPECT_EQ(form.lblSF[i].Index(), i);
+        EXPECT_EQ(form.lblSF[i].Caption(), captions[i]);
+    }
+}
+
+TEST_F(Form1Test, TheButtonsOfTheProgramsHaveTheirPlacesAndCaptions) {
+    const char* const captions[] = {"Add", "Remove", "Clear All", "Run", "..."};
+    ASSERT_EQ(form.Label5.size(), 5u);
+    for (int i = 0; i < 5; ++i) {
+        EXPECT_EQ(form.Label5[i].Name(), "Label5");
+        EXPECT_EQ(form.Label5[i].Index(), i);
+        EXPECT_EQ(form.Label5[i].Caption(), captions[i]);
+    }
+    EXPECT_EQ(form.cmdPAdd.Caption(), "Add");
+}
+
+TEST_F(Form1Test, TheOlderButtonsOfTheFilesSayWhatTheirLabelsSay) {
+    EXPECT_EQ(form.Command2.Caption(), "Add");
+    const struct {
+        const CommandButton& button;
+        const char* caption;
+        const char* toolTip;
+        const Label& label;
+    } pairs[] = {
+        {form.cmdMove, "Move", "Move selected file(s) to Specified Path", form.lblSF[2]},
+        {form.cmdDelete, "Delete File", "Delete Selected File(s) from Drive/Path", form.lblSF[3]},
+        {form.cmdDeleteAll, "Delete All", "Attempts to delete all file(s) listed", form.lblSF[5]},
+        {form.cmdMoveAll, "Move All", "Attempts to move all file(s) listed", form.lblSF[6]}};
+    for (const auto& [button, caption, toolTip, label] : pairs) {
+        EXPECT_EQ(button.Caption(), caption);
+        EXPECT_EQ(label.Caption(), caption);
+        EXPECT_EQ(button.ToolTipText(), toolTip);
+        EXPECT_EQ(label.ToolTipText(), toolTip);
+    }
+}
+
+TEST_F(Form1Test, TheFieldsOfWhatIsSpecifiedTellWhatTheyAreFor) {
+    EXPECT_EQ(form.cboFile.ToolTipText(), "Listing of File(s) to be used to Free Space");
+    EXPECT_EQ(form.cboProg.ToolTipText(),
+              "Listing of File(s) to be executed on Minimum Space Trigger");
+    EXPECT_EQ(form.txtFileType.ToolTipText(),
+              "Specified File Type(s) deemed acceptable to be used to free space by Automatic "
+              "Action Option");
+    EXPECT_EQ(form.txtFileType.Text(), "");
+    EXPECT_EQ(form.chkSeq.Caption(), "Sequential Action");
+    EXPECT_EQ(form.chkSeq.ToolTipText(),
+              "This sets the program to act (move, delete, send to bin) on the Listed Files one at "
+              "time on each checking period");
+    EXPECT_FALSE(form.chkSeq.ticked());
+}
+
 }  // namespace
 }  // namespace velmora::tests

@@ -100,11 +100,15 @@ class NoInput : public QObject {
     }
 };
 
-// One path as it is; of several, all in one folder, the folder and the names.
+// One path as it is; of several, the folder of the first and the names. What lies in another folder
+// is given whole: under its name alone another file would be meant.
 std::string oneOrSeveral(const std::vector<std::string>& paths) {
     if (paths.size() <= 1) return paths.empty() ? std::string{} : paths.front();
-    std::string all = parentFolderOf(paths.front());
-    for (const std::string& path : paths) all += '\0' + fileNameOf(path);
+    const std::string folder = parentFolderOf(paths.front());
+    std::string all = folder;
+    for (const std::string& path : paths) {
+        all += '\0' + (parentFolderOf(path) == folder ? fileNameOf(path) : path);
+    }
     return all;
 }
 
