@@ -8,6 +8,7 @@
 #include <iostream>
 
 #include "base/errors.h"
+#include "platform/windows/file_operation.h"
 #include "platform/windows/windows_kernel32.h"
 #include "platform/windows/windows_shell32.h"
 #include "platform/windows/windows_winmm.h"
@@ -17,6 +18,7 @@ namespace velmora::windows {
 namespace {
 
 using tests::windows::isThere;
+using tests::windows::Link;
 using tests::windows::makeFile;
 using tests::windows::makeFolder;
 using tests::windows::ScratchTree;
@@ -125,6 +127,86 @@ TEST_F(WindowsOrders, NoNameIsTakenForAnother) {
     const auto before = tree();
     for (const char* name : {"one.txt.", "one.txt ", "folder.", "one.txt:stream"})
         EXPECT_EQ(remove(withEnd(in(name)), forGood), 2) << name;
+    EXPECT_EQ(tree(), before);
+}
+
+TEST_F(WindowsOrders, APatternIsNeverTakenForSeveralFiles) {
+    const auto before = tree();
+    for (const std::uint16_t flags : {intoBin, forGood}) {
+        EXPECT_EQ(remove(withEnd(in("folder\\*")), flags), 2);
+        EXPECT_EQ(remove(withEnd(in("folder\\thre?.txt")), flags), 2);
+        EXPECT_EQ(remove(withEnd(in("folde?\\three.txt")), flags), 2);
+    }
+    EXPECT_EQ(tree(), before);
+}
+
+TEST_F(WindowsOrders, AnUntidyNameIsRefused) {
+    const auto before = tree();
+    for (const std::uint16_t flags : {intoBin, forGood}) {
+        EXPECT_EQ(remove(withEnd(in("folder\\three.txt.")), flags), 2);
+        EXPECT_EQ(remove(withEnd(in("folder\\three.txt ")), flags), 2);
+        EXPECT_EQ(remove(withEnd(in("folder \\three.txt")), flags), 2);
+        EXPECT_EQ(remove(withEnd(in("folder ")), flags), 2);
+    }
+    EXPECT_EQ(tree(), before);
+}
+
+// Of a drive that isn't there, lest a mistake here remove a real one's files.
+TEST_F(WindowsOrders, ADrivesRootIsRefused) {
+    for (const std::uint16_t flags : {intoBin, forGood})
+        for (const char* root : {"Q:\\", "Q:\\old\\..", "Q:/", "Q:\\.", "Q:\\..", "\\\\?\\Q:\\"})
+            EXPECT_EQ(remove(withEnd(root), flags), 5) << root;
+}
+
+TEST_F(WindowsOrders, APathThroughALinkIsRefused) {
+    const Link link(scratch_.path(), "link", "folder");
+    if (!link) GTEST_SKIP() << "no links";
+    const auto before = tree();
+    for (const std::uint16_t flags : {intoBin, forGood}) {
+        EXPECT_EQ(remove(withEnd(in("link\\three.txt")), flags), 5);
+        EXPECT_EQ(remove(withEnd(in("one.txt")) + withEnd(in("link\\three.txt")), flags), 5);
+    }
+    EXPECT_EQ(tree(), before);
+}
+
+TEST_F(WindowsOrders, ALinkToAFolderStaysWithAllBehindIt) {
+    const Link link(scratch_.path(), "link", "folder");
+    if (!link) GTEST_SKIP() << "no links";
+    const auto before = tree();
+    for (const std::uint16_t flags : {intoBin, forGood})
+        EXPECT_EQ(remove(withEnd(link.path()), flags), 5);
+    EXPECT_EQ(tree(), before);
+}
+
+TEST_F(WindowsOrders, ALinkToAFileNeverTakesTheFile) {
+    const Link link(scratch_.path(), "link", "one.txt");
+    if (!link) GTEST_SKIP() << "no links";
+    remove(withEnd(link.path()), forGood);
+    EXPECT_EQ(contentsOf(in("one.txt")), "one");
+}
+
+TEST_F(WindowsOrders, APageGoesWithoutTheFolderOfItsName) {
+    makeFile(in("page.htm"), "page");
+    makeFolder(in("page_files"));
+    makeFile(in("page_files\\picture.png"), "picture");
+    const auto before = tree();
+    EXPECT_EQ(remove(withEnd(in("page.htm")), forGood), 0);
+    EXPECT_EQ(tree(), without(before, "\\page.htm"));
+}
+
+TEST_F(WindowsOrders, OnlyTheNamedGoesAndNothingForGoodThatIsMeantForTheBin) {
+    constexpr std::uint16_t noConnected = 0x2000;
+    constexpr std::uint16_t nukeWarning = 0x4000;
+    EXPECT_EQ(flagsForShell(0), noConnected);
+    EXPECT_EQ(flagsForShell(forGood), forGood | noConnected);
+    EXPECT_EQ(flagsForShell(0x40), 0x40 | noConnected | nukeWarning);
+    EXPECT_EQ(flagsForShell(intoBin), intoBin | noConnected | nukeWarning);
+}
+
+TEST_F(WindowsOrders, NothingButRemovingIsOrdered) {
+    const auto before = tree();
+    for (const std::uint32_t order : {0u, 1u, 2u, 4u})
+        EXPECT_EQ(shell_.SHFileOperationA({"Form1", order, withEnd(in("one.txt")), forGood}), 87);
     EXPECT_EQ(tree(), before);
 }
 
