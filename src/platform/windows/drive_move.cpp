@@ -7,6 +7,8 @@
 #include <new>
 #include <vector>
 
+#include "platform/windows/system_errors.h"
+
 namespace velmora::windows {
 
 namespace {
@@ -32,6 +34,20 @@ DWORD openSource(const Place& source, const OpenedEntry::Facts& original, ACCESS
     OpenedEntry::Facts facts;
     if (const DWORD failure = entry.facts(facts)) return failure;
     return isSame(facts, original) ? ERROR_SUCCESS : ERROR_SHARING_VIOLATION;
+}
+
+// What is open to be read can't be opened to be removed, so there is one between the two: at no
+// moment can anybody write.
+DWORD exchangeForRemoval(OpenedEntry& kept, const Place& source, const OpenedEntry::Facts& original,
+                         OpenedEntry& doomed) {
+    OpenedEntry between;
+    DWORD failure = openSource(source, original, 0, FILE_SHARE_READ | FILE_SHARE_DELETE, between);
+    kept.close();
+    if (failure == ERROR_SUCCESS)
+        failure = openSource(source, original, DELETE | FILE_WRITE_ATTRIBUTES, FILE_SHARE_READ,
+                             doomed);
+    if (failure != ERROR_SUCCESS) doomed.close();
+    return failure;
 }
 
 enum class Standing { unchanged, changed, gone, unknown };
@@ -77,7 +93,7 @@ class Copy {
 
 // Scanners look into every new file for a while, and let nobody remove or rename it meanwhile.
 DWORD Copy::open() {
-    constexpr int tries = 50;
+    constexpr int tries = 30;
     constexpr DWORD pauseMilliseconds = 100;
     for (int i = 1;; ++i) {
         const DWORD failure = entry_.openIn(target_.folder, path_.names.back(), toFinish);
@@ -144,9 +160,7 @@ DWORD Copy::putInPlace() {
                 length + sizeof(wchar_t));
     const DWORD failure = resultOf(SetFileInformationByHandle(
         entry_.handle(), FileRenameInfo, order, static_cast<DWORD>(buffer.size())));
-    const bool isUnknown = failure == ERROR_INVALID_PARAMETER || failure == ERROR_NOT_SUPPORTED ||
-                           failure == ERROR_CALL_NOT_IMPLEMENTED;
-    if (isUnknown) return renameByPath();
+    if (isUnknownRequest(failure)) return renameByPath();
     if (failure == ERROR_SUCCESS) path_ = target_.path;
     return failure;
 }
@@ -197,18 +211,10 @@ DWORD moveToOtherDrive(const Place& source, const Place& target,
         return failure;
     Copy copy(target);
     if (const DWORD failure = copy.make(source, original)) return failure;
-    constexpr ULONG removable = FILE_SHARE_READ | FILE_SHARE_DELETE;
-    OpenedEntry unwritten;
     OpenedEntry doomed;
-    DWORD failure = openSource(source, original, 0, removable, unwritten);
-    kept.close();
-    if (failure == ERROR_SUCCESS)
-        failure = openSource(source, original, DELETE | FILE_WRITE_ATTRIBUTES, removable, doomed);
-    unwritten.close();
-    if (failure != ERROR_SUCCESS) {
-        doomed.close();
+    if (const DWORD failure = exchangeForRemoval(kept, source, original, doomed))
         return endWithoutRemoval(failure, source, original, copy);
-    }
+    // Nobody else removes the source while it is open for that.
     if (const DWORD unplaced = copy.putInPlace()) {
         copy.takeBack();
         return unplaced;
