@@ -28,8 +28,9 @@ DWORD resultOf(BOOL isDone) {
 // the very file that was looked at.
 DWORD openSource(const Place& source, const OpenedEntry::Facts& original, ACCESS_MASK access,
                  ULONG sharing, OpenedEntry& entry) {
-    if (const DWORD failure = entry.openIn(source.folder, source.name(),
-                                           access | FILE_READ_ATTRIBUTES | FILE_READ_DATA, 0, sharing))
+    if (const DWORD failure =
+            entry.openIn(source.folder, source.name(),
+                         access | FILE_READ_ATTRIBUTES | FILE_READ_DATA, 0, sharing))
         return failure;
     OpenedEntry::Facts facts;
     if (const DWORD failure = entry.facts(facts)) return failure;
@@ -44,8 +45,8 @@ DWORD exchangeForRemoval(OpenedEntry& kept, const Place& source, const OpenedEnt
     DWORD failure = openSource(source, original, 0, FILE_SHARE_READ | FILE_SHARE_DELETE, between);
     kept.close();
     if (failure == ERROR_SUCCESS)
-        failure = openSource(source, original, DELETE | FILE_WRITE_ATTRIBUTES, FILE_SHARE_READ,
-                             doomed);
+        failure =
+            openSource(source, original, DELETE | FILE_WRITE_ATTRIBUTES, FILE_SHARE_READ, doomed);
     if (failure != ERROR_SUCCESS) doomed.close();
     return failure;
 }

@@ -21,9 +21,10 @@ struct Place {
 /// Moves a plain file to a place on another drive at which nothing lies. Nobody writes to it
 /// meanwhile: one that somebody has open for that is refused. Under the name of the target nothing
 /// else than the whole file ever appears; until it is whole the copy has a name of its own beside
-/// it ("velmora-....part"), which only a crash leaves there. The system's error code, 0 for success,
-/// also when somebody else has removed the original in time. After a failure the file is where it
-/// was and no copy remains; where that can't be told, the copy remains too.
+/// it ("velmora-....part"), left there only by a crash, or by somebody who holds it open for more
+/// than some seconds. The system's error code, 0 for success, also when somebody else has removed
+/// the original in time. After a failure the file is where it was and no copy remains; where that
+/// can't be told, the copy remains too.
 DWORD moveToOtherDrive(const Place& source, const Place& target,
                        const OpenedEntry::Facts& original);
 

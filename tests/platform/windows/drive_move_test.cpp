@@ -1,128 +1,29 @@
-// Moving a file to another drive while others look at it, hold it, write to it and remove it.
-#include "platform/windows/drive_move.h"
-
+// Moving a file to another drive while others look at it, hold it and write to it.
 #include <gtest/gtest.h>
 #include <windows.h>
 
 #include <atomic>
 #include <cstring>
-#include <functional>
 #include <iostream>
 #include <thread>
 
-#include "other_drive.h"
-#include "platform/windows/windows_kernel32.h"
-#include "scratch_tree.h"
+#include "drive_move_rig.h"
 
 namespace velmora::windows {
 namespace {
 
 using tests::windows::byTheLetter;
+using tests::windows::DriveMoveTest;
+using tests::windows::everything;
 using tests::windows::isThere;
+using tests::windows::largeSize;
 using tests::windows::makeFile;
-using tests::windows::makeFolder;
-using tests::windows::OtherDrive;
-using tests::windows::runHostProgram;
-using tests::windows::ScratchTree;
-using tests::windows::treeOf;
+using tests::windows::namesIn;
+using tests::windows::openFile;
 
 constexpr std::uint32_t existsAlready = 183;
-constexpr std::size_t largeSize = std::size_t{24} << 20;
-constexpr DWORD allButRemoving = FILE_SHARE_READ | FILE_SHARE_WRITE;
-constexpr DWORD everything = allButRemoving | FILE_SHARE_DELETE;
 
-std::string largeContent() {
-    std::string content(largeSize, '\0');
-    for (std::size_t i = 0; i < content.size(); ++i) content[i] = static_cast<char>(i % 251 + 1);
-    return content;
-}
-
-// The names in a folder, without looking at the files.
-std::vector<std::string> namesIn(const std::string& folder) {
-    std::vector<std::string> names;
-    WIN32_FIND_DATAW entry{};
-    const HANDLE search = FindFirstFileW((byTheLetter(folder) + L"\\*").c_str(), &entry);
-    if (search == INVALID_HANDLE_VALUE) return names;
-    do {
-        const std::string name = toUtf8(entry.cFileName);
-        if (name != "." && name != "..") names.push_back(name);
-    } while (FindNextFileW(search, &entry));
-    FindClose(search);
-    return names;
-}
-
-HANDLE openFile(const std::string& path, DWORD access, DWORD sharing) {
-    return CreateFileW(byTheLetter(path).c_str(), access, sharing, nullptr, OPEN_EXISTING, 0,
-                       nullptr);
-}
-
-class WindowsDriveMove : public testing::Test {
-  protected:
-    void SetUp() override {
-        if (!other_) GTEST_SKIP() << "no other drive";
-        makeFolder(in("from"));
-    }
-    std::string in(const std::string& name) const { return scratch_ / name; }
-    std::string source() const { return in("from\\file"); }
-    std::string target() const { return other_ / "new file"; }
-    bool move() { return kernel32_.MoveFileA(source(), target()) == 1; }
-
-    /// Moves while somebody holds the copy as soon as it can be opened, so that it can't be
-    /// renamed or removed, and does something meanwhile. Who comes too late tries again. Where the
-    /// system lets nobody open what it copies, `isHeld_` may stay false.
-    bool moveWhile(const std::function<void()>& act) {
-        constexpr int tries = 10;
-        for (int i = 1;; ++i) {
-            const bool isMoved = moveOnceWhile(act);
-            if (isHeld_ || !isMoved) return isMoved;
-            if (i == tries) break;
-            EXPECT_TRUE(kernel32_.MoveFileA(target(), source()));
-        }
-        std::cout << "skipped: the copy was gone before it could be held\n";
-        return true;
-    }
-    bool moveOnceWhile(const std::function<void()>& act) {
-        std::atomic<bool> isOver = false;
-        std::atomic<bool> isLooking = false;
-        std::thread scanner([&] {
-            HANDLE held = INVALID_HANDLE_VALUE;
-            while (!isOver && held == INVALID_HANDLE_VALUE) {
-                for (const std::string& name : namesIn(other_.path()))
-                    if (name.ends_with(".part"))
-                        held = openFile(other_ / name, GENERIC_READ, allButRemoving);
-                isLooking = true;
-            }
-            if (held == INVALID_HANDLE_VALUE) return;
-            isHeld_ = true;
-            act();
-            CloseHandle(held);
-        });
-        waitUntil([&] { return isLooking.load(); });
-        const bool isMoved = move();
-        isOver = true;
-        scanner.join();
-        return isMoved;
-    }
-    void makeSource() {
-        content_ = largeContent();
-        makeFile(source(), content_);
-    }
-    void expectOnlyAtSource(const std::string& content) {
-        EXPECT_EQ(namesIn(other_.path()), std::vector<std::string>{});
-        EXPECT_TRUE(contentsOf(source()) == content);
-    }
-    void expectOnlyAtTarget(const std::string& content) {
-        EXPECT_EQ(namesIn(other_.path()), std::vector<std::string>{"new file"});
-        EXPECT_TRUE(contentsOf(target()) == content);
-        EXPECT_FALSE(isThere(source()));
-    }
-
-    ScratchTree scratch_;
-    OtherDrive other_;
-    WindowsKernel32 kernel32_;
-    bool isHeld_ = false;
-    std::string content_;
-};
+class WindowsDriveMove : public DriveMoveTest {};
 
 TEST_F(WindowsDriveMove, NothingButTheWholeFileEverAppearsUnderItsName) {
     makeSource();
@@ -193,50 +94,6 @@ TEST_F(WindowsDriveMove, NobodyWritesToAFileThatIsBeingMoved) {
     if (isHeld_) {
         EXPECT_EQ(failure, DWORD{ERROR_SHARING_VIOLATION});
     }
-    expectOnlyAtTarget(content_);
-}
-
-// Programs of the host below Wine do what they like to files in use, as those of another machine.
-class WindowsDriveMoveBesideHost : public WindowsDriveMove {
-  protected:
-    void SetUp() override {
-        WindowsDriveMove::SetUp();
-        if (IsSkipped()) return;
-        if (!isUnderWine()) {
-            std::cout << "skipped: files in use can't be changed here\n";
-            GTEST_SKIP() << "no host";
-        }
-        makeSource();
-    }
-    void runInFrom(const std::string& line) { runHostProgram(in("from"), line); }
-};
-
-TEST_F(WindowsDriveMoveBesideHost, AFileThatChangesMeanwhileStaysWithoutACopy) {
-    EXPECT_FALSE(moveWhile([&] {
-        makeFile(in("from\\newer"), "newer content");
-        runInFrom(R"(Z:\bin\cp newer file)");
-        waitUntil([&] { return contentsOf(source()) == "newer content"; });
-    }));
-    EXPECT_TRUE(isHeld_);
-    expectOnlyAtSource("newer content");
-}
-
-TEST_F(WindowsDriveMoveBesideHost, AFileThatIsReplacedMeanwhileStaysWithoutACopy) {
-    EXPECT_FALSE(moveWhile([&] {
-        makeFile(in("from\\newer"), "replacer");
-        runInFrom(R"(Z:\bin\mv -f newer file)");
-        waitUntil([&] { return !isThere(in("from\\newer")); });
-    }));
-    EXPECT_TRUE(isHeld_);
-    expectOnlyAtSource("replacer");
-}
-
-TEST_F(WindowsDriveMoveBesideHost, AFileThatIsRemovedMeanwhileHasBeenMoved) {
-    EXPECT_TRUE(moveWhile([&] {
-        runInFrom(R"(Z:\bin\rm -f file)");
-        waitUntil([&] { return !isThere(source()); });
-    }));
-    EXPECT_TRUE(isHeld_);
     expectOnlyAtTarget(content_);
 }
 

@@ -8,8 +8,8 @@
 #include <iostream>
 
 #include "base/errors.h"
+#include "own_bin.h"
 #include "platform/windows/file_operation.h"
-#include "platform/windows/windows_kernel32.h"
 #include "platform/windows/windows_shell32.h"
 #include "platform/windows/windows_winmm.h"
 #include "scratch_tree.h"
@@ -59,13 +59,13 @@ class WindowsOwnBin : public WindowsOrders {
   protected:
     void SetUp() override {
         WindowsOrders::SetUp();
-        bin_ = WindowsKernel32().GetEnvironmentVariableA("VELMORA_OWN_RECYCLE_BIN");
+        bin_ = tests::windows::ownBin();
         if (!bin_.empty()) return;
         std::cout << "skipped: VELMORA_OWN_RECYCLE_BIN names no bin of the tests' own\n";
         GTEST_SKIP() << "no bin of the tests' own";
     }
     void TearDown() override {
-        if (!bin_.empty()) shell_.SHEmptyRecycleBinA("Form1", "", 7);
+        if (!bin_.empty()) tests::windows::clearOwnBin(bin_);
     }
 
     std::string bin_;

@@ -42,8 +42,9 @@ class OtherDrive {
 
   private:
     static bool volumeOf(const std::wstring& path, DWORD& volume) {
-        const HANDLE folder = CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES, FILE_SHARE_READ, nullptr,
-                                          OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+        const HANDLE folder =
+            CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                        FILE_FLAG_BACKUP_SEMANTICS, nullptr);
         BY_HANDLE_FILE_INFORMATION told{};
         const bool isTold =
             folder != INVALID_HANDLE_VALUE && GetFileInformationByHandle(folder, &told);

@@ -44,12 +44,12 @@ class WindowsRecyclingRace : public testing::Test {
     WindowsShell32 shell_;
 };
 
-// In the trap the same name is a link to a folder, which no order goes through: what lies behind it can
-// only be reached when the folders are swapped between the look and the shell's own way.
+// In the trap the same name is a link to a folder, which no order goes through: what lies behind it
+// can only be reached when the folders are swapped between the look and the shell's own way.
 TEST_F(WindowsRecyclingRace, AnotherFolderInThePlaceLosesNothing) {
     constexpr int rounds = 100;
-    constexpr std::uint16_t forGood = file_operation::silent | file_operation::noConfirmation |
-                                      file_operation::noErrorBox;
+    constexpr std::uint16_t forGood =
+        file_operation::silent | file_operation::noConfirmation | file_operation::noErrorBox;
     makeFolder(in("way"));
     makeFolder(in("precious"));
     makeFolder(in("treasure"));
