@@ -7,7 +7,13 @@
 
 namespace velmora::windows {
 
-/// 0 for success, or else the system's error code, also where the shell has one of its own.
+/// What the shell is told beside the flags of an order, so that nothing goes that wasn't named, and
+/// nothing for good that was meant for the bin.
+std::uint16_t flagsForShell(std::uint16_t flags);
+
+/// 0 for success, or else the system's error code, also where the shell has one of its own. The
+/// folders of all paths are held open meanwhile. 5 for a path that leads through a link, for the
+/// root of a drive, and for a link to a folder; 87 for another order than removing.
 std::int32_t orderFileOperation(const FileOperation& operation);
 
 }  // namespace velmora::windows

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <string_view>
 
+#include "platform/windows/system_errors.h"
+
 namespace velmora::windows {
 
 namespace {
@@ -19,11 +21,6 @@ constexpr ULONG dispositionAtOnce = 2;  // not only when everybody has closed it
 constexpr ULONG dispositionReadOnlyToo = 0x10;
 
 constexpr ACCESS_MASK toLookAt = FILE_READ_ATTRIBUTES | SYNCHRONIZE;
-
-bool isUnknownRequest(DWORD failure) {
-    return failure == ERROR_INVALID_PARAMETER || failure == ERROR_NOT_SUPPORTED ||
-           failure == ERROR_INVALID_FUNCTION || failure == ERROR_INVALID_LEVEL;
-}
 
 DWORD resultOf(BOOL isDone) {
     return isDone ? ERROR_SUCCESS : GetLastError();

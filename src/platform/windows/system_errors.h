@@ -22,4 +22,18 @@ inline bool isMissing(DWORD failure) {
     }
 }
 
+/// Whether such a failure says that this system or filesystem doesn't know what was asked for.
+inline bool isUnknownRequest(DWORD failure) {
+    switch (failure) {
+        case ERROR_INVALID_PARAMETER:
+        case ERROR_NOT_SUPPORTED:
+        case ERROR_INVALID_FUNCTION:
+        case ERROR_INVALID_LEVEL:
+        case ERROR_CALL_NOT_IMPLEMENTED:
+            return true;
+        default:
+            return false;
+    }
+}
+
 }  // namespace velmora::windows

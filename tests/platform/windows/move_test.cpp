@@ -4,10 +4,8 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include <iostream>
-#include <optional>
-
 #include "platform/windows/entry_facts.h"
+#include "other_drive.h"
 #include "scratch_tree.h"
 
 namespace velmora::windows {
@@ -19,6 +17,7 @@ using tests::windows::isThere;
 using tests::windows::Link;
 using tests::windows::makeFile;
 using tests::windows::makeFolder;
+using tests::windows::OtherDrive;
 using tests::windows::ScratchTree;
 using tests::windows::setAttributes;
 using tests::windows::treeOf;
@@ -163,6 +162,7 @@ TEST_F(WindowsMove, ALinkIsMovedAsTheLink) {
     EXPECT_TRUE(move(in("moved"), link.path()));
 }
 
+<<<<<<< HEAD
 // A folder on another drive than the scratch folder, until this object goes.
 class OtherDrive {
   public:
@@ -206,6 +206,8 @@ class OtherDrive {
     std::string path_;
 };
 
+=======
+>>>>>>> bz
 class WindowsMoveToOtherDrive : public WindowsMove {
   protected:
     void SetUp() override {

@@ -8,7 +8,8 @@
 #include <iostream>
 
 #include "base/errors.h"
-#include "platform/windows/windows_kernel32.h"
+#include "own_bin.h"
+#include "platform/windows/file_operation.h"
 #include "platform/windows/windows_shell32.h"
 #include "platform/windows/windows_winmm.h"
 #include "scratch_tree.h"
@@ -16,9 +17,8 @@
 namespace velmora::windows {
 namespace {
 
-using tests::windows::byTheLetter;
-using tests::windows::clearFolder;
 using tests::windows::isThere;
+using tests::windows::Link;
 using tests::windows::makeFile;
 using tests::windows::makeFolder;
 using tests::windows::ScratchTree;
@@ -27,8 +27,8 @@ using tests::windows::without;
 
 constexpr std::uint16_t intoBin = file_operation::allowUndo | file_operation::silent |
                                   file_operation::noConfirmation | file_operation::noErrorBox;
-constexpr std::uint16_t forGood =
-    file_operation::silent | file_operation::noConfirmation | file_operation::noErrorBox;
+constexpr std::uint16_t forGood = file_operation::silent | file_operation::noConfirmation |
+                                  file_operation::noErrorBox;
 
 class WindowsOrders : public testing::Test {
   protected:
@@ -43,8 +43,10 @@ class WindowsOrders : public testing::Test {
     std::string in(const std::string& name) const { return scratch_ / name; }
     auto tree() const { return treeOf(scratch_.path()); }
     std::int32_t remove(const std::string& paths, std::uint16_t flags) {
-        return shell_.SHFileOperationA(
-            {.owner = "Form1", .wFunc = file_operation::remove, .pFrom = paths, .fFlags = flags});
+        return shell_.SHFileOperationA({.owner = "Form1",
+                                        .wFunc = file_operation::remove,
+                                        .pFrom = paths,
+                                        .fFlags = flags});
     }
     static std::string withEnd(const std::string& path) { return path + '\0'; }
 
@@ -57,15 +59,13 @@ class WindowsOwnBin : public WindowsOrders {
   protected:
     void SetUp() override {
         WindowsOrders::SetUp();
-        bin_ = WindowsKernel32().GetEnvironmentVariableA("VELMORA_OWN_RECYCLE_BIN");
+        bin_ = tests::windows::ownBin();
         if (!bin_.empty()) return;
         std::cout << "skipped: VELMORA_OWN_RECYCLE_BIN names no bin of the tests' own\n";
         GTEST_SKIP() << "no bin of the tests' own";
     }
     void TearDown() override {
-        if (bin_.empty()) return;
-        // Wine's own emptying leaves folders in it.
-        for (const char* part : {"\\files", "\\info"}) clearFolder(byTheLetter(bin_ + part));
+        if (!bin_.empty()) tests::windows::clearOwnBin(bin_);
     }
 
     std::string bin_;
@@ -127,6 +127,86 @@ TEST_F(WindowsOrders, NoNameIsTakenForAnother) {
     const auto before = tree();
     for (const char* name : {"one.txt.", "one.txt ", "folder.", "one.txt:stream"})
         EXPECT_EQ(remove(withEnd(in(name)), forGood), 2) << name;
+    EXPECT_EQ(tree(), before);
+}
+
+TEST_F(WindowsOrders, APatternIsNeverTakenForSeveralFiles) {
+    const auto before = tree();
+    for (const std::uint16_t flags : {intoBin, forGood}) {
+        EXPECT_EQ(remove(withEnd(in("folder\\*")), flags), 2);
+        EXPECT_EQ(remove(withEnd(in("folder\\thre?.txt")), flags), 2);
+        EXPECT_EQ(remove(withEnd(in("folde?\\three.txt")), flags), 2);
+    }
+    EXPECT_EQ(tree(), before);
+}
+
+TEST_F(WindowsOrders, AnUntidyNameIsRefused) {
+    const auto before = tree();
+    for (const std::uint16_t flags : {intoBin, forGood}) {
+        EXPECT_EQ(remove(withEnd(in("folder\\three.txt.")), flags), 2);
+        EXPECT_EQ(remove(withEnd(in("folder\\three.txt ")), flags), 2);
+        EXPECT_EQ(remove(withEnd(in("folder \\three.txt")), flags), 2);
+        EXPECT_EQ(remove(withEnd(in("folder ")), flags), 2);
+    }
+    EXPECT_EQ(tree(), before);
+}
+
+// Of a drive that isn't there, lest a mistake here remove a real one's files.
+TEST_F(WindowsOrders, ADrivesRootIsRefused) {
+    for (const std::uint16_t flags : {intoBin, forGood})
+        for (const char* root : {"Q:\\", "Q:\\old\\..", "Q:/", "Q:\\.", "Q:\\..", "\\\\?\\Q:\\"})
+            EXPECT_EQ(remove(withEnd(root), flags), 5) << root;
+}
+
+TEST_F(WindowsOrders, APathThroughALinkIsRefused) {
+    const Link link(scratch_.path(), "link", "folder");
+    if (!link) GTEST_SKIP() << "no links";
+    const auto before = tree();
+    for (const std::uint16_t flags : {intoBin, forGood}) {
+        EXPECT_EQ(remove(withEnd(in("link\\three.txt")), flags), 5);
+        EXPECT_EQ(remove(withEnd(in("one.txt")) + withEnd(in("link\\three.txt")), flags), 5);
+    }
+    EXPECT_EQ(tree(), before);
+}
+
+TEST_F(WindowsOrders, ALinkToAFolderStaysWithAllBehindIt) {
+    const Link link(scratch_.path(), "link", "folder");
+    if (!link) GTEST_SKIP() << "no links";
+    const auto before = tree();
+    for (const std::uint16_t flags : {intoBin, forGood})
+        EXPECT_EQ(remove(withEnd(link.path()), flags), 5);
+    EXPECT_EQ(tree(), before);
+}
+
+TEST_F(WindowsOrders, ALinkToAFileNeverTakesTheFile) {
+    const Link link(scratch_.path(), "link", "one.txt");
+    if (!link) GTEST_SKIP() << "no links";
+    remove(withEnd(link.path()), forGood);
+    EXPECT_EQ(contentsOf(in("one.txt")), "one");
+}
+
+TEST_F(WindowsOrders, APageGoesWithoutTheFolderOfItsName) {
+    makeFile(in("page.htm"), "page");
+    makeFolder(in("page_files"));
+    makeFile(in("page_files\\picture.png"), "picture");
+    const auto before = tree();
+    EXPECT_EQ(remove(withEnd(in("page.htm")), forGood), 0);
+    EXPECT_EQ(tree(), without(before, "\\page.htm"));
+}
+
+TEST_F(WindowsOrders, OnlyTheNamedGoesAndNothingForGoodThatIsMeantForTheBin) {
+    constexpr std::uint16_t noConnected = 0x2000;
+    constexpr std::uint16_t nukeWarning = 0x4000;
+    EXPECT_EQ(flagsForShell(0), noConnected);
+    EXPECT_EQ(flagsForShell(forGood), forGood | noConnected);
+    EXPECT_EQ(flagsForShell(0x40), 0x40 | noConnected | nukeWarning);
+    EXPECT_EQ(flagsForShell(intoBin), intoBin | noConnected | nukeWarning);
+}
+
+TEST_F(WindowsOrders, NothingButRemovingIsOrdered) {
+    const auto before = tree();
+    for (const std::uint32_t order : {0u, 1u, 2u, 4u})
+        EXPECT_EQ(shell_.SHFileOperationA({"Form1", order, withEnd(in("one.txt")), forGood}), 87);
     EXPECT_EQ(tree(), before);
 }
 
@@ -196,10 +276,8 @@ TEST_F(WindowsOrders, WithoutADeviceNothingIsPlayed) {
         std::cout << "skipped: there is a sound device, which stays silent\n";
         GTEST_SKIP() << "a sound device";
     }
-    std::string silence(
-        "RIFF\x2c\0\0\0WAVEfmt \x10\0\0\0\1\0\1\0\x40\x1f\0\0\x40\x1f\0\0\1\0\x8\0"
-        "data\x8\0\0\0",
-        44);
+    std::string silence("RIFF\x2c\0\0\0WAVEfmt \x10\0\0\0\1\0\1\0\x40\x1f\0\0\x40\x1f\0\0\1\0\x8\0"
+                        "data\x8\0\0\0", 44);
     makeFile(in("silence.wav"), silence + std::string(8, '\x80'));
     EXPECT_EQ(WindowsWinmm().sndPlaySoundA(in("silence.wav"), sound::noDefault), 0);
 }

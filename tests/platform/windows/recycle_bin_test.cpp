@@ -12,14 +12,12 @@
 #include <fstream>
 #include <iostream>
 
+#include "own_bin.h"
 #include "platform/windows/utf16.h"
-#include "platform/windows/windows_kernel32.h"
 #include "scratch_folder.h"
 
 namespace velmora::windows {
 namespace {
-
-constexpr const char* ownBin = "VELMORA_OWN_RECYCLE_BIN";
 
 // What lies in the bin of the tests, by the listing of its folder.
 std::size_t countIn(const std::string& folder) {
@@ -39,12 +37,13 @@ bool moveToBin(const std::string& path) {
 }
 
 TEST(RecycleBin, IsEmptiedWithoutAQuestion) {
-    const std::string bin = WindowsKernel32().GetEnvironmentVariableA(ownBin);
+    const std::string bin = tests::windows::ownBin();
     if (bin.empty()) {
-        const std::string reason = std::string(ownBin) + " names no bin of the tests' own";
+        const std::string reason = "VELMORA_OWN_RECYCLE_BIN names no bin of the tests' own";
         std::cout << "skipped: " << reason << '\n';
         GTEST_SKIP() << reason;
     }
+    tests::windows::clearOwnBin(bin);
     const ScratchFolder scratch;
     for (const char* name : {"one", "two ö"}) {
         std::ofstream(std::filesystem::path(toUtf16(scratch / name))) << "x";
