@@ -61,10 +61,9 @@ class WindowsMove : public testing::Test {
 TEST_F(WindowsMove, AFileGoesUnderItsNewName) {
     EXPECT_TRUE(move(in("from\\one.txt"), in("to\\new Größe.txt")));
     EXPECT_EQ(kernel32_.GetLastError(), 0u);
-    EXPECT_EQ(tree(),
-              (Lines{"\\from folder", "\\from\\sub folder",
-                     "\\from\\sub\\zwei Größe.txt file 4 [zwei]", "\\to folder",
-                     "\\to\\new Größe.txt file 3 [one]", "\\to\\there.txt file 5 [there]"}));
+    EXPECT_EQ(tree(), (Lines{"\\from folder", "\\from\\sub folder",
+                             "\\from\\sub\\zwei Größe.txt file 4 [zwei]", "\\to folder",
+                             "\\to\\new Größe.txt file 3 [one]", "\\to\\there.txt file 5 [there]"}));
 }
 
 TEST_F(WindowsMove, AFolderGoesWithAllInIt) {
@@ -162,52 +161,6 @@ TEST_F(WindowsMove, ALinkIsMovedAsTheLink) {
     EXPECT_TRUE(move(in("moved"), link.path()));
 }
 
-<<<<<<< HEAD
-// A folder on another drive than the scratch folder, until this object goes.
-class OtherDrive {
-  public:
-    OtherDrive() {
-        const std::wstring home = std::filesystem::temp_directory_path().wstring();
-        for (const std::string candidate : {R"(Z:\dev\shm\)", R"(D:\)", R"(E:\)"}) {
-            DWORD first = 0;
-            DWORD second = 0;
-            // Wine tells one number for all drives of one filesystem of its host.
-            if (!volumeOf(home, first) || !volumeOf(toUtf16(candidate), second) || first == second)
-                continue;
-            path_ = candidate + "velmora-" + std::to_string(GetCurrentProcessId());
-            if (CreateDirectoryW(toUtf16(path_).c_str(), nullptr)) return;
-            path_.clear();
-        }
-        std::cout << "skipped: no other drive\n";
-    }
-    ~OtherDrive() {
-        std::error_code ignored;
-        if (!path_.empty()) std::filesystem::remove_all(toUtf16(path_), ignored);
-    }
-    OtherDrive(const OtherDrive&) = delete;
-    OtherDrive& operator=(const OtherDrive&) = delete;
-    explicit operator bool() const { return !path_.empty(); }
-    std::string operator/(const std::string& name) const { return path_ + '\\' + name; }
-    Lines tree() const { return treeOf(path_); }
-
-  private:
-    static bool volumeOf(const std::wstring& path, DWORD& volume) {
-        const HANDLE folder =
-            CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
-                        FILE_FLAG_BACKUP_SEMANTICS, nullptr);
-        BY_HANDLE_FILE_INFORMATION told{};
-        const bool isTold =
-            folder != INVALID_HANDLE_VALUE && GetFileInformationByHandle(folder, &told);
-        if (folder != INVALID_HANDLE_VALUE) CloseHandle(folder);
-        volume = told.dwVolumeSerialNumber;
-        return isTold;
-    }
-
-    std::string path_;
-};
-
-=======
->>>>>>> bz
 class WindowsMoveToOtherDrive : public WindowsMove {
   protected:
     void SetUp() override {
@@ -266,8 +219,8 @@ TEST_F(WindowsMoveToOtherDrive, AFileThatCanNotBeRemovedHereLeavesNoCopyThere) {
 
 TEST_F(WindowsMoveToOtherDrive, AFileThatSomebodyStillWritesStays) {
     const HANDLE writer = CreateFileW(byTheLetter(in("from\\one.txt")).c_str(), GENERIC_WRITE,
-                                      FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                                      nullptr, OPEN_EXISTING, 0, nullptr);
+                                      FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                      OPEN_EXISTING, 0, nullptr);
     ASSERT_NE(writer, INVALID_HANDLE_VALUE);
     EXPECT_NE(refusal(in("from\\one.txt"), other_ / "one.txt"), 0u);
     EXPECT_EQ(other_.tree(), Lines{});
