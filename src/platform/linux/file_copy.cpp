@@ -9,8 +9,8 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
 #include <cstring>
+#include <string>
 #include <vector>
 
 #include "platform/linux/rename_entry.h"

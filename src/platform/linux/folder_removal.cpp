@@ -68,7 +68,8 @@ int removeFolder(const OpenedParent& parent, bool force) {
     // Where this fails, removing tells.
     std::optional<LentRights> rights;
     if (force) rights.emplace(folder);
-    failure = removeEntries(folder, [](const std::string&) { return true; }, force);
+    failure = removeEntries(
+        folder, [](const std::string&) { return true; }, force);
     if (failure == 0) failure = removeEmptied(parent, folder);
     if (failure != 0 && rights) rights->takeBack();
     return failure;

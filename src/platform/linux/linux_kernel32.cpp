@@ -62,8 +62,8 @@ FindHandle LinuxKernel32::FindFirstFileA(const std::string& pattern, FindData& e
         hostPathOf(pattern.substr(0, pattern.size() - everything.size()), roots);
     // Asked first, since opening would wait for a drive that doesn't answer.
     const bool asksServer = !volumes_.answersFromMemory(folder);
-    const bool canBegin = asksServer ? volumes_.beginsListing(folder)
-                                     : volumes_.kindOf(folder) == FileKind::folder;
+    const bool canBegin =
+        asksServer ? volumes_.beginsListing(folder) : volumes_.kindOf(folder) == FileKind::folder;
     if (folder.empty() || !canBegin) return 0;
     const auto listing =
         listings_.try_emplace(++lastListing_, folder, !isRoot(folder, roots), asksServer).first;

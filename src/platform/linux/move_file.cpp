@@ -5,7 +5,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdio>
 
 #include "platform/linux/file_copy.h"
 #include "platform/linux/opened_parent.h"

@@ -44,8 +44,8 @@ struct Place {
 /// 0, or the errno: EXDEV where the system doesn't tell the folder's mount, since then nobody knows
 /// what lies in another one.
 int placeOf(int folder, Place& place);
-/// The number of an open file's mount, as kernels tell it that tell none when looking; nothing where
-/// that can't be read.
+/// The number of an open file's mount, as kernels tell it that tell none when looking; nothing
+/// where that can't be read.
 std::optional<std::uint64_t> mountOfOpened(int file);
 /// Whether what `lookAt` has seen can lie at the place. Kernels that tell no mount of what isn't
 /// open leave a second view of the same filesystem to be told by `placeOf` once it is.

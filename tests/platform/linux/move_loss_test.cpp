@@ -185,8 +185,7 @@ TEST_F(MoveLoss, ATargetFolderThatIsNotOnTheDiskTakesTheCopyBack) {
 }
 
 TEST_F(MoveLoss, AnInterruptedCloseIsNoFailure) {
-    const int result =
-        withoutCall(SYS_close, EINTR, [&] { return static_cast<int>(moveBy({})); });
+    const int result = withoutCall(SYS_close, EINTR, [&] { return static_cast<int>(moveBy({})); });
     EXPECT_EQ(result, 0);
     EXPECT_EQ(contentThere(), "content of work/a.txt");
 }
