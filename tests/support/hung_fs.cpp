@@ -1,5 +1,6 @@
 // A filesystem that doesn't answer: its root is an empty folder whose attributes are told at once,
-// but the question about its space, and the one about a name "stuck", stay without an answer.
+// but the question about its space, the one about a name "stuck" and the listing of the
+// folder "endless", which can be looked at, stay without an answer.
 //
 //   hung_fs MOUNTPOINT [CONTROL LOG]
 //
@@ -41,7 +42,7 @@ void endWithOwner() {
 
 int tellAttributes(const char* path, struct stat* status, fuse_file_info*) {
     if (std::strcmp(path, "/stuck") == 0) waitForRelease();
-    if (std::strcmp(path, "/") != 0) return -ENOENT;
+    if (std::strcmp(path, "/") != 0 && std::strcmp(path, "/endless") != 0) return -ENOENT;
     *status = {};
     status->st_mode = S_IFDIR | 0755;
     status->st_nlink = 2;
@@ -60,7 +61,8 @@ int tellSpace(const char*, struct statvfs* space) {
     return 0;
 }
 
-int listNothing(const char*, void*, fuse_fill_dir_t, off_t, fuse_file_info*, fuse_readdir_flags) {
+int listNothing(const char* path, void*, fuse_fill_dir_t, off_t, fuse_file_info*, fuse_readdir_flags) {
+    if (std::strcmp(path, "/endless") == 0) waitForRelease();
     return 0;
 }
 

@@ -43,16 +43,34 @@ int countAll(int folder, EntryCounts& counts) {
     }
 }
 
-}  // namespace
-
-int countEntries(const char* path, EntryCounts& counts) {
+int openFolder(const char* path) {
     int folder = 0;
     do {
         folder = open(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     } while (folder < 0 && errno == EINTR);
+    return folder;
+}
+
+}  // namespace
+
+int countEntries(const char* path, EntryCounts& counts) {
+    const int folder = openFolder(path);
     if (folder < 0) return errno;
     counts = {};
     const int failure = countAll(folder, counts);
+    close(folder);
+    return failure;
+}
+
+int beginListing(const char* path) {
+    const int folder = openFolder(path);
+    if (folder < 0) return errno;
+    alignas(dirent64) char buffer[32 * 1024];
+    ssize_t size = 0;
+    do {
+        size = getdents64(folder, buffer, sizeof buffer);
+    } while (size < 0 && errno == EINTR);
+    const int failure = size < 0 ? errno : 0;
     close(folder);
     return failure;
 }

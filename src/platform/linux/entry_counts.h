@@ -14,4 +14,8 @@ struct EntryCounts {
 /// points to, one that leads nowhere as a file. Gives 0 or the errno. Safe in a forked child.
 int countEntries(const char* path, EntryCounts& counts);
 
+/// Opens the folder at `path` and reads the first of its names. Gives 0 or the errno. Safe in a
+/// forked child.
+int beginListing(const char* path);
+
 }  // namespace velmora::linuxhost

@@ -5,13 +5,26 @@
 
 #include <string>
 
+#include "platform/linux/own_entry.h"
+
 namespace velmora::linuxhost {
 
-/// Copies an entry of the one folder under a name that the other doesn't have yet: a file with its
+/// What was copied, and the copy.
+struct CopiedEntry {
+    struct stat source {};
+    EntryIdentity copy;
+};
+
+/// Copies an entry of the one folder to a name that the other doesn't have yet: a file with its
 /// content, times, mode, owner and attributes as far as the filesystem keeps them, on the disk when
-/// this returns; a link as the link that it is. `copied` tells what was copied. 0, or the errno
-/// with nothing left behind: EXDEV for whatever is neither, EBUSY for a file that changed meanwhile.
+/// this returns; a link as the link that it is. Nothing appears at the name but the whole file. 0,
+/// or the errno with nothing left behind: EEXIST when something has that name, EXDEV for whatever
+/// is neither file nor link, EBUSY for a file that changed meanwhile or that a program holds open
+/// for writing.
 int copyEntry(int fromFolder, const std::string& from, int toFolder, const std::string& to,
-              struct stat& copied);
+              CopiedEntry& copied);
+
+/// Whether a program holds the file at the name open for writing; no where that can't be told.
+bool isOpenForWriting(int folder, const std::string& name);
 
 }  // namespace velmora::linuxhost

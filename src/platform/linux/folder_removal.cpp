@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <optional>
 
 #include "platform/linux/tree_removal.h"
 #include "platform/linux/tree_walk.h"
@@ -38,6 +39,11 @@ bool isStillThere(const OpenedParent& parent, const OpenFolder& folder) {
            atName.st_dev == opened.st_dev && atName.st_ino == opened.st_ino;
 }
 
+int removeEmptied(const OpenedParent& parent, const OpenFolder& folder) {
+    if (!isStillThere(parent, folder)) return EBUSY;
+    return unlinkat(parent.file(), parent.name().c_str(), AT_REMOVEDIR) == 0 ? 0 : errno;
+}
+
 }  // namespace
 
 int removeFolder(const OpenedParent& parent, bool force) {
@@ -49,7 +55,7 @@ int removeFolder(const OpenedParent& parent, bool force) {
     Place outside;
     if (const int failure = placeOf(parent.file(), outside); failure != 0) return failure;
     // Before it is opened, since a mount may not answer.
-    if (!(placeIn(status) == outside)) return EXDEV;
+    if (!mayLieIn(status, outside)) return EXDEV;
 
     const OpenFolder folder(parent.file(), parent.name());
     if (!folder.isOpen()) return folder.failure();
@@ -60,11 +66,13 @@ int removeFolder(const OpenedParent& parent, bool force) {
     if (failure == 0 && !force) failure = failureOfProtected(folder);
     if (failure != 0) return failure;
     // Where this fails, removing tells.
-    if (force && isWriteProtected(status.stx_mode)) fchmod(folder.file(), S_IRWXU);
-    failure = removeEntries(folder, [](const std::string&) { return true; });
-    if (failure != 0) return failure;
-    if (!isStillThere(parent, folder)) return EBUSY;
-    return unlinkat(parent.file(), parent.name().c_str(), AT_REMOVEDIR) == 0 ? 0 : errno;
+    std::optional<LentRights> rights;
+    if (force) rights.emplace(folder);
+    failure = removeEntries(
+        folder, [](const std::string&) { return true; }, force);
+    if (failure == 0) failure = removeEmptied(parent, folder);
+    if (failure != 0 && rights) rights->takeBack();
+    return failure;
 }
 
 int removeFolder(Volumes& volumes, const std::string& hostPath, bool force) {

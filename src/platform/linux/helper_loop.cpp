@@ -54,6 +54,8 @@ int answer(const HelperRequest& request, HelperReply& reply) {
             return kindOf(request.path, reply.kind);
         case HelperQuestion::entries:
             return countEntries(request.path, reply.entries);
+        case HelperQuestion::listing:
+            return beginListing(request.path);
     }
     return EINVAL;
 }

@@ -11,7 +11,7 @@
 
 namespace velmora::linuxhost {
 
-enum class HelperQuestion : std::uint32_t { space, kind, entries };
+enum class HelperQuestion : std::uint32_t { space, kind, entries, listing };
 
 enum class FileKind : std::uint32_t { none, folder, file };
 

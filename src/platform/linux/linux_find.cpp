@@ -78,14 +78,17 @@ void setDriveName(std::string& text, std::string_view name) {
     }
 }
 
-FolderListing::FolderListing(const std::string& hostPath, bool hasDots)
+FolderListing::FolderListing(const std::string& hostPath, bool hasDots, bool asksServer)
     : folder_(open(hostPath.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)),
       failure_(folder_ < 0 ? errno : 0),
-      told_(hasDots ? Told::nothing : Told::dots) {
+      told_(hasDots ? Told::nothing : Told::dots),
+      asksServer_(asksServer) {
     if (folder_ < 0) return;
     struct statx status {};
     // Where not even the folder itself can be looked at in it, nothing can.
     if (statx(folder_, ".", lookFlags, STATX_TYPE, &status) != 0) failure_ = errno;
+    major_ = status.stx_dev_major;
+    minor_ = status.stx_dev_minor;
     buffer_ = std::make_unique_for_overwrite<char[]>(bufferSize);
 }
 
@@ -104,9 +107,20 @@ bool FolderListing::fill(int& failure) {
     return size > 0;
 }
 
+// What lies on another filesystem is never asked for: that one may not answer.
+bool FolderListing::look(const char* name, struct statx& status) const {
+    if (statx(folder_, name, lookFlags, wanted, &status) != 0) return false;
+    if (!asksServer_ || status.stx_dev_major != major_ || status.stx_dev_minor != minor_)
+        return true;
+    struct statx now {};
+    constexpr int asking = (lookFlags & ~AT_STATX_DONT_SYNC) | AT_STATX_SYNC_AS_STAT;
+    if (statx(folder_, name, asking, wanted, &now) == 0) status = now;
+    return true;
+}
+
 bool FolderListing::tell(const char* name, unsigned char kind, FindData& entry) const {
     struct statx status {};
-    if (statx(folder_, name, lookFlags, wanted, &status) != 0) {
+    if (!look(name, status)) {
         if (errno == ENOENT) return false;  // gone since the names were read
         // A mount point that may not be looked at, say. It is there all the same.
         status = {};

@@ -16,8 +16,9 @@ namespace velmora::linuxhost {
 
 class FolderListing {
   public:
-    /// `hasDots`: whether "." and ".." come first.
-    FolderListing(const std::string& hostPath, bool hasDots);
+    /// `hasDots`: whether "." and ".." come first. `asksServer`: whether times and
+    /// sizes are those of this moment even where a server has to be asked for them.
+    FolderListing(const std::string& hostPath, bool hasDots, bool asksServer = false);
     ~FolderListing();
     FolderListing(const FolderListing&) = delete;
     FolderListing& operator=(const FolderListing&) = delete;
@@ -31,11 +32,15 @@ class FolderListing {
 
     bool nextDots(FindData& entry);
     bool fill(int& failure);
+    bool look(const char* name, struct statx& status) const;
     bool tell(const char* name, unsigned char kind, FindData& entry) const;
 
     int folder_;
     int failure_;  // why it can't be listed; 0 once that was told
     Told told_;
+    bool asksServer_;
+    unsigned major_ = 0;  // of the folder's filesystem
+    unsigned minor_ = 0;
     std::unique_ptr<char[]> buffer_;
     std::size_t at_ = 0;
     std::size_t size_ = 0;

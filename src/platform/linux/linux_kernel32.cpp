@@ -61,9 +61,12 @@ FindHandle LinuxKernel32::FindFirstFileA(const std::string& pattern, FindData& e
     const std::string folder =
         hostPathOf(pattern.substr(0, pattern.size() - everything.size()), roots);
     // Asked first, since opening would wait for a drive that doesn't answer.
-    if (folder.empty() || volumes_.kindOf(folder) != FileKind::folder) return 0;
+    const bool asksServer = !volumes_.answersFromMemory(folder);
+    const bool canBegin =
+        asksServer ? volumes_.beginsListing(folder) : volumes_.kindOf(folder) == FileKind::folder;
+    if (folder.empty() || !canBegin) return 0;
     const auto listing =
-        listings_.try_emplace(++lastListing_, folder, !isRoot(folder, roots)).first;
+        listings_.try_emplace(++lastListing_, folder, !isRoot(folder, roots), asksServer).first;
     lastError_ = listing->second.next(entry);
     if (lastError_ == 0) return lastListing_;
     listings_.erase(listing);

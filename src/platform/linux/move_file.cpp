@@ -60,67 +60,98 @@ std::uint32_t codeOf(int failure) {
     }
 }
 
-bool isSameEntry(const struct stat& one, const struct stat& other) {
-    return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
+bool isSameTime(const timespec& one, const timespec& other) {
+    return one.tv_sec == other.tv_sec && one.tv_nsec == other.tv_nsec;
 }
 
-// The new name must be on the disk before the old one goes.
-void syncFolder(int folder) {
+bool isSameFile(const struct stat& one, const struct stat& other) {
+    return identityOf(one) == identityOf(other) && one.st_size == other.st_size;
+}
+
+bool isUnchanged(const struct stat& one, const struct stat& other) {
+    return isSameFile(one, other) && isSameTime(one.st_mtim, other.st_mtim) &&
+           isSameTime(one.st_ctim, other.st_ctim);
+}
+
+int syncFolder(int folder) {
     const int listing = openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (listing < 0) return;
-    // Some filesystems can't; they have no later moment either.
-    fsync(listing);
+    // A folder that takes entries but may not be read can't be synchronized by itself.
+    if (listing < 0) return errno == EACCES ? 0 : errno;
+    int failure = fsync(listing) == 0 ? 0 : errno;
     close(listing);
-}
-
-// What was copied is in place; now the source goes, or else the copy.
-int removeSource(const OpenedParent& source, const struct stat& copied,
-                 const OpenedParent& target) {
-    struct stat status {};
-    int failure = source.look(status);
-    // Another file has come to its name: the copied one is where somebody has moved it.
-    if (failure == 0 && !isSameEntry(status, copied)) failure = EBUSY;
-    if (failure == 0 && unlinkat(source.file(), source.name().c_str(), 0) != 0) failure = errno;
-    if (failure != 0) unlinkat(target.file(), target.name().c_str(), 0);
+    // Filesystems that can't; they have no later moment either.
+    if (failure == EINVAL || failure == ENOTSUP || failure == EROFS) failure = 0;
     return failure;
 }
 
-std::string passingName() {
-    static unsigned number = 0;
-    return ".velmora-" + std::to_string(getpid()) + '-' + std::to_string(++number);
-}
+// A move whose copy is in its place: now the source goes, or else the copy. Where it can't be told
+// whether the source is still there, the copy stays.
+class EndOfMove {
+  public:
+    EndOfMove(const OpenedParent& source, const OpenedParent& target, const CopiedEntry& copied,
+              const MoveSteps& steps)
+        : source_(source), target_(target), copied_(copied), steps_(steps) {}
 
-// A copy under a passing name, which nobody takes for the whole file.
-int moveByCopy(const OpenedParent& source, const OpenedParent& target) {
-    if (faccessat(source.file(), ".", W_OK | X_OK, AT_EACCESS) != 0) return errno;
-    std::string passing;
-    struct stat copied {};
-    int failure = EEXIST;
-    for (int tries = 0; failure == EEXIST && tries < 100; ++tries) {
-        passing = passingName();
-        failure = copyEntry(source.file(), source.name(), target.file(), passing, copied);
+    int run() {
+        // The new name must be on the disk before the old one goes.
+        if (const int failure = steps_.sync(target_.file()); failure != 0) return undo(failure);
+        if (const int failure = steps_.whenCopied(); failure != 0) return undo(failure);
+        const bool isFile = S_ISREG(copied_.source.st_mode);
+        if (isFile && isOpenForWriting(source_.file(), source_.name())) return undo(EBUSY);
+        struct stat now {};
+        if (const int failure = source_.look(now); failure != 0) return whenUnseen(failure);
+        // Written to since, or another file has come to its name.
+        if (!isUnchanged(now, copied_.source)) return undo(EBUSY);
+        const int failure = steps_.remove(source_.file(), source_.name());
+        return failure == 0 ? 0 : whenNotRemoved(failure);
     }
-    if (failure != 0) return failure;
-    failure = renameInto(target.file(), passing, target.file(), target.name());
-    if (failure != 0) {
-        unlinkat(target.file(), passing.c_str(), 0);
+
+  private:
+    int undo(int failure) {
+        removeOwn(target_.file(), target_.name(), copied_.copy);
         return failure;
     }
-    syncFolder(target.file());
-    return removeSource(source, copied, target);
+    // Somebody else has removed it, or a server whose answer was lost: the copy is all there is.
+    static int whenUnseen(int failure) { return failure == ENOENT ? 0 : failure; }
+    int whenNotRemoved(int failure) {
+        struct stat left {};
+        if (const int unseen = source_.look(left); unseen != 0)
+            return unseen == ENOENT ? 0 : failure;
+        return isSameFile(left, copied_.source) ? undo(failure) : failure;
+    }
+
+    const OpenedParent& source_;
+    const OpenedParent& target_;
+    const CopiedEntry& copied_;
+    const MoveSteps& steps_;
+};
+
+int moveByCopy(const OpenedParent& source, const OpenedParent& target, const MoveSteps& steps) {
+    if (faccessat(source.file(), ".", W_OK | X_OK, AT_EACCESS) != 0) return errno;
+    CopiedEntry copied;
+    const int failure =
+        copyEntry(source.file(), source.name(), target.file(), target.name(), copied);
+    return failure == 0 ? EndOfMove(source, target, copied, steps).run() : failure;
 }
 
-int move(const OpenedParent& source, const struct stat& status, const OpenedParent& target) {
+int move(const OpenedParent& source, const struct stat& status, const OpenedParent& target,
+         const MoveSteps& steps) {
     const int failure = renameInto(source.file(), source.name(), target.file(), target.name());
     if (failure != EXDEV) return failure;
     struct stat there {};
     if (target.look(there) == 0) return EEXIST;
-    return S_ISDIR(status.st_mode) ? EXDEV : moveByCopy(source, target);
+    return S_ISDIR(status.st_mode) ? EXDEV : moveByCopy(source, target, steps);
 }
 
 }  // namespace
 
-std::uint32_t moveFile(Volumes& volumes, const std::string& from, const std::string& to) {
+MoveSteps::MoveSteps()
+    : sync(syncFolder), remove([](int folder, const std::string& name) {
+          return unlinkat(folder, name.c_str(), 0) == 0 ? 0 : errno;
+      }) {}
+
+std::uint32_t moveFile(Volumes& volumes, const std::string& from, const std::string& to,
+                       const MoveSteps& steps) {
     const OpenedParent source(volumes, from);
     if (!source.isOpen())
         return source.failure() == ENOENT || source.failure() == ENOTDIR ? fileNotFound
@@ -133,7 +164,7 @@ std::uint32_t moveFile(Volumes& volumes, const std::string& from, const std::str
     if (target.failure() == EBUSY) return alreadyExists;
     if (!target.isOpen()) return codeOf(target.failure());
     // A mount point can't be moved.
-    const int failure = move(source, status, target);
+    const int failure = move(source, status, target, steps);
     return failure == EBUSY && S_ISDIR(status.st_mode) ? accessDenied : codeOf(failure);
 }
 

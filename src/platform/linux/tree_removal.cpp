@@ -6,8 +6,10 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdio>
+#include <fstream>
 #include <vector>
+
+#include "platform/linux/rename_entry.h"
 
 namespace velmora::linuxhost {
 
@@ -20,7 +22,9 @@ constexpr int deepest = 64;
 
 class Removal {
   public:
-    explicit Removal(const OpenFolder& top) : top_(top) { note(placeOf(top.file(), place_)); }
+    Removal(const OpenFolder& top, bool force) : top_(top), force_(force) {
+        note(placeOf(top.file(), place_));
+    }
 
     int failure() const { return failure_; }
 
@@ -52,7 +56,7 @@ class Removal {
         if (const int unseen = lookAt(parent.file(), name, status); unseen != 0)
             return note(unseen == ENOENT ? 0 : unseen);
         if (!S_ISDIR(status.stx_mode)) return note(failure);
-        if (!(placeIn(status) == place_)) return note(EXDEV);
+        if (!mayLieIn(status, place_)) return note(EXDEV);
         if (depth >= deepest) return moveUp(parent, name);
         removeFolder(parent, name, depth);
     }
@@ -68,26 +72,27 @@ class Removal {
         if (const int failure = placeOf(folder.file(), place); failure != 0) return note(failure);
         if (!(place == place_)) return note(EXDEV);
         // A folder that was deleted write-protected; where this fails, removing tells.
-        fchmod(folder.file(), S_IRWXU);
+        std::optional<LentRights> rights;
+        if (force_) rights.emplace(folder);
         removeIn(folder, depth + 1, [](const std::string&) { return true; });
         // When something in it has stayed, that was noted first.
-        if (unlinkat(parent.file(), name.c_str(), AT_REMOVEDIR) != 0) note(errno);
+        if (unlinkat(parent.file(), name.c_str(), AT_REMOVEDIR) == 0) return;
+        note(errno);
+        if (rights) rights->takeBack();
     }
 
     void moveUp(const OpenFolder& parent, const std::string& name) {
-        for (int tries = 0; tries < 1000; ++tries) {
+        int failure = EEXIST;
+        for (int tries = 0; failure == EEXIST && tries < 1000; ++tries) {
             const std::string upper = ".velmora-" + std::to_string(++number_);
-            if (renameat2(parent.file(), name.c_str(), top_.file(), upper.c_str(),
-                          RENAME_NOREPLACE) == 0) {
-                moved_.push_back(upper);
-                return;
-            }
-            if (errno != EEXIST) break;
+            failure = renameInto(parent.file(), name, top_.file(), upper);
+            if (failure == 0) moved_.push_back(upper);
         }
-        note(errno);
+        note(failure);
     }
 
     const OpenFolder& top_;
+    const bool force_;
     Place place_;
     std::vector<std::string> moved_;
     int number_ = 0;
@@ -95,6 +100,17 @@ class Removal {
 };
 
 }  // namespace
+
+LentRights::LentRights(const OpenFolder& folder) : folder_(folder) {
+    struct stat status {};
+    if (fstat(folder.file(), &status) != 0 || (status.st_mode & S_IRWXU) == S_IRWXU) return;
+    mode_ = status.st_mode & 07777;
+    areLent_ = fchmod(folder.file(), mode_ | S_IRWXU) == 0;
+}
+
+void LentRights::takeBack() const {
+    if (areLent_) fchmod(folder_.file(), mode_);
+}
 
 int namesIn(const OpenFolder& folder, std::vector<std::string>& names) {
     // The listing takes its file along when it is closed.
@@ -116,9 +132,18 @@ int namesIn(const OpenFolder& folder, std::vector<std::string>& names) {
     return failure;
 }
 
-Place placeIn(const struct statx& status) {
-    const bool hasMount = (status.stx_mask & STATX_MNT_ID) != 0;
-    return {status.stx_dev_major, status.stx_dev_minor, hasMount ? status.stx_mnt_id : 0};
+std::optional<std::uint64_t> mountOfOpened(int file) {
+    std::ifstream told("/proc/self/fdinfo/" + std::to_string(file));
+    for (std::string name; told >> name;) {
+        std::uint64_t mount = 0;
+        if (name == "mnt_id:" && told >> mount) return mount;
+    }
+    return std::nullopt;
+}
+
+bool mayLieIn(const struct statx& status, const Place& place) {
+    if (status.stx_dev_major != place.major || status.stx_dev_minor != place.minor) return false;
+    return (status.stx_mask & STATX_MNT_ID) == 0 || status.stx_mnt_id == place.mount;
 }
 
 int lookAt(int folder, const std::string& name, struct statx& status) {
@@ -131,7 +156,11 @@ int lookAt(int folder, const std::string& name, struct statx& status) {
 int placeOf(int folder, Place& place) {
     struct statx status {};
     if (const int failure = lookAt(folder, "", status); failure != 0) return failure;
-    place = placeIn(status);
+    const bool hasMount = (status.stx_mask & STATX_MNT_ID) != 0;
+    const auto mount =
+        hasMount ? std::optional<std::uint64_t>(status.stx_mnt_id) : mountOfOpened(folder);
+    if (!mount) return EXDEV;
+    place = {status.stx_dev_major, status.stx_dev_minor, *mount};
     return 0;
 }
 
@@ -148,8 +177,8 @@ OpenFolder::~OpenFolder() {
     if (isOpen()) close(file_);
 }
 
-int removeEntries(const OpenFolder& folder, const Goes& goes) {
-    Removal removal(folder);
+int removeEntries(const OpenFolder& folder, const Goes& goes, bool force) {
+    Removal removal(folder, force);
     if (removal.failure() != 0) return removal.failure();
     removal.removeIn(folder, 0, goes);
     removal.removeMoved();

@@ -64,7 +64,7 @@ class Walk {
         if (failure_ != 0 || status.stx_mask == 0) return;
         isEnded_ = !seen_(status);
         const bool isFolder = S_ISDIR(status.stx_mode);
-        if (isFolder && placeIn(status) == place_) levels_.back().subfolders.push_back(name);
+        if (isFolder && mayLieIn(status, place_)) levels_.back().subfolders.push_back(name);
     }
 
     void goDown(const std::string& name) {

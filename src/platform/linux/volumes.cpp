@@ -168,6 +168,16 @@ std::optional<EntryCounts> Volumes::entriesOf(const std::string& hostPath) {
     return reply->entries;
 }
 
+bool Volumes::beginsListing(const std::string& hostPath) {
+    Volume* holder = holderOf(hostPath);
+    return holder && holder->helper.ask(HelperQuestion::listing, hostPath).has_value();
+}
+
+bool Volumes::answersFromMemory(const std::string& hostPath) {
+    const Volume* holder = holderOf(hostPath);
+    return holder && holder->drive.answersFromMemory;
+}
+
 std::vector<pid_t> Volumes::helpers() const {
     std::vector<pid_t> processes;
     for (const auto& volume : volumes_) {

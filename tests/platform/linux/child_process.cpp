@@ -23,7 +23,9 @@ bool becomeNobody() {
     return setgroups(0, nullptr) == 0 && setgid(nobody) == 0 && setuid(nobody) == 0;
 }
 
-bool letCallFail(long number, int failure) {
+}  // namespace
+
+bool letCallsFail(long number, int failure) {
     // The sanitizers try whether memory can be read by writing 16 bytes of it into a pipe.
     const unsigned spared = number == SYS_write ? 16 : 0xFFFFFFFF;
     sock_filter filter[] = {
@@ -37,8 +39,6 @@ bool letCallFail(long number, int failure) {
     return prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 &&
            prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program) == 0;
 }
-
-}  // namespace
 
 int inChild(const std::function<int()>& step) {
     const pid_t child = fork();
@@ -71,7 +71,7 @@ int asNobody(const std::function<int()>& step) {
 }
 
 int withoutCall(long number, int failure, const std::function<int()>& step) {
-    return inChild([&] { return letCallFail(number, failure) ? step() : noCondition; });
+    return inChild([&] { return letCallsFail(number, failure) ? step() : noCondition; });
 }
 
 }  // namespace velmora::linuxhost

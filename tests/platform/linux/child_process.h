@@ -19,4 +19,8 @@ void giveToNobody(const std::string& folder);
 /// The same where every use of a system call fails with the errno.
 int withoutCall(long number, int failure, const std::function<int()>& step);
 
+/// From here on every use of a system call fails in this process, which must be a child of that
+/// kind. Whether that could be made.
+bool letCallsFail(long number, int failure);
+
 }  // namespace velmora::linuxhost

@@ -7,34 +7,16 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <iostream>
 
 #include "child_process.h"
 #include "mounting.h"
+#include "move_elsewhere.h"
 #include "platform/linux/rename_entry.h"
-#include "scratch_tree.h"
 
 namespace velmora::linuxhost {
 namespace {
 
 namespace fs = std::filesystem;
-
-class LinuxMove : public ScratchTree {
-  protected:
-    /// Expects that the move fails with the code and changes nothing.
-    void expectRefused(const std::string& from, const std::string& to, std::uint32_t code) {
-        const TreeListing before = tree();
-        EXPECT_FALSE(move(from, to)) << from << " > " << to;
-        EXPECT_EQ(kernel32_.GetLastError(), code) << from << " > " << to;
-        EXPECT_EQ(tree(), before);
-    }
-    void expectMoved(const std::string& from, const std::string& to) {
-        const TreeListing expected = moved(tree(), from, to);
-        EXPECT_TRUE(move(in(from), in(to))) << kernel32_.GetLastError();
-        EXPECT_EQ(kernel32_.GetLastError(), 0u);
-        EXPECT_EQ(tree(), expected);
-    }
-};
 
 TEST_F(LinuxMove, AFileGoesToItsNewPathAndNothingElseChanges) {
     expectMoved("work/a.txt", "target/a.txt");
@@ -159,51 +141,6 @@ TEST_F(LinuxMove, AFilesystemThatAlwaysReplacesIsHeldOffByAnEntryOfOnesOwn) {
     }
 }
 
-// A folder on another filesystem than the scratch tree's.
-class MoveElsewhere : public LinuxMove {
-  protected:
-    void SetUp() override {
-        const std::string name = "/dev/shm/velmora-" + std::to_string(getpid());
-        struct stat here {};
-        struct stat there {};
-        stat(root_.path().c_str(), &here);
-        if (mkdir(name.c_str(), 0700) != 0 || stat(name.c_str(), &there) != 0 ||
-            here.st_dev == there.st_dev) {
-            std::cout << "skipped: /dev/shm is no filesystem of its own\n";
-            GTEST_SKIP() << "/dev/shm is no filesystem of its own";
-        }
-        elsewhere_ = name;
-        std::ofstream(elsewhere_ + "/there already") << "before";
-    }
-    ~MoveElsewhere() override {
-        std::error_code ignored;
-        if (!elsewhere_.empty()) fs::remove_all(elsewhere_, ignored);
-    }
-
-    std::string there(const std::string& name) { return drivePath(elsewhere_ + '/' + name); }
-    void expectRefusedThere(const std::string& from, const std::string& to, std::uint32_t code) {
-        const TreeListing before = listTree(elsewhere_);
-        expectRefused(from, to, code);
-        EXPECT_EQ(listTree(elsewhere_), before);
-    }
-    /// Moves in a process in which a call fails, and expects that nothing has changed.
-    void expectLeftAlone(long call, int failure, const std::string& from) {
-        const TreeListing before = tree();
-        const TreeListing beforeThere = listTree(elsewhere_);
-        const int code = withoutCall(call, failure, [&] {
-            Volumes volumes;
-            LinuxKernel32 kernel32(volumes);
-            const bool isMoved = kernel32.MoveFileA(in(from), there("x")) != 0;
-            return isMoved ? 90 : static_cast<int>(kernel32.GetLastError() % 90);
-        });
-        EXPECT_TRUE(code > 0 && code < 90) << call << ' ' << failure << ' ' << code;
-        EXPECT_EQ(tree(), before) << call << ' ' << failure;
-        EXPECT_EQ(listTree(elsewhere_), beforeThere) << call << ' ' << failure;
-    }
-
-    std::string elsewhere_;
-};
-
 TEST_F(MoveElsewhere, AFileGoesAsACopyWithItsTimesAndMode) {
     std::ofstream(at("work/big"), std::ios::binary) << std::string(3'000'000, 'b') << "end";
     chmod(at("work/big").c_str(), 0640);
@@ -274,6 +211,15 @@ TEST_F(MoveElsewhere, APipeStaysWhereItIs) {
     expectRefusedThere(in("work/pipe"), there("pipe"), 17);
 }
 
+TEST_F(MoveElsewhere, AFileThatSomebodyStillWritesStays) {
+    std::ofstream writer(at("work/a.txt"), std::ios::app);
+    writer << "more" << std::flush;
+    expectRefusedThere(in("work/a.txt"), there("x"), 32);
+    writer.close();
+    EXPECT_TRUE(move(in("work/a.txt"), there("x")));
+    EXPECT_EQ(contentsOf(elsewhere_ + "/x"), "content of work/a.txtmore");
+}
+
 TEST_F(MoveElsewhere, NothingThereIsReplaced) {
     fs::create_directory(elsewhere_ + "/folder");
     fs::create_symlink("nowhere", elsewhere_ + "/link");
@@ -294,6 +240,11 @@ TEST_F(MoveElsewhere, WhereACallFailsEverythingStaysAsItWas) {
     expectLeftAlone(SYS_symlinkat, ENOSPC, "work/to a file");
     expectLeftAlone(SYS_symlinkat, EPERM, "work/to a file");
     expectLeftAlone(SYS_readlinkat, EIO, "work/to outside");
+    expectLeftAlone(SYS_close, EIO, "work/a.txt");
+    const std::string path = at("work/a.txt");
+    if (setxattr(path.c_str(), "user.note", "kept", 4, 0) != 0) return;
+    for (const int failure : {ENOSPC, EDQUOT, EIO})
+        expectLeftAlone(SYS_fsetxattr, failure, "work/a.txt");
 }
 
 TEST_F(MoveElsewhere, WhereTheSourceMayNotBeRemovedNoCopyStays) {

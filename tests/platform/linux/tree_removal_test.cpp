@@ -5,13 +5,16 @@
 #include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <filesystem>
 #include <fstream>
 
+#include "child_process.h"
 #include "mounting.h"
+#include "platform/linux/folder_removal.h"
 #include "test_folder.h"
 #include "tree_listing.h"
 
@@ -100,9 +103,9 @@ class OpenFilesLimit {
     rlimit before_{};
 };
 
-TEST_F(TreeRemoval, ItGoesAsDeepAsTheFoldersDo) {
-    int folder = open((scratch_ / "in").c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    constexpr int levels = 500;
+// Folders in one another, each with a file.
+void makeDeep(const std::string& top, int levels) {
+    int folder = open(top.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     for (int level = 0; level < levels; ++level) {
         ASSERT_EQ(mkdirat(folder, "deeper", 0700), 0);
         const int file = openat(folder, "file", O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
@@ -112,8 +115,18 @@ TEST_F(TreeRemoval, ItGoesAsDeepAsTheFoldersDo) {
         folder = next;
     }
     close(folder);
+}
+
+TEST_F(TreeRemoval, ItGoesAsDeepAsTheFoldersDo) {
+    makeDeep(scratch_ / "in", 500);
     const OpenFilesLimit limit(200);
     EXPECT_EQ(removeAll(), 0);
+    EXPECT_EQ(left(), Listing{});
+}
+
+TEST_F(TreeRemoval, ItGoesAsDeepWhereNothingCanBeRenamedWithoutReplacing) {
+    makeDeep(scratch_ / "in", 200);
+    EXPECT_EQ(withoutCall(SYS_renameat2, EINVAL, [&] { return removeAll(); }), 0);
     EXPECT_EQ(left(), Listing{});
 }
 
@@ -130,6 +143,86 @@ TEST_F(TreeRemoval, AMountIsNotEnteredAndTheRestGoes) {
     EXPECT_EQ(failure, EXDEV);
     EXPECT_EQ(outside(), outside_);
     EXPECT_EQ(left(), (Listing{"a/", "a/mount/"}));
+}
+
+// A second view of a folder beside the tree, in the tree.
+class BoundView {
+  public:
+    BoundView(const std::string& folder, std::string mountPoint)
+        : mountPoint_(std::move(mountPoint)),
+          isMounted_(mount(folder.c_str(), mountPoint_.c_str(), "", MS_BIND, nullptr) == 0) {}
+    ~BoundView() { umount2(mountPoint_.c_str(), MNT_DETACH); }
+    BoundView(const BoundView&) = delete;
+    BoundView& operator=(const BoundView&) = delete;
+
+    bool isMounted() const { return isMounted_; }
+
+  private:
+    std::string mountPoint_;
+    bool isMounted_;
+};
+
+TEST_F(TreeRemoval, AFolderThatStaysKeepsItsMode) {
+    if (const std::string reason = whyNoMounting(); !reason.empty()) GTEST_SKIP() << reason;
+    fs::create_directories(scratch_ / "in/a/mount");
+    const std::string kept = scratch_ / "in/a";
+    for (const mode_t mode : {02775U, 0555U, 01500U, 0300U}) {
+        ASSERT_EQ(chmod(kept.c_str(), mode), 0);
+        {
+            const BoundView view(scratch_ / "outside", scratch_ / "in/a/mount");
+            ASSERT_TRUE(view.isMounted());
+            EXPECT_EQ(removeAll(), EXDEV);
+        }
+        struct stat status {};
+        ASSERT_EQ(stat(kept.c_str(), &status), 0);
+        EXPECT_EQ(status.st_mode & 07777, mode);
+    }
+    EXPECT_EQ(outside(), outside_);
+}
+
+TEST_F(TreeRemoval, AFolderToDeleteThatStaysKeepsItsMode) {
+    if (const std::string reason = whyNoMounting(); !reason.empty()) GTEST_SKIP() << reason;
+    fs::create_directories(scratch_ / "in/mount");
+    const std::string kept = scratch_ / "in";
+    Volumes volumes;
+    for (const bool force : {false, true}) {
+        for (const mode_t mode : {02775U, 0755U, 0555U}) {
+            ASSERT_EQ(chmod(kept.c_str(), mode), 0);
+            const BoundView view(scratch_ / "outside", scratch_ / "in/mount");
+            ASSERT_TRUE(view.isMounted());
+            EXPECT_NE(removeFolder(volumes, kept, force), 0);
+            struct stat status {};
+            ASSERT_EQ(stat(kept.c_str(), &status), 0);
+            EXPECT_EQ(status.st_mode & 07777, mode);
+        }
+    }
+    EXPECT_EQ(outside(), outside_);
+}
+
+// As older kernels leave it.
+TEST_F(TreeRemoval, AMountIsToldOnceItIsOpenWhereLookingDoesNotTellIt) {
+    if (const std::string reason = whyNoMounting(); !reason.empty()) GTEST_SKIP() << reason;
+    fs::create_directory(scratch_ / "in/mount");
+    fs::create_directory(scratch_ / "in/folder");
+    const BoundView view(scratch_ / "outside", scratch_ / "in/mount");
+    ASSERT_TRUE(view.isMounted());
+    const OpenFolder in(scratch_ / "in");
+    Place place;
+    ASSERT_EQ(placeOf(in.file(), place), 0);
+    EXPECT_EQ(mountOfOpened(in.file()), place.mount);
+    EXPECT_EQ(mountOfOpened(OpenFolder(in, "folder").file()), place.mount);
+    const auto mounted = mountOfOpened(OpenFolder(in, "mount").file());
+    ASSERT_TRUE(mounted.has_value());
+    EXPECT_NE(*mounted, place.mount);
+    EXPECT_EQ(mountOfOpened(-1), std::nullopt);
+
+    struct statx status {};
+    ASSERT_EQ(lookAt(in.file(), "mount", status), 0);
+    EXPECT_FALSE(mayLieIn(status, place));
+    status.stx_mask &= ~static_cast<unsigned>(STATX_MNT_ID);
+    EXPECT_TRUE(mayLieIn(status, place));
+    ++status.stx_dev_minor;
+    EXPECT_FALSE(mayLieIn(status, place));
 }
 
 // Gives its result by the exit status, since there is no way back to root.
