@@ -20,6 +20,9 @@ class HostFiles final : public velmora::TextFiles {
         std::ofstream stream(path, std::ios::binary);
         stream.write(content.data(), static_cast<std::streamsize>(content.size()));
     }
+    double FileLen(const std::string&) override {
+        throw velmora::RuntimeError(velmora::error::fileNotFound);
+    }
     void remove(const std::string& path) override {
         if (std::remove(path.c_str()) != 0)
             throw velmora::RuntimeError(velmora::error::fileNotFound);
