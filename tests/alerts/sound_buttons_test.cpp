@@ -20,11 +20,15 @@ struct SoundButtonsTest : testing::Test {
     Form1& form1 = forms.form1;
     SystemActions actions{forms, machine.platform(), user32};
     SoundButtons buttons{forms, machine.platform(), host, actions};
+
+    SoundButtonsTest() {
+        EXPECT_EQ(machine.log.count(), 0) << "nothing is asked for before the start";
+        buttons.setDefaults();
+        machine.log.clear();
+    }
 };
 
 TEST_F(SoundButtonsTest, BothSoundsAreTheSystemsChimeUntilOthersAreChosen) {
-    EXPECT_EQ(machine.log.count(), 0);
-    buttons.setDefaults();
     for (const TextBox& sound : form1.txtAudio) {
         EXPECT_EQ(sound.Text(), "C:\\Windows\\media\\chimes.wav");
     }
