@@ -6,6 +6,9 @@
 #include <QPalette>
 #include <QScreen>
 #include <QStyleFactory>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "qt/controls/legible_style.h"
 #include "qt/window_rig.h"
@@ -99,15 +102,19 @@ void fillWithLife(WindowRig& rig) {
     form.lstAct.userTick(11, false);
     form.lstEvt.userTick(4, true);
     form.txtDrive.setText("E:\\archive\\");
-    for (const auto& [name, size, folder] :
-         {std::tuple{"install-2019.iso", "4382112 KB", "D:\\images"},
-          std::tuple{"old-backup.zip", "912004 KB", "D:\\backup"},
-          std::tuple{"screencast.mkv", "1204411 KB", "D:\\video"}}) {
-        auto& row = form.LVFile.Add(name);
-        row.setSubItems(1, size);
-        row.setSubItems(2, folder);
-        row.setSubItems(6, "File");
+    std::vector<std::string> listed;
+    for (const auto& [path, size] : {std::pair{"D:\\images\\install-2019.iso", 4487282688.0},
+                                     std::pair{"D:\\backup\\old-backup.zip", 933892096.0},
+                                     std::pair{"D:\\video\\screencast.mkv", 1233316864.0}}) {
+        rig.machine.files[path] = "";
+        rig.machine.sizes[path] = size;
+        listed.emplace_back(path);
     }
+    form.LVFile.userDrop(listed);
+    const std::string tool = "C:\\Tools\\compact-mail.exe";
+    rig.machine.files[tool] = "";
+    form.LVProg.userDrop({tool, tool});
+    form.LVProg.Remove(2);
     for (int i = 0; i < 14; ++i) {
         rig.machine.advance(5000);
         rig.program->timers().fireDue();
