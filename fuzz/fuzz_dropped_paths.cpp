@@ -57,6 +57,17 @@ void attempt(Step&& step) {
     }
 }
 
+// What happened, for whoever reads the broken promise.
+void tellCalls(const std::string& file, const fake::FakeMachine& machine) {
+    std::fprintf(stderr, "gone: %s\n", file.c_str());
+    for (const std::string& call : machine.log.calls()) {
+        if (call.starts_with("remove") || call.starts_with("Delete") ||
+            call.starts_with("MoveFileA") || call.starts_with("SHFileOperationA")) {
+            std::fprintf(stderr, "  %s\n", call.c_str());
+        }
+    }
+}
+
 struct Program {
     fake::FakeMachine machine;
     fake::FakeHost host;
@@ -106,6 +117,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (const std::string& file : allFiles) {
         if (isListed(file, paths)) continue;
         const auto kept = program.machine.files.find(file);
+        if (kept == program.machine.files.end()) tellCalls(file, program.machine);
         require(kept != program.machine.files.end(), "a file that wasn't listed is there");
         require(kept->second == "content of " + file, "and holds what it held");
     }

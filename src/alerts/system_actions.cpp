@@ -68,7 +68,11 @@ bool SystemActions::isPattern(const std::string& path) {
 }
 
 void SystemActions::prcSendToBin(const std::string& strFile, std::int32_t lngFlags) {
-    if (!isBelowRoot(strFile) || isPattern(strFile)) throw RuntimeError(error::permissionDenied);
+    // The shell takes a list with a NUL behind each path: one inside would make two paths of one.
+    const bool isOne = strFile.find('\0') == std::string::npos;
+    if (!isOne || !isBelowRoot(strFile) || isPattern(strFile)) {
+        throw RuntimeError(error::permissionDenied);
+    }
     const FileOperation operation{.owner = {},
                                   .wFunc = file_operation::remove,
                                   .pFrom = strFile + '\0',

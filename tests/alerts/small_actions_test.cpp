@@ -74,6 +74,16 @@ TEST_F(SmallActionsTest, ADrivesRootIsNeverSentToTheBin) {
     EXPECT_EQ(alertCount(), 0);
 }
 
+TEST_F(SmallActionsTest, APathWithANulInsideIsNeverTakenForTwo) {
+    listFile("C:\\1");
+    listFile("C:\\2");
+    files.ListItems(1).setTag(std::string("C:\\1\0C:\\2", 9));
+    EXPECT_EQ(errorOf(act::recycle), error::permissionDenied);
+    EXPECT_TRUE(machine.operations.empty());
+    EXPECT_TRUE(exists("C:\\1"));
+    EXPECT_TRUE(exists("C:\\2"));
+}
+
 TEST_F(SmallActionsTest, TheRowOfTheSentFileGoesThoughTheListWasSortedBehindTheShellsQuestion) {
     for (const char* path : {"C:\\1", "C:\\2", "C:\\3"}) listFile(path);
     machine.onCall = [this](const std::string& call) {
