@@ -1,6 +1,7 @@
 #include "controls/text_box.h"
 
 #include <algorithm>
+#include <functional>
 
 #include "base/text.h"
 #include "base/wipe.h"
@@ -45,7 +46,26 @@ std::string TextBox::front(std::size_t characters) const {
 }
 
 bool TextBox::contains(const std::string& what) const {
-    return velmora::contains(pieces_.front(), what) || velmora::contains(Text(), what);
+    if (what.empty()) return true;
+    // A journal of months is looked through at each report: the search leaps over most of it, and
+    // the pieces stay apart.
+    const std::boyer_moore_horspool_searcher searcher(what.begin(), what.end());
+    const auto isIn = [&searcher](const std::string& text) {
+        return std::search(text.begin(), text.end(), searcher) != text.end();
+    };
+    const std::size_t overlap = what.size() - 1;
+    std::string seam;  // where an occurrence could begin that goes on in the next piece
+    for (const std::string& piece : pieces_) {
+        if (isIn(piece)) return true;
+        seam.append(piece, 0, overlap);
+        if (isIn(seam)) return true;
+        if (piece.size() >= overlap) {
+            seam = piece.substr(piece.size() - overlap);
+        } else if (seam.size() > overlap) {
+            seam.erase(0, seam.size() - overlap);
+        }
+    }
+    return false;
 }
 
 void TextBox::setText(std::string text) {

@@ -183,5 +183,19 @@ TEST_F(TextBoxTest, TheCaretStaysWithinTheText) {
     EXPECT_EQ(box.SelStart(), 1u);
 }
 
+TEST_F(TextBoxTest, FindsWhatGoesOverSeveralPieces) {
+    box.setText("defgh");
+    for (const char* piece : {"c", "ab", "", "xyz-"}) box.prepend(piece);
+    const std::string whole = "xyz-abcdefgh";
+    for (std::size_t from = 0; from < whole.size(); ++from) {
+        for (std::size_t size = 0; from + size <= whole.size(); ++size) {
+            EXPECT_TRUE(box.contains(whole.substr(from, size))) << from << ' ' << size;
+        }
+    }
+    for (const char* absent : {"ac", "zab", "abd", "hx", "xyz-abcdefghi", "-b"}) {
+        EXPECT_FALSE(box.contains(absent)) << absent;
+    }
+}
+
 }  // namespace
 }  // namespace velmora::tests
