@@ -48,7 +48,9 @@ std::string TextBox::front(std::size_t characters) const {
 bool TextBox::contains(const std::string& what) const {
     if (what.empty()) return true;
     // A journal of months is looked through at each report: the search leaps over most of it, and
-    // the pieces stay apart.
+    // the pieces are joined only when they have become many.
+    constexpr std::size_t many = 64;
+    if (pieces_.size() > many) join();
     const std::boyer_moore_horspool_searcher searcher(what.begin(), what.end());
     const auto isIn = [&searcher](const std::string& text) {
         return std::search(text.begin(), text.end(), searcher) != text.end();
