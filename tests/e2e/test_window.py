@@ -86,6 +86,20 @@ class Steps:
         self.photograph(self.window, "shortage")
         self.end()
 
+    def test_an_action_with_something_to_tell_opens_the_alert_dialog(self):
+        # The move, with nothing to move.
+        self.start(SHORT_OF_SPACE + scrambled("lstAct=1\r\n"))
+        self.tick_first_row()
+        self.window.press("F6")
+        dialog = desktop.shared().window("Alert Dialog")
+        # No further check opens it once more.
+        self.window.press("F6")
+        self.wait_for_title(window.PAUSED)
+        self.photograph(dialog, "alert")
+        dialog.press("Escape")
+        wait_for(lambda: not dialog.shown(), "the alert dialog gone")
+        self.end()
+
     def test_save_set_writes_the_settings_and_shows_the_about_box(self):
         self.start(QUIET)
         self.tick_first_row()
