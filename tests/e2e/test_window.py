@@ -95,6 +95,7 @@ class Steps:
         # No further check opens it once more.
         self.window.press("F6")
         self.wait_for_title(window.PAUSED)
+        dialog.press("Tab")  # comes in front
         self.photograph(dialog, "alert")
         dialog.press("Escape")
         wait_for(lambda: not dialog.shown(), "the alert dialog gone")
