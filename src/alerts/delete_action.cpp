@@ -77,7 +77,13 @@ void DeleteAction::deleteFile(Shortage& shortage, int place) {
     const std::string deleted = "Auto Deleted Specified File: " + tag;
     shortage.strAlert +=
         pieceEnd + deleted + " Size: " + files.ListItems(place).SubItems(action_column::fileSize);
-    raiseForRow(parts_, shortage, deleted);
+    // The file has gone: its row goes too when the alert fails, so that nothing is taken for it.
+    try {
+        raiseForRow(parts_, shortage, deleted);
+    } catch (...) {
+        files.Remove(place);
+        throw;
+    }
     files.Remove(place);
 }
 

@@ -17,6 +17,11 @@ std::string prcChkDriv(const std::string& strText) {
     return length(root) < 3 ? "c:\\" : root;
 }
 
+std::string withoutLineEnds(std::string text) {
+    text.resize(text.find_last_not_of("\r\n") + 1);
+    return text;
+}
+
 std::string prcSetDiskSizeDimension(double lngSpace, const Regional& regional) {
     const auto told = [&regional](double value, const char* unit) {
         return Format(value, "##,##0.0", regional) + unit;

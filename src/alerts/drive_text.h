@@ -17,6 +17,10 @@ std::string prcGetDrive(const std::string& strDri);
 /// three characters.
 std::string prcChkDriv(const std::string& strText);
 
+/// The text without the line ends behind it: each saving and reading of the settings puts one more
+/// behind a path.
+std::string withoutLineEnds(std::string text);
+
 /// A size in KB, told in KB, MB, GB or TB by decimal factors. Exactly 1, 1000, 1000000 and
 /// 1000000000 fall between the ranges and give "0 KB".
 std::string prcSetDiskSizeDimension(double lngSpace, const Regional& regional);

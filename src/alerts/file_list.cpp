@@ -18,13 +18,6 @@ std::string joined(const std::string& folder, const std::string& name) {
     return folder.ends_with('\\') ? folder + name : folder + '\\' + name;
 }
 
-// An entry of the box comes back from the settings with the end of its line.
-std::string withoutLineEnd(std::string text) {
-    if (text.ends_with('\n')) text.pop_back();
-    if (text.ends_with('\r')) text.pop_back();
-    return text;
-}
-
 Box questionAboutMissing(const std::string& path) {
     return {.text = "The file/folder you are attempting to add does not exists: \r\n" + path +
                     "\r\nAdd anyway?",
@@ -104,7 +97,7 @@ std::vector<std::string> FileList::GetFiles(ListView& lvFile, const ComboBox& cb
         objDlg.InitDir = "c:\\";
         objDlg.Filter = "All Files (*.*)|*.*";
         strFile = host_.OpenFileDialog(objDlg);
-    } else if (const std::string bare = withoutLineEnd(text); platform_.fso.FileExists(bare)) {
+    } else if (const std::string bare = withoutLineEnds(text); platform_.fso.FileExists(bare)) {
         strFile = bare;
     }
     return addChosen(lvFile, strFile);

@@ -1,4 +1,5 @@
 // Moving the specified files by hand.
+#include "alerts/drive_text.h"
 #include "alerts/listed_rows.h"
 #include "alerts/manual_operations.h"
 #include "alerts/question_in_front.h"
@@ -48,13 +49,14 @@ void ManualOperations::moveSelected(int expected) {
 
 // The folder in front of which the file's name is put as it is; nothing when the user gives up.
 std::optional<std::string> ManualOperations::askDestination() {
+    const std::string specified = withoutLineEnds(form1_.txtDrive.Text());
     const BoxAnswer answer =
         askInFront(ports_.stayOnTop, host_,
-                   {.text = "Move Selected File(s) to Specified Path: " + form1_.txtDrive.Text() +
+                   {.text = "Move Selected File(s) to Specified Path: " + specified +
                             " ? click no to select another path",
                     .icon = BoxIcon::question,
                     .buttons = BoxButtons::yesNo});
-    if (answer == BoxAnswer::yes) return form1_.txtDrive.Text();
+    if (answer == BoxAnswer::yes) return specified;
     std::string folder = host_.BrowseForFolder("Select Folder/Path");
     if (folder.empty()) return std::nullopt;
     return platform_.fso.FolderExists(folder) ? folder : std::string{};

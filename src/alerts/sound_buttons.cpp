@@ -18,8 +18,9 @@ SoundButtons::SoundButtons(Forms& forms, Platform& platform, Host& host, SystemA
 void SoundButtons::setDefaults() {
     // A system that doesn't know its own folder must not keep the program from starting.
     resumeNext([this] {
-        const std::string chime =
-            platform_.kernel32.GetWindowsDirectoryA() + "\\media\\chimes.wav";
+        const std::string folder = platform_.kernel32.GetWindowsDirectoryA();
+        if (folder.empty()) return;
+        const std::string chime = folder + "\\media\\chimes.wav";
         for (TextBox& sound : forms_.form1.txtAudio) {
             if (sound.empty()) sound.setText(chime);
         }

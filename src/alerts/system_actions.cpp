@@ -27,9 +27,13 @@ std::string tidyPart(std::string part) {
 
 // Whether the path surely names something below the root of a drive: not the root in whatever
 // spelling, nothing that climbs up again, nothing without a folder that holds it.
-bool isBelowRoot(const std::string& path) {
-    if (parentFolderOf(path).empty()) return false;
-    const std::string rest = replaceAll(path.substr(driveNameOf(path).size()), "/", "\\");
+bool isBelowRoot(const std::string& given) {
+    const std::string path = replaceAll(given, "/", "\\");
+    const std::string drive = driveNameOf(path);
+    // Behind a device's prefix the root of a share has other parts.
+    const bool isDevice = path.starts_with("\\\\?\\") || path.starts_with("\\\\.\\");
+    if (isDevice || drive.empty() || parentFolderOf(path).empty()) return false;
+    const std::string rest = path.substr(drive.size());
     bool named = false;
     for (const std::string& part : split(rest, "\\")) {
         if (trim(part) == "..") return false;

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "alerts/alert_time.h"
+#include "alerts/drive_text.h"
 #include "base/convert.h"
 #include "base/resume_next.h"
 #include "base/text.h"
@@ -103,7 +104,8 @@ std::int32_t CheckCycle::prepare() {
 void CheckCycle::setDefaults() {
     Form1& form1 = forms_.form1;
     const Regional& regional = platform_.regional;
-    if (form1.txtDrive.empty()) form1.txtDrive.setText("c:\\");
+    // An empty path comes back from the settings as the end of its line.
+    if (withoutLineEnds(form1.txtDrive.Text()).empty()) form1.txtDrive.setText("c:\\");
     if (!isNumeric(form1.txtSpace.Text(), regional)) form1.txtSpace.setText("50000");
     const auto interval = readNumber(form1.txtTime.Text(), regional);
     if (!interval) {

@@ -146,18 +146,18 @@ TEST(ActionFaultOrder, AFileIsStillThereWhenItsDeletionFails) {
     EXPECT_EQ(rig.alertCount(), 0);
 }
 
-TEST(ActionFaultOrder, ALogThatCantBeWrittenKeepsTheRowOfADeletedFileAndTheNextRunGoesOn) {
+TEST(ActionFaultOrder, ALogThatCantBeWrittenTakesNoRowBackAndTheNextRunTakesTheNextFile) {
     SweptActions rig(act::remove);
     rig.files.Remove(2);
     rig.machine.lockedFiles["C:\\log.dat"] = 70;
     EXPECT_EQ(rig.errorOf(act::remove), 70);
     EXPECT_FALSE(rig.exists("C:\\passed"));
-    EXPECT_EQ(rig.files.ListItems(2).Tag(), "C:\\passed");
+    EXPECT_EQ(rig.files.ListItems(2).Tag(), "C:\\gone");
     EXPECT_EQ(rig.alertCount(), 1);
     rig.machine.lockedFiles.clear();
     EXPECT_EQ(rig.errorOf(act::remove), 0);
     EXPECT_FALSE(rig.exists("C:\\second"));
-    EXPECT_EQ(rig.files.ListItems(2).Tag(), "C:\\passed");
+    EXPECT_EQ(rig.files.ListItems(2).Tag(), "C:\\gone");
 }
 
 }  // namespace

@@ -35,6 +35,20 @@ TEST_F(DeleteActionTest, TheFirstFileIsDeletedAndToldInAnAlertAndInTheRunningTex
     EXPECT_EQ(strAlert(), " - ALERT\r\n.\r\nAuto Deleted Specified File: C:\\a.txt Size: 7 KB");
 }
 
+TEST_F(DeleteActionTest, TheRowOfADeletedFileGoesThoughItsAlertCantBeWrittenDown) {
+    listFile("C:\\a.txt", 3, "7 KB");
+    listFile("C:\\b.txt", 3, "7 KB");
+    const std::string log = "C:\\Program Files\\Velmora\\log.dat";
+    machine.files[log] = "";
+    machine.lockedFiles[log] = error::permissionDenied;
+    forms.form1.lblLog.setCaption(log);
+    forms.form1.chkAutoSave.setValue(1);
+    EXPECT_EQ(remove(), error::permissionDenied);
+    EXPECT_FALSE(exists("C:\\a.txt"));
+    EXPECT_TRUE(exists("C:\\b.txt"));
+    EXPECT_EQ(listed(), "C:\\b.txt");
+}
+
 TEST_F(DeleteActionTest, OneFileIsDeletedPerPassTheFirstRowFirstWhateverItsSize) {
     listFile("C:\\small", 1);
     listFile("C:\\large", 1e6);

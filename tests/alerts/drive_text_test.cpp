@@ -113,5 +113,13 @@ TEST(KilobyteText, GroupsDigitsAsTheCallerSays) {
     EXPECT_EQ(kilobyteText(bytes, Grouping::regional, germany), "1.234.567 KB");
 }
 
+TEST(LineEnds, AllBehindATextGoAndNoneWithinIt) {
+    EXPECT_EQ(withoutLineEnds("D:\\target\\\r\n\r\n"), "D:\\target\\");
+    EXPECT_EQ(withoutLineEnds("a\r\nb\n"), "a\r\nb");
+    EXPECT_EQ(withoutLineEnds("\r\n"), "");
+    EXPECT_EQ(withoutLineEnds(""), "");
+    EXPECT_EQ(withoutLineEnds(" "), " ");
+}
+
 }  // namespace
 }  // namespace velmora

@@ -215,13 +215,13 @@ TEST_F(FileRowsTest, AChosenNameWithADriveOfItsOwnIsNotJoined) {
 
 TEST_F(FileRowsTest, AnEntryOfTheBoxThatCameBackWithItsLineEndIsTheFile) {
     file("C:\\data\\a.txt");
-    for (const char* end : {"\r\n", "\n", "\r"}) {
+    for (const char* end : {"\r\n", "\n", "\r", "\r\n\r\n\r\n"}) {
         form1.cboFile.setText(std::string("C:\\data\\a.txt") + end);
         EXPECT_EQ(chosen(), Texts{"C:\\data\\a.txt"});
         EXPECT_EQ(strFile, "C:\\data\\a.txt");
         EXPECT_EQ(list.ListItems(list.Count()).Tag(), "C:\\data\\a.txt");
     }
-    EXPECT_EQ(list.Count(), 3);
+    EXPECT_EQ(list.Count(), 4);
     EXPECT_TRUE(host.dialogs.empty());
 }
 

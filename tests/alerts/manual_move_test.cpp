@@ -67,6 +67,16 @@ TEST_F(ManualMoveTest, YesMovesTheSelectedFileAndTellsEverywhere) {
     EXPECT_FALSE(forms.sysWorkSystray.tmrSystray.Enabled());
 }
 
+// Each saving and reading of the settings puts one more behind the path.
+TEST_F(ManualMoveTest, LineEndsBehindTheSpecifiedPathAreNoPartOfTheFilesNewName) {
+    listedFile("C:\\data\\b.txt", true);
+    form1.txtDrive.setText(form1.txtDrive.Text() + "\r\n\r\n");
+    move();
+    EXPECT_EQ(machine.moved, (std::vector<std::pair<std::string, std::string>>{
+                                 {"C:\\data\\b.txt", "E:\\spare\\b.txt"}}));
+    EXPECT_EQ(host.boxes[0].text, moveQuestion);
+}
+
 TEST_F(ManualMoveTest, OfSeveralSelectedRowsOnlyTheFirstMoves) {
     listedFile("C:\\a");
     listedFile("C:\\b", true);

@@ -74,6 +74,16 @@ TEST_F(SmallActionsTest, ADrivesRootIsNeverSentToTheBin) {
     EXPECT_EQ(alertCount(), 0);
 }
 
+TEST_F(SmallActionsTest, ASharesRootIsNeverSentToTheBinInWhateverSpelling) {
+    listFile("C:\\2");
+    for (const char* path : {"\\\\server\\share", "//server/share", "\\\\server/share/",
+                             "\\\\?\\UNC\\server\\share", "\\\\.\\C:\\2", "\\\\server"}) {
+        files.ListItems(1).setTag(path);
+        EXPECT_EQ(errorOf(act::recycle), error::permissionDenied) << path;
+    }
+    EXPECT_TRUE(machine.operations.empty());
+}
+
 TEST_F(SmallActionsTest, APathWithANulInsideIsNeverTakenForTwo) {
     listFile("C:\\1");
     listFile("C:\\2");

@@ -52,6 +52,9 @@ TEST(SoundDefaults, ChosenSoundsStayAndAFailureLeavesThemEmpty) {
     machine.log.failCall(1, error::deviceIo);
     second.setDefaults();
     EXPECT_EQ(failing.form1.txtAudio[0].Text(), "");
+    machine.windowsFolder = "";
+    second.setDefaults();
+    EXPECT_EQ(failing.form1.txtAudio[0].Text(), "");
 }
 
 TEST_F(SoundButtonsTest, EachPlaysItsOwnSoundTrimmedAndWithoutTheSystemsDefault) {
