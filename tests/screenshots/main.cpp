@@ -100,7 +100,7 @@ void fillWithLife(WindowRig& rig) {
     form.lstAct.userTick(0, true);
     form.lstAct.userTick(5, true);
     form.lstAct.userTick(11, false);
-    form.lstEvt.userTick(4, true);
+    form.lstEvt.userTick(velmora::evt::change, true);
     form.txtDrive.setText("E:\\archive\\");
     std::vector<std::string> listed;
     for (const auto& [path, size] : {std::pair{"D:\\images\\install-2019.iso", 4487282688.0},
