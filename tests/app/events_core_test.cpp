@@ -78,5 +78,19 @@ TEST_F(WiredEvents, TheShortageReachesTheLogFile) {
               " . \r\n\r\n");
 }
 
+// A move with nothing to move leaves its text for the dialog, and puts it nowhere itself.
+TEST_F(WiredEvents, WithItsTextEmptiedTheDialogOpensAgainForTheSameActionText) {
+    DlgAlert& dialog = forms.dlgAlert;
+    forms.form1.txtSpace.setText("99999999");
+    forms.form1.lstAct.userTick(act::move, true);
+    dialog.Label1.setText("- No Moved File: no file selected.  Drive: C:");
+    check();
+    EXPECT_FALSE(dialog.Visible());
+    dialog.lblAl[1].userClick();
+    EXPECT_TRUE(dialog.Label1.empty());
+    check();
+    EXPECT_TRUE(dialog.Visible());
+}
+
 }  // namespace
 }  // namespace velmora
