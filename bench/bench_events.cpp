@@ -82,8 +82,8 @@ void measureLog(int entries) {
         times.push_back(bench::seconds([&] { form1.Timer1.Tick(); }));
     }
     const auto saved = std::filesystem::file_size(scratch.at("log.dat"));
-    std::printf("saving one entry behind %d: %.1f us, with its check; log.dat has %.1f KB\n", entries,
-                median(times) * 1e6, static_cast<double>(saved) / 1024);
+    std::printf("saving one entry behind %d: %.1f us, with its check; log.dat has %.1f KB\n",
+                entries, median(times) * 1e6, static_cast<double>(saved) / 1024);
 }
 
 }  // namespace

@@ -71,7 +71,7 @@ int main() {
     const double remove = bench::seconds([&] { form1.lblSF[5].Click(); });
     if (form1.LVFile.Count() != 0) std::printf("%d rows are left\n", form1.LVFile.Count());
     listed.renew();
-    const double rm = bench::seconds(
-        [&] { run("find " + listed.source + " -type f -print0 | xargs -0 rm"); });
+    const double rm =
+        bench::seconds([&] { run("find " + listed.source + " -type f -print0 | xargs -0 rm"); });
     tell("Delete All", remove, "rm", rm);
 }

@@ -13,7 +13,9 @@ namespace velmora::bench {
 class QuietHost final : public Host {
   public:
     explicit QuietHost(TimerQueue& timers) : timers_(timers) {}
-    BoxAnswer MsgBox(const Box& box) override { return answer.value_or(cancellingAnswer(box.buttons)); }
+    BoxAnswer MsgBox(const Box& box) override {
+        return answer.value_or(cancellingAnswer(box.buttons));
+    }
     std::string BrowseForFolder(const std::string&) override { return {}; }
     std::string OpenFileDialog(const FileDialog&) override { return {}; }
     void Beep() override {}

@@ -83,9 +83,9 @@ void measure(int entries) {
     const std::string command =
         "find " + folder + " -maxdepth 1 -newer " + reference + " >/dev/null";
     const double find = best(rounds, [&] { run(command); });
-    std::printf("%10d %6ld %11.0f %11.0f %6.2f %11.0f %6.2f\n", entries, static_cast<long>(lines / 2),
-                scan / entries * 1e9, bare / entries * 1e9, scan / bare, find / entries * 1e9,
-                scan / find);
+    std::printf("%10d %6ld %11.0f %11.0f %6.2f %11.0f %6.2f\n", entries,
+                static_cast<long>(lines / 2), scan / entries * 1e9, bare / entries * 1e9,
+                scan / bare, find / entries * 1e9, scan / find);
 
     const double count = best(rounds, [&] {
         const auto counted = program.machine->platform().fso.GetFolder(drivePath);
@@ -99,7 +99,8 @@ void measure(int entries) {
 }  // namespace
 
 int main() {
-    std::printf("\nA scan for newer files, ns an entry, beside a listing with a status each, and find\n");
+    std::printf(
+        "\nA scan for newer files, ns an entry, beside a listing with a status each, and find\n");
     std::printf("%10s %6s %11s %11s %6s %11s %6s\n", "entries", "newer", "scan", "bare", "ratio",
                 "find", "ratio");
     for (const int entries : {100000, 1000000}) measure(entries);

@@ -99,8 +99,9 @@ int alertsBesideTheList(WindowProgram& program) {
     bench::Program alone;
     const double withoutView = raise(alone.core.alerts(), [] {});
     const double withView = raise(program.core().alerts(), [&] { program.yield(); });
-    std::printf("%d alerts with their page open: %.0f ns each, the list alone %.0f ns: %.2f times\n",
-                alerts, withView / alerts * 1e9, withoutView / alerts * 1e9, withView / withoutView);
+    std::printf(
+        "%d alerts with their page open: %.0f ns each, the list alone %.0f ns: %.2f times\n",
+        alerts, withView / alerts * 1e9, withoutView / alerts * 1e9, withView / withoutView);
     std::fflush(stdout);
     std::_Exit(0);
 }

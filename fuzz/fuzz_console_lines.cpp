@@ -6,8 +6,8 @@
 
 #include "app/console_program.h"
 #include "fake/fake_machine.h"
-#include "persist/scramble.h"
 #include "fuzz_target.h"
+#include "persist/scramble.h"
 
 using namespace velmora;
 

@@ -43,19 +43,19 @@ Core::Core(Forms& forms, Platform& platform, Surface surface)
       minimumSpace_(forms, platform, surface.host),
       triggerEntry_(forms, platform, surface.host, driveMeter_),
       checkCycle_(forms, platform, surface.host, alerts_, ports()),
-      lifeCycle_(forms, platform, surface.host,
-                 {checkCycle_, watchList_, watchControl_, fileList_, shellLinks_,
-                  surface.notifyArea},
-                 ports()),
+      lifeCycle_(
+          forms, platform, surface.host,
+          {checkCycle_, watchList_, watchControl_, fileList_, shellLinks_, surface.notifyArea},
+          ports()),
       shellPorts_(forms, tray_, aboutBox_, recycleBin_),
       toolBarCommands_(forms, platform, surface.host, layout_),
       menuCommands_(forms, platform, surface.host,
                     {alerts_, systemActions_, shellLinks_, driveMeter_, shellPorts_, shellPorts_,
                      shellPorts_, shellPorts_}),
       // The about box comes after the saving: handlers run in the order of their connection.
-      buttonCommands_((forms.form1.Command8.Click.connect([this] { settings_.prcSettings(1); }),
-                       forms),
-                      shellPorts_) {}
+      buttonCommands_(
+          (forms.form1.Command8.Click.connect([this] { settings_.prcSettings(1); }), forms),
+          shellPorts_) {}
 
 void Core::load() {
     lifeCycle_.Form_Load();

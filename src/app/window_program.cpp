@@ -7,7 +7,8 @@ WindowProgram::WindowProgram(Machine& machine, std::function<void(int)> ended)
       user32_(names_),
       shellIcons_(machine),
       notifyArea_([this](const std::string& form, int message) { answerIcon(form, message); }),
-      timers_(forms_, [&clock = machine.platform().clock] { return clock.GetTickCount(); }, hand_),
+      timers_(
+          forms_, [&clock = machine.platform().clock] { return clock.GetTickCount(); }, hand_),
       core_(forms_, machine.platform(), {host_, notifyArea_, user32_, shellIcons_, workArea_}),
       windows_(forms_, shellIcons_, user32_, hand_, names_) {
     hand_.setHost(host_);

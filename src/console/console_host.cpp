@@ -51,7 +51,9 @@ std::string ConsoleHost::OpenFileDialog(const FileDialog& dialog) {
     return chosen.substr(0, end) + '\\' + chosen.substr(end + 1, next - end - 1);
 }
 
-void ConsoleHost::Beep() { output_.shell("Beep", {}); }
+void ConsoleHost::Beep() {
+    output_.shell("Beep", {});
+}
 
 void ConsoleHost::DoEvents() {
     fireTimers();

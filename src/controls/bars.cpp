@@ -12,7 +12,9 @@ const StatusBar::Panel& StatusBar::Panels(int index) const {
     return panels_[static_cast<std::size_t>(index - 1)];
 }
 
-StatusBar::Panel& StatusBar::at(int index) { return const_cast<Panel&>(Panels(index)); }
+StatusBar::Panel& StatusBar::at(int index) {
+    return const_cast<Panel&>(Panels(index));
+}
 
 void StatusBar::setPanelText(int index, std::string_view text, std::string_view behind) {
     Panel& panel = at(index);
@@ -47,7 +49,9 @@ const ToolBar::Button& ToolBar::Buttons(int index) const {
     return buttons_[static_cast<std::size_t>(index - 1)];
 }
 
-ToolBar::Button& ToolBar::at(int index) { return const_cast<Button&>(Buttons(index)); }
+ToolBar::Button& ToolBar::at(int index) {
+    return const_cast<Button&>(Buttons(index));
+}
 
 void ToolBar::setButtonCaption(int index, std::string caption) {
     Button& button = at(index);

@@ -93,7 +93,8 @@ Properties OptionButton::properties() {
                    [this](const std::string& text) {
                        refuseWhenDisabled();
                        if (!readSwitch(text)) {
-                           throw Refused(fullName() + " is cleared by setting another of its group");
+                           throw Refused(fullName() +
+                                         " is cleared by setting another of its group");
                        }
                        choose();
                    }});

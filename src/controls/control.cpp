@@ -44,11 +44,17 @@ Properties Control::partProperties(int index) {
     throw Refused(fullName() + " has no part " + std::to_string(index));
 }
 
-void Control::userClickPart(int index) { partProperties(index); }
+void Control::userClickPart(int index) {
+    partProperties(index);
+}
 
-void Control::userClick() { throw Refused(fullName() + " can't be clicked"); }
+void Control::userClick() {
+    throw Refused(fullName() + " can't be clicked");
+}
 
-void Control::userDoubleClick() { throw Refused(fullName() + " can't be double-clicked"); }
+void Control::userDoubleClick() {
+    throw Refused(fullName() + " can't be double-clicked");
+}
 
 void Control::refuseWhenDisabled() const {
     if (!enabled_) throw Refused(fullName() + " is disabled");

@@ -30,7 +30,9 @@ ListSubItem::Extras& ListSubItem::extras() {
     return *extras_;
 }
 
-int ListItem::SubItemCount() const { return owner_.ColumnCount() - 1; }
+int ListItem::SubItemCount() const {
+    return owner_.ColumnCount() - 1;
+}
 
 void ListItem::checkIndex(int index) const {
     if (index < 1 || index > SubItemCount()) throw RuntimeError(error::indexOutOfBounds);
@@ -54,7 +56,9 @@ ListSubItem& ListItem::writable(int index) {
     return subs_[place - 1];
 }
 
-void ListItem::changed() { owner_.RowChanged(*this); }
+void ListItem::changed() {
+    owner_.RowChanged(*this);
+}
 
 void ListItem::setText(std::string text) {
     if (text_ == text) return;

@@ -29,7 +29,7 @@ class DlgAlert : public Form {
     Label Label4{*this, "Label4",
                  "It is recommended you free up some space as a preemptive action to prevent the "
                  "free space from reaching zero.  To see options, press Action."};
-    Label lblSuggest{*this, "lblSuggest"};  ///< what the chosen option would do
+    Label lblSuggest{*this, "lblSuggest"};            ///< what the chosen option would do
     Frame fraAct{*this, "fraAct", "Action Options"};  ///< in view while the dialog is high enough
     std::array<Label, 5> lblAct{{{*this, "lblAct", "Sorbane", 0},
                                  {*this, "lblAct", "Compress F", 1},
@@ -110,7 +110,7 @@ class FrmLock : public Form {
 
     Label lblLock{*this, "lblLock"};  ///< what the present state means
     Label Label1{*this, "Label1", "Password Entry to (Un) Lock program:"};
-    TextBox Text1{*this, "Text1"};    ///< password entry
+    TextBox Text1{*this, "Text1"};  ///< password entry
     std::array<CommandButton, 2> Command1{
         {{*this, "Command1", "Lock", 0}, {*this, "Command1", "Cancel", 1}}};
 };
@@ -127,7 +127,7 @@ class FrmAbout : public Form {
                          "disk is full."};
     CommandButton cmdOK{*this, "cmdOK", "OK"};
     CommandButton cmdSysInfo{*this, "cmdSysInfo", "&System Info..."};
-    Timer Timer1{*this, "Timer1", 40, false};  ///< runs while the box is shown
+    Timer Timer1{*this, "Timer1", 40, false};         ///< runs while the box is shown
     Slider prcDraw{*this, "prcDraw", 0, 359, 1, 10};  ///< the drawing's turn in degrees
 };
 

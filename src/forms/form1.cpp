@@ -16,8 +16,7 @@ constexpr std::array<std::array<const char*, 2>, 5> drivePathLabels{{
 std::vector<ToolBar::Button> toolBarButtons() {
     return {
         {"Start", "Activate/Pause the Velmora Timer to check drive/path(s)"},
-        {"Wizard Settings",
-         "A Wizard to assist in understanding and configuring program options"},
+        {"Wizard Settings", "A Wizard to assist in understanding and configuring program options"},
         {"Adv. Info", "Advance Information on Drive/Path(s) attributes"},
         // These entries do nothing; the menu that pops up is mnuFunc.
         {.Caption = "Functions",
@@ -87,10 +86,9 @@ OptionsPanel::OptionsPanel(Form& form)
       lstAct{form,
              "lstAct",
              {"Alert on Space Shortage", "Move Sp. Files to Sp. Path", "Delete Specified Files",
-              "Send Specified Files to Recycle Bin",
-              "Auto Move Files to Largest Avail. Path-Space", "Sound Audio Alert",
-              "Empty Recycle Bin", "Run specified programs(s)", "Notify specified Email(s)",
-              "Auto Run Clean Manager", "Pause Velmora on Alert ",
+              "Send Specified Files to Recycle Bin", "Auto Move Files to Largest Avail. Path-Space",
+              "Sound Audio Alert", "Empty Recycle Bin", "Run specified programs(s)",
+              "Notify specified Email(s)", "Auto Run Clean Manager", "Pause Velmora on Alert ",
               "Show progress dialog on checking!"}},
       lstEvt{form,
              "lstEvt",

@@ -23,9 +23,9 @@ struct WatchListFrame {
     CommandButton cmdLVAdd;
     CommandButton cmdLVRemove;
     CommandButton cmdClear;
-    TextBox Text1;          ///< in-place entry of a row's trigger; hidden until used
-    ListBox lstInfo;        ///< scratch list of the drive routines; never shown
-    PictureBox picBuffer;   ///< where a row's system icon is drawn; never shown
+    TextBox Text1;         ///< in-place entry of a row's trigger; hidden until used
+    ListBox lstInfo;       ///< scratch list of the drive routines; never shown
+    PictureBox picBuffer;  ///< where a row's system icon is drawn; never shown
 };
 
 /// What is checked and when, and what is to happen.

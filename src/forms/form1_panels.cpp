@@ -16,7 +16,8 @@ std::array<Label, N> labels(Form& form, const char* name,
                             const std::array<LabelButtonText, N>& texts) {
     return [&]<std::size_t... I>(std::index_sequence<I...>) {
         return std::array<Label, N>{Label{form, name, texts[I].caption, static_cast<int>(I)}...};
-    }(std::make_index_sequence<N>{});
+    }
+    (std::make_index_sequence<N>{});
 }
 
 template <std::size_t N>
@@ -44,7 +45,11 @@ constexpr std::array<LabelButtonText, 3> innerTabs{{
 }};
 
 constexpr std::array<LabelButtonText, 5> programButtons{{
-    {"Add"}, {"Remove"}, {"Clear All"}, {"Run"}, {"..."},
+    {"Add"},
+    {"Remove"},
+    {"Clear All"},
+    {"Run"},
+    {"..."},
 }};
 
 constexpr std::array<LabelButtonText, 9> fileButtons{{

@@ -5,7 +5,7 @@
 namespace velmora {
 
 std::vector<Form*> Forms::all() {
-    return {&form1,   &dlgAlert,  &sysWorkSystray, &icon0,        &frmIndDri, &frmNotify,
+    return {&form1,   &dlgAlert, &sysWorkSystray, &icon0,        &frmIndDri, &frmNotify,
             &frmLock, &frmAbout, &icon1,          &dlgDriveInfo, &frmWizard, &frmWaitTest};
 }
 

@@ -16,18 +16,18 @@ DateTime timeOfDay(int hour, int minute) {
 
 FrmNotify::FrmNotify()
     : Form("frmNotify", "Notification Settings"),
-      lstNotContent{*this,
-                    "lstNotContent",
-                    {"Specified File(s) currently listed", "Specified Programs currently listed",
-                     "Info. on Listed Drive/Path(s)", "Alert(s) triggered",
-                     "Current Running Processes", "Current RAM usage",
-                     "Custom Content in text file", "Current User", "Session Length",
-                     "NT Log Events"}},
-      lstNotTime{*this,
-                 "lstNotTime",
-                 {"Send Hourly", "Send Once Daily by Custom time",
-                  "Send Once by Custom time interval", "Send on Alert (All)",
-                  "Send on ALert (High Only)"}},
+      lstNotContent{
+          *this,
+          "lstNotContent",
+          {"Specified File(s) currently listed", "Specified Programs currently listed",
+           "Info. on Listed Drive/Path(s)", "Alert(s) triggered", "Current Running Processes",
+           "Current RAM usage", "Custom Content in text file", "Current User", "Session Length",
+           "NT Log Events"}},
+      lstNotTime{
+          *this,
+          "lstNotTime",
+          {"Send Hourly", "Send Once Daily by Custom time", "Send Once by Custom time interval",
+           "Send on Alert (All)", "Send on ALert (High Only)"}},
       DTPicker1{*this, "DTPicker1", timeOfDay(12, 0)},
       DTPicker2{*this, "DTPicker2", timeOfDay(1, 0)} {
     // The settings file knows these lists by their tags.

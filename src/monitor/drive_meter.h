@@ -18,9 +18,9 @@ class DriveMeter final : public DriveView {
 
     /// Shows the view, standing on that drive or path.
     void prcShowfrmIndDri(const std::string& path) override;
-    /// Shows the figures of that row of the watch list. Draws nothing for a row that isn't available or has no
-    /// total size. Never fails: what lies beyond a gauge's range stands at its end, and a folder
-    /// that can't be read is "N/A".
+    /// Shows the figures of that row of the watch list. Draws nothing for a row that isn't
+    /// available or has no total size. Never fails: what lies beyond a gauge's range stands at its
+    /// end, and a folder that can't be read is "N/A".
     void prcSrvMeter(ListItem& row) override;
     /// Shows the row of the drive that the view stands on, while the view is visible. `strDri`
     /// isn't used.

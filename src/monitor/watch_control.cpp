@@ -1,11 +1,11 @@
 #include "monitor/watch_control.h"
 
 #include "alerts/alert_time.h"
+#include "alerts/drive_text.h"
 #include "base/convert.h"
 #include "base/resume_next.h"
 #include "base/runtime_error.h"
 #include "base/text.h"
-#include "alerts/drive_text.h"
 #include "monitor/watch_row.h"
 
 namespace velmora {

@@ -4,9 +4,9 @@
 #include <limits>
 
 #include "alerts/alert_time.h"
+#include "alerts/drive_text.h"
 #include "base/convert.h"
 #include "base/text.h"
-#include "alerts/drive_text.h"
 #include "monitor/watch_row.h"
 
 namespace velmora {

@@ -1,11 +1,11 @@
 #include "monitor/watch_list_commands.h"
 
 #include "alerts/alert_time.h"
+#include "alerts/drive_text.h"
 #include "base/convert.h"
 #include "base/resume_next.h"
 #include "base/runtime_error.h"
 #include "forms/sort_column.h"
-#include "alerts/drive_text.h"
 #include "monitor/watch_row.h"
 
 namespace velmora {
@@ -150,8 +150,8 @@ void WatchListCommands::selectDrive() {
 }
 
 void WatchListCommands::cmdLVAdd_Click() {
-    const std::string path = host_.OpenFileDialog(
-        {.DialogTitle = "Folder/Path ", .InitDir = platform_.app.Path});
+    const std::string path =
+        host_.OpenFileDialog({.DialogTitle = "Folder/Path ", .InitDir = platform_.app.Path});
     if (!path.empty()) forms_.form1.ListView1.Add(path);
 }
 

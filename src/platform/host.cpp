@@ -7,9 +7,12 @@ namespace velmora {
 BoxAnswer cancellingAnswer(BoxButtons buttons) {
     switch (buttons) {
         case BoxButtons::okCancel:
-        case BoxButtons::yesNoCancel: return BoxAnswer::cancel;
-        case BoxButtons::yesNo: return BoxAnswer::no;
-        case BoxButtons::ok: break;
+        case BoxButtons::yesNoCancel:
+            return BoxAnswer::cancel;
+        case BoxButtons::yesNo:
+            return BoxAnswer::no;
+        case BoxButtons::ok:
+            break;
     }
     return BoxAnswer::ok;
 }

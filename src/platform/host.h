@@ -28,8 +28,8 @@ struct FileDialog {
 };
 
 namespace file_dialog {
-inline constexpr std::int32_t allowMultiselect = 0x200;   ///< OFN_ALLOWMULTISELECT
-inline constexpr std::int32_t explorer = 0x80000;         ///< OFN_EXPLORER
+inline constexpr std::int32_t allowMultiselect = 0x200;  ///< OFN_ALLOWMULTISELECT
+inline constexpr std::int32_t explorer = 0x80000;        ///< OFN_EXPLORER
 }  // namespace file_dialog
 
 /// Thrown to end the program at once with an exit status. No std::exception, so that no handler

@@ -12,12 +12,12 @@ enum class NotifyMessage : std::uint32_t { add = 0, modify = 1, remove = 2 };
 
 /// NOTIFYICONDATA, with names where the system has handles.
 struct NotifyIconData {
-    std::string window;                  ///< the form that owns the icon
+    std::string window;  ///< the form that owns the icon
     std::uint32_t id = 1;
-    std::uint32_t flags = 7;             ///< message, icon and tip
-    std::uint32_t callbackMessage = 512; ///< the mouse-move message
-    std::string icon;                    ///< key of an image
-    std::string tip;                     ///< at most 63 characters are shown
+    std::uint32_t flags = 7;              ///< message, icon and tip
+    std::uint32_t callbackMessage = 512;  ///< the mouse-move message
+    std::string icon;                     ///< key of an image
+    std::string tip;                      ///< at most 63 characters are shown
 };
 
 class NotifyArea {

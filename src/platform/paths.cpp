@@ -4,9 +4,13 @@ namespace velmora {
 
 namespace {
 
-bool isLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
+bool isLetter(char c) {
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
 
-bool isShare(const std::string& path) { return path.compare(0, 2, "\\\\") == 0; }
+bool isShare(const std::string& path) {
+    return path.compare(0, 2, "\\\\") == 0;
+}
 
 // "\\host\share" of a path that begins so; empty when the host or the share is missing.
 std::string shareOf(const std::string& path) {
@@ -45,7 +49,9 @@ std::string parentFolderOf(const std::string& path) {
     return drive + rest;
 }
 
-std::string PathEntry::ParentFolder() const { return parentFolderOf(Path()); }
+std::string PathEntry::ParentFolder() const {
+    return parentFolderOf(Path());
+}
 
 std::string Drive::DriveLetter() const {
     const std::string path = Path();

@@ -42,9 +42,9 @@ class Machine {
   public:
     virtual ~Machine() = default;
     virtual Platform& platform() = 0;
-    /// A path of the host, as a dialog or the command line gives it, as a drive path, with the links
-    /// above it resolved: nothing is moved or removed through a link. A path that already is one
-    /// comes back as it is.
+    /// A path of the host, as a dialog or the command line gives it, as a drive path, with the
+    /// links above it resolved: nothing is moved or removed through a link. A path that already is
+    /// one comes back as it is.
     virtual std::string toDrivePath(const std::string& hostPath) = 0;
     /// The way back; for whoever hands a path to the host.
     virtual std::string toHostPath(const std::string& drivePath) = 0;

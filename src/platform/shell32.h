@@ -39,10 +39,10 @@ struct FileOperation {
 };
 
 namespace file_operation {
-inline constexpr std::uint32_t remove = 3;        ///< FO_DELETE
-inline constexpr std::uint16_t silent = 4;        ///< FOF_SILENT
+inline constexpr std::uint32_t remove = 3;  ///< FO_DELETE
+inline constexpr std::uint16_t silent = 4;  ///< FOF_SILENT
 inline constexpr std::uint16_t noConfirmation = 16;
-inline constexpr std::uint16_t allowUndo = 64;    ///< FOF_ALLOWUNDO: into the recycle bin
+inline constexpr std::uint16_t allowUndo = 64;  ///< FOF_ALLOWUNDO: into the recycle bin
 inline constexpr std::uint16_t noErrorBox = 1024;
 }  // namespace file_operation
 

@@ -17,7 +17,6 @@ constexpr const char* programPicture = "Form1";
 constexpr const char* alertPicture = "alert";
 constexpr std::size_t longestTip = 63;  // 64 characters hold the NUL that ends the text
 
-
 enum class TrayMessage { other = 0, leftDoubleClick = 515, rightUp = 517 };
 
 // The pointer's place carries the number of a message.

@@ -15,7 +15,6 @@ constexpr int minimal = 80;
 constexpr std::uint32_t magenta = 0xFF00FF;
 constexpr std::int16_t opaqueAlpha = 255;
 
-
 }  // namespace
 
 WindowEffects::WindowEffects(Forms& forms, User32& user32) : forms_(forms), user32_(user32) {

@@ -103,8 +103,8 @@ TEST_F(FileButtonsTest, TheLabelsStandForTheirCommandButtons) {
     form1.cmdDeleteAll.Click.connect([&] { clicked.push_back("cmdDeleteAll"); });
     for (const int index : {2, 3, 5, 6}) click(index);
     EXPECT_EQ(clicked, (Texts{"cmdMove", "cmdDelete", "cmdDeleteAll", "cmdMoveAll"}));
-    EXPECT_EQ(said(), (Texts{"No file listed.", "No item listed.", "No item listed.",
-                             "No item listed."}));
+    EXPECT_EQ(said(),
+              (Texts{"No file listed.", "No item listed.", "No item listed.", "No item listed."}));
 }
 
 TEST_F(FileButtonsTest, TheOlderAddButtonDoesNothing) {

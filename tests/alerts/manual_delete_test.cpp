@@ -195,8 +195,8 @@ TEST_F(ManualDeleteTest, TheSamePathIsToldAgainASecondLaterButNotInTheSameSecond
     machine.advance(1000);
     deleteOnce();
     EXPECT_EQ(alertRows(), Texts(2, mediumAlert("- Deleted File: C:\\a")));
-    EXPECT_EQ(journal(), "03/14/26 15:09:27- Deleted File: C:\\a\r\n . \r\n" +
-                             entry("- Deleted File: C:\\a"));
+    EXPECT_EQ(journal(),
+              "03/14/26 15:09:27- Deleted File: C:\\a\r\n . \r\n" + entry("- Deleted File: C:\\a"));
     EXPECT_EQ(dialogText(), journal());
     EXPECT_EQ(count("dialog shown"), 2);
 }
@@ -295,8 +295,8 @@ TEST_F(ManualDeleteTest, NoDeletesAllForGoodFromTheLastToTheFirst) {
     EXPECT_EQ(machine.files, (std::map<std::string, std::string>{{"C:\\kept", "xxx"}}));
     EXPECT_EQ(order, (Texts{"box: " + binQuestion, "FileExists C:\\b", "remove C:\\b",
                             "FileExists C:\\a", "remove C:\\a"}));
-    EXPECT_EQ(alertRows(), (Texts{mediumAlert("- Deleted File: C:\\a"),
-                                  mediumAlert("- Deleted File: C:\\b")}));
+    EXPECT_EQ(alertRows(),
+              (Texts{mediumAlert("- Deleted File: C:\\a"), mediumAlert("- Deleted File: C:\\b")}));
     EXPECT_EQ(list.Count(), 0);
     EXPECT_EQ(journal(), "");
     EXPECT_EQ(dialogText(), "");

@@ -31,8 +31,7 @@ TEST_F(ManualMoveTest, TheSpecifiedPathIsTheFolderOfTheChosenFile) {
     form1.cmdFolder.userClick();
     EXPECT_EQ(form1.txtDrive.Text(), "E:\\archive\\old\\");
     ASSERT_EQ(host.fileDialogs.size(), 1u);
-    EXPECT_EQ(host.fileDialogs[0].DialogTitle,
-              "Select Path by choosing a file within the folder");
+    EXPECT_EQ(host.fileDialogs[0].DialogTitle, "Select Path by choosing a file within the folder");
     EXPECT_EQ(host.fileDialogs[0].Filter, "All Files (*.*)|*.*");
     EXPECT_EQ(host.fileDialogs[0].Flags & file_dialog::allowMultiselect, 0);
 }
@@ -59,8 +58,7 @@ TEST_F(ManualMoveTest, YesMovesTheSelectedFileAndTellsEverywhere) {
     EXPECT_EQ(alertRows(), Texts{mediumAlert("- Moved File: C:\\data\\b.txt")});
     EXPECT_EQ(journal(), entry("- Moved File: C:\\data\\b.txt") + "older");
     EXPECT_EQ(dialogText(), entry("- Moved File: C:\\data\\b.txt"));
-    EXPECT_EQ(order, (Texts{"drop", "box: " + moveQuestion, "restore",
-                            "FileExists C:\\data\\b.txt",
+    EXPECT_EQ(order, (Texts{"drop", "box: " + moveQuestion, "restore", "FileExists C:\\data\\b.txt",
                             "MoveFileA C:\\data\\b.txt > E:\\spare\\b.txt", "dialog shown"}));
     EXPECT_EQ(host.boxes[0].buttons, BoxButtons::yesNo);
     EXPECT_TRUE(host.dialogs.empty());
@@ -82,8 +80,8 @@ TEST_F(ManualMoveTest, OfSeveralSelectedRowsOnlyTheFirstMoves) {
     listedFile("C:\\b", true);
     listedFile("C:\\c", true);
     move();
-    EXPECT_EQ(machine.moved, (std::vector<std::pair<std::string, std::string>>{
-                                 {"C:\\b", "E:\\spare\\b"}}));
+    EXPECT_EQ(machine.moved,
+              (std::vector<std::pair<std::string, std::string>>{{"C:\\b", "E:\\spare\\b"}}));
     EXPECT_EQ(tags(), (Texts{"C:\\a", "C:\\c"}));
     EXPECT_EQ(said(), Texts{moveQuestion});
 }
@@ -112,10 +110,9 @@ TEST_F(ManualMoveTest, NoGoesByTheFolderBrowserOnceTheWindowStaysOnTopAgain) {
     move({BoxAnswer::no});
     EXPECT_EQ(host.dialogs, Texts{"Select Folder/Path"});
     EXPECT_EQ(machine.moved[0].second, "E:\\other\\a.txt");
-    EXPECT_EQ(order, (Texts{"drop", "box: " + moveQuestion, "restore",
-                            "browse: Select Folder/Path", "FolderExists E:\\other\\",
-                            "FileExists C:\\a.txt", "MoveFileA C:\\a.txt > E:\\other\\a.txt",
-                            "dialog shown"}));
+    EXPECT_EQ(order, (Texts{"drop", "box: " + moveQuestion, "restore", "browse: Select Folder/Path",
+                            "FolderExists E:\\other\\", "FileExists C:\\a.txt",
+                            "MoveFileA C:\\a.txt > E:\\other\\a.txt", "dialog shown"}));
     EXPECT_EQ(form1.txtDrive.Text(), "E:\\spare\\");
 }
 
@@ -138,8 +135,8 @@ TEST_F(ManualMoveTest, NoAndACancelledBrowserMoveNothingAndRaiseNoAlert) {
     move({BoxAnswer::no});
     EXPECT_EQ(host.dialogs, Texts{"Select Folder/Path"});
     EXPECT_EQ(tags(), Texts{"C:\\a.txt"});
-    EXPECT_EQ(order, (Texts{"drop", "box: " + moveQuestion, "restore",
-                            "browse: Select Folder/Path"}));
+    EXPECT_EQ(order,
+              (Texts{"drop", "box: " + moveQuestion, "restore", "browse: Select Folder/Path"}));
     expectNothingMoved();
 }
 
@@ -200,8 +197,8 @@ TEST_F(ManualMoveTest, APathThatBeginsOneToldBeforeIsToldToo) {
     move();
     listedFile("C:\\a", true);
     move();
-    EXPECT_EQ(alertRows(), (Texts{mediumAlert("- Moved File: C:\\a"),
-                                  mediumAlert("- Moved File: C:\\a.txt")}));
+    EXPECT_EQ(alertRows(),
+              (Texts{mediumAlert("- Moved File: C:\\a"), mediumAlert("- Moved File: C:\\a.txt")}));
     EXPECT_EQ(dialogText(), entry("- Moved File: C:\\a") + entry("- Moved File: C:\\a.txt"));
     EXPECT_EQ(journal(), dialogText());
 }
@@ -318,8 +315,8 @@ TEST_F(ManualMoveTest, AFailureEndsTheRunOfAllWithAMessage) {
     host.answers = {BoxAnswer::yes, BoxAnswer::yes, BoxAnswer::yes};
     machine.log.failCall(3, error::deviceIo);  // whether the second file exists
     form1.cmdMoveAll.userClick();
-    EXPECT_EQ(said(), (Texts{moveQuestion, moveQuestion,
-                             "Unable to move all.  A file may be invalid."}));
+    EXPECT_EQ(said(),
+              (Texts{moveQuestion, moveQuestion, "Unable to move all.  A file may be invalid."}));
     EXPECT_EQ(tags(), (Texts{"C:\\a", "C:\\b"}));
     EXPECT_EQ(machine.moved.size(), 1u);
 }

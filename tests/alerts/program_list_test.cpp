@@ -29,8 +29,8 @@ TEST_F(ProgramListTest, AddTakesTheTextOfTheBox) {
     file("C:\\data\\tool.exe");
     box.setText("C:\\data\\tool.exe");
     click(0);
-    EXPECT_EQ(cells(1), (Texts{"C:\\data\\tool.exe", "tool.exe", "Execute", "C:\\data",
-                               "EXE File"}));
+    EXPECT_EQ(cells(1),
+              (Texts{"C:\\data\\tool.exe", "tool.exe", "Execute", "C:\\data", "EXE File"}));
     EXPECT_EQ(box.ListCount(), 0);
     EXPECT_EQ(box.Text(), "C:\\data\\tool.exe");
 }
@@ -126,9 +126,10 @@ TEST_F(ProgramListTest, RunOfAProgramThatIsGoneTellsTheJournal) {
     rows.userSelect({1});
     click(3);
     EXPECT_TRUE(machine.executed.empty());
-    EXPECT_EQ(journal(),
-              " - Specified Program Execution Failed (File Does Not Exist): \r\nC:\\a.exe\r\n\r\n . "
-              "\r\n");
+    EXPECT_EQ(
+        journal(),
+        " - Specified Program Execution Failed (File Does Not Exist): \r\nC:\\a.exe\r\n\r\n . "
+        "\r\n");
     EXPECT_EQ(rows.Count(), 1);
 }
 
@@ -176,8 +177,8 @@ TEST_F(ProgramListTest, OfSeveralDroppedPathsTheFilesGetRows) {
     file("E:\\b.exe");
     rows.userDrop({"C:\\data\\a.exe", "C:\\gone", "C:\\data", "E:\\b.exe"});
     ASSERT_EQ(rows.Count(), 2);
-    EXPECT_EQ(cells(1), (Texts{"C:\\data\\a.exe", "C:\\data\\a.exe", "Execute", "C:\\data",
-                               "EXE File"}));
+    EXPECT_EQ(cells(1),
+              (Texts{"C:\\data\\a.exe", "C:\\data\\a.exe", "Execute", "C:\\data", "EXE File"}));
     EXPECT_EQ(cells(2), (Texts{"E:\\b.exe", "E:\\b.exe", "Execute", "E:\\", "EXE File"}));
     EXPECT_EQ(box.Text(), "");
     EXPECT_TRUE(host.boxes.empty());

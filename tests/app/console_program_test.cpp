@@ -23,10 +23,11 @@ TEST_F(ConsoleProgram, GreetsWithOneLineAndEndsWithTheInput) {
     std::istringstream in("get txtAmt\n");
     std::ostringstream out;
     EXPECT_EQ(runConsole(machine, in, out, [](std::int64_t) {}), 0);
-    EXPECT_EQ(out.str(),
-              "Velmora console. Type help for the commands, wait forever to keep watch.\n"
-              "shell: Shell_NotifyIconA | message NIM_ADD | window sysWorkSystray | icon Form1 | tip "
-              "03/14 15:09 Velmora\n50\n");
+    EXPECT_EQ(
+        out.str(),
+        "Velmora console. Type help for the commands, wait forever to keep watch.\n"
+        "shell: Shell_NotifyIconA | message NIM_ADD | window sysWorkSystray | icon Form1 | tip "
+        "03/14 15:09 Velmora\n50\n");
 }
 
 TEST_F(ConsoleProgram, SaysHowToUseItWhenThereIsNothingToRead) {

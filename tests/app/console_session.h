@@ -19,8 +19,8 @@ struct ConsoleSession {
         machine.files["C:\\Program Files\\Velmora\\set.dat"] = prcEn("txtTime=60\r\n") + "\r\n";
     }
 
-    /// Runs the program over the input; returns what it printed behind the greeting and the line that
-    /// tells of the icon.
+    /// Runs the program over the input; returns what it printed behind the greeting and the line
+    /// that tells of the icon.
     std::vector<std::string> run(const std::string& input) {
         std::istringstream in(input);
         std::ostringstream out;
@@ -29,7 +29,8 @@ struct ConsoleSession {
         std::istringstream printed(out.str());
         for (std::string line; std::getline(printed, line);) lines.push_back(line);
         if (!lines.empty()) lines.erase(lines.begin());
-        if (!lines.empty() && lines.front().starts_with("shell: Shell_NotifyIconA | message NIM_ADD")) {
+        if (!lines.empty() &&
+            lines.front().starts_with("shell: Shell_NotifyIconA | message NIM_ADD")) {
             lines.erase(lines.begin());
         }
         return lines;

@@ -63,9 +63,9 @@ TEST(ReadNumber, PassesOverBlanksTabsAndLineEndsAroundTheNumber) {
 
 TEST(ReadNumber, RefusesOtherText) {
     expectNoNumbers(
-        {"",        " ",   "abc",    "12a",   "a12",   "-",     "+",       ".",    "-.",  "--1",
-         "+-1",     "- 1", "1 2",    "1.2.3", "1-",    "e5",    ".e5",     "1e",   "1e+", "1e5.5",
-         "1e5,000", ",1",  "1,",     "1,,2",  "1.2,3", "1,.5",  "0x10",    "&H10", "inf", "nan",
+        {"",        " ",    "abc",    "12a",   "a12",   "-",     "+",       ".",    "-.",  "--1",
+         "+-1",     "- 1",  "1 2",    "1.2.3", "1-",    "e5",    ".e5",     "1e",   "1e+", "1e5.5",
+         "1e5,000", ",1",   "1,",     "1,,2",  "1.2,3", "1,.5",  "0x10",    "&H10", "inf", "nan",
          "1\t2",    "\r\n", "1\r\n2", "$5",    "(5)",   "1e5 x", "\xD9\xA1"},
         unitedStates);
 }

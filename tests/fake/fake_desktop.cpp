@@ -52,7 +52,8 @@ int FakeMachine::openKeys() const {
 FakeRegistryKey* FakeMachine::Desktop::find(RegistryKey key) {
     const auto opened = open.find(key);
     if (opened == open.end()) return nullptr;
-    const auto found = findKey(machine.registry, opened->second.name.first, opened->second.name.second);
+    const auto found =
+        findKey(machine.registry, opened->second.name.first, opened->second.name.second);
     return found == machine.registry.end() ? nullptr : &found->second;
 }
 
@@ -125,12 +126,9 @@ bool FakeMachine::Desktop::SHGetPathFromIDListA(const ItemIdList& list, std::str
     return true;
 }
 
-std::int32_t FakeMachine::Desktop::ShellExecuteA(const std::string& owner,
-                                                 const std::string& operation,
-                                                 const std::string& file,
-                                                 const std::string& parameters,
-                                                 const std::string& directory,
-                                                 std::int32_t showCommand) {
+std::int32_t FakeMachine::Desktop::ShellExecuteA(
+    const std::string& owner, const std::string& operation, const std::string& file,
+    const std::string& parameters, const std::string& directory, std::int32_t showCommand) {
     constexpr std::int32_t taken = 42;
     const std::int32_t code = machine.recordCode("ShellExecuteA " + operation + ' ' + file);
     if (code != 0) return code;

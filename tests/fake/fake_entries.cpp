@@ -32,7 +32,8 @@ bool isIn(const std::string& path, const std::string& folder) {
 }
 
 bool isDirectlyIn(const std::string& path, const std::string& folder) {
-    return isIn(path, folder) && keyOf(path).find('\\', keyOf(folder).size() + 1) == std::string::npos;
+    return isIn(path, folder) &&
+           keyOf(path).find('\\', keyOf(folder).size() + 1) == std::string::npos;
 }
 
 }  // namespace
@@ -42,7 +43,10 @@ class FakeEntry : public Kind {
   public:
     FakeEntry(FakeMachine& machine, std::string path, std::function<void(const char*)> asked,
               std::function<FakeTimes()> times)
-        : machine_(machine), path_(std::move(path)), asked_(std::move(asked)), times_(std::move(times)) {}
+        : machine_(machine),
+          path_(std::move(path)),
+          asked_(std::move(asked)),
+          times_(std::move(times)) {}
 
     std::string Path() const override { return path_; }
     DateTime DateLastAccessed() override {
@@ -70,11 +74,12 @@ class FakeEntry : public Kind {
 class FakeMachine::Disks::FileReading final : public FakeEntry<File> {
   public:
     FileReading(Disks& disks, const std::string& path)
-        : FakeEntry(disks.machine, path,
-                    [&disks, path](const char* what) {
-                        disks.machine.record(std::string(what) + " " + path);
-                    },
-                    [&disks, path] { return disks.timesOf(path); }),
+        : FakeEntry(
+              disks.machine, path,
+              [&disks, path](const char* what) {
+                  disks.machine.record(std::string(what) + " " + path);
+              },
+              [&disks, path] { return disks.timesOf(path); }),
           disks_(disks) {}
 
     double Size() override {
@@ -102,11 +107,12 @@ class FakeMachine::Disks::FileReading final : public FakeEntry<File> {
 class FakeMachine::Disks::FolderReading final : public FakeEntry<Folder> {
   public:
     FolderReading(Disks& disks, const std::string& path)
-        : FakeEntry(disks.machine, path,
-                    [&disks, path](const char* what) {
-                        disks.machine.record(std::string(what) + " " + path);
-                    },
-                    [&disks, path] { return disks.timesOf(path); }),
+        : FakeEntry(
+              disks.machine, path,
+              [&disks, path](const char* what) {
+                  disks.machine.record(std::string(what) + " " + path);
+              },
+              [&disks, path] { return disks.timesOf(path); }),
           disks_(disks) {}
 
     double Size() override {
@@ -298,7 +304,8 @@ std::uint32_t FakeMachine::Disks::WaitForSingleObject(std::uint32_t handle,
 }
 
 bool FakeMachine::Disks::FindNextChangeNotification(std::uint32_t handle) {
-    if (machine.recordCode("FindNextChangeNotification " + std::to_string(handle)) != 0) return false;
+    if (machine.recordCode("FindNextChangeNotification " + std::to_string(handle)) != 0)
+        return false;
     const auto found = machine.notifications.find(handle);
     if (found == machine.notifications.end()) return false;
     if (found->second > 0) --found->second;
@@ -306,14 +313,16 @@ bool FakeMachine::Disks::FindNextChangeNotification(std::uint32_t handle) {
 }
 
 bool FakeMachine::Disks::FindCloseChangeNotification(std::uint32_t handle) {
-    if (machine.recordCode("FindCloseChangeNotification " + std::to_string(handle)) != 0) return false;
+    if (machine.recordCode("FindCloseChangeNotification " + std::to_string(handle)) != 0)
+        return false;
     return machine.notifications.erase(handle) > 0;
 }
 
 std::int32_t FakeMachine::Desktop::SHFileOperationA(const FileOperation& operation) {
-    const std::int32_t code = machine.recordCode("SHFileOperationA " + std::to_string(operation.wFunc) +
-                                                 ' ' + std::to_string(operation.fFlags) + ' ' +
-                                                 operation.pFrom.substr(0, operation.pFrom.find('\0')));
+    const std::int32_t code =
+        machine.recordCode("SHFileOperationA " + std::to_string(operation.wFunc) + ' ' +
+                           std::to_string(operation.fFlags) + ' ' +
+                           operation.pFrom.substr(0, operation.pFrom.find('\0')));
     if (code != 0) return code;
     machine.operations.push_back(operation);
     if (machine.operationResult != 0) return machine.operationResult;

@@ -40,7 +40,7 @@ class FakeHost final : public Host {
     std::deque<BoxAnswer> answers;  ///< for the next boxes; the cancelling answer when used up
     std::deque<std::string> paths;  ///< for the next dialogs; empty when used up
     std::vector<Box> boxes;
-    std::vector<std::string> dialogs;  ///< titles of the dialogs shown
+    std::vector<std::string> dialogs;     ///< titles of the dialogs shown
     std::vector<FileDialog> fileDialogs;  ///< the file dialogs among them, whole
     int beeps = 0;
     int yields = 0;

@@ -9,9 +9,10 @@
 //
 // An operation that tells failures by its result fails in that way too when its turn comes: the
 // registry, SHGetSpecialFolderLocation and SHEmptyRecycleBinA give the planned number as their
-// code as do MoveFileA (0), SHFileOperationA and sndPlaySoundA (0), FindFirstFileA gives no listing and
-// FindNextFileA the number as the last error; ShellExecuteEx and SHGetPathFromIDListA give false, CreateShortcut null, GetEnvironmentVariableA
-// an empty text; SHBrowseForFolder is dismissed.
+// code as do MoveFileA (0), SHFileOperationA and sndPlaySoundA (0), FindFirstFileA gives no listing
+// and FindNextFileA the number as the last error; ShellExecuteEx and SHGetPathFromIDListA give
+// false, CreateShortcut null, GetEnvironmentVariableA an empty text; SHBrowseForFolder is
+// dismissed.
 #pragma once
 
 #include <cstdint>

@@ -89,8 +89,9 @@ struct StartRig {
 
   private:
     static Platform withClock(const Platform& other, Clock& clock) {
-        return {other.fso,     other.kernel32,     clock,          other.files, other.advapi32,
-                other.shell32, other.winmm,        other.wscriptShell, other.regional, other.app};
+        return {other.fso,      other.kernel32, clock,       other.files,
+                other.advapi32, other.shell32,  other.winmm, other.wscriptShell,
+                other.regional, other.app};
     }
     MonitorPorts withSettings() {
         return {ports.events,   ports.actions,     ports.stats,  settings,   ports.log,

@@ -2,8 +2,8 @@
 #pragma once
 
 #include <functional>
-#include <type_traits>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "settings_rig.h"

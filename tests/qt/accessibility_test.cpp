@@ -81,13 +81,15 @@ TEST_F(AccessibilityTest, ALabelsColoursStayLegibleOnAnyDesktop) {
     const QImage picture = tab->grab().toImage();
     int light = 0;
     for (int x = 0; x < picture.width(); ++x) {
-        for (int y = 0; y < picture.height(); ++y) light += picture.pixelColor(x, y).lightness() > 150 ? 1 : 0;
+        for (int y = 0; y < picture.height(); ++y)
+            light += picture.pixelColor(x, y).lightness() > 150 ? 1 : 0;
     }
     EXPECT_GT(light, 10);  // the letters of the selected tab on its dark page
 }
 
 TEST_F(AccessibilityTest, ATextThatGivesWayIsToldWhole) {
-    const std::string text = "Checking: C:\\a\\very\\long\\path\\that\\the\\panel\\has\\no\\room\\for\\at\\all";
+    const std::string text =
+        "Checking: C:\\a\\very\\long\\path\\that\\the\\panel\\has\\no\\room\\for\\at\\all";
     form1().StatusBar1.setPanelText(2, text);
     settle();
     QWidget* panel = find("StatusBar1(2)");

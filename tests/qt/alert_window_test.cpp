@@ -23,7 +23,8 @@ struct AlertWindowTest : WindowTest {
 TEST_F(AlertWindowTest, ItComesFoldedWithItsButtonsInView) {
     EXPECT_EQ(dialog()->windowTitle(), "Alert Dialog");
     EXPECT_FALSE(options()->isVisible());
-    for (const char* field : {"lblAl(0)", "lblAl(1)", "lblAl(2)", "lblAl(4)", "chkAutoHide", "chkLog"}) {
+    for (const char* field :
+         {"lblAl(0)", "lblAl(1)", "lblAl(2)", "lblAl(4)", "chkAutoHide", "chkLog"}) {
         QWidget* widget = find(QString::fromLatin1(field), "dlgAlert");
         ASSERT_NE(widget, nullptr) << field;
         EXPECT_TRUE(widget->isVisible()) << field;

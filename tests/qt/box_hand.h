@@ -38,7 +38,9 @@ class BoxHand {
 
   private:
     // A timer doesn't fire again within its own handler, and boxes can stand over boxes.
-    void lookAgain() { QTimer::singleShot(1, &context_, [this] { look(); }); }
+    void lookAgain() {
+        QTimer::singleShot(1, &context_, [this] { look(); });
+    }
 
     void look() {
         lookAgain();

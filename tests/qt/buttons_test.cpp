@@ -17,7 +17,8 @@ struct ButtonsTest : WindowTest {
     void tickByMouse(qt::CheckList* list, int row) {
         list->scrollToItem(list->item(row));
         const QRect place = list->visualItemRect(list->item(row));
-        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, place.topLeft() + QPoint(10, place.height() / 2));
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                          place.topLeft() + QPoint(10, place.height() / 2));
         settle();
     }
     std::vector<int> tickedIn(const ListBox& box, qt::CheckList* list) {
@@ -225,12 +226,14 @@ TEST_F(ButtonsTest, AClickOnAnEntrysWordsIsOneClickWithoutATick) {
     int clicks = 0;
     form1().lstAct.Click.connect([&clicks] { ++clicks; });
     const QRect entry = list->visualItemRect(list->item(5));
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, {entry.left() + 60, entry.center().y()});
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                      {entry.left() + 60, entry.center().y()});
     settle();
     EXPECT_EQ(clicks, 1);
     EXPECT_FALSE(form1().lstAct.Selected(5));
     // A tick clicks too, once.
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, {entry.left() + 10, entry.center().y()});
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                      {entry.left() + 10, entry.center().y()});
     settle();
     EXPECT_EQ(clicks, 2);
     EXPECT_TRUE(form1().lstAct.Selected(5));

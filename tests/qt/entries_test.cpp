@@ -1,5 +1,5 @@
-// Widgets that take a text, a number or a time: the field shows in them, the hand's way to the field
-// goes with its events.
+// Widgets that take a text, a number or a time: the field shows in them, the hand's way to the
+// field goes with its events.
 #include <QComboBox>
 #include <QSlider>
 #include <QTimeEdit>

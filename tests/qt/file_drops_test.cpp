@@ -43,7 +43,8 @@ struct FileDropsTest : WindowTest {
 };
 
 TEST_F(FileDropsTest, TheListTakesAllFilesInTheirOrder) {
-    EXPECT_TRUE(drop(files(), {QUrl::fromLocalFile("/data/b c"), QUrl::fromLocalFile("/data/\u00E9")}));
+    EXPECT_TRUE(
+        drop(files(), {QUrl::fromLocalFile("/data/b c"), QUrl::fromLocalFile("/data/\u00E9")}));
     settle();
     EXPECT_EQ(dropped, (std::vector<Paths>{{"/data/b c", "/data/\u00E9"}}));
 }
@@ -81,7 +82,8 @@ TEST_F(FileDropsTest, ABoxTakesThemOnItsEntryToo) {
 }
 
 TEST_F(FileDropsTest, AListWithoutUseForFilesRefusesThem) {
-    EXPECT_FALSE(drop(find<qt::ListViewWidget>("LVAlert")->viewport(), {QUrl::fromLocalFile("/data/a")}));
+    EXPECT_FALSE(
+        drop(find<qt::ListViewWidget>("LVAlert")->viewport(), {QUrl::fromLocalFile("/data/a")}));
 }
 
 TEST_F(FileDropsTest, ADisabledListRefusesThem) {

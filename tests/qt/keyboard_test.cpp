@@ -1,7 +1,7 @@
 // Everything can be reached and done by the keyboard, and says what it is.
 #include <QAbstractScrollArea>
-#include <QAccessible>
 #include <QAbstractSpinBox>
+#include <QAccessible>
 #include <QComboBox>
 #include <QTabBar>
 #include <QTabWidget>
@@ -36,9 +36,9 @@ struct KeyboardTest : WindowTest {
             }
         }
         Forms& forms = program->forms();
-        for (Form* form : std::initializer_list<Form*>{&forms.frmLock, &forms.frmAbout, &forms.dlgAlert,
-                                                       &forms.icon0, &forms.icon1, &forms.frmIndDri,
-                                                       &forms.dlgDriveInfo, &forms.frmWizard}) {
+        for (Form* form : std::initializer_list<Form*>{
+                 &forms.frmLock, &forms.frmAbout, &forms.dlgAlert, &forms.icon0, &forms.icon1,
+                 &forms.frmIndDri, &forms.dlgDriveInfo, &forms.frmWizard}) {
             all.push_back({form->Name(), [form] { form->Show(); }});
         }
         for (int page = 0; page < 4; ++page) {
@@ -60,8 +60,8 @@ struct KeyboardTest : WindowTest {
     }
 
     static bool takesTab(const QWidget* widget) {
-        return widget->isVisible() && widget->isEnabled() && (widget->focusPolicy() & Qt::TabFocus) != 0 &&
-               widget->focusProxy() == nullptr;
+        return widget->isVisible() && widget->isEnabled() &&
+               (widget->focusPolicy() & Qt::TabFocus) != 0 && widget->focusProxy() == nullptr;
     }
     static std::vector<QWidget*> focusable(QWidget* window) {
         std::vector<QWidget*> all;
@@ -90,7 +90,8 @@ struct KeyboardTest : WindowTest {
 };
 
 std::string describe(const QWidget* widget) {
-    return std::string(widget->metaObject()->className()) + " " + widget->objectName().toStdString();
+    return std::string(widget->metaObject()->className()) + " " +
+           widget->objectName().toStdString();
 }
 
 TEST_F(KeyboardTest, EveryWidgetThatTakesTheKeyboardIsAFieldAndSaysItsName) {

@@ -23,7 +23,8 @@ struct ListViewModelTest : testing::Test {
     void make() {
         field.addColumn({"One"});
         field.addColumn({"Two"});
-        model = std::make_unique<qt::ListViewModel>(field, [](const std::string&) { return QIcon(); });
+        model =
+            std::make_unique<qt::ListViewModel>(field, [](const std::string&) { return QIcon(); });
         model->setHasTicks(true);
     }
     static void settle() {
@@ -32,7 +33,8 @@ struct ListViewModelTest : testing::Test {
     void expectSameRows() {
         ASSERT_EQ(model->rowCount(), field.Count());
         for (int i = 1; i <= field.Count(); ++i) {
-            ASSERT_EQ(model->index(i - 1, 0).data().toString().toStdString(), field.ListItems(i).Text());
+            ASSERT_EQ(model->index(i - 1, 0).data().toString().toStdString(),
+                      field.ListItems(i).Text());
         }
     }
 };
@@ -62,7 +64,8 @@ TEST_F(ListViewModelTest, ChangesOfRowsAreToldOnce) {
     settle();
     QSignalSpy changes(model.get(), &QAbstractItemModel::dataChanged);
     for (int i = 1; i <= 1000; ++i) {
-        for (int again = 0; again < 5; ++again) field.ListItems(i).setSubItems(1, std::to_string(again));
+        for (int again = 0; again < 5; ++again)
+            field.ListItems(i).setSubItems(1, std::to_string(again));
     }
     settle();
     EXPECT_EQ(changes.count(), 1);
@@ -99,22 +102,45 @@ TEST_F(ListViewModelTest, ColumnsThatComeLaterArePublished) {
 
 TEST_F(ListViewModelTest, StaysConsistentUnderAnyChanges) {
     make();
-    QAbstractItemModelTester tester(model.get(), QAbstractItemModelTester::FailureReportingMode::Fatal);
+    QAbstractItemModelTester tester(model.get(),
+                                    QAbstractItemModelTester::FailureReportingMode::Fatal);
     std::mt19937 random(20260314);
     const auto upTo = [&](int most) { return std::uniform_int_distribution<int>(1, most)(random); };
     for (int step = 0; step < 3000; ++step) {
         const int count = field.Count();
         switch (upTo(12)) {
-            case 1: case 2: case 3: field.Add(1, "top " + std::to_string(step)); break;
-            case 4: field.Add("end " + std::to_string(step)); break;
-            case 5: field.Add(upTo(count + 1), "between " + std::to_string(step)); break;
-            case 6: if (count > 0) field.Remove(upTo(count)); break;
-            case 7: if (upTo(40) == 1) field.Clear(); break;
-            case 8: if (upTo(5) == 1) field.sortBy(upTo(2) - 1, upTo(2) - 1); break;
-            case 9: if (count > 0) field.userTick(upTo(count), upTo(2) == 1); break;
-            case 10: if (count > 0) field.ListItems(upTo(count)).setSubItems(1, std::to_string(step)); break;
-            case 11: if (count > 0) field.userSelect({upTo(count)}); break;
-            default: settle(); break;
+            case 1:
+            case 2:
+            case 3:
+                field.Add(1, "top " + std::to_string(step));
+                break;
+            case 4:
+                field.Add("end " + std::to_string(step));
+                break;
+            case 5:
+                field.Add(upTo(count + 1), "between " + std::to_string(step));
+                break;
+            case 6:
+                if (count > 0) field.Remove(upTo(count));
+                break;
+            case 7:
+                if (upTo(40) == 1) field.Clear();
+                break;
+            case 8:
+                if (upTo(5) == 1) field.sortBy(upTo(2) - 1, upTo(2) - 1);
+                break;
+            case 9:
+                if (count > 0) field.userTick(upTo(count), upTo(2) == 1);
+                break;
+            case 10:
+                if (count > 0) field.ListItems(upTo(count)).setSubItems(1, std::to_string(step));
+                break;
+            case 11:
+                if (count > 0) field.userSelect({upTo(count)});
+                break;
+            default:
+                settle();
+                break;
         }
         // What is shown may be asked at any time, also of rows that are gone.
         for (int i = 0; i < std::min(model->rowCount(), 3); ++i) model->index(i, 0).data();

@@ -32,7 +32,8 @@ struct LockMemoryTest : WindowTest {
 };
 
 TEST_F(LockMemoryTest, ATypedPasswordIsHeldOnceWhileLockedAndNowhereAfterUnlocking) {
-    if (!MemorySearch::possible()) GTEST_SKIP() << "this system has no file of a process's own memory";
+    if (!MemorySearch::possible())
+        GTEST_SKIP() << "this system has no file of a process's own memory";
     ASSERT_EQ(search.count(), 0u);
     chooseFromIcon("mnuLock");
     type();

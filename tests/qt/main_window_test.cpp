@@ -8,7 +8,9 @@ constexpr int fullHeight = 9100;  // twips
 
 struct MainWindowTest : WindowTest {
     MainWindowTest() { start(); }
-    bool pageIsShown(int panel) { return find(QStringLiteral("frmSp(%1)").arg(panel))->isVisible(); }
+    bool pageIsShown(int panel) {
+        return find(QStringLiteral("frmSp(%1)").arg(panel))->isVisible();
+    }
 };
 
 TEST_F(MainWindowTest, AButtonsCaptionIsTheKeyOfItsCommand) {

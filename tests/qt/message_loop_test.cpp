@@ -17,7 +17,8 @@ struct MessageLoopTest : WindowTest {
     void slowDrives(int microseconds) {
         machine.onCall = [this, microseconds](const std::string& call) {
             if (!call.starts_with("IsReady")) return;
-            if (++asked == clickAt) QMetaObject::invokeMethod(window(), onClick, Qt::QueuedConnection);
+            if (++asked == clickAt)
+                QMetaObject::invokeMethod(window(), onClick, Qt::QueuedConnection);
             QElapsedTimer timer;
             timer.start();
             while (timer.nsecsElapsed() < microseconds * 1000) {

@@ -51,9 +51,7 @@ struct SpecifiedFilesTest : WindowTest {
         }
         return all;
     }
-    std::string tag(const QString& name) {
-        return path(name).toStdString();
-    }
+    std::string tag(const QString& name) { return path(name).toStdString(); }
 
     QTemporaryDir folder;
     QString title;
@@ -129,9 +127,10 @@ TEST_F(SpecifiedFilesTest, DeleteAllOffersThreeAnswers) {
     chooseBehind("lblSF(0)", {"a.txt"});
     boxes.answers = {QMessageBox::Cancel};
     click("lblSF(5)");
-    EXPECT_EQ(boxes.lastText(),
-              "Do you want to delete files or put in recycle bin? Yes = Recycle Bin, No = Permanent "
-              "Deletion");
+    EXPECT_EQ(
+        boxes.lastText(),
+        "Do you want to delete files or put in recycle bin? Yes = Recycle Bin, No = Permanent "
+        "Deletion");
     EXPECT_EQ(tags().size(), 1u);
     boxes.answers = {QMessageBox::No};
     click("lblSF(5)");

@@ -17,7 +17,9 @@ void WindowRig::start(const std::string& settings) {
     settle();
 }
 
-void WindowRig::start() { start(prcEn("txtTime=60\r\n") + "\r\n"); }
+void WindowRig::start() {
+    start(prcEn("txtTime=60\r\n") + "\r\n");
+}
 
 void WindowRig::whenBoxStands(const std::function<void(QMessageBox&)>& then) {
     auto* look = new QTimer;

@@ -66,7 +66,8 @@ class Photographer {
                     photograph(rig_.window(), QStringLiteral("%1-spec%2").arg(size).arg(inner));
                 }
             } else {
-                photograph(rig_.window(), QStringLiteral("%1-%2").arg(size, QLatin1String(names[tab])));
+                photograph(rig_.window(),
+                           QStringLiteral("%1-%2").arg(size, QLatin1String(names[tab])));
             }
         }
     }
@@ -148,7 +149,8 @@ int main(int argc, char** argv) {
     camera.dialog(forms.frmAbout, QStringLiteral("about"));
     forms.dlgAlert.Label1.setText(
         "03/14/26 15:12:26- Moved File: D:\\video\\screencast.mkv\r\n . \r\n"
-        "03/14/26 15:10:26 - ALERT: Space Shortage < 5000000 KB Drive: D:[1,258,291 KB]\r\n . \r\n");
+        "03/14/26 15:10:26 - ALERT: Space Shortage < 5000000 KB Drive: D:[1,258,291 KB]\r\n . "
+        "\r\n");
     camera.dialog(forms.dlgAlert, QStringLiteral("alert"));
     forms.dlgAlert.lblAl[4].Click();
     forms.dlgAlert.lblAct[4].Click();

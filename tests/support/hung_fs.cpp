@@ -61,7 +61,8 @@ int tellSpace(const char*, struct statvfs* space) {
     return 0;
 }
 
-int listNothing(const char* path, void*, fuse_fill_dir_t, off_t, fuse_file_info*, fuse_readdir_flags) {
+int listNothing(const char* path, void*, fuse_fill_dir_t, off_t, fuse_file_info*,
+                fuse_readdir_flags) {
     if (std::strcmp(path, "/endless") == 0) waitForRelease();
     return 0;
 }

@@ -22,7 +22,8 @@ ActivityView::ActivityView(Animation& field, QWidget* parent) : QWidget(parent),
     });
     bindField(this, field, [this] {
         if (field_.Playing() != turn_.isActive()) field_.Playing() ? turn_.start() : turn_.stop();
-        setAccessibleDescription(field_.Playing() ? QStringLiteral("playing") : QStringLiteral("still"));
+        setAccessibleDescription(field_.Playing() ? QStringLiteral("playing")
+                                                  : QStringLiteral("still"));
         update();
     });
 }

@@ -39,9 +39,8 @@ QToolButton* makeBarButton(ToolBar& field, int number, UserHand& hand) {
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::StrongFocus);
     button->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Expanding);
-    QObject::connect(button, &QToolButton::clicked, button, [&field, &hand, number] {
-        hand.does([&] { field.userClickPart(number); });
-    });
+    QObject::connect(button, &QToolButton::clicked, button,
+                     [&field, &hand, number] { hand.does([&] { field.userClickPart(number); }); });
     follow(field.ButtonChanged, button, [button, &field, number] {
         const ToolBar::Button& state = field.Buttons(number);
         button->setText(shown(state.Caption));
@@ -55,10 +54,14 @@ QToolButton* makeBarButton(ToolBar& field, int number, UserHand& hand) {
 
 QIcon panelPicture(int number) {
     switch (number) {
-        case readyImage: return glyphIcon(Glyph::stateOk);
-        case checkingImage: return glyphIcon(Glyph::refresh);
-        case pauseImage: return glyphIcon(Glyph::pause);
-        default: return {};
+        case readyImage:
+            return glyphIcon(Glyph::stateOk);
+        case checkingImage:
+            return glyphIcon(Glyph::refresh);
+        case pauseImage:
+            return glyphIcon(Glyph::pause);
+        default:
+            return {};
     }
 }
 

@@ -57,6 +57,8 @@ QSize CheckList::sizeHint() const {
     return {width + tick + 2 * frameWidth(), rows * sizeHintForRow(0) + 2 * frameWidth() + 2};
 }
 
-QSize CheckList::minimumSizeHint() const { return {160, sizeHint().height()}; }
+QSize CheckList::minimumSizeHint() const {
+    return {160, sizeHint().height()};
+}
 
 }  // namespace velmora::qt

@@ -23,10 +23,14 @@ double luminance(const QColor& colour) {
 
 QColor shownColour(Colour value, const QPalette& palette) {
     switch (value) {
-        case colour::window: return palette.color(QPalette::Window);
-        case colour::buttonFace: return palette.color(QPalette::Button);
-        case colour::buttonText: return palette.color(QPalette::ButtonText);
-        default: break;
+        case colour::window:
+            return palette.color(QPalette::Window);
+        case colour::buttonFace:
+            return palette.color(QPalette::Button);
+        case colour::buttonText:
+            return palette.color(QPalette::ButtonText);
+        default:
+            break;
     }
     if ((value & systemColour) != 0) return palette.color(QPalette::WindowText);
     return {static_cast<int>(value & 0xFF), static_cast<int>((value >> 8) & 0xFF),

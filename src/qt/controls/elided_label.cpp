@@ -25,12 +25,14 @@ QSize ElidedLabel::sizeHint() const {
     return {fontMetrics().horizontalAdvance(text_) + 4, fontMetrics().height() + 4};
 }
 
-QSize ElidedLabel::minimumSizeHint() const { return {40, fontMetrics().height() + 4}; }
+QSize ElidedLabel::minimumSizeHint() const {
+    return {40, fontMetrics().height() + 4};
+}
 
 void ElidedLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.setPen(palette().color(isEnabled() ? QPalette::Normal : QPalette::Disabled,
-                                   QPalette::WindowText));
+    painter.setPen(
+        palette().color(isEnabled() ? QPalette::Normal : QPalette::Disabled, QPalette::WindowText));
     painter.drawText(rect(), Qt::AlignVCenter | Qt::AlignLeft,
                      fontMetrics().elidedText(text_, mode_, width()));
 }

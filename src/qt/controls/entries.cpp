@@ -133,9 +133,10 @@ QComboBox* makeComboBox(ComboBox& field, UserHand& hand) {
             part, hand, [&field] { return field.Enabled() && field.Drop.connected(); },
             [&field](const std::vector<std::string>& paths) { field.userDrop(paths); });
     }
-    QObject::connect(box, &QComboBox::currentTextChanged, box, [&field, &hand](const QString& text) {
-        hand.does([&field, &text] { field.setText(typed(text)); });
-    });
+    QObject::connect(box, &QComboBox::currentTextChanged, box,
+                     [&field, &hand](const QString& text) {
+                         hand.does([&field, &text] { field.setText(typed(text)); });
+                     });
     return box;
 }
 

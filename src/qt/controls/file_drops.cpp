@@ -38,8 +38,10 @@ bool FileDrops::eventFilter(QObject*, QEvent* event) {
     switch (event->type()) {
         case QEvent::DragEnter:
         case QEvent::DragMove:
-        case QEvent::Drop: break;
-        default: return false;
+        case QEvent::Drop:
+            break;
+        default:
+            return false;
     }
     auto* drag = static_cast<QDropEvent*>(event);
     if (!offersFiles(*drag)) return false;
@@ -47,7 +49,8 @@ bool FileDrops::eventFilter(QObject*, QEvent* event) {
     drag->accept();
     if (event->type() != QEvent::Drop) return true;
     std::vector<std::string> paths;
-    for (const QString& file : filesOf(*drag->mimeData())) paths.push_back(hand_.drivePathOf(typed(file)));
+    for (const QString& file : filesOf(*drag->mimeData()))
+        paths.push_back(hand_.drivePathOf(typed(file)));
     // Questions may follow, for which the file manager must not wait.
     QMetaObject::invokeMethod(
         this, [this, paths] { hand_.does([&] { dropped_(paths); }); }, Qt::QueuedConnection);

@@ -26,7 +26,7 @@ class JournalView : public QPlainTextEdit {
 
     TextBox& field_;
     std::vector<std::string> gathered_;  // put in front since the last refresh, the newest last
-    bool stale_ = true;     // the whole text has to be read
+    bool stale_ = true;                  // the whole text has to be read
 };
 
 }  // namespace velmora::qt

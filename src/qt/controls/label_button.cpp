@@ -37,9 +37,12 @@ LabelButton::LabelButton(Label& label, UserHand& hand, Shape shape, QWidget* par
         }
         update();
     });
-    connect(this, &QAbstractButton::pressed, this, [this] { hand_.does([this] { label_.MouseDown(); }); });
-    connect(this, &QAbstractButton::released, this, [this] { hand_.does([this] { label_.MouseUp(); }); });
-    connect(this, &QAbstractButton::clicked, this, [this] { hand_.does([this] { label_.Click(); }); });
+    connect(this, &QAbstractButton::pressed, this,
+            [this] { hand_.does([this] { label_.MouseDown(); }); });
+    connect(this, &QAbstractButton::released, this,
+            [this] { hand_.does([this] { label_.MouseUp(); }); });
+    connect(this, &QAbstractButton::clicked, this,
+            [this] { hand_.does([this] { label_.Click(); }); });
 }
 
 QSize LabelButton::sizeHint() const {
@@ -52,7 +55,9 @@ QSize LabelButton::minimumSizeHint() const {
     return sizeHint() - QSize(2 * (sideMargin - leastSideMargin), 0);
 }
 
-bool LabelButton::selected() const { return label_.BackColor() == colour::window; }
+bool LabelButton::selected() const {
+    return label_.BackColor() == colour::window;
+}
 
 // The strips mark the selected tab by other colours.
 bool LabelButton::isShownTab() const {
@@ -81,13 +86,15 @@ void LabelButton::paintEvent(QPaintEvent*) {
     QColor rim = text;
     rim.setAlphaF(isShownTab() ? 0.0F : 0.35F);
     painter.setPen(rim);
-    painter.setBrush(underMouse() && isEnabled() && !selected() ? background.lighter(150) : background);
+    painter.setBrush(underMouse() && isEnabled() && !selected() ? background.lighter(150)
+                                                                : background);
     painter.drawPath(outline(area));
     if (shape_ != Shape::button && isShownTab()) {
         painter.setPen(Qt::NoPen);
         painter.setBrush(palette().color(QPalette::Highlight));
-        painter.drawRect(shape_ == Shape::topTab ? QRectF(area.left() + 4, area.top(), area.width() - 8, 3)
-                                                 : QRectF(area.left(), area.top() + 4, 3, area.height() - 8));
+        painter.drawRect(shape_ == Shape::topTab
+                             ? QRectF(area.left() + 4, area.top(), area.width() - 8, 3)
+                             : QRectF(area.left(), area.top() + 4, 3, area.height() - 8));
     }
     if (hasFocus()) {
         QPen ring(palette().color(QPalette::Highlight), 2);

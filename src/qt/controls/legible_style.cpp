@@ -11,7 +11,8 @@ constexpr int darkBelow = 128;
 constexpr float outlineStrength = 0.55F;
 
 bool isTick(QStyle::PrimitiveElement element) {
-    return element == QStyle::PE_IndicatorCheckBox || element == QStyle::PE_IndicatorItemViewItemCheck ||
+    return element == QStyle::PE_IndicatorCheckBox ||
+           element == QStyle::PE_IndicatorItemViewItemCheck ||
            element == QStyle::PE_IndicatorRadioButton;
 }
 

@@ -53,7 +53,9 @@ void ListViewModel::rowInserted(int index) {
     }
 }
 
-void ListViewModel::rowRemoved(int) { gather(Pending::everything); }
+void ListViewModel::rowRemoved(int) {
+    gather(Pending::everything);
+}
 
 void ListViewModel::publish() {
     scheduled_ = false;
@@ -87,7 +89,9 @@ void ListViewModel::publishEverything() {
     endResetModel();
 }
 
-int ListViewModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : rows_; }
+int ListViewModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : rows_;
+}
 
 int ListViewModel::columnCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : columns_;

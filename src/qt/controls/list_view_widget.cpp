@@ -50,9 +50,8 @@ ListViewWidget::ListViewWidget(ListView& list, ListViewModel::Pictures pictures,
 }
 
 void ListViewWidget::connectField() {
-    connect(model_, &ListViewModel::ticked, this, [this](int row, bool on) {
-        hand_.does([&] { list_.userTick(row, on); });
-    });
+    connect(model_, &ListViewModel::ticked, this,
+            [this](int row, bool on) { hand_.does([&] { list_.userTick(row, on); }); });
     connect(model_, &ListViewModel::published, this, [this](bool anew) {
         showColumns();
         showSortMark();
@@ -79,8 +78,8 @@ void ListViewWidget::showColumns() {
     shownColumns_ = columns;
     for (int i = 0; i < columns; ++i) {
         setColumnWidth(i, list_.ColumnHeaders(i + 1).Width / twipsPerPixel);
-        header()->setSectionResizeMode(i, i == look_.stretchedColumn ? QHeaderView::Stretch
-                                                                     : QHeaderView::Interactive);
+        header()->setSectionResizeMode(
+            i, i == look_.stretchedColumn ? QHeaderView::Stretch : QHeaderView::Interactive);
     }
 }
 
@@ -128,7 +127,8 @@ void ListViewWidget::selectionChanged(const QItemSelection& selected,
 
 void ListViewWidget::tellSelection() {
     std::vector<int> rows;
-    for (const QModelIndex& index : selectionModel()->selectedRows()) rows.push_back(index.row() + 1);
+    for (const QModelIndex& index : selectionModel()->selectedRows())
+        rows.push_back(index.row() + 1);
     hand_.does([&] { list_.userSelect(rows); });
 }
 
@@ -164,7 +164,8 @@ void ListViewWidget::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void ListViewWidget::keyPressEvent(QKeyEvent* event) {
-    if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && currentIndex().isValid()) {
+    if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) &&
+        currentIndex().isValid()) {
         pointTo(visualRect(currentIndex()).center());
         hand_.does([this] { list_.DblClick(); });
         return;

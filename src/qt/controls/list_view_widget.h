@@ -19,8 +19,8 @@ class ListViewWidget : public QTreeView {
         QSize preferred{300, 120};
     };
 
-    ListViewWidget(ListView& list, ListViewModel::Pictures pictures, const Look& look, UserHand& hand,
-                   QWidget* parent = nullptr);
+    ListViewWidget(ListView& list, ListViewModel::Pictures pictures, const Look& look,
+                   UserHand& hand, QWidget* parent = nullptr);
 
     QSize sizeHint() const override { return look_.preferred; }
     ListViewModel& listModel() { return *model_; }
@@ -31,7 +31,8 @@ class ListViewWidget : public QTreeView {
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
-    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+    void selectionChanged(const QItemSelection& selected,
+                          const QItemSelection& deselected) override;
 
   private:
     void connectField();

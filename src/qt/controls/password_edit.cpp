@@ -24,7 +24,8 @@ std::size_t byteOf(const std::string& text, int character) {
     std::size_t place = 0;
     while (character > 0 && place < text.size()) {
         ++place;
-        while (place < text.size() && (static_cast<unsigned char>(text[place]) & 0xC0) == 0x80) ++place;
+        while (place < text.size() && (static_cast<unsigned char>(text[place]) & 0xC0) == 0x80)
+            ++place;
         --character;
     }
     return place;
@@ -154,8 +155,12 @@ void PasswordEdit::mouseReleaseEvent(QMouseEvent* event) {
     }
 }
 
-void PasswordEdit::contextMenuEvent(QContextMenuEvent* event) { event->accept(); }
+void PasswordEdit::contextMenuEvent(QContextMenuEvent* event) {
+    event->accept();
+}
 
-void PasswordEdit::dropEvent(QDropEvent* event) { event->ignore(); }
+void PasswordEdit::dropEvent(QDropEvent* event) {
+    event->ignore();
+}
 
 }  // namespace velmora::qt

@@ -50,7 +50,8 @@ GlyphColours glyphColours(const QPalette& palette, QIcon::Mode mode) {
     };
     const QColor ink = colour(QPalette::WindowText);
     const QColor window = colour(QPalette::Window);
-    if (mode == QIcon::Selected && !selectsPalely()) return allOf(colour(QPalette::HighlightedText));
+    if (mode == QIcon::Selected && !selectsPalely())
+        return allOf(colour(QPalette::HighlightedText));
     if (mode == QIcon::Disabled) return allOf(between(ink, window, 0.62));
 
     const bool dark = brightness(ink) > brightness(window);

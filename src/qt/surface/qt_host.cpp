@@ -17,40 +17,54 @@ constexpr qint64 yieldInterval = 16;
 
 QMessageBox::Icon shownIcon(BoxIcon icon) {
     switch (icon) {
-        case BoxIcon::critical: return QMessageBox::Critical;
-        case BoxIcon::question: return QMessageBox::Question;
-        case BoxIcon::information: return QMessageBox::Information;
-        case BoxIcon::none: break;
+        case BoxIcon::critical:
+            return QMessageBox::Critical;
+        case BoxIcon::question:
+            return QMessageBox::Question;
+        case BoxIcon::information:
+            return QMessageBox::Information;
+        case BoxIcon::none:
+            break;
     }
     return QMessageBox::NoIcon;
 }
 
 QMessageBox::StandardButtons shownButtons(BoxButtons buttons) {
     switch (buttons) {
-        case BoxButtons::okCancel: return QMessageBox::Ok | QMessageBox::Cancel;
-        case BoxButtons::yesNo: return QMessageBox::Yes | QMessageBox::No;
+        case BoxButtons::okCancel:
+            return QMessageBox::Ok | QMessageBox::Cancel;
+        case BoxButtons::yesNo:
+            return QMessageBox::Yes | QMessageBox::No;
         case BoxButtons::yesNoCancel:
             return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
-        case BoxButtons::ok: break;
+        case BoxButtons::ok:
+            break;
     }
     return QMessageBox::Ok;
 }
 
 BoxAnswer answerOf(int button, BoxButtons buttons) {
     switch (button) {
-        case QMessageBox::Ok: return BoxAnswer::ok;
-        case QMessageBox::Yes: return BoxAnswer::yes;
-        case QMessageBox::No: return BoxAnswer::no;
-        default: return cancellingAnswer(buttons);
+        case QMessageBox::Ok:
+            return BoxAnswer::ok;
+        case QMessageBox::Yes:
+            return BoxAnswer::yes;
+        case QMessageBox::No:
+            return BoxAnswer::no;
+        default:
+            return cancellingAnswer(buttons);
     }
 }
 
 QMessageBox::StandardButton escape(BoxButtons buttons) {
     switch (buttons) {
         case BoxButtons::okCancel:
-        case BoxButtons::yesNoCancel: return QMessageBox::Cancel;
-        case BoxButtons::yesNo: return QMessageBox::No;
-        case BoxButtons::ok: break;
+        case BoxButtons::yesNoCancel:
+            return QMessageBox::Cancel;
+        case BoxButtons::yesNo:
+            return QMessageBox::No;
+        case BoxButtons::ok:
+            break;
     }
     return QMessageBox::Ok;
 }
@@ -93,9 +107,13 @@ class NoInput : public QObject {
             case QEvent::Drop:
             case QEvent::TouchBegin:
             case QEvent::TouchUpdate:
-            case QEvent::TouchEnd: return true;
-            case QEvent::Close: event->ignore(); return true;
-            default: return false;
+            case QEvent::TouchEnd:
+                return true;
+            case QEvent::Close:
+                event->ignore();
+                return true;
+            default:
+                return false;
         }
     }
 };
@@ -134,11 +152,13 @@ BoxAnswer QtHost::MsgBox(const Box& box) {
 std::string QtHost::BrowseForFolder(const std::string& title) {
     const auto chosen = [&] {
         const NoInput noInput;
-        return shellLinks_.prcBrowseForFolder("Form1", title, [] { QApplication::processEvents(); });
+        return shellLinks_.prcBrowseForFolder("Form1", title,
+                                              [] { QApplication::processEvents(); });
     }();
     hand_.throwWhenEnded();
     if (chosen) return *chosen;
-    const QString path = QFileDialog::getExistingDirectory(QApplication::activeWindow(), shown(title));
+    const QString path =
+        QFileDialog::getExistingDirectory(QApplication::activeWindow(), shown(title));
     hand_.throwWhenEnded();
     return path.isEmpty() ? std::string{} : machine_.toDrivePath(typed(path));
 }
@@ -160,7 +180,9 @@ std::string QtHost::OpenFileDialog(const FileDialog& asked) {
     return oneOrSeveral(paths);
 }
 
-void QtHost::Beep() { QApplication::beep(); }
+void QtHost::Beep() {
+    QApplication::beep();
+}
 
 void QtHost::DoEvents() {
     if (sinceYield_.elapsed() < yieldInterval) return;

@@ -12,10 +12,14 @@ constexpr std::uint64_t imageListHandle = 1;
 constexpr const char* keyPrefix = "image:";
 constexpr std::size_t rootLength = 3;
 
-bool isShare(const std::string& path) { return path.starts_with("\\\\"); }
+bool isShare(const std::string& path) {
+    return path.starts_with("\\\\");
+}
 
 // By its form alone: to look at the drive itself could mean to wait for it.
-bool isRoot(const std::string& path) { return path.size() <= rootLength; }
+bool isRoot(const std::string& path) {
+    return path.size() <= rootLength;
+}
 
 }  // namespace
 
@@ -30,16 +34,16 @@ QIcon QtShellIcons::look(const std::string& path) {
     return desktops;
 }
 
-std::uint64_t QtShellIcons::SHGetFileInfoA(const std::string& path, std::uint32_t, ShellFileInfo& info,
-                                           std::uint32_t, std::uint32_t) {
+std::uint64_t QtShellIcons::SHGetFileInfoA(const std::string& path, std::uint32_t,
+                                           ShellFileInfo& info, std::uint32_t, std::uint32_t) {
     const auto [known, isNew] = places_.try_emplace(path, static_cast<int>(images_.size()));
     if (isNew) images_.push_back(look(path));
     info.iIcon = known->second;
     return imageListHandle;
 }
 
-bool QtShellIcons::ImageList_Draw(std::uint64_t imageList, int index, std::string& picture, int, int,
-                                  std::uint32_t) {
+bool QtShellIcons::ImageList_Draw(std::uint64_t imageList, int index, std::string& picture, int,
+                                  int, std::uint32_t) {
     if (imageList != imageListHandle || index < 0 || index >= static_cast<int>(images_.size())) {
         return false;
     }

@@ -34,7 +34,8 @@ bool QtUser32::SetLayeredWindowAttributes(const std::string& window, std::uint32
                                           std::uint8_t alpha, std::uint32_t flags) {
     QWidget* target = windows_.find(window);
     // As with the system's own windows, one has to be layered first.
-    if (target == nullptr || (extendedStyles_[window] & velmora::window::layered) == 0) return false;
+    if (target == nullptr || (extendedStyles_[window] & velmora::window::layered) == 0)
+        return false;
     const bool byAlpha = (flags & velmora::window::alpha) != 0;
     const bool byKey = (flags & velmora::window::colourKey) != 0;
     showLayered(target, byAlpha ? alpha : 255, byKey ? std::optional(key) : std::nullopt);
@@ -50,7 +51,8 @@ bool QtUser32::SetWindowPos(const std::string& window, std::int32_t after, int l
     return true;
 }
 
-std::uint32_t QtUser32::GetWindowThreadProcessId(const std::string& window, std::uint32_t& process) {
+std::uint32_t QtUser32::GetWindowThreadProcessId(const std::string& window,
+                                                 std::uint32_t& process) {
     process = 0;
     if (windows_.find(window) == nullptr) return 0;
     process = static_cast<std::uint32_t>(QCoreApplication::applicationPid());

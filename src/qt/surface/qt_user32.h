@@ -16,8 +16,8 @@ class QtUser32 final : public User32 {
     std::int32_t GetWindowLongA(const std::string& window, std::int32_t index) override;
     std::int32_t SetWindowLongA(const std::string& window, std::int32_t index,
                                 std::int32_t value) override;
-    bool SetLayeredWindowAttributes(const std::string& window, std::uint32_t key, std::uint8_t alpha,
-                                    std::uint32_t flags) override;
+    bool SetLayeredWindowAttributes(const std::string& window, std::uint32_t key,
+                                    std::uint8_t alpha, std::uint32_t flags) override;
     bool SetWindowPos(const std::string& window, std::int32_t after, int left, int top, int width,
                       int height, std::uint32_t flags) override;
     std::uint32_t GetWindowThreadProcessId(const std::string& window,

@@ -41,11 +41,13 @@ QWidget* makeOptions(DlgAlert& form, UserHand& hand) {
 
 QWidget* makeAlertWindow(DlgAlert& form, UserHand& hand) {
     auto* content = column({paragraph(form.Label4)});
-    content->addWidget(group(shown(form.frmCurAlert.Caption()), column({new JournalView(form.Label1)})), 1);
+    content->addWidget(
+        group(shown(form.frmCurAlert.Caption()), column({new JournalView(form.Label1)})), 1);
     content->addWidget(makeOptions(form, hand));
-    content->addLayout(row({makeCheckBox(form.chkAutoHide, hand), makeCheckBox(form.chkLog, hand), nullptr,
-                            button(form.lblAl[clearButton], hand), button(form.lblAl[explorerButton], hand),
-                            button(form.lblAl[actionButton], hand), button(form.lblAl[okButton], hand)}));
+    content->addLayout(
+        row({makeCheckBox(form.chkAutoHide, hand), makeCheckBox(form.chkLog, hand), nullptr,
+             button(form.lblAl[clearButton], hand), button(form.lblAl[explorerButton], hand),
+             button(form.lblAl[actionButton], hand), button(form.lblAl[okButton], hand)}));
     return dialog(form, content, hand, {.sized = true});
 }
 

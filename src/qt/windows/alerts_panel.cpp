@@ -18,8 +18,9 @@ namespace {
 constexpr int alertColumn = 2;
 
 QWidget* makeAlertList(Form1& form, UserHand& hand) {
-    auto* list = new ListViewWidget(form.LVAlert, [](const std::string&) { return QIcon(); },
-                                    {.stretchedColumn = alertColumn, .preferred = {300, 120}}, hand);
+    auto* list = new ListViewWidget(
+        form.LVAlert, [](const std::string&) { return QIcon(); },
+        {.stretchedColumn = alertColumn, .preferred = {300, 120}}, hand);
     list->setTextElideMode(Qt::ElideRight);
     return list;
 }
@@ -41,13 +42,14 @@ QWidget* makeAlertsPanel(Form1& form, UserHand& hand) {
     }
     buttons->addStretch(1);
     for (QWidget* widget : std::initializer_list<QWidget*>{makeCaption(form.lblE), limit,
-                                                          makeUpDown(form.UpDown3, hand)}) {
+                                                           makeUpDown(form.UpDown3, hand)}) {
         buttons->addWidget(widget);
     }
     auto* lists = new QSplitter(Qt::Vertical);
     lists->setChildrenCollapsible(false);
     lists->addWidget(makeAlertList(form, hand));
-    auto* journal = group(QStringLiteral("Current Alerts"), column({new JournalView(form.txtAlert)}));
+    auto* journal =
+        group(QStringLiteral("Current Alerts"), column({new JournalView(form.txtAlert)}));
     lists->addWidget(journal);
     // The list takes the room of a journal that isn't shown.
     follow(form.txtAlert.Changed, journal,

@@ -12,8 +12,9 @@ namespace {
 constexpr int roomForTwoColumns = 480;
 
 QWidget* makeProgramGroup(Form1& form, UserHand& hand) {
-    auto* content = column({makeCheckBox(form.chkStartUp, hand), makeCheckBox(form.chkUpdate, hand),
-                            makeCheckBox(form.chkSaveSet, hand), makeCheckBox(form.chkSafeM, hand)});
+    auto* content =
+        column({makeCheckBox(form.chkStartUp, hand), makeCheckBox(form.chkUpdate, hand),
+                makeCheckBox(form.chkSaveSet, hand), makeCheckBox(form.chkSafeM, hand)});
     content->addStretch(1);
     return group(QStringLiteral("Program"), content);
 }
@@ -27,9 +28,10 @@ QWidget* makeWindowGroup(Form1& form, UserHand& hand) {
 }
 
 QWidget* makeLogGroup(Form1& form, UserHand& hand) {
-    return group(QStringLiteral("Log"),
-                 column({makeCheckBox(form.chkLog, hand), makeCheckBox(form.chkAutoSave, hand),
-                         makeCheckBox(form.chkLogTimeMon, hand), makeCheckBox(form.chkNTLog, hand)}));
+    return group(
+        QStringLiteral("Log"),
+        column({makeCheckBox(form.chkLog, hand), makeCheckBox(form.chkAutoSave, hand),
+                makeCheckBox(form.chkLogTimeMon, hand), makeCheckBox(form.chkNTLog, hand)}));
 }
 
 QWidget* makeSoundGroup(Form1& form, UserHand& hand) {
@@ -52,8 +54,8 @@ QWidget* makeSoundGroup(Form1& form, UserHand& hand) {
 }  // namespace
 
 QWidget* makeConfigPanel(Form1& form, UserHand& hand) {
-    auto* settings = column({new TwoColumns(makeProgramGroup(form, hand), makeWindowGroup(form, hand),
-                                            roomForTwoColumns),
+    auto* settings = column({new TwoColumns(makeProgramGroup(form, hand),
+                                            makeWindowGroup(form, hand), roomForTwoColumns),
                              makeLogGroup(form, hand), makeSoundGroup(form, hand)});
     settings->addStretch(1);
     auto* page = column({});

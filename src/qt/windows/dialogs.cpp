@@ -4,8 +4,8 @@
 #include <QProgressBar>
 
 #include "qt/controls/buttons.h"
-#include "qt/controls/list_view_widget.h"
 #include "qt/controls/entries.h"
+#include "qt/controls/list_view_widget.h"
 #include "qt/surface/field.h"
 #include "qt/windows/dialog_pieces.h"
 #include "qt/windows/layouts.h"
@@ -40,12 +40,14 @@ QWidget* makeProgressWindow(Icon0& form, UserHand& hand) {
 }
 
 QWidget* makeRecycleBinWindow(Icon1& form, UserHand& hand) {
-    return dialog(form, row({makeButton(form.Command1, hand), makeButton(form.Command2, hand)}), hand);
+    return dialog(form, row({makeButton(form.Command1, hand), makeButton(form.Command2, hand)}),
+                  hand);
 }
 
 QWidget* makeDriveWindow(FrmIndDri& form, UserHand& hand) {
-    auto* list = new ListViewWidget(form.ListView1, [](const std::string&) { return QIcon(); },
-                                    {.stretchedColumn = 1, .preferred = {readingWidth, 130}}, hand);
+    auto* list = new ListViewWidget(
+        form.ListView1, [](const std::string&) { return QIcon(); },
+        {.stretchedColumn = 1, .preferred = {readingWidth, 130}}, hand);
     auto* gauges = new QFormLayout;
     gauges->addRow(QStringLiteral("Trigger"), makeGauge(form.VMeter1));
     gauges->addRow(QStringLiteral("Free Space"), makeGauge(form.VMeter2));

@@ -9,7 +9,9 @@ FlowLayout::FlowLayout(int spacing, QWidget* parent) : QLayout(parent) {
     setContentsMargins(0, 0, 0, 0);
 }
 
-FlowLayout::~FlowLayout() { qDeleteAll(items_); }
+FlowLayout::~FlowLayout() {
+    qDeleteAll(items_);
+}
 
 QLayoutItem* FlowLayout::takeAt(int index) {
     return index >= 0 && index < items_.size() ? items_.takeAt(index) : nullptr;

@@ -13,7 +13,9 @@ namespace velmora::qt {
 
 namespace {
 
-int pixels(int twips) { return (twips + twipsPerPixel / 2) / twipsPerPixel; }
+int pixels(int twips) {
+    return (twips + twipsPerPixel / 2) / twipsPerPixel;
+}
 
 WindowState stateOf(const QWidget* window) {
     if (window->isMinimized()) return WindowState::minimised;
@@ -51,7 +53,8 @@ void FormBinding::refresh() {
 
 void FormBinding::showSize() {
     const QSize size(pixels(form_.Width()), pixels(form_.Height()));
-    if (form_.Width() == 0 || form_.Height() == 0 || window_->isMaximized() || window_->isFullScreen()) {
+    if (form_.Width() == 0 || form_.Height() == 0 || window_->isMaximized() ||
+        window_->isFullScreen()) {
         return;
     }
     if (window_->size() == size) return;
@@ -62,10 +65,12 @@ void FormBinding::showSize() {
     if (waited && window_->size() != before) placeAgain();
 }
 
-void FormBinding::placeAgain() { place_ = {}; }
+void FormBinding::placeAgain() {
+    place_ = {};
+}
 
-// Only where the program puts a form; otherwise the window system finds a place. A window of another
-// size than its form keeps the form's lower right corner.
+// Only where the program puts a form; otherwise the window system finds a place. A window of
+// another size than its form keeps the form's lower right corner.
 void FormBinding::showPlace() {
     const QPoint place(form_.Left(), form_.Top());
     if (place == place_ || !window_->isVisible()) return;
@@ -85,9 +90,15 @@ void FormBinding::showVisibility() {
     }
     if (window_->isVisible() && stateOf(window_) == form_.State()) return;
     switch (form_.State()) {
-        case WindowState::normal: window_->showNormal(); break;
-        case WindowState::minimised: window_->showMinimized(); break;
-        case WindowState::maximised: window_->showMaximized(); break;
+        case WindowState::normal:
+            window_->showNormal();
+            break;
+        case WindowState::minimised:
+            window_->showMinimized();
+            break;
+        case WindowState::maximised:
+            window_->showMaximized();
+            break;
     }
 }
 

@@ -13,8 +13,8 @@
 namespace velmora::qt {
 
 struct WindowKind {
-    bool sized = false;   ///< the form's measures are the window's
-    bool dialog = true;   ///< Escape closes it, as its frame does; Enter presses its default button
+    bool sized = false;  ///< the form's measures are the window's
+    bool dialog = true;  ///< Escape closes it, as its frame does; Enter presses its default button
 };
 
 class FormBinding : public QObject {

@@ -60,7 +60,9 @@ QWidget* around(QLayout* layout) {
 }
 
 TwoColumns::TwoColumns(QWidget* first, QWidget* second, int roomForBoth, QWidget* parent)
-    : QWidget(parent), layout_(new QBoxLayout(QBoxLayout::TopToBottom, this)), roomForBoth_(roomForBoth) {
+    : QWidget(parent),
+      layout_(new QBoxLayout(QBoxLayout::TopToBottom, this)),
+      roomForBoth_(roomForBoth) {
     layout_->setContentsMargins(0, 0, 0, 0);
     layout_->setSpacing(gap + 2);
     layout_->addWidget(first, 1);

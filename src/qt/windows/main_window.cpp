@@ -77,7 +77,8 @@ QWidget* MainWindow::makeMenuButton() {
     button->setFocusPolicy(Qt::StrongFocus);
     button->setToolTip(QStringLiteral("Menu"));
     button->setAccessibleName(QStringLiteral("Main menu"));
-    connect(button, &QToolButton::clicked, this, [this] { hand_.does([this] { form_.mnuPopUp.PopUp(); }); });
+    connect(button, &QToolButton::clicked, this,
+            [this] { hand_.does([this] { form_.mnuPopUp.PopUp(); }); });
     return button;
 }
 
@@ -163,7 +164,8 @@ void MainWindow::addMenus() {
 void MainWindow::addShortcuts() {
     const auto add = [this](const QKeySequence& keys, std::function<void()> what) {
         auto* shortcut = new QShortcut(keys, this);
-        connect(shortcut, &QShortcut::activated, this, [this, what = std::move(what)] { hand_.does(what); });
+        connect(shortcut, &QShortcut::activated, this,
+                [this, what = std::move(what)] { hand_.does(what); });
     };
     for (Label& tab : form_.lblTab) {
         add(QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + tab.Index())),
@@ -171,7 +173,8 @@ void MainWindow::addShortcuts() {
     }
     add(QKeySequence(Qt::Key_F5), [this] { form_.Command1.userClick(); });
     add(QKeySequence(Qt::Key_F6), [this] { form_.cmdPause.userClick(); });
-    add(QKeySequence::HelpContents, [this] { form_.Toolbar1.userClickPart(form_.Toolbar1.ButtonCount()); });
+    add(QKeySequence::HelpContents,
+        [this] { form_.Toolbar1.userClickPart(form_.Toolbar1.ButtonCount()); });
 }
 
 // Where no widget has a menu of its own.

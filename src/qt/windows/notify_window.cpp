@@ -39,7 +39,8 @@ QWidget* makeAccountPage(FrmNotify& form, UserHand& hand) {
     auto* password = makeLineEdit(form.txtPass, hand);
     password->setEchoMode(QLineEdit::Password);
     fields->addRow(QStringLiteral("Password:"), password);
-    fields->addRow(QStringLiteral("Mail  From Display:"), makeLineEdit(form.txtMailFromDisplayName, hand));
+    fields->addRow(QStringLiteral("Mail  From Display:"),
+                   makeLineEdit(form.txtMailFromDisplayName, hand));
     fields->addRow(QStringLiteral("Subject:"), makeLineEdit(form.txtMailSubj, hand));
     fields->addRow(QStringLiteral("Email(s) to send to:"), makeComboBox(form.cboNotEmail, hand));
     fields->addRow(makeCheckBox(form.chkIsHTML, hand));

@@ -54,7 +54,8 @@ QWidget* makeOverviewPanel(Form1& form, UserHand& hand) {
     grid->setContentsMargins(0, 0, 0, 0);
     int place = 0;
     for (const Figure& figure : figures) {
-        grid->addWidget(makeFigure(QString::fromLatin1(figure.words), figure.field), place / 2, place % 2);
+        grid->addWidget(makeFigure(QString::fromLatin1(figure.words), figure.field), place / 2,
+                        place % 2);
         ++place;
     }
     grid->setColumnStretch(0, 1);

@@ -26,8 +26,9 @@ QWidget* makeLabelButtons(std::array<Label, N>& labels, UserHand& hand) {
 }
 
 ListViewWidget* makeList(ListView& list, UserHand& hand, int stretchedColumn) {
-    return new ListViewWidget(list, [](const std::string&) { return QIcon(); },
-                              {.stretchedColumn = stretchedColumn, .preferred = {260, 100}}, hand);
+    return new ListViewWidget(
+        list, [](const std::string&) { return QIcon(); },
+        {.stretchedColumn = stretchedColumn, .preferred = {260, 100}}, hand);
 }
 
 QWidget* makePrograms(Form1& form, UserHand& hand) {
@@ -59,9 +60,10 @@ QWidget* makeMinimumSpace(Form1& form, UserHand& hand) {
     grid->addLayout(row({space, makeUpDown(form.UpDownSpace, hand), makeCaption(form.lblMB),
                          makeCaption(form.lblGB), nullptr}),
                     0, 1);
-    grid->addLayout(row({makeOptionButton(form.OpDriv[0], hand), makeOptionButton(form.OpDriv[1], hand),
-                         makeCheckBox(form.chkDrive, hand), nullptr}),
-                    1, 0, 1, 2);
+    grid->addLayout(
+        row({makeOptionButton(form.OpDriv[0], hand), makeOptionButton(form.OpDriv[1], hand),
+             makeCheckBox(form.chkDrive, hand), nullptr}),
+        1, 0, 1, 2);
     grid->addWidget(makeSlider(form.Slider1, hand), 2, 0, 1, 2);
     grid->setColumnStretch(1, 1);
     return group(QStringLiteral("Set Minimum Space"), grid);
@@ -84,7 +86,8 @@ QWidget* makePaths(Form1& form, UserHand& hand) {
 
 QWidget* makePathAndSpace(Form1& form, UserHand& hand) {
     auto* drives = new FlowLayout(gap);
-    for (CommandButton* button : {&form.cmdLVAdd, &form.cmdLVRemove, &form.cmdClear, &form.Command1}) {
+    for (CommandButton* button :
+         {&form.cmdLVAdd, &form.cmdLVRemove, &form.cmdClear, &form.Command1}) {
         drives->addWidget(makeButton(*button, hand));
     }
     auto* page = column({makeMinimumSpace(form, hand), makePaths(form, hand),
@@ -103,7 +106,8 @@ QWidget* makeSpecifiedPanel(Form1& form, UserHand& hand) {
     }
     strip->addStretch(1);
     auto* pages = column({});
-    QWidget* panels[] = {makePrograms(form, hand), makePathAndSpace(form, hand), makeFiles(form, hand)};
+    QWidget* panels[] = {makePrograms(form, hand), makePathAndSpace(form, hand),
+                         makeFiles(form, hand)};
     for (std::size_t i = 0; i < form.fr.size(); ++i) {
         pages->addWidget(panels[i]);
         bindField(panels[i], form.fr[i], [] {});

@@ -4,8 +4,8 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include "platform/windows/entry_facts.h"
 #include "other_drive.h"
+#include "platform/windows/entry_facts.h"
 #include "scratch_tree.h"
 
 namespace velmora::windows {
@@ -61,9 +61,10 @@ class WindowsMove : public testing::Test {
 TEST_F(WindowsMove, AFileGoesUnderItsNewName) {
     EXPECT_TRUE(move(in("from\\one.txt"), in("to\\new Größe.txt")));
     EXPECT_EQ(kernel32_.GetLastError(), 0u);
-    EXPECT_EQ(tree(), (Lines{"\\from folder", "\\from\\sub folder",
-                             "\\from\\sub\\zwei Größe.txt file 4 [zwei]", "\\to folder",
-                             "\\to\\new Größe.txt file 3 [one]", "\\to\\there.txt file 5 [there]"}));
+    EXPECT_EQ(tree(),
+              (Lines{"\\from folder", "\\from\\sub folder",
+                     "\\from\\sub\\zwei Größe.txt file 4 [zwei]", "\\to folder",
+                     "\\to\\new Größe.txt file 3 [one]", "\\to\\there.txt file 5 [there]"}));
 }
 
 TEST_F(WindowsMove, AFolderGoesWithAllInIt) {
@@ -219,8 +220,8 @@ TEST_F(WindowsMoveToOtherDrive, AFileThatCanNotBeRemovedHereLeavesNoCopyThere) {
 
 TEST_F(WindowsMoveToOtherDrive, AFileThatSomebodyStillWritesStays) {
     const HANDLE writer = CreateFileW(byTheLetter(in("from\\one.txt")).c_str(), GENERIC_WRITE,
-                                      FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                      OPEN_EXISTING, 0, nullptr);
+                                      FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                      nullptr, OPEN_EXISTING, 0, nullptr);
     ASSERT_NE(writer, INVALID_HANDLE_VALUE);
     EXPECT_NE(refusal(in("from\\one.txt"), other_ / "one.txt"), 0u);
     EXPECT_EQ(other_.tree(), Lines{});

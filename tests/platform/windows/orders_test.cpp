@@ -27,8 +27,8 @@ using tests::windows::without;
 
 constexpr std::uint16_t intoBin = file_operation::allowUndo | file_operation::silent |
                                   file_operation::noConfirmation | file_operation::noErrorBox;
-constexpr std::uint16_t forGood = file_operation::silent | file_operation::noConfirmation |
-                                  file_operation::noErrorBox;
+constexpr std::uint16_t forGood =
+    file_operation::silent | file_operation::noConfirmation | file_operation::noErrorBox;
 
 class WindowsOrders : public testing::Test {
   protected:
@@ -43,10 +43,8 @@ class WindowsOrders : public testing::Test {
     std::string in(const std::string& name) const { return scratch_ / name; }
     auto tree() const { return treeOf(scratch_.path()); }
     std::int32_t remove(const std::string& paths, std::uint16_t flags) {
-        return shell_.SHFileOperationA({.owner = "Form1",
-                                        .wFunc = file_operation::remove,
-                                        .pFrom = paths,
-                                        .fFlags = flags});
+        return shell_.SHFileOperationA(
+            {.owner = "Form1", .wFunc = file_operation::remove, .pFrom = paths, .fFlags = flags});
     }
     static std::string withEnd(const std::string& path) { return path + '\0'; }
 
@@ -276,8 +274,10 @@ TEST_F(WindowsOrders, WithoutADeviceNothingIsPlayed) {
         std::cout << "skipped: there is a sound device, which stays silent\n";
         GTEST_SKIP() << "a sound device";
     }
-    std::string silence("RIFF\x2c\0\0\0WAVEfmt \x10\0\0\0\1\0\1\0\x40\x1f\0\0\x40\x1f\0\0\1\0\x8\0"
-                        "data\x8\0\0\0", 44);
+    std::string silence(
+        "RIFF\x2c\0\0\0WAVEfmt \x10\0\0\0\1\0\1\0\x40\x1f\0\0\x40\x1f\0\0\1\0\x8\0"
+        "data\x8\0\0\0",
+        44);
     makeFile(in("silence.wav"), silence + std::string(8, '\x80'));
     EXPECT_EQ(WindowsWinmm().sndPlaySoundA(in("silence.wav"), sound::noDefault), 0);
 }

@@ -55,7 +55,8 @@ class ColourKey : public QObject {
         const QRegion hidden = key_ && window_->isVisible() ? placesOf(rgbOf(*key_)) : QRegion();
         if (hidden.isEmpty()) {
             if (!window_->mask().isEmpty()) window_->clearMask();
-        } else if (const QRegion rest = QRegion(window_->rect()) - hidden; rest != window_->mask()) {
+        } else if (const QRegion rest = QRegion(window_->rect()) - hidden;
+                   rest != window_->mask()) {
             window_->setMask(rest);
         }
         shaping_ = false;
@@ -64,8 +65,9 @@ class ColourKey : public QObject {
     QRegion placesOf(QRgb colour) const {
         QImage image(window_->size(), QImage::Format_RGB32);
         image.fill(Qt::black);
-        window_->render(&image, {}, {},
-                        QWidget::DrawWindowBackground | QWidget::DrawChildren | QWidget::IgnoreMask);
+        window_->render(
+            &image, {}, {},
+            QWidget::DrawWindowBackground | QWidget::DrawChildren | QWidget::IgnoreMask);
         QRegion places;
         for (int y = 0; y < image.height(); ++y) {
             const auto* line = reinterpret_cast<const QRgb*>(image.constScanLine(y));
