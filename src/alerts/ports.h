@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string>
 
-#include "alerts/alert_dialog.h"
+#include "alerts/dialog/alert_dialog.h"
 #include "controls/form.h"
 #include "platform/file_system_object.h"
 

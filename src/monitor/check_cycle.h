@@ -7,7 +7,7 @@
 
 #include <cstdint>
 
-#include "alerts/alert_list.h"
+#include "alerts/journal/alert_list.h"
 #include "base/runtime_error.h"
 #include "forms/forms.h"
 #include "monitor/ports.h"

@@ -3,9 +3,9 @@
 #include <optional>
 #include <string_view>
 
-#include "alerts/alert_time.h"
-#include "alerts/drive_text.h"
+#include "alerts/journal/alert_time.h"
 #include "base/convert.h"
+#include "base/drive_text.h"
 #include "base/format_number.h"
 #include "base/runtime_error.h"
 #include "base/text.h"

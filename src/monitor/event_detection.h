@@ -9,8 +9,8 @@
 #include <memory>
 #include <string>
 
-#include "alerts/alert_list.h"
-#include "alerts/system_actions.h"
+#include "alerts/journal/alert_list.h"
+#include "alerts/system/system_actions.h"
 #include "forms/forms.h"
 #include "inspect/wait_test.h"
 #include "monitor/ports.h"

@@ -2,7 +2,7 @@
 // question is the only way out.
 #pragma once
 
-#include "alerts/file_list.h"
+#include "alerts/lists/file_list.h"
 #include "forms/forms.h"
 #include "monitor/check_cycle.h"
 #include "monitor/watch_control.h"

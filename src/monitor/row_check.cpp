@@ -2,10 +2,10 @@
 
 #include <utility>
 
-#include "alerts/alert_time.h"
-#include "alerts/drive_text.h"
-#include "alerts/listed_rows.h"
+#include "alerts/journal/alert_time.h"
+#include "alerts/lists/listed_rows.h"
 #include "base/convert.h"
+#include "base/drive_text.h"
 #include "base/text.h"
 #include "monitor/watch_row.h"
 

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "alerts/alert_list.h"
+#include "alerts/journal/alert_list.h"
 #include "inspect/ports.h"
 
 namespace velmora {

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "alerts/alert_list.h"
+#include "alerts/journal/alert_list.h"
 #include "forms/forms.h"
 #include "monitor/ports.h"
 #include "platform/host.h"

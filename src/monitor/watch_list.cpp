@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <limits>
 
-#include "alerts/alert_time.h"
-#include "alerts/drive_text.h"
+#include "alerts/journal/alert_time.h"
 #include "base/convert.h"
+#include "base/drive_text.h"
 #include "base/text.h"
 #include "monitor/watch_row.h"
 

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "alerts/alert_list.h"
+#include "alerts/journal/alert_list.h"
 #include "forms/forms.h"
 #include "platform/platform.h"
 

@@ -1,8 +1,8 @@
 #include "monitor/watch_list_commands.h"
 
-#include "alerts/alert_time.h"
-#include "alerts/drive_text.h"
+#include "alerts/journal/alert_time.h"
 #include "base/convert.h"
+#include "base/drive_text.h"
 #include "base/resume_next.h"
 #include "base/runtime_error.h"
 #include "forms/sort_column.h"

@@ -1,6 +1,6 @@
 #include "shell/menu_commands.h"
 
-#include "alerts/alert_time.h"
+#include "alerts/journal/alert_time.h"
 #include "base/resume_next.h"
 #include "base/runtime_error.h"
 #include "shell/maker_pages.h"

@@ -3,8 +3,8 @@
 
 #include <string>
 
-#include "alerts/alert_list.h"
-#include "alerts/system_actions.h"
+#include "alerts/journal/alert_list.h"
+#include "alerts/system/system_actions.h"
 #include "forms/forms.h"
 #include "monitor/ports.h"
 #include "persist/shell_links.h"

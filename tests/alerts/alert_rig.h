@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "alerts/alert_list.h"
+#include "alerts/journal/alert_list.h"
 #include "base/errors.h"
 #include "fake/fake_machine.h"
 

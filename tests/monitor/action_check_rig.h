@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "alerts/action_branch.h"
-#include "alerts/action_list_rules.h"
+#include "alerts/actions/action_branch.h"
+#include "alerts/actions/action_list_rules.h"
 #include "base/text.h"
 #include "monitor/check_rig.h"
 

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "alerts/drive_text.h"
-#include "alerts/system_actions.h"
+#include "alerts/system/system_actions.h"
+#include "base/drive_text.h"
 #include "inspect/wait_test.h"
 #include "monitor/check_rig.h"
 #include "monitor/event_detection.h"

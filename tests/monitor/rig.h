@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "alerts/alert_list.h"
+#include "alerts/journal/alert_list.h"
 #include "fake/fake_host.h"
 #include "fake/fake_machine.h"
 #include "monitor/check_cycle.h"

@@ -1,0 +1,79 @@
+#include "alerts/actions/action_list_rules.h"
+
+#include "alerts/actions/action_parts.h"
+
+namespace velmora {
+
+namespace {
+
+struct Exclusion {
+    int ticked;
+    int other;
+    const char* words;  // what the message calls the other
+};
+
+constexpr const char* moving = "Move Specified files";
+constexpr const char* deleting = "Delete Specified files";
+constexpr const char* recycling = "Send Specified files to Recycle Bin";
+
+constexpr Exclusion exclusions[] = {
+    {act::move, act::remove, deleting}, {act::move, act::recycle, recycling},
+    {act::remove, act::move, moving},   {act::remove, act::recycle, recycling},
+    {act::recycle, act::move, moving},  {act::recycle, act::remove, deleting}};
+
+// Whether at least two rows are available: one that is short, and one to move to.
+bool hasTwoAvailable(const ListView& list) {
+    int available = 0;
+    for (int i = 1; i <= list.Count() && available < 2; ++i) {
+        if (!isUnavailable(list.ListItems(i))) ++available;
+    }
+    return available == 2;
+}
+
+}  // namespace
+
+ActionListRules::ActionListRules(Forms& forms, Host& host) : forms_(forms), host_(host) {
+    forms_.form1.lstAct.ItemCheck.connect([this](int index) { lstAct_ItemCheck(index); });
+    forms_.form1.lstAct.Click.connect([this] { lstAct_Click(); });
+}
+
+void ActionListRules::lstAct_ItemCheck(int index) {
+    if (!forms_.form1.lstAct.Selected(index)) return;
+    for (const Exclusion& each : exclusions) {
+        if (each.ticked == index) exclude(each.other, each.words);
+    }
+    if (index == act::autoMove) requireTarget();
+    if (index == act::mail) offerMailSettings();
+}
+
+void ActionListRules::exclude(int other, const std::string& what) {
+    ListBox& list = forms_.form1.lstAct;
+    if (!list.Selected(other)) return;
+    host_.MsgBox({.text = "The '" + what + "' option will be de-selected"});
+    list.setSelected(other, false);
+}
+
+void ActionListRules::requireTarget() {
+    if (hasTwoAvailable(forms_.form1.ListView1)) return;
+    host_.MsgBox({.text = "You must have two or more listed drive/path(s) that are functionally "
+                          "ready to select this option."});
+    forms_.form1.lstAct.setSelected(act::autoMove, false);
+}
+
+void ActionListRules::offerMailSettings() {
+    const BoxAnswer answer =
+        host_.MsgBox({.text = "Please review your email settings. Open Notification Settings?",
+                      .icon = BoxIcon::question,
+                      .buttons = BoxButtons::yesNo});
+    if (answer == BoxAnswer::yes) forms_.frmNotify.Show();
+}
+
+void ActionListRules::lstAct_Click() {
+    Form1& form1 = forms_.form1;
+    const bool moves = form1.lstAct.Selected(act::move);
+    form1.txtDrive.setEnabled(moves);
+    // Whoever ticked both without the rule above: moving stays.
+    if (moves) form1.lstAct.setSelected(act::remove, false);
+}
+
+}  // namespace velmora

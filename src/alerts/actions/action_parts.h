@@ -1,0 +1,58 @@
+// What every action on a shortage needs, and the two kinds of alert that actions raise.
+#pragma once
+
+#include <string>
+
+#include "alerts/journal/alert_list.h"
+#include "alerts/lists/listed_rows.h"
+#include "alerts/ports.h"
+#include "alerts/system/system_actions.h"
+#include "forms/forms.h"
+#include "platform/host.h"
+#include "platform/platform.h"
+
+namespace velmora {
+
+/// All of it must outlive the actions.
+struct ActionParts {
+    Forms& forms;
+    Platform& platform;
+    Host& host;
+    AlertList& alerts;
+    SystemActions& system;
+    WatchSwitch& watchSwitch;
+    NotificationMail& mail;
+
+    /// The short row. Read by its index, since handlers run before each action. Error 35600 when
+    /// it is gone or another row stands in its place: nothing may be done for a drive that isn't
+    /// short.
+    ListItem& row(const Shortage& shortage) const {
+        return rowWithText(forms.form1.ListView1, shortage.row, shortage.rowText);
+    }
+};
+
+/// A "Medium" alert of the short row, with minutes in its stamp.
+void raiseForRow(ActionParts& parts, const Shortage& shortage, const std::string& text);
+/// The running text as such an alert; it is empty behind.
+void raiseRunningText(ActionParts& parts, Shortage& shortage);
+/// The note as a "High" alert of no row, stamped with the present date and time; empty behind.
+void raiseNote(ActionParts& parts, Shortage& shortage, std::string strNote);
+/// A "Medium" alert of no row, with minutes in its stamp.
+void raiseFileReport(ActionParts& parts, const std::string& text);
+
+/// Sub-items that the actions read.
+namespace action_column {
+inline constexpr int freeSpace = 1;  ///< of a row of ListView1
+inline constexpr int trigger = 3;    ///< of a row of ListView1
+inline constexpr int fileSize = 1;   ///< of a row of LVFile
+}  // namespace action_column
+
+/// Whether a watched row has no values now.
+bool isUnavailable(const ListItem& watchRow);
+/// What a listed file's path is taken to have as the root of its drive.
+std::string listedRoot(const std::string& path);
+
+/// Behind each piece of the running text.
+inline constexpr const char* pieceEnd = "\r\n.\r\n";
+
+}  // namespace velmora

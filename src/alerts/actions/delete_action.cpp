@@ -1,0 +1,90 @@
+#include "alerts/actions/delete_action.h"
+
+#include "alerts/lists/listed_folder.h"
+#include "base/format_number.h"
+#include "base/text.h"
+
+namespace velmora {
+
+namespace {
+
+// The walk has met no file.
+constexpr int none = 0;
+
+}  // namespace
+
+void DeleteAction::run(Shortage& shortage) {
+    if (parts_.forms.form1.LVFile.Count() == 0) {
+        shortage.strAlert = "- No Deleted File: no file selected.  Drive: " + shortage.drive.Path();
+        return;
+    }
+    const int place = walk(shortage);
+    if (place != none) deleteFile(shortage, place);
+}
+
+// Returns the place of the first file; folders in front of it are deleted on the way. Nothing here
+// or behind it asks the user or lets handlers run, as removing is done without the shell: a row
+// stays at its place until it is removed here.
+int DeleteAction::walk(Shortage& shortage) {
+    Form1& form1 = parts_.forms.form1;
+    FileSystemObject& fso = parts_.platform.fso;
+    std::string rowPath;
+    const int count = form1.LVFile.Count();
+    for (int j = 1; j <= count; ++j) {
+        if (!parts_.forms.globals.bChecking) {
+            form1.StatusBar1.setPanelText(2, "Ready (e3): ");
+            return none;
+        }
+        const std::string tag = form1.LVFile.ListItems(j).Tag();
+        if (!isOfRow(tag, shortage, rowPath)) continue;
+        if (fso.FileExists(tag)) return j;
+        if (fso.FolderExists(tag)) deleteFolder(shortage, j);
+    }
+    return none;
+}
+
+// `rowPath` is asked of the machine once a walk, at its first row.
+bool DeleteAction::isOfRow(const std::string& path, const Shortage& shortage,
+                           std::string& rowPath) {
+    if (rowPath.empty()) {
+        const std::string text = parts_.row(shortage).Text();
+        rowPath = lowerCase(parts_.platform.fso.GetFolder(text)->Path());
+    }
+    return lowerCase(listedRoot(path)) == rowPath;
+}
+
+void DeleteAction::deleteFolder(Shortage& shortage, int place) {
+    ListView& files = parts_.forms.form1.LVFile;
+    const std::string tag = files.ListItems(place).Tag();
+    const auto folder = folderToDelete(parts_.platform.fso, tag);
+    const double size = folder->Size();
+    std::string& strAlert = shortage.strAlert;
+    if (size > 0 && folder->FilesCount() > 0) {
+        strAlert += pieceEnd + ("Auto Deleted Specified Folder: " + tag) + " | [" +
+                    Format(size / 1024, "##.##", parts_.platform.regional) + " KB]";
+        folder->Delete(true);
+    } else {
+        strAlert += pieceEnd + ("- No Folder Found or No Content in Folder: " + tag);
+    }
+    files.Remove(place);
+    raiseRunningText(parts_, shortage);
+}
+
+void DeleteAction::deleteFile(Shortage& shortage, int place) {
+    ListView& files = parts_.forms.form1.LVFile;
+    const std::string tag = files.ListItems(place).Tag();
+    parts_.platform.files.remove(tag);
+    const std::string deleted = "Auto Deleted Specified File: " + tag;
+    shortage.strAlert +=
+        pieceEnd + deleted + " Size: " + files.ListItems(place).SubItems(action_column::fileSize);
+    // The file has gone: its row goes too when the alert fails, so that nothing is taken for it.
+    try {
+        raiseForRow(parts_, shortage, deleted);
+    } catch (...) {
+        files.Remove(place);
+        throw;
+    }
+    files.Remove(place);
+}
+
+}  // namespace velmora

@@ -1,0 +1,50 @@
+#include "alerts/actions/move_action.h"
+
+#include "base/drive_text.h"
+#include "base/text.h"
+
+namespace velmora {
+
+void MoveAction::run(Shortage& shortage) {
+    Form1& form1 = parts_.forms.form1;
+    // The box tells whether anything was selected, not the rows.
+    if (form1.cboFile.ListCount() == 0) {
+        shortage.strAlert = "- No Moved File: no file selected.  Drive: " + shortage.drive.Path();
+        return;
+    }
+    const std::string strPath = prcChkDriv(form1.txtDrive.Text());
+    for (int j = form1.LVFile.Count(); j >= 1; --j) {
+        const std::string strRoot = listedRoot(form1.LVFile.ListItems(j).Tag());
+        if (lowerCase(strRoot) == lowerCase(parts_.row(shortage).Text())) {
+            take(shortage, j, strPath);
+        }
+    }
+}
+
+// Nothing in here asks the user or lets handlers run, so the row stays at its place.
+void MoveAction::take(Shortage& shortage, int place, const std::string& strPath) {
+    ListView& files = parts_.forms.form1.LVFile;
+    const std::string tag = files.ListItems(place).Tag();
+    std::string& strAlert = shortage.strAlert;
+    if (!parts_.platform.fso.FileExists(tag)) {
+        strAlert += "Failed Moved File; file does not exist: " + tag + strPath + pieceEnd;
+    } else if (hasRoomFor(tag, strPath)) {
+        // The target is the bare root, where nothing can be put: the call refuses and loses
+        // nothing. Its result isn't looked at, and the row goes.
+        parts_.platform.kernel32.MoveFileA(tag, strPath);
+        strAlert += "Auto Moved File: " + tag + " to " + strPath +
+                    " Size: " + files.ListItems(place).SubItems(action_column::fileSize) + pieceEnd;
+        files.Remove(place);
+    } else {
+        strAlert += "Not enough free space: " + strPath + " to move file: " + tag + pieceEnd;
+        files.Remove(place);
+    }
+    raiseRunningText(parts_, shortage);
+}
+
+bool MoveAction::hasRoomFor(const std::string& file, const std::string& strPath) {
+    const double available = parts_.platform.fso.GetDrive(strPath)->AvailableSpace();
+    return available > parts_.platform.files.FileLen(file);
+}
+
+}  // namespace velmora

@@ -1,0 +1,109 @@
+#include "alerts/actions/small_actions.h"
+
+#include "base/convert.h"
+#include "base/text.h"
+
+namespace velmora {
+
+namespace {
+
+constexpr std::int32_t normalWindow = 1;
+// The set of choices that the disk cleaner knows under this number.
+constexpr const char* cleanerSet = "12";
+
+}  // namespace
+
+void SmallActions::recycle(Shortage& shortage) {
+    ListView& files = parts_.forms.form1.LVFile;
+    const ListedRow first = listedRow(files, 1);
+    // The shell may ask, and handlers run meanwhile: the row may stand elsewhere behind it.
+    parts_.system.prcSendToBin(first.tag, file_operation::allowUndo);
+    removeListedRow(files, first);
+    // The short row's index in the list of files: it names another file than the one sent.
+    raiseNote(parts_, shortage,
+              "Auto send file to recycle bin: " + files.ListItems(shortage.row).Tag());
+}
+
+void SmallActions::autoMove(Shortage& shortage) {
+    Form1& form1 = parts_.forms.form1;
+    const int k = rowWithSpace(shortage);
+    if (k == 0) return;
+    ListItem& target = form1.ListView1.ListItems(k);
+    std::string strLarge = target.Text();
+    // A path is no number: it ends here. The conversion stands as it is.
+    std::int16_t maxFiles = toInteger(parts_.row(shortage).Text(), parts_.platform.regional);
+    std::int16_t iAct = file_act::autoMove;
+    std::string strPath;
+    std::string strFile;
+    fileActions_.prcFileAct(iAct, target, maxFiles, strLarge, strPath, strFile);
+    const std::string threshold = form1.OpDriv[0].Value()
+                                      ? form1.txtSpace.Text()
+                                      : parts_.row(shortage).SubItems(action_column::trigger);
+    shortage.lngMinSpace = toLong(threshold, parts_.platform.regional);
+}
+
+// From the end, so that the present order of the list decides; 0 when there is none.
+int SmallActions::rowWithSpace(const Shortage& shortage) {
+    const ListView& list = parts_.forms.form1.ListView1;
+    for (int k = list.Count(); k >= 1; --k) {
+        if (k != shortage.row && !isUnavailable(list.ListItems(k))) return k;
+    }
+    return 0;
+}
+
+void SmallActions::playSound() {
+    const std::string chosen = parts_.forms.form1.txtAudio[0].Text();
+    const bool exists = parts_.platform.fso.FileExists(chosen);
+    const std::string fallback = parts_.platform.app.Path + "\\sound\\alert.WAV";
+    parts_.system.prcPlaySound(exists ? chosen : fallback, sound::noDefault);
+}
+
+// Without any switch the system asks and shows its own dialogs.
+void SmallActions::emptyBin(Shortage& shortage) {
+    parts_.system.MakeRecycleBinEmpty("", 0, 0, 0);
+    raiseNote(parts_, shortage, "Recycle Bin Content Emptied.");
+}
+
+void SmallActions::runListed(Shortage& shortage) {
+    Form1& form1 = parts_.forms.form1;
+    const int count = form1.LVFile.Count();
+    for (int j = 1; j <= count; ++j) {
+        const std::string tag = form1.LVFile.ListItems(j).Tag();
+        if (parts_.platform.fso.FileExists(tag)) {
+            parts_.platform.shell32.ShellExecuteA(form1.Name(), "open", tag, "0", "", normalWindow);
+            shortage.strAlert += " - Specified Program Executed: \r\n" + tag + "\r\n";
+        } else {
+            shortage.strAlert +=
+                " - Specified Program Execution Failed (File Does Not Exist): \r\n" + tag + "\r\n";
+        }
+    }
+    raiseNote(parts_, shortage, shortage.strAlert);
+}
+
+void SmallActions::sendMail(Shortage& shortage) {
+    parts_.mail.send();
+    raiseNote(parts_, shortage, "Notification Email Sent.");
+}
+
+void SmallActions::startCleaner(Shortage& shortage) {
+    const std::string path = parts_.row(shortage).Text();
+    parts_.system.prcCleanMan(cleanedDrive(path), cleanerSet);
+    raiseNote(parts_, shortage, "Clean Manager Called.");
+}
+
+// The letter of an existing path's drive; any other text stays.
+std::string SmallActions::cleanedDrive(const std::string& path) {
+    FileSystemObject& fso = parts_.platform.fso;
+    if (path.starts_with("//")) return path;
+    if (!fso.FileExists(path) && !fso.FolderExists(path)) return path;
+    return fso.GetDrive(fso.GetDriveName(path))->DriveLetter();
+}
+
+// The actions and rows behind still run in this pass.
+void SmallActions::pause(Shortage& shortage) {
+    raiseNote(parts_, shortage, "Program paused by user option to pause on alert event.");
+    parts_.forms.form1.Timer1.setEnabled(false);
+    parts_.watchSwitch.cmdPause_Click();
+}
+
+}  // namespace velmora

@@ -1,0 +1,105 @@
+#include "alerts/dialog/alert_dialog_options.h"
+
+#include <array>
+#include <string_view>
+
+#include "base/text.h"
+
+namespace velmora {
+
+namespace {
+
+constexpr std::int32_t normalWindow = 1;
+constexpr std::size_t wizard = 3;  // in lblAl
+constexpr std::size_t sorbane = 0;
+
+constexpr const char* moving = "move";
+constexpr const char* deleting = "delete";
+
+struct Option {
+    const char* suggestion;
+    const char* word;  ///< kept as the tag of the wizard's label
+};
+
+// By the place in lblAct.
+constexpr std::array<Option, 5> options{{
+    {"", ""},
+    {"You can open the default compression program to try to save space.", "compress"},
+    {"You can select to attempt to clear any files in the recycle bin.", "recycle"},
+    {"You can select files to be deleted to free up space.", deleting},
+    {"You can select files to be moved to another path to free up space.", moving},
+}};
+
+// Places in lstAct of the actions on files.
+constexpr int firstFileAction = 1;
+constexpr int lastFileAction = 4;
+
+}  // namespace
+
+AlertDialogOptions::AlertDialogOptions(Forms& forms, Platform& platform, Host& host)
+    : forms_(forms), platform_(platform), host_(host) {
+    DlgAlert& dialog = forms_.dlgAlert;
+    for (std::size_t i = 0; i < dialog.lblAct.size(); ++i) {
+        dialog.lblAct[i].Click.connect([this, i] { lblAct_Click(i); });
+    }
+    dialog.lblAl[wizard].Click.connect([this] { Wizard_Click(); });
+}
+
+void AlertDialogOptions::lblAct_Click(std::size_t index) {
+    if (index == sorbane) {
+        startSorbane();
+        return;
+    }
+    DlgAlert& dialog = forms_.dlgAlert;
+    dialog.lblSuggest.setCaption(options[index].suggestion);
+    dialog.lblAl[wizard].setTag(options[index].word);
+}
+
+void AlertDialogOptions::startSorbane() {
+    const std::string& folder = platform_.app.Path;
+    platform_.files.writeOver(folder + "\\clen.dat", driveInAlert().append(lineEnd));
+    platform_.shell32.ShellExecuteA(forms_.form1.Name(), "open", folder + "\\sorbane.exe", "", "",
+                                    normalWindow);
+}
+
+std::string AlertDialogOptions::driveInAlert() {
+    const ListView& list = forms_.form1.ListView1;
+    for (int i = 1; i <= list.Count(); ++i) {
+        const ListItem& row = list.ListItems(i);
+        if (row.ListSubItems(1).ReportIcon() == "alert") return row.Text();
+    }
+    return "c:\\";
+}
+
+void AlertDialogOptions::Wizard_Click() {
+    const std::string word = forms_.dlgAlert.lblAl[wizard].Tag();
+    if (word != moving && word != deleting) return;
+    chooseFiles();
+    clearFileActions();
+}
+
+void AlertDialogOptions::chooseFiles() {
+    const std::string chosen =
+        host_.OpenFileDialog({.DialogTitle = "Choose File/Folder ",
+                              .Filter = "All Files (*.*)|*.*",
+                              .Flags = file_dialog::explorer | file_dialog::allowMultiselect});
+    if (chosen.empty()) {
+        host_.MsgBox({.text = "No file(s) were selected."});
+        return;
+    }
+    Form1& form1 = forms_.form1;
+    form1.cboFile.setText(replaceAll(chosen, std::string_view("\0", 1), ";"));
+    form1.Command2.Click();
+    host_.MsgBox({.text = "The files are now listed in the Spec. file(s)\r\n"
+                          "If you change your mind, you can go select the file and hit remove"});
+}
+
+// None is ticked in their place: the user decides on the option's page what is to be done.
+void AlertDialogOptions::clearFileActions() {
+    ListBox& actions = forms_.form1.lstAct;
+    for (int i = firstFileAction; i < actions.ListCount() && i <= lastFileAction; ++i) {
+        actions.setSelected(i, false);
+    }
+}
+
+}  // namespace velmora

@@ -1,0 +1,49 @@
+#include "alerts/dialog/alert_dialog_window.h"
+
+namespace velmora {
+
+namespace {
+
+constexpr int heightWithActions = 8200;  // twips
+
+namespace button {
+constexpr std::size_t ok = 0;
+constexpr std::size_t clear = 1;
+constexpr std::size_t explorer = 2;
+constexpr std::size_t action = 4;
+}  // namespace button
+
+}  // namespace
+
+AlertDialogWindow::AlertDialogWindow(Forms& forms, WorkArea& workArea)
+    : forms_(forms), workArea_(workArea) {
+    DlgAlert& dialog = forms_.dlgAlert;
+    dialog.lblAl[button::ok].Click.connect([&dialog] { dialog.Hide(); });
+    dialog.lblAl[button::clear].Click.connect([&dialog] { dialog.Label1.setText(""); });
+    // Whatever its caption says.
+    dialog.lblAl[button::explorer].Click.connect([&dialog] { dialog.Label1.setText(" . "); });
+    dialog.lblAl[button::action].Click.connect([this] { showActions(); });
+    // The options lie below the rest.
+    dialog.Resize.connect(
+        [&dialog] { dialog.fraAct.setVisible(dialog.Height() >= heightWithActions); });
+}
+
+void AlertDialogWindow::show() {
+    place();
+    forms_.dlgAlert.Show();
+}
+
+void AlertDialogWindow::showActions() {
+    DlgAlert& dialog = forms_.dlgAlert;
+    if (dialog.Height() >= heightWithActions) return;
+    dialog.setSize(dialog.Width(), heightWithActions);
+    // It grows downward: the options would come to lie below the screen.
+    place();
+}
+
+void AlertDialogWindow::place() {
+    DlgAlert& dialog = forms_.dlgAlert;
+    dialog.moveTo(workArea_.Width() - dialog.Width(), workArea_.Height() - dialog.Height());
+}
+
+}  // namespace velmora

@@ -1,0 +1,112 @@
+#include "alerts/journal/alert_list.h"
+
+#include "base/convert.h"
+#include "base/text.h"
+#include "forms/sort_column.h"
+
+namespace velmora {
+
+namespace {
+
+// The sub-item of a watch row whose tag holds the text of the first alert raised for that row.
+constexpr int stampColumn = 4;
+
+namespace column {
+constexpr int time = 1;
+constexpr int text = 2;
+}  // namespace column
+
+}  // namespace
+
+AlertList::AlertList(Forms& forms, Platform& platform, NotifyArea& notifyArea, AlertDialog& dialog)
+    : forms_(forms), platform_(platform), notifyArea_(notifyArea) {
+    Form1& form1 = forms_.form1;
+    form1.UpDown3.Change.connect([this] { UpDown3_Change(); });
+    form1.LVAlert.ColumnClick.connect(
+        [&form1](int clicked) { prcSortColumn(form1.LVAlert, clicked); });
+    form1.LVFile.ColumnClick.connect(
+        [&form1](int clicked) { prcSortColumn(form1.LVFile, clicked); });
+    form1.cmdAddIcon.Click.connect([this] { prcAlertIcon(); });
+    for (MenuItem* item : {&form1.mnuShowAl, &form1.mnuShowAlert}) {
+        item->Click.connect([this, &dialog] { showWhole(dialog); });
+    }
+}
+
+// The dialog may have been folded; by menu it comes in its full height.
+void AlertList::showWhole(AlertDialog& dialog) {
+    constexpr int fullHeight = 4200;  // twips
+    forms_.dlgAlert.setSize(forms_.dlgAlert.Width(), fullHeight);
+    dialog.show();
+}
+
+void AlertList::prcAlertInfo(const std::string& strTime, const std::string& strRating,
+                             const std::string& strAlert, AlertFlags flags, ListItem* itmWatch) {
+    if (itmWatch != nullptr && isRepeat(*itmWatch, strAlert)) return;
+
+    ListItem& row = forms_.form1.LVAlert.Add(1, strRating);
+    row.setSubItems(column::time, strTime);
+    row.setSubItems(column::text, strAlert);
+    Raised(row);
+    count(strRating);
+    appendToLog(row, strAlert);
+    if (lowerCase(strRating) == "high" || flags.iFlag4 == 1) {
+        forms_.sysWorkSystray.tmrSystray.setEnabled(true);
+    }
+}
+
+// The stamp keeps the first text only: a different one passes every time and leaves it in place.
+bool AlertList::isRepeat(ListItem& row, const std::string& strAlert) {
+    const std::string& stamp = row.ListSubItems(stampColumn).Tag();
+    if (stamp.empty()) {
+        row.setSubTag(stampColumn, strAlert);
+        return false;
+    }
+    return stamp == strAlert;
+}
+
+void AlertList::clearStamp(ListItem& row) {
+    row.setSubTag(stampColumn, "");
+}
+
+void AlertList::count(const std::string& strRating) {
+    Globals& globals = forms_.globals;
+    globals.lngAlertsRaised = addLong(globals.lngAlertsRaised, 1);
+    if (strRating == rating::high) {
+        globals.lngHighRatedAlerts = addLong(globals.lngHighRatedAlerts, 1);
+    }
+}
+
+void AlertList::appendToLog(const ListItem& row, const std::string& strAlert) {
+    const Form1& form1 = forms_.form1;
+    if (!form1.chkAutoSave.ticked()) return;
+    // A missing file is made by the journal's save at the end of a check, not here.
+    const std::string& path = form1.lblLog.Caption();
+    if (!platform_.fso.FileExists(path)) return;
+    platform_.files.appendLine(path,
+                               row.SubItems(column::time) + " | " + row.Text() + " | " + strAlert);
+}
+
+void AlertList::prcLVLimit(std::int32_t lngLimit, ListView& lvList) {
+    if (lngLimit >= lvList.Count()) return;
+    const std::int16_t surplus = toInteger(static_cast<double>(lvList.Count()) - lngLimit);
+    int row = lvList.Count();
+    for (int removed = 0; removed < surplus && row >= 1; ++removed) lvList.Remove(row--);
+}
+
+void AlertList::UpDown3_Change() {
+    Form1& form1 = forms_.form1;
+    const double limit = toDouble(form1.txtAmt.Text(), platform_.regional);
+    if (limit < form1.LVAlert.Count()) prcLVLimit(toLong(limit), form1.LVAlert);
+}
+
+void AlertList::prcAlertIcon() {
+    // The program's own icon tells of alerts by itself.
+    if (forms_.form1.chkSystray.ticked()) return;
+    NotifyIconData data;
+    data.window = forms_.form1.Name();
+    data.icon = "tray 1";
+    data.tip = "Alert!";
+    notifyArea_.Shell_NotifyIconA(NotifyMessage::add, data);
+}
+
+}  // namespace velmora

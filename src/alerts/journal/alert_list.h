@@ -1,0 +1,70 @@
+// The alert list: everything notable that the system does or sees ends here as one row of LVAlert,
+// newest on top, held in memory only.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "alerts/dialog/alert_dialog.h"
+#include "forms/forms.h"
+#include "platform/notify_area.h"
+#include "platform/platform.h"
+
+namespace velmora {
+
+namespace rating {
+inline constexpr const char* high = "High";
+inline constexpr const char* medium = "Medium";
+}  // namespace rating
+
+/// The four flags that callers hand over with an alert. Only the fourth has an effect: 1 starts
+/// the tray's blinking whatever the rating.
+struct AlertFlags {
+    std::int16_t iFlag1 = 0;
+    std::int16_t iFlag2 = 0;
+    std::int16_t iFlag3 = 0;
+    std::int16_t iFlag4 = 0;
+};
+
+/// The flags of the check's own alerts.
+inline constexpr AlertFlags checkFlags{1, 1, 0, 0};
+
+class AlertList {
+  public:
+    /// Connects its handlers to the forms, which must outlive it like the rest.
+    AlertList(Forms& forms, Platform& platform, NotifyArea& notifyArea, AlertDialog& dialog);
+    AlertList(const AlertList&) = delete;
+    AlertList& operator=(const AlertList&) = delete;
+
+    /// Raises an alert: drops it when `itmWatch` is a row whose first alert had the same text, else
+    /// adds a row, counts it, writes it to the log file (when that is on and the file exists) and
+    /// starts the tray's blinking for a high one. Errors of the log file go to the caller, with the
+    /// row added and counted; error 6 when a counter overflows.
+    void prcAlertInfo(const std::string& strTime, const std::string& strRating,
+                      const std::string& strAlert, AlertFlags flags, ListItem* itmWatch);
+    /// Forgets the text of the row's first alert, so that the same text passes again.
+    static void clearStamp(ListItem& row);
+    /// Does nothing; kept in the interface.
+    void prcAlertInfoPre() {}
+    /// Removes rows from the bottom until `lngLimit` are left. Error 6 when more than 32767 would
+    /// have to go: the number is a 16-bit one.
+    static void prcLVLimit(std::int32_t lngLimit, ListView& lvList);
+    /// Adds the tray icon in its alert form.
+    void prcAlertIcon();
+
+    /// A new row stands in the list: for whoever reports alerts as they come.
+    Notice<const ListItem&> Raised;
+
+  private:
+    void showWhole(AlertDialog& dialog);
+    static bool isRepeat(ListItem& row, const std::string& strAlert);
+    void count(const std::string& strRating);
+    void appendToLog(const ListItem& row, const std::string& strAlert);
+    void UpDown3_Change();
+
+    Forms& forms_;
+    Platform& platform_;
+    NotifyArea& notifyArea_;
+};
+
+}  // namespace velmora

@@ -1,0 +1,96 @@
+#include "alerts/lists/file_list_buttons.h"
+
+#include "alerts/lists/listed_rows.h"
+#include "base/resume_next.h"
+
+namespace velmora {
+
+namespace {
+
+enum FileButton {
+    addButton,
+    removeButton,
+    moveButton,
+    deleteButton,
+    clearButton,
+    deleteAllButton,
+    moveAllButton,
+    browseButton,
+    attributesButton
+};
+
+constexpr const char* watchRuns = "Pause Watch";
+
+}  // namespace
+
+// Command2 has an empty handler.
+FileListButtons::FileListButtons(Forms& forms, Host& host, FileList& files, AlertPorts ports)
+    : form1_(forms.form1), host_(host), files_(files), ports_(ports) {
+    for (Label& label : form1_.lblSF) {
+        label.Click.connect([this, index = label.Index()] { lblSF_Click(index); });
+    }
+    form1_.mnuFileAttr.Click.connect([this] { showAttributes(); });
+    form1_.LVFile.RightClick.connect([this] {
+        if (form1_.LVFile.Count() >= 1) form1_.mnuLst.PopUp();
+    });
+    form1_.LVFile.Drop.connect([this](const std::vector<std::string>& paths) { drop(paths); });
+    form1_.cboFile.Drop.connect(
+        [this](const std::vector<std::string>& paths) { takeDroppedPaths(form1_.cboFile, paths); });
+}
+
+void FileListButtons::lblSF_Click(int index) {
+    switch (index) {
+        case addButton:
+        case browseButton:
+            return addFiles();
+        case removeButton:
+            return removeSelectedRow(form1_.LVFile, host_);
+        case moveButton:
+            return form1_.cmdMove.Click();
+        case deleteButton:
+            return form1_.cmdDelete.Click();
+        case clearButton:
+            return form1_.LVFile.Clear();
+        case deleteAllButton:
+            return form1_.cmdDeleteAll.Click();
+        case moveAllButton:
+            return form1_.cmdMoveAll.Click();
+        case attributesButton:
+            return showAttributes();
+        default:
+            return;
+    }
+}
+
+// The watch rests meanwhile, so that no check changes the list behind the open dialog.
+void FileListButtons::addFiles() {
+    const bool rests = form1_.cmdPause.Caption() == watchRuns;
+    if (rests) ports_.watchSwitch.cmdPause_Click();
+    std::string strFile;
+    FileDialog dialog;
+    try {
+        files_.GetFiles(form1_.LVFile, form1_.cboFile, strFile, dialog);
+    } catch (const std::exception&) {
+        if (rests) resumeNext([this] { resumeWatch(); });
+        throw;
+    }
+    if (rests) resumeWatch();
+}
+
+// The custom watch time may have started it already: the switch would pause it again.
+void FileListButtons::resumeWatch() {
+    if (form1_.cmdPause.Caption() != watchRuns) ports_.watchSwitch.cmdPause_Click();
+}
+
+void FileListButtons::showAttributes() {
+    const ListItem* row = form1_.LVFile.SelectedItem();
+    if (row != nullptr) ports_.properties.prcShowProperties(row->Tag(), form1_.Name());
+}
+
+void FileListButtons::drop(const std::vector<std::string>& paths) {
+    if (paths.empty()) return;
+    files_.addDropped(form1_.LVFile, paths);
+    form1_.cboFile.setText(paths.front());
+}
+
+}  // namespace velmora

@@ -1,0 +1,35 @@
+// The buttons of the specified files, the menu over their list, and what is dropped there.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "alerts/lists/file_list.h"
+#include "alerts/ports.h"
+#include "forms/forms.h"
+
+namespace velmora {
+
+class FileListButtons {
+  public:
+    /// Connects its handlers to the forms, which must outlive it like the rest. Moving and deleting
+    /// go through the buttons cmdMove, cmdMoveAll, cmdDelete and cmdDeleteAll.
+    FileListButtons(Forms& forms, Host& host, FileList& files, AlertPorts ports);
+    FileListButtons(const FileListButtons&) = delete;
+    FileListButtons& operator=(const FileListButtons&) = delete;
+
+    void lblSF_Click(int index);
+
+  private:
+    void addFiles();
+    void resumeWatch();
+    void showAttributes();
+    void drop(const std::vector<std::string>& paths);
+
+    Form1& form1_;
+    Host& host_;
+    FileList& files_;
+    AlertPorts ports_;
+};
+
+}  // namespace velmora

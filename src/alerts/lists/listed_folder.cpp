@@ -1,0 +1,14 @@
+#include "alerts/lists/listed_folder.h"
+
+#include "base/runtime_error.h"
+
+namespace velmora {
+
+std::unique_ptr<Folder> folderToDelete(FileSystemObject& fso, const std::string& path) {
+    auto folder = fso.GetFolder(path);
+    // A whole drive is no folder to free space with, however it came into the list.
+    if (folder->ParentFolder().empty()) throw RuntimeError(error::permissionDenied);
+    return folder;
+}
+
+}  // namespace velmora

@@ -1,0 +1,72 @@
+#include "alerts/lists/listed_rows.h"
+
+#include <algorithm>
+
+#include "base/runtime_error.h"
+
+namespace velmora {
+
+int selectedRow(const ListView& list, int expected) {
+    const int count = list.Count();
+    if (expected >= 1 && expected <= count && list.ListItems(expected).Selected()) return expected;
+    for (int i = 1; i <= count; ++i) {
+        if (list.ListItems(i).Selected()) return i;
+    }
+    return 0;
+}
+
+ListItem& rowWithText(ListView& list, int index, const std::string& text) {
+    ListItem& row = list.ListItems(index);
+    if (row.Text() != text) throw RuntimeError(error::indexOutOfBounds);
+    return row;
+}
+
+ListedRow listedRow(const ListView& list, int index) {
+    const ListItem& row = list.ListItems(index);
+    return {&row, index, row.Tag()};
+}
+
+std::vector<ListedRow> rowsFromLast(const ListView& list) {
+    std::vector<ListedRow> all;
+    all.reserve(static_cast<std::size_t>(list.Count()));
+    for (int i = list.Count(); i >= 1; --i) all.push_back(listedRow(list, i));
+    return all;
+}
+
+// Nearly always the row stands where it stood.
+int placeOfRow(const ListView& list, const ListedRow& listed) {
+    const auto isAt = [&](int index) {
+        return index <= list.Count() && &list.ListItems(index) == listed.row &&
+               list.ListItems(index).Tag() == listed.tag;
+    };
+    // Rows that went let it move up.
+    for (int i = std::min(listed.index, list.Count()); i >= 1; --i) {
+        if (isAt(i)) return i;
+    }
+    for (int i = listed.index + 1; i <= list.Count(); ++i) {
+        if (isAt(i)) return i;
+    }
+    return 0;
+}
+
+void removeListedRow(ListView& list, const ListedRow& listed) {
+    if (const int place = placeOfRow(list, listed); place > 0) list.Remove(place);
+}
+
+void removeSelectedRow(ListView& list, Host& host) {
+    if (list.Count() == 0) {
+        host.MsgBox({.text = "No item listed."});
+        return;
+    }
+    if (const int row = selectedRow(list); row > 0) list.Remove(row);
+}
+
+void takeDroppedPaths(ComboBox& box, const std::vector<std::string>& paths) {
+    if (paths.size() == 1) {
+        box.setText(paths.front());
+        return;
+    }
+    for (const std::string& path : paths) box.AddItem(path);
+}
+
+}  // namespace velmora

@@ -1,0 +1,114 @@
+// Deleting the specified files by hand.
+#include "alerts/lists/file_list.h"
+#include "alerts/lists/listed_folder.h"
+#include "alerts/lists/listed_rows.h"
+#include "alerts/lists/manual_operations.h"
+#include "base/runtime_error.h"
+#include "base/text.h"
+
+namespace velmora {
+
+namespace {
+
+bool isAccessError(const RuntimeError& failure) {
+    return failure.number() == error::permissionDenied || failure.number() == error::pathFileAccess;
+}
+
+}  // namespace
+
+void ManualOperations::cmdDelete_Click() {
+    if (list_.Count() == 0) return say("No item listed.");
+    const auto subject = subjectAt(selectedRow(list_));
+    if (!subject) return say("No file selected.");
+    std::string text;
+    try {
+        text = remove(subject->tag);
+    } catch (const RuntimeError& failure) {
+        // The row stays: nobody knows what has become of the file.
+        if (!isAccessError(failure)) return sayFailure(failure, subject->tag);
+        text = "- File access error (Listing Removed): " + subject->tag;
+    }
+    removeRow(*subject);
+    report(text);
+    // Shows the effect at once.
+    ports_.checkTick.Timer1_Timer();
+}
+
+// Deletes what the path names and tells what became of it.
+std::string ManualOperations::remove(const std::string& tag) {
+    if (platform_.fso.FileExists(tag)) {
+        platform_.files.remove(tag);
+        return "- Deleted File: " + tag;
+    }
+    if (platform_.fso.FolderExists(tag)) {
+        const auto folder = folderToDelete(platform_.fso, tag);
+        const double bytes = folder->Size();
+        if (bytes > 0 && folder->FilesCount() > 0) {
+            folder->Delete(true);
+            return "\r\n.\r\n- Deleted Folder: " + tag + " | [" +
+                   folderSizeText(bytes, platform_.regional) + "]";
+        }
+    }
+    return "- No Folder Found or No Content in Folder: " + tag;
+}
+
+void ManualOperations::cmdDeleteAll_Click() {
+    if (list_.Count() == 0) return say("No item listed.");
+    const BoxAnswer answer =
+        host_.MsgBox({.text = "Do you want to delete files or put in recycle bin? Yes = Recycle "
+                              "Bin, No = Permanent Deletion",
+                      .icon = BoxIcon::question,
+                      .buttons = BoxButtons::yesNoCancel,
+                      .title = "RecycleBin"});
+    if (answer != BoxAnswer::yes && answer != BoxAnswer::no) return;
+    for (Subject& subject : rowsFromLast(list_)) {
+        // Rows may have gone while a box stood. What is listed no more is not deleted.
+        subject.index = placeOf(subject);
+        if (subject.index > 0 && !deleteListed(subject, answer == BoxAnswer::yes)) return;
+    }
+}
+
+// Whether the run goes on.
+bool ManualOperations::deleteListed(const ListedRow& subject, bool toBin) {
+    const std::string& tag = subject.tag;
+    try {
+        if (!platform_.fso.FileExists(tag)) return dropMissing(subject);
+        if (toBin) {
+            systemActions_.prcSendToBin(tag, file_operation::allowUndo);
+            raise(rating::medium, "- Sended File to Recycle Bin: " + tag);
+        } else {
+            platform_.files.remove(tag);
+            raise(rating::medium, "- Deleted File: " + tag);
+        }
+        removeRow(subject);
+        return true;
+    } catch (const RuntimeError& failure) {
+        return goOnAfter(failure, tag);
+    }
+}
+
+// Takes the first entry of the box along, whichever it is. An empty box ends the run with the row
+// in place; the user has just been told of it.
+bool ManualOperations::dropMissing(const ListedRow& subject) {
+    say("file does not exits: " + subject.tag);
+    if (form1_.cboFile.ListCount() == 0) return false;
+    form1_.cboFile.RemoveItem(0);
+    removeRow(subject);
+    return true;
+}
+
+bool ManualOperations::goOnAfter(const RuntimeError& failure, const std::string& tag) {
+    if (!contains(failure.description(), "Permission denied")) {
+        sayFailure(failure, tag);
+        return false;
+    }
+    const std::string text =
+        "An error was raised when deleting was attempted: Permission denied\r\nFile: " + tag +
+        "\r\n";
+    raise(rating::high, text);
+    return host_.MsgBox({.text = text + "Do you want to skip this file and continue?",
+                         .icon = BoxIcon::question,
+                         .buttons = BoxButtons::yesNo}) == BoxAnswer::yes;
+}
+
+}  // namespace velmora

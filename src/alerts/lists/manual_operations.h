@@ -1,0 +1,81 @@
+// Moving and deleting the specified files by hand.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "alerts/journal/alert_list.h"
+#include "alerts/lists/listed_rows.h"
+#include "alerts/ports.h"
+#include "alerts/system/system_actions.h"
+#include "base/runtime_error.h"
+#include "forms/forms.h"
+#include "platform/host.h"
+#include "platform/platform.h"
+
+namespace velmora {
+
+/// What the operations are done with.
+struct ManualParts {
+    Forms& forms;
+    Platform& platform;
+    Host& host;
+    AlertList& alerts;
+    SystemActions& systemActions;
+};
+
+/// An operation on a file reports by alert list, journal and alert dialog, and goes on when the log
+/// file can't be written: what was done to the file is done, and its row must not stay.
+class ManualOperations {
+  public:
+    /// Connects its handlers to the forms, which must outlive it like the rest.
+    ManualOperations(ManualParts parts, AlertPorts ports);
+    ManualOperations(const ManualOperations&) = delete;
+    ManualOperations& operator=(const ManualOperations&) = delete;
+
+    /// Sets the specified path to the folder of a file that is chosen.
+    void cmdFolder_Click();
+    /// Asks where to, moves the file of the selected row and takes the row away, moved or not.
+    void cmdMove_Click() { moveSelected(1); }
+    /// The same for each row from the last to the first.
+    void cmdMoveAll_Click();
+    /// Deletes the file or folder of the selected row at once, takes the row away and runs one tick
+    /// of the check.
+    void cmdDelete_Click();
+    /// Asks how, then deletes the files of all rows from the last to the first or sends them to the
+    /// recycle bin.
+    void cmdDeleteAll_Click();
+
+  private:
+    /// A row that is worked on. The check may take rows away while a box stands.
+    using Subject = ListedRow;
+    std::optional<Subject> subjectAt(int index);
+    int placeOf(const Subject& subject) const { return placeOfRow(list_, subject); }
+    void removeRow(const Subject& subject) { removeListedRow(list_, subject); }
+
+    void moveSelected(int expected);
+    std::optional<std::string> askDestination();
+    void selectOnly(int index);
+
+    std::string remove(const std::string& tag);
+    bool deleteListed(const ListedRow& subject, bool toBin);
+    bool dropMissing(const ListedRow& subject);
+    bool goOnAfter(const RuntimeError& failure, const std::string& tag);
+
+    void say(const std::string& text);
+    void sayFailure(const RuntimeError& failure, const std::string& tag);
+    void raise(const char* rating, const std::string& text);
+    void report(const std::string& text);
+
+    Forms& forms_;
+    Form1& form1_;
+    ListView& list_;
+    Platform& platform_;
+    Host& host_;
+    AlertList& alerts_;
+    SystemActions& systemActions_;
+    AlertPorts ports_;
+};
+
+}  // namespace velmora

@@ -1,0 +1,120 @@
+#include "alerts/lists/program_list.h"
+
+#include <utility>
+
+#include "alerts/lists/listed_rows.h"
+#include "base/resume_next.h"
+#include "base/text.h"
+#include "forms/sort_column.h"
+
+namespace velmora {
+
+namespace {
+
+enum ProgramButton { addButton, removeButton, clearButton, runButton, browseButton };
+
+constexpr std::int32_t normalWindow = 1;
+
+}  // namespace
+
+ProgramList::ProgramList(Forms& forms, Platform& platform, Host& host)
+    : form1_(forms.form1), platform_(platform), host_(host) {
+    connect();
+}
+
+void ProgramList::connect() {
+    for (Label& label : form1_.Label5) {
+        label.Click.connect([this, index = label.Index()] { Label5_Click(index); });
+    }
+    form1_.cmdPAdd.Click.connect([this] { cmdPAdd_Click(); });
+    form1_.LVProg.ColumnClick.connect([this](int column) { prcSortColumn(form1_.LVProg, column); });
+    form1_.LVProg.Drop.connect([this](const std::vector<std::string>& paths) { drop(paths); });
+    form1_.cboProg.Drop.connect(
+        [this](const std::vector<std::string>& paths) { takeDroppedPaths(form1_.cboProg, paths); });
+}
+
+void ProgramList::Label5_Click(int index) {
+    switch (index) {
+        case addButton:
+            return addFromBox();
+        case removeButton:
+            return removeSelectedRow(form1_.LVProg, host_);
+        case clearButton:
+            return form1_.LVProg.Clear();
+        case runButton:
+            return runSelected();
+        case browseButton:
+            return browse();
+        default:
+            return;
+    }
+}
+
+// An empty text is no mistake; one that names no file is told.
+bool ProgramList::boxNamesFile() {
+    const std::string& text = form1_.cboProg.Text();
+    if (text.empty()) return false;
+    if (platform_.fso.FileExists(text)) return true;
+    host_.MsgBox({.text = "File does not exists.", .icon = BoxIcon::critical});
+    return false;
+}
+
+void ProgramList::cmdPAdd_Click() {
+    if (boxNamesFile()) form1_.cboProg.AddItem(form1_.cboProg.Text());
+}
+
+void ProgramList::addFromBox() {
+    if (!boxNamesFile()) return;
+    const std::string path = form1_.cboProg.Text();
+    addRow(platform_.fso.GetFileName(path), path);
+}
+
+void ProgramList::addRow(std::string text, const std::string& path) {
+    ListItem& row = form1_.LVProg.Add(std::move(text));
+    row.setTag(path);
+    row.setSubItems(program_column::action, "Execute");
+    // A field that can't be read doesn't keep the program from being listed.
+    resumeNext([&] {
+        const auto file = platform_.fso.GetFile(path);
+        row.setSubItems(program_column::location, file->ParentFolder());
+        row.setSubItems(program_column::type, file->Type());
+    });
+}
+
+void ProgramList::runSelected() {
+    if (form1_.LVProg.Count() == 0) {
+        host_.MsgBox({.text = "No listed item."});
+        return;
+    }
+    const ListItem* row = form1_.LVProg.SelectedItem();
+    if (row == nullptr) return;
+    const std::string path = row->Tag();
+    std::string outcome = " - Specified Program Execution Failed (File Does Not Exist): ";
+    if (platform_.fso.FileExists(path)) {
+        platform_.shell32.ShellExecuteA(form1_.Name(), "open", path, "", "", normalWindow);
+        outcome = " - Specified Program Executed: ";
+    }
+    const std::string end(lineEnd);
+    form1_.txtAlert.prepend(outcome + end + path + end + end + " . " + end);
+}
+
+void ProgramList::browse() {
+    const std::string chosen = host_.OpenFileDialog({.DialogTitle = "Choose File/Folder ",
+                                                     .InitDir = "c:\\",
+                                                     .Filter = "All Files (*.*)|*.*",
+                                                     .Flags = file_dialog::explorer});
+    if (!chosen.empty()) form1_.cboProg.setText(chosen);
+}
+
+// A single path rests in the box, where "Add" can take it.
+void ProgramList::drop(const std::vector<std::string>& paths) {
+    if (paths.size() == 1) {
+        form1_.cboProg.setText(paths.front());
+        return;
+    }
+    for (const std::string& path : paths) {
+        if (platform_.fso.FileExists(path)) addRow(path, path);
+    }
+}
+
+}  // namespace velmora

@@ -1,0 +1,59 @@
+#include "alerts/system/sound_buttons.h"
+
+#include "base/resume_next.h"
+#include "base/text.h"
+
+namespace velmora {
+
+SoundButtons::SoundButtons(Forms& forms, Platform& platform, Host& host, SystemActions& actions)
+    : forms_(forms), platform_(platform), host_(host), actions_(actions) {
+    Form1& form1 = forms_.form1;
+    for (std::size_t i = 0; i < form1.txtAudio.size(); ++i) {
+        form1.cmdPlay[i].Click.connect([this, i] { cmdPlay_Click(i); });
+        form1.cmdAudio[i].Click.connect([this, i] { cmdAudio_Click(i); });
+    }
+    form1.cmdSnd.Click.connect([this] { cmdSnd_Click(); });
+}
+
+void SoundButtons::setDefaults() {
+    // A system that doesn't know its own folder must not keep the program from starting.
+    resumeNext([this] {
+        const std::string folder = platform_.kernel32.GetWindowsDirectoryA();
+        if (folder.empty()) return;
+        const std::string chime = folder + "\\media\\chimes.wav";
+        for (TextBox& sound : forms_.form1.txtAudio) {
+            if (sound.empty()) sound.setText(chime);
+        }
+    });
+}
+
+// Blanks around the path are no part of it, neither when it is looked for nor when it is played.
+void SoundButtons::cmdPlay_Click(std::size_t index) {
+    const std::string& text = forms_.form1.txtAudio[index].Text();
+    const std::string file = trim(text);
+    if (platform_.fso.FileExists(file)) {
+        actions_.prcPlaySound(file, sound::noDefault);
+    } else {
+        tellMissing(text);
+    }
+}
+
+void SoundButtons::cmdAudio_Click(std::size_t index) {
+    const std::string file = host_.OpenFileDialog({.Filter = "wav (*.wav)|*.wav;|*.*|*.*"});
+    if (file.empty()) return;
+    if (platform_.fso.FileExists(file)) {
+        forms_.form1.txtAudio[index].setText(file);
+    } else {
+        tellMissing(file);
+    }
+}
+
+void SoundButtons::cmdSnd_Click() {
+    actions_.prcPlaySound(platform_.app.Path + "\\sound\\alert.WAV", sound::noDefault);
+}
+
+void SoundButtons::tellMissing(const std::string& file) {
+    host_.MsgBox({.text = "File Does not exists: " + file});
+}
+
+}  // namespace velmora

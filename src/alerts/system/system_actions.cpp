@@ -1,0 +1,107 @@
+#include "alerts/system/system_actions.h"
+
+#include "base/resume_next.h"
+#include "base/runtime_error.h"
+#include "base/text.h"
+
+namespace velmora {
+
+namespace {
+
+constexpr int noConfirmation = 1;
+constexpr int noProgress = 2;
+constexpr int noSound = 4;
+
+constexpr std::int32_t normalWindow = 1;
+
+// An existing file as a command line: a blank in its path must not end the program's name.
+std::string asCommand(const std::string& file) {
+    return contains(file, " ") ? "\"" + file + "\"" : file;
+}
+
+// What a part of a path names once the system has dropped the dots and blanks at its end.
+std::string tidyPart(std::string part) {
+    part.resize(part.find_last_not_of(". ") + 1);
+    return part;
+}
+
+// Whether the path surely names something below the root of a drive: not the root in whatever
+// spelling, nothing that climbs up again, nothing without a folder that holds it.
+bool isBelowRoot(const std::string& given) {
+    const std::string path = replaceAll(given, "/", "\\");
+    const std::string drive = driveNameOf(path);
+    // Behind a device's prefix the root of a share has other parts.
+    const bool isDevice = path.starts_with("\\\\?\\") || path.starts_with("\\\\.\\");
+    if (isDevice || drive.empty() || parentFolderOf(path).empty()) return false;
+    const std::string rest = path.substr(drive.size());
+    bool named = false;
+    for (const std::string& part : split(rest, "\\")) {
+        if (trim(part) == "..") return false;
+        named = named || !tidyPart(part).empty();
+    }
+    return named;
+}
+
+}  // namespace
+
+void SystemActions::MakeRecycleBinEmpty(const std::string& strDrive, std::int16_t iNoConfirmation,
+                                        std::int16_t iNoProgress, std::int16_t iNoSound) {
+    std::string owner;
+    const std::string root = strDrive.empty() ? "" : left(strDrive, 1) + ":\\";
+    // A caller's 1 for "no progress" has no such bit and counts as 0.
+    const int flags =
+        (iNoConfirmation & noConfirmation) | (iNoProgress & noProgress) | (iNoSound & noSound);
+    resumeNext([&] { owner = user32_.GetActiveWindow(); },
+               [&] {
+                   platform_.shell32.SHEmptyRecycleBinA(owner, root,
+                                                        static_cast<std::uint32_t>(flags));
+               });
+}
+
+void SystemActions::prcCleanMan(const std::string& strDrive, const std::string& strSage) {
+    const std::string drive = strDrive.empty() ? "" : " /d " + strDrive;
+    const std::string sage = strSage.empty() ? "" : " /sagerun: " + strSage;
+    platform_.shell32.ShellExecuteA(forms_.form1.Name(), "open", "cleanmgr", drive + " " + sage, "",
+                                    normalWindow);
+}
+
+// Where names may hold such characters, the file itself is meant.
+bool SystemActions::isPattern(const std::string& path) {
+    if (path.find_first_of("*?") == std::string::npos) return false;
+    return !platform_.fso.FileExists(path) && !platform_.fso.FolderExists(path);
+}
+
+void SystemActions::prcSendToBin(const std::string& strFile, std::int32_t lngFlags) {
+    // The shell takes a list with a NUL behind each path: one inside would make two paths of one.
+    const bool isOne = strFile.find('\0') == std::string::npos;
+    if (!isOne || !isBelowRoot(strFile) || isPattern(strFile)) {
+        throw RuntimeError(error::permissionDenied);
+    }
+    const FileOperation operation{.owner = {},
+                                  .wFunc = file_operation::remove,
+                                  .pFrom = strFile + '\0',
+                                  .fFlags = static_cast<std::uint16_t>(lngFlags)};
+    platform_.shell32.SHFileOperationA(operation);
+}
+
+std::int16_t SystemActions::prcPlaySound(const std::string& strFile, std::int32_t lngFlags) {
+    return platform_.winmm.sndPlaySoundA(strFile, lngFlags);
+}
+
+std::string SystemActions::prcRunListedProg() {
+    const ComboBox& cboProg = forms_.form1.cboProg;
+    std::string account;
+    for (int i = 0; i < cboProg.ListCount(); ++i) {
+        const std::string& entry = cboProg.List(i);
+        if (platform_.fso.FileExists(entry)) {
+            platform_.shell32.Shell(asCommand(entry), normalWindow);
+            account += " - Specified Program Executed: ";
+        } else {
+            account += " - Specified Program Execution Failed (File Does Not Exist): ";
+        }
+        account.append(lineEnd).append(entry).append(lineEnd);
+    }
+    return account;
+}
+
+}  // namespace velmora

@@ -1,0 +1,176 @@
+// Which actions exclude each other, and what ticking one asks for.
+#include "alerts/actions/action_list_rules.h"
+
+#include <gtest/gtest.h>
+
+#include "fake/fake_host.h"
+
+namespace velmora::tests {
+namespace {
+
+struct ActionListRulesTest : testing::Test {
+    fake::FakeHost host;
+    Forms forms;
+    Form1& form1 = forms.form1;
+    ListBox& list = forms.form1.lstAct;
+    ActionListRules rules{forms, host};
+
+    ActionListRulesTest() {
+        for (int i = 0; i < 5; ++i) form1.ListView1.addColumn({});
+    }
+    void watch(const std::string& freeSpace) {
+        form1.ListView1.Add("C:\\").setSubItems(1, freeSpace);
+    }
+    std::string ticked() {
+        std::string all;
+        for (int i = 0; i < list.ListCount(); ++i) {
+            if (list.Selected(i)) all += (all.empty() ? "" : " ") + std::to_string(i);
+        }
+        return all;
+    }
+    /// The texts of the boxes, with a bar between.
+    std::string boxes() {
+        std::string all;
+        for (const Box& box : host.boxes) all += (all.empty() ? "" : "|") + box.text;
+        return all;
+    }
+};
+
+constexpr const char* noMove = "The 'Move Specified files' option will be de-selected";
+constexpr const char* noDelete = "The 'Delete Specified files' option will be de-selected";
+constexpr const char* noRecycle =
+    "The 'Send Specified files to Recycle Bin' option will be de-selected";
+constexpr const char* twoRows =
+    "You must have two or more listed drive/path(s) that are functionally ready to select this "
+    "option.";
+
+TEST_F(ActionListRulesTest, MovingDeletingAndRecyclingExcludeEachOtherInPairs) {
+    const struct {
+        int first;
+        int second;
+        const char* message;
+    } cases[] = {{2, 1, noDelete},  {3, 1, noRecycle}, {1, 2, noMove},
+                 {3, 2, noRecycle}, {1, 3, noMove},    {2, 3, noDelete}};
+    for (const auto& each : cases) {
+        list.userTick(each.first, true);
+        EXPECT_EQ(boxes(), "");
+        list.userTick(each.second, true);
+        EXPECT_EQ(boxes(), each.message);
+        EXPECT_EQ(ticked(), std::to_string(each.second));
+        list.userTick(each.second, false);
+        EXPECT_EQ(ticked(), "");
+        host.boxes.clear();
+    }
+}
+
+TEST_F(ActionListRulesTest, TheMessageComesBeforeTheOtherIsUnticked) {
+    list.userTick(1, true);
+    std::string during;
+    host.onBox = [&](const Box&) { during = ticked(); };
+    list.userTick(2, true);
+    EXPECT_EQ(during, "1 2");
+    EXPECT_EQ(ticked(), "2");
+}
+
+TEST_F(ActionListRulesTest, BothOthersGoEachWithItsMessage) {
+    // Ticked before the rules were there.
+    Forms before;
+    for (const int entry : {1, 2, 3}) before.form1.lstAct.setSelected(entry, true);
+    ActionListRules late{before, host};
+    before.form1.lstAct.setSelected(3, false);
+    EXPECT_EQ(boxes(), "");
+    before.form1.lstAct.setSelected(3, true);
+    EXPECT_EQ(boxes(), std::string(noMove) + "|" + noDelete);
+    EXPECT_FALSE(before.form1.lstAct.Selected(1) || before.form1.lstAct.Selected(2));
+}
+
+TEST_F(ActionListRulesTest, UntickingSaysNothing) {
+    for (int entry = 0; entry < list.ListCount(); ++entry) {
+        if (entry != act::autoMove && entry != act::mail) list.setSelected(entry, true);
+    }
+    host.boxes.clear();
+    for (int entry = 0; entry < list.ListCount(); ++entry) list.userTick(entry, false);
+    EXPECT_EQ(boxes(), "");
+}
+
+TEST_F(ActionListRulesTest, EntriesWithoutARuleAreTickedSilently) {
+    for (const int entry : {0, 5, 6, 7, 9, 10, 11}) list.userTick(entry, true);
+    EXPECT_EQ(ticked(), "0 5 6 7 9 10 11");
+    EXPECT_EQ(boxes(), "");
+    EXPECT_FALSE(forms.frmNotify.Visible());
+}
+
+TEST_F(ActionListRulesTest, AutoMoveIsRefusedWithOneRowOnly) {
+    watch("1,000 KB");
+    list.userTick(act::autoMove, true);
+    EXPECT_EQ(boxes(), twoRows);
+    EXPECT_EQ(ticked(), "");
+}
+
+TEST_F(ActionListRulesTest, AutoMoveIsRefusedWithoutAnyRow) {
+    list.userTick(act::autoMove, true);
+    EXPECT_EQ(boxes(), twoRows);
+    EXPECT_EQ(ticked(), "");
+}
+
+TEST_F(ActionListRulesTest, RowsThatAreUnavailableDoNotCount) {
+    watch("1,000 KB");
+    watch("N/A");
+    watch("not n/a yet");
+    list.userTick(act::autoMove, true);
+    EXPECT_EQ(boxes(), twoRows);
+    EXPECT_EQ(ticked(), "");
+    host.boxes.clear();
+    watch("5 KB");
+    list.userTick(act::autoMove, true);
+    EXPECT_EQ(boxes(), "");
+    EXPECT_EQ(ticked(), "4");
+}
+
+TEST_F(ActionListRulesTest, TickingTheMailOffersItsSettings) {
+    host.answers = {BoxAnswer::yes};
+    list.userTick(act::mail, true);
+    ASSERT_EQ(host.boxes.size(), 1u);
+    EXPECT_EQ(host.boxes[0].text, "Please review your email settings. Open Notification Settings?");
+    EXPECT_EQ(host.boxes[0].buttons, BoxButtons::yesNo);
+    EXPECT_TRUE(forms.frmNotify.Visible());
+    EXPECT_EQ(ticked(), "8");
+}
+
+TEST_F(ActionListRulesTest, RefusingTheMailSettingsKeepsTheTick) {
+    list.userTick(act::mail, true);
+    EXPECT_FALSE(forms.frmNotify.Visible());
+    EXPECT_EQ(ticked(), "8");
+    list.userTick(act::mail, false);
+    EXPECT_EQ(host.boxes.size(), 1u);
+}
+
+TEST_F(ActionListRulesTest, TheSpecifiedPathIsOpenWhileMovingIsTicked) {
+    list.userTick(0, true);
+    EXPECT_FALSE(form1.txtDrive.Enabled());
+    list.userTick(1, true);
+    EXPECT_TRUE(form1.txtDrive.Enabled());
+    list.userTick(2, true);
+    EXPECT_FALSE(form1.txtDrive.Enabled());
+}
+
+TEST_F(ActionListRulesTest, AClickWithMovingTickedUnticksDeleting) {
+    Forms before;
+    for (const int entry : {1, 2, 3}) before.form1.lstAct.setSelected(entry, true);
+    ActionListRules late{before, host};
+    before.form1.lstAct.Click();
+    EXPECT_TRUE(before.form1.lstAct.Selected(1));
+    EXPECT_FALSE(before.form1.lstAct.Selected(2));
+    EXPECT_TRUE(before.form1.lstAct.Selected(3));
+    EXPECT_EQ(boxes(), "");
+}
+
+TEST_F(ActionListRulesTest, AClickWithDeletingAloneKeepsIt) {
+    list.setSelected(2, true);
+    list.Click();
+    EXPECT_EQ(ticked(), "2");
+    EXPECT_FALSE(form1.txtDrive.Enabled());
+}
+
+}  // namespace
+}  // namespace velmora::tests

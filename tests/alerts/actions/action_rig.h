@@ -1,0 +1,159 @@
+// The actions on a shortage on a machine and a user in memory: three drives, watched rows, listed
+// files, and a short row to act for.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "alerts/actions/action_branch.h"
+#include "base/errors.h"
+#include "base/text.h"
+#include "fake/fake_host.h"
+#include "fake/fake_machine.h"
+
+namespace velmora::tests {
+
+struct ActionRig {
+    struct Dialog : AlertDialog {
+        void show() override { ++shown; }
+        int shown = 0;
+    };
+    struct Switch : WatchSwitch {
+        explicit Switch(ActionRig& rig) : rig_(rig) {}
+        void cmdPause_Click() override {
+            rig_.done.push_back(rig_.form1.Timer1.Enabled() ? "pause, running" : "pause, stopped");
+        }
+        ActionRig& rig_;
+    };
+    struct Mail : NotificationMail {
+        explicit Mail(ActionRig& rig) : rig_(rig) {}
+        void send() override {
+            rig_.done.push_back("send");
+            if (rig_.mailError != 0) throw RuntimeError(rig_.mailError);
+        }
+        ActionRig& rig_;
+    };
+
+    static constexpr double KB = 1024;
+    static constexpr const char* minutes = "20260314 15:09";
+    static constexpr const char* dateTime = "03/14/26 15:09:26";
+    static constexpr const char* shortageText = " - ALERT";
+
+    fake::FakeMachine machine;
+    fake::FakeHost host;
+    fake::FakeNotifyArea notifyArea;
+    User32 user32;
+    Forms forms;
+    Form1& form1 = forms.form1;
+    ListView& list = forms.form1.ListView1;
+    ListView& files = forms.form1.LVFile;
+    Dialog dialog;
+    AlertList alerts{forms, machine.platform(), notifyArea, dialog};
+    SystemActions system{forms, machine.platform(), user32};
+    Switch watchSwitch{*this};
+    Mail mail{*this};
+    IdleAlertPorts idle;
+    Actions actions{forms,
+                    machine.platform(),
+                    host,
+                    alerts,
+                    system,
+                    {watchSwitch, idle.stayOnTop, idle.checkTick, mail, idle.properties,
+                     idle.translucency, dialog}};
+    FileActions& fileActions = actions.fileActions();
+    std::vector<std::string> done;  ///< what the ports were asked
+    int mailError = 0;
+    std::unique_ptr<Drive> drive;
+    std::unique_ptr<Shortage> shortage;
+
+    /// The row of C: is short; D: has room. A check is running.
+    ActionRig() {
+        for (const char* path : {"C:", "D:", "E:"}) machine.drives[path] = {1000 * KB, 1e9};
+        for (int i = 0; i < 5; ++i) list.addColumn({});
+        watch("C:\\");
+        form1.txtDrive.setText("D:\\store\\old");
+        form1.txtSpace.setText("5000");
+        forms.globals.bChecking = true;
+        shortOf(1);
+    }
+
+    ListItem& watch(const std::string& path, const std::string& freeSpace = "1,000 KB") {
+        ListItem& row = list.Add(path);
+        row.setSubItems(1, freeSpace);
+        return row;
+    }
+    /// That row is the short one, and its first alert has been raised.
+    void shortOf(int row) {
+        drive = machine.platform().fso.GetDrive("C:");
+        shortage.reset(
+            new Shortage{row, list.ListItems(row).Text(), *drive, 5000, shortageText, "stamp", ""});
+        list.ListItems(row).setSubTag(4, shortageText);
+        machine.log.clear();
+    }
+    /// The short row watches that text.
+    void shortRowWatches(const std::string& text) {
+        list.ListItems(shortage->row).setText(text);
+        shortage->rowText = text;
+    }
+    /// A row of LVFile whose path names nothing.
+    ListItem& listMissing(const std::string& path, const std::string& size = "n/a") {
+        ListItem& row = files.Add(path);
+        row.setTag(path);
+        row.setSubItems(1, size);
+        return row;
+    }
+    /// A listed file of so many bytes.
+    ListItem& listFile(const std::string& path, double bytes = 3,
+                       const std::string& size = "7 KB") {
+        machine.files[path] = "abc";
+        machine.sizes[path] = bytes;
+        return listMissing(path, size);
+    }
+    /// A listed folder with files of one byte in it.
+    ListItem& listFolder(const std::string& path, const std::vector<std::string>& names) {
+        machine.folders.insert(lowerCase(path));
+        for (const std::string& name : names) machine.files[path + "\\" + name] = "x";
+        return listMissing(path, "0 KB");
+    }
+    /// As the box beside the list holds entries; the action that moves goes by it.
+    void selectFiles() { form1.cboFile.AddItem("any"); }
+
+    void run(int action) { actions.run(action, *shortage); }
+    /// The error's number; 0 for none.
+    int errorOf(int action) {
+        try {
+            run(action);
+            return 0;
+        } catch (const RuntimeError& failure) {
+            return failure.number();
+        }
+    }
+    const std::string& strAlert() { return shortage->strAlert; }
+    int alertCount() { return form1.LVAlert.Count(); }
+    /// "rating | time | text", the newest first.
+    std::string alert(int index) {
+        const ListItem& row = form1.LVAlert.ListItems(index);
+        return row.Text() + " | " + row.SubItems(1) + " | " + row.SubItems(2);
+    }
+    /// The paths of LVFile from the top, with a blank between.
+    std::string listed() {
+        std::string all;
+        for (int i = 1; i <= files.Count(); ++i) {
+            all += (i > 1 ? " " : "") + files.ListItems(i).Tag();
+        }
+        return all;
+    }
+    const std::string& panel(int index) { return form1.StatusBar1.Panels(index).Text; }
+    bool exists(const std::string& path) { return machine.files.count(path) > 0; }
+    static std::string medium(const std::string& text) {
+        return "Medium | " + std::string(minutes) + " | " + text;
+    }
+    static std::string note(const std::string& text) {
+        return "High | " + std::string(dateTime) + " | " + text;
+    }
+};
+
+}  // namespace velmora::tests

@@ -1,0 +1,285 @@
+// Recycling, sound, bin, programs, mail, cleaner, pause, and the entries without an action.
+#include "alerts/actions/action_rig.h"
+
+namespace velmora::tests {
+namespace {
+
+using Calls = std::vector<std::string>;
+
+struct SmallActionsTest : testing::Test, ActionRig {};
+
+TEST_F(SmallActionsTest, EntriesWithoutAnActionOfTheirOwnDoNothing) {
+    listFile("C:\\a");
+    selectFiles();
+    for (const int action : {act::alert, act::progressDialog, 12, 15, -1}) {
+        EXPECT_EQ(errorOf(action), 0);
+    }
+    EXPECT_EQ(machine.log.count(), 0);
+    EXPECT_EQ(alertCount(), 0);
+    EXPECT_EQ(strAlert(), shortageText);
+    EXPECT_EQ(listed(), "C:\\a");
+    EXPECT_TRUE(done.empty());
+}
+
+TEST_F(SmallActionsTest, TheFirstListedFileGoesToTheBinWhicheverDriveItLiesOn) {
+    listFile("D:\\1");
+    listFile("C:\\2");
+    run(act::recycle);
+    EXPECT_EQ(machine.log.calls(), Calls{"SHFileOperationA 3 64 D:\\1"});
+    EXPECT_EQ(machine.recycled, Calls{"D:\\1"});
+    EXPECT_EQ(listed(), "C:\\2");
+}
+
+TEST_F(SmallActionsTest, TheNoteOfTheBinNamesTheFileAtTheShortRowsOwnIndex) {
+    watch("D:\\");
+    shortOf(2);
+    for (const char* path : {"C:\\1", "C:\\2", "C:\\3"}) listFile(path);
+    run(act::recycle);
+    EXPECT_EQ(machine.recycled, Calls{"C:\\1"});
+    EXPECT_EQ(alert(1), note("Auto send file to recycle bin: C:\\3"));
+    EXPECT_EQ(alertCount(), 1);
+    EXPECT_EQ(shortage->strNote, "");
+    EXPECT_EQ(strAlert(), shortageText);
+}
+
+TEST_F(SmallActionsTest, AListThatIsTooShortForTheNoteFailsAfterTheFileWasSent) {
+    listFile("C:\\1");
+    EXPECT_EQ(errorOf(act::recycle), error::indexOutOfBounds);
+    EXPECT_EQ(machine.recycled, Calls{"C:\\1"});
+    EXPECT_EQ(listed(), "");
+    EXPECT_EQ(alertCount(), 0);
+}
+
+TEST_F(SmallActionsTest, AnEmptyListFailsBeforeAnythingIsSent) {
+    EXPECT_EQ(errorOf(act::recycle), error::indexOutOfBounds);
+    EXPECT_EQ(machine.log.count(), 0);
+}
+
+TEST_F(SmallActionsTest, TheBinsResultIsNotLookedAt) {
+    machine.operationResult = 1223;
+    listFile("C:\\1");
+    listFile("C:\\2");
+    EXPECT_EQ(errorOf(act::recycle), 0);
+    EXPECT_EQ(listed(), "C:\\2");
+    EXPECT_TRUE(exists("C:\\1"));
+    EXPECT_EQ(alert(1), note("Auto send file to recycle bin: C:\\2"));
+}
+
+TEST_F(SmallActionsTest, ADrivesRootIsNeverSentToTheBin) {
+    listMissing("D:\\");
+    listFile("C:\\2");
+    EXPECT_EQ(errorOf(act::recycle), error::permissionDenied);
+    EXPECT_TRUE(machine.operations.empty());
+    EXPECT_EQ(listed(), "D:\\ C:\\2");
+    EXPECT_EQ(alertCount(), 0);
+}
+
+TEST_F(SmallActionsTest, ASharesRootIsNeverSentToTheBinInWhateverSpelling) {
+    listFile("C:\\2");
+    for (const char* path : {"\\\\server\\share", "//server/share", "\\\\server/share/",
+                             "\\\\?\\UNC\\server\\share", "\\\\.\\C:\\2", "\\\\server"}) {
+        files.ListItems(1).setTag(path);
+        EXPECT_EQ(errorOf(act::recycle), error::permissionDenied) << path;
+    }
+    EXPECT_TRUE(machine.operations.empty());
+}
+
+TEST_F(SmallActionsTest, APathWithANulInsideIsNeverTakenForTwo) {
+    listFile("C:\\1");
+    listFile("C:\\2");
+    files.ListItems(1).setTag(std::string("C:\\1\0C:\\2", 9));
+    EXPECT_EQ(errorOf(act::recycle), error::permissionDenied);
+    EXPECT_TRUE(machine.operations.empty());
+    EXPECT_TRUE(exists("C:\\1"));
+    EXPECT_TRUE(exists("C:\\2"));
+}
+
+TEST_F(SmallActionsTest, TheRowOfTheSentFileGoesThoughTheListWasSortedBehindTheShellsQuestion) {
+    for (const char* path : {"C:\\1", "C:\\2", "C:\\3"}) listFile(path);
+    machine.onCall = [this](const std::string& call) {
+        if (call.starts_with("SHFileOperationA")) files.sortBy(0, 1);
+    };
+    run(act::recycle);
+    EXPECT_EQ(machine.recycled, Calls{"C:\\1"});
+    EXPECT_EQ(listed(), "C:\\3 C:\\2");
+}
+
+TEST_F(SmallActionsTest, NoOtherRowGoesWhenThatOfTheSentFileWasTakenAwayMeanwhile) {
+    for (const char* path : {"C:\\1", "C:\\2", "C:\\3"}) listFile(path);
+    machine.onCall = [this](const std::string& call) {
+        if (call.starts_with("SHFileOperationA")) files.Remove(1);
+    };
+    run(act::recycle);
+    EXPECT_EQ(machine.recycled, Calls{"C:\\1"});
+    EXPECT_EQ(listed(), "C:\\2 C:\\3");
+}
+
+TEST_F(SmallActionsTest, NotesBelongToNoRow) {
+    // A repeat of the row's first alert would be dropped.
+    list.ListItems(1).setSubTag(4, "Recycle Bin Content Emptied.");
+    run(act::emptyBin);
+    EXPECT_EQ(alertCount(), 1);
+}
+
+TEST_F(SmallActionsTest, TheChosenSoundIsPlayedToItsEnd) {
+    form1.txtAudio[0].setText("C:\\ring.wav");
+    machine.files["C:\\ring.wav"] = "";
+    run(act::sound);
+    ASSERT_EQ(machine.played.size(), 1u);
+    EXPECT_EQ(machine.played[0].first, "C:\\ring.wav");
+    EXPECT_EQ(machine.played[0].second, 2);
+    EXPECT_EQ(alertCount(), 0);
+    EXPECT_EQ(strAlert(), shortageText);
+}
+
+TEST_F(SmallActionsTest, WithoutTheChosenSoundThatOfTheProgramsFolderIsPlayed) {
+    form1.txtAudio[1].setText("C:\\second.wav");
+    machine.files["C:\\second.wav"] = "";
+    for (const char* name : {"C:\\gone.wav", ""}) {
+        machine.played.clear();
+        form1.txtAudio[0].setText(name);
+        run(act::sound);
+        ASSERT_EQ(machine.played.size(), 1u);
+        EXPECT_EQ(machine.played[0].first, "C:\\Program Files\\Velmora\\sound\\alert.WAV");
+        EXPECT_EQ(machine.played[0].second, 2);
+    }
+}
+
+TEST_F(SmallActionsTest, EmptyingTheBinLetsTheSystemAskForAllDrives) {
+    run(act::emptyBin);
+    ASSERT_EQ(machine.emptied.size(), 1u);
+    EXPECT_EQ(machine.emptied[0].root, "");
+    EXPECT_EQ(machine.emptied[0].flags, 0u);
+    EXPECT_EQ(alert(1), note("Recycle Bin Content Emptied."));
+    EXPECT_EQ(shortage->strNote, "");
+    EXPECT_EQ(strAlert(), shortageText);
+}
+
+TEST_F(SmallActionsTest, EveryListedFileIsOpenedAndNoneLeavesTheList) {
+    listFile("D:\\a.exe");
+    listMissing("C:\\gone.exe");
+    form1.LVProg.Add("program").setTag("C:\\prog.exe");
+    form1.cboProg.AddItem("C:\\prog.exe");
+    machine.files["C:\\prog.exe"] = "";
+    run(act::run);
+    ASSERT_EQ(machine.executed.size(), 1u);
+    const fake::FakeExecution& told = machine.executed[0];
+    EXPECT_EQ(told.owner, "Form1");
+    EXPECT_EQ(told.verb, "open");
+    EXPECT_EQ(told.file, "D:\\a.exe");
+    EXPECT_EQ(told.parameters, "0");
+    EXPECT_EQ(told.directory, "");
+    EXPECT_EQ(told.showCommand, 1);
+    const std::string text =
+        " - ALERT - Specified Program Executed: \r\nD:\\a.exe\r\n"
+        " - Specified Program Execution Failed (File Does Not Exist): \r\nC:\\gone.exe\r\n";
+    EXPECT_EQ(strAlert(), text);
+    EXPECT_EQ(alert(1), note(text));
+    EXPECT_EQ(alertCount(), 1);
+    EXPECT_EQ(shortage->strNote, "");
+    EXPECT_EQ(listed(), "D:\\a.exe C:\\gone.exe");
+}
+
+TEST_F(SmallActionsTest, AListedFolderIsNoProgram) {
+    listFolder("C:\\tools", {});
+    run(act::run);
+    EXPECT_TRUE(machine.executed.empty());
+    EXPECT_EQ(alert(1), note(" - ALERT - Specified Program Execution Failed (File Does Not "
+                             "Exist): \r\nC:\\tools\r\n"));
+}
+
+TEST_F(SmallActionsTest, WithoutListedFilesTheRunningTextIsRepeatedAsItStands) {
+    run(act::run);
+    EXPECT_EQ(alert(1), note(shortageText));
+    EXPECT_EQ(strAlert(), shortageText);
+}
+
+TEST_F(SmallActionsTest, AProgramThatTheSystemRefusesCountsAsExecuted) {
+    machine.executes = false;
+    listFile("C:\\a.exe");
+    EXPECT_EQ(errorOf(act::run), 0);
+    EXPECT_EQ(strAlert(), " - ALERT - Specified Program Executed: \r\nC:\\a.exe\r\n");
+}
+
+TEST_F(SmallActionsTest, TheMailIsSentAndToldOnce) {
+    run(act::mail);
+    EXPECT_EQ(done, Calls{"send"});
+    EXPECT_EQ(alert(1), note("Notification Email Sent."));
+    EXPECT_EQ(alertCount(), 1);
+    EXPECT_EQ(strAlert(), shortageText);
+}
+
+TEST_F(SmallActionsTest, AnErrorOfTheMailGoesToTheCheck) {
+    mailError = error::typeMismatch;
+    EXPECT_EQ(errorOf(act::mail), error::typeMismatch);
+    EXPECT_EQ(alertCount(), 0);
+}
+
+TEST_F(SmallActionsTest, TheCleanerGetsTheLetterOfTheRowsDrive) {
+    machine.folders.insert("c:\\data");
+    for (const char* path : {"C:\\", "c:\\", "C:\\data"}) {
+        shortRowWatches(path);
+        run(act::cleaner);
+        EXPECT_EQ(machine.executed.back().file, "cleanmgr");
+        EXPECT_EQ(machine.executed.back().parameters, " /d C  /sagerun: 12");
+        EXPECT_EQ(alert(1), note("Clean Manager Called."));
+    }
+    EXPECT_EQ(alertCount(), 3);
+    EXPECT_EQ(strAlert(), shortageText);
+}
+
+TEST_F(SmallActionsTest, TheCleanerGetsATextThatNamesNothingAsItStands) {
+    for (const char* path : {"C:\\gone", "//host/share"}) {
+        shortRowWatches(path);
+        machine.log.clear();
+        run(act::cleaner);
+        EXPECT_EQ(machine.executed.back().parameters,
+                  " /d " + std::string(path) + "  /sagerun: 12");
+        EXPECT_EQ(machine.log.countOf("GetDrive"), 0);
+    }
+}
+
+TEST_F(SmallActionsTest, ATextWithTwoSlashesInFrontIsNotLookedUp) {
+    shortRowWatches("//host/share");
+    run(act::cleaner);
+    EXPECT_EQ(machine.log.countOf("F"), 0);
+}
+
+TEST_F(SmallActionsTest, AShareHasNoLetterForTheCleaner) {
+    machine.drives["\\\\host\\share"] = {};
+    shortRowWatches("\\\\host\\share");
+    run(act::cleaner);
+    EXPECT_EQ(machine.executed.back().parameters, "  /sagerun: 12");
+}
+
+TEST_F(SmallActionsTest, PausingStopsTheTimerAndThenClicksThePauseButton) {
+    EXPECT_TRUE(form1.Timer1.Enabled());
+    run(act::pause);
+    EXPECT_EQ(done, Calls{"pause, stopped"});
+    EXPECT_EQ(alert(1), note("Program paused by user option to pause on alert event."));
+    EXPECT_EQ(alertCount(), 1);
+    EXPECT_EQ(shortage->strNote, "");
+    EXPECT_EQ(strAlert(), shortageText);
+}
+
+TEST_F(SmallActionsTest, NotesAreStampedWithTheTimeOfTheirOwn) {
+    machine.now = {2027, 11, 5, 6, 7, 8};
+    run(act::emptyBin);
+    EXPECT_EQ(alert(1), "High | 11/05/27 06:07:08 | Recycle Bin Content Emptied.");
+}
+
+TEST_F(SmallActionsTest, ARowThatIsGoneHasNoCleaner) {
+    list.Clear();
+    EXPECT_EQ(errorOf(act::cleaner), error::indexOutOfBounds);
+    EXPECT_TRUE(machine.executed.empty());
+}
+
+TEST_F(SmallActionsTest, AnotherRowInItsPlaceGetsNoCleaner) {
+    watch("D:\\");
+    list.Remove(1);
+    EXPECT_EQ(errorOf(act::cleaner), error::indexOutOfBounds);
+    EXPECT_TRUE(machine.executed.empty());
+}
+
+}  // namespace
+}  // namespace velmora::tests

@@ -1,0 +1,81 @@
+// The alert dialog on a machine, a user and a screen in memory.
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "alerts/dialog/alert_dialog_hiding.h"
+#include "alerts/dialog/alert_dialog_options.h"
+#include "alerts/dialog/alert_dialog_window.h"
+#include "base/errors.h"
+#include "fake/fake_host.h"
+#include "fake/fake_machine.h"
+
+namespace velmora::tests {
+
+struct DialogRig {
+    struct Screen : WorkArea {
+        int Width() override { return 20000; }
+        int Height() override { return 15000; }
+    };
+    /// Notes the form and the level.
+    struct Glass : Translucency {
+        bool SetTranslucency(const Form& form, int percent) override {
+            levels.emplace_back(form.Name(), percent);
+            return true;
+        }
+        std::vector<std::pair<std::string, int>> levels;
+    };
+
+    fake::FakeMachine machine;
+    fake::FakeHost host;
+    StayOnTop onTop;
+    Screen screen;
+    Glass glass;
+    Forms forms;
+    Form1& form1 = forms.form1;
+    DlgAlert& dialog = forms.dlgAlert;
+    JournalLog log{forms, machine.platform(), host, onTop};
+    AlertDialogWindow window{forms, screen};
+    AlertDialogHiding hiding{forms, glass, log};
+    AlertDialogOptions options{forms, machine.platform(), host};
+    const std::string logPath = "C:\\Program Files\\Velmora\\log.dat";
+    const std::string cleanerFile = "C:\\Program Files\\Velmora\\clen.dat";
+
+    DialogRig() {
+        for (int i = 0; i < 5; ++i) form1.ListView1.addColumn({});
+    }
+
+    void tick(int times = 1) {
+        for (int i = 0; i < times; ++i) dialog.Timer1.Tick();
+    }
+    /// Clicks the label of that caption, among the options or the buttons.
+    void click(const std::string& caption) {
+        for (auto* labels : {&dialog.lblAct, &dialog.lblAl}) {
+            for (Label& label : *labels) {
+                if (label.Caption() == caption) return label.userClick();
+            }
+        }
+        FAIL() << "no label " << caption;
+    }
+    const std::string& pending() { return dialog.lblAl[3].Tag(); }
+    /// A row of the watch list with that state.
+    void row(const std::string& path, const std::string& state) {
+        form1.ListView1.Add(path).setReportIcon(1, state);
+    }
+    std::vector<int> tickedActions() {
+        std::vector<int> ticked;
+        for (int i = 0; i < form1.lstAct.ListCount(); ++i) {
+            if (form1.lstAct.Selected(i)) ticked.push_back(i);
+        }
+        return ticked;
+    }
+    void tickAllActions() {
+        for (int i = 0; i < form1.lstAct.ListCount(); ++i) form1.lstAct.setSelected(i, true);
+    }
+};
+
+}  // namespace velmora::tests

@@ -1,0 +1,66 @@
+// The activity log on a machine and a user in memory, with a record of what was asked in which
+// order.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "alerts/journal/journal_log.h"
+#include "base/errors.h"
+#include "base/text.h"
+#include "fake/fake_host.h"
+#include "fake/fake_machine.h"
+
+namespace velmora::tests {
+
+struct LogRig {
+    using Steps = std::vector<std::string>;
+
+    /// The main window's staying in front.
+    struct OnTop : StayOnTop {
+        explicit OnTop(Steps& all) : steps(all) {}
+        void drop() override {
+            steps.push_back("drop");
+            if (failsToDrop) throw RuntimeError(error::invalidCall);
+        }
+        void restore() override { steps.push_back("restore"); }
+        Steps& steps;
+        bool failsToDrop = false;
+    };
+
+    Steps steps;  ///< boxes, calls of the machine and the main window's dropping and coming back
+    fake::FakeMachine machine;
+    fake::FakeHost host;
+    OnTop onTop{steps};
+    Forms forms;
+    Form1& form1 = forms.form1;
+    TextBox& journal = forms.form1.txtAlert;
+    JournalLog log{forms, machine.platform(), host, onTop};
+    const std::string path = "C:\\Program Files\\Velmora\\log.dat";
+
+    LogRig() {
+        machine.onCall = [this](const std::string& call) { steps.push_back(call); };
+        host.onBox = [this](const Box&) { steps.push_back("box"); };
+        form1.lblLog.setCaption(path);
+        form1.chkAutoSave.setValue(1);
+    }
+
+    /// An entry as the check and the buttons write them.
+    void enter(const std::string& text) { journal.prepend(text + "\r\n . \r\n"); }
+    /// Clicks the button of that caption on the log page.
+    void click(const std::string& caption) {
+        for (Label& label : form1.lblAl) {
+            if (label.Caption() == caption) return label.userClick();
+        }
+        FAIL() << "no button " << caption;
+    }
+    void answer(BoxAnswer one) { host.answers.push_back(one); }
+
+    bool hasFile() const { return machine.files.count(path) > 0; }
+    std::string file() const { return hasFile() ? machine.files.at(path) : "no file"; }
+    const std::string& mark() const { return journal.Tag(); }
+};
+
+}  // namespace velmora::tests

@@ -1,0 +1,165 @@
+// The specified files and programs with all their buttons, on a machine and a user in memory.
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "alerts/lists/file_list_buttons.h"
+#include "alerts/lists/manual_operations.h"
+#include "alerts/lists/program_list.h"
+#include "base/text.h"
+#include "fake/fake_surface.h"
+
+namespace velmora::tests {
+
+struct ListsRig {
+    struct Switch : WatchSwitch {
+        explicit Switch(ListsRig& all) : all_(all) {}
+        void cmdPause_Click() override {
+            CommandButton& button = all_.form1.cmdPause;
+            button.setCaption(button.Caption() == "Pause Watch" ? "Start Watch" : "Pause Watch");
+            all_.order.push_back("watch: " + button.Caption());
+        }
+        ListsRig& all_;
+    };
+    struct OnTop : StayOnTop {
+        explicit OnTop(ListsRig& all) : all_(all) {}
+        void drop() override { all_.order.push_back("drop"); }
+        void restore() override { all_.order.push_back("restore"); }
+        ListsRig& all_;
+    };
+    struct Check : CheckTick {
+        explicit Check(ListsRig& all) : all_(all) {}
+        void Timer1_Timer() override { all_.order.push_back("tick"); }
+        ListsRig& all_;
+    };
+    struct Properties : FileProperties {
+        explicit Properties(ListsRig& all) : all_(all) {}
+        void prcShowProperties(const std::string& path, const std::string& owner) override {
+            all_.order.push_back("properties of " + path + " by " + owner);
+        }
+        ListsRig& all_;
+    };
+    struct Dialog : AlertDialog {
+        explicit Dialog(ListsRig& all) : all_(all) {}
+        void show() override { all_.order.push_back("dialog shown"); }
+        ListsRig& all_;
+    };
+
+    fake::FakeMachine machine;
+    fake::FakeHost host;
+    fake::FakeNotifyArea notifyArea;
+    fake::FakeUser32 user32;
+    /// What the ports, the boxes and the machine were asked, in order.
+    std::vector<std::string> order;
+    Switch watchSwitch{*this};
+    OnTop onTop{*this};
+    Check check{*this};
+    Properties sheets{*this};
+    Dialog dialog{*this};
+    IdleAlertPorts idle;
+    Forms forms;
+    Form1& form1 = forms.form1;
+    ListView& list = forms.form1.LVFile;
+    ListView& programRows = forms.form1.LVProg;
+    AlertList alerts{forms, machine.platform(), notifyArea, dialog};
+    SystemActions systemActions{forms, machine.platform(), user32};
+    FileList files{machine.platform(), host};
+    FileListButtons buttons{forms, host, files, ports()};
+    ProgramList programs{forms, machine.platform(), host};
+    ManualOperations manual{{forms, machine.platform(), host, alerts, systemActions}, ports()};
+
+    ListsRig() {
+        machine.drives["C:"] = {1e9, 2e9};
+        machine.drives["E:"] = {1e9, 2e9};
+        machine.folders.insert("c:\\data");
+        machine.folders.insert("e:\\spare");
+        form1.txtDrive.setText("E:\\spare\\");
+        machine.onCall = [this](const std::string& call) { order.push_back(call); };
+        host.onBox = [this](const Box& box) { order.push_back("box: " + box.text); };
+        host.onDialog = [this](const std::string& title) { order.push_back("browse: " + title); };
+    }
+
+    AlertPorts ports() {
+        AlertPorts all = idle.all();
+        return {watchSwitch, onTop, check, all.mail, sheets, all.translucency, dialog};
+    }
+
+    /// A file of that many bytes.
+    void file(const std::string& path, std::size_t bytes = 3) {
+        machine.files[path] = std::string(bytes, 'x');
+    }
+    /// A folder with one file of that many bytes in it.
+    void fullFolder(const std::string& path, std::size_t bytes = 1536) {
+        machine.folders.insert(lowerCase(path));
+        file(path + "\\inside.bin", bytes);
+    }
+    /// A row as the actions see it.
+    ListItem& row(const std::string& tag, bool selected = false) {
+        ListItem& added = list.Add(fileNameOf(tag));
+        added.setTag(tag);
+        added.setSelected(selected);
+        return added;
+    }
+    /// An existing file with its row.
+    void listedFile(const std::string& path, bool selected = false) {
+        file(path);
+        row(path, selected);
+    }
+    /// Forgets what was asked so far.
+    void forget() {
+        order.clear();
+        machine.log.clear();
+        host.boxes.clear();
+    }
+
+    std::vector<std::string> tags() const { return tagsOf(list); }
+    static std::vector<std::string> tagsOf(const ListView& rows) {
+        std::vector<std::string> all;
+        for (int i = 1; i <= rows.Count(); ++i) all.push_back(rows.ListItems(i).Tag());
+        return all;
+    }
+    /// The texts of the boxes.
+    std::vector<std::string> said() const {
+        std::vector<std::string> all;
+        for (const Box& box : host.boxes) all.push_back(box.text);
+        return all;
+    }
+    /// The alerts from the top: time, rating and text.
+    std::vector<std::string> alertRows() const {
+        std::vector<std::string> all;
+        const ListView& rows = forms.form1.LVAlert;
+        for (int i = 1; i <= rows.Count(); ++i) {
+            const ListItem& each = rows.ListItems(i);
+            all.push_back(each.SubItems(1) + " | " + each.Text() + " | " + each.SubItems(2));
+        }
+        return all;
+    }
+    static std::string mediumAlert(const std::string& text) {
+        return "20260314 15:09 | Medium | " + text;
+    }
+    static std::string entry(const std::string& text) {
+        return "03/14/26 15:09:26" + text + "\r\n . \r\n";
+    }
+    const std::string& journal() const { return forms.form1.txtAlert.Text(); }
+    const std::string& dialogText() const { return forms.dlgAlert.Label1.Text(); }
+    int count(const std::string& call) const {
+        int found = 0;
+        for (const std::string& each : order) found += each == call ? 1 : 0;
+        return found;
+    }
+    /// The file system's paths, files with their content.
+    std::map<std::string, std::string> disk() const {
+        std::map<std::string, std::string> all(machine.files.begin(), machine.files.end());
+        for (const std::string& folder : machine.folders) all[folder + "\\"] = "";
+        return all;
+    }
+};
+
+inline const std::string missingQuestion =
+    "The file/folder you are attempting to add does not exists: \r\nC:\\gone.txt\r\nAdd anyway?";
+
+}  // namespace velmora::tests
