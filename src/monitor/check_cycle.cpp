@@ -7,7 +7,7 @@
 #include "base/drive_text.h"
 #include "base/resume_next.h"
 #include "base/text.h"
-#include "monitor/watch_row.h"
+#include "rows/watch_row.h"
 
 namespace velmora {
 

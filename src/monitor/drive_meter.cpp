@@ -5,7 +5,7 @@
 #include "base/convert.h"
 #include "base/runtime_error.h"
 #include "base/text.h"
-#include "monitor/watch_row.h"
+#include "rows/watch_row.h"
 
 namespace velmora {
 

@@ -9,7 +9,7 @@
 #include "base/format_number.h"
 #include "base/runtime_error.h"
 #include "base/text.h"
-#include "monitor/watch_row.h"
+#include "rows/watch_row.h"
 
 namespace velmora {
 

@@ -7,7 +7,7 @@
 #include "base/resume_next.h"
 #include "base/text.h"
 #include "monitor/maker.h"
-#include "monitor/watch_row.h"
+#include "rows/watch_row.h"
 
 namespace velmora {
 
@@ -33,7 +33,7 @@ void LifeCycle::Form_Load() {
     Form1& form1 = forms_.form1;
     forms_.globals.lastFileTime = platform_.clock.GetSystemTimeAsFileTime();
     forms_.globals.strSettings = platform_.app.Path + "\\set.dat";
-    addColumns();
+    WatchRow::addColumns(forms_.form1.ListView1);
     // The list is empty: this only shows the countdown.
     parts_.checkCycle.Timer1_Timer();
     parts_.watchControl.chkCustTime_Click();
@@ -56,15 +56,6 @@ void LifeCycle::Form_Load() {
     for (int i = 1; i <= form1.ListView1.Count(); ++i) {
         ports_.events.prcSetPrevInfoLV(form1.ListView1.ListItems(i));
     }
-}
-
-void LifeCycle::addColumns() {
-    ListView& list = forms_.form1.ListView1;
-    list.addColumn({"Drive Path", 2000});
-    list.addColumn({"Free Space", 1500, Alignment::right});
-    list.addColumn({"Total Size", 1500, Alignment::right});
-    list.addColumn({"Trigger Space", 1400, Alignment::right});
-    list.addColumn({"Time Last Checked", 1480});
 }
 
 // Stops at the greatest 32-bit number, as the figures of a refresh do.

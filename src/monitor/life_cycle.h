@@ -42,7 +42,6 @@ class LifeCycle {
     void Form_Unload() { forms_.form1.Hide(); }
 
   private:
-    void addColumns();
     std::int32_t sumOfFreeKB();
     void noteStart();
     void addSendToShortcut();

@@ -6,7 +6,7 @@
 #include "base/convert.h"
 #include "base/format_number.h"
 #include "base/text.h"
-#include "monitor/watch_row.h"
+#include "rows/watch_row.h"
 
 namespace velmora {
 

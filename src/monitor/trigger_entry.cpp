@@ -1,7 +1,7 @@
 #include "monitor/trigger_entry.h"
 
 #include "base/convert.h"
-#include "monitor/watch_row.h"
+#include "rows/watch_row.h"
 
 namespace velmora {
 

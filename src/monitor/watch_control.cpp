@@ -6,7 +6,7 @@
 #include "base/resume_next.h"
 #include "base/runtime_error.h"
 #include "base/text.h"
-#include "monitor/watch_row.h"
+#include "rows/watch_row.h"
 
 namespace velmora {
 

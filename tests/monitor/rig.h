@@ -16,7 +16,7 @@
 #include "monitor/watch_control.h"
 #include "monitor/watch_list.h"
 #include "monitor/watch_list_commands.h"
-#include "monitor/watch_row.h"
+#include "rows/watch_row.h"
 
 namespace velmora::tests {
 

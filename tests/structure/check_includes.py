@@ -15,13 +15,14 @@ import tempfile
 from pathlib import Path
 
 GROUND = {"platform", "base"}
-FIELDS = GROUND | {"forms", "controls"}
+FIELDS = GROUND | {"forms", "rows", "controls"}
 SUBSYSTEMS = {"monitor", "alerts", "persist", "notify", "inspect"}
 
 # What each folder may include besides itself.
 MAY_SEE = {
     "base": set(),
     "controls": {"base"},
+    "rows": {"controls", "base"},
     "forms": {"controls", "base"},
     "platform": {"base"},
     "platform/linux": GROUND,
@@ -171,6 +172,8 @@ CASES = [
       "platform/windows/clock.cpp": '#include <windows.h>\n#include "platform/clock.h"\n',
       "platform/linux/clock.cpp": '#include <unistd.h>\n#ifdef __linux__\n#endif\n',
       "notify/mail.h": PURPOSE, "alerts/list.cpp": '#include "notify/mail.h"\n',
+      "controls/list_view.h": PURPOSE, "rows/watch_row.h": PURPOSE + '#include "controls/list_view.h"\n',
+      "monitor/check.cpp": '#include "rows/watch_row.h"\n',
       "qt/window.cpp": '#include <QWidget>\n#include "moc_window.cpp"\n',
       "app/main.cpp": '#include <unistd.h>\n#include "platform/clock.h"\n#ifdef _WIN32\n#endif\n'},
      []),
@@ -183,6 +186,12 @@ CASES = [
     ("an arrow between two subsystems that have none",
      {"persist/settings.h": PURPOSE, "inspect/disk.cpp": '#  include "persist/settings.h"\n'},
      ["inspect/disk.cpp:1:"]),
+    ("a row that sees a window",
+     {"forms/form1.h": PURPOSE, "rows/watch_row.cpp": '#include "forms/form1.h"\n'},
+     ["rows/watch_row.cpp:1:"]),
+    ("a window that sees a row",
+     {"rows/watch_row.h": PURPOSE, "forms/form1.cpp": '#include "rows/watch_row.h"\n'},
+     ["forms/form1.cpp:1:"]),
     ("an interface that sees its backend",
      {"platform/linux/mounts.h": PURPOSE,
       "platform/paths.cpp": '#include "platform/linux/mounts.h"\n'},

@@ -18,6 +18,8 @@ class WatchRow {
     static constexpr int columnTotal = 3;
     static constexpr int columnTrigger = 4;
     static constexpr int columnChecked = 5;
+    /// Gives the watch list, which has no columns yet, the headers that the fields stand under.
+    static void addColumns(ListView& list);
 
     /// A drive root or a folder path.
     const std::string& path() const { return item_.Text(); }

@@ -1,36 +1,36 @@
-#include "monitor/watch_row.h"
+#include "rows/watch_row.h"
 
 #include <gtest/gtest.h>
 
-#include "monitor/rig.h"
+#include "controls/form.h"
 
 namespace velmora::tests {
 namespace {
 
 struct WatchRowTest : testing::Test {
-    WatchRowTest() { rig.load(); }
-    Rig rig;
+    WatchRowTest() { WatchRow::addColumns(list); }
+    Form form{"Form1"};
+    ListView list{form, "ListView1"};
 };
 
-TEST_F(WatchRowTest, ColumnsHaveTheirOrderTextsAndAlignmentFromTheStart) {
+TEST_F(WatchRowTest, AddsItsColumnsInTheirOrder) {
     const struct {
         const char* text;
         Alignment alignment;
     } columns[] = {{"Drive Path", Alignment::left},
                    {"Free Space", Alignment::right},
                    {"Total Size", Alignment::right},
-                   // The start chooses KB, which takes the words' last four characters.
-                   {"Trigger S(KB)", Alignment::right},
+                   {"Trigger Space", Alignment::right},
                    {"Time Last Checked", Alignment::left}};
-    ASSERT_EQ(rig.list.ColumnCount(), 5);
+    ASSERT_EQ(list.ColumnCount(), 5);
     for (int i = 0; i < 5; ++i) {
-        EXPECT_EQ(rig.list.ColumnHeaders(i + 1).Text, columns[i].text);
-        EXPECT_EQ(rig.list.ColumnHeaders(i + 1).alignment, columns[i].alignment) << i;
+        EXPECT_EQ(list.ColumnHeaders(i + 1).Text, columns[i].text);
+        EXPECT_EQ(list.ColumnHeaders(i + 1).alignment, columns[i].alignment) << i;
     }
 }
 
 TEST_F(WatchRowTest, WritesEachFieldToItsPlaceInTheRow) {
-    ListItem& item = rig.list.Add();
+    ListItem& item = list.Add();
     WatchRow row(item);
     row.setPath("C:\\data");
     row.setFreeSpace("1 KB");
@@ -56,7 +56,7 @@ TEST_F(WatchRowTest, WritesEachFieldToItsPlaceInTheRow) {
 }
 
 TEST_F(WatchRowTest, ReadsEachFieldFromItsPlaceInTheRow) {
-    ListItem& item = rig.list.Add("C:\\data");
+    ListItem& item = list.Add("C:\\data");
     item.setSubItems(1, "1 KB");
     item.setSubItems(2, "2 KB");
     item.setSubItems(3, "3");
@@ -84,7 +84,7 @@ TEST_F(WatchRowTest, ReadsEachFieldFromItsPlaceInTheRow) {
 }
 
 TEST_F(WatchRowTest, ANewRowIsUnwatchedAndEmptyButForItsPath) {
-    const WatchRow row(rig.list.Add("C:\\"));
+    const WatchRow row(list.Add("C:\\"));
     EXPECT_FALSE(row.watched());
     EXPECT_FALSE(row.item().Bold());
     for (const std::string& text :
@@ -99,7 +99,7 @@ TEST_F(WatchRowTest, KeepsNamesWithBlanksQuotesForeignLettersAndManyCharacters) 
          {std::string("C:\\My Files "), std::string("C:\\say \"hi\""),
           std::string("C:\\\u00DCn\u00EFc\u00F6d\u00E9 \u6587\u4EF6 \U0001F4BE"),
           "C:\\" + std::string(300, 'x')}) {
-        EXPECT_EQ(WatchRow(rig.list.Add(name)).path(), name);
+        EXPECT_EQ(WatchRow(list.Add(name)).path(), name);
     }
 }
 
