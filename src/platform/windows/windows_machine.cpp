@@ -5,17 +5,17 @@
 #include <string>
 
 #include "platform/platform.h"
-#include "platform/windows/command_line.h"
-#include "platform/windows/utf16.h"
-#include "platform/windows/windows_advapi32.h"
-#include "platform/windows/windows_clock.h"
-#include "platform/windows/windows_file_system_object.h"
-#include "platform/windows/windows_kernel32.h"
-#include "platform/windows/windows_regional.h"
-#include "platform/windows/windows_shell32.h"
-#include "platform/windows/windows_text_files.h"
-#include "platform/windows/windows_winmm.h"
-#include "platform/windows/windows_wscript_shell.h"
+#include "platform/windows/desktop/windows_shell32.h"
+#include "platform/windows/desktop/windows_winmm.h"
+#include "platform/windows/desktop/windows_wscript_shell.h"
+#include "platform/windows/files/windows_file_system_object.h"
+#include "platform/windows/files/windows_kernel32.h"
+#include "platform/windows/files/windows_text_files.h"
+#include "platform/windows/programs/command_line.h"
+#include "platform/windows/settings/windows_advapi32.h"
+#include "platform/windows/settings/windows_regional.h"
+#include "platform/windows/system/utf16.h"
+#include "platform/windows/system/windows_clock.h"
 
 namespace velmora {
 

@@ -3,9 +3,9 @@
 #include <windows.h>
 
 #include "platform/platform.h"
-#include "platform/windows/command_line.h"
-#include "platform/windows/utf16.h"
-#include "platform/windows/windows_regional.h"
+#include "platform/windows/programs/command_line.h"
+#include "platform/windows/settings/windows_regional.h"
+#include "platform/windows/system/utf16.h"
 #include "support/wait.h"
 
 namespace velmora::windows {

@@ -1,0 +1,78 @@
+#include "platform/linux/drives/entry_counts.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+
+namespace velmora::linuxhost {
+
+namespace {
+
+bool isDots(const char* name) {
+    return std::strcmp(name, ".") == 0 || std::strcmp(name, "..") == 0;
+}
+
+void count(int folder, const dirent64& entry, EntryCounts& counts) {
+    if (isDots(entry.d_name)) return;
+    bool isFolder = entry.d_type == DT_DIR;
+    // Some filesystems don't tell kinds in their listings.
+    if (entry.d_type == DT_LNK || entry.d_type == DT_UNKNOWN) {
+        struct stat status {};
+        isFolder = fstatat(folder, entry.d_name, &status, 0) == 0 && S_ISDIR(status.st_mode);
+    }
+    ++(isFolder ? counts.folders : counts.files);
+}
+
+// The reading functions of the runtime allocate memory, which a forked child may not.
+int countAll(int folder, EntryCounts& counts) {
+    alignas(dirent64) char buffer[32 * 1024];
+    while (true) {
+        const ssize_t size = getdents64(folder, buffer, sizeof buffer);
+        if (size < 0 && errno == EINTR) continue;
+        if (size < 0) return errno;
+        if (size == 0) return 0;
+        for (ssize_t at = 0; at < size;) {
+            const auto& entry = *reinterpret_cast<const dirent64*>(buffer + at);
+            count(folder, entry, counts);
+            at += entry.d_reclen;
+        }
+    }
+}
+
+int openFolder(const char* path) {
+    int folder = 0;
+    do {
+        folder = open(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    } while (folder < 0 && errno == EINTR);
+    return folder;
+}
+
+}  // namespace
+
+int countEntries(const char* path, EntryCounts& counts) {
+    const int folder = openFolder(path);
+    if (folder < 0) return errno;
+    counts = {};
+    const int failure = countAll(folder, counts);
+    close(folder);
+    return failure;
+}
+
+int beginListing(const char* path) {
+    const int folder = openFolder(path);
+    if (folder < 0) return errno;
+    alignas(dirent64) char buffer[32 * 1024];
+    ssize_t size = 0;
+    do {
+        size = getdents64(folder, buffer, sizeof buffer);
+    } while (size < 0 && errno == EINTR);
+    const int failure = size < 0 ? errno : 0;
+    close(folder);
+    return failure;
+}
+
+}  // namespace velmora::linuxhost

@@ -1,0 +1,36 @@
+// What a drive's helper process is asked and what it answers: one datagram each.
+#pragma once
+
+#include <limits.h>
+
+#include <cstddef>
+#include <cstdint>
+
+#include "platform/linux/drives/entry_counts.h"
+#include "platform/linux/drives/filesystem_reading.h"
+
+namespace velmora::linuxhost {
+
+enum class HelperQuestion : std::uint32_t { space, kind, entries, listing };
+
+enum class FileKind : std::uint32_t { none, folder, file };
+
+struct HelperRequest {
+    HelperQuestion question = HelperQuestion::space;
+    char path[PATH_MAX] = {};  // sent up to its NUL
+
+    static constexpr std::size_t headSize() { return offsetof(HelperRequest, path); }
+};
+
+struct HelperReply {
+    int error = 0;  ///< 0 or the errno
+    FileKind kind = FileKind::none;
+    FilesystemReading reading;
+    EntryCounts entries;
+};
+
+/// The child's whole life: gives up everything it inherited but the socket, answers until the
+/// other end is closed, and ends the process. Only makes calls that are safe after a fork.
+[[noreturn]] void runHelper(int socket);
+
+}  // namespace velmora::linuxhost

@@ -1,0 +1,113 @@
+#include "platform/linux/entries/opened_parent.h"
+
+#include <fcntl.h>
+#include <linux/openat2.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <filesystem>
+#include <system_error>
+
+namespace velmora::linuxhost {
+
+namespace {
+
+constexpr int folderFlags = O_PATH | O_DIRECTORY | O_CLOEXEC;
+
+bool isDriveRoot(Volumes& volumes, const std::string& hostPath) {
+    const auto roots = volumes.roots();
+    return hostPath == "/" || std::any_of(roots.begin(), roots.end(), [&](const DriveRoot& each) {
+               return each.mountPoint == hostPath;
+           });
+}
+
+bool isLink(int folder, const std::string& name) {
+    struct stat status {};
+    return fstatat(folder, name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0 &&
+           S_ISLNK(status.st_mode);
+}
+
+int openNext(int folder, const std::string& name, int& failure) {
+    const int next = openat(folder, name.c_str(), folderFlags | O_NOFOLLOW);
+    // A link is merely no folder to the kernel.
+    if (next < 0) failure = errno == ENOTDIR && isLink(folder, name) ? ELOOP : errno;
+    return next;
+}
+
+}  // namespace
+
+int walkWithoutLinks(const std::string& path, int& failure) {
+    int folder = open("/", folderFlags);
+    if (folder < 0) failure = errno;
+    for (std::size_t at = 1; folder >= 0 && at < path.size();) {
+        const auto end = std::min(path.find('/', at), path.size());
+        const int next = openNext(folder, path.substr(at, end - at), failure);
+        close(folder);
+        folder = next;
+        at = end + 1;
+    }
+    return folder;
+}
+
+int openWithoutLinks(const std::string& path, int& failure) {
+    open_how how{};
+    how.flags = folderFlags;
+    how.resolve = RESOLVE_NO_SYMLINKS;
+    long folder = -1;
+    do {
+        folder = syscall(SYS_openat2, AT_FDCWD, path.c_str(), &how, sizeof how);
+    } while (folder < 0 && errno == EINTR);
+    if (folder >= 0) return static_cast<int>(folder);
+    // Some sandboxes deny what they don't know.
+    if (errno == ENOSYS || errno == EPERM) return walkWithoutLinks(path, failure);
+    failure = errno;
+    return -1;
+}
+
+OpenedParent::OpenedParent(Volumes& volumes, const std::string& hostPath) {
+    const auto slash = hostPath.rfind('/');
+    if (slash == std::string::npos) {
+        failure_ = ENOENT;
+        return;
+    }
+    if (isDriveRoot(volumes, hostPath)) {
+        failure_ = EBUSY;
+        return;
+    }
+    name_ = hostPath.substr(slash + 1);
+    const std::string folder = slash == 0 ? "/" : hostPath.substr(0, slash);
+    // Asked first, since opening would wait for a drive that doesn't answer.
+    if (volumes.kindOf(folder) != FileKind::folder) {
+        failure_ = ENOENT;
+        return;
+    }
+    file_ = openWithoutLinks(folder, failure_);
+}
+
+OpenedParent::~OpenedParent() {
+    if (isOpen()) close(file_);
+}
+
+int OpenedParent::look(struct stat& status) const {
+    return fstatat(file_, name_.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0 ? 0 : errno;
+}
+
+std::string withoutLinksAbove(const std::string& hostPath, Volumes& volumes) {
+    namespace fs = std::filesystem;
+    std::string path = hostPath;
+    while (path.size() > 1 && path.back() == '/') path.pop_back();
+    const auto slash = path.rfind('/');
+    const std::string name = path.substr(slash + 1);
+    // "." and ".." name no entry of their own.
+    const bool isWhole = name == "." || name == "..";
+    const std::string folder = isWhole ? path : path.substr(0, std::max<std::size_t>(slash, 1));
+    if (volumes.kindOf(folder) != FileKind::folder) return hostPath;
+    std::error_code failure;
+    const fs::path real = fs::canonical(folder, failure);
+    if (failure) return hostPath;
+    return isWhole ? real.string() : (real / name).string();
+}
+
+}  // namespace velmora::linuxhost

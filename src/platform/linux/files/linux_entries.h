@@ -1,0 +1,20 @@
+// What is told about files and folders of this host, and the removal of folders.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/file_system_object.h"
+#include "platform/linux/drives/volumes.h"
+
+namespace velmora::linuxhost {
+
+/// The paths are the same one, of a drive and of the host; something was there a moment ago. The
+/// volumes must outlive the entries.
+std::unique_ptr<File> makeFile(Volumes& volumes, std::string path, std::string hostPath);
+std::unique_ptr<Folder> makeFolder(Volumes& volumes, std::string path, std::string hostPath);
+
+/// What the shell would call a file of that name: "TXT File", "File" without an extension.
+std::string typeOfName(const std::string& name);
+
+}  // namespace velmora::linuxhost

@@ -1,0 +1,37 @@
+// System calls of the other system's kernel, answered from this host's drives.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+
+#include "platform/kernel32.h"
+#include "platform/linux/drives/volumes.h"
+#include "platform/linux/files/linux_find.h"
+
+namespace velmora::linuxhost {
+
+class LinuxKernel32 final : public Kernel32 {
+  public:
+    explicit LinuxKernel32(Volumes& volumes) : volumes_(volumes) {}
+    std::uint32_t GetLogicalDriveStringsA(std::uint32_t length, std::string& buffer) override;
+    std::string GetWindowsDirectoryA() override;
+    /// Of this host's environment, where names have a case.
+    std::string GetEnvironmentVariableA(const std::string& name) override;
+
+    /// Attributes by mode and name: read-only without the owner's right to write, hidden with a
+    /// point in front. The folder itself may be reached through links.
+    FindHandle FindFirstFileA(const std::string& pattern, FindData& entry) override;
+    bool FindNextFileA(FindHandle listing, FindData& entry) override;
+    void FindClose(FindHandle listing) override { listings_.erase(listing); }
+    std::uint32_t GetLastError() override { return lastError_; }
+    std::int32_t MoveFileA(const std::string& from, const std::string& to) override;
+
+  private:
+    Volumes& volumes_;
+    std::uint32_t lastError_ = 0;
+    std::map<FindHandle, FolderListing> listings_;
+    FindHandle lastListing_ = 0;
+};
+
+}  // namespace velmora::linuxhost

@@ -1,0 +1,249 @@
+#include "platform/linux/moving/file_copy.h"
+
+#include <fcntl.h>
+#include <limits.h>
+#include <signal.h>
+#include <sys/stat.h>
+#include <sys/xattr.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "platform/linux/entries/rename_entry.h"
+
+namespace velmora::linuxhost {
+
+namespace {
+
+// Beside the errnos: another way is to be tried.
+constexpr int noUnnamedFiles = -1;
+constexpr int passingNameTaken = -2;
+
+class Descriptor {
+  public:
+    explicit Descriptor(int file) : file_(file), failure_(file < 0 ? errno : 0) {}
+    ~Descriptor() {
+        if (file_ >= 0) ::close(file_);
+    }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+
+    int file() const { return file_; }
+    int failure() const { return failure_; }
+    /// What servers tell only now. Whatever it is, the file is closed.
+    int close() {
+        const int failure = ::close(file_) == 0 || errno == EINTR ? 0 : errno;
+        file_ = -1;
+        return failure;
+    }
+
+  private:
+    int file_;
+    int failure_;
+};
+
+// A lease for reading can't be had beside a writer. Somebody who opens the file in that moment
+// waits for its end, and must cost this process no signal that would end it.
+bool isHeldForWriting(int file) {
+    fcntl(file, F_SETSIG, SIGURG);
+    if (fcntl(file, F_SETLEASE, F_RDLCK) != 0) return errno == EAGAIN;
+    fcntl(file, F_SETLEASE, F_UNLCK);
+    return false;
+}
+
+int openToRead(int folder, const std::string& name) {
+    return openat(folder, name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+}
+
+int writeAll(int file, const char* bytes, std::size_t size) {
+    while (size > 0) {
+        const auto written = write(file, bytes, size);
+        if (written < 0 && errno == EINTR) continue;
+        if (written < 0) return errno;
+        if (written == 0) return ENOSPC;
+        bytes += written;
+        size -= static_cast<std::size_t>(written);
+    }
+    return 0;
+}
+
+// The bytes from `at` to `end` in both files.
+int copyPiece(int from, int to, off_t at, off_t end, std::vector<char>& buffer) {
+    if (lseek(from, at, SEEK_SET) < 0 || lseek(to, at, SEEK_SET) < 0) return errno;
+    while (at < end) {
+        const auto wanted = std::min<off_t>(end - at, static_cast<off_t>(buffer.size()));
+        const auto got = read(from, buffer.data(), static_cast<std::size_t>(wanted));
+        if (got < 0 && errno == EINTR) continue;
+        if (got < 0) return errno;
+        if (got == 0) return EBUSY;  // cut shorter meanwhile
+        if (const int failure = writeAll(to, buffer.data(), static_cast<std::size_t>(got));
+            failure != 0)
+            return failure;
+        at += got;
+    }
+    return 0;
+}
+
+// Holes stay holes, so that a file doesn't grow on its way.
+int copyContent(int from, int to, off_t size) {
+    std::vector<char> buffer(1 << 20);
+    off_t at = 0;
+    while (at < size) {
+        off_t start = lseek(from, at, SEEK_DATA);
+        if (start < 0 && errno == ENXIO) break;
+        if (start < 0) start = at;  // a filesystem that doesn't tell
+        off_t end = lseek(from, start, SEEK_HOLE);
+        if (end < 0) end = size;
+        end = std::min(end, size);
+        if (const int failure = copyPiece(from, to, start, end, buffer); failure != 0)
+            return failure;
+        at = std::max(end, start + 1);
+    }
+    return ftruncate(to, size) == 0 ? 0 : errno;
+}
+
+bool isLossOfDisk(int failure) {
+    return failure == ENOSPC || failure == EDQUOT || failure == EIO;
+}
+
+// Access lists and what programs keep beside a file, as far as the other filesystem takes them. 0,
+// or the errno of a disk that is full or broken.
+int copyAttributes(int from, int to) {
+    const auto size = flistxattr(from, nullptr, 0);
+    if (size <= 0) return 0;
+    std::vector<char> names(static_cast<std::size_t>(size));
+    const auto used = flistxattr(from, names.data(), names.size());
+    for (ssize_t at = 0; at < used;) {
+        const char* name = names.data() + at;
+        std::vector<char> value(XATTR_SIZE_MAX);
+        const auto length = fgetxattr(from, name, value.data(), value.size());
+        if (length < 0 && errno == EIO) return EIO;
+        if (length >= 0 &&
+            fsetxattr(to, name, value.data(), static_cast<std::size_t>(length), 0) != 0 &&
+            isLossOfDisk(errno))
+            return errno;
+        at += static_cast<ssize_t>(std::strlen(name)) + 1;
+    }
+    return 0;
+}
+
+// A filesystem without owners or modes refuses; times are what a copy must have.
+int copyNature(int from, int to, const struct stat& status) {
+    const bool hasOwner = fchown(to, status.st_uid, status.st_gid) == 0;
+    // The rights of an owner who isn't the file's here are nobody's.
+    const mode_t mode = status.st_mode & (hasOwner ? 07777 : 0777);
+    if (const int failure = copyAttributes(from, to); failure != 0) return failure;
+    if (fchmod(to, mode) != 0 && errno != EPERM && errno != ENOTSUP) return errno;
+    const timespec times[] = {status.st_atim, status.st_mtim};
+    return futimens(to, times) == 0 ? 0 : errno;
+}
+
+bool isSame(const struct stat& one, const struct stat& other) {
+    return one.st_dev == other.st_dev && one.st_ino == other.st_ino &&
+           one.st_size == other.st_size && one.st_mtim.tv_sec == other.st_mtim.tv_sec &&
+           one.st_mtim.tv_nsec == other.st_mtim.tv_nsec;
+}
+
+int copyInto(int from, const struct stat& status, int to) {
+    if (const int failure = copyContent(from, to, status.st_size); failure != 0) return failure;
+    if (const int failure = copyNature(from, to, status); failure != 0) return failure;
+    if (fsync(to) != 0) return errno;
+    struct stat now {};
+    if (fstat(from, &now) != 0) return errno;
+    return isSame(now, status) ? 0 : EBUSY;
+}
+
+// A file of the folder without a name, which goes by itself if this process ends. 0, or the errno.
+int copyUnnamed(int from, int toFolder, const std::string& to, CopiedEntry& copied) {
+    Descriptor copy(openat(toFolder, ".", O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600));
+    if (copy.failure() != 0) return noUnnamedFiles;
+    const std::string path = "/proc/self/fd/" + std::to_string(copy.file());
+    struct stat status {};
+    if (fstat(copy.file(), &status) != 0 || access(path.c_str(), F_OK) != 0) return noUnnamedFiles;
+    copied.copy = identityOf(status);
+    if (const int failure = copyInto(from, copied.source, copy.file()); failure != 0)
+        return failure;
+    if (linkat(AT_FDCWD, path.c_str(), toFolder, to.c_str(), AT_SYMLINK_FOLLOW) != 0)
+        return errno == EEXIST || isLossOfDisk(errno) ? errno : noUnnamedFiles;
+    const int failure = copy.close();
+    if (failure != 0) removeOwn(toFolder, to, copied.copy);
+    return failure;
+}
+
+std::string passingName() {
+    static unsigned number = 0;
+    return ".velmora-" + std::to_string(getpid()) + '-' + std::to_string(++number);
+}
+
+// A copy under a passing name, which nobody takes for the whole file. 0, or the errno.
+int copyUnderPassingName(int from, int toFolder, const std::string& passing, const std::string& to,
+                         CopiedEntry& copied) {
+    Descriptor copy(openat(toFolder, passing.c_str(),
+                           O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
+    if (copy.failure() == EEXIST) return passingNameTaken;
+    if (copy.failure() != 0) return copy.failure();
+    struct stat status {};
+    if (fstat(copy.file(), &status) != 0) return errno;
+    copied.copy = identityOf(status);
+    int failure = copyInto(from, copied.source, copy.file());
+    if (const int atClose = copy.close(); failure == 0) failure = atClose;
+    if (failure == 0) failure = renameInto(toFolder, passing, toFolder, to);
+    if (failure != 0) removeOwn(toFolder, passing, copied.copy);
+    return failure;
+}
+
+int copyFile(int fromFolder, const std::string& from, int toFolder, const std::string& to,
+             CopiedEntry& copied) {
+    const Descriptor source(openToRead(fromFolder, from));
+    if (source.failure() != 0) return source.failure();
+    if (fstat(source.file(), &copied.source) != 0) return errno;
+    if (!S_ISREG(copied.source.st_mode)) return EXDEV;
+    if (isHeldForWriting(source.file())) return EBUSY;
+    int failure = copyUnnamed(source.file(), toFolder, to, copied);
+    if (failure != noUnnamedFiles) return failure;
+    failure = passingNameTaken;
+    for (int tries = 0; failure == passingNameTaken && tries < 100; ++tries)
+        failure = copyUnderPassingName(source.file(), toFolder, passingName(), to, copied);
+    return failure == passingNameTaken ? EEXIST : failure;
+}
+
+// A link is there as a whole or not at all, so it needs no other name before.
+int copyLink(int fromFolder, const std::string& from, int toFolder, const std::string& to,
+             CopiedEntry& copied) {
+    std::vector<char> target(PATH_MAX + 1);
+    const auto size = readlinkat(fromFolder, from.c_str(), target.data(), PATH_MAX);
+    if (size < 0) return errno;
+    if (symlinkat(target.data(), toFolder, to.c_str()) != 0) return errno;
+    struct stat made {};
+    if (fstatat(toFolder, to.c_str(), &made, AT_SYMLINK_NOFOLLOW) != 0) return errno;
+    copied.copy = identityOf(made);
+    const struct stat& status = copied.source;
+    const timespec times[] = {status.st_atim, status.st_mtim};
+    // A link's owner and times are as good as never looked at; where they stay behind, so be it.
+    utimensat(toFolder, to.c_str(), times, AT_SYMLINK_NOFOLLOW);
+    static_cast<void>(
+        !fchownat(toFolder, to.c_str(), status.st_uid, status.st_gid, AT_SYMLINK_NOFOLLOW));
+    return 0;
+}
+
+}  // namespace
+
+int copyEntry(int fromFolder, const std::string& from, int toFolder, const std::string& to,
+              CopiedEntry& copied) {
+    struct stat& status = copied.source;
+    if (fstatat(fromFolder, from.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0) return errno;
+    if (S_ISREG(status.st_mode)) return copyFile(fromFolder, from, toFolder, to, copied);
+    if (S_ISLNK(status.st_mode)) return copyLink(fromFolder, from, toFolder, to, copied);
+    return EXDEV;
+}
+
+bool isOpenForWriting(int folder, const std::string& name) {
+    const Descriptor file(openToRead(folder, name));
+    return file.failure() == 0 && isHeldForWriting(file.file());
+}
+
+}  // namespace velmora::linuxhost

@@ -1,0 +1,79 @@
+#include "platform/linux/paths/path_mapping.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+
+#include "base/text.h"
+#include "platform/file_system_object.h"
+#include "platform/linux/paths/path_names.h"
+
+namespace velmora::linuxhost {
+
+namespace {
+
+constexpr const char* separators = "\\/";
+
+bool isSeparator(char c) {
+    return c == '\\' || c == '/';
+}
+
+std::string joined(const std::string& folder, const std::string& names) {
+    if (names.empty()) return folder;
+    return folder == "/" ? folder + names : folder + '/' + names;
+}
+
+}  // namespace
+
+std::string workingFolder() {
+    std::error_code failure;
+    const auto folder = std::filesystem::current_path(failure);
+    return failure ? "/" : folder.string();
+}
+
+std::string drivePathOf(const std::string& hostPath, const std::vector<DriveRoot>& roots) {
+    const std::string path = '/' + normalized(hostPath, "/", '/');
+    const DriveRoot* longest = nullptr;
+    for (const DriveRoot& root : roots) {
+        if (!isWithin(path, root.mountPoint)) continue;
+        if (!longest || root.mountPoint.size() > longest->mountPoint.size()) longest = &root;
+    }
+    if (!longest) return {};
+    const auto skipped = longest->mountPoint == "/" ? 1 : longest->mountPoint.size() + 1;
+    const std::string names = path.size() > skipped ? path.substr(skipped) : std::string{};
+    const bool isShare = longest->drive.size() > 2;
+    if (names.empty() && isShare) return longest->drive;
+    return longest->drive + '\\' + toDriveNames(names);
+}
+
+std::string hostPathOf(const std::string& drivePath, const std::vector<DriveRoot>& roots) {
+    if (drivePath.empty() || drivePath.find('\0') != std::string::npos) return {};
+    const std::string name = driveNameOf(drivePath);
+    const auto namesBehind = [&drivePath](std::size_t start) {
+        return toHostNames(normalized(drivePath.substr(start), separators, '\\'));
+    };
+    if (name.empty()) {
+        if (isSeparator(drivePath[0])) return joined("/", namesBehind(1));
+        return hostPathOf(fullDrivePath(drivePath, roots), roots);
+    }
+    const std::string drive = lowerCase(name);
+    const auto root = std::find_if(roots.begin(), roots.end(), [&drive](const DriveRoot& each) {
+        return lowerCase(each.drive) == drive;
+    });
+    return root == roots.end() ? std::string{} : joined(root->mountPoint, namesBehind(name.size()));
+}
+
+std::string fullDrivePath(const std::string& drivePath, const std::vector<DriveRoot>& roots) {
+    const std::string name = driveNameOf(drivePath);
+    if (name.empty()) {
+        if (!drivePath.empty() && isSeparator(drivePath[0]))
+            return drivePathOf(hostPathOf(drivePath, roots), roots);
+        const std::string folder = drivePathOf(workingFolder(), roots);
+        return folder.empty() ? folder : fullDrivePath(folder + '\\' + drivePath, roots);
+    }
+    const std::string names = normalized(drivePath.substr(name.size()), separators, '\\');
+    const bool isShareRoot = names.empty() && name.size() > 2;
+    return isShareRoot ? name : name + '\\' + names;
+}
+
+}  // namespace velmora::linuxhost

@@ -1,0 +1,25 @@
+// The program's arguments as the other system's programs get them: one text, with paths as drive
+// paths.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/linux/drives/volumes.h"
+
+namespace velmora::linuxhost {
+
+/// The arguments in the kernel's form (each closed by a NUL, the program's name first), without the
+/// program's name.
+std::vector<std::string> argumentsIn(std::string_view commandLine);
+
+/// Each argument in double quotes, blanks between them. One that names something that is there
+/// becomes its drive path; in any other a double quote is carried as in drive paths, so that
+/// whoever splits at the quotes gets every argument whole.
+std::string commandText(const std::vector<std::string>& arguments, Volumes& volumes);
+
+/// The text for this process.
+std::string ownCommand(Volumes& volumes);
+
+}  // namespace velmora::linuxhost

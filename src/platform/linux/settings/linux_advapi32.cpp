@@ -1,0 +1,96 @@
+#include "platform/linux/settings/linux_advapi32.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <fstream>
+#include <iterator>
+
+#include "base/text.h"
+#include "platform/linux/entries/replace_file.h"
+#include "platform/linux/paths/path_mapping.h"
+#include "platform/linux/paths/user_folders.h"
+#include "platform/linux/programs/program_file.h"
+#include "platform/linux/settings/desktop_entry.h"
+
+namespace velmora::linuxhost {
+
+namespace {
+
+constexpr std::int32_t success = 0;
+constexpr std::int32_t noSuchKey = 2;
+constexpr std::int32_t accessDenied = 5;
+constexpr std::int32_t invalidHandle = 6;
+constexpr std::int32_t invalidParameter = 87;
+constexpr std::int32_t canNotWrite = 1013;
+
+constexpr std::uint32_t textType = 1;
+
+constexpr std::uint32_t queryValueRight = 1;
+constexpr std::uint32_t setValueRight = 2;
+
+bool isFileName(const std::string& name) {
+    return !name.empty() && name.front() != '.' && name.find('/') == std::string::npos &&
+           name.find('\0') == std::string::npos;
+}
+
+std::string entryPath(const std::string& name) {
+    return configFolder() + "/autostart/" + lowerCase(name) + ".desktop";
+}
+
+std::int32_t codeOf(int reason) {
+    if (reason == 0) return success;
+    const bool isDenied = reason == EACCES || reason == EPERM || reason == EROFS;
+    return isDenied ? accessDenied : canNotWrite;
+}
+
+}  // namespace
+
+std::int32_t LinuxAdvapi32::RegOpenKeyExA(std::uint32_t hive, const std::string& subKey,
+                                          std::uint32_t /*options*/, std::uint32_t access,
+                                          RegistryKey& key) {
+    constexpr const char* runKey = R"(software\microsoft\windows\currentversion\run)";
+    if (hive != hive::localMachine || lowerCase(subKey) != runKey) return noSuchKey;
+    key = ++lastKey_;
+    open_[key] = access;
+    return success;
+}
+
+std::int32_t LinuxAdvapi32::RegSetValueExA(RegistryKey key, const std::string& name,
+                                           std::uint32_t reserved, std::uint32_t type,
+                                           const std::string& data, std::uint32_t length) {
+    if (const std::int32_t failure = check(key, setValueRight); failure != 0) return failure;
+    if (reserved != 0 || type != textType || !isFileName(name)) return invalidParameter;
+    std::string program = data.substr(0, length);
+    program.resize(std::min(program.find('\0'), program.size()));
+    if (!program.empty()) {
+        program = hostPathOf(program, volumes_.roots());
+        if (program.empty()) return invalidParameter;
+        program = programFile(program);
+    }
+    return codeOf(replaceFile(entryPath(name), autostartEntry(name, program), 0644));
+}
+
+std::int32_t LinuxAdvapi32::RegQueryValueExA(RegistryKey key, const std::string& name,
+                                             std::uint32_t& type, std::string& data) {
+    if (const std::int32_t failure = check(key, queryValueRight); failure != 0) return failure;
+    if (!isFileName(name)) return noSuchKey;
+    std::ifstream file(entryPath(name), std::ios::binary);
+    const std::string entry{std::istreambuf_iterator<char>(file), {}};
+    const auto program = autostartProgram(entry);
+    if (!program) return noSuchKey;
+    type = textType;
+    data = program->empty() ? "" : drivePathOf(*program, volumes_.roots());
+    return success;
+}
+
+std::int32_t LinuxAdvapi32::check(RegistryKey key, std::uint32_t right) const {
+    const auto opened = open_.find(key);
+    if (opened == open_.end()) return invalidHandle;
+    return (opened->second & right) != 0 ? success : accessDenied;
+}
+
+std::int32_t LinuxAdvapi32::RegCloseKey(RegistryKey key) {
+    return open_.erase(key) > 0 ? success : invalidHandle;
+}
+
+}  // namespace velmora::linuxhost

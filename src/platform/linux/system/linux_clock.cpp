@@ -1,0 +1,45 @@
+#include "platform/linux/system/linux_clock.h"
+
+#include <time.h>
+
+#include <algorithm>
+
+namespace velmora::linuxhost {
+
+DateTime LinuxClock::Now() {
+    timespec now{};
+    clock_gettime(CLOCK_REALTIME_COARSE, &now);
+    // A check asks for each of its rows; the time zone's rules are worth a look once a second.
+    if (now.tv_sec != second_) {
+        second_ = now.tv_sec;
+        local_ = localTime(now.tv_sec);
+    }
+    return local_;
+}
+
+DateTime LinuxClock::localTime(time_t moment) {
+    // The user may have moved to another time zone meanwhile.
+    tzset();
+    tm local{};
+    localtime_r(&moment, &local);
+    // A leap second is told as the second before it.
+    return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,
+            local.tm_hour,        local.tm_min,     std::min(local.tm_sec, 59)};
+}
+
+std::int64_t LinuxClock::GetTickCount() {
+    timespec now{};
+    // To a few milliseconds, as timers need it, and asked for at every yield.
+    clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
+    return static_cast<std::int64_t>(now.tv_sec) * 1000 + now.tv_nsec / 1'000'000;
+}
+
+std::uint64_t LinuxClock::GetSystemTimeAsFileTime() {
+    constexpr std::int64_t secondsFrom1601To1970 = 11'644'473'600;
+    timespec now{};
+    clock_gettime(CLOCK_REALTIME, &now);
+    const std::int64_t seconds = static_cast<std::int64_t>(now.tv_sec) + secondsFrom1601To1970;
+    return static_cast<std::uint64_t>(seconds * 10'000'000 + now.tv_nsec / 100);
+}
+
+}  // namespace velmora::linuxhost

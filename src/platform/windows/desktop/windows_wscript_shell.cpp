@@ -1,0 +1,98 @@
+#include "platform/windows/desktop/windows_wscript_shell.h"
+
+#include <windows.h>
+// Behind the one above, which they need.
+#include <shlguid.h>
+#include <shlobj.h>
+
+#include <utility>
+
+#include "base/runtime_error.h"
+#include "base/text.h"
+#include "platform/windows/desktop/shortcut_fields.h"
+#include "platform/windows/files/windows_text_files.h"
+#include "platform/windows/system/utf16.h"
+
+namespace velmora::windows {
+
+namespace {
+
+// A reference to a component.
+template <typename Interface>
+class Reference {
+  public:
+    Reference() = default;
+    ~Reference() {
+        if (pointer_) pointer_->Release();
+    }
+    Reference(const Reference&) = delete;
+    Reference& operator=(const Reference&) = delete;
+    Interface* operator->() const { return pointer_; }
+    void** place() { return reinterpret_cast<void**>(&pointer_); }
+
+  private:
+    Interface* pointer_ = nullptr;
+};
+
+int errorOfSaving(HRESULT result) {
+    switch (result) {
+        case STG_E_PATHNOTFOUND:
+        case STG_E_FILENOTFOUND:
+        case HRESULT_FROM_WIN32(ERROR_PATH_NOT_FOUND):
+        case HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND):
+        case HRESULT_FROM_WIN32(ERROR_BAD_NETPATH):
+            return error::pathNotFound;
+        default:
+            return error::permissionDenied;
+    }
+}
+
+void require(HRESULT result) {
+    if (FAILED(result)) throw RuntimeError(errorOfSaving(result));
+}
+
+class LinkShortcut final : public Shortcut {
+  public:
+    explicit LinkShortcut(std::string file) : file_(std::move(file)) {}
+
+    void Save() override {
+        Reference<IShellLinkW> link;
+        require(CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkW,
+                                 link.place()));
+        const auto icon = iconOf(IconLocation);
+        require(link->SetPath(toUtf16(TargetPath).c_str()));
+        require(link->SetArguments(toUtf16(Arguments).c_str()));
+        require(link->SetDescription(toUtf16(Description).c_str()));
+        require(link->SetWorkingDirectory(toUtf16(WorkingDirectory).c_str()));
+        require(link->SetShowCmd(WindowStyle));
+        require(link->SetHotkey(hotKeyOf(HotKey)));
+        if (!icon.first.empty())
+            require(link->SetIconLocation(toUtf16(icon.first).c_str(), icon.second));
+        Reference<IPersistFile> file;
+        require(link->QueryInterface(IID_IPersistFile, file.place()));
+        require(file->Save(fullPath(file_).c_str(), TRUE));
+    }
+
+  private:
+    std::string file_;
+};
+
+class AddressShortcut final : public Shortcut {
+  public:
+    explicit AddressShortcut(std::string file) : file_(std::move(file)) {}
+    void Save() override { WindowsTextFiles().writeOver(file_, addressFileText(TargetPath)); }
+
+  private:
+    std::string file_;
+};
+
+}  // namespace
+
+std::unique_ptr<Shortcut> WindowsWScriptShell::CreateShortcut(const std::string& file) {
+    const std::string name = lowerCase(file);
+    if (name.ends_with(".lnk")) return std::make_unique<LinkShortcut>(file);
+    if (name.ends_with(".url")) return std::make_unique<AddressShortcut>(file);
+    return nullptr;
+}
+
+}  // namespace velmora::windows

@@ -1,0 +1,20 @@
+// Shortcuts of the system's shell.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/windows/system/com_apartment.h"
+#include "platform/wscript_shell.h"
+
+namespace velmora::windows {
+
+class WindowsWScriptShell final : public WScriptShell {
+  public:
+    std::unique_ptr<Shortcut> CreateShortcut(const std::string& file) override;
+
+  private:
+    ComApartment com_;
+};
+
+}  // namespace velmora::windows

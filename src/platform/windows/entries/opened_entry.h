@@ -1,0 +1,92 @@
+// Files and folders opened by their names in an opened folder, as what they are themselves: no link
+// is ever followed. What is done to such an entry is done to the very one that was looked at,
+// whatever happens to its path meanwhile.
+//
+// Results are the system's error codes, 0 for success.
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/windows/paths/exact_path.h"
+
+namespace velmora::windows {
+
+/// A way that leads through a link, which isn't gone: ERROR_STOPPED_ON_SYMLINK.
+inline constexpr DWORD ledThroughLink = 681;
+
+enum class Nature {
+    plain,
+    link,      ///< a symbolic link or a junction, opened itself
+    mounted,   ///< another drive's place in this one
+    hostLink,  ///< a link of the host below Wine: only what it points to can be opened
+};
+
+/// Whether an entry with these fields of a listing is a link, or anything else that stands for
+/// something that lies elsewhere.
+bool isLink(DWORD attributes, DWORD reparseTag);
+
+/// Whether the program runs under Wine, which knows no links of its own and follows those of its
+/// host unseen.
+bool isUnderWine();
+
+class OpenedEntry {
+  public:
+    /// Two are of the same entry when volume and index are the same.
+    struct Facts {
+        DWORD attributes = 0;
+        FILETIME created{};
+        FILETIME accessed{};
+        FILETIME written{};
+        std::uint64_t size = 0;
+        DWORD volume = 0;
+        std::uint64_t index = 0;
+    };
+    struct Child {
+        std::wstring name;
+        DWORD attributes = 0;
+        DWORD reparseTag = 0;
+    };
+
+    OpenedEntry() = default;
+    ~OpenedEntry() { close(); }
+    OpenedEntry(OpenedEntry&& other) noexcept : handle_(std::exchange(other.handle_, nullptr)) {}
+    OpenedEntry& operator=(OpenedEntry&& other) noexcept {
+        std::swap(handle_, other.handle_);
+        return *this;
+    }
+
+    /// The root of a drive, by its path.
+    DWORD openRoot(const std::wstring& root);
+    /// An entry of an opened folder. `options` are those of the system's native calls, `sharing`
+    /// what others may do meanwhile.
+    DWORD openIn(const OpenedEntry& folder, const std::wstring& name, ACCESS_MASK access,
+                 ULONG options = 0,
+                 ULONG sharing = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE);
+    void close();
+
+    DWORD facts(Facts& result) const;
+    /// What the entry is, opened by this name in this folder.
+    DWORD natureIn(const OpenedEntry& folder, const std::wstring& name, Nature& result) const;
+    /// All entries of a folder without "." and "..".
+    DWORD children(std::vector<Child>& result) const;
+    /// Removes the entry, with `force` also when it is read-only. It must have been opened for
+    /// that, with `force` also to write attributes. A folder must be empty.
+    DWORD remove(bool force) const;
+
+    HANDLE handle() const { return handle_; }
+
+  private:
+    HANDLE handle_ = nullptr;
+};
+
+/// Opens the folder that a path's last name lies in, step by step from the root of its drive.
+/// `ledThroughLink` when a step is a link or a drive mounted there. With `isHeld` nobody can
+/// rename or remove that folder while it is open.
+DWORD openParent(const ExactPath& path, bool isHeld, OpenedEntry& parent);
+
+}  // namespace velmora::windows

@@ -1,0 +1,81 @@
+#include "platform/windows/files/windows_file_system_object.h"
+
+#include <windows.h>
+
+#include <utility>
+
+#include "base/runtime_error.h"
+#include "platform/windows/drives/windows_drive.h"
+#include "platform/windows/files/entry_reading.h"
+#include "platform/windows/files/windows_file.h"
+#include "platform/windows/files/windows_folder.h"
+#include "platform/windows/paths/exact_path.h"
+#include "platform/windows/system/utf16.h"
+
+namespace velmora::windows {
+
+namespace {
+
+std::string withoutEndingSlash(std::string path) {
+    const bool isRoot = path.size() == 3 && path[1] == ':';
+    if (!isRoot && path.size() > 1 && path.back() == '\\') path.pop_back();
+    return path;
+}
+
+std::string absolutePath(const std::string& path) {
+    return withoutEndingSlash(withoutLongPrefix(toUtf8(fullPath(path))));
+}
+
+}  // namespace
+
+WindowsFileSystemObject::WindowsFileSystemObject(std::shared_ptr<DriveQuestions> questions)
+    : questions_(std::move(questions)) {}
+
+std::unique_ptr<Drive> WindowsFileSystemObject::GetDrive(const std::string& designator) {
+    std::string drive = driveOfDesignator(designator);
+    if (drive.empty()) throw RuntimeError(error::invalidCall);
+    return std::make_unique<WindowsDrive>(questions_, std::move(drive));
+}
+
+bool WindowsFileSystemObject::DriveExists(const std::string& designator) {
+    const std::string drive = driveOfDesignator(designator);
+    if (drive.empty()) return false;
+    const bool isLetter = drive.size() == 2;
+    if (isLetter) return (GetLogicalDrives() >> (drive.front() - 'A') & 1U) != 0;
+    return attributesOf(drive + '\\') != INVALID_FILE_ATTRIBUTES;
+}
+
+std::uint32_t WindowsFileSystemObject::attributesOf(const std::string& path) {
+    // The system would read a path up to its first NUL and so answer for another one.
+    if (path.empty() || path.find('\0') != std::string::npos) return INVALID_FILE_ATTRIBUTES;
+    const auto answer = questions_->ask<DWORD>(
+        driveOfPath(path), [wide = systemPath(path)] { return GetFileAttributesW(wide.c_str()); });
+    return answer.value_or(INVALID_FILE_ATTRIBUTES);
+}
+
+bool WindowsFileSystemObject::FolderExists(const std::string& path) {
+    const auto attributes = attributesOf(path);
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+bool WindowsFileSystemObject::FileExists(const std::string& path) {
+    const auto attributes = attributesOf(path);
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+std::unique_ptr<Folder> WindowsFileSystemObject::GetFolder(const std::string& path) {
+    if (!FolderExists(path)) throw RuntimeError(error::pathNotFound);
+    EntryReading reading(questions_, driveOfPath(path), absolutePath(path));
+    // Now, since a path without a drive goes from the current folder.
+    const auto exact = exactPath(path);
+    std::string asWritten = exact ? toUtf8(exact->text()) : path;
+    return std::make_unique<WindowsFolder>(std::move(reading), std::move(asWritten));
+}
+
+std::unique_ptr<File> WindowsFileSystemObject::GetFile(const std::string& path) {
+    if (!FileExists(path)) throw RuntimeError(error::fileNotFound);
+    EntryReading reading(questions_, driveOfPath(path), absolutePath(path));
+    return std::make_unique<WindowsFile>(std::move(reading));
+}
+
+}  // namespace velmora::windows

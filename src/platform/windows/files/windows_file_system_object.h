@@ -1,0 +1,35 @@
+// Drives, folders and files of this machine. Every question that reaches a drive has a deadline.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "platform/file_system_object.h"
+#include "platform/windows/drives/drive_questions.h"
+
+namespace velmora::windows {
+
+class WindowsFileSystemObject final : public FileSystemObject {
+  public:
+    explicit WindowsFileSystemObject(std::shared_ptr<DriveQuestions> questions =
+                                         std::make_shared<DriveQuestions>(driveDeadline));
+
+    std::string GetDriveName(const std::string& path) override { return driveNameOf(path); }
+    std::string GetFileName(const std::string& path) override { return fileNameOf(path); }
+    std::unique_ptr<Drive> GetDrive(const std::string& designator) override;
+    bool DriveExists(const std::string& designator) override;
+    bool FolderExists(const std::string& path) override;
+    bool FileExists(const std::string& path) override;
+    std::unique_ptr<Folder> GetFolder(const std::string& path) override;
+    std::unique_ptr<File> GetFile(const std::string& path) override;
+
+  private:
+    /// The attribute bits of what lies at the path; all bits set when nothing does, or when its
+    /// drive doesn't answer.
+    std::uint32_t attributesOf(const std::string& path);
+
+    std::shared_ptr<DriveQuestions> questions_;
+};
+
+}  // namespace velmora::windows

@@ -1,0 +1,178 @@
+#include "platform/windows/files/windows_text_files.h"
+
+#include <windows.h>
+
+#include <algorithm>
+
+#include "base/runtime_error.h"
+#include "base/text.h"
+#include "platform/windows/entries/entry_facts.h"
+#include "platform/windows/removal/removal.h"
+#include "platform/windows/system/system_errors.h"
+#include "platform/windows/system/utf16.h"
+
+namespace velmora::windows {
+
+namespace {
+
+constexpr std::size_t mostAtOnce = 1U << 30;
+
+bool isFolder(const std::wstring& path) {
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+int errorOfOpening(DWORD reason, const std::wstring& path) {
+    switch (reason) {
+        case ERROR_FILE_NOT_FOUND:
+        case ERROR_PATH_NOT_FOUND:
+        case ERROR_BAD_NETPATH:
+        case ERROR_BAD_NET_NAME:
+            return error::pathNotFound;
+        case ERROR_ACCESS_DENIED:
+            return isFolder(path) ? error::pathFileAccess : error::permissionDenied;
+        case ERROR_SHARING_VIOLATION:
+        case ERROR_WRITE_PROTECT:
+            return error::permissionDenied;
+        case ERROR_DISK_FULL:
+        case ERROR_HANDLE_DISK_FULL:
+            return error::diskFull;
+        default:
+            return error::deviceIo;
+    }
+}
+
+// A missing file in a folder that is there is a matter of its own. The system doesn't always tell
+// it from a missing drive.
+int errorOfReading(DWORD reason, const std::wstring& path) {
+    const bool isMissing = reason == ERROR_FILE_NOT_FOUND;
+    const auto name = path.find_last_of(L"\\/");
+    const bool hasFolder = name == std::wstring::npos || isFolder(path.substr(0, name + 1));
+    return isMissing && hasFolder ? error::fileNotFound : errorOfOpening(reason, path);
+}
+
+int errorOfWriting(DWORD reason) {
+    const bool full = reason == ERROR_DISK_FULL || reason == ERROR_HANDLE_DISK_FULL;
+    return full ? error::diskFull : error::deviceIo;
+}
+
+std::wstring systemPathOrError(const std::string& path) {
+    // The system would read a path up to its first NUL and so take another file.
+    if (path.find('\0') != std::string::npos) throw RuntimeError(error::pathNotFound);
+    return systemPath(path);
+}
+
+class OpenFile {
+  public:
+    explicit OpenFile(HANDLE handle) : handle_(handle) {}
+    ~OpenFile() { CloseHandle(handle_); }
+    OpenFile(const OpenFile&) = delete;
+    OpenFile& operator=(const OpenFile&) = delete;
+
+    LARGE_INTEGER goToEnd() {
+        LARGE_INTEGER end{};
+        if (!SetFilePointerEx(handle_, {}, &end, FILE_END)) throw RuntimeError(error::deviceIo);
+        return end;
+    }
+
+    /// Takes the bytes that were written off their front.
+    DWORD write(std::string_view& bytes) {
+        while (!bytes.empty()) {
+            const auto count = static_cast<DWORD>(std::min(bytes.size(), mostAtOnce));
+            DWORD written = 0;
+            if (!WriteFile(handle_, bytes.data(), count, &written, nullptr)) return GetLastError();
+            if (written == 0) return ERROR_DISK_FULL;
+            bytes.remove_prefix(written);
+        }
+        return ERROR_SUCCESS;
+    }
+
+    DWORD cutTo(LARGE_INTEGER size) {
+        const bool isCut =
+            SetFilePointerEx(handle_, size, nullptr, FILE_BEGIN) && SetEndOfFile(handle_);
+        return isCut ? ERROR_SUCCESS : GetLastError();
+    }
+
+    std::string readToEnd() {
+        LARGE_INTEGER size{};
+        GetFileSizeEx(handle_, &size);
+        std::string content(static_cast<std::size_t>(size.QuadPart) + 1, '\0');
+        std::size_t used = 0;
+        while (true) {
+            const auto room = static_cast<DWORD>(std::min(content.size() - used, mostAtOnce));
+            DWORD got = 0;
+            if (!ReadFile(handle_, content.data() + used, room, &got, nullptr))
+                throw RuntimeError(error::deviceIo);
+            if (got == 0) break;
+            used += got;
+            if (used == content.size()) content.resize(used * 2);
+        }
+        content.resize(used);
+        return content;
+    }
+
+  private:
+    HANDLE handle_;
+};
+
+// A file open for writing, made if need be. Others may read it meanwhile, nobody else may write.
+HANDLE openToWrite(const std::wstring& path) {
+    // Appending rights alone would not allow to cut a half-written line off again.
+    const HANDLE handle = CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                                      OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (handle == INVALID_HANDLE_VALUE) throw RuntimeError(errorOfOpening(GetLastError(), path));
+    return handle;
+}
+
+HANDLE openToRead(const std::wstring& path) {
+    const HANDLE handle =
+        CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (handle == INVALID_HANDLE_VALUE) throw RuntimeError(errorOfReading(GetLastError(), path));
+    return handle;
+}
+
+}  // namespace
+
+void WindowsTextFiles::appendLine(const std::string& path, std::string_view text) {
+    std::string line(text);
+    line += lineEnd;
+    OpenFile file(openToWrite(systemPathOrError(path)));
+    const LARGE_INTEGER oldEnd = file.goToEnd();
+    std::string_view rest = line;
+    if (const DWORD failure = file.write(rest); failure != ERROR_SUCCESS) {
+        file.cutTo(oldEnd);
+        throw RuntimeError(errorOfWriting(failure));
+    }
+}
+
+std::string WindowsTextFiles::readAll(const std::string& path) {
+    return OpenFile(openToRead(systemPathOrError(path))).readToEnd();
+}
+
+void WindowsTextFiles::writeOver(const std::string& path, std::string_view content) {
+    OpenFile file(openToWrite(systemPathOrError(path)));
+    std::string_view rest = content;
+    DWORD failure = file.write(rest);
+    LARGE_INTEGER size{};
+    size.QuadPart = static_cast<LONGLONG>(content.size() - rest.size());
+    const DWORD cutFailure = file.cutTo(size);
+    if (failure == ERROR_SUCCESS) failure = cutFailure;
+    if (failure != ERROR_SUCCESS) throw RuntimeError(errorOfWriting(failure));
+}
+
+double WindowsTextFiles::FileLen(const std::string& path) {
+    if (path.find('\0') != std::string::npos) throw RuntimeError(error::fileNotFound);
+    EntryFacts facts;
+    const DWORD failure = readFacts(systemPath(path), facts);
+    const bool isFolderThere = (facts.attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    if (isMissing(failure) || isFolderThere) throw RuntimeError(error::fileNotFound);
+    if (failure != ERROR_SUCCESS) throw RuntimeError(error::permissionDenied);
+    return static_cast<double>(facts.size);
+}
+
+void WindowsTextFiles::remove(const std::string& path) {
+    removeFile(path);
+}
+
+}  // namespace velmora::windows

@@ -1,0 +1,31 @@
+// Moving a file to another drive: copied as a whole first, and only then removed.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+#include "platform/windows/entries/opened_entry.h"
+#include "platform/windows/paths/exact_path.h"
+
+namespace velmora::windows {
+
+/// A path whose folder is held open.
+struct Place {
+    ExactPath path;
+    OpenedEntry folder;
+
+    const std::wstring& name() const { return path.names.back(); }
+};
+
+/// Moves a plain file to a place on another drive at which nothing lies. Nobody writes to it
+/// meanwhile: one that somebody has open for that is refused. Under the name of the target nothing
+/// else than the whole file ever appears; until it is whole the copy has a name of its own beside
+/// it ("velmora-....part"), left there only by a crash, or by somebody who holds it open for more
+/// than some seconds. The system's error code, 0 for success, also when somebody else has removed
+/// the original in time. After a failure the file is where it was and no copy remains; where that
+/// can't be told, the copy remains too.
+DWORD moveToOtherDrive(const Place& source, const Place& target,
+                       const OpenedEntry::Facts& original);
+
+}  // namespace velmora::windows

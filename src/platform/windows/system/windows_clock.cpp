@@ -1,0 +1,24 @@
+#include "platform/windows/system/windows_clock.h"
+
+#include <windows.h>
+
+namespace velmora::windows {
+
+DateTime WindowsClock::Now() {
+    SYSTEMTIME now{};
+    GetLocalTime(&now);
+    return {now.wYear, now.wMonth, now.wDay, now.wHour, now.wMinute, now.wSecond};
+}
+
+// The wide count: the 32-bit one starts again after 49 days, which a watching program lives to see.
+std::int64_t WindowsClock::GetTickCount() {
+    return static_cast<std::int64_t>(GetTickCount64());
+}
+
+std::uint64_t WindowsClock::GetSystemTimeAsFileTime() {
+    FILETIME now{};
+    ::GetSystemTimeAsFileTime(&now);
+    return std::uint64_t{now.dwHighDateTime} << 32 | now.dwLowDateTime;
+}
+
+}  // namespace velmora::windows

@@ -1,0 +1,109 @@
+#include "platform/linux/desktop/dialog_program.h"
+
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <stdexcept>
+
+#include "platform/linux/support/test_folder.h"
+#include "support/wait.h"
+
+namespace velmora::linuxhost {
+namespace {
+
+std::optional<DialogAnswer> runScript(const std::string& script,
+                                      const std::function<void()>& whileOpen = {}) {
+    return runDialog({"sh", "-c", script}, whileOpen);
+}
+
+bool hasNoChild() {
+    return waitpid(-1, nullptr, WNOHANG) < 0 && errno == ECHILD;
+}
+
+TEST(DialogProgram, GivesItsOutputAndWhetherItWasAccepted) {
+    const auto accepted = runScript("printf 'an answer\\n'");
+    ASSERT_TRUE(accepted);
+    EXPECT_TRUE(accepted->isAccepted);
+    EXPECT_EQ(accepted->output, "an answer\n");
+    for (const char* script : {"exit 1", "echo text; exit 1", "exit 255", "kill -9 $$"}) {
+        const auto other = runScript(script);
+        ASSERT_TRUE(other) << script;
+        EXPECT_FALSE(other->isAccepted) << script;
+    }
+    EXPECT_TRUE(hasNoChild());
+}
+
+TEST(DialogProgram, OneThatIsNotThereGivesNothing) {
+    EXPECT_FALSE(runDialog({"velmora-no-such-program"}, {}));
+    EXPECT_TRUE(hasNoChild());
+}
+
+TEST(DialogProgram, TakesItsArgumentsAsTheyAre) {
+    const auto answer =
+        runDialog({"printf", "%s|", "a b", "$HOME", "'\"`x`", "--title=Größe", ""}, {});
+    ASSERT_TRUE(answer);
+    EXPECT_EQ(answer->output, "a b|$HOME|'\"`x`|--title=Größe||");
+}
+
+TEST(DialogProgram, TheProgramGoesOnBesideIt) {
+    const TestFolder folder;
+    const std::string mark = folder / "go on";
+    int runs = 0;
+    // It ends only because of what runs beside it.
+    const auto answer =
+        runScript("until [ -e '" + mark + "' ]; do sleep 0.01; done; echo done", [&] {
+            if (++runs == 3) std::ofstream(mark) << "x";
+        });
+    ASSERT_TRUE(answer);
+    EXPECT_EQ(answer->output, "done\n");
+    EXPECT_GE(runs, 3);
+}
+
+TEST(DialogProgram, TheProgramGoesOnAlsoOnceTheOutputIsClosed) {
+    const TestFolder folder;
+    const std::string mark = folder / "go on";
+    int runs = 0;
+    const auto answer =
+        runScript("echo text; exec >&-; until [ -e '" + mark + "' ]; do sleep 0.01; done", [&] {
+            if (++runs == 3) std::ofstream(mark) << "x";
+        });
+    ASSERT_TRUE(answer);
+    EXPECT_TRUE(answer->isAccepted);
+    EXPECT_EQ(answer->output, "text\n");
+}
+
+TEST(DialogProgram, IsEndedWhenWhatRunsBesideItThrows) {
+    const TestFolder folder;
+    const auto run = [&] {
+        runScript("echo $$ >'" + (folder / "id") + "'; exec sleep 1000", [&] {
+            if (!contentsOf(folder / "id").empty()) throw std::runtime_error("end");
+        });
+    };
+    EXPECT_THROW(run(), std::runtime_error);
+    EXPECT_TRUE(hasNoChild());
+    EXPECT_EQ(kill(std::stoi(contentsOf(folder / "id")), 0), -1);
+}
+
+TEST(DialogProgram, EndlessOutputIsNoAnswerAndTakesNoRoom) {
+    const auto flood = runScript("head -c 10000000 /dev/zero");
+    ASSERT_TRUE(flood);
+    EXPECT_FALSE(flood->isAccepted);
+    EXPECT_LT(flood->output.size(), 2 * longestAnswer);
+    const auto longest = runScript("head -c " + std::to_string(longestAnswer) + " /dev/zero");
+    ASSERT_TRUE(longest);
+    EXPECT_TRUE(longest->isAccepted);
+    EXPECT_EQ(longest->output, std::string(longestAnswer, '\0'));
+}
+
+TEST(DialogProgram, AChildOfItsOwnIsNotWaitedFor) {
+    const auto answer = runScript("sleep 1000 & echo $!");
+    ASSERT_TRUE(answer);
+    EXPECT_TRUE(answer->isAccepted);
+    EXPECT_EQ(kill(std::stoi(answer->output), SIGKILL), 0);
+}
+
+}  // namespace
+}  // namespace velmora::linuxhost

@@ -1,0 +1,259 @@
+// A filesystem whose server doesn't answer: the program must neither wait for it nor stay behind.
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <poll.h>
+#include <signal.h>
+#include <sys/mount.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <filesystem>
+#include <iostream>
+
+#include "base/errors.h"
+#include "platform/linux/removal/tree_removal.h"
+#include "platform/linux/support/mounting.h"
+#include "support/wait.h"
+
+#ifndef VELMORA_HUNG_FS
+#define VELMORA_HUNG_FS ""
+#endif
+
+namespace velmora::linuxhost {
+namespace {
+
+using namespace std::chrono_literals;
+using std::chrono::steady_clock;
+
+// The server program, on a folder of its own. Everything ends with this object.
+class HungFilesystem {
+  public:
+    HungFilesystem() {
+        int ends[2];
+        if (pipe2(ends, O_CLOEXEC) != 0) return;
+        const std::string log = logs_ / "log";
+        server_ = fork();
+        if (server_ == 0) {
+            // Not even a crash of the test leaves it behind, and it holds no pipe of the test's.
+            prctl(PR_SET_PDEATHSIG, SIGKILL);
+            const int nowhere = open("/dev/null", O_RDWR | O_CLOEXEC);
+            dup2(nowhere, STDOUT_FILENO);
+            dup2(nowhere, STDERR_FILENO);
+            // A duplicate survives the exec.
+            const std::string control = std::to_string(dup(ends[0]));
+            execl(VELMORA_HUNG_FS, "hung_fs", folder_.path().c_str(), control.c_str(), log.c_str(),
+                  nullptr);
+            _exit(127);
+        }
+        close(ends[0]);
+        control_ = ends[1];
+    }
+    ~HungFilesystem() {
+        if (control_ >= 0) close(control_);
+        umount2(folder_.path().c_str(), MNT_DETACH);
+        if (server_ > 0) {
+            kill(server_, SIGKILL);
+            waitpid(server_, nullptr, 0);
+        }
+    }
+    HungFilesystem(const HungFilesystem&) = delete;
+    HungFilesystem& operator=(const HungFilesystem&) = delete;
+
+    void answerFromNowOn() const { EXPECT_EQ(write(control_, "!", 1), 1); }
+    /// How often it was asked for its space.
+    std::size_t questions() const { return contentsOf(logs_ / "log").size(); }
+
+  private:
+    TestFolder folder_;
+    TestFolder logs_;
+    pid_t server_ = -1;
+    int control_ = -1;
+};
+
+class HungDrive : public MountingTest {
+  protected:
+    void SetUp() override {
+        MountingTest::SetUp();
+        if (IsSkipped()) return;
+        if (std::string(VELMORA_HUNG_FS).empty() || !std::filesystem::exists("/dev/fuse")) {
+            std::cout << "skipped: no libfuse3 or no /dev/fuse\n";
+            GTEST_SKIP() << "no libfuse3 or no /dev/fuse";
+        }
+        filesystem_ = std::make_unique<HungFilesystem>();
+        ASSERT_TRUE(waitUntil([this] { return !newDrive().empty(); }));
+        drive_ = newDrive();
+    }
+    bool isReady() { return fso().GetDrive(drive_)->IsReady(); }
+
+    std::unique_ptr<HungFilesystem> filesystem_;
+    std::string drive_;
+};
+
+TEST_F(HungDrive, CostsItsDeadlineOnceAndThenNothing) {
+    EXPECT_TRUE(fso().DriveExists(drive_));
+    auto start = steady_clock::now();
+    EXPECT_FALSE(isReady());
+    const auto first = steady_clock::now() - start;
+    EXPECT_GE(first, 1900ms);
+    EXPECT_LT(first, 4s);
+
+    start = steady_clock::now();
+    for (int i = 0; i < 100; ++i) EXPECT_FALSE(isReady());
+    EXPECT_EQ(errorOf([&] { fso().GetDrive(drive_)->FreeSpace(); }), error::diskNotReady);
+    EXPECT_FALSE(fso().FolderExists(drive_ + '\\'));
+    EXPECT_LT(steady_clock::now() - start, 50ms);
+    EXPECT_EQ(filesystem_->questions(), 1u);
+
+    EXPECT_TRUE(fso().GetDrive("C:")->IsReady());
+    EXPECT_TRUE(fso().FolderExists("C:\\"));
+}
+
+TEST_F(HungDrive, IsReadyAgainOnceItAnswers) {
+    EXPECT_FALSE(isReady());
+    filesystem_->answerFromNowOn();
+    ASSERT_TRUE(waitUntil([this] { return isReady(); }));
+    const auto drive = fso().GetDrive(drive_);
+    EXPECT_EQ(drive->FreeSpace(), 2000.0 * 1024);
+    EXPECT_EQ(drive->TotalSize(), 5000.0 * 1024);
+    EXPECT_TRUE(fso().FolderExists(drive_ + '\\'));
+}
+
+TEST_F(HungDrive, AFolderThatCanNotBeReachedInTimeDoesNotExist) {
+    ASSERT_TRUE(fso().FolderExists(drive_ + '\\'));
+    const auto start = steady_clock::now();
+    EXPECT_FALSE(fso().FolderExists(drive_ + "\\stuck"));
+    EXPECT_GE(steady_clock::now() - start, 1900ms);
+    EXPECT_LT(steady_clock::now() - start, 4s);
+    EXPECT_EQ(errorOf([&] { fso().GetFolder(drive_ + '\\'); }), error::pathNotFound);
+    filesystem_->answerFromNowOn();
+    EXPECT_TRUE(waitUntil([this] { return fso().FolderExists(drive_ + '\\'); }));
+}
+
+TEST_F(HungDrive, AFolderOnItCanNotBeCountedAndCostsNothingFurther) {
+    const auto folder = fso().GetFolder(drive_ + '\\');
+    EXPECT_FALSE(isReady());
+    const auto start = steady_clock::now();
+    EXPECT_EQ(errorOf([&] { folder->FilesCount(); }), error::pathNotFound);
+    EXPECT_EQ(errorOf([&] { folder->SubFoldersCount(); }), error::pathNotFound);
+    EXPECT_LT(steady_clock::now() - start, 50ms);
+    filesystem_->answerFromNowOn();
+    // Where the late answer of the pending question is gone, the folder is counted again.
+    EXPECT_TRUE(waitUntil(
+        [&] { return errorOf([&] { fso().GetFolder(drive_ + '\\')->FilesCount(); }) == 0; }));
+}
+
+TEST_F(HungDrive, NothingOnItIsListedMovedOrRemovedAndNothingWaits) {
+    EXPECT_FALSE(isReady());
+    Platform& platform = machine_->platform();
+    const std::string file = drive_ + "\\stuck";
+    const auto start = steady_clock::now();
+    FindData entry;
+    EXPECT_EQ(platform.kernel32.FindFirstFileA(drive_ + "\\*.*", entry), 0u);
+    EXPECT_EQ(platform.kernel32.GetLastError(), 3u);
+    EXPECT_EQ(platform.kernel32.MoveFileA(file, "C:\\velmora-never"), 0);
+    EXPECT_EQ(errorOf([&] { platform.files.FileLen(file); }), error::fileNotFound);
+    EXPECT_EQ(errorOf([&] { platform.files.remove(file); }), error::fileNotFound);
+    EXPECT_EQ(errorOf([&] { fso().GetFile(file); }), error::fileNotFound);
+    EXPECT_EQ(platform.shell32.SHFileOperationA({"", 3, file + '\0', 64}), 2);
+    EXPECT_EQ(platform.winmm.sndPlaySoundA(file, 2), 0);
+    EXPECT_EQ(machine_->toDrivePath(machine_->toHostPath(file)), file);
+    EXPECT_LT(steady_clock::now() - start, 200ms);
+}
+
+TEST_F(HungDrive, AListingThatDoesNotBeginInTimeIsOfAFolderThatDoesNotExist) {
+    ASSERT_TRUE(fso().FolderExists(drive_ + "\\endless"));
+    Kernel32& kernel32 = machine_->platform().kernel32;
+    FindData entry;
+    const auto start = steady_clock::now();
+    EXPECT_EQ(kernel32.FindFirstFileA(drive_ + "\\endless\\*.*", entry), 0u);
+    EXPECT_EQ(kernel32.GetLastError(), 3u);
+    EXPECT_GE(steady_clock::now() - start, 1900ms);
+    EXPECT_LT(steady_clock::now() - start, 4s);
+    filesystem_->answerFromNowOn();
+    // Answered late, the folder is listed again.
+    EXPECT_TRUE(waitUntil([&] {
+        const FindHandle listing = kernel32.FindFirstFileA(drive_ + "\\endless\\*.*", entry);
+        if (listing != 0) kernel32.FindClose(listing);
+        return listing != 0 || kernel32.GetLastError() == 2;
+    }));
+}
+
+TEST_F(HungDrive, AFolderThatHoldsItIsListedAndLookedAtWithoutWaiting) {
+    EXPECT_FALSE(isReady());
+    const std::string mountPoint = machine_->toHostPath(drive_ + '\\');
+    const std::string holder = "C:" + mountPoint.substr(0, mountPoint.rfind('/'));
+    const std::string name = mountPoint.substr(mountPoint.rfind('/') + 1);
+    const auto start = steady_clock::now();
+    FindData entry;
+    bool isListed = false;
+    Kernel32& kernel32 = machine_->platform().kernel32;
+    const FindHandle listing = kernel32.FindFirstFileA(holder + "\\*.*", entry);
+    for (bool goesOn = listing != 0; goesOn; goesOn = kernel32.FindNextFileA(listing, entry))
+        isListed = isListed || entry.cFileName == name;
+    kernel32.FindClose(listing);
+    EXPECT_TRUE(isListed);
+    const OpenFolder folder(mountPoint.substr(0, mountPoint.rfind('/')));
+    struct statx status {};
+    Place outside;
+    ASSERT_EQ(placeOf(folder.file(), outside), 0);
+    ASSERT_EQ(lookAt(folder.file(), name, status), 0);
+    EXPECT_FALSE(mayLieIn(status, outside));
+    EXPECT_LT(steady_clock::now() - start, 1s);
+}
+
+TEST_F(HungDrive, AFolderOnItReachedByAnotherDrivesPathDoesNotKeepThatDriveWaiting) {
+    EXPECT_FALSE(isReady());
+    const std::string byRoot = "C:" + machine_->toHostPath(drive_ + "\\stuck");
+    const auto start = steady_clock::now();
+    EXPECT_FALSE(fso().FolderExists(byRoot));
+    EXPECT_TRUE(fso().FolderExists("C:\\"));
+    EXPECT_LT(steady_clock::now() - start, 1s);
+}
+
+// A fresh process asks, is kept waiting, and is done.
+pid_t askingProcess(const std::string& drive, int done) {
+    const pid_t process = fork();
+    if (process != 0) return process;
+    {
+        const auto machine = openMachine();
+        machine->platform().fso.GetDrive(drive)->IsReady();
+        if (write(done, "!", 1) != 1) _exit(1);
+    }
+    _exit(0);
+}
+
+TEST_F(HungDrive, AProcessThatAskedItEndsAtOnce) {
+    int ends[2];
+    ASSERT_EQ(pipe2(ends, O_CLOEXEC), 0);
+    // The letters of a fresh machine begin anew, but this drive's is the first new one in both.
+    const pid_t process = askingProcess(drive_, ends[1]);
+    close(ends[1]);
+    pollfd done{ends[0], POLLIN, 0};
+    ASSERT_EQ(poll(&done, 1, 10'000), 1);
+    int status = -1;
+    EXPECT_TRUE(waitUntil([&] { return waitpid(process, &status, WNOHANG) == process; }, 2s));
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+    // Whoever reads what the process writes sees the end of it, too.
+    char byte = 0;
+    EXPECT_EQ(read(ends[0], &byte, 1), 1);
+    ASSERT_EQ(poll(&done, 1, 2000), 1);
+    EXPECT_EQ(read(ends[0], &byte, 1), 0);
+    close(ends[0]);
+    EXPECT_EQ(filesystem_->questions(), 1u);
+}
+
+TEST_F(HungDrive, UnmountedItIsGoneAndItsLetterServesARemount) {
+    EXPECT_FALSE(isReady());
+    const std::string mountPoint = machine_->toHostPath(drive_ + '\\');
+    ASSERT_EQ(umount2(mountPoint.c_str(), MNT_DETACH), 0);
+    EXPECT_FALSE(fso().DriveExists(drive_));
+    ASSERT_EQ(mount("tmpfs", mountPoint.c_str(), "tmpfs", 0, "size=1M"), 0);
+    EXPECT_EQ(fso().GetDrive(drive_)->TotalSize(), 1 << 20);
+    EXPECT_TRUE(fso().FolderExists(drive_ + '\\'));
+    umount2(mountPoint.c_str(), MNT_DETACH);
+}
+
+}  // namespace
+}  // namespace velmora::linuxhost

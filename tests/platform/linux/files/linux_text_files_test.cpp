@@ -1,0 +1,116 @@
+#include "platform/linux/files/linux_text_files.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+
+#include "base/errors.h"
+#include "platform/linux/support/test_folder.h"
+
+namespace velmora::linuxhost {
+namespace {
+
+class LinuxTextFilesTest : public testing::Test {
+  protected:
+    std::string drivePath(const std::string& hostPath) {
+        return drivePathOf(hostPath, volumes_.roots());
+    }
+    int errorOfAppending(const std::string& hostPath) {
+        return errorOf([&] { files_.appendLine(drivePath(hostPath), "line"); });
+    }
+
+    TestFolder folder_;
+    Volumes volumes_;
+    LinuxTextFiles files_{volumes_};
+};
+
+TEST_F(LinuxTextFilesTest, NamesWithBackSlashesAndBytesOfOtherCodesAreReached) {
+    const std::string path = folder_ / "a\\b caf\xe9";
+    std::ofstream(path) << "x";
+    files_.appendLine(drivePath(path), "y");
+    EXPECT_EQ(contentsOf(path), "xy\r\n");
+}
+
+TEST_F(LinuxTextFilesTest, AFullDiskIsError61) {
+    EXPECT_EQ(errorOfAppending("/dev/full"), error::diskFull);
+}
+
+TEST_F(LinuxTextFilesTest, NothingOfALineStaysThatCouldNotBeWrittenWhole) {
+    const std::string path = folder_ / "log";
+    std::ofstream(path) << "before\r\n";
+    // A limit on file sizes stops the writing in the middle, as a full disk does.
+    rlimit before{};
+    getrlimit(RLIMIT_FSIZE, &before);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit small{100, before.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small);
+    const int number = errorOf([&] { files_.appendLine(drivePath(path), std::string(500, 'x')); });
+    setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_EQ(number, error::deviceIo);
+    EXPECT_EQ(contentsOf(path), "before\r\n");
+}
+
+TEST_F(LinuxTextFilesTest, AFileInPlaceOfAFolderIsError76) {
+    std::ofstream(folder_ / "file") << "x";
+    EXPECT_EQ(errorOfAppending(folder_ / "file/log"), error::pathNotFound);
+}
+
+TEST_F(LinuxTextFilesTest, ARunningProgramIsInUse) {
+    EXPECT_EQ(errorOfAppending(std::filesystem::read_symlink("/proc/self/exe")),
+              error::permissionDenied);
+}
+
+TEST_F(LinuxTextFilesTest, AFileThatMayNotBeWrittenIsError70) {
+    if (geteuid() == 0) GTEST_SKIP() << "root may write every file";
+    std::ofstream(folder_ / "log") << "x";
+    chmod((folder_ / "log").c_str(), 0400);
+    EXPECT_EQ(errorOfAppending(folder_ / "log"), error::permissionDenied);
+}
+
+TEST_F(LinuxTextFilesTest, APipeThatNobodyReadsDoesNotKeepTheProgramWaiting) {
+    ASSERT_EQ(mkfifo((folder_ / "pipe").c_str(), 0600), 0);
+    EXPECT_EQ(errorOfAppending(folder_ / "pipe"), error::deviceIo);
+}
+
+TEST_F(LinuxTextFilesTest, ADeviceOrPipeIsNotReadToAnEndThatMayNeverCome) {
+    ASSERT_EQ(mkfifo((folder_ / "pipe").c_str(), 0600), 0);
+    for (const std::string& path : {std::string("/dev/zero"), folder_ / "pipe"})
+        EXPECT_EQ(errorOf([&] { files_.readAll(drivePath(path)); }), error::deviceIo) << path;
+}
+
+TEST_F(LinuxTextFilesTest, AFileOfUnknownSizeIsReadToItsEnd) {
+    EXPECT_EQ(files_.readAll(drivePath("/proc/self/mountinfo")),
+              contentsOf("/proc/self/mountinfo"));
+}
+
+TEST_F(LinuxTextFilesTest, WritingOverKeepsTheFileItself) {
+    std::ofstream(folder_ / "file") << "old content";
+    std::filesystem::create_hard_link(folder_ / "file", folder_ / "other");
+    files_.writeOver(drivePath(folder_ / "file"), "new");
+    EXPECT_EQ(contentsOf(folder_ / "other"), "new");
+    files_.remove(drivePath(folder_ / "file"));
+    EXPECT_EQ(contentsOf(folder_ / "other"), "new");
+}
+
+TEST_F(LinuxTextFilesTest, WritingOverADeviceThatIsFullIsError61) {
+    EXPECT_EQ(errorOf([&] { files_.writeOver(drivePath("/dev/full"), "x"); }), error::diskFull);
+}
+
+TEST_F(LinuxTextFilesTest, ALinkThatLeadsNowhereIsNoFile) {
+    std::filesystem::create_symlink("/nowhere/at/all", folder_ / "link");
+    EXPECT_EQ(errorOf([&] { files_.readAll(drivePath(folder_ / "link")); }), error::fileNotFound);
+}
+
+TEST_F(LinuxTextFilesTest, ANulInAPathIsError76) {
+    EXPECT_EQ(errorOf([&] { files_.appendLine(std::string("C:\\tmp\\a\0b", 10), "x"); }),
+              error::pathNotFound);
+}
+
+}  // namespace
+}  // namespace velmora::linuxhost
