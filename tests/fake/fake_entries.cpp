@@ -1,4 +1,4 @@
-// Files and folders of the machine in memory: what is told about them, listings, moving.
+// Files and folders of the machine in memory: their facts, listings, moving.
 #include <algorithm>
 
 #include "base/runtime_error.h"

@@ -1,4 +1,5 @@
-// A user in memory: answers questions from a list, records what was asked, and acts during yields.
+// A user in memory: answers questions from a list, records what was asked, and runs a test's
+// code during yields.
 #pragma once
 
 #include <deque>

@@ -135,7 +135,7 @@ std::optional<FakeDrive> FakeMachine::Disks::measure(const std::string& path) {
     return std::nullopt;
 }
 
-// A path on a drive that the test hasn't set up is taken as it stands.
+// A path on a drive that the test hasn't set up stays as it is.
 bool FakeMachine::Disks::showsFilesOf(const std::string& path) {
     const std::string drive = driveNameOf(path);
     if (findPath(machine.drives, drive) == machine.drives.end()) return true;

@@ -1,18 +1,18 @@
-// A machine in memory: drives, folders, files, a clock that only moves when told. It records every
-// call in order and can fail the n-th one.
+// A machine in memory: drives, folders, files, a clock that moves only when the test moves it. It
+// records every call in order and can fail the n-th one.
 //
 // A call is recorded as the operation's name, a blank and its arguments: "GetDrive C:",
 // "FolderExists C:\data", "GetLogicalDriveStringsA 105", "appendLine C:\log.txt" (without the
 // line, which is in `files` then). The members of a drive count too: "IsReady C:", "FreeSpace C:",
 // "TotalSize C:", and those of a folder: "FilesCount C:\data", "SubFoldersCount C:\data".
-// The clock is not recorded: it can't fail, and whoever waits asks it all the time.
+// The clock is not recorded: it can't fail, and a loop that waits reads it all the time.
 //
-// An operation that tells failures by its result fails in that way too when its turn comes: the
-// registry, SHGetSpecialFolderLocation and SHEmptyRecycleBinA give the planned number as their
-// code as do MoveFileA (0), SHFileOperationA and sndPlaySoundA (0), FindFirstFileA gives no listing
-// and FindNextFileA the number as the last error; ShellExecuteEx and SHGetPathFromIDListA give
-// false, CreateShortcut null, GetEnvironmentVariableA an empty text; SHBrowseForFolder is
-// dismissed.
+// An operation that reports failures by its result does so when its turn to fail comes. The
+// registry, SHGetSpecialFolderLocation, SHEmptyRecycleBinA and SHFileOperationA return the planned
+// number as their code. MoveFileA and sndPlaySoundA return 0, ShellExecuteEx and
+// SHGetPathFromIDListA false, CreateShortcut null, GetEnvironmentVariableA an empty text.
+// FindFirstFileA gives no listing, FindNextFileA the number as the last error, and
+// SHBrowseForFolder is dismissed.
 #pragma once
 
 #include <cstdint>
@@ -51,7 +51,7 @@ struct FakeDrive {
 struct FakeRegistryKey {
     struct Value {
         std::uint32_t type = 0;
-        std::string data;  ///< the bytes written, without the NUL behind a text
+        std::string data;  ///< the bytes written, without the NUL that ends a text
     };
 
     std::map<std::string, Value> values;  ///< by name as written
@@ -68,7 +68,7 @@ struct FakeEmptying {
     std::uint32_t flags = 0;
 };
 
-/// What the shell was told to run or open.
+/// An order to the shell to run or open something.
 struct FakeExecution : ShellExecuteInfo {
     std::string parameters;
     std::string directory;
@@ -90,7 +90,7 @@ struct FakeShortcut {
 /// Counts calls and fails the chosen one.
 class CallLog {
   public:
-    /// Records the call; raises the planned error when its turn has come.
+    /// Records the call; raises the planned error if this is the call that should fail.
     void call(std::string what);
 
     const std::vector<std::string>& calls() const { return calls_; }
@@ -100,7 +100,7 @@ class CallLog {
     int countOf(const std::string& prefix) const;
 
     /// The n-th call from now (from 1) raises error `number`, once. IsReady, which never fails,
-    /// answers that the drive isn't ready when its turn comes.
+    /// answers instead that the drive isn't ready.
     void failCall(int n, int number);
     /// No call fails any more.
     void failNone() { failAt_.reset(); }
@@ -122,13 +122,13 @@ class FakeMachine final : public Machine {
     }
     std::string toHostPath(const std::string& drivePath) override { return drivePath; }
 
-    /// How paths of the host become drive paths; as they are without it.
+    /// How paths of the host become drive paths; without it they stay as they are.
     std::function<std::string(const std::string&)> drivePathOf;
 
     /// Drives by their Path ("C:" or "\\host\share"), in the order of their names. A drive letter
     /// also appears among the logical drives; a share does not.
     std::map<std::string, FakeDrive> drives;
-    /// Folders by lower-cased full path without a back-slash behind; drive roots need no entry.
+    /// Folders by lower-cased full path without a back-slash at the end; drive roots need no entry.
     /// Those of a drive that isn't ready are hidden, and so are its files. The program's own
     /// folder is there from the start.
     std::set<std::string> folders;
@@ -150,7 +150,7 @@ class FakeMachine final : public Machine {
     int openListings = 0;
     /// Files and folders that were moved: from, to.
     std::vector<std::pair<std::string, std::string>> moved;
-    /// Notification handles with how often each is signalled yet; closed ones are gone.
+    /// Open notification handles, each with the number of signals that are still to come.
     std::map<std::uint32_t, int> notifications;
     /// No file can grow: error 61. A file that isn't there is made, but stays empty.
     bool diskFull = false;
@@ -175,10 +175,10 @@ class FakeMachine final : public Machine {
     bool browses = true;
     /// The folder browsers shown. Each runs its whileOpen once.
     std::vector<BrowseInfo> browsers;
-    /// What SHEmptyRecycleBinA was told, and its answer.
+    /// The calls of SHEmptyRecycleBinA, and its answer.
     std::vector<FakeEmptying> emptied;
     std::int32_t emptyResult = 0;
-    /// What SHFileOperationA was told, and its answer; 0 takes the paths away and lists them.
+    /// The calls of SHFileOperationA, and its answer; 0 removes the paths and lists them.
     std::vector<FileOperation> operations;
     std::int32_t operationResult = 0;
     std::vector<std::string> recycled;
@@ -188,7 +188,7 @@ class FakeMachine final : public Machine {
     /// Sounds that were played, with their flags, and the answer.
     std::vector<std::pair<std::string, std::int32_t>> played;
     std::int16_t playResult = 1;
-    /// What ShellExecuteA and ShellExecuteEx were told, and its answer.
+    /// The calls of ShellExecuteA and ShellExecuteEx, and their answer.
     std::vector<FakeExecution> executed;
     bool executes = true;
     /// The shortcuts in the order of their saving; each is also one of the files.
@@ -200,8 +200,8 @@ class FakeMachine final : public Machine {
     void advance(std::int64_t milliseconds);
 
     CallLog log;
-    /// Runs at each call, before it is recorded: a test changes the machine in the middle of a
-    /// check with it.
+    /// Runs at each call, before it is recorded. With it a test changes the machine in the middle
+    /// of a check.
     std::function<void(const std::string& call)> onCall;
 
   private:

@@ -16,7 +16,7 @@
 
 namespace velmora::fake {
 
-/// The form in which paths are compared: lower case, no back-slash behind.
+/// The form in which paths are compared: lower case, no back-slash at the end.
 inline std::string keyOf(const std::string& path) {
     std::string key = lowerCase(path);
     std::replace(key.begin(), key.end(), '/', '\\');
@@ -85,7 +85,7 @@ struct FakeMachine::Disks final : FileSystemObject, Kernel32, Clock, TextFiles {
     std::optional<FakeDrive> measure(const std::string& path);
     bool hasFolder(const std::string& path);
     bool showsFilesOf(const std::string& path);
-    /// Raises what opening the file raises before it is known whether there is one.
+    /// Raises the errors of opening a file that don't depend on whether the file exists.
     void requireOpenable(const std::string& path);
     /// The content of the file, which is made if need be.
     std::string& openForWriting(const std::string& path);

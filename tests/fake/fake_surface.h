@@ -1,6 +1,5 @@
-// A surface in memory: the windows, the system's icons, the notification area and the user that a
-// program has in front of it. Every call is recorded in order, and the n-th one can fail by its
-// result, as the system's calls do.
+// A surface in memory: windows, the system's icons, the notification area and the user. Every call
+// is recorded in order, and the n-th one can fail by its result, as the system's calls do.
 //
 // A call is recorded as the operation's name and its arguments, with a blank between them:
 // "SetWindowPos Form1 -1 0 0 100 80 3", "CallNextHookEx 1 1 menu". A type of a hook, a style and a
@@ -19,7 +18,7 @@
 
 namespace velmora::fake {
 
-/// Records calls in order and lets one of those to come fail.
+/// Records calls in order and can make a later one fail.
 class FailingCalls {
   public:
     std::vector<std::string> calls;
@@ -30,7 +29,7 @@ class FailingCalls {
     void failCall(int n) { failAt_ = n; }
 
   protected:
-    /// Records the call; false when its turn to fail has come.
+    /// Records the call; false if this is the call that should fail.
     bool record(std::string call);
 
   private:

@@ -74,7 +74,7 @@ TEST_F(MenusOfForm1, TheFileListsMenuHasItsItem) {
     expectItems(form.mnuLst, {{"mnuFileAttr", "File Attributes"}});
 }
 
-TEST_F(MenusOfForm1, ItemsWithoutAMenuBelowThemHaveNone) {
+TEST_F(MenusOfForm1, ItemsWithoutASubmenuHaveNoItems) {
     for (const MenuItem* menu : {&form.mnuPopUp, &form.mnuFunc, &form.mnuLstV, &form.mnuLst}) {
         for (const MenuItem* item : menu->items()) {
             const bool head = item == &form.mnuHelp || item == &form.mnuF;
@@ -138,7 +138,7 @@ TEST_F(MenusOfForm1, TheToolBarHoldsThreeEntriesOfAButtonMenu) {
                                                  "Work=Work"}));
 }
 
-TEST_F(MenusOfForm1, MenusStandInNoBarAndTheirItemsCanBeSeen) {
+TEST_F(MenusOfForm1, MenusAreNotInAMenuBarAndTheirItemsAreVisible) {
     for (const MenuItem* menu : {&form.mnuPopUp, &form.mnuLstV, &form.mnuFunc, &form.mnuLst}) {
         EXPECT_FALSE(menu->Visible()) << menu->Name();
         for (const MenuItem* item : menu->items()) EXPECT_TRUE(item->Visible()) << item->Name();

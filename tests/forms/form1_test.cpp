@@ -125,7 +125,7 @@ TEST_F(Form1Test, TheToolBarHasItsButtonsInOrder) {
     }
 }
 
-TEST_F(Form1Test, TheCheckBeginsWithItsTimerThreePanelsAndAStartButton) {
+TEST_F(Form1Test, TheTimerThePanelsAndTheStartButtonHaveTheirFirstState) {
     EXPECT_EQ(form.Timer1.Interval(), 5000);
     EXPECT_TRUE(form.Timer1.Enabled());
     EXPECT_EQ(form.StatusBar1.PanelCount(), 3);
@@ -146,7 +146,7 @@ TEST_F(Form1Test, TheSwitchesOfCheckAndLogBeginUnticked) {
     EXPECT_EQ(form.txtAlert.Text(), "");
 }
 
-TEST_F(Form1Test, TheWayOutHasItsCaptionsAndToolTip) {
+TEST_F(Form1Test, TheExitButtonsHaveTheirCaptionsAndToolTip) {
     EXPECT_EQ(form.mnuExit.Caption(), "Exit");
     EXPECT_EQ(form.Command6.Caption(), " (X)");
     EXPECT_EQ(form.Command6.ToolTipText(), "End Program");
@@ -213,7 +213,7 @@ TEST_F(Form1Test, TheOlderButtonsOfTheFilesSayWhatTheirLabelsSay) {
     }
 }
 
-TEST_F(Form1Test, TheFieldsOfWhatIsSpecifiedTellWhatTheyAreFor) {
+TEST_F(Form1Test, TheFieldsOfThePageSpecSayWhatTheyAreFor) {
     EXPECT_EQ(form.cboFile.ToolTipText(), "Listing of File(s) to be used to Free Space");
     EXPECT_EQ(form.cboProg.ToolTipText(),
               "Listing of File(s) to be executed on Minimum Space Trigger");

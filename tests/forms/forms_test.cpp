@@ -26,7 +26,7 @@ TEST(Forms, BeginHidden) {
     for (Form* form : forms.all()) EXPECT_FALSE(form->Visible()) << form->Name();
 }
 
-TEST(Forms, HaveNamesOfTheirOwnAndSoHaveTheirControls) {
+TEST(Forms, HaveUniqueNamesAndSoHaveTheirControls) {
     Forms forms;
     std::set<std::string> names;
     for (Form* form : forms.all()) {

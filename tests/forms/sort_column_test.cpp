@@ -31,7 +31,7 @@ TEST_F(SortColumnTest, TheFirstClickSortsDescending) {
     EXPECT_TRUE(list.Sorted());
 }
 
-TEST_F(SortColumnTest, EachClickTurnsTheOrderWhicheverColumnWasSortedBefore) {
+TEST_F(SortColumnTest, EachClickReversesTheOrderWhicheverColumnWasSortedBefore) {
     prcSortColumn(list, 1);
     prcSortColumn(list, 2);
     EXPECT_EQ(list.SortKey(), 1);
@@ -40,14 +40,14 @@ TEST_F(SortColumnTest, EachClickTurnsTheOrderWhicheverColumnWasSortedBefore) {
     EXPECT_EQ(list.SortOrder(), 1);
 }
 
-TEST_F(SortColumnTest, AnEmptyListTakesTheOrderToo) {
+TEST_F(SortColumnTest, AnEmptyListRemembersTheOrder) {
     list.Clear();
     prcSortColumn(list, 1);
     EXPECT_EQ(list.SortOrder(), 1);
     EXPECT_TRUE(list.Sorted());
 }
 
-TEST_F(SortColumnTest, ErrorsArePassedOver) {
+TEST_F(SortColumnTest, ErrorsAreIgnored) {
     for (const int column : {0, 3, -1}) {
         EXPECT_EQ(errorOf([&] { prcSortColumn(list, column); }), 0);
         EXPECT_EQ(order(), "bac");

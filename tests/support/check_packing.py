@@ -2,7 +2,7 @@
 """Unpacks what the program packs with a zlib of its own: check_packing.py PACK_FILE
 
 PACK_FILE is the program pack_file. A packed file is the size of its source in four bytes,
-little-endian, and one zlib stream, with nothing behind it.
+little-endian, and one zlib stream, with nothing after it.
 """
 
 import pathlib
@@ -33,7 +33,7 @@ def check(pack, folder, plain):
     assert packed[:4] == struct.pack("<i", len(plain)), packed[:4]
     stream = zlib.decompressobj()
     assert stream.decompress(packed[4:]) == plain, "another content"
-    assert stream.eof and not stream.unused_data, "bytes behind the stream"
+    assert stream.eof and not stream.unused_data, "bytes after the stream"
     assert packed[4:] == zlib.compress(plain, 9) or len(packed) < len(plain) * 1.01 + 16
     assert source.read_bytes() == plain, "the source has changed"
 

@@ -1,12 +1,12 @@
-// A filesystem that doesn't answer: its root is an empty folder whose attributes are told at once,
-// but the question about its space, the one about a name "stuck" and the listing of the
-// folder "endless", which can be looked at, stay without an answer.
+// A filesystem that doesn't answer. Its root is an empty folder whose attributes are reported at
+// once. The question about its space, the one about a name "stuck" and the listing of the folder
+// "endless" get no answer; the attributes of "endless" do.
 //
 //   hung_fs MOUNTPOINT [CONTROL LOG]
 //
 // CONTROL is the number of an inherited pipe end to read from. When a byte comes in, the waiting
-// questions and all later ones are answered; when the other end is closed, also by the death of
-// whoever holds it, the filesystem is unmounted as well. LOG is a file that gets one byte for each
+// questions and all later ones are answered; when the other end is closed, also because its
+// process ended, the filesystem is unmounted as well. LOG is a file that gets one byte for each
 // question about the space. Without them it never answers until it is killed.
 #define FUSE_USE_VERSION 31
 

@@ -1,4 +1,5 @@
-// Packs a file of this machine: pack_file <source> <target>. For a look at the result from outside.
+// Packs a file of this machine: pack_file <source> <target>. For a test that reads the result with
+// another zlib.
 #include <cstdio>
 #include <fstream>
 #include <iterator>

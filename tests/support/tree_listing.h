@@ -1,5 +1,5 @@
-// The whole of a folder as text, for proving what a step has touched and what not: list it before
-// and after, and compare.
+// The content of a folder as text. List it before and after a step and compare, to show what the
+// step has changed.
 #pragma once
 
 #include <filesystem>
@@ -11,9 +11,9 @@
 
 namespace velmora {
 
-/// By path below the folder, with "/" between names, in UTF-8: what lies there. "folder",
-/// "file 3 bytes: abc", "link to /x/y", "something else"; behind it " read-only" when the owner may
-/// not write it. A content of more than 200 bytes is told by its first ones and a sum of all.
+/// What is in the folder, by path below it, with "/" between names, in UTF-8: "folder",
+/// "file 3 bytes: abc", "link to /x/y", "something else", followed by " read-only" when the owner
+/// may not write it. A content of more than 200 bytes is given as its first bytes and a checksum.
 using TreeListing = std::map<std::string, std::string>;
 
 namespace tree_listing {
@@ -25,19 +25,19 @@ inline std::string utf8Of(const fs::path& path) {
     return {text.begin(), text.end()};
 }
 
-inline std::string contentTold(const fs::path& path) {
+inline std::string contentText(const fs::path& path) {
     std::ifstream file(path, std::ios::binary);
     if (!file) return "can't be read";
     const std::string content{std::istreambuf_iterator<char>(file), {}};
-    const std::string told = std::to_string(content.size()) + " bytes: ";
+    const std::string size = std::to_string(content.size()) + " bytes: ";
     constexpr std::size_t longest = 200;
-    if (content.size() <= longest) return told + content;
+    if (content.size() <= longest) return size + content;
     unsigned long long sum = 14695981039346656037ULL;
     for (const char c : content) sum = (sum ^ static_cast<unsigned char>(c)) * 1099511628211ULL;
-    return told + content.substr(0, 20) + "... sum " + std::to_string(sum);
+    return size + content.substr(0, 20) + "... sum " + std::to_string(sum);
 }
 
-inline std::string told(const fs::path& path, const fs::file_status& status) {
+inline std::string described(const fs::path& path, const fs::file_status& status) {
     const bool isReadOnly = (status.permissions() & fs::perms::owner_write) == fs::perms::none;
     const std::string ending = isReadOnly ? " read-only" : "";
     switch (status.type()) {
@@ -46,7 +46,7 @@ inline std::string told(const fs::path& path, const fs::file_status& status) {
         case fs::file_type::directory:
             return "folder" + ending;
         case fs::file_type::regular:
-            return "file " + contentTold(path) + ending;
+            return "file " + contentText(path) + ending;
         default:
             return "something else" + ending;
     }
@@ -54,7 +54,7 @@ inline std::string told(const fs::path& path, const fs::file_status& status) {
 
 }  // namespace tree_listing
 
-/// No link is followed. A folder that isn't there lists as nothing.
+/// No link is followed. A folder that isn't there gives an empty listing.
 inline TreeListing listTree(const std::filesystem::path& folder) {
     namespace fs = std::filesystem;
     TreeListing listing;
@@ -62,12 +62,12 @@ inline TreeListing listTree(const std::filesystem::path& folder) {
     for (fs::recursive_directory_iterator at(folder, missing), end; !missing && at != end; ++at) {
         const fs::path& path = at->path();
         listing[tree_listing::utf8Of(path.lexically_relative(folder))] =
-            tree_listing::told(path, at->symlink_status());
+            tree_listing::described(path, at->symlink_status());
     }
     return listing;
 }
 
-/// The listing without these entries and all that is below them: what is to be left.
+/// The listing without these entries and all that is below them: what should remain.
 inline TreeListing without(TreeListing listing, std::initializer_list<std::string> gone) {
     std::erase_if(listing, [&](const auto& line) {
         for (const std::string& each : gone) {

@@ -1,4 +1,4 @@
-// Waiting in tests: for a condition, never for a time.
+// Waiting in tests, always for a condition and never for a fixed time.
 #pragma once
 
 #include <chrono>
@@ -6,7 +6,7 @@
 
 namespace velmora {
 
-/// Whether the condition became true before the deadline. Yields between looks.
+/// Whether the condition became true before the deadline. Yields between the attempts.
 template <typename Condition>
 bool waitUntil(Condition&& condition,
                std::chrono::milliseconds deadline = std::chrono::seconds(10)) {
