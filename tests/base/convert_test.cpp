@@ -4,16 +4,13 @@
 
 #include <cfenv>
 #include <cmath>
-#include <limits>
 
 #include "errors.h"
 #include "regionals.h"
+#include "special_numbers.h"
 
 namespace velmora {
 namespace {
-
-constexpr double infinity = std::numeric_limits<double>::infinity();
-const double noNumber = std::nan("");
 
 TEST(ToInteger, RoundsTiesOfATextToEven) {
     const struct {

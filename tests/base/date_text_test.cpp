@@ -8,14 +8,14 @@
 namespace velmora {
 namespace {
 
-const DateTime afternoon{2024, 1, 5, 15, 4, 9};
+const DateTime january5th{2024, 1, 5, 15, 4, 9};
 
 TEST(DateText, FollowsTheRegion) {
-    EXPECT_EQ(dateText(afternoon, unitedStates), "1/5/2024 3:04:09 PM");
-    EXPECT_EQ(dateText(afternoon, germany), "05.01.2024 15:04:09");
-    EXPECT_EQ(dateText(afternoon, france), "05/01/2024 15:04:09");
-    EXPECT_EQ(dateText(afternoon, sweden), "2024-01-05 15:04:09");
-    EXPECT_EQ(dateText(afternoon, finland), "05.01.2024 15.04.09");
+    EXPECT_EQ(dateText(january5th, unitedStates), "1/5/2024 3:04:09 PM");
+    EXPECT_EQ(dateText(january5th, germany), "05.01.2024 15:04:09");
+    EXPECT_EQ(dateText(january5th, france), "05/01/2024 15:04:09");
+    EXPECT_EQ(dateText(january5th, sweden), "2024-01-05 15:04:09");
+    EXPECT_EQ(dateText(january5th, finland), "05.01.2024 15.04.09");
     EXPECT_EQ(dateText({123, 11, 12, 0, 0, 1}, unitedStates), "11/12/0123 12:00:01 AM");
 }
 
@@ -32,12 +32,12 @@ TEST(DateText, IsTheTimeAloneForNoDate) {
     EXPECT_EQ(dateText(DateTime{}, sweden), "00:00:00");
 }
 
-struct Reading {
+struct DateReading {
     const char* text;
     DateTime expected;
 };
 
-void expectReadings(const std::vector<Reading>& cases, const Regional& regional) {
+void expectDates(const std::vector<DateReading>& cases, const Regional& regional) {
     for (const auto& [text, expected] : cases) {
         const auto read = readDate(text, regional);
         ASSERT_TRUE(read.has_value()) << text;
@@ -46,44 +46,44 @@ void expectReadings(const std::vector<Reading>& cases, const Regional& regional)
 }
 
 TEST(ReadDate, ReadsMonthDayAndYearInTheRegionalOrder) {
-    expectReadings({{"1/5/2024", {2024, 1, 5}}, {"01/05/2024", {2024, 1, 5}}}, unitedStates);
-    expectReadings({{"1.5.2024", {2024, 5, 1}}}, germany);
-    expectReadings({{"2024-1-5", {2024, 1, 5}}}, sweden);
+    expectDates({{"1/5/2024", {2024, 1, 5}}, {"01/05/2024", {2024, 1, 5}}}, unitedStates);
+    expectDates({{"1.5.2024", {2024, 5, 1}}}, germany);
+    expectDates({{"2024-1-5", {2024, 1, 5}}}, sweden);
 }
 
 TEST(ReadDate, TakesOtherSeparatorsAsLongAsBothAreTheSame) {
-    expectReadings({{"1-5-2024", {2024, 1, 5}}, {"1.5.2024", {2024, 1, 5}}}, unitedStates);
-    expectReadings({{"2024/1/5", {2024, 1, 5}}, {"2024.1.5", {2024, 1, 5}}}, sweden);
+    expectDates({{"1-5-2024", {2024, 1, 5}}, {"1.5.2024", {2024, 1, 5}}}, unitedStates);
+    expectDates({{"2024/1/5", {2024, 1, 5}}, {"2024.1.5", {2024, 1, 5}}}, sweden);
     EXPECT_FALSE(readDate("1/5-2024", unitedStates));
     EXPECT_FALSE(readDate("1 5 2024", unitedStates));
-    expectReadings({{"5. 1. 2024", {2024, 1, 5}}, {"5/1/2024", {2024, 1, 5}}},
-                   Regional{.dateOrder = DateOrder::dayMonthYear, .dateSeparator = ". "});
+    expectDates({{"5. 1. 2024", {2024, 1, 5}}, {"5/1/2024", {2024, 1, 5}}},
+                Regional{.dateOrder = DateOrder::dayMonthYear, .dateSeparator = ". "});
 }
 
 TEST(ReadDate, ReadsTimesOnBothClocksWithOrWithoutSeconds) {
     for (const Regional& regional : {unitedStates, germany})
-        expectReadings({{"3:04:09 PM", {1899, 12, 30, 15, 4, 9}},
-                        {"3:04 pm", {1899, 12, 30, 15, 4, 0}},
-                        {"3:04PM", {1899, 12, 30, 15, 4, 0}},
-                        {"03:04 Am", {1899, 12, 30, 3, 4, 0}},
-                        {"12:00 AM", {1899, 12, 30, 0, 0, 0}},
-                        {"12:00 PM", {1899, 12, 30, 12, 0, 0}},
-                        {"15:04:09", {1899, 12, 30, 15, 4, 9}},
-                        {"0:00", {1899, 12, 30, 0, 0, 0}},
-                        {"23:59:59", {1899, 12, 30, 23, 59, 59}}},
-                       regional);
-    expectReadings({{"15.04.09", {1899, 12, 30, 15, 4, 9}},
-                    {"15:04", {1899, 12, 30, 15, 4, 0}},
-                    {"5.1.2024 15.04", {2024, 1, 5, 15, 4, 0}}},
-                   finland);
+        expectDates({{"3:04:09 PM", {1899, 12, 30, 15, 4, 9}},
+                     {"3:04 pm", {1899, 12, 30, 15, 4, 0}},
+                     {"3:04PM", {1899, 12, 30, 15, 4, 0}},
+                     {"03:04 Am", {1899, 12, 30, 3, 4, 0}},
+                     {"12:00 AM", {1899, 12, 30, 0, 0, 0}},
+                     {"12:00 PM", {1899, 12, 30, 12, 0, 0}},
+                     {"15:04:09", {1899, 12, 30, 15, 4, 9}},
+                     {"0:00", {1899, 12, 30, 0, 0, 0}},
+                     {"23:59:59", {1899, 12, 30, 23, 59, 59}}},
+                    regional);
+    expectDates({{"15.04.09", {1899, 12, 30, 15, 4, 9}},
+                 {"15:04", {1899, 12, 30, 15, 4, 0}},
+                 {"5.1.2024 15.04", {2024, 1, 5, 15, 4, 0}}},
+                finland);
 }
 
 TEST(ReadDate, ReadsADateWithATimeBehindBlanks) {
-    expectReadings({{"1/5/2024 3:04:09 PM", afternoon},
-                    {"  1/5/2024   15:04:09 ", afternoon},
-                    {"1/5/2024 0:00", {2024, 1, 5}},
-                    {"2/29/2024", {2024, 2, 29}}},
-                   unitedStates);
+    expectDates({{"1/5/2024 3:04:09 PM", january5th},
+                 {"  1/5/2024   15:04:09 ", january5th},
+                 {"1/5/2024 0:00", {2024, 1, 5}},
+                 {"2/29/2024", {2024, 2, 29}}},
+                unitedStates);
 }
 
 TEST(ReadDate, RefusesDatesAndTimesThatDontExist) {

@@ -2,18 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-#include <limits>
 #include <vector>
 
 #include "errors.h"
 #include "regionals.h"
+#include "special_numbers.h"
 
 namespace velmora {
 namespace {
-
-constexpr double infinity = std::numeric_limits<double>::infinity();
-const double noNumber = std::nan("");
 
 TEST(FormatNumber, GroupsWholeNumbersByThreeDigits) {
     const struct {
@@ -92,114 +88,114 @@ TEST(FormatNumber, RefusesDecimalsOutOfRange) {
     EXPECT_EQ(FormatNumber(1, 99, Grouping::none, unitedStates), "1." + std::string(99, '0'));
 }
 
-struct Drawn {
+struct DrawnNumber {
     double value;
     const char *picture, *expected;
 };
 
-void expectDrawn(const std::vector<Drawn>& cases, const Regional& regional) {
+void expectDrawnNumbers(const std::vector<DrawnNumber>& cases, const Regional& regional) {
     for (const auto& [value, picture, expected] : cases)
         EXPECT_EQ(Format(value, picture, regional), expected) << value << " in " << picture;
 }
 
 TEST(NumberPicture, LeavesOptionalDigitsOutAndKeepsThePoint) {
-    expectDrawn({{0, "##.##", "."},
-                 {0.5, "##.##", ".5"},
-                 {12, "##.##", "12."},
-                 {12.3, "##.##", "12.3"},
-                 {12.345, "##.##", "12.35"},
-                 {0.05, "##.##", ".05"},
-                 {0.004, "##.##", "."},
-                 {12.34, "###.0", "12.3"},
-                 {0, "###.0", ".0"},
-                 {0, "###,###,###", ""},
-                 {0, "#", ""},
-                 {5, "#", "5"}},
-                unitedStates);
+    expectDrawnNumbers({{0, "##.##", "."},
+                        {0.5, "##.##", ".5"},
+                        {12, "##.##", "12."},
+                        {12.3, "##.##", "12.3"},
+                        {12.345, "##.##", "12.35"},
+                        {0.05, "##.##", ".05"},
+                        {0.004, "##.##", "."},
+                        {12.34, "###.0", "12.3"},
+                        {0, "###.0", ".0"},
+                        {0, "###,###,###", ""},
+                        {0, "#", ""},
+                        {5, "#", "5"}},
+                       unitedStates);
 }
 
 TEST(NumberPicture, FillsRequiredDigitsWithZeros) {
-    expectDrawn({{50, "#0.0#", "50.0"},
-                 {0.05, "#0.0#", "0.05"},
-                 {0.123, "#0.0#", "0.12"},
-                 {7, "00", "07"},
-                 {0, "00", "00"},
-                 {7, "0#", "07"},  // an optional digit behind a required one is required
-                 {0.5, "0.#0", "0.50"},
-                 {0, "0.#", "0."},
-                 {3, "0.00", "3.00"}},
-                unitedStates);
+    expectDrawnNumbers({{50, "#0.0#", "50.0"},
+                        {0.05, "#0.0#", "0.05"},
+                        {0.123, "#0.0#", "0.12"},
+                        {7, "00", "07"},
+                        {0, "00", "00"},
+                        {7, "0#", "07"},  // an optional digit behind a required one is required
+                        {0.5, "0.#0", "0.50"},
+                        {0, "0.#", "0."},
+                        {3, "0.00", "3.00"}},
+                       unitedStates);
 }
 
 TEST(NumberPicture, GroupsDigitsWhereACommaStandsBetweenThem) {
-    expectDrawn({{999, "##,##0.0", "999.0"},
-                 {1500.25, "##,##0.0", "1,500.3"},
-                 {1000, "###,###,###", "1,000"},
-                 {1000000, "###,###,###", "1,000,000"},
-                 {999, "###,###,###", "999"},
-                 {1234567, "#,#", "1,234,567"},  // by threes wherever the comma stands
-                 {5, "0,000", "0,005"},
-                 {1000, "####", "1000"}},
-                unitedStates);
+    expectDrawnNumbers({{999, "##,##0.0", "999.0"},
+                        {1500.25, "##,##0.0", "1,500.3"},
+                        {1000, "###,###,###", "1,000"},
+                        {1000000, "###,###,###", "1,000,000"},
+                        {999, "###,###,###", "999"},
+                        {1234567, "#,#", "1,234,567"},  // by threes wherever the comma stands
+                        {5, "0,000", "0,005"},
+                        {1000, "####", "1000"}},
+                       unitedStates);
 }
 
 TEST(NumberPicture, GivesDigitsWithoutAPlaceToTheFirstPlace) {
-    expectDrawn({{12345, "#", "12345"},
-                 {12345, "0.0", "12345.0"},
-                 {1234567, "#,##0", "1,234,567"},
-                 {12345, "(#) 0", "(1234) 5"},
-                 {12.5, ".00", "12.50"},
-                 {0.5, ".00", ".50"}},
-                unitedStates);
+    expectDrawnNumbers({{12345, "#", "12345"},
+                        {12345, "0.0", "12345.0"},
+                        {1234567, "#,##0", "1,234,567"},
+                        {12345, "(#) 0", "(1234) 5"},
+                        {12.5, ".00", "12.50"},
+                        {0.5, ".00", ".50"}},
+                       unitedStates);
 }
 
 TEST(NumberPicture, RoundsTiesAwayFromZero) {
-    expectDrawn({{0.5, "0", "1"},
-                 {1.5, "0", "2"},
-                 {2.5, "0", "3"},
-                 {-2.5, "0", "-3"},
-                 {0.49, "#", ""},
-                 {99.95, "#0.0", "100.0"},
-                 {999.95, "#,##0.0", "1,000.0"},
-                 {1.005, "0.00", "1.01"}},
-                unitedStates);
+    expectDrawnNumbers({{0.5, "0", "1"},
+                        {1.5, "0", "2"},
+                        {2.5, "0", "3"},
+                        {-2.5, "0", "-3"},
+                        {0.49, "#", ""},
+                        {99.95, "#0.0", "100.0"},
+                        {999.95, "#,##0.0", "1,000.0"},
+                        {1.005, "0.00", "1.01"}},
+                       unitedStates);
 }
 
 TEST(NumberPicture, PutsAMinusSignInFrontOfEverythingButZero) {
-    expectDrawn({{-5, "0", "-5"},
-                 {-1500.25, "##,##0.0", "-1,500.3"},
-                 {-0.5, "##.##", "-.5"},
-                 {-5, "$0", "-$5"},
-                 {-0.04, "0.0", "0.0"},
-                 {-0.4, "#", ""},
-                 {-0.0, "##.##", "."}},
-                unitedStates);
+    expectDrawnNumbers({{-5, "0", "-5"},
+                        {-1500.25, "##,##0.0", "-1,500.3"},
+                        {-0.5, "##.##", "-.5"},
+                        {-5, "$0", "-$5"},
+                        {-0.04, "0.0", "0.0"},
+                        {-0.4, "#", ""},
+                        {-0.0, "##.##", "."}},
+                       unitedStates);
 }
 
 TEST(NumberPicture, ShowsOtherCharactersAsTheyAre) {
-    expectDrawn({{50, "0%", "50%"},
-                 {1.5, "0.0 MB", "1.5 MB"},
-                 {5551234, "000-0000", "555-1234"},
-                 {5, ",0", ",5"},  // a comma outside the digits groups nothing
-                 {5000, "0,", "5000,"},
-                 {1.5, "0.0,0", "1.5,0"},
-                 {1.5, "0.0.0", "1.5.0"},
-                 {3, "€ 0", "€ 3"},
-                 {3, "abc", "abc"},
-                 {-3, "a,b", "a,b"}},
-                unitedStates);
+    expectDrawnNumbers({{50, "0%", "50%"},
+                        {1.5, "0.0 MB", "1.5 MB"},
+                        {5551234, "000-0000", "555-1234"},
+                        {5, ",0", ",5"},  // a comma outside the digits groups nothing
+                        {5000, "0,", "5000,"},
+                        {1.5, "0.0,0", "1.5,0"},
+                        {1.5, "0.0.0", "1.5.0"},
+                        {3, "€ 0", "€ 3"},
+                        {3, "abc", "abc"},
+                        {-3, "a,b", "a,b"}},
+                       unitedStates);
 }
 
 TEST(NumberPicture, ShowsThePlainNumberWhenItIsEmpty) {
-    expectDrawn({{1234.5, "", "1234.5"}, {0, "", "0"}}, unitedStates);
-    expectDrawn({{-1234.5, "", "-1234,5"}}, germany);
+    expectDrawnNumbers({{1234.5, "", "1234.5"}, {0, "", "0"}}, unitedStates);
+    expectDrawnNumbers({{-1234.5, "", "-1234,5"}}, germany);
 }
 
 TEST(NumberPicture, TakesTheRegionalMarks) {
-    expectDrawn({{1500.25, "##,##0.0", "1.500,3"}, {0, "##.##", ","}}, germany);
-    expectDrawn({{1234567, "###,###,###", "1\u202F234\u202F567"}}, france);
-    expectDrawn({{1500.25, "##,##0.0", "1\u00A0500,3"}}, sweden);
-    expectDrawn({{1500.25, "##,##0.0", "1500\u066B3"}}, arabicPoint);
+    expectDrawnNumbers({{1500.25, "##,##0.0", "1.500,3"}, {0, "##.##", ","}}, germany);
+    expectDrawnNumbers({{1234567, "###,###,###", "1\u202F234\u202F567"}}, france);
+    expectDrawnNumbers({{1500.25, "##,##0.0", "1\u00A0500,3"}}, sweden);
+    expectDrawnNumbers({{1500.25, "##,##0.0", "1500\u066B3"}}, arabicPoint);
 }
 
 TEST(NumberPicture, ShowsHugeAndTinyValues) {

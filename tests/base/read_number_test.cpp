@@ -10,12 +10,12 @@
 namespace velmora {
 namespace {
 
-struct Reading {
+struct NumberReading {
     std::string text;
     double value;
 };
 
-void expectReadings(const std::vector<Reading>& cases, const Regional& regional) {
+void expectNumbers(const std::vector<NumberReading>& cases, const Regional& regional) {
     for (const auto& [text, value] : cases) {
         const auto read = readNumber(text, regional);
         ASSERT_TRUE(read.has_value()) << '"' << text << '"';
@@ -36,29 +36,29 @@ void expectNoNumbers(const std::vector<std::string>& texts, const Regional& regi
 }
 
 TEST(ReadNumber, ReadsSignsPointsGroupsAndExponents) {
-    expectReadings({{"0", 0},
-                    {"60", 60},
-                    {"-17", -17},
-                    {"+17", 17},
-                    {"007", 7},
-                    {"1.5", 1.5},
-                    {".5", 0.5},
-                    {"-.5", -0.5},
-                    {"5.", 5},
-                    {"1,234.5", 1234.5},
-                    {"1,234,567", 1234567},
-                    {"1,2,3", 123},
-                    {"1E3", 1000},
-                    {"1.5e-2", 0.015},
-                    {"2E+2", 200},
-                    {"1,000E-3", 1},
-                    {"9007199254740993", 9007199254740992.0}},
-                   unitedStates);
+    expectNumbers({{"0", 0},
+                   {"60", 60},
+                   {"-17", -17},
+                   {"+17", 17},
+                   {"007", 7},
+                   {"1.5", 1.5},
+                   {".5", 0.5},
+                   {"-.5", -0.5},
+                   {"5.", 5},
+                   {"1,234.5", 1234.5},
+                   {"1,234,567", 1234567},
+                   {"1,2,3", 123},
+                   {"1E3", 1000},
+                   {"1.5e-2", 0.015},
+                   {"2E+2", 200},
+                   {"1,000E-3", 1},
+                   {"9007199254740993", 9007199254740992.0}},
+                  unitedStates);
 }
 
 TEST(ReadNumber, PassesOverBlanksTabsAndLineEndsAroundTheNumber) {
-    expectReadings({{" 12", 12}, {"12  ", 12}, {"  -1.5 ", -1.5}}, unitedStates);
-    expectReadings({{"60\r\n", 60}, {"\t-1\n", -1}, {"\r\n 2.5\t", 2.5}}, unitedStates);
+    expectNumbers({{" 12", 12}, {"12  ", 12}, {"  -1.5 ", -1.5}}, unitedStates);
+    expectNumbers({{"60\r\n", 60}, {"\t-1\n", -1}, {"\r\n 2.5\t", 2.5}}, unitedStates);
 }
 
 TEST(ReadNumber, RefusesOtherText) {
@@ -75,38 +75,38 @@ TEST(ReadNumber, RefusesZeroBytes) {
 }
 
 TEST(ReadNumber, ReadsTheRegionalMarks) {
-    expectReadings({{"1.234,5", 1234.5}, {"1.5", 15}, {",5", 0.5}}, germany);
+    expectNumbers({{"1.234,5", 1234.5}, {"1.5", 15}, {",5", 0.5}}, germany);
     expectNoNumbers({"1,5.0", "1,234.5"}, germany);
-    expectReadings({{"1\u202F234,5", 1234.5}, {"-12\u202F345\u202F678", -12345678}}, france);
-    expectReadings({{"1\u00A0234,5", 1234.5}}, sweden);
-    expectReadings({{"1234\u066B5", 1234.5}, {"\u066B5", 0.5}}, arabicPoint);
+    expectNumbers({{"1\u202F234,5", 1234.5}, {"-12\u202F345\u202F678", -12345678}}, france);
+    expectNumbers({{"1\u00A0234,5", 1234.5}}, sweden);
+    expectNumbers({{"1234\u066B5", 1234.5}, {"\u066B5", 0.5}}, arabicPoint);
     expectNoNumbers({"1,234", "1.5", "1\xD9"}, arabicPoint);
 }
 
 TEST(ReadNumber, TakesAnyBlankForANoBreakOneBetweenDigits) {
     for (const Regional& regional : {france, sweden}) {
-        expectReadings({{"1 234,5", 1234.5}, {"1\u00A0234", 1234}, {"1\u202F234", 1234}}, regional);
+        expectNumbers({{"1 234,5", 1234.5}, {"1\u00A0234", 1234}, {"1\u202F234", 1234}}, regional);
         expectNoNumbers({"1  234", "1\u00A0", "\u202F1", "1 ,5", "1,5 0"}, regional);
     }
     expectNoNumbers({"1 234", "1\u00A0234"}, germany);
 }
 
 TEST(ReadNumber, PrefersTheDecimalPointWhenTheGroupMarkIsTheSame) {
-    expectReadings({{"1.5", 1.5}}, Regional{.digitGroup = ".", .decimalPoint = "."});
+    expectNumbers({{"1.5", 1.5}}, Regional{.digitGroup = ".", .decimalPoint = "."});
 }
 
 TEST(ReadNumber, RefusesValuesBeyondADoubleAndTakesTooSmallOnesForZero) {
     expectNoNumbers(
         {"1E309", "-1E309", "1E99999999999999999999", std::string(400, '9'), "0.001E400"},
         unitedStates);
-    expectReadings({{"1E308", 1e308},
-                    {"1E-400", 0},
-                    {"1E-99999999999999999999", 0},
-                    {"0E999", 0},
-                    {"0." + std::string(400, '0') + "1", 0},
-                    {std::string(400, '0') + "7", 7},
-                    {"1" + std::string(400, '0') + "E-400", 1}},
-                   unitedStates);
+    expectNumbers({{"1E308", 1e308},
+                   {"1E-400", 0},
+                   {"1E-99999999999999999999", 0},
+                   {"0E999", 0},
+                   {"0." + std::string(400, '0') + "1", 0},
+                   {std::string(400, '0') + "7", 7},
+                   {"1" + std::string(400, '0') + "E-400", 1}},
+                  unitedStates);
 }
 
 }  // namespace

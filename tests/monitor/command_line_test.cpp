@@ -8,7 +8,6 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-constexpr const char* sendTo = "C:\\Users\\user\\SendTo";
 constexpr const char* program = "C:\\Program Files\\Velmora\\velmora.exe";
 
 struct CommandRig : Rig {
@@ -83,7 +82,7 @@ TEST(SendToShortcut, LeadsToTheProgramWithAllItsFields) {
     rig.added("");
     ASSERT_EQ(rig.machine.shortcuts.size(), 1u);
     const fake::FakeShortcut& made = rig.machine.shortcuts[0];
-    EXPECT_EQ(made.file, std::string(sendTo) + "\\Velmora.lnk");
+    EXPECT_EQ(made.file, std::string(sendToFolder) + "\\Velmora.lnk");
     EXPECT_EQ(made.TargetPath, program);
     EXPECT_EQ(made.IconLocation, program);
     EXPECT_EQ(made.WorkingDirectory, "C:\\Program Files\\Velmora");
@@ -102,7 +101,7 @@ TEST(SendToShortcut, IsNotMadeAgainAtTheNextStart) {
 
 TEST(SendToShortcut, IsFoundWhateverItsLetterCase) {
     CommandRig rig;
-    rig.machine.files[std::string(sendTo) + "\\velmora.LNK"] = "";
+    rig.machine.files[std::string(sendToFolder) + "\\velmora.LNK"] = "";
     rig.added("");
     EXPECT_TRUE(rig.machine.shortcuts.empty());
 }

@@ -7,7 +7,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-const std::string stagnancy = "Free space stagnancy in: C:\\ at size 5,000 KB\r\n.\r\n";
+const std::string stagnancyOfC = "Free space stagnancy in: C:\\ at size 5,000 KB\r\n.\r\n";
 
 TEST(EventPanels, WithNothingTickedEveryEntryIsNamedByItsIndex) {
     EventRig rig;
@@ -76,7 +76,7 @@ TEST(EventStop, AClearedCheckLeavesThePassAtTheNextEntryWithWhatWasFound) {
                                  "Checking Events for: No Change in Free Space Size (Stagnancy)",
                                  "Events Listing Check Done. 1"}));
     EXPECT_EQ(rig.panel2, Texts{"Ready (e2): "});
-    EXPECT_EQ(rig.alertTexts(), Texts{stagnancy});
+    EXPECT_EQ(rig.alertTexts(), Texts{stagnancyOfC});
     EXPECT_EQ(rig.machine.log.countOf("FindFirstFileA"), 0);
 }
 
@@ -109,7 +109,7 @@ TEST(EventOrder, TestsRunInTheOrderOfTheList) {
                      "FileExists " + rig.form1.txtAudio[0].Text()}));
     // The files' alert came at once, the summary of the rest at the end.
     EXPECT_EQ(rig.alertTexts(),
-              (Texts{stagnancy + "File Quantity changed in C:\\ from 9 to 0\r\n.\r\n" +
+              (Texts{stagnancyOfC + "File Quantity changed in C:\\ from 9 to 0\r\n.\r\n" +
                          "Folder Quantity changed in C:\\ from 9 to 0\r\n.\r\n",
                      "Files modified: Change Type: Last Write\r\n  C:\\new\r\n"}));
 }
@@ -169,8 +169,8 @@ TEST(EventSummary, IsOneHighAlertOfTheRow) {
     rig.measured("C:\\", 5000);
     rig.tickEvent(0);
     rig.pass();
-    EXPECT_EQ(rig.alert(1), std::string("High | ") + stampDateTime + " | " + stagnancy);
-    EXPECT_EQ(rig.list.ListItems(1).ListSubItems(4).Tag(), stagnancy);
+    EXPECT_EQ(rig.alert(1), std::string("High | ") + stampDateTime + " | " + stagnancyOfC);
+    EXPECT_EQ(rig.list.ListItems(1).ListSubItems(4).Tag(), stagnancyOfC);
     EXPECT_EQ(rig.alertCount(), 1);
 }
 
@@ -181,8 +181,8 @@ TEST(EventSummary, GoesInFrontOfTheDialogsTextStampedAndOfTheJournalAsItIs) {
     rig.forms.dlgAlert.Label1.setText("dialog");
     rig.tickEvent(0);
     rig.pass();
-    EXPECT_EQ(rig.forms.dlgAlert.Label1.Text(), "03/14/26 15:09:26 " + stagnancy + "dialog");
-    EXPECT_EQ(rig.form1.txtAlert.Text(), stagnancy + "journal");
+    EXPECT_EQ(rig.forms.dlgAlert.Label1.Text(), "03/14/26 15:09:26 " + stagnancyOfC + "dialog");
+    EXPECT_EQ(rig.form1.txtAlert.Text(), stagnancyOfC + "journal");
 }
 
 TEST(EventSummary, ARepeatedOneReachesTheJournalButNotTheAlertList) {
@@ -192,7 +192,7 @@ TEST(EventSummary, ARepeatedOneReachesTheJournalButNotTheAlertList) {
     rig.pass();
     rig.pass();
     EXPECT_EQ(rig.alertCount(), 1);
-    EXPECT_EQ(rig.form1.txtAlert.Text(), stagnancy + stagnancy);
+    EXPECT_EQ(rig.form1.txtAlert.Text(), stagnancyOfC + stagnancyOfC);
 }
 
 TEST(EventSummary, HoldsTheEventsOfItsOwnRowAlone) {
@@ -202,7 +202,7 @@ TEST(EventSummary, HoldsTheEventsOfItsOwnRowAlone) {
     rig.tickEvent(0);
     rig.check();
     EXPECT_EQ(rig.alertTexts(),
-              (Texts{"Free space stagnancy in: D:\\ at size 7,000 KB\r\n.\r\n", stagnancy}));
+              (Texts{"Free space stagnancy in: D:\\ at size 7,000 KB\r\n.\r\n", stagnancyOfC}));
 }
 
 TEST(EventSummary, WithoutEventsNothingIsToldPlayedOrShown) {
@@ -265,7 +265,7 @@ TEST(EventSound, IsPlayedAfterTheJournalIsWrittenAndBeforeTheDialogIsShown) {
     rig.tickEvent(0);
     rig.machine.onCall = [&](const std::string& call) {
         if (call.compare(0, 13, "sndPlaySoundA") != 0) return;
-        EXPECT_EQ(rig.form1.txtAlert.Text(), stagnancy);
+        EXPECT_EQ(rig.form1.txtAlert.Text(), stagnancyOfC);
         EXPECT_EQ(rig.ports.count("alert dialog"), 0);
     };
     rig.pass();

@@ -22,6 +22,9 @@ namespace velmora::tests {
 
 inline constexpr double KB = 1024;
 
+/// Where the user of the machine in memory has his "Send to" shortcuts.
+inline constexpr const char* sendToFolder = "C:\\Users\\user\\SendTo";
+
 /// Ports that write down what was asked of them, in order.
 struct RecordedPorts {
     std::vector<std::string> calls;

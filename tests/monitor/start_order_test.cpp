@@ -8,8 +8,6 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-constexpr const char* sendTo = "C:\\Users\\user\\SendTo";
-
 // Everything that the start does, in one list: calls of the machine, of the ports, and what
 // becomes visible in the forms.
 struct StartRig {
@@ -118,7 +116,7 @@ TEST(StartOrder, EveryStepComesInItsPlace) {
     rig.platform.app.Command = "\"C:\\one.txt\"";
     rig.onSettings = [&] { rig.form1.chkUpdate.setDesignValue(1); };
     rig.lifeCycle.Form_Load();
-    const std::string send = sendTo;
+    const std::string send = sendToFolder;
     EXPECT_EQ(rig.ports.calls, (Texts{"system time",
                                       "panel 1 with 5 columns",
                                       "chkCustTime_Click",

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 #include <sys/types.h>
+#include <unistd.h>
 
 #include <memory>
 #include <set>
@@ -13,6 +14,11 @@
 #include "platform/platform.h"
 
 namespace velmora::linuxhost {
+
+/// The user's number, as trash folders of drives are named by it.
+inline std::string uid() {
+    return std::to_string(getuid());
+}
 
 /// Empty when this process may mount, and then mounts are its own; otherwise the reason why not.
 std::string whyNoMounting();

@@ -22,10 +22,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string uid() {
-    return std::to_string(getuid());
-}
-
 // What a desktop program reads from a note: the bytes of the path, and the date as it is written.
 struct Note {
     std::string path;

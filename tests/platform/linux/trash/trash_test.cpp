@@ -34,10 +34,6 @@ void fillTrash(const std::string& trash) {
     makeFile(trash + "/directorysizes");
 }
 
-std::string uid() {
-    return std::to_string(getuid());
-}
-
 // Two drives of the scratch folder; nothing is mounted, since only their paths count.
 class TrashTest : public testing::Test {
   protected:

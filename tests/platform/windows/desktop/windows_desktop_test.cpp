@@ -174,8 +174,8 @@ TEST(WindowsShell32, WhatIsNotThereIsNotExecuted) {
 }
 
 // The fields of a .lnk file, as the shell reads them.
-struct Link {
-    explicit Link(const std::string& path) {
+struct SavedLink {
+    explicit SavedLink(const std::string& path) {
         IShellLinkW* link = nullptr;
         IPersistFile* file = nullptr;
         EXPECT_EQ(CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkW,
@@ -217,7 +217,7 @@ TEST(WindowsWScriptShell, TheShellReadsTheFieldsThatWereSaved) {
     shortcut->HotKey = "CTRL+ALT+X";
     shortcut->WindowStyle = 7;
     shortcut->Save();
-    const Link link(folder / "Größe.lnk");
+    const SavedLink link(folder / "Größe.lnk");
     EXPECT_EQ(link.target, shortcut->TargetPath);
     EXPECT_EQ(link.arguments, shortcut->Arguments);
     EXPECT_EQ(link.description, shortcut->Description);
@@ -235,7 +235,7 @@ TEST(WindowsWScriptShell, OnlyATargetIsEnough) {
     const auto shortcut = shell.CreateShortcut(folder / "plain.LNK");
     shortcut->TargetPath = R"(C:\x.exe)";
     shortcut->Save();
-    const Link link(folder / "plain.LNK");
+    const SavedLink link(folder / "plain.LNK");
     EXPECT_EQ(link.target, R"(C:\x.exe)");
     EXPECT_EQ(link.arguments, "");
     EXPECT_EQ(link.icon, "");

@@ -21,7 +21,7 @@ using tests::windows::makeFile;
 using tests::windows::namesIn;
 using tests::windows::openFile;
 
-constexpr std::uint32_t existsAlready = 183;
+constexpr std::uint32_t nameTaken = 183;
 
 class WindowsDriveMove : public DriveMoveTest {};
 
@@ -78,7 +78,7 @@ TEST_F(WindowsDriveMove, WhatTakesTheNameMeanwhileIsNotReplaced) {
     const bool isMoved = moveWhile([&] { makeFile(target(), "theirs"); });
     if (!isHeld_) return;
     EXPECT_FALSE(isMoved);
-    EXPECT_EQ(kernel32_.GetLastError(), existsAlready);
+    EXPECT_EQ(kernel32_.GetLastError(), nameTaken);
     EXPECT_EQ(other_.tree(), (std::vector<std::string>{"\\new file file 6 [theirs]"}));
     EXPECT_TRUE(contentsOf(source()) == content_);
 }
