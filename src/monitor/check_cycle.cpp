@@ -7,6 +7,7 @@
 #include "base/drive_text.h"
 #include "base/resume_next.h"
 #include "base/text.h"
+#include "forms/form_numbers.h"
 #include "rows/watch_row.h"
 
 namespace velmora {
@@ -15,13 +16,6 @@ namespace {
 
 // Milliseconds of Timer1 once checks have begun.
 constexpr int runningInterval = 10000;
-
-// Images of the tool bar and the status bar.
-constexpr int pauseImage = 2;
-constexpr int readyImage = 13;
-constexpr int checkingImage = 14;
-
-constexpr int startPauseButton = 1;
 
 // Errors in one tick above which it gives up.
 constexpr int errorLimit = 2;
@@ -90,10 +84,10 @@ bool CheckCycle::isDue() {
 // Returns the trigger that holds for all rows.
 std::int32_t CheckCycle::prepare() {
     Form1& form1 = forms_.form1;
-    form1.Toolbar1.setButtonImage(startPauseButton, pauseImage);
-    form1.Toolbar1.setButtonCaption(startPauseButton, "Pause");
+    form1.Toolbar1.setButtonImage(tool::startPause, image::pause);
+    form1.Toolbar1.setButtonCaption(tool::startPause, "Pause");
     form1.StatusBar1.setPanelText(1, "Checking...");
-    form1.StatusBar1.setPanelPicture(1, checkingImage);
+    form1.StatusBar1.setPanelPicture(1, image::checking);
     form1.Timer1.setEnabled(false);
     setDefaults();
     const std::int32_t lngMinSpace = toLong(form1.txtSpace.Text(), platform_.regional);
@@ -172,7 +166,7 @@ void CheckCycle::closeCheck(int i) {
     status.setPanelText(1, "Ready. Check in " + form1.txtTime.Text() + " (sec.)");
     status.setPanelText(2, "Checked: " + Format(platform_.clock.Now(), "hh:mm:ss mm/dd"));
     status.setPanelText(3, "Times Checked: " + toText(forms_.globals.lngTimesChecked));
-    status.setPanelPicture(1, readyImage);
+    status.setPanelPicture(1, image::ready);
     if (form1.chkLogTimeMon.ticked()) {
         // After a full pass `i` is one past the last row: this fails then and ends the tick.
         alerts_.prcAlertInfo(Format(platform_.clock.Now(), alert_time::seconds), rating::medium,

@@ -6,16 +6,13 @@
 #include "base/convert.h"
 #include "base/resume_next.h"
 #include "base/text.h"
+#include "forms/form_numbers.h"
 #include "monitor/maker.h"
 #include "rows/watch_row.h"
 
 namespace velmora {
 
 namespace {
-
-// Size of the window at start, in twips.
-constexpr int startHeight = 9100;
-constexpr int startWidth = 8030;
 
 constexpr std::int32_t sendToFolder = 9;
 
@@ -46,7 +43,7 @@ void LifeCycle::Form_Load() {
     ports_.settings.prcSettings(2);
     noteStart();
     forms_.sysWorkSystray.Hide();
-    form1.setSize(startWidth, startHeight);
+    form1.setSize(form1_size::startWidth, form1_size::fullHeight);
     form1.lblLog.setCaption(platform_.app.Path + "\\log.dat");
     ports_.tabs.lblTab_Click(0);
     ports_.tabs.lblSpectab_Click(0);

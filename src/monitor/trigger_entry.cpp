@@ -1,13 +1,10 @@
 #include "monitor/trigger_entry.h"
 
 #include "base/convert.h"
+#include "controls/keys.h"
 #include "rows/watch_row.h"
 
 namespace velmora {
-
-namespace {
-constexpr int enterKey = 13;
-}
 
 TriggerEntry::TriggerEntry(Forms& forms, Platform& platform, Host& host, DriveView& driveView)
     : forms_(forms), platform_(platform), host_(host), driveView_(driveView) {
@@ -61,7 +58,7 @@ void TriggerEntry::placeOver(ListItem& row) {
 }
 
 void TriggerEntry::Text1_KeyPress(int key) {
-    if (key != enterKey) return;
+    if (key != key::enter) return;
     ListItem* row = rowUnderPointer();
     if (row == nullptr) return;
     TextBox& box = forms_.form1.Text1;

@@ -6,15 +6,12 @@
 #include "base/resume_next.h"
 #include "base/runtime_error.h"
 #include "base/text.h"
+#include "forms/form_numbers.h"
 #include "rows/watch_row.h"
 
 namespace velmora {
 
 namespace {
-
-constexpr int startPauseButton = 1;
-constexpr int pauseImage = 2;
-constexpr int startImage = 13;
 
 // The minute of the day, as both ends of the custom watch time are compared.
 constexpr const char* minuteOfDay = "hh:mm AMPM";
@@ -51,8 +48,8 @@ void WatchControl::cmdPause_Click() {
 void WatchControl::pause() {
     Form1& form1 = forms_.form1;
     form1.setCaption("Velmora - Watching Paused.");
-    form1.Toolbar1.setButtonCaption(startPauseButton, "Start");
-    form1.Toolbar1.setButtonImage(startPauseButton, startImage);
+    form1.Toolbar1.setButtonCaption(tool::startPause, "Start");
+    form1.Toolbar1.setButtonImage(tool::startPause, image::start);
     form1.mnuPause.setChecked(true);
     form1.cmdPause.setCaption("Start Watch");
     form1.Timer1.setEnabled(false);
@@ -65,8 +62,8 @@ void WatchControl::pause() {
 void WatchControl::start() {
     Form1& form1 = forms_.form1;
     form1.setCaption("Velmora - Watching Activated");
-    form1.Toolbar1.setButtonCaption(startPauseButton, "Pause");
-    form1.Toolbar1.setButtonImage(startPauseButton, pauseImage);
+    form1.Toolbar1.setButtonCaption(tool::startPause, "Pause");
+    form1.Toolbar1.setButtonImage(tool::startPause, image::pause);
     form1.mnuPause.setChecked(false);
     if (form1.ListView1.Count() == 0) {
         host_.MsgBox({.text = "No Drive/Path currently listed.", .icon = BoxIcon::information});
@@ -81,19 +78,19 @@ void WatchControl::start() {
 
 void WatchControl::mnuPause_Click() {
     Form1& form1 = forms_.form1;
-    const std::string caption = form1.Toolbar1.Buttons(startPauseButton).Caption;
+    const std::string caption = form1.Toolbar1.Buttons(tool::startPause).Caption;
     if (caption == "Start") {
         form1.mnuPause.setCaption("Pause");
         form1.mnuPause.setChecked(true);
         cmdPause_Click();
-        form1.Toolbar1.setButtonCaption(startPauseButton, "Pause");
-        form1.Toolbar1.setButtonImage(startPauseButton, pauseImage);
+        form1.Toolbar1.setButtonCaption(tool::startPause, "Pause");
+        form1.Toolbar1.setButtonImage(tool::startPause, image::pause);
     } else if (caption == "Pause") {
         form1.mnuPause.setCaption("Start");
         form1.mnuPause.setChecked(false);
         cmdPause_Click();
-        form1.Toolbar1.setButtonCaption(startPauseButton, "Start");
-        form1.Toolbar1.setButtonImage(startPauseButton, startImage);
+        form1.Toolbar1.setButtonCaption(tool::startPause, "Start");
+        form1.Toolbar1.setButtonImage(tool::startPause, image::start);
     }
 }
 

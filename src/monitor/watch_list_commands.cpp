@@ -5,16 +5,11 @@
 #include "base/drive_text.h"
 #include "base/resume_next.h"
 #include "base/runtime_error.h"
+#include "forms/form_numbers.h"
 #include "forms/sort_column.h"
 #include "rows/watch_row.h"
 
 namespace velmora {
-
-namespace {
-
-enum Command { addPathCommand, removeCommand, clearCommand, selectDriveCommand, refreshCommand };
-
-}  // namespace
 
 WatchListCommands::WatchListCommands(Forms& forms, Platform& platform, Host& host,
                                      AlertList& alerts, WatchList& watchList, MonitorPorts ports)
@@ -33,8 +28,8 @@ void WatchListCommands::connect() {
         label.Click.connect([this, index = label.Index()] { lblDP_Click(index); });
     }
     form1.cmdLVAdd.Click.connect([this] { cmdLVAdd_Click(); });
-    form1.cmdLVRemove.Click.connect([this] { lblDP_Click(removeCommand); });
-    form1.cmdClear.Click.connect([this] { lblDP_Click(clearCommand); });
+    form1.cmdLVRemove.Click.connect([this] { lblDP_Click(watch_button::remove); });
+    form1.cmdClear.Click.connect([this] { lblDP_Click(watch_button::clear); });
     form1.ListView1.ItemCheck.connect(
         [this](ListItem&) { watchList_.prcLVBold(forms_.form1.ListView1); });
     form1.ListView1.ColumnClick.connect(
@@ -64,15 +59,15 @@ bool WatchListCommands::mayDisturbCheck() {
 
 void WatchListCommands::run(int index) {
     switch (index) {
-        case addPathCommand:
+        case watch_button::add:
             return addPath();
-        case removeCommand:
+        case watch_button::remove:
             return removeSelected();
-        case clearCommand:
+        case watch_button::clear:
             return clearAll();
-        case selectDriveCommand:
+        case watch_button::selectDrive:
             return selectDrive();
-        case refreshCommand:
+        case watch_button::refresh:
             return watchList_.RefreshDriveExisting();
         default:
             return;

@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "persist/registry.h"
+#include "platform/show_window.h"
 
 namespace velmora {
 
@@ -10,7 +11,6 @@ namespace {
 constexpr std::uint32_t readAccess = 0x20019;
 constexpr std::uint32_t plainText = 1;
 constexpr std::uint32_t textWithVariables = 2;
-constexpr std::int32_t normalWindow = 1;
 
 constexpr int degreesPerTick = 3;
 constexpr int fullTurn = 360;

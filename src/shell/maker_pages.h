@@ -5,6 +5,7 @@
 
 #include "forms/forms.h"
 #include "platform/shell32.h"
+#include "platform/show_window.h"
 
 namespace velmora {
 
@@ -16,7 +17,6 @@ inline constexpr const char* help = "/velmora/help";
 /// Opens a file or an address with the program for it, on behalf of the main window. Its success
 /// isn't looked at.
 inline void openByShell(Forms& forms, Shell32& shell32, const std::string& target) {
-    constexpr std::int32_t normalWindow = 1;
     shell32.ShellExecuteA(forms.form1.Name(), "open", target, "", "", normalWindow);
 }
 

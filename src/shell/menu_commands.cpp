@@ -3,6 +3,8 @@
 #include "alerts/journal/alert_time.h"
 #include "base/resume_next.h"
 #include "base/runtime_error.h"
+#include "forms/form_numbers.h"
+#include "platform/show_window.h"
 #include "shell/maker_pages.h"
 #include "shell/window_layout.h"
 
@@ -10,7 +12,6 @@ namespace velmora {
 
 namespace {
 constexpr std::int16_t addIcon = 1;
-constexpr std::int32_t normalWindow = 1;
 }  // namespace
 
 MenuCommands::MenuCommands(Forms& forms, Platform& platform, Host& host, MenuParts parts)
@@ -90,7 +91,7 @@ void MenuCommands::mnuInfo_Click() {
 }
 
 void MenuCommands::mnuProgSet_Click() {
-    if (form1_.Height() < WindowLayout::fullHeight) {
+    if (form1_.Height() < form1_size::fullHeight) {
         form1_.Toolbar1.ButtonClick(tool::view);
     } else {
         host_.MsgBox({.text = "The program settings and options are already shown.",

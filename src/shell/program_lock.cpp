@@ -3,13 +3,13 @@
 #include <initializer_list>
 
 #include "base/wipe.h"
+#include "controls/keys.h"
 
 namespace velmora {
 
 namespace {
 
 constexpr std::size_t longestPassword = 25;  // characters
-constexpr int enterKey = 13;
 
 constexpr const char* lockWord = "Lock";
 constexpr const char* unlockWord = "Unlock";
@@ -63,7 +63,7 @@ void ProgramLock::Form_Load() {
 }
 
 void ProgramLock::Text1_KeyPress(int keyAscii) {
-    if (keyAscii == enterKey) Command1_Click(0);
+    if (keyAscii == key::enter) Command1_Click(0);
 }
 
 void ProgramLock::Command1_Click(int index) {

@@ -1,5 +1,7 @@
 #include "shell/recycle_bin_view.h"
 
+#include "platform/show_window.h"
+
 namespace velmora {
 
 namespace {
@@ -9,7 +11,6 @@ constexpr const char* recycleBin = "::{645FF040-5081-101B-9F08-00AA002F954E}";
 constexpr const char* scheduledTasks =
     "::{20D04FE0-3AEA-1069-A2D8-08002B30309D}\\::{21EC2020-3AEA-1069-A2DD-08002B30309D}\\"
     "::{D6277990-4C6A-11CF-8D87-00AA0060F5BF}";
-constexpr std::int32_t normalWindow = 1;
 
 }  // namespace
 

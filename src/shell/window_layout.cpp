@@ -1,13 +1,13 @@
 #include "shell/window_layout.h"
 
 #include "base/resume_next.h"
+#include "forms/form_numbers.h"
 
 namespace velmora {
 
 namespace {
 
 constexpr int leastHeight = 3900;
-constexpr int leastWidth = 8070;
 constexpr int compactMargin = 500;
 
 // What stays free beside and below the controls that follow the window.
@@ -55,8 +55,8 @@ int WindowLayout::compactHeight() const {
 
 void WindowLayout::toggleView() {
     if (form1_.State() != WindowState::normal) form1_.setState(WindowState::normal);
-    const bool full = form1_.Height() != fullHeight;
-    form1_.setSize(form1_.Width(), full ? fullHeight : compactHeight());
+    const bool full = form1_.Height() != form1_size::fullHeight;
+    form1_.setSize(form1_.Width(), full ? form1_size::fullHeight : compactHeight());
     form1_.Toolbar1.setButtonCaption(tool::view, full ? "View -" : "View +");
     form1_.Frame5.setVisible(full);
     form1_.Frame1.setVisible(full);
@@ -75,7 +75,8 @@ void WindowLayout::Form_Resize() {
 // follows then is done again with the same measures.
 void WindowLayout::keepLeastSize() {
     if (form1_.Height() < leastHeight) form1_.setSize(form1_.Width(), compactHeight());
-    if (form1_.Width() < leastWidth) form1_.setSize(leastWidth, form1_.Height());
+    if (form1_.Width() < form1_size::leastWidth)
+        form1_.setSize(form1_size::leastWidth, form1_.Height());
 }
 
 void WindowLayout::placeHead() {

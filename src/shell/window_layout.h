@@ -8,8 +8,6 @@ namespace velmora {
 
 class WindowLayout {
   public:
-    /// Height of the full view.
-    static constexpr int fullHeight = 9100;
     /// Where a panel comes when its tab is selected.
     static constexpr Bounds panelPlace{1320, 3240, 6615, 4935};
 

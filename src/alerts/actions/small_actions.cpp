@@ -2,12 +2,12 @@
 
 #include "base/convert.h"
 #include "base/text.h"
+#include "platform/show_window.h"
 
 namespace velmora {
 
 namespace {
 
-constexpr std::int32_t normalWindow = 1;
 // The set of choices that the disk cleaner knows under this number.
 constexpr const char* cleanerSet = "12";
 

@@ -4,14 +4,14 @@
 #include <string_view>
 
 #include "base/text.h"
+#include "forms/form_numbers.h"
+#include "platform/show_window.h"
 
 namespace velmora {
 
 namespace {
 
-constexpr std::int32_t normalWindow = 1;
-constexpr std::size_t wizard = 3;  // in lblAl
-constexpr std::size_t sorbane = 0;
+constexpr std::size_t sorbane = 0;  // in lblAct
 
 constexpr const char* moving = "move";
 constexpr const char* deleting = "delete";
@@ -30,9 +30,9 @@ constexpr std::array<Option, 5> options{{
     {"You can select files to be moved to another path to free up space.", moving},
 }};
 
-// Places in lstAct of the actions on files.
-constexpr int firstFileAction = 1;
-constexpr int lastFileAction = 4;
+// The actions on files.
+constexpr int firstFileAction = act::move;
+constexpr int lastFileAction = act::autoMove;
 
 }  // namespace
 
@@ -42,7 +42,7 @@ AlertDialogOptions::AlertDialogOptions(Forms& forms, Platform& platform, Host& h
     for (std::size_t i = 0; i < dialog.lblAct.size(); ++i) {
         dialog.lblAct[i].Click.connect([this, i] { lblAct_Click(i); });
     }
-    dialog.lblAl[wizard].Click.connect([this] { Wizard_Click(); });
+    dialog.lblAl[alert_button::wizard].Click.connect([this] { Wizard_Click(); });
 }
 
 void AlertDialogOptions::lblAct_Click(std::size_t index) {
@@ -52,7 +52,7 @@ void AlertDialogOptions::lblAct_Click(std::size_t index) {
     }
     DlgAlert& dialog = forms_.dlgAlert;
     dialog.lblSuggest.setCaption(options[index].suggestion);
-    dialog.lblAl[wizard].setTag(options[index].word);
+    dialog.lblAl[alert_button::wizard].setTag(options[index].word);
 }
 
 void AlertDialogOptions::startSorbane() {
@@ -72,7 +72,7 @@ std::string AlertDialogOptions::driveInAlert() {
 }
 
 void AlertDialogOptions::Wizard_Click() {
-    const std::string word = forms_.dlgAlert.lblAl[wizard].Tag();
+    const std::string word = forms_.dlgAlert.lblAl[alert_button::wizard].Tag();
     if (word != moving && word != deleting) return;
     chooseFiles();
     clearFileActions();

@@ -1,28 +1,23 @@
 #include "alerts/dialog/alert_dialog_window.h"
 
+#include "forms/form_numbers.h"
+
 namespace velmora {
 
 namespace {
 
 constexpr int heightWithActions = 8200;  // twips
 
-namespace button {
-constexpr std::size_t ok = 0;
-constexpr std::size_t clear = 1;
-constexpr std::size_t explorer = 2;
-constexpr std::size_t action = 4;
-}  // namespace button
-
 }  // namespace
 
 AlertDialogWindow::AlertDialogWindow(Forms& forms, WorkArea& workArea)
     : forms_(forms), workArea_(workArea) {
     DlgAlert& dialog = forms_.dlgAlert;
-    dialog.lblAl[button::ok].Click.connect([&dialog] { dialog.Hide(); });
-    dialog.lblAl[button::clear].Click.connect([&dialog] { dialog.Label1.setText(""); });
+    dialog.lblAl[alert_button::ok].Click.connect([&dialog] { dialog.Hide(); });
+    dialog.lblAl[alert_button::clear].Click.connect([&dialog] { dialog.Label1.setText(""); });
     // Whatever its caption says.
-    dialog.lblAl[button::explorer].Click.connect([&dialog] { dialog.Label1.setText(" . "); });
-    dialog.lblAl[button::action].Click.connect([this] { showActions(); });
+    dialog.lblAl[alert_button::explorer].Click.connect([&dialog] { dialog.Label1.setText(" . "); });
+    dialog.lblAl[alert_button::action].Click.connect([this] { showActions(); });
     // The options lie below the rest.
     dialog.Resize.connect(
         [&dialog] { dialog.fraAct.setVisible(dialog.Height() >= heightWithActions); });

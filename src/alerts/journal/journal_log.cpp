@@ -6,12 +6,12 @@
 #include "base/convert.h"
 #include "base/resume_next.h"
 #include "base/text.h"
+#include "platform/show_window.h"
 
 namespace velmora {
 
 namespace {
 
-constexpr std::int32_t normalWindow = 1;
 // What the shell answers when it has taken an order.
 constexpr std::int32_t orderTaken = 42;
 

@@ -6,14 +6,13 @@
 #include "base/resume_next.h"
 #include "base/text.h"
 #include "forms/sort_column.h"
+#include "platform/show_window.h"
 
 namespace velmora {
 
 namespace {
 
 enum ProgramButton { addButton, removeButton, clearButton, runButton, browseButton };
-
-constexpr std::int32_t normalWindow = 1;
 
 }  // namespace
 

@@ -3,6 +3,7 @@
 #include "base/resume_next.h"
 #include "base/runtime_error.h"
 #include "base/text.h"
+#include "platform/show_window.h"
 
 namespace velmora {
 
@@ -11,8 +12,6 @@ namespace {
 constexpr int noConfirmation = 1;
 constexpr int noProgress = 2;
 constexpr int noSound = 4;
-
-constexpr std::int32_t normalWindow = 1;
 
 // An existing file as a command line: a blank in its path must not end the program's name.
 std::string asCommand(const std::string& file) {

@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QToolButton>
 
+#include "forms/form_numbers.h"
 #include "qt/controls/elided_label.h"
 #include "qt/icons/glyph.h"
 #include "qt/surface/field.h"
@@ -15,10 +16,6 @@ namespace velmora::qt {
 namespace {
 
 constexpr int iconSize = 24;
-// Images of ImageList1 by their numbers.
-constexpr int pauseImage = 2;
-constexpr int readyImage = 13;
-constexpr int checkingImage = 14;
 
 Glyph glyphOf(const QString& caption) {
     if (caption == QLatin1String("Start")) return Glyph::start;
@@ -54,11 +51,11 @@ QToolButton* makeBarButton(ToolBar& field, int number, UserHand& hand) {
 
 QIcon panelPicture(int number) {
     switch (number) {
-        case readyImage:
+        case image::ready:
             return glyphIcon(Glyph::stateOk);
-        case checkingImage:
+        case image::checking:
             return glyphIcon(Glyph::refresh);
-        case pauseImage:
+        case image::pause:
             return glyphIcon(Glyph::pause);
         default:
             return {};

@@ -5,6 +5,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "controls/keys.h"
 #include "qt/controls/file_drops.h"
 #include "qt/surface/field.h"
 #include "qt/surface/text.h"
@@ -12,8 +13,6 @@
 namespace velmora::qt {
 
 namespace {
-
-constexpr int enterKey = 13;
 
 // Tells the field when the focus leaves its widget.
 class FocusWatch : public QObject {
@@ -73,7 +72,7 @@ QLineEdit* makeLineEdit(TextBox& field, UserHand& hand) {
                          refresher->touch();
                      });
     QObject::connect(edit, &QLineEdit::returnPressed, edit,
-                     [&field, &hand] { hand.does([&field] { field.KeyPress(enterKey); }); });
+                     [&field, &hand] { hand.does([&field] { field.KeyPress(key::enter); }); });
     return edit;
 }
 

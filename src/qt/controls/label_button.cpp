@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include "forms/label_colours.h"
 #include "qt/controls/colours.h"
 #include "qt/surface/field.h"
 #include "qt/surface/text.h"
@@ -61,8 +62,7 @@ bool LabelButton::selected() const {
 
 // The strips mark the selected tab by other colours.
 bool LabelButton::isShownTab() const {
-    constexpr Colour innerSelected = 0x400000;
-    return shape_ == Shape::topTab ? label_.BackColor() == innerSelected : selected();
+    return shape_ == Shape::topTab ? label_.BackColor() == label_colour::deepBlue : selected();
 }
 
 QPainterPath LabelButton::outline(const QRectF& area) const {

@@ -10,13 +10,13 @@
 
 #include "base/text.h"
 #include "base/wipe.h"
+#include "controls/keys.h"
 #include "qt/surface/field.h"
 
 namespace velmora::qt {
 
 namespace {
 
-constexpr int enterKey = 13;
 const QChar dot(0x25CF);
 
 // The place of a character in a text of UTF-8, in bytes.
@@ -129,7 +129,7 @@ void PasswordEdit::paste() {
 
 void PasswordEdit::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        hand_.does([this] { field_.KeyPress(enterKey); });
+        hand_.does([this] { field_.KeyPress(key::enter); });
     } else if (event->matches(QKeySequence::Paste)) {
         paste();
     } else if (event->matches(QKeySequence::Copy) || event->matches(QKeySequence::Cut) ||

@@ -3,8 +3,8 @@
 #include "qt/controls/buttons.h"
 #include "qt/icons/program_icon.h"
 #include "qt/surface/field.h"
+#include "qt/windows/dialog_pieces.h"
 #include "qt/windows/dialogs.h"
-#include "qt/windows/form_binding.h"
 #include "qt/windows/layouts.h"
 
 namespace velmora::qt {
@@ -60,12 +60,7 @@ QWidget* makeAboutWindow(FrmAbout& form, UserHand& hand) {
     auto* content = column({});
     content->addLayout(upper);
     content->addLayout(row({makeButton(form.cmdSysInfo, hand), nullptr, ok}));
-    content->setContentsMargins(2 * gap, 2 * gap, 2 * gap, 2 * gap);
-    auto* window = new QWidget;
-    window->setWindowIcon(programIcon());
-    window->setLayout(content);
-    new FormBinding(window, form, hand);
-    return window;
+    return dialog(form, content, hand);
 }
 
 }  // namespace velmora::qt

@@ -1,6 +1,7 @@
 // The alert dialog: its journal, what can be done about a shortage, and how it goes away by itself.
 #include <QHBoxLayout>
 
+#include "forms/form_numbers.h"
 #include "qt/controls/buttons.h"
 #include "qt/controls/journal_view.h"
 #include "qt/controls/label_button.h"
@@ -15,13 +16,6 @@ namespace velmora::qt {
 
 namespace {
 
-// Places in lblAl.
-constexpr int okButton = 0;
-constexpr int clearButton = 1;
-constexpr int explorerButton = 2;
-constexpr int wizardButton = 3;
-constexpr int actionButton = 4;
-
 LabelButton* button(Label& label, UserHand& hand) {
     return new LabelButton(label, hand, LabelButton::Shape::button);
 }
@@ -31,7 +25,7 @@ QWidget* makeOptions(DlgAlert& form, UserHand& hand) {
     for (Label& label : form.lblAct) choices->addWidget(button(label, hand));
     auto* content = column({around(choices), paragraph(form.lblSuggest)});
     content->addStretch(1);
-    content->addLayout(row({nullptr, button(form.lblAl[wizardButton], hand)}));
+    content->addLayout(row({nullptr, button(form.lblAl[alert_button::wizard], hand)}));
     QGroupBox* options = group(shown(form.fraAct.Caption()), content);
     bindField(options, form.fraAct, [] {});
     return options;
@@ -44,10 +38,11 @@ QWidget* makeAlertWindow(DlgAlert& form, UserHand& hand) {
     content->addWidget(
         group(shown(form.frmCurAlert.Caption()), column({new JournalView(form.Label1)})), 1);
     content->addWidget(makeOptions(form, hand));
-    content->addLayout(
-        row({makeCheckBox(form.chkAutoHide, hand), makeCheckBox(form.chkLog, hand), nullptr,
-             button(form.lblAl[clearButton], hand), button(form.lblAl[explorerButton], hand),
-             button(form.lblAl[actionButton], hand), button(form.lblAl[okButton], hand)}));
+    content->addLayout(row({makeCheckBox(form.chkAutoHide, hand), makeCheckBox(form.chkLog, hand),
+                            nullptr, button(form.lblAl[alert_button::clear], hand),
+                            button(form.lblAl[alert_button::explorer], hand),
+                            button(form.lblAl[alert_button::action], hand),
+                            button(form.lblAl[alert_button::ok], hand)}));
     return dialog(form, content, hand, {.sized = true});
 }
 

@@ -4,6 +4,19 @@
 
 namespace velmora::qt {
 
+namespace {
+
+// Without margins of its own.
+template <typename Layout>
+Layout* makeLayout() {
+    auto* layout = new Layout;
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(gap);
+    return layout;
+}
+
+}  // namespace
+
 QGroupBox* group(const QString& heading, QLayout* content) {
     auto* box = new QGroupBox(heading);
     content->setContentsMargins(gap + 2, gap, gap + 2, gap + 2);
@@ -12,9 +25,7 @@ QGroupBox* group(const QString& heading, QLayout* content) {
 }
 
 QHBoxLayout* row(std::initializer_list<QWidget*> widgets) {
-    auto* layout = new QHBoxLayout;
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(gap);
+    auto* layout = makeLayout<QHBoxLayout>();
     for (QWidget* widget : widgets) {
         if (widget == nullptr) {
             layout->addStretch(1);
@@ -26,9 +37,7 @@ QHBoxLayout* row(std::initializer_list<QWidget*> widgets) {
 }
 
 QVBoxLayout* column(std::initializer_list<QWidget*> widgets) {
-    auto* layout = new QVBoxLayout;
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(gap);
+    auto* layout = makeLayout<QVBoxLayout>();
     for (QWidget* widget : widgets) layout->addWidget(widget);
     return layout;
 }

@@ -3,8 +3,8 @@
 #include "qt/controls/buttons.h"
 #include "qt/controls/password_edit.h"
 #include "qt/icons/program_icon.h"
+#include "qt/windows/dialog_pieces.h"
 #include "qt/windows/dialogs.h"
-#include "qt/windows/form_binding.h"
 #include "qt/windows/layouts.h"
 
 namespace velmora::qt {
@@ -32,12 +32,7 @@ QWidget* makeLockWindow(FrmLock& form, UserHand& hand) {
     auto* content = row({picture});
     content->setSpacing(2 * gap);
     content->addLayout(texts, 1);
-    content->setContentsMargins(2 * gap, 2 * gap, 2 * gap, 2 * gap);
-    auto* window = new QWidget;
-    window->setWindowIcon(programIcon());
-    window->setLayout(content);
-    new FormBinding(window, form, hand);
-    return window;
+    return dialog(form, content, hand);
 }
 
 }  // namespace velmora::qt

@@ -5,6 +5,7 @@
 #include <QShortcut>
 #include <QToolBar>
 
+#include "forms/form_numbers.h"
 #include "qt/controls/activity_view.h"
 #include "qt/controls/bars.h"
 #include "qt/controls/buttons.h"
@@ -24,7 +25,7 @@ namespace {
 
 constexpr double listScale = 0.9;
 // The resize rules' own least width, whatever the fonts would like.
-constexpr int leastWidth = 8070 / twipsPerPixel;
+constexpr int leastWidth = form1_size::leastWidth / twipsPerPixel;
 
 QIcon rowPicture(const std::string& key, const QtShellIcons& icons) {
     if (key == "ok") return glyphIcon(Glyph::stateOk);

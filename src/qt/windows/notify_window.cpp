@@ -4,9 +4,8 @@
 #include "qt/controls/buttons.h"
 #include "qt/controls/check_list.h"
 #include "qt/controls/entries.h"
-#include "qt/icons/program_icon.h"
+#include "qt/windows/dialog_pieces.h"
 #include "qt/windows/dialogs.h"
-#include "qt/windows/form_binding.h"
 #include "qt/windows/layouts.h"
 
 namespace velmora::qt {
@@ -79,12 +78,7 @@ QWidget* makeNotifyWindow(FrmNotify& form, UserHand& hand) {
     }
     pages->setUsesScrollButtons(false);
     auto* content = column({pages});
-    content->setContentsMargins(2 * gap, 2 * gap, 2 * gap, 2 * gap);
-    auto* window = new QWidget;
-    window->setWindowIcon(programIcon());
-    window->setLayout(content);
-    new FormBinding(window, form, hand);
-    return window;
+    return dialog(form, content, hand);
 }
 
 }  // namespace velmora::qt

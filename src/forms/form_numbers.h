@@ -1,0 +1,41 @@
+// What the numbers of the forms mean: images, places in arrays of controls, sizes.
+#pragma once
+
+#include <cstddef>
+
+namespace velmora {
+
+/// Images of the tool bar and of the status bar, by their numbers in ImageList1.
+namespace image {
+inline constexpr int pause = 2;
+inline constexpr int start = 13;
+inline constexpr int ready = 13;
+inline constexpr int checking = 14;
+}  // namespace image
+
+/// Places in lblDP, the buttons of the watch list.
+namespace watch_button {
+inline constexpr int add = 0;
+inline constexpr int remove = 1;
+inline constexpr int clear = 2;
+inline constexpr int selectDrive = 3;
+inline constexpr int refresh = 4;
+}  // namespace watch_button
+
+/// Places in lblAl of the alert dialog.
+namespace alert_button {
+inline constexpr std::size_t ok = 0;
+inline constexpr std::size_t clear = 1;
+inline constexpr std::size_t explorer = 2;
+inline constexpr std::size_t wizard = 3;
+inline constexpr std::size_t action = 4;
+}  // namespace alert_button
+
+/// Sizes of Form1, in twips.
+namespace form1_size {
+inline constexpr int fullHeight = 9100;  ///< of the full view, also at the start
+inline constexpr int startWidth = 8030;
+inline constexpr int leastWidth = 8070;
+}  // namespace form1_size
+
+}  // namespace velmora
