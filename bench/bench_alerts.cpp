@@ -40,7 +40,7 @@ int main() {
     std::printf("memory an alert: %.0f bytes, %.0f beyond its %zu bytes of text\n", each,
                 each - static_cast<double>(textBytes), textBytes);
 
-    // The journal grows at the front likewise.
+    // The journal grows at the front too.
     TextBox& journal = program.forms.form1.txtAlert;
     for (const int entries : {1000, 100000}) {
         while (journal.textLength() < text.size() * static_cast<std::size_t>(entries)) {

@@ -1,4 +1,4 @@
-// A check over many watched rows beside the bare system call for each of them.
+// A check over many watched rows, compared with the bare system call for each of them.
 #include <sys/statvfs.h>
 
 #include <algorithm>
@@ -19,7 +19,7 @@ double median(std::vector<double> values) {
     return values[values.size() / 2];
 }
 
-// The drives' mount points, which the bare call is given.
+// The drives' mount points, for the bare call.
 std::vector<std::string> mountPoints(Machine& machine, const std::vector<std::string>& roots) {
     std::vector<std::string> folders;
     for (const std::string& root : roots) folders.push_back(machine.toHostPath(root));

@@ -1,5 +1,5 @@
-// A check of many watched rows with every event looked for, beside one without events; and the save
-// of the journal's new part after a short and a long journal.
+// A check of many watched rows with every event looked for, compared with one without events; and
+// the save of the journal's new part after a short and a long journal.
 #include <algorithm>
 #include <cstdio>
 #include <filesystem>
@@ -20,7 +20,7 @@ double median(std::vector<double> values) {
     return values[values.size() / 2];
 }
 
-// The roots of this machine's ready drives, over and over.
+// The roots of this machine's ready drives, repeated.
 void watch(bench::Program& program, int rows) {
     ListView& list = program.forms.form1.ListView1;
     std::vector<std::string> roots;
@@ -54,7 +54,7 @@ void measureEvents(int rows) {
     form1.txtSpace.setText("1");
     form1.DTPInterval.setMinute(0);
     const double plain = check(program);
-    // All but the one for paths that went away, which ends a pass at its first row.
+    // All except unavailable paths, which end a pass at the first row.
     for (int event = evt::stagnancy; event < evt::unavailable; ++event) {
         form1.lstEvt.setSelected(event, true);
     }
@@ -82,7 +82,7 @@ void measureLog(int entries) {
         times.push_back(bench::seconds([&] { form1.Timer1.Tick(); }));
     }
     const auto saved = std::filesystem::file_size(scratch.at("log.dat"));
-    std::printf("saving one entry behind %d: %.1f us, with its check; log.dat has %.1f KB\n",
+    std::printf("saving one entry after %d: %.1f us, with its check; log.dat has %.1f KB\n",
                 entries, median(times) * 1e6, static_cast<double>(saved) / 1024);
 }
 

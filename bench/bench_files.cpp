@@ -1,4 +1,4 @@
-// Ten thousand listed files moved and deleted, beside mv and rm.
+// Ten thousand listed files moved and deleted, compared with mv and rm.
 #include <sys/stat.h>
 
 #include <cstdio>
@@ -29,7 +29,7 @@ struct Listed {
         form1.ListView1.Clear();
         renew();
     }
-    /// The files anew, each with a row.
+    /// Makes the files again, each with a row.
     void renew() {
         run("rm -rf " + source + " " + target);
         mkdir(source.c_str(), 0755);
@@ -45,7 +45,7 @@ struct Listed {
     }
 };
 
-void tell(const char* what, double ours, const char* peer, double theirs) {
+void report(const char* what, double ours, const char* peer, double theirs) {
     std::printf("%-34s %8.1f us a file, %s %8.1f, ratio %.2f\n", what, ours / files * 1e6, peer,
                 theirs / files * 1e6, ours / theirs);
 }
@@ -64,7 +64,7 @@ int main() {
     const double mv = bench::seconds([&] {
         run("find " + listed.source + " -type f -print0 | xargs -0 mv -t " + listed.target);
     });
-    tell("Move All", move, "mv", mv);
+    report("Move All", move, "mv", mv);
 
     listed.renew();
     listed.program.host.answer = BoxAnswer::no;
@@ -73,5 +73,5 @@ int main() {
     listed.renew();
     const double rm =
         bench::seconds([&] { run("find " + listed.source + " -type f -print0 | xargs -0 rm"); });
-    tell("Delete All", remove, "rm", rm);
+    report("Delete All", remove, "rm", rm);
 }

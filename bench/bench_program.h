@@ -21,7 +21,7 @@ class QuietHost final : public Host {
     void Beep() override {}
     void DoEvents() override { timers_.fireDue(); }
 
-    std::optional<BoxAnswer> answer;  ///< to every box; dismissing it when there is none
+    std::optional<BoxAnswer> answer;  ///< to every box; none dismisses it
 
   private:
     TimerQueue& timers_;

@@ -1,5 +1,5 @@
-// The scan of a folder for newer files, and the counts of its files and folders, beside find and
-// beside bare system calls on the same folder.
+// The scan of a folder for newer files, and the counts of its files and folders, compared with find
+// and with bare system calls on the same folder.
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -20,10 +20,10 @@ using namespace velmora;
 
 namespace {
 
-// What the bare calls find is told, so that no compiler leaves them out.
+// Takes what the bare calls find, so that no compiler leaves them out.
 volatile std::uint64_t found = 0;
 
-// Each entry of a listing and its status, as lean as it can be written.
+// Each entry of a listing and its status, by the fewest calls.
 void bareScan(const std::string& path, bool withStatus) {
     const int folder = open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     alignas(dirent64) static std::array<char, 64 * 1024> buffer;
@@ -50,7 +50,7 @@ void run(const std::string& command) {
     if (std::system(command.c_str()) != 0) std::printf("failed: %s\n", command.c_str());
 }
 
-// The best of some rounds: what other programs take meanwhile isn't asked for.
+// The best of some rounds, to leave out the time that other programs take.
 double best(int rounds, const std::function<void()>& work) {
     double least = bench::seconds(work);
     for (int i = 1; i < rounds; ++i) least = std::min(least, bench::seconds(work));

@@ -1,8 +1,8 @@
 // The window at work, as the real program shows it: bench_window start|rest|alerts.
 //
 //   start   prints "painted" once the main window has been painted, and ends
-//   rest    watches 26 rows and lies still for a minute: memory and processor time
-//   alerts  a hundred thousand alerts with their page open, beside the list alone
+//   rest    watches 26 rows and idles for a minute: memory and processor time
+//   alerts  a hundred thousand alerts with their page open, compared with the list alone
 #include <sys/resource.h>
 #include <unistd.h>
 
@@ -85,7 +85,7 @@ double raise(AlertList& list, const std::function<void()>& yield) {
     return bench::seconds([&] {
         for (int i = 0; i < alerts; ++i) {
             list.prcAlertInfo("20260314 15:09", rating::high, text, {}, nullptr);
-            // A check yields between rows; here a hundred alerts stand for one.
+            // A check yields between rows; here every hundred alerts count as a row.
             if (i % 100 == 0) yield();
         }
         yield();

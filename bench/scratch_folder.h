@@ -1,4 +1,4 @@
-// A folder for one benchmark, gone after it.
+// A folder for one benchmark, removed after it.
 #pragma once
 
 #include <fcntl.h>

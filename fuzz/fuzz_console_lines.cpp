@@ -1,4 +1,4 @@
-// The console fed with any bytes: it never falls over, ends with status 0 or 1, and every line that
+// The console reads any bytes: it never crashes, ends with status 0 or 1, and every line that
 // it prints in JSON mode is one object.
 #include <nlohmann/json.hpp>
 #include <sstream>
@@ -13,9 +13,9 @@ using namespace velmora;
 
 namespace {
 
-// Half an hour and some more of the clock, in naps of a second at most; waiting for longer ends
-// the program.
-constexpr int mostNaps = 2000;
+// A wait sleeps for at most a second at a time: after half an hour and a little more, the program
+// is ended.
+constexpr int mostSleeps = 2000;
 
 int runOn(const std::string& input, std::string& printed) {
     fake::FakeMachine machine;
@@ -25,9 +25,9 @@ int runOn(const std::string& input, std::string& printed) {
     machine.drives["E:"] = {.ready = false};
     std::istringstream in(input);
     std::ostringstream out;
-    int naps = 0;
+    int sleeps = 0;
     const int status = runConsole(machine, in, out, [&](std::int64_t milliseconds) {
-        if (++naps > mostNaps) throw ProgramEnd{0};
+        if (++sleeps > mostSleeps) throw ProgramEnd{0};
         machine.advance(milliseconds);
     });
     printed = out.str();

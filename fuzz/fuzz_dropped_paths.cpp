@@ -1,5 +1,5 @@
-// Any paths dropped on the lists, and then every action and operation on them: whatever comes, a
-// file that was not listed stays as it was, and nothing but a run-time error ends a step.
+// Any paths dropped on the lists, and then every action and operation on them: a file
+// that was not listed is never changed, and only a run-time error ends a step.
 //
 // Input: a byte for the actions that are ticked, one for the answers to questions, then the paths,
 // one a line.
@@ -32,7 +32,7 @@ void furnish(fake::FakeMachine& machine) {
     for (const std::string& file : allFiles) machine.files[file] = "content of " + file;
 }
 
-// As the machine in memory compares them.
+// Compared as the machine in memory does.
 std::string keyOf(std::string path) {
     path = lowerCase(path);
     std::replace(path.begin(), path.end(), '/', '\\');
@@ -57,7 +57,7 @@ void attempt(Step&& step) {
     }
 }
 
-// What happened, for whoever reads the broken promise.
+// What happened, for the message of a failed check.
 void tellCalls(const std::string& file, const fake::FakeMachine& machine) {
     std::fprintf(stderr, "gone: %s\n", file.c_str());
     for (const std::string& call : machine.log.calls()) {

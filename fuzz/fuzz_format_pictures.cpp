@@ -1,5 +1,5 @@
-// Number and date pictures and the readers beside them: whatever the bytes, a text or a run-time
-// error comes out, and what was written can be read. The first 8 bytes are the value, the rest is
+// Number and date pictures and the conversions back: any bytes give a text or a run-time error, and
+// what was written can be read. The first 8 bytes are the value, the rest is
 // the picture.
 #include <cmath>
 #include <cstring>

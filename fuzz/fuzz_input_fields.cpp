@@ -1,4 +1,4 @@
-// Input fields out of any bytes: reading ends, and only separators, blanks and quotes are lost.
+// Input fields from any bytes: reading ends, and only separators, blanks and quotes are lost.
 #include <string>
 
 #include "base/input_fields.h"
@@ -26,10 +26,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     while (!input.atEnd()) {
         const std::string field = input.next();
         require(++fields <= text.size(), "every field takes at least one byte");
-        // The character in front of an opening quote tells a quoted field from a plain one.
+        // The character before an opening quote distinguishes a quoted field from a plain one.
         const bool manyLines = field.find_first_of("\r\n,") != std::string::npos;
         require(!manyLines || text.find('"' + field) != std::string_view::npos,
-                "separators stand in quoted fields only");
+                "separators are in quoted fields only");
         require(text.find(field) != std::string_view::npos, "a field is a piece of the text");
         joined += field;
     }

@@ -1,4 +1,4 @@
-// Any bytes as the settings file: reading ends, raises only the errors that a file can bring about,
+// Any bytes as the settings file: reading ends, raises only the errors that a file can cause,
 // asks the machine for nothing but sounds, and leaves fields that can be written.
 #include <string>
 
@@ -21,8 +21,8 @@ class Program {
         forms.form1.ListView1.Add("C:\\");
     }
 
-    /// Every field that the file sets is empty, off or at its first moment again, and nothing is
-    /// recorded: each input finds the same program.
+    /// Resets every field that the file sets, and forgets what was recorded: each input finds the
+    /// same program.
     void reset() {
         for (Form* form :
              {static_cast<Form*>(&forms.form1), static_cast<Form*>(&forms.frmNotify)}) {

@@ -12,7 +12,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
 namespace velmora {
 
-/// Ends the program with a word on the broken promise, so that the fuzzer keeps the input.
+/// Ends the program with a message about the failed check, so that the fuzzer keeps the input.
 inline void require(bool kept, const char* promise) {
     if (kept) return;
     std::fprintf(stderr, "broken: %s\n", promise);

@@ -73,7 +73,7 @@ class Mutator {
         }
     }
 
-    /// Puts a piece of another file in.
+    /// Inserts a piece of another file.
     void splice(Bytes& input, std::size_t at) {
         const Bytes& other = corpus_[below(corpus_.size())];
         const std::size_t from = below(other.size() + 1);
@@ -87,7 +87,7 @@ class Mutator {
     std::mt19937 random_{1};
 };
 
-/// In a block of exactly its size, so that a sanitizer sees every byte read beyond it.
+/// In a block of exactly its size, so that a sanitizer reports every read beyond it.
 void run(const Bytes& input) {
     const Bytes exact(input.begin(), input.end());
     LLVMFuzzerTestOneInput(exact.data(), exact.size());

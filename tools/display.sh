@@ -1,5 +1,5 @@
-# Shell functions for a display that nobody sees, for tests that show windows.
-# To be sourced, behind tools/setup.sh.
+# Shell functions for a virtual display, for tests that show windows.
+# To be sourced after tools/setup.sh.
 
 display_process=
 
@@ -19,7 +19,7 @@ start_display() {
     fi
 }
 
-# Ends it, and whatever still shows windows on it.
+# Ends the display, and with it the programs that still show windows on it.
 stop_display() {
     [[ -n $display_process ]] || return 0
     kill "$display_process" 2>/dev/null || true

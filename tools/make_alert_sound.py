@@ -13,7 +13,7 @@ RATE = 22050
 LENGTH = 0.9
 # Hertz, and the second at which the tone is struck.
 TONES = ((880.0, 0.0), (1174.66, 0.18))
-# A bell's partials: multiple of the tone, loudness, and how fast it dies away.
+# A bell's partials: multiple of the tone, loudness, and how fast it decays.
 PARTIALS = ((1.0, 0.6, 5.0), (2.0, 0.25, 8.0), (2.98, 0.1, 12.0))
 LOUDNESS = 0.45
 

@@ -1,14 +1,14 @@
 #!/usr/bin/env python3
 """Renders the program's icons: dist/icons/*.svg -> dist/icons/png/*.png and dist/icons/velmora.ico.
 
-  make_icons.py           renders everything anew
-  make_icons.py --check   only says whether velmora.ico holds the pictures of png/
+  make_icons.py           renders everything again
+  make_icons.py --check   only checks that velmora.ico holds the pictures of png/
 
 The results are checked in, so that building needs no renderer. Uses rsvg-convert (on Debian the
 package librsvg2-bin), or the Python module cairosvg when there is no rsvg-convert.
 
-A picture NAME.svg is for 32 pixels and more; NAME-small.svg is the same on a grid of 16, with less
-in it, for the sizes where the other one would get muddy.
+A picture NAME.svg is for 32 pixels and more; NAME-small.svg is the same on a grid of 16, with fewer
+details, for the sizes at which the other one would be unclear.
 """
 
 import shutil

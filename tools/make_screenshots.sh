@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Photographs every page and window into docs/screenshots: tools/make_screenshots.sh
-# The windows stand over a machine in memory, without a screen, so the pictures come out the same
-# wherever the same fonts are installed.
+# Takes a screenshot of every page and window into docs/screenshots: tools/make_screenshots.sh
+# The program runs over a machine in memory, without a screen, so the pictures are the same on every
+# machine with the same fonts.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 source "$root/tools/setup.sh"

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Makes a settings file out of plain lines, as dist/set.dat was made.
+"""Makes a settings file from plain lines; dist/set.dat was made with it.
 
   make_set_dat.py OUTPUT [PLAIN]   scramble the lines of PLAIN (default: the ones below)
   make_set_dat.py --show FILE      print the plain lines of a settings file
@@ -9,7 +9,7 @@ In PLAIN a line end inside a value is written \\r\\n. See docs/settings-file.md.
 
 import sys
 
-# What a first start begins with: a check each minute, 50,000 KB, the log shown.
+# The settings of a first start: a check each minute, 50,000 KB, the log shown.
 DIST = r"""chkUpdate=0
 chkStartUp=0
 chkOnTopMonitor=0

@@ -1,13 +1,13 @@
 #!/usr/bin/env python3
 """Runs test programs and counts what passed, failed and was skipped.
 
-  run_tests.py --tally FILE --build FOLDER [--wine LOADER]   what ctest knows in a build folder
-  run_tests.py --tally FILE --command PROGRAM ARGUMENT...    a program that counts for itself
+  run_tests.py --tally FILE --build FOLDER [--wine LOADER]   the tests that ctest lists in a build folder
+  run_tests.py --tally FILE --command PROGRAM ARGUMENT...    a program that counts its own tests
 
-A line "passed failed skipped" a program is added to the tally file. A program of GoogleTest is
-counted by its report, another one of a build folder as one test. A program that counts for itself
-says "N passed, N failed[, N skipped]" in its last line. A crash, a missed time limit, a missing
-program and a status that doesn't fit the count are failures.
+For each program a line "passed failed skipped" is added to the tally file. GoogleTest programs are
+counted by their reports, other programs of a build folder as one test each. A program that counts
+its own tests prints "N passed, N failed[, N skipped]" as its last line. A crash, a missed time
+limit, a missing program and a status that contradicts the count are failures.
 """
 
 import argparse
@@ -23,7 +23,7 @@ import xml.etree.ElementTree as ET
 
 TIME_LIMIT = 600
 
-# How much of its output a program shows that ended badly.
+# How many lines of a failed program's output are shown.
 LAST_LINES = 60
 
 
@@ -41,7 +41,7 @@ class Outcome:
 
 
 def run(command, folder=None, environment=None):
-    """Runs a command in a session of its own, so that a missed time limit ends its children too."""
+    """Runs a command in its own session, so that a missed time limit ends its children too."""
     with tempfile.TemporaryFile() as output:
         process = subprocess.Popen(command, cwd=folder, stdin=subprocess.DEVNULL,
                                    stdout=output, stderr=subprocess.STDOUT,
@@ -60,7 +60,7 @@ def run(command, folder=None, environment=None):
 
 
 class Report:
-    """What a program of GoogleTest says that it ran."""
+    """The results of a GoogleTest program."""
 
     def __init__(self):
         self.passed = 0
@@ -69,7 +69,7 @@ class Report:
 
 
 def read_report(path):
-    """Nothing when the program left none."""
+    """Reads the report of a GoogleTest program; None when there is none."""
     try:
         cases = ET.parse(path).getroot().iter("testcase")
     except (OSError, ET.ParseError):
@@ -81,7 +81,7 @@ def read_report(path):
             texts = [failure.text.strip() for failure in case.iter("failure")]
             report.failures.append("\n".join([f"{name} failed:", *texts]))
         elif case.find("skipped") is not None:
-            # The first line of the message is the place in the source.
+            # The first line of the message is the location in the source.
             reason = case.find("skipped").get("message", "").split("\n", 1)[-1].strip()
             report.skipped.append(f"{name}: {reason}")
         elif case.get("status") == "run":
@@ -99,7 +99,7 @@ class Runner:
             tally.write(f"{passed} {failed} {skipped}\n")
 
     def conclude(self, name, counts, seconds, outcome):
-        """Counts a program that ran; one that ended badly without a failed test is a failure."""
+        """Counts a program that ran; one that failed without a failed test counts as a failure."""
         passed, failed, skipped = counts
         trouble = outcome.trouble()
         if trouble and not failed:
@@ -117,14 +117,14 @@ class Runner:
     def run_gtest(self, name, command, folder, environment):
         with tempfile.TemporaryDirectory() as scratch:
             report = os.path.join(scratch, "report.xml")
-            told = "Z:" + report.replace("/", "\\") if self.wine else report
-            options = ["--gtest_color=no", f"--gtest_output=xml:{told}"]
+            place = "Z:" + report.replace("/", "\\") if self.wine else report
+            options = ["--gtest_color=no", f"--gtest_output=xml:{place}"]
             begin = time.monotonic()
             outcome = run([*command, *options], folder, environment)
             seconds = time.monotonic() - begin
             counted = read_report(report)
         if counted is None and not outcome.trouble():
-            self.missing(name, "left no report of its tests")
+            self.missing(name, "wrote no report of its tests")
             return
         counted = counted or Report()
         for failure in counted.failures:
@@ -169,13 +169,13 @@ class Runner:
         outcome = run(command)
         print(outcome.output, end="")
         lines = outcome.output.strip().splitlines()
-        outcome.output = ""  # shown already
-        said = re.fullmatch(r"(\d+) passed, (\d+) failed(?:, (\d+) skipped)?",
+        outcome.output = ""  # printed already
+        count = re.fullmatch(r"(\d+) passed, (\d+) failed(?:, (\d+) skipped)?",
                             lines[-1].strip() if lines else "")
-        if not said:
-            self.missing(name, outcome.trouble() or "did not say how many passed")
+        if not count:
+            self.missing(name, outcome.trouble() or "did not print how many passed")
             return
-        counts = tuple(int(number or 0) for number in said.groups())
+        counts = tuple(int(number or 0) for number in count.groups())
         self.conclude(name, counts, time.monotonic() - begin, outcome)
 
 

@@ -1,23 +1,23 @@
 # Shell functions that ./run and ./test share: the packages they need, and building a preset.
 # To be sourced, with `root` set to the project's folder. All messages go to standard error.
 
-# A fresh checkout finds what another one on this machine has compiled.
+# A fresh checkout reuses what another one on this machine has compiled.
 export CCACHE_BASEDIR=$root
 export CCACHE_NOHASHDIR=1
 
-# What building takes.
+# What a build needs.
 build_packages=(build-essential cmake ninja-build ccache pkg-config nlohmann-json3-dev zlib1g-dev
     qt6-base-dev)
 
-# What the tests take besides: libraries, the cross compiler, Wine, tools that make file systems to
-# test on, and tools that show windows, drive them and photograph them.
+# What the tests need besides: libraries, the cross compiler, Wine, tools that make file systems to
+# test on, and tools that show windows, operate them and take screenshots.
 test_packages=(googletest libfuse3-dev fuse3 libz-mingw-w64-dev python3
     gcc-mingw-w64-x86-64-posix g++-mingw-w64-x86-64-posix wine wine64 e2fsprogs mount
     xvfb openbox xdotool imagemagick)
 
 say() { printf '%s\n' "$*" >&2; }
 
-# Prints those of the packages that aren't installed.
+# Prints the packages that aren't installed.
 missing_packages() {
     local installed package
     installed=$(dpkg-query -W -f '${db:Status-Abbrev}|${Package}\n' "$@" 2>/dev/null |
@@ -35,10 +35,10 @@ as_root() {
     fi
 }
 
-# Whether presets are configured anew, since there may be more to find now.
-packages_came=no
+# Whether packages were installed: presets are configured again then, as there is more to find.
+new_packages=no
 
-# Installs what is missing of the packages; touches nothing and needs no network when nothing is.
+# Installs the missing packages. When none is missing, it changes nothing and needs no network.
 install_packages() {
     if ! command -v dpkg-query >/dev/null; then
         say "This is no Debian system; going on as if these were installed: $*"
@@ -48,7 +48,7 @@ install_packages() {
     mapfile -t missing < <(missing_packages "$@")
     [[ ${#missing[@]} -gt 0 ]] || return 0
     say "Installing packages: ${missing[*]}"
-    packages_came=yes
+    new_packages=yes
     if [[ $(id -u) -ne 0 ]] && ! command -v sudo >/dev/null; then
         say "Neither root nor sudo here: please install them and start again."
         return 1
@@ -59,17 +59,17 @@ install_packages() {
             "${missing[@]}" </dev/null >&2
 }
 
-# Whether the folder of Qt for Windows is another one than the preset was configured with.
+# Whether the folder of Qt for Windows differs from the one the preset was configured with.
 other_windows_qt() {
     local preset=$1
     [[ $preset == windows && -n ${VELMORA_WINDOWS_QT:-} ]] &&
         ! grep -qxF "VELMORA_WINDOWS_QT:PATH=$VELMORA_WINDOWS_QT" "$root/build/$preset/CMakeCache.txt"
 }
 
-# Configures a preset when that was never done, or when there is something new to find.
+# Configures a preset for the first time, or again when there is something new to find.
 configure_preset() {
     local preset=$1 options=()
-    if [[ -f $root/build/$preset/build.ninja && $packages_came == no ]] &&
+    if [[ -f $root/build/$preset/build.ninja && $new_packages == no ]] &&
         ! other_windows_qt "$preset"; then
         return 0
     fi
@@ -83,8 +83,8 @@ configure_preset() {
 # Whether a configured preset knows a target.
 has_target() { grep -qE "^build $2: phony" "$root/build/$1/build.ninja"; }
 
-# Configures a preset when need be, then builds the targets (all without any). Says nothing when
-# there is nothing to do.
+# Configures a preset if necessary, then builds the targets, or all when none is given. Prints
+# nothing when there is nothing to do.
 build_preset() {
     local preset=$1
     shift

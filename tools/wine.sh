@@ -9,8 +9,8 @@ wineserver=/usr/lib/wine/wineserver64
 
 wine_started=no
 
-# Makes the prefix when there is none, which takes some seconds. Nothing is downloaded, no menu of
-# the user's desktop changes, and no debugger buries the output of a program that crashes.
+# Makes the prefix when there is none, which takes some seconds. Nothing is downloaded, the menus of
+# the user's desktop don't change, and no debugger writes over the output of a program that crashes.
 start_wine() {
     [[ $wine_started == no ]] || return 0
     export WINEPREFIX=$root/build/wine
@@ -22,7 +22,7 @@ start_wine() {
     export VELMORA_OWN_RECYCLE_BIN=Z:${XDG_DATA_HOME//\//\\}\\Trash
     wine_started=yes
     rm -f "$WINEPREFIX/known-surroundings"
-    # A prefix without the mark was left half-made.
+    # A prefix without this file is incomplete.
     [[ ! -f $WINEPREFIX/made ]] || return 0
     rm -rf "$WINEPREFIX"
     say "Making a Wine prefix"
@@ -32,14 +32,14 @@ start_wine() {
         touch "$WINEPREFIX/made"
 }
 
-# Windows programs are written in a font that every Linux machine with a desktop has: the one that
-# Wine means for them isn't installed with it, and then it would be any font of the machine.
+# Shows Windows programs in a font that every Linux machine with a desktop has: Wine's own choice
+# isn't installed with it, and without it Wine would take any font of the machine.
 give_font() {
     timeout 60 "$wine" reg add 'HKEY_CURRENT_USER\Software\Wine\Fonts\Replacements' /f \
         /v Tahoma /d 'DejaVu Sans' </dev/null >>"$root/build/wineboot.log" 2>&1
 }
 
-# Ends what still runs in the prefix.
+# Ends the programs that still run in the prefix.
 stop_wine() {
     [[ $wine_started == yes ]] || return 0
     wine_started=no

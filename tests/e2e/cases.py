@@ -11,14 +11,14 @@ import filesystems
 
 
 class OwnFolder:
-    """Each test has the program in a folder of its own, so that it saves only there."""
+    """Each test runs a copy of the program in its own folder, so that it saves only there."""
 
     def setUp(self):
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="velmora-e2e-"))
         self.addCleanup(shutil.rmtree, self.folder, ignore_errors=True)
         built = os.environ.get(self.variable)
         if not built or not self.runner():
-            self.skipTest(f"{self.variable} or what runs it is missing")
+            self.skipTest(f"{self.variable} or the program that runs it is missing")
         self.program = self.folder / pathlib.Path(built).name
         shutil.copy2(built, self.program)
         self.settings = self.folder / "set.dat"
@@ -90,8 +90,8 @@ class ConsoleCase(unittest.TestCase):
     def drive_of(self, mounted):
         """The root under which the console shows a mounted filesystem, as a row of its own."""
         row = self.console.add(str(mounted.folder))
-        self.console.tell("select ListView1 %d" % len(self.console.rows()))
-        self.console.tell("click lblDP(1)")
+        self.console.run("select ListView1 %d" % len(self.console.rows()))
+        self.console.run("click lblDP(1)")
         return row["Text"][:3]
 
 
@@ -107,7 +107,7 @@ class WindowsCase(ConsoleCase):
         return started
 
     def give_letter(self, mounted):
-        """Makes a mounted filesystem a drive of Wine's and gives its root."""
+        """Makes a mounted filesystem a drive of Wine's and returns its root."""
         devices = pathlib.Path(os.environ["WINEPREFIX"], "dosdevices")
         letter = next(each for each in self.letters if not (devices / f"{each.lower()}:").is_symlink())
         link = devices / f"{letter.lower()}:"

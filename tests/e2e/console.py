@@ -26,7 +26,7 @@ class Console:
             threading.Thread(target=self._pump, args=(stream, take), daemon=True).start()
         self.greeting = self.next_line()
         self.send("json on")
-        # What the start reports comes before that, as text.
+        # Before that the start reports its events, as text.
         while not self.next_line().startswith("{"):
             pass
 
@@ -49,29 +49,30 @@ class Console:
         self.process.stdin.flush()
 
     def reply(self):
-        """The next reply; events in front of it are kept in `events`."""
+        """The next reply; events before it are kept in `events`."""
         while True:
-            said = json.loads(self.next_line())
-            if "event" in said:
-                self.events.append(said)
-            elif "error" in said:
-                raise ConsoleError(said["error"])
+            message = json.loads(self.next_line())
+            if "event" in message:
+                self.events.append(message)
+            elif "error" in message:
+                raise ConsoleError(message["error"])
             else:
-                return said["ok"]
+                return message["ok"]
 
-    def tell(self, line):
+    def run(self, line):
+        """Runs a command and returns the content of its reply."""
         self.send(line)
         return self.reply()
 
     def get(self, name):
-        return self.tell("get " + name)
+        return self.run("get " + name)
 
     def set(self, name, value):
-        """Sets a text whatever characters it holds."""
-        return self.tell(f"set {name} ${json.dumps(value, ensure_ascii=False)}")
+        """Sets a text, which may hold any characters."""
+        return self.run(f"set {name} ${json.dumps(value, ensure_ascii=False)}")
 
     def rows(self, name="ListView1"):
-        return self.tell("rows " + name)
+        return self.run("rows " + name)
 
     def row_number(self, path):
         return [row["Text"] for row in self.rows()].index(path) + 1
@@ -80,27 +81,27 @@ class Console:
         """Ticks these rows and no others."""
         for number, row in enumerate(self.rows(), 1):
             if row["Checked"] != (row["Text"] in paths):
-                self.tell(f"tick ListView1 {number} {'on' if row['Text'] in paths else 'off'}")
+                self.run(f"tick ListView1 {number} {'on' if row['Text'] in paths else 'off'}")
 
     def add(self, path):
         """Adds a path as the folder browser would give it."""
         quoted = path.replace('"', '""')
-        self.tell(f'answer folder "{quoted}"')
-        self.tell("click lblDP(0)")
+        self.run(f'answer folder "{quoted}"')
+        self.run("click lblDP(0)")
         return self.rows()[-1]
 
     def check(self):
         """Runs one check now and returns the alerts that it raised, oldest first."""
-        self.tell("set DTPInterval.Value 0:00:00")
+        self.run("set DTPInterval.Value 0:00:00")
         before = len(self.events)
-        self.tell("fire Timer1")
+        self.run("fire Timer1")
         return [event for event in self.events[before:] if event["event"] == "alert"]
 
     def boxes(self):
         return [event for event in self.events if event["event"] == "box"]
 
     def end(self):
-        """Ends the input and gives the exit status."""
+        """Ends the input and returns the exit status."""
         self.process.stdin.close()
         return self.process.wait(PATIENCE)
 
@@ -111,7 +112,7 @@ class Console:
 
 
 def native():
-    """The console of this machine; None when it wasn't handed over."""
+    """The console of this machine; None when VELMORA_CONSOLE isn't set."""
     path = os.environ.get("VELMORA_CONSOLE")
     return Console([path]) if path else None
 

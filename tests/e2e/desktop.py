@@ -1,4 +1,4 @@
-"""A desktop that nobody sees, and a program's windows on it, driven as by mouse and keyboard."""
+"""A virtual desktop, and a program's windows on it, driven as by mouse and keyboard."""
 
 import atexit
 import collections
@@ -11,9 +11,9 @@ import shutil
 import subprocess
 import time
 
-PHOTOGRAPHS = pathlib.Path(__file__).parents[2] / "build" / "screenshots"
+SCREENSHOTS = pathlib.Path(__file__).parents[2] / "build" / "screenshots"
 
-# How long something may take at most to show; between two looks nothing is gained by hurrying.
+# How long to wait for something to show, and the pause between two attempts, in seconds.
 PATIENCE = 60
 PAUSE = 0.1
 
@@ -25,14 +25,14 @@ class Unavailable(Exception):
 
 
 def wait_for(look, what):
-    """What `look` gives once that is something."""
+    """Calls `look` until its result is true and returns that result."""
     end = time.monotonic() + PATIENCE
     while True:
         seen = look()
         if seen:
             return seen
         if time.monotonic() > end:
-            raise AssertionError(f"waited {PATIENCE} s in vain for {what}")
+            raise AssertionError(f"no {what} within {PATIENCE} s")
         time.sleep(PAUSE)
 
 
@@ -47,7 +47,7 @@ class Desktop:
         try:
             self.environment = {"DISPLAY": ":" + self._start_server()}
             self._start("openbox", "--sm-disable")
-            wait_for(lambda: self.told("get_desktop"), "the window manager")
+            wait_for(lambda: self.xdotool("get_desktop"), "the window manager")
         except BaseException:
             self.close()
             raise
@@ -59,7 +59,7 @@ class Desktop:
         self.processes.append(subprocess.Popen(command, env=environment, **quiet, **options))
 
     def _start_server(self):
-        """Starts it with a free number, which it tells through a pipe when it is ready."""
+        """Starts it on a free display, whose number it writes to a pipe when it is ready."""
         reading, writing = os.pipe()
         try:
             self._start("Xvfb", "-displayfd", str(writing), "-screen", "0", "1280x1024x24",
@@ -78,24 +78,24 @@ class Desktop:
                               stdin=subprocess.DEVNULL, capture_output=True, text=True,
                               check=False)
 
-    def told(self, *command):
-        """What xdotool prints; nothing when it fails."""
+    def xdotool(self, *command):
+        """What xdotool prints; an empty text when it fails."""
         done = self.run("xdotool", *command)
         return done.stdout.strip() if done.returncode == 0 else ""
 
     def windows(self, title):
         """The visible windows whose whole title matches a pattern."""
-        return self.told("search", "--onlyvisible", "--name", f"^{title}$").split()
+        return self.xdotool("search", "--onlyvisible", "--name", f"^{title}$").split()
 
     def window(self, title, *others):
-        """The window with such a title, as soon as it is there, besides those known already."""
+        """Waits for a window with such a title that is none of `others`."""
         known = {other.identity for other in others}
         found = wait_for(lambda: set(self.windows(title)) - known, f"a window {title}")
         return Window(self, found.pop())
 
     def press(self, key):
         """Presses a key for the active window."""
-        self.told("key", "--clearmodifiers", key)
+        self.xdotool("key", "--clearmodifiers", key)
 
     def close(self):
         for process in reversed(self.processes):
@@ -103,13 +103,13 @@ class Desktop:
             process.wait(PATIENCE)
 
 
-# The size in pixels, the number of colours, and what only the very same picture has.
+# The size in pixels, the number of colours, and a hash of the pixels.
 Picture = collections.namedtuple("Picture", "size colours signature")
 
 
 @functools.cache
 def shared():
-    """One desktop for all tests: Wine would have to start anew for another one."""
+    """One desktop for all tests: another one would need another start of Wine."""
     made = Desktop()
     atexit.register(made.close)
     return made
@@ -121,21 +121,21 @@ class Window:
         self.identity = identity
 
     def title(self):
-        return self.desktop.told("getwindowname", self.identity)
+        return self.desktop.xdotool("getwindowname", self.identity)
 
     def shown(self):
         return self.identity in self.desktop.windows(".*")
 
     def size(self):
         """Width and height of the content, in pixels."""
-        told = self.desktop.told("getwindowgeometry", "--shell", self.identity)
-        return tuple(int(re.search(rf"^{name}=(\d+)$", told, re.M).group(1))
+        geometry = self.desktop.xdotool("getwindowgeometry", "--shell", self.identity)
+        return tuple(int(re.search(rf"^{name}=(\d+)$", geometry, re.M).group(1))
                      for name in ("WIDTH", "HEIGHT"))
 
     def activate(self):
         def active():
-            self.desktop.told("windowactivate", self.identity)
-            return self.desktop.told("getactivewindow") == self.identity
+            self.desktop.xdotool("windowactivate", self.identity)
+            return self.desktop.xdotool("getactivewindow") == self.identity
         wait_for(active, f"the window {self.title()} in front")
 
     def press(self, key):
@@ -143,18 +143,18 @@ class Window:
         self.desktop.press(key)
 
     def click(self, x, y):
-        """Clicks into the content; what is negative counts from the right or from the bottom."""
+        """Clicks into the content; negative values count from the right or from the bottom."""
         self.activate()
         width, height = self.size()
-        self.desktop.told("mousemove", "--window", self.identity,
+        self.desktop.xdotool("mousemove", "--window", self.identity,
                           str(x + width if x < 0 else x), str(y + height if y < 0 else y),
                           "click", "1")
 
-    def photograph(self, name, unlike=None, moving=False):
-        """Keeps a picture of the window as soon as it doesn't look like an earlier one, nor changes
-        any more, unless it is a moving one."""
-        PHOTOGRAPHS.mkdir(parents=True, exist_ok=True)
-        path = PHOTOGRAPHS / (name + ".png")
+    def screenshot(self, name, unlike=None, moving=False):
+        """Saves a picture of the window once it differs from `unlike` and has stopped changing;
+        with `moving`, it need not stop."""
+        SCREENSHOTS.mkdir(parents=True, exist_ok=True)
+        path = SCREENSHOTS / (name + ".png")
         last = None
 
         def settled():
@@ -166,5 +166,5 @@ class Window:
 
     def _picture(self, path):
         self.desktop.run("import", "-window", self.identity, str(path))
-        told = self.desktop.run("identify", "-format", "%w %h %k %#", str(path)).stdout.split()
-        return Picture((int(told[0]), int(told[1])), int(told[2]), told[3]) if told else None
+        facts = self.desktop.run("identify", "-format", "%w %h %k %#", str(path)).stdout.split()
+        return Picture((int(facts[0]), int(facts[1])), int(facts[2]), facts[3]) if facts else None

@@ -1,4 +1,4 @@
-"""Real small filesystems for the tests: mounted for one test and gone after it."""
+"""Small real filesystems: mounted for one test and removed after it."""
 
 import os
 import pathlib
@@ -14,10 +14,10 @@ class Unavailable(Exception):
 
 
 def free_and_total_kb(path):
-    """What df says: available and size, in KB."""
-    told = subprocess.run(["df", "--block-size=1", "--output=avail,size", path], check=True,
-                          capture_output=True, text=True).stdout.splitlines()[1].split()
-    return tuple(round_kb(int(value)) for value in told)
+    """The figures of df: available and size, in KB."""
+    printed = subprocess.run(["df", "--block-size=1", "--output=avail,size", path], check=True,
+                             capture_output=True, text=True).stdout
+    return tuple(round_kb(int(value)) for value in printed.splitlines()[1].split())
 
 
 def round_kb(size):
@@ -57,7 +57,6 @@ class Mount:
         """Writes a file of so many bytes."""
         (self.folder / name).write_bytes(b"x" * size)
 
-
     def fill_up(self):
         """Leaves no free byte."""
         with (self.folder / "filler").open("wb", buffering=0) as filler:
@@ -70,7 +69,7 @@ class Mount:
 
 
 class Bound:
-    """A file shown at another place, under that place's name."""
+    """A file that is bind-mounted on another path."""
 
     def __init__(self, source, place):
         self.place = place
@@ -109,7 +108,7 @@ class Loop(Mount):
         os.close(handle)
         self.image = image
         try:
-            # Nothing reserved for root, who runs these tests.
+            # No blocks reserved for root, who runs these tests.
             _run("mkfs.ext4", "-q", "-F", "-m", "0", image)
             _run("mount", "-o", "loop", image, str(self.folder))
         except Unavailable:
@@ -123,7 +122,7 @@ class Loop(Mount):
 
 
 class Hung(Mount):
-    """A filesystem that never answers the question for its space."""
+    """A filesystem that never answers when it is asked for its space."""
 
     def __init__(self):
         super().__init__()

@@ -2,9 +2,9 @@
 """End-to-end tests: the built programs, driven from outside on this machine's real drives.
 
 VELMORA_CONSOLE, VELMORA_WINDOW and VELMORA_BUILD name the console program, the window program and
-the build tree to install from; the same with _WINDOWS behind them name those of Windows, and
-VELMORA_WINE what runs them. VELMORA_HUNG_FS names a filesystem that never answers. Tests of what
-isn't there are skipped. Words given as arguments choose tests whose name holds one of them.
+the build tree to install from; the same names with _WINDOWS appended name those of Windows, and
+VELMORA_WINE the program that runs them. VELMORA_HUNG_FS names a filesystem that never answers. Tests of what
+is missing are skipped. With words as arguments, only tests run whose names hold one of them.
 """
 
 import os
@@ -21,8 +21,8 @@ class Result(unittest.TextTestResult):
         print(f"skipped {test.id()}: {reason}")
 
 
-def leave_the_user_alone(home):
-    """The programs make a shortcut and perhaps an autostart entry: not in the user's own home."""
+def use_home(home):
+    """Keeps the shortcuts and autostart entries of the programs out of the user's own home."""
     os.environ["HOME"] = home
     for name in ("XDG_CONFIG_HOME", "XDG_DATA_HOME"):
         os.environ.pop(name, None)
@@ -30,7 +30,7 @@ def leave_the_user_alone(home):
 
 def main():
     with tempfile.TemporaryDirectory(prefix="velmora-e2e-") as home:
-        leave_the_user_alone(home)
+        use_home(home)
         return run()
 
 

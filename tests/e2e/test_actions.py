@@ -1,4 +1,4 @@
-"""What a shortage makes the program do, on real drives: files move, go and are recycled, and nothing
+"""The actions on a shortage, on real drives: listed files are moved, deleted and recycled, and nothing
 else is touched."""
 
 import os
@@ -55,7 +55,7 @@ class Actions:
 
     def list_files(self, *names):
         quoted = " ".join(f'"{self.roots[0]}{name}"' for name in names)
-        self.console.tell("drop LVFile " + quoted)
+        self.console.run("drop LVFile " + quoted)
 
     def listed(self):
         return [row["Text"] for row in self.console.rows("LVFile")]
@@ -78,8 +78,8 @@ class Actions:
         archive = self.mounts[1].folder / "archive"
         archive.mkdir()
         self.console.set("txtDrive.Text", self.roots[1] + "archive\\")
-        self.console.tell("set chkAutoSave.Value on")
-        self.console.tell(f"tick lstAct {ALERT} on")
+        self.console.run("set chkAutoSave.Value on")
+        self.console.run(f"tick lstAct {ALERT} on")
         self.assertEqual(self.console.check(), [])
         self.assertEqual(self.state(), "ok")
 
@@ -90,9 +90,9 @@ class Actions:
         self.assertRegex(alerts[0]["text"], "^" + SHORTAGE % self.drive() + "$")
         self.assertEqual(self.state(), "alert")
 
-        self.console.tell("select LVFile 1")
-        self.console.tell("answer yes")
-        self.console.tell("click lblSF(2)")
+        self.console.run("select LVFile 1")
+        self.console.run("answer yes")
+        self.console.run("click lblSF(2)")
         self.assertEqual(self.listed(), [])
         self.assertEqual((archive / "large file.bin").read_bytes(), b"x" * LARGE)
         self.expect_only_gone("large file.bin")
@@ -112,9 +112,9 @@ class Actions:
         self.fill("large.bin")
         self.list_files("large.bin")
         # The action asks the box beside the list whether anything is listed.
-        self.console.tell(f'drop cboFile "{self.roots[0]}large.bin" "{self.roots[0]}keep"')
+        self.console.run(f'drop cboFile "{self.roots[0]}large.bin" "{self.roots[0]}keep"')
         self.console.set("txtDrive.Text", self.roots[1] + "archive\\")
-        self.console.tell(f"tick lstAct {MOVE} on")
+        self.console.run(f"tick lstAct {MOVE} on")
         texts = self.texts(self.console.check())
         self.assertEqual(len(texts), 2)
         self.assertRegex(texts[1], "^" + SHORTAGE % self.drive() + "Auto Moved File: ")
@@ -126,7 +126,7 @@ class Actions:
         names = ["a b.log", "größe.log", "журнал.log"]
         self.fill(*names)
         self.list_files(*names)
-        self.console.tell(f"tick lstAct {DELETE} on")
+        self.console.run(f"tick lstAct {DELETE} on")
         self.console.set("txtSpace.Text", "100000")
         for done in range(1, 4):
             alerts = self.texts(self.console.check())
@@ -141,8 +141,8 @@ class Actions:
 
     def delete_by_hand(self):
         self.list_files("old")
-        self.console.tell("select LVFile 1")
-        self.console.tell("click lblSF(3)")
+        self.console.run("select LVFile 1")
+        self.console.run("click lblSF(3)")
         self.assertEqual(self.listed(), [])
         self.assertEqual(self.console.boxes(), [])
         texts = self.texts(each for each in self.console.events if each["event"] == "alert")
@@ -153,7 +153,7 @@ class Actions:
         self.begin(8)
         self.make_old_folder()
         self.list_files("old", "missing")
-        self.console.tell(f"tick lstAct {DELETE} on")
+        self.console.run(f"tick lstAct {DELETE} on")
         self.console.check()
         self.expect_only_gone("old")
 
@@ -171,11 +171,11 @@ class Actions:
         self.delete_by_hand()
         self.expect_only_gone(*self.gone_with_a_link)
 
-    def test_a_read_only_file_stays_and_the_error_is_told(self):
+    def test_a_read_only_file_stays_and_the_error_is_reported(self):
         self.begin(8)
         self.fill("large.bin")
         self.list_files("read only")
-        self.console.tell(f"tick lstAct {DELETE} on")
+        self.console.run(f"tick lstAct {DELETE} on")
         texts = self.texts(self.console.check())
         self.assertIn("Error: Path/File access error", texts)
         self.assertEqual(self.trees(), self.before)
@@ -185,11 +185,11 @@ class Actions:
         self.begin(8)
         self.fill("one.bin", "two.bin", "three.bin")
         self.list_files("one.bin", "three.bin")
-        self.console.tell("answer cancel")
-        self.console.tell("click lblSF(5)")
+        self.console.run("answer cancel")
+        self.console.run("click lblSF(5)")
         self.assertEqual(self.trees(), self.before)
-        self.console.tell("answer no")
-        self.console.tell("click lblSF(5)")
+        self.console.run("answer no")
+        self.console.run("click lblSF(5)")
         self.assertEqual(self.listed(), [])
         self.expect_only_gone("one.bin", "three.bin")
 
@@ -199,18 +199,18 @@ class Actions:
         self.fill("large.bin")
         self.list_files("large.bin")
         self.console.set("txtDrive.Text", self.roots[1])
-        self.console.tell("select LVFile 1")
-        self.console.tell("answer yes")
-        self.console.tell("click lblSF(2)")
+        self.console.run("select LVFile 1")
+        self.console.run("answer yes")
+        self.console.run("click lblSF(2)")
         self.assertIn("File was moved unsuccessfully, check for sufficient resources (disk space) "
                       "and try again.", [box["text"] for box in self.console.boxes()])
         self.assertEqual(self.trees(), self.before)
 
-    def test_events_tell_what_changed_since_the_last_check(self):
+    def test_events_report_what_changed_since_the_last_check(self):
         self.begin(8)
         self.console.set("txtSpace.Text", "1")
-        self.console.tell(f"tick lstEvt {QUANTITY} on")
-        self.console.tell(f"tick lstEvt {MODIFICATION} on")
+        self.console.run(f"tick lstEvt {QUANTITY} on")
+        self.console.run(f"tick lstEvt {MODIFICATION} on")
         self.console.check()
         self.console.check()
         (self.mounts[0].folder / "new file.txt").write_text("x", encoding="utf-8")
@@ -237,11 +237,11 @@ class Native(Actions, OwnNative, ConsoleCase):
         others = [f"other {number}.bin" for number in range(1, 10)]
         self.fill("große datei.bin", *others)
         self.list_files("große datei.bin", *others)
-        self.console.tell(f"tick lstAct {RECYCLE} on")
+        self.console.run(f"tick lstAct {RECYCLE} on")
         texts = self.texts(self.console.check())
-        # The text names the file that now stands in the row of the drive's own number.
-        told = others[self.console.row_number(self.roots[0]) - 1]
-        self.assertIn(f"Auto send file to recycle bin: {self.roots[0]}{told}", texts)
+        # The text names the file that is now in the row with the number of the drive's row.
+        named = others[self.console.row_number(self.roots[0]) - 1]
+        self.assertIn(f"Auto send file to recycle bin: {self.roots[0]}{named}", texts)
         trash = f".Trash-{os.getuid()}"
         self.assertEqual(without(tree(self.mounts[0].folder), trash),
                          without(self.before[0], "große datei.bin"))

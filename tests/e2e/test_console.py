@@ -1,4 +1,4 @@
-"""The console itself: its replies, what survives it, how it ends."""
+"""The console itself: its replies, the texts it carries, how it ends."""
 
 import subprocess
 import os
@@ -20,10 +20,10 @@ class Lines:
     def test_a_line_of_a_megabyte_is_read_and_a_longer_one_refused(self):
         command = "set txtAlert.Text "
         text = "x" * (1024 * 1024 - len(command))
-        self.console.tell(command + text)
+        self.console.run(command + text)
         self.assertEqual(self.console.get("txtAlert"), text)
         with self.assertRaises(ConsoleError):
-            self.console.tell(command + text + "yy")
+            self.console.run(command + text + "yy")
         self.assertEqual(self.console.get("txtAlert"), text)
 
     def test_bad_lines_get_an_error_and_the_program_goes_on(self):
@@ -35,14 +35,14 @@ class Lines:
                      'drop ListView1 "unclosed', "menu lblDP", "get StatusBar1(4)",
                      'set txtSpace.Text $"\\q"', b"get \xff\xfe", "get ListView1(0)"):
             with self.subTest(line), self.assertRaises(ConsoleError):
-                self.console.tell(line)
+                self.console.run(line)
         self.assertEqual(self.console.get("StatusBar1(1)")[:6], "Ready.")
 
     def test_exit_asks_and_goes_on_without_an_answer(self):
-        self.console.tell("exit")
+        self.console.run("exit")
         self.assertEqual(self.console.boxes()[-1]["text"], "Exit the program?")
         self.assertEqual(self.console.boxes()[-1]["answer"], "cancel")
-        self.console.tell("answer ok")
+        self.console.run("answer ok")
         self.console.send("exit")
         with self.assertRaises(EOFError):
             self.console.reply()
@@ -52,13 +52,13 @@ class Lines:
         self.assertEqual(self.console.end(), 0)
 
     def test_waiting_counts_down_and_checks(self):
-        self.console.tell("set DTPInterval.Value 0:00:05")
-        self.console.tell("wait until Times Checked: 1")
+        self.console.run("set DTPInterval.Value 0:00:05")
+        self.console.run("wait until Times Checked: 1")
         self.assertEqual(self.console.get("StatusBar1(3)"), "Times Checked: 1")
 
     def test_a_nonsense_row_is_reported_and_ends_the_pass(self):
-        self.console.tell('answer text "nonsense"')
-        self.console.tell("click cmdLVAdd")
+        self.console.run('answer text "nonsense"')
+        self.console.run("click cmdLVAdd")
         self.console.watch_only(self.console.rows()[-1]["Text"])
         alerts = self.console.check()
         self.assertEqual([alert["text"] for alert in alerts],
@@ -66,20 +66,20 @@ class Lines:
         self.assertEqual(self.console.get("Timer1.Enabled"), True)
 
     def test_an_empty_trigger_of_a_row_is_reported_until_the_tick_gives_up(self):
-        self.console.tell("set chkDrive.Value on")
+        self.console.run("set chkDrive.Value on")
         # A row that comes after the switch has no value of its own. With no interval to wait for,
         # the tick begins again at once, three times.
         self.console.add(self.console.rows()[0]["Text"])
-        self.console.tell(f"tick ListView1 {len(self.console.rows())} on")
+        self.console.run(f"tick ListView1 {len(self.console.rows())} on")
         alerts = self.console.check()
         self.assertEqual([alert["text"] for alert in alerts],
                          ["Error: Type mismatch"] * 3 + ["Program Run Time Error: "])
         self.assertEqual(self.console.boxes()[-1]["text"], "Please check your settings for errors")
         self.console.events.clear()
         # With one, it waits for the next check.
-        self.console.tell("set DTPInterval.Value 0:00:05")
-        self.console.tell("wait until Error: Type mismatch")
-        self.console.tell("wait 0")
+        self.console.run("set DTPInterval.Value 0:00:05")
+        self.console.run("wait until Error: Type mismatch")
+        self.console.run("wait 0")
         alerts = [event for event in self.console.events if event["event"] == "alert"]
         self.assertEqual(len(alerts), 1)
         self.assertEqual(self.console.get("Timer1.Enabled"), True)
@@ -87,9 +87,9 @@ class Lines:
 
 class NativeLines(Lines, ConsoleCase):
     def test_without_input_it_says_how_to_use_it(self):
-        said = subprocess.run([os.environ["VELMORA_CONSOLE"]], stdin=subprocess.DEVNULL,
+        output = subprocess.run([os.environ["VELMORA_CONSOLE"]], stdin=subprocess.DEVNULL,
                               capture_output=True, text=True, timeout=60, check=True).stdout
-        self.assertIn("velmora-console", said)
+        self.assertIn("velmora-console", output)
 
 
 class WindowsLines(Lines, WindowsCase):

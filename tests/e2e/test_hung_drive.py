@@ -1,4 +1,4 @@
-"""A drive that never answers costs its deadline once and nothing after it."""
+"""A drive that never answers costs its deadline once and no time afterwards."""
 
 import time
 

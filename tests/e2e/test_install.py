@@ -1,4 +1,4 @@
-"""What `cmake --install` puts into a folder works there: both programs find what lies beside them."""
+"""What `cmake --install` puts into a folder works there: both programs find the files beside them."""
 
 import os
 import pathlib
@@ -20,7 +20,7 @@ class Installed:
         build, *programs = self.variables
         for variable in (build, *programs):
             if not os.environ.get(variable):
-                self.skipTest(f"{variable} names nothing")
+                self.skipTest(f"{variable} is not set")
         self.prefix = pathlib.Path(tempfile.mkdtemp(prefix="velmora e2e-"))
         self.addCleanup(shutil.rmtree, self.prefix, ignore_errors=True)
         self.folder = self.prefix / "velmora"
@@ -35,10 +35,10 @@ class Installed:
 
     def test_the_console_finds_its_settings(self):
         command = [*window.runner(self.windows), str(self.path("velmora-console"))]
-        said = subprocess.run(command, input="get txtSpace\n", check=True, capture_output=True,
+        output = subprocess.run(command, input="get txtSpace\n", check=True, capture_output=True,
                               text=True, timeout=60).stdout
-        # As in the settings that everybody begins with.
-        self.assertIn("50000\n", said)
+        # As in the settings that are installed.
+        self.assertIn("50000\n", output)
 
     def test_the_window_finds_its_settings(self):
         window.needs(self.window_variable)
@@ -73,7 +73,7 @@ class Native(Installed, unittest.TestCase):
         self.assertIn("Icon=velmora\n", entry)
         for size in SIZES:
             icon = self.prefix / f"share/icons/hicolor/{size}x{size}/apps/velmora.png"
-            # Width and height stand behind the signature and the first chunk's head.
+            # Width and height follow the signature and the header of the first chunk.
             self.assertEqual(icon.read_bytes()[16:24], 2 * size.to_bytes(4, "big"))
 
 

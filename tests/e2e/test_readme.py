@@ -1,4 +1,4 @@
-"""The transcript in the README is what the program prints, but for its figures."""
+"""The transcript in the README is what the program prints, except for its figures."""
 
 import pathlib
 import re
@@ -32,6 +32,6 @@ class Readme(ConsoleCase):
 
     def test_the_transcript_is_what_the_program_prints(self):
         commands, printed = transcript()
-        said = subprocess.run([os.environ["VELMORA_CONSOLE"]], input="\n".join(commands) + "\n",
+        output = subprocess.run([os.environ["VELMORA_CONSOLE"]], input="\n".join(commands) + "\n",
                               capture_output=True, text=True, timeout=120, check=True).stdout
-        self.assertEqual(masked(said.splitlines()), masked(printed))
+        self.assertEqual(masked(output.splitlines()), masked(printed))

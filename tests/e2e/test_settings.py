@@ -1,4 +1,4 @@
-"""Settings over real starts of the program: what comes back, what doesn't, and what ends a start."""
+"""Settings over real starts of the program: what is restored, what isn't, and what ends a start."""
 
 import pathlib
 import shutil
@@ -11,11 +11,10 @@ from settings import plain_lines, scrambled
 
 ROOT = pathlib.Path(__file__).parents[2]
 
-
 FIRST = scrambled("txtTime=60\r\n", "minspace=50000\r\n", "cboFile=C:\\old\\größe.log\r\n",
                   "notcboEmail=a@example.org\r\nnotcboEmail=b@example.org\r\n")
 
-# Field, what the user sets, and what comes back at the next start.
+# Field, what the user sets, and what the next start shows.
 TEXTS = [
     ("txtSpace", "12345", "12345"),
     ("txtDrive", "D:\\target", "D:\\target\r\n"),
@@ -24,7 +23,7 @@ TEXTS = [
     ("frmNotify.txtUser", "Пользователь", "Пользователь"),
     ("frmNotify.txtPass", "p\"a,s's", "p\"a,s's"),
     ("frmNotify.txtMailServer", "mail.example.org", "mail.example.org"),
-    # A comma stands for a "+" in the file, which ends the field there.
+    # A comma is written as a "+", which ends the field in the file.
     ("frmNotify.txtMailSubj", "one+two", "one"),
     ("frmNotify.txtMailFromDisplayName", "Disk watch", "Disk watch"),
     ("frmNotify.txtCustMsg", "a message", "a message"),
@@ -36,18 +35,18 @@ CHECKS = ["chkOnTopMonitor", "chkNTLog", "chkCustTime", "frmNotify.chkIsHTML"]
 
 
 class ThreeStarts:
-    def test_settings_saved_by_hand_come_back_as_the_file_tells(self):
+    def test_settings_saved_by_hand_are_read_as_the_file_holds_them(self):
         self.put_settings(FIRST)
         self.launch()
         self.assertEqual(self.files(), ["C:\\old\\größe.log\r\n"])
         self.change()
-        self.console.tell("click Command8")
+        self.console.run("click Command8")
         self.assertEqual(self.console.end(), 0)
 
         self.launch()
         self.compare()
         self.assertEqual(self.files(), ["C:\\old\\größe.log\r\n\r\n"])
-        self.console.tell("click Command8")
+        self.console.run("click Command8")
         self.assertEqual(self.console.end(), 0)
 
         self.launch()
@@ -66,14 +65,14 @@ class ThreeStarts:
         for name, value, _ in TEXTS:
             self.console.set(name + ".Text", value)
         for name in CHECKS:
-            self.console.tell(f"set {name}.Value on")
+            self.console.run(f"set {name}.Value on")
         for name in ("chkLog", "chkSystray"):
-            self.console.tell(f"set {name}.Value off")
+            self.console.run(f"set {name}.Value off")
         for line in ("tick lstAct 0 on", "tick lstAct 5 on", "tick lstEvt 2 on",
                      "tick frmNotify.lstNotContent 5 on", "tick ListView1 1 on",
                      "set DTTime1(0).Value 8:15:00", "set DTTime1(1).Value 23:00:30",
                      "set DTPInterval.Value 0:01:30", "fire Timer1"):
-            self.console.tell(line)
+            self.console.run(line)
 
     def compare(self):
         for name, _, back in TEXTS:
@@ -109,10 +108,10 @@ class ThreeStarts:
                                 (scrambled("txtTime=60") + b"\x00\r\n", 5)):
             with self.subTest(content):
                 self.put_settings(content)
-                said = subprocess.run(self.command(), stdin=subprocess.DEVNULL, timeout=60,
+                ended = subprocess.run(self.command(), stdin=subprocess.DEVNULL, timeout=60,
                                       capture_output=True, check=False)
-                self.assertEqual(said.returncode, 1)
-                self.assertIn(f"Run-time error '{number}':", said.stdout.decode("utf-8"))
+                self.assertEqual(ended.returncode, 1)
+                self.assertIn(f"Run-time error '{number}':", ended.stdout.decode("utf-8"))
                 if content is not None:
                     self.assertEqual(self.settings.read_bytes(), content)
 
@@ -134,7 +133,7 @@ class Native(OwnNative, ThreeStarts, ConsoleCase):
         self.assertEqual(mounted.free_and_total_kb()[0], 0)
         self.launch()
         self.console.set("txtSpace.Text", "777")
-        self.console.tell("click Command8")
+        self.console.run("click Command8")
         self.assertEqual(self.console.end(), 0)
         self.assertIn("minspace=777\r\n", plain_lines(settings.read_bytes()))
         self.launch()
@@ -156,9 +155,9 @@ class Native(OwnNative, ThreeStarts, ConsoleCase):
         self.put_settings(FIRST)
         self.launch()
         entry = self.folder / ".config" / "autostart" / "velmora.desktop"
-        self.console.tell("set chkStartUp.Value on")
+        self.console.run("set chkStartUp.Value on")
         self.assertIn(str(self.program), entry.read_text("utf-8"))
-        self.console.tell("set chkStartUp.Value off")
+        self.console.run("set chkStartUp.Value off")
         self.assertNotIn(str(self.program), entry.read_text("utf-8"))
         self.assertIn("Hidden=true", entry.read_text("utf-8"))
 

@@ -1,4 +1,4 @@
-"""A shortage is found on real drives, with the figures that df tells."""
+"""A shortage is found on real drives, with the figures of df."""
 
 import re
 
@@ -18,7 +18,7 @@ def figures(alert):
 
 
 class SmallFilesystem:
-    """The same steps on this machine and under Wine; `root_of` tells where the drive appears."""
+    """The same steps on this machine and under Wine; `root_of` returns the root under which the drive appears."""
 
     def steps_on_a_filling_filesystem(self, mounted):
         root = self.root_of(mounted)
@@ -56,7 +56,7 @@ class SmallFilesystem:
         self.console.watch_only(root)
         free, total = mounted.free_and_total_kb()
         self.console.set("txtSpace.Text", "100")
-        self.console.tell("click OpDriv(1)")
+        self.console.run("click OpDriv(1)")
         mounted.fill("some", 4 * filesystems.KB)
         free, total = mounted.free_and_total_kb()
         alerts = self.console.check()
@@ -67,7 +67,7 @@ class SmallFilesystem:
         self.console.watch_only(root)
         free, _ = mounted.free_and_total_kb()
         self.console.set("txtSpace.Text", str(free + 7))
-        self.console.tell("set chkDrive.Value on")
+        self.console.run("set chkDrive.Value on")
         row = self.console.rows()[self.console.row_number(root) - 1]
         self.assertEqual(row["SubItems"][2], str(free + 7))
         alerts = self.console.check()

@@ -1,4 +1,4 @@
-"""The program with its window: seen and driven on a desktop, natively and under Wine."""
+"""The program with its window, driven on a desktop, natively and under Wine."""
 
 import pathlib
 import shutil
@@ -23,7 +23,7 @@ QUIET = scrambled("chkLog=1", "txtTime=3600\r\n", "minspace=4711\r\n", "custtime
 A_ROW = (60, 95)
 SAVE_SET = (-45, -41)
 
-# A photograph of controls and texts has more colours; a window that wasn't drawn has one.
+# A screenshot of controls and texts has more colours; a window that wasn't drawn has one.
 FEWEST_COLOURS = 30
 
 
@@ -44,9 +44,9 @@ class Steps:
         self.addCleanup(self.program.close)
         self.window = self.program.window
 
-    def photograph(self, shown, name, unlike=None, moving=False):
+    def screenshot(self, shown, name, unlike=None, moving=False):
         kind = "windows" if self.windows else "native"
-        picture = shown.photograph(f"{kind}-{name}", unlike, moving)
+        picture = shown.screenshot(f"{kind}-{name}", unlike, moving)
         self.assertEqual(picture.size, shown.size())
         self.assertGreater(picture.colours, FEWEST_COLOURS, name)
         return picture
@@ -67,12 +67,12 @@ class Steps:
         picture = None
         for number, page in PAGES:
             self.window.press(f"ctrl+{number}")
-            picture = self.photograph(self.window, page, picture)
+            picture = self.screenshot(self.window, page, picture)
         self.window.press("F6")
         self.wait_for_title(window.WATCHING)
         self.window.press("F6")
         self.wait_for_title(window.PAUSED)
-        self.photograph(self.window, "paused")
+        self.screenshot(self.window, "paused")
         self.end()
 
     def test_a_ticked_drive_that_is_short_of_space_raises_the_alert(self):
@@ -83,10 +83,10 @@ class Steps:
         wait_for(lambda: b"ALERT: Space Shortage < 2000000000 KB Drive: C:" in self.log.read_bytes(),
                  "the alert in the log")
         self.window.press("ctrl+3")
-        self.photograph(self.window, "shortage")
+        self.screenshot(self.window, "shortage")
         self.end()
 
-    def test_an_action_with_something_to_tell_opens_the_alert_dialog(self):
+    def test_an_action_with_something_to_report_opens_the_alert_dialog(self):
         # The move, with nothing to move.
         self.start(SHORT_OF_SPACE + scrambled("lstAct=1\r\n"))
         self.tick_first_row()
@@ -96,7 +96,7 @@ class Steps:
         self.window.press("F6")
         self.wait_for_title(window.PAUSED)
         dialog.press("Tab")  # comes in front
-        self.photograph(dialog, "alert")
+        self.screenshot(dialog, "alert")
         dialog.press("Escape")
         wait_for(lambda: not dialog.shown(), "the alert dialog gone")
         self.end()
@@ -104,15 +104,15 @@ class Steps:
     def test_save_set_writes_the_settings_and_shows_the_about_box(self):
         self.start(QUIET)
         self.tick_first_row()
-        before = self.photograph(self.window, "ticked")
+        before = self.screenshot(self.window, "ticked")
         self.window.press("ctrl+4")
-        self.photograph(self.window, "config", before)
+        self.screenshot(self.window, "config", before)
         self.window.click(*SAVE_SET)
         wait_for(lambda: "path=C:\\\r\n" in plain_lines(self.settings.read_bytes()),
                  "the saved settings")
         self.assertIn("minspace=4711\r\n", plain_lines(self.settings.read_bytes()))
         about = desktop.shared().window("About Velmora")
-        self.photograph(about, "about", moving=True)
+        self.screenshot(about, "about", moving=True)
         about.press("alt+F4")
         wait_for(lambda: not about.shown(), "the about box gone")
         self.end()
@@ -120,7 +120,7 @@ class Steps:
     def test_it_goes_on_when_the_question_for_the_end_is_dismissed(self):
         self.start(QUIET)
         question = self.program.ask_for_the_end()
-        self.photograph(question, "exit")
+        self.screenshot(question, "exit")
         question.press("Escape")
         wait_for(lambda: not question.shown(), "the question gone")
         self.assertIsNone(self.program.process.poll())

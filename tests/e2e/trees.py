@@ -1,4 +1,4 @@
-"""What lies in a folder, to prove what a step touched and what it didn't."""
+"""The content of a folder, to compare it before and after a step."""
 
 import os
 import pathlib
@@ -11,11 +11,11 @@ def tree(folder):
     for place, folders, files in os.walk(folder):
         for name in folders + files:
             path = pathlib.Path(place, name)
-            found[str(path.relative_to(folder))] = what(path)
+            found[str(path.relative_to(folder))] = state_of(path)
     return found
 
 
-def what(path):
+def state_of(path):
     status = path.lstat()
     if stat.S_ISLNK(status.st_mode):
         return ("link", os.readlink(path))

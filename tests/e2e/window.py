@@ -1,4 +1,4 @@
-"""A velmora with its window, driven as its user does."""
+"""The program with its window, driven as a user does."""
 
 import os
 import pathlib
@@ -18,14 +18,14 @@ EXIT_BUTTON = (-24, 28)
 
 
 class Program:
-    """The program at `path`, with all that it keeps for its user in the folder `home`."""
+    """The program at `path`, which keeps its user's files in the folder `home`."""
 
     def __init__(self, windows, path, home):
         self.desktop = desktop.shared()
         environment = {**os.environ, **self.desktop.environment, "HOME": str(home),
                        "XDG_RUNTIME_DIR": str(home)}
         environment.pop("QT_QPA_PLATFORM", None)
-        # What Wine leaves running outlives the tests, and complains when the desktop has gone.
+        # Processes that Wine leaves running outlive the tests and complain once the desktop is gone.
         noise = subprocess.DEVNULL if windows else None
         self.process = subprocess.Popen([*runner(windows), str(path)], env=environment,
                                         stdin=subprocess.DEVNULL, stderr=noise)
@@ -36,12 +36,12 @@ class Program:
             raise
 
     def ask_for_the_end(self):
-        """Clicks the exit button and gives the box with the question."""
+        """Clicks the exit button and returns the box with the question."""
         self.window.click(*EXIT_BUTTON)
         return self.desktop.window("Velmora", self.window)
 
     def end(self):
-        """Ends the program and gives its exit status."""
+        """Ends the program and returns its exit status."""
         self.ask_for_the_end().press("Return")
         return self.process.wait(desktop.PATIENCE)
 
@@ -52,15 +52,15 @@ class Program:
 
 
 def runner(windows):
-    """What runs a program, in front of its path; nothing where there is no Wine."""
+    """The words before the path of a program: Wine for one of Windows."""
     return [os.environ["VELMORA_WINE"]] if windows else []
 
 
 def needs(*variables):
-    """Skips a test to which these programs and folders were not handed over."""
+    """Skips a test unless these variables name its programs and folders."""
     for variable in variables:
         if not os.environ.get(variable):
-            raise unittest.SkipTest(f"{variable} names nothing")
+            raise unittest.SkipTest(f"{variable} is not set")
     try:
         desktop.shared()
     except desktop.Unavailable as why:
@@ -68,7 +68,7 @@ def needs(*variables):
 
 
 def copy(variable, folder):
-    """Copies the program that a variable names, with the DLLs beside it; gives the copy's path."""
+    """Copies the program that a variable names and links the DLLs beside it; returns the copy's path."""
     built = pathlib.Path(os.environ[variable])
     for library in built.parent.rglob("*.dll"):
         place = folder / library.relative_to(built.parent)
