@@ -1,31 +1,43 @@
-// Events: what a control tells its handlers. One thread; a handler may fire further events and may
-// connect new handlers while one runs.
+// Events: what a control reports to its handlers. One thread. While the handlers run, they may
+// connect and disconnect, emit the event again, and destroy it.
 #pragma once
 
-#include <cstddef>
-#include <deque>
-#include <functional>
+#include <memory>
 #include <utility>
+
+#include "controls/event_handlers.h"
 
 namespace velmora {
 
 template <typename... Args>
 class Event {
   public:
-    using Handler = std::function<void(Args...)>;
+    using Handler = typename EventHandlers<Args...>::Handler;
 
-    /// The handler stays for the life of the event; handlers run in the order of connection.
-    void connect(Handler handler) { handlers_.push_back(std::move(handler)); }
-    bool connected() const { return !handlers_.empty(); }
+    Event() = default;
+    /// Ends the connections. In an emission the rest of the handlers don't run.
+    ~Event() {
+        if (handlers_) handlers_->eventDestroyed(handlers_);
+    }
+    Event(const Event&) = delete;
+    Event& operator=(const Event&) = delete;
+
+    /// The handler stays connected for the life of the event, unless the connection is ended;
+    /// handlers run in the order of connection.
+    Connection connect(Handler handler) {
+        if (!handlers_) handlers_ = std::make_shared<EventHandlers<Args...>>();
+        return {handlers_, handlers_->add(std::move(handler))};
+    }
+    bool connected() const { return handlers_ && handlers_->any(); }
 
     /// Runs the handlers. An error in one goes to the caller and stops the rest.
     void operator()(Args... args) const {
-        // By index, and over a container that keeps its elements in place: a handler may connect.
-        for (std::size_t i = 0; i < handlers_.size(); ++i) handlers_[i](args...);
+        if (handlers_) handlers_->run(args...);
     }
 
   private:
-    std::deque<Handler> handlers_;
+    // None until the first connection: most events of a form have no handler.
+    std::shared_ptr<EventHandlers<Args...>> handlers_;
 };
 
 /// A notice for views only: something shown has changed. It never runs behaviour.
