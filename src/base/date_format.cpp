@@ -84,7 +84,7 @@ void tellMinutesFromMonths(std::vector<Token>& tokens) {
     }
 }
 
-std::vector<Token> readPicture(std::string_view picture) {
+std::vector<Token> readDatePicture(std::string_view picture) {
     std::string lower(picture);  // bytes only, so that positions stay those of the picture
     for (char& c : lower)
         if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
@@ -136,7 +136,7 @@ std::string tokenText(const DateTime& value, const Token& token, bool twelveHour
 
 std::string Format(const DateTime& value, std::string_view picture) {
     if (!isValid(value)) throw RuntimeError(error::invalidCall);
-    const std::vector<Token> tokens = readPicture(picture);
+    const std::vector<Token> tokens = readDatePicture(picture);
     const bool twelveHours = std::any_of(
         tokens.begin(), tokens.end(), [](const Token& token) { return token.part == Part::amPm; });
     std::string text;

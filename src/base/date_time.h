@@ -22,6 +22,11 @@ struct DateTime {
     auto operator<=>(const DateTime&) const = default;
 };
 
+/// No date, the time alone.
+inline DateTime timeOfDay(int hour, int minute) {
+    return {.hour = hour, .minute = minute};
+}
+
 /// Whether every field is in its range and the day exists in its month.
 bool isValid(const DateTime& value);
 

@@ -29,7 +29,7 @@ struct Picture {
     bool grouping = false;
 };
 
-Picture readPicture(std::string_view picture) {
+Picture readNumberPicture(std::string_view picture) {
     Picture result;
     const std::size_t point = picture.find('.');
     result.point = point != std::string_view::npos;
@@ -131,7 +131,7 @@ std::string FormatNumber(double value, int decimals, Grouping grouping, const Re
 std::string Format(double value, std::string_view picture, const Regional& regional) {
     if (picture.empty()) return toText(value, regional);
     const DecimalDigits exact = decimalDigits(value);
-    const Picture parts = readPicture(picture);
+    const Picture parts = readNumberPicture(picture);
     if (!parts.point && countPlaces(parts.whole) == 0) return std::string(picture);
 
     const DecimalDigits digits = rounded(exact, static_cast<int>(countPlaces(parts.fraction)));

@@ -1,5 +1,7 @@
 #include "forms/form1.h"
 
+#include "forms/label_colours.h"
+
 namespace velmora {
 
 namespace {
@@ -29,15 +31,8 @@ std::vector<ToolBar::Button> toolBarButtons() {
     };
 }
 
-DateTime timeOfDay(int hour, int minute) {
-    DateTime value;
-    value.hour = hour;
-    value.minute = minute;
-    return value;
-}
-
-constexpr Colour orange = 33023;
-constexpr Colour deepBlue = 0x400000;
+using label_colour::deepBlue;
+using label_colour::orange;
 
 }  // namespace
 

@@ -2,18 +2,6 @@
 
 namespace velmora {
 
-namespace {
-
-// A date picker of which only the time is used.
-DateTime timeOfDay(int hour, int minute) {
-    DateTime value;
-    value.hour = hour;
-    value.minute = minute;
-    return value;
-}
-
-}  // namespace
-
 FrmNotify::FrmNotify()
     : Form("frmNotify", "Notification Settings"),
       lstNotContent{

@@ -6,7 +6,7 @@ namespace {
 
 constexpr Colour tabText = 0xC0C0C0;
 constexpr Colour tabBack = 0x400000;
-constexpr Colour pressedText = 0xFFFFFF;
+constexpr Colour pressedTabText = 0xFFFFFF;
 constexpr Colour innerText = 0x400000;
 constexpr Colour innerBack = 0xE0E0E0;
 
@@ -29,7 +29,7 @@ auto* at(Array& controls, int index) {
 TabSelection::TabSelection(Forms& forms, WindowLayout& layout)
     : forms_(forms), form1_(forms.form1), layout_(layout) {
     for (Label& label : form1_.lblTab) {
-        label.MouseDown.connect([&label] { label.setForeColor(pressedText); });
+        label.MouseDown.connect([&label] { label.setForeColor(pressedTabText); });
         label.MouseUp.connect([&label] { label.setForeColor(tabText); });
         label.Click.connect([this, &label] { lblTab_Click(label.Index()); });
     }

@@ -13,8 +13,8 @@ namespace {
 
 constexpr std::size_t sorbane = 0;  // in lblAct
 
-constexpr const char* moving = "move";
-constexpr const char* deleting = "delete";
+constexpr const char* moveWord = "move";
+constexpr const char* deleteWord = "delete";
 
 struct Option {
     const char* suggestion;
@@ -26,8 +26,8 @@ constexpr std::array<Option, 5> options{{
     {"", ""},
     {"You can open the default compression program to try to save space.", "compress"},
     {"You can select to attempt to clear any files in the recycle bin.", "recycle"},
-    {"You can select files to be deleted to free up space.", deleting},
-    {"You can select files to be moved to another path to free up space.", moving},
+    {"You can select files to be deleted to free up space.", deleteWord},
+    {"You can select files to be moved to another path to free up space.", moveWord},
 }};
 
 // The actions on files.
@@ -73,7 +73,7 @@ std::string AlertDialogOptions::driveInAlert() {
 
 void AlertDialogOptions::Wizard_Click() {
     const std::string word = forms_.dlgAlert.lblAl[alert_button::wizard].Tag();
-    if (word != moving && word != deleting) return;
+    if (word != moveWord && word != deleteWord) return;
     chooseFiles();
     clearFileActions();
 }

@@ -12,7 +12,7 @@ namespace velmora {
 
 namespace {
 
-enum ProgramButton { addButton, removeButton, clearButton, runButton, browseButton };
+enum ProgramButton { addProgram, removeProgram, clearPrograms, runProgram, browseProgram };
 
 }  // namespace
 
@@ -34,15 +34,15 @@ void ProgramList::connect() {
 
 void ProgramList::Label5_Click(int index) {
     switch (index) {
-        case addButton:
+        case addProgram:
             return addFromBox();
-        case removeButton:
+        case removeProgram:
             return removeSelectedRow(form1_.LVProg, host_);
-        case clearButton:
+        case clearPrograms:
             return form1_.LVProg.Clear();
-        case runButton:
+        case runProgram:
             return runSelected();
-        case browseButton:
+        case browseProgram:
             return browse();
         default:
             return;

@@ -12,7 +12,7 @@ namespace velmora::qt {
 namespace {
 
 constexpr int drawingSize = 96;
-constexpr int textWidth = 300;
+constexpr int descriptionWidth = 300;
 
 // The program's picture within a ring that goes round.
 class TurningDisk : public QWidget {
@@ -49,7 +49,7 @@ QWidget* makeAboutWindow(FrmAbout& form, UserHand& hand) {
     font.setBold(true);
     title->setFont(font);
     auto* description = makeCaption(form.lblDescription, true);
-    description->setMinimumWidth(textWidth);
+    description->setMinimumWidth(descriptionWidth);
     auto* texts = column({title, makeCaption(form.lblVersion), description});
     texts->addStretch(1);
     auto* upper = row({new TurningDisk(form.prcDraw)});

@@ -9,7 +9,7 @@ namespace velmora::qt {
 
 namespace {
 
-constexpr int roomForTwoColumns = 480;
+constexpr int roomForTwoConfigColumns = 480;
 
 QWidget* makeProgramGroup(Form1& form, UserHand& hand) {
     auto* content =
@@ -55,7 +55,7 @@ QWidget* makeSoundGroup(Form1& form, UserHand& hand) {
 
 QWidget* makeConfigPanel(Form1& form, UserHand& hand) {
     auto* settings = column({new TwoColumns(makeProgramGroup(form, hand),
-                                            makeWindowGroup(form, hand), roomForTwoColumns),
+                                            makeWindowGroup(form, hand), roomForTwoConfigColumns),
                              makeLogGroup(form, hand), makeSoundGroup(form, hand)});
     settings->addStretch(1);
     auto* page = column({});

@@ -11,7 +11,7 @@ namespace velmora::qt {
 
 namespace {
 
-constexpr int textWidth = 340;
+constexpr int stateWidth = 340;
 constexpr int pictureSize = 48;
 
 }  // namespace
@@ -21,7 +21,7 @@ QWidget* makeLockWindow(FrmLock& form, UserHand& hand) {
     picture->setPixmap(programIcon().pixmap(pictureSize, pictureSize));
     picture->setAlignment(Qt::AlignTop);
     auto* state = makeCaption(form.lblLock, true);
-    state->setMinimumWidth(textWidth);
+    state->setMinimumWidth(stateWidth);
     auto* password = new PasswordEdit(form.Text1, hand);
     auto* words = makeCaption(form.Label1);
     words->setBuddy(password);

@@ -10,7 +10,7 @@ namespace velmora::qt {
 
 namespace {
 
-constexpr int roomForTwoColumns = 640;
+constexpr int roomForTwoOptionColumns = 640;
 
 QWidget* makeInterval(Form1& form, UserHand& hand) {
     auto* interval = makeTimeEdit(form.DTPInterval, QStringLiteral("HH:mm:ss"), hand);
@@ -45,7 +45,7 @@ QWidget* makeOptionsPanel(Form1& form, UserHand& hand) {
                                  column({new CheckList(form.lstEvt, hand)})),
                            makeInterval(form, hand), makeCustomTime(form, hand)});
     others->addStretch(1);
-    return scrolled(new TwoColumns(actions, around(others), roomForTwoColumns));
+    return scrolled(new TwoColumns(actions, around(others), roomForTwoOptionColumns));
 }
 
 }  // namespace velmora::qt
