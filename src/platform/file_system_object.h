@@ -1,4 +1,4 @@
-// Drives and folders, as the file system script object tells them. Paths are drive paths in UTF-8
+// Drives and folders, as the file system script object shows them. Paths are drive paths in UTF-8
 // ("C:\data", "\\host\share\data") on every host.
 //
 // A question to a drive has a deadline of `driveDeadline` inside each backend. A drive that misses
@@ -24,7 +24,7 @@ class Drive {
     virtual ~Drive() = default;
     /// Whether the drive exists, holds a medium and answers within the deadline. Never fails.
     virtual bool IsReady() = 0;
-    /// "C:" with an upper-case letter, or "\\host\share"; no back-slash behind.
+    /// "C:" with an upper-case letter, or "\\host\share"; no back-slash at the end.
     virtual std::string Path() const = 0;
     /// Bytes that this user can still write. Error 71 when the drive isn't ready.
     virtual double FreeSpace() = 0;
@@ -36,11 +36,11 @@ class Drive {
     std::string DriveLetter() const;
 };
 
-/// A file or folder. What is told about it is read at the first question.
+/// A file or folder. Its properties are read at the first question.
 class PathEntry {
   public:
     virtual ~PathEntry() = default;
-    /// The full drive path, without a back-slash behind unless it is a root.
+    /// The full drive path, without a back-slash at the end unless it is a root.
     virtual std::string Path() const = 0;
     /// Full drive path of the folder that it lies in; empty for a root.
     std::string ParentFolder() const;
@@ -81,8 +81,8 @@ class FileSystemObject {
     /// The last component of a path as it is written; empty for a root.
     virtual std::string GetFileName(const std::string& path) = 0;
     /// The drive of a designator: a letter, a letter and a colon, a root ("c:\") or a share
-    /// (with or without a back-slash behind). Error 5 for any other text. A drive that isn't there
-    /// is a drive that isn't ready.
+    /// (with or without a back-slash at the end). Error 5 for any other text. A drive that isn't
+    /// there is a drive that isn't ready.
     virtual std::unique_ptr<Drive> GetDrive(const std::string& designator) = 0;
     /// Whether such a drive or share is known to the machine, ready or not. False for a text that
     /// is no designator.
@@ -102,6 +102,9 @@ std::string driveNameOf(const std::string& path);
 
 /// What GetFileName gives, likewise.
 std::string fileNameOf(const std::string& path);
+
+/// Whether a path ends in "\" or "/".
+bool endsInSeparator(const std::string& path);
 
 /// Drive path of the folder that a full path lies in; empty for a root.
 std::string parentFolderOf(const std::string& path);

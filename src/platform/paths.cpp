@@ -31,15 +31,19 @@ std::string driveNameOf(const std::string& path) {
 
 std::string fileNameOf(const std::string& path) {
     std::string rest = path.substr(driveNameOf(path).size());
-    while (!rest.empty() && (rest.back() == '\\' || rest.back() == '/')) rest.pop_back();
+    while (endsInSeparator(rest)) rest.pop_back();
     const auto separator = rest.find_last_of("\\/");
     return separator == std::string::npos ? rest : rest.substr(separator + 1);
+}
+
+bool endsInSeparator(const std::string& path) {
+    return path.ends_with('\\') || path.ends_with('/');
 }
 
 std::string parentFolderOf(const std::string& path) {
     const std::string drive = driveNameOf(path);
     std::string rest = path.substr(drive.size());
-    while (rest.size() > 1 && (rest.back() == '\\' || rest.back() == '/')) rest.pop_back();
+    while (rest.size() > 1 && endsInSeparator(rest)) rest.pop_back();
     if (rest.empty() || rest == "\\" || rest == "/") return {};
     rest.resize(rest.find_last_of("\\/") + 1);
     const bool isRoot = rest.size() <= 1;

@@ -4,16 +4,9 @@
 #include "base/drive_text.h"
 #include "base/runtime_error.h"
 #include "base/text.h"
+#include "platform/file_system_object.h"
 
 namespace velmora {
-
-namespace {
-
-bool endsInSeparator(const std::string& path) {
-    return path.ends_with('\\') || path.ends_with('/');
-}
-
-}  // namespace
 
 // What prcFileActOption does, one file.
 

@@ -40,7 +40,7 @@ class LinuxMachine final : public Machine {
         if (hostPath.empty() || !driveNameOf(hostPath).empty()) return hostPath;
         const bool isAbsolute = hostPath[0] == '/';
         const std::string path = isAbsolute ? hostPath : workingFolder() + '/' + hostPath;
-        // What is removed or moved is reached without links, so that is how it is told here.
+        // Removing and moving refuse links in a path, so they are resolved here.
         return drivePathOf(withoutLinksAbove(path, volumes_), volumes_.roots());
     }
     std::string toHostPath(const std::string& drivePath) override {

@@ -10,8 +10,10 @@
 #include <cerrno>
 #include <chrono>
 #include <cstdlib>
+#include <utility>
 
 #include "platform/linux/programs/program_start.h"
+#include "platform/linux/system/unique_fd.h"
 
 namespace velmora::linuxhost {
 
@@ -22,24 +24,21 @@ constexpr std::chrono::milliseconds period{20};
 // The reading end of the pipe that the program prints into.
 class Output {
   public:
-    explicit Output(int file) : file_(file) {}
-    ~Output() { close(); }
-    Output(const Output&) = delete;
-    Output& operator=(const Output&) = delete;
+    explicit Output(UniqueFd pipe) : pipe_(std::move(pipe)) {}
 
-    /// Waits for output, up to that time; only for the time once the program has closed its own.
+    /// Waits for output, at most that time; the whole time once the program has closed its end.
     void waitUpTo(std::chrono::milliseconds time) const {
-        pollfd waited{file_, POLLIN, 0};
-        poll(&waited, file_ < 0 ? 0 : 1, static_cast<int>(time.count()));
+        pollfd waited{pipe_.get(), POLLIN, 0};
+        poll(&waited, pipe_.isOpen() ? 1 : 0, static_cast<int>(time.count()));
     }
-    /// Takes what there is, and lets go what is beyond any answer.
+    /// Reads what there is and drops what is too long for an answer.
     void take(std::string& text) {
         std::array<char, 4096> piece{};
-        for (std::size_t taken = 0; file_ >= 0 && taken < longestAnswer;) {
-            const auto size = read(file_, piece.data(), piece.size());
+        for (std::size_t taken = 0; pipe_.isOpen() && taken < longestAnswer;) {
+            const auto size = read(pipe_.get(), piece.data(), piece.size());
             if (size < 0 && errno == EINTR) continue;
             if (size < 0 && errno == EAGAIN) return;
-            if (size <= 0) return close();
+            if (size <= 0) return pipe_.reset();
             taken += static_cast<std::size_t>(size);
             if (text.size() <= longestAnswer)
                 text.append(piece.data(), static_cast<std::size_t>(size));
@@ -47,11 +46,7 @@ class Output {
     }
 
   private:
-    void close() {
-        if (file_ >= 0) ::close(file_);
-        file_ = -1;
-    }
-    int file_;
+    UniqueFd pipe_;
 };
 
 // A child that doesn't outlive this object.
@@ -89,10 +84,11 @@ std::optional<DialogAnswer> runDialog(const std::vector<std::string>& command,
                                       const std::function<void()>& whileOpen) {
     std::array<int, 2> ends{};
     if (pipe2(ends.data(), O_CLOEXEC) != 0) return std::nullopt;
-    Output output(ends[0]);
+    Output output{UniqueFd(ends[0])};
+    UniqueFd writingEnd(ends[1]);
     fcntl(ends[0], F_SETFL, O_NONBLOCK);
-    const pid_t process = startProgram(command, ends[1]);
-    close(ends[1]);
+    const pid_t process = startProgram(command, writingEnd.get());
+    writingEnd.reset();
     if (process < 0) return std::nullopt;
 
     Child child(process);

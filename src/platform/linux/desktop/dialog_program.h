@@ -9,7 +9,7 @@
 
 namespace velmora::linuxhost {
 
-/// More than this is no answer of a dialog.
+/// A longer output is not the answer of a dialog.
 inline constexpr std::size_t longestAnswer = 64 * 1024;
 
 struct DialogAnswer {

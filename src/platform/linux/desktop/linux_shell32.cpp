@@ -15,6 +15,7 @@
 #include "platform/linux/paths/path_mapping.h"
 #include "platform/linux/paths/user_folders.h"
 #include "platform/linux/programs/program_order.h"
+#include "platform/linux/system/system_errors.h"
 #include "platform/linux/trash/file_operation.h"
 #include "platform/linux/trash/trash.h"
 
@@ -25,8 +26,8 @@ namespace {
 constexpr std::int32_t invalidArgument = static_cast<std::int32_t>(0x80070057);
 constexpr std::int32_t failed = static_cast<std::int32_t>(0x80004005);
 
-constexpr std::int32_t notFound = 2;
-constexpr std::int32_t accessDenied = 5;
+constexpr std::int32_t notFound = code::fileNotFound;
+constexpr std::int32_t accessDenied = code::accessDenied;
 constexpr std::int32_t taken = 33;
 
 std::string scriptFolder() {
@@ -41,7 +42,7 @@ bool isAddress(const std::string& text) {
            text.find_first_not_of("abcdefghijklmnopqrstuvwxyz+-.0123456789") == colon;
 }
 
-// The address of a place that only the system's file manager knows, told as the one parameter of
+// The address of a place that only the system's file manager knows, given as the only parameter of
 // that program; empty for one without a counterpart, and nothing for every other order.
 std::optional<std::string> addressOfShellPlace(const std::string& file,
                                                const std::string& parameters) {
@@ -186,18 +187,15 @@ Browse LinuxShell32::SHBrowseForFolder(const BrowseInfo& info, ItemIdList& list)
 std::int32_t LinuxShell32::SHEmptyRecycleBinA(const std::string&, const std::string& root,
                                               std::uint32_t flags) {
     constexpr std::uint32_t noConfirmation = 1;
-    constexpr std::int32_t invalidDrive = 15;
-    constexpr std::int32_t notReady = 21;
-    constexpr std::int32_t cancelled = 1223;
     auto drives = drivesToEmpty(root, volumes_.roots());
-    if (drives.empty()) return invalidDrive;
+    if (drives.empty()) return code::invalidDrive;
     // One that doesn't answer would keep the whole program waiting.
     std::erase_if(drives, [&](const DriveRoot& each) { return !volumes_.measure(each.drive); });
-    if (drives.empty()) return notReady;
+    if (drives.empty()) return code::notReady;
     const std::string what = root.empty() ? "all drives" : "this drive";
     if ((flags & noConfirmation) == 0 &&
         !isConfirmed("Empty Trash", "Remove everything in the trash of " + what + " for good?"))
-        return cancelled;
+        return code::cancelled;
     return emptyTrash(drives, volumes_.roots());
 }
 

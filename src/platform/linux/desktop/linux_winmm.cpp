@@ -75,7 +75,7 @@ milliseconds lengthOfSound(const std::string& hostPath) {
         const std::streamoff start = file.tellg();
         if (word(0) == "data") {
             file.seekg(0, std::ios::end);
-            // A stream that was never finished tells more than there is.
+            // The header of an unfinished stream promises more than there is.
             const auto there = static_cast<std::uint64_t>(file.tellg() - start);
             return lengthOf(std::min(size, there), bytesPerSecond);
         }

@@ -12,8 +12,8 @@ namespace velmora::linuxhost {
 
 /// How long a player may take.
 struct PlayingLimits {
-    std::chrono::milliseconds beyondSound{5'000};     ///< behind the length that the file tells
-    std::chrono::milliseconds unknownLength{60'000};  ///< for files that don't tell one
+    std::chrono::milliseconds beyondSound{5'000};     ///< after the length in the file's header
+    std::chrono::milliseconds unknownLength{60'000};  ///< for files without a length
 };
 
 class LinuxWinmm final : public Winmm {

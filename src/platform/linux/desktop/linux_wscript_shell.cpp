@@ -1,6 +1,5 @@
 #include "platform/linux/desktop/linux_wscript_shell.h"
 
-#include <cerrno>
 #include <utility>
 
 #include "base/runtime_error.h"
@@ -9,6 +8,7 @@
 #include "platform/linux/paths/path_mapping.h"
 #include "platform/linux/programs/program_file.h"
 #include "platform/linux/programs/shell_script.h"
+#include "platform/linux/system/system_errors.h"
 
 namespace velmora::linuxhost {
 
@@ -17,7 +17,7 @@ namespace {
 void save(const std::string& hostPath, const std::string& content, mode_t mode) {
     const int failure = replaceFile(hostPath, content, mode);
     if (failure == 0) return;
-    const bool isMissing = failure == ENOENT || failure == ENOTDIR;
+    const bool isMissing = runtimeErrorOf(failure) == error::pathNotFound;
     throw RuntimeError(isMissing ? error::pathNotFound : error::permissionDenied);
 }
 

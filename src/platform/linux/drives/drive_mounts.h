@@ -17,8 +17,8 @@ struct DriveMount {
     Mount mount;
     std::string share;  ///< "\\host\share" of a network mount, else empty
     /// Whether a question about free space is answered from memory all the way: the filesystem
-    /// never waits for a device or a server to tell its sizes, and neither does any filesystem that
-    /// the way to the mount point leads through.
+    /// never waits for a device or a server to report its sizes, and neither does any filesystem
+    /// that the way to the mount point leads through.
     bool answersFromMemory = false;
 
     bool operator==(const DriveMount& other) const {
@@ -28,7 +28,7 @@ struct DriveMount {
 };
 
 /// The drives among the mounts, the root filesystem first and the others in the order of the
-/// listing. `isFolder` tells of a mount point whether it is a folder; it is only asked where no
+/// listing. `isFolder` says whether a mount point is a folder; it is only asked where no
 /// network or FUSE filesystem can keep it waiting, and mount points elsewhere are taken for
 /// folders.
 std::vector<DriveMount> driveMounts(const std::vector<Mount>& mounts,

@@ -6,20 +6,18 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstring>
+
+#include "platform/linux/paths/path_names.h"
+#include "platform/linux/system/unique_fd.h"
 
 namespace velmora::linuxhost {
 
 namespace {
 
-bool isDots(const char* name) {
-    return std::strcmp(name, ".") == 0 || std::strcmp(name, "..") == 0;
-}
-
 void count(int folder, const dirent64& entry, EntryCounts& counts) {
     if (isDots(entry.d_name)) return;
     bool isFolder = entry.d_type == DT_DIR;
-    // Some filesystems don't tell kinds in their listings.
+    // Some filesystems leave the kinds out of their listings.
     if (entry.d_type == DT_LNK || entry.d_type == DT_UNKNOWN) {
         struct stat status {};
         isFolder = fstatat(folder, entry.d_name, &status, 0) == 0 && S_ISDIR(status.st_mode);
@@ -43,36 +41,32 @@ int countAll(int folder, EntryCounts& counts) {
     }
 }
 
-int openFolder(const char* path) {
+UniqueFd openFolder(const char* path) {
     int folder = 0;
     do {
         folder = open(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     } while (folder < 0 && errno == EINTR);
-    return folder;
+    return UniqueFd(folder);
 }
 
 }  // namespace
 
 int countEntries(const char* path, EntryCounts& counts) {
-    const int folder = openFolder(path);
-    if (folder < 0) return errno;
+    const UniqueFd folder = openFolder(path);
+    if (!folder.isOpen()) return errno;
     counts = {};
-    const int failure = countAll(folder, counts);
-    close(folder);
-    return failure;
+    return countAll(folder.get(), counts);
 }
 
 int beginListing(const char* path) {
-    const int folder = openFolder(path);
-    if (folder < 0) return errno;
+    const UniqueFd folder = openFolder(path);
+    if (!folder.isOpen()) return errno;
     alignas(dirent64) char buffer[32 * 1024];
     ssize_t size = 0;
     do {
-        size = getdents64(folder, buffer, sizeof buffer);
+        size = getdents64(folder.get(), buffer, sizeof buffer);
     } while (size < 0 && errno == EINTR);
-    const int failure = size < 0 ? errno : 0;
-    close(folder);
-    return failure;
+    return size < 0 ? errno : 0;
 }
 
 }  // namespace velmora::linuxhost

@@ -1,4 +1,4 @@
-// What one statfs call tells. Plain data, since it also travels between processes.
+// The result of one statfs call. Plain data, since it also travels between processes.
 #pragma once
 
 #include <cstdint>
@@ -18,7 +18,7 @@ struct FilesystemReading {
     double totalBytes() const {
         return static_cast<double>(blocks) * static_cast<double>(fragmentSize);
     }
-    /// Whether both readings are of one filesystem, as far as its identity tells.
+    /// Whether both readings are of one filesystem, as far as its identity shows.
     bool isSameFilesystem(const FilesystemReading& other) const {
         return type == other.type && id == other.id;
     }

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <utility>
 
 namespace velmora::linuxhost {
 
@@ -37,32 +38,29 @@ bool HelperProcess::start() {
     reapStopped();
     int ends[2];
     if (socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends) != 0) return false;
+    UniqueFd ownEnd(ends[0]);
+    const UniqueFd helperEnd(ends[1]);
     const SignalsHeld held;
     const pid_t child = fork();
-    if (child == 0) runHelper(ends[1]);
-    close(ends[1]);
-    if (child < 0) {
-        close(ends[0]);
-        return false;
-    }
-    socket_ = ends[0];
+    if (child == 0) runHelper(helperEnd.get());
+    if (child < 0) return false;
+    socket_ = std::move(ownEnd);
     process_ = child;
     return true;
 }
 
 void HelperProcess::stop() {
-    if (socket_ >= 0) {
+    if (socket_.isOpen()) {
         // Idle, it ends at once, and is waited for so that it doesn't linger as a dead entry.
-        shutdown(socket_, SHUT_WR);
+        shutdown(socket_.get(), SHUT_WR);
         const bool isEnding = !pending_ && waitForEnd();
-        close(socket_);
+        socket_.reset();
         if (isEnding) {
             while (waitpid(process_, nullptr, 0) < 0 && errno == EINTR) continue;
         } else {
             stopped_.push_back(process_);
         }
     }
-    socket_ = -1;
     process_ = -1;
     pending_ = false;
     reapStopped();
@@ -81,14 +79,14 @@ bool HelperProcess::send(HelperQuestion question, const std::string& path) {
     request.question = question;
     std::memcpy(request.path, path.c_str(), path.size() + 1);
     const auto size = HelperRequest::headSize() + path.size() + 1;
-    return ::send(socket_, &request, size, MSG_NOSIGNAL | MSG_DONTWAIT) ==
+    return ::send(socket_.get(), &request, size, MSG_NOSIGNAL | MSG_DONTWAIT) ==
            static_cast<ssize_t>(size);
 }
 
 HelperProcess::Received HelperProcess::receive(HelperReply& reply) const {
     ssize_t size = 0;
     do {
-        size = recv(socket_, &reply, sizeof reply, MSG_DONTWAIT);
+        size = recv(socket_.get(), &reply, sizeof reply, MSG_DONTWAIT);
     } while (size < 0 && errno == EINTR);
     if (size == static_cast<ssize_t>(sizeof reply)) return Received::answer;
     const bool isEmpty = size < 0 && (errno == EAGAIN || errno == EWOULDBLOCK);
@@ -100,14 +98,14 @@ bool HelperProcess::waitForAnswer() const {
 }
 
 bool HelperProcess::waitForEnd() const {
-    // The hang-up is told without being asked for.
+    // The hang-up is always reported.
     return waitFor(0, std::chrono::milliseconds(100));
 }
 
 bool HelperProcess::waitFor(short events, std::chrono::milliseconds deadline) const {
     using std::chrono::steady_clock;
     const auto end = steady_clock::now() + deadline;
-    pollfd waiting{socket_, events, 0};
+    pollfd waiting{socket_.get(), events, 0};
     while (true) {
         const auto left =
             std::chrono::ceil<std::chrono::milliseconds>(end - steady_clock::now()).count();
@@ -127,7 +125,7 @@ std::optional<HelperReply> HelperProcess::ask(HelperQuestion question, const std
         if (late == Received::end) stop();
         pending_ = false;
     }
-    if (socket_ < 0 && !start()) return std::nullopt;
+    if (!socket_.isOpen() && !start()) return std::nullopt;
     if (!send(question, path)) {
         stop();
         if (!start() || !send(question, path)) return std::nullopt;

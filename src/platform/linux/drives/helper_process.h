@@ -1,6 +1,6 @@
 // A process that asks one drive, so that a drive that doesn't answer keeps only that process
 // waiting. A thread would not do: one that waits for a FUSE server can't be ended, and neither can
-// its process, so the program would stay behind when it ends.
+// its process, so the program could not end.
 //
 // At most one question is pending. While it is, further ones cost nothing and get no answer; its
 // late answer is thrown away, since it belongs to a moment long past.
@@ -15,6 +15,7 @@
 
 #include "platform/file_system_object.h"
 #include "platform/linux/drives/helper_messages.h"
+#include "platform/linux/system/unique_fd.h"
 
 namespace velmora::linuxhost {
 
@@ -34,7 +35,7 @@ class HelperProcess {
     bool isPending() const { return pending_; }
     /// The process's id, or -1.
     pid_t id() const { return process_; }
-    /// Lets the process go: it ends as soon as its drive lets it.
+    /// Gives up the process, which ends as soon as its drive has answered it.
     void stop();
 
   private:
@@ -48,7 +49,7 @@ class HelperProcess {
     void reapStopped();
 
     std::chrono::milliseconds deadline_;
-    int socket_ = -1;
+    UniqueFd socket_;
     pid_t process_ = -1;
     bool pending_ = false;
     std::vector<pid_t> stopped_;  // that may not have ended yet

@@ -11,7 +11,7 @@ struct Mount {
     int id = 0;
     int parent = 0;          ///< id of the mount that the mount point lies in
     std::string device;      ///< "major:minor", the same for all mounts of one filesystem
-    std::string mountPoint;  ///< absolute, without a slash behind unless it is "/"
+    std::string mountPoint;  ///< absolute, without a slash at the end unless it is "/"
     std::string options;     ///< of this mount
     std::string type;        ///< "ext4", "fuse.sshfs", ...
     std::string source;      ///< a device file, "host:/path", a mere word, or nothing
@@ -25,7 +25,7 @@ std::vector<Mount> parseMountTable(std::string_view text);
 /// Whether a comma-separated list of options has the option, as a word or as "option=value".
 bool hasOption(std::string_view options, std::string_view option);
 
-/// The value behind "option=", empty when there is none.
+/// The value after "option=", empty when there is none.
 std::string_view optionValue(std::string_view options, std::string_view option);
 
 /// The mounts that a path can still reach, in the same order: of those at one mount point only the

@@ -24,13 +24,9 @@ std::chrono::nanoseconds coarseTime() {
 
 MountWatch::MountWatch() : file_(open("/proc/self/mountinfo", O_RDONLY | O_CLOEXEC)) {}
 
-MountWatch::~MountWatch() {
-    if (file_ >= 0) close(file_);
-}
-
 bool MountWatch::hasChanged() {
     lastLook_ = coarseTime();
-    pollfd table{file_, POLLPRI, 0};
+    pollfd table{file_.get(), POLLPRI, 0};
     return poll(&table, 1, 0) > 0 && (table.revents & (POLLPRI | POLLERR)) != 0;
 }
 
@@ -41,9 +37,9 @@ bool MountWatch::hasChangedLately() {
 std::string MountWatch::read() const {
     std::string text;
     std::array<char, 16384> piece;
-    if (file_ < 0 || lseek(file_, 0, SEEK_SET) != 0) return text;
+    if (!file_.isOpen() || lseek(file_.get(), 0, SEEK_SET) != 0) return text;
     while (true) {
-        const auto size = ::read(file_, piece.data(), piece.size());
+        const auto size = ::read(file_.get(), piece.data(), piece.size());
         if (size < 0 && errno == EINTR) continue;
         if (size <= 0) return text;
         text.append(piece.data(), static_cast<std::size_t>(size));

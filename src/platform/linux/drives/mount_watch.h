@@ -4,14 +4,13 @@
 #include <chrono>
 #include <string>
 
+#include "platform/linux/system/unique_fd.h"
+
 namespace velmora::linuxhost {
 
 class MountWatch {
   public:
     MountWatch();
-    ~MountWatch();
-    MountWatch(const MountWatch&) = delete;
-    MountWatch& operator=(const MountWatch&) = delete;
 
     /// Whether anything was mounted or unmounted since this was last asked.
     bool hasChanged();
@@ -22,7 +21,7 @@ class MountWatch {
     std::string read() const;
 
   private:
-    int file_ = -1;
+    UniqueFd file_;
     std::chrono::nanoseconds lastLook_{0};
 };
 

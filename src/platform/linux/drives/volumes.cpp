@@ -142,6 +142,15 @@ std::vector<DriveRoot> Volumes::roots() {
     return roots;
 }
 
+bool Volumes::isMountPoint(const std::string& hostPath) {
+    update();
+    return hostPath == "/" ||
+           std::any_of(volumes_.begin(), volumes_.end(), [&hostPath](const auto& each) {
+               const bool hasName = each->letter != 0 || !each->drive.share.empty();
+               return each->isMounted && hasName && each->drive.mount.mountPoint == hostPath;
+           });
+}
+
 Volumes::Volume* Volumes::holderOf(const std::string& hostPath) {
     update();
     Volume* holder = nullptr;

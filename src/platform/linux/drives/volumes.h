@@ -2,8 +2,8 @@
 //
 // Drives whose sizes are in memory are asked right here, at the cost of the system call; all other
 // questions go to a helper process, one a drive. The mount table is read again only after the
-// kernel has told of a change. Looking for that costs as much as the question itself, so for drives
-// in memory it is done every 50 ms, and between by the filesystem's identity in each answer.
+// kernel has reported a change. Looking for that costs as much as the question itself, so for
+// drives in memory it is done every 50 ms, and between by the filesystem's identity in each answer.
 #pragma once
 
 #include <array>
@@ -38,6 +38,8 @@ class Volumes {
     std::string letters();
     /// The roots of the mounted drives.
     std::vector<DriveRoot> roots();
+    /// Whether an absolute path of the host is the root of a mounted drive, or "/".
+    bool isMountPoint(const std::string& hostPath);
 
     /// What lies at an absolute path of the host; none also when its drive doesn't answer in time.
     FileKind kindOf(const std::string& hostPath);

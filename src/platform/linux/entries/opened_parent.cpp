@@ -16,42 +16,33 @@ namespace {
 
 constexpr int folderFlags = O_PATH | O_DIRECTORY | O_CLOEXEC;
 
-bool isDriveRoot(Volumes& volumes, const std::string& hostPath) {
-    const auto roots = volumes.roots();
-    return hostPath == "/" || std::any_of(roots.begin(), roots.end(), [&](const DriveRoot& each) {
-               return each.mountPoint == hostPath;
-           });
-}
-
 bool isLink(int folder, const std::string& name) {
     struct stat status {};
     return fstatat(folder, name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0 &&
            S_ISLNK(status.st_mode);
 }
 
-int openNext(int folder, const std::string& name, int& failure) {
-    const int next = openat(folder, name.c_str(), folderFlags | O_NOFOLLOW);
-    // A link is merely no folder to the kernel.
-    if (next < 0) failure = errno == ENOTDIR && isLink(folder, name) ? ELOOP : errno;
+UniqueFd openNext(const UniqueFd& folder, const std::string& name, int& failure) {
+    UniqueFd next(openat(folder.get(), name.c_str(), folderFlags | O_NOFOLLOW));
+    // For a link too the kernel says that it is no folder.
+    if (!next.isOpen()) failure = errno == ENOTDIR && isLink(folder.get(), name) ? ELOOP : errno;
     return next;
 }
 
 }  // namespace
 
-int walkWithoutLinks(const std::string& path, int& failure) {
-    int folder = open("/", folderFlags);
-    if (folder < 0) failure = errno;
-    for (std::size_t at = 1; folder >= 0 && at < path.size();) {
+UniqueFd walkWithoutLinks(const std::string& path, int& failure) {
+    UniqueFd folder(open("/", folderFlags));
+    if (!folder.isOpen()) failure = errno;
+    for (std::size_t at = 1; folder.isOpen() && at < path.size();) {
         const auto end = std::min(path.find('/', at), path.size());
-        const int next = openNext(folder, path.substr(at, end - at), failure);
-        close(folder);
-        folder = next;
+        folder = openNext(folder, path.substr(at, end - at), failure);
         at = end + 1;
     }
     return folder;
 }
 
-int openWithoutLinks(const std::string& path, int& failure) {
+UniqueFd openWithoutLinks(const std::string& path, int& failure) {
     open_how how{};
     how.flags = folderFlags;
     how.resolve = RESOLVE_NO_SYMLINKS;
@@ -59,11 +50,11 @@ int openWithoutLinks(const std::string& path, int& failure) {
     do {
         folder = syscall(SYS_openat2, AT_FDCWD, path.c_str(), &how, sizeof how);
     } while (folder < 0 && errno == EINTR);
-    if (folder >= 0) return static_cast<int>(folder);
-    // Some sandboxes deny what they don't know.
+    if (folder >= 0) return UniqueFd(static_cast<int>(folder));
+    // Some sandboxes deny calls that they don't know.
     if (errno == ENOSYS || errno == EPERM) return walkWithoutLinks(path, failure);
     failure = errno;
-    return -1;
+    return {};
 }
 
 OpenedParent::OpenedParent(Volumes& volumes, const std::string& hostPath) {
@@ -72,7 +63,7 @@ OpenedParent::OpenedParent(Volumes& volumes, const std::string& hostPath) {
         failure_ = ENOENT;
         return;
     }
-    if (isDriveRoot(volumes, hostPath)) {
+    if (volumes.isMountPoint(hostPath)) {
         failure_ = EBUSY;
         return;
     }
@@ -83,15 +74,11 @@ OpenedParent::OpenedParent(Volumes& volumes, const std::string& hostPath) {
         failure_ = ENOENT;
         return;
     }
-    file_ = openWithoutLinks(folder, failure_);
+    fd_ = openWithoutLinks(folder, failure_);
 }
 
-OpenedParent::~OpenedParent() {
-    if (isOpen()) close(file_);
-}
-
-int OpenedParent::look(struct stat& status) const {
-    return fstatat(file_, name_.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0 ? 0 : errno;
+int OpenedParent::readStatus(struct stat& status) const {
+    return fstatat(fd(), name_.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0 ? 0 : errno;
 }
 
 std::string withoutLinksAbove(const std::string& hostPath, Volumes& volumes) {

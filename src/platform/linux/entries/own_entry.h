@@ -1,4 +1,5 @@
-// Telling an entry that was made here from whatever somebody else has put at its name meanwhile.
+// Recognizing an entry that was made here, so that nothing is removed that somebody else has put at
+// its name meanwhile.
 #pragma once
 
 #include <sys/stat.h>

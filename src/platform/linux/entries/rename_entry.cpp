@@ -8,6 +8,7 @@
 #include <cstdio>
 
 #include "platform/linux/entries/own_entry.h"
+#include "platform/linux/system/unique_fd.h"
 
 namespace velmora::linuxhost {
 
@@ -19,12 +20,9 @@ int makeFolder(int folder, const std::string& name, struct stat& made) {
 }
 
 int makeFile(int folder, const std::string& name, struct stat& made) {
-    const int file =
-        openat(folder, name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600);
-    if (file < 0) return errno;
-    const int failure = fstat(file, &made) == 0 ? 0 : errno;
-    close(file);
-    return failure;
+    const UniqueFd file(
+        openat(folder, name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
+    return file.isOpen() && fstat(file.get(), &made) == 0 ? 0 : errno;
 }
 
 // Whether the entry that holds the name is still the one made here, with nothing in it.
@@ -55,7 +53,7 @@ int renameOverOwnEntry(int fromFolder, const std::string& from, int toFolder,
 int renameInto(int fromFolder, const std::string& from, int toFolder, const std::string& to) {
     if (renameat2(fromFolder, from.c_str(), toFolder, to.c_str(), RENAME_NOREPLACE) == 0) return 0;
     const int failure = errno;
-    // What filesystems of the network and of other systems say that don't know the flag.
+    // The answers of network and foreign filesystems that don't know the flag.
     if (failure != EINVAL && failure != ENOSYS) return failure;
     return renameOverOwnEntry(fromFolder, from, toFolder, to);
 }

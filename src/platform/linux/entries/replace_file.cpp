@@ -9,23 +9,20 @@
 #include <cstdio>
 #include <filesystem>
 #include <system_error>
+#include <utility>
+
+#include "platform/linux/system/unique_fd.h"
+#include "platform/linux/system/write_all.h"
 
 namespace velmora::linuxhost {
 
 namespace {
 
-int writeAndClose(int file, std::string_view content, mode_t mode) {
-    int failure = fchmod(file, mode) == 0 ? 0 : errno;
-    while (failure == 0 && !content.empty()) {
-        const auto written = write(file, content.data(), content.size());
-        if (written > 0) {
-            content.remove_prefix(static_cast<std::size_t>(written));
-        } else if (written == 0 || errno != EINTR) {
-            failure = written == 0 ? ENOSPC : errno;
-        }
-    }
-    if (close(file) != 0 && failure == 0 && errno != EINTR) failure = errno;
-    return failure;
+int writeAndClose(UniqueFd file, std::string_view content, mode_t mode) {
+    int failure = fchmod(file.get(), mode) == 0 ? 0 : errno;
+    if (failure == 0) failure = writeAll(file.get(), content);
+    const int failureToClose = file.close();
+    return failure != 0 ? failure : failureToClose;
 }
 
 }  // namespace
@@ -41,9 +38,9 @@ int replaceFile(const std::string& path, std::string_view content, mode_t mode) 
     if (const int failure = makeFolders(path.substr(0, slash)); failure != 0) return failure;
     // Hidden, so that no listing shows it meanwhile.
     std::string newPath = path.substr(0, slash + 1) + ".velmora-XXXXXX";
-    const int file = mkostemp(newPath.data(), O_CLOEXEC);
-    if (file < 0) return errno;
-    int failure = writeAndClose(file, content, mode);
+    UniqueFd file(mkostemp(newPath.data(), O_CLOEXEC));
+    if (!file.isOpen()) return errno;
+    int failure = writeAndClose(std::move(file), content, mode);
     if (failure == 0 && rename(newPath.c_str(), path.c_str()) != 0) failure = errno;
     if (failure != 0) unlink(newPath.c_str());
     return failure;

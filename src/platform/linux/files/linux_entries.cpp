@@ -8,8 +8,8 @@
 #include <utility>
 
 #include "base/runtime_error.h"
+#include "platform/linux/entries/tree_walk.h"
 #include "platform/linux/removal/folder_removal.h"
-#include "platform/linux/removal/tree_walk.h"
 #include "platform/linux/system/linux_clock.h"
 
 namespace velmora::linuxhost {
@@ -116,7 +116,7 @@ class LinuxFolder final : public LinuxEntry<Folder, FileKind::folder> {
     }
     double readSize() {
         status_.get();
-        // The folder itself may be told by a link, as every folder that is looked at.
+        // The path of the folder itself may end in a link, as with all other properties.
         const OpenFolder folder(status_.hostPath() + "/.");
         double size = 0;
         const int failure =

@@ -1,4 +1,4 @@
-// What is told about files and folders of this host, and the removal of folders.
+// Properties of files and folders of this host, and the removal of folders.
 #pragma once
 
 #include <memory>

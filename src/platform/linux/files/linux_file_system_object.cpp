@@ -6,40 +6,26 @@
 #include "base/runtime_error.h"
 #include "platform/linux/files/linux_entries.h"
 #include "platform/linux/paths/path_mapping.h"
+#include "platform/measured_drive.h"
 
 namespace velmora::linuxhost {
 
 namespace {
 
-class LinuxDrive final : public Drive {
+class LinuxDrive final : public MeasuredDrive {
   public:
-    LinuxDrive(Volumes& volumes, std::string path) : volumes_(volumes), path_(std::move(path)) {}
-
-    bool IsReady() override { return reading().has_value(); }
-    std::string Path() const override { return path_; }
-    double FreeSpace() override { return readyReading().freeBytes(); }
-    double TotalSize() override { return readyReading().totalBytes(); }
+    LinuxDrive(Volumes& volumes, std::string path)
+        : MeasuredDrive(std::move(path)), volumes_(volumes) {}
 
   private:
-    const std::optional<FilesystemReading>& reading() {
-        if (!isMeasured_) reading_ = volumes_.measure(path_);
-        isMeasured_ = true;
-        return reading_;
-    }
-    const FilesystemReading& readyReading() {
-        if (!reading()) throw RuntimeError(error::diskNotReady);
-        return *reading_;
+    std::optional<DriveSpace> measure() override {
+        const auto reading = volumes_.measure(Path());
+        if (!reading) return std::nullopt;
+        return DriveSpace{reading->freeBytes(), reading->totalBytes()};
     }
 
     Volumes& volumes_;
-    std::string path_;
-    bool isMeasured_ = false;
-    std::optional<FilesystemReading> reading_;
 };
-
-bool endsInSeparator(const std::string& path) {
-    return !path.empty() && (path.back() == '\\' || path.back() == '/');
-}
 
 }  // namespace
 
@@ -68,15 +54,20 @@ bool LinuxFileSystemObject::FileExists(const std::string& path) {
 }
 
 std::unique_ptr<Folder> LinuxFileSystemObject::GetFolder(const std::string& path) {
-    if (!FolderExists(path)) throw RuntimeError(error::pathNotFound);
     const auto roots = volumes_.roots();
-    return makeFolder(volumes_, fullDrivePath(path, roots), hostPathOf(path, roots));
+    std::string hostPath = hostPathOf(path, roots);
+    if (hostPath.empty() || volumes_.kindOf(hostPath) != FileKind::folder)
+        throw RuntimeError(error::pathNotFound);
+    return makeFolder(volumes_, fullDrivePath(path, roots), std::move(hostPath));
 }
 
 std::unique_ptr<File> LinuxFileSystemObject::GetFile(const std::string& path) {
-    if (!FileExists(path)) throw RuntimeError(error::fileNotFound);
     const auto roots = volumes_.roots();
-    return makeFile(volumes_, fullDrivePath(path, roots), hostPathOf(path, roots));
+    std::string hostPath = hostPathOf(path, roots);
+    const bool isThere =
+        !endsInSeparator(path) && !hostPath.empty() && volumes_.kindOf(hostPath) == FileKind::file;
+    if (!isThere) throw RuntimeError(error::fileNotFound);
+    return makeFile(volumes_, fullDrivePath(path, roots), std::move(hostPath));
 }
 
 }  // namespace velmora::linuxhost

@@ -7,9 +7,12 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <iterator>
 
 #include "base/text.h"
 #include "platform/linux/paths/path_names.h"
+#include "platform/linux/system/file_time.h"
+#include "platform/linux/system/system_errors.h"
 
 namespace velmora::linuxhost {
 
@@ -23,21 +26,11 @@ constexpr int lookFlags = AT_SYMLINK_NOFOLLOW | AT_STATX_DONT_SYNC | AT_NO_AUTOM
 constexpr std::uint32_t archive = 32;
 constexpr std::uint32_t link = 1024;
 
-std::uint32_t codeOf(int failure) {
-    switch (failure) {
-        case ENOENT:
-        case ENOTDIR:
-            return 3;
-        case EACCES:
-        case EPERM:
-            return 5;
-        default:
-            return 31;
-    }
-}
-
-bool isDots(const char* name) {
-    return name[0] == '.' && (name[1] == '\0' || (name[1] == '.' && name[2] == '\0'));
+// A listing reports only these failures apart.
+std::uint32_t listingCodeOf(int failure) {
+    const std::uint32_t result = codeOf(failure);
+    const bool isApart = result == code::pathNotFound || result == code::accessDenied;
+    return isApart ? result : code::generalFailure;
 }
 
 std::uint32_t attributesOf(unsigned mode, const char* name) {
@@ -64,10 +57,7 @@ bool isSameInDrivePath(std::string_view name) {
 }  // namespace
 
 std::uint64_t fileTimeOf(const struct statx_timestamp& time) {
-    constexpr std::int64_t secondsFrom1601To1970 = 11'644'473'600;
-    const std::int64_t seconds = time.tv_sec + secondsFrom1601To1970;
-    if (seconds < 0) return 0;
-    return static_cast<std::uint64_t>(seconds) * 10'000'000 + time.tv_nsec / 100;
+    return fileTimeOf(time.tv_sec, time.tv_nsec);
 }
 
 void setDriveName(std::string& text, std::string_view name) {
@@ -80,26 +70,22 @@ void setDriveName(std::string& text, std::string_view name) {
 
 FolderListing::FolderListing(const std::string& hostPath, bool hasDots, bool asksServer)
     : folder_(open(hostPath.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)),
-      failure_(folder_ < 0 ? errno : 0),
-      told_(hasDots ? Told::nothing : Told::dots),
+      failure_(folder_.isOpen() ? 0 : errno),
+      listedDots_(hasDots ? 0 : 2),
       asksServer_(asksServer) {
-    if (folder_ < 0) return;
+    if (!folder_.isOpen()) return;
     struct statx status {};
     // Where not even the folder itself can be looked at in it, nothing can.
-    if (statx(folder_, ".", lookFlags, STATX_TYPE, &status) != 0) failure_ = errno;
+    if (statx(folder_.get(), ".", lookFlags, STATX_TYPE, &status) != 0) failure_ = errno;
     major_ = status.stx_dev_major;
     minor_ = status.stx_dev_minor;
     buffer_ = std::make_unique_for_overwrite<char[]>(bufferSize);
 }
 
-FolderListing::~FolderListing() {
-    if (folder_ >= 0) close(folder_);
-}
-
 bool FolderListing::fill(int& failure) {
     ssize_t size = 0;
     do {
-        size = getdents64(folder_, buffer_.get(), bufferSize);
+        size = getdents64(folder_.get(), buffer_.get(), bufferSize);
     } while (size < 0 && errno == EINTR);
     failure = size < 0 ? errno : 0;
     at_ = 0;
@@ -109,16 +95,16 @@ bool FolderListing::fill(int& failure) {
 
 // What lies on another filesystem is never asked for: that one may not answer.
 bool FolderListing::look(const char* name, struct statx& status) const {
-    if (statx(folder_, name, lookFlags, wanted, &status) != 0) return false;
+    if (statx(folder_.get(), name, lookFlags, wanted, &status) != 0) return false;
     if (!asksServer_ || status.stx_dev_major != major_ || status.stx_dev_minor != minor_)
         return true;
     struct statx now {};
     constexpr int asking = (lookFlags & ~AT_STATX_DONT_SYNC) | AT_STATX_SYNC_AS_STAT;
-    if (statx(folder_, name, asking, wanted, &now) == 0) status = now;
+    if (statx(folder_.get(), name, asking, wanted, &now) == 0) status = now;
     return true;
 }
 
-bool FolderListing::tell(const char* name, unsigned char kind, FindData& entry) const {
+bool FolderListing::describe(const char* name, unsigned char kind, FindData& entry) const {
     struct statx status {};
     if (!look(name, status)) {
         if (errno == ENOENT) return false;  // gone since the names were read
@@ -138,28 +124,26 @@ bool FolderListing::tell(const char* name, unsigned char kind, FindData& entry) 
 }
 
 bool FolderListing::nextDots(FindData& entry) {
-    while (told_ != Told::dots) {
-        const bool isFirst = told_ == Told::nothing;
-        told_ = isFirst ? Told::dot : Told::dots;
-        if (tell(isFirst ? "." : "..", DT_DIR, entry)) return true;
+    constexpr const char* dots[] = {".", ".."};
+    while (listedDots_ < std::size(dots)) {
+        if (describe(dots[listedDots_++], DT_DIR, entry)) return true;
     }
     return false;
 }
 
 std::uint32_t FolderListing::next(FindData& entry) {
-    if (folder_ < 0 && failure_ == 0) return noMoreFiles;
+    if (!folder_.isOpen() && failure_ == 0) return noMoreFiles;
     if (failure_ == 0 && nextDots(entry)) return 0;
     while (failure_ == 0) {
         if (at_ >= size_ && !fill(failure_)) break;
         const auto& found = *reinterpret_cast<const dirent64*>(buffer_.get() + at_);
         at_ += found.d_reclen;
-        if (!isDots(found.d_name) && tell(found.d_name, found.d_type, entry)) return 0;
+        if (!isDots(found.d_name) && describe(found.d_name, found.d_type, entry)) return 0;
     }
-    const std::uint32_t code = failure_ == 0 ? noMoreFiles : codeOf(failure_);
-    if (folder_ >= 0) close(folder_);
-    folder_ = -1;
+    const std::uint32_t result = failure_ == 0 ? noMoreFiles : listingCodeOf(failure_);
+    folder_.reset();
     failure_ = 0;
-    return code;
+    return result;
 }
 
 }  // namespace velmora::linuxhost

@@ -11,6 +11,7 @@
 #include <string_view>
 
 #include "platform/kernel32.h"
+#include "platform/linux/system/unique_fd.h"
 
 namespace velmora::linuxhost {
 
@@ -19,25 +20,20 @@ class FolderListing {
     /// `hasDots`: whether "." and ".." come first. `asksServer`: whether times and
     /// sizes are those of this moment even where a server has to be asked for them.
     FolderListing(const std::string& hostPath, bool hasDots, bool asksServer = false);
-    ~FolderListing();
-    FolderListing(const FolderListing&) = delete;
-    FolderListing& operator=(const FolderListing&) = delete;
 
-    /// 0 with the next entry, or else the system's code: 18 at the end, once another one when the
-    /// listing breaks off.
+    /// 0 with the next entry, or else the system's code: 18 at the end; another code, once, when
+    /// the listing breaks off.
     std::uint32_t next(FindData& entry);
 
   private:
-    enum class Told { nothing, dot, dots };
-
     bool nextDots(FindData& entry);
     bool fill(int& failure);
     bool look(const char* name, struct statx& status) const;
-    bool tell(const char* name, unsigned char kind, FindData& entry) const;
+    bool describe(const char* name, unsigned char kind, FindData& entry) const;
 
-    int folder_;
-    int failure_;  // why it can't be listed; 0 once that was told
-    Told told_;
+    UniqueFd folder_;
+    int failure_;             // why it can't be listed; 0 once that was reported
+    std::size_t listedDots_;  // how many of "." and ".." were listed
     bool asksServer_;
     unsigned major_ = 0;  // of the folder's filesystem
     unsigned minor_ = 0;
@@ -49,7 +45,7 @@ class FolderListing {
 /// A time in units of 100 ns since 1601-01-01 UTC; 0 for an earlier one.
 std::uint64_t fileTimeOf(const struct statx_timestamp& time);
 
-/// Makes a name of the host that of a drive path, over what `text` held.
+/// Sets `text` to a name of the host in the form for drive paths.
 void setDriveName(std::string& text, std::string_view name);
 
 }  // namespace velmora::linuxhost

@@ -8,81 +8,45 @@
 
 #include "base/runtime_error.h"
 #include "base/text.h"
+#include "platform/file_system_object.h"
 #include "platform/linux/paths/path_mapping.h"
 #include "platform/linux/removal/folder_removal.h"
+#include "platform/linux/system/system_errors.h"
+#include "platform/linux/system/unique_fd.h"
+#include "platform/linux/system/write_all.h"
 
 namespace velmora::linuxhost {
 
 namespace {
 
-int errorOf(int reason) {
-    switch (reason) {
-        case ENOENT:
-        case ENOTDIR:
-            return error::pathNotFound;
-        case EACCES:
-        case EPERM:
-        case ETXTBSY:
-        case EBUSY:
-            return error::permissionDenied;
-        case EISDIR:
-        case EROFS:
-            return error::pathFileAccess;
-        case ENOSPC:
-        case EDQUOT:
-            return error::diskFull;
-        default:
-            return error::deviceIo;
-    }
-}
-
 class OpenFile {
   public:
     OpenFile(const std::string& path, int flags)
         // A pipe that nobody uses at its other end must not keep the program waiting.
-        : file_(open(path.c_str(), flags | O_CLOEXEC | O_NOCTTY | O_NONBLOCK, 0666)) {
-        if (file_ < 0) {
-            reason_ = errno;
-        } else if (fstat(file_, &status_) != 0) {
-            reason_ = errno;
-        }
-    }
-    ~OpenFile() {
-        if (file_ >= 0) ::close(file_);
-    }
-    OpenFile(const OpenFile&) = delete;
-    OpenFile& operator=(const OpenFile&) = delete;
+        : fd_(open(path.c_str(), flags | O_CLOEXEC | O_NOCTTY | O_NONBLOCK, 0666)),
+          failure_(fd_.isOpen() && fstat(fd_.get(), &status_) == 0 ? 0 : errno) {}
 
     /// Why it couldn't be opened, as errno; 0 when it was.
-    int reason() const { return reason_; }
+    int failure() const { return failure_; }
     const OpenFile& orError() const {
-        if (reason_ != 0) throw RuntimeError(errorOf(reason_));
+        if (failure_ != 0) throw RuntimeError(runtimeErrorOf(failure_));
         return *this;
     }
     bool isRegular() const { return S_ISREG(status_.st_mode); }
     bool isFolder() const { return S_ISDIR(status_.st_mode); }
     off_t sizeAtFirst() const { return status_.st_size; }
 
-    /// Takes the bytes that were written off their front; 0, or the errno.
-    int write(std::string_view& bytes) const {
-        while (!bytes.empty()) {
-            const auto written = ::write(file_, bytes.data(), bytes.size());
-            if (written < 0 && errno == EINTR) continue;
-            if (written < 0) return errno;
-            if (written == 0) return ENOSPC;
-            bytes.remove_prefix(static_cast<std::size_t>(written));
-        }
-        return 0;
-    }
+    /// Removes the bytes that were written from the front; 0, or the errno.
+    int write(std::string_view& bytes) const { return writeAll(fd_.get(), bytes); }
 
     std::string readToEnd() const {
         std::string content;
         content.resize(static_cast<std::size_t>(sizeAtFirst()) + 1);  // one more, to see the end
         std::size_t size = 0;
         while (true) {
-            const auto got = ::read(file_, content.data() + size, content.size() - size);
+            const auto got = ::read(fd_.get(), content.data() + size, content.size() - size);
             if (got < 0 && errno == EINTR) continue;
-            if (got < 0) throw RuntimeError(errorOf(errno));
+            if (got < 0) throw RuntimeError(runtimeErrorOf(errno));
             if (got == 0) break;
             size += static_cast<std::size_t>(got);
             if (size == content.size()) content.resize(size * 2);
@@ -92,41 +56,35 @@ class OpenFile {
     }
 
     /// 0, or the errno. Devices and pipes have no length to cut to.
-    int cutTo(off_t size) const { return !isRegular() || ftruncate(file_, size) == 0 ? 0 : errno; }
+    int cutTo(off_t size) const {
+        return !isRegular() || ftruncate(fd_.get(), size) == 0 ? 0 : errno;
+    }
 
-    /// Some filesystems tell only now that the disk is full.
+    /// Some filesystems report only now that the disk is full.
     void close() {
-        const int file = file_;
-        file_ = -1;
-        if (::close(file) != 0 && errno != EINTR) throw RuntimeError(errorOf(errno));
+        if (const int failure = fd_.close(); failure != 0)
+            throw RuntimeError(runtimeErrorOf(failure));
     }
 
   private:
-    int file_;
-    int reason_ = 0;
     struct stat status_ {};
+    UniqueFd fd_;
+    int failure_;
 };
 
-// A missing file in a folder that is there is a matter of its own.
-int errorOfReading(int reason, const std::string& hostPath) {
-    if (reason != ENOENT) return errorOf(reason);
+// A missing file in a folder that is there has an error of its own.
+int errorOfReading(int failure, const std::string& hostPath) {
+    if (failure != ENOENT) return runtimeErrorOf(failure);
     const auto slash = hostPath.rfind('/');
     struct stat status {};
     const bool hasFolder = stat(hostPath.substr(0, slash + 1).c_str(), &status) == 0;
     return hasFolder ? error::fileNotFound : error::pathNotFound;
 }
 
-int errorOfRemoving(int reason) {
-    switch (reason) {
-        case ENOENT:
-        case ENOTDIR:
-            return error::fileNotFound;
-        case EISDIR:
-        case EROFS:
-            return error::pathFileAccess;
-        default:
-            return error::permissionDenied;
-    }
+int errorOfRemoving(int failure) {
+    const int number = runtimeErrorOf(failure);
+    if (number == error::pathNotFound) return error::fileNotFound;
+    return number == error::pathFileAccess ? number : error::permissionDenied;
 }
 
 }  // namespace
@@ -143,9 +101,9 @@ void LinuxTextFiles::appendLine(const std::string& path, std::string_view text) 
     OpenFile file(hostPathOrError(path), O_WRONLY | O_APPEND | O_CREAT);
     std::string_view rest = line;
     if (const int failure = file.orError().write(rest); failure != 0) {
-        // When even that fails, the first failure is still the one to tell.
+        // When even that fails, the first failure is still the one to report.
         static_cast<void>(file.cutTo(file.sizeAtFirst()));
-        throw RuntimeError(errorOf(failure));
+        throw RuntimeError(runtimeErrorOf(failure));
     }
     file.close();
 }
@@ -153,7 +111,7 @@ void LinuxTextFiles::appendLine(const std::string& path, std::string_view text) 
 std::string LinuxTextFiles::readAll(const std::string& path) {
     const std::string hostPath = hostPathOrError(path);
     const OpenFile file(hostPath, O_RDONLY);
-    if (file.reason() != 0) throw RuntimeError(errorOfReading(file.reason(), hostPath));
+    if (file.failure() != 0) throw RuntimeError(errorOfReading(file.failure(), hostPath));
     if (file.isFolder()) throw RuntimeError(error::pathFileAccess);
     // A device may never come to an end.
     if (!file.isRegular()) throw RuntimeError(error::deviceIo);
@@ -166,7 +124,7 @@ void LinuxTextFiles::writeOver(const std::string& path, std::string_view content
     int failure = file.orError().write(rest);
     const int cutFailure = file.cutTo(static_cast<off_t>(content.size() - rest.size()));
     if (failure == 0) failure = cutFailure;
-    if (failure != 0) throw RuntimeError(errorOf(failure));
+    if (failure != 0) throw RuntimeError(runtimeErrorOf(failure));
     file.close();
 }
 
@@ -184,11 +142,11 @@ void LinuxTextFiles::remove(const std::string& path) {
     if (hostPath.empty()) throw RuntimeError(error::fileNotFound);
     const OpenedParent parent(volumes_, hostPath);
     struct stat status {};
-    int failure = parent.isOpen() ? parent.look(status) : parent.failure();
+    int failure = parent.isOpen() ? parent.readStatus(status) : parent.failure();
     const bool isRoot = parent.failure() == EBUSY;
-    const bool isFolderPath = path.ends_with('\\') || path.ends_with('/');
-    if (failure == 0 && isFolderPath && !S_ISDIR(status.st_mode)) failure = ENOENT;
-    if (failure == 0) failure = removeFile(parent);
+    // Only a folder's path may end in a separator.
+    if (failure == 0 && endsInSeparator(path) && !S_ISDIR(status.st_mode)) failure = ENOENT;
+    if (failure == 0) failure = removeFile(parent, status);
     if (failure != 0) throw RuntimeError(errorOfRemoving(isRoot ? EISDIR : failure));
 }
 

@@ -11,40 +11,20 @@
 #include <cerrno>
 #include <cstring>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/linux/entries/rename_entry.h"
+#include "platform/linux/system/unique_fd.h"
+#include "platform/linux/system/write_all.h"
 
 namespace velmora::linuxhost {
 
 namespace {
 
-// Beside the errnos: another way is to be tried.
+// Results apart from the errnos: the caller tries another way.
 constexpr int noUnnamedFiles = -1;
-constexpr int passingNameTaken = -2;
-
-class Descriptor {
-  public:
-    explicit Descriptor(int file) : file_(file), failure_(file < 0 ? errno : 0) {}
-    ~Descriptor() {
-        if (file_ >= 0) ::close(file_);
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-
-    int file() const { return file_; }
-    int failure() const { return failure_; }
-    /// What servers tell only now. Whatever it is, the file is closed.
-    int close() {
-        const int failure = ::close(file_) == 0 || errno == EINTR ? 0 : errno;
-        file_ = -1;
-        return failure;
-    }
-
-  private:
-    int file_;
-    int failure_;
-};
+constexpr int temporaryNameTaken = -2;
 
 // A lease for reading can't be had beside a writer. Somebody who opens the file in that moment
 // waits for its end, and must cost this process no signal that would end it.
@@ -55,20 +35,8 @@ bool isHeldForWriting(int file) {
     return false;
 }
 
-int openToRead(int folder, const std::string& name) {
-    return openat(folder, name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
-}
-
-int writeAll(int file, const char* bytes, std::size_t size) {
-    while (size > 0) {
-        const auto written = write(file, bytes, size);
-        if (written < 0 && errno == EINTR) continue;
-        if (written < 0) return errno;
-        if (written == 0) return ENOSPC;
-        bytes += written;
-        size -= static_cast<std::size_t>(written);
-    }
-    return 0;
+UniqueFd openToRead(int folder, const std::string& name) {
+    return UniqueFd(openat(folder, name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
 }
 
 // The bytes from `at` to `end` in both files.
@@ -80,9 +48,8 @@ int copyPiece(int from, int to, off_t at, off_t end, std::vector<char>& buffer) 
         if (got < 0 && errno == EINTR) continue;
         if (got < 0) return errno;
         if (got == 0) return EBUSY;  // cut shorter meanwhile
-        if (const int failure = writeAll(to, buffer.data(), static_cast<std::size_t>(got));
-            failure != 0)
-            return failure;
+        std::string_view bytes(buffer.data(), static_cast<std::size_t>(got));
+        if (const int failure = writeAll(to, bytes); failure != 0) return failure;
         at += got;
     }
     return 0;
@@ -95,7 +62,7 @@ int copyContent(int from, int to, off_t size) {
     while (at < size) {
         off_t start = lseek(from, at, SEEK_DATA);
         if (start < 0 && errno == ENXIO) break;
-        if (start < 0) start = at;  // a filesystem that doesn't tell
+        if (start < 0) start = at;  // a filesystem that doesn't report holes
         off_t end = lseek(from, start, SEEK_HOLE);
         if (end < 0) end = size;
         end = std::min(end, size);
@@ -132,7 +99,7 @@ int copyAttributes(int from, int to) {
 }
 
 // A filesystem without owners or modes refuses; times are what a copy must have.
-int copyNature(int from, int to, const struct stat& status) {
+int copyMetadata(int from, int to, const struct stat& status) {
     const bool hasOwner = fchown(to, status.st_uid, status.st_gid) == 0;
     // The rights of an owner who isn't the file's here are nobody's.
     const mode_t mode = status.st_mode & (hasOwner ? 07777 : 0777);
@@ -150,7 +117,7 @@ bool isSame(const struct stat& one, const struct stat& other) {
 
 int copyInto(int from, const struct stat& status, int to) {
     if (const int failure = copyContent(from, to, status.st_size); failure != 0) return failure;
-    if (const int failure = copyNature(from, to, status); failure != 0) return failure;
+    if (const int failure = copyMetadata(from, to, status); failure != 0) return failure;
     if (fsync(to) != 0) return errno;
     struct stat now {};
     if (fstat(from, &now) != 0) return errno;
@@ -159,14 +126,13 @@ int copyInto(int from, const struct stat& status, int to) {
 
 // A file of the folder without a name, which goes by itself if this process ends. 0, or the errno.
 int copyUnnamed(int from, int toFolder, const std::string& to, CopiedEntry& copied) {
-    Descriptor copy(openat(toFolder, ".", O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600));
-    if (copy.failure() != 0) return noUnnamedFiles;
-    const std::string path = "/proc/self/fd/" + std::to_string(copy.file());
+    UniqueFd copy(openat(toFolder, ".", O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600));
+    if (!copy.isOpen()) return noUnnamedFiles;
+    const std::string path = "/proc/self/fd/" + std::to_string(copy.get());
     struct stat status {};
-    if (fstat(copy.file(), &status) != 0 || access(path.c_str(), F_OK) != 0) return noUnnamedFiles;
+    if (fstat(copy.get(), &status) != 0 || access(path.c_str(), F_OK) != 0) return noUnnamedFiles;
     copied.copy = identityOf(status);
-    if (const int failure = copyInto(from, copied.source, copy.file()); failure != 0)
-        return failure;
+    if (const int failure = copyInto(from, copied.source, copy.get()); failure != 0) return failure;
     if (linkat(AT_FDCWD, path.c_str(), toFolder, to.c_str(), AT_SYMLINK_FOLLOW) != 0)
         return errno == EEXIST || isLossOfDisk(errno) ? errno : noUnnamedFiles;
     const int failure = copy.close();
@@ -174,41 +140,40 @@ int copyUnnamed(int from, int toFolder, const std::string& to, CopiedEntry& copi
     return failure;
 }
 
-std::string passingName() {
+std::string temporaryName() {
     static unsigned number = 0;
     return ".velmora-" + std::to_string(getpid()) + '-' + std::to_string(++number);
 }
 
-// A copy under a passing name, which nobody takes for the whole file. 0, or the errno.
-int copyUnderPassingName(int from, int toFolder, const std::string& passing, const std::string& to,
-                         CopiedEntry& copied) {
-    Descriptor copy(openat(toFolder, passing.c_str(),
-                           O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
-    if (copy.failure() == EEXIST) return passingNameTaken;
-    if (copy.failure() != 0) return copy.failure();
+// A copy under a temporary name, which nobody takes for the whole file. 0, or the errno.
+int copyUnderTemporaryName(int from, int toFolder, const std::string& temporary,
+                           const std::string& to, CopiedEntry& copied) {
+    UniqueFd copy(openat(toFolder, temporary.c_str(),
+                         O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
+    if (!copy.isOpen()) return errno == EEXIST ? temporaryNameTaken : errno;
     struct stat status {};
-    if (fstat(copy.file(), &status) != 0) return errno;
+    if (fstat(copy.get(), &status) != 0) return errno;
     copied.copy = identityOf(status);
-    int failure = copyInto(from, copied.source, copy.file());
+    int failure = copyInto(from, copied.source, copy.get());
     if (const int atClose = copy.close(); failure == 0) failure = atClose;
-    if (failure == 0) failure = renameInto(toFolder, passing, toFolder, to);
-    if (failure != 0) removeOwn(toFolder, passing, copied.copy);
+    if (failure == 0) failure = renameInto(toFolder, temporary, toFolder, to);
+    if (failure != 0) removeOwn(toFolder, temporary, copied.copy);
     return failure;
 }
 
 int copyFile(int fromFolder, const std::string& from, int toFolder, const std::string& to,
              CopiedEntry& copied) {
-    const Descriptor source(openToRead(fromFolder, from));
-    if (source.failure() != 0) return source.failure();
-    if (fstat(source.file(), &copied.source) != 0) return errno;
+    const UniqueFd source = openToRead(fromFolder, from);
+    if (!source.isOpen()) return errno;
+    if (fstat(source.get(), &copied.source) != 0) return errno;
     if (!S_ISREG(copied.source.st_mode)) return EXDEV;
-    if (isHeldForWriting(source.file())) return EBUSY;
-    int failure = copyUnnamed(source.file(), toFolder, to, copied);
+    if (isHeldForWriting(source.get())) return EBUSY;
+    int failure = copyUnnamed(source.get(), toFolder, to, copied);
     if (failure != noUnnamedFiles) return failure;
-    failure = passingNameTaken;
-    for (int tries = 0; failure == passingNameTaken && tries < 100; ++tries)
-        failure = copyUnderPassingName(source.file(), toFolder, passingName(), to, copied);
-    return failure == passingNameTaken ? EEXIST : failure;
+    failure = temporaryNameTaken;
+    for (int tries = 0; failure == temporaryNameTaken && tries < 100; ++tries)
+        failure = copyUnderTemporaryName(source.get(), toFolder, temporaryName(), to, copied);
+    return failure == temporaryNameTaken ? EEXIST : failure;
 }
 
 // A link is there as a whole or not at all, so it needs no other name before.
@@ -223,7 +188,7 @@ int copyLink(int fromFolder, const std::string& from, int toFolder, const std::s
     copied.copy = identityOf(made);
     const struct stat& status = copied.source;
     const timespec times[] = {status.st_atim, status.st_mtim};
-    // A link's owner and times are as good as never looked at; where they stay behind, so be it.
+    // A link's owner and times hardly matter; a failure to set them is ignored.
     utimensat(toFolder, to.c_str(), times, AT_SYMLINK_NOFOLLOW);
     static_cast<void>(
         !fchownat(toFolder, to.c_str(), status.st_uid, status.st_gid, AT_SYMLINK_NOFOLLOW));
@@ -242,8 +207,8 @@ int copyEntry(int fromFolder, const std::string& from, int toFolder, const std::
 }
 
 bool isOpenForWriting(int folder, const std::string& name) {
-    const Descriptor file(openToRead(folder, name));
-    return file.failure() == 0 && isHeldForWriting(file.file());
+    const UniqueFd file = openToRead(folder, name);
+    return file.isOpen() && isHeldForWriting(file.get());
 }
 
 }  // namespace velmora::linuxhost

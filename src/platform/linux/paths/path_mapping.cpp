@@ -23,6 +23,16 @@ std::string joined(const std::string& folder, const std::string& names) {
     return folder == "/" ? folder + names : folder + '/' + names;
 }
 
+// The one with the longest mount point; null when none holds the path.
+const DriveRoot* rootHolding(const std::string& hostPath, const std::vector<DriveRoot>& roots) {
+    const DriveRoot* longest = nullptr;
+    for (const DriveRoot& root : roots) {
+        if (!isWithin(hostPath, root.mountPoint)) continue;
+        if (!longest || root.mountPoint.size() > longest->mountPoint.size()) longest = &root;
+    }
+    return longest;
+}
+
 }  // namespace
 
 std::string workingFolder() {
@@ -33,34 +43,35 @@ std::string workingFolder() {
 
 std::string drivePathOf(const std::string& hostPath, const std::vector<DriveRoot>& roots) {
     const std::string path = '/' + normalized(hostPath, "/", '/');
-    const DriveRoot* longest = nullptr;
-    for (const DriveRoot& root : roots) {
-        if (!isWithin(path, root.mountPoint)) continue;
-        if (!longest || root.mountPoint.size() > longest->mountPoint.size()) longest = &root;
-    }
-    if (!longest) return {};
-    const auto skipped = longest->mountPoint == "/" ? 1 : longest->mountPoint.size() + 1;
+    const DriveRoot* root = rootHolding(path, roots);
+    if (!root) return {};
+    const auto skipped = root->mountPoint == "/" ? 1 : root->mountPoint.size() + 1;
     const std::string names = path.size() > skipped ? path.substr(skipped) : std::string{};
-    const bool isShare = longest->drive.size() > 2;
-    if (names.empty() && isShare) return longest->drive;
-    return longest->drive + '\\' + toDriveNames(names);
+    const bool isShare = root->drive.size() > 2;
+    if (names.empty() && isShare) return root->drive;
+    return root->drive + '\\' + toDriveNames(names);
+}
+
+std::string mountPointOf(const std::string& hostPath, const std::vector<DriveRoot>& roots) {
+    const DriveRoot* root = rootHolding(hostPath, roots);
+    return root ? root->mountPoint : std::string{};
 }
 
 std::string hostPathOf(const std::string& drivePath, const std::vector<DriveRoot>& roots) {
     if (drivePath.empty() || drivePath.find('\0') != std::string::npos) return {};
     const std::string name = driveNameOf(drivePath);
-    const auto namesBehind = [&drivePath](std::size_t start) {
+    const auto namesFrom = [&drivePath](std::size_t start) {
         return toHostNames(normalized(drivePath.substr(start), separators, '\\'));
     };
     if (name.empty()) {
-        if (isSeparator(drivePath[0])) return joined("/", namesBehind(1));
+        if (isSeparator(drivePath[0])) return joined("/", namesFrom(1));
         return hostPathOf(fullDrivePath(drivePath, roots), roots);
     }
     const std::string drive = lowerCase(name);
     const auto root = std::find_if(roots.begin(), roots.end(), [&drive](const DriveRoot& each) {
         return lowerCase(each.drive) == drive;
     });
-    return root == roots.end() ? std::string{} : joined(root->mountPoint, namesBehind(name.size()));
+    return root == roots.end() ? std::string{} : joined(root->mountPoint, namesFrom(name.size()));
 }
 
 std::string fullDrivePath(const std::string& drivePath, const std::vector<DriveRoot>& roots) {

@@ -1,5 +1,4 @@
-// Drive paths and paths of this host, each as the other. See path_names.h for what becomes of the
-// names in them.
+// Drive paths mapped to paths of this host and back. See path_names.h for the names in them.
 #pragma once
 
 #include <string>
@@ -17,6 +16,10 @@ struct DriveRoot {
 /// "/mnt/d/foo" as "D:\foo", "/mnt/d" as "D:\". Empty when no root holds it.
 std::string drivePathOf(const std::string& hostPath, const std::vector<DriveRoot>& roots);
 
+/// The mount point of the drive that an absolute path of the host lies on, the longest one; empty
+/// when none holds it. The path has no "." and "..".
+std::string mountPointOf(const std::string& hostPath, const std::vector<DriveRoot>& roots);
+
 /// The absolute path of the host for a drive path with "\" or "/" between its names; letters and
 /// shares without regard to case. ".." never leads above a drive's root. A path without a drive
 /// begins at the root filesystem's root, or at the working folder when it doesn't begin with a
@@ -24,7 +27,7 @@ std::string drivePathOf(const std::string& hostPath, const std::vector<DriveRoot
 std::string hostPathOf(const std::string& drivePath, const std::vector<DriveRoot>& roots);
 
 /// The path in full: drive, a back-slash, and the names with single back-slashes between them and
-/// none behind. The drive stays as it is written. A share's root has no back-slash behind.
+/// none at the end. The drive stays as it is written. A share's root has no back-slash at the end.
 std::string fullDrivePath(const std::string& drivePath, const std::vector<DriveRoot>& roots);
 
 /// The working folder; "/" when it is gone.

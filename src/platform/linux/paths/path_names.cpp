@@ -113,6 +113,10 @@ std::string normalized(std::string_view path, std::string_view separators, char 
     return text;
 }
 
+bool isDots(std::string_view name) {
+    return name == "." || name == "..";
+}
+
 bool isWithin(std::string_view path, std::string_view folder) {
     if (folder == "/") return !path.empty() && path[0] == '/';
     if (path.substr(0, folder.size()) != folder) return false;

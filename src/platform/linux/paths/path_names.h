@@ -22,4 +22,7 @@ std::string normalized(std::string_view path, std::string_view separators, char 
 /// Whether the host path `path` is `folder` or lies below it.
 bool isWithin(std::string_view path, std::string_view folder);
 
+/// Whether a name of a listing is "." or "..". Safe in a forked child.
+bool isDots(std::string_view name);
+
 }  // namespace velmora::linuxhost

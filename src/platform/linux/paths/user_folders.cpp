@@ -14,7 +14,7 @@ namespace velmora::linuxhost {
 
 namespace {
 
-std::string withoutSlashBehind(std::string path) {
+std::string withoutEndingSlash(std::string path) {
     while (path.size() > 1 && path.back() == '/') path.pop_back();
     return path;
 }
@@ -22,7 +22,7 @@ std::string withoutSlashBehind(std::string path) {
 // The variable's absolute path, or nothing.
 std::string pathVariable(const char* name) {
     const char* value = std::getenv(name);
-    return value && value[0] == '/' ? withoutSlashBehind(value) : std::string{};
+    return value && value[0] == '/' ? withoutEndingSlash(value) : std::string{};
 }
 
 std::string baseFolder(const char* variable, const char* name) {
@@ -46,7 +46,7 @@ std::string homeFolder() {
     std::string home = pathVariable("HOME");
     if (!home.empty()) return home;
     const passwd* user = getpwuid(getuid());
-    return user && user->pw_dir && user->pw_dir[0] == '/' ? withoutSlashBehind(user->pw_dir) : "/";
+    return user && user->pw_dir && user->pw_dir[0] == '/' ? withoutEndingSlash(user->pw_dir) : "/";
 }
 
 std::string configFolder() {
@@ -66,7 +66,7 @@ std::string userFolderIn(const std::string& text, const std::string& key, const 
         std::string path = unquoted(std::string_view(line).substr(key.size() + 1));
         if (path == homeVariable || path.starts_with("$HOME/"))
             path.replace(0, homeVariable.size(), home);
-        found = path.starts_with('/') ? withoutSlashBehind(path) : std::string{};
+        found = path.starts_with('/') ? withoutEndingSlash(path) : std::string{};
     }
     return found;
 }

@@ -1,12 +1,12 @@
 // The user's folders, as the desktops on this host agree on them. Paths of the host, without a
-// slash behind.
+// slash at the end.
 #pragma once
 
 #include <string>
 
 namespace velmora::linuxhost {
 
-/// $HOME, else what the user database tells; "/" when neither knows.
+/// $HOME, else that of the user database; "/" when neither has one.
 std::string homeFolder();
 /// $XDG_CONFIG_HOME, else ".config" in the home. A relative path in the variable doesn't count.
 std::string configFolder();
@@ -14,10 +14,10 @@ std::string configFolder();
 std::string dataFolder();
 
 /// A folder that the user may have chosen or that the language has named, by its key in the file
-/// user-dirs.dirs ("XDG_DESKTOP_DIR"); `name` in the home when the file doesn't tell.
+/// user-dirs.dirs ("XDG_DESKTOP_DIR"); `name` in the home when the file has none.
 std::string userFolder(const std::string& key, const std::string& name);
 
-/// What a text of that file (lines like XDG_DESKTOP_DIR="$HOME/Desktop") tells for the key; the
+/// The folder for the key in a text of that file (lines like XDG_DESKTOP_DIR="$HOME/Desktop"); the
 /// last such line counts, as in a shell. Empty when there is none or it is no absolute path.
 std::string userFolderIn(const std::string& text, const std::string& key, const std::string& home);
 

@@ -1,4 +1,4 @@
-// Programs of the desktop that are started beside this one.
+// Programs of the desktop that this program starts.
 #pragma once
 
 #include <sys/types.h>
@@ -13,7 +13,7 @@ class ChildPrograms {
   public:
     enum class Result { done, failed, running, missing };
 
-    /// One that is still running after this time has taken its order.
+    /// A program that still runs after this time counts as started.
     explicit ChildPrograms(std::chrono::milliseconds patience = std::chrono::seconds(1))
         : patience_(patience) {}
     ~ChildPrograms() { reap(); }

@@ -5,7 +5,7 @@
 
 namespace velmora::linuxhost {
 
-/// Path of the running program's file; empty when the kernel doesn't tell.
+/// Path of the running program's file; empty when the kernel doesn't know it.
 std::string executablePath();
 
 /// The name of a program's file without its extension.

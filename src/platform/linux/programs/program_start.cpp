@@ -12,9 +12,9 @@ namespace velmora::linuxhost {
 
 namespace {
 
-class Surroundings {
+class SpawnOptions {
   public:
-    Surroundings(int output, const std::string& folder) {
+    SpawnOptions(int output, const std::string& folder) {
         posix_spawn_file_actions_init(&files_);
         if (!folder.empty()) posix_spawn_file_actions_addchdir_np(&files_, folder.c_str());
         posix_spawn_file_actions_addopen(&files_, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
@@ -33,12 +33,12 @@ class Surroundings {
         sigaddset(&signals, SIGPIPE);
         posix_spawnattr_setsigdefault(&attributes_, &signals);
     }
-    ~Surroundings() {
+    ~SpawnOptions() {
         posix_spawnattr_destroy(&attributes_);
         posix_spawn_file_actions_destroy(&files_);
     }
-    Surroundings(const Surroundings&) = delete;
-    Surroundings& operator=(const Surroundings&) = delete;
+    SpawnOptions(const SpawnOptions&) = delete;
+    SpawnOptions& operator=(const SpawnOptions&) = delete;
 
     pid_t start(std::vector<char*>& arguments) const {
         pid_t process = -1;
@@ -58,7 +58,7 @@ pid_t startProgram(std::vector<std::string> command, int output, const std::stri
     std::vector<char*> arguments;
     for (std::string& each : command) arguments.push_back(each.data());
     arguments.push_back(nullptr);
-    return Surroundings(output, folder).start(arguments);
+    return SpawnOptions(output, folder).start(arguments);
 }
 
 bool hasEnded(pid_t process, int& status) {

@@ -15,7 +15,7 @@ namespace velmora::linuxhost {
 pid_t startProgram(std::vector<std::string> command, int output = -1,
                    const std::string& folder = {});
 
-/// Whether the child has ended; then it is reaped, and `status` is what waitpid tells (as it was
+/// Whether the child has ended; then it is reaped, and `status` is the status of waitpid (as it was
 /// when somebody else has reaped it).
 bool hasEnded(pid_t process, int& status);
 

@@ -7,8 +7,8 @@
 #include <cerrno>
 #include <optional>
 
+#include "platform/linux/entries/tree_walk.h"
 #include "platform/linux/removal/tree_removal.h"
-#include "platform/linux/removal/tree_walk.h"
 
 namespace velmora::linuxhost {
 
@@ -21,7 +21,7 @@ bool isWriteProtected(unsigned mode) {
 // 0 when its owner may write all that is in the folder, and the folder.
 int failureOfProtected(const OpenFolder& folder) {
     struct stat status {};
-    if (fstat(folder.file(), &status) != 0) return errno;
+    if (fstat(folder.fd(), &status) != 0) return errno;
     bool isProtected = isWriteProtected(status.st_mode);
     const int failure = walkTree(folder, [&](const struct statx& each) {
         isProtected = isProtected || isWriteProtected(each.stx_mode);
@@ -35,43 +35,42 @@ int failureOfProtected(const OpenFolder& folder) {
 bool isStillThere(const OpenedParent& parent, const OpenFolder& folder) {
     struct stat atName {};
     struct stat opened {};
-    return parent.look(atName) == 0 && fstat(folder.file(), &opened) == 0 &&
+    return parent.readStatus(atName) == 0 && fstat(folder.fd(), &opened) == 0 &&
            atName.st_dev == opened.st_dev && atName.st_ino == opened.st_ino;
 }
 
 int removeEmptied(const OpenedParent& parent, const OpenFolder& folder) {
     if (!isStillThere(parent, folder)) return EBUSY;
-    return unlinkat(parent.file(), parent.name().c_str(), AT_REMOVEDIR) == 0 ? 0 : errno;
+    return unlinkat(parent.fd(), parent.name().c_str(), AT_REMOVEDIR) == 0 ? 0 : errno;
 }
 
 }  // namespace
 
 int removeFolder(const OpenedParent& parent, bool force) {
     struct statx status {};
-    if (const int failure = lookAt(parent.file(), parent.name(), status); failure != 0)
+    if (const int failure = statEntry(parent.fd(), parent.name(), status); failure != 0)
         return failure;
     if (S_ISLNK(status.stx_mode)) return ELOOP;
     if (!S_ISDIR(status.stx_mode)) return ENOENT;
-    Place outside;
-    if (const int failure = placeOf(parent.file(), outside); failure != 0) return failure;
+    MountId parentMount;
+    if (const int failure = mountIdOf(parent.fd(), parentMount); failure != 0) return failure;
     // Before it is opened, since a mount may not answer.
-    if (!mayLieIn(status, outside)) return EXDEV;
+    if (!mayBeOn(status, parentMount)) return EXDEV;
 
-    const OpenFolder folder(parent.file(), parent.name());
+    const OpenFolder folder(parent.fd(), parent.name());
     if (!folder.isOpen()) return folder.failure();
-    Place inside;
-    int failure = placeOf(folder.file(), inside);
-    // One that was mounted there meanwhile.
-    if (failure == 0 && !(inside == outside)) failure = EXDEV;
+    MountId mount;
+    int failure = mountIdOf(folder.fd(), mount);
+    // Something may have been mounted there meanwhile.
+    if (failure == 0 && !(mount == parentMount)) failure = EXDEV;
     if (failure == 0 && !force) failure = failureOfProtected(folder);
     if (failure != 0) return failure;
-    // Where this fails, removing tells.
-    std::optional<LentRights> rights;
+    // Where this fails, the removal reports it.
+    std::optional<TemporaryRights> rights;
     if (force) rights.emplace(folder);
-    failure = removeEntries(
-        folder, [](const std::string&) { return true; }, force);
+    failure = removeEntries(folder, everyEntry, force);
     if (failure == 0) failure = removeEmptied(parent, folder);
-    if (failure != 0 && rights) rights->takeBack();
+    if (failure != 0 && rights) rights->restore();
     return failure;
 }
 
@@ -81,12 +80,10 @@ int removeFolder(Volumes& volumes, const std::string& hostPath, bool force) {
     return removeFolder(parent, force);
 }
 
-int removeFile(const OpenedParent& parent) {
-    struct stat status {};
-    if (const int failure = parent.look(status); failure != 0) return failure;
+int removeFile(const OpenedParent& parent, const struct stat& status) {
     if (S_ISDIR(status.st_mode)) return EISDIR;
     if (isWriteProtected(status.st_mode)) return EROFS;
-    return unlinkat(parent.file(), parent.name().c_str(), 0) == 0 ? 0 : errno;
+    return unlinkat(parent.fd(), parent.name().c_str(), 0) == 0 ? 0 : errno;
 }
 
 }  // namespace velmora::linuxhost

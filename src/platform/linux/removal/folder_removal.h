@@ -1,5 +1,5 @@
-// Removing files and folders by their paths, so that nothing else can be met: the folder that they
-// lie in is held open, no link is followed, and no other mount is entered.
+// Removing files and folders by their paths, so that nothing else can be removed: their parent
+// folder is held open, no link is followed, and no other mount is entered.
 #pragma once
 
 #include <string>
@@ -11,12 +11,12 @@ namespace velmora::linuxhost {
 /// Removes the folder at a path of the host with all that is in it. Without `force` one in which
 /// anything may not be written by its owner is left as it is. 0, or the errno: ENOENT when there is
 /// no such folder, EACCES for what is read-only, EBUSY for the root of a drive, ELOOP for a link
-/// on the way or in its place, that of the first thing that can't be removed, ...
+/// in the path, that of the first thing that can't be removed, ...
 int removeFolder(Volumes& volumes, const std::string& hostPath, bool force);
 int removeFolder(const OpenedParent& parent, bool force);
 
-/// Removes a file, or a link as itself. 0, or the errno: EROFS for a file that its owner may not
-/// write, EISDIR for a folder, ...
-int removeFile(const OpenedParent& parent);
+/// Removes a file, or a link as itself, whose status has just been read. 0, or the errno: EROFS for
+/// a file that its owner may not write, EISDIR for a folder, ...
+int removeFile(const OpenedParent& parent, const struct stat& status);
 
 }  // namespace velmora::linuxhost

@@ -63,7 +63,7 @@ std::string autostartEntry(std::string_view name, std::string_view program) {
 
 namespace {
 
-// The value behind a key, up to the end of its line.
+// The value after a key, up to the end of its line.
 std::optional<std::string_view> valueOf(std::string_view entry, std::string_view key) {
     const auto front = '\n' + std::string(key) + '=';
     const auto at = entry.find(front);
@@ -88,7 +88,7 @@ std::string entryText(std::string_view value) {
     return text;
 }
 
-// The way back from quoting; `quoted` begins behind the first quote.
+// The way back from quoting; `quoted` begins after the first quote.
 std::string unquoted(std::string_view quoted) {
     std::string argument;
     for (std::size_t at = 0; at < quoted.size() && quoted[at] != '"'; ++at) {

@@ -1,7 +1,6 @@
 #include "platform/linux/settings/linux_advapi32.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <fstream>
 #include <iterator>
 
@@ -11,16 +10,17 @@
 #include "platform/linux/paths/user_folders.h"
 #include "platform/linux/programs/program_file.h"
 #include "platform/linux/settings/desktop_entry.h"
+#include "platform/linux/system/system_errors.h"
 
 namespace velmora::linuxhost {
 
 namespace {
 
 constexpr std::int32_t success = 0;
-constexpr std::int32_t noSuchKey = 2;
-constexpr std::int32_t accessDenied = 5;
-constexpr std::int32_t invalidHandle = 6;
-constexpr std::int32_t invalidParameter = 87;
+constexpr std::int32_t noSuchKey = code::fileNotFound;
+constexpr std::int32_t accessDenied = code::accessDenied;
+constexpr std::int32_t invalidHandle = code::invalidHandle;
+constexpr std::int32_t invalidParameter = code::invalidParameter;
 constexpr std::int32_t canNotWrite = 1013;
 
 constexpr std::uint32_t textType = 1;
@@ -37,10 +37,10 @@ std::string entryPath(const std::string& name) {
     return configFolder() + "/autostart/" + lowerCase(name) + ".desktop";
 }
 
-std::int32_t codeOf(int reason) {
-    if (reason == 0) return success;
-    const bool isDenied = reason == EACCES || reason == EPERM || reason == EROFS;
-    return isDenied ? accessDenied : canNotWrite;
+// The registry reports every failure to write but denied access as one.
+std::int32_t writingCodeOf(int failure) {
+    if (failure == 0) return success;
+    return codeOf(failure) == code::accessDenied ? accessDenied : canNotWrite;
 }
 
 }  // namespace
@@ -67,7 +67,7 @@ std::int32_t LinuxAdvapi32::RegSetValueExA(RegistryKey key, const std::string& n
         if (program.empty()) return invalidParameter;
         program = programFile(program);
     }
-    return codeOf(replaceFile(entryPath(name), autostartEntry(name, program), 0644));
+    return writingCodeOf(replaceFile(entryPath(name), autostartEntry(name, program), 0644));
 }
 
 std::int32_t LinuxAdvapi32::RegQueryValueExA(RegistryKey key, const std::string& name,

@@ -12,7 +12,7 @@ namespace velmora::linuxhost {
 
 namespace {
 
-// The conversions of a pattern ("dmY" of "%d.%m.%Y") and the text behind the first of them.
+// The conversions of a pattern ("dmY" of "%d.%m.%Y") and the text after the first of them.
 struct Pattern {
     std::string conversions;
     std::string separator;

@@ -8,7 +8,7 @@
 
 namespace velmora::linuxhost {
 
-/// What a locale tells, as the C library names it.
+/// The settings of a locale, as the C library names them.
 struct LocaleForms {
     std::string radix;  ///< RADIXCHAR
     std::string group;  ///< THOUSEP

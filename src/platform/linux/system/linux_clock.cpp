@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "platform/linux/system/file_time.h"
+
 namespace velmora::linuxhost {
 
 DateTime LinuxClock::Now() {
@@ -22,7 +24,7 @@ DateTime LinuxClock::localTime(time_t moment) {
     tzset();
     tm local{};
     localtime_r(&moment, &local);
-    // A leap second is told as the second before it.
+    // A leap second counts as the second before it.
     return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,
             local.tm_hour,        local.tm_min,     std::min(local.tm_sec, 59)};
 }
@@ -35,11 +37,9 @@ std::int64_t LinuxClock::GetTickCount() {
 }
 
 std::uint64_t LinuxClock::GetSystemTimeAsFileTime() {
-    constexpr std::int64_t secondsFrom1601To1970 = 11'644'473'600;
     timespec now{};
     clock_gettime(CLOCK_REALTIME, &now);
-    const std::int64_t seconds = static_cast<std::int64_t>(now.tv_sec) + secondsFrom1601To1970;
-    return static_cast<std::uint64_t>(seconds * 10'000'000 + now.tv_nsec / 100);
+    return fileTimeOf(now.tv_sec, now.tv_nsec);
 }
 
 }  // namespace velmora::linuxhost

@@ -7,34 +7,32 @@
 #include <string_view>
 
 #include "base/text.h"
+#include "platform/file_system_object.h"
 #include "platform/linux/entries/opened_parent.h"
 #include "platform/linux/removal/folder_removal.h"
-#include "platform/linux/trash/trash_feeding.h"
+#include "platform/linux/system/system_errors.h"
+#include "platform/linux/trash/move_to_trash.h"
 
 namespace velmora::linuxhost {
 
 namespace {
 
-constexpr std::int32_t notThere = 2;
-
-std::int32_t codeOf(int failure) {
-    constexpr std::int32_t accessDenied = 5;
-    constexpr std::int32_t diskFull = 112;
-    switch (failure) {
-        case 0:
-            return 0;
-        case ENOENT:
-        case ENOTDIR:
-            return notThere;
-        case ENOSPC:
-        case EDQUOT:
-            return diskFull;
+// The shell has only these codes for a failure.
+std::uint32_t shellCodeOf(int failure) {
+    const std::uint32_t result = codeOf(failure);
+    switch (result) {
+        case code::success:
+        case code::diskFull:
+            return result;
+        case code::pathNotFound:
+            return code::fileNotFound;
         default:
-            return accessDenied;
+            return code::accessDenied;
     }
 }
 
-// 0, or the errno.
+// The path is mapped once and its entry looked at once; all that follows works in the opened parent
+// folder. 0, or the errno.
 int removeOne(Volumes& volumes, const std::string& path, bool allowUndo) {
     const auto roots = volumes.roots();
     const std::string hostPath = hostPathOf(path, roots);
@@ -42,27 +40,26 @@ int removeOne(Volumes& volumes, const std::string& path, bool allowUndo) {
     const OpenedParent parent(volumes, hostPath);
     if (!parent.isOpen()) return parent.failure();
     struct stat status {};
-    if (const int failure = parent.look(status); failure != 0) return failure;
+    if (const int failure = parent.readStatus(status); failure != 0) return failure;
     const bool isFolder = S_ISDIR(status.st_mode);
-    // Only a folder's path may have a separator behind.
-    if (!isFolder && (path.ends_with('\\') || path.ends_with('/'))) return ENOENT;
+    // Only a folder's path may end in a separator.
+    if (!isFolder && endsInSeparator(path)) return ENOENT;
     if (allowUndo) return moveToTrash(parent, hostPath, roots);
-    return isFolder ? removeFolder(parent, true) : removeFile(parent);
+    return isFolder ? removeFolder(parent, true) : removeFile(parent, status);
 }
 
 }  // namespace
 
 std::int32_t removeByShell(Volumes& volumes, const FileOperation& operation) {
-    constexpr std::int32_t invalidParameter = 87;
-    if (operation.wFunc != file_operation::remove) return invalidParameter;
+    if (operation.wFunc != file_operation::remove) return code::invalidParameter;
     const bool allowUndo = (operation.fFlags & file_operation::allowUndo) != 0;
-    std::int32_t code = notThere;
+    std::uint32_t result = code::fileNotFound;
     for (const std::string& path : split(operation.pFrom, std::string_view("\0", 1))) {
         if (path.empty()) continue;
-        code = codeOf(removeOne(volumes, path, allowUndo));
-        if (code != 0) break;
+        result = shellCodeOf(removeOne(volumes, path, allowUndo));
+        if (result != code::success) break;
     }
-    return code;
+    return static_cast<std::int32_t>(result);
 }
 
 }  // namespace velmora::linuxhost

@@ -8,10 +8,10 @@
 
 namespace velmora::linuxhost {
 
-/// Goes through the listed paths up to the first failure. With `allowUndo` into the trash and
-/// nowhere else, so that nothing is lost where there is no trash. 0, 2 for a path that isn't there,
-/// 87 for what is no removal, 112 for a disk that has no room for the trash's note, 5 for whatever
-/// else keeps it.
+/// Removes the listed paths up to the first failure. With `allowUndo` they are moved to the trash
+/// and never removed for good, so that nothing is lost where there is no trash. 0, 2 for a path
+/// that isn't there, 87 for any operation but removing, 112 for a disk without room for the trash's
+/// note, 5 for any other failure.
 std::int32_t removeByShell(Volumes& volumes, const FileOperation& operation);
 
 }  // namespace velmora::linuxhost

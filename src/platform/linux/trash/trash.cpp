@@ -15,6 +15,7 @@
 #include "platform/file_system_object.h"
 #include "platform/linux/paths/user_folders.h"
 #include "platform/linux/removal/tree_removal.h"
+#include "platform/linux/system/system_errors.h"
 
 namespace velmora::linuxhost {
 
@@ -35,7 +36,7 @@ int firstOf(int failure, int next) {
 
 bool isThere(const OpenFolder& folder, const std::string& name) {
     struct stat status {};
-    return fstatat(folder.file(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0;
+    return fstatat(folder.fd(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0;
 }
 
 // Whether the note's file has stayed.
@@ -49,7 +50,7 @@ int failureToOpen(const OpenFolder& folder) {
     return folder.failure() == ENOENT ? 0 : folder.failure();
 }
 
-// A link or a file in the place of a trash is none.
+// A link or a file instead of the folder is no trash.
 int failureToOpenTrash(const OpenFolder& trash) {
     const int failure = trash.failure();
     return failure == ENOTDIR || failure == ELOOP ? 0 : failureToOpen(trash);
@@ -59,13 +60,13 @@ int emptyFolder(const OpenFolder& trash) {
     if (!trash.isOpen()) return failureToOpenTrash(trash);
     const OpenFolder files(trash, "files");
     int failure = failureToOpen(files);
-    if (files.isOpen()) failure = removeEntries(files, [](const std::string&) { return true; });
+    if (files.isOpen()) failure = removeEntries(files, everyEntry);
     const OpenFolder info(trash, "info");
     failure = firstOf(failure, failureToOpen(info));
-    const auto goes = [&](const std::string& note) { return !isNeeded(note, files); };
-    if (info.isOpen()) failure = firstOf(failure, removeEntries(info, goes));
+    const auto isOrphan = [&](const std::string& note) { return !isNeeded(note, files); };
+    if (info.isOpen()) failure = firstOf(failure, removeEntries(info, isOrphan));
     // Only sizes that are counted anew when they are missing.
-    unlinkat(trash.file(), "directorysizes", 0);
+    unlinkat(trash.fd(), "directorysizes", 0);
     return failure;
 }
 
@@ -78,30 +79,15 @@ int emptyTopFolders(const std::string& top) {
     return firstOf(failure, emptyFolder(OpenFolder(top + "/.Trash-" + user)));
 }
 
-std::int32_t codeOf(int failure) {
-    constexpr std::int32_t accessDenied = 5;
-    constexpr std::int32_t generalFailure = 31;
-    if (failure == 0) return 0;
-    const bool isDenied = failure == EACCES || failure == EPERM || failure == EROFS;
-    return isDenied ? accessDenied : generalFailure;
-}
-
 }  // namespace
 
 std::string homeTrash() {
     return resolved(dataFolder()) + "/Trash";
 }
 
-std::string mountPointOf(const std::string& path, const std::vector<DriveRoot>& roots) {
-    const std::string holder = driveNameOf(drivePathOf(path, roots));
-    const auto root = std::find_if(roots.begin(), roots.end(),
-                                   [&](const DriveRoot& each) { return each.drive == holder; });
-    return root == roots.end() ? std::string{} : root->mountPoint;
-}
-
 bool isSticky(const OpenFolder& folder) {
     struct stat status {};
-    return fstat(folder.file(), &status) == 0 && (status.st_mode & S_ISVTX) != 0;
+    return fstat(folder.fd(), &status) == 0 && (status.st_mode & S_ISVTX) != 0;
 }
 
 std::vector<DriveRoot> drivesToEmpty(const std::string& root, const std::vector<DriveRoot>& roots) {
@@ -118,13 +104,16 @@ std::vector<DriveRoot> drivesToEmpty(const std::string& root, const std::vector<
 std::int32_t emptyTrash(const std::vector<DriveRoot>& drives, const std::vector<DriveRoot>& roots) {
     const std::string home = homeTrash();
     int failure = 0;
+    const std::string homeMount = mountPointOf(home, roots);
     for (const DriveRoot& drive : drives) {
-        if (mountPointOf(home, roots) == drive.mountPoint)
+        if (homeMount == drive.mountPoint)
             failure = firstOf(failure, emptyFolder(OpenFolder(home)));
         failure =
             firstOf(failure, emptyTopFolders(drive.mountPoint == "/" ? "" : drive.mountPoint));
     }
-    return codeOf(failure);
+    const std::uint32_t result = codeOf(failure);
+    const bool isOwnCode = result == code::success || result == code::accessDenied;
+    return static_cast<std::int32_t>(isOwnCode ? result : code::generalFailure);
 }
 
 }  // namespace velmora::linuxhost

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/linux/entries/open_folder.h"
 #include "platform/linux/paths/path_mapping.h"
-#include "platform/linux/removal/tree_removal.h"
 
 namespace velmora::linuxhost {
 
@@ -23,9 +23,6 @@ std::int32_t emptyTrash(const std::vector<DriveRoot>& drives, const std::vector<
 
 /// The user's trash in the home, by its path without links above it. It need not be there.
 std::string homeTrash();
-
-/// The mount point of the drive that a path of the host lies on; empty when none holds it.
-std::string mountPointOf(const std::string& path, const std::vector<DriveRoot>& roots);
 
 /// A folder that all users share must have the sticky bit, or anybody may have put in it what looks
 /// like this user's.

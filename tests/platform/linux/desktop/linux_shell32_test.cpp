@@ -149,7 +149,7 @@ TEST(ChildPrograms, ThePatienceEndsBeforeAProgramThatStays) {
     EXPECT_TRUE(waitUntil([&] { return programs.running() == 0; }));
 }
 
-TEST(ChildPrograms, HowAProgramEndedIsTold) {
+TEST(ChildPrograms, HowAProgramEndedIsReported) {
     ChildPrograms programs(std::chrono::seconds(10));
     EXPECT_EQ(programs.run({"true"}), ChildPrograms::Result::done);
     EXPECT_EQ(programs.run({"false"}), ChildPrograms::Result::failed);

@@ -26,12 +26,12 @@ std::string number(std::uint32_t value, int bytes) {
     return text;
 }
 
-// A mono sound of 8-bit samples whose header tells `told` bytes and which has `there`.
-std::string wav(std::uint32_t told, std::size_t there, std::uint32_t rate = 1000) {
-    return "RIFF" + number(36 + told, 4) + "WAVE" + "LIST" + number(3, 4) + "abc" +
+// A mono sound of 8-bit samples whose header promises `promised` bytes and which has `there`.
+std::string wav(std::uint32_t promised, std::size_t there, std::uint32_t rate = 1000) {
+    return "RIFF" + number(36 + promised, 4) + "WAVE" + "LIST" + number(3, 4) + "abc" +
            std::string(1, '\0') + "fmt " + number(16, 4) + number(1, 2) + number(1, 2) +
            number(rate, 4) + number(rate, 4) + number(1, 2) + number(8, 2) + "data" +
-           number(told, 4) + std::string(there, '\x80');
+           number(promised, 4) + std::string(there, '\x80');
 }
 
 // Players are scripts in the only folder of PATH.

@@ -24,7 +24,7 @@ TEST(FilesystemReading, BytesAreBlocksTimesFragments) {
     EXPECT_EQ(reading.totalBytes(), 5120);
 }
 
-TEST(FilesystemReading, SizesBeyond64BitsOfBytesAreTold) {
+TEST(FilesystemReading, SizesBeyond64BitsOfBytesAreReported) {
     const FilesystemReading reading{.fragmentSize = 1 << 20, .blocks = 1ULL << 60};
     EXPECT_EQ(reading.totalBytes(), 1.2089258196146292e24);
 }

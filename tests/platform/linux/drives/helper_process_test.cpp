@@ -30,7 +30,7 @@ class StoppedProcess {
     pid_t process_;
 };
 
-TEST(HelperProcess, TellsTheSpaceOfAFilesystem) {
+TEST(HelperProcess, ReportsTheSpaceOfAFilesystem) {
     HelperProcess helper;
     const auto reply = helper.ask(HelperQuestion::space, "/");
     ASSERT_TRUE(reply);
@@ -40,7 +40,7 @@ TEST(HelperProcess, TellsTheSpaceOfAFilesystem) {
     EXPECT_EQ(reply->reading.totalBytes(), expected.totalBytes());
 }
 
-TEST(HelperProcess, TellsFoldersFilesAndWhatIsMissing) {
+TEST(HelperProcess, ReportsFoldersFilesAndWhatIsMissing) {
     const TestFolder folder;
     std::ofstream(folder / "file") << "x";
     HelperProcess helper;

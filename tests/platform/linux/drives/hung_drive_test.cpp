@@ -1,4 +1,4 @@
-// A filesystem whose server doesn't answer: the program must neither wait for it nor stay behind.
+// A filesystem whose server doesn't answer: the program must neither wait for it nor go on running.
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <poll.h>
@@ -13,7 +13,7 @@
 #include <iostream>
 
 #include "base/errors.h"
-#include "platform/linux/removal/tree_removal.h"
+#include "platform/linux/entries/open_folder.h"
 #include "platform/linux/support/mounting.h"
 #include "support/wait.h"
 
@@ -36,7 +36,7 @@ class HungFilesystem {
         const std::string log = logs_ / "log";
         server_ = fork();
         if (server_ == 0) {
-            // Not even a crash of the test leaves it behind, and it holds no pipe of the test's.
+            // It ends even when the test crashes, and it holds no pipe of the test's.
             prctl(PR_SET_PDEATHSIG, SIGKILL);
             const int nowhere = open("/dev/null", O_RDWR | O_CLOEXEC);
             dup2(nowhere, STDOUT_FILENO);
@@ -196,10 +196,10 @@ TEST_F(HungDrive, AFolderThatHoldsItIsListedAndLookedAtWithoutWaiting) {
     EXPECT_TRUE(isListed);
     const OpenFolder folder(mountPoint.substr(0, mountPoint.rfind('/')));
     struct statx status {};
-    Place outside;
-    ASSERT_EQ(placeOf(folder.file(), outside), 0);
-    ASSERT_EQ(lookAt(folder.file(), name, status), 0);
-    EXPECT_FALSE(mayLieIn(status, outside));
+    MountId holderMount;
+    ASSERT_EQ(mountIdOf(folder.fd(), holderMount), 0);
+    ASSERT_EQ(statEntry(folder.fd(), name, status), 0);
+    EXPECT_FALSE(mayBeOn(status, holderMount));
     EXPECT_LT(steady_clock::now() - start, 1s);
 }
 

@@ -18,8 +18,8 @@ class MountedDrives : public MountingTest {
     void expectLikeDf(const std::string& drive, const std::string& mountPoint) {
         const auto reading = fso().GetDrive(drive);
         ASSERT_TRUE(reading->IsReady());
-        EXPECT_EQ(reading->FreeSpace(), dfTells("avail", mountPoint));
-        EXPECT_EQ(reading->TotalSize(), dfTells("size", mountPoint));
+        EXPECT_EQ(reading->FreeSpace(), dfReports("avail", mountPoint));
+        EXPECT_EQ(reading->TotalSize(), dfReports("size", mountPoint));
     }
     static void writeMegabyte(const std::string& path) {
         const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
@@ -91,7 +91,7 @@ TEST_F(MountedDrives, ARemountGetsItsLetterBackAndANewMountAnother) {
     EXPECT_EQ(fso().GetDrive(other)->TotalSize(), 2 << 20);
 }
 
-TEST_F(MountedDrives, AMountOverADriveIsWhatTheDriveTells) {
+TEST_F(MountedDrives, AMountOverADriveIsWhatTheDriveReports) {
     TestMount mount;
     ASSERT_TRUE(mount.mountTmpfs("size=8M"));
     const std::string drive = newDrive();

@@ -18,18 +18,18 @@ class OpenedParentTest : public ScratchTree {
     int failureAt(const std::string& name) { return OpenedParent(volumes_, at(name)).failure(); }
 };
 
-TEST_F(OpenedParentTest, TheFolderOfAPathIsOpenedAndTheNameTold) {
+TEST_F(OpenedParentTest, TheFolderOfAPathIsOpenedAndTheNameKept) {
     for (const char* name : {"work/a.txt", "work/dangling", "work/not there", "work/to outside"}) {
         const OpenedParent parent(volumes_, at(name));
         ASSERT_TRUE(parent.isOpen()) << name;
         EXPECT_EQ(parent.name(), std::string(name).substr(5));
     }
     struct stat status {};
-    EXPECT_EQ(OpenedParent(volumes_, at("work/a.txt")).look(status), 0);
+    EXPECT_EQ(OpenedParent(volumes_, at("work/a.txt")).readStatus(status), 0);
     EXPECT_TRUE(S_ISREG(status.st_mode));
-    EXPECT_EQ(OpenedParent(volumes_, at("work/to outside")).look(status), 0);
+    EXPECT_EQ(OpenedParent(volumes_, at("work/to outside")).readStatus(status), 0);
     EXPECT_TRUE(S_ISLNK(status.st_mode));
-    EXPECT_EQ(OpenedParent(volumes_, at("work/not there")).look(status), ENOENT);
+    EXPECT_EQ(OpenedParent(volumes_, at("work/not there")).readStatus(status), ENOENT);
 }
 
 TEST_F(OpenedParentTest, ALinkAnywhereOnTheWayIsRefused) {
@@ -38,7 +38,7 @@ TEST_F(OpenedParentTest, ALinkAnywhereOnTheWayIsRefused) {
     EXPECT_EQ(failureAt("way/deep/deeper/c.txt"), ELOOP);
 }
 
-TEST_F(OpenedParentTest, WhatIsMissingOrNoFolderIsTold) {
+TEST_F(OpenedParentTest, WhatIsMissingOrNoFolderIsReported) {
     EXPECT_EQ(failureAt("missing/a.txt"), ENOENT);
     EXPECT_EQ(failureAt("work/a.txt/b"), ENOENT);
     EXPECT_EQ(failureAt("work/dangling/b"), ENOENT);
@@ -54,7 +54,8 @@ TEST_F(OpenedParentTest, AKernelWithoutTheCallIsWalkedNameByName) {
         const int result = withoutCall(SYS_openat2, failure, [&] {
             Volumes volumes;
             struct stat status {};
-            if (OpenedParent(volumes, at("work/deep/deeper/c.txt")).look(status) != 0) return 1;
+            if (OpenedParent(volumes, at("work/deep/deeper/c.txt")).readStatus(status) != 0)
+                return 1;
             if (OpenedParent(volumes, at("way/a.txt")).failure() != ELOOP) return 2;
             if (OpenedParent(volumes, at("way/deep/deeper/c.txt")).failure() != ELOOP) return 3;
             if (OpenedParent(volumes, at("work/to outside/jewel")).failure() != ELOOP) return 4;
@@ -64,20 +65,20 @@ TEST_F(OpenedParentTest, AKernelWithoutTheCallIsWalkedNameByName) {
         EXPECT_EQ(result, 0);
     }
     int failure = 0;
-    EXPECT_EQ(walkWithoutLinks(at("missing/x"), failure), -1);
+    EXPECT_FALSE(walkWithoutLinks(at("missing/x"), failure).isOpen());
     EXPECT_EQ(failure, ENOENT);
-    EXPECT_EQ(walkWithoutLinks(at("work/a.txt"), failure), -1);
+    EXPECT_FALSE(walkWithoutLinks(at("work/a.txt"), failure).isOpen());
     EXPECT_EQ(failure, ENOTDIR);
 }
 
-TEST_F(OpenedParentTest, AHostPathIsToldByWhereItReallyLies) {
+TEST_F(OpenedParentTest, AHostPathIsMappedToWhereItReallyLies) {
     const auto machine = openMachine();
-    const auto told = [&](const std::string& path) { return machine->toDrivePath(path); };
-    EXPECT_EQ(told(at("way/a.txt")), in("work/a.txt"));
-    EXPECT_EQ(told(at("way/to inside/deeper")), in("work/deep/deeper"));
-    EXPECT_EQ(told(at("work/to outside/jewel")), in("outside/precious/jewel"));
-    EXPECT_EQ(told(at("way/deep/../a.txt")), in("work/a.txt"));
-    EXPECT_EQ(told(at("way/new file")), in("work/new file"));
+    const auto mapped = [&](const std::string& path) { return machine->toDrivePath(path); };
+    EXPECT_EQ(mapped(at("way/a.txt")), in("work/a.txt"));
+    EXPECT_EQ(mapped(at("way/to inside/deeper")), in("work/deep/deeper"));
+    EXPECT_EQ(mapped(at("work/to outside/jewel")), in("outside/precious/jewel"));
+    EXPECT_EQ(mapped(at("way/deep/../a.txt")), in("work/a.txt"));
+    EXPECT_EQ(mapped(at("way/new file")), in("work/new file"));
 }
 
 TEST_F(OpenedParentTest, ALinkItselfKeepsItsPath) {

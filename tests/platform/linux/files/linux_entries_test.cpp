@@ -43,7 +43,7 @@ TEST_F(LinuxEntries, WhatIsNotThereOrNoFileIsError53) {
 
 TEST_F(LinuxEntries, TimesAreLocal) {
     const Environment zone("TZ", "EST5EDT,M3.2.0,M11.1.0");
-    // 2001-09-09 01:46:40 and 2000-01-01 00:00:00 in UTC; four and five hours behind it there.
+    // 2001-09-09 01:46:40 and 2000-01-01 00:00:00 in UTC; four and five hours earlier there.
     const timespec times[] = {{1'000'000'000, 999'999'999}, {946'684'800, 0}};
     for (const char* name : {"work/a.txt", "work/deep"})
         ASSERT_EQ(utimensat(AT_FDCWD, at(name).c_str(), times, 0), 0);
@@ -93,7 +93,7 @@ TEST_F(LinuxEntries, TheSizeOfAFolderIsThatOfAllFilesBelowAndNoLinkLeadsAnywhere
     EXPECT_GT(expected, 100);
     EXPECT_EQ(folder("work")->Size(), expected);
     EXPECT_EQ(folder("target")->Size(), 0);
-    // The folder itself may be told by a link.
+    // The path of the folder itself may end in a link.
     EXPECT_EQ(folder("way")->Size(), expected);
 }
 

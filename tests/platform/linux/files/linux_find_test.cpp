@@ -16,7 +16,7 @@ namespace {
 
 class LinuxFind : public ScratchTree {
   protected:
-    /// All entries by their names; the last error behind it is told apart.
+    /// All entries by their names; the error that ended it goes to its own place.
     std::map<std::string, FindData> list(const std::string& folder) {
         order_.clear();
         std::map<std::string, FindData> found;
@@ -141,7 +141,7 @@ TEST_F(LinuxFind, AnEmptyFolderHasItsDotsAndARootHasNone) {
     EXPECT_EQ(list("C:").count("etc"), 1u);
 }
 
-TEST_F(LinuxFind, AFolderBehindALinkIsListedAsWhatItIs) {
+TEST_F(LinuxFind, AFolderReachedByALinkIsListedAsWhatItIs) {
     EXPECT_EQ(list(in("way")).size(), 13u);
     EXPECT_EQ(list(in("work/to outside")).count("jewel"), 1u);
 }

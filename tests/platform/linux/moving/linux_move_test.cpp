@@ -51,7 +51,7 @@ TEST_F(LinuxMove, TheRootOfADriveIsAlwaysThere) {
     expectRefused(in("work/deep"), "c:\\", 183);
 }
 
-TEST_F(LinuxMove, WhatIsMissingIsTold) {
+TEST_F(LinuxMove, WhatIsMissingIsReported) {
     expectRefused(in("work/missing"), in("target/x"), 2);
     expectRefused(in("missing/a.txt"), in("target/x"), 2);
     expectRefused("Q:\\a.txt", in("target/x"), 2);
@@ -62,7 +62,7 @@ TEST_F(LinuxMove, WhatIsMissingIsTold) {
     expectRefused(in("work/a.txt"), "", 3);
 }
 
-TEST_F(LinuxMove, OnlyAFolderMayHaveASeparatorBehindItsPath) {
+TEST_F(LinuxMove, OnlyAFoldersPathMayEndInASeparator) {
     expectRefused(in("work/a.txt") + '\\', in("target/x"), 2);
     expectRefused(in("work/a.txt"), in("target/x") + '\\', 3);
     expectRefused(in("work/a.txt"), in("target") + '\\', 183);

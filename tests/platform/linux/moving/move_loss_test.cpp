@@ -143,7 +143,7 @@ TEST_F(MoveLoss, AFileThatSomebodyBeginsToWriteDuringTheCopyStays) {
     EXPECT_EQ(moveBy({}), 0u);
 }
 
-// Where no leases tell of writers.
+// Where no lease shows that a program writes.
 TEST_F(MoveLoss, AFileThatGrowsWithoutPauseStaysWhole) {
     const std::string path = at("work/big");
     std::ofstream(path) << std::string(20'000'000, 'b');

@@ -22,6 +22,13 @@ TEST(PathMapping, AHostPathGoesToItsLongestMount) {
     EXPECT_EQ(drivePathOf("//home/./me/../you/", roots), "C:\\home\\you");
 }
 
+TEST(PathMapping, APathLiesOnTheLongestMountPoint) {
+    EXPECT_EQ(mountPointOf("/mnt/d/inner/foo", roots), "/mnt/d/inner");
+    EXPECT_EQ(mountPointOf("/mnt/data", roots), "/");
+    EXPECT_EQ(mountPointOf("/mnt/net", roots), "/mnt/net");
+    EXPECT_EQ(mountPointOf("/mnt/d/x", {{"E:", "/mnt/e"}}), "");
+}
+
 TEST(PathMapping, TheLetterIsPreferredToTheShare) {
     EXPECT_EQ(drivePathOf("/mnt/net/x", roots), "F:\\x");
     EXPECT_EQ(drivePathOf("/mnt/other/x", roots), "\\\\host\\other\\x");
@@ -59,7 +66,7 @@ TEST(PathMapping, APathWithoutADriveBeginsAtTheRootOrTheWorkingFolder) {
     EXPECT_EQ(hostPathOf("some\\name", roots), workingFolder() + "/some/name");
 }
 
-TEST(PathMapping, TheFullPathHasOneBackSlashBetweenNamesAndNoneBehind) {
+TEST(PathMapping, TheFullPathHasOneBackSlashBetweenNamesAndNoneAtItsEnd) {
     EXPECT_EQ(fullDrivePath("D:\\a\\\\b/c\\", roots), "D:\\a\\b\\c");
     EXPECT_EQ(fullDrivePath("D:\\a\\..\\b", roots), "D:\\b");
     EXPECT_EQ(fullDrivePath("D:", roots), "D:\\");

@@ -27,7 +27,7 @@ TEST(UserFolders, VariablesCountWhenTheyHoldAnAbsolutePath) {
     EXPECT_EQ(dataFolder(), "/home/somebody/.local/share");
 }
 
-TEST(UserFolders, WithoutAHomeVariableTheUserDatabaseTells) {
+TEST(UserFolders, WithoutAHomeVariableTheUserDatabaseCounts) {
     const Environment home("HOME", std::nullopt);
     EXPECT_EQ(homeFolder().front(), '/');
 }

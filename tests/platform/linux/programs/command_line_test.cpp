@@ -26,7 +26,7 @@ class CommandLineTest : public testing::Test {
     Volumes volumes_;
 };
 
-TEST(CommandLine, ArgumentsStandBehindTheProgramsName) {
+TEST(CommandLine, ArgumentsFollowTheProgramsName) {
     EXPECT_EQ(argumentsIn("velmora\0a\0\0two words\0"s), (Arguments{"a", "", "two words"}));
     EXPECT_EQ(argumentsIn("velmora\0"s), Arguments{});
     EXPECT_EQ(argumentsIn(""), Arguments{});

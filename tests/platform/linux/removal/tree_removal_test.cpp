@@ -35,8 +35,8 @@ class TreeRemoval : public testing::Test {
     }
 
     void makeFile(const std::string& name) { std::ofstream(scratch_ / name) << "x"; }
-    int removeAll(const Goes& goes = [](const std::string&) { return true; }) {
-        return removeEntries(OpenFolder(scratch_ / "in"), goes);
+    int removeAll(const EntryFilter& filter = everyEntry) {
+        return removeEntries(OpenFolder(scratch_ / "in"), filter);
     }
     Listing left() { return listingOf(scratch_ / "in"); }
     Listing outside() { return listingOf(scratch_ / "outside"); }
@@ -200,36 +200,36 @@ TEST_F(TreeRemoval, AFolderToDeleteThatStaysKeepsItsMode) {
 }
 
 // As older kernels leave it.
-TEST_F(TreeRemoval, AMountIsToldOnceItIsOpenWhereLookingDoesNotTellIt) {
+TEST_F(TreeRemoval, AMountIsKnownOnceItIsOpenWhereStatxDoesNotReportIt) {
     if (const std::string reason = whyNoMounting(); !reason.empty()) GTEST_SKIP() << reason;
     fs::create_directory(scratch_ / "in/mount");
     fs::create_directory(scratch_ / "in/folder");
     const BoundView view(scratch_ / "outside", scratch_ / "in/mount");
     ASSERT_TRUE(view.isMounted());
     const OpenFolder in(scratch_ / "in");
-    Place place;
-    ASSERT_EQ(placeOf(in.file(), place), 0);
-    EXPECT_EQ(mountOfOpened(in.file()), place.mount);
-    EXPECT_EQ(mountOfOpened(OpenFolder(in, "folder").file()), place.mount);
-    const auto mounted = mountOfOpened(OpenFolder(in, "mount").file());
+    MountId mount;
+    ASSERT_EQ(mountIdOf(in.fd(), mount), 0);
+    EXPECT_EQ(mountNumberOf(in.fd()), mount.number);
+    EXPECT_EQ(mountNumberOf(OpenFolder(in, "folder").fd()), mount.number);
+    const auto mounted = mountNumberOf(OpenFolder(in, "mount").fd());
     ASSERT_TRUE(mounted.has_value());
-    EXPECT_NE(*mounted, place.mount);
-    EXPECT_EQ(mountOfOpened(-1), std::nullopt);
+    EXPECT_NE(*mounted, mount.number);
+    EXPECT_EQ(mountNumberOf(-1), std::nullopt);
 
     struct statx status {};
-    ASSERT_EQ(lookAt(in.file(), "mount", status), 0);
-    EXPECT_FALSE(mayLieIn(status, place));
+    ASSERT_EQ(statEntry(in.fd(), "mount", status), 0);
+    EXPECT_FALSE(mayBeOn(status, mount));
     status.stx_mask &= ~static_cast<unsigned>(STATX_MNT_ID);
-    EXPECT_TRUE(mayLieIn(status, place));
+    EXPECT_TRUE(mayBeOn(status, mount));
     ++status.stx_dev_minor;
-    EXPECT_FALSE(mayLieIn(status, place));
+    EXPECT_FALSE(mayBeOn(status, mount));
 }
 
 // Gives its result by the exit status, since there is no way back to root.
 [[noreturn]] void removeAsNobody(const std::string& folder) {
     constexpr uid_t nobody = 65534;
     if (setuid(nobody) != 0) _exit(99);
-    _exit(removeEntries(OpenFolder(folder), [](const std::string&) { return true; }));
+    _exit(removeEntries(OpenFolder(folder), everyEntry));
 }
 
 TEST_F(TreeRemoval, AWriteProtectedFolderGoesAndOneOfOthersStays) {

@@ -78,7 +78,7 @@ std::string MountingTest::newDrive() {
     return {};
 }
 
-double MountingTest::dfTells(const std::string& field, const std::string& mountPoint) {
+double MountingTest::dfReports(const std::string& field, const std::string& mountPoint) {
     const std::string command = "df -B1 --output=" + field + ' ' + mountPoint + " | tail -1";
     FILE* output = popen(command.c_str(), "r");
     if (output == nullptr) return -1;

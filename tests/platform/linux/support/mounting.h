@@ -53,7 +53,7 @@ class MountingTest : public testing::Test {
     /// "X:" of a drive that has come since the test began; empty when there is none.
     std::string newDrive();
     /// Bytes that df gives for the field ("avail", "size").
-    static double dfTells(const std::string& field, const std::string& mountPoint);
+    static double dfReports(const std::string& field, const std::string& mountPoint);
 
     std::unique_ptr<Machine> machine_ = openMachine();
     std::set<std::string> drivesBefore_;

@@ -7,7 +7,7 @@
 
 namespace velmora::linuxhost {
 
-/// Each entry's path below the folder, with a slash behind a folder and " -> target" behind a link.
+/// Each entry's path below the folder, with a slash after a folder and " -> target" after a link.
 inline std::set<std::string> listingOf(const std::string& folder) {
     namespace fs = std::filesystem;
     std::set<std::string> listing;

@@ -1,10 +1,9 @@
-#include "platform/linux/removal/tree_walk.h"
+#include "platform/linux/entries/tree_walk.h"
 
 #include <fcntl.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -21,14 +20,13 @@ struct Level {
 
 class Walk {
   public:
-    Walk(const OpenFolder& top, const Seen& seen) : seen_(seen) {
-        failure_ = placeOf(top.file(), place_);
-        current_ = std::make_unique<OpenFolder>(top.file(), ".");
+    Walk(const OpenFolder& top, const EntryVisitor& visit) : visit_(visit), current_(top, ".") {
+        failure_ = mountIdOf(top.fd(), mount_);
     }
 
     int run() {
-        look();
-        while (goesOn() && !levels_.empty()) {
+        read();
+        while (isGoing() && !levels_.empty()) {
             if (levels_.back().subfolders.empty()) {
                 levels_.pop_back();
                 if (!levels_.empty()) goUp();
@@ -42,44 +40,44 @@ class Walk {
     }
 
   private:
-    bool goesOn() const { return failure_ == 0 && !isEnded_; }
+    bool isGoing() const { return failure_ == 0 && !isEnded_; }
 
     // Reads the current folder, which becomes the innermost level.
-    void look() {
+    void read() {
         struct stat status {};
-        if (!current_->isOpen()) failure_ = current_->failure();
-        if (failure_ == 0 && fstat(current_->file(), &status) != 0) failure_ = errno;
+        if (!current_.isOpen()) failure_ = current_.failure();
+        if (failure_ == 0 && fstat(current_.fd(), &status) != 0) failure_ = errno;
         if (failure_ != 0) return;
         levels_.push_back({status.st_dev, status.st_ino, {}});
         std::vector<std::string> names;
-        failure_ = namesIn(*current_, names);
+        failure_ = namesIn(current_, names);
         for (const std::string& name : names) {
-            if (goesOn()) look(name);
+            if (isGoing()) visit(name);
         }
     }
-    void look(const std::string& name) {
+    void visit(const std::string& name) {
         struct statx status {};
-        failure_ = lookAt(current_->file(), name, status);
+        failure_ = statEntry(current_.fd(), name, status);
         if (failure_ == ENOENT) failure_ = 0;  // gone since the names were read
         if (failure_ != 0 || status.stx_mask == 0) return;
-        isEnded_ = !seen_(status);
+        isEnded_ = !visit_(status);
         const bool isFolder = S_ISDIR(status.stx_mode);
-        if (isFolder && mayLieIn(status, place_)) levels_.back().subfolders.push_back(name);
+        if (isFolder && mayBeOn(status, mount_)) levels_.back().subfolders.push_back(name);
     }
 
     void goDown(const std::string& name) {
-        auto below = std::make_unique<OpenFolder>(current_->file(), name);
-        if (below->failure() == ENOENT) return;
-        Place place;
-        failure_ = below->isOpen() ? placeOf(below->file(), place) : below->failure();
-        if (failure_ != 0 || !(place == place_)) return;
+        OpenFolder below(current_, name);
+        if (below.failure() == ENOENT) return;
+        MountId mount;
+        failure_ = below.isOpen() ? mountIdOf(below.fd(), mount) : below.failure();
+        if (failure_ != 0 || !(mount == mount_)) return;
         current_ = std::move(below);
-        look();
+        read();
     }
     void goUp() {
-        auto above = std::make_unique<OpenFolder>(current_->file(), "..");
+        OpenFolder above(current_, "..");
         struct stat status {};
-        const bool isRead = above->isOpen() && fstat(above->file(), &status) == 0;
+        const bool isRead = above.isOpen() && fstat(above.fd(), &status) == 0;
         const Level& level = levels_.back();
         if (!isRead || status.st_dev != level.device || status.st_ino != level.inode) {
             failure_ = ESTALE;
@@ -88,9 +86,9 @@ class Walk {
         current_ = std::move(above);
     }
 
-    const Seen& seen_;
-    Place place_;
-    std::unique_ptr<OpenFolder> current_;
+    const EntryVisitor& visit_;
+    MountId mount_;
+    OpenFolder current_;
     std::vector<Level> levels_;
     bool isEnded_ = false;
     int failure_ = 0;
@@ -98,8 +96,8 @@ class Walk {
 
 }  // namespace
 
-int walkTree(const OpenFolder& top, const Seen& seen) {
-    return Walk(top, seen).run();
+int walkTree(const OpenFolder& top, const EntryVisitor& visit) {
+    return Walk(top, visit).run();
 }
 
 }  // namespace velmora::linuxhost

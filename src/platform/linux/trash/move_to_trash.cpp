@@ -1,4 +1,4 @@
-#include "platform/linux/trash/trash_feeding.h"
+#include "platform/linux/trash/move_to_trash.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -9,11 +9,13 @@
 #include <random>
 
 #include "base/text.h"
+#include "platform/linux/entries/open_folder.h"
 #include "platform/linux/entries/rename_entry.h"
 #include "platform/linux/entries/replace_file.h"
 #include "platform/linux/paths/file_uri.h"
-#include "platform/linux/removal/tree_removal.h"
 #include "platform/linux/system/linux_clock.h"
+#include "platform/linux/system/unique_fd.h"
+#include "platform/linux/system/write_all.h"
 #include "platform/linux/trash/trash.h"
 
 namespace velmora::linuxhost {
@@ -23,7 +25,7 @@ namespace {
 constexpr std::string_view noteEnding = ".trashinfo";
 constexpr std::size_t longestName = 255;
 
-// What goes, and the path that its note tells.
+// What is moved, and the path that its note names.
 struct Entry {
     const OpenedParent& parent;
     std::string notedPath;
@@ -35,44 +37,39 @@ int makeFolder(int parent, const std::string& name) {
 }
 
 int writeNote(int info, const std::string& name, const std::string& note) {
-    const int file =
-        openat(info, name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600);
-    if (file < 0) return errno;
-    ssize_t written = 0;
-    do {
-        written = write(file, note.data(), note.size());
-    } while (written < 0 && errno == EINTR);
-    int failure = written < 0 ? errno : 0;
-    if (failure == 0 && written != static_cast<ssize_t>(note.size())) failure = ENOSPC;
-    if (close(file) != 0 && failure == 0 && errno != EINTR) failure = errno;
+    UniqueFd file(
+        openat(info, name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
+    if (!file.isOpen()) return errno;
+    std::string_view rest = note;
+    int failure = writeAll(file.get(), rest);
+    if (const int failureToClose = file.close(); failure == 0) failure = failureToClose;
     if (failure != 0) unlinkat(info, name.c_str(), 0);
     return failure;
 }
 
-// The note is there first: an entry without one could not be put back.
+// The note is written first: an entry without one could not be put back.
 int moveUnderNote(const Entry& entry, const OpenFolder& files, const OpenFolder& info,
                   const std::string& note) {
     int failure = EEXIST;
     for (unsigned tries = 1; failure == EEXIST && tries <= 1000; ++tries) {
-        // Behind so many of that name a number of its own is found sooner.
+        // After so many of that name a random number is found sooner.
         const unsigned number = tries <= 20 ? tries : std::random_device{}();
         const std::string name = nameInTrash(entry.parent.name(), number);
         const std::string noteName = name + std::string(noteEnding);
-        failure = writeNote(info.file(), noteName, note);
+        failure = writeNote(info.fd(), noteName, note);
         if (failure != 0) continue;
-        failure = renameInto(entry.parent.file(), entry.parent.name(), files.file(), name);
-        if (failure != 0) unlinkat(info.file(), noteName.c_str(), 0);
+        failure = renameInto(entry.parent.fd(), entry.parent.name(), files.fd(), name);
+        if (failure != 0) unlinkat(info.fd(), noteName.c_str(), 0);
     }
     return failure;
 }
 
-int feed(const OpenFolder& trash, const Entry& entry) {
+int moveInto(const OpenFolder& trash, const Entry& entry) {
     if (!trash.isOpen()) return EXDEV;
-    if (makeFolder(trash.file(), "files") != 0 || makeFolder(trash.file(), "info") != 0)
-        return EXDEV;
+    if (makeFolder(trash.fd(), "files") != 0 || makeFolder(trash.fd(), "info") != 0) return EXDEV;
     const OpenFolder files(trash, "files");
     const OpenFolder info(trash, "info");
-    // A link in the place of one is no trash.
+    // A link instead of a folder is no trash.
     if (!files.isOpen() || !info.isOpen()) return EXDEV;
     return moveUnderNote(entry, files, info,
                          trashNote(entry.notedPath, LinuxClock::localTime(std::time(nullptr))));
@@ -80,40 +77,39 @@ int feed(const OpenFolder& trash, const Entry& entry) {
 
 bool isOwn(const OpenFolder& folder) {
     struct stat status {};
-    return folder.isOpen() && fstat(folder.file(), &status) == 0 && status.st_uid == getuid();
+    return folder.isOpen() && fstat(folder.fd(), &status) == 0 && status.st_uid == getuid();
 }
 
 // EXDEV when this trash can't take it, and another one may.
-int feedHome(const OpenedParent& parent, const std::string& hostPath,
-             const std::vector<DriveRoot>& roots) {
+int moveToHomeTrash(const OpenedParent& parent, const std::string& hostPath,
+                    const std::string& mountPoint, const std::vector<DriveRoot>& roots) {
     const std::string home = homeTrash();
-    if (mountPointOf(home, roots) != mountPointOf(hostPath, roots)) return EXDEV;
+    if (mountPointOf(home, roots) != mountPoint) return EXDEV;
     const auto slash = home.rfind('/');
     if (makeFolders(home.substr(0, slash)) != 0) return EXDEV;
     if (mkdir(home.c_str(), S_IRWXU) != 0 && errno != EEXIST) return EXDEV;
-    return feed(OpenFolder(home), {parent, hostPath});
+    return moveInto(OpenFolder(home), {parent, hostPath});
 }
 
-int feedShared(const OpenFolder& top, const Entry& entry, const std::string& user) {
+int moveToSharedTrash(const OpenFolder& top, const Entry& entry, const std::string& user) {
     const OpenFolder shared(top, ".Trash");
     if (!shared.isOpen() || !isSticky(shared)) return EXDEV;
-    if (makeFolder(shared.file(), user) != 0) return EXDEV;
+    if (makeFolder(shared.fd(), user) != 0) return EXDEV;
     const OpenFolder trash(shared, user);
-    return isOwn(trash) ? feed(trash, entry) : EXDEV;
+    return isOwn(trash) ? moveInto(trash, entry) : EXDEV;
 }
 
-int feedTop(const OpenedParent& parent, const std::string& hostPath,
-            const std::vector<DriveRoot>& roots) {
-    const std::string mountPoint = mountPointOf(hostPath, roots);
+int moveToTopFolder(const OpenedParent& parent, const std::string& hostPath,
+                    const std::string& mountPoint) {
     const OpenFolder top(mountPoint);
     if (mountPoint.empty() || !top.isOpen()) return EXDEV;
     const Entry entry{parent, hostPath.substr(mountPoint == "/" ? 1 : mountPoint.size() + 1)};
     const std::string user = std::to_string(getuid());
-    if (const int failure = feedShared(top, entry, user); failure != EXDEV) return failure;
+    if (const int failure = moveToSharedTrash(top, entry, user); failure != EXDEV) return failure;
     const std::string own = ".Trash-" + user;
-    if (makeFolder(top.file(), own) != 0) return EXDEV;
+    if (makeFolder(top.fd(), own) != 0) return EXDEV;
     const OpenFolder trash(top, own);
-    return isOwn(trash) ? feed(trash, entry) : EXDEV;
+    return isOwn(trash) ? moveInto(trash, entry) : EXDEV;
 }
 
 }  // namespace
@@ -142,10 +138,9 @@ std::string nameInTrash(const std::string& name, unsigned number) {
 
 int moveToTrash(const OpenedParent& parent, const std::string& hostPath,
                 const std::vector<DriveRoot>& roots) {
-    struct stat status {};
-    if (const int failure = parent.look(status); failure != 0) return failure;
-    int failure = feedHome(parent, hostPath, roots);
-    if (failure == EXDEV) failure = feedTop(parent, hostPath, roots);
+    const std::string mountPoint = mountPointOf(hostPath, roots);
+    int failure = moveToHomeTrash(parent, hostPath, mountPoint, roots);
+    if (failure == EXDEV) failure = moveToTopFolder(parent, hostPath, mountPoint);
     return failure == EXDEV || failure == EEXIST ? EACCES : failure;
 }
 

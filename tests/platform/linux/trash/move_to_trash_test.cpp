@@ -1,4 +1,4 @@
-#include "platform/linux/trash/trash_feeding.h"
+#include "platform/linux/trash/move_to_trash.h"
 
 #include <gtest/gtest.h>
 #include <sys/mount.h>
@@ -74,7 +74,7 @@ std::map<std::string, std::string> readTrash(const std::string& trash) {
     return found;
 }
 
-class TrashFeeding : public ScratchTree {
+class MoveToTrash : public ScratchTree {
   protected:
     std::string trash() const { return userFolder_ / ".local/share/Trash"; }
     void expectRecycled(const std::string& name) {
@@ -84,7 +84,7 @@ class TrashFeeding : public ScratchTree {
     }
 };
 
-TEST_F(TrashFeeding, AFileGoesIntoTheTrashOfTheHomeAndLeavesANote) {
+TEST_F(MoveToTrash, AFileGoesIntoTheTrashOfTheHomeAndLeavesANote) {
     const TreeListing before = tree();
     expectRecycled("work/a.txt");
     EXPECT_EQ(readTrash(trash()),
@@ -95,7 +95,7 @@ TEST_F(TrashFeeding, AFileGoesIntoTheTrashOfTheHomeAndLeavesANote) {
     EXPECT_EQ(status.st_mode & 0777, 0600u);
 }
 
-TEST_F(TrashFeeding, WhateverIsRecycledIsThereAsItWas) {
+TEST_F(MoveToTrash, WhateverIsRecycledIsThereAsItWas) {
     const TreeListing before = tree();
     for (const char* name :
          {"work/two words ö.txt", "work/protected.txt", "work/.hidden", "work/to a file",
@@ -107,21 +107,21 @@ TEST_F(TrashFeeding, WhateverIsRecycledIsThereAsItWas) {
     for (const auto& [name, path] : readTrash(trash())) EXPECT_EQ(path, at("work/" + name));
 }
 
-TEST_F(TrashFeeding, OddNamesComeBackFromTheNote) {
+TEST_F(MoveToTrash, OddNamesComeBackFromTheNote) {
     const std::string odd = "100% \"a\\b\"\n[x]=y;#caf\xe9";
     std::ofstream(at("work/") + odd) << "x";
     EXPECT_EQ(recycle(drivePath(at("work/") + odd)), 0);
     EXPECT_EQ(readTrash(trash()), (std::map<std::string, std::string>{{odd, at("work/") + odd}}));
 }
 
-TEST_F(TrashFeeding, NotesAreWrittenByTheRules) {
+TEST_F(MoveToTrash, NotesAreWrittenByTheRules) {
     EXPECT_EQ(trashNote("/home/me/a b%ö.txt", {2026, 3, 4, 5, 6, 7}),
               "[Trash Info]\nPath=/home/me/a%20b%25%C3%B6.txt\nDeletionDate=2026-03-04T05:06:07\n");
     EXPECT_EQ(trashNote("folder/x", {2026, 12, 31, 23, 59, 59}),
               "[Trash Info]\nPath=folder/x\nDeletionDate=2026-12-31T23:59:59\n");
 }
 
-TEST_F(TrashFeeding, ANameThatIsTakenGetsANumber) {
+TEST_F(MoveToTrash, ANameThatIsTakenGetsANumber) {
     for (int i = 0; i < 30; ++i) {
         make("work/a.txt");
         EXPECT_EQ(recycle(in("work/a.txt")), 0);
@@ -134,7 +134,7 @@ TEST_F(TrashFeeding, ANameThatIsTakenGetsANumber) {
     for (const auto& [name, path] : found) EXPECT_EQ(path, at("work/a.txt"));
 }
 
-TEST_F(TrashFeeding, WhatLiesInTheTrashWithoutItsCounterpartIsLeftAlone) {
+TEST_F(MoveToTrash, WhatLiesInTheTrashWithoutItsCounterpartIsLeftAlone) {
     fs::create_directories(trash() + "/files");
     fs::create_directories(trash() + "/info");
     std::ofstream(trash() + "/files/a.txt") << "without a note";
@@ -148,7 +148,7 @@ TEST_F(TrashFeeding, WhatLiesInTheTrashWithoutItsCounterpartIsLeftAlone) {
     EXPECT_EQ(left.count("info/a.3.txt.trashinfo"), 1u);
 }
 
-TEST_F(TrashFeeding, NamesAreCutForTheNotesEnding) {
+TEST_F(MoveToTrash, NamesAreCutForTheNotesEnding) {
     EXPECT_EQ(nameInTrash("a.txt", 1), "a.txt");
     EXPECT_EQ(nameInTrash("a.txt", 2), "a.2.txt");
     EXPECT_EQ(nameInTrash("folder", 12), "folder.12");
@@ -165,7 +165,7 @@ TEST_F(TrashFeeding, NamesAreCutForTheNotesEnding) {
     EXPECT_EQ(readTrash(trash()).begin()->second, at(path));
 }
 
-TEST_F(TrashFeeding, WhatIsMissingIsTold) {
+TEST_F(MoveToTrash, WhatIsMissingIsReported) {
     const TreeListing before = tree();
     EXPECT_EQ(recycle(in("work/missing")), 2);
     EXPECT_EQ(recycle(in("missing/x")), 2);
@@ -174,14 +174,14 @@ TEST_F(TrashFeeding, WhatIsMissingIsTold) {
     EXPECT_EQ(listTree(userFolder_.path()), TreeListing{});
 }
 
-TEST_F(TrashFeeding, AListGoesPathByPath) {
+TEST_F(MoveToTrash, AListGoesPathByPath) {
     const TreeListing before = tree();
     EXPECT_EQ(recycle(in("work/a.txt") + '\0' + in("work/deep")), 0);
     EXPECT_EQ(tree(), without(before, {"work/a.txt", "work/deep"}));
     EXPECT_EQ(readTrash(trash()).size(), 2u);
 }
 
-TEST_F(TrashFeeding, ADataFolderOfTheUsersChoiceHoldsTheTrash) {
+TEST_F(MoveToTrash, ADataFolderOfTheUsersChoiceHoldsTheTrash) {
     fs::create_directories(userFolder_ / "real/data");
     fs::create_directory_symlink(userFolder_ / "real", userFolder_ / "link");
     const Environment data("XDG_DATA_HOME", userFolder_ / "link/data");
@@ -189,7 +189,7 @@ TEST_F(TrashFeeding, ADataFolderOfTheUsersChoiceHoldsTheTrash) {
     EXPECT_EQ(readTrash(userFolder_ / "real/data/Trash").size(), 1u);
 }
 
-TEST_F(TrashFeeding, ATrashThatLeadsElsewhereIsNoneAndTheFileStays) {
+TEST_F(MoveToTrash, ATrashThatLeadsElsewhereIsNoneAndTheFileStays) {
     if (const std::string reason = whyNotNobody(); !reason.empty()) GTEST_SKIP() << reason;
     giveToNobody(root_.path());
     giveToNobody(userFolder_.path());
@@ -224,7 +224,7 @@ TEST_F(TrashFeeding, ATrashThatLeadsElsewhereIsNoneAndTheFileStays) {
     EXPECT_EQ(tree(), without(before, {"work/a.txt"}));
 }
 
-TEST_F(TrashFeeding, WhereACallFailsTheFileStaysAndNoNoteIsLeft) {
+TEST_F(MoveToTrash, WhereACallFailsTheFileStaysAndNoNoteIsLeft) {
     fs::create_directories(trash() + "/files");
     fs::create_directories(trash() + "/info");
     const TreeListing before = tree();
@@ -240,14 +240,14 @@ TEST_F(TrashFeeding, WhereACallFailsTheFileStaysAndNoNoteIsLeft) {
     }
 }
 
-TEST_F(TrashFeeding, AFolderThatHoldsTheTrashStays) {
+TEST_F(MoveToTrash, AFolderThatHoldsTheTrashStays) {
     expectRecycled("work/a.txt");
     const TreeListing before = listTree(userFolder_.path());
     EXPECT_EQ(recycle(drivePath(userFolder_.path())), 5);
     EXPECT_EQ(listTree(userFolder_.path()), before);
 }
 
-TEST_F(TrashFeeding, WhatIsRecycledIsEmptiedWithTheRest) {
+TEST_F(MoveToTrash, WhatIsRecycledIsEmptiedWithTheRest) {
     expectRecycled("work/a.txt");
     expectRecycled("work/deep");
     // As if the home were a drive: no other trash of the machine is meant.
@@ -256,7 +256,7 @@ TEST_F(TrashFeeding, WhatIsRecycledIsEmptiedWithTheRest) {
     EXPECT_EQ(listTree(trash()).size(), 2u);
 }
 
-TEST_F(TrashFeeding, TheDesktopsOwnToolReadsIt) {
+TEST_F(MoveToTrash, TheDesktopsOwnToolReadsIt) {
     if (std::system("command -v gio >/dev/null && command -v dbus-run-session >/dev/null") != 0) {
         std::cout << "skipped: gio or dbus-run-session is not installed\n";
         GTEST_SKIP() << "gio or dbus-run-session is not installed";

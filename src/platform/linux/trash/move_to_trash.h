@@ -1,5 +1,5 @@
-// Moving into the user's trash, by the freedesktop rules: what goes lies in "files" of a trash
-// folder under a name of its own, with a note about its path and the date in "info".
+// Moving into the user's trash, by the freedesktop rules: each entry gets a name of its own in
+// "files" of a trash folder, and a note about its path and the date in "info".
 #pragma once
 
 #include <string>
@@ -12,11 +12,11 @@
 
 namespace velmora::linuxhost {
 
-/// Moves what lies at the parent's name into the trash of its drive: that of the home on the drive
-/// which holds it, else the folder in the drive's top folder which all users share, else the
-/// user's own there, made if need be. `hostPath` is the same entry's path, `roots` those of all
-/// drives. 0, or the errno with the entry where it was: ENOENT when it isn't there, EACCES when no
-/// trash can take it, ENOSPC for a full disk, ...
+/// Moves the entry that `parent` names into the trash of its drive. On the drive that holds the
+/// home that is the home's trash; on any other the folder that all users share in the drive's top
+/// folder, or else the user's own there, made if need be. `hostPath` is the same entry's path,
+/// `roots` those of all drives. 0, or the errno with the entry where it was: ENOENT when it isn't
+/// there, EACCES when no trash can take it, ENOSPC for a full disk, ...
 int moveToTrash(const OpenedParent& parent, const std::string& hostPath,
                 const std::vector<DriveRoot>& roots);
 

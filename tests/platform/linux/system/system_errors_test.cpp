@@ -1,0 +1,32 @@
+#include "platform/linux/system/system_errors.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+
+namespace velmora::linuxhost {
+namespace {
+
+TEST(SystemErrors, EachHasItsCode) {
+    EXPECT_EQ(codeOf(0), 0u);
+    EXPECT_EQ(codeOf(ENOENT), 3u);
+    EXPECT_EQ(codeOf(EPERM), 5u);
+    EXPECT_EQ(codeOf(EXDEV), 17u);
+    EXPECT_EQ(codeOf(EBUSY), 32u);
+    EXPECT_EQ(codeOf(EDQUOT), 112u);
+    EXPECT_EQ(codeOf(EEXIST), 183u);
+    EXPECT_EQ(codeOf(EIO), 31u);
+}
+
+TEST(SystemErrors, EachHasItsRunTimeError) {
+    EXPECT_EQ(runtimeErrorOf(ENOTDIR), 76);
+    EXPECT_EQ(runtimeErrorOf(EACCES), 70);
+    EXPECT_EQ(runtimeErrorOf(ETXTBSY), 70);
+    EXPECT_EQ(runtimeErrorOf(EROFS), 75);
+    EXPECT_EQ(runtimeErrorOf(EISDIR), 75);
+    EXPECT_EQ(runtimeErrorOf(ENOSPC), 61);
+    EXPECT_EQ(runtimeErrorOf(EIO), 57);
+}
+
+}  // namespace
+}  // namespace velmora::linuxhost
