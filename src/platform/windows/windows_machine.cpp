@@ -39,7 +39,7 @@ std::wstring executablePath() {
 Application ownApplication() {
     const std::string path = withoutLongPrefix(toUtf8(executablePath()));
     const auto slash = path.rfind('\\');
-    const std::string command = toUtf8(behindName(GetCommandLineW()));
+    const std::string command = toUtf8(afterName(GetCommandLineW()));
     if (slash == std::string::npos) return {"", path, command};
     std::string name = path.substr(slash + 1);
     name.resize(std::min(name.rfind('.'), name.size()));

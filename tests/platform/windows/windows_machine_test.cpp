@@ -55,7 +55,7 @@ TEST(WindowsMachine, WritesNoDrivesIntoABufferThatIsTooShort) {
     EXPECT_EQ(buffer, "   ");
 }
 
-TEST(WindowsMachine, TheClockTellsADateThatExistsAndATickThatDoesNotGoBack) {
+TEST(WindowsMachine, TheClockGivesADateThatExistsAndATickThatDoesNotGoBack) {
     const auto machine = openMachine();
     auto& clock = machine->platform().clock;
     EXPECT_TRUE(isValid(clock.Now()));
@@ -80,15 +80,15 @@ TEST(WindowsMachine, TheSystemsOwnFolderIsThere) {
     EXPECT_TRUE(machine->platform().fso.FolderExists(folder)) << folder;
 }
 
-TEST(WindowsMachine, TheCommandIsWhatStandsBehindTheProgramsName) {
-    EXPECT_EQ(behindName(LR"("C:\two words\x.exe"  "C:\a b" /c)"), LR"("C:\a b" /c)");
-    EXPECT_EQ(behindName(LR"(C:\x.exe C:\a)"), LR"(C:\a)");
-    EXPECT_EQ(behindName(L"x.exe\t/a "), L"/a ");
-    EXPECT_EQ(behindName(L"x.exe"), L"");
-    EXPECT_EQ(behindName(L"x.exe  "), L"");
-    EXPECT_EQ(behindName(L"\"x.exe\""), L"");
-    EXPECT_EQ(behindName(L"\"unclosed /a"), L"");
-    EXPECT_EQ(behindName(L""), L"");
+TEST(WindowsMachine, TheCommandIsWhatFollowsTheProgramsName) {
+    EXPECT_EQ(afterName(LR"("C:\two words\x.exe"  "C:\a b" /c)"), LR"("C:\a b" /c)");
+    EXPECT_EQ(afterName(LR"(C:\x.exe C:\a)"), LR"(C:\a)");
+    EXPECT_EQ(afterName(L"x.exe\t/a "), L"/a ");
+    EXPECT_EQ(afterName(L"x.exe"), L"");
+    EXPECT_EQ(afterName(L"x.exe  "), L"");
+    EXPECT_EQ(afterName(L"\"x.exe\""), L"");
+    EXPECT_EQ(afterName(L"\"unclosed /a"), L"");
+    EXPECT_EQ(afterName(L""), L"");
     const std::string own = openMachine()->platform().app.Command;
     EXPECT_TRUE(toUtf8(GetCommandLineW()).ends_with(own));
     EXPECT_EQ(own.find("test_platform"), std::string::npos) << own;

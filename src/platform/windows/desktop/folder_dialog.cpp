@@ -1,6 +1,6 @@
 #include "platform/windows/desktop/folder_dialog.h"
 
-// Behind the one above, which brings what it needs.
+// After the one above, which brings what it needs.
 #include <shlobj.h>
 
 #include <exception>

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "platform/shell32.h"
-// Behind the one above: the system's headers give the names in it to their wide versions.
+// After the one above: the system's headers give the names in it to their wide versions.
 #include <windows.h>
-// Behind the one above, which it needs.
+// After the one above, which it needs.
 #include <shtypes.h>
 
 namespace velmora::windows {

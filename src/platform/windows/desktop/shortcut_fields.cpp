@@ -1,7 +1,7 @@
 #include "platform/windows/desktop/shortcut_fields.h"
 
 #include <windows.h>
-// Behind the one above, which it needs.
+// After the one above, which it needs.
 #include <commctrl.h>
 
 #include <charconv>

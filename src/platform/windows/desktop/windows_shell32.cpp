@@ -1,12 +1,13 @@
 #include "platform/windows/desktop/windows_shell32.h"
 
 #include <windows.h>
-// Behind the one above, which they need.
+// After the one above, which they need.
 #include <shellapi.h>
 #include <shlobj.h>
 
 #include "platform/windows/desktop/folder_dialog.h"
 #include "platform/windows/programs/program_start.h"
+#include "platform/windows/system/unique_handle.h"
 #include "platform/windows/system/utf16.h"
 #include "platform/windows/trash/file_operation.h"
 
@@ -18,8 +19,8 @@ namespace velmora::windows {
 
 namespace {
 
-// The list itself is of no use but for its path, so that is what is handed on, and the list is
-// freed; a place without a path has none here either.
+// Only the path of the list is of use, so the list is freed here; a place without a path gives an
+// empty one.
 std::string takePlace(PIDLIST_ABSOLUTE items) {
     std::wstring path(MAX_PATH, L'\0');
     const bool hasPath = SHGetPathFromIDListW(items, path.data());
@@ -69,7 +70,8 @@ bool WindowsShell32::ShellExecuteEx(const ShellExecuteInfo& info) {
     order.lpFile = file.c_str();
     order.nShow = SW_SHOWNORMAL;
     const bool isTaken = ShellExecuteExW(&order);
-    if ((info.mask & SEE_MASK_NOCLOSEPROCESS) != 0 && order.hProcess) CloseHandle(order.hProcess);
+    const bool hasProcess = (info.mask & SEE_MASK_NOCLOSEPROCESS) != 0;
+    const UniqueHandle process(hasProcess ? order.hProcess : nullptr);
     return isTaken;
 }
 

@@ -1,7 +1,7 @@
 #include "platform/windows/desktop/windows_winmm.h"
 
 #include <windows.h>
-// Behind the one above, which it needs.
+// After the one above, which it needs.
 #include <mmsystem.h>
 
 #include "platform/windows/system/utf16.h"

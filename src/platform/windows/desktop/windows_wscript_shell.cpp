@@ -1,7 +1,7 @@
 #include "platform/windows/desktop/windows_wscript_shell.h"
 
 #include <windows.h>
-// Behind the one above, which they need.
+// After the one above, which they need.
 #include <shlguid.h>
 #include <shlobj.h>
 

@@ -26,8 +26,8 @@ class DriveQuestions {
     DriveQuestions& operator=(const DriveQuestions&) = delete;
 
     /// The answer, or nothing when the drive doesn't answer in time, an earlier question to it is
-    /// still pending, the question fails by an exception, or no thread can be had. Drives are told
-    /// apart without regard to case.
+    /// still pending, the question fails by an exception, or no thread can be had. Names of
+    /// drives are compared without regard to case.
     template <typename Answer>
     std::optional<Answer> ask(const std::string& drive, std::function<Answer()> question) {
         const auto answer = std::make_shared<std::optional<Answer>>();

@@ -1,17 +1,18 @@
 #include "platform/windows/entries/entry_facts.h"
 
 #include "platform/windows/system/system_errors.h"
+#include "platform/windows/system/unique_handle.h"
 
 namespace velmora::windows {
 
 namespace {
 
-// Both ways to ask tell the same under the same names.
-template <typename Told>
-EntryFacts factsOf(const Told& told) {
-    EntryFacts facts{told.dwFileAttributes, wholeOf(told.ftCreationTime),
-                     wholeOf(told.ftLastAccessTime), wholeOf(told.ftLastWriteTime),
-                     wholeOf(told.nFileSizeHigh, told.nFileSizeLow)};
+// Both system calls below give the same fields under the same names.
+template <typename Information>
+EntryFacts factsOf(const Information& information) {
+    EntryFacts facts{information.dwFileAttributes, wholeOf(information.ftCreationTime),
+                     wholeOf(information.ftLastAccessTime), wholeOf(information.ftLastWriteTime),
+                     wholeOf(information.nFileSizeHigh, information.nFileSizeLow)};
     // Not every drive keeps all of them.
     if (facts.created == 0) facts.created = facts.written;
     if (facts.accessed == 0) facts.accessed = facts.written;
@@ -19,11 +20,11 @@ EntryFacts factsOf(const Told& told) {
 }
 
 DWORD readListed(const std::wstring& path, EntryFacts& facts) {
-    WIN32_FIND_DATAW told{};
-    const HANDLE search = FindFirstFileW(path.c_str(), &told);
+    WIN32_FIND_DATAW entry{};
+    const HANDLE search = FindFirstFileW(path.c_str(), &entry);
     if (search == INVALID_HANDLE_VALUE) return GetLastError();
     FindClose(search);
-    facts = factsOf(told);
+    facts = factsOf(entry);
     return ERROR_SUCCESS;
 }
 
@@ -39,19 +40,17 @@ std::uint64_t wholeOf(const FILETIME& time) {
 
 DWORD readFacts(const std::wstring& path, EntryFacts& facts) {
     // To read attributes alone never conflicts with whoever has the file open.
-    const HANDLE handle = CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES,
-                                      FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                                      nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
-    if (handle == INVALID_HANDLE_VALUE) {
+    const UniqueHandle handle(CreateFileW(
+        path.c_str(), FILE_READ_ATTRIBUTES, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+        nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+    if (!handle.isOpen()) {
         const DWORD failure = GetLastError();
         return isMissing(failure) ? failure : readListed(path, facts);
     }
-    BY_HANDLE_FILE_INFORMATION told{};
-    const DWORD failure =
-        GetFileInformationByHandle(handle, &told) ? ERROR_SUCCESS : GetLastError();
-    CloseHandle(handle);
-    if (failure == ERROR_SUCCESS) facts = factsOf(told);
-    return failure;
+    BY_HANDLE_FILE_INFORMATION information{};
+    if (!GetFileInformationByHandle(handle.get(), &information)) return GetLastError();
+    facts = factsOf(information);
+    return ERROR_SUCCESS;
 }
 
 DateTime localTime(std::uint64_t time) {

@@ -1,4 +1,4 @@
-// What the system tells about a file or folder at a path.
+// What the system knows about a file or folder at a path.
 #pragma once
 
 #include <windows.h>
@@ -22,8 +22,8 @@ struct EntryFacts {
 std::uint64_t wholeOf(DWORD high, DWORD low);
 std::uint64_t wholeOf(const FILETIME& time);
 
-/// Of what a link points to, like opening it. A file that nobody may open is told as its folder
-/// lists it. The system's error code, 0 for success.
+/// Of what a link points to, like opening it. For a file that nobody may open, what its
+/// folder lists. The system's error code, 0 for success.
 DWORD readFacts(const std::wstring& path, EntryFacts& facts);
 
 /// Such a time as the local one of its day; "no date" for none.

@@ -15,8 +15,8 @@ namespace velmora::windows {
 
 class FolderListing {
   public:
-    /// `pattern` is a folder's path in the system's form with a back-slash and "*" behind; `drive`
-    /// names the drive that is asked. Nothing is asked before the first entry.
+    /// `pattern` is a folder's path in the system's form with a back-slash and "*" at the end;
+    /// `drive` names the drive that is asked. Nothing is asked before the first entry.
     FolderListing(std::shared_ptr<DriveQuestions> questions, std::string drive,
                   std::wstring pattern);
     ~FolderListing();
@@ -26,7 +26,7 @@ class FolderListing {
     /// The next entry, "." and ".." among them; stays as it is until the next call. Null at the
     /// end.
     const WIN32_FIND_DATAW* next();
-    /// Why it ended: 18 when all entries were told, 21 when the drive missed the deadline, or else
+    /// Why it ended: 18 when all entries were given, 21 when the drive missed the deadline, or else
     /// the system's error code. 0 before the end.
     DWORD end() const { return end_; }
 

@@ -1,7 +1,7 @@
 #include "platform/windows/entries/opened_entry.h"
 
 #include <windows.h>
-// Behind the one above, which they need.
+// After the one above, which they need.
 #include <winioctl.h>
 #include <winternl.h>
 
@@ -26,14 +26,14 @@ DWORD resultOf(BOOL isDone) {
     return isDone ? ERROR_SUCCESS : GetLastError();
 }
 
-// Without the drive. Under Wine that of what was opened, behind all links of the host.
+// Without the drive. Under Wine the path with all links of the host followed.
 std::wstring pathOnDrive(HANDLE handle) {
     std::vector<char> buffer(1U << 16);
-    auto* told = reinterpret_cast<FILE_NAME_INFO*>(buffer.data());
-    if (!GetFileInformationByHandleEx(handle, FileNameInfo, told,
+    auto* path = reinterpret_cast<FILE_NAME_INFO*>(buffer.data());
+    if (!GetFileInformationByHandleEx(handle, FileNameInfo, path,
                                       static_cast<DWORD>(buffer.size())))
         return {};
-    return {told->FileName, told->FileNameLength / sizeof(wchar_t)};
+    return {path->FileName, path->FileNameLength / sizeof(wchar_t)};
 }
 
 bool isSameText(const std::wstring& first, const std::wstring& second) {
@@ -41,7 +41,7 @@ bool isSameText(const std::wstring& first, const std::wstring& second) {
                                 static_cast<int>(second.size()), TRUE) == CSTR_EQUAL;
 }
 
-// Wine tells a path without the dots and blanks at its end.
+// Wine gives a path without the dots and blanks at its end.
 std::wstring withoutEnd(const std::wstring& path) {
     return path.substr(0, path.find_last_not_of(L". \\") + 1);
 }
@@ -53,8 +53,8 @@ bool isReachedByHostLink(HANDLE handle, HANDLE folder, const std::wstring& name)
            !isSameText(withoutEnd(path.substr(0, end)), withoutEnd(pathOnDrive(folder)));
 }
 
-// Of a reparse point that junctions and mounted drives share: the latter name a volume. Wine has
-// it for what its host has mounted, without anything to be read.
+// Junctions and mounted drives share one kind of reparse point; the latter name a volume. Wine
+// shows what its host has mounted as such a point that can't be read.
 bool isMountedDrive(HANDLE handle) {
     // REPARSE_DATA_BUFFER: tag, two lengths, four more of 16 bits, and then the names.
     constexpr std::size_t nameOffset = 4;
@@ -140,7 +140,7 @@ void takeChildren(const char* buffer, std::vector<OpenedEntry::Child>& result) {
 }  // namespace
 
 bool isLink(DWORD attributes, DWORD reparseTag) {
-    // Wine tells no tag for the links of its host.
+    // Wine gives no tag for the links of its host.
     return (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
            (reparseTag == 0 || IsReparseTagNameSurrogate(reparseTag));
 }
@@ -151,52 +151,49 @@ bool isUnderWine() {
     return isIt;
 }
 
-void OpenedEntry::close() {
-    if (handle_) CloseHandle(std::exchange(handle_, nullptr));
-}
-
 DWORD OpenedEntry::openRoot(const std::wstring& root) {
     close();
-    const HANDLE handle =
-        CreateFileW(root.c_str(), toLookAt, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                    nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
-    if (handle == INVALID_HANDLE_VALUE) return GetLastError();
-    handle_ = handle;
-    return ERROR_SUCCESS;
+    handle_.reset(CreateFileW(root.c_str(), toLookAt,
+                              FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                              OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+    return handle_.isOpen() ? ERROR_SUCCESS : GetLastError();
 }
 
 DWORD OpenedEntry::openIn(const OpenedEntry& folder, const std::wstring& name, ACCESS_MASK access,
                           ULONG options, ULONG sharing) {
     close();
-    return openNative(folder.handle_, name, access, options, sharing, handle_);
+    HANDLE handle = nullptr;
+    const DWORD failure = openNative(folder.handle(), name, access, options, sharing, handle);
+    handle_.reset(handle);
+    return failure;
 }
 
 DWORD OpenedEntry::facts(Facts& result) const {
-    BY_HANDLE_FILE_INFORMATION told{};
-    if (!GetFileInformationByHandle(handle_, &told)) return GetLastError();
-    result = {told.dwFileAttributes,
-              told.ftCreationTime,
-              told.ftLastAccessTime,
-              told.ftLastWriteTime,
-              wide(told.nFileSizeHigh, told.nFileSizeLow),
-              told.dwVolumeSerialNumber,
-              wide(told.nFileIndexHigh, told.nFileIndexLow)};
+    BY_HANDLE_FILE_INFORMATION information{};
+    if (!GetFileInformationByHandle(handle(), &information)) return GetLastError();
+    result = {information.dwFileAttributes,
+              information.ftCreationTime,
+              information.ftLastAccessTime,
+              information.ftLastWriteTime,
+              wide(information.nFileSizeHigh, information.nFileSizeLow),
+              information.dwVolumeSerialNumber,
+              wide(information.nFileIndexHigh, information.nFileIndexLow)};
     return ERROR_SUCCESS;
 }
 
-DWORD OpenedEntry::natureIn(const OpenedEntry& folder, const std::wstring& name,
-                            Nature& result) const {
+DWORD OpenedEntry::kindIn(const OpenedEntry& folder, const std::wstring& name,
+                          EntryKind& result) const {
     FILE_ATTRIBUTE_TAG_INFO tag{};
-    if (!GetFileInformationByHandleEx(handle_, FileAttributeTagInfo, &tag, sizeof tag))
+    if (!GetFileInformationByHandleEx(handle(), FileAttributeTagInfo, &tag, sizeof tag))
         return GetLastError();
-    result = Nature::plain;
+    result = EntryKind::plain;
     if (isLink(tag.FileAttributes, tag.ReparseTag)) {
         const bool isMounted =
-            tag.ReparseTag == IO_REPARSE_TAG_MOUNT_POINT && isMountedDrive(handle_);
-        result = isMounted ? Nature::mounted : Nature::link;
+            tag.ReparseTag == IO_REPARSE_TAG_MOUNT_POINT && isMountedDrive(handle());
+        result = isMounted ? EntryKind::mounted : EntryKind::link;
     }
-    if (isUnderWine() && isReachedByHostLink(handle_, folder.handle_, name))
-        result = Nature::hostLink;
+    if (isUnderWine() && isReachedByHostLink(handle(), folder.handle(), name))
+        result = EntryKind::hostLink;
     return ERROR_SUCCESS;
 }
 
@@ -204,7 +201,7 @@ DWORD OpenedEntry::children(std::vector<Child>& result) const {
     std::vector<char> buffer(1U << 16);
     const auto room = static_cast<DWORD>(buffer.size());
     auto request = FileFullDirectoryRestartInfo;
-    while (GetFileInformationByHandleEx(handle_, request, buffer.data(), room)) {
+    while (GetFileInformationByHandleEx(handle(), request, buffer.data(), room)) {
         takeChildren(buffer.data(), result);
         request = FileFullDirectoryInfo;
     }
@@ -214,11 +211,11 @@ DWORD OpenedEntry::children(std::vector<Child>& result) const {
 }
 
 DWORD OpenedEntry::remove(bool force) const {
-    Facts told;
-    if (const DWORD failure = facts(told)) return failure;
-    const bool isReadOnly = (told.attributes & FILE_ATTRIBUTE_READONLY) != 0;
-    if (!isReadOnly) return disposeOfWritable(handle_);
-    return force ? disposeOfReadOnly(handle_, told.attributes) : ERROR_FILE_READ_ONLY;
+    Facts current;
+    if (const DWORD failure = facts(current)) return failure;
+    const bool isReadOnly = (current.attributes & FILE_ATTRIBUTE_READONLY) != 0;
+    if (!isReadOnly) return disposeOfWritable(handle());
+    return force ? disposeOfReadOnly(handle(), current.attributes) : ERROR_FILE_READ_ONLY;
 }
 
 namespace {
@@ -230,11 +227,11 @@ DWORD step(OpenedEntry& folder, const std::wstring& name, bool isHeld) {
     const ULONG sharing = FILE_SHARE_READ | FILE_SHARE_WRITE | (isHeld ? 0 : FILE_SHARE_DELETE);
     if (const DWORD failure = next.openIn(folder, name, access, FILE_DIRECTORY_FILE, sharing))
         return failure;
-    Nature nature{};
-    if (const DWORD failure = next.natureIn(folder, name, nature)) return failure;
+    EntryKind kind{};
+    if (const DWORD failure = next.kindIn(folder, name, kind)) return failure;
     // Below Wine the folder of what its host has mounted is that drive itself, already opened.
-    const bool isHostMount = nature == Nature::mounted && isUnderWine();
-    if (nature != Nature::plain && !isHostMount) return ledThroughLink;
+    const bool isHostMount = kind == EntryKind::mounted && isUnderWine();
+    if (kind != EntryKind::plain && !isHostMount) return ledThroughLink;
     folder = std::move(next);
     return ERROR_SUCCESS;
 }

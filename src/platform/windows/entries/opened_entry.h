@@ -1,6 +1,6 @@
 // Files and folders opened by their names in an opened folder, as what they are themselves: no link
-// is ever followed. What is done to such an entry is done to the very one that was looked at,
-// whatever happens to its path meanwhile.
+// is ever followed. Whatever is done to such an entry is done to the very one that was opened, even
+// when something else is put at its path meanwhile.
 //
 // Results are the system's error codes, 0 for success.
 #pragma once
@@ -9,17 +9,17 @@
 
 #include <cstdint>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "platform/windows/paths/exact_path.h"
+#include "platform/windows/system/unique_handle.h"
 
 namespace velmora::windows {
 
-/// A way that leads through a link, which isn't gone: ERROR_STOPPED_ON_SYMLINK.
+/// A path that leads through a link isn't followed: ERROR_STOPPED_ON_SYMLINK.
 inline constexpr DWORD ledThroughLink = 681;
 
-enum class Nature {
+enum class EntryKind {
     plain,
     link,      ///< a symbolic link or a junction, opened itself
     mounted,   ///< another drive's place in this one
@@ -52,14 +52,6 @@ class OpenedEntry {
         DWORD reparseTag = 0;
     };
 
-    OpenedEntry() = default;
-    ~OpenedEntry() { close(); }
-    OpenedEntry(OpenedEntry&& other) noexcept : handle_(std::exchange(other.handle_, nullptr)) {}
-    OpenedEntry& operator=(OpenedEntry&& other) noexcept {
-        std::swap(handle_, other.handle_);
-        return *this;
-    }
-
     /// The root of a drive, by its path.
     DWORD openRoot(const std::wstring& root);
     /// An entry of an opened folder. `options` are those of the system's native calls, `sharing`
@@ -67,25 +59,25 @@ class OpenedEntry {
     DWORD openIn(const OpenedEntry& folder, const std::wstring& name, ACCESS_MASK access,
                  ULONG options = 0,
                  ULONG sharing = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE);
-    void close();
+    void close() { handle_.reset(); }
 
     DWORD facts(Facts& result) const;
     /// What the entry is, opened by this name in this folder.
-    DWORD natureIn(const OpenedEntry& folder, const std::wstring& name, Nature& result) const;
+    DWORD kindIn(const OpenedEntry& folder, const std::wstring& name, EntryKind& result) const;
     /// All entries of a folder without "." and "..".
     DWORD children(std::vector<Child>& result) const;
     /// Removes the entry, with `force` also when it is read-only. It must have been opened for
     /// that, with `force` also to write attributes. A folder must be empty.
     DWORD remove(bool force) const;
 
-    HANDLE handle() const { return handle_; }
+    HANDLE handle() const { return handle_.get(); }
 
   private:
-    HANDLE handle_ = nullptr;
+    UniqueHandle handle_;
 };
 
-/// Opens the folder that a path's last name lies in, step by step from the root of its drive.
-/// `ledThroughLink` when a step is a link or a drive mounted there. With `isHeld` nobody can
+/// Opens the parent folder of a path, step by step from the root of its drive. `ledThroughLink`
+/// when a step is a link or a drive mounted there. With `isHeld` nobody can
 /// rename or remove that folder while it is open.
 DWORD openParent(const ExactPath& path, bool isHeld, OpenedEntry& parent);
 

@@ -1,7 +1,7 @@
 #include "platform/windows/files/entry_reading.h"
 
 #include <windows.h>
-// Behind the one above, which it needs.
+// After the one above, which it needs.
 #include <shellapi.h>
 
 #include <utility>
@@ -29,9 +29,9 @@ EntryReading::EntryReading(std::shared_ptr<DriveQuestions> questions, std::strin
 const EntryFacts& EntryReading::facts(bool isFolder) {
     if (facts_) return *facts_;
     const auto answer = questions_->ask<Answer>(drive_, [wide = systemPath(path_)] {
-        Answer told;
-        told.failure = readFacts(wide, told.facts);
-        return told;
+        Answer reading;
+        reading.failure = readFacts(wide, reading.facts);
+        return reading;
     });
     const DWORD failure = answer ? answer->failure : ERROR_NOT_READY;
     const bool isOther = answer && failure == ERROR_SUCCESS &&

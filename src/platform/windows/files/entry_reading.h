@@ -1,4 +1,4 @@
-// What is told about one file or folder: read at the first question, within the drive's deadline.
+// The properties of one file or folder: read at the first question, within the drive's deadline.
 #pragma once
 
 #include <memory>

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/runtime_error.h"
+#include "base/scope_guard.h"
 #include "platform/windows/entries/folder_listing.h"
 #include "platform/windows/entries/opened_entry.h"
 #include "platform/windows/paths/exact_path.h"
@@ -52,14 +53,13 @@ std::optional<WindowsFolder::Counts> WindowsFolder::count(const std::string& pat
         if (GetLastError() == ERROR_FILE_NOT_FOUND) return counts;
         return std::nullopt;
     }
+    const ScopeGuard closing([search] { FindClose(search); });
     do {
         if (isDots(entry.cFileName)) continue;
         const bool isFolder = (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
         ++(isFolder ? counts.folders : counts.files);
     } while (FindNextFileW(search, &entry));
-    const bool isComplete = GetLastError() == ERROR_NO_MORE_FILES;
-    FindClose(search);
-    if (!isComplete) return std::nullopt;
+    if (GetLastError() != ERROR_NO_MORE_FILES) return std::nullopt;
     return counts;
 }
 

@@ -12,8 +12,9 @@ namespace velmora::windows {
 
 class WindowsFolder final : public Folder {
   public:
-    /// The reading's path is absolute, without a back-slash behind unless it is a root. `asWritten`
-    /// is the path that named the folder: what is removed is what it names by the letter.
+    /// The reading's path is absolute, without a back-slash at the end unless it is a root.
+    /// `asWritten` is the path that named the folder: what is removed is what it names by the
+    /// letter.
     WindowsFolder(EntryReading reading, std::string asWritten);
 
     std::string Path() const override { return reading_.path(); }

@@ -38,7 +38,7 @@ struct WindowsKernel32::Listing {
         : entries(std::move(questions), driveOfPath(pattern), systemPath(pattern)) {}
 
     FolderListing entries;
-    bool isOver = false;  // and why was told
+    bool isOver = false;  // and the reason was reported
 };
 
 WindowsKernel32::WindowsKernel32(std::shared_ptr<DriveQuestions> questions)

@@ -3,12 +3,14 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "base/runtime_error.h"
 #include "base/text.h"
 #include "platform/windows/entries/entry_facts.h"
 #include "platform/windows/removal/removal.h"
 #include "platform/windows/system/system_errors.h"
+#include "platform/windows/system/unique_handle.h"
 #include "platform/windows/system/utf16.h"
 
 namespace velmora::windows {
@@ -42,8 +44,8 @@ int errorOfOpening(DWORD reason, const std::wstring& path) {
     }
 }
 
-// A missing file in a folder that is there is a matter of its own. The system doesn't always tell
-// it from a missing drive.
+// A missing file in a folder that is there has an error of its own. The system's code doesn't
+// always differ from that of a missing drive.
 int errorOfReading(DWORD reason, const std::wstring& path) {
     const bool isMissing = reason == ERROR_FILE_NOT_FOUND;
     const auto name = path.find_last_of(L"\\/");
@@ -64,23 +66,22 @@ std::wstring systemPathOrError(const std::string& path) {
 
 class OpenFile {
   public:
-    explicit OpenFile(HANDLE handle) : handle_(handle) {}
-    ~OpenFile() { CloseHandle(handle_); }
-    OpenFile(const OpenFile&) = delete;
-    OpenFile& operator=(const OpenFile&) = delete;
+    explicit OpenFile(UniqueHandle handle) : handle_(std::move(handle)) {}
 
     LARGE_INTEGER goToEnd() {
         LARGE_INTEGER end{};
-        if (!SetFilePointerEx(handle_, {}, &end, FILE_END)) throw RuntimeError(error::deviceIo);
+        if (!SetFilePointerEx(handle_.get(), {}, &end, FILE_END))
+            throw RuntimeError(error::deviceIo);
         return end;
     }
 
-    /// Takes the bytes that were written off their front.
+    /// Removes the bytes that were written from the front.
     DWORD write(std::string_view& bytes) {
         while (!bytes.empty()) {
             const auto count = static_cast<DWORD>(std::min(bytes.size(), mostAtOnce));
             DWORD written = 0;
-            if (!WriteFile(handle_, bytes.data(), count, &written, nullptr)) return GetLastError();
+            if (!WriteFile(handle_.get(), bytes.data(), count, &written, nullptr))
+                return GetLastError();
             if (written == 0) return ERROR_DISK_FULL;
             bytes.remove_prefix(written);
         }
@@ -88,20 +89,20 @@ class OpenFile {
     }
 
     DWORD cutTo(LARGE_INTEGER size) {
-        const bool isCut =
-            SetFilePointerEx(handle_, size, nullptr, FILE_BEGIN) && SetEndOfFile(handle_);
+        const bool isCut = SetFilePointerEx(handle_.get(), size, nullptr, FILE_BEGIN) &&
+                           SetEndOfFile(handle_.get());
         return isCut ? ERROR_SUCCESS : GetLastError();
     }
 
     std::string readToEnd() {
         LARGE_INTEGER size{};
-        GetFileSizeEx(handle_, &size);
+        GetFileSizeEx(handle_.get(), &size);
         std::string content(static_cast<std::size_t>(size.QuadPart) + 1, '\0');
         std::size_t used = 0;
         while (true) {
             const auto room = static_cast<DWORD>(std::min(content.size() - used, mostAtOnce));
             DWORD got = 0;
-            if (!ReadFile(handle_, content.data() + used, room, &got, nullptr))
+            if (!ReadFile(handle_.get(), content.data() + used, room, &got, nullptr))
                 throw RuntimeError(error::deviceIo);
             if (got == 0) break;
             used += got;
@@ -112,23 +113,22 @@ class OpenFile {
     }
 
   private:
-    HANDLE handle_;
+    UniqueHandle handle_;
 };
 
 // A file open for writing, made if need be. Others may read it meanwhile, nobody else may write.
-HANDLE openToWrite(const std::wstring& path) {
+UniqueHandle openToWrite(const std::wstring& path) {
     // Appending rights alone would not allow to cut a half-written line off again.
-    const HANDLE handle = CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
-                                      OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (handle == INVALID_HANDLE_VALUE) throw RuntimeError(errorOfOpening(GetLastError(), path));
+    UniqueHandle handle(CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                                    OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!handle.isOpen()) throw RuntimeError(errorOfOpening(GetLastError(), path));
     return handle;
 }
 
-HANDLE openToRead(const std::wstring& path) {
-    const HANDLE handle =
-        CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (handle == INVALID_HANDLE_VALUE) throw RuntimeError(errorOfReading(GetLastError(), path));
+UniqueHandle openToRead(const std::wstring& path) {
+    UniqueHandle handle(CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                    nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!handle.isOpen()) throw RuntimeError(errorOfReading(GetLastError(), path));
     return handle;
 }
 

@@ -26,7 +26,7 @@ DWORD resultOf(BOOL isDone) {
 
 // Opens the source so that nobody else can write to it, once nobody does, and only when it is still
 // the very file that was looked at.
-DWORD openSource(const Place& source, const OpenedEntry::Facts& original, ACCESS_MASK access,
+DWORD openSource(const HeldPath& source, const OpenedEntry::Facts& original, ACCESS_MASK access,
                  ULONG sharing, OpenedEntry& entry) {
     if (const DWORD failure =
             entry.openIn(source.folder, source.name(),
@@ -37,35 +37,36 @@ DWORD openSource(const Place& source, const OpenedEntry::Facts& original, ACCESS
     return isSame(facts, original) ? ERROR_SUCCESS : ERROR_SHARING_VIOLATION;
 }
 
-// What is open to be read can't be opened to be removed, so there is one between the two: at no
-// moment can anybody write.
-DWORD exchangeForRemoval(OpenedEntry& kept, const Place& source, const OpenedEntry::Facts& original,
-                         OpenedEntry& doomed) {
+// A file open for reading can't be opened for removal too, so a third opening holds it between the
+// two: at no moment can anybody write.
+DWORD exchangeForRemoval(OpenedEntry& kept, const HeldPath& source,
+                         const OpenedEntry::Facts& original, OpenedEntry& removable) {
     OpenedEntry between;
     DWORD failure = openSource(source, original, 0, FILE_SHARE_READ | FILE_SHARE_DELETE, between);
     kept.close();
     if (failure == ERROR_SUCCESS)
-        failure =
-            openSource(source, original, DELETE | FILE_WRITE_ATTRIBUTES, FILE_SHARE_READ, doomed);
-    if (failure != ERROR_SUCCESS) doomed.close();
+        failure = openSource(source, original, DELETE | FILE_WRITE_ATTRIBUTES, FILE_SHARE_READ,
+                             removable);
+    if (failure != ERROR_SUCCESS) removable.close();
     return failure;
 }
 
-enum class Standing { unchanged, changed, gone, unknown };
+enum class SourceState { unchanged, changed, gone, unknown };
 
-Standing standingOf(const Place& source, const OpenedEntry::Facts& original) {
+SourceState stateOf(const HeldPath& source, const OpenedEntry::Facts& original) {
     OpenedEntry entry;
     const DWORD failure = entry.openIn(source.folder, source.name(), FILE_READ_ATTRIBUTES);
-    if (failure == ERROR_FILE_NOT_FOUND) return Standing::gone;
+    if (failure == ERROR_FILE_NOT_FOUND) return SourceState::gone;
     OpenedEntry::Facts facts;
-    if (failure != ERROR_SUCCESS || entry.facts(facts) != ERROR_SUCCESS) return Standing::unknown;
-    return isSame(facts, original) ? Standing::unchanged : Standing::changed;
+    if (failure != ERROR_SUCCESS || entry.facts(facts) != ERROR_SUCCESS)
+        return SourceState::unknown;
+    return isSame(facts, original) ? SourceState::unchanged : SourceState::changed;
 }
 
 // A file that is being copied, beside the place that it is to have.
 class Copy {
   public:
-    explicit Copy(const Place& target) : target_(target), path_(target.path) {
+    explicit Copy(const HeldPath& target) : target_(target), path_(target.path) {
         static LONG count = 0;
         wchar_t name[80];
         std::swprintf(name, std::size(name), L"velmora-%lx-%llx-%lx.part", GetCurrentProcessId(),
@@ -75,10 +76,10 @@ class Copy {
     }
 
     /// Copies and makes it whole; after a failure nothing remains.
-    DWORD make(const Place& source, const OpenedEntry::Facts& original);
+    DWORD make(const HeldPath& source, const OpenedEntry::Facts& original);
     /// Gives it its own name, when nothing has it.
     DWORD putInPlace();
-    void takeBack();
+    void discard();
 
   private:
     DWORD open();
@@ -87,7 +88,7 @@ class Copy {
     DWORD setTimes(const OpenedEntry::Facts& facts, DWORD attributes) const;
     DWORD renameByPath();
 
-    const Place& target_;
+    const HeldPath& target_;
     ExactPath path_;
     OpenedEntry entry_;
 };
@@ -104,18 +105,18 @@ DWORD Copy::open() {
     }
 }
 
-DWORD Copy::make(const Place& source, const OpenedEntry::Facts& original) {
+DWORD Copy::make(const HeldPath& source, const OpenedEntry::Facts& original) {
     DWORD failure = resultOf(CopyFileExW(source.path.text().c_str(), path_.text().c_str(), nullptr,
                                          nullptr, nullptr, COPY_FILE_FAIL_IF_EXISTS));
     // Somebody else's, whatever it is.
     if (failure == ERROR_FILE_EXISTS || failure == ERROR_ALREADY_EXISTS) return failure;
     if (failure == ERROR_SUCCESS) failure = open();
     if (failure == ERROR_SUCCESS) failure = finish(original);
-    if (failure != ERROR_SUCCESS) takeBack();
+    if (failure != ERROR_SUCCESS) discard();
     return failure;
 }
 
-void Copy::takeBack() {
+void Copy::discard() {
     if (entry_.handle() || open() == ERROR_SUCCESS) entry_.remove(true);
     entry_.close();
 }
@@ -176,35 +177,35 @@ DWORD Copy::renameByPath() {
 }
 
 // The copy is whole and has its name.
-DWORD removeSource(OpenedEntry& doomed, const Place& source, const OpenedEntry::Facts& original,
-                   Copy& copy) {
-    const DWORD failure = doomed.remove(true);
-    doomed.close();
+DWORD removeSource(OpenedEntry& removable, const HeldPath& source,
+                   const OpenedEntry::Facts& original, Copy& copy) {
+    const DWORD failure = removable.remove(true);
+    removable.close();
     if (failure == ERROR_SUCCESS) return ERROR_SUCCESS;
-    // Of a drive that is far away a failure doesn't tell that nothing was done.
-    const Standing standing = standingOf(source, original);
-    if (standing == Standing::gone) return ERROR_SUCCESS;
-    if (standing == Standing::unchanged) copy.takeBack();
+    // A failure of a remote drive doesn't mean that nothing was done.
+    const SourceState state = stateOf(source, original);
+    if (state == SourceState::gone) return ERROR_SUCCESS;
+    if (state == SourceState::unchanged) copy.discard();
     return failure;
 }
 
 // Nothing was done to the source yet, but by others.
-DWORD endWithoutRemoval(DWORD failure, const Place& source, const OpenedEntry::Facts& original,
+DWORD endWithoutRemoval(DWORD failure, const HeldPath& source, const OpenedEntry::Facts& original,
                         Copy& copy) {
-    const Standing standing = standingOf(source, original);
-    if (standing == Standing::unchanged || standing == Standing::changed) {
-        copy.takeBack();
+    const SourceState state = stateOf(source, original);
+    if (state == SourceState::unchanged || state == SourceState::changed) {
+        copy.discard();
         return failure;
     }
-    // It may be the only one left.
+    // The copy may be all that is left.
     const DWORD unplaced = copy.putInPlace();
     if (unplaced != ERROR_SUCCESS) return unplaced;
-    return standing == Standing::gone ? ERROR_SUCCESS : failure;
+    return state == SourceState::gone ? ERROR_SUCCESS : failure;
 }
 
 }  // namespace
 
-DWORD moveToOtherDrive(const Place& source, const Place& target,
+DWORD moveToOtherDrive(const HeldPath& source, const HeldPath& target,
                        const OpenedEntry::Facts& original) {
     // Nobody renames the source while it is copied by its name, and nobody writes to it at all.
     OpenedEntry kept;
@@ -212,15 +213,15 @@ DWORD moveToOtherDrive(const Place& source, const Place& target,
         return failure;
     Copy copy(target);
     if (const DWORD failure = copy.make(source, original)) return failure;
-    OpenedEntry doomed;
-    if (const DWORD failure = exchangeForRemoval(kept, source, original, doomed))
+    OpenedEntry removable;
+    if (const DWORD failure = exchangeForRemoval(kept, source, original, removable))
         return endWithoutRemoval(failure, source, original, copy);
     // Nobody else removes the source while it is open for that.
     if (const DWORD unplaced = copy.putInPlace()) {
-        copy.takeBack();
+        copy.discard();
         return unplaced;
     }
-    return removeSource(doomed, source, original, copy);
+    return removeSource(removable, source, original, copy);
 }
 
 }  // namespace velmora::windows

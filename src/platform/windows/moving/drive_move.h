@@ -11,7 +11,7 @@
 namespace velmora::windows {
 
 /// A path whose folder is held open.
-struct Place {
+struct HeldPath {
     ExactPath path;
     OpenedEntry folder;
 
@@ -24,8 +24,8 @@ struct Place {
 /// it ("velmora-....part"), left there only by a crash, or by somebody who holds it open for more
 /// than some seconds. The system's error code, 0 for success, also when somebody else has removed
 /// the original in time. After a failure the file is where it was and no copy remains; where that
-/// can't be told, the copy remains too.
-DWORD moveToOtherDrive(const Place& source, const Place& target,
+/// isn't known, the copy remains too.
+DWORD moveToOtherDrive(const HeldPath& source, const HeldPath& target,
                        const OpenedEntry::Facts& original);
 
 }  // namespace velmora::windows

@@ -24,7 +24,7 @@ std::size_t lengthOfRoot(const std::wstring& text) {
     return std::min(share + 1, text.size());
 }
 
-// Takes the names behind the root; false when one of them can't be a name.
+// Takes the names after the root; false when one of them can't be a name.
 bool takeNames(std::wstring_view text, std::vector<std::wstring>& names) {
     while (!text.empty()) {
         const auto end = std::min(text.find(L'\\'), text.size());

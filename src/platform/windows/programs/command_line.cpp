@@ -4,7 +4,7 @@
 
 namespace velmora::windows {
 
-std::wstring_view behindName(std::wstring_view commandLine) {
+std::wstring_view afterName(std::wstring_view commandLine) {
     constexpr std::wstring_view blanks = L" \t";
     const bool isQuoted = commandLine.starts_with(L'"');
     const auto end = isQuoted ? commandLine.find(L'"', 1) : commandLine.find_first_of(blanks);

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include "base/runtime_error.h"
+#include "platform/windows/system/unique_handle.h"
 #include "platform/windows/system/utf16.h"
 
 namespace velmora::windows {
@@ -20,8 +21,8 @@ void startProgram(const std::string& commandLine, std::int32_t windowState) {
     // Not with this program's ways to treat drives without a medium.
     if (CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, CREATE_DEFAULT_ERROR_MODE,
                        nullptr, nullptr, &start, &started)) {
-        CloseHandle(started.hThread);
-        CloseHandle(started.hProcess);
+        const UniqueHandle thread(started.hThread);
+        const UniqueHandle process(started.hProcess);
         return;
     }
     const DWORD failure = GetLastError();

@@ -1,7 +1,7 @@
 #include "platform/windows/removal/removal.h"
 
 #include <windows.h>
-// Behind the one above, which it needs.
+// After the one above, which it needs.
 #include <winternl.h>
 
 #include <utility>
@@ -71,7 +71,7 @@ class TreeWalk {
         levels_.back().left.pop_back();
         return child;
     }
-    DWORD open(const Child& child, ACCESS_MASK access, OpenedEntry& entry, Nature& nature) const;
+    DWORD open(const Child& child, ACCESS_MASK access, OpenedEntry& entry, EntryKind& kind) const;
     DWORD checkNext();
     DWORD removeNext();
     DWORD removeEmptied();
@@ -80,9 +80,9 @@ class TreeWalk {
     std::vector<Level> levels_;
 };
 
-// By the kind that the listing told; something else that came to the place meanwhile isn't opened.
+// As the kind that was listed; anything else that took the place meanwhile isn't opened.
 DWORD TreeWalk::open(const Child& child, ACCESS_MASK access, OpenedEntry& entry,
-                     Nature& nature) const {
+                     EntryKind& kind) const {
     const OpenedEntry& folder = levels_.back().folder;
     const bool isEntered =
         isFolder(child.attributes) && !isLink(child.attributes, child.reparseTag);
@@ -90,11 +90,11 @@ DWORD TreeWalk::open(const Child& child, ACCESS_MASK access, OpenedEntry& entry,
     const ULONG options =
         isFolder(child.attributes) ? FILE_DIRECTORY_FILE : FILE_NON_DIRECTORY_FILE;
     if (const DWORD failure = entry.openIn(folder, child.name, access, options)) return failure;
-    return entry.natureIn(folder, child.name, nature);
+    return entry.kindIn(folder, child.name, kind);
 }
 
-bool isOurs(Nature nature) {
-    return nature == Nature::plain || nature == Nature::link;
+bool isOurs(EntryKind kind) {
+    return kind == EntryKind::plain || kind == EntryKind::link;
 }
 
 DWORD TreeWalk::checkNext() {
@@ -105,11 +105,11 @@ DWORD TreeWalk::checkNext() {
     // Wine lists its host's link to a file as that file.
     if (isPlainFile && !isUnderWine()) return ERROR_SUCCESS;
     OpenedEntry entry;
-    Nature nature{};
-    const DWORD failure = open(child, toLookAt, entry, nature);
+    EntryKind kind{};
+    const DWORD failure = open(child, toLookAt, entry, kind);
     if (failure != ERROR_SUCCESS) return isMissing(failure) ? ERROR_SUCCESS : failure;
-    if (!isOurs(nature)) return ledThroughLink;
-    const bool isEntered = isFolder(child.attributes) && nature == Nature::plain;
+    if (!isOurs(kind)) return ledThroughLink;
+    const bool isEntered = isFolder(child.attributes) && kind == EntryKind::plain;
     return isEntered ? enter(std::move(entry)) : ERROR_SUCCESS;
 }
 
@@ -117,12 +117,12 @@ DWORD TreeWalk::removeNext() {
     const Child child = takeNext();
     const bool mayWrite = force_ && isReadOnly(child.attributes);
     OpenedEntry entry;
-    Nature nature{};
+    EntryKind kind{};
     const DWORD failure =
-        open(child, mayWrite ? toRemove | FILE_WRITE_ATTRIBUTES : toRemove, entry, nature);
+        open(child, mayWrite ? toRemove | FILE_WRITE_ATTRIBUTES : toRemove, entry, kind);
     if (failure != ERROR_SUCCESS) return isMissing(failure) ? ERROR_SUCCESS : failure;
-    if (!isOurs(nature)) return ledThroughLink;
-    const bool isEntered = isFolder(child.attributes) && nature == Nature::plain;
+    if (!isOurs(kind)) return ledThroughLink;
+    const bool isEntered = isFolder(child.attributes) && kind == EntryKind::plain;
     return isEntered ? enter(std::move(entry)) : entry.remove(force_);
 }
 
@@ -160,7 +160,7 @@ DWORD TreeWalk::remove(OpenedEntry& top) {
     return ERROR_SUCCESS;
 }
 
-// Why something that is there can't be opened to be removed: what it is comes before who uses it.
+// The error for an entry that can't be opened for removal: what it is comes before who uses it.
 int errorOfDenied(const OpenedEntry& parent, const std::wstring& name) {
     OpenedEntry entry;
     OpenedEntry::Facts facts;
@@ -183,10 +183,10 @@ void removeFile(const std::string& path) {
     if (const DWORD failure = entry.openIn(parent, name, toRemove))
         fail(isMissing(failure) ? error::fileNotFound : errorOfDenied(parent, name));
     OpenedEntry::Facts facts;
-    Nature nature{};
+    EntryKind kind{};
     requireForFile(entry.facts(facts));
-    requireForFile(entry.natureIn(parent, name, nature));
-    if (nature == Nature::hostLink) fail(error::permissionDenied);
+    requireForFile(entry.kindIn(parent, name, kind));
+    if (kind == EntryKind::hostLink) fail(error::permissionDenied);
     if (isFolder(facts.attributes) || isReadOnly(facts.attributes)) fail(error::pathFileAccess);
     if (entry.remove(false) != ERROR_SUCCESS) fail(error::permissionDenied);
 }
@@ -201,9 +201,9 @@ void removeTree(const std::string& path, bool force) {
     OpenedEntry top;
     const ACCESS_MASK access = toRemove | FILE_LIST_DIRECTORY | (force ? FILE_WRITE_ATTRIBUTES : 0);
     requireForFolder(top.openIn(parent, name, access, FILE_DIRECTORY_FILE));
-    Nature nature{};
-    requireForFolder(top.natureIn(parent, name, nature));
-    if (nature != Nature::plain) fail(error::permissionDenied);
+    EntryKind kind{};
+    requireForFolder(top.kindIn(parent, name, kind));
+    if (kind != EntryKind::plain) fail(error::permissionDenied);
     // What is missing from here on isn't the folder itself.
     TreeWalk walk(force);
     if (walk.check(top) != ERROR_SUCCESS || walk.remove(top) != ERROR_SUCCESS)

@@ -25,7 +25,7 @@ bool isText(std::uint32_t type) {
     return type == REG_SZ || type == REG_EXPAND_SZ;
 }
 
-// Whoever wrote the value may have left out the NUL behind a text, or half of its last character.
+// Whoever wrote the value may have left out the NUL after a text, or half of its last character.
 std::string textOf(const std::string& bytes) {
     std::wstring text(bytes.size() / sizeof(wchar_t), L'\0');
     std::memcpy(text.data(), bytes.data(), text.size() * sizeof(wchar_t));
@@ -73,7 +73,7 @@ std::int32_t WindowsAdvapi32::RegQueryValueExA(RegistryKey key, const std::strin
         auto size = static_cast<DWORD>(bytes.size());
         result = RegQueryValueExW(handleOf(key), wideName.c_str(), nullptr, &found,
                                   reinterpret_cast<BYTE*>(bytes.data()), &size);
-        // Some hives don't tell how much there is.
+        // Some hives don't report the size.
         bytes.resize(size > bytes.size() || result == ERROR_SUCCESS ? size : bytes.size() * 2);
     }
     if (result != ERROR_SUCCESS) return result;

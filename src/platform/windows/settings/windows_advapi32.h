@@ -12,7 +12,7 @@ class WindowsAdvapi32 final : public Advapi32 {
   public:
     std::int32_t RegOpenKeyExA(std::uint32_t hive, const std::string& subKey, std::uint32_t options,
                                std::uint32_t access, RegistryKey& key) override;
-    /// A text is written with the NUL that readers expect behind it.
+    /// A text is written with the NUL at its end that readers expect.
     std::int32_t RegSetValueExA(RegistryKey key, const std::string& name, std::uint32_t reserved,
                                 std::uint32_t type, const std::string& data,
                                 std::uint32_t length) override;

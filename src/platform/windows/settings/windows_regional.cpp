@@ -11,7 +11,7 @@ namespace velmora::windows {
 
 namespace {
 
-// A setting as text; `otherwise` when the system doesn't tell.
+// A setting as text; `otherwise` when the system has none.
 std::string setting(LCTYPE which, const std::string& otherwise) {
     std::array<wchar_t, 80> text{};
     const int size = GetLocaleInfoEx(LOCALE_NAME_USER_DEFAULT, which, text.data(),

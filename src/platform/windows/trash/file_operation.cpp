@@ -1,7 +1,7 @@
 #include "platform/windows/trash/file_operation.h"
 
 #include <windows.h>
-// Behind the one above, which it needs.
+// After the one above, which it needs.
 #include <shellapi.h>
 
 #include <string>
@@ -29,11 +29,11 @@ int failureOfEntry(const OpenedEntry& parent, const std::wstring& name) {
     if (const DWORD failure = entry.openIn(parent, name, FILE_READ_ATTRIBUTES))
         return codeOfFailure(failure);
     OpenedEntry::Facts facts;
-    Nature nature{};
+    EntryKind kind{};
     if (const DWORD failure = entry.facts(facts)) return codeOfFailure(failure);
-    if (const DWORD failure = entry.natureIn(parent, name, nature)) return codeOfFailure(failure);
+    if (const DWORD failure = entry.kindIn(parent, name, kind)) return codeOfFailure(failure);
     const bool isFile = (facts.attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
-    const bool isTaken = nature == Nature::plain || (nature == Nature::link && isFile);
+    const bool isTaken = kind == EntryKind::plain || (kind == EntryKind::link && isFile);
     return isTaken ? ERROR_SUCCESS : ERROR_ACCESS_DENIED;
 }
 

@@ -7,8 +7,8 @@
 
 namespace velmora::windows {
 
-/// What the shell is told beside the flags of an order, so that nothing goes that wasn't named, and
-/// nothing for good that was meant for the bin.
+/// The flags of an order with those added that keep the shell from removing anything that wasn't
+/// named, or removing for good what was meant for the bin.
 std::uint16_t flagsForShell(std::uint16_t flags);
 
 /// 0 for success, or else the system's error code, also where the shell has one of its own. The

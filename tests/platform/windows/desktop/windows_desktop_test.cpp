@@ -2,9 +2,9 @@
 #include "platform/windows/desktop/windows_shell32.h"
 
 #include <gtest/gtest.h>
-// Behind the one of the shell: the system's headers give names in it to their wide versions.
+// After the one of the shell: the system's headers give names in it to their wide versions.
 #include <windows.h>
-// Behind the one above, which they need.
+// After the one above, which they need.
 #include <commctrl.h>
 #include <shlguid.h>
 #include <shlobj.h>

@@ -1,4 +1,4 @@
-// What is told about files and folders.
+// Properties of files and folders.
 #include <gtest/gtest.h>
 #include <windows.h>
 
@@ -58,7 +58,7 @@ DateTime localOf(std::time_t seconds) {
 constexpr std::time_t winter = 1'705'322'096;  // 2024-01-15 12:34:56 UTC
 constexpr std::time_t summer = 1'721'046'896;  // 2024-07-15 12:34:56 UTC
 
-TEST_F(WindowsEntries, AFileTellsItsPathAndItsSize) {
+TEST_F(WindowsEntries, AFileHasItsPathAndItsSize) {
     makeFile(in("Größe \u65e5\u672c.txt"), "1234567");
     const auto file = fso_.GetFile(in("Größe \u65e5\u672c.txt"));
     EXPECT_EQ(file->Path(), in("Größe \u65e5\u672c.txt"));
@@ -124,7 +124,7 @@ TEST_F(WindowsEntries, WhatIsGoneMeanwhileIsAnErrorOfItsKind) {
     EXPECT_EQ(errorOf([&] { folder->DateLastAccessed(); }), 76);
 }
 
-TEST_F(WindowsEntries, AFileThatSomebodyHoldsForHimselfStillTellsItsSize) {
+TEST_F(WindowsEntries, AFileThatSomebodyHoldsForHimselfStillHasItsSize) {
     makeFile(in("one.txt"), "123");
     const FileInUse use(in("one.txt"), 0);
     EXPECT_EQ(fso_.GetFile(in("one.txt"))->Size(), 3);
@@ -159,7 +159,7 @@ TEST_F(WindowsEntries, ALinkIntoItsOwnFolderDoesNotMakeTheSizeEndless) {
     EXPECT_EQ(fso_.GetFolder(scratch_.path())->Size(), 3);
 }
 
-TEST_F(WindowsEntries, TheShellTellsTheType) {
+TEST_F(WindowsEntries, TheShellNamesTheType) {
     makeFile(in("one.txt"), "123");
     EXPECT_FALSE(fso_.GetFile(in("one.txt"))->Type().empty());
     EXPECT_FALSE(fso_.GetFolder(scratch_.path())->Type().empty());

@@ -75,7 +75,7 @@ TEST_F(WindowsListing, HasAllEntriesWithTheDots) {
     setAttributes(in("hidden"), FILE_ATTRIBUTE_NORMAL);
 }
 
-TEST_F(WindowsListing, TellsTheTimesOfAFile) {
+TEST_F(WindowsListing, HasTheTimesOfAFile) {
     makeFile(in("one.txt"), "content");
     const FILETIME written{1'000'000'000, 29'000'000};
     const HANDLE file = CreateFileW(byTheLetter(in("one.txt")).c_str(), GENERIC_WRITE, 0, nullptr,
@@ -199,7 +199,7 @@ TEST_F(WindowsListing, OfADriveThatDoesNotAnswerFailsWithinTheDeadline) {
     EXPECT_EQ(kernel32.GetLastError(), 21u);
 }
 
-TEST_F(WindowsListing, ThatBreaksOffTellsWhyOnceAndIsAtItsEndThen) {
+TEST_F(WindowsListing, ThatBreaksOffReportsWhyOnceAndIsAtItsEndThen) {
     for (int i = 0; i < 500; ++i) makeFile(in("file " + std::to_string(i)), "");
     const auto questions = std::make_shared<DriveQuestions>(700ms);
     WindowsKernel32 kernel32(questions);
@@ -207,9 +207,9 @@ TEST_F(WindowsListing, ThatBreaksOffTellsWhyOnceAndIsAtItsEndThen) {
     const FindHandle listing = kernel32.FindFirstFileA(in("*.*"), entry);
     ASSERT_NE(listing, 0u);
     const BusyDrive busy(*questions);
-    int told = 1;
-    while (kernel32.FindNextFileA(listing, entry)) ++told;
-    EXPECT_LT(told, 502);
+    int found = 1;
+    while (kernel32.FindNextFileA(listing, entry)) ++found;
+    EXPECT_LT(found, 502);
     EXPECT_EQ(kernel32.GetLastError(), 21u);
     EXPECT_FALSE(kernel32.FindNextFileA(listing, entry));
     EXPECT_EQ(kernel32.GetLastError(), 18u);

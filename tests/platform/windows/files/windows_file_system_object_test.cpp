@@ -13,7 +13,7 @@
 namespace velmora::windows {
 namespace {
 
-TEST(WindowsFileSystemObject, TheSystemDriveTellsItsSpace) {
+TEST(WindowsFileSystemObject, TheSystemDriveReportsItsSpace) {
     WindowsFileSystemObject fso;
     const auto drive = fso.GetDrive("c");
     EXPECT_EQ(drive->Path(), "C:");

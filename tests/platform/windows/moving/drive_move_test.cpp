@@ -32,12 +32,12 @@ TEST_F(WindowsDriveMove, NothingButTheWholeFileEverAppearsUnderItsName) {
     int incomplete = 0;
     std::thread watcher([&] {
         while (!isOver) {
-            WIN32_FILE_ATTRIBUTE_DATA told{};
-            const bool isSeen =
-                GetFileAttributesExW(byTheLetter(target()).c_str(), GetFileExInfoStandard, &told);
+            WIN32_FILE_ATTRIBUTE_DATA attributes{};
+            const bool isSeen = GetFileAttributesExW(byTheLetter(target()).c_str(),
+                                                     GetFileExInfoStandard, &attributes);
             isLooking = true;
             if (!isSeen) continue;
-            if (told.nFileSizeLow != largeSize) ++incomplete;
+            if (attributes.nFileSizeLow != largeSize) ++incomplete;
             // The system may give a copy its size before its bytes.
             const HANDLE file = openFile(target(), GENERIC_READ, everything);
             if (file == INVALID_HANDLE_VALUE) continue;
@@ -56,7 +56,7 @@ TEST_F(WindowsDriveMove, NothingButTheWholeFileEverAppearsUnderItsName) {
     expectOnlyAtTarget(content_);
 }
 
-TEST_F(WindowsDriveMove, AScannerOfTheCopyDelaysTheMoveAndLeavesNothingBehind) {
+TEST_F(WindowsDriveMove, AScannerOfTheCopyDelaysTheMoveAndNothingIsLeftOver) {
     makeSource();
     EXPECT_TRUE(moveWhile([] { waitUntil([] { return false; }, std::chrono::milliseconds(400)); }));
     expectOnlyAtTarget(content_);

@@ -1,4 +1,4 @@
-// Moving files and folders, with everything beside them told before and after.
+// Moving files and folders, with everything around them listed before and after.
 #include "platform/windows/files/windows_kernel32.h"
 
 #include <gtest/gtest.h>
@@ -46,7 +46,7 @@ class WindowsMove : public testing::Test {
     bool move(const std::string& from, const std::string& to) {
         return kernel32_.MoveFileA(from, to) == 1;
     }
-    /// What the refused move tells; 0 when it was no refusal or left anything changed.
+    /// The error of the refused move; 0 when it was no refusal or left anything changed.
     std::uint32_t refusal(const std::string& from, const std::string& to) {
         const Lines before = tree();
         const bool isMoved = move(from, to);

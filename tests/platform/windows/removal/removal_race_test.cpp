@@ -108,14 +108,14 @@ TEST_F(WindowsSwapRace, AnotherFolderInThePlaceLosesNoFolder) {
 }
 
 // Wine renames what a link points to.
-TEST_F(WindowsSwapRace, ALinkInThePlaceLosesNoFileBehindIt) {
+TEST_F(WindowsSwapRace, ALinkInThePlaceLosesNoFileBeyondIt) {
     const Link trap(scratch_.path(), "trap", "precious");
     if (!trap || isUnderWine()) GTEST_SKIP() << "no links that can be renamed";
     addSameNamesToPrecious();
     raceForFile("trap");
 }
 
-TEST_F(WindowsSwapRace, ALinkInThePlaceLosesNoFolderBehindIt) {
+TEST_F(WindowsSwapRace, ALinkInThePlaceLosesNoFolderBeyondIt) {
     const Link trap(scratch_.path(), "trap", "precious");
     if (!trap || isUnderWine()) GTEST_SKIP() << "no links that can be renamed";
     makeFolder(in("precious\\inner\\one"));

@@ -1,4 +1,4 @@
-// Removing files and folders, with everything beside them told before and after.
+// Removing files and folders, with everything around them listed before and after.
 #include <gtest/gtest.h>
 #include <windows.h>
 
@@ -256,7 +256,7 @@ TEST_F(WindowsRemoval, ALinkToAFileInAFolderNeverTakesItsTargetWithIt) {
     expectLinkRefusedOrGone(number, before, withoutWork(before));
 }
 
-TEST_F(WindowsRemoval, AFolderThatIsALinkOrLiesBehindOneIsNotDeleted) {
+TEST_F(WindowsRemoval, AFolderThatIsALinkOrLiesBeyondOneIsNotDeleted) {
     const Link link(scratch_.path(), "link", "precious");
     if (!link) GTEST_SKIP() << "no links";
     const auto before = tree();

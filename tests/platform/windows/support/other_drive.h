@@ -20,7 +20,7 @@ class OtherDrive {
         for (const std::string candidate : {R"(Z:\dev\shm\)", R"(D:\)", R"(E:\)"}) {
             DWORD first = 0;
             DWORD second = 0;
-            // Wine tells one number for all drives of one filesystem of its host.
+            // Wine gives one number for all drives of one filesystem of its host.
             if (!volumeOf(home, first) || !volumeOf(toUtf16(candidate), second) || first == second)
                 continue;
             path_ = candidate + "velmora-" + std::to_string(GetCurrentProcessId());
@@ -45,12 +45,12 @@ class OtherDrive {
         const HANDLE folder =
             CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
                         FILE_FLAG_BACKUP_SEMANTICS, nullptr);
-        BY_HANDLE_FILE_INFORMATION told{};
-        const bool isTold =
-            folder != INVALID_HANDLE_VALUE && GetFileInformationByHandle(folder, &told);
+        BY_HANDLE_FILE_INFORMATION information{};
+        const bool isRead =
+            folder != INVALID_HANDLE_VALUE && GetFileInformationByHandle(folder, &information);
         if (folder != INVALID_HANDLE_VALUE) CloseHandle(folder);
-        volume = told.dwVolumeSerialNumber;
-        return isTold;
+        volume = information.dwVolumeSerialNumber;
+        return isRead;
     }
 
     std::string path_;

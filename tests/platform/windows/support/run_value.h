@@ -11,7 +11,8 @@ namespace velmora::windows {
 
 inline constexpr const wchar_t* runKey = LR"(SOFTWARE\Microsoft\Windows\CurrentVersion\Run)";
 
-/// The text as the system gives it, without the NUL behind; nothing when there is no such value.
+/// The text as the system gives it, without the NUL at its end; nothing when there is no such
+/// value.
 inline std::optional<std::wstring> runValue(const std::wstring& name) {
     wchar_t text[1024];
     DWORD size = sizeof text;

@@ -1,5 +1,5 @@
 // A tree of files for tests that remove and move, and its whole content as text: what a step has
-// left alone is told as well as what it has changed.
+// left alone is listed as well as what it has changed.
 #pragma once
 
 #include <windows.h>
@@ -180,7 +180,7 @@ inline void clearFolder(const std::wstring& folder) {
     FindClose(search);
 }
 
-/// A scratch folder that leaves nothing behind.
+/// A scratch folder that is removed with all in it.
 class ScratchTree : public velmora::windows::ScratchFolder {
   public:
     ~ScratchTree() { clearFolder(byTheLetter(path())); }

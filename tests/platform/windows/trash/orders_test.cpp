@@ -1,7 +1,7 @@
 // Orders to the shell: removing by way of the recycle bin, starting programs; and sounds.
 #include <gtest/gtest.h>
 #include <windows.h>
-// Behind the one above, which it needs.
+// After the one above, which it needs.
 #include <mmsystem.h>
 
 #include <algorithm>
@@ -96,7 +96,7 @@ TEST_F(WindowsOrders, AFileGoesForGoodWithoutTheBin) {
     EXPECT_EQ(tree(), without(before, "\\one"));
 }
 
-TEST_F(WindowsOrders, ThePathNeedsNoNulBehindIt) {
+TEST_F(WindowsOrders, ThePathNeedsNoNulAfterIt) {
     const auto before = tree();
     EXPECT_EQ(remove(in("one.txt"), forGood), 0);
     EXPECT_EQ(tree(), without(before, "\\one"));
@@ -167,7 +167,7 @@ TEST_F(WindowsOrders, APathThroughALinkIsRefused) {
     EXPECT_EQ(tree(), before);
 }
 
-TEST_F(WindowsOrders, ALinkToAFolderStaysWithAllBehindIt) {
+TEST_F(WindowsOrders, ALinkToAFolderStaysWithAllBeyondIt) {
     const Link link(scratch_.path(), "link", "folder");
     if (!link) GTEST_SKIP() << "no links";
     const auto before = tree();

@@ -44,7 +44,7 @@ class WindowsRecyclingRace : public testing::Test {
     WindowsShell32 shell_;
 };
 
-// In the trap the same name is a link to a folder, which no order goes through: what lies behind it
+// In the trap the same name is a link to a folder, which no order goes through: what lies beyond it
 // can only be reached when the folders are swapped between the look and the shell's own way.
 TEST_F(WindowsRecyclingRace, AnotherFolderInThePlaceLosesNothing) {
     constexpr int rounds = 100;
