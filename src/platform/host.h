@@ -60,7 +60,7 @@ class Host {
 
 /// The answer that dismissing such a box gives.
 BoxAnswer cancellingAnswer(BoxButtons buttons);
-/// The box that tells of the error being handled, which nothing took. For catch blocks only.
+/// The box for the error being handled, which nothing has handled before. For catch blocks only.
 Box runTimeErrorBox();
 
 }  // namespace velmora

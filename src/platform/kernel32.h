@@ -13,7 +13,7 @@ struct FindData {
     std::uint64_t ftLastAccessTime = 0;
     std::uint64_t ftLastWriteTime = 0;
     std::uint64_t nFileSize = 0;  ///< bytes
-    std::string cFileName;        ///< UTF-8; may have NULs and what else was left behind them
+    std::string cFileName;        ///< UTF-8; may have NULs and leftovers after them
 };
 
 namespace file_attribute {
@@ -40,20 +40,20 @@ class Kernel32 {
     /// not below `length`, nothing was written and the result is the length that is needed.
     virtual std::uint32_t GetLogicalDriveStringsA(std::uint32_t length, std::string& buffer) = 0;
 
-    /// Drive path of the system's own folder, without a back-slash behind; on Linux the folder of
-    /// the desktop's sounds, since sounds are what it is asked for.
+    /// Drive path of the system's own folder, without a back-slash at the end; on Linux the folder
+    /// of the desktop's sounds, since sounds are what it is asked for.
     virtual std::string GetWindowsDirectoryA() = 0;
 
     /// The text of an environment variable; empty when it isn't set. Names have no case on Windows.
     virtual std::string GetEnvironmentVariableA(const std::string& name) = 0;
 
-    /// Begins the listing of a folder, told by its path, a back-slash and "*.*", and gives its
+    /// Begins the listing of a folder, given by its path, a back-slash and "*.*", and gives its
     /// first entry. All entries come, hidden ones and links (as what they are themselves) included;
     /// "." and ".." are among them but for the root of a drive. 0 when the folder can't be read,
     /// has no entry, or its drive doesn't answer within the deadline.
     virtual FindHandle FindFirstFileA(const std::string& pattern, FindData& entry) = 0;
-    /// The next entry. False at the end, with 18 as the last error; a listing that breaks off tells
-    /// another error once and is at its end then.
+    /// The next entry. False at the end, with 18 as the last error; a listing that breaks off
+    /// reports another error once and is at its end then.
     virtual bool FindNextFileA(FindHandle listing, FindData& entry) = 0;
     virtual void FindClose(FindHandle listing) = 0;
     /// Why the last FindFirstFileA, FindNextFileA or MoveFileA failed.

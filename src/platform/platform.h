@@ -18,9 +18,9 @@ namespace velmora {
 
 /// Where the program itself lies.
 struct Application {
-    std::string Path;     ///< drive path of its folder, without a back-slash behind
+    std::string Path;     ///< drive path of its folder, without a back-slash at the end
     std::string EXEName;  ///< name of the executable without extension
-    std::string Command;  ///< the command line behind the program's name, each path in quotes
+    std::string Command;  ///< the command line after the program's name, each path in quotes
 };
 
 struct Platform {

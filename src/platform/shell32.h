@@ -12,7 +12,7 @@ struct ItemIdList {
     std::string place;  ///< its drive path; only the backends look inside
 };
 
-/// What ShellExecuteEx is told; size 60 and the owner's window are the backend's matter.
+/// The argument of ShellExecuteEx; size 60 and the owner's window are the backend's matter.
 struct ShellExecuteInfo {
     std::uint32_t mask = 0;
     std::string owner;  ///< name of the form that owns the window shown
@@ -34,7 +34,7 @@ struct BrowseInfo {
 struct FileOperation {
     std::string owner;
     std::uint32_t wFunc = 0;
-    std::string pFrom;  ///< drive paths, a NUL behind each; the list ends with the text
+    std::string pFrom;  ///< drive paths, each with a NUL at its end; the list ends with the text
     std::uint16_t fFlags = 0;
 };
 
@@ -69,7 +69,7 @@ class Shell32 {
     /// The system's folder browser; returns when it has closed. `list` is written only when a
     /// folder was chosen. Linux has one kind of dialog, whatever the flags.
     virtual Browse SHBrowseForFolder(const BrowseInfo& info, ItemIdList& list) = 0;
-    /// Removes for good what was deleted from a drive, told by a path on it ("D:\\"), or from all
+    /// Removes for good what was deleted from a drive, given by a path on it ("D:\\"), or from all
     /// drives when `root` is empty. Flags: 1 without asking the user, 2 without showing progress,
     /// 4 without a sound. 0 for success, 1223 when the user says no, or else the system's code:
     /// 15 for a drive that isn't there, 21 for one that isn't ready, 5 for denied access, ...

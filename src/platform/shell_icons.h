@@ -6,7 +6,7 @@
 
 namespace velmora {
 
-/// What SHGetFileInfoA tells of a file; the system's own record has 352 bytes.
+/// What SHGetFileInfoA reports of a file; the system's own record has 352 bytes.
 struct ShellFileInfo {
     int iIcon = 0;  ///< place in the image list
 };

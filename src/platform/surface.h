@@ -1,4 +1,4 @@
-// What a surface (window, console, test) provides to the program that runs behind it.
+// What a surface (window, console, test) provides to the program that it shows.
 #pragma once
 
 #include "platform/host.h"

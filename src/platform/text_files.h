@@ -20,7 +20,7 @@ class TextFiles {
     /// Makes `content` the whole content of the file, creating it if need be. Written over the old
     /// content in place and then cut to length, with no second file, so that a disk without a free
     /// byte can still take a content that isn't longer than the old one. Errors as appendLine; a
-    /// full disk leaves a cut file behind.
+    /// full disk leaves a cut file.
     virtual void writeOver(const std::string& path, std::string_view content) = 0;
     /// Bytes in the file. Error 53 when there is none.
     virtual double FileLen(const std::string& path) = 0;

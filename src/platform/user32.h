@@ -61,11 +61,11 @@ class User32 {
     virtual HookHandle SetWindowsHookExA(std::int32_t /*type*/, HookProcedure /*procedure*/) {
         return 0;
     }
-    /// Passes a message on to the hook behind this one.
+    /// Passes a message on to the next hook.
     virtual void CallNextHookEx(HookHandle /*hook*/, std::uint32_t /*message*/,
                                 const std::string& /*window*/) {}
     virtual bool UnhookWindowsHookEx(HookHandle /*hook*/) { return false; }
-    /// Stops a timer of a window, which is told by its handle.
+    /// Stops a timer of a window, which is given by its handle.
     virtual bool KillTimer(std::uint32_t /*window*/, std::uint64_t /*timer*/) { return false; }
     virtual bool DestroyWindow(std::uint32_t /*window*/) { return false; }
     /// Name of the window in front, if it is one of the program's; empty otherwise.

@@ -7,7 +7,7 @@ constexpr const char* runKey = R"(SOFTWARE\Microsoft\Windows\CurrentVersion\Run)
 constexpr std::uint32_t allAccess = 0xF003F;
 constexpr std::uint32_t readAccess = 0x20019;
 constexpr std::uint32_t writeAccess = 0x20006;
-constexpr std::uint32_t text = 1;
+constexpr std::uint32_t textType = 1;
 constexpr std::int32_t sendTo = 9;
 
 class DesktopContract : public ContractTest {
@@ -20,7 +20,7 @@ class DesktopContract : public ContractTest {
         return advapi32().RegOpenKeyExA(hive::localMachine, subKey, 0, access, key);
     }
     std::int32_t setValue(RegistryKey key, const std::string& data) {
-        return advapi32().RegSetValueExA(key, "VelmoraContract", 0, text, data,
+        return advapi32().RegSetValueExA(key, "VelmoraContract", 0, textType, data,
                                          static_cast<std::uint32_t>(data.size()));
     }
 };
@@ -43,7 +43,7 @@ TEST_P(DesktopContract, AValueIsReadAsItWasWritten) {
     for (const std::string& written : {platform().app.Path + "\\Größe 日本.exe", std::string()}) {
         ASSERT_EQ(setValue(key, written), 0);
         EXPECT_EQ(advapi32().RegQueryValueExA(key, "VelmoraContract", type, data), 0);
-        EXPECT_EQ(type, text);
+        EXPECT_EQ(type, textType);
         EXPECT_EQ(data, written);
     }
     EXPECT_EQ(advapi32().RegCloseKey(key), 0);
@@ -161,7 +161,7 @@ TEST_P(DesktopContract, OnlyLnkAndUrlAreShortcuts) {
     EXPECT_TRUE(platform().wscriptShell.CreateShortcut(inScratch("PAGE.LNK")));
 }
 
-TEST_P(DesktopContract, TheSystemsOwnFolderHasNoBackSlashBehind) {
+TEST_P(DesktopContract, TheSystemsOwnFolderHasNoBackSlashAtItsEnd) {
     const std::string folder = platform().kernel32.GetWindowsDirectoryA();
     ASSERT_FALSE(folder.empty());
     EXPECT_EQ(fso().GetDriveName(folder).size(), 2u) << folder;

@@ -18,7 +18,7 @@ TEST_P(DrivesContract, TheNameOfADriveIsThePartInFrontAsItIsWritten) {
     EXPECT_EQ(fso().GetDriveName("\\\\host\\share"), "\\\\host\\share");
 }
 
-TEST_P(DrivesContract, AFileNameIsWhatStandsBehindTheLastSeparator) {
+TEST_P(DrivesContract, AFileNameIsWhatFollowsTheLastSeparator) {
     EXPECT_EQ(fso().GetFileName("C:\\data\\one file.txt"), "one file.txt");
     EXPECT_EQ(fso().GetFileName("C:\\data\\"), "data");
     EXPECT_EQ(fso().GetFileName("C:/data/größe"), "größe");
@@ -106,7 +106,7 @@ TEST_P(DrivesContract, LogicalDrivesAreRootsOfThreeCharactersEachClosedByNul) {
     EXPECT_NE(roots.find("C:\\"), std::string::npos);
 }
 
-TEST_P(DrivesContract, TheRestOfTheBufferBehindTheDrivesStays) {
+TEST_P(DrivesContract, TheRestOfTheBufferAfterTheDrivesStays) {
     const auto used = logicalDrives().size();
     std::string buffer(200, '#');
     platform().kernel32.GetLogicalDriveStringsA(200, buffer);
@@ -115,7 +115,7 @@ TEST_P(DrivesContract, TheRestOfTheBufferBehindTheDrivesStays) {
     EXPECT_EQ(buffer.substr(used + 1), std::string(200 - used - 1, '#'));
 }
 
-TEST_P(DrivesContract, TooSmallABufferIsLeftAloneAndTheNeededLengthTold) {
+TEST_P(DrivesContract, TooSmallABufferIsLeftAloneAndTheNeededLengthGiven) {
     const auto used = static_cast<std::uint32_t>(logicalDrives().size());
     for (const std::uint32_t length : {0u, 3u, used}) {
         std::string buffer(length, '#');

@@ -8,7 +8,7 @@ namespace {
 
 using Calls = std::vector<std::string>;
 
-TEST(FakeDesktop, TellsWhatItWasAskedAndAnswersAsItIsTold) {
+TEST(FakeDesktop, RecordsWhatItWasAskedAndAnswersAsItIsSet) {
     fake::FakeMachine machine;
     Platform& platform = machine.platform();
     machine.environment["TEMP"] = "C:\\Temp";

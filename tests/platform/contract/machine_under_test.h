@@ -39,7 +39,7 @@ std::unique_ptr<MachineUnderTest> machineInMemory();
 std::unique_ptr<MachineUnderTest> realMachine();
 
 /// Keeps the settings of whoever runs the tests as they are until the result goes; the machine is
-/// to be opened behind it. The contract's registry value is "VelmoraContract".
+/// to be opened after it. The contract's registry value is "VelmoraContract".
 std::shared_ptr<void> leaveUserAlone();
 
 /// A test that runs once for every machine.

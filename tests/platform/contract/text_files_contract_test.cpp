@@ -17,7 +17,7 @@ TEST_P(TextFilesContract, ALineMakesTheFile) {
     EXPECT_TRUE(fso().FileExists(path));
 }
 
-TEST_P(TextFilesContract, LinesFollowEachOtherBehindWhatIsThere) {
+TEST_P(TextFilesContract, LinesFollowEachOtherAfterWhatIsThere) {
     const std::string path = inScratch("old.log");
     subject->makeFile(path, "before\r\n");
     files().appendLine(path, "one");
@@ -72,7 +72,7 @@ TEST_P(TextFilesContract, EveryByteIsReadBackAsItWasWritten) {
     EXPECT_EQ(subject->readFile(inScratch("bytes")), bytes);
 }
 
-TEST_P(TextFilesContract, NothingOfTheOldContentStaysBehindTheNew) {
+TEST_P(TextFilesContract, NothingOfTheOldContentStaysAfterTheNew) {
     const std::string path = inScratch("set.dat");
     for (const auto size : {10'000, 20'000, 5, 1, 0, 3}) {
         const std::string content(static_cast<std::size_t>(size), 'c');
