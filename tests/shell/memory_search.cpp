@@ -1,6 +1,7 @@
 #include "shell/memory_search.h"
 
 #include <algorithm>
+#include <array>
 #include <cinttypes>
 #include <cstdint>
 #include <cstdio>
@@ -120,7 +121,9 @@ std::size_t MemorySearch::countIn(const unsigned char* bytes, std::size_t size, 
 
 std::size_t MemorySearch::count() const {
     SystemFile memory("/proc/self/mem");
-    std::vector<unsigned char> piece(pieceSize);
+    // Not on the heap, where a password is: a read of both would copy it into the piece and then
+    // count the copy too.
+    static std::array<unsigned char, pieceSize> piece;
     const std::size_t step = pieceSize - needle_.size() * utf16;
     std::size_t found = 0;
     for (const Range& range : memoryWithContent()) {
