@@ -10,6 +10,7 @@
 #include "controls/picture_box.h"
 #include "forms/form1_menus.h"
 #include "forms/form1_panels.h"
+#include "forms/form_numbers.h"
 
 namespace velmora {
 
@@ -74,36 +75,5 @@ class Form1 : public Form,
     CommandButton Command6{*this, "Command6", " (X)"};
     CommandButton Command7{*this, "Command7"};
 };
-
-/// Places in lstAct.
-namespace act {
-inline constexpr int alert = 0;
-inline constexpr int move = 1;
-inline constexpr int remove = 2;
-inline constexpr int recycle = 3;
-inline constexpr int autoMove = 4;
-inline constexpr int sound = 5;
-inline constexpr int emptyBin = 6;
-inline constexpr int run = 7;
-inline constexpr int mail = 8;
-inline constexpr int cleaner = 9;
-inline constexpr int pause = 10;
-inline constexpr int progressDialog = 11;
-}  // namespace act
-
-/// Places in lstEvt.
-namespace evt {
-inline constexpr int stagnancy = 0;
-inline constexpr int change = 1;
-inline constexpr int quantity = 2;
-inline constexpr int modification = 3;
-inline constexpr int unavailable = 4;
-}  // namespace evt
-
-/// Buttons of Toolbar1 that are told by their place; all others are told by their caption.
-namespace tool {
-inline constexpr int startPause = 1;
-inline constexpr int view = 5;
-}  // namespace tool
 
 }  // namespace velmora

@@ -1,9 +1,41 @@
-// What the numbers of the forms mean: images, places in arrays of controls, sizes.
+// Names for the numbers of the forms: entries of lists, places in arrays of controls, images,
+// sizes.
 #pragma once
 
 #include <cstddef>
 
 namespace velmora {
+
+/// Entries of lstAct, the actions on a shortage.
+namespace act {
+inline constexpr int alert = 0;
+inline constexpr int move = 1;
+inline constexpr int remove = 2;
+inline constexpr int recycle = 3;
+inline constexpr int autoMove = 4;
+inline constexpr int sound = 5;
+inline constexpr int emptyBin = 6;
+inline constexpr int run = 7;
+inline constexpr int mail = 8;
+inline constexpr int cleaner = 9;
+inline constexpr int pause = 10;
+inline constexpr int progressDialog = 11;
+}  // namespace act
+
+/// Entries of lstEvt, the events to look for.
+namespace evt {
+inline constexpr int stagnancy = 0;
+inline constexpr int change = 1;
+inline constexpr int quantity = 2;
+inline constexpr int modification = 3;
+inline constexpr int unavailable = 4;
+}  // namespace evt
+
+/// Buttons of Toolbar1 that are known by their place; all others are known by their caption.
+namespace tool {
+inline constexpr int startPause = 1;
+inline constexpr int view = 5;
+}  // namespace tool
 
 /// Images of the tool bar and of the status bar, by their numbers in ImageList1.
 namespace image {
