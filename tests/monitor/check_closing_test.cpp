@@ -91,7 +91,7 @@ TEST(CheckClosing, TheTimerRunsAgainBeforeAnythingIsSaved) {
 TEST(CheckClosing, APauseDuringThePassIsUndoneByTheClosing) {
     CheckRig rig;
     rig.watch("C:\\", 5);
-    rig.form1.lstAct.setSelected(10, true);
+    rig.form1.lstAct.setSelected(act::pause, true);
     rig.ports.onAction = [&](int, Shortage&) { rig.form1.Timer1.setEnabled(false); };
     rig.check();
     EXPECT_TRUE(rig.form1.Timer1.Enabled());

@@ -15,8 +15,8 @@ struct SweptCheck : CheckRig {
         machine.drives["E:"].ready = false;
         row("F:\\", false);
         watch("\\\\server\\data", 7);
-        form1.lstAct.setSelected(0, true);
-        form1.lstAct.setSelected(11, true);
+        form1.lstAct.setSelected(act::alert, true);
+        form1.lstAct.setSelected(act::progressDialog, true);
         form1.chkAutoSave.setValue(1);
         form1.chkSaveSet.setValue(1);
         machine.files[form1.lblLog.Caption()] = "";

@@ -81,8 +81,8 @@ TEST(CheckFault, AnInvalidCallAtAPathWithoutADriveEndsThePassThere) {
 
 TEST(CheckFault, TheErrorsAlertIsHighAndBelongsToNoRow) {
     FailingCheck rig(13);
-    rig.form1.lstAct.setSelected(0, false);
-    rig.form1.lstAct.setSelected(1, true);
+    rig.form1.lstAct.setSelected(act::alert, false);
+    rig.form1.lstAct.setSelected(act::move, true);
     rig.tick();
     EXPECT_TRUE(rig.forms.sysWorkSystray.tmrSystray.Enabled());
     EXPECT_EQ(rig.forms.globals.lngHighRatedAlerts, 2);
@@ -154,7 +154,7 @@ TEST(CheckFault, TheErrorLimitsBoxComesBeforeItsAlert) {
 TEST(CheckFault, TwoErrorsAreForgivenWhenTheThirdGoSucceeds) {
     CheckRig rig;
     rig.watch("C:\\", 5);
-    rig.form1.lstAct.setSelected(0, true);
+    rig.form1.lstAct.setSelected(act::alert, true);
     int runs = 0;
     rig.ports.onAction = [&](int, Shortage&) {
         if (++runs <= 2) throw RuntimeError(13);
@@ -177,7 +177,7 @@ TEST(CheckFault, ErrorsAreCountedAnewInEveryTick) {
 TEST(CheckFault, ErrorSevenAfterOthersIsToldAtOnce) {
     CheckRig rig;
     rig.watch("C:\\", 5);
-    rig.form1.lstAct.setSelected(0, true);
+    rig.form1.lstAct.setSelected(act::alert, true);
     int runs = 0;
     rig.ports.onAction = [&](int, Shortage&) { throw RuntimeError(++runs == 1 ? 13 : 7); };
     rig.check();

@@ -56,8 +56,8 @@ TEST(CheckPass, AReadyRowGoesThroughThePanelsInOrder) {
 TEST(CheckPass, AShortRowGoesThroughThePanelsInOrder) {
     CheckRig rig;
     rig.watch("C:\\", 5);
-    rig.form1.lstAct.setSelected(0, true);
-    rig.form1.lstAct.setSelected(10, true);
+    rig.form1.lstAct.setSelected(act::alert, true);
+    rig.form1.lstAct.setSelected(act::pause, true);
     rig.check();
     EXPECT_EQ(
         rig.panel1,
@@ -162,7 +162,7 @@ TEST(CheckPass, AFlagClearedDuringAnActionStopsBeforeTheNextRow) {
     CheckRig rig;
     rig.watch("C:\\", 5);
     rig.watch("D:\\", 5);
-    rig.form1.lstAct.setSelected(0, true);
+    rig.form1.lstAct.setSelected(act::alert, true);
     rig.ports.onAction = [&](int, Shortage&) { rig.forms.globals.bChecking = false; };
     rig.check();
     EXPECT_EQ(rig.at(1).stateIcon(), "alert");
@@ -191,7 +191,7 @@ TEST(CheckPass, TheProgressDialogOpensAtTheFirstRowAndLosesItsFrameAtTheSecond) 
     CheckRig rig;
     rig.watch("C:\\", 5000);
     rig.watch("D:\\", 5000);
-    rig.form1.lstAct.setSelected(11, true);
+    rig.form1.lstAct.setSelected(act::progressDialog, true);
     EXPECT_EQ(progressAtRows(rig),
               (std::vector<Progress>{{true, true, "Program is checking: C:\\"},
                                      {true, false, "Program is checking: C:\\"}}));
@@ -202,7 +202,7 @@ TEST(CheckPass, AClosedProgressDialogOpensAgainAtTheNextRow) {
     CheckRig rig;
     rig.watch("C:\\", 5000);
     rig.watch("D:\\", 5000);
-    rig.form1.lstAct.setSelected(11, true);
+    rig.form1.lstAct.setSelected(act::progressDialog, true);
     rig.host.onYield = [&](int) { rig.forms.icon0.Hide(); };
     EXPECT_EQ(progressAtRows(rig).back(), (Progress{true, true, "Program is checking: D:\\"}));
 }

@@ -51,7 +51,7 @@ struct CheckRig : Rig {
     }
     /// Ticks `action` and lets its run raise that error at a row that is short.
     void failWith(int number) {
-        form1.lstAct.setSelected(0, true);
+        form1.lstAct.setSelected(act::alert, true);
         ports.onAction = [number](int, Shortage&) { throw RuntimeError(number); };
     }
     int alertCount() { return form1.LVAlert.Count(); }

@@ -19,8 +19,8 @@ constexpr int yieldOfLastRow = 1 + (rows - 1) * yieldsPerRow;
 struct DisturbedCheck : CheckRig {
     DisturbedCheck(int n, const std::function<void(DisturbedCheck&)>& act) {
         for (const char* path : {"D:\\", "C:\\", "E:\\"}) watch(path, 5);
-        form1.lstAct.setSelected(0, true);
-        form1.lstAct.setSelected(11, true);
+        form1.lstAct.setSelected(act::alert, true);
+        form1.lstAct.setSelected(act::progressDialog, true);
         host.onYield = [this, n, act](int yield) {
             if (yield == n) act(*this);
         };
@@ -176,11 +176,11 @@ TEST(CheckYield, ACancelledCheckClosesAtTheNextRow) {
 TEST(CheckYield, AnActionTickedBehindThePresentOneStillRuns) {
     CheckRig rig;
     rig.watch("C:\\", 5);
-    rig.form1.lstAct.setSelected(2, true);
+    rig.form1.lstAct.setSelected(act::remove, true);
     rig.ports.onAction = [&](int action, Shortage&) {
         if (action != 2) return;
-        rig.form1.lstAct.setSelected(1, true);
-        rig.form1.lstAct.setSelected(5, true);
+        rig.form1.lstAct.setSelected(act::move, true);
+        rig.form1.lstAct.setSelected(act::sound, true);
     };
     rig.check();
     EXPECT_EQ(rig.ports.count("action 1"), 0);

@@ -14,7 +14,7 @@ struct SweptEvents : EventRig {
         measured("D:\\", 7000);
         watch("E:\\", 5000);
         machine.drives["E:"].ready = false;
-        tickEvents({0, 1, 2, 3});
+        tickEvents({evt::stagnancy, evt::change, evt::quantity, evt::modification});
         machine.files["C:\\new.txt"] = "";
         machine.files["D:\\new.txt"] = "";
         form1.txtAudio[0].setText("C:\\ring.wav");

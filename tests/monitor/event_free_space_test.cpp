@@ -17,7 +17,7 @@ std::string change(const std::string& row, const std::string& size) {
 TEST(EventFreeSpace, EqualTextsAreAStagnancy) {
     EventRig rig;
     rig.measured("C:\\", 1234567);
-    rig.tickEvent(0);
+    rig.tickEvent(evt::stagnancy);
     rig.pass();
     EXPECT_EQ(rig.alertTexts(), Texts{stagnancy("C:\\", "1,234,567")});
 }
@@ -26,16 +26,16 @@ TEST(EventFreeSpace, DifferentTextsAreAChange) {
     EventRig rig;
     rig.measured("C:\\", 1234567);
     rig.setFree("C:", 1234566);
-    rig.tickEvent(1);
+    rig.tickEvent(evt::change);
     rig.pass();
     EXPECT_EQ(rig.alertTexts(), Texts{change("C:\\", "1,234,566")});
 }
 
 TEST(EventFreeSpace, AStagnancyIsNoChangeAndTheOtherWayRound) {
-    for (const int event : {0, 1}) {
+    for (const int event : {evt::stagnancy, evt::change}) {
         EventRig rig;
         rig.measured("C:\\", 5000);
-        if (event == 0) rig.setFree("C:", 5001);
+        if (event == evt::stagnancy) rig.setFree("C:", 5001);
         rig.tickEvent(event);
         rig.pass();
         EXPECT_EQ(rig.alertCount(), 0);
@@ -47,7 +47,7 @@ TEST(EventFreeSpace, OfBothEntriesExactlyOneFires) {
         EventRig rig;
         rig.measured("C:\\", 5000);
         rig.setFree("C:", free);
-        rig.tickEvents({0, 1});
+        rig.tickEvents({evt::stagnancy, evt::change});
         rig.pass();
         EXPECT_EQ(rig.alertTexts(),
                   Texts{free == 5000 ? stagnancy("C:\\", "5,000") : change("C:\\", "5,001")});
@@ -58,7 +58,7 @@ TEST(EventFreeSpace, WithAnEmptyPreviousFreeTextNeitherFires) {
     EventRig rig;
     rig.measured("C:\\", 5000);
     rig.at(1).setPreviousFree("");
-    rig.tickEvents({0, 1});
+    rig.tickEvents({evt::stagnancy, evt::change});
     rig.pass();
     EXPECT_EQ(rig.alertCount(), 0);
     rig.setFree("C:", 7);
@@ -70,7 +70,7 @@ TEST(EventFreeSpace, ComparesTextsNotNumbers) {
     EventRig rig;
     rig.measured("C:\\", 5000);
     rig.at(1).setPreviousFree("5000");
-    rig.tickEvents({0, 1});
+    rig.tickEvents({evt::stagnancy, evt::change});
     rig.pass();
     EXPECT_EQ(rig.alertTexts(), Texts{change("C:\\", "5,000")});
 }
@@ -79,7 +79,7 @@ TEST(EventFreeSpace, AChangeOfLessThanHalfAKilobyteIsNone) {
     EventRig rig;
     rig.measured("C:\\", 5000);
     rig.setFree("C:", 5000.49);
-    rig.tickEvents({0, 1});
+    rig.tickEvents({evt::stagnancy, evt::change});
     rig.pass();
     EXPECT_EQ(rig.alertTexts(), Texts{stagnancy("C:\\", "5,000")});
     rig.setFree("C:", 5000.5);
@@ -90,13 +90,13 @@ TEST(EventFreeSpace, AChangeOfLessThanHalfAKilobyteIsNone) {
 TEST(EventFreeSpace, AShareIsAsGoodAsADrive) {
     EventRig rig;
     rig.measured("\\\\server\\data", 5000);
-    rig.tickEvent(0);
+    rig.tickEvent(evt::stagnancy);
     rig.pass();
     EXPECT_EQ(rig.alertTexts(), Texts{stagnancy("\\\\server\\data", "5,000")});
 }
 
 TEST(EventFreeSpace, TheDriveIsGotByTheRowTextAsItStands) {
-    for (const int event : {0, 1}) {
+    for (const int event : {evt::stagnancy, evt::change}) {
         EventRig rig;
         rig.drive("C:", 5000, 10000);
         rig.row("c:\\").setSubItems(1, "5,000 KB");
@@ -107,7 +107,7 @@ TEST(EventFreeSpace, TheDriveIsGotByTheRowTextAsItStands) {
 }
 
 TEST(EventFreeSpace, AFolderRowFailsWithErrorFive) {
-    for (const int event : {0, 1}) {
+    for (const int event : {evt::stagnancy, evt::change}) {
         EventRig rig;
         rig.watch("C:\\data", 5000);
         rig.tickEvent(event);
@@ -119,7 +119,7 @@ TEST(EventFreeSpace, BlanksAroundTheRowTextFailToo) {
     EventRig rig;
     rig.drive("C:", 5000, 10000);
     rig.row(" C:\\ ");
-    rig.tickEvent(0);
+    rig.tickEvent(evt::stagnancy);
     EXPECT_EQ(errorOf([&] { rig.pass(); }), 5);
 }
 
@@ -127,7 +127,7 @@ TEST(EventFreeSpace, AFolderRowEndsTheCheckQuietlyWithItsAlert) {
     EventRig rig;
     rig.watch("C:\\data", 5000);
     rig.watch("D:\\", 5000);
-    rig.tickEvent(1);
+    rig.tickEvent(evt::change);
     rig.check();
     EXPECT_EQ(rig.alertTexts(), Texts{"Error: Invalid procedure call or argument"});
     EXPECT_TRUE(rig.host.boxes.empty());
@@ -139,7 +139,7 @@ TEST(EventFreeSpace, AFolderRowEndsTheCheckQuietlyWithItsAlert) {
 TEST(EventFreeSpace, BothEntriesReadTheDriveOnce) {
     EventRig rig;
     rig.measured("C:\\", 5000);
-    rig.tickEvents({0, 1});
+    rig.tickEvents({evt::stagnancy, evt::change});
     rig.pass();
     EXPECT_EQ(rig.machine.log.countOf("GetDrive"), 1);
     EXPECT_EQ(rig.machine.log.countOf("FreeSpace"), 1);
@@ -149,7 +149,7 @@ TEST(EventFreeSpace, ADriveThatWentMeanwhileFailsTheTest) {
     EventRig rig;
     rig.measured("C:\\", 5000);
     rig.machine.drives["C:"].ready = false;
-    rig.tickEvent(0);
+    rig.tickEvent(evt::stagnancy);
     EXPECT_EQ(errorOf([&] { rig.pass(); }), 71);
 }
 
@@ -159,7 +159,7 @@ TEST(EventFreeSpace, RegionalDigitGroupsAreUsed) {
     rig.watch("C:\\", 1234567);
     rig.at(1).setFreeSpace("1.234.567 KB");
     rig.events.prcSetPrevInfoLV(rig.list.ListItems(1));
-    rig.tickEvents({0, 1});
+    rig.tickEvents({evt::stagnancy, evt::change});
     rig.pass();
     EXPECT_EQ(rig.alertTexts(), Texts{stagnancy("C:\\", "1.234.567")});
 }
@@ -171,7 +171,7 @@ TEST(EventLag, ADriveWhoseFreeSpaceAlternatesBetweenTwoValuesShowsStagnancyAtEve
     rig.measured("C:\\", 5000);
     rig.setFree("C:", 6000);
     rig.check();  // nothing ticked yet: 5,000 and 6,000 are the pair now
-    rig.tickEvents({0, 1});
+    rig.tickEvents({evt::stagnancy, evt::change});
     const std::vector<double> sizes{5000, 6000, 5000, 6000, 5000};
     for (std::size_t n = 0; n < sizes.size(); ++n) {
         SCOPED_TRACE(n);
@@ -186,7 +186,7 @@ TEST(EventLag, ADriveWhoseFreeSpaceAlternatesBetweenTwoValuesShowsStagnancyAtEve
 TEST(EventLag, ACheckComparesWithTheValueOfTwoChecksAgo) {
     EventRig rig;
     rig.measured("C:\\", 1000);
-    rig.tickEvents({0, 1});
+    rig.tickEvents({evt::stagnancy, evt::change});
     // The texts before the first check are both 1,000.
     const std::vector<double> sizes{2000, 2000, 2000, 3000, 2000, 2000};
     const Texts expected{change("C:\\", "2,000"),     // 1,000 before the last

@@ -12,7 +12,7 @@ using Texts = std::vector<std::string>;
 struct ScannedFolder : EventRig {
     ScannedFolder() {
         watch("C:\\", 5000);
-        tickEvent(3);
+        tickEvent(evt::modification);
         clearRecords();
     }
     /// A file at the root of that drive, written so many milliseconds after now.

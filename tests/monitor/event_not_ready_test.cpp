@@ -10,7 +10,7 @@ using Texts = std::vector<std::string>;
 struct LostDrive : EventRig {
     LostDrive() {
         measured("C:\\", 5000);
-        tickEvent(4);
+        tickEvent(evt::unavailable);
         machine.drives["C:"].ready = false;
     }
 };
@@ -42,12 +42,12 @@ TEST(EventNotReady, IsToldOnceUntilTheRowHasBeenMeasuredAgain) {
     for (int i = 0; i < 3; ++i) rig.check();
     EXPECT_EQ(rig.alertCount(), 1);
     // Back: the entry itself fails at a ready row, so it is unticked for the measuring.
-    rig.form1.lstEvt.setSelected(4, false);
+    rig.form1.lstEvt.setSelected(evt::unavailable, false);
     rig.machine.drives["C:"].ready = true;
     rig.check();
     EXPECT_EQ(rig.at(1).previousFree(), "5,000");
     EXPECT_EQ(rig.at(1).folderCounts(), "file:0|fold:0|");
-    rig.tickEvent(4);
+    rig.tickEvent(evt::unavailable);
     rig.machine.drives["C:"].ready = false;
     for (int i = 0; i < 3; ++i) rig.check();
     EXPECT_EQ(rig.alertTexts(), Texts(2, "Drive Became Unavailable: C:\\"));
@@ -55,8 +55,8 @@ TEST(EventNotReady, IsToldOnceUntilTheRowHasBeenMeasuredAgain) {
 
 TEST(EventNotReady, NothingHappensWhileTheEntryIsntTicked) {
     LostDrive rig;
-    rig.form1.lstEvt.setSelected(4, false);
-    rig.tickEvents({0, 1, 2, 3});
+    rig.form1.lstEvt.setSelected(evt::unavailable, false);
+    rig.tickEvents({evt::stagnancy, evt::change, evt::quantity, evt::modification});
     rig.check();
     EXPECT_EQ(rig.alertCount(), 0);
     EXPECT_EQ(rig.at(1).previousFree(), "5,000");

@@ -24,7 +24,7 @@ TEST(EventPanels, WithNothingTickedEveryEntryIsNamedByItsIndex) {
 TEST(EventPanels, TickedEntriesAreNamedByTheirCaptionsToo) {
     EventRig rig;
     rig.measured("C:\\", 5000);
-    rig.tickEvents({0, 1, 2, 3});
+    rig.tickEvents({evt::stagnancy, evt::change, evt::quantity, evt::modification});
     rig.pass();
     EXPECT_EQ(
         rig.panel1,
@@ -39,7 +39,7 @@ TEST(EventPanels, TickedEntriesAreNamedByTheirCaptionsToo) {
 TEST(EventPanels, ACheckShowsThePassBetweenItsOwnTexts) {
     EventRig rig;
     rig.measured("C:\\", 5000);
-    rig.tickEvent(0);
+    rig.tickEvent(evt::stagnancy);
     rig.panel1.clear();
     rig.check();
     EXPECT_EQ(
@@ -54,7 +54,8 @@ TEST(EventPanels, ACheckShowsThePassBetweenItsOwnTexts) {
 TEST(EventStop, AClearedCheckLeavesThePassBeforeItsFirstEntry) {
     EventRig rig;
     rig.measured("C:\\", 5000);
-    rig.tickEvents({0, 1, 2, 3, 4});
+    rig.tickEvents(
+        {evt::stagnancy, evt::change, evt::quantity, evt::modification, evt::unavailable});
     rig.forms.globals.bChecking = false;
     rig.panel1.clear();
     rig.events.checkEvents(1);
@@ -67,7 +68,7 @@ TEST(EventStop, AClearedCheckLeavesThePassBeforeItsFirstEntry) {
 TEST(EventStop, AClearedCheckLeavesThePassAtTheNextEntryWithWhatWasFound) {
     EventRig rig;
     rig.measured("C:\\", 5000);
-    rig.tickEvents({0, 3});
+    rig.tickEvents({evt::stagnancy, evt::modification});
     rig.machine.onCall = [&](const std::string& call) {
         if (call == "FreeSpace C:") rig.forms.globals.bChecking = false;
     };
@@ -84,7 +85,7 @@ TEST(EventStop, AClearedCheckStillTakesTheRowsFiguresAndEndsAtTheNextRow) {
     EventRig rig;
     rig.measured("C:\\", 5000);
     rig.measured("D:\\", 5000);
-    rig.tickEvent(0);
+    rig.tickEvent(evt::stagnancy);
     rig.setFree("C:", 6000);
     rig.machine.onCall = [&](const std::string& call) {
         if (call == "GetDrive C:\\") rig.forms.globals.bChecking = false;
@@ -99,7 +100,7 @@ TEST(EventStop, AClearedCheckStillTakesTheRowsFiguresAndEndsAtTheNextRow) {
 TEST(EventOrder, TestsRunInTheOrderOfTheList) {
     EventRig rig;
     rig.measured("C:\\", 5000);
-    rig.tickEvents({3, 2, 1, 0});
+    rig.tickEvents({evt::modification, evt::quantity, evt::change, evt::stagnancy});
     rig.at(1).setFolderCounts("file:9|fold:9|");
     rig.machine.listings["C:"] = {{.ftLastWriteTime = rig.present() + 1, .cFileName = "new"}};
     rig.pass();
@@ -117,7 +118,7 @@ TEST(EventOrder, TestsRunInTheOrderOfTheList) {
 TEST(EventUnavailable, FailsWithErrorFourHundredTwentyFourAtTheFirstReadyRow) {
     EventRig rig;
     rig.measured("C:\\", 5000);
-    rig.tickEvent(4);
+    rig.tickEvent(evt::unavailable);
     EXPECT_EQ(errorOf([&] { rig.pass(); }), 424);
     EXPECT_EQ(rig.panel1.back(), "Checking Events for: Listed Drive/Path become N/A");
     EXPECT_EQ(rig.machine.log.count(), 0);
@@ -127,7 +128,7 @@ TEST(EventUnavailable, TheFaultPathEndsTheCheckAtThatRow) {
     EventRig rig;
     rig.measured("C:\\", 5);
     rig.measured("D:\\", 5);
-    rig.tickEvents({0, 4});
+    rig.tickEvents({evt::stagnancy, evt::unavailable});
     rig.setInterval(0, 0, 5);
     rig.tick();
     EXPECT_EQ(rig.alert(1), std::string("High | ") + stampDateTime + " | Error: Object required");
@@ -146,7 +147,7 @@ TEST(EventUnavailable, TheFaultPathEndsTheCheckAtThatRow) {
 TEST(EventUnavailable, AFilesAlertRaisedBeforeTheFailureStands) {
     EventRig rig;
     rig.measured("C:\\", 5000);
-    rig.tickEvents({3, 4});
+    rig.tickEvents({evt::modification, evt::unavailable});
     rig.machine.listings["C:"] = {{.ftLastWriteTime = rig.present() + 1, .cFileName = "new"}};
     EXPECT_EQ(errorOf([&] { rig.pass(); }), 424);
     EXPECT_EQ(rig.alertCount(), 1);
@@ -158,7 +159,7 @@ TEST(EventUnavailable, UnwatchedRowsAndThoseNotReadyDontMeetTheFailure) {
     rig.row("C:\\", false);
     rig.watch("D:\\", 5000);
     rig.machine.drives["D:"].ready = false;
-    rig.tickEvent(4);
+    rig.tickEvent(evt::unavailable);
     rig.check();
     EXPECT_EQ(rig.timesChecked(), 1);
     EXPECT_EQ(rig.alertCount(), 0);
@@ -167,7 +168,7 @@ TEST(EventUnavailable, UnwatchedRowsAndThoseNotReadyDontMeetTheFailure) {
 TEST(EventSummary, IsOneHighAlertOfTheRow) {
     EventRig rig;
     rig.measured("C:\\", 5000);
-    rig.tickEvent(0);
+    rig.tickEvent(evt::stagnancy);
     rig.pass();
     EXPECT_EQ(rig.alert(1), std::string("High | ") + stampDateTime + " | " + stagnancyOfC);
     EXPECT_EQ(rig.list.ListItems(1).ListSubItems(4).Tag(), stagnancyOfC);
@@ -179,7 +180,7 @@ TEST(EventSummary, GoesInFrontOfTheDialogsTextStampedAndOfTheJournalAsItIs) {
     rig.measured("C:\\", 5000);
     rig.form1.txtAlert.setText("journal");
     rig.forms.dlgAlert.Label1.setText("dialog");
-    rig.tickEvent(0);
+    rig.tickEvent(evt::stagnancy);
     rig.pass();
     EXPECT_EQ(rig.forms.dlgAlert.Label1.Text(), "03/14/26 15:09:26 " + stagnancyOfC + "dialog");
     EXPECT_EQ(rig.form1.txtAlert.Text(), stagnancyOfC + "journal");
@@ -188,7 +189,7 @@ TEST(EventSummary, GoesInFrontOfTheDialogsTextStampedAndOfTheJournalAsItIs) {
 TEST(EventSummary, ARepeatedOneReachesTheJournalButNotTheAlertList) {
     EventRig rig;
     rig.measured("C:\\", 5000);
-    rig.tickEvent(0);
+    rig.tickEvent(evt::stagnancy);
     rig.pass();
     rig.pass();
     EXPECT_EQ(rig.alertCount(), 1);
@@ -199,7 +200,7 @@ TEST(EventSummary, HoldsTheEventsOfItsOwnRowAlone) {
     EventRig rig;
     rig.measured("C:\\", 5000);
     rig.measured("D:\\", 7000);
-    rig.tickEvent(0);
+    rig.tickEvent(evt::stagnancy);
     rig.check();
     EXPECT_EQ(rig.alertTexts(),
               (Texts{"Free space stagnancy in: D:\\ at size 7,000 KB\r\n.\r\n", stagnancyOfC}));
@@ -209,7 +210,7 @@ TEST(EventSummary, WithoutEventsNothingIsToldPlayedOrShown) {
     EventRig rig;
     rig.measured("C:\\", 5000);
     rig.form1.lstAct.setSelected(act::alert, true);
-    rig.tickEvent(1);
+    rig.tickEvent(evt::change);
     rig.pass();
     EXPECT_EQ(rig.alertCount(), 0);
     EXPECT_EQ(rig.form1.txtAlert.Text(), "");
@@ -224,7 +225,7 @@ TEST(EventSound, TheFirstSoundFileIsPlayedWhenItIsThere) {
     rig.form1.txtAudio[0].setText("C:\\ring.wav");
     rig.form1.txtAudio[1].setText("C:\\other.wav");
     rig.machine.files = {{"C:\\ring.wav", ""}, {"C:\\other.wav", ""}};
-    rig.tickEvent(0);
+    rig.tickEvent(evt::stagnancy);
     rig.pass();
     ASSERT_EQ(rig.machine.played.size(), 1u);
     EXPECT_EQ(rig.machine.played[0].first, "C:\\ring.wav");
@@ -238,7 +239,7 @@ TEST(EventSound, AMissingSoundFileHasNoStandIn) {
     rig.form1.txtAudio[1].setText("C:\\other.wav");
     rig.machine.files = {{"C:\\other.wav", ""},
                          {rig.machine.platform().app.Path + "\\sound\\alert.WAV", ""}};
-    rig.tickEvent(0);
+    rig.tickEvent(evt::stagnancy);
     rig.pass();
     EXPECT_TRUE(rig.machine.played.empty());
 }
@@ -250,7 +251,7 @@ TEST(EventSound, ASoundThatCantBePlayedChangesNothing) {
     rig.machine.files["C:\\ring.wav"] = "";
     rig.machine.playResult = 0;
     rig.form1.lstAct.setSelected(act::alert, true);
-    rig.tickEvent(0);
+    rig.tickEvent(evt::stagnancy);
     rig.pass();
     EXPECT_EQ(rig.alertCount(), 1);
     EXPECT_EQ(rig.ports.count("alert dialog"), 1);
@@ -262,7 +263,7 @@ TEST(EventSound, IsPlayedAfterTheJournalIsWrittenAndBeforeTheDialogIsShown) {
     rig.form1.txtAudio[0].setText("C:\\ring.wav");
     rig.machine.files["C:\\ring.wav"] = "";
     rig.form1.lstAct.setSelected(act::alert, true);
-    rig.tickEvent(0);
+    rig.tickEvent(evt::stagnancy);
     rig.machine.onCall = [&](const std::string& call) {
         if (call.compare(0, 13, "sndPlaySoundA") != 0) return;
         EXPECT_EQ(rig.form1.txtAlert.Text(), stagnancyOfC);
@@ -280,7 +281,7 @@ TEST(EventDialog, IsShownForAnEventWhenItIsHiddenAndAlertsAreTicked) {
             rig.measured("C:\\", 5000);
             rig.forms.dlgAlert.setVisible(visible);
             rig.form1.lstAct.setSelected(act::alert, ticked);
-            rig.tickEvent(0);
+            rig.tickEvent(evt::stagnancy);
             rig.pass();
             EXPECT_EQ(rig.ports.count("alert dialog"), !visible && ticked ? 1 : 0);
         }
@@ -290,7 +291,7 @@ TEST(EventDialog, IsShownForAnEventWhenItIsHiddenAndAlertsAreTicked) {
 TEST(EventFault, AFailedSummaryLeavesDialogAndJournalAlone) {
     EventRig rig;
     rig.measured("C:\\", 5000);
-    rig.tickEvent(0);
+    rig.tickEvent(evt::stagnancy);
     rig.form1.chkAutoSave.setValue(1);
     rig.machine.files[rig.form1.lblLog.Caption()] = "";
     rig.machine.lockedFiles[rig.form1.lblLog.Caption()] = 70;
@@ -305,7 +306,7 @@ TEST(EventFault, ARowRemovedInTheMiddleOfThePassEndsTheCheckQuietly) {
         SCOPED_TRACE(at);
         EventRig rig;
         rig.measured("C:\\", 5000);
-        rig.tickEvents({0, 2, 3});
+        rig.tickEvents({evt::stagnancy, evt::quantity, evt::modification});
         rig.machine.onCall = [&](const std::string& call) {
             if (call == at) rig.list.Clear();
         };
@@ -321,7 +322,7 @@ TEST(EventCost, APassAsksTheMachineNoMoreThanItsTestsNeed) {
     constexpr int rows = 1000;
     EventRig rig;
     for (int i = 0; i < rows; ++i) rig.measured("C:\\", 5000);
-    rig.tickEvents({0, 1, 2, 3});
+    rig.tickEvents({evt::stagnancy, evt::change, evt::quantity, evt::modification});
     rig.form1.chkAutoSave.setValue(0);
     rig.check();
     EXPECT_EQ(rig.timesChecked(), 1);

@@ -11,7 +11,7 @@ struct CountedFolder : EventRig {
     CountedFolder(int files, int folders) {
         measured("C:\\", 5000);
         hold(files, folders);
-        tickEvent(2);
+        tickEvent(evt::quantity);
     }
     void hold(int files, int folders) {
         machine.files.clear();
@@ -81,7 +81,7 @@ TEST(EventQuantity, AMissingFolderIsNoEvent) {
     EventRig rig;
     rig.watch("C:\\gone", 5000);
     rig.at(1).setFolderCounts("file:1|fold:1|");
-    rig.tickEvent(2);
+    rig.tickEvent(evt::quantity);
     rig.pass();
     EXPECT_EQ(rig.alertCount(), 0);
     EXPECT_EQ(rig.machine.log.calls(), Texts{"GetFolder C:\\gone"});
@@ -102,7 +102,7 @@ TEST(EventQuantity, AFolderRowIsCountedByItsOwnFolder) {
     rig.machine.files = {{"C:\\data\\a", ""}, {"C:\\data\\b", ""}, {"C:\\data\\sub\\c", ""}};
     rig.watch("C:\\data", 5000);
     rig.at(1).setFolderCounts("file:1|fold:0|");
-    rig.tickEvent(2);
+    rig.tickEvent(evt::quantity);
     rig.pass();
     EXPECT_EQ(rig.alertTexts(), Texts{"File Quantity changed in C:\\data from 1 to 2\r\n.\r\n"
                                       "Folder Quantity changed in C:\\data from 0 to 1\r\n.\r\n"});

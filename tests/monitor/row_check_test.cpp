@@ -17,7 +17,7 @@ TEST(RowCheck, LastCheckedIsMonthDayAndTime) {
 TEST(RowCheck, EventsComeBeforeTheFiguresAndBothBeforeTheShortage) {
     CheckRig rig;
     rig.watch("C:\\", 5);
-    rig.form1.lstAct.setSelected(3, true);
+    rig.form1.lstAct.setSelected(act::recycle, true);
     rig.check();
     EXPECT_EQ(rig.ports.calls,
               (Texts{"checkEvents 1", "prcSetPrevInfoLV C:\\", "animation 1 1", "action 3", "rate",
@@ -107,7 +107,8 @@ TEST(RowCheck, TheSameShortageStaysSuppressedAfterTheSpaceRecovered) {
 TEST(RowCheck, EveryTickedActionRunsInListOrderWithAYieldBeforeEveryEntry) {
     CheckRig rig;
     rig.watch("C:\\", 5);
-    for (const int action : {11, 2, 0, 7}) rig.form1.lstAct.setSelected(action, true);
+    for (const int action : {act::progressDialog, act::remove, act::alert, act::run})
+        rig.form1.lstAct.setSelected(action, true);
     std::vector<int> yieldsAtAction;
     rig.ports.onAction = [&](int, Shortage&) { yieldsAtAction.push_back(rig.host.yields); };
     rig.check();
@@ -121,8 +122,8 @@ TEST(RowCheck, ActionsOfOneRowEndBeforeTheNextRowIsMeasured) {
     CheckRig rig;
     rig.watch("C:\\", 5);
     rig.watch("D:\\", 5);
-    rig.form1.lstAct.setSelected(0, true);
-    rig.form1.lstAct.setSelected(1, true);
+    rig.form1.lstAct.setSelected(act::alert, true);
+    rig.form1.lstAct.setSelected(act::move, true);
     rig.check();
     EXPECT_EQ(rig.ports.calls,
               (Texts{"checkEvents 1", "prcSetPrevInfoLV C:\\", "animation 1 1", "action 0",
@@ -134,7 +135,7 @@ TEST(RowCheck, ActionsLearnTheRowItsTriggerItsDriveAndTheTexts) {
     CheckRig rig;
     rig.watch("C:\\", 5000);
     rig.watch("D:\\", 7);
-    rig.form1.lstAct.setSelected(0, true);
+    rig.form1.lstAct.setSelected(act::alert, true);
     rig.ports.onAction = [&](int, Shortage& shortage) {
         EXPECT_EQ(shortage.row, 2);
         EXPECT_EQ(shortage.lngMinSpace, 1000);
@@ -150,12 +151,12 @@ TEST(RowCheck, ActionsLearnTheRowItsTriggerItsDriveAndTheTexts) {
 TEST(RowCheck, TheRunningTextLivesThroughAllActionsOfTheRow) {
     CheckRig rig;
     rig.watch("C:\\", 5);
-    rig.form1.lstAct.setSelected(0, true);
-    rig.form1.lstAct.setSelected(5, true);
+    rig.form1.lstAct.setSelected(act::alert, true);
+    rig.form1.lstAct.setSelected(act::sound, true);
     std::string atSecond;
     rig.ports.onAction = [&](int action, Shortage& shortage) {
-        if (action == 0) shortage.strAlert = "left by the first";
-        if (action == 5) atSecond = shortage.strAlert;
+        if (action == act::alert) shortage.strAlert = "left by the first";
+        if (action == act::sound) atSecond = shortage.strAlert;
     };
     rig.check();
     EXPECT_EQ(atSecond, "left by the first");
@@ -164,7 +165,7 @@ TEST(RowCheck, TheRunningTextLivesThroughAllActionsOfTheRow) {
 TEST(RowCheck, TheDialogOpensForTextThatAnActionLeft) {
     CheckRig rig;
     rig.watch("C:\\", 5);
-    rig.form1.lstAct.setSelected(1, true);
+    rig.form1.lstAct.setSelected(act::move, true);
     rig.ports.onAction = [](int, Shortage& shortage) { shortage.strAlert += "moved"; };
     rig.check();
     EXPECT_EQ(rig.ports.count("alert dialog"), 1);
@@ -173,9 +174,10 @@ TEST(RowCheck, TheDialogOpensForTextThatAnActionLeft) {
 TEST(RowCheck, TheDialogTestComesAfterEveryTickedEntry) {
     CheckRig rig;
     rig.watch("C:\\", 5);
-    for (const int action : {0, 1, 2}) rig.form1.lstAct.setSelected(action, true);
+    for (const int action : {act::alert, act::move, act::remove})
+        rig.form1.lstAct.setSelected(action, true);
     rig.ports.onAction = [](int action, Shortage& shortage) {
-        if (action == 1) shortage.strAlert += "moved";
+        if (action == act::move) shortage.strAlert += "moved";
     };
     rig.check();
     EXPECT_EQ(rig.ports.count("alert dialog"), 2);
@@ -184,9 +186,9 @@ TEST(RowCheck, TheDialogTestComesAfterEveryTickedEntry) {
 TEST(RowCheck, TheDialogStaysClosedForTheShortageItselfAndForAnEmptiedText) {
     CheckRig rig;
     rig.watch("C:\\", 5);
-    rig.form1.lstAct.setSelected(0, true);
+    rig.form1.lstAct.setSelected(act::alert, true);
     rig.check();
-    rig.form1.lstAct.setSelected(1, true);
+    rig.form1.lstAct.setSelected(act::move, true);
     rig.ports.onAction = [](int, Shortage& shortage) { shortage.strAlert.clear(); };
     rig.check();
     EXPECT_EQ(rig.ports.count("alert dialog"), 0);
@@ -196,7 +198,7 @@ TEST(RowCheck, TheDialogsTextIsComparedWithRegardToCase) {
     CheckRig rig;
     rig.watch("C:\\", 5);
     rig.forms.dlgAlert.Label1.setText("MOVED");
-    rig.form1.lstAct.setSelected(0, true);
+    rig.form1.lstAct.setSelected(act::alert, true);
     rig.ports.onAction = [](int, Shortage& shortage) { shortage.strAlert = "moved"; };
     rig.check();
     EXPECT_EQ(rig.ports.count("alert dialog"), 1);
@@ -205,7 +207,7 @@ TEST(RowCheck, TheDialogsTextIsComparedWithRegardToCase) {
 TEST(RowCheck, TheRowsIconTurnsToAlertAfterTheActions) {
     CheckRig rig;
     rig.watch("C:\\", 5);
-    rig.form1.lstAct.setSelected(11, true);
+    rig.form1.lstAct.setSelected(act::progressDialog, true);
     std::string during = "?";
     rig.ports.onAction = [&](int, Shortage&) { during = rig.at(1).stateIcon(); };
     rig.check();
@@ -227,7 +229,7 @@ TEST(RowCheck, ADriveIsReadOncePerCheck) {
 TEST(RowShortage, TheJournalHoldsTheShortageBeforeAnActionRuns) {
     CheckRig rig;
     rig.watch("C:\\", 999);
-    rig.form1.lstAct.setSelected(0, true);
+    rig.form1.lstAct.setSelected(act::alert, true);
     rig.ports.onAction = [&](int, Shortage& shortage) {
         EXPECT_EQ(rig.form1.txtAlert.Text(), shortage.strStamp + shortage.strAlert + "\r\n . \r\n");
     };

@@ -49,8 +49,11 @@ TEST_F(ActionListRulesTest, MovingDeletingAndRecyclingExcludeEachOtherInPairs) {
         int first;
         int second;
         const char* message;
-    } cases[] = {{2, 1, noDelete},  {3, 1, noRecycle}, {1, 2, noMove},
-                 {3, 2, noRecycle}, {1, 3, noMove},    {2, 3, noDelete}};
+    } cases[] = {
+        {act::remove, act::move, noDelete}, {act::recycle, act::move, noRecycle},
+        {act::move, act::remove, noMove},   {act::recycle, act::remove, noRecycle},
+        {act::move, act::recycle, noMove},  {act::remove, act::recycle, noDelete},
+    };
     for (const auto& each : cases) {
         list.userTick(each.first, true);
         EXPECT_EQ(boxes(), "");
@@ -64,10 +67,10 @@ TEST_F(ActionListRulesTest, MovingDeletingAndRecyclingExcludeEachOtherInPairs) {
 }
 
 TEST_F(ActionListRulesTest, TheMessageComesBeforeTheOtherIsUnticked) {
-    list.userTick(1, true);
+    list.userTick(act::move, true);
     std::string during;
     host.onBox = [&](const Box&) { during = ticked(); };
-    list.userTick(2, true);
+    list.userTick(act::remove, true);
     EXPECT_EQ(during, "1 2");
     EXPECT_EQ(ticked(), "2");
 }
@@ -75,13 +78,15 @@ TEST_F(ActionListRulesTest, TheMessageComesBeforeTheOtherIsUnticked) {
 TEST_F(ActionListRulesTest, BothOthersGoEachWithItsMessage) {
     // Ticked before the rules were there.
     Forms before;
-    for (const int entry : {1, 2, 3}) before.form1.lstAct.setSelected(entry, true);
+    for (const int entry : {act::move, act::remove, act::recycle})
+        before.form1.lstAct.setSelected(entry, true);
     ActionListRules late{before, host};
-    before.form1.lstAct.setSelected(3, false);
+    before.form1.lstAct.setSelected(act::recycle, false);
     EXPECT_EQ(boxes(), "");
-    before.form1.lstAct.setSelected(3, true);
+    before.form1.lstAct.setSelected(act::recycle, true);
     EXPECT_EQ(boxes(), std::string(noMove) + "|" + noDelete);
-    EXPECT_FALSE(before.form1.lstAct.Selected(1) || before.form1.lstAct.Selected(2));
+    EXPECT_FALSE(before.form1.lstAct.Selected(act::move) ||
+                 before.form1.lstAct.Selected(act::remove));
 }
 
 TEST_F(ActionListRulesTest, UntickingSaysNothing) {
@@ -94,7 +99,9 @@ TEST_F(ActionListRulesTest, UntickingSaysNothing) {
 }
 
 TEST_F(ActionListRulesTest, EntriesWithoutARuleAreTickedSilently) {
-    for (const int entry : {0, 5, 6, 7, 9, 10, 11}) list.userTick(entry, true);
+    for (const int entry : {act::alert, act::sound, act::emptyBin, act::run, act::cleaner,
+                            act::pause, act::progressDialog})
+        list.userTick(entry, true);
     EXPECT_EQ(ticked(), "0 5 6 7 9 10 11");
     EXPECT_EQ(boxes(), "");
     EXPECT_FALSE(forms.frmNotify.Visible());
@@ -146,27 +153,28 @@ TEST_F(ActionListRulesTest, RefusingTheMailSettingsKeepsTheTick) {
 }
 
 TEST_F(ActionListRulesTest, TheSpecifiedPathIsOpenWhileMovingIsTicked) {
-    list.userTick(0, true);
+    list.userTick(act::alert, true);
     EXPECT_FALSE(form1.txtDrive.Enabled());
-    list.userTick(1, true);
+    list.userTick(act::move, true);
     EXPECT_TRUE(form1.txtDrive.Enabled());
-    list.userTick(2, true);
+    list.userTick(act::remove, true);
     EXPECT_FALSE(form1.txtDrive.Enabled());
 }
 
 TEST_F(ActionListRulesTest, AClickWithMovingTickedUnticksDeleting) {
     Forms before;
-    for (const int entry : {1, 2, 3}) before.form1.lstAct.setSelected(entry, true);
+    for (const int entry : {act::move, act::remove, act::recycle})
+        before.form1.lstAct.setSelected(entry, true);
     ActionListRules late{before, host};
     before.form1.lstAct.Click();
-    EXPECT_TRUE(before.form1.lstAct.Selected(1));
-    EXPECT_FALSE(before.form1.lstAct.Selected(2));
-    EXPECT_TRUE(before.form1.lstAct.Selected(3));
+    EXPECT_TRUE(before.form1.lstAct.Selected(act::move));
+    EXPECT_FALSE(before.form1.lstAct.Selected(act::remove));
+    EXPECT_TRUE(before.form1.lstAct.Selected(act::recycle));
     EXPECT_EQ(boxes(), "");
 }
 
 TEST_F(ActionListRulesTest, AClickWithDeletingAloneKeepsIt) {
-    list.setSelected(2, true);
+    list.setSelected(act::remove, true);
     list.Click();
     EXPECT_EQ(ticked(), "2");
     EXPECT_FALSE(form1.txtDrive.Enabled());
