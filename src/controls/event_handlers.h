@@ -3,11 +3,10 @@
 #pragma once
 
 #include <algorithm>
-#include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <functional>
 #include <iterator>
+#include <list>
 #include <memory>
 #include <utility>
 
@@ -43,17 +42,17 @@ class EventHandlers final : public HandlerList {
             return;
         }
         // What the handler holds may disconnect others as it goes: the list is in order by then.
-        const Handler removed = std::move(entry->handler);
-        entries_.erase(entry);
+        Entries removed;
+        removed.splice(removed.begin(), entries_, entry);
     }
 
     /// Runs the handlers, also those that are connected meanwhile. An error in one goes to the
     /// caller and stops the rest.
     void run(Args&... args) {
         const Emission emission(*this);
-        // By index, and over a container that keeps its elements in place: a handler may connect.
-        for (std::size_t i = 0; i < entries_.size(); ++i) {
-            if (entries_[i].connected) entries_[i].handler(args...);
+        // A list keeps its elements in place, and nothing is removed while an emission runs.
+        for (Entry& entry : entries_) {
+            if (entry.connected) entry.handler(args...);
         }
     }
 
@@ -72,6 +71,8 @@ class EventHandlers final : public HandlerList {
         std::uint64_t number;
         bool connected = true;
     };
+    using Entries = std::list<Entry>;
+
     // Counts the emissions that are running, one within another.
     class Emission {
       public:
@@ -91,14 +92,16 @@ class EventHandlers final : public HandlerList {
     // Removes what was disconnected during the emission. Without its event, the list goes too.
     void settle() {
         const auto self = std::move(self_);
-        std::deque<Entry> removed;
+        Entries removed;
         unsettled_ = false;
-        const auto first = std::stable_partition(entries_.begin(), entries_.end(), isConnected);
-        std::move(first, entries_.end(), std::back_inserter(removed));
-        entries_.erase(first, entries_.end());
+        for (auto entry = entries_.begin(); entry != entries_.end();) {
+            const auto next = std::next(entry);
+            if (!entry->connected) removed.splice(removed.end(), entries_, entry);
+            entry = next;
+        }
     }
 
-    std::deque<Entry> entries_;
+    Entries entries_;
     std::uint64_t lastNumber_ = 0;
     int emissions_ = 0;
     bool unsettled_ = false;
