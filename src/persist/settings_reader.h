@@ -13,9 +13,4 @@ namespace velmora {
 /// and for an index outside its list; 380 for a check box value that is none.
 void readSettings(std::string_view content, Forms& forms, Platform& platform);
 
-/// The interval picker out of a number of seconds, by the rules of the file: hours are a rounded
-/// quotient, minutes above 59 become the remainder by 3600, seconds below 10 are dropped. A part
-/// that the picker can't hold stays as it was.
-void setInterval(DatePicker& picker, double seconds);
-
 }  // namespace velmora
