@@ -1,6 +1,5 @@
 #include "app/console_program.h"
 
-#include <array>
 #include <string>
 #include <string_view>
 
@@ -8,6 +7,7 @@
 #include "console/commands.h"
 #include "console/console_host.h"
 #include "console/console_notify_area.h"
+#include "console/event_report.h"
 #include "console/line_reader.h"
 #include "console/output.h"
 
@@ -21,23 +21,6 @@ constexpr const char* usage =
     "Nothing to read: give commands on the standard input, one a line, for example\n"
     "    printf 'rows ListView1\\n' | velmora-console\n"
     "or start velmora-console in a terminal and type help.\n";
-
-// Everything that is shown goes out as an event, in the order in which it happens.
-void reportEvents(Forms& forms, Core& core, console::Output& output, console::Waiting& waiting) {
-    core.alerts().Raised.connect([&](const ListItem& row) {
-        output.alert(row);
-        waiting.seen(row.SubItems(2));
-    });
-    StatusBar& status = forms.form1.StatusBar1;
-    status.PanelChanged.connect([&, shown = std::array<std::string, 4>{}](int panel) mutable {
-        const std::string& text = status.Panels(panel).Text;
-        std::string& before = shown.at(static_cast<std::size_t>(panel));
-        if (before == text) return;
-        before = text;
-        output.status(panel, text);
-        waiting.seen(text);
-    });
-}
 
 // Editors and shells on Windows put one in front of the first line.
 void dropByteOrderMark(std::string& line) {
@@ -82,7 +65,8 @@ int runConsole(Machine& machine, std::istream& input, std::ostream& stream,
     WorkArea noScreen;
     Core core(forms, platform, {host, notifyArea, noWindows, noIcons, noScreen});
     console::Waiting waiting(host, timers, platform.clock, output, sleep);
-    reportEvents(forms, core, output, waiting);
+    const console::EventReport report(core.alerts().Raised, forms.form1.StatusBar1, output,
+                                      waiting);
     console::Commands commands(forms, host, output, waiting, [&machine](const std::string& path) {
         return machine.toDrivePath(path);
     });

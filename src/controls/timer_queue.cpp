@@ -7,7 +7,7 @@ namespace velmora {
 void TimerQueue::add(Timer& timer) {
     const std::size_t place = entries_.size();
     entries_.push_back({&timer, now_() + timer.Interval()});
-    timer.Restarted.connect([this, place] {
+    entries_[place].restarted = timer.Restarted.connect([this, place] {
         Entry& entry = entries_[place];
         entry.due = now_() + entry.timer->Interval();
     });
@@ -42,7 +42,7 @@ int TimerQueue::fireDue() {
     });
     int fired = 0;
     for (const std::size_t i : due) {
-        // A handler that ran meanwhile may have switched this one off or started it anew.
+        // A handler that ran meanwhile may have switched this one off or restarted it.
         if (!runs(entries_[i]) || entries_[i].due > until) continue;
         fire(i);
         ++fired;

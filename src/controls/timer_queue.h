@@ -1,4 +1,4 @@
-// The timers' side of a message loop: knows when each is due and fires those that are.
+// The timers of a message loop: when each is due, and firing those that are.
 #pragma once
 
 #include <cstdint>
@@ -6,11 +6,12 @@
 #include <optional>
 #include <vector>
 
+#include "controls/connection.h"
 #include "controls/timer.h"
 
 namespace velmora {
 
-/// Times are milliseconds of the count that `tickCount` gives. Timers must outlive the queue.
+/// Times are milliseconds of the clock `tickCount`. Timers must outlive the queue.
 class TimerQueue {
   public:
     explicit TimerQueue(std::function<std::int64_t()> tickCount) : now_(std::move(tickCount)) {}
@@ -21,8 +22,8 @@ class TimerQueue {
     void add(Timer& timer);
 
     /// Fires every timer that is due, each at most once and in the order of their times. A timer
-    /// that missed several intervals fires once and goes on from now. A timer whose handler is
-    /// running (a handler yielded) doesn't fire again meanwhile. Returns how many fired.
+    /// that missed several intervals fires once, and its next interval begins now. A timer whose
+    /// handler is running (a handler yielded) doesn't fire again meanwhile. Returns how many fired.
     int fireDue();
     /// Milliseconds until the next timer is due (0 when one is); nothing when none runs.
     std::optional<std::int64_t> untilNext() const;
@@ -31,6 +32,7 @@ class TimerQueue {
     struct Entry {
         Timer* timer;
         std::int64_t due;
+        ScopedConnection restarted = {};
         bool firing = false;
     };
     void fire(std::size_t entry);

@@ -76,7 +76,7 @@ TEST_F(TimerQueueTest, ANewIntervalStartsTheCountAnew) {
     EXPECT_EQ(at(4500), 1);
 }
 
-TEST_F(TimerQueueTest, TellsTheTimeUntilTheNext) {
+TEST_F(TimerQueueTest, GivesTheTimeUntilTheNext) {
     EXPECT_EQ(queue.untilNext(), 2000);
     now = 2500;
     EXPECT_EQ(queue.untilNext(), 500);
@@ -119,6 +119,17 @@ TEST_F(TimerQueueTest, AHandlerMayAddTimers) {
     });
     EXPECT_EQ(at(3000), 1);
     EXPECT_EQ(at(3001), 100);
+}
+
+TEST_F(TimerQueueTest, AQueueDisconnectsFromItsTimersAtItsEnd) {
+    Timer timer{form, "timer", 1000, true};
+    {
+        TimerQueue shortLived{[this] { return now; }};
+        shortLived.add(timer);
+        EXPECT_TRUE(timer.Restarted.connected());
+    }
+    EXPECT_FALSE(timer.Restarted.connected());
+    timer.setInterval(5);
 }
 
 TEST_F(TimerQueueTest, AnErrorOfAHandlerLeavesTheTimerRunning) {

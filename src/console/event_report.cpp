@@ -1,0 +1,30 @@
+#include "console/event_report.h"
+
+#include <cstddef>
+
+namespace velmora::console {
+
+EventReport::EventReport(Notice<const ListItem&>& alertRaised, StatusBar& status, Output& output,
+                         Waiting& waiting)
+    : status_(status),
+      output_(output),
+      waiting_(waiting),
+      alerts_(alertRaised.connect([this](const ListItem& row) { reportAlert(row); })),
+      panels_(status.PanelChanged.connect([this](int panel) { reportPanel(panel); })) {}
+
+void EventReport::reportAlert(const ListItem& row) {
+    output_.alert(row);
+    waiting_.seen(row.SubItems(2));
+}
+
+// A panel whose picture has changed keeps its text, which isn't reported again.
+void EventReport::reportPanel(int panel) {
+    const std::string& text = status_.Panels(panel).Text;
+    std::string& shown = shown_.at(static_cast<std::size_t>(panel));
+    if (shown == text) return;
+    shown = text;
+    output_.status(panel, text);
+    waiting_.seen(text);
+}
+
+}  // namespace velmora::console

@@ -1,0 +1,36 @@
+// What the program shows, reported on the console in the order in which it happens: new alerts and
+// changed panels of the status bar.
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "console/output.h"
+#include "console/waiting.h"
+#include "controls/bars.h"
+#include "controls/connection.h"
+#include "controls/list_item.h"
+
+namespace velmora::console {
+
+/// Reports for as long as it lives.
+class EventReport {
+  public:
+    EventReport(Notice<const ListItem&>& alertRaised, StatusBar& status, Output& output,
+                Waiting& waiting);
+    EventReport(const EventReport&) = delete;
+    EventReport& operator=(const EventReport&) = delete;
+
+  private:
+    void reportAlert(const ListItem& row);
+    void reportPanel(int panel);
+
+    StatusBar& status_;
+    Output& output_;
+    Waiting& waiting_;
+    std::array<std::string, 4> shown_;  // texts reported last, by panel from 1
+    ScopedConnection alerts_;
+    ScopedConnection panels_;
+};
+
+}  // namespace velmora::console

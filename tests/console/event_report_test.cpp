@@ -1,0 +1,69 @@
+#include "console/event_report.h"
+
+#include <gtest/gtest.h>
+
+#include <optional>
+
+#include "session.h"
+
+namespace velmora::console {
+namespace {
+
+struct EventReportTest : testing::Test, tests::Session {
+    EventReportTest() {
+        for (const char* header : {"Rating", "Time/Date", "Action Taken"}) {
+            alerts.addColumn({header});
+        }
+        output.setWatch(true);
+        report.emplace(raised, form1.StatusBar1, output, waiting);
+    }
+    ListItem& alert() {
+        ListItem& row = alerts.Add("High");
+        row.setSubItems(2, "Short of space");
+        return row;
+    }
+
+    ListView alerts{form1, "lvTest"};
+    Notice<const ListItem&> raised;
+    std::optional<EventReport> report;
+};
+
+TEST_F(EventReportTest, PrintsANewAlert) {
+    raised(alert());
+    EXPECT_NE(printed().find("Short of space"), std::string::npos);
+}
+
+TEST_F(EventReportTest, PrintsAPanelOnceForEachNewText) {
+    form1.StatusBar1.setPanelText(1, "Checking");
+    EXPECT_NE(printed().find("Checking"), std::string::npos);
+    form1.StatusBar1.setPanelPicture(1, 2);
+    EXPECT_EQ(printed(), "");
+    form1.StatusBar1.setPanelText(3, "Checking");
+    EXPECT_NE(printed().find("Checking"), std::string::npos);
+}
+
+TEST_F(EventReportTest, LetsAWaitForATextEnd) {
+    Timer timer{form1, "tmrTest", 2000, true};
+    timers.add(timer);
+    timer.Tick.connect([this] { form1.StatusBar1.setPanelText(2, "Checked: 1"); });
+    EXPECT_TRUE(waiting.until("Checked"));
+    EXPECT_EQ(slept, 2000);
+}
+
+TEST_F(EventReportTest, LetsAWaitForAnAlertEnd) {
+    Timer timer{form1, "tmrTest", 2000, true};
+    timers.add(timer);
+    timer.Tick.connect([this] { raised(alert()); });
+    EXPECT_TRUE(waiting.until("Short"));
+}
+
+TEST_F(EventReportTest, ReportsNothingAfterItsEnd) {
+    report.reset();
+    raised(alert());
+    form1.StatusBar1.setPanelText(1, "Checking");
+    EXPECT_EQ(printed(), "");
+    EXPECT_FALSE(raised.connected());
+}
+
+}  // namespace
+}  // namespace velmora::console
