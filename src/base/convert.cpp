@@ -13,7 +13,7 @@ namespace {
 template <typename Whole>
 Whole toWhole(double value) {
     const double whole = roundTiesToEven(value);
-    // Written so that no number fails too.
+    // Written so that NaN fails too.
     if (!(whole >= std::numeric_limits<Whole>::min() && whole <= std::numeric_limits<Whole>::max()))
         throw RuntimeError(error::overflow);
     return static_cast<Whole>(whole);

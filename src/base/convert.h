@@ -27,15 +27,15 @@ std::int16_t toInteger(std::string_view text, const Regional& regional);
 /// Rounds to nearest, ties to even. Error 13 as above, error 6 beyond 32 bits.
 std::int32_t toLong(std::string_view text, const Regional& regional);
 
-/// Ties to even. Error 6 beyond 16 bits or for no number.
+/// Ties to even. Error 6 beyond 16 bits or for NaN.
 std::int16_t toInteger(double value);
-/// Ties to even. Error 6 beyond 32 bits or for no number.
+/// Ties to even. Error 6 beyond 32 bits or for NaN.
 std::int32_t toLong(double value);
 
-/// The nearest whole number; infinities and no number stay what they are.
+/// The nearest whole number; infinities and NaN stay what they are.
 double roundTiesToEven(double value);
 /// Ties away from zero, on the decimal digits that the value shows (so 1.005 to two decimals is
-/// 1.01). `decimals` from 0 to 15, error 5 otherwise; error 6 for infinities and no number.
+/// 1.01). `decimals` from 0 to 15, error 5 otherwise; error 6 for infinities and NaN.
 double roundTiesAway(double value, int decimals);
 
 /// The sum as a 32-bit number; error 6 if it doesn't fit.
@@ -43,7 +43,7 @@ std::int32_t addLong(std::int32_t a, std::int32_t b);
 
 /// A number as text without digit groups: whole numbers without a decimal point, others with up
 /// to 15 significant digits and the regional decimal point, a leading zero for values below 1.
-/// Never an exponent. Error 6 for infinities and no number.
+/// Never an exponent. Error 6 for infinities and NaN.
 std::string toText(double value, const Regional& regional);
 std::string toText(std::int64_t value);
 

@@ -71,16 +71,16 @@ Token tokenAt(std::string_view picture, std::string_view lower, std::size_t at) 
     return {part, size, picture[at]};
 }
 
-/// "mm" is minutes behind hours and in front of seconds; names of months are never minutes.
+/// "mm" is minutes after hours and before seconds; names of months are never minutes.
 void tellMinutesFromMonths(std::vector<Token>& tokens) {
     std::vector<Token*> parts;
     for (Token& token : tokens)
         if (token.part != Part::literal && token.part != Part::amPm) parts.push_back(&token);
     for (std::size_t i = 0; i < parts.size(); ++i) {
         if (parts[i]->part != Part::month || parts[i]->size > 2) continue;
-        const bool behindHour = i > 0 && parts[i - 1]->part == Part::hour;
+        const bool afterHour = i > 0 && parts[i - 1]->part == Part::hour;
         const bool beforeSecond = i + 1 < parts.size() && parts[i + 1]->part == Part::second;
-        if (behindHour || beforeSecond) parts[i]->part = Part::minute;
+        if (afterHour || beforeSecond) parts[i]->part = Part::minute;
     }
 }
 

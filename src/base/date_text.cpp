@@ -36,7 +36,7 @@ std::string timeText(const DateTime& value, const Regional& regional) {
     return padded(hour, 1) + rest + (value.hour < 12 ? " AM" : " PM");
 }
 
-/// Walks over a text; every step tells whether it found what it wanted.
+/// Walks over a text; every step returns whether it found what it expected.
 class Cursor {
   public:
     explicit Cursor(std::string_view text) : rest_(text) {}
@@ -69,7 +69,7 @@ class Cursor {
         return true;
     }
 
-    /// "AM" or "PM" in any case, as all the rest.
+    /// "AM" or "PM" in any case, as the whole rest of the text.
     bool halfOfDay(bool& afternoon) {
         const std::string half = lowerCase(rest_);
         if (half != "am" && half != "pm") return false;
@@ -98,7 +98,7 @@ bool readDatePart(Cursor& cursor, DateOrder order, std::string_view mark, DateTi
     return year() && between() && month() && between() && day();
 }
 
-/// The time as all the rest.
+/// The time, as the whole rest of the text.
 bool readTimePart(Cursor& cursor, const Regional& regional, DateTime& value) {
     const auto between = [&] { return cursor.mark(regional.timeSeparator) || cursor.mark(":"); };
     if (!cursor.number(1, 2, value.hour) || !between() || !cursor.number(2, 2, value.minute))

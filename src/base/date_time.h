@@ -41,7 +41,7 @@ DateTime fromSeconds(std::int64_t seconds);
 /// A date by a picture: "yyyy", "yy", "mm" and "m", "Mmm" and "Mmmm" (month names), "dd", "d",
 /// "Ddd" and "Dddd" (weekday names), "hh" and "h" (24-hour unless "AMPM" stands in the picture),
 /// "nn" and "n" (minutes), "ss" and "s", "AMPM". "mm" and "m" are minutes when the closest of these
-/// in front of them is an hour or the next behind them is seconds ("AMPM" not counted), and
+/// before them is an hour or the next after them is seconds ("AMPM" not counted), and
 /// otherwise the month. Upper and lower case are the same; names are English, always written
 /// "Jan". Other characters stand for themselves; "/" and ":" too, whatever the region. Error 5 for
 /// a date that isn't valid.

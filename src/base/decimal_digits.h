@@ -1,4 +1,4 @@
-// The decimal digits that a number shows: the common ground of rounding, pictures and plain text.
+// The decimal digits that a number shows, as rounding, pictures and plain text use them.
 #pragma once
 
 #include <string>
@@ -17,8 +17,8 @@ struct DecimalDigits {
 };
 
 /// 15 significant digits, which hide the noise of binary fractions (0.1 + 0.2 shows 0.3); from
-/// 1E15 on the fewest that tell the number from its neighbours, filled up with zeros. Error 6 for
-/// infinities and no number.
+/// 1E15 on the fewest that distinguish the number from its neighbours, padded with zeros. Error 6
+/// for infinities and NaN.
 DecimalDigits decimalDigits(double value);
 
 /// Rounded to `decimals` (not negative), ties away from zero. Zero is never negative.

@@ -23,13 +23,13 @@ std::string withoutLineEnds(std::string text) {
 }
 
 std::string prcSetDiskSizeDimension(double lngSpace, const Regional& regional) {
-    const auto told = [&regional](double value, const char* unit) {
+    const auto sized = [&regional](double value, const char* unit) {
         return Format(value, "##,##0.0", regional) + unit;
     };
-    if (lngSpace > 1e9) return told(lngSpace / 1e9, " TB");
-    if (lngSpace >= 1000001 && lngSpace < 1e9) return told(lngSpace / 1e6, " GB");
-    if (lngSpace >= 1001 && lngSpace < 1e6) return told(lngSpace / 1e3, " MB");
-    if (lngSpace >= 2 && lngSpace < 1e3) return told(lngSpace, " KB");
+    if (lngSpace > 1e9) return sized(lngSpace / 1e9, " TB");
+    if (lngSpace >= 1000001 && lngSpace < 1e9) return sized(lngSpace / 1e6, " GB");
+    if (lngSpace >= 1001 && lngSpace < 1e6) return sized(lngSpace / 1e3, " MB");
+    if (lngSpace >= 2 && lngSpace < 1e3) return sized(lngSpace, " KB");
     return "0 KB";
 }
 

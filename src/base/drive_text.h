@@ -10,24 +10,24 @@
 namespace velmora {
 
 /// The drive part of a display line of lstInfo: from the first ":" on up to the last, with a
-/// back-slash behind, trimmed.
+/// back-slash appended, trimmed.
 std::string prcGetDrive(const std::string& strDri);
 
 /// The root of a path: up to one character past the first ":"; "c:\" when that is shorter than
 /// three characters.
 std::string prcChkDriv(const std::string& strText);
 
-/// The text without the line ends behind it: each saving and reading of the settings puts one more
-/// behind a path.
+/// The text without its trailing line ends: each saving and reading of the settings appends one
+/// more to a path.
 std::string withoutLineEnds(std::string text);
 
-/// A size in KB, told in KB, MB, GB or TB by decimal factors. Exactly 1, 1000, 1000000 and
+/// A size in KB as a text in KB, MB, GB or TB by decimal factors. Exactly 1, 1000, 1000000 and
 /// 1000000000 fall between the ranges and give "0 KB".
 std::string prcSetDiskSizeDimension(double lngSpace, const Regional& regional);
 
 /// Bytes as a whole number of KB.
 double kilobytes(double bytes);
-/// The same as the rows show it, with " KB" behind.
+/// The same as the rows show it, followed by " KB".
 std::string kilobyteText(double bytes, Grouping grouping, const Regional& regional);
 
 }  // namespace velmora

@@ -77,7 +77,7 @@ class WholePart {
         for (std::size_t power = digits_.size(); power > places_;) digit(--power, false);
     }
 
-    /// The digit of a power of ten and the mark behind it.
+    /// The digit of a power of ten and the mark after it.
     void digit(std::size_t power, bool required) {
         if (power < digits_.size())
             text_ += digits_[digits_.size() - 1 - power];
@@ -96,7 +96,7 @@ class WholePart {
 };
 
 std::string fractionText(std::string_view picture, std::string_view digits) {
-    const std::size_t behindRequired = picture.find_last_of('0') + 1;  // 0 when there is none
+    const std::size_t afterRequired = picture.find_last_of('0') + 1;  // 0 when there is none
     std::string text;
     std::size_t place = 0;
     for (std::size_t i = 0; i < picture.size(); ++i) {
@@ -106,7 +106,7 @@ std::string fractionText(std::string_view picture, std::string_view digits) {
         }
         if (place < digits.size())
             text += digits[place];
-        else if (i < behindRequired)
+        else if (i < afterRequired)
             text += '0';
         ++place;
     }

@@ -1,4 +1,4 @@
-// Cutting a text behind the digits that it begins with.
+// Cutting a text after the digits that it begins with.
 #pragma once
 
 #include <string>

@@ -55,7 +55,7 @@ class NumberReader {
         return count;
     }
 
-    /// The size of the group mark at this place, 0 for none: it must have a digit behind it.
+    /// The size of the group mark at this place, 0 for none: a digit must follow it.
     std::size_t groupMark() const {
         const std::string_view mark = regional_.digitGroup;
         if (mark == regional_.decimalPoint) return 0;
@@ -67,9 +67,9 @@ class NumberReader {
     }
 
     std::size_t markSize(std::string_view mark) const {
-        const std::size_t behind = at_ + mark.size();
-        const bool found = rest().starts_with(mark) && behind < text_.size();
-        return found && isDigit(text_[behind]) ? mark.size() : 0;
+        const std::size_t after = at_ + mark.size();
+        const bool found = rest().starts_with(mark) && after < text_.size();
+        return found && isDigit(text_[after]) ? mark.size() : 0;
     }
 
     std::size_t fractionDigits() {
@@ -113,7 +113,7 @@ class NumberReader {
         return places + (e == all.npos ? 0 : exponentValue(all.substr(e + 1))) <= 0;
     }
 
-    /// An exponent that no text can make up for stands in for any larger one.
+    /// Stands for any larger exponent: no number of digits in a text can make up for it.
     static std::ptrdiff_t exponentValue(std::string_view digits) {
         constexpr std::ptrdiff_t huge = 2'000'000'000;
         std::ptrdiff_t result = 0;

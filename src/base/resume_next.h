@@ -1,4 +1,4 @@
-// The resume-next rule: a list of statements of which each may fail without stopping the rest.
+// Resume next: a list of statements of which each may fail without stopping the rest.
 #pragma once
 
 #include <exception>

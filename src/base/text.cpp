@@ -26,7 +26,7 @@ bool isAscii(std::string_view text) {
                        [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
-/// The byte behind `count` characters from the byte `at`, at most the end of the text.
+/// The byte after `count` characters from the byte `at`, at most the end of the text.
 std::size_t skipCharacters(std::string_view text, std::size_t at, std::size_t count) {
     while (count > 0 && at < text.size()) {
         if (count >= wordSize && at + wordSize <= text.size() && isAsciiWord(text.data() + at)) {

@@ -1,5 +1,5 @@
 // Text: UTF-8 in std::string; lengths and positions count characters, from 1, as the program's
-// rules for paths and pictures are told in characters. ASCII texts take a fast path.
+// rules for paths and pictures count characters. ASCII texts take a fast path.
 // A byte that is no valid UTF-8 counts as one character.
 #pragma once
 

@@ -3,10 +3,10 @@
 namespace velmora {
 
 void wipe(std::string& text) {
-    // Behind the text may stand what is left of a longer one. Growing to the capacity stays in the
-    // same storage.
+    // The storage after the text may hold the rest of a longer one. Growing to the capacity keeps
+    // the same storage.
     text.resize(text.capacity());
-    // Volatile, or the stores would go: nobody reads them.
+    // Volatile, or the compiler would drop the stores, since nothing reads them.
     volatile char* bytes = text.data();
     for (std::size_t i = 0; i < text.size(); ++i) bytes[i] = '\0';
     text.clear();

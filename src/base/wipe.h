@@ -1,4 +1,4 @@
-// Taking a secret out of memory.
+// Erasing a secret from memory.
 #pragma once
 
 #include <string>

@@ -17,7 +17,7 @@ class ConsoleHost final : public Host {
   public:
     ConsoleHost(Output& output, TimerQueue& timers) : output_(output), timers_(timers) {}
 
-    /// An answer for the next question that offers it. Boxes that only tell something take none.
+    /// An answer for the next question that offers it. Boxes with a single button take none.
     void queueAnswer(BoxAnswer answer) { answers_.push_back(answer); }
     /// A drive path or text for the next dialog.
     void queueText(std::string text) { texts_.push_back(std::move(text)); }
@@ -28,12 +28,12 @@ class ConsoleHost final : public Host {
     void Beep() override;
     void DoEvents() override;
 
-    /// Runs a handler; a run-time error that it doesn't take ends the program.
+    /// Runs a handler; a run-time error that it doesn't handle ends the program.
     void guarded(const std::function<void()>& handler);
     /// Runs the due timers; a run-time error that reaches this far ends the program.
     void fireTimers();
-    /// Tells of the run-time error being handled, which nothing took, and ends the program with
-    /// status 1. For catch blocks only.
+    /// Reports the unhandled run-time error in flight and ends the program with status 1. For catch
+    /// blocks only.
     [[noreturn]] void endByRuntimeError();
 
   private:

@@ -11,7 +11,7 @@ class ConsoleNotifyArea final : public NotifyArea {
     explicit ConsoleNotifyArea(Output& output) : output_(output) {}
 
     /// False: there is no area that could show the icon. Changes of an icon, which come each minute
-    /// or second, are told only under watch.
+    /// or second, are printed only while status changes are.
     bool Shell_NotifyIconA(NotifyMessage message, const NotifyIconData& data) override {
         if (message == NotifyMessage::modify && !output_.watch()) return false;
         constexpr const char* names[] = {"NIM_ADD", "NIM_MODIFY", "NIM_DELETE"};

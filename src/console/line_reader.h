@@ -16,7 +16,7 @@ enum class LineRead {
 };
 
 /// Reads one line without its line end (LF or CR LF); the last one may lack it. An input that can't
-/// be read has ended.
+/// be read counts as ended.
 LineRead readLine(std::istream& input, std::string& line);
 
 }  // namespace velmora::console

@@ -16,7 +16,8 @@ class Output {
     explicit Output(std::ostream& stream) : stream_(stream) {}
 
     void setJson(bool on) { json_ = on; }
-    /// Whether a reader of lines is told of status panel changes too; a program always is.
+    /// Whether status panel changes are printed for a reader of lines; for a program they always
+    /// are.
     void setWatch(bool on) { watch_ = on; }
     bool watch() const { return watch_; }
 
@@ -38,8 +39,8 @@ class Output {
     /// An operation handed to the system's shell.
     void shell(const std::string& operation, const JsonFields& details);
 
-    /// Hands everything to the reader. Ends the program with status 1 when there is none any more:
-    /// nobody would hear of what it does or could tell it to stop.
+    /// Flushes the output. Ends the program with status 1 when nobody reads it any more: nobody
+    /// would see what the program does or could stop it.
     void flush();
 
   private:

@@ -79,7 +79,7 @@ Target resolve(Forms& forms, const std::string& name) {
         if (setControl(target, readPiece(texts[at]))) {
             ++at;
         } else if (at == 0 || texts.size() == 3) {
-            // Alone behind a form it may still be the form's own property.
+            // Following a form alone, the name may be that of a property of the form.
             unknown("control", texts[at]);
         }
     }

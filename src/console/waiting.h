@@ -1,4 +1,4 @@
-// Letting the timers run: for a while, for ever, or until something is seen.
+// Letting the timers run: for some time, for ever, or until a text is shown.
 #pragma once
 
 #include <cstdint>
@@ -22,13 +22,13 @@ class Waiting {
 
     void forSeconds(double seconds);
     [[noreturn]] void forever();
-    /// Waits until `seen` is told a text that holds `text`; false after the limit of 600 s.
+    /// Waits until `seen` is called with a text that holds `text`; false after the limit of 600 s.
     bool until(const std::string& text);
     /// A status panel or a new alert shows this.
     void seen(const std::string& text);
 
   private:
-    // Runs timers until the condition holds or the time has come.
+    // Runs timers until the condition holds or the time is up.
     void run(std::optional<std::int64_t> end, const std::function<bool()>& done);
 
     ConsoleHost& host_;

@@ -16,14 +16,14 @@ StatusBar::Panel& StatusBar::at(int index) {
     return const_cast<Panel&>(Panels(index));
 }
 
-void StatusBar::setPanelText(int index, std::string_view text, std::string_view behind) {
+void StatusBar::setPanelText(int index, std::string_view text, std::string_view rest) {
     Panel& panel = at(index);
     const std::string_view present = panel.Text;
-    if (present.size() == text.size() + behind.size() && present.starts_with(text) &&
-        present.ends_with(behind)) {
+    if (present.size() == text.size() + rest.size() && present.starts_with(text) &&
+        present.ends_with(rest)) {
         return;
     }
-    panel.Text.assign(text).append(behind);
+    panel.Text.assign(text).append(rest);
     PanelChanged(index);
 }
 

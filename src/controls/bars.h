@@ -23,7 +23,7 @@ class StatusBar : public Control {
     const Panel& Panels(int index) const;
     /// The text may come in two pieces, neither of them part of the present text; a check writes
     /// several for each row.
-    void setPanelText(int index, std::string_view text, std::string_view behind = {});
+    void setPanelText(int index, std::string_view text, std::string_view rest = {});
     void setPanelPicture(int index, int image);
 
     /// The text or picture of that panel has changed.

@@ -80,7 +80,7 @@ class CheckBox : public Clickable {
     bool ticked() const { return value_ == 1; }
     /// 0 or 1; error 380 for others. Clicks when the value changes, whoever changes it.
     void setValue(int value);
-    /// The value that the form is made with; nothing clicks.
+    /// The initial value of the form's design; nothing clicks.
     void setDesignValue(int value) { value_ = value; }
     void userClick() override;
 
@@ -126,10 +126,10 @@ class MenuItem : public Clickable {
     bool Checked() const { return checked_; }
     void setChecked(bool checked);
     /// Shows the items below this one as a menu at the pointer. Returns at once: a check that
-    /// yielded to the click goes on while the menu stands.
+    /// yielded to the click goes on while the menu is open.
     void PopUp() { PoppedUp(); }
     Notice<> PoppedUp;
-    /// The menu that was popped up is gone.
+    /// The menu that was popped up has been closed.
     Event<> Closed;
     /// Separators can't be clicked.
     void userClick() override;

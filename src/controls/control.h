@@ -1,6 +1,6 @@
 // A control: a named field with events, nothing drawn. Handlers of the program and the views both
-// hang on it. What the program does to a field fires the same events as the user's hand where the
-// platform's controls do so (a check box whose value changes clicks).
+// connect to its events. What the program does to a field fires the same events as the user's hand
+// where the platform's controls do so (a check box whose value changes clicks).
 #pragma once
 
 #include <string>

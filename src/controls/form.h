@@ -1,4 +1,4 @@
-// A form: a window's worth of controls, found by name. Measures are twips (15 a pixel).
+// A form: the controls of one window, found by name. Measures are twips (15 a pixel).
 #pragma once
 
 #include <string>
@@ -43,7 +43,7 @@ class Form {
     /// Once, before the form becomes visible for the first time.
     Event<> Load;
     Event<> Resize;
-    /// The form wasn't shown and is now; the form was shown and isn't any more.
+    /// The form has become visible; the form has been hidden.
     Event<> Shown;
     Event<> Hidden;
     /// The pointer's place in twips, or what an icon of the notification area reports by it.
@@ -61,7 +61,7 @@ class Form {
     /// The control of that name, by its index in a control array or -1 outside one; letter case
     /// doesn't matter. Null when there is none.
     Control* find(const std::string& name, int index = -1) const;
-    /// All controls in the order of their making.
+    /// All controls in the order of creation.
     const std::vector<Control*>& controls() const { return controls_; }
     Properties properties();
 

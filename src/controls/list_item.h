@@ -1,5 +1,5 @@
-// One row of a list view. Kept small, since the alert list holds a million of them: sub-items come
-// into being when they are written, and what few rows carry lies apart.
+// One row of a list view. Kept small, since the alert list holds a million of them: sub-items are
+// created when they are first written, and what few rows have is stored separately.
 #pragma once
 
 #include <memory>

@@ -51,7 +51,7 @@ class ListView : public Control {
     ListItem* SelectedItem();
 
     /// Sorting puts the present rows in order once, by the text of the column `SortKey` (from 0)
-    /// without regard to case; rows added later stand where they are put.
+    /// without regard to case; rows added later stay where they are inserted.
     int SortKey() const { return sortKey_; }
     int SortOrder() const { return sortOrder_; }
     bool Sorted() const { return sorted_; }
@@ -74,7 +74,7 @@ class ListView : public Control {
     Notice<int> RowRemoved;   ///< the index that it had
     Notice<> RowsReset;       ///< cleared or sorted
     Notice<const ListItem&> RowChanged;
-    Notice<> SelectionChanged;  ///< a row that stays was selected or isn't any more
+    Notice<> SelectionChanged;  ///< a row in the list was selected or deselected
 
     void userTick(int index, bool on);
     /// Selects these rows and no others.

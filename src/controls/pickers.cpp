@@ -83,10 +83,10 @@ void UpDown::moveTo(std::int64_t value) {
     Change();
 }
 
-void UpDown::turn(int step, Event<>& clicked) {
+void UpDown::step(int by, Event<>& clicked) {
     refuseWhenDisabled();
     syncWithBuddy();
-    moveTo(std::int64_t{value_} + step);
+    moveTo(std::int64_t{value_} + by);
     clicked();
 }
 

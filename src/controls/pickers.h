@@ -34,8 +34,8 @@ class Slider : public Control {
     int value_;
 };
 
-/// A spinner. With a buddy, a turn steps the number in the buddy's text; a text that is no whole
-/// number is left as it stands.
+/// A spinner. With a buddy, a click steps the number in the buddy's text; a text that is no whole
+/// number is left as it is.
 class UpDown : public Control {
   public:
     UpDown(Form& form, std::string name, int min, int max, int value, TextBox* buddy = nullptr);
@@ -46,16 +46,16 @@ class UpDown : public Control {
 
     Event<> UpClick;
     Event<> DownClick;
-    /// The value has changed by a turn.
+    /// A click has changed the value.
     Event<> Change;
 
-    void userUp() { turn(1, UpClick); }
-    void userDown() { turn(-1, DownClick); }
+    void userUp() { step(1, UpClick); }
+    void userDown() { step(-1, DownClick); }
     std::string mainProperty() const override { return "Value"; }
     Properties properties() override;
 
   private:
-    void turn(int step, Event<>& clicked);
+    void step(int by, Event<>& clicked);
     void moveTo(std::int64_t value);
     void syncWithBuddy();
     /// The whole number in the buddy's text, within the range; nothing when it is none.

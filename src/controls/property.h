@@ -1,4 +1,4 @@
-// Properties of controls by name, for surfaces that are told a name instead of knowing the type.
+// Properties of controls by name, for surfaces that know a name and not the type.
 #pragma once
 
 #include <cstdint>
@@ -35,7 +35,7 @@ struct Property {
 
 using Properties = std::vector<Property>;
 
-/// The values in which a user may write a switch: on, off, true, false, 1, 0, -1. Throws Refused
+/// The value of a switch as a user may write it: on, off, true, false, 1, 0, -1. Throws Refused
 /// for others.
 bool readSwitch(const std::string& text);
 /// A whole number from `least` to `most`; throws Refused for anything else.

@@ -1,5 +1,5 @@
-// A text box. Texts that grow at the front for months (the journal) cost what is added, not what
-// is there: the text is kept in pieces and joined when it is read.
+// A text box. Prepending costs the length of what is prepended, not of the whole text (the journal
+// grows for months): the text is kept in pieces, which are joined when it is read.
 #pragma once
 
 #include <algorithm>
@@ -39,7 +39,7 @@ class TextBox : public Control {
     /// Selects the whole text and takes the focus.
     void selectAllAndFocus();
     bool Focused() const { return focused_; }
-    /// The characters that the user types are not shown, nor told by name.
+    /// The characters that the user types are not shown, nor given as a property.
     bool masked() const { return masked_; }
     void setMasked(bool masked) { masked_ = masked; }
     /// The focus goes elsewhere; fires LostFocus if this box had it.
@@ -51,7 +51,7 @@ class TextBox : public Control {
     Event<> LostFocus;
     /// For views that hold the text themselves: what was put in front of it.
     Notice<const std::string&> Prepended;
-    /// For views that hold the text themselves: it is another one.
+    /// For views that hold the text themselves: the whole text has been replaced.
     Notice<> Replaced;
 
     std::string mainProperty() const override { return "Text"; }

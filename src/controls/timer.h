@@ -1,5 +1,5 @@
-// A timer: fires its event each `Interval` while it is enabled. Whoever runs the message loop
-// keeps the time; the control only says what it wants.
+// A timer: fires its event each `Interval` while it is enabled. The message loop keeps the time;
+// the control only holds the settings.
 #pragma once
 
 #include <cstdint>
@@ -14,14 +14,14 @@ class Timer : public Control {
     Timer(Form& form, std::string name, int interval, bool enabled);
 
     int Interval() const { return interval_; }
-    /// Starts the count anew, also with the value that stands. Error 380 below 0.
+    /// Restarts the count, also with an unchanged value. Error 380 below 0.
     void setInterval(int interval);
-    /// Starts the count anew when the timer was off.
+    /// Restarts the count when the timer was off.
     void setEnabled(bool enabled) override;
 
     /// The timer's tick.
     Event<> Tick;
-    /// The count starts anew or the timer is switched: for the message loop.
+    /// The count restarts or the timer is switched on or off: for the message loop.
     Notice<> Restarted;
 
     std::string mainProperty() const override { return "Enabled"; }

@@ -1,5 +1,5 @@
-// The small windows beside the main one: lock, about box, recycle bin view, alert dialog, progress,
-// and the frames of those whose content is still to come.
+// The smaller windows: lock, about box, recycle bin view, alert dialog, progress,
+// and windows that have no content yet.
 #pragma once
 
 #include <array>
@@ -30,7 +30,7 @@ class DlgAlert : public Form {
                  "It is recommended you free up some space as a preemptive action to prevent the "
                  "free space from reaching zero.  To see options, press Action."};
     Label lblSuggest{*this, "lblSuggest"};            ///< what the chosen option would do
-    Frame fraAct{*this, "fraAct", "Action Options"};  ///< in view while the dialog is high enough
+    Frame fraAct{*this, "fraAct", "Action Options"};  ///< visible while the dialog is high enough
     std::array<Label, 5> lblAct{{{*this, "lblAct", "Sorbane", 0},
                                  {*this, "lblAct", "Compress F", 1},
                                  {*this, "lblAct", "Emp. Recyc", 2},
@@ -60,7 +60,7 @@ class FrmWaitTest : public Form {
     Label lblWatchPath{*this, "lblWatchPath"};
 };
 
-/// The form behind the notification area's icon; never visible.
+/// The form that owns the icon in the notification area; never visible.
 class SysWorkSystray : public Form {
   public:
     SysWorkSystray() : Form("sysWorkSystray") {}
@@ -128,7 +128,7 @@ class FrmAbout : public Form {
     CommandButton cmdOK{*this, "cmdOK", "OK"};
     CommandButton cmdSysInfo{*this, "cmdSysInfo", "&System Info..."};
     Timer Timer1{*this, "Timer1", 40, false};         ///< runs while the box is shown
-    Slider prcDraw{*this, "prcDraw", 0, 359, 1, 10};  ///< the drawing's turn in degrees
+    Slider prcDraw{*this, "prcDraw", 0, 359, 1, 10};  ///< the rotation of the drawing in degrees
 };
 
 /// The drive information dialog.

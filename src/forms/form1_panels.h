@@ -29,8 +29,8 @@ struct TabStrips {
     std::array<Label, 3> lblSpectab;  ///< inner strip of the first panel
     std::array<Frame, 5> frmSp;       ///< panels of the main strip; the last is the overview
     std::array<Frame, 3> fr;          ///< panels of the inner strip
-    Frame Frame5;                     ///< holds the strip; gone in the compact view
-    Frame Frame1;                     ///< holds the panel; gone in the compact view
+    Frame Frame5;                     ///< holds the strip; hidden in the compact view
+    Frame Frame1;                     ///< holds the panel; hidden in the compact view
 };
 
 /// What the user specified: files, programs, the path to move to.

@@ -35,7 +35,7 @@ struct Globals {
     bool bAutoUpdate = false;        ///< updates are asked for at start
     std::string sTrayTip;            ///< tip of the tray icon
     std::string iconHandle;          ///< the icon shown in the notification area, by its key
-    bool bLocked = false;            ///< the windows stand behind a password
+    bool bLocked = false;            ///< the windows are locked by a password
     std::string sLockPassword;       ///< as entered; nowhere but here, and wiped on unlocking
     int iTranslucency = 100;         ///< in percent, 100 is opaque
     std::string strSettings;         ///< drive path of the settings file

@@ -20,7 +20,7 @@ std::string_view upToNul(std::string_view text) {
     return text.substr(0, text.find('\0'));
 }
 
-// What stands in front of the name in every report of one scan.
+// The text before the name in every report of one scan.
 std::string reportHead(std::int32_t ChangeType, const std::string& folder) {
     return "Change Type: " + fChangeTypeText(ChangeType) + "\r\n  " + folder;
 }

@@ -1,5 +1,5 @@
-// Scans of one folder level that tell what has changed in it. Each is one pass over the folder; of
-// what is below its subfolders nothing is read. Paths come with or without a back-slash behind.
+// Scans of one folder level that report what has changed in it. Each is one pass over the folder;
+// subfolders are not read. Paths come with or without a trailing back-slash.
 #pragma once
 
 #include <cstdint>
@@ -10,8 +10,8 @@
 
 namespace velmora {
 
-/// The entries that a folder had, in the order of its listing, their names without what stood
-/// behind a NUL.
+/// The entries that a folder had, in the order of its listing, names cut at the first
+/// NUL.
 using Snapshot = std::deque<FindData>;
 
 /// The text up to the first NUL, or all of it.
@@ -25,7 +25,7 @@ std::string fFindChangedTimes(Kernel32& kernel32, const std::string& sPath, std:
                               std::uint64_t& Newest, std::int32_t ChangeType);
 
 /// A report of two lines for every entry that the snapshot doesn't know, then for every one of the
-/// snapshot that is there no more; empty when nothing came or went, or the folder can't be read.
+/// snapshot that no longer exists; empty when nothing came or went, or the folder can't be read.
 std::string fFindChangedNames(Kernel32& kernel32, const std::string& sPath, const Snapshot& aFiles,
                               std::int32_t ChangeType);
 

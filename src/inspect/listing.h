@@ -1,4 +1,4 @@
-// One pass over the entries of a folder, which is closed whatever happens meanwhile.
+// One pass over the entries of a folder, which is closed on an error too.
 #pragma once
 
 #include <string>
@@ -7,7 +7,7 @@
 
 namespace velmora {
 
-/// The path as the listings take it: with a back-slash behind.
+/// The path as the listings take it: ending with a back-slash.
 std::string withBackSlash(const std::string& sPath);
 
 class Listing {
@@ -22,8 +22,8 @@ class Listing {
     bool found() const { return handle_ != 0; }
     /// The present entry; the next one takes its place.
     const FindData& entry() const { return entry_; }
-    /// Goes on to the next entry; false at the end. Tries again when the system tells anything but
-    /// the end.
+    /// Goes on to the next entry; false at the end. Tries again when the system reports anything
+    /// but the end.
     bool next();
 
   private:

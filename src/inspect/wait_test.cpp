@@ -33,10 +33,10 @@ std::string WaitTest::prcPubFindFilesByTime(const std::string& sPath) {
 }
 
 cWatchForChanges& WaitTest::watchBy(std::unique_ptr<cWatchForChanges> watcher) {
-    m_oWatchDir_ = std::move(watcher);
-    m_oWatchDir_->ChangeDetected.connect(
+    watcher_ = std::move(watcher);
+    watcher_->ChangeDetected.connect(
         [this](std::int32_t ChangeType) { m_oWatchDir_ChangeDetected(ChangeType); });
-    return *m_oWatchDir_;
+    return *watcher_;
 }
 
 std::string WaitTest::fFindChangedTimes(const std::string& sPath, std::uint64_t Reference,
@@ -85,8 +85,8 @@ std::string WaitTest::changedNames(std::int32_t ChangeType) {
 }
 
 void WaitTest::cmdStopWatch_Click() {
-    if (m_oWatchDir_) m_oWatchDir_->StopWatch();
-    m_oWatchDir_.reset();
+    if (watcher_) watcher_->StopWatch();
+    watcher_.reset();
     FrmWaitTest& form = forms_.frmWaitTest;
     form.cmdStartWatch.setEnabled(true);
     form.cmdSelectDir.setEnabled(true);
@@ -94,7 +94,7 @@ void WaitTest::cmdStopWatch_Click() {
 }
 
 void WaitTest::Form_Unload() {
-    m_oWatchDir_.reset();
+    watcher_.reset();
     aFiles.clear();
     forms_.frmWaitTest.Hide();
 }

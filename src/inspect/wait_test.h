@@ -1,6 +1,6 @@
-// The scans behind frmWaitTest. The check asks it for the files of a folder that are newer than the
-// reference time; the interactive watch around it reports what a watcher tells, but nothing in the
-// program starts one.
+// The scans of frmWaitTest. The check asks it for the files of a folder that are newer than the
+// reference time; the interactive watch reports the changes that a watcher finds, but nothing in
+// the program starts one.
 #pragma once
 
 #include <cstdint>
@@ -32,8 +32,8 @@ class WaitTest {
     /// What the watched folder held when it was last looked at.
     Snapshot aFiles;
     /// The watcher; null while nothing is watched.
-    const cWatchForChanges* m_oWatchDir() const { return m_oWatchDir_.get(); }
-    /// Takes a watcher and hears of its changes. The one before ends its watch.
+    const cWatchForChanges* m_oWatchDir() const { return watcher_.get(); }
+    /// Takes a watcher and connects to its changes. The previous one ends its watch.
     cWatchForChanges& watchBy(std::unique_ptr<cWatchForChanges> watcher);
 
     std::string fFindChangedTimes(const std::string& sPath, std::uint64_t Reference,
@@ -56,7 +56,7 @@ class WaitTest {
     Platform& platform_;
     Host& host_;
     AlertSink& alerts_;
-    std::unique_ptr<cWatchForChanges> m_oWatchDir_;
+    std::unique_ptr<cWatchForChanges> watcher_;
 };
 
 }  // namespace velmora

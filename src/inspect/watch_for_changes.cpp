@@ -17,9 +17,9 @@ bool cWatchForChanges::StartWatch(std::string /*sPath*/, bool /*bWatchSubTree*/,
 }
 
 void cWatchForChanges::StopWatch() {
-    // Forgotten first, so that a second stop can't reach what isn't its own any more.
+    // Cleared first, so that a second stop can't close what may belong to others by then.
     if (const std::uint32_t window = std::exchange(hWnd, 0); window != 0) {
-        // The timer is told by the address of its watcher.
+        // The timer is identified by the address of its watcher.
         user32_.KillTimer(window, reinterpret_cast<std::uintptr_t>(this));
         user32_.DestroyWindow(window);
     }

@@ -1,6 +1,6 @@
 // The watcher of a folder by the system's notifications: four handles, one for each kind of change,
-// and a window whose timer polls them. Nothing starts a watch by itself: whoever wants one puts the
-// handles in place and calls the poll.
+// and a window whose timer polls them. Nothing in the program starts a watch: a caller has to set
+// the handles and call the poll.
 #pragma once
 
 #include <cstdint>
@@ -36,10 +36,10 @@ class cWatchForChanges {
     /// False: a watch can't be started.
     bool StartWatch(std::string sPath, bool bWatchSubTree, std::int32_t nTimerInterval,
                     bool bStartSuspended);
-    /// Gives back the timer, the window and the handles. A watch that is stopped stays so.
+    /// Releases the timer, the window and the handles. Stopping twice does nothing.
     void StopWatch();
-    /// Asks the four handles, without waiting, and tells what changed, if anything did. Its handler
-    /// must not destroy this watcher.
+    /// Asks the four handles, without waiting, and reports what changed, if anything did. Its
+    /// handler must not destroy this watcher.
     void prcPollChanges();
     /// Waits for one handle for so many milliseconds: `bit` when it was signalled, which makes it
     /// wait for the next change; 0 otherwise.

@@ -1,5 +1,5 @@
-// Packing a file: its size in four bytes, little-endian, and one zlib stream behind. Nothing here
-// unpacks. It is no zip archive, whatever its name ends in.
+// Packing a file: its size in four bytes, little-endian, followed by one zlib stream. Nothing here
+// unpacks it. It is no zip archive, whatever its name ends in.
 #pragma once
 
 #include <cstdint>

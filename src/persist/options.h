@@ -1,4 +1,5 @@
-// The options of the settings page that have handlers of a few lines.
+// The handlers of the settings page: starting with the system, showing the log, checking for
+// updates.
 #pragma once
 
 #include "forms/forms.h"

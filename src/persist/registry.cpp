@@ -76,14 +76,14 @@ void Registry::prcRegSetValue(const std::string& key, const std::string& name,
     if (hive == 0) return;
     RegistryKey handle = 0;
     const std::int32_t opened = advapi32_.RegOpenKeyExA(hive, subKey, 0, writeAccess, handle);
-    if (opened != 0) return tell(opened);
+    if (opened != 0) return report(opened);
     const auto length = static_cast<std::uint32_t>(data.size());
     const std::int32_t written = advapi32_.RegSetValueExA(handle, name, 0, textType, data, length);
-    if (written != 0) tell(written);
+    if (written != 0) report(written);
     advapi32_.RegCloseKey(handle);
 }
 
-void Registry::tell(std::int32_t code) {
+void Registry::report(std::int32_t code) {
     host_.MsgBox({.text = fRegErrorText(code), .icon = BoxIcon::critical});
 }
 

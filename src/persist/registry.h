@@ -28,7 +28,7 @@ class Registry {
     void prcRegSetValue(const std::string& key, const std::string& name, const std::string& data);
 
   private:
-    void tell(std::int32_t code);
+    void report(std::int32_t code);
 
     Advapi32& advapi32_;
     Host& host_;

@@ -15,9 +15,9 @@ class SettingsFile {
         : forms_(forms), platform_(platform), host_(host) {}
 
     /// 1 writes the file of `Globals::strSettings`, 2 reads it; any other number touches no file.
-    /// At last an interval of 0 or less becomes "5"; error 13 when it is no number. Errors of the
+    /// Finally an interval of 0 or less becomes "5"; error 13 when it is no number. Errors of the
     /// file (53 when it is missing) and of its values go to the caller. A value that can't be
-    /// written leaves a file of the lines in front of it. Writing yields.
+    /// written leaves a file of the lines before it. Writing yields.
     void prcSettings(std::int16_t bSet);
     /// Does nothing; saving goes through prcSettings.
     void prcSaveSettings() {}

@@ -10,7 +10,7 @@
 namespace velmora {
 
 /// Appends all lines in their order to `text`, each scrambled and closed by CR LF. Errors 5 and 6
-/// as prcEn; the lines in front of the failing one are in `text` then. Yields as prcLstContent.
+/// as prcEn; `text` holds the lines before the failing one then. Yields as prcLstContent.
 void appendSettings(std::string& text, const Forms& forms, const Regional& regional, Host& host);
 
 }  // namespace velmora

@@ -11,7 +11,7 @@
 
 namespace velmora {
 
-/// What a shortcut says. The optional texts may be missing.
+/// The contents of a shortcut. The optional texts may be missing.
 struct ShortcutTexts {
     std::string description;
     std::string target;
@@ -28,13 +28,13 @@ class ShellLinks {
 
     /// Drive path of a special folder by its CSIDL number; empty on a failure.
     std::string fSpecialFolder(std::int32_t id);
-    /// Makes a shortcut, with ".lnk" behind its name unless it ends in that or ".url". False when
-    /// none can be made.
+    /// Makes a shortcut, with ".lnk" appended to its name unless it ends in that or ".url". False
+    /// when none can be made.
     bool fCreateShortcut(std::string file, const ShortcutTexts& texts);
     /// Shows the system's folder browser, owned by the window of that form; file system folders
     /// only. A chosen folder's drive path, an empty text when there is none, and nothing when the
-    /// system has no such dialog to show. `whileOpen` runs now and then while it stands and may be
-    /// empty.
+    /// system has no such dialog to show. `whileOpen` is called repeatedly while the browser is
+    /// open and may be empty.
     std::optional<std::string> prcBrowseForFolder(const std::string& owner,
                                                   const std::string& title,
                                                   const std::function<void()>& whileOpen);

@@ -30,7 +30,7 @@ TEST(DatePicture, DrawsWholeDatesAndTimes) {
                       {night, "yy-m-d h:n:s", "09-11-22 0:58:0"}});
 }
 
-TEST(DatePicture, TakesMmForMinutesBehindHoursAndInFrontOfSecondsOnly) {
+TEST(DatePicture, TakesMmForMinutesAfterHoursAndBeforeSecondsOnly) {
     expectDrawnDates({{afternoon, "mm", "03"},
                       {afternoon, "hh:mm", "15:04"},
                       {afternoon, "mm:ss", "04:09"},
@@ -62,7 +62,7 @@ TEST(DatePicture, CountsHoursToTwelveWhereAmPmStands) {
          {at(12), "hh:mm", "12:30"},
          {at(23), "hh:mm", "23:30"},
          {at(13), "HH ampm", "01 PM"},
-         {at(13), "hh AM", "13 A30"}});  // no AMPM: a letter, and minutes behind the hour
+         {at(13), "hh AM", "13 A30"}});  // no AMPM: a letter, and minutes after the hour
 }
 
 TEST(DatePicture, PadsTwoLetterPartsOnly) {

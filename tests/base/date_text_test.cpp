@@ -78,7 +78,7 @@ TEST(ReadDate, ReadsTimesOnBothClocksWithOrWithoutSeconds) {
                 finland);
 }
 
-TEST(ReadDate, ReadsADateWithATimeBehindBlanks) {
+TEST(ReadDate, ReadsADateWithATimeAfterBlanks) {
     expectDates({{"1/5/2024 3:04:09 PM", january5th},
                  {"  1/5/2024   15:04:09 ", january5th},
                  {"1/5/2024 0:00", {2024, 1, 5}},

@@ -51,40 +51,40 @@ TEST(ChkDriv, CountsCharactersInNonAsciiPaths) {
     EXPECT_EQ(prcChkDriv("\u00E9:"), "c:\\");
 }
 
-std::string told(double kb) {
+std::string sized(double kb) {
     return prcSetDiskSizeDimension(kb, unitedStates);
 }
 
-TEST(DiskSizeDimension, Of999IsTellingKilobytes) {
-    EXPECT_EQ(told(999), "999.0 KB");
+TEST(DiskSizeDimension, Of999IsInKilobytes) {
+    EXPECT_EQ(sized(999), "999.0 KB");
 }
 TEST(DiskSizeDimension, Of1000IsZero) {
-    EXPECT_EQ(told(1000), "0 KB");
+    EXPECT_EQ(sized(1000), "0 KB");
 }
-TEST(DiskSizeDimension, Of1500IsTellingMegabytes) {
-    EXPECT_EQ(told(1500), "1.5 MB");
+TEST(DiskSizeDimension, Of1500IsInMegabytes) {
+    EXPECT_EQ(sized(1500), "1.5 MB");
 }
 
 TEST(DiskSizeDimension, ChangesUnitAboveEachBoundary) {
-    EXPECT_EQ(told(2), "2.0 KB");
-    EXPECT_EQ(told(1001), "1.0 MB");
-    EXPECT_EQ(told(999999), "1,000.0 MB");
-    EXPECT_EQ(told(1000001), "1.0 GB");
-    EXPECT_EQ(told(999999999), "1,000.0 GB");
-    EXPECT_EQ(told(1000000001), "1.0 TB");
-    EXPECT_EQ(told(2147483647), "2.1 TB");
-    EXPECT_EQ(told(1234567890123), "1,234.6 TB");
+    EXPECT_EQ(sized(2), "2.0 KB");
+    EXPECT_EQ(sized(1001), "1.0 MB");
+    EXPECT_EQ(sized(999999), "1,000.0 MB");
+    EXPECT_EQ(sized(1000001), "1.0 GB");
+    EXPECT_EQ(sized(999999999), "1,000.0 GB");
+    EXPECT_EQ(sized(1000000001), "1.0 TB");
+    EXPECT_EQ(sized(2147483647), "2.1 TB");
+    EXPECT_EQ(sized(1234567890123), "1,234.6 TB");
 }
 
 TEST(DiskSizeDimension, IsZeroExactlyOnEachBoundaryAndBelowTwo) {
     for (const double kb : {1e9, 1e6, 1e3, 1.0, 0.0, -1.0, -5000.0}) {
-        EXPECT_EQ(told(kb), "0 KB") << kb;
+        EXPECT_EQ(sized(kb), "0 KB") << kb;
     }
 }
 
 TEST(DiskSizeDimension, RoundsTiesAwayFromZero) {
-    EXPECT_EQ(told(1050), "1.1 MB");
-    EXPECT_EQ(told(1049), "1.0 MB");
+    EXPECT_EQ(sized(1050), "1.1 MB");
+    EXPECT_EQ(sized(1049), "1.0 MB");
 }
 
 TEST(DiskSizeDimension, FollowsTheRegion) {
@@ -113,7 +113,7 @@ TEST(KilobyteText, GroupsDigitsAsTheCallerSays) {
     EXPECT_EQ(kilobyteText(bytes, Grouping::regional, germany), "1.234.567 KB");
 }
 
-TEST(LineEnds, AllBehindATextGoAndNoneWithinIt) {
+TEST(LineEnds, AllAfterATextGoAndNoneWithinIt) {
     EXPECT_EQ(withoutLineEnds("D:\\target\\\r\n\r\n"), "D:\\target\\");
     EXPECT_EQ(withoutLineEnds("a\r\nb\n"), "a\r\nb");
     EXPECT_EQ(withoutLineEnds("\r\n"), "");

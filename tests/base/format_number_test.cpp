@@ -120,7 +120,7 @@ TEST(NumberPicture, FillsRequiredDigitsWithZeros) {
                         {0.123, "#0.0#", "0.12"},
                         {7, "00", "07"},
                         {0, "00", "00"},
-                        {7, "0#", "07"},  // an optional digit behind a required one is required
+                        {7, "0#", "07"},  // an optional digit after a required one is required
                         {0.5, "0.#0", "0.50"},
                         {0, "0.#", "0."},
                         {3, "0.00", "3.00"}},

@@ -30,7 +30,7 @@ TEST(InputFields, AreEmptyBetweenTwoSeparators) {
     EXPECT_EQ(fieldsOf("a,\r\nb"), (Fields{"a", "", "b"}));
 }
 
-TEST(InputFields, DontBeginBehindASeparatorThatEndsTheText) {
+TEST(InputFields, DontBeginAfterASeparatorThatEndsTheText) {
     EXPECT_EQ(fieldsOf("a,"), (Fields{"a"}));
     EXPECT_EQ(fieldsOf("a\r\n"), (Fields{"a"}));
     EXPECT_EQ(fieldsOf("\"a\"\r\n"), (Fields{"a"}));
@@ -51,7 +51,7 @@ TEST(InputFields, InQuotesKeepCommasLineEndsAndBlanks) {
     EXPECT_EQ(fieldsOf("\"\",\"\""), (Fields{"", ""}));
 }
 
-TEST(InputFields, PassOverBlanksBehindAClosingQuote) {
+TEST(InputFields, PassOverBlanksAfterAClosingQuote) {
     EXPECT_EQ(fieldsOf("\"a\" \t ,b"), (Fields{"a", "b"}));
     EXPECT_EQ(fieldsOf("\"a\"  \r\nb"), (Fields{"a", "b"}));
     EXPECT_EQ(fieldsOf("\"a\"   "), (Fields{"a"}));

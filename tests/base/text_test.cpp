@@ -7,7 +7,7 @@
 namespace velmora {
 namespace {
 
-// Characters of 2, 3 and 4 bytes, to be told apart from bytes.
+// Characters of 2, 3 and 4 bytes, which are not the same as bytes.
 const std::string eAcute = "\u00E9";
 const std::string euro = "\u20AC";
 const std::string disk = "\U0001F4BE";

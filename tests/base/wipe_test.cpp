@@ -30,7 +30,7 @@ TEST(Wipe, LeavesNothingInTheStorageThatTheTextKeeps) {
     }
 }
 
-TEST(Wipe, ReachesWhatALongerTextHasLeftBehindTheEnd) {
+TEST(Wipe, ReachesWhatALongerTextHasLeftAfterTheEnd) {
     std::string text;
     text.reserve(40);
     text.assign(40, 'x');

@@ -14,12 +14,12 @@ struct CommandsTest : testing::Test, tests::Session {
 };
 
 TEST_F(CommandsTest, GiveABlankLineNoReply) {
-    EXPECT_EQ(tell(""), "");
-    EXPECT_EQ(tell(" \t "), "");
+    EXPECT_EQ(run(""), "");
+    EXPECT_EQ(run(" \t "), "");
 }
 
 TEST_F(CommandsTest, AreKnownInAnyLetterCase) {
-    EXPECT_EQ(tell("GET TXTAMT"), "50\n");
+    EXPECT_EQ(run("GET TXTAMT"), "50\n");
 }
 
 TEST_F(CommandsTest, ThatAreUnknownGetAnError) {
@@ -57,17 +57,17 @@ TEST_F(CommandsTest, WithTooManyWordsGetAnErrorAndDoNothing) {
 
 TEST_F(CommandsTest, ClickRunsTheHandlerBeforeTheReply) {
     form1.lblDP[2].Click.connect([this] { host.MsgBox({.text = "Clear?"}); });
-    EXPECT_EQ(tell("click lblDP(2)"), "box: Velmora | none | Clear? | ok -> ok\nok\n");
+    EXPECT_EQ(run("click lblDP(2)"), "box: Velmora | none | Clear? | ok -> ok\nok\n");
 }
 
 TEST_F(CommandsTest, ClickTurnsACheckBoxAndChoosesAnOption) {
     form1.chkDrive.Click.connect([this] { done += "drive"; });
-    EXPECT_EQ(tell("click chkDrive"), "ok\n");
+    EXPECT_EQ(run("click chkDrive"), "ok\n");
     EXPECT_EQ(form1.chkDrive.Value(), 1);
-    EXPECT_EQ(tell("click chkDrive"), "ok\n");
+    EXPECT_EQ(run("click chkDrive"), "ok\n");
     EXPECT_EQ(form1.chkDrive.Value(), 0);
     EXPECT_EQ(done, "drivedrive");
-    EXPECT_EQ(tell("click OpDriv(1)"), "ok\n");
+    EXPECT_EQ(run("click OpDriv(1)"), "ok\n");
     EXPECT_TRUE(form1.OpDriv[1].Value());
     EXPECT_FALSE(form1.OpDriv[0].Value());
 }
@@ -79,7 +79,7 @@ TEST_F(CommandsTest, ClickTakesToolBarButtonsColumnsAndSpinnerArrows) {
     form1.UpDownSpace.DownClick.connect([this] { done += "down"; });
     for (const char* line : {"click Toolbar1(6)", "click LVAlert(4)", "click UpDownSpace.Up",
                              "click UpDownSpace.down"}) {
-        EXPECT_EQ(tell(line), "ok\n") << line;
+        EXPECT_EQ(run(line), "ok\n") << line;
     }
     EXPECT_EQ(done, "button6column4updown");
 }
@@ -98,8 +98,8 @@ TEST_F(CommandsTest, DoubleClickNeedsASelectedRowOrARow) {
     form1.LVAlert.Add("a");
     form1.LVAlert.Add("b");
     EXPECT_TRUE(refuses("doubleclick LVAlert"));
-    EXPECT_EQ(tell("doubleclick LVAlert(2)"), "ok\n");
-    EXPECT_EQ(tell("doubleclick LVAlert"), "ok\n");
+    EXPECT_EQ(run("doubleclick LVAlert(2)"), "ok\n");
+    EXPECT_EQ(run("doubleclick LVAlert"), "ok\n");
     EXPECT_EQ(done, "bb");
     EXPECT_TRUE(refuses("doubleclick LVAlert(3)"));
     EXPECT_TRUE(refuses("doubleclick lblDP(0)"));
@@ -108,7 +108,7 @@ TEST_F(CommandsTest, DoubleClickNeedsASelectedRowOrARow) {
 
 TEST_F(CommandsTest, MenuChoosesMenuEntriesOnly) {
     form1.mnuShowAlert.Click.connect([this] { done += "show"; });
-    EXPECT_EQ(tell("menu mnuShowAlert"), "ok\n");
+    EXPECT_EQ(run("menu mnuShowAlert"), "ok\n");
     EXPECT_EQ(done, "show");
     EXPECT_TRUE(refuses("menu cmdClear"));
     EXPECT_TRUE(refuses("menu mnuNobody"));
@@ -118,9 +118,9 @@ TEST_F(CommandsTest, TickCountsEntriesFromZeroAndRowsFromOne) {
     form1.ListView1.Add("a");
     form1.lstAct.ItemCheck.connect([this](int i) { done += "entry" + std::to_string(i); });
     form1.ListView1.ItemCheck.connect([this](ListItem& row) { done += "row" + row.Text(); });
-    EXPECT_EQ(tell("tick lstAct 0 on"), "ok\n");
-    EXPECT_EQ(tell("tick ListView1 1 on"), "ok\n");
-    EXPECT_EQ(tell("tick ListView1 1 off"), "ok\n");
+    EXPECT_EQ(run("tick lstAct 0 on"), "ok\n");
+    EXPECT_EQ(run("tick ListView1 1 on"), "ok\n");
+    EXPECT_EQ(run("tick ListView1 1 off"), "ok\n");
     EXPECT_EQ(done, "entry0rowarowa");
     EXPECT_TRUE(form1.lstAct.Selected(0));
     EXPECT_FALSE(form1.ListView1.ListItems(1).Checked());
@@ -146,13 +146,13 @@ TEST_F(CommandsTest, SelectSelectsTheseRowsAndNoOthers) {
         }
         return texts;
     };
-    EXPECT_EQ(tell("select ListView1 1 3"), "ok\n");
+    EXPECT_EQ(run("select ListView1 1 3"), "ok\n");
     EXPECT_EQ(selected(), "ac");
     EXPECT_TRUE(refuses("select ListView1 2 4"));
     EXPECT_TRUE(refuses("select ListView1 2 none"));
     EXPECT_TRUE(refuses("select ListView1 0"));
     EXPECT_EQ(selected(), "ac");
-    EXPECT_EQ(tell("select ListView1 none"), "ok\n");
+    EXPECT_EQ(run("select ListView1 none"), "ok\n");
     EXPECT_EQ(selected(), "");
     EXPECT_TRUE(refuses("select lstAct 1"));
 }
@@ -160,9 +160,9 @@ TEST_F(CommandsTest, SelectSelectsTheseRowsAndNoOthers) {
 TEST_F(CommandsTest, RowsShowListsCheckListsAndComboBoxes) {
     ComboBox combo{form1, "cmbTest"};
     combo.AddItem("one");
-    EXPECT_EQ(tell("rows LVAlert"), "0 row(s)\n");
-    EXPECT_EQ(tell("rows lstEvt").substr(0, 12), "0 [ ] No Cha");
-    EXPECT_EQ(tell("rows cmbTest"), "0 one\n1 entries\n");
+    EXPECT_EQ(run("rows LVAlert"), "0 row(s)\n");
+    EXPECT_EQ(run("rows lstEvt").substr(0, 12), "0 [ ] No Cha");
+    EXPECT_EQ(run("rows cmbTest"), "0 one\n1 entries\n");
     EXPECT_TRUE(refuses("rows txtAmt"));
     EXPECT_TRUE(refuses("rows lstEvt(0)"));
     EXPECT_TRUE(refuses("rows Form1"));
@@ -173,7 +173,7 @@ TEST_F(CommandsTest, DropHandsOverDrivePaths) {
     form1.ListView1.Drop.connect([this](const std::vector<std::string>& paths) {
         for (const std::string& path : paths) done += "<" + path + ">";
     });
-    EXPECT_EQ(tell("drop ListView1 \"/a b\" /c\xff"), "ok\n");
+    EXPECT_EQ(run("drop ListView1 \"/a b\" /c\xff"), "ok\n");
     EXPECT_EQ(done, "<drive path of /a b><drive path of /c\xff>");
     EXPECT_TRUE(refuses("drop ListView1 \"unclosed"));
     EXPECT_TRUE(refuses("drop lstAct /a"));
@@ -181,7 +181,7 @@ TEST_F(CommandsTest, DropHandsOverDrivePaths) {
 
 TEST_F(CommandsTest, FireTicksATimerNow) {
     forms.frmIndDri.Timer1.Tick.connect([this] { done += "tick"; });
-    EXPECT_EQ(tell("fire frmIndDri.Timer1"), "ok\n");  // also one that is off
+    EXPECT_EQ(run("fire frmIndDri.Timer1"), "ok\n");  // also one that is off
     EXPECT_EQ(done, "tick");
     EXPECT_EQ(slept, 0);
     EXPECT_TRUE(refuses("fire ListView1"));
@@ -191,7 +191,7 @@ TEST_F(CommandsTest, FireTicksATimerNow) {
 TEST_F(CommandsTest, AnswerQueuesForQuestionsAndDialogs) {
     for (const char* line : {"answer yes", "answer OK", "answer text \"a b\" $\"c\\nd\"",
                              "answer file /f", "answer folder \"/g h\""}) {
-        EXPECT_EQ(tell(line), "ok\n") << line;
+        EXPECT_EQ(run(line), "ok\n") << line;
     }
     EXPECT_EQ(host.MsgBox({.text = "?", .buttons = BoxButtons::yesNo}), BoxAnswer::yes);
     EXPECT_EQ(host.MsgBox({.text = "?", .buttons = BoxButtons::okCancel}), BoxAnswer::ok);
@@ -210,8 +210,8 @@ TEST_F(CommandsTest, AnswerRefusesOthersAndQueuesNothing) {
 
 TEST_F(CommandsTest, WaitLetsTheTimersRunBeforeTheReply) {
     form1.Timer1.Tick.connect([this] { host.MsgBox({.text = "tick"}); });
-    EXPECT_EQ(tell("wait 5"), "box: Velmora | none | tick | ok -> ok\nok\n");
-    EXPECT_EQ(tell("wait 0.5"), "ok\n");
+    EXPECT_EQ(run("wait 5"), "box: Velmora | none | tick | ok -> ok\nok\n");
+    EXPECT_EQ(run("wait 0.5"), "ok\n");
     EXPECT_EQ(slept, 5500);
 }
 
@@ -225,33 +225,33 @@ TEST_F(CommandsTest, WaitRefusesWhatIsNoTime) {
 
 TEST_F(CommandsTest, WaitUntilEndsAtOnceWhenAPanelHoldsTheText) {
     form1.StatusBar1.setPanelText(2, "Checked: 15:09");
-    EXPECT_EQ(tell("wait until Checked: 1"), "ok\n");
+    EXPECT_EQ(run("wait until Checked: 1"), "ok\n");
     EXPECT_EQ(slept, 0);
 }
 
 TEST_F(CommandsTest, WaitUntilGetsAnErrorAfterTenMinutes) {
-    EXPECT_EQ(tell("wait until pigs  fly"), "error: not seen within 600 s: pigs  fly\n");
+    EXPECT_EQ(run("wait until pigs  fly"), "error: not seen within 600 s: pigs  fly\n");
     EXPECT_EQ(slept, 600'000);
 }
 
 TEST_F(CommandsTest, ARunTimeErrorEndsTheProgramAfterItsBoxWithoutAReply) {
     form1.lblDP[0].Click.connect([] { throw RuntimeError(error::typeMismatch); });
-    EXPECT_THROW(tell("click lblDP(0)"), ProgramEnd);
+    EXPECT_THROW(run("click lblDP(0)"), ProgramEnd);
     EXPECT_EQ(
         printed(),
         "box: Velmora | critical | $\"Run-time error '13':\\r\\nType mismatch\" | ok -> ok\n");
 }
 
 TEST_F(CommandsTest, SwitchToJsonWithTheReplyAndBack) {
-    EXPECT_EQ(tell("json on"), "{\"ok\":true}\n");
-    EXPECT_EQ(tell("get txtAmt"), "{\"ok\":\"50\"}\n");
-    EXPECT_EQ(tell("nonsense"), "{\"error\":\"unknown command: nonsense\"}\n");
-    EXPECT_EQ(tell("json off"), "ok\n");
+    EXPECT_EQ(run("json on"), "{\"ok\":true}\n");
+    EXPECT_EQ(run("get txtAmt"), "{\"ok\":\"50\"}\n");
+    EXPECT_EQ(run("nonsense"), "{\"error\":\"unknown command: nonsense\"}\n");
+    EXPECT_EQ(run("json off"), "ok\n");
     EXPECT_TRUE(refuses("json perhaps"));
 }
 
 TEST_F(CommandsTest, HelpNamesEveryCommand) {
-    const std::string help = tell("help");
+    const std::string help = run("help");
     for (const char* name : {"get", "set", "click", "doubleclick", "menu", "tick", "select", "rows",
                              "drop", "fire", "answer", "wait", "watch", "json", "help", "exit"}) {
         EXPECT_TRUE(("\n" + help).find("\n" + std::string(name) + " ") != std::string::npos)
@@ -261,7 +261,7 @@ TEST_F(CommandsTest, HelpNamesEveryCommand) {
 
 TEST_F(CommandsTest, ExitChoosesTheExitCommandOfTheProgram) {
     form1.mnuExit.Click.connect([this] { done += "exit"; });
-    EXPECT_EQ(tell("exit"), "ok\n");
+    EXPECT_EQ(run("exit"), "ok\n");
     EXPECT_EQ(done, "exit");
 }
 

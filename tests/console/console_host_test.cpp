@@ -51,7 +51,7 @@ TEST_F(ConsoleHostTest, KeepsAnAnswerThatTheQuestionDoesntOffer) {
     EXPECT_EQ(ask(BoxButtons::yesNo), BoxAnswer::yes);
 }
 
-TEST_F(ConsoleHostTest, SpendsNoAnswerOnABoxThatOnlyTells) {
+TEST_F(ConsoleHostTest, SpendsNoAnswerOnABoxWithOneButton) {
     host.queueAnswer(BoxAnswer::ok);
     EXPECT_EQ(ask(BoxButtons::ok), BoxAnswer::ok);
     EXPECT_EQ(ask(BoxButtons::okCancel), BoxAnswer::ok);

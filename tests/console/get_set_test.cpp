@@ -12,8 +12,8 @@ namespace {
 struct GetSetTest : testing::Test, tests::Session {
     // Sets the field and reads it again.
     std::string after(const std::string& name, const std::string& value) {
-        const std::string reply = tell("set " + name + " " + value);
-        return reply == "ok\n" ? tell("get " + name) : reply;
+        const std::string reply = run("set " + name + " " + value);
+        return reply == "ok\n" ? run("get " + name) : reply;
     }
     int fired = 0;
     std::function<void()> count = [this] { ++fired; };
@@ -55,16 +55,16 @@ TEST_F(GetSetTest, ReadsTheDesignValuesOfEveryKindOfField) {
         {"Form1.Visible", "False"},
     };
     for (const auto& [name, value] : values) {
-        EXPECT_EQ(tell(std::string("get ") + name), std::string(value) + "\n") << name;
+        EXPECT_EQ(run(std::string("get ") + name), std::string(value) + "\n") << name;
     }
 }
 
 TEST_F(GetSetTest, ReadsNumbersAndSwitchesAsSuchInJson) {
-    tell("json on");
-    EXPECT_EQ(tell("get Timer1.Interval"), "{\"ok\":5000}\n");
-    EXPECT_EQ(tell("get Timer1"), "{\"ok\":true}\n");
-    EXPECT_EQ(tell("get chkDrive"), "{\"ok\":0}\n");
-    EXPECT_EQ(tell("get txtAmt"), "{\"ok\":\"50\"}\n");
+    run("json on");
+    EXPECT_EQ(run("get Timer1.Interval"), "{\"ok\":5000}\n");
+    EXPECT_EQ(run("get Timer1"), "{\"ok\":true}\n");
+    EXPECT_EQ(run("get chkDrive"), "{\"ok\":0}\n");
+    EXPECT_EQ(run("get txtAmt"), "{\"ok\":\"50\"}\n");
 }
 
 TEST_F(GetSetTest, SetsATextBoxToTheRestOfTheLine) {
@@ -77,10 +77,10 @@ TEST_F(GetSetTest, SetsATextBoxToTheRestOfTheLine) {
 }
 
 TEST_F(GetSetTest, CarriesAnyTextBothWaysInJson) {
-    tell("json on");
+    run("json on");
     const std::string literal = R"("a \"q\"\r\n\tb\\ größe Привет 日本 🙂 \u0000")";
-    EXPECT_EQ(tell("set txtDrive.Text $" + literal), "{\"ok\":true}\n");
-    EXPECT_EQ(tell("get txtDrive"), "{\"ok\":" + literal + "}\n");
+    EXPECT_EQ(run("set txtDrive.Text $" + literal), "{\"ok\":true}\n");
+    EXPECT_EQ(run("get txtDrive"), "{\"ok\":" + literal + "}\n");
 }
 
 TEST_F(GetSetTest, RefusesTextThatIsNoUtf8InATextBox) {
@@ -91,7 +91,7 @@ TEST_F(GetSetTest, RefusesTextThatIsNoUtf8InATextBox) {
 
 TEST_F(GetSetTest, PressesKeysInATextBox) {
     form1.Text1.KeyPress.connect([this](int key) { fired = key; });
-    EXPECT_EQ(tell("set Text1.KeyPress 13"), "ok\n");
+    EXPECT_EQ(run("set Text1.KeyPress 13"), "ok\n");
     EXPECT_EQ(fired, 13);
     EXPECT_TRUE(refuses("set Text1.KeyPress Enter"));
 }
@@ -110,7 +110,7 @@ TEST_F(GetSetTest, SetsACheckBoxWhichClicksWhenItChanges) {
 TEST_F(GetSetTest, SetsAnOptionButtonWhichClearsTheOthers) {
     form1.OpDriv[1].Click.connect(count);
     EXPECT_EQ(after("OpDriv(1).Value", "True"), "True\n");
-    EXPECT_EQ(tell("get OpDriv(0)"), "False\n");
+    EXPECT_EQ(run("get OpDriv(0)"), "False\n");
     EXPECT_EQ(fired, 1);
     EXPECT_TRUE(refuses("set OpDriv(1).Value off"));
 }
@@ -139,7 +139,7 @@ TEST_F(GetSetTest, SetsATimePickerWholeOrInParts) {
     EXPECT_EQ(after("DTPInterval.Hour", "3"), "3\n");
     EXPECT_EQ(after("DTPInterval.Minute", "0"), "0\n");
     EXPECT_EQ(after("DTPInterval.Second", "9"), "9\n");
-    EXPECT_EQ(tell("get DTPInterval"), "3:00:09\n");
+    EXPECT_EQ(run("get DTPInterval"), "3:00:09\n");
     EXPECT_EQ(fired, 4);
 }
 
@@ -149,7 +149,7 @@ TEST_F(GetSetTest, RefusesTimesThatDontExist) {
           "Value 1:00:00:00", "Value noon", "Value", "Hour 24", "Minute 60", "Second -1"}) {
         EXPECT_TRUE(refuses(std::string("set DTPInterval.") + line)) << line;
     }
-    EXPECT_EQ(tell("get DTPInterval"), "0:01:00\n");
+    EXPECT_EQ(run("get DTPInterval"), "0:01:00\n");
 }
 
 TEST_F(GetSetTest, SetsAComboBox) {
@@ -157,7 +157,7 @@ TEST_F(GetSetTest, SetsAComboBox) {
     combo.Change.connect(count);
     EXPECT_EQ(after("cmbTest.Text", "a b"), "a b\n");
     EXPECT_EQ(fired, 1);
-    EXPECT_EQ(tell("get cmbTest.ListCount"), "0\n");
+    EXPECT_EQ(run("get cmbTest.ListCount"), "0\n");
 }
 
 TEST_F(GetSetTest, RefusesToSetWhatAHandCantSet) {
@@ -206,7 +206,7 @@ TEST_F(GetSetTest, RefusesToSetOrClickADisabledField) {
                              "doubleclick ListView1(1)",
                              "drop ListView1 /a",
                              "exit"}) {
-        const std::string reply = tell(line);
+        const std::string reply = run(line);
         EXPECT_TRUE(reply.starts_with("error: ") && reply.ends_with(" is disabled\n"))
             << line << " -> " << reply;
     }
@@ -214,7 +214,7 @@ TEST_F(GetSetTest, RefusesToSetOrClickADisabledField) {
 
 TEST_F(GetSetTest, ARunTimeErrorInAHandlerOfASetFieldEndsTheProgram) {
     form1.txtDrive.Change.connect([] { throw RuntimeError(error::overflow); });
-    EXPECT_THROW(tell("set txtDrive.Text x"), ProgramEnd);
+    EXPECT_THROW(run("set txtDrive.Text x"), ProgramEnd);
     EXPECT_NE(printed().find("Run-time error '6':"), std::string::npos);
 }
 

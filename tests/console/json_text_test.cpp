@@ -72,7 +72,7 @@ TEST(JsonText, OfAFreshRowHasAllFields) {
               R"("Tag":"","SubTags":[""],"ReportIcon":""}])");
 }
 
-TEST(JsonText, OfARowTellsEachOfItsFields) {
+TEST(JsonText, OfARowHoldsEachOfItsFields) {
     List list;
     for (const char* header : {"a", "b", "c"}) list.view.addColumn({header});
     ListItem& row = list.view.Add("x");

@@ -51,7 +51,7 @@ TEST(LineReader, ReadsALineOfAMegabyte) {
     EXPECT_EQ(linesOf(longest + "\r\nb"), (Lines{longest, "b"}));
 }
 
-TEST(LineReader, PassesOverALongerLineAndGoesOnBehindIt) {
+TEST(LineReader, PassesOverALongerLineAndGoesOnAfterIt) {
     const std::string longest(longestLine, 'x');
     EXPECT_EQ(linesOf(longest + "y\nb"), (Lines{"(too long)", "b"}));
     EXPECT_EQ(linesOf(longest + "y\r\nb"), (Lines{"(too long)", "b"}));

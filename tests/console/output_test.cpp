@@ -107,7 +107,7 @@ TEST_F(OutputTest, ShowsTheEntriesOfAComboBox) {
     EXPECT_EQ(printed(), "{\"ok\":[{\"Text\":\"one\"},{\"Text\":\"two\"}]}\n");
 }
 
-TEST_F(OutputTest, TellsOfAnAlertWithTimeRatingAndText) {
+TEST_F(OutputTest, PrintsAnAlertWithTimeRatingAndText) {
     for (const char* header : {"Rating", "Time/Date", "Action Taken"}) list.addColumn({header});
     ListItem& row = list.Add("High");
     row.setSubItems(1, "20260314 15:09");
@@ -121,7 +121,7 @@ TEST_F(OutputTest, TellsOfAnAlertWithTimeRatingAndText) {
               "\"text\":\"low on space\"}\n");
 }
 
-TEST_F(OutputTest, TellsOfABoxWithTheAnswerThatItGot) {
+TEST_F(OutputTest, PrintsABoxWithTheAnswerThatItGot) {
     const Box box{
         .text = "Clear?\r\nAll?", .icon = BoxIcon::question, .buttons = BoxButtons::yesNo};
     output.box(box, BoxAnswer::no);
@@ -144,7 +144,7 @@ TEST_F(OutputTest, NamesTheIconsAndButtonsOfBoxes) {
               "box: t | information | a | ok cancel -> cancel\n");
 }
 
-TEST_F(OutputTest, TellsAPersonOfStatusChangesUnderWatchOnly) {
+TEST_F(OutputTest, PrintsStatusChangesForAPersonUnderWatchOnly) {
     output.status(1, "Checking...");
     EXPECT_EQ(printed(), "");
     output.setWatch(true);
@@ -155,13 +155,13 @@ TEST_F(OutputTest, TellsAPersonOfStatusChangesUnderWatchOnly) {
     EXPECT_EQ(printed(), "");
 }
 
-TEST_F(OutputTest, TellsAProgramOfStatusChangesAlways) {
+TEST_F(OutputTest, PrintsStatusChangesForAProgramAlways) {
     output.setJson(true);
     output.status(3, "Times Checked: 1");
     EXPECT_EQ(printed(), "{\"event\":\"status\",\"panel\":3,\"text\":\"Times Checked: 1\"}\n");
 }
 
-TEST_F(OutputTest, TellsOfWhatGoesToTheShell) {
+TEST_F(OutputTest, PrintsWhatGoesToTheShell) {
     output.shell("Open", {{"path", "C:\\a b"}, {"count", std::int64_t{2}}});
     EXPECT_EQ(printed(), "shell: Open | path C:\\a b | count 2\n");
     output.setJson(true);

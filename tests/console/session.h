@@ -1,5 +1,5 @@
-// The console's commands over the forms alone: no program behind them but what a test connects, on
-// a clock that sleeping moves.
+// The console's commands over the forms alone: without handlers but those that a test connects, and
+// with a clock that sleeping advances.
 #pragma once
 
 #include <cstdint>
@@ -26,17 +26,17 @@ struct Session {
         }
     }
 
-    /// Carries out a line; everything that it printed.
-    std::string tell(const std::string& line) {
+    /// Runs a command line; returns everything that it printed.
+    std::string run(const std::string& line) {
         commands.run(line);
         return printed();
     }
-    /// What was printed since the last asking.
+    /// What was printed since the last call.
     std::string printed() { return std::exchange(stream, std::ostringstream()).str(); }
 
     /// Whether the line got an error reply of one line.
     bool refuses(const std::string& line) {
-        const std::string reply = tell(line);
+        const std::string reply = run(line);
         return reply.starts_with("error: ") && reply.find('\n') == reply.size() - 1;
     }
 

@@ -25,7 +25,7 @@ TEST_F(StatusBarTest, CountsItsPanelsFromOne) {
     EXPECT_EQ(bar.Panels(1).Picture, 0);
 }
 
-TEST_F(StatusBarTest, TellsWhichPanelChangedAndOnlyThen) {
+TEST_F(StatusBarTest, ReportsWhichPanelChangedAndOnlyThen) {
     std::vector<int> panels;
     bar.PanelChanged.connect([&](int index) { panels.push_back(index); });
     bar.setPanelText(2, "x");
@@ -68,7 +68,7 @@ TEST_F(ToolBarTest, CountsItsButtonsFromOne) {
     EXPECT_EQ(bar.Buttons(2).Caption, "Help");
 }
 
-TEST_F(ToolBarTest, TellsWhichButtonWasClicked) {
+TEST_F(ToolBarTest, ReportsWhichButtonWasClicked) {
     int clicked = 0;
     bar.ButtonClick.connect([&](int index) { clicked = index; });
     bar.userClickPart(2);
@@ -76,7 +76,7 @@ TEST_F(ToolBarTest, TellsWhichButtonWasClicked) {
     EXPECT_EQ(clicks, 1);
 }
 
-TEST_F(ToolBarTest, TellsOfANewCaptionOrImageOnce) {
+TEST_F(ToolBarTest, ReportsANewCaptionOrImageOnce) {
     const Count changes(bar.ButtonChanged);
     bar.setButtonCaption(1, "Pause");
     bar.setButtonCaption(1, "Pause");

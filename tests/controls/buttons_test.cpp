@@ -38,7 +38,7 @@ TEST_F(ButtonsTest, AFrameCannotBeClicked) {
     EXPECT_EQ(get(frame, "Caption"), "Progress");
 }
 
-TEST_F(ButtonsTest, ANewCaptionIsToldOnce) {
+TEST_F(ButtonsTest, ANewCaptionIsReportedOnce) {
     const Count changes(button.Changed);
     button.setCaption("Start Watch");
     button.setCaption("Pause Watch");
@@ -140,7 +140,7 @@ TEST_F(OptionButtonTest, ClicksAlsoWhenItIsSetAlready) {
     EXPECT_EQ(others, 0);
 }
 
-TEST_F(OptionButtonTest, ViewsOfBothAreTold) {
+TEST_F(OptionButtonTest, ViewsOfBothAreNotified) {
     const Count sizeChanges(size.Changed);
     const Count percentChanges(percent.Changed);
     percent.userClick();

@@ -27,7 +27,7 @@ TEST_F(ControlTest, BeginsEnabledVisibleAndEmpty) {
     EXPECT_EQ(&control.form(), &form);
 }
 
-TEST_F(ControlTest, TellsViewsOfEachChange) {
+TEST_F(ControlTest, NotifiesViewsOfEachChange) {
     control.setEnabled(false);
     control.setVisible(false);
     control.setToolTipText("tip");
@@ -39,7 +39,7 @@ TEST_F(ControlTest, TellsViewsOfEachChange) {
     EXPECT_EQ(control.bounds(), (Bounds{1, 2, 3, 4}));
 }
 
-TEST_F(ControlTest, TellsNothingWhenAValueStays) {
+TEST_F(ControlTest, ReportsNothingWhenAValueStays) {
     control.setEnabled(true);
     control.setVisible(true);
     control.setBounds({});

@@ -46,7 +46,7 @@ TEST_F(FormTest, StaysHiddenWhenItsLoadingHidesIt) {
     EXPECT_EQ(raised, 1);
 }
 
-TEST_F(FormTest, TellsViewsOfANewCaptionAndSizeOnly) {
+TEST_F(FormTest, NotifiesViewsOfANewCaptionAndSizeOnly) {
     form.setCaption("Velmora");
     form.setSize(0, 0);
     EXPECT_EQ(changes, 0);
@@ -99,18 +99,18 @@ TEST_F(FormTest, ComesBackFromMaximisedInTheSizeOfItsNormalState) {
     EXPECT_EQ(resizes, 1);
 }
 
-TEST_F(FormTest, TellsWhenItWasShownAndHidden) {
-    std::string told;
-    form.Load.connect([&told] { told += 'L'; });
-    form.Shown.connect([&told] { told += 'S'; });
-    form.Hidden.connect([&told] { told += 'H'; });
-    form.Raised.connect([&told] { told += 'R'; });
+TEST_F(FormTest, ReportsWhenItWasShownAndHidden) {
+    std::string fired;
+    form.Load.connect([&fired] { fired += 'L'; });
+    form.Shown.connect([&fired] { fired += 'S'; });
+    form.Hidden.connect([&fired] { fired += 'H'; });
+    form.Raised.connect([&fired] { fired += 'R'; });
     form.Show();
     form.Show();
     form.Hide();
     form.Hide();
     form.Show();
-    EXPECT_EQ(told, "LSRRHSR");
+    EXPECT_EQ(fired, "LSRRHSR");
 }
 
 }  // namespace

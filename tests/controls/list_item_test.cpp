@@ -50,7 +50,7 @@ TEST_F(ListItemTest, KeepsEachFieldOfEachSubItemApart) {
     EXPECT_EQ(row.SubItems(2), "text");
 }
 
-TEST_F(ListItemTest, TellsViewsOfEachChangeOnce) {
+TEST_F(ListItemTest, NotifiesViewsOfEachChangeOnce) {
     for (int i = 0; i < 2; ++i) {
         row.setText("new");
         row.setTag("tag");

@@ -28,7 +28,7 @@ TEST_F(ListViewHandTest, ATickFiresItemCheckWithItsRow) {
     EXPECT_FALSE(list.ListItems(2).Checked());
 }
 
-TEST_F(ListViewHandTest, AClickOnAHeaderTellsItsColumn) {
+TEST_F(ListViewHandTest, AClickOnAHeaderReportsItsColumn) {
     int clicked = 0;
     list.ColumnClick.connect([&](int column) { clicked = column; });
     list.userClickPart(2);
@@ -60,17 +60,17 @@ TEST_F(ListViewHandTest, RefusesEverythingWhenDisabled) {
 }
 
 TEST_F(ListViewHandTest, ADoubleClickMovesThePointerOverTheCellFirst) {
-    std::string told;
+    std::string fired;
     float pointerX = 0;
     float pointerY = 0;
     list.MouseMove.connect([&](float x, float y) {
-        told += "move ";
+        fired += "move ";
         pointerX = x;
         pointerY = y;
     });
-    list.DblClick.connect([&] { told += "click"; });
+    list.DblClick.connect([&] { fired += "click"; });
     list.userDoubleClickOn(2, 2);
-    EXPECT_EQ(told, "move click");
+    EXPECT_EQ(fired, "move click");
     EXPECT_EQ(list.HitTest(pointerX, pointerY), &list.ListItems(2));
     EXPECT_GT(pointerX, 2000);
     EXPECT_LT(pointerX, 3500);

@@ -78,16 +78,16 @@ TEST_F(RowsTest, KeepTheirAddressWhileOthersComeAndGo) {
     EXPECT_EQ(&list.ListItems(1), &row);
 }
 
-TEST_F(RowsTest, TellViewsWhereTheyComeAndGo) {
-    std::string told;
-    list.RowInserted.connect([&](int index) { told += "+" + std::to_string(index); });
-    list.RowRemoved.connect([&](int index) { told += "-" + std::to_string(index); });
-    list.RowsReset.connect([&] { told += "reset"; });
+TEST_F(RowsTest, NotifyViewsWhereTheyComeAndGo) {
+    std::string notices;
+    list.RowInserted.connect([&](int index) { notices += "+" + std::to_string(index); });
+    list.RowRemoved.connect([&](int index) { notices += "-" + std::to_string(index); });
+    list.RowsReset.connect([&] { notices += "reset"; });
     add({"a", "b"});
     list.Add(1, "c");
     list.Remove(2);
     list.Clear();
-    EXPECT_EQ(told, "+1+2+1-2reset");
+    EXPECT_EQ(notices, "+1+2+1-2reset");
     EXPECT_EQ(list.Count(), 0);
 }
 

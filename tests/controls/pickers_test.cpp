@@ -117,7 +117,7 @@ TEST_F(UpDownTest, LeavesATextThatIsNoWholeNumberAlone) {
     }
 }
 
-TEST_F(UpDownTest, TellsTheDirectionAlsoWhereItCannotGoOn) {
+TEST_F(UpDownTest, ReportsTheDirectionAlsoWhereItCannotGoOn) {
     const Count ups(alone.UpClick);
     const Count downs(alone.DownClick);
     alone.userDown();

@@ -150,7 +150,7 @@ TEST_F(TextBoxTest, TakesKeysByTheirCode) {
     EXPECT_EQ(keys.size(), 1u);
 }
 
-TEST_F(TextBoxTest, AMaskedTextIsToldByStarsOnly) {
+TEST_F(TextBoxTest, AMaskedTextIsReadAsStarsOnly) {
     box.setMasked(true);
     set(box, "Text", "\u00FCber");
     EXPECT_EQ(get(box, "Text"), "****");

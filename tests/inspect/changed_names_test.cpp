@@ -124,7 +124,7 @@ TEST(ChangedNames, AFolderThatCantBeReadGivesAnEmptyText) {
     EXPECT_EQ(rig.machine.openListings, 0);
 }
 
-TEST(ChangedNames, ANewFileIsTold) {
+TEST(ChangedNames, ANewFileIsReported) {
     WaitRig rig;
     rig.add("a.txt");
     rig.snapshot();
@@ -140,7 +140,7 @@ TEST(ChangedNames, ANewFolderIsMarked) {
     EXPECT_EQ(rig.changedNames(), line("sub  [Dir]"));
 }
 
-TEST(ChangedNames, AnEntryThatWentIsTold) {
+TEST(ChangedNames, AnEntryThatWentIsReported) {
     WaitRig rig;
     rig.add("a.txt");
     rig.add("b.txt");
@@ -149,7 +149,7 @@ TEST(ChangedNames, AnEntryThatWentIsTold) {
     EXPECT_EQ(rig.changedNames(), line("b.txt  [Deleted]"));
 }
 
-TEST(ChangedNames, AFolderThatWentIsMarkedBehindIts) {
+TEST(ChangedNames, AFolderThatWentIsMarkedAsOne) {
     WaitRig rig;
     rig.add("a.txt");
     rig.addFolder("sub");
@@ -193,7 +193,7 @@ TEST(ChangedNames, NamesAreComparedExactlyWithTheirCase) {
     EXPECT_EQ(rig.changedNames(), line("read.me") + line("Read.Me  [Deleted]"));
 }
 
-TEST(ChangedNames, WhatStandsBehindANulIsNoPartOfAName) {
+TEST(ChangedNames, WhatFollowsANulIsNoPartOfAName) {
     WaitRig rig;
     rig.add(std::string("a.txt\0one", 9));
     rig.snapshot();
@@ -234,14 +234,14 @@ TEST(ChangedNames, WithoutASnapshotEveryEntryIsNew) {
     EXPECT_EQ(rig.changedNames(), line(".  [Dir]") + line("a.txt"));
 }
 
-TEST(ChangedNames, TheEmptyEntryOfAFailedSnapshotIsToldAsGone) {
+TEST(ChangedNames, TheEmptyEntryOfAFailedSnapshotIsReportedAsGone) {
     WaitRig rig;
     rig.waitTest.prcSnapshotDir("C:\\missing");
     rig.add("a.txt");
     EXPECT_EQ(rig.changedNames(), line("a.txt") + line("  [Deleted]"));
 }
 
-TEST(ChangedNames, TheKindOfChangeIsToldByItsWords) {
+TEST(ChangedNames, TheKindOfChangeIsGivenByItsWords) {
     WaitRig rig;
     rig.add("a.txt");
     EXPECT_EQ(rig.changedNames(change::name | change::dirName),
@@ -298,7 +298,7 @@ TEST(ChangedNames, ABigFolderIsComparedInTimeThatGrowsWithItAlone) {
     EXPECT_LT(seconds(64000), 32 * small * 12);
 }
 
-TEST(ChangedNames, APathWithABackSlashBehindIsNotDoubled) {
+TEST(ChangedNames, APathWithATrailingBackSlashIsNotDoubled) {
     WaitRig rig;
     rig.add("a.txt");
     rig.snapshot();

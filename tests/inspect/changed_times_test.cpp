@@ -139,7 +139,7 @@ TEST(ChangedTimes, TheScanLeavesTheReferenceAlone) {
     EXPECT_EQ(rig.forms.globals.lastFileTime, referenceTime);
 }
 
-TEST(ChangedTimes, TheKindOfChangeIsToldByItsWords) {
+TEST(ChangedTimes, TheKindOfChangeIsGivenByItsWords) {
     WaitRig rig;
     rig.add("new.txt", referenceTime + 1);
     std::uint64_t newest = 0;

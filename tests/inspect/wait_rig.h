@@ -36,7 +36,7 @@ struct TimedWindows : User32 {
     fake::FakeMachine& machine_;
 };
 
-/// Takes alerts down as "time | rating | text", or refuses them.
+/// Records alerts as "time | rating | text", or refuses them.
 struct TakenAlerts : AlertSink {
     void raise(const std::string& time, const std::string& rating,
                const std::string& text) override {
@@ -67,7 +67,7 @@ struct WaitRig {
         waitTest.sWatchPath = "C:\\data";
     }
 
-    /// An entry of the folder, not changed unless told otherwise.
+    /// An entry of the folder, not changed unless given otherwise.
     void add(const std::string& name, std::uint64_t written = referenceTime,
              std::uint64_t created = referenceTime, std::uint32_t attributes = 32) {
         entries.push_back({.dwFileAttributes = attributes,
@@ -91,7 +91,7 @@ struct WaitRig {
         waitTest.prcSnapshotDir("C:\\data");
         machine.log.clear();
     }
-    /// A watcher with handles 11 to 14 and window 9, of which the form hears.
+    /// A watcher with handles 11 to 14 and window 9, to which the form is connected.
     cWatchForChanges& watch() {
         cWatchForChanges& watcher =
             waitTest.watchBy(std::make_unique<cWatchForChanges>(kernel32, user32));

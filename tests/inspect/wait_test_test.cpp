@@ -27,7 +27,7 @@ void expectReport(WaitRig& rig, const std::string& report) {
     EXPECT_EQ(rig.host.beeps, 1);
 }
 
-TEST(ReportedChange, ANewNameIsToldAndKnownFromThenOn) {
+TEST(ReportedChange, ANewNameIsReportedAndKnownFromThenOn) {
     for (const std::int32_t type : {change::name, change::dirName}) {
         WaitRig rig;
         rig.add("a.txt");
@@ -60,7 +60,7 @@ TEST(ReportedChange, NewNamesKeepNewTimesOutOfTheReport) {
     expectReport(rig, block("Name & Last Write", "b.txt"));
 }
 
-TEST(ReportedChange, NamesThatTellNothingLetTheTimesTellIfTheirBitIsSet) {
+TEST(ReportedChange, WithoutChangedNamesTheTimesAreReportedIfTheirBitIsSet) {
     for (const std::int32_t type :
          {change::name | change::size, change::dirName | change::lastWrite}) {
         WaitRig rig;
@@ -72,7 +72,7 @@ TEST(ReportedChange, NamesThatTellNothingLetTheTimesTellIfTheirBitIsSet) {
     }
 }
 
-TEST(ReportedChange, NamesThatTellNothingEndInTheLastResort) {
+TEST(ReportedChange, WithoutChangedNamesTheLastResortIsReported) {
     WaitRig rig;
     rig.add("a.txt", referenceTime + 5);
     rig.snapshot();
@@ -92,7 +92,7 @@ TEST(ReportedChange, AChangeOfSizeOrTimeLooksAtTheTimesOnly) {
     }
 }
 
-TEST(ReportedChange, TimesThatTellNothingEndInTheLastResort) {
+TEST(ReportedChange, WithoutChangedTimesTheLastResortIsReported) {
     WaitRig rig;
     rig.add("a.txt");
     rig.waitTest.m_oWatchDir_ChangeDetected(change::lastWrite);
@@ -118,7 +118,7 @@ TEST(ReportedChange, AnUnknownKindIsAFileThatCouldntBeFound) {
     }
 }
 
-TEST(ReportedChange, ReportsStandOneBehindTheOther) {
+TEST(ReportedChange, ReportsStandOneAfterTheOther) {
     WaitRig rig;
     rig.form.txChanges.setText("before\r\n");
     rig.waitTest.m_oWatchDir_ChangeDetected(0);
@@ -148,7 +148,7 @@ TEST(ReportedChange, AnAlertThatFailsIsTheCallersWithTheTextWritten) {
     EXPECT_EQ(rig.host.beeps, 0);
 }
 
-TEST(ReportedChange, TheReferenceStaysSoThatTheSameFileIsToldAgain) {
+TEST(ReportedChange, TheReferenceStaysSoThatTheSameFileIsReportedAgain) {
     WaitRig rig;
     rig.add("a.txt", referenceTime + 5);
     rig.waitTest.m_oWatchDir_ChangeDetected(change::lastWrite);

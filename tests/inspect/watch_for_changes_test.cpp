@@ -74,7 +74,7 @@ TEST(WatchForChanges, EachSignalledHandleGivesItsBit) {
     }
 }
 
-TEST(WatchForChanges, AllThatChangedIsToldAtOnce) {
+TEST(WatchForChanges, AllThatChangedIsReportedAtOnce) {
     PolledWatcher rig;
     for (auto& [handle, signals] : rig.machine.notifications) signals = 1;
     rig.watcher->prcPollChanges();
@@ -107,13 +107,13 @@ TEST(WatchForChanges, ThePollWithSuspendWatchSetDoesntConsumeAnyNotification) {
     EXPECT_EQ(rig.changes, std::vector<std::int32_t>{15});
 }
 
-TEST(WatchForChanges, APollWithoutHandlesTellsNothing) {
+TEST(WatchForChanges, APollWithoutHandlesReportsNothing) {
     WaitRig rig;
     cWatchForChanges watcher(rig.kernel32, rig.user32);
-    int told = 0;
-    watcher.ChangeDetected.connect([&](std::int32_t) { ++told; });
+    int reports = 0;
+    watcher.ChangeDetected.connect([&](std::int32_t) { ++reports; });
     watcher.prcPollChanges();
-    EXPECT_EQ(told, 0);
+    EXPECT_EQ(reports, 0);
 }
 
 TEST(WatchForChanges, TestingAHandlePassesItsTimeOutAndGivesTheBitOnASignalOnly) {
@@ -177,7 +177,7 @@ TEST(WatchForChanges, EveryCallOfAPollMayFail) {
     }
 }
 
-TEST(WatchForChanges, AFailureToCloseOneHandleLeavesNoneBehind) {
+TEST(WatchForChanges, AFailureToCloseOneHandleLeavesNoneOpen) {
     for (int n = 3; n <= 6; ++n) {
         SCOPED_TRACE(n);
         PolledWatcher rig;

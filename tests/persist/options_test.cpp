@@ -40,7 +40,7 @@ TEST(StartWithTheSystem, UntickedTheValueStaysInTheKeyEmpty) {
     EXPECT_EQ(*rig.started(), "");
 }
 
-TEST(StartWithTheSystem, WithoutTheRightsTheUserIsTold) {
+TEST(StartWithTheSystem, WithoutTheRightsABoxIsShown) {
     OptionsRig rig;
     rig.machine.runKey().openResult = 5;
     rig.form1.chkStartUp.setValue(1);

@@ -51,7 +51,7 @@ TEST(RegistryHives, AnUnknownNameHasNoHandle) {
     }
 }
 
-TEST(RegistryErrors, AreToldInWords) {
+TEST(RegistryErrors, AreGivenInWords) {
     const std::map<std::int32_t, std::string> words{
         {2, "Bad Key Name"},
         {4, "Can't Read Key"},
@@ -73,7 +73,7 @@ TEST(RegistryErrors, ADamagedDatabaseHasOneTextForBothCodes) {
     EXPECT_EQ(fRegErrorText(1009), fRegErrorText(1015));
 }
 
-TEST(RegistryErrors, OtherCodesAreToldAsTheyAre) {
+TEST(RegistryErrors, OtherCodesAreGivenAsNumbers) {
     EXPECT_EQ(fRegErrorText(0), "Undefined Error Code:  0");
     for (const int code : {1, 3, 6, 7, 9, 13, 15, 86, 88, 233, 235, 1008, 1014, 1016}) {
         EXPECT_EQ(fRegErrorText(code), "Undefined Error Code:  " + std::to_string(code));
@@ -123,7 +123,7 @@ TEST(RegistryKeyPath, AnUnknownHiveGivesNoHandleAndNoBox) {
     EXPECT_TRUE(bare.boxes.empty());
 }
 
-TEST(RegistryKeyPath, EmptyNamesBehindTheHiveStay) {
+TEST(RegistryKeyPath, EmptyNamesAfterTheHiveStay) {
     EXPECT_EQ(parsed("HKEY_USERS\\\\a").path, "\\a");
 }
 

@@ -27,7 +27,7 @@ TEST_F(SettingsFileTest, AnyOtherDirectionTouchesNoFileButStillChecksTheInterval
     EXPECT_EQ(host.yields, 0);
 }
 
-TEST_F(SettingsFileTest, TheIntervalIsCheckedBehindTheWriting) {
+TEST_F(SettingsFileTest, TheIntervalIsCheckedAfterTheWriting) {
     form1.txtTime.setText("0");
     EXPECT_EQ(run(1), 0);
     EXPECT_TRUE(contains(content(), shifted("txtTime=0\r\n", 1)));

@@ -68,7 +68,7 @@ TEST_F(SettingsGoldenTest, IsWrittenByteForByte) {
     EXPECT_TRUE(content() == golden);
 }
 
-// Its two lists of several choices end the reading, so that they are put in one by one.
+// Its two lists of several choices end the reading, so that they are read one by one.
 TEST_F(SettingsGoldenTest, IsReadBackUpToItsListsOfSeveralChoices) {
     EXPECT_EQ(readBytes(golden), error::typeMismatch);
     EXPECT_EQ(notify.txtMailSubj.Text(), "Žluťoučký kůň: málo místa \U0001F4BE");
@@ -79,7 +79,7 @@ TEST_F(SettingsGoldenTest, IsReadBackUpToItsListsOfSeveralChoices) {
 
 TEST_F(SettingsGoldenTest, IsReadWholeWithoutItsListsOfSeveralChoices) {
     Lines lines = linesOf(golden);
-    // The two runs hold line ends inside, and stand on one line each.
+    // The two runs contain line ends, and are one line each.
     std::erase_if(lines, [](const auto& line) {
         return line.starts_with("NotlstContent") || line.starts_with("notlstTime");
     });

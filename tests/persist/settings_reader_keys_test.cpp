@@ -86,7 +86,7 @@ TEST(SettingsReaderKeys, TheFirstOfTheOrderTakesALineThatHoldsTwo) {
             const int failure = rig.read({std::string(second.key) + first.key + "7"});
             const std::string place = std::string(first.key) + " and " + second.key;
             EXPECT_EQ(failure, refuses(first) ? error::typeMismatch : 0) << place;
-            // Two keys of the same field tell by what stayed in the value.
+            // Two keys of the same field differ in what stays in the value.
             if (first.takes == Takes::text && first.key != std::string("minspace=")) {
                 EXPECT_EQ(lowerCase(first.field(rig)), lowerCase(second.key) + "7") << place;
             } else {

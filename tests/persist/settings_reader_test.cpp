@@ -21,7 +21,7 @@ TEST_F(SettingsReaderTest, ALineEndThatIsPartOfTheLineStaysInTheValue) {
     EXPECT_EQ(notify.txtCustMsg.Text(), "m\r\n");
 }
 
-TEST_F(SettingsReaderTest, TheMinimumSpaceShedsWhateverIsBehindItsDigits) {
+TEST_F(SettingsReaderTest, TheMinimumSpaceShedsWhateverFollowsItsDigits) {
     EXPECT_EQ(read({"minspace=50000\r\n"}), 0);
     EXPECT_EQ(form1.txtSpace.Text(), "50000");
     EXPECT_EQ(read({"minspace=5\r\n"}), 0);
@@ -39,7 +39,7 @@ TEST_F(SettingsReaderTest, AnEmptyMinimumSpaceComesBackAsALineEnd) {
 }
 
 TEST_F(SettingsReaderTest, BlanksAroundALineAreTrimmedOnceMoreWhenItIsPlain) {
-    // A blank of the file is trimmed before the shift, a blank of the plain line behind it.
+    // A blank of the file is trimmed before the shift, a blank of the plain line after it.
     EXPECT_EQ(
         readBytes("  " + fileOf({"txtTime=60"}) + " " + shifted("  notCustMsg= a  ", 1) + "  \r\n"),
         0);
@@ -67,7 +67,7 @@ TEST_F(SettingsReaderTest, APlusEndsTheValueAndWhatFollowsIsALineOfItsOwn) {
     EXPECT_EQ(read({"notCustMsg=1+1=2", "notEmail=a+filetype=x"}), 0);
     EXPECT_EQ(notify.txtCustMsg.Text(), "1");
     EXPECT_EQ(notify.txtYourEmail.Text(), "a");
-    EXPECT_EQ(form1.txtFileType.Text(), "x") << "a key behind the plus is a key";
+    EXPECT_EQ(form1.txtFileType.Text(), "x") << "a key after the plus is a key";
 }
 
 TEST_F(SettingsReaderTest, APlusInARecipientLosesTheRestOfTheRun) {
@@ -82,7 +82,7 @@ TEST_F(SettingsReaderTest, AnExclamationMarkInAValueIsACharacterLikeOthers) {
 }
 
 // There the mark becomes the quote that begins a field.
-TEST_F(SettingsReaderTest, AnExclamationMarkBehindAPlusSwallowsLinesUpToTheNextOne) {
+TEST_F(SettingsReaderTest, AnExclamationMarkAfterAPlusSwallowsLinesUpToTheNextOne) {
     EXPECT_EQ(read({"notCustMsg=a+!b", "notEmail=lost", "notEmailUser=c!d", "notEmailPass=kept"}),
               0);
     EXPECT_EQ(notify.txtCustMsg.Text(), "a");

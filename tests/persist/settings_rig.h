@@ -1,4 +1,4 @@
-// The settings file in a machine in memory, told and looked at by its plain lines.
+// The settings file in a machine in memory, written and inspected by its plain lines.
 #pragma once
 
 #include <algorithm>

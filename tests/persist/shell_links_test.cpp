@@ -53,7 +53,7 @@ TEST(SpecialFolder, HasABufferOf255Characters) {
     EXPECT_EQ(rig.links.fSpecialFolder(9), "");
 }
 
-TEST(Shortcut, SaysAllThatItIsTold) {
+TEST(Shortcut, HoldsAllThatItIsGiven) {
     LinksRig rig;
     EXPECT_TRUE(rig.links.fCreateShortcut("C:\\links\\tool", {.description = "What it is",
                                                               .target = "C:\\bin\\tool.exe",
