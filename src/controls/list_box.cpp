@@ -5,6 +5,9 @@
 namespace velmora {
 
 ListBox::ListBox(Form& form, std::string name, std::initializer_list<const char*> entries)
+    : ListBox(form, std::move(name), std::span(entries.begin(), entries.size())) {}
+
+ListBox::ListBox(Form& form, std::string name, std::span<const char* const> entries)
     : Control(form, std::move(name)) {
     for (const char* entry : entries) entries_.push_back({entry});
 }

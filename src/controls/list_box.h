@@ -2,6 +2,8 @@
 #pragma once
 
 #include <deque>
+#include <initializer_list>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -13,6 +15,7 @@ namespace velmora {
 class ListBox : public Control {
   public:
     ListBox(Form& form, std::string name, std::initializer_list<const char*> entries = {});
+    ListBox(Form& form, std::string name, std::span<const char* const> entries);
 
     int ListCount() const { return static_cast<int>(entries_.size()); }
     /// Each raises error 9 for an index outside the list.

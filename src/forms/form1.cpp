@@ -1,5 +1,7 @@
 #include "forms/form1.h"
 
+#include <span>
+
 #include "forms/label_colours.h"
 
 namespace velmora {
@@ -78,13 +80,7 @@ OptionsPanel::OptionsPanel(Form& form)
       chkCustTime(form, "chkCustTime", "Enable Custom Time"),
       DTTime1{{{form, "DTTime1", timeOfDay(8, 0), 0}, {form, "DTTime1", timeOfDay(17, 0), 1}}},
       TimerCust(form, "TimerCust", 60000, true),
-      lstAct{form,
-             "lstAct",
-             {"Alert on Space Shortage", "Move Sp. Files to Sp. Path", "Delete Specified Files",
-              "Send Specified Files to Recycle Bin", "Auto Move Files to Largest Avail. Path-Space",
-              "Sound Audio Alert", "Empty Recycle Bin", "Run specified programs(s)",
-              "Notify specified Email(s)", "Auto Run Clean Manager", "Pause Velmora on Alert ",
-              "Show progress dialog on checking!"}},
+      lstAct(form, "lstAct", std::span(actionEntries)),
       lstEvt{form,
              "lstEvt",
              {"No Change in Free Space Size (Stagnancy)", "Change in Free Space Size ",

@@ -8,6 +8,7 @@
 #include "controls/bars.h"
 #include "controls/form.h"
 #include "controls/picture_box.h"
+#include "forms/action_entries.h"
 #include "forms/form1_menus.h"
 #include "forms/form1_panels.h"
 #include "forms/form_numbers.h"

@@ -6,22 +6,6 @@
 
 namespace velmora {
 
-/// Entries of lstAct, the actions on a shortage.
-namespace act {
-inline constexpr int alert = 0;
-inline constexpr int move = 1;
-inline constexpr int remove = 2;
-inline constexpr int recycle = 3;
-inline constexpr int autoMove = 4;
-inline constexpr int sound = 5;
-inline constexpr int emptyBin = 6;
-inline constexpr int run = 7;
-inline constexpr int mail = 8;
-inline constexpr int cleaner = 9;
-inline constexpr int pause = 10;
-inline constexpr int progressDialog = 11;
-}  // namespace act
-
 /// Entries of lstEvt, the events to look for.
 namespace evt {
 inline constexpr int stagnancy = 0;

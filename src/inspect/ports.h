@@ -1,4 +1,4 @@
-// What the drive inspection asks of other parts of the program.
+// What the drive inspection asks of the alerts, which lie beside it.
 #pragma once
 
 #include <string>
@@ -10,8 +10,8 @@ class AlertSink {
   public:
     virtual ~AlertSink() = default;
     /// An alert without flags that belongs to no row.
-    virtual void raise(const std::string& /*strTime*/, const std::string& /*strRating*/,
-                       const std::string& /*strAlert*/) {}
+    virtual void raise(const std::string& strTime, const std::string& strRating,
+                       const std::string& strAlert) = 0;
 };
 
 }  // namespace velmora

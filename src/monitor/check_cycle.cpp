@@ -22,14 +22,8 @@ constexpr int errorLimit = 2;
 
 }  // namespace
 
-CheckCycle::CheckCycle(Forms& forms, Platform& platform, Host& host, AlertList& alerts,
-                       MonitorPorts ports)
-    : forms_(forms),
-      platform_(platform),
-      host_(host),
-      alerts_(alerts),
-      ports_(ports),
-      rowCheck_(forms, platform, host, alerts, ports) {
+CheckCycle::CheckCycle(Forms& forms, Platform& platform, Host& host, CheckParts parts)
+    : forms_(forms), platform_(platform), host_(host), parts_(parts) {
     forms_.form1.Timer1.Tick.connect([this] { Timer1_Timer(); });
     forms_.icon0.cmdCancel.Click.connect([this] { forms_.globals.bChecking = false; });
 }
@@ -132,15 +126,15 @@ int CheckCycle::walkRows(std::int32_t lngMinSpace) {
 
         WatchRow row(list.ListItems(i));
         if (!row.watched()) {
-            ports_.rowIcons.prcRefreshRowIcon(row.item());
+            parts_.rowIcons.prcRefreshRowIcon(row.item());
             form1.StatusBar1.setPanelText(1, "No Alert:");
             row.setStateIcon(state_icon::none);
-        } else if (rowCheck_.check(i, lngMinSpace) == RowOutcome::overHundredPercent) {
+        } else if (parts_.rowCheck.check(i, lngMinSpace) == RowOutcome::overHundredPercent) {
             return i;
         }
     }
-    ports_.statistics.updateSpaceChangeRate();
-    ports_.statistics.prcUpdateStatistics();
+    parts_.statistics.updateSpaceChangeRate();
+    parts_.statistics.prcUpdateStatistics();
     return i;
 }
 
@@ -169,20 +163,21 @@ void CheckCycle::closeCheck(int i) {
     status.setPanelPicture(1, image::ready);
     if (form1.chkLogTimeMon.ticked()) {
         // After a full pass `i` is one past the last row: this fails then and ends the tick.
-        alerts_.prcAlertInfo(Format(platform_.clock.Now(), alert_time::seconds), rating::medium,
-                             status.Panels(2).Text, {}, &form1.ListView1.ListItems(i));
+        parts_.alerts.prcAlertInfo(Format(platform_.clock.Now(), alert_time::seconds),
+                                   rating::medium, status.Panels(2).Text, {},
+                                   &form1.ListView1.ListItems(i));
     }
     saveAtClosing();
-    ports_.statistics.prcSrvAnimation(0, 0);
-    ports_.statistics.prcUpdateStatistics();
+    parts_.statistics.prcSrvAnimation(0, 0);
+    parts_.statistics.prcUpdateStatistics();
     closeTick();
 }
 
 void CheckCycle::saveAtClosing() {
     Form1& form1 = forms_.form1;
     form1.Timer1.setEnabled(true);
-    if (form1.chkSaveSet.ticked()) ports_.settings.prcSettings(1);
-    if (form1.chkAutoSave.ticked()) ports_.log.saveNewEntries();
+    if (form1.chkSaveSet.ticked()) parts_.settings.prcSettings(1);
+    if (form1.chkAutoSave.ticked()) parts_.log.saveNewEntries();
 }
 
 // How every tick ends, whether it waited, checked or failed.
@@ -197,8 +192,8 @@ void CheckCycle::reportErrorLimit() {
     host_.MsgBox({.text = "Please check your settings for errors"});
     // A failure to write the alert down must not begin the tick once more.
     resumeNext([this] {
-        alerts_.prcAlertInfo(alert_time::dateAndTime(platform_.clock.Now()), rating::high,
-                             "Program Run Time Error: ", checkFlags, nullptr);
+        parts_.alerts.prcAlertInfo(alert_time::dateAndTime(platform_.clock.Now()), rating::high,
+                                   "Program Run Time Error: ", checkFlags, nullptr);
     });
 }
 
@@ -208,8 +203,8 @@ bool CheckCycle::retryAfter(const RuntimeError& failure, std::int16_t& intErrCou
     ++intErrCount;
     // The row reaches the list even when the log file can't be written.
     resumeNext([&] {
-        alerts_.prcAlertInfo(alert_time::dateAndTime(platform_.clock.Now()), rating::high,
-                             "Error: " + failure.description(), checkFlags, nullptr);
+        parts_.alerts.prcAlertInfo(alert_time::dateAndTime(platform_.clock.Now()), rating::high,
+                                   "Error: " + failure.description(), checkFlags, nullptr);
     });
     switch (failure.number()) {
         case error::outOfMemory:

@@ -8,24 +8,37 @@
 #include <cstdint>
 
 #include "alerts/journal/alert_list.h"
+#include "alerts/journal/journal_log.h"
 #include "base/runtime_error.h"
 #include "forms/forms.h"
 #include "monitor/ports.h"
 #include "monitor/row_check.h"
+#include "monitor/space_statistics.h"
+#include "persist/settings_file.h"
 #include "platform/host.h"
 #include "platform/platform.h"
 
 namespace velmora {
 
-class CheckCycle final : public CheckTick {
+/// What the cycle calls.
+struct CheckParts {
+    RowCheck& rowCheck;
+    AlertList& alerts;
+    JournalLog& log;
+    SettingsFile& settings;
+    SpaceStatistics& statistics;
+    RowIcons& rowIcons;
+};
+
+class CheckCycle {
   public:
     /// Connects Timer1.
-    CheckCycle(Forms& forms, Platform& platform, Host& host, AlertList& alerts, MonitorPorts ports);
+    CheckCycle(Forms& forms, Platform& platform, Host& host, CheckParts parts);
     CheckCycle(const CheckCycle&) = delete;
     CheckCycle& operator=(const CheckCycle&) = delete;
 
     /// One tick: counts down, or checks when the interval is due. Never throws a run-time error.
-    void Timer1_Timer() override;
+    void Timer1_Timer();
     /// Milliseconds counted towards the next check.
     std::int32_t lngElapsedMs() const { return lngElapsedMs_; }
 
@@ -45,9 +58,7 @@ class CheckCycle final : public CheckTick {
     Forms& forms_;
     Platform& platform_;
     Host& host_;
-    AlertList& alerts_;
-    MonitorPorts ports_;
-    RowCheck rowCheck_;
+    CheckParts parts_;
     std::int32_t lngElapsedMs_ = 0;
 };
 

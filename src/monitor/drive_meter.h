@@ -5,23 +5,22 @@
 #include <string>
 
 #include "forms/forms.h"
-#include "monitor/ports.h"
 #include "platform/platform.h"
 
 namespace velmora {
 
-class DriveMeter final : public DriveView {
+class DriveMeter {
   public:
     DriveMeter(Forms& forms, Platform& platform) : forms_(forms), platform_(platform) {}
     DriveMeter(const DriveMeter&) = delete;
     DriveMeter& operator=(const DriveMeter&) = delete;
 
     /// Shows the view, standing on that drive or path.
-    void prcShowfrmIndDri(const std::string& path) override;
+    void prcShowfrmIndDri(const std::string& path);
     /// Shows the figures of that row of the watch list. Draws nothing for a row that isn't
     /// available or has no total size. Never fails: what lies beyond a gauge's range stands at its
     /// end, and a folder that can't be read is "N/A".
-    void prcSrvMeter(ListItem& row) override;
+    void prcSrvMeter(ListItem& row);
     /// Shows the row of the drive that the view stands on, while the view is visible. `strDri`
     /// isn't used.
     void prcSrvMeterPreSet(const std::string& strDri);

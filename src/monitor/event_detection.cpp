@@ -121,13 +121,13 @@ void EventPass::testQuantity(Pass& pass) {
 void EventPass::testModification(const Pass& pass) {
     const std::string modified = prcChkFileTimes(pass.text);
     if (modified.empty()) return;
-    alerts_.prcAlertInfo(Format(platform_.clock.Now(), alert_time::slashedSeconds), rating::high,
-                         "Files modified: " + modified, {},
-                         &forms_.form1.ListView1.ListItems(pass.row));
+    parts_.alerts.prcAlertInfo(Format(platform_.clock.Now(), alert_time::slashedSeconds),
+                               rating::high, "Files modified: " + modified, {},
+                               &forms_.form1.ListView1.ListItems(pass.row));
 }
 
 std::string EventPass::prcChkFileTimes(const std::string& sPath) {
-    std::string modified = waitTest_.prcPubFindFilesByTime(sPath);
+    std::string modified = parts_.waitTest.prcPubFindFilesByTime(sPath);
     forms_.globals.lastFileTime = platform_.clock.GetSystemTimeAsFileTime();
     return modified;
 }
@@ -135,24 +135,24 @@ std::string EventPass::prcChkFileTimes(const std::string& sPath) {
 void EventPass::report(const Pass& pass) {
     Form1& form1 = forms_.form1;
     const std::string stamp = alert_time::dateAndTime(platform_.clock.Now());
-    alerts_.prcAlertInfo(stamp, rating::high, pass.strEvents, {},
-                         &form1.ListView1.ListItems(pass.row));
+    parts_.alerts.prcAlertInfo(stamp, rating::high, pass.strEvents, {},
+                               &form1.ListView1.ListItems(pass.row));
     forms_.dlgAlert.Label1.prepend(stamp + " " + pass.strEvents);
     form1.txtAlert.prepend(pass.strEvents);
     const std::string soundFile = form1.txtAudio[0].Text();
     if (platform_.fso.FileExists(soundFile)) {
-        systemActions_.prcPlaySound(soundFile, sound::noDefault);
+        parts_.systemActions.prcPlaySound(soundFile, sound::noDefault);
     }
-    if (!forms_.dlgAlert.Visible() && form1.lstAct.Selected(act::alert)) dialog_.show();
+    if (!forms_.dlgAlert.Visible() && form1.lstAct.Selected(act::alert)) parts_.alertDialog.show();
 }
 
 void EventPass::rowNotReady(int row) {
     WatchRow watched(forms_.form1.ListView1.ListItems(row));
     if (!forms_.form1.lstEvt.Selected(evt::unavailable)) return;
     if (watched.previousFree().empty() || watched.folderCounts().empty()) return;
-    alerts_.prcAlertInfo(alert_time::dateAndTime(platform_.clock.Now()), rating::high,
-                         "Drive Became Unavailable: " + watched.path(), checkFlags,
-                         &watched.item());
+    parts_.alerts.prcAlertInfo(alert_time::dateAndTime(platform_.clock.Now()), rating::high,
+                               "Drive Became Unavailable: " + watched.path(), checkFlags,
+                               &watched.item());
     // Told once, until the row has been measured again.
     watched.setPreviousFree("");
     watched.setFolderCounts("");

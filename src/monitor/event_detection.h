@@ -9,36 +9,42 @@
 #include <memory>
 #include <string>
 
+#include "alerts/dialog/alert_dialog_window.h"
 #include "alerts/journal/alert_list.h"
 #include "alerts/system/system_actions.h"
 #include "forms/forms.h"
 #include "inspect/wait_test.h"
-#include "monitor/ports.h"
 #include "platform/platform.h"
 
 namespace velmora {
 
-class EventPass final : public EventDetection {
+/// What the event pass asks besides the forms.
+struct EventParts {
+    AlertList& alerts;
+    WaitTest& waitTest;
+    SystemActions& systemActions;
+    AlertDialogWindow& alertDialog;
+};
+
+class EventPass {
   public:
-    EventPass(Forms& forms, Platform& platform, AlertList& alerts, WaitTest& waitTest,
-              SystemActions& systemActions, AlertDialog& dialog)
-        : forms_(forms),
-          platform_(platform),
-          alerts_(alerts),
-          waitTest_(waitTest),
-          systemActions_(systemActions),
-          dialog_(dialog) {}
+    EventPass(Forms& forms, Platform& platform, EventParts parts)
+        : forms_(forms), platform_(platform), parts_(parts) {}
     EventPass(const EventPass&) = delete;
     EventPass& operator=(const EventPass&) = delete;
 
-    /// Every failure of a test goes to the caller, and what the row's tests have found till then is
-    /// dropped; error 424 whenever the entry for a path that became unavailable is ticked.
-    void checkEvents(int row) override;
-    void rowNotReady(int row) override;
-    /// 1 when the row has new figures. 0 without a change for a row that isn't available, and on
+    /// The event pass over a ready row, named by its index since a handler that ran in between may
+    /// have removed some. Every failure of a test goes to the caller, and what the row's tests have
+    /// found till then is dropped; error 424 whenever the entry for a path that became unavailable
+    /// is ticked.
+    void checkEvents(int row);
+    /// A watched row whose drive isn't ready.
+    void rowNotReady(int row);
+    /// Keeps the row's present figures for the next comparison and takes new ones. 1 when the row
+    /// has new figures. 0 without a change for a row that isn't available, and on
     /// any failure, with what was written till then; a row that is no drive root and no share is
     /// marked as not available.
-    int prcSetPrevInfoLV(ListItem& ItmX) override;
+    int prcSetPrevInfoLV(ListItem& ItmX);
     /// The report of the files in a folder that are newer than the last call of this; empty for
     /// none.
     std::string prcChkFileTimes(const std::string& sPath);
@@ -58,10 +64,7 @@ class EventPass final : public EventDetection {
 
     Forms& forms_;
     Platform& platform_;
-    AlertList& alerts_;
-    WaitTest& waitTest_;
-    SystemActions& systemActions_;
-    AlertDialog& dialog_;
+    EventParts parts_;
     DateTime stamped_;
     std::string stampText_;
 };

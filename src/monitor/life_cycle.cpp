@@ -5,6 +5,7 @@
 
 #include "base/convert.h"
 #include "base/resume_next.h"
+#include "base/scope_guard.h"
 #include "base/text.h"
 #include "forms/form_numbers.h"
 #include "monitor/maker.h"
@@ -18,9 +19,8 @@ constexpr std::int32_t sendToFolder = 9;
 
 }  // namespace
 
-LifeCycle::LifeCycle(Forms& forms, Platform& platform, Host& host, LifeCycleParts parts,
-                     MonitorPorts ports)
-    : forms_(forms), platform_(platform), host_(host), parts_(parts), ports_(ports) {
+LifeCycle::LifeCycle(Forms& forms, Platform& platform, Host& host, LifeCycleParts parts)
+    : forms_(forms), platform_(platform), host_(host), parts_(parts) {
     forms_.form1.mnuExit.Click.connect([this] { mnuExit_Click(); });
     forms_.form1.Command6.Click.connect([this] { mnuExit_Click(); });
     forms_.form1.mnuComments.Click.connect([this] { prcComment(); });
@@ -40,18 +40,17 @@ void LifeCycle::Form_Load() {
     parts_.watchControl.chkCustTime_Click();
     // What the first tick took from the picker is no setting: the file must bring an interval.
     form1.txtTime.setText("");
-    ports_.settings.prcSettings(2);
+    parts_.settings.prcSettings(2);
     noteStart();
     forms_.sysWorkSystray.Hide();
     form1.setSize(form1_size::startWidth, form1_size::fullHeight);
     form1.lblLog.setCaption(platform_.app.Path + "\\log.dat");
-    ports_.tabs.lblTab_Click(0);
-    ports_.tabs.lblSpectab_Click(0);
+    form1.lblTab[0].Click();
+    form1.lblSpectab[0].Click();
     form1.OpDriv[0].choose();
     prcCommandAdd();
-    if (form1.chkUpdate.ticked()) ports_.updates.prcCheckUpdate();
     for (int i = 1; i <= form1.ListView1.Count(); ++i) {
-        ports_.events.prcSetPrevInfoLV(form1.ListView1.ListItems(i));
+        parts_.events.prcSetPrevInfoLV(form1.ListView1.ListItems(i));
     }
 }
 
@@ -108,13 +107,13 @@ void LifeCycle::prcComment() {
 }
 
 void LifeCycle::mnuExit_Click() {
-    ports_.stayOnTop.drop();
+    ScopeGuard afterFailure([this] { parts_.stayOnTop.restore(); });
+    parts_.stayOnTop.drop();
     const BoxAnswer answer = host_.MsgBox(
         {.text = "Exit the program?", .icon = BoxIcon::question, .buttons = BoxButtons::okCancel});
-    if (answer != BoxAnswer::ok) {
-        ports_.stayOnTop.restore();
-        return;
-    }
+    afterFailure.dismiss();
+    // Leaving the program puts nothing back.
+    if (answer != BoxAnswer::ok) return parts_.stayOnTop.restore();
     NotifyIconData icon;
     icon.window = forms_.sysWorkSystray.Name();
     parts_.notifyArea.Shell_NotifyIconA(NotifyMessage::remove, icon);

@@ -3,10 +3,13 @@
 #pragma once
 
 #include "alerts/lists/file_list.h"
+#include "alerts/ports.h"
 #include "forms/forms.h"
 #include "monitor/check_cycle.h"
+#include "monitor/event_detection.h"
 #include "monitor/watch_control.h"
 #include "monitor/watch_list.h"
+#include "persist/settings_file.h"
 #include "persist/shell_links.h"
 #include "platform/notify_area.h"
 
@@ -17,16 +20,18 @@ struct LifeCycleParts {
     CheckCycle& checkCycle;
     WatchList& watchList;
     WatchControl& watchControl;
+    EventPass& events;
     FileList& fileList;
+    SettingsFile& settings;
     ShellLinks& shellLinks;
+    StayOnTop& stayOnTop;
     NotifyArea& notifyArea;
 };
 
 class LifeCycle {
   public:
     /// Connects the exit commands.
-    LifeCycle(Forms& forms, Platform& platform, Host& host, LifeCycleParts parts,
-              MonitorPorts ports);
+    LifeCycle(Forms& forms, Platform& platform, Host& host, LifeCycleParts parts);
     LifeCycle(const LifeCycle&) = delete;
     LifeCycle& operator=(const LifeCycle&) = delete;
 
@@ -50,7 +55,6 @@ class LifeCycle {
     Platform& platform_;
     Host& host_;
     LifeCycleParts parts_;
-    MonitorPorts ports_;
 };
 
 }  // namespace velmora

@@ -29,7 +29,7 @@ RowOutcome RowCheck::check(int i, std::int32_t& lngMinSpace) {
     if (!drive->IsReady()) {
         status.setPanelText(1, "Not Ready: ", text);
         WatchRow(list.ListItems(i)).setStateIcon(state_icon::none);
-        ports_.events.rowNotReady(i);
+        parts_.events.rowNotReady(i);
         // A shortage told before the drive went away is told again once it is back.
         AlertList::clearStamp(list.ListItems(i));
         return RowOutcome::done;
@@ -40,9 +40,9 @@ RowOutcome RowCheck::check(int i, std::int32_t& lngMinSpace) {
     if (outcome != RowOutcome::done) return outcome;
 
     status.setPanelText(1, "Events Listing");
-    ports_.events.checkEvents(i);
+    parts_.events.checkEvents(i);
     status.setPanelText(1, "Events Listing Check Done. 2");
-    ports_.events.prcSetPrevInfoLV(rowWithText(list, i, text));
+    parts_.events.prcSetPrevInfoLV(rowWithText(list, i, text));
     status.setPanelText(1, "Refresh Info.:");
 
     if (bShortage) {
@@ -97,12 +97,12 @@ void RowCheck::reportShortage(int i, const std::string& text, Drive& drive,
                       shortageText(drive, lngMinSpace, platform_.regional),
                       alert_time::dateAndTime(now),
                       ""};
-    alerts_.prcAlertInfo(Format(platform_.clock.Now(), alert_time::minutes), rating::high,
-                         shortage.strAlert, {}, &rowWithText(form1.ListView1, i, text));
+    parts_.alerts.prcAlertInfo(Format(platform_.clock.Now(), alert_time::minutes), rating::high,
+                               shortage.strAlert, {}, &rowWithText(form1.ListView1, i, text));
     const std::string entry = shortage.strStamp + shortage.strAlert + "\r\n . \r\n";
     form1.txtAlert.prepend(entry);
     forms_.dlgAlert.Label1.prepend(entry);
-    ports_.statistics.prcSrvAnimation(1, 1);
+    parts_.statistics.prcSrvAnimation(1, 1);
     form1.StatusBar1.setPanelText(1, "Animation:");
     runActions(shortage);
     showState(i, text, state_icon::alert);
@@ -114,19 +114,19 @@ void RowCheck::runActions(Shortage& shortage) {
         host_.DoEvents();
         if (!form1.lstAct.Selected(action)) continue;
         form1.StatusBar1.setPanelText(1, "Checking Events for: " + form1.lstAct.List(action));
-        ports_.actions.run(action, shortage);
+        parts_.actions.run(action, shortage);
         showDialogForNewText(shortage);
     }
 }
 
 // The dialog holds the text of the shortage itself by now; it opens for what an action has left.
 void RowCheck::showDialogForNewText(const Shortage& shortage) {
-    if (!forms_.dlgAlert.Label1.contains(shortage.strAlert)) ports_.alertDialog.show();
+    if (!forms_.dlgAlert.Label1.contains(shortage.strAlert)) parts_.alertDialog.show();
 }
 
 void RowCheck::reportEnoughSpace(int i, const std::string& text) {
     forms_.sysWorkSystray.tmrSystray.setEnabled(false);
-    ports_.statistics.prcSrvAnimation(1, 0);
+    parts_.statistics.prcSrvAnimation(1, 0);
     showState(i, text, state_icon::ok);
 }
 

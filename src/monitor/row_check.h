@@ -5,9 +5,12 @@
 #include <cstdint>
 #include <string>
 
+#include "alerts/actions/action_table.h"
+#include "alerts/dialog/alert_dialog_window.h"
 #include "alerts/journal/alert_list.h"
 #include "forms/forms.h"
-#include "monitor/ports.h"
+#include "monitor/event_detection.h"
+#include "monitor/space_statistics.h"
 #include "platform/host.h"
 #include "platform/platform.h"
 
@@ -18,10 +21,19 @@ enum class RowOutcome {
     overHundredPercent,  ///< the percent value isn't one: the check closes at once
 };
 
+/// What the check of a row calls.
+struct RowCheckParts {
+    AlertList& alerts;
+    AlertDialogWindow& alertDialog;
+    const ActionTable& actions;
+    EventPass& events;
+    SpaceStatistics& statistics;
+};
+
 class RowCheck {
   public:
-    RowCheck(Forms& forms, Platform& platform, Host& host, AlertList& alerts, MonitorPorts ports)
-        : forms_(forms), platform_(platform), host_(host), alerts_(alerts), ports_(ports) {}
+    RowCheck(Forms& forms, Platform& platform, Host& host, RowCheckParts parts)
+        : forms_(forms), platform_(platform), host_(host), parts_(parts) {}
 
     /// Checks row `i` of ListView1. `lngMinSpace` is carried from row to row: percent mode turns
     /// it into KB and leaves it so.
@@ -40,8 +52,7 @@ class RowCheck {
     Forms& forms_;
     Platform& platform_;
     Host& host_;
-    AlertList& alerts_;
-    MonitorPorts ports_;
+    RowCheckParts parts_;
     DateTime lastChecked_;
     std::string lastCheckedText_;
 };

@@ -8,13 +8,12 @@
 #include <string>
 
 #include "forms/forms.h"
-#include "monitor/ports.h"
 #include "platform/host.h"
 #include "platform/platform.h"
 
 namespace velmora {
 
-class SpaceStatistics final : public Statistics {
+class SpaceStatistics {
   public:
     /// Connects tmrStat.
     SpaceStatistics(Forms& forms, Platform& platform, Host& host);
@@ -25,10 +24,10 @@ class SpaceStatistics final : public Statistics {
     /// whole number; "N/A" without rows. `lngSecPast` isn't used: the divisor is the interval at
     /// the first call. Error 13 when a row's figures are no numbers.
     std::string prcSpaceRateChange(ListView& thisLV, const std::string& lngSecPast);
-    void updateSpaceChangeRate() override;
-    void prcUpdateStatistics() override;
+    void updateSpaceChangeRate();
+    void prcUpdateStatistics();
     /// `clip` 0 opens "\spin.avi", 1 "\alert.avi", others nothing; `play` 0 stops, 1 plays.
-    void prcSrvAnimation(float clip, float play) override;
+    void prcSrvAnimation(float clip, float play);
     void tmrStat_Timer();
 
   private:

@@ -6,8 +6,8 @@
 
 namespace velmora {
 
-TriggerEntry::TriggerEntry(Forms& forms, Platform& platform, Host& host, DriveView& driveView)
-    : forms_(forms), platform_(platform), host_(host), driveView_(driveView) {
+TriggerEntry::TriggerEntry(Forms& forms, Platform& platform, Host& host, DriveMeter& driveMeter)
+    : forms_(forms), platform_(platform), host_(host), driveMeter_(driveMeter) {
     Form1& form1 = forms_.form1;
     form1.ListView1.MouseMove.connect([this](float x, float y) {
         pointerX_ = x;
@@ -22,8 +22,8 @@ void TriggerEntry::ListView1_DblClick() {
     ListItem* selected = forms_.form1.ListView1.SelectedItem();
     if (selected == nullptr) return;
     forms_.frmIndDri.Timer1.setEnabled(true);
-    driveView_.prcShowfrmIndDri(selected->Text());
-    driveView_.prcSrvMeter(*selected);
+    driveMeter_.prcShowfrmIndDri(selected->Text());
+    driveMeter_.prcSrvMeter(*selected);
     if (!forms_.form1.chkDrive.ticked()) return;
     if (ListItem* row = rowUnderPointer()) placeOver(*row);
 }

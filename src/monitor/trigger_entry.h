@@ -3,7 +3,7 @@
 #pragma once
 
 #include "forms/forms.h"
-#include "monitor/ports.h"
+#include "monitor/drive_meter.h"
 #include "platform/host.h"
 #include "platform/platform.h"
 
@@ -12,7 +12,7 @@ namespace velmora {
 class TriggerEntry {
   public:
     /// Connects the handlers to the forms.
-    TriggerEntry(Forms& forms, Platform& platform, Host& host, DriveView& driveView);
+    TriggerEntry(Forms& forms, Platform& platform, Host& host, DriveMeter& driveMeter);
     TriggerEntry(const TriggerEntry&) = delete;
     TriggerEntry& operator=(const TriggerEntry&) = delete;
 
@@ -25,7 +25,7 @@ class TriggerEntry {
     Forms& forms_;
     Platform& platform_;
     Host& host_;
-    DriveView& driveView_;
+    DriveMeter& driveMeter_;
     float pointerX_ = 0;  // twips within the list, as the mouse last moved
     float pointerY_ = 0;
 };

@@ -18,14 +18,8 @@ constexpr const char* minuteOfDay = "hh:mm AMPM";
 
 }  // namespace
 
-WatchControl::WatchControl(Forms& forms, Platform& platform, Host& host, AlertList& alerts,
-                           Tray& tray, AlertDialog& dialog)
-    : forms_(forms),
-      platform_(platform),
-      host_(host),
-      alerts_(alerts),
-      tray_(tray),
-      dialog_(dialog) {
+WatchControl::WatchControl(Forms& forms, Platform& platform, Host& host, WatchControlParts parts)
+    : forms_(forms), platform_(platform), host_(host), parts_(parts) {
     Form1& form1 = forms_.form1;
     form1.cmdPause.Click.connect([this] { cmdPause_Click(); });
     form1.mnuPause.Click.connect([this] { mnuPause_Click(); });
@@ -55,8 +49,8 @@ void WatchControl::pause() {
     form1.Timer1.setEnabled(false);
     form1.StatusBar1.setPanelText(2, "Watch Paused.");
     forms_.globals.sTrayTip = "Velmora! Paused";
-    tray_.modifyIcon("Icon1");
-    tray_.modifyIcon("Icon0");
+    parts_.tray.modifyIcon("Icon1");
+    parts_.tray.modifyIcon("Icon0");
 }
 
 void WatchControl::start() {
@@ -73,7 +67,7 @@ void WatchControl::start() {
     form1.Timer1.setEnabled(true);
     form1.StatusBar1.setPanelText(2, "Watching.");
     forms_.globals.sTrayTip = "Velmora! Started.";
-    tray_.modifyIcon("Form1");
+    parts_.tray.modifyIcon("Form1");
 }
 
 void WatchControl::mnuPause_Click() {
@@ -103,13 +97,13 @@ void WatchControl::TimerCust_Timer() {
     try {
         const std::string tip = trayTip();
         forms_.globals.sTrayTip = tip;
-        if (forms_.form1.chkSystray.ticked()) tray_.prcToolTipText(tip);
+        if (forms_.form1.chkSystray.ticked()) parts_.tray.prcToolTipText(tip);
         if (forms_.form1.chkCustTime.ticked()) runByCustomTime();
     } catch (const std::exception&) {
         const std::string text = "RunTime TimerC Error: " + currentRuntimeError().description();
         resumeNext([&] {
-            alerts_.prcAlertInfo(Format(platform_.clock.Now(), alert_time::minutes), rating::medium,
-                                 text, {}, nullptr);
+            parts_.alerts.prcAlertInfo(Format(platform_.clock.Now(), alert_time::minutes),
+                                       rating::medium, text, {}, nullptr);
         });
     }
 }
@@ -169,9 +163,10 @@ void WatchControl::report(const std::string& alertWords, const std::string& jour
     const DateTime now = platform_.clock.Now();
     const std::string entry = journalWords + dateText(now, platform_.regional) + "\r\n.\r\n";
     forms_.form1.txtAlert.prepend(entry);
-    alerts_.prcAlertInfo(Format(now, alert_time::minutes), rating::medium, alertWords, {}, nullptr);
+    parts_.alerts.prcAlertInfo(Format(now, alert_time::minutes), rating::medium, alertWords, {},
+                               nullptr);
     forms_.dlgAlert.Label1.prepend(entry);
-    dialog_.show();
+    parts_.alertDialog.show();
 }
 
 // Both bounds are the start time; the end takes no part.

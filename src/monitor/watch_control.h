@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "alerts/dialog/alert_dialog_window.h"
 #include "alerts/journal/alert_list.h"
 #include "forms/forms.h"
 #include "monitor/ports.h"
@@ -12,15 +13,22 @@
 
 namespace velmora {
 
-class WatchControl final : public WatchSwitch {
+/// What the watch control asks besides the forms.
+struct WatchControlParts {
+    AlertList& alerts;
+    AlertDialogWindow& alertDialog;
+    Tray& tray;
+};
+
+class WatchControl {
   public:
     /// Connects the handlers to the forms.
-    WatchControl(Forms& forms, Platform& platform, Host& host, AlertList& alerts, Tray& tray,
-                 AlertDialog& dialog);
+    WatchControl(Forms& forms, Platform& platform, Host& host, WatchControlParts parts);
     WatchControl(const WatchControl&) = delete;
     WatchControl& operator=(const WatchControl&) = delete;
 
-    void cmdPause_Click() override;
+    /// Starts the watch when it is paused and pauses it when it runs.
+    void cmdPause_Click();
     void mnuPause_Click();
     /// Each minute: the tray tip, then the custom watch time. An error ends it with an alert.
     void TimerCust_Timer();
@@ -41,9 +49,7 @@ class WatchControl final : public WatchSwitch {
     Forms& forms_;
     Platform& platform_;
     Host& host_;
-    AlertList& alerts_;
-    Tray& tray_;
-    AlertDialog& dialog_;
+    WatchControlParts parts_;
 };
 
 }  // namespace velmora

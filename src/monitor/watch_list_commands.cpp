@@ -1,6 +1,7 @@
 #include "monitor/watch_list_commands.h"
 
 #include "alerts/journal/alert_time.h"
+#include "alerts/system/question_in_front.h"
 #include "base/convert.h"
 #include "base/drive_text.h"
 #include "base/resume_next.h"
@@ -12,13 +13,8 @@
 namespace velmora {
 
 WatchListCommands::WatchListCommands(Forms& forms, Platform& platform, Host& host,
-                                     AlertList& alerts, WatchList& watchList, MonitorPorts ports)
-    : forms_(forms),
-      platform_(platform),
-      host_(host),
-      alerts_(alerts),
-      watchList_(watchList),
-      ports_(ports) {
+                                     WatchListParts parts)
+    : forms_(forms), platform_(platform), host_(host), parts_(parts) {
     connect();
 }
 
@@ -31,7 +27,7 @@ void WatchListCommands::connect() {
     form1.cmdLVRemove.Click.connect([this] { lblDP_Click(watch_button::remove); });
     form1.cmdClear.Click.connect([this] { lblDP_Click(watch_button::clear); });
     form1.ListView1.ItemCheck.connect(
-        [this](ListItem&) { watchList_.prcLVBold(forms_.form1.ListView1); });
+        [this](ListItem&) { parts_.watchList.prcLVBold(forms_.form1.ListView1); });
     form1.ListView1.ColumnClick.connect(
         [this](int column) { prcSortColumn(forms_.form1.ListView1, column); });
     form1.ListView1.RightClick.connect([this] {
@@ -68,7 +64,7 @@ void WatchListCommands::run(int index) {
         case watch_button::selectDrive:
             return selectDrive();
         case watch_button::refresh:
-            return watchList_.RefreshDriveExisting();
+            return parts_.watchList.RefreshDriveExisting();
         default:
             return;
     }
@@ -78,8 +74,8 @@ void WatchListCommands::reportError(int index, const std::string& description) {
     const std::string text =
         "Drive/Path Button Error Button Index:" + std::to_string(index) + " | " + description;
     resumeNext([&] {
-        alerts_.prcAlertInfo(Format(platform_.clock.Now(), alert_time::seconds), rating::medium,
-                             text, {}, nullptr);
+        parts_.alerts.prcAlertInfo(Format(platform_.clock.Now(), alert_time::seconds),
+                                   rating::medium, text, {}, nullptr);
     });
 }
 
@@ -126,22 +122,21 @@ void WatchListCommands::clearAll() {
         host_.MsgBox({.text = "No drives listed to clear.", .icon = BoxIcon::information});
         return;
     }
-    ports_.stayOnTop.drop();
     const BoxAnswer answer =
-        host_.MsgBox({.text = "Clearing the listed drives with pause Velmora timer. Proceed?",
-                      .icon = BoxIcon::question,
-                      .buttons = BoxButtons::yesNo});
-    ports_.stayOnTop.restore();
+        askInFront(parts_.stayOnTop, host_,
+                   {.text = "Clearing the listed drives with pause Velmora timer. Proceed?",
+                    .icon = BoxIcon::question,
+                    .buttons = BoxButtons::yesNo});
     if (answer != BoxAnswer::yes) return;
-    ports_.watchSwitch.cmdPause_Click();
+    forms_.form1.cmdPause.Click();
     list.Clear();
 }
 
 void WatchListCommands::selectDrive() {
     ListItem* row = forms_.form1.ListView1.SelectedItem();
     if (row == nullptr) throw RuntimeError(error::objectRequired);
-    ports_.driveView.prcShowfrmIndDri(row->Text());
-    ports_.driveView.prcSrvMeter(*row);
+    parts_.driveMeter.prcShowfrmIndDri(row->Text());
+    parts_.driveMeter.prcSrvMeter(*row);
 }
 
 void WatchListCommands::cmdLVAdd_Click() {

@@ -2,17 +2,26 @@
 // clicks and menu.
 #pragma once
 
-#include "monitor/ports.h"
+#include "alerts/journal/alert_list.h"
+#include "alerts/ports.h"
+#include "monitor/drive_meter.h"
 #include "monitor/watch_list.h"
 #include "platform/host.h"
 
 namespace velmora {
 
+/// What the commands call besides the forms.
+struct WatchListParts {
+    WatchList& watchList;
+    DriveMeter& driveMeter;
+    AlertList& alerts;
+    StayOnTop& stayOnTop;
+};
+
 class WatchListCommands {
   public:
     /// Connects the handlers to the forms.
-    WatchListCommands(Forms& forms, Platform& platform, Host& host, AlertList& alerts,
-                      WatchList& watchList, MonitorPorts ports);
+    WatchListCommands(Forms& forms, Platform& platform, Host& host, WatchListParts parts);
     WatchListCommands(const WatchListCommands&) = delete;
     WatchListCommands& operator=(const WatchListCommands&) = delete;
 
@@ -33,9 +42,7 @@ class WatchListCommands {
     Forms& forms_;
     Platform& platform_;
     Host& host_;
-    AlertList& alerts_;
-    WatchList& watchList_;
-    MonitorPorts ports_;
+    WatchListParts parts_;
 };
 
 }  // namespace velmora

@@ -6,9 +6,6 @@ namespace velmora {
 
 namespace {
 
-// The record's flags: the verb acts on an item list, with the window's own messages.
-constexpr std::uint32_t propertiesMask = 1100;
-
 // Folders of the file system only, and none below a domain.
 constexpr std::uint32_t browseFlags = 3;
 constexpr std::size_t browseRoom = 260;  // characters, the closing one of code 0 included
@@ -62,11 +59,6 @@ std::optional<std::string> ShellLinks::prcBrowseForFolder(const std::string& own
     if (!platform_.shell32.SHGetPathFromIDListA(list, buffer)) return "";
     buffer.resize(buffer.find('\0'));
     return length(buffer) < browseRoom ? buffer : "";
-}
-
-void ShellLinks::prcShowProperties(const std::string& path, const std::string& owner) {
-    platform_.shell32.ShellExecuteEx(
-        {.mask = propertiesMask, .owner = owner, .verb = "properties", .file = path});
 }
 
 }  // namespace velmora

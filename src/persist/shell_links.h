@@ -1,5 +1,4 @@
-// Links to the system's shell: special folders, shortcuts, the folder browser, the properties
-// sheet.
+// Links to the system's shell: special folders, shortcuts, the folder browser.
 #pragma once
 
 #include <cstdint>
@@ -38,8 +37,6 @@ class ShellLinks {
     std::optional<std::string> prcBrowseForFolder(const std::string& owner,
                                                   const std::string& title,
                                                   const std::function<void()>& whileOpen);
-    /// The system's properties sheet of a file, owned by the window of that form.
-    void prcShowProperties(const std::string& path, const std::string& owner);
 
   private:
     Platform& platform_;

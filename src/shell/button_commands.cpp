@@ -5,16 +5,19 @@
 namespace velmora {
 
 // Command7, lblTabCap and lblFolder have empty handlers.
-ButtonCommands::ButtonCommands(Forms& forms, AboutDialog& about) : about_(about) {
+ButtonCommands::ButtonCommands(Forms& forms, AboutBox& aboutBox, SettingsFile& settings)
+    : aboutBox_(aboutBox), settings_(settings) {
     Form1& form1 = forms.form1;
     form1.cmdAdv.Click.connect([&forms] { forms.dlgDriveInfo.Show(); });
     form1.Command1.Click.connect([&form1] { form1.lblDP[watch_button::refresh].Click(); });
-    form1.Command8.Click.connect([this] { showAboutAfterSaving(); });
-    form1.lblAbout.Click.connect([this] { about_.showAbout(); });
+    form1.Command8.Click.connect([this] { Command8_Click(); });
+    form1.lblAbout.Click.connect([this] { aboutBox_.showAbout(); });
 }
 
-void ButtonCommands::showAboutAfterSaving() {
-    about_.showAbout();
+void ButtonCommands::Command8_Click() {
+    constexpr std::int16_t write = 1;
+    settings_.prcSettings(write);
+    aboutBox_.showAbout();
 }
 
 }  // namespace velmora

@@ -2,22 +2,24 @@
 #pragma once
 
 #include "forms/forms.h"
-#include "shell/shell_ports.h"
+#include "persist/settings_file.h"
+#include "shell/about_box.h"
 
 namespace velmora {
 
 class ButtonCommands {
   public:
-    /// Connects the buttons. Whoever saves the settings on Command8 must be connected to it before:
-    /// the about box comes after the saving, and not at all when that fails.
-    ButtonCommands(Forms& forms, AboutDialog& about);
+    /// Connects the buttons.
+    ButtonCommands(Forms& forms, AboutBox& aboutBox, SettingsFile& settings);
     ButtonCommands(const ButtonCommands&) = delete;
     ButtonCommands& operator=(const ButtonCommands&) = delete;
 
-    void showAboutAfterSaving();
+    /// Saves the settings, then shows the about box; not when the saving fails.
+    void Command8_Click();
 
   private:
-    AboutDialog& about_;
+    AboutBox& aboutBox_;
+    SettingsFile& settings_;
 };
 
 }  // namespace velmora

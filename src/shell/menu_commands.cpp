@@ -6,6 +6,7 @@
 #include "forms/form_numbers.h"
 #include "platform/show_window.h"
 #include "shell/maker_pages.h"
+#include "shell/program_lock.h"
 #include "shell/window_layout.h"
 
 namespace velmora {
@@ -26,7 +27,7 @@ void MenuCommands::connectTrayMenu() {
     form1_.mnuHide.Click.connect([this] { mnuHide_Click(); });
     form1_.mnuContent.Click.connect([this] { mnuContent_Click(); });
     form1_.mnuPWP.Click.connect([this] { mnuPWP_Click(); });
-    form1_.mnuAbout.Click.connect([this] { parts_.about.showAbout(); });
+    form1_.mnuAbout.Click.connect([this] { parts_.aboutBox.showAbout(); });
 }
 
 void MenuCommands::connectListMenu() {
@@ -47,7 +48,7 @@ void MenuCommands::connectFunctionsMenu() {
 }
 
 void MenuCommands::mnuLock_Click() {
-    parts_.lockDialog.prcSrvFrm();
+    prcSrvFrm(forms_);
     forms_.frmLock.Text1.setText("");
     forms_.frmLock.Show();
 }
@@ -81,13 +82,13 @@ void MenuCommands::mnuExplore_Click() {
 void MenuCommands::mnuParam_Click() {
     ListItem* row = form1_.ListView1.SelectedItem();
     if (row == nullptr) return;
-    parts_.driveView.prcShowfrmIndDri(row->Text());
-    parts_.driveView.prcSrvMeter(*row);
+    parts_.driveMeter.prcShowfrmIndDri(row->Text());
+    parts_.driveMeter.prcSrvMeter(*row);
 }
 
 void MenuCommands::mnuInfo_Click() {
     const ListItem* row = form1_.ListView1.SelectedItem();
-    if (row != nullptr) parts_.shellLinks.prcShowProperties(row->Text(), form1_.Name());
+    if (row != nullptr) parts_.systemActions.prcShowProperties(row->Text(), form1_.Name());
 }
 
 void MenuCommands::mnuProgSet_Click() {
@@ -122,7 +123,7 @@ void MenuCommands::raise(const std::string& text) {
 
 void MenuCommands::mnuToSystray_Click() {
     if (!form1_.chkSystray.ticked()) {
-        parts_.systrayIcon.prcAddSystray(addIcon, forms_.globals.sTrayTip);
+        parts_.tray.prcAddSystray(addIcon, forms_.globals.sTrayTip);
     }
     form1_.Hide();
 }

@@ -6,11 +6,12 @@
 #include "alerts/journal/alert_list.h"
 #include "alerts/system/system_actions.h"
 #include "forms/forms.h"
-#include "monitor/ports.h"
-#include "persist/shell_links.h"
+#include "monitor/drive_meter.h"
 #include "platform/host.h"
 #include "platform/platform.h"
-#include "shell/shell_ports.h"
+#include "shell/about_box.h"
+#include "shell/recycle_bin_view.h"
+#include "shell/tray_icon.h"
 
 namespace velmora {
 
@@ -18,12 +19,10 @@ namespace velmora {
 struct MenuParts {
     AlertList& alerts;
     SystemActions& systemActions;
-    ShellLinks& shellLinks;
-    DriveView& driveView;
-    LockDialog& lockDialog;
-    SystrayIcon& systrayIcon;
-    AboutDialog& about;
-    RecycleBinWindow& recycleBin;
+    DriveMeter& driveMeter;
+    TrayIcon& tray;
+    AboutBox& aboutBox;
+    RecycleBinView& recycleBin;
 };
 
 class MenuCommands {

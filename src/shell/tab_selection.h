@@ -2,12 +2,11 @@
 #pragma once
 
 #include "forms/forms.h"
-#include "monitor/ports.h"
 #include "shell/window_layout.h"
 
 namespace velmora {
 
-class TabSelection final : public Tabs {
+class TabSelection {
   public:
     /// Connects the labels.
     TabSelection(Forms& forms, WindowLayout& layout);
@@ -16,9 +15,9 @@ class TabSelection final : public Tabs {
 
     /// Shows the panel of main tab `index`. An index of 5, which no label has, opens the mail
     /// settings over the overview; any other shows no panel.
-    void lblTab_Click(int index) override;
+    void lblTab_Click(int index);
     /// Shows the panel of inner tab `index`.
-    void lblSpectab_Click(int index) override;
+    void lblSpectab_Click(int index);
 
   private:
     void clearTabs();

@@ -1,8 +1,8 @@
 // Small effects on the main window: translucency and staying on top of the others.
 #pragma once
 
+#include "alerts/ports.h"
 #include "forms/forms.h"
-#include "monitor/ports.h"
 #include "platform/user32.h"
 
 namespace velmora {

@@ -13,18 +13,12 @@
 namespace velmora::tests {
 
 struct AlertRig {
-    struct Dialog : AlertDialog {
-        void show() override { ++shown; }
-        int shown = 0;
-    };
-
     fake::FakeMachine machine;
     fake::FakeNotifyArea notifyArea;
-    Dialog dialog;
     Forms forms;
     Form1& form1 = forms.form1;
     ListView& list = forms.form1.LVAlert;
-    AlertList alerts{forms, machine.platform(), notifyArea, dialog};
+    AlertList alerts{forms, machine.platform(), notifyArea};
     ListItem& row;
 
     AlertRig() : row(watchRow()) {}

@@ -13,20 +13,17 @@
 namespace velmora::tests {
 
 struct ActionCheckRig : CheckRig {
-    User32 user32;
-    SystemActions system{forms, machine.platform(), user32};
-    IdleAlertPorts idle;
-    Actions actions{forms,
-                    machine.platform(),
-                    host,
-                    alerts,
-                    system,
-                    {watchControl, idle.stayOnTop, idle.checkTick, idle.mail, idle.properties,
-                     idle.translucency, ports.dialog}};
+    Actions realActions{{.forms = forms,
+                         .platform = platform,
+                         .host = host,
+                         .alerts = alerts,
+                         .system = systemActions}};
     ActionListRules rules{forms, host};
 
     ActionCheckRig() {
-        ports.onAction = [this](int action, Shortage& shortage) { actions.run(action, shortage); };
+        onAction = [this](int action, Shortage& shortage) {
+            realActions.table().run(action, shortage);
+        };
         watch("C:\\", 5);
         drive("D:", 1'000'000, 1'000'000);
         form1.txtDrive.setText("D:\\store");
@@ -51,7 +48,7 @@ struct ActionCheckRig : CheckRig {
         return all;
     }
     bool exists(const std::string& path) { return machine.files.count(path) > 0; }
-    int dialogs() { return ports.count("alert dialog"); }
+    int dialogs() { return count("alert dialog"); }
     /// What the check does after an error that isn't one of those which end it: it waits on.
     void expectRetried(const std::string& description) {
         EXPECT_EQ(alert(1), "High | " + std::string(stampDateTime) + " | Error: " + description);

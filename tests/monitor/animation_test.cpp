@@ -9,10 +9,11 @@ constexpr const char* spin = "C:\\Program Files\\Velmora\\spin.avi";
 constexpr const char* alert = "C:\\Program Files\\Velmora\\alert.avi";
 
 struct AnimationRig : Rig {
-    SpaceStatistics statistics{forms, machine.platform(), host};
     Animation& animation = form1.Animation1;
 
-    AnimationRig() { machine.files = {{spin, "clip"}, {alert, "clip"}}; }
+    AnimationRig() {
+        for (const char* clip : {spin, alert}) machine.files[clip] = "clip";
+    }
 };
 
 TEST(Animation, TheFirstNumberChoosesTheClip) {
@@ -71,17 +72,10 @@ TEST(Animation, ACheckShowsTheAlertOnAShortageAndRestsOnTheOtherClip) {
     rig.drive("C:", 5, 100);
     rig.row("C:\\");
     rig.form1.txtSpace.setText("50");
-    MonitorPorts ports = rig.ports.all();
-    MonitorPorts real{ports.events,    ports.actions,     rig.statistics,    ports.settings,
-                      ports.log,       ports.rowIcons,    ports.watchSwitch, ports.stayOnTop,
-                      ports.driveView, ports.alertDialog, ports.tray,        ports.tabs,
-                      ports.updates};
-    CheckCycle cycle{rig.forms, rig.machine.platform(), rig.host, rig.alerts, real};
     bool played = false;
     rig.form1.Animation1.Changed.connect(
         [&] { played = played || (rig.animation.Playing() && rig.animation.File() == alert); });
-    rig.setInterval(0, 0, 0);
-    cycle.Timer1_Timer();
+    rig.check();
     EXPECT_TRUE(played);
     EXPECT_FALSE(rig.animation.Playing());
     EXPECT_EQ(rig.animation.File(), spin);

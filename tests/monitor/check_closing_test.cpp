@@ -1,5 +1,5 @@
 // How a check closes: status, saving, rest.
-#include "monitor/check_rig.h"
+#include "monitor/recorded_check.h"
 
 namespace velmora::tests {
 namespace {
@@ -41,48 +41,57 @@ TEST(CheckClosing, AnotherCaptionOfThePauseButtonStays) {
 TEST(CheckClosing, AnIntervalThatLostItsNumberDuringThePassBecomesFive) {
     CheckRig rig;
     rig.watch("C:\\", 5000);
-    rig.host.onYield = [&](int) { rig.form1.txtTime.setText("soon"); };
+    rig.setInterval(0, 0, 5);
+    rig.tick();  // the rate keeps the interval of the first check
+    const int rowsYield = rig.host.yields + 1;
+    rig.host.onYield = [&](int n) {
+        if (n == rowsYield) rig.form1.txtTime.setText("soon");
+    };
     rig.check();
     EXPECT_EQ(rig.form1.txtTime.Text(), "5");
     EXPECT_EQ(rig.panel(1), "Ready. Check in 5 (sec.)");
 }
 
-TEST(CheckClosing, RateAndStatisticsFollowThePass) {
-    CheckRig rig;
+TEST(CheckClosing, RateAndStatisticsFollowThePassAndStatisticsTheClosing) {
+    RecordedCheck rig;
     rig.row("C:\\", false);
     rig.check();
-    EXPECT_EQ(rig.ports.calls, (Texts{"prcRefreshRowIcon C:\\", "rate", "statistics",
-                                      "animation 0 0", "statistics"}));
+    EXPECT_EQ(rig.calls, joined({{"prcRefreshRowIcon C:\\"}, endOfPass, {"spin.avi"}, statistics}));
 }
 
 TEST(CheckClosing, SettingsAreSavedBeforeTheLogAndOnlyWhenAskedFor) {
-    CheckRig rig;
+    RecordedCheck rig;
+    rig.form1.txtAlert.prepend("entry");
     rig.form1.chkSaveSet.setValue(1);
     rig.check();
-    EXPECT_EQ(rig.ports.count("prcSettings 1"), 1);
-    EXPECT_EQ(rig.ports.count("saveNewEntries"), 0);
+    EXPECT_EQ(rig.calls, joined({endOfPass, {"settings saved"}, {"spin.avi"}, statistics}));
     rig.form1.chkAutoSave.setValue(1);
     rig.clearRecords();
     rig.check();
-    EXPECT_EQ(rig.ports.calls, (Texts{"rate", "statistics", "prcSettings 1", "saveNewEntries",
-                                      "animation 0 0", "statistics"}));
+    EXPECT_EQ(rig.calls,
+              joined({endOfPass, {"settings saved", "log saved"}, {"spin.avi"}, statistics}));
     rig.form1.chkSaveSet.setValue(0);
+    rig.form1.txtAlert.prepend("another");
     rig.clearRecords();
     rig.check();
-    EXPECT_EQ(rig.ports.calls,
-              (Texts{"rate", "statistics", "saveNewEntries", "animation 0 0", "statistics"}));
+    EXPECT_EQ(rig.calls, joined({endOfPass, {"log saved"}, {"spin.avi"}, statistics}));
 }
 
 TEST(CheckClosing, TheTimerRunsAgainBeforeAnythingIsSaved) {
     CheckRig rig;
+    rig.form1.txtAlert.prepend("entry");
     rig.form1.chkAutoSave.setValue(1);
+    bool saved = false;
     bool running = false;
     bool checking = false;
-    rig.ports.onSaveLog = [&] {
+    rig.machine.onCall = [&](const std::string& call) {
+        if (!call.starts_with("appendLine")) return;
+        saved = true;
         running = rig.form1.Timer1.Enabled();
         checking = rig.forms.globals.bChecking;
     };
     rig.check();
+    EXPECT_TRUE(saved);
     EXPECT_TRUE(running);
     EXPECT_TRUE(checking);
     rig.expectRest();
@@ -92,13 +101,14 @@ TEST(CheckClosing, APauseDuringThePassIsUndoneByTheClosing) {
     CheckRig rig;
     rig.watch("C:\\", 5);
     rig.form1.lstAct.setSelected(act::pause, true);
-    rig.ports.onAction = [&](int, Shortage&) { rig.form1.Timer1.setEnabled(false); };
+    rig.onAction = [&](int, Shortage&) { rig.form1.Timer1.setEnabled(false); };
     rig.check();
     EXPECT_TRUE(rig.form1.Timer1.Enabled());
 }
 
 TEST(CheckClosing, LoggingTheTimeAfterAFullPassEndsInTheFaultPath) {
-    CheckRig rig;
+    RecordedCheck rig;
+    rig.form1.txtAlert.prepend("entry");
     rig.watch("C:\\", 5000);
     rig.form1.chkLogTimeMon.setValue(1);
     rig.form1.chkSaveSet.setValue(1);
@@ -111,9 +121,9 @@ TEST(CheckClosing, LoggingTheTimeAfterAFullPassEndsInTheFaultPath) {
     // The check counts, but nothing is saved.
     EXPECT_EQ(rig.timesChecked(), 1);
     EXPECT_EQ(rig.panel(2), "Checked: 15:09:26 03/14");
-    EXPECT_EQ(rig.ports.count("prcSettings 1"), 0);
-    EXPECT_EQ(rig.ports.count("saveNewEntries"), 0);
-    EXPECT_EQ(rig.ports.count("animation 0 0"), 0);
+    EXPECT_EQ(rig.count("settings saved"), 0);
+    EXPECT_EQ(rig.count("log saved"), 0);
+    EXPECT_EQ(rig.count("spin.avi"), 0);
     rig.expectRest();
 }
 
@@ -127,7 +137,7 @@ TEST(CheckClosing, LoggingTheTimeOfAnEmptyListEndsInTheFaultPath) {
 }
 
 TEST(CheckClosing, LoggingTheTimeOfACancelledPassRaisesAnAlertForItsRow) {
-    CheckRig rig;
+    RecordedCheck rig;
     rig.watch("C:\\", 5000);
     rig.watch("D:\\", 5000);
     rig.form1.chkLogTimeMon.setValue(1);
@@ -139,7 +149,7 @@ TEST(CheckClosing, LoggingTheTimeOfACancelledPassRaisesAnAlertForItsRow) {
     EXPECT_EQ(rig.alertCount(), 1);
     EXPECT_EQ(rig.list.ListItems(2).ListSubItems(4).Tag(), "Checked: 15:09:26 03/14");
     EXPECT_EQ(rig.forms.globals.lngHighRatedAlerts, 0);
-    EXPECT_EQ(rig.ports.count("animation 0 0"), 1);
+    EXPECT_EQ(rig.count("spin.avi"), 1);
 }
 
 TEST(CheckClosing, LoggingTheTimeOfAPassThatPercentEndedRaisesAnAlertForItsRow) {
@@ -165,8 +175,10 @@ TEST(CheckClosing, ACountOfChecksThatOverflowsIsAnError) {
 
 TEST(CheckClosing, ALogThatCannotBeSavedLeavesTheCheckCounted) {
     CheckRig rig;
+    rig.form1.txtAlert.prepend("entry");
     rig.form1.chkAutoSave.setValue(1);
-    rig.ports.onSaveLog = [] { throw RuntimeError(error::permissionDenied); };
+    rig.machine.files[rig.form1.lblLog.Caption()] = "";
+    rig.machine.lockedFiles[rig.form1.lblLog.Caption()] = error::permissionDenied;
     rig.setInterval(0, 0, 5);
     rig.tick();
     EXPECT_EQ(rig.alertTexts(), Texts{"Error: Permission denied"});

@@ -20,9 +20,6 @@ struct SweptCheck : CheckRig {
         form1.chkAutoSave.setValue(1);
         form1.chkSaveSet.setValue(1);
         machine.files[form1.lblLog.Caption()] = "";
-        ports.onSaveLog = [this] {
-            machine.platform().files.appendLine(form1.lblLog.Caption(), "journal");
-        };
         setInterval(0, 0, 5);
     }
     const std::string& logged() { return machine.files[form1.lblLog.Caption()]; }
@@ -74,7 +71,7 @@ TEST_P(CheckFaultSweep, EveryQuestionMayFailAndTheNextCheckWorks) {
         const std::string failed = rig.machine.log.calls()[static_cast<std::size_t>(n - 1)];
         SCOPED_TRACE(std::to_string(n) + " " + failed);
         const bool readiness = failed.compare(0, 8, "IsReady ") == 0;
-        const bool closing = n == questions;
+        const bool closing = n >= questions - 1;  // the settings and the journal are saved last
         rig.expectRest();
         if (readiness) {
             EXPECT_TRUE(rig.host.boxes.empty());

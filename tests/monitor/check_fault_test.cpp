@@ -96,14 +96,14 @@ TEST(CheckFault, TheErrorsAlertIsHighAndBelongsToNoRow) {
 
 TEST(CheckFault, AnErrorsOwnDescriptionIsTold) {
     FailingCheck rig(0);
-    rig.ports.onAction = [](int, Shortage&) { throw RuntimeError(1000, "No such \"thing\"\r\n"); };
+    rig.onAction = [](int, Shortage&) { throw RuntimeError(1000, "No such \"thing\"\r\n"); };
     rig.tick();
     EXPECT_EQ(rig.alert(1), high + "Error: No such \"thing\"\r\n");
 }
 
 TEST(CheckFault, MemoryThatIsReallyExhaustedIsErrorSeven) {
     FailingCheck rig(0);
-    rig.ports.onAction = [](int, Shortage&) { throw std::bad_alloc(); };
+    rig.onAction = [](int, Shortage&) { throw std::bad_alloc(); };
     rig.tick();
     ASSERT_EQ(rig.host.boxes.size(), 1u);
     EXPECT_EQ(rig.host.boxes[0].icon, BoxIcon::critical);
@@ -113,7 +113,7 @@ TEST(CheckFault, MemoryThatIsReallyExhaustedIsErrorSeven) {
 
 TEST(CheckFault, AnErrorThatIsNoneOfOursEndsTheTickToo) {
     FailingCheck rig(0);
-    rig.ports.onAction = [](int, Shortage&) { throw std::logic_error("broken"); };
+    rig.onAction = [](int, Shortage&) { throw std::logic_error("broken"); };
     rig.tick();
     EXPECT_EQ(rig.alert(1), high + "Error: broken");
     EXPECT_TRUE(rig.host.boxes.empty());
@@ -122,7 +122,7 @@ TEST(CheckFault, AnErrorThatIsNoneOfOursEndsTheTickToo) {
 
 TEST(CheckFault, TheEndOfTheProgramIsNoError) {
     FailingCheck rig(0);
-    rig.ports.onAction = [](int, Shortage&) { throw ProgramEnd{0}; };
+    rig.onAction = [](int, Shortage&) { throw ProgramEnd{0}; };
     EXPECT_THROW(rig.tick(), ProgramEnd);
     EXPECT_EQ(rig.alertCount(), 1);
 }
@@ -134,7 +134,7 @@ TEST(CheckFault, AnIntervalOfNothingTriesThreeTimesAndGivesUp) {
     ASSERT_EQ(rig.host.boxes.size(), 1u);
     EXPECT_EQ(rig.host.boxes[0].text, "Please check your settings for errors");
     EXPECT_EQ(rig.host.boxes[0].title, "Velmora");
-    EXPECT_EQ(rig.ports.count("action 0"), 3);
+    EXPECT_EQ(rig.count("action 0"), 3);
     EXPECT_EQ(rig.alert(1), high + "Program Run Time Error: ");
     for (int i = 2; i <= 4; ++i) EXPECT_EQ(rig.alert(i), high + "Error: Type mismatch");
     EXPECT_EQ(rig.alertCount(), 5);
@@ -156,7 +156,7 @@ TEST(CheckFault, TwoErrorsAreForgivenWhenTheThirdGoSucceeds) {
     rig.watch("C:\\", 5);
     rig.form1.lstAct.setSelected(act::alert, true);
     int runs = 0;
-    rig.ports.onAction = [&](int, Shortage&) {
+    rig.onAction = [&](int, Shortage&) {
         if (++runs <= 2) throw RuntimeError(13);
     };
     rig.check();
@@ -169,7 +169,7 @@ TEST(CheckFault, ErrorsAreCountedAnewInEveryTick) {
     FailingCheck rig(13);
     for (int i = 0; i < 8; ++i) rig.tick();
     EXPECT_TRUE(rig.host.boxes.empty());
-    rig.ports.onAction = nullptr;
+    rig.onAction = nullptr;
     rig.check();
     EXPECT_EQ(rig.timesChecked(), 1);
 }
@@ -179,7 +179,7 @@ TEST(CheckFault, ErrorSevenAfterOthersIsToldAtOnce) {
     rig.watch("C:\\", 5);
     rig.form1.lstAct.setSelected(act::alert, true);
     int runs = 0;
-    rig.ports.onAction = [&](int, Shortage&) { throw RuntimeError(++runs == 1 ? 13 : 7); };
+    rig.onAction = [&](int, Shortage&) { throw RuntimeError(++runs == 1 ? 13 : 7); };
     rig.check();
     EXPECT_EQ(runs, 2);
     ASSERT_EQ(rig.host.boxes.size(), 1u);
@@ -214,7 +214,20 @@ TEST(CheckFault, ALockedLogAbandonsTheCheckAndTheTickEnds) {
 TEST(CheckFault, ALockedLogWithAnIntervalOfNothingDoesNotLoopForEver) {
     LockedLog rig;
     rig.check();
-    // The first go fails at the shortage's alert; it is a repeat at the second, which succeeds.
+    // The first go fails at the shortage's alert. It is a repeat at the second and the third, which
+    // count and fail at saving the journal.
+    EXPECT_EQ(rig.timesChecked(), 2);
+    ASSERT_EQ(rig.host.boxes.size(), 1u);
+    EXPECT_EQ(rig.host.boxes[0].text, "Please check your settings for errors");
+    rig.expectRest();
+}
+
+TEST(CheckFault, ALogThatIsLockedForOneAlertOnlyDelaysTheCheck) {
+    LockedLog rig;
+    rig.form1.LVAlert.RowInserted.connect([&](int) {
+        if (rig.form1.LVAlert.Count() == 2) rig.machine.lockedFiles.clear();
+    });
+    rig.check();
     EXPECT_EQ(rig.timesChecked(), 1);
     EXPECT_TRUE(rig.host.boxes.empty());
     rig.expectRest();

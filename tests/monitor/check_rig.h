@@ -22,6 +22,11 @@ struct CheckRig : Rig {
 
     CheckRig() {
         load();
+        const std::string folder = platform.app.Path + "\\";
+        for (const char* clip : {"spin.avi", "alert.avi"}) machine.files[folder + clip] = "";
+        // Whether a clip is there is looked up once.
+        for (const float clip : {0.0F, 1.0F}) statistics.prcSrvAnimation(clip, 0);
+        clearRecords();
         form1.txtSpace.setText("1000");
         form1.StatusBar1.PanelChanged.connect([this](int index) {
             auto& history = index == 1 ? panel1 : panel2;
@@ -52,7 +57,7 @@ struct CheckRig : Rig {
     /// Ticks `action` and lets its run raise that error at a row that is short.
     void failWith(int number) {
         form1.lstAct.setSelected(act::alert, true);
-        ports.onAction = [number](int, Shortage&) { throw RuntimeError(number); };
+        onAction = [number](int, Shortage&) { throw RuntimeError(number); };
     }
     int alertCount() { return form1.LVAlert.Count(); }
     /// "rating | time | text" of an alert, 1 for the newest.

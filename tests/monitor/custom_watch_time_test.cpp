@@ -88,7 +88,7 @@ TEST(CustomWatchTime, AStartIsWrittenToJournalAlertsAndDialog) {
     EXPECT_EQ(rig.forms.dlgAlert.Label1.Text(), entry + "old");
     ASSERT_EQ(rig.alertCount(), 1);
     EXPECT_EQ(rig.alert(1), std::string("Medium | 20260314 10:00 | ") + startedAlert);
-    EXPECT_EQ(rig.ports.calls, (Texts{"modifyIcon Form1", "alert dialog"}));
+    EXPECT_EQ(rig.calls, (Texts{"modifyIcon Form1", "alert dialog"}));
     EXPECT_FALSE(rig.forms.sysWorkSystray.tmrSystray.Enabled());
 }
 
@@ -100,7 +100,7 @@ TEST(CustomWatchTime, AWatchThatRunsIsNotToggledAtTheStartButTheStartIsWritten) 
     EXPECT_TRUE(rig.watching());
     EXPECT_TRUE(rig.form1.Timer1.Enabled());
     EXPECT_EQ(rig.alertTexts(), Texts{startedAlert});
-    EXPECT_EQ(rig.ports.calls, Texts{"alert dialog"});
+    EXPECT_EQ(rig.calls, Texts{"alert dialog"});
 }
 
 TEST(CustomWatchTime, ACaptionThatSaysNeitherIsNotToggled) {
@@ -125,7 +125,7 @@ TEST(CustomWatchTime, PausesInTheMinuteOfTheEnd) {
     EXPECT_EQ(rig.forms.dlgAlert.Label1.Text(), entry);
     ASSERT_EQ(rig.alertCount(), 1);
     EXPECT_EQ(rig.alert(1), std::string("Medium | 20260314 18:30 | ") + pausedAlert);
-    EXPECT_EQ(rig.ports.calls, (Texts{"modifyIcon Icon1", "modifyIcon Icon0", "alert dialog"}));
+    EXPECT_EQ(rig.calls, (Texts{"modifyIcon Icon1", "modifyIcon Icon0", "alert dialog"}));
 }
 
 TEST(CustomWatchTime, APausedWatchHasNothingToPauseAtTheEnd) {
@@ -133,7 +133,7 @@ TEST(CustomWatchTime, APausedWatchHasNothingToPauseAtTheEnd) {
     rig.minute(today(18, 30));
     EXPECT_FALSE(rig.watching());
     EXPECT_EQ(rig.alertCount(), 0);
-    EXPECT_TRUE(rig.ports.calls.empty());
+    EXPECT_TRUE(rig.calls.empty());
 }
 
 TEST(CustomWatchTime, TwelveHoursApartIsAnotherMinute) {
@@ -245,7 +245,7 @@ TEST(CustomWatchTime, OverAWholeDayItStartsOnceAndPausesOnce) {
     }
     EXPECT_EQ(watchedMinutes, 510);
     EXPECT_EQ(rig.alertTexts(), (Texts{pausedAlert, startedAlert}));
-    EXPECT_EQ(rig.ports.count("alert dialog"), 2);
+    EXPECT_EQ(rig.count("alert dialog"), 2);
 }
 
 TEST(CustomWatchTime, ATimeOverMidnightWatchesTheNight) {
@@ -262,16 +262,10 @@ TEST(CustomWatchTime, ATimeOverMidnightWatchesTheNight) {
 }
 
 TEST(CustomWatchTime, AnErrorEndsTheMinuteWithAnAlert) {
-    struct Broken : Tray {
-        void prcToolTipText(const std::string&) override { throw RuntimeError(5); }
-    };
     CustomRig rig;
     rig.form1.chkSystray.setValue(1);
-    Broken tray;
-    WatchControl control{rig.forms, rig.machine.platform(), rig.host, rig.alerts,
-                         tray,      rig.ports.dialog};
-    rig.machine.now = today(10, 0);
-    control.TimerCust_Timer();
+    rig.tray.onToolTip = [] { throw RuntimeError(error::invalidCall); };
+    rig.minute(today(10, 0));
     ASSERT_EQ(rig.alertCount(), 1);
     EXPECT_EQ(rig.alert(1),
               "Medium | 20260314 10:00 | RunTime TimerC Error: Invalid procedure call or argument");

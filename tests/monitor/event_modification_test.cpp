@@ -45,7 +45,7 @@ TEST(EventModification, IsNoEventOfTheSummary) {
     EXPECT_EQ(rig.alertCount(), 1);
     EXPECT_EQ(rig.form1.txtAlert.Text(), "");
     EXPECT_EQ(rig.forms.dlgAlert.Label1.Text(), "");
-    EXPECT_EQ(rig.ports.count("alert dialog"), 0);
+    EXPECT_EQ(rig.count("alert dialog"), 0);
     EXPECT_TRUE(rig.machine.played.empty());
 }
 

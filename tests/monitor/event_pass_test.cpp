@@ -135,7 +135,7 @@ TEST(EventUnavailable, TheFaultPathEndsTheCheckAtThatRow) {
     // What the row's other tests had found is dropped, and nothing behind the events is done.
     EXPECT_EQ(rig.alertCount(), 1);
     EXPECT_EQ(rig.form1.txtAlert.Text(), "");
-    EXPECT_EQ(rig.ports.count("prcSetPrevInfoLV C:\\"), 0);
+    EXPECT_EQ(rig.count("prcSetPrevInfoLV C:\\"), 0);
     EXPECT_EQ(rig.at(1).stateIcon(), "");
     EXPECT_EQ(rig.at(2).lastChecked(), "");
     EXPECT_EQ(rig.timesChecked(), 0);
@@ -216,7 +216,7 @@ TEST(EventSummary, WithoutEventsNothingIsToldPlayedOrShown) {
     EXPECT_EQ(rig.form1.txtAlert.Text(), "");
     EXPECT_EQ(rig.forms.dlgAlert.Label1.Text(), "");
     EXPECT_EQ(rig.machine.log.countOf("FileExists"), 0);
-    EXPECT_EQ(rig.ports.count("alert dialog"), 0);
+    EXPECT_EQ(rig.count("alert dialog"), 0);
 }
 
 TEST(EventSound, TheFirstSoundFileIsPlayedWhenItIsThere) {
@@ -254,7 +254,7 @@ TEST(EventSound, ASoundThatCantBePlayedChangesNothing) {
     rig.tickEvent(evt::stagnancy);
     rig.pass();
     EXPECT_EQ(rig.alertCount(), 1);
-    EXPECT_EQ(rig.ports.count("alert dialog"), 1);
+    EXPECT_EQ(rig.count("alert dialog"), 1);
 }
 
 TEST(EventSound, IsPlayedAfterTheJournalIsWrittenAndBeforeTheDialogIsShown) {
@@ -267,11 +267,11 @@ TEST(EventSound, IsPlayedAfterTheJournalIsWrittenAndBeforeTheDialogIsShown) {
     rig.machine.onCall = [&](const std::string& call) {
         if (call.compare(0, 13, "sndPlaySoundA") != 0) return;
         EXPECT_EQ(rig.form1.txtAlert.Text(), stagnancyOfC);
-        EXPECT_EQ(rig.ports.count("alert dialog"), 0);
+        EXPECT_EQ(rig.count("alert dialog"), 0);
     };
     rig.pass();
     EXPECT_EQ(rig.machine.played.size(), 1u);
-    EXPECT_EQ(rig.ports.count("alert dialog"), 1);
+    EXPECT_EQ(rig.count("alert dialog"), 1);
 }
 
 TEST(EventDialog, IsShownForAnEventWhenItIsHiddenAndAlertsAreTicked) {
@@ -283,7 +283,7 @@ TEST(EventDialog, IsShownForAnEventWhenItIsHiddenAndAlertsAreTicked) {
             rig.form1.lstAct.setSelected(act::alert, ticked);
             rig.tickEvent(evt::stagnancy);
             rig.pass();
-            EXPECT_EQ(rig.ports.count("alert dialog"), !visible && ticked ? 1 : 0);
+            EXPECT_EQ(rig.count("alert dialog"), !visible && ticked ? 1 : 0);
         }
     }
 }

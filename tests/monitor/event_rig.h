@@ -4,27 +4,16 @@
 #include <string>
 #include <vector>
 
-#include "alerts/system/system_actions.h"
 #include "base/drive_text.h"
-#include "inspect/wait_test.h"
 #include "monitor/check_rig.h"
-#include "monitor/event_detection.h"
-#include "monitor/watch_alerts.h"
 
 namespace velmora::tests {
 
 struct EventRig : CheckRig {
-    User32 windows;
-    SystemActions systemActions{forms, machine.platform(), windows};
-    WatchAlerts watchAlerts{alerts};
-    WaitTest waitTest{forms, machine.platform(), host, watchAlerts};
-    EventPass events{forms, machine.platform(), alerts, waitTest, systemActions, ports.dialog};
-
     /// No file and no folder is there but what a test puts in.
     EventRig() {
         machine.files.clear();
         machine.folders.clear();
-        ports.realEvents = &events;
     }
 
     void tickEvent(int event) { form1.lstEvt.setSelected(event, true); }

@@ -76,7 +76,7 @@ TEST(LifeCycle, LeavingIsAskedForAndCancelLeavesEverythingRunning) {
     EXPECT_EQ(rig.host.boxes[0].text, "Exit the program?");
     EXPECT_EQ(rig.host.boxes[0].icon, BoxIcon::question);
     EXPECT_EQ(rig.host.boxes[0].buttons, BoxButtons::okCancel);
-    EXPECT_EQ(rig.ports.calls, (Texts{"drop", "restore"}));
+    EXPECT_EQ(rig.calls, (Texts{"drop", "restore"}));
     EXPECT_TRUE(rig.notifyArea.sent.empty());
     EXPECT_TRUE(rig.form1.Visible());
     EXPECT_TRUE(rig.form1.Timer1.Enabled());
@@ -98,7 +98,7 @@ TEST(LifeCycle, OkRemovesTheTrayIconHidesTheWindowAndEndsTheProgram) {
         EXPECT_EQ(rig.notifyArea.sent[0].first, NotifyMessage::remove);
         EXPECT_EQ(rig.notifyArea.sent[0].second.window, "sysWorkSystray");
         EXPECT_FALSE(rig.form1.Visible());
-        EXPECT_EQ(rig.ports.calls, Texts{"drop"});
+        EXPECT_EQ(rig.calls, Texts{"drop"});
     }
 }
 
@@ -114,8 +114,7 @@ TEST(LifeCycle, NothingIsSavedOnLeaving) {
     rig.form1.chkAutoSave.setValue(1);
     rig.host.answers = {BoxAnswer::ok};
     EXPECT_THROW(rig.form1.mnuExit.Click(), ProgramEnd);
-    EXPECT_EQ(rig.ports.count("prcSettings 1"), 0);
-    EXPECT_EQ(rig.machine.log.count(), 0);
+    EXPECT_EQ(rig.machine.log.calls(), Texts{});
 }
 
 TEST(LifeCycle, ClosingTheWindowOnlyHidesIt) {
@@ -140,12 +139,18 @@ TEST(LifeCycle, TheIconGoesBeforeTheWindowIsHidden) {
     };
     Rig rig;
     Area area(rig.form1);
-    LifeCycle lifeCycle{
-        rig.forms,
-        rig.machine.platform(),
-        rig.host,
-        {rig.checkCycle, rig.watchList, rig.watchControl, rig.fileList, rig.shellLinks, area},
-        rig.ports.all()};
+    LifeCycle lifeCycle{rig.forms,
+                        rig.platform,
+                        rig.host,
+                        {.checkCycle = rig.checkCycle,
+                         .watchList = rig.watchList,
+                         .watchControl = rig.watchControl,
+                         .events = rig.events,
+                         .fileList = rig.fileList,
+                         .settings = rig.settings,
+                         .shellLinks = rig.shellLinks,
+                         .stayOnTop = rig.onTop,
+                         .notifyArea = area}};
     lifeCycle.Form_Load();
     rig.host.answers = {BoxAnswer::ok};
     EXPECT_THROW(lifeCycle.mnuExit_Click(), ProgramEnd);
@@ -156,9 +161,18 @@ TEST(LifeCycle, TheIconGoesBeforeTheWindowIsHidden) {
 TEST(LifeCycle, TheQuestionComesInFrontOfTheWindow) {
     Rig rig;
     rig.load();
-    rig.host.onBox = [&](const Box&) { rig.ports.calls.push_back("question"); };
+    rig.host.onBox = [&](const Box&) { rig.calls.push_back("question"); };
     rig.lifeCycle.mnuExit_Click();
-    EXPECT_EQ(rig.ports.calls, (Texts{"drop", "question", "restore"}));
+    EXPECT_EQ(rig.calls, (Texts{"drop", "question", "restore"}));
+}
+
+TEST(LifeCycle, AFailedQuestionPutsTheWindowInFrontAgain) {
+    Rig rig;
+    rig.load();
+    rig.host.onBox = [&](const Box&) { throw RuntimeError(error::outOfMemory); };
+    EXPECT_THROW(rig.lifeCycle.mnuExit_Click(), RuntimeError);
+    EXPECT_EQ(rig.calls, (Texts{"drop", "restore"}));
+    EXPECT_TRUE(rig.form1.Visible());
 }
 
 TEST(LifeCycle, TheTimersRunOnBehindAClosedWindow) {
@@ -171,7 +185,7 @@ TEST(LifeCycle, TheTimersRunOnBehindAClosedWindow) {
     }
     EXPECT_TRUE(rig.host.boxes.empty());
     EXPECT_TRUE(rig.notifyArea.sent.empty());
-    EXPECT_TRUE(rig.ports.calls.empty());
+    EXPECT_TRUE(rig.calls.empty());
 }
 
 TEST(LifeCycle, CommentsGoToTheMakerByMail) {

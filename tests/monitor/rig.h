@@ -7,15 +7,20 @@
 #include <vector>
 
 #include "alerts/journal/alert_list.h"
-#include "fake/fake_host.h"
-#include "fake/fake_machine.h"
+#include "alerts/journal/journal_log.h"
+#include "fake/alert_ports.h"
+#include "fake/fake_surface.h"
+#include "fake/monitor_ports.h"
 #include "monitor/check_cycle.h"
 #include "monitor/life_cycle.h"
 #include "monitor/minimum_space.h"
+#include "monitor/row_check.h"
 #include "monitor/trigger_entry.h"
+#include "monitor/watch_alerts.h"
 #include "monitor/watch_control.h"
 #include "monitor/watch_list.h"
 #include "monitor/watch_list_commands.h"
+#include "persist/scramble.h"
 #include "rows/watch_row.h"
 
 namespace velmora::tests {
@@ -25,168 +30,99 @@ inline constexpr double KB = 1024;
 /// Where the user of the machine in memory has his "Send to" shortcuts.
 inline constexpr const char* sendToFolder = "C:\\Users\\user\\SendTo";
 
-/// Ports that write down what was asked of them, in order.
-struct RecordedPorts {
-    std::vector<std::string> calls;
-
-    struct Events : EventDetection {
-        explicit Events(RecordedPorts& all) : all_(all) {}
-        void checkEvents(int row) override {
-            all_.note("checkEvents", row);
-            if (all_.realEvents != nullptr) all_.realEvents->checkEvents(row);
-        }
-        void rowNotReady(int row) override {
-            all_.note("rowNotReady", row);
-            if (all_.realEvents != nullptr) all_.realEvents->rowNotReady(row);
-        }
-        int prcSetPrevInfoLV(ListItem& row) override {
-            all_.calls.push_back("prcSetPrevInfoLV " + row.Text());
-            return all_.realEvents != nullptr ? all_.realEvents->prcSetPrevInfoLV(row) : 1;
-        }
-        RecordedPorts& all_;
-    };
-    struct Actions : ActionRunner {
-        explicit Actions(RecordedPorts& all) : all_(all) {}
-        void run(int action, Shortage& shortage) override {
-            all_.note("action", action);
-            if (all_.onAction) all_.onAction(action, shortage);
-        }
-        RecordedPorts& all_;
-    };
-    struct Stats : Statistics {
-        explicit Stats(RecordedPorts& all) : all_(all) {}
-        void updateSpaceChangeRate() override { all_.calls.push_back("rate"); }
-        void prcUpdateStatistics() override { all_.calls.push_back("statistics"); }
-        void prcSrvAnimation(float clip, float play) override {
-            all_.calls.push_back("animation " + std::to_string(static_cast<int>(clip)) + " " +
-                                 std::to_string(static_cast<int>(play)));
-        }
-        RecordedPorts& all_;
-    };
-    struct Settings : SettingsStore {
-        explicit Settings(RecordedPorts& all) : all_(all) {}
-        void prcSettings(std::int16_t bSet) override { all_.note("prcSettings", bSet); }
-        RecordedPorts& all_;
-    };
-    struct Log : ActivityLog {
-        explicit Log(RecordedPorts& all) : all_(all) {}
-        void saveNewEntries() override {
-            all_.calls.push_back("saveNewEntries");
-            if (all_.onSaveLog) all_.onSaveLog();
-        }
-        RecordedPorts& all_;
-    };
-    struct Icons : RowIcons {
-        explicit Icons(RecordedPorts& all) : all_(all) {}
-        void prcRefreshRowIcon(ListItem& row) override {
-            all_.calls.push_back("prcRefreshRowIcon " + row.Text());
-        }
-        RecordedPorts& all_;
-    };
-    struct Switch : WatchSwitch {
-        explicit Switch(RecordedPorts& all) : all_(all) {}
-        void cmdPause_Click() override { all_.calls.push_back("cmdPause_Click"); }
-        RecordedPorts& all_;
-    };
-    struct OnTop : StayOnTop {
-        explicit OnTop(RecordedPorts& all) : all_(all) {}
-        void drop() override { all_.calls.push_back("drop"); }
-        void restore() override { all_.calls.push_back("restore"); }
-        RecordedPorts& all_;
-    };
-    struct View : DriveView {
-        explicit View(RecordedPorts& all) : all_(all) {}
-        void prcShowfrmIndDri(const std::string& path) override {
-            all_.calls.push_back("prcShowfrmIndDri " + path);
-        }
-        void prcSrvMeter(ListItem& row) override {
-            all_.calls.push_back("prcSrvMeter " + row.Text());
-        }
-        RecordedPorts& all_;
-    };
-    struct Dialog : AlertDialog {
-        explicit Dialog(RecordedPorts& all) : all_(all) {}
-        void show() override { all_.calls.push_back("alert dialog"); }
-        RecordedPorts& all_;
-    };
-
-    struct TrayIcon : Tray {
-        explicit TrayIcon(RecordedPorts& all) : all_(all) {}
-        void modifyIcon(const std::string& form) override {
-            all_.calls.push_back("modifyIcon " + form);
-        }
-        void prcToolTipText(const std::string& text) override {
-            all_.calls.push_back("prcToolTipText " + text);
-        }
-        RecordedPorts& all_;
-    };
-    struct TabStrips : Tabs {
-        explicit TabStrips(RecordedPorts& all) : all_(all) {}
-        void lblTab_Click(int index) override { all_.note("lblTab", index); }
-        void lblSpectab_Click(int index) override { all_.note("lblSpectab", index); }
-        RecordedPorts& all_;
-    };
-    struct UpdateCheck : Updates {
-        explicit UpdateCheck(RecordedPorts& all) : all_(all) {}
-        void prcCheckUpdate() override { all_.calls.push_back("prcCheckUpdate"); }
-        RecordedPorts& all_;
-    };
-
-    void note(const std::string& what, int number) {
-        calls.push_back(what + " " + std::to_string(number));
-    }
-    MonitorPorts all() {
-        return {events, actions, stats,  settings, log,  icons,  watchSwitch,
-                onTop,  view,    dialog, trayIcon, tabs, updates};
-    }
-    int count(const std::string& call) const {
-        return static_cast<int>(std::count(calls.begin(), calls.end(), call));
-    }
-
-    std::function<void(int, Shortage&)> onAction;
-    std::function<void()> onSaveLog;
-    /// What the events are passed on to, once they are written down; may be null.
-    EventDetection* realEvents = nullptr;
-    Events events{*this};
-    Actions actions{*this};
-    Stats stats{*this};
-    Settings settings{*this};
-    Log log{*this};
-    Icons icons{*this};
-    Switch watchSwitch{*this};
-    OnTop onTop{*this};
-    View view{*this};
-    Dialog dialog{*this};
-    TrayIcon trayIcon{*this};
-    TabStrips tabs{*this};
-    UpdateCheck updates{*this};
-};
-
-/// Everything wired; no row and no column yet.
+/// Everything wired; no row and no column yet. The actions only record their runs.
 struct Rig {
     fake::FakeMachine machine;
     fake::FakeHost host;
     fake::FakeNotifyArea notifyArea;
-    RecordedPorts ports;
+    fake::FakeUser32 user32;
+    WorkArea screen;
+    /// What happened, in order: what the ports were asked, "action 3", "alert dialog"
+    /// and "drive view C:\".
+    std::vector<std::string> calls;
+    /// What an action does besides being recorded.
+    std::function<void(int, Shortage&)> onAction;
+
+    fake::RecordedStayOnTop onTop{calls};
+    fake::RecordedTray tray{calls};
+    fake::RecordedRowIcons rowIcons{calls};
     Forms forms;
     Form1& form1 = forms.form1;
     ListView& list = forms.form1.ListView1;
-    AlertList alerts{forms, machine.platform(), notifyArea, ports.dialog};
-    WatchList watchList{forms, machine.platform(), alerts};
-    WatchListCommands commands{forms, machine.platform(), host, alerts, watchList, ports.all()};
-    MinimumSpace minimumSpace{forms, machine.platform(), host};
-    TriggerEntry triggerEntry{forms, machine.platform(), host, ports.view};
-    CheckCycle checkCycle{forms, machine.platform(), host, alerts, ports.all()};
-    WatchControl watchControl{forms,  machine.platform(), host,
-                              alerts, ports.trayIcon,     ports.dialog};
-    FileList fileList{machine.platform(), host};
-    ShellLinks shellLinks{machine.platform()};
-    LifeCycle lifeCycle{forms,
-                        machine.platform(),
-                        host,
-                        {checkCycle, watchList, watchControl, fileList, shellLinks, notifyArea},
-                        ports.all()};
+    Platform& platform = machine.platform();
 
+    AlertList alerts{forms, platform, notifyArea};
+    AlertDialogWindow alertDialog{forms, screen};
+    JournalLog log{forms, platform, host, onTop};
+    SystemActions systemActions{forms, platform, user32};
+    FileList fileList{platform, host};
+    ActionTable actions = recordingActions();
+    SettingsFile settings{forms, platform, host};
+    ShellLinks shellLinks{platform};
+    WatchAlerts watchAlerts{alerts};
+    WaitTest waitTest{forms, platform, host, watchAlerts};
+
+    SpaceStatistics statistics{forms, platform, host};
+    DriveMeter driveMeter{forms, platform};
+    EventPass events{forms,
+                     platform,
+                     {.alerts = alerts,
+                      .waitTest = waitTest,
+                      .systemActions = systemActions,
+                      .alertDialog = alertDialog}};
+    WatchList watchList{forms, platform, alerts};
+    WatchListCommands commands{
+        forms,
+        platform,
+        host,
+        {.watchList = watchList, .driveMeter = driveMeter, .alerts = alerts, .stayOnTop = onTop}};
+    MinimumSpace minimumSpace{forms, platform, host};
+    TriggerEntry triggerEntry{forms, platform, host, driveMeter};
+    RowCheck rowCheck{forms,
+                      platform,
+                      host,
+                      {.alerts = alerts,
+                       .alertDialog = alertDialog,
+                       .actions = actions,
+                       .events = events,
+                       .statistics = statistics}};
+    CheckCycle checkCycle{forms,
+                          platform,
+                          host,
+                          {.rowCheck = rowCheck,
+                           .alerts = alerts,
+                           .log = log,
+                           .settings = settings,
+                           .statistics = statistics,
+                           .rowIcons = rowIcons}};
+    WatchControl watchControl{
+        forms, platform, host, {.alerts = alerts, .alertDialog = alertDialog, .tray = tray}};
+    LifeCycle lifeCycle{forms,
+                        platform,
+                        host,
+                        {.checkCycle = checkCycle,
+                         .watchList = watchList,
+                         .watchControl = watchControl,
+                         .events = events,
+                         .fileList = fileList,
+                         .settings = settings,
+                         .shellLinks = shellLinks,
+                         .stayOnTop = onTop,
+                         .notifyArea = notifyArea}};
+
+    const std::string settingsPath = machine.platform().app.Path + "\\set.dat";
+
+    Rig() {
+        // A minute's interval, which is the design value too.
+        machine.files[settingsPath] = prcEn("txtTime=60\r\n") + "\r\n";
+        forms.dlgAlert.Raised.connect([this] { calls.push_back("alert dialog"); });
+        forms.frmIndDri.Raised.connect(
+            [this] { calls.push_back("drive view " + forms.frmIndDri.lblP.Caption()); });
+    }
+
+    int count(const std::string& call) const {
+        return static_cast<int>(std::count(calls.begin(), calls.end(), call));
+    }
     /// A drive of that free and total space in KB.
     void drive(const std::string& path, double freeKB, double totalKB) {
         machine.drives[path] = {freeKB * KB, totalKB * KB};
@@ -198,7 +134,7 @@ struct Rig {
     }
     void clearRecords() {
         machine.log.clear();
-        ports.calls.clear();
+        calls.clear();
         host.boxes.clear();
         host.dialogs.clear();
         host.yields = 0;
@@ -227,6 +163,18 @@ struct Rig {
             texts.push_back(form1.LVAlert.ListItems(i).SubItems(2));
         }
         return texts;
+    }
+
+  private:
+    ActionTable recordingActions() {
+        ActionTable table;
+        for (int place = 0; place < form1.lstAct.ListCount(); ++place) {
+            table.set(place, [this, place](Shortage& shortage) {
+                calls.push_back("action " + std::to_string(place));
+                if (onAction) onAction(place, shortage);
+            });
+        }
+        return table;
     }
 };
 

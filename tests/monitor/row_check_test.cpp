@@ -1,5 +1,5 @@
 // One watched row: what a shortage or its absence sets going.
-#include "monitor/check_rig.h"
+#include "monitor/recorded_check.h"
 
 namespace velmora::tests {
 namespace {
@@ -15,23 +15,32 @@ TEST(RowCheck, LastCheckedIsMonthDayAndTime) {
 }
 
 TEST(RowCheck, EventsComeBeforeTheFiguresAndBothBeforeTheShortage) {
-    CheckRig rig;
+    RecordedCheck rig;
     rig.watch("C:\\", 5);
+    rig.giveFigures(1);
     rig.form1.lstAct.setSelected(act::recycle, true);
     rig.check();
-    EXPECT_EQ(rig.ports.calls,
-              (Texts{"checkEvents 1", "prcSetPrevInfoLV C:\\", "animation 1 1", "action 3", "rate",
-                     "statistics", "animation 0 0", "statistics"}));
+    EXPECT_EQ(rig.calls, joined({{"events", "figures C:\\", "alert.avi", "action 3"},
+                                 endOfPass,
+                                 {"spin.avi"},
+                                 statistics}));
 }
 
 TEST(RowCheck, EnoughSpaceStopsTheTraysBlinkingAndShowsTheIcon) {
-    CheckRig rig;
+    RecordedCheck rig;
     rig.watch("C:\\", 5000);
+    rig.giveFigures(1);
     rig.forms.sysWorkSystray.tmrSystray.setEnabled(true);
+    rig.form1.Animation1.Play();
+    bool playsAtEnd = true;
+    rig.form1.lblSpaceChangeRate.Changed.connect(
+        [&] { playsAtEnd = rig.form1.Animation1.Playing(); });
     rig.check();
     EXPECT_FALSE(rig.forms.sysWorkSystray.tmrSystray.Enabled());
-    EXPECT_EQ(rig.ports.calls, (Texts{"checkEvents 1", "prcSetPrevInfoLV C:\\", "animation 1 0",
-                                      "rate", "statistics", "animation 0 0", "statistics"}));
+    EXPECT_FALSE(playsAtEnd);
+    EXPECT_EQ(
+        rig.calls,
+        joined({{"events", "figures C:\\", "alert.avi"}, endOfPass, {"spin.avi"}, statistics}));
 }
 
 TEST(RowCheck, ARowThatIsShortKeepsTheTrayBlinking) {
@@ -110,25 +119,28 @@ TEST(RowCheck, EveryTickedActionRunsInListOrderWithAYieldBeforeEveryEntry) {
     for (const int action : {act::progressDialog, act::remove, act::alert, act::run})
         rig.form1.lstAct.setSelected(action, true);
     std::vector<int> yieldsAtAction;
-    rig.ports.onAction = [&](int, Shortage&) { yieldsAtAction.push_back(rig.host.yields); };
+    rig.onAction = [&](int, Shortage&) { yieldsAtAction.push_back(rig.host.yields); };
     rig.check();
-    EXPECT_EQ(rig.ports.count("action 0"), 1);
+    EXPECT_EQ(rig.count("action 0"), 1);
     // One yield for the row, then one for every entry up to the action's own.
     EXPECT_EQ(yieldsAtAction, (std::vector<int>{2, 4, 9, 13}));
-    EXPECT_EQ(rig.host.yields, 1 + 12);
+    // The rate goes over the row twice after the pass and once at the closing.
+    EXPECT_EQ(rig.host.yields, 1 + 12 + 3);
 }
 
 TEST(RowCheck, ActionsOfOneRowEndBeforeTheNextRowIsMeasured) {
-    CheckRig rig;
+    RecordedCheck rig;
     rig.watch("C:\\", 5);
     rig.watch("D:\\", 5);
+    for (const int row : {1, 2}) rig.giveFigures(row);
     rig.form1.lstAct.setSelected(act::alert, true);
     rig.form1.lstAct.setSelected(act::move, true);
     rig.check();
-    EXPECT_EQ(rig.ports.calls,
-              (Texts{"checkEvents 1", "prcSetPrevInfoLV C:\\", "animation 1 1", "action 0",
-                     "action 1", "checkEvents 2", "prcSetPrevInfoLV D:\\", "animation 1 1",
-                     "action 0", "action 1", "rate", "statistics", "animation 0 0", "statistics"}));
+    EXPECT_EQ(rig.calls, joined({{"events", "figures C:\\", "alert.avi", "action 0", "action 1"},
+                                 {"events", "figures D:\\", "alert.avi", "action 0", "action 1"},
+                                 endOfPass,
+                                 {"spin.avi"},
+                                 statistics}));
 }
 
 TEST(RowCheck, ActionsLearnTheRowItsTriggerItsDriveAndTheTexts) {
@@ -136,7 +148,7 @@ TEST(RowCheck, ActionsLearnTheRowItsTriggerItsDriveAndTheTexts) {
     rig.watch("C:\\", 5000);
     rig.watch("D:\\", 7);
     rig.form1.lstAct.setSelected(act::alert, true);
-    rig.ports.onAction = [&](int, Shortage& shortage) {
+    rig.onAction = [&](int, Shortage& shortage) {
         EXPECT_EQ(shortage.row, 2);
         EXPECT_EQ(shortage.lngMinSpace, 1000);
         EXPECT_EQ(shortage.drive.Path(), "D:");
@@ -145,7 +157,7 @@ TEST(RowCheck, ActionsLearnTheRowItsTriggerItsDriveAndTheTexts) {
         EXPECT_EQ(shortage.strNote, "");
     };
     rig.check();
-    EXPECT_EQ(rig.ports.count("action 0"), 1);
+    EXPECT_EQ(rig.count("action 0"), 1);
 }
 
 TEST(RowCheck, TheRunningTextLivesThroughAllActionsOfTheRow) {
@@ -154,9 +166,9 @@ TEST(RowCheck, TheRunningTextLivesThroughAllActionsOfTheRow) {
     rig.form1.lstAct.setSelected(act::alert, true);
     rig.form1.lstAct.setSelected(act::sound, true);
     std::string atSecond;
-    rig.ports.onAction = [&](int action, Shortage& shortage) {
-        if (action == act::alert) shortage.strAlert = "left by the first";
-        if (action == act::sound) atSecond = shortage.strAlert;
+    rig.onAction = [&](int action, Shortage& shortage) {
+        if (action == 0) shortage.strAlert = "left by the first";
+        if (action == 5) atSecond = shortage.strAlert;
     };
     rig.check();
     EXPECT_EQ(atSecond, "left by the first");
@@ -166,21 +178,20 @@ TEST(RowCheck, TheDialogOpensForTextThatAnActionLeft) {
     CheckRig rig;
     rig.watch("C:\\", 5);
     rig.form1.lstAct.setSelected(act::move, true);
-    rig.ports.onAction = [](int, Shortage& shortage) { shortage.strAlert += "moved"; };
+    rig.onAction = [](int, Shortage& shortage) { shortage.strAlert += "moved"; };
     rig.check();
-    EXPECT_EQ(rig.ports.count("alert dialog"), 1);
+    EXPECT_EQ(rig.count("alert dialog"), 1);
 }
 
 TEST(RowCheck, TheDialogTestComesAfterEveryTickedEntry) {
     CheckRig rig;
     rig.watch("C:\\", 5);
-    for (const int action : {act::alert, act::move, act::remove})
-        rig.form1.lstAct.setSelected(action, true);
-    rig.ports.onAction = [](int action, Shortage& shortage) {
-        if (action == act::move) shortage.strAlert += "moved";
+    for (const int action : {0, 1, 2}) rig.form1.lstAct.setSelected(action, true);
+    rig.onAction = [](int action, Shortage& shortage) {
+        if (action == 1) shortage.strAlert += "moved";
     };
     rig.check();
-    EXPECT_EQ(rig.ports.count("alert dialog"), 2);
+    EXPECT_EQ(rig.count("alert dialog"), 2);
 }
 
 TEST(RowCheck, TheDialogStaysClosedForTheShortageItselfAndForAnEmptiedText) {
@@ -189,9 +200,9 @@ TEST(RowCheck, TheDialogStaysClosedForTheShortageItselfAndForAnEmptiedText) {
     rig.form1.lstAct.setSelected(act::alert, true);
     rig.check();
     rig.form1.lstAct.setSelected(act::move, true);
-    rig.ports.onAction = [](int, Shortage& shortage) { shortage.strAlert.clear(); };
+    rig.onAction = [](int, Shortage& shortage) { shortage.strAlert.clear(); };
     rig.check();
-    EXPECT_EQ(rig.ports.count("alert dialog"), 0);
+    EXPECT_EQ(rig.count("alert dialog"), 0);
 }
 
 TEST(RowCheck, TheDialogsTextIsComparedWithRegardToCase) {
@@ -199,9 +210,9 @@ TEST(RowCheck, TheDialogsTextIsComparedWithRegardToCase) {
     rig.watch("C:\\", 5);
     rig.forms.dlgAlert.Label1.setText("MOVED");
     rig.form1.lstAct.setSelected(act::alert, true);
-    rig.ports.onAction = [](int, Shortage& shortage) { shortage.strAlert = "moved"; };
+    rig.onAction = [](int, Shortage& shortage) { shortage.strAlert = "moved"; };
     rig.check();
-    EXPECT_EQ(rig.ports.count("alert dialog"), 1);
+    EXPECT_EQ(rig.count("alert dialog"), 1);
 }
 
 TEST(RowCheck, TheRowsIconTurnsToAlertAfterTheActions) {
@@ -209,7 +220,7 @@ TEST(RowCheck, TheRowsIconTurnsToAlertAfterTheActions) {
     rig.watch("C:\\", 5);
     rig.form1.lstAct.setSelected(act::progressDialog, true);
     std::string during = "?";
-    rig.ports.onAction = [&](int, Shortage&) { during = rig.at(1).stateIcon(); };
+    rig.onAction = [&](int, Shortage&) { during = rig.at(1).stateIcon(); };
     rig.check();
     EXPECT_EQ(during, "");
     EXPECT_EQ(rig.at(1).stateIcon(), "alert");
@@ -230,11 +241,11 @@ TEST(RowShortage, TheJournalHoldsTheShortageBeforeAnActionRuns) {
     CheckRig rig;
     rig.watch("C:\\", 999);
     rig.form1.lstAct.setSelected(act::alert, true);
-    rig.ports.onAction = [&](int, Shortage& shortage) {
+    rig.onAction = [&](int, Shortage& shortage) {
         EXPECT_EQ(rig.form1.txtAlert.Text(), shortage.strStamp + shortage.strAlert + "\r\n . \r\n");
     };
     rig.check();
-    EXPECT_EQ(rig.ports.count("action 0"), 1);
+    EXPECT_EQ(rig.count("action 0"), 1);
 }
 
 }  // namespace

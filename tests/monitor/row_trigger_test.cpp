@@ -1,5 +1,5 @@
 // The trigger of a watched row: KB or percent, for all rows or for each by itself.
-#include "monitor/check_rig.h"
+#include "monitor/recorded_check.h"
 
 namespace velmora::tests {
 namespace {
@@ -124,7 +124,7 @@ TEST(RowTrigger, AHundredPercentIsStillAllowed) {
 }
 
 TEST(RowTrigger, MoreThanAHundredPercentClosesTheCheckWithAMessage) {
-    CheckRig rig;
+    RecordedCheck rig;
     rig.watch("C:\\", 5, 10000);
     rig.usePercent("10");
     rig.form1.txtSpace.setText("101");
@@ -135,7 +135,7 @@ TEST(RowTrigger, MoreThanAHundredPercentClosesTheCheckWithAMessage) {
     EXPECT_EQ(rig.host.boxes[0].title, "Velmora");
     EXPECT_EQ(rig.at(1).lastChecked(), "");
     // Closed, but without the figures that follow a pass.
-    EXPECT_EQ(rig.ports.calls, (Texts{"animation 0 0", "statistics"}));
+    EXPECT_EQ(rig.calls, joined({{"spin.avi"}, statistics}));
     EXPECT_EQ(rig.timesChecked(), 1);
     EXPECT_EQ(rig.alertCount(), 0);
     rig.expectRest();

@@ -10,8 +10,6 @@ namespace {
 using Texts = std::vector<std::string>;
 
 struct StatisticsRig : Rig {
-    SpaceStatistics statistics{forms, machine.platform(), host};
-
     StatisticsRig() {
         for (int i = 0; i < 5; ++i) list.addColumn({});
         form1.txtTime.setText("10");

@@ -8,53 +8,19 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-// Everything that the start does, in one list: calls of the machine, of the ports, and what
-// becomes visible in the forms.
-struct StartRig {
-    struct Watch : Clock {
-        explicit Watch(StartRig& all) : all_(all) {}
-        DateTime Now() override { return all_.machine.now; }
-        std::int64_t GetTickCount() override { return all_.machine.tick; }
-        std::uint64_t GetSystemTimeAsFileTime() override {
-            all_.note("system time");
-            return 42;
-        }
-        StartRig& all_;
-    };
-    struct Settings : SettingsStore {
-        explicit Settings(StartRig& all) : all_(all) {}
-        void prcSettings(std::int16_t bSet) override {
-            all_.note("prcSettings " + std::to_string(bSet));
-            if (all_.onSettings) all_.onSettings();
-        }
-        StartRig& all_;
-    };
+const std::string readSettings = "readAll C:\\Program Files\\Velmora\\set.dat";
 
-    fake::FakeMachine machine;
-    fake::FakeHost host;
-    fake::FakeNotifyArea notifyArea;
-    RecordedPorts ports;
-    Watch clock{*this};
-    Settings settings{*this};
+// Everything that the start does, in one list: calls of the machine and what becomes visible in the
+// forms.
+struct StartRig : Rig {
     std::function<void()> onSettings;
-    Platform platform = withClock(machine.platform(), clock);
-    Forms forms;
-    Form1& form1 = forms.form1;
-    AlertList alerts{forms, platform, notifyArea, ports.dialog};
-    WatchList watchList{forms, platform, alerts};
-    CheckCycle checkCycle{forms, platform, host, alerts, withSettings()};
-    WatchControl watchControl{forms, platform, host, alerts, ports.trayIcon, ports.dialog};
-    FileList fileList{platform, host};
-    ShellLinks shellLinks{platform};
-    LifeCycle lifeCycle{forms,
-                        platform,
-                        host,
-                        {checkCycle, watchList, watchControl, fileList, shellLinks, notifyArea},
-                        withSettings()};
 
     StartRig() {
         machine.drives["C:"] = {40 * KB, 100 * KB};
-        machine.onCall = [this](const std::string& call) { note(call); };
+        machine.onCall = [this](const std::string& call) {
+            note(call);
+            if (call == readSettings && onSettings) onSettings();
+        };
         form1.DTTime1[0].setEnabled(false);
         form1.StatusBar1.PanelChanged.connect([this](int panel) {
             note("panel " + std::to_string(panel) + " with " +
@@ -69,13 +35,18 @@ struct StartRig {
         });
         noteForms();
         form1.OpDriv[0].Click.connect([this] { note("OpDriv 0"); });
+        form1.lblTab[0].Click.connect([this] { note("lblTab 0"); });
+        form1.lblSpectab[0].Click.connect([this] { note("lblSpectab 0"); });
         form1.LVFile.RowInserted.connect(
             [this](int row) { note("LVFile row " + std::to_string(row)); });
         form1.lblAppStart.Changed.connect([this] { note("lblAppStart"); });
         form1.lblLog.Changed.connect([this] { note("lblLog " + form1.lblLog.Caption()); });
     }
 
-    void note(const std::string& what) { ports.calls.push_back(what); }
+    void note(const std::string& what) {
+        if (calls.empty() && forms.globals.lastFileTime != 0) calls.push_back("system time");
+        calls.push_back(what);
+    }
     int errorOfLoad() {
         try {
             lifeCycle.Form_Load();
@@ -86,16 +57,6 @@ struct StartRig {
     }
 
   private:
-    static Platform withClock(const Platform& other, Clock& clock) {
-        return {other.fso,      other.kernel32, clock,       other.files,
-                other.advapi32, other.shell32,  other.winmm, other.wscriptShell,
-                other.regional, other.app};
-    }
-    MonitorPorts withSettings() {
-        return {ports.events,   ports.actions,     ports.stats,  settings,   ports.log,
-                ports.icons,    ports.watchSwitch, ports.onTop,  ports.view, ports.dialog,
-                ports.trayIcon, ports.tabs,        ports.updates};
-    }
     void noteForms() {
         forms.sysWorkSystray.Changed.connect([this] {
             note(forms.sysWorkSystray.Visible() ? "tray form shown" : "tray form hidden");
@@ -114,46 +75,48 @@ struct StartRig {
 TEST(StartOrder, EveryStepComesInItsPlace) {
     StartRig rig;
     rig.platform.app.Command = "\"C:\\one.txt\"";
-    rig.onSettings = [&] { rig.form1.chkUpdate.setDesignValue(1); };
     rig.lifeCycle.Form_Load();
     const std::string send = sendToFolder;
-    EXPECT_EQ(rig.ports.calls, (Texts{"system time",
-                                      "panel 1 with 5 columns",
-                                      "chkCustTime_Click",
-                                      "tray form shown",
-                                      "window shown",
-                                      "GetLogicalDriveStringsA 255",
-                                      "GetDriveName C:\\",
-                                      "GetDrive C:",
-                                      "IsReady C:",
-                                      "FreeSpace C:",
-                                      "TotalSize C:",
-                                      "chkCustTime_Click",
-                                      "prcSettings 2",
-                                      "lblAppStart",
-                                      "tray form hidden",
-                                      "size 9100 8030",
-                                      "lblLog C:\\Program Files\\Velmora\\log.dat",
-                                      "lblTab 0",
-                                      "lblSpectab 0",
-                                      "OpDriv 0",
-                                      "LVFile row 1",
-                                      "FileExists C:\\one.txt",
-                                      "FolderExists C:\\one.txt",
-                                      "SHGetSpecialFolderLocation 9",
-                                      "SHGetPathFromIDListA " + send,
-                                      "FileExists " + send + "\\Velmora.lnk",
-                                      "CreateShortcut " + send + "\\Velmora.lnk",
-                                      "Save " + send + "\\Velmora.lnk",
-                                      "prcCheckUpdate",
-                                      "prcSetPrevInfoLV C:\\"}));
+    EXPECT_EQ(rig.calls, (Texts{"system time",
+                                "panel 1 with 5 columns",
+                                "chkCustTime_Click",
+                                "tray form shown",
+                                "window shown",
+                                "GetLogicalDriveStringsA 255",
+                                "GetDriveName C:\\",
+                                "GetDrive C:",
+                                "IsReady C:",
+                                "FreeSpace C:",
+                                "TotalSize C:",
+                                "chkCustTime_Click",
+                                readSettings,
+                                "lblAppStart",
+                                "tray form hidden",
+                                "size 9100 8030",
+                                "lblLog C:\\Program Files\\Velmora\\log.dat",
+                                "lblTab 0",
+                                "lblSpectab 0",
+                                "OpDriv 0",
+                                "LVFile row 1",
+                                "FileExists C:\\one.txt",
+                                "FolderExists C:\\one.txt",
+                                "SHGetSpecialFolderLocation 9",
+                                "SHGetPathFromIDListA " + send,
+                                "FileExists " + send + "\\Velmora.lnk",
+                                "CreateShortcut " + send + "\\Velmora.lnk",
+                                "Save " + send + "\\Velmora.lnk",
+                                "GetFolder C:\\",
+                                "GetDrive C:\\",
+                                "FreeSpace C:",
+                                "FilesCount C:\\",
+                                "SubFoldersCount C:\\"}));
     EXPECT_TRUE(rig.host.boxes.empty());
 }
 
 TEST(StartOrder, TheSystemTimeAndTheSettingsPathAreKept) {
     StartRig rig;
     rig.lifeCycle.Form_Load();
-    EXPECT_EQ(rig.forms.globals.lastFileTime, 42u);
+    EXPECT_EQ(rig.forms.globals.lastFileTime, rig.platform.clock.GetSystemTimeAsFileTime());
     EXPECT_EQ(rig.forms.globals.strSettings, "C:\\Program Files\\Velmora\\set.dat");
 }
 
@@ -168,19 +131,21 @@ TEST(StartOrder, TheTimersOfTheWindowRunAsDesigned) {
     }
 }
 
-TEST(StartOrder, UpdatesAreAskedForOnlyWhenTheSettingsSaySo) {
-    StartRig rig;
-    rig.lifeCycle.Form_Load();
-    EXPECT_EQ(rig.ports.count("prcCheckUpdate"), 0);
-}
-
 TEST(StartOrder, EveryRowGetsItsFirstFiguresInListOrder) {
     StartRig rig;
     rig.machine.drives["D:"] = {1, 2};
     rig.machine.drives["E:"] = {.ready = false};
     rig.lifeCycle.Form_Load();
-    EXPECT_EQ(Texts(rig.ports.calls.end() - 3, rig.ports.calls.end()),
-              (Texts{"prcSetPrevInfoLV C:\\", "prcSetPrevInfoLV D:\\", "prcSetPrevInfoLV E:\\"}));
+    Texts measured;
+    for (const std::string& call : rig.calls) {
+        if (call.starts_with("GetFolder ")) measured.push_back(call);
+    }
+    EXPECT_EQ(measured, (Texts{"GetFolder C:\\", "GetFolder D:\\"}));
+    // The program's own folder lies on C:.
+    EXPECT_EQ(WatchRow(rig.list.ListItems(1)).folderCounts(), "file:0|fold:1|");
+    EXPECT_EQ(WatchRow(rig.list.ListItems(2)).folderCounts(), "file:0|fold:0|");
+    // A drive that isn't ready has no figures to keep.
+    EXPECT_EQ(WatchRow(rig.list.ListItems(3)).folderCounts(), "");
 }
 
 TEST(StartOrder, TheStartFiguresAreTimeAndFreeSpace) {
@@ -207,7 +172,7 @@ TEST(StartOrder, FiguresThatAreNoNumbersAreATypeMismatch) {
     StartRig rig;
     rig.onSettings = [&] { rig.form1.ListView1.ListItems(1).setSubItems(1, "soon"); };
     EXPECT_EQ(rig.errorOfLoad(), error::typeMismatch);
-    EXPECT_EQ(rig.ports.calls.back(), "prcSettings 2");
+    EXPECT_EQ(rig.calls.back(), readSettings);
 }
 
 TEST(StartOrder, SettingsThatCanNotBeReadLeaveTheStartAtThatPoint) {
@@ -215,7 +180,7 @@ TEST(StartOrder, SettingsThatCanNotBeReadLeaveTheStartAtThatPoint) {
         StartRig rig;
         rig.onSettings = [number] { throw RuntimeError(number); };
         EXPECT_EQ(rig.errorOfLoad(), number);
-        EXPECT_EQ(rig.ports.calls.back(), "prcSettings 2");
+        EXPECT_EQ(rig.calls.back(), readSettings);
         EXPECT_EQ(rig.form1.lblAppStart.Caption(), "");
         EXPECT_EQ(rig.form1.lblLog.Caption(), "");
         EXPECT_TRUE(rig.forms.sysWorkSystray.Visible());

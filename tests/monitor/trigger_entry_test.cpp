@@ -42,9 +42,13 @@ using PlacingTest = TriggerEntryTest;
 using EnterTest = TriggerEntryTest;
 
 TEST_F(TriggerEntryTest, ADoubleClickOpensTheViewOfTheSelectedRow) {
+    rig.list.ListItems(2).setSubItems(1, "25 KB");
+    rig.list.ListItems(2).setSubItems(2, "100 KB");
+    FrmIndDri& view = rig.forms.frmIndDri;
+    view.ListView1.RowsReset.connect([this] { rig.calls.push_back("figures"); });
     doubleClick(1, 500);
-    EXPECT_EQ(rig.ports.calls,
-              (std::vector<std::string>{"prcShowfrmIndDri D:\\data", "prcSrvMeter D:\\data"}));
+    EXPECT_EQ(rig.calls, (std::vector<std::string>{"drive view D:\\data", "figures"}));
+    EXPECT_EQ(view.ListView1.ListItems(1).SubItems(1), "100 KB");
     EXPECT_TRUE(rig.forms.frmIndDri.Timer1.Enabled());
     EXPECT_EQ(box().bounds(), Bounds{});
     EXPECT_FALSE(box().Visible());
@@ -54,7 +58,7 @@ TEST_F(TriggerEntryTest, TheViewsTimerIsOnBeforeTheViewIsShown) {
     bool restarted = false;
     rig.forms.frmIndDri.Timer1.Restarted.connect([&] {
         restarted = true;
-        EXPECT_EQ(rig.ports.calls.size(), 0u);
+        EXPECT_EQ(rig.calls.size(), 0u);
     });
     doubleClick(1, 500);
     EXPECT_TRUE(restarted);
@@ -64,7 +68,7 @@ TEST_F(TriggerEntryTest, ADoubleClickWithoutASelectedRowDoesNothing) {
     individually();
     rig.list.userSelect({});
     doubleClick(1, 500);
-    EXPECT_EQ(rig.ports.calls, std::vector<std::string>{});
+    EXPECT_EQ(rig.calls, std::vector<std::string>{});
     EXPECT_FALSE(rig.forms.frmIndDri.Timer1.Enabled());
     EXPECT_EQ(box().bounds(), Bounds{});
 }
@@ -72,7 +76,7 @@ TEST_F(TriggerEntryTest, ADoubleClickWithoutASelectedRowDoesNothing) {
 TEST_F(PlacingTest, ThePlaceIsTheCellUnderThePointer) {
     individually();
     doubleClick(1, 5500);
-    EXPECT_EQ(rig.ports.calls.size(), 2u);
+    EXPECT_EQ(rig.calls, std::vector<std::string>{"drive view D:\\data"});
     EXPECT_EQ(box().bounds(),
               (Bounds{120 + 2000 + 1500 + 1500 - 160, rig.list.rowTop(1) + 240 + 750, 1400,
                       ListView::rowHeight - 200}));

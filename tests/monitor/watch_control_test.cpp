@@ -34,7 +34,7 @@ TEST(WatchControl, PausingStopsTheTimerAndSaysSoEverywhere) {
     EXPECT_FALSE(rig.form1.Timer1.Enabled());
     EXPECT_EQ(rig.panel(2), "Watch Paused.");
     EXPECT_EQ(rig.forms.globals.sTrayTip, "Velmora! Paused");
-    EXPECT_EQ(rig.ports.calls, (Texts{"modifyIcon Icon1", "modifyIcon Icon0"}));
+    EXPECT_EQ(rig.calls, (Texts{"modifyIcon Icon1", "modifyIcon Icon0"}));
     EXPECT_TRUE(rig.host.boxes.empty());
 }
 
@@ -51,25 +51,17 @@ TEST(WatchControl, StartingRunsTheTimerAndSaysSoEverywhere) {
     EXPECT_TRUE(rig.form1.Timer1.Enabled());
     EXPECT_EQ(rig.panel(2), "Watching.");
     EXPECT_EQ(rig.forms.globals.sTrayTip, "Velmora! Started.");
-    EXPECT_EQ(rig.ports.calls, Texts{"modifyIcon Form1"});
+    EXPECT_EQ(rig.calls, Texts{"modifyIcon Form1"});
     EXPECT_TRUE(rig.host.boxes.empty());
 }
 
 TEST(WatchControl, TheTrayIconIsModifiedWhenTheNewTipStands) {
-    struct TipReader : Tray {
-        explicit TipReader(Forms& all) : forms(all) {}
-        void modifyIcon(const std::string&) override { tips.push_back(forms.globals.sTrayTip); }
-        Forms& forms;
-        Texts tips;
-    };
-    CheckRig rig;
-    rig.watch("C:\\", 5000);
-    TipReader tray(rig.forms);
-    WatchControl control{rig.forms, rig.machine.platform(), rig.host, rig.alerts,
-                         tray,      rig.ports.dialog};
-    control.cmdPause_Click();
-    control.cmdPause_Click();
-    EXPECT_EQ(tray.tips, (Texts{"Velmora! Started.", "Velmora! Paused", "Velmora! Paused"}));
+    Watching rig;
+    Texts tips;
+    rig.tray.onModify = [&] { tips.push_back(rig.forms.globals.sTrayTip); };
+    rig.form1.cmdPause.Click();
+    rig.form1.cmdPause.Click();
+    EXPECT_EQ(tips, (Texts{"Velmora! Paused", "Velmora! Paused", "Velmora! Started."}));
 }
 
 TEST(WatchControl, AnEmptyListCanNotBeStartedThoughTheWindowSaysActivated) {
@@ -91,7 +83,7 @@ TEST(WatchControl, AnEmptyListCanNotBeStartedThoughTheWindowSaysActivated) {
         EXPECT_EQ(rig.form1.Timer1.Enabled(), running);
         EXPECT_EQ(rig.panel(2), "before");
         EXPECT_EQ(rig.forms.globals.sTrayTip, "before");
-        EXPECT_TRUE(rig.ports.calls.empty());
+        EXPECT_TRUE(rig.calls.empty());
     }
 }
 
@@ -184,7 +176,7 @@ TEST(WatchControlMenu, AnotherToolBarCaptionMeansNothing) {
         rig.form1.Toolbar1.setButtonCaption(1, caption);
         rig.form1.mnuPause.Click();
         EXPECT_EQ(rig.form1.cmdPause.Caption(), "Pause Watch") << caption;
-        EXPECT_TRUE(rig.ports.calls.empty()) << caption;
+        EXPECT_TRUE(rig.calls.empty()) << caption;
     }
 }
 
@@ -198,8 +190,8 @@ TEST(WatchControlTip, CountsTickedRowsTheirFreeSpaceAndAlerts) {
     rig.list.ListItems(3).setReportIcon(2, "alert");
     rig.form1.TimerCust.Tick();
     // 2000 KB are 2.0 MB by decimal factors.
-    EXPECT_EQ(rig.ports.calls, Texts{"prcToolTipText Velmora\r\n2 onWatch. \r\n"
-                                     "2.0 MB Total Free. \r\n1 Alert(s)."});
+    EXPECT_EQ(rig.calls, Texts{"prcToolTipText Velmora\r\n2 onWatch. \r\n"
+                               "2.0 MB Total Free. \r\n1 Alert(s)."});
     EXPECT_EQ(rig.host.yields, 3);
 }
 
@@ -207,7 +199,7 @@ TEST(WatchControlTip, TheStateIconOfARowIsNotTheOneThatCounts) {
     CheckRig rig;
     WatchRow(rig.row("C:\\")).setStateIcon("alert");
     rig.form1.TimerCust.Tick();
-    EXPECT_EQ(rig.ports.calls,
+    EXPECT_EQ(rig.calls,
               Texts{"prcToolTipText Velmora\r\n1 onWatch. \r\n0 KB Total Free. \r\n0 Alert(s)."});
 }
 
@@ -220,14 +212,14 @@ TEST(WatchControlTip, RowsThatAreNotAvailableAreLeftOutAndOddTextsCountNothing) 
     rig.form1.TimerCust.Tick();
     // Only "N/A" in capitals counts as not available.
     EXPECT_EQ(
-        rig.ports.calls,
+        rig.calls,
         Texts{"prcToolTipText Velmora\r\n4 onWatch. \r\n700.0 KB Total Free. \r\n4 Alert(s)."});
 }
 
 TEST(WatchControlTip, AnEmptyListHasNothingOnWatch) {
     CheckRig rig;
     rig.form1.TimerCust.Tick();
-    EXPECT_EQ(rig.ports.calls,
+    EXPECT_EQ(rig.calls,
               Texts{"prcToolTipText Velmora\r\n0 onWatch. \r\n0 KB Total Free. \r\n0 Alert(s)."});
     EXPECT_EQ(rig.host.yields, 0);
 }
@@ -236,7 +228,7 @@ TEST(WatchControlTip, SumsBeyond32BitsAreTold) {
     CheckRig rig;
     for (int i = 0; i < 3; ++i) WatchRow(rig.row("C:\\")).setFreeSpace("2,000,000,000 KB");
     rig.form1.TimerCust.Tick();
-    EXPECT_EQ(rig.ports.calls,
+    EXPECT_EQ(rig.calls,
               Texts{"prcToolTipText Velmora\r\n3 onWatch. \r\n6.0 TB Total Free. \r\n0 Alert(s)."});
 }
 
@@ -245,7 +237,7 @@ TEST(WatchControlTip, IsNotHandedToAHiddenIcon) {
     rig.form1.chkSystray.setValue(0);
     rig.clearRecords();
     rig.form1.TimerCust.Tick();
-    EXPECT_TRUE(rig.ports.calls.empty());
+    EXPECT_TRUE(rig.calls.empty());
 }
 
 TEST(WatchControlTip, RowsRemovedInAYieldEndTheCounting) {
@@ -256,7 +248,7 @@ TEST(WatchControlTip, RowsRemovedInAYieldEndTheCounting) {
     };
     rig.form1.TimerCust.Tick();
     EXPECT_EQ(
-        rig.ports.calls,
+        rig.calls,
         Texts{"prcToolTipText Velmora\r\n1 onWatch. \r\n100.0 KB Total Free. \r\n0 Alert(s)."});
     EXPECT_EQ(rig.alertCount(), 0);
 }
@@ -267,7 +259,7 @@ TEST(WatchControlTip, RowsAddedInAYieldAreLeftForTheNextMinute) {
     rig.host.onYield = [&](int) { WatchRow(rig.row("D:\\")).setFreeSpace("100 KB"); };
     rig.form1.TimerCust.Tick();
     EXPECT_EQ(rig.host.yields, 1);
-    EXPECT_EQ(rig.ports.calls.back(),
+    EXPECT_EQ(rig.calls.back(),
               "prcToolTipText Velmora\r\n1 onWatch. \r\n100.0 KB Total Free. \r\n0 Alert(s).");
 }
 

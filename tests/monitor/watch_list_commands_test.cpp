@@ -48,7 +48,7 @@ TEST_F(WhileCheckingTest, EveryCommandAsksFirstAndNoEndsIt) {
                   "Do you wish to continue?");
         EXPECT_EQ(rig.host.boxes[0].buttons, BoxButtons::yesNo);
         EXPECT_EQ(rig.host.boxes[0].title, "Velmora");
-        EXPECT_EQ(rig.ports.calls, std::vector<std::string>{}) << label;
+        EXPECT_EQ(rig.calls, std::vector<std::string>{}) << label;
         EXPECT_EQ(rig.host.dialogs, std::vector<std::string>{}) << label;
         EXPECT_EQ(rig.machine.log.count(), 0) << label;
     }
@@ -134,29 +134,40 @@ TEST_F(ClearTest, AnEmptyListIsTold) {
     EXPECT_EQ(rig.host.boxes[0].text, "No drives listed to clear.");
     EXPECT_EQ(rig.host.boxes[0].icon, BoxIcon::information);
     EXPECT_EQ(rig.host.boxes[0].buttons, BoxButtons::ok);
-    EXPECT_EQ(rig.ports.calls, std::vector<std::string>{});
+    EXPECT_EQ(rig.calls, std::vector<std::string>{});
 }
 
 TEST_F(ClearTest, YesPausesTheWatchAndClearsTheRows) {
     rows({"A:\\", "B:\\"});
     rig.host.answers = {BoxAnswer::yes};
-    rig.host.onBox = [this](const Box&) { rig.ports.calls.push_back("box"); };
-    rig.list.RowsReset.connect([this] { rig.ports.calls.push_back("cleared"); });
+    rig.host.onBox = [this](const Box&) { rig.calls.push_back("box"); };
+    // Its own handler starts the watch or pauses it.
+    rig.form1.cmdPause.Changed.connect([this] { rig.calls.push_back("cmdPause"); });
+    rig.list.RowsReset.connect([this] { rig.calls.push_back("cleared"); });
     click(clear);
     ASSERT_EQ(rig.host.boxes.size(), 1u);
     EXPECT_EQ(rig.host.boxes[0].text,
               "Clearing the listed drives with pause Velmora timer. Proceed?");
     EXPECT_EQ(rig.host.boxes[0].buttons, BoxButtons::yesNo);
-    EXPECT_EQ(rig.ports.calls,
-              (std::vector<std::string>{"drop", "box", "restore", "cmdPause_Click", "cleared"}));
+    EXPECT_EQ(rig.calls, (std::vector<std::string>{"drop", "box", "restore", "cmdPause",
+                                                   "modifyIcon Form1", "cleared"}));
     EXPECT_EQ(rig.list.Count(), 0);
+}
+
+TEST_F(ClearTest, AFailedQuestionPutsTheWindowInFrontAgain) {
+    rows({"A:\\"});
+    rig.host.onBox = [](const Box&) { throw RuntimeError(error::outOfMemory); };
+    click(clear);
+    EXPECT_EQ(rig.calls, (std::vector<std::string>{"drop", "restore"}));
+    EXPECT_EQ(rig.list.Count(), 1);
+    EXPECT_EQ(rig.alertTexts(), Paths{"Drive/Path Button Error Button Index:2 | Out of memory"});
 }
 
 TEST_F(ClearTest, NoOnlyRestoresStayOnTop) {
     rows({"A:\\"});
     rig.host.answers = {BoxAnswer::no};
     click(clear);
-    EXPECT_EQ(rig.ports.calls, (std::vector<std::string>{"drop", "restore"}));
+    EXPECT_EQ(rig.calls, (std::vector<std::string>{"drop", "restore"}));
     EXPECT_EQ(rig.list.Count(), 1);
 }
 
@@ -170,15 +181,19 @@ TEST_F(ClearTest, TheButtonDoesWhatTheLabelDoes) {
 TEST_F(SelectDriveTest, ShowsTheSelectedRowInTheDriveView) {
     rows({"C:\\", "D:\\data"});
     rig.list.userSelect({2});
+    rig.list.ListItems(2).setSubItems(1, "25 KB");
+    rig.list.ListItems(2).setSubItems(2, "100 KB");
+    FrmIndDri& view = rig.forms.frmIndDri;
+    view.ListView1.RowsReset.connect([this] { rig.calls.push_back("figures"); });
     click(select);
-    EXPECT_EQ(rig.ports.calls,
-              (std::vector<std::string>{"prcShowfrmIndDri D:\\data", "prcSrvMeter D:\\data"}));
+    EXPECT_EQ(rig.calls, (std::vector<std::string>{"drive view D:\\data", "figures"}));
+    EXPECT_EQ(view.ListView1.ListItems(1).SubItems(1), "100 KB");
 }
 
 TEST_F(SelectDriveTest, WithoutASelectionEndsWithAnAlertAndNoBox) {
     rows({"C:\\"});
     click(select);
-    EXPECT_EQ(rig.ports.calls, std::vector<std::string>{});
+    EXPECT_EQ(rig.calls, std::vector<std::string>{});
     EXPECT_EQ(rig.host.boxes.size(), 0u);
     EXPECT_EQ(rig.alertTexts(), Paths{"Drive/Path Button Error Button Index:3 | Object required"});
 }

@@ -176,21 +176,5 @@ TEST(FolderBrowser, LetsTheWindowGoOnWhileItStands) {
     EXPECT_EQ(runs, 1);
 }
 
-TEST(FileProperties, OpenTheSystemsSheetForTheOwner) {
-    LinksRig rig;
-    rig.links.prcShowProperties("C:\\data\\file", "Form1");
-    ASSERT_EQ(rig.machine.executed.size(), 1u);
-    EXPECT_EQ(rig.machine.executed[0].mask, 1100u);
-    EXPECT_EQ(rig.machine.executed[0].owner, "Form1");
-    EXPECT_EQ(rig.machine.executed[0].verb, "properties");
-    EXPECT_EQ(rig.machine.executed[0].file, "C:\\data\\file");
-}
-
-TEST(FileProperties, ARefusalIsPassedOver) {
-    LinksRig rig;
-    rig.machine.executes = false;
-    EXPECT_NO_THROW(rig.links.prcShowProperties("C:\\data\\file", "Form1"));
-}
-
 }  // namespace
 }  // namespace velmora::tests

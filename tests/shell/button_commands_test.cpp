@@ -22,27 +22,31 @@ TEST(ButtonCommands, ShowRefreshDrivesClicksTheLastLabelUnderTheList) {
 }
 
 TEST(ButtonCommands, TheAboutBoxComesAfterTheSettingsAreSaved) {
-    Forms forms;
-    RecordedWindows windows;
-    forms.form1.Command8.Click.connect([&] { windows.calls.push_back("saved"); });
-    const ButtonCommands commands{forms, windows};
-    forms.form1.Command8.userClick();
-    EXPECT_EQ(windows.calls, (Texts{"saved", "showAbout"}));
+    CommandRig rig;
+    const std::string file = "C:\\Program Files\\Velmora\\set.dat";
+    rig.forms.globals.strSettings = file;
+    rig.form1.txtTime.setText("7");
+    bool saved = false;
+    rig.forms.frmAbout.Raised.connect([&] { saved = rig.machine.files.count(file) > 0; });
+    rig.form1.Command8.userClick();
+    EXPECT_EQ(rig.shown, Texts{"frmAbout"});
+    EXPECT_TRUE(saved);
 }
 
 TEST(ButtonCommands, AFailedSaveShowsNoAboutBox) {
-    Forms forms;
-    RecordedWindows windows;
-    forms.form1.Command8.Click.connect([] { throw RuntimeError(error::permissionDenied); });
-    const ButtonCommands commands{forms, windows};
-    EXPECT_THROW(forms.form1.Command8.userClick(), RuntimeError);
-    EXPECT_TRUE(windows.calls.empty());
+    CommandRig rig;
+    const std::string file = "C:\\Program Files\\Velmora\\set.dat";
+    rig.forms.globals.strSettings = file;
+    rig.machine.files[file] = "";
+    rig.machine.lockedFiles[file] = error::permissionDenied;
+    EXPECT_THROW(rig.form1.Command8.userClick(), RuntimeError);
+    EXPECT_TRUE(rig.shown.empty());
 }
 
 TEST(ButtonCommands, TheLabelOfTheOverviewShowsTheAboutBox) {
     CommandRig rig;
     rig.form1.lblAbout.userClick();
-    EXPECT_EQ(rig.windows.calls, Texts{"showAbout"});
+    EXPECT_EQ(rig.shown, Texts{"frmAbout"});
 }
 
 TEST(ButtonCommands, Command7TheHeadingAndTheFolderLabelDoNothing) {
@@ -50,7 +54,7 @@ TEST(ButtonCommands, Command7TheHeadingAndTheFolderLabelDoNothing) {
     rig.form1.Command7.Click();
     rig.form1.lblTabCap.Click();
     rig.form1.lblFolder.Click();
-    EXPECT_TRUE(rig.windows.calls.empty());
+    EXPECT_TRUE(rig.shown.empty());
     EXPECT_TRUE(rig.host.boxes.empty());
     EXPECT_TRUE(rig.host.dialogs.empty());
     EXPECT_TRUE(rig.machine.executed.empty());

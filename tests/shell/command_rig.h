@@ -1,4 +1,4 @@
-// The main window's frame on a machine and a user in memory, with the windows it calls recorded.
+// The main window's frame on a machine, a surface and a user in memory.
 #pragma once
 
 #include <string>
@@ -6,8 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "fake/fake_host.h"
-#include "fake/fake_machine.h"
+#include "fake/fake_surface.h"
 #include "shell/button_commands.h"
 #include "shell/label_look.h"
 #include "shell/menu_commands.h"
@@ -19,57 +18,45 @@ namespace velmora::tests {
 
 using Texts = std::vector<std::string>;
 
-/// The windows behind the ports; they write down their calls, in order.
-struct RecordedWindows : DriveView,
-                         LockDialog,
-                         SystrayIcon,
-                         AboutDialog,
-                         RecycleBinWindow,
-                         AlertDialog {
-    Texts calls;
-
-    void prcShowfrmIndDri(const std::string& path) override {
-        calls.push_back("prcShowfrmIndDri " + path);
-    }
-    void prcSrvMeter(ListItem& row) override { calls.push_back("prcSrvMeter " + row.Text()); }
-    void prcSrvFrm() override { calls.push_back("prcSrvFrm"); }
-    void prcAddSystray(std::int16_t action, const std::string& text) override {
-        calls.push_back("prcAddSystray " + std::to_string(action) + " " + text);
-    }
-    void showAbout() override { calls.push_back("showAbout"); }
-    void RecycleBin() override { calls.push_back("RecycleBin"); }
-    void show() override { calls.push_back("alert dialog"); }
-};
-
 /// The window in its full view, with a tool bar of 600 twips and a watch list of 2700.
 struct CommandRig {
     fake::FakeMachine machine;
-    fake::FakeHost host;
-    fake::FakeNotifyArea notifyArea;
-    User32 user32;
-    RecordedWindows windows;
+    fake::FakeSurface surface;
+    fake::FakeHost& host = surface.host;
     Forms forms;
     Form1& form1 = forms.form1;
     ListView& list = forms.form1.ListView1;
-    AlertList alerts{forms, machine.platform(), notifyArea, windows};
-    SystemActions systemActions{forms, machine.platform(), user32};
-    ShellLinks shellLinks{machine.platform()};
+    Texts shown;  ///< the forms that were shown, in order
+    AlertList alerts{forms, machine.platform(), surface.notifyArea};
+    SystemActions systemActions{forms, machine.platform(), surface.user32};
+    DriveMeter driveMeter{forms, machine.platform()};
+    SettingsFile settings{forms, machine.platform(), host};
+    TrayIcon tray{forms, machine.platform(), surface.all()};
+    AboutBox aboutBox{forms, machine.platform(), host, "1.0.0"};
+    RecycleBinView recycleBin{forms, machine.platform().shell32};
     WindowLayout layout{forms};
     TabSelection tabs{forms, layout};
     LabelLook labelLook{forms};
     ToolBarCommands toolBar{forms, machine.platform(), host, layout};
-    MenuCommands menus{
-        forms,
-        machine.platform(),
-        host,
-        {alerts, systemActions, shellLinks, windows, windows, windows, windows, windows}};
-    ButtonCommands buttons{forms, windows};
+    MenuCommands menus{forms,
+                       machine.platform(),
+                       host,
+                       {.alerts = alerts,
+                        .systemActions = systemActions,
+                        .driveMeter = driveMeter,
+                        .tray = tray,
+                        .aboutBox = aboutBox,
+                        .recycleBin = recycleBin}};
+    ButtonCommands buttons{forms, aboutBox, settings};
 
     CommandRig() {
         for (int i = 0; i < 5; ++i) list.addColumn({});
         setHeights(600, 2700);
         form1.Show();
         form1.setSize(9000, 9100);
+        for (Form* form : forms.all()) {
+            form->Raised.connect([this, form] { shown.push_back(form->Name()); });
+        }
     }
 
     void setHeights(int toolBarHeight, int frameHeight) {

@@ -7,7 +7,8 @@ namespace {
 TEST(TrayMenu, AboutShowsTheAboutBox) {
     CommandRig rig;
     rig.form1.mnuAbout.userClick();
-    EXPECT_EQ(rig.windows.calls, Texts{"showAbout"});
+    EXPECT_EQ(rig.shown, Texts{"frmAbout"});
+    EXPECT_TRUE(rig.forms.frmAbout.Timer1.Enabled());
 }
 
 TEST(TrayMenu, ContentsOpensTheMakersHelpPageInANormalWindow) {
@@ -38,27 +39,31 @@ TEST(TrayMenu, HideTakesTheWindowAwayAndASecondClickBringsItBackUnchecked) {
 TEST(TrayMenu, LockPreparesTheLockEmptiesItsEntryAndShowsIt) {
     CommandRig rig;
     FrmLock& lock = rig.forms.frmLock;
+    rig.forms.globals.bLocked = true;
     lock.Text1.setText("old");
     rig.form1.mnuLock.userClick();
-    EXPECT_EQ(rig.windows.calls, Texts{"prcSrvFrm"});
+    EXPECT_EQ(lock.Command1[0].Caption(), "Unlock");
+    EXPECT_EQ(lock.lblLock.Caption(), "The program is Locked.  Enter password to unlock.");
     EXPECT_EQ(lock.Text1.Text(), "");
     EXPECT_TRUE(lock.Visible());
 }
 
-TEST(TrayMenu, TheLockIsPreparedBeforeItsEntryIsEmptiedAndBeforeItIsShown) {
+TEST(TrayMenu, TheLocksEntryIsEmptiedOnceMoreAfterItWasPreparedAndThenTheLockIsShown) {
     CommandRig rig;
     FrmLock& lock = rig.forms.frmLock;
-    lock.Text1.setText("old");
-    lock.Text1.Change.connect(
-        [&] { rig.windows.calls.push_back(lock.Visible() ? "emptied late" : "emptied"); });
+    // As if the user typed into the lock while it is prepared.
+    lock.Shown.connect([&] { lock.Text1.setText("early"); });
+    Texts steps;
+    lock.Text1.Change.connect([&] { steps.push_back("entry " + lock.Text1.Text()); });
+    lock.Raised.connect([&] { steps.push_back("shown"); });
     rig.form1.mnuLock.userClick();
-    EXPECT_EQ(rig.windows.calls, (Texts{"prcSrvFrm", "emptied"}));
+    EXPECT_EQ(steps, (Texts{"entry early", "shown", "entry ", "shown"}));
 }
 
 TEST(TrayMenu, TheHeadOfTheHelpMenuDoesNothing) {
     CommandRig rig;
     rig.form1.mnuHelp.userClick();
-    EXPECT_TRUE(rig.windows.calls.empty());
+    EXPECT_TRUE(rig.shown.empty());
     EXPECT_TRUE(rig.machine.executed.empty());
 }
 
@@ -85,8 +90,16 @@ TEST(ListMenu, AFailedExploreIsNotReportedAndTheNextRowComes) {
 TEST(ListMenu, SetParametersShowsTheRowsDriveAndThenItsGauges) {
     CommandRig rig;
     rig.rows({"C:\\", "D:\\"});
+    rig.list.ListItems(2).setSubItems(1, "25 KB");
+    rig.list.ListItems(2).setSubItems(2, "100 KB");
+    FrmIndDri& view = rig.forms.frmIndDri;
+    int figuresWhenShown = -1;
+    view.Raised.connect([&] { figuresWhenShown = view.ListView1.Count(); });
     rig.form1.mnuParam.userClick();
-    EXPECT_EQ(rig.windows.calls, (Texts{"prcShowfrmIndDri D:\\", "prcSrvMeter D:\\"}));
+    EXPECT_EQ(rig.shown, Texts{"frmIndDri"});
+    EXPECT_EQ(view.lblP.Caption(), "D:\\");
+    EXPECT_EQ(figuresWhenShown, 0);
+    EXPECT_EQ(view.ListView1.ListItems(1).SubItems(1), "100 KB");
 }
 
 TEST(ListMenu, RemoveClicksTheRemoveButton) {
@@ -112,7 +125,7 @@ TEST(ListMenu, WithNoRowSelectedNothingHappens) {
         }
         rig.list.Add("C:\\");
     }
-    EXPECT_TRUE(rig.windows.calls.empty());
+    EXPECT_TRUE(rig.shown.empty());
     EXPECT_TRUE(rig.machine.executed.empty());
 }
 
@@ -151,7 +164,8 @@ TEST(FunctionsMenu, ProgramSettingsOnlySaySoFrom9100On) {
 TEST(FunctionsMenu, ShowRecycleBinShowsItsView) {
     CommandRig rig;
     rig.form1.mnuRecyc.userClick();
-    EXPECT_EQ(rig.windows.calls, Texts{"RecycleBin"});
+    EXPECT_EQ(rig.orders(), Texts{"Icon1 open Explorer"});
+    EXPECT_EQ(rig.machine.executed[0].parameters, "::{645FF040-5081-101B-9F08-00AA002F954E}");
 }
 
 TEST(FunctionsMenu, DefragUtilityStartsTheSystemsOwn) {
@@ -199,13 +213,6 @@ TEST(FunctionsMenu, NotificationShowsTheMailSettings) {
     EXPECT_TRUE(rig.forms.frmNotify.Visible());
 }
 
-TEST(FunctionsMenu, ShowAlertDialogShowsItOnce) {
-    CommandRig rig;
-    rig.form1.mnuShowAlert.userClick();
-    rig.form1.mnuShowAl.userClick();
-    EXPECT_EQ(rig.windows.calls, (Texts{"alert dialog", "alert dialog"}));
-}
-
 TEST(FunctionsMenu, CleanManagerOpensItsOwnDialog) {
     CommandRig rig;
     rig.form1.mnuCleaner.userClick();
@@ -216,7 +223,7 @@ TEST(FunctionsMenu, CleanManagerOpensItsOwnDialog) {
 TEST(FunctionsMenu, SorbaneDoesNothing) {
     CommandRig rig;
     rig.form1.mnuSorbane.userClick();
-    EXPECT_TRUE(rig.windows.calls.empty());
+    EXPECT_TRUE(rig.shown.empty());
     EXPECT_TRUE(rig.machine.executed.empty());
 }
 
@@ -225,7 +232,10 @@ TEST(FunctionsMenu, ToSystrayAddsTheIconThatIsSwitchedOffAndHidesTheWindow) {
     rig.form1.chkSystray.setValue(0);
     rig.forms.globals.sTrayTip = "tip";
     rig.form1.mnuToSystray.userClick();
-    EXPECT_EQ(rig.windows.calls, Texts{"prcAddSystray 1 tip"});
+    const auto& sent = rig.surface.notifyArea.sent;
+    ASSERT_FALSE(sent.empty());
+    EXPECT_EQ(sent.back().first, NotifyMessage::add);
+    EXPECT_EQ(sent.back().second.tip, "03/14 15:09 tip");
     EXPECT_FALSE(rig.form1.Visible());
 }
 
@@ -233,7 +243,7 @@ TEST(FunctionsMenu, ToSystrayOnlyHidesTheWindowWhenTheIconIsThere) {
     CommandRig rig;
     ASSERT_TRUE(rig.form1.chkSystray.ticked());
     rig.form1.mnuToSystray.userClick();
-    EXPECT_TRUE(rig.windows.calls.empty());
+    EXPECT_TRUE(rig.surface.notifyArea.sent.empty());
     EXPECT_FALSE(rig.form1.Visible());
     EXPECT_FALSE(rig.form1.mnuHide.Checked());
 }

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "base/wipe.h"
+#include "fake/monitor_ports.h"
 #include "shell/memory_search.h"
 #include "shell/program_lock.h"
 #include "shell/surface_rig.h"
@@ -61,7 +62,8 @@ struct PasswordMemoryTest : testing::TestWithParam<std::vector<unsigned char>>, 
     // for.
     static constexpr std::ptrdiff_t tailSize = 6;
     MemorySearch search{{GetParam().end() - tailSize, GetParam().end()}};
-    Tray tray;
+    std::vector<std::string> steps;
+    fake::RecordedTray tray{steps};
     ProgramLock lock{forms, host, tray};
 };
 

@@ -165,11 +165,10 @@ TEST(TabSelection, AnInnerIndexWithoutALabelShowsNoPanel) {
     }
 }
 
-TEST(TabSelection, IsReachedThroughThePortOfTheStart) {
+TEST(TabSelection, IsReachedThroughTheLabelsEvents) {
     CommandRig rig;
-    Tabs& port = rig.tabs;
-    port.lblTab_Click(3);
-    port.lblSpectab_Click(2);
+    rig.form1.lblTab[3].Click();
+    rig.form1.lblSpectab[2].Click();
     EXPECT_EQ(onlyVisible(rig.form1.frmSp), 2);
     EXPECT_EQ(onlyVisible(rig.form1.fr), 2);
 }

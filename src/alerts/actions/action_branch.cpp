@@ -2,31 +2,18 @@
 
 namespace velmora {
 
-void Actions::run(int action, Shortage& shortage) {
-    switch (action) {
-        case act::move:
-            return move_.run(shortage);
-        case act::remove:
-            return delete_.run(shortage);
-        case act::recycle:
-            return small_.recycle(shortage);
-        case act::autoMove:
-            return small_.autoMove(shortage);
-        case act::sound:
-            return small_.playSound();
-        case act::emptyBin:
-            return small_.emptyBin(shortage);
-        case act::run:
-            return small_.runListed(shortage);
-        case act::mail:
-            return small_.sendMail(shortage);
-        case act::cleaner:
-            return small_.startCleaner(shortage);
-        case act::pause:
-            return small_.pause(shortage);
-        default:
-            return;
-    }
+Actions::Actions(ActionParts parts)
+    : parts_(parts), move_(parts_), delete_(parts_), files_(parts_), small_(parts_, files_) {
+    table_.set(act::move, [this](Shortage& shortage) { move_.run(shortage); });
+    table_.set(act::remove, [this](Shortage& shortage) { delete_.run(shortage); });
+    table_.set(act::recycle, [this](Shortage& shortage) { small_.recycle(shortage); });
+    table_.set(act::autoMove, [this](Shortage& shortage) { small_.autoMove(shortage); });
+    table_.set(act::sound, [this](Shortage&) { small_.playSound(); });
+    table_.set(act::emptyBin, [this](Shortage& shortage) { small_.emptyBin(shortage); });
+    table_.set(act::run, [this](Shortage& shortage) { small_.runListed(shortage); });
+    table_.set(act::mail, [this](Shortage& shortage) { small_.sendMail(shortage); });
+    table_.set(act::cleaner, [this](Shortage& shortage) { small_.startCleaner(shortage); });
+    table_.set(act::pause, [this](Shortage& shortage) { small_.pause(shortage); });
 }
 
 }  // namespace velmora

@@ -2,30 +2,22 @@
 #pragma once
 
 #include "alerts/actions/action_parts.h"
+#include "alerts/actions/action_table.h"
 #include "alerts/actions/delete_action.h"
 #include "alerts/actions/file_actions.h"
 #include "alerts/actions/move_action.h"
 #include "alerts/actions/small_actions.h"
-#include "alerts/ports.h"
 
 namespace velmora {
 
-class Actions final : public ActionRunner {
+class Actions {
   public:
-    Actions(Forms& forms, Platform& platform, Host& host, AlertList& alerts, SystemActions& system,
-            const AlertPorts& ports)
-        : parts_{forms, platform, host, alerts, system, ports.watchSwitch, ports.mail},
-          move_(parts_),
-          delete_(parts_),
-          files_(parts_),
-          small_(parts_, files_) {}
+    explicit Actions(ActionParts parts);
     Actions(const Actions&) = delete;
     Actions& operator=(const Actions&) = delete;
 
-    /// Runs the action at that place of lstAct; the places of the alert and of the progress dialog
-    /// have none, nor has any other. Errors go to the check, whose fault path ends the pass; what
-    /// an action had done by then stays done.
-    void run(int action, Shortage& shortage) override;
+    /// All actions. The places of the alert and of the progress dialog have none.
+    const ActionTable& table() const { return table_; }
     FileActions& fileActions() { return files_; }
 
   private:
@@ -34,6 +26,7 @@ class Actions final : public ActionRunner {
     DeleteAction delete_;
     FileActions files_;
     SmallActions small_;
+    ActionTable table_;
 };
 
 }  // namespace velmora

@@ -3,9 +3,9 @@
 
 #include <string>
 
+#include "alerts/actions/shortage.h"
 #include "alerts/journal/alert_list.h"
 #include "alerts/lists/listed_rows.h"
-#include "alerts/ports.h"
 #include "alerts/system/system_actions.h"
 #include "forms/forms.h"
 #include "platform/host.h"
@@ -20,8 +20,6 @@ struct ActionParts {
     Host& host;
     AlertList& alerts;
     SystemActions& system;
-    WatchSwitch& watchSwitch;
-    NotificationMail& mail;
 
     /// The short row. Read by its index, since handlers run before each action. Error 35600 when
     /// it is gone or another row stands in its place: nothing may be done for a drive that isn't

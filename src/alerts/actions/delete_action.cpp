@@ -2,6 +2,7 @@
 
 #include "alerts/lists/listed_folder.h"
 #include "base/format_number.h"
+#include "base/scope_guard.h"
 #include "base/text.h"
 
 namespace velmora {
@@ -78,13 +79,8 @@ void DeleteAction::deleteFile(Shortage& shortage, int place) {
     shortage.strAlert +=
         pieceEnd + deleted + " Size: " + files.ListItems(place).SubItems(action_column::fileSize);
     // The file has gone: its row goes too when the alert fails, so that nothing is taken for it.
-    try {
-        raiseForRow(parts_, shortage, deleted);
-    } catch (...) {
-        files.Remove(place);
-        throw;
-    }
-    files.Remove(place);
+    const ScopeGuard dropRow([&] { files.Remove(place); });
+    raiseForRow(parts_, shortage, deleted);
 }
 
 }  // namespace velmora

@@ -81,7 +81,6 @@ void SmallActions::runListed(Shortage& shortage) {
 }
 
 void SmallActions::sendMail(Shortage& shortage) {
-    parts_.mail.send();
     raiseNote(parts_, shortage, "Notification Email Sent.");
 }
 
@@ -103,7 +102,7 @@ std::string SmallActions::cleanedDrive(const std::string& path) {
 void SmallActions::pause(Shortage& shortage) {
     raiseNote(parts_, shortage, "Program paused by user option to pause on alert event.");
     parts_.forms.form1.Timer1.setEnabled(false);
-    parts_.watchSwitch.cmdPause_Click();
+    parts_.forms.form1.cmdPause.Click();
 }
 
 }  // namespace velmora

@@ -1,6 +1,7 @@
 #include "alerts/dialog/alert_dialog_hiding.h"
 
 #include "base/convert.h"
+#include "base/scope_guard.h"
 
 namespace velmora {
 
@@ -67,21 +68,15 @@ void AlertDialogHiding::Timer1_Timer() {
 
 void AlertDialogHiding::dismiss() {
     DlgAlert& dialog = forms_.dlgAlert;
-    const auto standReady = [&] {
+    // A file that can't be written now must not be the end of hiding.
+    const ScopeGuard standReady([&] {
         rest();
         dialog.Timer1.setEnabled(true);
-    };
+    });
     dialog.Timer1.setEnabled(false);
     dialog.Hide();
     iDismissCount_ = ticksToDismissal;
-    try {
-        log_.prcSaveLog();
-    } catch (...) {
-        // A file that can't be written now must not be the end of hiding.
-        standReady();
-        throw;
-    }
-    standReady();
+    log_.prcSaveLog();
 }
 
 void AlertDialogHiding::rest() {

@@ -6,7 +6,9 @@ namespace velmora {
 
 namespace {
 
-constexpr int heightWithActions = 8200;  // twips
+// Twips.
+constexpr int fullHeight = 4200;
+constexpr int heightWithActions = 8200;
 
 }  // namespace
 
@@ -18,6 +20,9 @@ AlertDialogWindow::AlertDialogWindow(Forms& forms, WorkArea& workArea)
     // Whatever its caption says.
     dialog.lblAl[alert_button::explorer].Click.connect([&dialog] { dialog.Label1.setText(" . "); });
     dialog.lblAl[alert_button::action].Click.connect([this] { showActions(); });
+    for (MenuItem* item : {&forms_.form1.mnuShowAl, &forms_.form1.mnuShowAlert}) {
+        item->Click.connect([this] { showWhole(); });
+    }
     // The options lie below the rest.
     dialog.Resize.connect(
         [&dialog] { dialog.fraAct.setVisible(dialog.Height() >= heightWithActions); });
@@ -26,6 +31,12 @@ AlertDialogWindow::AlertDialogWindow(Forms& forms, WorkArea& workArea)
 void AlertDialogWindow::show() {
     place();
     forms_.dlgAlert.Show();
+}
+
+// The dialog may have been folded; by menu it comes in its full height.
+void AlertDialogWindow::showWhole() {
+    forms_.dlgAlert.setSize(forms_.dlgAlert.Width(), fullHeight);
+    show();
 }
 
 void AlertDialogWindow::showActions() {

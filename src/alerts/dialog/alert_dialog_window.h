@@ -1,27 +1,28 @@
 // The alert dialog as a window: it comes in the lower right corner of the work area. With it the
-// buttons that change no more than the dialog itself.
+// buttons that change no more than the dialog itself, and the menu items that show it.
 #pragma once
 
-#include "alerts/dialog/alert_dialog.h"
 #include "forms/forms.h"
 #include "platform/work_area.h"
 
 namespace velmora {
 
-class AlertDialogWindow final : public AlertDialog {
+class AlertDialogWindow {
   public:
-    /// Connects "OK", "Clear", "Explorer" and "Action" of the dialog.
+    /// Connects "OK", "Clear", "Explorer" and "Action" of the dialog, and the two menu items.
     AlertDialogWindow(Forms& forms, WorkArea& workArea);
     AlertDialogWindow(const AlertDialogWindow&) = delete;
     AlertDialogWindow& operator=(const AlertDialogWindow&) = delete;
 
-    /// Returns at once: the dialog is not modal.
-    void show() override;
+    /// Places the dialog in the lower right corner of the work area and shows it. Returns at once:
+    /// the dialog is not modal.
+    void show();
     /// Raises the dialog so that the action options come into view, and keeps it in its corner.
     /// Nothing when it is that high already.
     void showActions();
 
   private:
+    void showWhole();
     void place();
 
     Forms& forms_;

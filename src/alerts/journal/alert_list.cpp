@@ -18,7 +18,7 @@ constexpr int text = 2;
 
 }  // namespace
 
-AlertList::AlertList(Forms& forms, Platform& platform, NotifyArea& notifyArea, AlertDialog& dialog)
+AlertList::AlertList(Forms& forms, Platform& platform, NotifyArea& notifyArea)
     : forms_(forms), platform_(platform), notifyArea_(notifyArea) {
     Form1& form1 = forms_.form1;
     form1.UpDown3.Change.connect([this] { UpDown3_Change(); });
@@ -27,16 +27,6 @@ AlertList::AlertList(Forms& forms, Platform& platform, NotifyArea& notifyArea, A
     form1.LVFile.ColumnClick.connect(
         [&form1](int clicked) { prcSortColumn(form1.LVFile, clicked); });
     form1.cmdAddIcon.Click.connect([this] { prcAlertIcon(); });
-    for (MenuItem* item : {&form1.mnuShowAl, &form1.mnuShowAlert}) {
-        item->Click.connect([this, &dialog] { showWhole(dialog); });
-    }
-}
-
-// The dialog may have been folded; by menu it comes in its full height.
-void AlertList::showWhole(AlertDialog& dialog) {
-    constexpr int fullHeight = 4200;  // twips
-    forms_.dlgAlert.setSize(forms_.dlgAlert.Width(), fullHeight);
-    dialog.show();
 }
 
 void AlertList::prcAlertInfo(const std::string& strTime, const std::string& strRating,

@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <string>
 
-#include "alerts/dialog/alert_dialog.h"
 #include "forms/forms.h"
 #include "platform/notify_area.h"
 #include "platform/platform.h"
@@ -32,7 +31,7 @@ inline constexpr AlertFlags checkFlags{1, 1, 0, 0};
 class AlertList {
   public:
     /// Connects its handlers to the forms, which must outlive it like the rest.
-    AlertList(Forms& forms, Platform& platform, NotifyArea& notifyArea, AlertDialog& dialog);
+    AlertList(Forms& forms, Platform& platform, NotifyArea& notifyArea);
     AlertList(const AlertList&) = delete;
     AlertList& operator=(const AlertList&) = delete;
 
@@ -56,7 +55,6 @@ class AlertList {
     Notice<const ListItem&> Raised;
 
   private:
-    void showWhole(AlertDialog& dialog);
     static bool isRepeat(ListItem& row, const std::string& strAlert);
     void count(const std::string& strRating);
     void appendToLog(const ListItem& row, const std::string& strAlert);

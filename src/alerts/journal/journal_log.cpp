@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "alerts/system/question_in_front.h"
 #include "base/convert.h"
-#include "base/resume_next.h"
 #include "base/text.h"
 #include "platform/show_window.h"
 
@@ -89,19 +89,11 @@ void JournalLog::DeleteLog_Click() {
     platform_.files.remove(forms_.form1.lblLog.Caption());
 }
 
-// Whatever becomes of the question, the window goes back to its place.
 bool JournalLog::isAgreed(const std::string& question) {
-    BoxAnswer answer = BoxAnswer::no;
-    try {
-        stayOnTop_.drop();
-        answer = host_.MsgBox(
-            {.text = question, .icon = BoxIcon::question, .buttons = BoxButtons::yesNo});
-    } catch (...) {
-        resumeNext([this] { stayOnTop_.restore(); });
-        throw;
-    }
-    stayOnTop_.restore();
-    return answer == BoxAnswer::yes;
+    return askInFront(
+               stayOnTop_, host_,
+               {.text = question, .icon = BoxIcon::question, .buttons = BoxButtons::yesNo}) ==
+           BoxAnswer::yes;
 }
 
 }  // namespace velmora

@@ -13,7 +13,7 @@
 
 namespace velmora {
 
-class JournalLog final : public ActivityLog {
+class JournalLog {
   public:
     /// Connects the buttons of the log page, and marks the journal as saved up to a length of 0, so
     /// that the first check saves already. The mark, in decimal, is the tag of txtAlert.
@@ -25,7 +25,7 @@ class JournalLog final : public ActivityLog {
     /// mark, and moves the mark. Goes by length alone: a journal that was cleared isn't saved until
     /// it has outgrown the mark. Error 13 for a mark that is no number; on an error of the file
     /// the mark stays, so that nothing is lost. Costs what is new, not what is there.
-    void saveNewEntries() override;
+    void saveNewEntries();
     /// While chkAutoSave is ticked: appends the whole journal, and leaves the mark. Errors of the
     /// file go to the caller.
     void prcSaveLog();

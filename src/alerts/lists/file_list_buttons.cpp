@@ -24,8 +24,9 @@ constexpr const char* watchRuns = "Pause Watch";
 }  // namespace
 
 // Command2 has an empty handler.
-FileListButtons::FileListButtons(Forms& forms, Host& host, FileList& files, AlertPorts ports)
-    : form1_(forms.form1), host_(host), files_(files), ports_(ports) {
+FileListButtons::FileListButtons(Forms& forms, Host& host, FileList& files,
+                                 SystemActions& systemActions)
+    : form1_(forms.form1), host_(host), files_(files), systemActions_(systemActions) {
     for (Label& label : form1_.lblSF) {
         label.Click.connect([this, index = label.Index()] { lblSF_Click(index); });
     }
@@ -65,7 +66,7 @@ void FileListButtons::lblSF_Click(int index) {
 // The watch rests meanwhile, so that no check changes the list behind the open dialog.
 void FileListButtons::addFiles() {
     const bool rests = form1_.cmdPause.Caption() == watchRuns;
-    if (rests) ports_.watchSwitch.cmdPause_Click();
+    if (rests) form1_.cmdPause.Click();
     std::string strFile;
     FileDialog dialog;
     try {
@@ -79,12 +80,12 @@ void FileListButtons::addFiles() {
 
 // The custom watch time may have started it already: the switch would pause it again.
 void FileListButtons::resumeWatch() {
-    if (form1_.cmdPause.Caption() != watchRuns) ports_.watchSwitch.cmdPause_Click();
+    if (form1_.cmdPause.Caption() != watchRuns) form1_.cmdPause.Click();
 }
 
 void FileListButtons::showAttributes() {
     const ListItem* row = form1_.LVFile.SelectedItem();
-    if (row != nullptr) ports_.properties.prcShowProperties(row->Tag(), form1_.Name());
+    if (row != nullptr) systemActions_.prcShowProperties(row->Tag(), form1_.Name());
 }
 
 void FileListButtons::drop(const std::vector<std::string>& paths) {

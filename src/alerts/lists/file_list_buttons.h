@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "alerts/lists/file_list.h"
-#include "alerts/ports.h"
+#include "alerts/system/system_actions.h"
 #include "forms/forms.h"
 
 namespace velmora {
@@ -13,8 +13,9 @@ namespace velmora {
 class FileListButtons {
   public:
     /// Connects its handlers to the forms, which must outlive it like the rest. Moving and deleting
-    /// go through the buttons cmdMove, cmdMoveAll, cmdDelete and cmdDeleteAll.
-    FileListButtons(Forms& forms, Host& host, FileList& files, AlertPorts ports);
+    /// go through the buttons cmdMove, cmdMoveAll, cmdDelete and cmdDeleteAll, pausing the watch
+    /// through cmdPause.
+    FileListButtons(Forms& forms, Host& host, FileList& files, SystemActions& systemActions);
     FileListButtons(const FileListButtons&) = delete;
     FileListButtons& operator=(const FileListButtons&) = delete;
 
@@ -29,7 +30,7 @@ class FileListButtons {
     Form1& form1_;
     Host& host_;
     FileList& files_;
-    AlertPorts ports_;
+    SystemActions& systemActions_;
 };
 
 }  // namespace velmora

@@ -31,7 +31,7 @@ void ManualOperations::cmdDelete_Click() {
     removeRow(*subject);
     report(text);
     // Shows the effect at once.
-    ports_.checkTick.Timer1_Timer();
+    form1_.Timer1.Tick();
 }
 
 // Deletes what the path names and tells what became of it.

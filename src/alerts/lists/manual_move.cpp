@@ -51,7 +51,7 @@ void ManualOperations::moveSelected(int expected) {
 std::optional<std::string> ManualOperations::askDestination() {
     const std::string specified = withoutLineEnds(form1_.txtDrive.Text());
     const BoxAnswer answer =
-        askInFront(ports_.stayOnTop, host_,
+        askInFront(stayOnTop_, host_,
                    {.text = "Move Selected File(s) to Specified Path: " + specified +
                             " ? click no to select another path",
                     .icon = BoxIcon::question,

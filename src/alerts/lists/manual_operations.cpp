@@ -9,7 +9,7 @@
 
 namespace velmora {
 
-ManualOperations::ManualOperations(ManualParts parts, AlertPorts ports)
+ManualOperations::ManualOperations(ManualParts parts)
     : forms_(parts.forms),
       form1_(parts.forms.form1),
       list_(parts.forms.form1.LVFile),
@@ -17,7 +17,8 @@ ManualOperations::ManualOperations(ManualParts parts, AlertPorts ports)
       host_(parts.host),
       alerts_(parts.alerts),
       systemActions_(parts.systemActions),
-      ports_(ports) {
+      alertDialog_(parts.alertDialog),
+      stayOnTop_(parts.stayOnTop) {
     form1_.cmdFolder.Click.connect([this] { cmdFolder_Click(); });
     form1_.cmdMove.Click.connect([this] { cmdMove_Click(); });
     form1_.cmdMoveAll.Click.connect([this] { cmdMoveAll_Click(); });
@@ -66,7 +67,7 @@ void ManualOperations::report(const std::string& text) {
     const std::string entry = line + " . " + end;
     form1_.txtAlert.prepend(entry);
     dialogText.prepend(entry);
-    ports_.alertDialog.show();
+    alertDialog_.show();
 }
 
 }  // namespace velmora

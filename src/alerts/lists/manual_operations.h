@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "alerts/dialog/alert_dialog_window.h"
 #include "alerts/journal/alert_list.h"
 #include "alerts/lists/listed_rows.h"
 #include "alerts/ports.h"
@@ -23,6 +24,8 @@ struct ManualParts {
     Host& host;
     AlertList& alerts;
     SystemActions& systemActions;
+    AlertDialogWindow& alertDialog;
+    StayOnTop& stayOnTop;
 };
 
 /// An operation on a file reports by alert list, journal and alert dialog, and goes on when the log
@@ -30,7 +33,7 @@ struct ManualParts {
 class ManualOperations {
   public:
     /// Connects its handlers to the forms, which must outlive it like the rest.
-    ManualOperations(ManualParts parts, AlertPorts ports);
+    explicit ManualOperations(ManualParts parts);
     ManualOperations(const ManualOperations&) = delete;
     ManualOperations& operator=(const ManualOperations&) = delete;
 
@@ -75,7 +78,8 @@ class ManualOperations {
     Host& host_;
     AlertList& alerts_;
     SystemActions& systemActions_;
-    AlertPorts ports_;
+    AlertDialogWindow& alertDialog_;
+    StayOnTop& stayOnTop_;
 };
 
 }  // namespace velmora

@@ -13,6 +13,9 @@ constexpr int noConfirmation = 1;
 constexpr int noProgress = 2;
 constexpr int noSound = 4;
 
+// The record's flags: the verb acts on an item list, with the window's own messages.
+constexpr std::uint32_t propertiesMask = 1100;
+
 // An existing file as a command line: a blank in its path must not end the program's name.
 std::string asCommand(const std::string& file) {
     return contains(file, " ") ? "\"" + file + "\"" : file;
@@ -101,6 +104,11 @@ std::string SystemActions::prcRunListedProg() {
         account.append(lineEnd).append(entry).append(lineEnd);
     }
     return account;
+}
+
+void SystemActions::prcShowProperties(const std::string& path, const std::string& owner) {
+    platform_.shell32.ShellExecuteEx(
+        {.mask = propertiesMask, .owner = owner, .verb = "properties", .file = path});
 }
 
 }  // namespace velmora

@@ -1,5 +1,5 @@
 // Thin wrappers through which the program asks the system for maintenance: emptying the recycle
-// bin and feeding it, the disk cleaner, sounds.
+// bin and feeding it, the disk cleaner, sounds, properties sheets.
 #pragma once
 
 #include <cstdint>
@@ -37,6 +37,8 @@ class SystemActions {
     /// it: a note and the entry's name in lines of their own. What isn't there is noted and passed
     /// over; an error of starting one goes to the caller and leaves the rest unstarted.
     std::string prcRunListedProg();
+    /// The system's properties sheet of a file, owned by the window of that form.
+    void prcShowProperties(const std::string& path, const std::string& owner);
 
   private:
     bool isPattern(const std::string& path);

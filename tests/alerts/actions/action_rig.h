@@ -17,26 +17,6 @@
 namespace velmora::tests {
 
 struct ActionRig {
-    struct Dialog : AlertDialog {
-        void show() override { ++shown; }
-        int shown = 0;
-    };
-    struct Switch : WatchSwitch {
-        explicit Switch(ActionRig& rig) : rig_(rig) {}
-        void cmdPause_Click() override {
-            rig_.done.push_back(rig_.form1.Timer1.Enabled() ? "pause, running" : "pause, stopped");
-        }
-        ActionRig& rig_;
-    };
-    struct Mail : NotificationMail {
-        explicit Mail(ActionRig& rig) : rig_(rig) {}
-        void send() override {
-            rig_.done.push_back("send");
-            if (rig_.mailError != 0) throw RuntimeError(rig_.mailError);
-        }
-        ActionRig& rig_;
-    };
-
     static constexpr double KB = 1024;
     static constexpr const char* minutes = "20260314 15:09";
     static constexpr const char* dateTime = "03/14/26 15:09:26";
@@ -50,22 +30,15 @@ struct ActionRig {
     Form1& form1 = forms.form1;
     ListView& list = forms.form1.ListView1;
     ListView& files = forms.form1.LVFile;
-    Dialog dialog;
-    AlertList alerts{forms, machine.platform(), notifyArea, dialog};
+    AlertList alerts{forms, machine.platform(), notifyArea};
     SystemActions system{forms, machine.platform(), user32};
-    Switch watchSwitch{*this};
-    Mail mail{*this};
-    IdleAlertPorts idle;
-    Actions actions{forms,
-                    machine.platform(),
-                    host,
-                    alerts,
-                    system,
-                    {watchSwitch, idle.stayOnTop, idle.checkTick, mail, idle.properties,
-                     idle.translucency, dialog}};
+    Actions actions{{.forms = forms,
+                     .platform = machine.platform(),
+                     .host = host,
+                     .alerts = alerts,
+                     .system = system}};
     FileActions& fileActions = actions.fileActions();
-    std::vector<std::string> done;  ///< what the ports were asked
-    int mailError = 0;
+    std::vector<std::string> done;  ///< clicks on the button that starts and pauses the watch
     std::unique_ptr<Drive> drive;
     std::unique_ptr<Shortage> shortage;
 
@@ -77,6 +50,9 @@ struct ActionRig {
         form1.txtDrive.setText("D:\\store\\old");
         form1.txtSpace.setText("5000");
         forms.globals.bChecking = true;
+        form1.cmdPause.Click.connect([this] {
+            done.push_back(form1.Timer1.Enabled() ? "pause, running" : "pause, stopped");
+        });
         shortOf(1);
     }
 
@@ -121,7 +97,7 @@ struct ActionRig {
     /// As the box beside the list holds entries; the action that moves goes by it.
     void selectFiles() { form1.cboFile.AddItem("any"); }
 
-    void run(int action) { actions.run(action, *shortage); }
+    void run(int action) { actions.table().run(action, *shortage); }
     /// The error's number; 0 for none.
     int errorOf(int action) {
         try {

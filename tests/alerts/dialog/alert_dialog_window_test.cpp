@@ -56,15 +56,19 @@ TEST(AlertDialogWindow, ASurfaceWithoutAScreenHasASmallOne) {
 
 TEST(AlertDialogWindow, TheMenuItemsBringItInItsFullHeight) {
     for (const bool tray : {true, false}) {
-        AlertRig rig;
+        Forms forms;
         Screen screen;
-        AlertDialogWindow window{rig.forms, screen};
-        AlertList alerts{rig.forms, rig.machine.platform(), rig.notifyArea, window};
-        rig.forms.dlgAlert.setSize(5000, 7000);
-        (tray ? rig.form1.mnuShowAl : rig.form1.mnuShowAlert).userClick();
-        EXPECT_EQ(rig.forms.dlgAlert.Height(), 4200);
-        EXPECT_EQ(rig.forms.dlgAlert.Width(), 5000);
-        EXPECT_EQ(rig.forms.dlgAlert.Top(), 15000 - 4200);
+        AlertDialogWindow window{forms, screen};
+        forms.dlgAlert.setSize(5000, 7000);
+        int shown = 0;
+        forms.dlgAlert.Raised.connect([&] { ++shown; });
+        (tray ? forms.form1.mnuShowAl : forms.form1.mnuShowAlert).userClick();
+        EXPECT_EQ(shown, 1);
+        EXPECT_TRUE(forms.dlgAlert.Visible());
+        EXPECT_EQ(forms.dlgAlert.Height(), 4200);
+        EXPECT_EQ(forms.dlgAlert.Width(), 5000);
+        EXPECT_EQ(forms.dlgAlert.Top(), 15000 - 4200);
+        EXPECT_EQ(forms.form1.LVAlert.Count(), 0);
     }
 }
 

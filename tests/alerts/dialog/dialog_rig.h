@@ -11,6 +11,7 @@
 #include "alerts/dialog/alert_dialog_options.h"
 #include "alerts/dialog/alert_dialog_window.h"
 #include "base/errors.h"
+#include "fake/alert_ports.h"
 #include "fake/fake_host.h"
 #include "fake/fake_machine.h"
 
@@ -21,20 +22,12 @@ struct DialogRig {
         int Width() override { return 20000; }
         int Height() override { return 15000; }
     };
-    /// Notes the form and the level.
-    struct Glass : Translucency {
-        bool SetTranslucency(const Form& form, int percent) override {
-            levels.emplace_back(form.Name(), percent);
-            return true;
-        }
-        std::vector<std::pair<std::string, int>> levels;
-    };
-
     fake::FakeMachine machine;
     fake::FakeHost host;
-    StayOnTop onTop;
+    std::vector<std::string> steps;
+    fake::RecordedStayOnTop onTop{steps};
     Screen screen;
-    Glass glass;
+    fake::RecordedTranslucency glass;
     Forms forms;
     Form1& form1 = forms.form1;
     DlgAlert& dialog = forms.dlgAlert;

@@ -280,15 +280,6 @@ TEST(AlertList, TheAlertIconIsAddedToTheTray) {
     EXPECT_EQ(data.icon, "tray 1");
 }
 
-TEST(AlertList, BothMenuItemsOpenTheDialog) {
-    AlertRig rig;
-    rig.form1.mnuShowAl.Click();
-    EXPECT_EQ(rig.dialog.shown, 1);
-    rig.form1.mnuShowAlert.Click();
-    EXPECT_EQ(rig.dialog.shown, 2);
-    EXPECT_EQ(rig.list.Count(), 0);
-}
-
 TEST(ListSorting, TheSpecifiedFilesSortByTheSameRoutine) {
     AlertRig rig;
     rig.form1.LVFile.Add("a");

@@ -10,6 +10,7 @@
 #include "alerts/journal/journal_log.h"
 #include "base/errors.h"
 #include "base/text.h"
+#include "fake/alert_ports.h"
 #include "fake/fake_host.h"
 #include "fake/fake_machine.h"
 
@@ -18,22 +19,10 @@ namespace velmora::tests {
 struct LogRig {
     using Steps = std::vector<std::string>;
 
-    /// The main window's staying in front.
-    struct OnTop : StayOnTop {
-        explicit OnTop(Steps& all) : steps(all) {}
-        void drop() override {
-            steps.push_back("drop");
-            if (failsToDrop) throw RuntimeError(error::invalidCall);
-        }
-        void restore() override { steps.push_back("restore"); }
-        Steps& steps;
-        bool failsToDrop = false;
-    };
-
     Steps steps;  ///< boxes, calls of the machine and the main window's dropping and coming back
     fake::FakeMachine machine;
     fake::FakeHost host;
-    OnTop onTop{steps};
+    fake::RecordedStayOnTop onTop{steps};
     Forms forms;
     Form1& form1 = forms.form1;
     TextBox& journal = forms.form1.txtAlert;

@@ -120,7 +120,12 @@ TEST_F(FileButtonsTest, AttributesOpenThePropertiesOfTheSelectedRow) {
     list.userSelect({2});
     click(8);
     form1.mnuFileAttr.userClick();
-    EXPECT_EQ(order, Texts(2, "properties of C:\\b by Form1"));
+    ASSERT_EQ(machine.executed.size(), 2u);
+    for (const ShellExecuteInfo& sheet : machine.executed) {
+        EXPECT_EQ(sheet.verb, "properties");
+        EXPECT_EQ(sheet.file, "C:\\b");
+        EXPECT_EQ(sheet.owner, "Form1");
+    }
 }
 
 TEST_F(FileButtonsTest, AttributesWithNoSelectionDoNothing) {

@@ -11,66 +11,38 @@
 #include "alerts/lists/manual_operations.h"
 #include "alerts/lists/program_list.h"
 #include "base/text.h"
+#include "fake/alert_ports.h"
 #include "fake/fake_surface.h"
 
 namespace velmora::tests {
 
 struct ListsRig {
-    struct Switch : WatchSwitch {
-        explicit Switch(ListsRig& all) : all_(all) {}
-        void cmdPause_Click() override {
-            CommandButton& button = all_.form1.cmdPause;
-            button.setCaption(button.Caption() == "Pause Watch" ? "Start Watch" : "Pause Watch");
-            all_.order.push_back("watch: " + button.Caption());
-        }
-        ListsRig& all_;
-    };
-    struct OnTop : StayOnTop {
-        explicit OnTop(ListsRig& all) : all_(all) {}
-        void drop() override { all_.order.push_back("drop"); }
-        void restore() override { all_.order.push_back("restore"); }
-        ListsRig& all_;
-    };
-    struct Check : CheckTick {
-        explicit Check(ListsRig& all) : all_(all) {}
-        void Timer1_Timer() override { all_.order.push_back("tick"); }
-        ListsRig& all_;
-    };
-    struct Properties : FileProperties {
-        explicit Properties(ListsRig& all) : all_(all) {}
-        void prcShowProperties(const std::string& path, const std::string& owner) override {
-            all_.order.push_back("properties of " + path + " by " + owner);
-        }
-        ListsRig& all_;
-    };
-    struct Dialog : AlertDialog {
-        explicit Dialog(ListsRig& all) : all_(all) {}
-        void show() override { all_.order.push_back("dialog shown"); }
-        ListsRig& all_;
-    };
-
     fake::FakeMachine machine;
     fake::FakeHost host;
     fake::FakeNotifyArea notifyArea;
     fake::FakeUser32 user32;
-    /// What the ports, the boxes and the machine were asked, in order.
+    /// What happened, in order: calls of the machine, boxes, ticks of the check, starts and pauses
+    /// of the watch, showings of the alert dialog, and the main window's staying in front.
     std::vector<std::string> order;
-    Switch watchSwitch{*this};
-    OnTop onTop{*this};
-    Check check{*this};
-    Properties sheets{*this};
-    Dialog dialog{*this};
-    IdleAlertPorts idle;
+    fake::RecordedStayOnTop onTop{order};
+    WorkArea screen;
     Forms forms;
     Form1& form1 = forms.form1;
     ListView& list = forms.form1.LVFile;
     ListView& programRows = forms.form1.LVProg;
-    AlertList alerts{forms, machine.platform(), notifyArea, dialog};
+    AlertList alerts{forms, machine.platform(), notifyArea};
     SystemActions systemActions{forms, machine.platform(), user32};
     FileList files{machine.platform(), host};
-    FileListButtons buttons{forms, host, files, ports()};
+    FileListButtons buttons{forms, host, files, systemActions};
     ProgramList programs{forms, machine.platform(), host};
-    ManualOperations manual{{forms, machine.platform(), host, alerts, systemActions}, ports()};
+    AlertDialogWindow dialog{forms, screen};
+    ManualOperations manual{{.forms = forms,
+                             .platform = machine.platform(),
+                             .host = host,
+                             .alerts = alerts,
+                             .systemActions = systemActions,
+                             .alertDialog = dialog,
+                             .stayOnTop = onTop}};
 
     ListsRig() {
         machine.drives["C:"] = {1e9, 2e9};
@@ -78,14 +50,16 @@ struct ListsRig {
         machine.folders.insert("c:\\data");
         machine.folders.insert("e:\\spare");
         form1.txtDrive.setText("E:\\spare\\");
+        form1.cmdPause.Click.connect([this] {
+            CommandButton& button = form1.cmdPause;
+            button.setCaption(button.Caption() == "Pause Watch" ? "Start Watch" : "Pause Watch");
+            order.push_back("watch: " + button.Caption());
+        });
+        form1.Timer1.Tick.connect([this] { order.push_back("tick"); });
+        forms.dlgAlert.Raised.connect([this] { order.push_back("dialog shown"); });
         machine.onCall = [this](const std::string& call) { order.push_back(call); };
         host.onBox = [this](const Box& box) { order.push_back("box: " + box.text); };
         host.onDialog = [this](const std::string& title) { order.push_back("browse: " + title); };
-    }
-
-    AlertPorts ports() {
-        AlertPorts all = idle.all();
-        return {watchSwitch, onTop, check, all.mail, sheets, all.translucency, dialog};
     }
 
     /// A file of that many bytes.

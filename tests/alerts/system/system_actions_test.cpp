@@ -1,4 +1,4 @@
-// Emptying the recycle bin and feeding it, the disk cleaner, sounds, listed programs.
+// Emptying the recycle bin and feeding it, the disk cleaner, sounds, listed programs, properties.
 #include "alerts/system/system_actions.h"
 
 #include <gtest/gtest.h>
@@ -239,6 +239,20 @@ TEST_F(ListedPrograms, AFailureGoesToTheCallerAndNoProgramBehindItIsStarted) {
         EXPECT_EQ(machine.started.size(), startedBefore[n - 1]) << n;
         EXPECT_EQ(machine.log.count(), n);
     }
+}
+
+TEST_F(SystemActionsTest, PropertiesOpenTheSystemsSheetForTheOwner) {
+    actions.prcShowProperties("C:\\data\\file", "Form1");
+    ASSERT_EQ(machine.executed.size(), 1u);
+    EXPECT_EQ(machine.executed[0].mask, 1100u);
+    EXPECT_EQ(machine.executed[0].owner, "Form1");
+    EXPECT_EQ(machine.executed[0].verb, "properties");
+    EXPECT_EQ(machine.executed[0].file, "C:\\data\\file");
+}
+
+TEST_F(SystemActionsTest, ASheetThatTheSystemRefusesIsPassedOver) {
+    machine.executes = false;
+    EXPECT_NO_THROW(actions.prcShowProperties("C:\\data\\file", "Form1"));
 }
 
 }  // namespace

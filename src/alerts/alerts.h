@@ -1,0 +1,66 @@
+// The alerts as one part of the program: the alert list and its dialog, the journal, the actions on
+// a shortage, and the lists of files and programs they work on.
+#pragma once
+
+#include <optional>
+
+#include "alerts/actions/action_branch.h"
+#include "alerts/actions/action_list_rules.h"
+#include "alerts/dialog/alert_dialog_hiding.h"
+#include "alerts/dialog/alert_dialog_options.h"
+#include "alerts/dialog/alert_dialog_window.h"
+#include "alerts/journal/alert_list.h"
+#include "alerts/journal/journal_log.h"
+#include "alerts/lists/file_list.h"
+#include "alerts/lists/file_list_buttons.h"
+#include "alerts/lists/manual_operations.h"
+#include "alerts/lists/program_list.h"
+#include "alerts/ports.h"
+#include "alerts/system/sound_buttons.h"
+#include "alerts/system/system_actions.h"
+#include "platform/surface.h"
+
+namespace velmora {
+
+class Alerts {
+  public:
+    /// What the main window's side provides.
+    struct Window {
+        StayOnTop& stayOnTop;
+        Translucency& translucency;
+    };
+
+    /// Connects the handlers to the forms. All of the arguments must outlive it.
+    Alerts(Forms& forms, Platform& platform, const Surface& surface, Window window);
+
+    AlertList& list() { return list_; }
+    AlertDialogWindow& dialog() { return dialog_; }
+    JournalLog& log() { return log_; }
+    SystemActions& systemActions() { return systemActions_; }
+    const ActionTable& actions() const { return actions_.table(); }
+    FileList& files() { return files_; }
+
+    /// Once the running state stands: sounds get their defaults, and the rules of the list of
+    /// actions begin. They are for the hand: ticks out of the settings were taken once already,
+    /// and a start must not wait for an answer.
+    void handOver();
+
+  private:
+    Forms& forms_;
+    Host& host_;
+    AlertList list_;
+    AlertDialogWindow dialog_;
+    SystemActions systemActions_;
+    JournalLog log_;
+    SoundButtons soundButtons_;
+    AlertDialogHiding dialogHiding_;
+    AlertDialogOptions dialogOptions_;
+    FileList files_;
+    FileListButtons fileButtons_;
+    ProgramList programs_;
+    ManualOperations manualOperations_;
+    Actions actions_;
+    std::optional<ActionListRules> actionListRules_;
+};
+
+}  // namespace velmora

@@ -1,0 +1,21 @@
+// The drive inspection as one part of the program.
+#pragma once
+
+#include "inspect/ports.h"
+#include "inspect/wait_test.h"
+
+namespace velmora {
+
+class Inspect {
+  public:
+    /// Connects the handlers to the forms. All of the arguments must outlive it.
+    Inspect(Forms& forms, Platform& platform, Host& host, AlertSink& alerts)
+        : waitTest_(forms, platform, host, alerts) {}
+
+    WaitTest& waitTest() { return waitTest_; }
+
+  private:
+    WaitTest waitTest_;
+};
+
+}  // namespace velmora
