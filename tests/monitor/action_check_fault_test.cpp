@@ -1,4 +1,4 @@
-// Errors and removed rows in the middle of a real action: how the check ends, and what is left.
+// Errors and removed rows during a real action: how the check ends, and what is left.
 #include "monitor/action_check_rig.h"
 
 namespace velmora::tests {
@@ -6,7 +6,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-TEST(ActionCheckFault, ARemovedFolderRunsTheDeletionOutOfTheListWhichEndsThePass) {
+TEST(ActionCheckFault, ARemovedFolderMakesTheDeletionPassTheEndOfTheListWhichEndsThePass) {
     ActionCheckRig rig;
     rig.tickAction(act::remove);
     rig.machine.folders.insert("c:\\old");
@@ -29,7 +29,7 @@ TEST(ActionCheckFault, ARemovedFolderRunsTheDeletionOutOfTheListWhichEndsThePass
     EXPECT_EQ(rig.listed(), "");
 }
 
-TEST(ActionCheckFault, AFileThatCantBeDeletedIsToldAndTheCheckWaitsOn) {
+TEST(ActionCheckFault, AFileThatCantBeDeletedIsReportedAndTheCheckWaits) {
     ActionCheckRig rig;
     rig.tickAction(act::remove);
     rig.listFile("C:\\1");
@@ -72,7 +72,7 @@ TEST(ActionCheckFault, RecyclingTheOnlyFileEndsThePassAfterItWasSent) {
     EXPECT_EQ(rig.listed(), "");
 }
 
-TEST(ActionCheckFault, AutoMoveEndsInATypeMismatchAndTheCheckWaitsOn) {
+TEST(ActionCheckFault, AutoMoveEndsInATypeMismatchAndTheCheckWaits) {
     ActionCheckRig rig;
     rig.watch("D:\\", 1'000'000);
     rig.watchList.RefreshDriveExisting();
@@ -88,7 +88,7 @@ TEST(ActionCheckFault, AutoMoveEndsInATypeMismatchAndTheCheckWaitsOn) {
     EXPECT_EQ(rig.at(2).lastChecked(), "");
 }
 
-TEST(ActionCheckFault, AutoMoveWithAnIntervalOfNothingEndsInTheErrorLimit) {
+TEST(ActionCheckFault, AutoMoveWithAnIntervalOfZeroEndsInTheErrorLimit) {
     ActionCheckRig rig;
     rig.watch("D:\\", 1'000'000);
     rig.watchList.RefreshDriveExisting();

@@ -1,5 +1,5 @@
-// Whole checks with the real actions: from the shortage by its alert and the action to the rule of
-// the alert dialog.
+// Whole checks with the real actions: the shortage, its alert, the action, and whether the alert
+// dialog opens.
 #include "monitor/action_check_rig.h"
 
 namespace velmora::tests {
@@ -64,7 +64,7 @@ TEST(ActionCheck, AVanishedFileKeepsItsRowAndIsReportedAtEveryCheck) {
     rig.check();
     EXPECT_EQ(rig.alertCount(), 2);
     rig.check();
-    // The same shortage isn't told again, the failure is.
+    // The same shortage isn't reported again, the failure is.
     EXPECT_EQ(rig.alertCount(), 3);
     EXPECT_EQ(rig.alert(1),
               inMinutes("Medium", shortOfC + "Failed Moved File; file does not exist: "
@@ -72,7 +72,7 @@ TEST(ActionCheck, AVanishedFileKeepsItsRowAndIsReportedAtEveryCheck) {
     EXPECT_EQ(rig.listed(), "C:\\gone");
 }
 
-TEST(ActionCheck, ThreeListedFilesAreDeletedOneACheckTheFirstRowFirst) {
+TEST(ActionCheck, EachCheckDeletesOneOfThreeListedFilesFirstRowFirst) {
     ActionCheckRig rig;
     rig.tickAction(act::remove);
     for (const char* path : {"C:\\1", "C:\\2", "C:\\3"}) rig.listFile(path);
@@ -84,17 +84,17 @@ TEST(ActionCheck, ThreeListedFilesAreDeletedOneACheckTheFirstRowFirst) {
     EXPECT_EQ(rig.alertTexts(),
               (Texts{"Auto Deleted Specified File: C:\\3", "Auto Deleted Specified File: C:\\2",
                      "Auto Deleted Specified File: C:\\1", shortOfC}));
-    // Each deletion has left new text.
+    // Each deletion has added new text.
     EXPECT_EQ(rig.dialogs(), 3);
 }
 
-TEST(ActionCheck, ADeletionFollowedByTheAlertsOfOthersKeepsTheTextForTheDialog) {
+TEST(ActionCheck, TheTextOfADeletionIsStillNewAfterTheNextAction) {
     ActionCheckRig rig;
     rig.tickAction(act::remove);
     rig.tickAction(act::emptyBin);
     rig.listFile("C:\\1");
     rig.check();
-    // Once behind each entry, since the text lives through all of them.
+    // Once after each entry, since the text is kept until the last one.
     EXPECT_EQ(rig.dialogs(), 2);
 }
 
@@ -122,7 +122,7 @@ TEST(ActionCheck, ARowOnASubFolderMatchesNoListedFile) {
     }
 }
 
-TEST(ActionCheck, ListedProgramsAreToldInTheDialog) {
+TEST(ActionCheck, ListedProgramsAreReportedInTheDialog) {
     ActionCheckRig rig;
     rig.tickAction(act::run);
     rig.listFile("D:\\a.exe");
@@ -160,7 +160,7 @@ TEST(ActionCheck, EveryTickedActionRunsAgainAtEachCheckWhileTheShortageLasts) {
     EXPECT_EQ(rig.at(1).stateIcon(), "ok");
 }
 
-TEST(ActionCheck, PausingLetsTheRowsBehindRunAndTheLastWordLieWithTheClosing) {
+TEST(ActionCheck, APauseLetsTheNextRowsRunAndIsUndoneByTheClosing) {
     ActionCheckRig rig;
     rig.watch("E:\\", 7);
     rig.form1.cmdPause.setCaption("Pause Watch");

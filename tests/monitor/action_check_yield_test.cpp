@@ -1,5 +1,5 @@
-// Other handlers run in front of each action: whatever they do to the watch list, nothing happens
-// to a drive that isn't short.
+// Other handlers run before each action. Whatever they do to the watch list, nothing happens to a
+// drive that isn't short.
 #include <functional>
 
 #include "monitor/action_check_rig.h"
@@ -8,7 +8,7 @@ namespace velmora::tests {
 namespace {
 
 // C: and F: have room, E: is short; a file is listed on each. `disturb` runs once, at the first
-// yield after the shortage was told.
+// yield after the shortage was reported.
 struct DisturbedActions : ActionCheckRig {
     explicit DisturbedActions(int action) {
         drive("C:", 5000, 1'000'000);
@@ -46,25 +46,25 @@ struct DisturbedActions : ActionCheckRig {
     }
 };
 
-TEST(ActionCheckYield, ASortDuringTheYieldDeletesNothingOfAnotherDrive) {
+TEST(ActionCheckYield, ASortDuringTheYieldDeletesNoFileOfAnotherDrive) {
     DisturbedActions rig(act::remove);
     rig.checkWithSort();
     rig.expectNothingDone();
 }
 
-TEST(ActionCheckYield, ARowRemovedDuringTheYieldDeletesNothingOfAnotherDrive) {
+TEST(ActionCheckYield, ARowRemovedDuringTheYieldDeletesNoFileOfAnotherDrive) {
     DisturbedActions rig(act::remove);
     rig.checkWithRemovedRow();
     rig.expectNothingDone();
 }
 
-TEST(ActionCheckYield, ASortDuringTheYieldMovesNothingOfAnotherDrive) {
+TEST(ActionCheckYield, ASortDuringTheYieldMovesNoFileOfAnotherDrive) {
     DisturbedActions rig(act::move);
     rig.checkWithSort();
     rig.expectNothingDone();
 }
 
-TEST(ActionCheckYield, ARowRemovedDuringTheYieldMovesNothingOfAnotherDrive) {
+TEST(ActionCheckYield, ARowRemovedDuringTheYieldMovesNoFileOfAnotherDrive) {
     DisturbedActions rig(act::move);
     rig.checkWithRemovedRow();
     rig.expectNothingDone();
@@ -90,7 +90,7 @@ TEST(ActionCheckYield, TheRowInThePlaceOfTheShortOneShowsNoShortage) {
     EXPECT_EQ(rig.timesChecked(), 1);
 }
 
-TEST(ActionCheckYield, WithoutADisturbanceTheShortDrivesFileGoes) {
+TEST(ActionCheckYield, WithoutADisturbanceTheFileOfTheShortDriveIsDeleted) {
     DisturbedActions rig(act::remove);
     rig.checkWith([] {});
     EXPECT_EQ(rig.listed(), "C:\\keep F:\\keep");

@@ -64,14 +64,14 @@ TEST_F(AddPathTest, ATimerThatWasOffRunsAfterwards) {
     EXPECT_TRUE(timerRuns());
 }
 
-TEST_F(AddPathTest, RoundsSizesWithTiesAway) {
+TEST_F(AddPathTest, RoundsSizesWithTiesAwayFromZero) {
     rig.machine.drives["C:"] = {1536, 2560};
     add("C:\\");
     EXPECT_EQ(row().freeSpace(), "2 KB");
     EXPECT_EQ(row().totalSize(), "3 KB");
 }
 
-TEST_F(AddPathTest, ANotReadyDriveIsToldWithAFullStop) {
+TEST_F(AddPathTest, TheTextOfANotReadyDriveEndsInAFullStop) {
     rig.machine.drives["D:"] = {.ready = false};
     add("D:\\data");
     EXPECT_EQ(row().freeSpace(), "N/A, drive not ready.");
@@ -79,7 +79,7 @@ TEST_F(AddPathTest, ANotReadyDriveIsToldWithAFullStop) {
     EXPECT_TRUE(timerRuns());
 }
 
-TEST_F(AddPathTest, AMissingPathIsToldAndStays) {
+TEST_F(AddPathTest, AMissingPathIsReportedAndStaysListed) {
     add("X:\\gone");
     ASSERT_EQ(rig.host.boxes.size(), 1u);
     EXPECT_EQ(rig.host.boxes[0].text,
@@ -93,7 +93,7 @@ TEST_F(AddPathTest, AMissingPathIsToldAndStays) {
     EXPECT_EQ(rig.alertTexts().size(), 0u);
 }
 
-TEST_F(AddPathTest, AFolderWithoutAKnownDriveHasNoReadinessAndEndsWithAnAlert) {
+TEST_F(AddPathTest, AFolderWithoutAKnownDriveCantBeReadyAndEndsWithAnAlert) {
     rig.machine.folders.insert("\\\\host\\share\\data");
     add("\\\\host\\share\\data");
     EXPECT_EQ(rig.machine.log.calls(),
@@ -109,7 +109,7 @@ TEST_F(AddPathTest, AFolderWithoutAKnownDriveHasNoReadinessAndEndsWithAnAlert) {
     EXPECT_FALSE(timerRuns());
 }
 
-TEST_F(AddPathTest, AFolderThatGoesUnderTheHandEndsWithAnAlert) {
+TEST_F(AddPathTest, AFolderThatDisappearsMeanwhileEndsWithAnAlert) {
     rig.machine.folders.insert("\\\\host\\share\\data");
     rig.machine.onCall = [this](const std::string& call) {
         if (call.compare(0, 9, "GetFolder") == 0) rig.machine.folders.clear();
@@ -156,7 +156,7 @@ TEST_F(AddPathTest, TakesAnyNameAsItIs) {
     }
 }
 
-TEST_F(AddPathTest, NonsenseIsAMissingPath) {
+TEST_F(AddPathTest, ATextThatIsNoPathIsAMissingPath) {
     for (const char* name : {" ", "?", "C", ":", "\\", "\\\\\\", "data"}) {
         rig.clearRecords();
         add(name);

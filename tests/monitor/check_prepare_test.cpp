@@ -4,7 +4,7 @@
 namespace velmora::tests {
 namespace {
 
-// What stands in the fields at the first yield of a check.
+// The content of the fields at the first yield of a check.
 struct AtFirstRow {
     StatusBar::Panel panel;
     ToolBar::Button button;
@@ -33,7 +33,7 @@ TEST(CheckPrepare, TheFirstToolBarButtonPauses) {
     EXPECT_EQ(seen.button.Image, 2);
 }
 
-TEST(CheckPrepare, TheFirstPanelTellsOfTheCheckWithItsPicture) {
+TEST(CheckPrepare, TheFirstPanelShowsTheCheckWithItsPicture) {
     CheckRig rig;
     const auto seen = look(rig);
     EXPECT_EQ(seen.panel.Text, "Checking...");
@@ -117,7 +117,7 @@ TEST(CheckPrepare, TheGreatestThirtyTwoBitMinimumSpaceIsCompared) {
     EXPECT_EQ(rig.at(2).stateIcon(), "alert");
 }
 
-TEST(CheckPrepare, AnIntervalOfSixtyEightSecondsIsToldAsItIs) {
+TEST(CheckPrepare, AnIntervalOfSixtyEightSecondsIsShownUnchanged) {
     CheckRig rig;
     rig.check();
     rig.setInterval(0, 1, 8);
@@ -129,7 +129,7 @@ TEST(CheckPrepare, AnIntervalOfSixtyEightSecondsIsToldAsItIs) {
     EXPECT_EQ(rig.panel(1), "Ready. Check in 68 (sec.)");
 }
 
-TEST(CheckPrepare, AnIntervalFromSixtyNineSecondsOnIsToldAsSixtyFiveUntilTheNextTick) {
+TEST(CheckPrepare, AnIntervalFromSixtyNineSecondsOnIsShownAsSixtyFiveUntilTheNextTick) {
     CheckRig rig;
     rig.check();
     rig.setInterval(0, 1, 9);

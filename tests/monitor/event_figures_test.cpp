@@ -28,7 +28,7 @@ struct KeptFigures : EventRig {
     }
 };
 
-TEST(EventFigures, TheTextAsItStoodIsKeptAndTheNewOnesTakeItsPlace) {
+TEST(EventFigures, TheOldTextIsKeptAndTheNewOnesReplaceIt) {
     KeptFigures rig;
     EXPECT_EQ(rig.take(), 1);
     EXPECT_EQ(rig.at(1).previousFree(), "4,000");
@@ -45,7 +45,7 @@ TEST(EventFigures, TheStampFollowsTheClock) {
     EXPECT_EQ(rig.at(1).stamp(), "1/2/2027 12:00:01 AM");
 }
 
-TEST(EventFigures, FolderAndDriveAreGotByTheRowTextAsItStands) {
+TEST(EventFigures, FolderAndDriveAreLookedUpByTheUnchangedRowText) {
     KeptFigures rig("c:\\");
     EXPECT_EQ(rig.take(), 1);
     EXPECT_EQ(rig.machine.log.calls(), (Texts{"GetFolder c:\\", "GetDrive c:\\", "FreeSpace C:",
@@ -84,7 +84,7 @@ TEST(EventFigures, AMarkedRowIsLeftAloneWhileTheCheckGoesOnMeasuringItsDrive) {
     EXPECT_EQ(rig.timesChecked(), 2);
 }
 
-TEST(EventFigures, AShareIsTakenLikeADrive) {
+TEST(EventFigures, AShareIsMeasuredLikeADrive) {
     KeptFigures rig("\\\\server\\data");
     EXPECT_EQ(rig.take(), 1);
     EXPECT_EQ(rig.at(1).freeSpace(), "5,000 KB");
@@ -117,7 +117,7 @@ TEST(EventFigures, AnyFailureGivesZeroAndErrorFiveAlsoMarksTheRow) {
             const bool noFolder = n == 1 && number == 76;
             EXPECT_EQ(rig.take(), noFolder ? 1 : 0);
             if (noFolder) continue;
-            // What stood in front of the failing step is written.
+            // What comes before the failing step is written.
             const bool kept = n >= 3;
             const bool taken = n >= 4;
             EXPECT_EQ(rig.at(1).previousFree(), kept ? "4,000" : "before");

@@ -10,7 +10,7 @@ struct Seconds {
     const char* up;
 };
 
-TEST(SecondsSpinner, StepsByOneFromTwoOnDownwardsAndFromAnyNumberUpwards) {
+TEST(SecondsSpinner, StepsDownByOneFromTwoOnAndUpByOneFromAnyNumber) {
     for (const Seconds& each : {
              Seconds{"3", "2", "4"},
              Seconds{"2", "1", "3"},
@@ -44,7 +44,7 @@ TEST(SecondsSpinner, LeavesATextThatIsNoNumber) {
     }
 }
 
-TEST(SecondsSpinner, TurnsAsOftenAsTheUserLikes) {
+TEST(SecondsSpinner, CanBeTurnedAnyNumberOfTimes) {
     Rig rig;
     rig.form1.txtTime.setText("5");
     for (int i = 0; i < 10; ++i) rig.form1.UpDown1.userDown();
@@ -73,7 +73,7 @@ std::string turned(const Interval& from, bool up) {
     return Format(rig.form1.DTPInterval.Value(), "hh:mm:ss");
 }
 
-TEST(IntervalSpinner, DownTakesTenSecondsWhereThereAreTen) {
+TEST(IntervalSpinner, DownSubtractsTenSecondsFromTenOn) {
     EXPECT_EQ(turned({0, 0, 10}, false), "00:00:00");
     EXPECT_EQ(turned({0, 0, 11}, false), "00:00:01");
     EXPECT_EQ(turned({1, 2, 59}, false), "01:02:49");
@@ -106,7 +106,7 @@ TEST(IntervalSpinner, UpFromTheLastMinuteBeginsTheNextHour) {
     EXPECT_EQ(turned({22, 59, 50}, true), "23:00:00");
 }
 
-TEST(IntervalSpinner, UpFromTheLastHourBeginsAnew) {
+TEST(IntervalSpinner, UpFromTheLastHourWrapsToZero) {
     EXPECT_EQ(turned({23, 59, 50}, true), "00:00:00");
     EXPECT_EQ(turned({23, 59, 59}, true), "00:00:00");
     EXPECT_EQ(turned({23, 58, 59}, true), "23:59:00");

@@ -107,7 +107,7 @@ TEST_F(RefreshExistingTest, ADriveThatGoesAwayBetweenTwoRefreshesLeavesTheOthers
     EXPECT_EQ(at(2).freeSpace(), "4 KB");
 }
 
-TEST_F(RefreshExistingTest, ADriveThatLosesItsMediumUnderTheHandTakesThePreviousTotal) {
+TEST_F(RefreshExistingTest, ADriveThatLosesItsMediumMeanwhileGetsThePreviousTotal) {
     rig.drive("C:", 1, 10);
     rig.drive("D:", 2, 20);
     rig.watchList.RefreshDrive();
@@ -120,7 +120,7 @@ TEST_F(RefreshExistingTest, ADriveThatLosesItsMediumUnderTheHandTakesThePrevious
     EXPECT_EQ(rig.alertTexts().size(), 0u);
 }
 
-TEST_F(RefreshExistingTest, ARowOfNonsenseIsAMissingPath) {
+TEST_F(RefreshExistingTest, ARowThatIsNoPathIsAMissingPath) {
     for (const char* path : {"", "?", "nonsense", " C:\\", "\\\\", "\\\\host", "::\\"}) {
         rig.row(path);
     }
@@ -147,7 +147,7 @@ TEST_F(RefreshExistingTest, HandlesNamesWithBlanksQuotesForeignLettersAndManyCha
     EXPECT_EQ(rig.alertTexts(), std::vector<std::string>{"Folder/Path inaccessible N/A: " + share});
 }
 
-TEST_F(RefreshExistingTest, CutsThePathInFrontAtThreeCharactersNotBytes) {
+TEST_F(RefreshExistingTest, CutsThePathAfterThreeCharactersNotBytes) {
     rig.row("\u00E9\u00E8\u00EAx");
     refresh();
     EXPECT_EQ(rig.alertTexts().front(), "Folder/Path inaccessible N/A: \u00E9\u00E8\u00EA");
@@ -171,7 +171,7 @@ TEST_F(RefreshExistingTest, HandlesTenThousandRows) {
     EXPECT_EQ(rig.forms.globals.driveTotals.lngFreeKB, 10000000);
 }
 
-TEST_F(RefreshExistingTest, WhatIsWrittenTwiceForTheSameSpaceIsTheSameText) {
+TEST_F(RefreshExistingTest, TheSameSpaceGivesTheSameTextTwice) {
     rig.drive("C:", 1234567, 2345678);
     rig.watchList.RefreshDrive();
     const std::string before = at(1).freeSpace();

@@ -53,7 +53,7 @@ TEST_F(RefreshDriveTest, AsksForTheDriveStringsWithABufferOf255) {
     EXPECT_EQ(rig.machine.log.calls()[2], "GetDrive C:");
 }
 
-TEST_F(RefreshDriveTest, TakesAllTwentySixLetters) {
+TEST_F(RefreshDriveTest, ListsAllTwentySixLetters) {
     for (char letter = 'A'; letter <= 'Z'; ++letter) rig.drive({letter, ':'}, 10, 20);
     rig.watchList.RefreshDrive();
     ASSERT_EQ(rig.list.Count(), 26);
@@ -195,7 +195,7 @@ TEST_F(RefreshTailTest, SumsStopAtTheGreatest32BitNumber) {
     EXPECT_EQ(at(1).totalSize(), "4,000,000,000 KB");
 }
 
-TEST_F(LVBoldTest, BringsTheBoldFaceInLineWithTheTicks) {
+TEST_F(LVBoldTest, SetsTheBoldFaceByTheTicks) {
     ListItem& ticked = rig.row("C:\\", true);
     ListItem& plain = rig.row("D:\\", false);
     plain.setBold(true);
@@ -209,7 +209,7 @@ TEST_F(LVBoldTest, BringsTheBoldFaceInLineWithTheTicks) {
     }
 }
 
-TEST_F(LVBoldTest, StandsAsideDuringACheck) {
+TEST_F(LVBoldTest, DoesNothingDuringACheck) {
     ListItem& row = rig.row("C:\\", true);
     rig.forms.globals.bChecking = true;
     rig.watchList.prcLVBold(rig.list);
@@ -244,7 +244,7 @@ TEST_F(ClnLVTest, RemovesRowsWithoutTextAndTag) {
     EXPECT_EQ(rig.list.ListItems(2).Tag(), "tag");
 }
 
-TEST_F(ClnLVTest, LeavesRowsOfBlanksAndAnEmptyListAlone) {
+TEST_F(ClnLVTest, KeepsRowsOfBlanksAndAcceptsAnEmptyList) {
     WatchList::prcClnLV(rig.list);
     rig.list.Add(" ");
     WatchList::prcClnLV(rig.list);

@@ -1,4 +1,4 @@
-// The about box and the way to the system information program.
+// The about box and how it finds the system information program.
 #include "shell/about_box.h"
 
 #include <gtest/gtest.h>
@@ -26,7 +26,7 @@ struct AboutBoxTest : testing::Test, SurfaceRig {
             .values["MSINFO"] = {plainText, path};
     }
     void file(const std::string& path) { machine.files[path] = "x"; }
-    /// What was run, each time as it should be.
+    /// The programs that were started; checks how they were started.
     Texts run() {
         Texts files;
         for (const fake::FakeExecution& execution : machine.executed) {
@@ -43,7 +43,7 @@ struct AboutBoxTest : testing::Test, SurfaceRig {
     AboutBox about{forms, machine.platform(), host, "1.0.0"};
 };
 
-TEST_F(AboutBoxTest, TellsItsVersionAndHasItsCaptions) {
+TEST_F(AboutBoxTest, ShowsItsVersionAndItsCaptions) {
     EXPECT_EQ(form.Caption(), "About Velmora");
     EXPECT_EQ(form.lblVersion.Caption(), "Version 1.0.0");
     EXPECT_EQ(form.cmdSysInfo.Caption(), "&System Info...");
@@ -68,7 +68,7 @@ TEST_F(AboutBoxTest, ClosingTheWindowStopsTheTimerToo) {
     EXPECT_FALSE(form.Timer1.Enabled());
 }
 
-TEST_F(AboutBoxTest, EachTickTurnsTheDrawingAndAfterAWholeTurnItIsWhereItBegan) {
+TEST_F(AboutBoxTest, EachTickTurnsTheDrawingWhichIsBackAfterAWholeTurn) {
     const int begin = form.prcDraw.Value();
     form.Timer1.Tick();
     const int step = form.prcDraw.Value() - begin;
@@ -89,7 +89,7 @@ TEST_F(AboutBoxTest, RunsTheProgramThatTheRegistryNames) {
     EXPECT_EQ(machine.openKeys(), 0);
 }
 
-TEST_F(AboutBoxTest, ElseRunsTheOneInTheFolderThatTheRegistryNames) {
+TEST_F(AboutBoxTest, OtherwiseRunsTheOneInTheFolderThatTheRegistryNames) {
     folder("C:\\Other");
     file("C:\\Other\\MSINFO32.EXE");
     form.cmdSysInfo.userClick();
@@ -105,7 +105,7 @@ TEST_F(AboutBoxTest, AProgramThatIsNotThereLeadsToTheFolder) {
     EXPECT_EQ(run(), Texts{"C:\\Other\\MSINFO32.EXE"});
 }
 
-TEST_F(AboutBoxTest, TellsWhenThereIsNoneAnywhere) {
+TEST_F(AboutBoxTest, ReportsWhenThereIsNoneAnywhere) {
     form.cmdSysInfo.userClick();
     program("C:\\Tools\\msinfo32.exe");
     folder("C:\\Other");
@@ -116,7 +116,7 @@ TEST_F(AboutBoxTest, TellsWhenThereIsNoneAnywhere) {
     EXPECT_EQ(machine.openKeys(), 0);
 }
 
-TEST_F(AboutBoxTest, VariablesInAPathArePutIn) {
+TEST_F(AboutBoxTest, VariablesInAPathAreReplaced) {
     machine.environment["ProgramFiles"] = "C:\\Programs";
     program("%ProgramFiles%\\Info\\msinfo32.exe", textWithVariables);
     file("C:\\Programs\\Info\\msinfo32.exe");
@@ -150,7 +150,7 @@ TEST_F(AboutBoxTest, AKeyOutsideTheHivesHasNoValue) {
     EXPECT_EQ(machine.log.count(), 0);
 }
 
-TEST_F(AboutBoxTest, AnyFailedCallEndsInAProgramRunOrABox) {
+TEST_F(AboutBoxTest, AfterAnyFailedCallAProgramRunsOrABoxOpens) {
     program("C:\\Tools\\msinfo32.exe");
     file("C:\\Tools\\msinfo32.exe");
     folder("C:\\Other");

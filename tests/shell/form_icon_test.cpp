@@ -13,8 +13,8 @@ struct FormIconTest : testing::Test, SurfaceRig {
     FormIconTest() {
         form1.mnuPopUp.PoppedUp.connect([this] { windowCalls.push_back("menu"); });
     }
-    void doubleClick() { tell(form1, leftDoubleClick); }
-    void rightClick() { tell(form1, rightButtonUp); }
+    void doubleClick() { sendMouse(form1, leftDoubleClick); }
+    void rightClick() { sendMouse(form1, rightButtonUp); }
     std::size_t standingHooks() { return surface.user32.hooks.size(); }
 
     const Texts activation{"GetWindowThreadProcessId Form1", "AppActivate 4711"};
@@ -65,7 +65,7 @@ TEST_F(FormIconTest, ARightClickHooksTheThreadAndPopsUpTheMenu) {
     EXPECT_TRUE(host.boxes.empty());
 }
 
-TEST_F(FormIconTest, TheMakingOfTheMenuBringsItToTheFrontAndEndsTheHook) {
+TEST_F(FormIconTest, WhenTheMenuIsCreatedItComesToTheFrontAndTheHookEnds) {
     rightClick();
     windowCalls.clear();
     surface.user32.send(1, "menu 7");
@@ -77,7 +77,7 @@ TEST_F(FormIconTest, TheMakingOfTheMenuBringsItToTheFrontAndEndsTheHook) {
     EXPECT_TRUE(windowCalls.empty());
 }
 
-TEST_F(FormIconTest, AllOtherMessagesOnlyPassOn) {
+TEST_F(FormIconTest, AllOtherMessagesAreOnlyPassedOn) {
     rightClick();
     windowCalls.clear();
     surface.user32.send(2, "menu 7");
@@ -86,7 +86,7 @@ TEST_F(FormIconTest, AllOtherMessagesOnlyPassOn) {
     EXPECT_EQ(standingHooks(), 1u);
 }
 
-TEST_F(FormIconTest, AHookThatStillStandsGoesWithTheMenu) {
+TEST_F(FormIconTest, AHookThatIsStillSetIsRemovedWhenTheMenuCloses) {
     rightClick();
     windowCalls.clear();
     form1.mnuPopUp.Closed();
@@ -103,13 +103,13 @@ TEST_F(FormIconTest, ASecondRightClickLeavesOneHook) {
     EXPECT_EQ(surface.user32.countOf("UnhookWindowsHookEx 1"), 1);
 }
 
-TEST_F(FormIconTest, AHookNeverOutlivesWhoeverSetIt) {
+TEST_F(FormIconTest, AHookNeverOutlivesItsOwner) {
     rightClick();
     tray.reset();
     EXPECT_EQ(standingHooks(), 0u);
 }
 
-TEST_F(FormIconTest, TheMenuComesWithoutAHook) {
+TEST_F(FormIconTest, TheMenuOpensWithoutAHook) {
     surface.user32.failCall(1);
     rightClick();
     EXPECT_EQ(windowCalls, (Texts{"SetWindowsHookExA 4", "menu"}));
@@ -118,11 +118,11 @@ TEST_F(FormIconTest, TheMenuComesWithoutAHook) {
 }
 
 TEST_F(FormIconTest, TheIconOfTheHiddenWindowSetsNoHook) {
-    tell(forms.sysWorkSystray, rightButtonUp);
+    sendMouse(forms.sysWorkSystray, rightButtonUp);
     EXPECT_EQ(windowCalls, Texts{"menu"});
 }
 
-// Whichever call of a whole round fails, nothing is thrown, and the next round starts clean.
+// Whichever call of a whole round fails, nothing is thrown, and the next round is not affected.
 TEST_F(FormIconTest, AnyFailedCallLeavesTheIconsWorking) {
     constexpr int callsOfARound = 9;
     for (int n = 1; n <= callsOfARound; ++n) {
@@ -133,7 +133,7 @@ TEST_F(FormIconTest, AnyFailedCallLeavesTheIconsWorking) {
             surface.user32.send(2, "menu");
             surface.user32.send(1, "menu");
             form1.mnuPopUp.Closed();
-            tell(forms.sysWorkSystray, leftDoubleClick);
+            sendMouse(forms.sysWorkSystray, leftDoubleClick);
         }) << n;
         // Shown by the one icon, hidden by the other.
         EXPECT_FALSE(form1.Visible()) << n;

@@ -1,4 +1,4 @@
-// The look that the label buttons share.
+// The colours that the label buttons share.
 #include "shell/command_rig.h"
 
 namespace velmora::tests {
@@ -28,7 +28,7 @@ TEST(LabelLook, EveryLabelButtonBrightensWhilePressedAndTurnsOrangeAgain) {
     }
 }
 
-TEST(LabelLook, TheReleaseGivesTheDesignValueWhateverTheTextWas) {
+TEST(LabelLook, TheReleaseRestoresTheDesignColourWhateverItWas) {
     CommandRig rig;
     rig.form1.lblDP[2].setForeColor(1);
     rig.form1.lblDP[2].MouseUp();
@@ -46,7 +46,7 @@ TEST(LabelLook, ThePointerFlashesLabel5ThroughGreyToBlackAtEachMove) {
     }
 }
 
-TEST(LabelLook, ThePointerLeavesTheOtherLabelsAlone) {
+TEST(LabelLook, ThePointerDoesNotChangeTheOtherLabels) {
     CommandRig rig;
     for (Label* label : labelButtons(rig.forms)) {
         if (label->Name() == "Label5") continue;

@@ -42,8 +42,8 @@ std::vector<Range> writableRanges() {
     return ranges;
 }
 
-// A file of the system's own, read without a buffer: that would be one more place for what is read,
-// and the map of pages is only given in whole entries.
+// A file of the system, read without a buffer. A buffer would be one more copy of the memory's
+// content, and the map of pages can only be read in whole entries.
 class SystemFile {
   public:
     explicit SystemFile(const char* path) {
@@ -61,7 +61,7 @@ class SystemFile {
     std::ifstream file_;
 };
 
-// The runs of pages in a range that were ever touched; most of a sanitizer's memory wasn't.
+// The runs of pages in a range that were ever used; most of a sanitizer's memory wasn't.
 std::vector<Range> touchedPartsOf(const Range& range, SystemFile& pages) {
     std::vector<std::uint64_t> entries((range.end - range.begin) / pageSize);
     pages.read(range.begin / pageSize * sizeof entries[0], entries.data(),
@@ -90,8 +90,7 @@ std::vector<Range> memoryWithContent() {
 }  // namespace
 
 bool MemorySearch::possible() {
-    // A Windows program under Wine can open these files, but its own memory isn't all that they
-    // show.
+    // A Windows program under Wine can open these files, but they show more than its own memory.
     if (std::filesystem::path::preferred_separator != '/') return false;
     return std::ifstream("/proc/self/mem").good() && std::ifstream("/proc/self/pagemap").good();
 }
@@ -104,7 +103,7 @@ bool MemorySearch::standsAt(const unsigned char* bytes, std::size_t stride) cons
     return true;
 }
 
-// Of those that begin in the first `starts` bytes.
+// Counts those that begin in the first `starts` bytes.
 std::size_t MemorySearch::countIn(const unsigned char* bytes, std::size_t size, std::size_t starts,
                                   std::size_t stride) const {
     const std::size_t length = needle_.size() * stride;
@@ -132,7 +131,7 @@ std::size_t MemorySearch::count() const {
             const std::size_t read = memory.read(at, piece.data(), size);
             for (const std::size_t stride : {utf8, utf16})
                 found += countIn(piece.data(), read, step, stride);
-            // What was read is memory too.
+            // The bytes that were read are in memory too.
             std::fill(piece.begin(), piece.end(), static_cast<unsigned char>(0));
         }
     }

@@ -1,5 +1,5 @@
-// Looks for a text in the memory of the own process. The text is held in a disguise, byte by byte,
-// so that the search doesn't find itself.
+// Looks for a text in the memory of this process. The text is stored in a disguised form, byte by
+// byte, so that the search doesn't find itself.
 #pragma once
 
 #include <cstddef>
@@ -11,7 +11,7 @@ namespace velmora::tests {
 
 class MemorySearch {
   public:
-    /// The bytes to look for, each already put in disguise by `disguised`.
+    /// The bytes to look for, each already disguised by `disguised`.
     explicit MemorySearch(std::vector<unsigned char> needle) : needle_(std::move(needle)) {}
 
     static constexpr unsigned char mask = 0xA5;
@@ -21,7 +21,8 @@ class MemorySearch {
 
     /// Whether this system lets a process read all of its memory by a file.
     static bool possible();
-    /// How often the text stands in UTF-8 or in UTF-16LE in what the process can write to.
+    /// How often the text occurs, in UTF-8 or in UTF-16LE, in the memory that the process can
+    /// write.
     std::size_t count() const;
 
   private:

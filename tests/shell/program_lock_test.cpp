@@ -1,4 +1,4 @@
-// The lock in front of the program's windows.
+// The lock, which hides the program's windows.
 #include "shell/program_lock.h"
 
 #include <gtest/gtest.h>
@@ -105,7 +105,7 @@ TEST_F(ProgramLockTest, ACaptionThatIsNeitherWordDoesNothing) {
     EXPECT_FALSE(globals.bLocked);
 }
 
-TEST_F(ProgramLockTest, LockingAsksAndHidesTheWindowsAndTells) {
+TEST_F(ProgramLockTest, LockingAsksHidesTheWindowsAndReportsIt) {
     for (Form* window : {static_cast<Form*>(&form1), static_cast<Form*>(&forms.dlgAlert),
                          static_cast<Form*>(&forms.frmNotify), static_cast<Form*>(&forms.icon1)}) {
         window->Show();
@@ -114,9 +114,9 @@ TEST_F(ProgramLockTest, LockingAsksAndHidesTheWindowsAndTells) {
     form.Text1.setText("abc");
     host.answers = {BoxAnswer::yes};
     host.onBox = [this](const Box& box) {
-        const bool told = box.icon == BoxIcon::information;
-        EXPECT_EQ(form1.Visible(), !told);
-        EXPECT_EQ(globals.bLocked, told);
+        const bool isLast = box.icon == BoxIcon::information;
+        EXPECT_EQ(form1.Visible(), !isLast);
+        EXPECT_EQ(globals.bLocked, isLast);
     };
     press(0);
     ASSERT_EQ(host.boxes.size(), 2u);
@@ -136,7 +136,7 @@ TEST_F(ProgramLockTest, LockingAsksAndHidesTheWindowsAndTells) {
     EXPECT_TRUE(sent.empty());
 }
 
-TEST_F(ProgramLockTest, ThePasswordIsHeldInOnePlaceOnly) {
+TEST_F(ProgramLockTest, ThePasswordIsStoredInOnePlaceOnly) {
     lockWith("abc");
     EXPECT_EQ(globals.sLockPassword, "abc");
     EXPECT_EQ(form.Text1.Text(), "");
@@ -253,7 +253,7 @@ TEST_F(ProgramLockTest, AnOpenedProgramCanBeLockedWithAnotherPassword) {
     EXPECT_FALSE(globals.bLocked);
 }
 
-TEST_F(ProgramLockTest, EnterIsTheFirstButtonAndOtherKeysAreNothing) {
+TEST_F(ProgramLockTest, EnterClicksTheFirstButtonAndOtherKeysDoNothing) {
     prcSrvFrm(forms);
     form.Text1.setText("abc");
     host.answers = {BoxAnswer::yes};
@@ -274,9 +274,9 @@ TEST_F(ProgramLockTest, NothingIsLockedAfterARestart) {
     EXPECT_EQ(restarted.globals.sLockPassword, "");
 }
 
-TEST_F(ProgramLockTest, TheIconsDoubleClickLeadsBackToTheOpenProgram) {
+TEST_F(ProgramLockTest, ADoubleClickOnTheIconLeadsBackToTheOpenProgram) {
     lockWith("abc");
-    tell(forms.sysWorkSystray, leftDoubleClick);
+    sendMouse(forms.sysWorkSystray, leftDoubleClick);
     EXPECT_TRUE(form.Visible());
     form.Text1.setText("abc");
     form.Text1.KeyPress(13);

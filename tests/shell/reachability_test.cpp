@@ -1,4 +1,4 @@
-// The window and the lock stay within reach where nothing could call them back.
+// The window and the lock can be reached on a desktop without a notification area.
 #include "shell/reachability.h"
 
 #include <gtest/gtest.h>
@@ -32,7 +32,7 @@ TEST_F(ReachabilityTest, WithANotificationAreaAShownWindowKeepsItsState) {
     EXPECT_EQ(form1.State(), WindowState::minimised);
 }
 
-TEST_F(ReachabilityTest, WithoutOneAClosedWindowIsMinimisedAndThatIsSaidOnce) {
+TEST_F(ReachabilityTest, WithoutOneAClosedWindowIsMinimisedWithOneMessage) {
     notifyArea.present = false;
     form1.userClose();
     EXPECT_TRUE(form1.Visible());
@@ -47,7 +47,7 @@ TEST_F(ReachabilityTest, WithoutOneAClosedWindowIsMinimisedAndThatIsSaidOnce) {
     EXPECT_EQ(detail(), "Watching.");
 }
 
-TEST_F(ReachabilityTest, WithoutOneAWindowShownAgainComesUp) {
+TEST_F(ReachabilityTest, WithoutOneAWindowShownAgainIsRestored) {
     notifyArea.present = false;
     form1.Hide();
     form1.Show();
@@ -57,7 +57,7 @@ TEST_F(ReachabilityTest, WithoutOneAWindowShownAgainComesUp) {
     EXPECT_EQ(form1.State(), WindowState::maximised);
 }
 
-TEST_F(ReachabilityTest, AnAreaThatComesLaterHidesAgain) {
+TEST_F(ReachabilityTest, WithAnAreaThatAppearsLaterTheWindowHidesAgain) {
     notifyArea.present = false;
     form1.Hide();
     notifyArea.present = true;
@@ -93,14 +93,14 @@ TEST_F(ReachabilityTest, LockedWithAnAreaTheLockHides) {
     EXPECT_FALSE(lock.Visible());
 }
 
-TEST_F(ReachabilityTest, UnlockingLetsTheLockGo) {
+TEST_F(ReachabilityTest, UnlockingHidesTheLock) {
     notifyArea.present = false;
     lock.Show();
     forms.globals.bLocked = true;
     lock.Hide();
     form1.Hide();
     lock.setState(WindowState::normal);
-    // In the order of an unlocking: the window comes, the lock goes, and then it is open.
+    // The order of unlocking: the window is shown, the lock is hidden, and then it is open.
     form1.Show();
     lock.Hide();
     forms.globals.bLocked = false;

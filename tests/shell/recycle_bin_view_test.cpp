@@ -39,7 +39,7 @@ TEST_F(RecycleBinViewTest, TheSystemsShellShowsTheScheduledTasks) {
     EXPECT_EQ(machine.executed[0].showCommand, 1);
 }
 
-TEST_F(RecycleBinViewTest, ARefusalIsPassedOver) {
+TEST_F(RecycleBinViewTest, ARefusalIsIgnored) {
     machine.executes = false;
     EXPECT_NO_THROW(view.RecycleBin());
     machine.log.failCall(1, 2);

@@ -27,8 +27,8 @@ struct SurfaceRig {
     std::vector<std::pair<NotifyMessage, NotifyIconData>>& sent = surface.notifyArea.sent;
     Texts& windowCalls = surface.user32.calls;
 
-    /// The icon of that form tells of a mouse message.
-    void tell(Form& form, int message) { form.MouseMove(message * twipsPerPixel); }
+    /// The icon of that form reports a mouse message.
+    void sendMouse(Form& form, int message) { form.MouseMove(message * twipsPerPixel); }
     Texts boxTexts() const {
         Texts texts;
         for (const Box& box : surface.host.boxes) texts.push_back(box.text);

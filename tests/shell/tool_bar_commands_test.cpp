@@ -1,4 +1,4 @@
-// The tool bar, whose captions are the keys of its commands.
+// The tool bar, whose captions choose its commands.
 #include "shell/command_rig.h"
 
 namespace velmora::tests {
@@ -64,7 +64,7 @@ TEST(ToolBarCommands, TheCaptionAndNotThePlaceChoosesTheCommand) {
     EXPECT_TRUE(rig.forms.frmWizard.Visible());
 }
 
-TEST(ToolBarCommands, OtherCaptionsMustFitExactly) {
+TEST(ToolBarCommands, OtherCaptionsMustMatchExactly) {
     CommandRig rig;
     int clicked = 0;
     counted(rig.form1.cmdPause.Click, clicked);

@@ -10,14 +10,14 @@ namespace {
 
 struct TrayFlashTest : testing::Test, SurfaceRig {
     void tick() { forms.sysWorkSystray.tmrSystray.Tick(); }
-    void doubleClick() { tell(forms.sysWorkSystray, leftDoubleClick); }
+    void doubleClick() { sendMouse(forms.sysWorkSystray, leftDoubleClick); }
     const NotifyIconData& last() { return sent.back().second; }
 
     Timer& timer = forms.sysWorkSystray.tmrSystray;
     TrayIcon tray{forms, machine.platform(), surface.all()};
 };
 
-TEST_F(TrayFlashTest, BeginsSteadyWithItsTimerOff) {
+TEST_F(TrayFlashTest, BeginsWithoutFlashingAndItsTimerOff) {
     EXPECT_FALSE(tray.bFlashing());
     EXPECT_FALSE(tray.bAlertIconShown());
     EXPECT_FALSE(timer.Enabled());
@@ -36,7 +36,7 @@ TEST_F(TrayFlashTest, TheFirstTickShowsTheAlert) {
     EXPECT_EQ(last().tip, "New Alert Message!");
 }
 
-TEST_F(TrayFlashTest, TheNextTickShowsTheProgramAndSoInTurn) {
+TEST_F(TrayFlashTest, TheNextTickShowsTheProgramAndTheyAlternate) {
     tick();
     tick();
     EXPECT_TRUE(tray.bFlashing());
@@ -82,7 +82,7 @@ TEST_F(TrayFlashTest, ARefusedPictureStillAlternates) {
     EXPECT_TRUE(host.boxes.empty());
 }
 
-TEST_F(TrayFlashTest, ADoubleClickStopsItAndShowsTheWindowInsteadOfToggling) {
+TEST_F(TrayFlashTest, ADoubleClickStopsItAndShowsTheWindowWithoutToggling) {
     form1.Show();
     timer.setEnabled(true);
     tick();
@@ -114,7 +114,7 @@ TEST_F(TrayFlashTest, AFlashAfterAStopBeginsWithTheAlert) {
     EXPECT_EQ(last().icon, "alert");
 }
 
-TEST_F(TrayFlashTest, ATipThatComesMeanwhileKeepsThePicture) {
+TEST_F(TrayFlashTest, ATipSetMeanwhileKeepsThePicture) {
     tick();
     tray.prcToolTipText("Velmora");
     EXPECT_EQ(last().icon, "alert");

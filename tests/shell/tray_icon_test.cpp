@@ -23,8 +23,8 @@ struct TrayIconTest : testing::Test, SurfaceRig {
         machine.now = {2026, 3, 4, 15, 9, 26};
         form1.mnuPopUp.PoppedUp.connect([this] { ++menus; });
     }
-    void doubleClick() { tell(forms.sysWorkSystray, leftDoubleClick); }
-    void rightClick() { tell(forms.sysWorkSystray, rightButtonUp); }
+    void doubleClick() { sendMouse(forms.sysWorkSystray, leftDoubleClick); }
+    void rightClick() { sendMouse(forms.sysWorkSystray, rightButtonUp); }
     void tick() { forms.sysWorkSystray.tmrSystray.Tick(); }
     const NotifyIconData& last() { return sent.back().second; }
 
@@ -84,7 +84,7 @@ TEST_F(TrayIconTest, OtherActionsSendNothing) {
     EXPECT_TRUE(sent.empty());
 }
 
-TEST_F(TrayIconTest, ARefusalIsKeptAndNotReported) {
+TEST_F(TrayIconTest, ARefusalIsReturnedAndNotReported) {
     surface.notifyArea.takes = false;
     EXPECT_FALSE(tray.prcAddSystray(1, ""));
     EXPECT_FALSE(tray.taken());
@@ -105,7 +105,7 @@ TEST_F(TrayIconTest, ANewTipKeepsTheIcon) {
     EXPECT_EQ(last().tip, "Velmora\r\n1 onWatch. ");
 }
 
-TEST_F(TrayIconTest, AnotherFormsIconComesWithTheProgramsTip) {
+TEST_F(TrayIconTest, AnotherFormsIconHasTheProgramsTip) {
     globals.sTrayTip = "Velmora! Paused";
     tray.modifyIcon("Icon0");
     ASSERT_EQ(sent.size(), 1u);
@@ -199,8 +199,8 @@ TEST_F(TrayIconTest, AllOtherMessagesAreIgnored) {
     globals.bChecking = true;
     for (int message = 0; message <= 1100; ++message) {
         if (message != leftDoubleClick && message != rightButtonUp) {
-            tell(forms.sysWorkSystray, message);
-            tell(form1, message);
+            sendMouse(forms.sysWorkSystray, message);
+            sendMouse(form1, message);
         }
     }
     for (const float place : {-7725.0F, 1e30F, std::numeric_limits<float>::infinity(),
@@ -252,7 +252,7 @@ TEST_F(TrayIconTest, TheMenuIsOfferedWhileLocked) {
     EXPECT_EQ(menus, 1);
 }
 
-TEST_F(TrayIconTest, ADoubleClickThatShowsTheWindowClearsTheTickOfHide) {
+TEST_F(TrayIconTest, ADoubleClickThatShowsTheWindowUnticksHide) {
     form1.mnuHide.setChecked(true);
     form1.Hide();
     doubleClick();

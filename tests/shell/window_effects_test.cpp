@@ -17,7 +17,7 @@ std::string attributes(int alpha, int flags) {
 }
 
 struct WindowEffectsTest : testing::Test, SurfaceRig {
-    /// The alpha that a level sets, as the last call tells it with the flags behind.
+    /// The alpha that a level sets, followed by the flags, as in the last call.
     std::string lastAttributes() { return windowCalls.empty() ? "" : windowCalls.back(); }
 
     WindowEffects effects{forms, surface.user32};

@@ -9,7 +9,7 @@ const std::string& viewCaption(CommandRig& rig) {
     return rig.form1.Toolbar1.Buttons(tool::view).Caption;
 }
 
-TEST(ViewToggle, FromTheFullViewGoesToTheHeightOfToolBarListAnd500) {
+TEST(ViewToggle, FromTheFullViewGoesToTheHeightOfToolBarAndListPlus500) {
     CommandRig rig;
     rig.setHeights(640, 2900);
     rig.layout.toggleView();
@@ -67,7 +67,7 @@ TEST(ResizeStep, AHeightOf3900Stays) {
     EXPECT_EQ(rig.form1.Height(), 3900);
 }
 
-TEST(ResizeStep, ACompactViewBelow3900Settles) {
+TEST(ResizeStep, ACompactViewBelow3900ResizesOnce) {
     CommandRig rig;
     int resizes = 0;
     counted(rig.form1.Resize, resizes);
@@ -95,7 +95,7 @@ TEST(ResizeStep, AWidthOf8070Stays) {
     EXPECT_EQ(resizes, 1);
 }
 
-TEST(ResizeStep, AWindowTooSmallBothWaysSettlesWithEverythingInPlace) {
+TEST(ResizeStep, AWindowTooSmallBothWaysEndsWithEverythingInPlace) {
     CommandRig rig;
     rig.form1.setSize(100, 100);
     EXPECT_EQ(rig.form1.Width(), 8070);
@@ -131,7 +131,7 @@ TEST(ResizeStep, HeadingAndPanelsFollowTheWindow) {
     }
 }
 
-TEST(ResizeStep, APanelsHeightUnder4300IsLeftAsItWas) {
+TEST(ResizeStep, APanelsHeightUnder4300IsNotChanged) {
     CommandRig rig;
     rig.form1.setSize(9000, 8500);
     EXPECT_EQ(rig.height(rig.form1.frmSp[0]), 4300);
@@ -153,7 +153,7 @@ TEST(ResizeStep, TheAlertListLeavesRoomForTheJournalWhileItIsShown) {
     EXPECT_EQ(rig.height(rig.form1.LVAlert), 12000 - 4200 - 2500);
 }
 
-TEST(ResizeStep, AnAlertListUnder4300IsLeftAsItWas) {
+TEST(ResizeStep, AnAlertListUnder4300IsNotChanged) {
     CommandRig rig;
     ASSERT_TRUE(rig.form1.chkLog.ticked());
     const int before = rig.height(rig.form1.LVAlert);
@@ -164,7 +164,7 @@ TEST(ResizeStep, AnAlertListUnder4300IsLeftAsItWas) {
     EXPECT_EQ(rig.height(rig.form1.LVAlert), 4300);
 }
 
-TEST(ResizeStep, AnErrorEndsItSilently) {
+TEST(ResizeStep, AnErrorEndsTheStepSilently) {
     CommandRig rig;
     const Bounds before = rig.list.bounds();
     rig.form1.Frame8.Changed.connect([] { throw RuntimeError(error::invalidPropertyValue); });

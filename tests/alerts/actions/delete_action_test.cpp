@@ -1,4 +1,4 @@
-// Deleting the first listed file of the short drive, and listed folders in front of it.
+// Deleting the first listed file of the short drive, and listed folders before it.
 #include "alerts/actions/action_rig.h"
 
 namespace velmora::tests {
@@ -10,20 +10,20 @@ struct DeleteActionTest : testing::Test, ActionRig {
     int remove() { return errorOf(act::remove); }
 };
 
-TEST_F(DeleteActionTest, AnEmptyListIsToldInTheRunningTextOnly) {
+TEST_F(DeleteActionTest, AnEmptyListIsReportedInTheRunningTextOnly) {
     EXPECT_EQ(remove(), 0);
     EXPECT_EQ(strAlert(), "- No Deleted File: no file selected.  Drive: C:");
     EXPECT_EQ(alertCount(), 0);
 }
 
-TEST_F(DeleteActionTest, AnEmptyListIsToldAlsoWhenTheCheckWasStopped) {
+TEST_F(DeleteActionTest, AnEmptyListIsReportedAlsoWhenTheCheckWasStopped) {
     forms.globals.bChecking = false;
     EXPECT_EQ(remove(), 0);
     EXPECT_EQ(strAlert(), "- No Deleted File: no file selected.  Drive: C:");
     EXPECT_NE(panel(2), "Ready (e3): ");
 }
 
-TEST_F(DeleteActionTest, TheFirstFileIsDeletedAndToldInAnAlertAndInTheRunningText) {
+TEST_F(DeleteActionTest, TheFirstFileIsDeletedAndReportedInAnAlertAndInTheRunningText) {
     listFile("C:\\a.txt", 3, "7 KB");
     EXPECT_EQ(remove(), 0);
     EXPECT_EQ(machine.log.calls(),
@@ -35,7 +35,7 @@ TEST_F(DeleteActionTest, TheFirstFileIsDeletedAndToldInAnAlertAndInTheRunningTex
     EXPECT_EQ(strAlert(), " - ALERT\r\n.\r\nAuto Deleted Specified File: C:\\a.txt Size: 7 KB");
 }
 
-TEST_F(DeleteActionTest, TheRowOfADeletedFileGoesThoughItsAlertCantBeWrittenDown) {
+TEST_F(DeleteActionTest, TheRowOfADeletedFileIsRemovedEvenIfItsAlertCantBeLogged) {
     listFile("C:\\a.txt", 3, "7 KB");
     listFile("C:\\b.txt", 3, "7 KB");
     const std::string log = "C:\\Program Files\\Velmora\\log.dat";
@@ -49,7 +49,7 @@ TEST_F(DeleteActionTest, TheRowOfADeletedFileGoesThoughItsAlertCantBeWrittenDown
     EXPECT_EQ(listed(), "C:\\b.txt");
 }
 
-TEST_F(DeleteActionTest, OneFileIsDeletedPerPassTheFirstRowFirstWhateverItsSize) {
+TEST_F(DeleteActionTest, EachPassDeletesOneFileFirstRowFirstWhateverItsSize) {
     listFile("C:\\small", 1);
     listFile("C:\\large", 1e6);
     listFile("C:\\middle", 1e3);
@@ -102,7 +102,7 @@ TEST_F(DeleteActionTest, ACheckThatWasStoppedDeletesNothing) {
     EXPECT_EQ(strAlert(), shortageText);
 }
 
-TEST_F(DeleteActionTest, TheStopIsLookedAtBeforeEveryRow) {
+TEST_F(DeleteActionTest, TheStopIsCheckedBeforeEveryRow) {
     listMissing("C:\\gone");
     listFile("C:\\2");
     machine.onCall = [this](const std::string& call) {
@@ -122,7 +122,7 @@ TEST_F(DeleteActionTest, APathThatIsNeitherFileNorFolderStaysAndTheNextIsTaken) 
     EXPECT_FALSE(exists("C:\\2"));
 }
 
-TEST_F(DeleteActionTest, WithoutAnyFileNothingIsSaid) {
+TEST_F(DeleteActionTest, WithoutAnyFileNothingIsReported) {
     listMissing("C:\\gone");
     listFile("D:\\1");
     EXPECT_EQ(remove(), 0);
@@ -138,7 +138,7 @@ TEST_F(DeleteActionTest, AFolderWithFilesIsDeletedOnTheWayToTheFile) {
     listFile("C:\\1");
     listFile("C:\\2", 3, "7 KB");
     EXPECT_EQ(remove(), 0);
-    // The row behind the folder took its place and is passed over.
+    // The row after the folder took its place and is skipped.
     EXPECT_EQ(listed(), "C:\\1");
     EXPECT_FALSE(exists("C:\\old\\a") || exists("C:\\old\\b") || exists("C:\\2"));
     EXPECT_TRUE(exists("C:\\1"));
@@ -159,7 +159,7 @@ TEST_F(DeleteActionTest, AFolderIsDeletedWithForce) {
     EXPECT_FALSE(exists("C:\\old\\a"));
 }
 
-TEST_F(DeleteActionTest, TheFoldersSizeIsToldByItsPicture) {
+TEST_F(DeleteActionTest, TheFoldersSizeIsFormattedByItsPicture) {
     listFolder("C:\\old", {"a"});
     machine.sizes["C:\\old\\a"] = 3072;
     listMissing("D:\\1");
@@ -198,7 +198,7 @@ TEST_F(DeleteActionTest, AFolderWithFilesOnlyFurtherBelowHasNoContent) {
     EXPECT_EQ(listed(), "");
 }
 
-TEST_F(DeleteActionTest, TheLastRowBehindARemovedFolderRunsOutOfTheList) {
+TEST_F(DeleteActionTest, ARemovedFolderBeforeTheLastRowMakesTheWalkPassTheEnd) {
     listFolder("C:\\old", {"a"});
     listFile("C:\\1");
     EXPECT_EQ(remove(), error::indexOutOfBounds);
@@ -241,7 +241,7 @@ TEST_F(DeleteActionTest, AFolderThatCantBeRemovedKeepsItsRow) {
     EXPECT_EQ(alertCount(), 0);
 }
 
-TEST_F(DeleteActionTest, TenThousandRowsOfOtherDrivesCostNoQuestion) {
+TEST_F(DeleteActionTest, TenThousandRowsOfOtherDrivesNeedNoCallOfTheMachine) {
     for (int i = 0; i < 10'000; ++i) listMissing("D:\\x");
     listFile("C:\\a");
     EXPECT_EQ(remove(), 0);
@@ -249,7 +249,7 @@ TEST_F(DeleteActionTest, TenThousandRowsOfOtherDrivesCostNoQuestion) {
     EXPECT_EQ(files.Count(), 10'000);
 }
 
-TEST_F(DeleteActionTest, AnotherRowInItsPlaceDeletesNothing) {
+TEST_F(DeleteActionTest, WithAnotherRowInItsPlaceNothingIsDeleted) {
     watch("D:\\");
     list.Remove(1);
     listFile("D:\\a.txt");

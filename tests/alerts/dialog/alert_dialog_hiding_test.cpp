@@ -17,7 +17,7 @@ struct CountingDialog : DialogRig {
     }
 };
 
-TEST(AlertDialogHiding, HasTheTimersIntervalAndItsCaptionAtRestOnceItIsLoaded) {
+TEST(AlertDialogHiding, HasTheTimersIntervalAndItsNormalCaptionOnceItIsLoaded) {
     DialogRig rig;
     EXPECT_EQ(rig.dialog.Caption(), "Alert Window - Velmora ");
     rig.dialog.Timer1.setInterval(1);
@@ -28,7 +28,7 @@ TEST(AlertDialogHiding, HasTheTimersIntervalAndItsCaptionAtRestOnceItIsLoaded) {
     EXPECT_TRUE(rig.glass.levels.empty());
 }
 
-TEST(AlertDialogHiding, IsHalfTranslucentFromItsLoadingWhenThatIsTicked) {
+TEST(AlertDialogHiding, IsHalfTranslucentFromTheStartWhenThatIsTicked) {
     DialogRig rig;
     rig.dialog.chkLog.setDesignValue(1);
     rig.window.show();
@@ -60,7 +60,7 @@ TEST(AlertDialogHiding, TheTimerRunsWhileAutoHideIsTicked) {
     EXPECT_EQ(rig.dialog.Caption(), "Alert Dialog");
 }
 
-TEST(AlertDialogHiding, CountsDownInItsCaptionAndIsHiddenWhenTheCountIsUsedUp) {
+TEST(AlertDialogHiding, CountsDownInItsCaptionAndHidesAtZero) {
     CountingDialog rig;
     for (int left = 10; left >= 2; --left) {
         rig.tick();
@@ -78,7 +78,7 @@ TEST(AlertDialogHiding, CountsDownInItsCaptionAndIsHiddenWhenTheCountIsUsedUp) {
     EXPECT_EQ(rig.machine.files[rig.logPath], "journal\r\n");
 }
 
-TEST(AlertDialogHiding, IsReadyForItsNextShowingWhenItHasBeenDismissed) {
+TEST(AlertDialogHiding, IsReadyToBeShownAgainAfterItsDismissal) {
     CountingDialog rig;
     rig.tick(10);
     EXPECT_TRUE(rig.dialog.Timer1.Enabled());
@@ -104,7 +104,7 @@ TEST(AlertDialogHiding, TheTimerIsOffDuringTheSave) {
     EXPECT_TRUE(seen);
 }
 
-TEST(AlertDialogHiding, ADialogHiddenByHandBeginsAnew) {
+TEST(AlertDialogHiding, ADialogHiddenByHandCountsDownAnew) {
     CountingDialog rig;
     rig.tick(4);
     rig.click("OK");
@@ -115,7 +115,7 @@ TEST(AlertDialogHiding, ADialogHiddenByHandBeginsAnew) {
     EXPECT_EQ(rig.machine.files.count(rig.logPath), 0u);
 }
 
-TEST(AlertDialogHiding, AHiddenOneOnlySetsItsCountBack) {
+TEST(AlertDialogHiding, AHiddenOneOnlyResetsItsCount) {
     DialogRig rig;
     rig.dialog.chkAutoHide.setValue(1);
     rig.tick(30);
@@ -123,7 +123,7 @@ TEST(AlertDialogHiding, AHiddenOneOnlySetsItsCountBack) {
     EXPECT_EQ(rig.machine.log.count(), 0);
 }
 
-TEST(AlertDialogHiding, SwitchingTheCountdownOffAndOnGoesOnFromWhereItWas) {
+TEST(AlertDialogHiding, SwitchingTheCountdownOffAndOnContinuesIt) {
     CountingDialog rig;
     rig.tick(3);
     rig.dialog.chkAutoHide.userClick();
@@ -153,7 +153,7 @@ TEST(AlertDialogHiding, WithAutoSaveOffItsDismissalWritesNothing) {
     EXPECT_EQ(rig.machine.log.count(), 0);
 }
 
-TEST(AlertDialogHiding, ALogThatCantBeWrittenIsToldAndTheNextShowingCountsDownAllTheSame) {
+TEST(AlertDialogHiding, ALogThatCantBeWrittenIsReportedAndTheDialogStillCountsDownNextTime) {
     for (const int failure : {error::permissionDenied, error::diskFull, error::deviceIo}) {
         CountingDialog rig;
         rig.tick(9);

@@ -24,7 +24,7 @@ TEST(AlertDialogOptions, HaveTheirWords) {
               "space from reaching zero.  To see options, press Action.");
 }
 
-TEST(AlertDialogOptions, EachTellsWhatItWouldDoAndIsPending) {
+TEST(AlertDialogOptions, EachShowsWhatItWouldDoAndBecomesThePendingOne) {
     DialogRig rig;
     const struct {
         const char* caption;
@@ -48,7 +48,7 @@ TEST(AlertDialogOptions, EachTellsWhatItWouldDoAndIsPending) {
     EXPECT_TRUE(rig.host.boxes.empty());
 }
 
-TEST(Sorbane, IsToldTheFirstRowInAlert) {
+TEST(Sorbane, GetsTheFirstRowInAlert) {
     DialogRig rig;
     rig.row("C:\\", "ok");
     rig.row("D:\\", "alert");
@@ -69,7 +69,7 @@ TEST(Sorbane, IsToldTheFirstRowInAlert) {
                                   "ShellExecuteA open C:\\Program Files\\Velmora\\sorbane.exe"}));
 }
 
-TEST(Sorbane, WithNoRowInAlertIsToldDriveC) {
+TEST(Sorbane, WithNoRowInAlertGetsDriveC) {
     DialogRig rig;
     rig.click("Sorbane");
     EXPECT_EQ(rig.machine.files[rig.cleanerFile], "c:\\\r\n");
@@ -80,7 +80,7 @@ TEST(Sorbane, WithNoRowInAlertIsToldDriveC) {
     EXPECT_EQ(rig.machine.files[rig.cleanerFile], "c:\\\r\n");
 }
 
-TEST(Sorbane, LeavesSuggestionAndPendingOption) {
+TEST(Sorbane, LeavesSuggestionAndPendingOptionUnchanged) {
     DialogRig rig;
     rig.click("Move File(s)");
     const std::string suggestion = rig.dialog.lblSuggest.Caption();
@@ -89,14 +89,14 @@ TEST(Sorbane, LeavesSuggestionAndPendingOption) {
     EXPECT_EQ(rig.pending(), "move");
 }
 
-TEST(Sorbane, ThatIsNotThereGivesNoMessage) {
+TEST(Sorbane, GivesNoMessageWhenItIsNotThere) {
     DialogRig rig;
     rig.machine.executes = false;
     EXPECT_NO_THROW(rig.click("Sorbane"));
     EXPECT_TRUE(rig.host.boxes.empty());
 }
 
-TEST(Sorbane, IsNotStartedWhenItCantBeToldTheDrive) {
+TEST(Sorbane, IsNotStartedWhenTheDriveCantBeWrittenForIt) {
     DialogRig locked;
     locked.machine.lockedFiles[locked.cleanerFile] = error::permissionDenied;
     EXPECT_EQ(errorOf([&] { locked.click("Sorbane"); }), error::permissionDenied);
@@ -152,7 +152,7 @@ TEST(DialogWizard, PutsTheChosenFilesIntoTheBoxAndClicksAdd) {
     }
 }
 
-TEST(DialogWizard, OneChosenFileIsItsPath) {
+TEST(DialogWizard, OneChosenFileIsGivenByItsPath) {
     DialogRig rig;
     rig.host.paths.push_back("C:\\data\\a;b.txt");
     rig.click("Move File(s)");
@@ -189,7 +189,7 @@ TEST(DialogWizard, ClearsTheFirstActionsOnFilesWhetherFilesWereChosenOrNot) {
     }
 }
 
-TEST(DialogWizard, DoesNothingForTheOtherOptionsNorForNone) {
+TEST(DialogWizard, DoesNothingForTheOtherOptionsAndWithoutOne) {
     for (const char* option : {"", "Emp. Recyc", "Compress F"}) {
         DialogRig rig;
         rig.tickAllActions();
@@ -202,7 +202,7 @@ TEST(DialogWizard, DoesNothingForTheOtherOptionsNorForNone) {
     }
 }
 
-TEST(DialogWizard, GoesByTheOptionThatWasPendingWhenItBegan) {
+TEST(DialogWizard, UsesTheOptionThatWasPendingWhenItBegan) {
     DialogRig rig;
     rig.tickAllActions();
     rig.click("Move File(s)");

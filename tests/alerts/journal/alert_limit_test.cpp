@@ -4,7 +4,7 @@
 namespace velmora::tests {
 namespace {
 
-// Rows "1" (at the bottom) to `count` (on top), and the box set to `limit`.
+// Rows "1" (at the bottom) to `count` (at the top), and the box set to `limit`.
 struct Filled : AlertRig {
     Filled(int count, const std::string& limit) {
         raiseMany(count);
@@ -65,13 +65,13 @@ TEST(AlertLimit, TheListGrowsPastItUntilTheSpinnerTurns) {
     rig.expectNewest(61, 9);
 }
 
-TEST(AlertLimit, ALimitOfNothingEmptiesTheList) {
+TEST(AlertLimit, ALimitOfZeroEmptiesTheList) {
     Filled rig(5, "1");
     rig.form1.UpDown3.userDown();
     EXPECT_EQ(rig.list.Count(), 0);
 }
 
-TEST(AlertLimit, CountersKeepWhatTheListLost) {
+TEST(AlertLimit, CountersStillCountTheRemovedAlerts) {
     Filled rig(60, "2");
     rig.form1.UpDown3.userDown();
     EXPECT_EQ(rig.raised(), 60);
@@ -86,7 +86,7 @@ TEST(AlertLimit, ATextThatIsNoNumberIsATypeMismatchAndRemovesNothing) {
     }
 }
 
-TEST(AlertLimit, AFractionIsComparedAsItStandsAndRoundedForTheCut) {
+TEST(AlertLimit, AFractionIsComparedUnroundedAndRoundedForTheCut) {
     Filled rig(51, "50.5");
     rig.form1.UpDown3.Change();
     rig.expectNewest(51, 50);
@@ -101,7 +101,7 @@ TEST(AlertLimit, ALimitBeyondThirtyTwoBitsIsJustAHighOne) {
     rig.expectNewest(5, 5);
 }
 
-TEST(AlertLimit, ALimitBelowNothingEmptiesTheListAndNoMore) {
+TEST(AlertLimit, ANegativeLimitOnlyEmptiesTheList) {
     Filled rig(5, "-3");
     rig.form1.UpDown3.Change();
     EXPECT_EQ(rig.list.Count(), 0);
@@ -130,7 +130,7 @@ TEST(AlertLimit, ASurplusOfSixteenBitsIsCutAndOneMoreOverflows) {
     EXPECT_EQ(list.Count(), 1);
 }
 
-TEST(AlertLimit, ASurplusIsCountedFromALimitBelowNothing) {
+TEST(AlertLimit, ASurplusIsCountedFromANegativeLimit) {
     AlertRig rig;
     ListView& list = rig.form1.ListView1;
     EXPECT_EQ(errorOf([&] { AlertList::prcLVLimit(-32767, list); }), 6);

@@ -1,4 +1,4 @@
-// Alerts on their way into the log file.
+// Writing alerts into the log file.
 #include "alerts/alert_rig.h"
 
 namespace velmora::tests {
@@ -11,7 +11,7 @@ TEST(AlertLog, AnAlertIsALineOfTimeRatingAndText) {
     EXPECT_EQ(rig.log(), "20260314 15:09 | Medium | some text\r\n");
 }
 
-TEST(AlertLog, LinesAreAppendedBehindWhatIsThere) {
+TEST(AlertLog, LinesAreAppendedToWhatIsThere) {
     AlertRig rig;
     rig.keepLog();
     rig.machine.files[rig.path] = "before\r\n";
@@ -20,14 +20,14 @@ TEST(AlertLog, LinesAreAppendedBehindWhatIsThere) {
     EXPECT_EQ(rig.log(), "before\r\n20260314 15:09 | High | A\r\n20260314 15:09 | Medium | B\r\n");
 }
 
-TEST(AlertLog, LineBreaksAndQuotesAreWrittenAsTheyStand) {
+TEST(AlertLog, LineBreaksAndQuotesAreWrittenUnchanged) {
     AlertRig rig;
     rig.keepLog();
     rig.raise("a \"b\"\r\n.\r\n");
     EXPECT_EQ(rig.log(), "20260314 15:09 | High | a \"b\"\r\n.\r\n\r\n");
 }
 
-TEST(AlertLog, AMissingFileIsNotMadeAndTheAlertReachesTheList) {
+TEST(AlertLog, AMissingFileIsNotCreatedAndTheAlertIsListed) {
     AlertRig rig;
     rig.keepLog();
     rig.machine.files.clear();
@@ -89,7 +89,7 @@ TEST(AlertLog, ALockedFileIsTheCallersErrorWithTheRowAddedAndCounted) {
     EXPECT_EQ(rig.log(), "");
 }
 
-TEST(AlertLog, AnAlertThatALockedFileKeptOutIsARepeatAfterwards) {
+TEST(AlertLog, AnAlertThatALockedFileRefusedIsARepeatAfterwards) {
     AlertRig rig;
     rig.keepLog();
     rig.machine.lockedFiles[rig.path] = 70;
@@ -101,7 +101,7 @@ TEST(AlertLog, AnAlertThatALockedFileKeptOutIsARepeatAfterwards) {
     EXPECT_EQ(rig.log(), "20260314 15:09 | High | B\r\n");
 }
 
-TEST(AlertLog, ACounterThatOverflowsKeepsTheLineOut) {
+TEST(AlertLog, WhenACounterOverflowsNoLineIsWritten) {
     AlertRig rig;
     rig.keepLog();
     rig.forms.globals.lngAlertsRaised = 2147483647;

@@ -1,5 +1,5 @@
-// Random lives of a journal against the plain rule of what reaches the file, byte by byte; and
-// every operation with each of its calls failing.
+// Random sequences of operations on a journal, compared byte by byte with a plain rule of what the
+// file must contain; and every operation with each of its calls failing.
 #include "alerts/journal/log_rig.h"
 
 #include <algorithm>
@@ -115,7 +115,7 @@ class JournalLife {
     PlainJournal plain_;
 };
 
-TEST(JournalLife, TheFileHoldsWhatThePlainRuleSays) {
+TEST(JournalLife, TheFileContainsWhatThePlainRuleSays) {
     for (unsigned seed = 1; seed <= 300 && !HasFailure(); ++seed) {
         SCOPED_TRACE(seed);
         JournalLife(seed).live(60);

@@ -21,7 +21,7 @@ TEST(LogButtons, HaveTheirCaptionsAndTips) {
     }
 }
 
-TEST(LogButtons, SaveAsksWithTheWindowDroppedAndAppendsTheWholeJournal) {
+TEST(LogButtons, SaveAsksWithTheWindowNotOnTopAndAppendsTheWholeJournal) {
     LogRig rig;
     rig.machine.files[rig.path] = "old\r\n";
     rig.enter("1");
@@ -56,7 +56,7 @@ TEST(LogButtons, SaveOfAnEmptyJournalIsAnEmptyLine) {
     EXPECT_EQ(rig.file(), "\r\n");
 }
 
-TEST(LogButtons, ANoPutsTheWindowBackAndTouchesNothing) {
+TEST(LogButtons, NoPutsTheWindowBackAndChangesNothing) {
     for (const char* caption : {"Save", "Delete Log"}) {
         LogRig rig;
         rig.machine.files[rig.path] = "old\r\n";
@@ -77,7 +77,7 @@ TEST(LogButtons, WhatTheJournalGainsDuringTheQuestionIsSavedToo) {
     EXPECT_EQ(rig.file(), "2\r\n . \r\n1\r\n . \r\n\r\n");
 }
 
-TEST(LogButtons, OpenLogHandsTheFileToTheEditorWithoutALookAtIt) {
+TEST(LogButtons, OpenLogPassesTheFileToTheEditorWithoutReadingIt) {
     LogRig rig;
     rig.click("Open Log");
     EXPECT_EQ(rig.steps, Steps{"Shell Notepad.exe " + rig.path + " | 1"});
@@ -85,13 +85,13 @@ TEST(LogButtons, OpenLogHandsTheFileToTheEditorWithoutALookAtIt) {
     EXPECT_FALSE(rig.hasFile());
 }
 
-TEST(LogButtons, AnEditorThatCantBeStartedIsToldToTheCaller) {
+TEST(LogButtons, AnEditorThatCantBeStartedIsTheCallersError) {
     LogRig rig;
     rig.machine.startError = error::fileNotFound;
     EXPECT_EQ(errorOf([&] { rig.click("Open Log"); }), error::fileNotFound);
 }
 
-TEST(LogButtons, ClearEmptiesJournalAndListAndLeavesFileMarkAndCounters) {
+TEST(LogButtons, ClearEmptiesJournalAndListAndKeepsFileMarkAndCounters) {
     LogRig rig;
     rig.machine.files[rig.path] = "old\r\n";
     rig.enter("1");
@@ -114,7 +114,7 @@ TEST(LogButtons, ClearEmptiesJournalAndListAndLeavesFileMarkAndCounters) {
     EXPECT_EQ(rig.steps, Steps{});
 }
 
-TEST(LogButtons, DeleteLogAsksWithTheWindowDroppedAndRemovesTheFile) {
+TEST(LogButtons, DeleteLogAsksWithTheWindowNotOnTopAndRemovesTheFile) {
     LogRig rig;
     rig.machine.files[rig.path] = "old\r\n";
     rig.enter("1");
@@ -153,7 +153,7 @@ TEST(LogButtons, SavingToALockedFileIsAnErrorAndChangesNothing) {
     EXPECT_EQ(rig.mark(), "0");
 }
 
-TEST(LogButtons, TheWindowComesBackWhateverBecomesOfTheQuestion) {
+TEST(LogButtons, TheWindowIsOnTopAgainHoweverTheQuestionEnds) {
     for (const char* caption : {"Save", "Delete Log"}) {
         LogRig failing;
         failing.machine.files[failing.path] = "old\r\n";
@@ -193,7 +193,7 @@ TEST(EventScript, HasThreeLinesWithDoubleQuotesThroughout) {
     EXPECT_EQ(rig.steps, (Steps{"writeOver " + script, "ShellExecuteA open " + script}));
 }
 
-TEST(EventScript, AnyAnswerButOneGivesANoAndTheScriptStays) {
+TEST(EventScript, AnyAnswerButOneGivesNoAndKeepsTheScript) {
     const std::string script = "C:\\Program Files\\Velmora\\tmpLogNTEvt.vbs";
     for (const int answer : {2, 33, 41, 43}) {
         LogRig rig;

@@ -1,4 +1,4 @@
-// The rows of the specified files: what they show and how they come.
+// The rows of the specified files: what they show and how they are added.
 #include "alerts/lists/lists_rig.h"
 
 #include "base/text.h"
@@ -53,7 +53,7 @@ TEST_F(FileRowsTest, AFileFillsEveryColumn) {
     EXPECT_EQ(row.ListSubItems(1).Tag(), "2000000");
 }
 
-TEST_F(FileRowsTest, DatesAndSizesComeInTheRegionalForm) {
+TEST_F(FileRowsTest, DatesAndSizesHaveTheRegionalForm) {
     Regional& regional = machine.platform().regional;
     regional = {.digitGroup = ".",
                 .decimalPoint = ",",
@@ -90,7 +90,7 @@ TEST_F(FileRowsTest, AMissingPathHasNoSizeAndNothingElse) {
     EXPECT_EQ(row.ListSubItems(1).Tag(), "");
 }
 
-TEST_F(FileRowsTest, AFolderAddedAsAFileKeepsItsSizeOpen) {
+TEST_F(FileRowsTest, AFolderAddedAsAFileHasNoSize) {
     fullFolder("C:\\data\\old");
     ListItem& row = added("C:\\data\\old");
     EXPECT_EQ(cells(row), (Texts{"old", "n/a", "C:\\data", "3/14/2026 3:09:26 PM",
@@ -135,7 +135,7 @@ TEST_F(FileRowsTest, AddingARowLeavesTheBoxBesideTheList) {
     EXPECT_EQ(form1.cboFile.Text(), "C:\\a");
 }
 
-TEST_F(FileRowsTest, WhateverCannotBeReadTheRowIsThere) {
+TEST_F(FileRowsTest, TheRowIsAddedWhateverCannotBeRead) {
     file("C:\\a", 1024);
     added("C:\\a");
     const int calls = machine.log.count();
@@ -176,7 +176,7 @@ TEST_F(FileRowsTest, OneChosenFileGetsARow) {
     EXPECT_EQ(strFile, "C:\\data\\a.txt");
 }
 
-TEST_F(FileRowsTest, OneChosenNameThatNamesNoFileGetsARowAllTheSame) {
+TEST_F(FileRowsTest, OneChosenNameThatIsNoFileStillGetsARow) {
     host.paths = {"C:\\data\\gone.txt"};
     EXPECT_EQ(chosen(), Texts{"C:\\data\\gone.txt"});
     EXPECT_EQ(list.ListItems(1).SubItems(1), "n/a");
@@ -197,7 +197,7 @@ TEST_F(FileRowsTest, ChosenFilesOfARootGetNoSecondBackSlash) {
     EXPECT_EQ(chosen(), (Texts{"C:\\a.txt", "C:\\b.txt"}));
 }
 
-TEST_F(FileRowsTest, OfSeveralChosenNamesThoseThatNameNoFileAreLeftOut) {
+TEST_F(FileRowsTest, OfSeveralChosenNamesThoseThatAreNoFilesAreLeftOut) {
     file("C:\\data\\a.txt");
     machine.folders.insert("c:\\data\\sub");
     host.paths = {std::string("C:\\data\0gone\0a.txt\0sub\0", 23)};
@@ -213,7 +213,7 @@ TEST_F(FileRowsTest, AChosenNameWithADriveOfItsOwnIsNotJoined) {
     EXPECT_EQ(tags(), all);
 }
 
-TEST_F(FileRowsTest, AnEntryOfTheBoxThatCameBackWithItsLineEndIsTheFile) {
+TEST_F(FileRowsTest, AnEntryOfTheBoxWithALineEndFromTheSettingsIsTheFile) {
     file("C:\\data\\a.txt");
     for (const char* end : {"\r\n", "\n", "\r", "\r\n\r\n\r\n"}) {
         form1.cboFile.setText(std::string("C:\\data\\a.txt") + end);
@@ -232,7 +232,7 @@ TEST_F(FileRowsTest, ALineEndAloneIsATextThatNamesNoFile) {
     EXPECT_TRUE(host.dialogs.empty());
 }
 
-TEST_F(FileRowsTest, ATextInTheBoxThatIsAFileIsTakenWithoutADialog) {
+TEST_F(FileRowsTest, ATextInTheBoxThatIsAFileIsAddedWithoutADialog) {
     file("C:\\data\\a.txt");
     form1.cboFile.setText("C:\\data\\a.txt");
     EXPECT_EQ(chosen(), Texts{"C:\\data\\a.txt"});
@@ -262,7 +262,7 @@ TEST_F(FileRowsTest, ADroppedFileAndFolderGetRowsWithTheirSizes) {
     EXPECT_TRUE(host.boxes.empty());
 }
 
-TEST_F(FileRowsTest, AFoldersSizeThatCannotBeReadIsOpenAndTheRestIsTold) {
+TEST_F(FileRowsTest, AFolderWhoseSizeCannotBeReadShowsTheRest) {
     fullFolder("C:\\data\\old");
     // Whether it is a file, whether a folder, the folder, its size.
     machine.log.failCall(4, error::permissionDenied);
@@ -280,7 +280,7 @@ TEST_F(FileRowsTest, ADroppedMissingPathIsAskedAbout) {
     EXPECT_EQ(row.Tag(), "C:\\gone.txt");
 }
 
-TEST_F(FileRowsTest, DroppingAMissingPathAndAnsweringNoAddsNoRowButTheBoxTakesIt) {
+TEST_F(FileRowsTest, ADroppedMissingPathIsNotListedOnNoButPutIntoTheBox) {
     host.answers = {BoxAnswer::no};
     list.userDrop({"C:\\gone.txt"});
     EXPECT_EQ(list.Count(), 0);
@@ -303,7 +303,7 @@ TEST_F(FileRowsTest, ADropWithoutAPathChangesNothing) {
     EXPECT_EQ(form1.cboFile.Text(), "C:\\kept");
 }
 
-TEST_F(FileRowsTest, ATextOfSeveralPathsIsTakenPieceByPiece) {
+TEST_F(FileRowsTest, ATextOfSeveralPathsIsAddedPieceByPiece) {
     file("C:\\data\\a.txt");
     file("C:\\data\\b.txt");
     file("E:\\c.txt");
@@ -320,13 +320,13 @@ TEST_F(FileRowsTest, AClosingSemicolonAddsNoPiece) {
     EXPECT_TRUE(host.boxes.empty());
 }
 
-TEST_F(FileRowsTest, APieceBehindAFolderLiesInIt) {
+TEST_F(FileRowsTest, APieceAfterAFolderIsInThatFolder) {
     machine.folders.insert("c:\\data\\sub");
     file("C:\\data\\sub\\a.txt");
     EXPECT_EQ(addText("C:\\data\\sub;a.txt"), (Texts{"C:\\data\\sub", "C:\\data\\sub\\a.txt"}));
 }
 
-TEST_F(FileRowsTest, APieceBehindARootLiesInIt) {
+TEST_F(FileRowsTest, APieceAfterARootIsInThatRoot) {
     file("C:\\a.txt");
     file("C:\\b.txt");
     EXPECT_EQ(addText("C:\\a.txt;b.txt"), (Texts{"C:\\a.txt", "C:\\b.txt"}));

@@ -1,4 +1,4 @@
-// Lists of many rows: each operation asks the machine a fixed number of times a row and takes each
+// Lists of many rows: each operation makes a fixed number of calls for each row and handles each
 // row once.
 #include "alerts/lists/lists_rig.h"
 
@@ -23,7 +23,7 @@ struct LongListsTest : testing::Test, ListsRig {
     }
     int removed = 0;
     int lastRemoved = many + 1;
-    /// Rows must go from the last to the first, without a search from the top.
+    /// Rows must be removed from the last to the first, without a search from the top.
     void expectRemovalFromTheEnd() {
         list.RowRemoved.connect([this](int index) {
             ++removed;

@@ -15,7 +15,7 @@ struct ManualDeleteTest : testing::Test, ListsRig {
         host.answers = std::move(answers);
         form1.cmdDeleteAll.userClick();
     }
-    /// One report by all ways, and the check's tick behind it.
+    /// One report in alert list, journal and dialog, and then the check's tick.
     void expectReported(const std::string& text) {
         EXPECT_EQ(alertRows(), Texts{mediumAlert(text)});
         EXPECT_EQ(journal(), entry(text));
@@ -27,7 +27,7 @@ struct ManualDeleteTest : testing::Test, ListsRig {
     }
 };
 
-TEST_F(ManualDeleteTest, AFileGoesAtOnceWithoutAQuestion) {
+TEST_F(ManualDeleteTest, AFileIsDeletedAtOnceWithoutAQuestion) {
     listedFile("C:\\a.txt");
     listedFile("C:\\b.txt", true);
     form1.chkSafeM.setValue(1);
@@ -40,7 +40,7 @@ TEST_F(ManualDeleteTest, AFileGoesAtOnceWithoutAQuestion) {
     EXPECT_EQ(order, (Texts{"FileExists C:\\b.txt", "remove C:\\b.txt", "dialog shown", "tick"}));
 }
 
-TEST_F(ManualDeleteTest, AFolderWithContentGoesWhole) {
+TEST_F(ManualDeleteTest, AFolderWithContentIsDeletedWhole) {
     fullFolder("C:\\data\\old", 1536);
     file("C:\\data\\old\\deep\\x", 512);
     machine.folders.insert("c:\\data\\old\\deep");
@@ -89,7 +89,7 @@ TEST_F(ManualDeleteTest, AFolderOfEmptyFilesStays) {
     expectReported("- No Folder Found or No Content in Folder: C:\\data\\old");
 }
 
-TEST_F(ManualDeleteTest, AWholeDriveIsRefusedBeforeItIsLookedThrough) {
+TEST_F(ManualDeleteTest, AWholeDriveIsRefusedBeforeItIsRead) {
     file("C:\\a");
     row("C:\\", true);
     const auto before = disk();
@@ -112,7 +112,7 @@ TEST_F(ManualDeleteTest, AWholeShareIsRefusedToo) {
     expectReported("- File access error (Listing Removed): \\\\host\\share");
 }
 
-TEST_F(ManualDeleteTest, APathThatIsNeitherIsReportedAndItsRowRemoved) {
+TEST_F(ManualDeleteTest, APathThatIsNeitherFileNorFolderIsReportedAndItsRowRemoved) {
     row("C:\\gone.txt", true);
     remove();
     EXPECT_EQ(list.Count(), 0);
@@ -130,7 +130,7 @@ TEST_F(ManualDeleteTest, ARowWithoutAPathIsReportedAndRemoved) {
     EXPECT_TRUE(host.boxes.empty());
 }
 
-TEST_F(ManualDeleteTest, OfSeveralSelectedRowsOnlyTheFirstGoes) {
+TEST_F(ManualDeleteTest, OfSeveralSelectedRowsOnlyTheFirstIsDeleted) {
     listedFile("C:\\a");
     listedFile("C:\\b", true);
     listedFile("C:\\c", true);
@@ -141,7 +141,7 @@ TEST_F(ManualDeleteTest, OfSeveralSelectedRowsOnlyTheFirstGoes) {
     expectReported("- Deleted File: C:\\b");
 }
 
-TEST_F(ManualDeleteTest, AnEmptyListAndNoSelectionAreTold) {
+TEST_F(ManualDeleteTest, AnEmptyListAndNoSelectionAreReported) {
     remove();
     listedFile("C:\\a.txt");
     remove();
@@ -150,7 +150,7 @@ TEST_F(ManualDeleteTest, AnEmptyListAndNoSelectionAreTold) {
     EXPECT_EQ(machine.files.size(), 1u);
 }
 
-TEST_F(ManualDeleteTest, TheRowGoesBeforeTheReport) {
+TEST_F(ManualDeleteTest, TheRowIsRemovedBeforeTheReport) {
     listedFile("C:\\a", true);
     int listedAtAlert = -1;
     alerts.Raised.connect([&](const ListItem&) { listedAtAlert = list.Count(); });
@@ -158,7 +158,7 @@ TEST_F(ManualDeleteTest, TheRowGoesBeforeTheReport) {
     EXPECT_EQ(listedAtAlert, 0);
 }
 
-TEST_F(ManualDeleteTest, ATextThatTheDialogHoldsIsNotToldAgainButTheTickRuns) {
+TEST_F(ManualDeleteTest, ATextThatTheDialogShowsIsNotReportedAgainButTheTickRuns) {
     listedFile("C:\\a.txt", true);
     forms.dlgAlert.Label1.setText("before " + entry("- Deleted File: C:\\a.txt"));
     remove();
@@ -169,7 +169,7 @@ TEST_F(ManualDeleteTest, ATextThatTheDialogHoldsIsNotToldAgainButTheTickRuns) {
     EXPECT_EQ(count("dialog shown"), 0);
 }
 
-TEST_F(ManualDeleteTest, APathThatBeginsOneToldBeforeIsToldToo) {
+TEST_F(ManualDeleteTest, APathThatIsTheBeginningOfAReportedOneIsReportedToo) {
     listedFile("C:\\a", true);
     listedFile("C:\\a.txt", true);
     list.userSelect({2});
@@ -183,7 +183,7 @@ TEST_F(ManualDeleteTest, APathThatBeginsOneToldBeforeIsToldToo) {
     EXPECT_EQ(count("dialog shown"), 2);
 }
 
-TEST_F(ManualDeleteTest, TheSamePathIsToldAgainASecondLaterButNotInTheSameSecond) {
+TEST_F(ManualDeleteTest, TheSamePathIsReportedAgainASecondLaterButNotInTheSameSecond) {
     const auto deleteOnce = [this] {
         listedFile("C:\\a", true);
         remove();
@@ -229,7 +229,7 @@ TEST_F(ManualDeleteTest, AnAccessErrorOnAFolderRemovesTheListing) {
     expectReported("- File access error (Listing Removed): C:\\data\\old");
 }
 
-TEST_F(ManualDeleteTest, AnotherErrorIsToldAndTheRowStays) {
+TEST_F(ManualDeleteTest, AnotherErrorIsReportedAndTheRowStays) {
     listedFile("C:\\a.txt", true);
     machine.lockedFiles["C:\\a.txt"] = error::deviceIo;
     remove();
@@ -241,14 +241,14 @@ TEST_F(ManualDeleteTest, AnotherErrorIsToldAndTheRowStays) {
     EXPECT_EQ(count("tick"), 0);
 }
 
-TEST_F(ManualDeleteTest, AnErrorBehindTheDeletionIsNoneOfIt) {
+TEST_F(ManualDeleteTest, AnErrorInTheReportIsNotReportedAsAFailedDeletion) {
     listedFile("C:\\a.txt", true);
     form1.txtAlert.Change.connect([] { throw RuntimeError(error::permissionDenied); });
     EXPECT_THROW(remove(), RuntimeError);
     EXPECT_EQ(alertRows(), Texts{mediumAlert("- Deleted File: C:\\a.txt")});
 }
 
-TEST_F(ManualDeleteTest, ALogFileThatCannotBeWrittenHoldsNothingUp) {
+TEST_F(ManualDeleteTest, ALogFileThatCannotBeWrittenStopsNothing) {
     form1.chkAutoSave.setValue(1);
     form1.lblLog.setCaption("C:\\log.dat");
     file("C:\\log.dat");
@@ -263,7 +263,7 @@ TEST_F(ManualDeleteTest, ALogFileThatCannotBeWrittenHoldsNothingUp) {
     EXPECT_EQ(alertRows()[0], mediumAlert("- Deleted File: C:\\b.txt"));
 }
 
-TEST_F(ManualDeleteTest, AllIsAskedWithThreeAnswers) {
+TEST_F(ManualDeleteTest, DeleteAllAsksWithThreeAnswers) {
     listedFile("C:\\a");
     removeAll({BoxAnswer::cancel});
     ASSERT_EQ(said(), Texts{binQuestion});
@@ -271,7 +271,7 @@ TEST_F(ManualDeleteTest, AllIsAskedWithThreeAnswers) {
     EXPECT_EQ(host.boxes[0].buttons, BoxButtons::yesNoCancel);
 }
 
-TEST_F(ManualDeleteTest, CancelOfAllDeletesNothing) {
+TEST_F(ManualDeleteTest, DeleteAllDeletesNothingOnCancel) {
     for (const char* tag : {"C:\\a", "C:\\b"}) listedFile(tag);
     form1.cboFile.AddItem("C:\\a");
     removeAll({BoxAnswer::cancel});
@@ -283,12 +283,12 @@ TEST_F(ManualDeleteTest, CancelOfAllDeletesNothing) {
     EXPECT_TRUE(alertRows().empty());
 }
 
-TEST_F(ManualDeleteTest, AllOnAnEmptyListIsTold) {
+TEST_F(ManualDeleteTest, AllOnAnEmptyListIsReported) {
     removeAll({BoxAnswer::no});
     EXPECT_EQ(order, Texts{"box: No item listed."});
 }
 
-TEST_F(ManualDeleteTest, NoDeletesAllForGoodFromTheLastToTheFirst) {
+TEST_F(ManualDeleteTest, AnswerNoDeletesAllForGoodFromTheLastToTheFirst) {
     for (const char* tag : {"C:\\a", "C:\\b"}) listedFile(tag);
     file("C:\\kept");
     removeAll({BoxAnswer::no});
@@ -302,7 +302,7 @@ TEST_F(ManualDeleteTest, NoDeletesAllForGoodFromTheLastToTheFirst) {
     EXPECT_EQ(dialogText(), "");
 }
 
-TEST_F(ManualDeleteTest, YesSendsAllToTheBin) {
+TEST_F(ManualDeleteTest, AnswerYesSendsAllToTheBin) {
     for (const char* tag : {"C:\\a", "C:\\b"}) listedFile(tag);
     form1.cboFile.AddItem("C:\\a");
     removeAll({BoxAnswer::yes});
@@ -317,7 +317,7 @@ TEST_F(ManualDeleteTest, YesSendsAllToTheBin) {
     EXPECT_EQ(form1.cboFile.ListCount(), 1);
 }
 
-TEST_F(ManualDeleteTest, WhatTheBinAnswersIsNotLookedAt) {
+TEST_F(ManualDeleteTest, TheAnswerOfTheBinIsIgnored) {
     listedFile("C:\\a");
     machine.operationResult = 5;
     removeAll({BoxAnswer::yes});
@@ -326,7 +326,7 @@ TEST_F(ManualDeleteTest, WhatTheBinAnswersIsNotLookedAt) {
     EXPECT_EQ(machine.files.size(), 1u);
 }
 
-TEST_F(ManualDeleteTest, AllShowsOneMessageForAMissingFileDropsItsRowAndGoesOn) {
+TEST_F(ManualDeleteTest, AllShowsOneMessageForAMissingFileRemovesItsRowAndGoesOn) {
     for (const BoxAnswer answer : {BoxAnswer::yes, BoxAnswer::no}) {
         ListsRig rig;
         rig.listedFile("C:\\a");
@@ -345,7 +345,7 @@ TEST_F(ManualDeleteTest, AllShowsOneMessageForAMissingFileDropsItsRowAndGoesOn) 
     }
 }
 
-TEST_F(ManualDeleteTest, AFolderIsNoFileForAll) {
+TEST_F(ManualDeleteTest, DeleteAllTreatsAFolderAsAMissingFile) {
     fullFolder("C:\\data\\old");
     row("C:\\data\\old");
     form1.cboFile.AddItem("C:\\one");
@@ -395,7 +395,7 @@ TEST_F(RefusedDeletion, NoEndsTheRun) {
     EXPECT_EQ(alertRows(), (Texts{highAlert(), mediumAlert("- Deleted File: C:\\c")}));
 }
 
-TEST_F(ManualDeleteTest, ARefusedFileIsAskedAboutOnceThoughOtherRowsGoMeanwhile) {
+TEST_F(ManualDeleteTest, ARefusedFileIsAskedAboutOnceEvenIfOtherRowsAreRemovedMeanwhile) {
     for (const char* tag : {"C:\\a", "C:\\b", "C:\\c"}) listedFile(tag);
     machine.lockedFiles["C:\\c"] = error::permissionDenied;
     host.onBox = [this](const Box& box) {
@@ -408,7 +408,7 @@ TEST_F(ManualDeleteTest, ARefusedFileIsAskedAboutOnceThoughOtherRowsGoMeanwhile)
     EXPECT_EQ(tags(), Texts{"C:\\c"});
 }
 
-TEST_F(ManualDeleteTest, AnotherErrorEndsTheRunOfAllAndIsTold) {
+TEST_F(ManualDeleteTest, AnotherErrorEndsTheRunOfAllAndIsReported) {
     for (const char* tag : {"C:\\a", "C:\\b"}) listedFile(tag);
     machine.lockedFiles["C:\\b"] = error::pathFileAccess;
     removeAll({BoxAnswer::no});
@@ -419,7 +419,7 @@ TEST_F(ManualDeleteTest, AnotherErrorEndsTheRunOfAllAndIsTold) {
     EXPECT_TRUE(alertRows().empty());
 }
 
-TEST_F(ManualDeleteTest, RowsThatGoWhileAMessageStandsTakeNoOtherAlong) {
+TEST_F(ManualDeleteTest, RowsRemovedWhileAMessageIsShownRemoveNoOther) {
     for (const char* tag : {"C:\\a", "C:\\b"}) listedFile(tag);
     row("C:\\gone");
     form1.cboFile.AddItem("C:\\one");

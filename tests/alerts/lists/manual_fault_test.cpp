@@ -1,5 +1,5 @@
-// Each operation by hand, of which the n-th question to the machine fails: for every n, for several
-// errors. Whatever fails, no file is touched but the one whose turn it is.
+// Each operation by hand in which the n-th call of the machine fails, for every n and for several
+// errors. Whatever fails, only the file that is being handled may be touched.
 #include "alerts/lists/lists_rig.h"
 
 #include <algorithm>
@@ -29,7 +29,7 @@ struct SweptLists : ListsRig {
     }
 };
 
-/// What is gone from the disk, and what has come.
+/// The files that were removed from the disk, and those that were added.
 struct Difference {
     std::vector<std::string> gone;
     std::vector<std::string> come;
@@ -51,8 +51,8 @@ Difference difference(const Disk& before, const Disk& after) {
     return found;
 }
 
-/// Runs the operation with each of its questions failing in turn; `look` sees the outcome and
-/// whether the error came through.
+/// Runs the operation with each of its calls failing in turn; `look` gets the outcome and whether
+/// the error reached the caller.
 void sweep(const Operation& operation,
            const std::function<void(SweptLists&, const Difference&, bool failed)>& look) {
     SweptLists whole;
@@ -94,7 +94,7 @@ TEST(ManualFault, AMoveTouchesTheSelectedFileOnly) {
             rig.form1.cmdMove.userClick();
         },
         [](SweptLists& rig, const Difference& changed, bool failed) {
-            // The move itself tells a failure by its result.
+            // The move itself reports a failure by its result.
             EXPECT_EQ(changed.gone, Paths{});
             EXPECT_EQ(changed.come, Paths{});
             EXPECT_TRUE(lists(rig, "C:\\data\\a.txt"));
@@ -120,7 +120,7 @@ TEST(ManualFault, AMoveThatAsksForAFolderTouchesTheSelectedFileOnly) {
         });
 }
 
-TEST(ManualFault, MovingAllEndsAtTheFileThatFailsAndKeepsItsRow) {
+TEST(ManualFault, MoveAllEndsAtTheFileThatFailsAndKeepsItsRow) {
     sweep(
         [](ListsRig& rig) {
             rig.host.onBox = [&rig](const Box& box) {
@@ -132,7 +132,7 @@ TEST(ManualFault, MovingAllEndsAtTheFileThatFailsAndKeepsItsRow) {
             EXPECT_FALSE(failed);
             const bool ended = !rig.host.boxes.empty() &&
                                rig.said().back() == "Unable to move all.  A file may be invalid.";
-            // One file each that is gone has come, and no other.
+            // Every removed file was added elsewhere, and no other.
             ASSERT_EQ(changed.gone.size(), changed.come.size());
             for (const std::string& path : changed.gone) {
                 EXPECT_TRUE(path == "C:\\data\\a.txt" || path == "C:\\data\\b.txt") << path;
@@ -161,15 +161,16 @@ TEST(ManualFault, ADeletionTouchesTheSelectedFileOnly) {
             EXPECT_EQ(changed.gone, Paths{});
             EXPECT_EQ(changed.come, Paths{});
             EXPECT_TRUE(lists(rig, "C:\\data\\b.txt"));
-            // Either the listing went with its report, or the error was told and all stays.
-            const bool told = !rig.host.boxes.empty();
-            EXPECT_EQ(lists(rig, "C:\\data\\a.txt"), told);
-            EXPECT_EQ(rig.alertRows().size(), told ? 0u : 1u);
-            EXPECT_EQ(rig.count("tick"), told ? 0 : 1);
+            // Either the row was removed with a report, or the error was shown in a box and all
+            // stays.
+            const bool shown = !rig.host.boxes.empty();
+            EXPECT_EQ(lists(rig, "C:\\data\\a.txt"), shown);
+            EXPECT_EQ(rig.alertRows().size(), shown ? 0u : 1u);
+            EXPECT_EQ(rig.count("tick"), shown ? 0 : 1);
         });
 }
 
-TEST(ManualFault, ADeletedFolderTakesNothingBesideItAlong) {
+TEST(ManualFault, DeletingAFolderTouchesNothingBesideIt) {
     sweep(
         [](ListsRig& rig) {
             rig.list.Clear();
@@ -198,7 +199,7 @@ TEST(ManualFault, DeletingAllForGoodTouchesListedFilesOnly) {
                     EXPECT_TRUE(path == "C:\\data\\a.txt" || path == "C:\\data\\b.txt") << path;
                     EXPECT_FALSE(lists(rig, path));
                 }
-                // The file that failed is there and listed; what is behind it goes by the answer.
+                // The file that failed is there and listed; the answer decides about the next ones.
                 ASSERT_EQ(rig.host.boxes.size(), 2u);
                 const bool asked = rig.host.boxes[1].buttons == BoxButtons::yesNo;
                 EXPECT_EQ(changed.gone.size() + static_cast<std::size_t>(rig.list.Count()), 2u);

@@ -1,4 +1,4 @@
-// Moving the specified files by hand, and the path to which they go.
+// Moving the specified files by hand, and the path to which they are moved.
 #include "alerts/lists/lists_rig.h"
 
 namespace velmora::tests {
@@ -42,12 +42,12 @@ TEST_F(ManualMoveTest, TheFolderOfAFileWithLettersOfSeveralBytesIsWhole) {
     EXPECT_EQ(form1.txtDrive.Text(), "E:\\größer\\日本\\");
 }
 
-TEST_F(ManualMoveTest, CancellingTheChoiceOfAPathKeepsIt) {
+TEST_F(ManualMoveTest, CancellingTheDialogKeepsThePath) {
     form1.cmdFolder.userClick();
     EXPECT_EQ(form1.txtDrive.Text(), "E:\\spare\\");
 }
 
-TEST_F(ManualMoveTest, YesMovesTheSelectedFileAndTellsEverywhere) {
+TEST_F(ManualMoveTest, YesMovesTheSelectedFileAndReportsItEverywhere) {
     listedFile("C:\\data\\a.txt");
     listedFile("C:\\data\\b.txt", true);
     form1.txtAlert.setText("older");
@@ -65,8 +65,8 @@ TEST_F(ManualMoveTest, YesMovesTheSelectedFileAndTellsEverywhere) {
     EXPECT_FALSE(forms.sysWorkSystray.tmrSystray.Enabled());
 }
 
-// Each saving and reading of the settings puts one more behind the path.
-TEST_F(ManualMoveTest, LineEndsBehindTheSpecifiedPathAreNoPartOfTheFilesNewName) {
+// Each saving and reading of the settings adds one line end to the path.
+TEST_F(ManualMoveTest, LineEndsAfterTheSpecifiedPathAreNotPartOfTheNewName) {
     listedFile("C:\\data\\b.txt", true);
     form1.txtDrive.setText(form1.txtDrive.Text() + "\r\n\r\n");
     move();
@@ -86,7 +86,7 @@ TEST_F(ManualMoveTest, OfSeveralSelectedRowsOnlyTheFirstMoves) {
     EXPECT_EQ(said(), Texts{moveQuestion});
 }
 
-TEST_F(ManualMoveTest, TheRowGoesAfterTheReport) {
+TEST_F(ManualMoveTest, TheRowIsRemovedAfterTheReport) {
     listedFile("C:\\a", true);
     int listedAtAlert = -1;
     alerts.Raised.connect([&](const ListItem&) { listedAtAlert = list.Count(); });
@@ -95,14 +95,14 @@ TEST_F(ManualMoveTest, TheRowGoesAfterTheReport) {
     EXPECT_EQ(list.Count(), 0);
 }
 
-TEST_F(ManualMoveTest, AnEmptyListIsTold) {
+TEST_F(ManualMoveTest, AnEmptyListIsReported) {
     move();
     EXPECT_EQ(order, Texts{"box: No file listed."});
     EXPECT_EQ(host.boxes[0].buttons, BoxButtons::ok);
     expectNothingMoved();
 }
 
-TEST_F(ManualMoveTest, NoGoesByTheFolderBrowserOnceTheWindowStaysOnTopAgain) {
+TEST_F(ManualMoveTest, NoOpensTheFolderBrowserOnceTheWindowIsOnTopAgain) {
     listedFile("C:\\a.txt", true);
     machine.folders.insert("e:\\other");
     host.paths = {"E:\\other\\"};
@@ -140,7 +140,7 @@ TEST_F(ManualMoveTest, NoAndACancelledBrowserMoveNothingAndRaiseNoAlert) {
     expectNothingMoved();
 }
 
-TEST_F(ManualMoveTest, NoSelectionOrARowWithoutAPathIsToldAfterTheQuestion) {
+TEST_F(ManualMoveTest, NoSelectionOrARowWithoutAPathIsReportedAfterTheQuestion) {
     listedFile("C:\\a.txt");
     move();
     EXPECT_EQ(said(), (Texts{moveQuestion, "no file listed."}));
@@ -165,7 +165,7 @@ TEST_F(ManualMoveTest, AMissingFileOrAFolderLeavesItsRowAndNothingMoreHappens) {
     expectNothingMoved();
 }
 
-TEST_F(ManualMoveTest, AFailureIsToldAndTheRowGoesAllTheSame) {
+TEST_F(ManualMoveTest, AFailureIsReportedAndTheRowIsStillRemoved) {
     listedFile("C:\\a.txt", true);
     machine.diskFull = true;
     move();
@@ -179,9 +179,9 @@ TEST_F(ManualMoveTest, AFailureIsToldAndTheRowGoesAllTheSame) {
     EXPECT_EQ(machine.files.count("C:\\a.txt"), 1u);
 }
 
-TEST_F(ManualMoveTest, ATextThatTheDialogHoldsIsNotToldAgain) {
+TEST_F(ManualMoveTest, ATextThatTheDialogShowsIsNotReportedAgain) {
     listedFile("C:\\a.txt", true);
-    const std::string held = "before " + entry("- Moved File: C:\\a.txt") + "behind";
+    const std::string held = "before " + entry("- Moved File: C:\\a.txt") + "after";
     forms.dlgAlert.Label1.setText(held);
     move();
     EXPECT_EQ(machine.moved.size(), 1u);
@@ -192,7 +192,7 @@ TEST_F(ManualMoveTest, ATextThatTheDialogHoldsIsNotToldAgain) {
     EXPECT_EQ(list.Count(), 0);
 }
 
-TEST_F(ManualMoveTest, APathThatBeginsOneToldBeforeIsToldToo) {
+TEST_F(ManualMoveTest, APathThatIsTheBeginningOfAReportedOneIsReportedToo) {
     listedFile("C:\\a.txt", true);
     move();
     listedFile("C:\\a", true);
@@ -203,7 +203,7 @@ TEST_F(ManualMoveTest, APathThatBeginsOneToldBeforeIsToldToo) {
     EXPECT_EQ(journal(), dialogText());
 }
 
-TEST_F(ManualMoveTest, ATextWithAnotherStampIsToldAgain) {
+TEST_F(ManualMoveTest, ATextWithAnotherStampIsReportedAgain) {
     listedFile("C:\\a.txt", true);
     forms.dlgAlert.Label1.setText("03/14/26 15:09:25- Moved File: C:\\a.txt\r\n . \r\n");
     move();
@@ -222,7 +222,7 @@ TEST_F(ManualMoveTest, TheConfirmationSettingChangesNothing) {
     EXPECT_EQ(said(), Texts(2, moveQuestion));
 }
 
-TEST_F(ManualMoveTest, RowsThatGoWhileTheQuestionStandsLeaveTheSelectedOneItsPlace) {
+TEST_F(ManualMoveTest, RowsRemovedDuringTheQuestionDoNotChangeWhichRowIsMoved) {
     for (const char* tag : {"C:\\a", "C:\\b"}) listedFile(tag);
     list.ListItems(2).setSelected(true);
     host.onBox = [this](const Box&) { list.Remove(1); };
@@ -231,7 +231,7 @@ TEST_F(ManualMoveTest, RowsThatGoWhileTheQuestionStandsLeaveTheSelectedOneItsPla
     EXPECT_EQ(list.Count(), 0);
 }
 
-TEST_F(ManualMoveTest, RowsThatGoWhileAFailureIsToldLeaveTheOthers) {
+TEST_F(ManualMoveTest, RowsRemovedWhileAFailureIsReportedLeaveTheOthers) {
     for (const char* tag : {"C:\\a", "C:\\b", "C:\\c"}) listedFile(tag);
     list.ListItems(2).setSelected(true);
     machine.diskFull = true;
@@ -242,7 +242,7 @@ TEST_F(ManualMoveTest, RowsThatGoWhileAFailureIsToldLeaveTheOthers) {
     EXPECT_EQ(tags(), Texts{"C:\\c"});
 }
 
-TEST_F(ManualMoveTest, ARowThatWentItselfWhileAFailureIsToldTakesNoOtherAlong) {
+TEST_F(ManualMoveTest, ARowAlreadyRemovedWhileItsFailureIsReportedRemovesNoOther) {
     for (const char* tag : {"C:\\a", "C:\\b"}) listedFile(tag);
     list.ListItems(1).setSelected(true);
     machine.diskFull = true;
@@ -253,7 +253,7 @@ TEST_F(ManualMoveTest, ARowThatWentItselfWhileAFailureIsToldTakesNoOtherAlong) {
     EXPECT_EQ(tags(), Texts{"C:\\b"});
 }
 
-TEST_F(ManualMoveTest, AllGoesFromTheLastRowToTheFirst) {
+TEST_F(ManualMoveTest, AllMovesFromTheLastRowToTheFirst) {
     for (const char* tag : {"C:\\a", "C:\\b", "C:\\c"}) listedFile(tag);
     list.ListItems(1).setSelected(true);
     host.answers = {BoxAnswer::yes, BoxAnswer::yes, BoxAnswer::yes};
@@ -267,7 +267,7 @@ TEST_F(ManualMoveTest, AllGoesFromTheLastRowToTheFirst) {
                              entry("- Moved File: C:\\c"));
 }
 
-TEST_F(ManualMoveTest, ARowThatGoesDuringTheRunOfAllLeavesTheOthersTheirTurn) {
+TEST_F(ManualMoveTest, ARowRemovedDuringMoveAllDoesNotSkipTheOthers) {
     for (const char* tag : {"C:\\a", "C:\\b", "C:\\c"}) listedFile(tag);
     host.answers = {BoxAnswer::yes, BoxAnswer::yes, BoxAnswer::yes};
     host.onBox = [this](const Box&) {
@@ -280,7 +280,7 @@ TEST_F(ManualMoveTest, ARowThatGoesDuringTheRunOfAllLeavesTheOthersTheirTurn) {
     EXPECT_EQ(list.Count(), 0);
 }
 
-TEST_F(ManualMoveTest, ARowThatStaysIsAskedAboutOnceThoughOthersGo) {
+TEST_F(ManualMoveTest, ARowThatStaysIsAskedAboutOnceEvenIfOthersAreRemoved) {
     for (const char* tag : {"C:\\a", "C:\\b"}) listedFile(tag);
     row("C:\\gone");
     host.answers = {BoxAnswer::yes, BoxAnswer::yes, BoxAnswer::yes};
@@ -293,7 +293,7 @@ TEST_F(ManualMoveTest, ARowThatStaysIsAskedAboutOnceThoughOthersGo) {
     EXPECT_EQ(machine.moved.size(), 1u);
 }
 
-TEST_F(ManualMoveTest, AllGoesOnBehindAMissingFileAndACancelledBrowser) {
+TEST_F(ManualMoveTest, AllGoesOnAfterAMissingFileAndACancelledBrowser) {
     listedFile("C:\\a");
     row("C:\\gone");
     listedFile("C:\\b");
@@ -305,7 +305,7 @@ TEST_F(ManualMoveTest, AllGoesOnBehindAMissingFileAndACancelledBrowser) {
     EXPECT_EQ(machine.moved[1].first, "C:\\a");
 }
 
-TEST_F(ManualMoveTest, AllOnAnEmptyListIsTold) {
+TEST_F(ManualMoveTest, AllOnAnEmptyListIsReported) {
     form1.cmdMoveAll.userClick();
     EXPECT_EQ(order, Texts{"box: No item listed."});
 }

@@ -83,7 +83,7 @@ TEST_F(ProgramListTest, TheOlderAddButtonTakesNoTextThatNamesNoFile) {
     EXPECT_EQ(said(), Texts{"File does not exists."});
 }
 
-TEST_F(ProgramListTest, RemoveTakesTheSelectedRow) {
+TEST_F(ProgramListTest, RemoveRemovesTheSelectedRow) {
     for (const char* path : {"C:\\a.exe", "C:\\b.exe"}) listed(path);
     click(1);
     EXPECT_EQ(rows.Count(), 2);
@@ -96,13 +96,13 @@ TEST_F(ProgramListTest, RemoveTakesTheSelectedRow) {
     EXPECT_EQ(said(), Texts{"No item listed."});
 }
 
-TEST_F(ProgramListTest, ClearAllTakesTheRows) {
+TEST_F(ProgramListTest, ClearAllRemovesTheRows) {
     for (const char* path : {"C:\\a.exe", "C:\\b.exe"}) listed(path);
     click(2);
     EXPECT_EQ(rows.Count(), 0);
 }
 
-TEST_F(ProgramListTest, RunStartsTheSelectedProgramAndTellsTheJournal) {
+TEST_F(ProgramListTest, RunStartsTheSelectedProgramAndWritesToTheJournal) {
     for (const char* path : {"C:\\a.exe", "C:\\b.exe"}) listed(path);
     rows.userSelect({2});
     form1.txtAlert.setText("older");
@@ -120,7 +120,7 @@ TEST_F(ProgramListTest, RunStartsTheSelectedProgramAndTellsTheJournal) {
     EXPECT_TRUE(alertRows().empty());
 }
 
-TEST_F(ProgramListTest, RunOfAProgramThatIsGoneTellsTheJournal) {
+TEST_F(ProgramListTest, RunOfAMissingProgramWritesToTheJournal) {
     listed("C:\\a.exe");
     machine.files.clear();
     rows.userSelect({1});
@@ -133,7 +133,7 @@ TEST_F(ProgramListTest, RunOfAProgramThatIsGoneTellsTheJournal) {
     EXPECT_EQ(rows.Count(), 1);
 }
 
-TEST_F(ProgramListTest, TheShellsAnswerIsNotLookedAt) {
+TEST_F(ProgramListTest, TheShellsAnswerIsIgnored) {
     listed("C:\\a.exe");
     rows.userSelect({1});
     machine.executes = false;
@@ -162,7 +162,7 @@ TEST_F(ProgramListTest, BrowsePutsTheChosenFileIntoTheBox) {
     EXPECT_EQ(rows.Count(), 0);
 }
 
-TEST_F(ProgramListTest, ASingleDroppedPathRestsInTheBox) {
+TEST_F(ProgramListTest, ASingleDroppedPathIsPutIntoTheBox) {
     file("C:\\tool.exe");
     rows.userDrop({"C:\\tool.exe"});
     EXPECT_EQ(box.Text(), "C:\\tool.exe");

@@ -67,7 +67,7 @@ TEST_F(SoundButtonsTest, EachPlaysItsOwnSoundTrimmedAndWithoutTheSystemsDefault)
     EXPECT_TRUE(host.boxes.empty());
 }
 
-TEST_F(SoundButtonsTest, AFileThatIsNotThereIsToldOf) {
+TEST_F(SoundButtonsTest, AMissingFileIsReported) {
     for (const char* name : {"C:\\gone.wav", ""}) {
         host.boxes.clear();
         form1.txtAudio[1].setText(name);
@@ -78,7 +78,7 @@ TEST_F(SoundButtonsTest, AFileThatIsNotThereIsToldOf) {
     EXPECT_TRUE(machine.played.empty());
 }
 
-TEST_F(SoundButtonsTest, ASoundThatCantBePlayedIsNotToldOf) {
+TEST_F(SoundButtonsTest, ASoundThatCantBePlayedIsNotReported) {
     machine.files["C:\\a.wav"] = "no sound";
     form1.txtAudio[0].setText("C:\\a.wav");
     machine.playResult = 0;
@@ -99,7 +99,7 @@ TEST_F(SoundButtonsTest, AChosenFileBecomesTheSoundOfItsPlace) {
     EXPECT_TRUE(machine.played.empty());
 }
 
-TEST_F(SoundButtonsTest, AChosenFileThatIsNotThereIsToldOfAndChangesNothing) {
+TEST_F(SoundButtonsTest, AChosenFileThatIsMissingIsReportedAndChangesNothing) {
     host.paths.push_back("D:\\gone.wav");
     form1.cmdAudio[0].userClick();
     ASSERT_EQ(host.boxes.size(), 1u);
@@ -114,7 +114,7 @@ TEST_F(SoundButtonsTest, ADismissedDialogChangesNothingAndSaysNothing) {
     EXPECT_EQ(form1.txtAudio[1].Text(), "C:\\Windows\\media\\chimes.wav");
 }
 
-TEST_F(SoundButtonsTest, TheProgramsOwnSoundIsPlayedWithoutALook) {
+TEST_F(SoundButtonsTest, TheProgramsOwnSoundIsPlayedWithoutLookingForIt) {
     machine.log.clear();
     form1.cmdSnd.userClick();
     EXPECT_EQ(machine.played, (Played{{"C:\\Program Files\\Velmora\\sound\\alert.WAV", 2}}));
