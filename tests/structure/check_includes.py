@@ -4,9 +4,10 @@
   check_includes.py               checks src/
   check_includes.py --self-test   proves on small trees that each kind of violation is found
 
-An include goes down the picture below, never up, and folders never include in a circle. Headers
-and macros of an operating system, of Qt and of sockets stay in the folders that are made for them.
-Prints one line a broken rule, and counts one check a source file and one for the circles.
+An include goes down the picture below, never up, and folders never include in a circle, nor do the
+rooms within a folder (its own folders; what lies beside them belongs to all of them). Headers and
+macros of an operating system, of Qt and of sockets stay in the folders that are made for them.
+Prints one line a broken rule, and counts one check a source file and two for the circles.
 """
 
 import re
@@ -73,17 +74,27 @@ def folder_of(path):
     return parts[0] if len(parts) > 1 else ""
 
 
+def room_of(path):
+    """The room of its folder in which a path below src lies, with the folder; empty in none."""
+    folder = folder_of(path)
+    rest = path[len(folder) + 1:].split("/")
+    return f"{folder}/{rest[0]}" if len(rest) > 1 else ""
+
+
 class Tree:
     def __init__(self, src):
         self.src = src
         self.files = sorted(p.relative_to(src).as_posix() for p in src.rglob("*")
                             if p.suffix in (".h", ".hpp", ".cpp", ".cc", ".inc"))
-        self.arrows = {}  # folder -> {folder it includes: the first place where it does}
+        # folder or room -> {another that it includes: the first place where it does}
+        self.arrows = {}
+        self.room_arrows = {}
 
     def check(self):
         """A list of (what was checked, the rules it broke)."""
         checks = [(name, self.check_file(name)) for name in self.files]
-        checks.append(("circles", self.circles()))
+        checks.append(("circles", circles(self.arrows)))
+        checks.append(("circles of rooms", circles(self.room_arrows)))
         return checks
 
     def check_file(self, name):
@@ -121,30 +132,34 @@ class Tree:
             return None if made else f'"{included}" names no file of src'
         target = folder_of(included)
         if target == folder:
+            rooms = room_of(name), room_of(included)
+            if all(rooms) and rooms[0] != rooms[1]:
+                self.room_arrows.setdefault(rooms[0], {}).setdefault(rooms[1], f"{name}:{number}")
             return None
         self.arrows.setdefault(folder, {}).setdefault(target, f"{name}:{number}")
         if target not in MAY_SEE.get(folder, set()):
             return f'"{included}": {folder} may not see {target}'
         return None
 
-    def circles(self):
-        """One line a circle, told by the places where its folders include each other."""
-        found = {}
 
-        def walk(folder, way):
-            if folder in way:
-                circle = way[way.index(folder):]
-                found.setdefault(frozenset(circle), circle)
-                return
-            for target in sorted(self.arrows.get(folder, {})):
-                walk(target, way + [folder])
+def circles(arrows):
+    """One line a circle, told by the places where its folders include each other."""
+    found = {}
 
-        for folder in sorted(self.arrows):
-            walk(folder, [])
-        return ["circle: " + ", ".join(
-            f"{folder} -> {target} ({self.arrows[folder][target]})"
-            for folder, target in zip(circle, circle[1:] + circle[:1]))
-            for circle in found.values()]
+    def walk(folder, way):
+        if folder in way:
+            circle = way[way.index(folder):]
+            found.setdefault(frozenset(circle), circle)
+            return
+        for target in sorted(arrows.get(folder, {})):
+            walk(target, way + [folder])
+
+    for folder in sorted(arrows):
+        walk(folder, [])
+    return ["circle: " + ", ".join(
+        f"{folder} -> {target} ({arrows[folder][target]})"
+        for folder, target in zip(circle, circle[1:] + circle[:1]))
+        for circle in found.values()]
 
 
 def close(passed, failed):
@@ -212,6 +227,19 @@ CASES = [
       "forms/b.h": PURPOSE + '#include "base/a.h"\n',
       "monitor/c.h": PURPOSE + '#include "forms/b.h"\n'},
      ["base/a.h:2:", "circle: base -> monitor"]),
+    ("rooms of a folder in one direction, beside what belongs to all",
+     {"alerts/ports.h": PURPOSE + '#include "alerts/journal/log.h"\n',
+      "alerts/journal/log.h": PURPOSE + '#include "alerts/ports.h"\n',
+      "alerts/dialog/box.h": PURPOSE + '#include "alerts/journal/log.h"\n'}, []),
+    ("a circle of rooms",
+     {"alerts/journal/log.h": PURPOSE + '#include "alerts/dialog/box.h"\n',
+      "alerts/dialog/box.cpp": '#include "alerts/journal/log.h"\n',
+      "alerts/dialog/box.h": PURPOSE},
+     ["circle: alerts/dialog -> alerts/journal (alerts/dialog/box.cpp:1), alerts/journal -> alerts/"]),
+    ("a circle of rooms of a backend",
+     {"platform/linux/paths/a.h": PURPOSE + '#include "platform/linux/trash/b.h"\n',
+      "platform/linux/trash/b.h": PURPOSE + '#include "platform/linux/paths/a.h"\n'},
+     ["circle: platform/linux/paths -> platform/linux/trash"]),
     ("a header of Windows", {"base/a.cpp": "#include <windows.h>\n"}, ["base/a.cpp:1:"]),
     ("a header of POSIX", {"shell/a.cpp": "#include <unistd.h>\n"}, ["shell/a.cpp:1:"]),
     ("a header of sockets", {"notify/a.cpp": "#include <sys/socket.h>\n"}, ["notify/a.cpp:1:"]),
