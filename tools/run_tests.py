@@ -7,10 +7,13 @@
 For each program a line "passed failed skipped" is added to the tally file. GoogleTest programs are
 counted by their reports, other programs of a build folder as one test each. A program that counts
 its own tests prints "N passed, N failed[, N skipped]" as its last line. A crash, a missed time
-limit, a missing program and a status that contradicts the count are failures.
+limit, a missing program and a status that contradicts the count are failures. As many programs of a
+build folder run at the same time as there are processors; those with ctest's property RUN_SERIAL
+run alone.
 """
 
 import argparse
+import concurrent.futures
 import json
 import os
 import re
@@ -18,6 +21,7 @@ import signal
 import subprocess
 import sys
 import tempfile
+import threading
 import time
 import xml.etree.ElementTree as ET
 
@@ -89,30 +93,39 @@ def read_report(path):
     return report
 
 
+def properties_of(test):
+    return {each["name"]: each["value"] for each in test.get("properties", [])}
+
+
 class Runner:
     def __init__(self, tally, wine):
         self.tally = tally
         self.wine = wine
+        self.output_lock = threading.Lock()
 
     def count(self, passed, failed, skipped):
         with open(self.tally, "a", encoding="utf-8") as tally:
             tally.write(f"{passed} {failed} {skipped}\n")
 
-    def conclude(self, name, counts, seconds, outcome):
+    def conclude(self, name, counts, seconds, outcome, remarks=()):
         """Counts a program that ran; one that failed without a failed test counts as a failure."""
         passed, failed, skipped = counts
         trouble = outcome.trouble()
+        lines = list(remarks)
         if trouble and not failed:
             failed = 1
-            print("\n".join(outcome.output.splitlines()[-LAST_LINES:]))
+            lines += outcome.output.splitlines()[-LAST_LINES:]
         line = f"{name}: {passed} passed, {failed} failed"
         line += f", {skipped} skipped" if skipped else ""
-        print(f"{line} ({seconds:.1f} s)" + (f" -- {trouble}" if trouble else ""), flush=True)
-        self.count(passed, failed, skipped)
+        lines.append(f"{line} ({seconds:.1f} s)" + (f" -- {trouble}" if trouble else ""))
+        with self.output_lock:
+            print("\n".join(lines), flush=True)
+            self.count(passed, failed, skipped)
 
     def missing(self, name, why):
-        print(f"{name}: 0 passed, 1 failed -- {why}", flush=True)
-        self.count(0, 1, 0)
+        with self.output_lock:
+            print(f"{name}: 0 passed, 1 failed -- {why}", flush=True)
+            self.count(0, 1, 0)
 
     def run_gtest(self, name, command, folder, environment):
         with tempfile.TemporaryDirectory() as scratch:
@@ -127,12 +140,9 @@ class Runner:
             self.missing(name, "wrote no report of its tests")
             return
         counted = counted or Report()
-        for failure in counted.failures:
-            print(failure)
-        for skipped in counted.skipped:
-            print(f"skipped {skipped}")
+        remarks = [*counted.failures, *(f"skipped {skipped}" for skipped in counted.skipped)]
         counts = (counted.passed, len(counted.failures), len(counted.skipped))
-        self.conclude(name, counts, seconds, outcome)
+        self.conclude(name, counts, seconds, outcome, remarks)
 
     def run_plain(self, name, command, folder, environment):
         begin = time.monotonic()
@@ -146,7 +156,10 @@ class Runner:
         tests = json.loads(listing.stdout)["tests"]
         if not tests:
             self.missing(build, "no tests here")
-        for test in tests:
+        alone = [test for test in tests if properties_of(test).get("RUN_SERIAL")]
+        with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as threads:
+            list(threads.map(self.run_listed, [test for test in tests if test not in alone]))
+        for test in alone:
             self.run_listed(test)
 
     def run_listed(self, test):
@@ -154,7 +167,7 @@ class Runner:
         if not command or not os.path.exists(command[0]):
             self.missing(test["name"], "the program was not built")
             return
-        properties = {p["name"]: p["value"] for p in test.get("properties", [])}
+        properties = properties_of(test)
         folder = properties.get("WORKING_DIRECTORY")
         environment = dict(pair.split("=", 1) for pair in properties.get("ENVIRONMENT", []))
         program = os.path.basename(command[0])
