@@ -43,7 +43,7 @@ std::string ConsoleHost::BrowseForFolder(const std::string&) {
 
 // Where one file is asked for, the first of several is taken.
 std::string ConsoleHost::OpenFileDialog(const FileDialog& dialog) {
-    const std::string chosen = nextText();
+    std::string chosen = nextText();
     const auto end = chosen.find('\0');
     const bool takesAll = (dialog.Flags & file_dialog::allowMultiselect) != 0;
     if (takesAll || end == std::string::npos) return chosen;

@@ -4,14 +4,14 @@ namespace velmora::console {
 
 namespace {
 
-constexpr int end = std::char_traits<char>::eof();
+constexpr int endOfInput = std::char_traits<char>::eof();
 
 // The next byte. The buffer of a file throws on an input that can't be read, such as a folder.
 int nextByte(std::streambuf& buffer) {
     try {
         return buffer.sbumpc();
     } catch (const std::ios_base::failure&) {
-        return end;
+        return endOfInput;
     }
 }
 
@@ -22,8 +22,8 @@ LineRead readLine(std::istream& input, std::string& line) {
     std::streambuf& buffer = *input.rdbuf();
     bool tooLong = false;
     int c = nextByte(buffer);
-    if (c == end) return LineRead::end;
-    for (; c != end && c != '\n'; c = nextByte(buffer)) {
+    if (c == endOfInput) return LineRead::end;
+    for (; c != endOfInput && c != '\n'; c = nextByte(buffer)) {
         if (line.size() > longestLine) {
             tooLong = true;
         } else {

@@ -8,7 +8,7 @@ namespace {
 
 /// Hour, minute and second; `kept` where the arithmetic gives what a picker can't hold.
 constexpr int kept = -1;
-struct Case {
+struct IntervalCase {
     const char* seconds;
     int hour, minute, second;
 };
@@ -16,7 +16,7 @@ struct Case {
 // Hours: a quotient rounded to the nearest, ties to even, from 3600 on. Minutes: likewise from 60
 // on, but the remainder by 3600 when the quotient is 60 or more. Seconds: nothing below 10, the
 // number below 60, then the remainder.
-constexpr Case cases[] = {
+constexpr IntervalCase cases[] = {
     {"0", 0, 0, 0},           {"5", 0, 0, 0},
     {"9", 0, 0, 0},           {"9.9", 0, 0, 0},
     {"10", 0, 0, 10},         {"59", 0, 0, 59},
@@ -43,7 +43,7 @@ constexpr Case cases[] = {
 };
 
 TEST(SettingsInterval, FollowsTheArithmeticAndKeepsThePartsThatDontFit) {
-    for (const Case& c : cases) {
+    for (const IntervalCase& c : cases) {
         SettingsRig rig;
         DatePicker& picker = rig.form1.DTPInterval;
         picker.setHour(21);

@@ -5,7 +5,7 @@
 namespace velmora::tests {
 namespace {
 
-constexpr double step = 0.5 / 255;
+constexpr double opacityStep = 0.5 / 255;
 
 /// A patch of the key colour.
 class Patch : public QWidget {
@@ -40,25 +40,25 @@ TEST_F(EffectsTest, ALevelOutOfRangeChangesNothing) {
     qt::QtUser32 user32(names);
     WindowEffects effects(forms, user32);
     EXPECT_TRUE(effects.SetTranslucency(forms.form1, 20));
-    EXPECT_NEAR(frame.windowOpacity(), opacity(51), step);
+    EXPECT_NEAR(frame.windowOpacity(), opacity(51), opacityStep);
     for (const int level : {19, 101, 0, -1, 255}) {
         EXPECT_FALSE(effects.SetTranslucency(forms.form1, level)) << level;
-        EXPECT_NEAR(frame.windowOpacity(), opacity(51), step) << level;
+        EXPECT_NEAR(frame.windowOpacity(), opacity(51), opacityStep) << level;
     }
 }
 
 TEST_F(EffectsTest, TheMenusLevelsEndAtAnOpaqueWindow) {
     chooseFunction("mnuFadeH");
-    EXPECT_NEAR(window()->windowOpacity(), opacity(166), step);  // 65 % of 255 is 165.75
+    EXPECT_NEAR(window()->windowOpacity(), opacity(166), opacityStep);  // 65 % of 255 is 165.75
     chooseFunction("mnuFadeP");
-    EXPECT_NEAR(window()->windowOpacity(), opacity(204), step);
+    EXPECT_NEAR(window()->windowOpacity(), opacity(204), opacityStep);
     chooseFunction("mnuFadeN");
     EXPECT_DOUBLE_EQ(window()->windowOpacity(), 1);
 }
 
 TEST_F(EffectsTest, TheButtonPressedTwiceReturnsToOpaque) {
     click("Command9");
-    EXPECT_NEAR(window()->windowOpacity(), opacity(128), step);  // 127.5, halves to the even number
+    EXPECT_NEAR(window()->windowOpacity(), opacity(128), opacityStep);  // 127.5, halves to the even number
     click("Command9");
     EXPECT_DOUBLE_EQ(window()->windowOpacity(), 1);
 }

@@ -1,5 +1,6 @@
 // A list of rows in columns, by mouse and keys.
 #include <QContextMenuEvent>
+#include <QCursor>
 #include <QHeaderView>
 
 #include "qt/window_test.h"
@@ -133,7 +134,7 @@ TEST_F(ListViewTest, TheRightButtonAndTheMenuKeyPopUpTheMenu) {
     ASSERT_FALSE(menu("mnuLstV")->isVisible());
 
     list()->setFocus();
-    QContextMenuEvent byKey(QContextMenuEvent::Keyboard, cell(2));
+    QContextMenuEvent byKey(QContextMenuEvent::Keyboard, cell(2), QCursor::pos());
     QApplication::sendEvent(list()->viewport(), &byKey);
     settle();
     ASSERT_TRUE(menu("mnuLstV")->isVisible());

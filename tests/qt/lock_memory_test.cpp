@@ -8,7 +8,7 @@ namespace velmora::tests {
 namespace {
 
 // "Jm5-vT8_kR3+zN6", in disguise; only single characters of it are ever made.
-constexpr unsigned char hidden[] = {
+constexpr unsigned char hiddenBytes[] = {
     MemorySearch::disguised('J'), MemorySearch::disguised('m'), MemorySearch::disguised('5'),
     MemorySearch::disguised('-'), MemorySearch::disguised('v'), MemorySearch::disguised('T'),
     MemorySearch::disguised('8'), MemorySearch::disguised('_'), MemorySearch::disguised('k'),
@@ -21,14 +21,14 @@ struct LockMemoryTest : WindowTest {
 
     void type() {
         auto* entry = find<qt::PasswordEdit>("Text1", "frmLock");
-        for (const unsigned char byte : hidden) {
+        for (const unsigned char byte : hiddenBytes) {
             QTest::keyClick(entry, static_cast<char>(byte ^ MemorySearch::mask));
         }
         settle();
     }
     void press() { click("Command1(0)", "frmLock"); }
 
-    MemorySearch search{{std::end(hidden) - tailSize, std::end(hidden)}};
+    MemorySearch search{{std::end(hiddenBytes) - tailSize, std::end(hiddenBytes)}};
 };
 
 TEST_F(LockMemoryTest, ATypedPasswordIsHeldOnceWhileLockedAndNowhereAfterUnlocking) {

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
+#include <QCursor>
 #include <QTest>
 
 #include "forms/forms.h"
@@ -114,7 +115,7 @@ TEST_F(PasswordEditTest, NothingCanBeCopiedOrCut) {
         EXPECT_EQ(QApplication::clipboard()->text(), "before");
         EXPECT_EQ(field.Text(), "geheim");
     }
-    QContextMenuEvent menu(QContextMenuEvent::Keyboard, QPoint(2, 2));
+    QContextMenuEvent menu(QContextMenuEvent::Keyboard, QPoint(2, 2), QCursor::pos());
     QApplication::sendEvent(&edit, &menu);
     EXPECT_TRUE(menu.isAccepted());
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);

@@ -89,7 +89,7 @@ void FileList::prcAllLV(ListView& list, const std::string& strPath) {
 
 std::vector<std::string> FileList::GetFiles(ListView& lvFile, const ComboBox& cboList,
                                             std::string& strFile, FileDialog& objDlg) {
-    const std::string text = cboList.Text();
+    const std::string& text = cboList.Text();
     strFile.clear();
     if (text.empty()) {
         objDlg.DialogTitle = "Choose File/Folder ";

@@ -25,7 +25,7 @@ bool isRoot(const std::string& path) {
 
 QIcon QtShellIcons::look(const std::string& path) {
     if (isShare(path)) return glyphIcon(Glyph::networkDrive);
-    const QIcon desktops =
+    QIcon desktops =
         provider_.icon(isRoot(path) ? QFileIconProvider::Drive : QFileIconProvider::Folder);
     // A desktop without an icon theme has none for drives.
     if (desktops.isNull() || desktops.availableSizes().isEmpty()) {
