@@ -6,11 +6,23 @@ if(CCACHE)
 endif()
 
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Werror=return-type)
+if(VELMORA_WERROR)
+    add_compile_options(-Werror)
+endif()
+# GCC 12 takes the parts of a joined std::string for overlapping once its own code is inlined.
+if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+    add_compile_options($<$<COMPILE_LANGUAGE:CXX>:-Wno-restrict>)
+endif()
 
 if(VELMORA_SANITIZERS)
     add_compile_options(-fsanitize=${VELMORA_SANITIZERS} -fno-sanitize-recover=all
         -fno-omit-frame-pointer)
     add_link_options(-fsanitize=${VELMORA_SANITIZERS})
+endif()
+
+# Coverage of everything that runs guides the fuzzer.
+if(VELMORA_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link)
 endif()
 
 # Windows programs run alone: no compiler runtime beside them.

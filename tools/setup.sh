@@ -15,6 +15,9 @@ test_packages=(googletest libfuse3-dev fuse3 libz-mingw-w64-dev python3
     gcc-mingw-w64-x86-64-posix g++-mingw-w64-x86-64-posix wine wine64 e2fsprogs mount
     xvfb openbox xdotool imagemagick)
 
+# What checks the sources and searches with libFuzzer.
+clang_packages=(clang clang-format clang-tidy libclang-rt-dev)
+
 say() { printf '%s\n' "$*" >&2; }
 
 # Prints the packages that aren't installed.
@@ -90,5 +93,5 @@ build_preset() {
     shift
     configure_preset "$preset" || return 1
     cmake --build "$root/build/$preset" ${1:+--target "$@"} </dev/null 2>&1 |
-        sed -e '/^ninja: no work to do/d' -e '/Re-checking globbed directories/d' >&2
+        sed -u -e '/^ninja: no work to do/d' -e '/Re-checking globbed directories/d' >&2
 }

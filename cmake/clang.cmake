@@ -1,0 +1,10 @@
+# The clang that is there, the unversioned one first.
+set(versions -20 -19 -18 -17 -16 -15 -14)
+set(c_names ${versions})
+set(cxx_names ${versions})
+list(TRANSFORM c_names PREPEND clang)
+list(TRANSFORM cxx_names PREPEND clang++)
+find_program(VELMORA_CLANG NAMES clang ${c_names} REQUIRED)
+find_program(VELMORA_CLANGXX NAMES clang++ ${cxx_names} REQUIRED)
+set(CMAKE_C_COMPILER ${VELMORA_CLANG})
+set(CMAKE_CXX_COMPILER ${VELMORA_CLANGXX})
