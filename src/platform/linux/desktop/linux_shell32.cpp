@@ -27,7 +27,7 @@ constexpr std::int32_t invalidArgument = static_cast<std::int32_t>(0x80070057);
 constexpr std::int32_t failed = static_cast<std::int32_t>(0x80004005);
 
 constexpr std::int32_t notFound = code::fileNotFound;
-constexpr std::int32_t accessDenied = code::accessDenied;
+constexpr std::int32_t notAllowed = code::accessDenied;
 constexpr std::int32_t taken = 33;
 
 std::string scriptFolder() {
@@ -113,7 +113,7 @@ std::int32_t LinuxShell32::ShellExecuteA(const std::string&, const std::string& 
     const FileKind kind = hostPath.empty() ? FileKind::none : volumes_.kindOf(hostPath);
     if (kind == FileKind::none) return notFound;
     if (kind == FileKind::file && lowerCase(operation) == "open" && isProgram(hostPath))
-        return run(hostPath, parameters, folderOf(hostPath)) ? taken : accessDenied;
+        return run(hostPath, parameters, folderOf(hostPath)) ? taken : notAllowed;
     return hasTakenOrder(programs_.run({"xdg-open", hostPath})) ? taken : notFound;
 }
 

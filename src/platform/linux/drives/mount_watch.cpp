@@ -12,7 +12,7 @@ namespace velmora::linuxhost {
 
 namespace {
 
-constexpr std::chrono::milliseconds lookEvery{50};
+constexpr std::chrono::milliseconds betweenLooks{50};
 
 std::chrono::nanoseconds coarseTime() {
     timespec now{};
@@ -31,7 +31,7 @@ bool MountWatch::hasChanged() {
 }
 
 bool MountWatch::hasChangedLately() {
-    return coarseTime() - lastLook_ >= lookEvery && hasChanged();
+    return coarseTime() - lastLook_ >= betweenLooks && hasChanged();
 }
 
 std::string MountWatch::read() const {

@@ -14,7 +14,7 @@ namespace velmora::linuxhost {
 
 namespace {
 
-constexpr int folderFlags = O_PATH | O_DIRECTORY | O_CLOEXEC;
+constexpr int pathFlags = O_PATH | O_DIRECTORY | O_CLOEXEC;
 
 bool isLink(int folder, const std::string& name) {
     struct stat status {};
@@ -23,7 +23,7 @@ bool isLink(int folder, const std::string& name) {
 }
 
 UniqueFd openNext(const UniqueFd& folder, const std::string& name, int& failure) {
-    UniqueFd next(openat(folder.get(), name.c_str(), folderFlags | O_NOFOLLOW));
+    UniqueFd next(openat(folder.get(), name.c_str(), pathFlags | O_NOFOLLOW));
     // For a link too the kernel says that it is no folder.
     if (!next.isOpen()) failure = errno == ENOTDIR && isLink(folder.get(), name) ? ELOOP : errno;
     return next;
@@ -32,7 +32,7 @@ UniqueFd openNext(const UniqueFd& folder, const std::string& name, int& failure)
 }  // namespace
 
 UniqueFd walkWithoutLinks(const std::string& path, int& failure) {
-    UniqueFd folder(open("/", folderFlags));
+    UniqueFd folder(open("/", pathFlags));
     if (!folder.isOpen()) failure = errno;
     for (std::size_t at = 1; folder.isOpen() && at < path.size();) {
         const auto end = std::min(path.find('/', at), path.size());
@@ -44,7 +44,7 @@ UniqueFd walkWithoutLinks(const std::string& path, int& failure) {
 
 UniqueFd openWithoutLinks(const std::string& path, int& failure) {
     open_how how{};
-    how.flags = folderFlags;
+    how.flags = pathFlags;
     how.resolve = RESOLVE_NO_SYMLINKS;
     long folder = -1;
     do {

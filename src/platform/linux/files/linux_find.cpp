@@ -19,7 +19,7 @@ namespace velmora::linuxhost {
 namespace {
 
 constexpr std::size_t bufferSize = 256 * 1024;
-constexpr unsigned wanted =
+constexpr unsigned wantedFields =
     STATX_TYPE | STATX_MODE | STATX_SIZE | STATX_ATIME | STATX_MTIME | STATX_BTIME;
 // What the kernel knows already is enough, so that no server is asked for each entry.
 constexpr int lookFlags = AT_SYMLINK_NOFOLLOW | AT_STATX_DONT_SYNC | AT_NO_AUTOMOUNT;
@@ -95,12 +95,12 @@ bool FolderListing::fill(int& failure) {
 
 // What lies on another filesystem is never asked for: that one may not answer.
 bool FolderListing::look(const char* name, struct statx& status) const {
-    if (statx(folder_.get(), name, lookFlags, wanted, &status) != 0) return false;
+    if (statx(folder_.get(), name, lookFlags, wantedFields, &status) != 0) return false;
     if (!asksServer_ || status.stx_dev_major != major_ || status.stx_dev_minor != minor_)
         return true;
     struct statx now {};
     constexpr int asking = (lookFlags & ~AT_STATX_DONT_SYNC) | AT_STATX_SYNC_AS_STAT;
-    if (statx(folder_.get(), name, asking, wanted, &now) == 0) status = now;
+    if (statx(folder_.get(), name, asking, wantedFields, &now) == 0) status = now;
     return true;
 }
 

@@ -43,8 +43,8 @@ UniqueFd openToRead(int folder, const std::string& name) {
 int copyPiece(int from, int to, off_t at, off_t end, std::vector<char>& buffer) {
     if (lseek(from, at, SEEK_SET) < 0 || lseek(to, at, SEEK_SET) < 0) return errno;
     while (at < end) {
-        const auto wanted = std::min<off_t>(end - at, static_cast<off_t>(buffer.size()));
-        const auto got = read(from, buffer.data(), static_cast<std::size_t>(wanted));
+        const auto part = std::min<off_t>(end - at, static_cast<off_t>(buffer.size()));
+        const auto got = read(from, buffer.data(), static_cast<std::size_t>(part));
         if (got < 0 && errno == EINTR) continue;
         if (got < 0) return errno;
         if (got == 0) return EBUSY;  // cut shorter meanwhile

@@ -13,7 +13,7 @@ constexpr unsigned quoteStandIn = 0xF022;
 constexpr unsigned firstByteStandIn = 0xF700;
 
 // The three-byte form that every stand-in has; 0 for other characters.
-unsigned codeOf(std::string_view character) {
+unsigned codePointOf(std::string_view character) {
     if (character.size() != 3) return 0;
     const auto bits = [&character](std::size_t i, unsigned mask) {
         return static_cast<unsigned char>(character[i]) & mask;
@@ -45,7 +45,7 @@ void appendDriveCharacter(std::string& text, std::string_view character) {
         appendCode(text, quoteStandIn);
     } else if (character.size() == 1 && byte >= 0x80) {
         appendCode(text, firstByteStandIn + byte);
-    } else if (isStandIn(codeOf(character))) {
+    } else if (isStandIn(codePointOf(character))) {
         for (const char part : character)
             appendCode(text, firstByteStandIn + static_cast<unsigned char>(part));
     } else {
@@ -54,7 +54,7 @@ void appendDriveCharacter(std::string& text, std::string_view character) {
 }
 
 void appendHostCharacter(std::string& text, std::string_view character) {
-    const unsigned code = codeOf(character);
+    const unsigned code = codePointOf(character);
     if (character == "\\") {
         text += '/';
     } else if (code == backSlashStandIn) {

@@ -89,7 +89,7 @@ std::string entryText(std::string_view value) {
 }
 
 // The way back from quoting; `quoted` begins after the first quote.
-std::string unquoted(std::string_view quoted) {
+std::string argumentOf(std::string_view quoted) {
     std::string argument;
     for (std::size_t at = 0; at < quoted.size() && quoted[at] != '"'; ++at) {
         if ((quoted[at] == '\\' || quoted[at] == '%') && at + 1 < quoted.size()) ++at;
@@ -107,7 +107,7 @@ std::optional<std::string> autostartProgram(std::string_view entry) {
     std::string_view argument = *value;
     if (argument.starts_with(byShell())) argument.remove_prefix(byShell().size());
     if (!argument.starts_with('"')) return std::nullopt;
-    std::string program = unquoted(entryText(argument.substr(1)));
+    std::string program = argumentOf(entryText(argument.substr(1)));
     return execLine(program) == *value ? std::optional(program) : std::nullopt;
 }
 

@@ -22,7 +22,6 @@ namespace velmora::linuxhost {
 
 namespace {
 
-constexpr std::string_view noteEnding = ".trashinfo";
 constexpr std::size_t longestName = 255;
 
 // What is moved, and the path that its note names.

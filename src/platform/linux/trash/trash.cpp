@@ -21,8 +21,6 @@ namespace velmora::linuxhost {
 
 namespace {
 
-constexpr std::string_view noteEnding = ".trashinfo";
-
 // The path without links on the way; as it is when it can't be followed.
 std::string resolved(const std::string& path) {
     std::error_code failure;

@@ -4,12 +4,16 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/linux/entries/open_folder.h"
 #include "platform/linux/paths/path_mapping.h"
 
 namespace velmora::linuxhost {
+
+/// A note has the name of what it is about, and this ending.
+inline constexpr std::string_view noteEnding = ".trashinfo";
 
 /// The drives that a root stands for: all, each once, for an empty one, else the one that the path
 /// ("D:\") lies on; none when it isn't there.

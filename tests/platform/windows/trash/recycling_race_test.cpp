@@ -47,8 +47,8 @@ class WindowsRecyclingRace : public testing::Test {
 // In the trap the same name is a link to a folder, which no order goes through: what lies beyond it
 // can only be reached when the folders are swapped between the look and the shell's own way.
 TEST_F(WindowsRecyclingRace, AnotherFolderInThePlaceLosesNothing) {
-    constexpr int rounds = 100;
-    constexpr std::uint16_t forGood =
+    constexpr int swapRounds = 100;
+    constexpr std::uint16_t withoutAsking =
         file_operation::silent | file_operation::noConfirmation | file_operation::noErrorBox;
     makeFolder(in("way"));
     makeFolder(in("precious"));
@@ -58,7 +58,7 @@ TEST_F(WindowsRecyclingRace, AnotherFolderInThePlaceLosesNothing) {
     if (!link) GTEST_SKIP() << "no links";
     int removed = 0;
     int swaps = 0;
-    for (int round = 0; round < rounds && isThere(in("treasure\\gold.txt")); ++round) {
+    for (int round = 0; round < swapRounds && isThere(in("treasure\\gold.txt")); ++round) {
         if (!isThere(in("way\\one"))) makeFile(in("way\\one"), "x");
         std::atomic<bool> isReady = false;
         std::atomic<bool> isOver = false;
@@ -67,8 +67,8 @@ TEST_F(WindowsRecyclingRace, AnotherFolderInThePlaceLosesNothing) {
             if (swapDuring(isOver, round * 12)) ++swaps;
         });
         waitUntil([&] { return isReady.load(); });
-        const auto code =
-            shell_.SHFileOperationA({"Form1", file_operation::remove, in("way\\one"), forGood});
+        const auto code = shell_.SHFileOperationA(
+            {"Form1", file_operation::remove, in("way\\one"), withoutAsking});
         if (code == 0) ++removed;
         isOver = true;
         swapper.join();
