@@ -58,7 +58,8 @@ TEST_F(EffectsTest, TheMenusLevelsEndAtAnOpaqueWindow) {
 
 TEST_F(EffectsTest, TheButtonPressedTwiceReturnsToOpaque) {
     click("Command9");
-    EXPECT_NEAR(window()->windowOpacity(), opacity(128), opacityStep);  // 127.5, halves to the even number
+    EXPECT_NEAR(window()->windowOpacity(), opacity(128),
+                opacityStep);  // 127.5, halves to the even number
     click("Command9");
     EXPECT_DOUBLE_EQ(window()->windowOpacity(), 1);
 }
