@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "app/core.h"
+#include "console/console_surface.h"
 #include "controls/timer_queue.h"
 
 namespace velmora::bench {
@@ -38,10 +39,10 @@ struct Program {
     TimerQueue timers{[this] { return machine->platform().clock.GetTickCount(); }};
     QuietHost host{timers};
     NoNotifyArea notifyArea;
-    User32 noWindows;
-    ShellIcons noIcons;
-    WorkArea noScreen;
-    Core core{forms, machine->platform(), {host, notifyArea, noWindows, noIcons, noScreen}};
+    console::ConsoleUser32 user32;
+    console::ConsoleShellIcons shellIcons;
+    console::ConsoleWorkArea workArea;
+    Core core{forms, machine->platform(), {host, notifyArea, user32, shellIcons, workArea}};
 
     Program() { addTimers(forms, timers); }
 };

@@ -70,13 +70,10 @@ void tellCalls(const std::string& file, const fake::FakeMachine& machine) {
 
 struct Program {
     fake::FakeMachine machine;
-    fake::FakeHost host;
-    fake::FakeNotifyArea notifyArea;
+    fake::FakeSurface surface;
+    fake::FakeHost& host = surface.host;
     Forms forms;
-    User32 noWindows;
-    ShellIcons noIcons;
-    WorkArea noScreen;
-    Core core{forms, machine.platform(), {host, notifyArea, noWindows, noIcons, noScreen}};
+    Core core{forms, machine.platform(), surface.all()};
 };
 
 void run(Program& program, std::uint8_t actions, const std::vector<std::string>& paths) {

@@ -7,6 +7,7 @@
 #include "console/commands.h"
 #include "console/console_host.h"
 #include "console/console_notify_area.h"
+#include "console/console_surface.h"
 #include "console/event_report.h"
 #include "console/line_reader.h"
 #include "console/output.h"
@@ -60,10 +61,10 @@ int runConsole(Machine& machine, std::istream& input, std::ostream& stream,
     console::Output output(stream);
     console::ConsoleHost host(output, timers);
     console::ConsoleNotifyArea notifyArea(output);
-    User32 noWindows;
-    ShellIcons noIcons;
-    WorkArea noScreen;
-    Core core(forms, platform, {host, notifyArea, noWindows, noIcons, noScreen});
+    console::ConsoleUser32 user32;
+    console::ConsoleShellIcons shellIcons;
+    console::ConsoleWorkArea workArea;
+    Core core(forms, platform, {host, notifyArea, user32, shellIcons, workArea});
     console::Waiting waiting(host, timers, platform.clock, output, sleep);
     const console::EventReport report(core.alerts().Raised, forms.form1.StatusBar1, output,
                                       waiting);

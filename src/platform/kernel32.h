@@ -71,12 +71,9 @@ class Kernel32 {
     virtual std::int32_t MoveFileA(const std::string& from, const std::string& to) = 0;
 
     /// Notifications of changes in a folder. A handle that isn't one makes each of them fail.
-    virtual std::uint32_t WaitForSingleObject(std::uint32_t /*handle*/,
-                                              std::uint32_t /*milliseconds*/) {
-        return waitFailed;
-    }
-    virtual bool FindNextChangeNotification(std::uint32_t /*handle*/) { return false; }
-    virtual bool FindCloseChangeNotification(std::uint32_t /*handle*/) { return false; }
+    virtual std::uint32_t WaitForSingleObject(std::uint32_t handle, std::uint32_t milliseconds) = 0;
+    virtual bool FindNextChangeNotification(std::uint32_t handle) = 0;
+    virtual bool FindCloseChangeNotification(std::uint32_t handle) = 0;
 };
 
 }  // namespace velmora

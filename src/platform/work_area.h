@@ -4,13 +4,12 @@
 
 namespace velmora {
 
-/// A surface without a screen keeps this class: that of a small one.
 class WorkArea {
   public:
     virtual ~WorkArea() = default;
     /// Size in twips (15 a pixel).
-    virtual int Width() { return 1024 * 15; }
-    virtual int Height() { return 768 * 15; }
+    virtual int Width() = 0;
+    virtual int Height() = 0;
 };
 
 }  // namespace velmora

@@ -75,6 +75,14 @@ bool FakeUser32::UnhookWindowsHookEx(HookHandle hook) {
     return record("UnhookWindowsHookEx" + numbers(hook)) && hooks.erase(hook) > 0;
 }
 
+bool FakeUser32::KillTimer(std::uint32_t window, std::uint64_t timer) {
+    return record("KillTimer " + std::to_string(window) + ' ' + std::to_string(timer));
+}
+
+bool FakeUser32::DestroyWindow(std::uint32_t window) {
+    return record("DestroyWindow " + std::to_string(window));
+}
+
 std::string FakeUser32::GetActiveWindow() {
     return record("GetActiveWindow") ? activeWindow : std::string{};
 }

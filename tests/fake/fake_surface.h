@@ -36,7 +36,7 @@ class FailingCalls {
     int failAt_ = 0;
 };
 
-class FakeUser32 final : public User32, public FailingCalls {
+class FakeUser32 : public User32, public FailingCalls {
   public:
     std::int32_t GetWindowLongA(const std::string& window, std::int32_t index) override;
     std::int32_t SetWindowLongA(const std::string& window, std::int32_t index,
@@ -52,6 +52,8 @@ class FakeUser32 final : public User32, public FailingCalls {
     HookHandle SetWindowsHookExA(std::int32_t type, HookProcedure procedure) override;
     void CallNextHookEx(HookHandle hook, std::uint32_t message, const std::string& window) override;
     bool UnhookWindowsHookEx(HookHandle hook) override;
+    bool KillTimer(std::uint32_t window, std::uint64_t timer) override;
+    bool DestroyWindow(std::uint32_t window) override;
     std::string GetActiveWindow() override;
 
     /// Runs the procedures of the standing hooks, as a message to that window does.
@@ -79,13 +81,20 @@ class FakeShellIcons final : public ShellIcons, public FailingCalls {
     std::map<std::string, int> iconOf;  ///< place in the image list by path; 0 for those not named
 };
 
+/// A small screen.
+class FakeWorkArea final : public WorkArea {
+  public:
+    int Width() override { return 1024 * 15; }
+    int Height() override { return 768 * 15; }
+};
+
 /// All of a surface.
 struct FakeSurface {
     FakeHost host;
     FakeNotifyArea notifyArea;
     FakeUser32 user32;
     FakeShellIcons shellIcons;
-    WorkArea workArea;
+    FakeWorkArea workArea;
 
     Surface all() { return {host, notifyArea, user32, shellIcons, workArea}; }
 };

@@ -10,7 +10,7 @@
 
 #include "base/runtime_error.h"
 #include "fake/fake_host.h"
-#include "fake/fake_machine.h"
+#include "fake/fake_surface.h"
 #include "inspect/change_type.h"
 #include "inspect/folder_scan.h"
 #include "inspect/wait_test.h"
@@ -21,7 +21,7 @@ namespace velmora::tests {
 inline constexpr std::uint64_t referenceTime = 1000;
 
 /// Windows with timers, whose calls stand among those of the machine.
-struct TimedWindows : User32 {
+struct TimedWindows : fake::FakeUser32 {
     explicit TimedWindows(fake::FakeMachine& machine) : machine_(machine) {}
     bool KillTimer(std::uint32_t window, std::uint64_t timer) override {
         machine_.log.call("KillTimer " + std::to_string(window) + ' ' + std::to_string(timer));

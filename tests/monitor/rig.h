@@ -36,7 +36,7 @@ struct Rig {
     fake::FakeHost host;
     fake::FakeNotifyArea notifyArea;
     fake::FakeUser32 user32;
-    WorkArea screen;
+    fake::FakeWorkArea screen;
     /// What happened, in order: what the ports were asked, "action 3", "alert dialog"
     /// and "drive view C:\".
     std::vector<std::string> calls;

@@ -27,6 +27,9 @@ class QtUser32 final : public User32 {
     HookHandle SetWindowsHookExA(std::int32_t type, HookProcedure procedure) override;
     void CallNextHookEx(HookHandle hook, std::uint32_t message, const std::string& window) override;
     bool UnhookWindowsHookEx(HookHandle hook) override;
+    /// False: timers and windows of the system's own, known by handles, aren't made here.
+    bool KillTimer(std::uint32_t, std::uint64_t) override { return false; }
+    bool DestroyWindow(std::uint32_t) override { return false; }
     std::string GetActiveWindow() override;
 
     /// A window of that name came into being: the newest hook hears of it.

@@ -11,8 +11,7 @@
 #include "alerts/actions/action_branch.h"
 #include "base/errors.h"
 #include "base/text.h"
-#include "fake/fake_host.h"
-#include "fake/fake_machine.h"
+#include "fake/fake_surface.h"
 
 namespace velmora::tests {
 
@@ -25,7 +24,7 @@ struct ActionRig {
     fake::FakeMachine machine;
     fake::FakeHost host;
     fake::FakeNotifyArea notifyArea;
-    User32 user32;
+    fake::FakeUser32 user32;
     Forms forms;
     Form1& form1 = forms.form1;
     ListView& list = forms.form1.ListView1;

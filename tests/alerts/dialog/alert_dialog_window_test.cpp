@@ -48,12 +48,6 @@ TEST(AlertDialogWindow, ComesBackToItsCornerAndToTheFrontEachTime) {
     EXPECT_EQ(raised, 2);
 }
 
-TEST(AlertDialogWindow, ASurfaceWithoutAScreenHasASmallOne) {
-    WorkArea none;
-    EXPECT_EQ(none.Width(), 1024 * 15);
-    EXPECT_EQ(none.Height(), 768 * 15);
-}
-
 TEST(AlertDialogWindow, TheMenuItemsBringItInItsFullHeight) {
     for (const bool tray : {true, false}) {
         Forms forms;

@@ -25,7 +25,7 @@ struct ListsRig {
     /// of the watch, showings of the alert dialog, and the main window's staying in front.
     std::vector<std::string> order;
     fake::RecordedStayOnTop onTop{order};
-    WorkArea screen;
+    fake::FakeWorkArea screen;
     Forms forms;
     Form1& form1 = forms.form1;
     ListView& list = forms.form1.LVFile;

@@ -4,8 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "base/errors.h"
-#include "fake/fake_host.h"
-#include "fake/fake_machine.h"
+#include "fake/fake_surface.h"
 
 namespace velmora::tests {
 namespace {
@@ -15,7 +14,7 @@ using Played = std::vector<std::pair<std::string, std::int32_t>>;
 struct SoundButtonsTest : testing::Test {
     fake::FakeMachine machine;
     fake::FakeHost host;
-    User32 user32;
+    fake::FakeUser32 user32;
     Forms forms;
     Form1& form1 = forms.form1;
     SystemActions actions{forms, machine.platform(), user32};
@@ -37,7 +36,7 @@ TEST_F(SoundButtonsTest, BothSoundsAreTheSystemsChimeUntilOthersAreChosen) {
 TEST(SoundDefaults, ChosenSoundsStayAndAFailureLeavesThemEmpty) {
     fake::FakeMachine machine;
     fake::FakeHost host;
-    User32 user32;
+    fake::FakeUser32 user32;
     Forms chosen;
     chosen.form1.txtAudio[1].setText("D:\\mine.wav");
     SystemActions chosenActions{chosen, machine.platform(), user32};

@@ -5,12 +5,12 @@
 
 #include "base/errors.h"
 #include "base/runtime_error.h"
-#include "fake/fake_machine.h"
+#include "fake/fake_surface.h"
 
 namespace velmora::tests {
 namespace {
 
-struct Windows : User32 {
+struct Windows : fake::FakeUser32 {
     std::string GetActiveWindow() override {
         if (fails) throw RuntimeError(error::invalidCall);
         return active;

@@ -27,6 +27,11 @@ class LinuxKernel32 final : public Kernel32 {
     std::uint32_t GetLastError() override { return lastError_; }
     std::int32_t MoveFileA(const std::string& from, const std::string& to) override;
 
+    // No handle of a notification is given out here, so each of them fails.
+    std::uint32_t WaitForSingleObject(std::uint32_t, std::uint32_t) override { return waitFailed; }
+    bool FindNextChangeNotification(std::uint32_t) override { return false; }
+    bool FindCloseChangeNotification(std::uint32_t) override { return false; }
+
   private:
     Volumes& volumes_;
     std::uint32_t lastError_ = 0;
