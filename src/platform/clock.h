@@ -12,7 +12,7 @@ class Clock {
     virtual ~Clock() = default;
     /// Local date and time.
     virtual DateTime Now() = 0;
-    /// Milliseconds of a count that never goes back; for timers.
+    /// A count of milliseconds that never decreases; for timers.
     virtual std::int64_t GetTickCount() = 0;
     /// The system's time in units of 100 ns since 1601-01-01 UTC.
     virtual std::uint64_t GetSystemTimeAsFileTime() = 0;

@@ -22,7 +22,7 @@ inline constexpr std::uint32_t hidden = 2;
 inline constexpr std::uint32_t directory = 16;
 }  // namespace file_attribute
 
-/// A listing that goes on; 0 for none.
+/// A listing that was begun; 0 for none.
 using FindHandle = std::uint64_t;
 
 /// The last error at the end of a listing.

@@ -16,7 +16,7 @@
 
 namespace velmora {
 
-/// Where the program itself lies.
+/// The program's own name, folder and command line.
 struct Application {
     std::string Path;     ///< drive path of its folder, without a back-slash at the end
     std::string EXEName;  ///< name of the executable without extension
@@ -46,7 +46,7 @@ class Machine {
     /// links above it resolved: nothing is moved or removed through a link. A path that already is
     /// one comes back as it is.
     virtual std::string toDrivePath(const std::string& hostPath) = 0;
-    /// The way back; for whoever hands a path to the host.
+    /// The reverse, for handing a path to the host.
     virtual std::string toHostPath(const std::string& drivePath) = 0;
 };
 

@@ -122,7 +122,7 @@ class MountTree {
         return false;
     }
 
-    // Whether the mount hangs on what a path to it meets. A parent that isn't listed lies outside
+    // Whether a path to the mount really reaches it. A parent that isn't listed lies outside
     // of what this process sees, so there is nothing to compare with.
     bool isReached(const Mount& mount,
                    const std::unordered_map<std::string_view, const Mount*>& reached) const {

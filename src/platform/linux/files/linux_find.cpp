@@ -75,7 +75,7 @@ FolderListing::FolderListing(const std::string& hostPath, bool hasDots, bool ask
       asksServer_(asksServer) {
     if (!folder_.isOpen()) return;
     struct statx status {};
-    // Where not even the folder itself can be looked at in it, nothing can.
+    // Where not even the status of "." can be read, no entry's can.
     if (statx(folder_.get(), ".", lookFlags, STATX_TYPE, &status) != 0) failure_ = errno;
     major_ = status.stx_dev_major;
     minor_ = status.stx_dev_minor;
@@ -93,7 +93,7 @@ bool FolderListing::fill(int& failure) {
     return size > 0;
 }
 
-// What lies on another filesystem is never asked for: that one may not answer.
+// The server of another filesystem mounted here is never asked: it may not answer.
 bool FolderListing::look(const char* name, struct statx& status) const {
     if (statx(folder_.get(), name, lookFlags, wantedFields, &status) != 0) return false;
     if (!asksServer_ || status.stx_dev_major != major_ || status.stx_dev_minor != minor_)

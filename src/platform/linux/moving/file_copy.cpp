@@ -124,7 +124,7 @@ int copyInto(int from, const struct stat& status, int to) {
     return isSame(now, status) ? 0 : EBUSY;
 }
 
-// A file of the folder without a name, which goes by itself if this process ends. 0, or the errno.
+// A nameless file in the folder, which the system removes if this process ends. 0, or the errno.
 int copyUnnamed(int from, int toFolder, const std::string& to, CopiedEntry& copied) {
     UniqueFd copy(openat(toFolder, ".", O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600));
     if (!copy.isOpen()) return noUnnamedFiles;

@@ -47,7 +47,7 @@ class EndOfMove {
         : source_(source), target_(target), copied_(copied), steps_(steps) {}
 
     int run() {
-        // The new name must be on the disk before the old one goes.
+        // The new name must be on the disk before the old one is removed.
         if (const int failure = steps_.sync(target_.fd()); failure != 0) return undo(failure);
         if (const int failure = steps_.whenCopied(); failure != 0) return undo(failure);
         const bool isFile = S_ISREG(copied_.source.st_mode);

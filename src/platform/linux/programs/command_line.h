@@ -16,7 +16,7 @@ std::vector<std::string> argumentsIn(std::string_view commandLine);
 
 /// Each argument in double quotes, blanks between them. One that names something that is there
 /// becomes its drive path; in any other a double quote is carried as in drive paths, so that
-/// whoever splits at the quotes gets every argument whole.
+/// splitting at the quotes gives every argument whole.
 std::string commandText(const std::vector<std::string>& arguments, Volumes& volumes);
 
 /// The text for this process.

@@ -27,8 +27,8 @@ class TemporaryRights {
 /// Whether to remove an entry of the folder, by its name.
 using EntryFilter = std::function<bool(const std::string& name)>;
 
-/// Removes the entries that the filter takes with all that is in them, as deep as they go, and goes
-/// on with the others where one can't be removed. 0, or the errno of the first failure: EXDEV for a
+/// Removes the entries that the filter takes with all that is in them, at any depth, and continues
+/// with the others where one can't be removed. 0, or the errno of the first failure: EXDEV for a
 /// mount in it. With `force` folders in it that their owner may not write are removed too.
 int removeEntries(const OpenFolder& folder, const EntryFilter& filter, bool force = true);
 

@@ -63,7 +63,7 @@ int emptyFolder(const OpenFolder& trash) {
     failure = firstOf(failure, failureToOpen(info));
     const auto isOrphan = [&](const std::string& note) { return !isNeeded(note, files); };
     if (info.isOpen()) failure = firstOf(failure, removeEntries(info, isOrphan));
-    // Only sizes that are counted anew when they are missing.
+    // Only a cache of sizes, which is made again when it is missing.
     unlinkat(trash.fd(), "directorysizes", 0);
     return failure;
 }

@@ -14,7 +14,7 @@ namespace {
 constexpr const wchar_t* propertyName = L"velmora.whileOpen";
 constexpr UINT period = 20;  // milliseconds
 
-// What goes on beside the dialog. Its first failure closes the dialog: nothing may be thrown
+// What runs while the dialog is open. Its first failure closes the dialog: nothing may be thrown
 // through the system's own calls.
 struct Beside {
     const std::function<void()>& run;
@@ -40,7 +40,7 @@ void CALLBACK onTimer(HWND dialog, UINT, UINT_PTR, DWORD) {
     if (beside) beside->step(dialog);
 }
 
-// The timer goes with the dialog.
+// The timer ends with the dialog.
 int CALLBACK onDialog(HWND dialog, UINT message, LPARAM, LPARAM data) {
     if (message != BFFM_INITIALIZED) return 0;
     SetPropW(dialog, propertyName, reinterpret_cast<HANDLE>(data));

@@ -48,7 +48,7 @@ class DriveQuestions::Worker {
             } catch (...) {
                 // The answer stays empty, which is what the asker needs to know.
             }
-            task = nullptr;  // what it holds goes before the asker hears of it
+            task = nullptr;  // what it holds is freed before the asker is notified
             lock.lock();
             busy_ = false;
             changed_.notify_all();

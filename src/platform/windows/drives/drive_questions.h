@@ -5,8 +5,9 @@
 // A drive that missed the deadline answers nothing, at no cost, until its pending question returns.
 // That late answer is thrown away: it belongs to a moment long past.
 //
-// Threads that still wait for a drive are left alone when this object goes and when the program
-// ends. A question may therefore run at any later time: it must own everything that it touches.
+// Threads that still wait for a drive are left running when this object is destroyed and when the
+// program ends. A question may therefore run at any later time: it must own everything that it
+// touches.
 #pragma once
 
 #include <chrono>

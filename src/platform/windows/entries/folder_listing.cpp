@@ -22,7 +22,7 @@ HANDLE begin(const wchar_t* pattern, WIN32_FIND_DATAW& entry) {
 
 }  // namespace
 
-// Belongs to whoever reads: the drive's thread while a question is pending.
+// Used by one thread at a time: the drive's own while a question is pending.
 class FolderListing::Search {
   public:
     explicit Search(std::wstring pattern) : pattern_(std::move(pattern)) {}

@@ -66,7 +66,7 @@ bool WindowsFileSystemObject::FileExists(const std::string& path) {
 std::unique_ptr<Folder> WindowsFileSystemObject::GetFolder(const std::string& path) {
     if (!FolderExists(path)) throw RuntimeError(error::pathNotFound);
     EntryReading reading(questions_, driveOfPath(path), absolutePath(path));
-    // Now, since a path without a drive goes from the current folder.
+    // Now, since a path without a drive starts at the current folder.
     const auto exact = exactPath(path);
     std::string asWritten = exact ? toUtf8(exact->text()) : path;
     return std::make_unique<WindowsFolder>(std::move(reading), std::move(asWritten));

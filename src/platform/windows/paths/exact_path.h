@@ -17,7 +17,7 @@ struct ExactPath {
     std::wstring text() const;
 };
 
-/// Only "." and ".." are worked out, and a path without a drive goes from the current folder.
+/// Only "." and ".." are resolved, and a path without a drive starts at the current folder.
 /// Nothing for a path that names no entry of a drive: a device, a stream of a file ("a:b"), one
 /// with a NUL.
 std::optional<ExactPath> exactPath(const std::string& path);

@@ -48,7 +48,8 @@ std::wstring fullPath(std::string_view path) {
 std::wstring systemPath(std::string_view path) {
     std::wstring wide = toUtf16(path);
     if (wide.size() < shortEnough || wide.starts_with(longPrefix)) return wide;
-    // The prefix also turns off the system's own tidying (".." and "/"), so that goes first.
+    // The prefix also turns off the system's own tidying (".." and "/"), so the path is tidied
+    // first.
     const std::wstring full = fullPath(path);
     if (full.starts_with(LR"(\\.\)") || full.starts_with(longPrefix)) return full;
     if (full.starts_with(LR"(\\)")) return std::wstring(longSharePrefix) + full.substr(2);
