@@ -72,7 +72,7 @@ Token tokenAt(std::string_view picture, std::string_view lower, std::size_t at) 
 }
 
 /// "mm" is minutes after hours and before seconds; names of months are never minutes.
-void tellMinutesFromMonths(std::vector<Token>& tokens) {
+void separateMinutesFromMonths(std::vector<Token>& tokens) {
     std::vector<Token*> parts;
     for (Token& token : tokens)
         if (token.part != Part::literal && token.part != Part::amPm) parts.push_back(&token);
@@ -91,7 +91,7 @@ std::vector<Token> readDatePicture(std::string_view picture) {
     std::vector<Token> tokens;
     for (std::size_t at = 0; at < picture.size(); at += tokens.back().size)
         tokens.push_back(tokenAt(picture, lower, at));
-    tellMinutesFromMonths(tokens);
+    separateMinutesFromMonths(tokens);
     return tokens;
 }
 

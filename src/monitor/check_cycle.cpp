@@ -56,7 +56,7 @@ void CheckCycle::tick(std::int16_t intErrCount) {
     closeCheck(walkRows(lngMinSpace));
 }
 
-// Counts down and tells how long it still takes; true when the interval has passed.
+// Counts down and shows how long it still takes; true when the interval has passed.
 bool CheckCycle::isDue() {
     Form1& form1 = forms_.form1;
     const DatePicker& interval = form1.DTPInterval;
@@ -69,7 +69,7 @@ bool CheckCycle::isDue() {
         return true;
     }
     lngElapsedMs_ = addLong(lngElapsedMs_, form1.Timer1.Interval());
-    // The last second is told in milliseconds behind the same words.
+    // The last second is shown in milliseconds after the same words.
     if (rest > 1000) rest = toLong(rest / 1000.0);
     form1.StatusBar1.setPanelText(1, "Ready. Check in: " + toText(rest) + " (sec.)");
     return false;

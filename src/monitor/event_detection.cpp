@@ -19,7 +19,7 @@ constexpr const char* eventEnd = "\r\n.\r\n";
 constexpr const char* fileCount = "file:";
 constexpr const char* folderCount = "fold:";
 
-// The stored number behind that word; nothing when the tag holds none.
+// The stored number after that word; nothing when the tag holds none.
 std::optional<std::string> storedCount(const std::string& tag, std::string_view word) {
     const std::size_t at = tag.find(word);
     if (at == std::string::npos) return {};
@@ -78,8 +78,8 @@ void EventPass::test(int event, Pass& pass) {
             testModification(pass);
             break;
         case evt::unavailable:
-            // The test reads an item that nothing ever sets. Paths that go away are told where a
-            // row isn't ready.
+            // The test reads an item that nothing ever sets. Paths that go away are reported where
+            // a row isn't ready.
             throw RuntimeError(error::objectRequired);
         default:
             break;
@@ -105,14 +105,14 @@ void EventPass::testQuantity(Pass& pass) {
     if (tag.empty()) return;
     const auto folder = folderOf(pass.text);
     if (!folder) return;
-    const auto compare = [&](const char* word, const char* told, auto count) {
+    const auto compare = [&](const char* word, const char* words, auto count) {
         const auto old = storedCount(tag, word);
         if (!old) return;
         const double before = toDouble(*old, platform_.regional);
         const double present = count();
         if (before == -1 || before == present) return;
         pass.strEvents +=
-            told + pass.text + " from " + *old + " to " + countText(present) + eventEnd;
+            words + pass.text + " from " + *old + " to " + countText(present) + eventEnd;
     };
     compare(fileCount, "File Quantity changed in ", [&] { return folder->FilesCount(); });
     compare(folderCount, "Folder Quantity changed in ", [&] { return folder->SubFoldersCount(); });

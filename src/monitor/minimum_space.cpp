@@ -83,9 +83,9 @@ void MinimumSpace::echoInGreaterUnits() {
     Form1& form1 = forms_.form1;
     const Regional& regional = platform_.regional;
     const auto space = readNumber(form1.txtSpace.Text(), regional);
-    const bool told = space && form1.OpDriv[0].Value();
-    form1.lblMB.setCaption(told ? Format(*space / 1e3, "#0.0#", regional) + " MB" : "");
-    form1.lblGB.setCaption(told ? Format(*space / 1e6, "#0.0#", regional) + " GB" : "");
+    const bool shown = space && form1.OpDriv[0].Value();
+    form1.lblMB.setCaption(shown ? Format(*space / 1e3, "#0.0#", regional) + " MB" : "");
+    form1.lblGB.setCaption(shown ? Format(*space / 1e6, "#0.0#", regional) + " GB" : "");
 }
 
 // At 0 neither direction acts.

@@ -30,7 +30,7 @@ RowOutcome RowCheck::check(int i, std::int32_t& lngMinSpace) {
         status.setPanelText(1, "Not Ready: ", text);
         WatchRow(list.ListItems(i)).setStateIcon(state_icon::none);
         parts_.events.rowNotReady(i);
-        // A shortage told before the drive went away is told again once it is back.
+        // A shortage reported before the drive went away is reported again once it is back.
         AlertList::clearStamp(list.ListItems(i));
         return RowOutcome::done;
     }

@@ -1,4 +1,4 @@
-// The alert list behind the port of the change watcher.
+// The alert list, as the change watcher sees it through its port.
 #pragma once
 
 #include <string>

@@ -123,7 +123,7 @@ std::string WatchControl::trayTip() {
         const std::string digits = trim(replaceAll(row.freeSpace(), " KB", ""));
         total += readNumber(digits, platform_.regional).value_or(0);
         ++watched;
-        // Another sub-item than the one that holds the state: the tip tells what stands there.
+        // Another sub-item than the one that holds the state: the tip counts what stands there.
         if (item.ListSubItems(2).ReportIcon() == state_icon::alert) ++alerts;
     }
     return "Velmora\r\n" + std::to_string(watched) + " onWatch. \r\n" +

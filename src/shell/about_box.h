@@ -18,13 +18,13 @@ bool GetKeyValue(Platform& platform, const std::string& path, const std::string&
 
 class AboutBox {
   public:
-    /// Connects the box's handlers. `version` as it stands behind the word ("1.0.0").
+    /// Connects the box's handlers. `version` as it stands after the word ("1.0.0").
     AboutBox(Forms& forms, Platform& platform, Host& host, const std::string& version);
     AboutBox(const AboutBox&) = delete;
     AboutBox& operator=(const AboutBox&) = delete;
 
     void showAbout();
-    /// Runs the system information program, or tells in a box that there is none.
+    /// Runs the system information program, or says in a box that there is none.
     void StartSysInfo();
 
   private:

@@ -40,8 +40,8 @@ void Reachability::restore(Form& form) {
 void Reachability::minimise() {
     forms_.form1.setState(WindowState::minimised);
     forms_.form1.setVisible(true);
-    if (told_) return;
-    told_ = true;
+    if (noteShown_) return;
+    noteShown_ = true;
     forms_.form1.StatusBar1.setPanelText(detailPanel, note);
 }
 

@@ -25,7 +25,7 @@ class Reachability {
 
     Forms& forms_;
     NotifyArea& notifyArea_;
-    bool told_ = false;
+    bool noteShown_ = false;
 };
 
 }  // namespace velmora

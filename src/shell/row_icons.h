@@ -12,7 +12,7 @@ namespace velmora {
 
 enum class IconSize { large, small };
 
-/// Draws the system's icon of a file or folder, told by its drive path. When the system has none,
+/// Draws the system's icon of a file or folder, known by its drive path. When the system has none,
 /// false, and the picture stays as it is.
 bool drawFileIcon(ShellIcons& icons, const std::string& path, IconSize size, PictureBox& picture);
 

@@ -213,8 +213,8 @@ void TrayIcon::formIconDoubleClick() {
     activate();
 }
 
-// The menu's window must be in front, or a click elsewhere doesn't close it; it tells of itself
-// only by its making.
+// The menu's window must be in front, or a click elsewhere doesn't close it. The only sign of it
+// is the message of its creation.
 void TrayIcon::formIconRightUp() {
     removeHook();
     hook_ = surface_.user32.SetWindowsHookExA(

@@ -48,7 +48,7 @@ void WindowEffects::Command9_Click() {
 void WindowEffects::chkOnTop_Click() {
     Form1& form1 = forms_.form1;
     form1.mnuStayOnTop.setChecked(form1.chkOnTop.ticked());
-    placeBehind(form1.chkOnTop.ticked() ? window::topmost : window::notTopmost);
+    placeInOrder(form1.chkOnTop.ticked() ? window::topmost : window::notTopmost);
 }
 
 // The check box clicks by the change, and does the rest.
@@ -58,15 +58,15 @@ void WindowEffects::mnuStayOnTop_Click() {
 }
 
 void WindowEffects::drop() {
-    placeBehind(window::notTopmost);
+    placeInOrder(window::notTopmost);
 }
 
 void WindowEffects::restore() {
-    if (forms_.form1.chkOnTop.ticked()) placeBehind(window::topmost);
+    if (forms_.form1.chkOnTop.ticked()) placeInOrder(window::topmost);
 }
 
 // Place and size are handed over and, by the flags, left as they are.
-void WindowEffects::placeBehind(std::int32_t after) {
+void WindowEffects::placeInOrder(std::int32_t after) {
     const Form1& form1 = forms_.form1;
     user32_.SetWindowPos(form1.Name(), after, form1.Left() / twipsPerPixel,
                          form1.Top() / twipsPerPixel, form1.Width() / twipsPerPixel,

@@ -26,7 +26,7 @@ class WindowEffects final : public StayOnTop, public Translucency {
     void restore() override;
 
   private:
-    void placeBehind(std::int32_t after);
+    void placeInOrder(std::int32_t after);
 
     Forms& forms_;
     User32& user32_;

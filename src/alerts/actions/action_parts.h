@@ -31,9 +31,9 @@ struct ActionParts {
 
 /// A "Medium" alert of the short row, with minutes in its stamp.
 void raiseForRow(ActionParts& parts, const Shortage& shortage, const std::string& text);
-/// The running text as such an alert; it is empty behind.
+/// The running text as such an alert; it is empty afterwards.
 void raiseRunningText(ActionParts& parts, Shortage& shortage);
-/// The note as a "High" alert of no row, stamped with the present date and time; empty behind.
+/// The note as a "High" alert of no row, stamped with the present date and time; empty afterwards.
 void raiseNote(ActionParts& parts, Shortage& shortage, std::string strNote);
 /// A "Medium" alert of no row, with minutes in its stamp.
 void raiseFileReport(ActionParts& parts, const std::string& text);

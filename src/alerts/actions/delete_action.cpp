@@ -24,7 +24,7 @@ void DeleteAction::run(Shortage& shortage) {
 }
 
 // Returns the place of the first file; folders in front of it are deleted on the way. Nothing here
-// or behind it asks the user or lets handlers run, as removing is done without the shell: a row
+// or after it asks the user or lets handlers run, as removing is done without the shell: a row
 // stays at its place until it is removed here.
 int DeleteAction::walk(Shortage& shortage) {
     Form1& form1 = parts_.forms.form1;

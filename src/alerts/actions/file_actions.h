@@ -35,8 +35,8 @@ class FileActions {
     void prcFileAct(std::int16_t& iAct, ListItem& itmTarget, std::int16_t& iMaxFiles,
                     std::string& strDrv, std::string& strPath, std::string& strFile);
 
-    /// One file, and its alert. Moving: error 438 when `strPath` is a folder, which can't tell its
-    /// space; error 424 when it is neither drive nor folder (auto move: "n/a").
+    /// One file, and its alert. Moving: error 438 when `strPath` is a folder, which doesn't know
+    /// its space; error 424 when it is neither drive nor folder (auto move: "n/a").
     std::string prcFileActOption(std::int16_t& iAct, std::string& strFile, std::string& strPath);
 
   private:

@@ -7,7 +7,7 @@ namespace velmora {
 
 void MoveAction::run(Shortage& shortage) {
     Form1& form1 = parts_.forms.form1;
-    // The box tells whether anything was selected, not the rows.
+    // Whether anything was selected goes by the box, not by the rows.
     if (form1.cboFile.ListCount() == 0) {
         shortage.strAlert = "- No Moved File: no file selected.  Drive: " + shortage.drive.Path();
         return;

@@ -16,7 +16,7 @@ constexpr const char* cleanerSet = "12";
 void SmallActions::recycle(Shortage& shortage) {
     ListView& files = parts_.forms.form1.LVFile;
     const ListedRow first = listedRow(files, 1);
-    // The shell may ask, and handlers run meanwhile: the row may stand elsewhere behind it.
+    // The shell may ask, and handlers run meanwhile: the row may stand elsewhere afterwards.
     parts_.system.prcSendToBin(first.tag, file_operation::allowUndo);
     removeListedRow(files, first);
     // The short row's index in the list of files: it names another file than the one sent.
@@ -98,7 +98,7 @@ std::string SmallActions::cleanedDrive(const std::string& path) {
     return fso.GetDrive(fso.GetDriveName(path))->DriveLetter();
 }
 
-// The actions and rows behind still run in this pass.
+// The actions and rows that follow still run in this pass.
 void SmallActions::pause(Shortage& shortage) {
     raiseNote(parts_, shortage, "Program paused by user option to pause on alert event.");
     parts_.forms.form1.Timer1.setEnabled(false);

@@ -18,10 +18,10 @@ class AlertDialogOptions {
     AlertDialogOptions(const AlertDialogOptions&) = delete;
     AlertDialogOptions& operator=(const AlertDialogOptions&) = delete;
 
-    /// By the place of the option in lblAct: tells what it would do and keeps it as the pending
+    /// By the place of the option in lblAct: says what it would do and keeps it as the pending
     /// one; the first, "Sorbane", starts the sibling cleaner at once.
     void lblAct_Click(std::size_t index);
-    /// Starts the sibling cleaner for the first drive in shortage, which it is told by the file
+    /// Starts the sibling cleaner for the first drive in shortage, which it reads from the file
     /// clen.dat. An error of that file goes to the caller, and nothing is started then; whether
     /// the cleaner is there isn't looked at.
     void startSorbane();

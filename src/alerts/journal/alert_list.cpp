@@ -90,7 +90,7 @@ void AlertList::UpDown3_Change() {
 }
 
 void AlertList::prcAlertIcon() {
-    // The program's own icon tells of alerts by itself.
+    // The program's own icon shows alerts by itself.
     if (forms_.form1.chkSystray.ticked()) return;
     NotifyIconData data;
     data.window = forms_.form1.Name();

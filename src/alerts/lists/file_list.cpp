@@ -39,7 +39,7 @@ ListItem& FileList::addBareRow(ListView& list, const std::string& path) {
 }
 
 // All but the size. A field that can't be read doesn't keep the path from being listed.
-void FileList::tellEntry(ListItem& row, PathEntry& entry) {
+void FileList::showEntry(ListItem& row, PathEntry& entry) {
     const auto show = [&](int column, const DateTime& time) {
         row.setSubItems(column, dateText(time, platform_.regional));
     };
@@ -50,27 +50,27 @@ void FileList::tellEntry(ListItem& row, PathEntry& entry) {
                [&] { row.setSubItems(file_column::type, entry.Type()); });
 }
 
-void FileList::tellSize(ListItem& row, double bytes, std::string text) {
+void FileList::showSize(ListItem& row, double bytes, std::string text) {
     row.setSubItems(file_column::size, std::move(text));
     row.setSubTag(file_column::size, toText(bytes, platform_.regional));
 }
 
-void FileList::tellFile(ListItem& row, const std::string& path) {
+void FileList::showFile(ListItem& row, const std::string& path) {
     const auto file = platform_.fso.GetFile(path);
     resumeNext([&] {
         const double bytes = file->Size();
-        tellSize(row, bytes, kilobyteText(bytes, Grouping::regional, platform_.regional));
+        showSize(row, bytes, kilobyteText(bytes, Grouping::regional, platform_.regional));
     });
-    tellEntry(row, *file);
+    showEntry(row, *file);
 }
 
-void FileList::tellFolder(ListItem& row, const std::string& path) {
+void FileList::showFolder(ListItem& row, const std::string& path) {
     const auto folder = platform_.fso.GetFolder(path);
     resumeNext([&] {
         const double bytes = folder->Size();
-        tellSize(row, bytes, folderSizeText(bytes, platform_.regional));
+        showSize(row, bytes, folderSizeText(bytes, platform_.regional));
     });
-    tellEntry(row, *folder);
+    showEntry(row, *folder);
 }
 
 // The start of the program comes through here: whatever is asked may fail. A folder's size is left
@@ -80,9 +80,9 @@ void FileList::prcAllLV(ListView& list, const std::string& strPath) {
     ListItem& row = addBareRow(list, strPath);
     resumeNext([&] {
         if (platform_.fso.FileExists(strPath)) {
-            tellFile(row, strPath);
+            showFile(row, strPath);
         } else if (platform_.fso.FolderExists(strPath)) {
-            tellEntry(row, *platform_.fso.GetFolder(strPath));
+            showEntry(row, *platform_.fso.GetFolder(strPath));
         }
     });
 }
@@ -140,10 +140,10 @@ void FileList::addDropped(ListView& list, const std::vector<std::string>& paths)
 void FileList::addOrAsk(ListView& list, const std::string& path) {
     if (platform_.fso.FileExists(path)) {
         ListItem& row = addBareRow(list, path);
-        resumeNext([&] { tellFile(row, path); });
+        resumeNext([&] { showFile(row, path); });
     } else if (platform_.fso.FolderExists(path)) {
         ListItem& row = addBareRow(list, path);
-        resumeNext([&] { tellFolder(row, path); });
+        resumeNext([&] { showFolder(row, path); });
     } else if (host_.MsgBox(questionAboutMissing(path)) == BoxAnswer::yes) {
         addBareRow(list, path);
     }

@@ -31,11 +31,11 @@ class FileList {
     FileList& operator=(const FileList&) = delete;
 
     /// Adds a row for a path, at the end: the full path as its tag, which is what all actions go
-    /// by, and what the machine tells of the file. What isn't a file has "n/a" for its size; what
+    /// by, and what the machine knows of the file. What isn't a file has "n/a" for its size; what
     /// can't be read stays empty. Nothing for an empty path.
     void prcAllLV(ListView& list, const std::string& strPath);
 
-    /// Adds the existing file that the box's text names, a line end behind it aside; with an empty
+    /// Adds the existing file that the box's text names, a line end after it aside; with an empty
     /// text asks with the file dialog and adds what was chosen. `strFile` takes the answer as the
     /// dialog gives it. The full paths of the rows added, in their order.
     std::vector<std::string> GetFiles(ListView& lvFile, const ComboBox& cboList,
@@ -54,10 +54,10 @@ class FileList {
   private:
     ListItem& addBareRow(ListView& list, const std::string& path);
     void addOrAsk(ListView& list, const std::string& path);
-    void tellFile(ListItem& row, const std::string& path);
-    void tellFolder(ListItem& row, const std::string& path);
-    void tellSize(ListItem& row, double bytes, std::string text);
-    void tellEntry(ListItem& row, PathEntry& entry);
+    void showFile(ListItem& row, const std::string& path);
+    void showFolder(ListItem& row, const std::string& path);
+    void showSize(ListItem& row, double bytes, std::string text);
+    void showEntry(ListItem& row, PathEntry& entry);
     std::vector<std::string> addChosen(ListView& list, const std::string& names);
 
     Platform& platform_;

@@ -63,7 +63,7 @@ void FileListButtons::lblSF_Click(int index) {
     }
 }
 
-// The watch rests meanwhile, so that no check changes the list behind the open dialog.
+// The watch rests meanwhile, so that no check changes the list while the dialog is open.
 void FileListButtons::addFiles() {
     const bool rests = form1_.cmdPause.Caption() == watchRuns;
     if (rests) form1_.cmdPause.Click();

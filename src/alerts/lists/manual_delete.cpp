@@ -34,7 +34,7 @@ void ManualOperations::cmdDelete_Click() {
     form1_.Timer1.Tick();
 }
 
-// Deletes what the path names and tells what became of it.
+// Deletes what the path names and says what became of it.
 std::string ManualOperations::remove(const std::string& tag) {
     if (platform_.fso.FileExists(tag)) {
         platform_.files.remove(tag);
@@ -88,7 +88,7 @@ bool ManualOperations::deleteListed(const ListedRow& subject, bool toBin) {
 }
 
 // Takes the first entry of the box along, whichever it is. An empty box ends the run with the row
-// in place; the user has just been told of it.
+// in place; a message has just said so.
 bool ManualOperations::dropMissing(const ListedRow& subject) {
     say("file does not exits: " + subject.tag);
     if (form1_.cboFile.ListCount() == 0) return false;

@@ -56,7 +56,7 @@ void ManualOperations::raise(const char* rating, const std::string& text) {
     });
 }
 
-// What the dialog already shows isn't told again. Stamp and line end belong to it: another path
+// What the dialog already shows isn't reported again. Stamp and line end belong to it: another path
 // may begin with this one, and the same path may come back later.
 void ManualOperations::report(const std::string& text) {
     TextBox& dialogText = forms_.dlgAlert.Label1;

@@ -49,7 +49,7 @@ void ProgramList::Label5_Click(int index) {
     }
 }
 
-// An empty text is no mistake; one that names no file is told.
+// An empty text is no mistake; one that names no file gets a message.
 bool ProgramList::boxNamesFile() {
     const std::string& text = form1_.cboProg.Text();
     if (text.empty()) return false;

@@ -34,7 +34,7 @@ void SoundButtons::cmdPlay_Click(std::size_t index) {
     if (platform_.fso.FileExists(file)) {
         actions_.prcPlaySound(file, sound::noDefault);
     } else {
-        tellMissing(text);
+        sayMissing(text);
     }
 }
 
@@ -44,7 +44,7 @@ void SoundButtons::cmdAudio_Click(std::size_t index) {
     if (platform_.fso.FileExists(file)) {
         forms_.form1.txtAudio[index].setText(file);
     } else {
-        tellMissing(file);
+        sayMissing(file);
     }
 }
 
@@ -52,7 +52,7 @@ void SoundButtons::cmdSnd_Click() {
     actions_.prcPlaySound(platform_.app.Path + "\\sound\\alert.WAV", sound::noDefault);
 }
 
-void SoundButtons::tellMissing(const std::string& file) {
+void SoundButtons::sayMissing(const std::string& file) {
     host_.MsgBox({.text = "File Does not exists: " + file});
 }
 

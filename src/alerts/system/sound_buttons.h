@@ -19,7 +19,7 @@ class SoundButtons {
     SoundButtons& operator=(const SoundButtons&) = delete;
 
     /// Gives a sound that isn't chosen yet its default, the system's own chime; nothing on a system
-    /// that can't tell its folder.
+    /// that doesn't know its folder.
     void setDefaults();
     /// Plays the sound of that place, 0 or 1, to its end; a box when its file isn't there.
     void cmdPlay_Click(std::size_t index);
@@ -29,7 +29,7 @@ class SoundButtons {
     void cmdSnd_Click();
 
   private:
-    void tellMissing(const std::string& file);
+    void sayMissing(const std::string& file);
 
     Forms& forms_;
     Platform& platform_;

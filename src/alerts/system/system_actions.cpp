@@ -74,7 +74,7 @@ bool SystemActions::isPattern(const std::string& path) {
 }
 
 void SystemActions::prcSendToBin(const std::string& strFile, std::int32_t lngFlags) {
-    // The shell takes a list with a NUL behind each path: one inside would make two paths of one.
+    // The shell takes a list with a NUL after each path: one inside would make two paths of one.
     const bool isOne = strFile.find('\0') == std::string::npos;
     if (!isOne || !isBelowRoot(strFile) || isPattern(strFile)) {
         throw RuntimeError(error::permissionDenied);
