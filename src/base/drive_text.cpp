@@ -1,7 +1,5 @@
 #include "base/drive_text.h"
 
-#include <cmath>
-
 #include "base/text.h"
 
 namespace velmora {
@@ -31,14 +29,6 @@ std::string prcSetDiskSizeDimension(double lngSpace, const Regional& regional) {
     if (lngSpace >= 1001 && lngSpace < 1e6) return sized(lngSpace / 1e3, " MB");
     if (lngSpace >= 2 && lngSpace < 1e3) return sized(lngSpace, " KB");
     return "0 KB";
-}
-
-double kilobytes(double bytes) {
-    return std::round(bytes / 1024);
-}
-
-std::string kilobyteText(double bytes, Grouping grouping, const Regional& regional) {
-    return FormatNumber(bytes / 1024, 0, grouping, regional) + " KB";
 }
 
 }  // namespace velmora

@@ -25,9 +25,4 @@ std::string withoutLineEnds(std::string text);
 /// 1000000000 fall between the ranges and give "0 KB".
 std::string prcSetDiskSizeDimension(double lngSpace, const Regional& regional);
 
-/// Bytes as a whole number of KB.
-double kilobytes(double bytes);
-/// The same as the rows show it, followed by " KB".
-std::string kilobyteText(double bytes, Grouping grouping, const Regional& regional);
-
 }  // namespace velmora

@@ -2,6 +2,8 @@
 
 #include <cstddef>
 
+#include "rows/alert_row.h"
+
 namespace velmora::console {
 
 EventReport::EventReport(Notice<const ListItem&>& alertRaised, StatusBar& status, Output& output,
@@ -14,7 +16,7 @@ EventReport::EventReport(Notice<const ListItem&>& alertRaised, StatusBar& status
 
 void EventReport::reportAlert(const ListItem& row) {
     output_.alert(row);
-    waiting_.seen(row.SubItems(2));
+    waiting_.seen(ConstAlertRow(row).text());
 }
 
 // A panel whose picture has changed keeps its text, which isn't reported again.

@@ -23,10 +23,9 @@ Json rowObject(const ListItem& row) {
         subItems.push_back(row.SubItems(i));
         subTags.push_back(row.ListSubItems(i).Tag());
     }
-    const std::string icon = row.SubItemCount() > 0 ? row.ListSubItems(1).ReportIcon() : "";
-    return {{"Text", row.Text()},         {"SubItems", subItems}, {"Checked", row.Checked()},
-            {"Selected", row.Selected()}, {"Bold", row.Bold()},   {"Tag", row.Tag()},
-            {"SubTags", subTags},         {"ReportIcon", icon}};
+    return {{"Text", row.Text()},         {"SubItems", subItems},     {"Checked", row.Checked()},
+            {"Selected", row.Selected()}, {"Bold", row.Bold()},       {"Tag", row.Tag()},
+            {"SubTags", subTags},         {"ReportIcon", iconOf(row)}};
 }
 
 }  // namespace
@@ -49,6 +48,15 @@ std::string jsonObject(const JsonFields& fields) {
     Json object = Json::object();
     for (const auto& [name, value] : fields) object[name] = toJson(value);
     return dump(object);
+}
+
+const std::string& iconOf(const ListItem& row) {
+    static const std::string none;
+    for (int i = 1; i <= row.SubItemCount(); ++i) {
+        const std::string& icon = row.ListSubItems(i).ReportIcon();
+        if (!icon.empty()) return icon;
+    }
+    return none;
 }
 
 std::string jsonRows(const ListView& list) {

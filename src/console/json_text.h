@@ -22,6 +22,8 @@ std::string jsonValue(const PropertyValue& value);
 using JsonFields = std::vector<std::pair<std::string, PropertyValue>>;
 std::string jsonObject(const JsonFields& fields);
 
+/// The first icon that a column of the row shows; empty for none.
+const std::string& iconOf(const ListItem& row);
 /// The rows of a list, one object a row.
 std::string jsonRows(const ListView& list);
 

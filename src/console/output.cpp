@@ -1,6 +1,7 @@
 #include "console/output.h"
 
 #include "console/words.h"
+#include "rows/alert_row.h"
 
 namespace velmora::console {
 
@@ -82,9 +83,7 @@ std::string Output::rowLine(const ListView& list, int index) const {
     const ListItem& row = list.ListItems(index);
     std::string text = std::to_string(index) + " " + tick(row.Checked()) + readable(row.Text());
     for (int i = 1; i <= row.SubItemCount(); ++i) text += " | " + readable(row.SubItems(i));
-    if (row.SubItemCount() > 0 && !row.ListSubItems(1).ReportIcon().empty()) {
-        text += " <" + row.ListSubItems(1).ReportIcon() + ">";
-    }
+    if (!iconOf(row).empty()) text += " <" + iconOf(row) + ">";
     return text + (row.Selected() ? " (selected)" : "");
 }
 
@@ -123,14 +122,14 @@ void Output::text(const std::string& lines) {
     line(lines);
 }
 
-void Output::alert(const ListItem& row) {
+void Output::alert(const ListItem& item) {
+    const ConstAlertRow row(item);
     if (json_) {
-        return event(
-            "alert",
-            {{"time", row.SubItems(1)}, {"rating", row.Text()}, {"text", row.SubItems(2)}});
+        return event("alert",
+                     {{"time", row.time()}, {"rating", row.rating()}, {"text", row.text()}});
     }
-    line("alert: " + readable(row.SubItems(1)) + " | " + readable(row.Text()) + " | " +
-         readable(row.SubItems(2)));
+    line("alert: " + readable(row.time()) + " | " + readable(row.rating()) + " | " +
+         readable(row.text()));
 }
 
 void Output::box(const Box& box, BoxAnswer answer) {

@@ -33,7 +33,7 @@ class Output {
     void text(const std::string& lines);
 
     // Events.
-    void alert(const ListItem& row);
+    void alert(const ListItem& item);
     void box(const Box& box, BoxAnswer answer);
     void status(int panel, const std::string& text);
     /// An operation handed to the system's shell.

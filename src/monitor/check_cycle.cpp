@@ -112,7 +112,7 @@ int CheckCycle::walkRows(std::int32_t lngMinSpace) {
     int i = 1;
     for (; i <= count; ++i) {
         host_.DoEvents();
-        const std::string text = list.ListItems(i).Text();
+        const std::string text = ConstWatchRow(list.ListItems(i)).path();
         form1.StatusBar1.setPanelText(2, "Checking: ", text);
         if (!forms_.globals.bChecking) {
             form1.StatusBar1.setPanelText(2, "Ready (e1): ");

@@ -5,18 +5,10 @@
 #include "base/convert.h"
 #include "base/runtime_error.h"
 #include "base/text.h"
-#include "rows/watch_row.h"
 
 namespace velmora {
 
 namespace {
-
-constexpr const char* notAvailable = "N/A";
-
-bool isUnavailable(const std::string& freeSpace) {
-    const std::string lower = lowerCase(freeSpace);
-    return contains(lower, "n/a") || contains(lower, "not ready");
-}
 
 // The gauges are upside down: their zero is at the top.
 void point(Slider& gauge, double part, double whole) {
@@ -33,16 +25,16 @@ void DriveMeter::prcShowfrmIndDri(const std::string& path) {
 }
 
 void DriveMeter::prcSrvMeter(ListItem& item) {
-    const WatchRow row(item);
-    if (isUnavailable(row.freeSpace())) return;
-    const double total = kilobytesOf(row.totalSize());
+    const ConstWatchRow row(item);
+    if (!row.isReadyForGauges()) return;
+    const double total = row.totalKBOrZero(platform_.regional);
     if (total <= 0) return;
-    const double trigger = triggerKB(item, total);
+    const double trigger = triggerKB(row, total);
     FrmIndDri& view = forms_.frmIndDri;
     point(view.VScroll1, trigger, total);
     point(view.VMeter1, trigger, total);
-    point(view.VMeter2, kilobytesOf(row.freeSpace()), total);
-    listFigures(item);
+    point(view.VMeter2, row.freeKBOrZero(platform_.regional), total);
+    listFigures(row);
 }
 
 void DriveMeter::prcSrvMeterPreSet(const std::string&) {
@@ -50,35 +42,31 @@ void DriveMeter::prcSrvMeterPreSet(const std::string&) {
     const std::string shown = lowerCase(forms_.frmIndDri.lblP.Caption());
     ListView& list = forms_.form1.ListView1;
     for (int i = 1; i <= list.Count(); ++i) {
-        if (lowerCase(list.ListItems(i).Text()) == shown) return prcSrvMeter(list.ListItems(i));
+        ListItem& item = list.ListItems(i);
+        if (lowerCase(ConstWatchRow(item).path()) == shown) return prcSrvMeter(item);
     }
 }
 
 // A trigger that isn't set is none.
-double DriveMeter::triggerKB(const ListItem& row, double totalKB) const {
+double DriveMeter::triggerKB(const ConstWatchRow& row, double totalKB) const {
     const Form1& form1 = forms_.form1;
-    const std::string& text =
-        form1.chkDrive.ticked() ? row.SubItems(WatchRow::columnTrigger - 1) : form1.txtSpace.Text();
+    const std::string& text = form1.chkDrive.ticked() ? row.trigger() : form1.txtSpace.Text();
     const double trigger = readNumber(text, platform_.regional).value_or(0);
     return form1.OpDriv[1].Value() ? trigger / 100 * totalKB : trigger;
 }
 
-double DriveMeter::kilobytesOf(const std::string& text) const {
-    return readNumber(replaceAll(text, " KB", ""), platform_.regional).value_or(0);
-}
-
-void DriveMeter::listFigures(const ListItem& row) {
+void DriveMeter::listFigures(const ConstWatchRow& row) {
     ListView& list = forms_.frmIndDri.ListView1;
     list.Clear();
     const auto add = [&list](const char* property, const std::string& value) {
         list.Add(property).setSubItems(1, value);
     };
-    add("Size", row.SubItems(WatchRow::columnTotal - 1));
-    add("Free Space", row.SubItems(WatchRow::columnFree - 1));
+    add("Size", row.totalSize());
+    add("Free Space", row.freeSpace());
     std::string folders = notAvailable;
     std::string files = notAvailable;
     try {
-        const auto folder = platform_.fso.GetFolder(row.Text());
+        const auto folder = platform_.fso.GetFolder(row.path());
         folders = toText(folder->SubFoldersCount(), platform_.regional);
         files = toText(folder->FilesCount(), platform_.regional);
     } catch (const RuntimeError&) {

@@ -6,6 +6,7 @@
 
 #include "forms/forms.h"
 #include "platform/platform.h"
+#include "rows/watch_row.h"
 
 namespace velmora {
 
@@ -26,9 +27,8 @@ class DriveMeter {
     void prcSrvMeterPreSet(const std::string& strDri);
 
   private:
-    double triggerKB(const ListItem& row, double totalKB) const;
-    double kilobytesOf(const std::string& text) const;
-    void listFigures(const ListItem& row);
+    double triggerKB(const ConstWatchRow& row, double totalKB) const;
+    void listFigures(const ConstWatchRow& row);
 
     Forms& forms_;
     Platform& platform_;

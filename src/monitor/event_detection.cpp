@@ -1,33 +1,14 @@
 #include "monitor/event_detection.h"
 
-#include <optional>
-#include <string_view>
-
 #include "alerts/journal/alert_time.h"
 #include "base/convert.h"
-#include "base/drive_text.h"
-#include "base/format_number.h"
 #include "base/runtime_error.h"
-#include "base/text.h"
-#include "rows/watch_row.h"
 
 namespace velmora {
 
 namespace {
 
 constexpr const char* eventEnd = "\r\n.\r\n";
-constexpr const char* fileCount = "file:";
-constexpr const char* folderCount = "fold:";
-
-// The stored number after that word; nothing when the tag holds none.
-std::optional<std::string> storedCount(const std::string& tag, std::string_view word) {
-    const std::size_t at = tag.find(word);
-    if (at == std::string::npos) return {};
-    const std::size_t begin = at + word.size();
-    const std::size_t end = tag.find('|', begin);
-    if (end == std::string::npos) return {};
-    return tag.substr(begin, end - begin);
-}
 
 std::string countText(double count) {
     return toText(static_cast<std::int64_t>(count));
@@ -35,16 +16,19 @@ std::string countText(double count) {
 
 }  // namespace
 
-// The tests of one row. A reading of the drive serves both tests of its free space.
+// The tests of one row.
 struct EventPass::Pass {
     int row;
     std::string text;  // of the row
+    double freeBytes;
+    bool driveIsFound = false;
     std::string strEvents = {};
-    std::optional<std::string> freeText = {};
 };
 
-void EventPass::checkEvents(int row) {
-    Pass pass{.row = row, .text = forms_.form1.ListView1.ListItems(row).Text()};
+void EventPass::checkEvents(int row, double freeBytes) {
+    Pass pass{.row = row,
+              .text = ConstWatchRow(forms_.form1.ListView1.ListItems(row)).path(),
+              .freeBytes = freeBytes};
     runTests(pass);
     forms_.form1.StatusBar1.setPanelText(1, "Events Listing Check Done. 1");
     if (!pass.strEvents.empty()) report(pass);
@@ -86,27 +70,30 @@ void EventPass::test(int event, Pass& pass) {
     }
 }
 
-// The drive is read whether or not there is anything to compare it with: a row that is no drive
-// root and no share fails here.
+// The drive is looked up whether or not there is anything to compare with: a row that is no drive
+// root and no share fails here. Its free space is the one that the check has found.
 void EventPass::testFreeSpace(int event, Pass& pass) {
-    if (!pass.freeText) pass.freeText = freeText(pass.text);
-    const std::string& previous =
-        WatchRow(forms_.form1.ListView1.ListItems(pass.row)).previousFree();
-    if (previous.empty()) return;
-    const bool stagnant = previous == *pass.freeText;
+    if (!pass.driveIsFound) platform_.fso.GetDrive(pass.text);
+    pass.driveIsFound = true;
+    const ConstWatchRow row(forms_.form1.ListView1.ListItems(pass.row));
+    if (!row.hasPreviousFree()) return;
+    const std::string freeSpace =
+        kilobyteText(pass.freeBytes, Grouping::regional, platform_.regional);
+    const bool stagnant = row.previousFreeIs(freeSpace);
     if (stagnant != (event == evt::stagnancy)) return;
     pass.strEvents += (stagnant ? "Free space stagnancy in: " : "Free space change in: ") +
-                      pass.text + " at size " + *pass.freeText + " KB" + eventEnd;
+                      pass.text + " at size " + freeSpace + eventEnd;
 }
 
 void EventPass::testQuantity(Pass& pass) {
-    // A copy: other handlers may run while the folder is counted.
-    const std::string tag = WatchRow(forms_.form1.ListView1.ListItems(pass.row)).folderCounts();
-    if (tag.empty()) return;
+    const ConstWatchRow row(forms_.form1.ListView1.ListItems(pass.row));
+    if (!row.hasFolderCounts()) return;
+    // Copies: other handlers may run while the folder is counted.
+    const auto oldFiles = row.fileCount();
+    const auto oldFolders = row.folderCount();
     const auto folder = folderOf(pass.text);
     if (!folder) return;
-    const auto compare = [&](const char* word, const char* words, auto count) {
-        const auto old = storedCount(tag, word);
+    const auto compare = [&](const char* words, const auto& old, auto count) {
         if (!old) return;
         const double before = toDouble(*old, platform_.regional);
         const double present = count();
@@ -114,8 +101,8 @@ void EventPass::testQuantity(Pass& pass) {
         pass.strEvents +=
             words + pass.text + " from " + *old + " to " + countText(present) + eventEnd;
     };
-    compare(fileCount, "File Quantity changed in ", [&] { return folder->FilesCount(); });
-    compare(folderCount, "Folder Quantity changed in ", [&] { return folder->SubFoldersCount(); });
+    compare("File Quantity changed in ", oldFiles, [&] { return folder->FilesCount(); });
+    compare("Folder Quantity changed in ", oldFolders, [&] { return folder->SubFoldersCount(); });
 }
 
 void EventPass::testModification(const Pass& pass) {
@@ -149,49 +136,49 @@ void EventPass::report(const Pass& pass) {
 void EventPass::rowNotReady(int row) {
     WatchRow watched(forms_.form1.ListView1.ListItems(row));
     if (!forms_.form1.lstEvt.Selected(evt::unavailable)) return;
-    if (watched.previousFree().empty() || watched.folderCounts().empty()) return;
+    if (!watched.hasPreviousFree() || !watched.hasFolderCounts()) return;
     parts_.alerts.prcAlertInfo(alert_time::dateAndTime(platform_.clock.Now()), rating::high,
                                "Drive Became Unavailable: " + watched.path(), checkFlags,
                                &watched.item());
-    // Told once, until the row has been measured again.
-    watched.setPreviousFree("");
-    watched.setFolderCounts("");
+    // Reported once, until the row has been measured again.
+    watched.forgetFigures();
+}
+
+int EventPass::prcSetPrevInfoLV(ListItem& ItmX, double freeBytes) {
+    return setPrevInfo(ItmX, freeBytes);
 }
 
 int EventPass::prcSetPrevInfoLV(ListItem& ItmX) {
-    WatchRow row(ItmX);
+    return setPrevInfo(ItmX, std::nullopt);
+}
+
+int EventPass::setPrevInfo(ListItem& item, std::optional<double> freeBytes) {
+    WatchRow row(item);
     try {
-        if (row.freeSpace().empty() || contains(lowerCase(row.freeSpace()), "n/a")) return 0;
-        takeFigures(ItmX);
+        if (!row.isMeasured()) return 0;
+        takeFigures(row, freeBytes);
         return 1;
     } catch (const std::exception&) {
-        if (currentRuntimeError().number() == error::invalidCall) {
-            row.setFolderCounts("");
-            row.setFreeSpace("N/A check drive or media");
-        }
+        if (currentRuntimeError().number() == error::invalidCall) row.markNoDrive();
         return 0;
     }
 }
 
-void EventPass::takeFigures(ListItem& item) {
-    WatchRow row(item);
+// The drive is looked up even when its free space is known: a row that is no drive root and no
+// share fails here.
+void EventPass::takeFigures(WatchRow& row, std::optional<double> freeBytes) {
     const auto folder = folderOf(row.path());
     const auto drive = platform_.fso.GetDrive(row.path());
-    row.setPreviousFree(replaceAll(row.freeSpace(), " KB", ""));
-    row.setFreeSpace(kilobyteText(drive->FreeSpace(), Grouping::regional, platform_.regional));
+    row.keepPreviousFree();
+    row.setFreeBytes(freeBytes ? *freeBytes : drive->FreeSpace(), Grouping::regional,
+                     platform_.regional);
     row.setStamp(presentDateAndTime());
     if (!folder) {
-        row.setFolderCounts("N/A");
+        row.setNoFolder();
         return;
     }
-    const std::string files = countText(folder->FilesCount());
-    const std::string folders = countText(folder->SubFoldersCount());
-    row.setFolderCounts(fileCount + files + "|" + folderCount + folders + "|");
-}
-
-std::string EventPass::freeText(const std::string& path) {
-    const auto drive = platform_.fso.GetDrive(path);
-    return FormatNumber(drive->FreeSpace() / 1024, 0, Grouping::regional, platform_.regional);
+    const double files = folder->FilesCount();
+    row.setFolderCounts(files, folder->SubFoldersCount());
 }
 
 // Null when there is no such folder; other failures are the caller's.

@@ -7,6 +7,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "alerts/dialog/alert_dialog_window.h"
@@ -15,6 +16,7 @@
 #include "forms/forms.h"
 #include "inspect/wait_test.h"
 #include "platform/platform.h"
+#include "rows/watch_row.h"
 
 namespace velmora {
 
@@ -33,17 +35,18 @@ class EventPass {
     EventPass(const EventPass&) = delete;
     EventPass& operator=(const EventPass&) = delete;
 
-    /// The event pass over a ready row, named by its index since a handler that ran in between may
-    /// have removed some. Every failure of a test goes to the caller, and what the row's tests have
-    /// found till then is dropped; error 424 whenever the entry for a path that became unavailable
-    /// is ticked.
-    void checkEvents(int row);
+    /// The event pass over a ready row, whose check has found that many bytes free. The row is
+    /// named by its index since a handler that ran in between may have removed some. Every failure
+    /// of a test goes to the caller, and what the row's tests have found till then is dropped;
+    /// error 424 whenever the entry for a path that became unavailable is ticked.
+    void checkEvents(int row, double freeBytes);
     /// A watched row whose drive isn't ready.
     void rowNotReady(int row);
-    /// Keeps the row's present figures for the next comparison and takes new ones. 1 when the row
-    /// has new figures. 0 without a change for a row that isn't available, and on
-    /// any failure, with what was written till then; a row that is no drive root and no share is
-    /// marked as not available.
+    /// Keeps the row's present figures for the next comparison and takes new ones: the free space
+    /// that the check has found, or what the drive answers now. 1 when the row has new figures. 0
+    /// without a change for a row that isn't available, and on any failure, with what was written
+    /// till then; a row that is no drive root and no share is marked as not available.
+    int prcSetPrevInfoLV(ListItem& ItmX, double freeBytes);
     int prcSetPrevInfoLV(ListItem& ItmX);
     /// The report of the files in a folder that are newer than the last call of this; empty for
     /// none.
@@ -57,9 +60,9 @@ class EventPass {
     void testQuantity(Pass& pass);
     void testModification(const Pass& pass);
     void report(const Pass& pass);
-    std::string freeText(const std::string& path);
     std::unique_ptr<Folder> folderOf(const std::string& path);
-    void takeFigures(ListItem& item);
+    int setPrevInfo(ListItem& item, std::optional<double> freeBytes);
+    void takeFigures(WatchRow& row, std::optional<double> freeBytes);
     const std::string& presentDateAndTime();
 
     Forms& forms_;

@@ -9,6 +9,7 @@
 #include "base/text.h"
 #include "forms/form_numbers.h"
 #include "monitor/maker.h"
+#include "rows/watch_columns.h"
 #include "rows/watch_row.h"
 
 namespace velmora {
@@ -30,7 +31,7 @@ void LifeCycle::Form_Load() {
     Form1& form1 = forms_.form1;
     forms_.globals.lastFileTime = platform_.clock.GetSystemTimeAsFileTime();
     forms_.globals.strSettings = platform_.app.Path + "\\set.dat";
-    WatchRow::addColumns(forms_.form1.ListView1);
+    addWatchColumns(forms_.form1.ListView1);
     // The list is empty: this only shows the countdown.
     parts_.checkCycle.Timer1_Timer();
     parts_.watchControl.chkCustTime_Click();
@@ -59,9 +60,8 @@ std::int32_t LifeCycle::sumOfFreeKB() {
     double sum = 0;
     ListView& list = forms_.form1.ListView1;
     for (int i = 1; i <= list.Count(); ++i) {
-        const std::string& text = WatchRow(list.ListItems(i)).freeSpace();
-        if (text.empty() || contains(lowerCase(text), "n/a")) continue;
-        sum += toDouble(replaceAll(text, " KB", ""), platform_.regional);
+        const ConstWatchRow row(list.ListItems(i));
+        if (row.isMeasured()) sum += row.freeKB(platform_.regional);
     }
     return static_cast<std::int32_t>(
         std::min<double>(sum, std::numeric_limits<std::int32_t>::max()));

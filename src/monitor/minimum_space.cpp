@@ -3,7 +3,7 @@
 #include "base/convert.h"
 #include "base/format_number.h"
 #include "base/text.h"
-#include "rows/watch_row.h"
+#include "rows/watch_columns.h"
 
 namespace velmora {
 
@@ -25,25 +25,16 @@ void MinimumSpace::OpDriv_Click(int index) {
     Form1& form1 = forms_.form1;
     form1.Slider1.setVisible(index == 1);
     if (index == 0) {
-        showUnitInHeader("(KB)");
+        showTriggerUnit(form1.ListView1, "(KB)");
         return;
     }
     const auto space = readNumber(form1.txtSpace.Text(), platform_.regional);
     if (space && *space > 100) {
         host_.MsgBox({.text = "Cannot set over 100%"});
         form1.txtSpace.setText("10");
-        showUnitInHeader("( %)");
+        showTriggerUnit(form1.ListView1, "( %)");
     }
     form1.Slider1.setValue(10);
-}
-
-// Cuts every occurrence of the header's last four characters, so that the first unit shortens the
-// words in front and later ones take each other's place.
-void MinimumSpace::showUnitInHeader(const std::string& unit) {
-    ListView& list = forms_.form1.ListView1;
-    if (list.ColumnCount() < WatchRow::columnTrigger) return;
-    const std::string header = list.ColumnHeaders(WatchRow::columnTrigger).Text;
-    list.setColumnText(WatchRow::columnTrigger, replaceAll(header, right(header, 4), "") + unit);
 }
 
 void MinimumSpace::chkDrive_Click() {
@@ -53,20 +44,11 @@ void MinimumSpace::chkDrive_Click() {
                           "Set the Listed Path's Specified Drive Space by Double Clicking on the "
                           "Value shown in the List.",
                       .icon = BoxIcon::information});
-        writeTriggers(form1.txtSpace.Text());
+        writeTriggers(form1.ListView1, form1.txtSpace.Text());
         form1.txtSpace.setEnabled(false);
     } else {
-        writeTriggers("");
+        writeTriggers(form1.ListView1, "");
         form1.txtSpace.setEnabled(true);
-    }
-}
-
-void MinimumSpace::writeTriggers(const std::string& text) {
-    ListView& list = forms_.form1.ListView1;
-    for (int column = 2; column <= list.ColumnCount(); ++column) {
-        if (!contains(list.ColumnHeaders(column).Text, "Trigger")) continue;
-        for (int i = 1; i <= list.Count(); ++i) list.ListItems(i).setSubItems(column - 1, text);
-        return;
     }
 }
 

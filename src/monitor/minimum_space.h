@@ -22,8 +22,6 @@ class MinimumSpace {
 
   private:
     void chkDrive_Click();
-    void writeTriggers(const std::string& text);
-    void showUnitInHeader(const std::string& unit);
     void txtSpace_Change();
     void echoInGreaterUnits();
     void step(double by);

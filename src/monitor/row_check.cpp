@@ -3,27 +3,16 @@
 #include <utility>
 
 #include "alerts/journal/alert_time.h"
-#include "alerts/lists/listed_rows.h"
 #include "base/convert.h"
-#include "base/drive_text.h"
 #include "base/text.h"
 #include "rows/watch_row.h"
 
 namespace velmora {
 
-namespace {
-
-std::string shortageText(Drive& drive, std::int32_t lngMinSpace, const Regional& regional) {
-    return " - ALERT: Space Shortage < " + toText(lngMinSpace) + " KB" + " Drive: " + drive.Path() +
-           "[" + kilobyteText(drive.FreeSpace(), Grouping::regional, regional) + "]";
-}
-
-}  // namespace
-
 RowOutcome RowCheck::check(int i, std::int32_t& lngMinSpace) {
     ListView& list = forms_.form1.ListView1;
     StatusBar& status = forms_.form1.StatusBar1;
-    const std::string text = list.ListItems(i).Text();
+    const std::string text = ConstWatchRow(list.ListItems(i)).path();
     status.setPanelText(1, "Checking: ", text);
     const auto drive = platform_.fso.GetDrive(platform_.fso.GetDriveName(trim(text)));
     if (!drive->IsReady()) {
@@ -31,36 +20,37 @@ RowOutcome RowCheck::check(int i, std::int32_t& lngMinSpace) {
         WatchRow(list.ListItems(i)).setStateIcon(state_icon::none);
         parts_.events.rowNotReady(i);
         // A shortage reported before the drive went away is reported again once it is back.
-        AlertList::clearStamp(list.ListItems(i));
+        WatchRow(list.ListItems(i)).setFirstAlert("");
         return RowOutcome::done;
     }
 
-    bool bShortage = false;
-    const RowOutcome outcome = testTrigger(i, *drive, lngMinSpace, bShortage);
+    Measured measured{.drive = *drive};
+    const RowOutcome outcome = testTrigger(i, lngMinSpace, measured);
     if (outcome != RowOutcome::done) return outcome;
 
     status.setPanelText(1, "Events Listing");
-    parts_.events.checkEvents(i);
+    parts_.events.checkEvents(i, measured.freeBytes);
     status.setPanelText(1, "Events Listing Check Done. 2");
-    parts_.events.prcSetPrevInfoLV(rowWithText(list, i, text));
+    parts_.events.prcSetPrevInfoLV(WatchRow::at(list, i, text).item(), measured.freeBytes);
     status.setPanelText(1, "Refresh Info.:");
 
-    if (bShortage) {
-        reportShortage(i, text, *drive, lngMinSpace);
+    if (measured.bShortage) {
+        reportShortage(i, text, measured, lngMinSpace);
     } else {
         reportEnoughSpace(i, text);
     }
     return RowOutcome::done;
 }
 
-RowOutcome RowCheck::testTrigger(int i, Drive& drive, std::int32_t& lngMinSpace, bool& bShortage) {
+RowOutcome RowCheck::testTrigger(int i, std::int32_t& lngMinSpace, Measured& measured) {
     Form1& form1 = forms_.form1;
     WatchRow row(form1.ListView1.ListItems(i));
     if (form1.chkDrive.ticked()) lngMinSpace = toLong(row.trigger(), platform_.regional);
-    if (form1.OpDriv[1].Value() && !toWholeKB(drive, lngMinSpace)) {
+    if (form1.OpDriv[1].Value() && !toWholeKB(measured.drive, lngMinSpace)) {
         return RowOutcome::overHundredPercent;
     }
-    bShortage = kilobytes(drive.FreeSpace()) < lngMinSpace;
+    measured.freeBytes = measured.drive.FreeSpace();
+    measured.bShortage = kilobytes(measured.freeBytes) < lngMinSpace;
     row.setLastChecked(timeChecked());
     return RowOutcome::done;
 }
@@ -86,19 +76,26 @@ bool RowCheck::toWholeKB(Drive& drive, std::int32_t& lngMinSpace) {
     return true;
 }
 
-void RowCheck::reportShortage(int i, const std::string& text, Drive& drive,
+std::string RowCheck::shortageText(const Measured& measured, std::int32_t lngMinSpace) const {
+    return " - ALERT: Space Shortage < " + withUnit(toText(lngMinSpace)) +
+           " Drive: " + measured.drive.Path() + "[" +
+           kilobyteText(measured.freeBytes, Grouping::regional, platform_.regional) + "]";
+}
+
+void RowCheck::reportShortage(int i, const std::string& text, const Measured& measured,
                               std::int32_t lngMinSpace) {
     Form1& form1 = forms_.form1;
     const DateTime now = platform_.clock.Now();
     Shortage shortage{i,
                       text,
-                      drive,
+                      measured.drive,
                       lngMinSpace,
-                      shortageText(drive, lngMinSpace, platform_.regional),
+                      shortageText(measured, lngMinSpace),
                       alert_time::dateAndTime(now),
                       ""};
     parts_.alerts.prcAlertInfo(Format(platform_.clock.Now(), alert_time::minutes), rating::high,
-                               shortage.strAlert, {}, &rowWithText(form1.ListView1, i, text));
+                               shortage.strAlert, {},
+                               &WatchRow::at(form1.ListView1, i, text).item());
     const std::string entry = shortage.strStamp + shortage.strAlert + "\r\n . \r\n";
     form1.txtAlert.prepend(entry);
     forms_.dlgAlert.Label1.prepend(entry);
@@ -133,8 +130,8 @@ void RowCheck::reportEnoughSpace(int i, const std::string& text) {
 // Handlers have run since the row was measured: if they put another row in its place, that one
 // shows nothing that it wasn't measured for. The next check makes good for both.
 void RowCheck::showState(int i, const std::string& text, const char* icon) {
-    ListItem& row = forms_.form1.ListView1.ListItems(i);
-    if (row.Text() == text) WatchRow(row).setStateIcon(icon);
+    WatchRow row(forms_.form1.ListView1.ListItems(i));
+    if (row.path() == text) row.setStateIcon(icon);
 }
 
 }  // namespace velmora

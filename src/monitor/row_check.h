@@ -40,10 +40,19 @@ class RowCheck {
     RowOutcome check(int i, std::int32_t& lngMinSpace);
 
   private:
-    RowOutcome testTrigger(int i, Drive& drive, std::int32_t& lngMinSpace, bool& bShortage);
+    /// The drive's answers of one check: its row and the alerts all show the same ones.
+    struct Measured {
+        Drive& drive;
+        double freeBytes = 0;
+        bool bShortage = false;
+    };
+
+    RowOutcome testTrigger(int i, std::int32_t& lngMinSpace, Measured& measured);
     bool toWholeKB(Drive& drive, std::int32_t& lngMinSpace);
     const std::string& timeChecked();
-    void reportShortage(int i, const std::string& text, Drive& drive, std::int32_t lngMinSpace);
+    std::string shortageText(const Measured& measured, std::int32_t lngMinSpace) const;
+    void reportShortage(int i, const std::string& text, const Measured& measured,
+                        std::int32_t lngMinSpace);
     void runActions(Shortage& shortage);
     void showDialogForNewText(const Shortage& shortage);
     void reportEnoughSpace(int i, const std::string& text);

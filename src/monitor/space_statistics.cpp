@@ -26,7 +26,7 @@ SpaceStatistics::SpaceStatistics(Forms& forms, Platform& platform, Host& host)
 }
 
 std::string SpaceStatistics::prcSpaceRateChange(ListView& thisLV, const std::string&) {
-    if (thisLV.Count() == 0) return "N/A";
+    if (thisLV.Count() == 0) return notAvailable;
     const Regional& regional = platform_.regional;
     double before = 0;
     double now = 0;
@@ -34,12 +34,10 @@ std::string SpaceStatistics::prcSpaceRateChange(ListView& thisLV, const std::str
         host_.DoEvents();
         // A handler may have removed rows meanwhile.
         if (i > thisLV.Count()) continue;
-        const WatchRow row(thisLV.ListItems(i));
-        if (!row.watched() || row.previousFree().empty()) continue;
-        // A row that isn't available has no values.
-        if (contains(lowerCase(row.freeSpace()), "n/a")) continue;
-        before += toDouble(row.previousFree(), regional);
-        now += toDouble(replaceAll(row.freeSpace(), " KB", ""), regional);
+        const ConstWatchRow row(thisLV.ListItems(i));
+        if (!row.watched() || !row.hasPreviousFree() || !row.isAvailable()) continue;
+        before += row.previousFreeKB(regional);
+        now += row.freeKB(regional);
     }
     lngRateChange_ = asFarAsItGoes(now - before);
     if (lngRateInterval_ < 1) lngRateInterval_ = toLong(forms_.form1.txtTime.Text(), regional);
@@ -67,7 +65,7 @@ void SpaceStatistics::prcUpdateStatistics() {
     form1.lblAlertsRaised.setCaption(toText(globals.lngAlertsRaised));
     int watched = 0;
     for (int i = 1; i <= form1.ListView1.Count(); ++i) {
-        if (form1.ListView1.ListItems(i).Checked()) ++watched;
+        if (ConstWatchRow(form1.ListView1.ListItems(i)).watched()) ++watched;
     }
     form1.lblDriveOnMonitor.setCaption(toText(watched));
     updateSpaceChangeRate();

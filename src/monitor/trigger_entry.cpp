@@ -22,7 +22,7 @@ void TriggerEntry::ListView1_DblClick() {
     ListItem* selected = forms_.form1.ListView1.SelectedItem();
     if (selected == nullptr) return;
     forms_.frmIndDri.Timer1.setEnabled(true);
-    driveMeter_.prcShowfrmIndDri(selected->Text());
+    driveMeter_.prcShowfrmIndDri(ConstWatchRow(*selected).path());
     driveMeter_.prcSrvMeter(*selected);
     if (!forms_.form1.chkDrive.ticked()) return;
     if (ListItem* row = rowUnderPointer()) placeOver(*row);

@@ -117,14 +117,11 @@ std::string WatchControl::trayTip() {
     for (int i = 1; i <= count; ++i) {
         host_.DoEvents();
         if (i > list.Count()) break;
-        const ListItem& item = list.ListItems(i);
-        const WatchRow row(list.ListItems(i));
-        if (!row.watched() || contains(row.freeSpace(), "N/A")) continue;
-        const std::string digits = trim(replaceAll(row.freeSpace(), " KB", ""));
-        total += readNumber(digits, platform_.regional).value_or(0);
+        const ConstWatchRow row(list.ListItems(i));
+        if (!row.watched() || !row.isAvailableForTip()) continue;
+        total += row.freeKBOrZero(platform_.regional);
         ++watched;
-        // Another sub-item than the one that holds the state: the tip counts what stands there.
-        if (item.ListSubItems(2).ReportIcon() == state_icon::alert) ++alerts;
+        if (row.isInAlertForTip()) ++alerts;
     }
     return "Velmora\r\n" + std::to_string(watched) + " onWatch. \r\n" +
            prcSetDiskSizeDimension(total, platform_.regional) + " Total Free. \r\n" +

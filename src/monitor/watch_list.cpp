@@ -7,13 +7,10 @@
 #include "base/convert.h"
 #include "base/drive_text.h"
 #include "base/text.h"
-#include "rows/watch_row.h"
 
 namespace velmora {
 
 namespace {
-
-constexpr const char* inaccessible = "Folder/Path inaccessible N/A: ";
 
 // Stops at the greatest 32-bit number instead of failing, so that a machine with more than 2 TB
 // can be refreshed at all.
@@ -42,14 +39,13 @@ void WatchList::measure(const std::string& root, Measure& measure) {
     if (drive->IsReady()) {
         const double freeBytes = drive->FreeSpace();
         const double totalBytes = drive->TotalSize();
-        measure.freeText = kilobyteText(freeBytes, Grouping::regional, platform_.regional);
-        measure.totalText = kilobyteText(totalBytes, Grouping::regional, platform_.regional);
+        measure.shown.setReading(freeBytes, totalBytes, Grouping::regional, platform_.regional);
         measure.freeSum += kilobytes(freeBytes);
         measure.totalSum += kilobytes(totalBytes);
     } else {
-        measure.freeText = "N/A, drive not ready";
+        measure.shown.setNotReady();
     }
-    forms_.form1.lstInfo.AddItem("Drive: " + measure.path + "\t\t" + measure.freeText);
+    forms_.form1.lstInfo.AddItem("Drive: " + measure.path + "\t\t" + measure.shown.free);
 }
 
 void WatchList::RefreshDrive() {
@@ -58,8 +54,7 @@ void WatchList::RefreshDrive() {
     for (std::size_t at = 0; at < drives.size(); at += 4) {
         measure(drives.substr(at, 3), sums);
         WatchRow row(forms_.form1.ListView1.Add(sums.path + "\\"));
-        row.setFreeSpace(sums.freeText);
-        row.setTotalSize(sums.totalText);
+        row.setReading(sums.shown);
     }
     finishRefresh(sums);
 }
@@ -74,7 +69,7 @@ void WatchList::RefreshDriveExisting() {
 }
 
 void WatchList::refreshRow(ListItem& item, Measure& sums) {
-    const std::string path = pathToTest(item.Text());
+    const std::string path = pathToTest(ConstWatchRow(item).path());
     if (!platform_.fso.FolderExists(path)) {
         markInaccessible(item, path);
         return;
@@ -82,17 +77,13 @@ void WatchList::refreshRow(ListItem& item, Measure& sums) {
     measure(path, sums);
     WatchRow row(item);
     row.setPath(sums.path + "\\");
-    row.setFreeSpace(sums.freeText);
-    row.setTotalSize(sums.totalText);
+    row.setReading(sums.shown);
 }
 
 void WatchList::markInaccessible(ListItem& item, const std::string& path) {
     const std::string time = Format(platform_.clock.Now(), alert_time::minutes);
-    alerts_.prcAlertInfo(time, rating::medium, inaccessible + path, {}, nullptr);
-    WatchRow row(item);
-    row.setFreeSpace("N/A, drive not ready");
-    row.setLastChecked("");
-    row.setInaccessibleNote(inaccessible);
+    alerts_.prcAlertInfo(time, rating::medium, WatchRow::inaccessible + path, {}, nullptr);
+    WatchRow(item).markInaccessible();
 }
 
 void WatchList::finishRefresh(const Measure& sums) {

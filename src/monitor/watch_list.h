@@ -6,6 +6,7 @@
 #include "alerts/journal/alert_list.h"
 #include "forms/forms.h"
 #include "platform/platform.h"
+#include "rows/watch_row.h"
 
 namespace velmora {
 
@@ -31,8 +32,7 @@ class WatchList {
         double freeSum = 0;
         double totalSum = 0;
         std::string path;
-        std::string freeText;
-        std::string totalText;
+        SpaceTexts shown;
     };
 
     std::string logicalDrives();

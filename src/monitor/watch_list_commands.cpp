@@ -100,11 +100,10 @@ void WatchListCommands::addPath() {
     }
     const auto drive = platform_.fso.GetDrive(driveName);
     if (drive->IsReady()) {
-        const Regional& regional = platform_.regional;
-        row.setFreeSpace(kilobyteText(drive->FreeSpace(), Grouping::none, regional));
-        row.setTotalSize(kilobyteText(drive->TotalSize(), Grouping::none, regional));
+        row.setFreeBytes(drive->FreeSpace(), Grouping::none, platform_.regional);
+        row.setTotalBytes(drive->TotalSize(), Grouping::none, platform_.regional);
     } else {
-        row.setFreeSpace("N/A, drive not ready.");
+        row.markNotReadyWhenAdded();
     }
     form1.Timer1.setEnabled(true);
 }
@@ -135,7 +134,7 @@ void WatchListCommands::clearAll() {
 void WatchListCommands::selectDrive() {
     ListItem* row = forms_.form1.ListView1.SelectedItem();
     if (row == nullptr) throw RuntimeError(error::objectRequired);
-    parts_.driveMeter.prcShowfrmIndDri(row->Text());
+    parts_.driveMeter.prcShowfrmIndDri(ConstWatchRow(*row).path());
     parts_.driveMeter.prcSrvMeter(*row);
 }
 

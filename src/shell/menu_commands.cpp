@@ -5,6 +5,7 @@
 #include "base/runtime_error.h"
 #include "forms/form_numbers.h"
 #include "platform/show_window.h"
+#include "rows/watch_row.h"
 #include "shell/maker_pages.h"
 #include "shell/program_lock.h"
 #include "shell/window_layout.h"
@@ -73,22 +74,23 @@ void MenuCommands::mnuPWP_Click() {
 void MenuCommands::mnuExplore_Click() {
     const ListView& list = form1_.ListView1;
     for (int i = 1; i <= list.Count(); ++i) {
-        const ListItem& row = list.ListItems(i);
-        if (!row.Selected()) continue;
-        platform_.shell32.ShellExecuteA(form1_.Name(), "explore", row.Text(), "", "", normalWindow);
+        const ConstWatchRow row(list.ListItems(i));
+        if (!row.selected()) continue;
+        platform_.shell32.ShellExecuteA(form1_.Name(), "explore", row.path(), "", "", normalWindow);
     }
 }
 
 void MenuCommands::mnuParam_Click() {
     ListItem* row = form1_.ListView1.SelectedItem();
     if (row == nullptr) return;
-    parts_.driveMeter.prcShowfrmIndDri(row->Text());
+    parts_.driveMeter.prcShowfrmIndDri(ConstWatchRow(*row).path());
     parts_.driveMeter.prcSrvMeter(*row);
 }
 
 void MenuCommands::mnuInfo_Click() {
     const ListItem* row = form1_.ListView1.SelectedItem();
-    if (row != nullptr) parts_.systemActions.prcShowProperties(row->Text(), form1_.Name());
+    if (row == nullptr) return;
+    parts_.systemActions.prcShowProperties(ConstWatchRow(*row).path(), form1_.Name());
 }
 
 void MenuCommands::mnuProgSet_Click() {

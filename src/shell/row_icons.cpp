@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "rows/watch_row.h"
+
 namespace velmora {
 
 namespace {
@@ -24,9 +26,10 @@ bool drawFileIcon(ShellIcons& icons, const std::string& path, IconSize size, Pic
     return true;
 }
 
-void SystemRowIcons::prcRefreshRowIcon(ListItem& row) {
-    if (drawFileIcon(icons_, row.Text(), IconSize::small, buffer_)) {
-        row.setSmallIcon(buffer_.Picture());
+void SystemRowIcons::prcRefreshRowIcon(ListItem& item) {
+    WatchRow row(item);
+    if (drawFileIcon(icons_, row.path(), IconSize::small, buffer_)) {
+        row.setPathIcon(buffer_.Picture());
     }
 }
 

@@ -92,27 +92,6 @@ TEST(DiskSizeDimension, FollowsTheRegion) {
     EXPECT_EQ(prcSetDiskSizeDimension(999999, germany), "1.000,0 MB");
 }
 
-TEST(KilobyteText, DividesBytesBy1024AndRoundsTiesAway) {
-    const struct {
-        double bytes;
-        const char* text;
-    } cases[] = {{0, "0 KB"},    {511, "0 KB"},  {512, "1 KB"},
-                 {1023, "1 KB"}, {1024, "1 KB"}, {1535, "1 KB"},
-                 {1536, "2 KB"}, {2560, "3 KB"}, {1048576, "1024 KB"}};
-    for (const auto& c : cases) {
-        EXPECT_EQ(kilobyteText(c.bytes, Grouping::none, unitedStates), c.text) << c.bytes;
-    }
-    EXPECT_EQ(kilobytes(1536), 2);
-    EXPECT_EQ(kilobytes(1535), 1);
-}
-
-TEST(KilobyteText, GroupsDigitsAsTheCallerSays) {
-    const double bytes = 1234567.0 * 1024;
-    EXPECT_EQ(kilobyteText(bytes, Grouping::none, unitedStates), "1234567 KB");
-    EXPECT_EQ(kilobyteText(bytes, Grouping::regional, unitedStates), "1,234,567 KB");
-    EXPECT_EQ(kilobyteText(bytes, Grouping::regional, germany), "1.234.567 KB");
-}
-
 TEST(LineEnds, AllAfterATextGoAndNoneWithinIt) {
     EXPECT_EQ(withoutLineEnds("D:\\target\\\r\n\r\n"), "D:\\target\\");
     EXPECT_EQ(withoutLineEnds("a\r\nb\n"), "a\r\nb");

@@ -63,7 +63,7 @@ class CheckFaultSweep : public testing::TestWithParam<int> {};
 TEST_P(CheckFaultSweep, EveryQuestionMayFailAndTheNextCheckWorks) {
     const int number = GetParam();
     const int questions = questionsOfACheck();
-    ASSERT_GT(questions, 20);
+    ASSERT_GE(questions, 20);
     for (int n = 1; n <= questions; ++n) {
         SweptCheck rig;
         rig.machine.log.failCall(n, number);

@@ -93,8 +93,8 @@ TEST(CheckPass, ARowIsMeasuredByTheDriveOfItsTrimmedPath) {
     rig.drive("D:", 5, 1000);
     rig.row("  d:\\data\\films ");
     rig.check();
-    EXPECT_EQ(rig.machine.log.calls(), (Texts{"GetDriveName d:\\data\\films", "GetDrive d:",
-                                              "IsReady D:", "FreeSpace D:", "FreeSpace D:"}));
+    EXPECT_EQ(rig.machine.log.calls(),
+              (Texts{"GetDriveName d:\\data\\films", "GetDrive d:", "IsReady D:", "FreeSpace D:"}));
     EXPECT_EQ(rig.at(1).stateIcon(), "alert");
 }
 

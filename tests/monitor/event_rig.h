@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "base/drive_text.h"
+#include "base/text.h"
 #include "monitor/check_rig.h"
 
 namespace velmora::tests {
@@ -24,7 +24,7 @@ struct EventRig : CheckRig {
     /// space stands there in KB, and both figures of a comparison are primed.
     ListItem& measured(const std::string& path, double freeKB) {
         ListItem& item = watch(path, freeKB);
-        WatchRow(item).setFreeSpace(kilobyteText(freeKB * KB, Grouping::regional, {}));
+        WatchRow(item).setFreeBytes(freeKB * KB, Grouping::regional, {});
         events.prcSetPrevInfoLV(item);
         clearRecords();
         return item;
@@ -32,12 +32,19 @@ struct EventRig : CheckRig {
     void setFree(const std::string& drivePath, double freeKB) {
         machine.drives[drivePath].freeBytes = freeKB * KB;
     }
+    /// What the check would have measured.
+    double freeBytesOf(const std::string& path) {
+        for (const auto& [name, drive] : machine.drives) {
+            if (lowerCase(trim(path)).starts_with(lowerCase(name))) return drive.freeBytes;
+        }
+        return 0;
+    }
     /// Runs the event pass of a row as the check would, without the check.
     void pass(int row = 1) {
         forms.globals.bChecking = true;
         panel1.clear();
         panel2.clear();
-        events.checkEvents(row);
+        events.checkEvents(row, freeBytesOf(WatchRow(list.ListItems(row)).path()));
         forms.globals.bChecking = false;
     }
     /// The fake clock as a file time.

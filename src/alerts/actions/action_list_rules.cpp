@@ -25,7 +25,7 @@ constexpr Exclusion exclusions[] = {
 bool hasTwoAvailable(const ListView& list) {
     int available = 0;
     for (int i = 1; i <= list.Count() && available < 2; ++i) {
-        if (!isUnavailable(list.ListItems(i))) ++available;
+        if (ConstWatchRow(list.ListItems(i)).isAvailable()) ++available;
     }
     return available == 2;
 }

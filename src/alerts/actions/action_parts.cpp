@@ -3,13 +3,12 @@
 #include <utility>
 
 #include "alerts/journal/alert_time.h"
-#include "base/text.h"
 
 namespace velmora {
 
 void raiseForRow(ActionParts& parts, const Shortage& shortage, const std::string& text) {
     parts.alerts.prcAlertInfo(Format(parts.platform.clock.Now(), alert_time::minutes),
-                              rating::medium, text, {}, &parts.row(shortage));
+                              rating::medium, text, {}, &parts.row(shortage).item());
 }
 
 void raiseRunningText(ActionParts& parts, Shortage& shortage) {
@@ -27,14 +26,6 @@ void raiseNote(ActionParts& parts, Shortage& shortage, std::string strNote) {
 void raiseFileReport(ActionParts& parts, const std::string& text) {
     parts.alerts.prcAlertInfo(Format(parts.platform.clock.Now(), alert_time::minutes),
                               rating::medium, text, {}, nullptr);
-}
-
-bool isUnavailable(const ListItem& watchRow) {
-    return contains(lowerCase(watchRow.SubItems(action_column::freeSpace)), "n/a");
-}
-
-std::string listedRoot(const std::string& path) {
-    return mid(path, 1, 3);
 }
 
 }  // namespace velmora

@@ -5,11 +5,11 @@
 
 #include "alerts/actions/shortage.h"
 #include "alerts/journal/alert_list.h"
-#include "alerts/lists/listed_rows.h"
 #include "alerts/system/system_actions.h"
 #include "forms/forms.h"
 #include "platform/host.h"
 #include "platform/platform.h"
+#include "rows/watch_row.h"
 
 namespace velmora {
 
@@ -24,8 +24,8 @@ struct ActionParts {
     /// The short row. Read by its index, since handlers run before each action. Error 35600 when
     /// it is gone or another row stands in its place: nothing may be done for a drive that isn't
     /// short.
-    ListItem& row(const Shortage& shortage) const {
-        return rowWithText(forms.form1.ListView1, shortage.row, shortage.rowText);
+    WatchRow row(const Shortage& shortage) const {
+        return WatchRow::at(forms.form1.ListView1, shortage.row, shortage.rowText);
     }
 };
 
@@ -37,18 +37,6 @@ void raiseRunningText(ActionParts& parts, Shortage& shortage);
 void raiseNote(ActionParts& parts, Shortage& shortage, std::string strNote);
 /// A "Medium" alert of no row, with minutes in its stamp.
 void raiseFileReport(ActionParts& parts, const std::string& text);
-
-/// Sub-items that the actions read.
-namespace action_column {
-inline constexpr int freeSpace = 1;  ///< of a row of ListView1
-inline constexpr int trigger = 3;    ///< of a row of ListView1
-inline constexpr int fileSize = 1;   ///< of a row of LVFile
-}  // namespace action_column
-
-/// Whether a watched row has no values now.
-bool isUnavailable(const ListItem& watchRow);
-/// What a listed file's path is taken to have as the root of its drive.
-std::string listedRoot(const std::string& path);
 
 /// Behind each piece of the running text.
 inline constexpr const char* pieceEnd = "\r\n.\r\n";

@@ -1,9 +1,9 @@
 #include "alerts/actions/delete_action.h"
 
 #include "alerts/lists/listed_folder.h"
-#include "base/format_number.h"
 #include "base/scope_guard.h"
 #include "base/text.h"
+#include "rows/listed_file.h"
 
 namespace velmora {
 
@@ -36,36 +36,37 @@ int DeleteAction::walk(Shortage& shortage) {
             form1.StatusBar1.setPanelText(2, "Ready (e3): ");
             return none;
         }
-        const std::string tag = form1.LVFile.ListItems(j).Tag();
-        if (!isOfRow(tag, shortage, rowPath)) continue;
-        if (fso.FileExists(tag)) return j;
-        if (fso.FolderExists(tag)) deleteFolder(shortage, j);
+        const ConstListedFile listed(form1.LVFile.ListItems(j));
+        const std::string path = listed.path();
+        if (!isOfRow(listed.root(), shortage, rowPath)) continue;
+        if (fso.FileExists(path)) return j;
+        if (fso.FolderExists(path)) deleteFolder(shortage, j);
     }
     return none;
 }
 
 // `rowPath` is asked of the machine once a walk, at its first row.
-bool DeleteAction::isOfRow(const std::string& path, const Shortage& shortage,
+bool DeleteAction::isOfRow(const std::string& root, const Shortage& shortage,
                            std::string& rowPath) {
     if (rowPath.empty()) {
-        const std::string text = parts_.row(shortage).Text();
+        const std::string text = parts_.row(shortage).path();
         rowPath = lowerCase(parts_.platform.fso.GetFolder(text)->Path());
     }
-    return lowerCase(listedRoot(path)) == rowPath;
+    return lowerCase(root) == rowPath;
 }
 
 void DeleteAction::deleteFolder(Shortage& shortage, int place) {
     ListView& files = parts_.forms.form1.LVFile;
-    const std::string tag = files.ListItems(place).Tag();
-    const auto folder = folderToDelete(parts_.platform.fso, tag);
+    const std::string path = ConstListedFile(files.ListItems(place)).path();
+    const auto folder = folderToDelete(parts_.platform.fso, path);
     const double size = folder->Size();
     std::string& strAlert = shortage.strAlert;
     if (size > 0 && folder->FilesCount() > 0) {
-        strAlert += pieceEnd + ("Auto Deleted Specified Folder: " + tag) + " | [" +
-                    Format(size / 1024, "##.##", parts_.platform.regional) + " KB]";
+        strAlert += pieceEnd + ("Auto Deleted Specified Folder: " + path) + " | [" +
+                    folderSizeText(size, parts_.platform.regional) + "]";
         folder->Delete(true);
     } else {
-        strAlert += pieceEnd + ("- No Folder Found or No Content in Folder: " + tag);
+        strAlert += pieceEnd + ("- No Folder Found or No Content in Folder: " + path);
     }
     files.Remove(place);
     raiseRunningText(parts_, shortage);
@@ -73,11 +74,11 @@ void DeleteAction::deleteFolder(Shortage& shortage, int place) {
 
 void DeleteAction::deleteFile(Shortage& shortage, int place) {
     ListView& files = parts_.forms.form1.LVFile;
-    const std::string tag = files.ListItems(place).Tag();
-    parts_.platform.files.remove(tag);
-    const std::string deleted = "Auto Deleted Specified File: " + tag;
+    const std::string path = ConstListedFile(files.ListItems(place)).path();
+    parts_.platform.files.remove(path);
+    const std::string deleted = "Auto Deleted Specified File: " + path;
     shortage.strAlert +=
-        pieceEnd + deleted + " Size: " + files.ListItems(place).SubItems(action_column::fileSize);
+        pieceEnd + deleted + " Size: " + ConstListedFile(files.ListItems(place)).size();
     // The file has gone: its row goes too when the alert fails, so that nothing is taken for it.
     const ScopeGuard dropRow([&] { files.Remove(place); });
     raiseForRow(parts_, shortage, deleted);

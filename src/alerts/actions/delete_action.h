@@ -20,7 +20,7 @@ class DeleteAction {
 
   private:
     int walk(Shortage& shortage);
-    bool isOfRow(const std::string& path, const Shortage& shortage, std::string& rowPath);
+    bool isOfRow(const std::string& root, const Shortage& shortage, std::string& rowPath);
     void deleteFolder(Shortage& shortage, int place);
     void deleteFile(Shortage& shortage, int place);
 

@@ -1,10 +1,12 @@
 #include "alerts/actions/file_actions.h"
 
+#include "alerts/lists/listed_rows.h"
 #include "base/convert.h"
 #include "base/drive_text.h"
 #include "base/runtime_error.h"
 #include "base/text.h"
 #include "platform/file_system_object.h"
+#include "rows/listed_file.h"
 
 namespace velmora {
 
@@ -115,7 +117,7 @@ void FileActions::prcFileAct(std::int16_t& iAct, ListItem& itmTarget, std::int16
               .strDrv = strDrv,
               .strPath = strPath,
               .strFile = strFile,
-              .strTrigger = itmTarget.SubItems(action_column::trigger)};
+              .strTrigger = ConstWatchRow(itmTarget).trigger()};
     for (int n = form1.LVFile.Count(); n >= 1; --n) {
         parts_.host.DoEvents();
         const bool bStop = takeRow(walk, n);
@@ -127,11 +129,11 @@ void FileActions::prcFileAct(std::int16_t& iAct, ListItem& itmTarget, std::int16
 bool FileActions::takeRow(Walk& walk, int place) {
     Form1& form1 = parts_.forms.form1;
     const ListedRow listed = listedRow(form1.LVFile, place);
-    const std::string& tag = listed.tag;
-    if (lowerCase(listedRoot(tag)) != lowerCase(walk.strDrv)) return false;
+    const std::string root = ConstListedFile(*listed.row).root();
+    if (lowerCase(root) != lowerCase(walk.strDrv)) return false;
     // A missing file is passed over in silence.
-    if (!parts_.platform.fso.FileExists(tag)) return false;
-    walk.strFile = tag;
+    if (!parts_.platform.fso.FileExists(listed.path)) return false;
+    walk.strFile = listed.path;
     if (walk.iAct < file_act::move || walk.iAct > file_act::autoMove) return false;
 
     const bool takesPath = walk.iAct == file_act::move || walk.iAct == file_act::autoMove;

@@ -2,6 +2,7 @@
 
 #include "base/drive_text.h"
 #include "base/text.h"
+#include "rows/listed_file.h"
 
 namespace velmora {
 
@@ -14,8 +15,8 @@ void MoveAction::run(Shortage& shortage) {
     }
     const std::string strPath = prcChkDriv(form1.txtDrive.Text());
     for (int j = form1.LVFile.Count(); j >= 1; --j) {
-        const std::string strRoot = listedRoot(form1.LVFile.ListItems(j).Tag());
-        if (lowerCase(strRoot) == lowerCase(parts_.row(shortage).Text())) {
+        const std::string strRoot = ConstListedFile(form1.LVFile.ListItems(j)).root();
+        if (lowerCase(strRoot) == lowerCase(parts_.row(shortage).path())) {
             take(shortage, j, strPath);
         }
     }
@@ -24,19 +25,19 @@ void MoveAction::run(Shortage& shortage) {
 // Nothing in here asks the user or lets handlers run, so the row stays at its place.
 void MoveAction::take(Shortage& shortage, int place, const std::string& strPath) {
     ListView& files = parts_.forms.form1.LVFile;
-    const std::string tag = files.ListItems(place).Tag();
+    const std::string path = ConstListedFile(files.ListItems(place)).path();
     std::string& strAlert = shortage.strAlert;
-    if (!parts_.platform.fso.FileExists(tag)) {
-        strAlert += "Failed Moved File; file does not exist: " + tag + strPath + pieceEnd;
-    } else if (hasRoomFor(tag, strPath)) {
+    if (!parts_.platform.fso.FileExists(path)) {
+        strAlert += "Failed Moved File; file does not exist: " + path + strPath + pieceEnd;
+    } else if (hasRoomFor(path, strPath)) {
         // The target is the bare root, where nothing can be put: the call refuses and loses
         // nothing. Its result isn't looked at, and the row goes.
-        parts_.platform.kernel32.MoveFileA(tag, strPath);
-        strAlert += "Auto Moved File: " + tag + " to " + strPath +
-                    " Size: " + files.ListItems(place).SubItems(action_column::fileSize) + pieceEnd;
+        parts_.platform.kernel32.MoveFileA(path, strPath);
+        strAlert += "Auto Moved File: " + path + " to " + strPath +
+                    " Size: " + ConstListedFile(files.ListItems(place)).size() + pieceEnd;
         files.Remove(place);
     } else {
-        strAlert += "Not enough free space: " + strPath + " to move file: " + tag + pieceEnd;
+        strAlert += "Not enough free space: " + strPath + " to move file: " + path + pieceEnd;
         files.Remove(place);
     }
     raiseRunningText(parts_, shortage);

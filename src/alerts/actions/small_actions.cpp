@@ -1,8 +1,10 @@
 #include "alerts/actions/small_actions.h"
 
+#include "alerts/lists/listed_rows.h"
 #include "base/convert.h"
 #include "base/text.h"
 #include "platform/show_window.h"
+#include "rows/listed_file.h"
 
 namespace velmora {
 
@@ -16,12 +18,13 @@ constexpr const char* cleanerSet = "12";
 void SmallActions::recycle(Shortage& shortage) {
     ListView& files = parts_.forms.form1.LVFile;
     const ListedRow first = listedRow(files, 1);
-    // The shell may ask, and handlers run meanwhile: the row may stand elsewhere afterwards.
-    parts_.system.prcSendToBin(first.tag, file_operation::allowUndo);
+    // The shell may ask, and handlers run meanwhile: the row may stand elsewhere behind it.
+    parts_.system.prcSendToBin(first.path, file_operation::allowUndo);
     removeListedRow(files, first);
     // The short row's index in the list of files: it names another file than the one sent.
-    raiseNote(parts_, shortage,
-              "Auto send file to recycle bin: " + files.ListItems(shortage.row).Tag());
+    raiseNote(
+        parts_, shortage,
+        "Auto send file to recycle bin: " + ConstListedFile(files.ListItems(shortage.row)).path());
 }
 
 void SmallActions::autoMove(Shortage& shortage) {
@@ -29,16 +32,15 @@ void SmallActions::autoMove(Shortage& shortage) {
     const int k = rowWithSpace(shortage);
     if (k == 0) return;
     ListItem& target = form1.ListView1.ListItems(k);
-    std::string strLarge = target.Text();
+    std::string strLarge = ConstWatchRow(target).path();
     // A path is no number: it ends here. The conversion stands as it is.
-    std::int16_t maxFiles = toInteger(parts_.row(shortage).Text(), parts_.platform.regional);
+    std::int16_t maxFiles = toInteger(parts_.row(shortage).path(), parts_.platform.regional);
     std::int16_t iAct = file_act::autoMove;
     std::string strPath;
     std::string strFile;
     fileActions_.prcFileAct(iAct, target, maxFiles, strLarge, strPath, strFile);
-    const std::string threshold = form1.OpDriv[0].Value()
-                                      ? form1.txtSpace.Text()
-                                      : parts_.row(shortage).SubItems(action_column::trigger);
+    const std::string threshold =
+        form1.OpDriv[0].Value() ? form1.txtSpace.Text() : parts_.row(shortage).trigger();
     shortage.lngMinSpace = toLong(threshold, parts_.platform.regional);
 }
 
@@ -46,7 +48,7 @@ void SmallActions::autoMove(Shortage& shortage) {
 int SmallActions::rowWithSpace(const Shortage& shortage) {
     const ListView& list = parts_.forms.form1.ListView1;
     for (int k = list.Count(); k >= 1; --k) {
-        if (k != shortage.row && !isUnavailable(list.ListItems(k))) return k;
+        if (k != shortage.row && ConstWatchRow(list.ListItems(k)).isAvailable()) return k;
     }
     return 0;
 }
@@ -68,13 +70,14 @@ void SmallActions::runListed(Shortage& shortage) {
     Form1& form1 = parts_.forms.form1;
     const int count = form1.LVFile.Count();
     for (int j = 1; j <= count; ++j) {
-        const std::string tag = form1.LVFile.ListItems(j).Tag();
-        if (parts_.platform.fso.FileExists(tag)) {
-            parts_.platform.shell32.ShellExecuteA(form1.Name(), "open", tag, "0", "", normalWindow);
-            shortage.strAlert += " - Specified Program Executed: \r\n" + tag + "\r\n";
+        const std::string path = ConstListedFile(form1.LVFile.ListItems(j)).path();
+        if (parts_.platform.fso.FileExists(path)) {
+            parts_.platform.shell32.ShellExecuteA(form1.Name(), "open", path, "0", "",
+                                                  normalWindow);
+            shortage.strAlert += " - Specified Program Executed: \r\n" + path + "\r\n";
         } else {
             shortage.strAlert +=
-                " - Specified Program Execution Failed (File Does Not Exist): \r\n" + tag + "\r\n";
+                " - Specified Program Execution Failed (File Does Not Exist): \r\n" + path + "\r\n";
         }
     }
     raiseNote(parts_, shortage, shortage.strAlert);
@@ -85,7 +88,7 @@ void SmallActions::sendMail(Shortage& shortage) {
 }
 
 void SmallActions::startCleaner(Shortage& shortage) {
-    const std::string path = parts_.row(shortage).Text();
+    const std::string path = parts_.row(shortage).path();
     parts_.system.prcCleanMan(cleanedDrive(path), cleanerSet);
     raiseNote(parts_, shortage, "Clean Manager Called.");
 }

@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "forms/form_numbers.h"
 #include "platform/show_window.h"
+#include "rows/watch_row.h"
 
 namespace velmora {
 
@@ -65,8 +66,8 @@ void AlertDialogOptions::startSorbane() {
 std::string AlertDialogOptions::driveInAlert() {
     const ListView& list = forms_.form1.ListView1;
     for (int i = 1; i <= list.Count(); ++i) {
-        const ListItem& row = list.ListItems(i);
-        if (row.ListSubItems(1).ReportIcon() == "alert") return row.Text();
+        const ConstWatchRow row(list.ListItems(i));
+        if (row.isInAlert()) return row.path();
     }
     return "c:\\";
 }

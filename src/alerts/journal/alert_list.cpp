@@ -3,20 +3,10 @@
 #include "base/convert.h"
 #include "base/text.h"
 #include "forms/sort_column.h"
+#include "rows/alert_row.h"
+#include "rows/watch_row.h"
 
 namespace velmora {
-
-namespace {
-
-// The sub-item of a watch row whose tag holds the text of the first alert raised for that row.
-constexpr int stampColumn = 4;
-
-namespace column {
-constexpr int time = 1;
-constexpr int text = 2;
-}  // namespace column
-
-}  // namespace
 
 AlertList::AlertList(Forms& forms, Platform& platform, NotifyArea& notifyArea)
     : forms_(forms), platform_(platform), notifyArea_(notifyArea) {
@@ -33,29 +23,26 @@ void AlertList::prcAlertInfo(const std::string& strTime, const std::string& strR
                              const std::string& strAlert, AlertFlags flags, ListItem* itmWatch) {
     if (itmWatch != nullptr && isRepeat(*itmWatch, strAlert)) return;
 
-    ListItem& row = forms_.form1.LVAlert.Add(1, strRating);
-    row.setSubItems(column::time, strTime);
-    row.setSubItems(column::text, strAlert);
-    Raised(row);
+    ListItem& item = forms_.form1.LVAlert.Add(1, strRating);
+    AlertRow row(item);
+    row.setTime(strTime);
+    row.setText(strAlert);
+    Raised(item);
     count(strRating);
-    appendToLog(row, strAlert);
+    appendToLog(item, strAlert);
     if (lowerCase(strRating) == "high" || flags.iFlag4 == 1) {
         forms_.sysWorkSystray.tmrSystray.setEnabled(true);
     }
 }
 
-// The stamp keeps the first text only: a different one passes every time and leaves it in place.
-bool AlertList::isRepeat(ListItem& row, const std::string& strAlert) {
-    const std::string& stamp = row.ListSubItems(stampColumn).Tag();
-    if (stamp.empty()) {
-        row.setSubTag(stampColumn, strAlert);
+// The row keeps the first text only: a different one passes every time and leaves it in place.
+bool AlertList::isRepeat(ListItem& item, const std::string& strAlert) {
+    WatchRow row(item);
+    if (row.firstAlert().empty()) {
+        row.setFirstAlert(strAlert);
         return false;
     }
-    return stamp == strAlert;
-}
-
-void AlertList::clearStamp(ListItem& row) {
-    row.setSubTag(stampColumn, "");
+    return row.firstAlert() == strAlert;
 }
 
 void AlertList::count(const std::string& strRating) {
@@ -66,14 +53,14 @@ void AlertList::count(const std::string& strRating) {
     }
 }
 
-void AlertList::appendToLog(const ListItem& row, const std::string& strAlert) {
+void AlertList::appendToLog(const ListItem& item, const std::string& strAlert) {
     const Form1& form1 = forms_.form1;
     if (!form1.chkAutoSave.ticked()) return;
     // A missing file is made by the journal's save at the end of a check, not here.
     const std::string& path = form1.lblLog.Caption();
     if (!platform_.fso.FileExists(path)) return;
-    platform_.files.appendLine(path,
-                               row.SubItems(column::time) + " | " + row.Text() + " | " + strAlert);
+    const ConstAlertRow row(item);
+    platform_.files.appendLine(path, row.time() + " | " + row.rating() + " | " + strAlert);
 }
 
 void AlertList::prcLVLimit(std::int32_t lngLimit, ListView& lvList) {

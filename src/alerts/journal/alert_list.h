@@ -41,8 +41,6 @@ class AlertList {
     /// row added and counted; error 6 when a counter overflows.
     void prcAlertInfo(const std::string& strTime, const std::string& strRating,
                       const std::string& strAlert, AlertFlags flags, ListItem* itmWatch);
-    /// Forgets the text of the row's first alert, so that the same text passes again.
-    static void clearStamp(ListItem& row);
     /// Does nothing; kept in the interface.
     void prcAlertInfoPre() {}
     /// Removes rows from the bottom until `lngLimit` are left. Error 6 when more than 32767 would
@@ -55,9 +53,9 @@ class AlertList {
     Notice<const ListItem&> Raised;
 
   private:
-    static bool isRepeat(ListItem& row, const std::string& strAlert);
+    static bool isRepeat(ListItem& item, const std::string& strAlert);
     void count(const std::string& strRating);
-    void appendToLog(const ListItem& row, const std::string& strAlert);
+    void appendToLog(const ListItem& item, const std::string& strAlert);
     void UpDown3_Change();
 
     Forms& forms_;

@@ -1,18 +1,13 @@
 #include "alerts/lists/file_list.h"
 
-#include <utility>
-
 #include "base/convert.h"
 #include "base/drive_text.h"
-#include "base/format_number.h"
 #include "base/resume_next.h"
 #include "base/text.h"
 
 namespace velmora {
 
 namespace {
-
-constexpr const char* noSize = "n/a";
 
 std::string joined(const std::string& folder, const std::string& name) {
     return folder.ends_with('\\') ? folder + name : folder + '\\' + name;
@@ -27,48 +22,38 @@ Box questionAboutMissing(const std::string& path) {
 
 }  // namespace
 
-std::string folderSizeText(double bytes, const Regional& regional) {
-    return Format(bytes / 1024, "##.##", regional) + " KB";
-}
-
-ListItem& FileList::addBareRow(ListView& list, const std::string& path) {
-    ListItem& row = list.Add(platform_.fso.GetFileName(path));
-    row.setTag(path);
-    row.setSubItems(file_column::size, noSize);
+ListedFile FileList::addBareRow(ListView& list, const std::string& path) {
+    ListedFile row(list.Add(platform_.fso.GetFileName(path)));
+    row.setPath(path);
+    row.setNoSize();
     return row;
 }
 
 // All but the size. A field that can't be read doesn't keep the path from being listed.
-void FileList::showEntry(ListItem& row, PathEntry& entry) {
-    const auto show = [&](int column, const DateTime& time) {
-        row.setSubItems(column, dateText(time, platform_.regional));
-    };
-    resumeNext([&] { row.setSubItems(file_column::location, entry.ParentFolder()); },
-               [&] { show(file_column::accessed, entry.DateLastAccessed()); },
-               [&] { show(file_column::modified, entry.DateLastModified()); },
-               [&] { show(file_column::created, entry.DateCreated()); },
-               [&] { row.setSubItems(file_column::type, entry.Type()); });
+void FileList::showEntry(ListedFile row, PathEntry& entry) {
+    const auto shown = [this](const DateTime& time) { return dateText(time, platform_.regional); };
+    resumeNext([&] { row.setLocation(entry.ParentFolder()); },
+               [&] { row.setAccessed(shown(entry.DateLastAccessed())); },
+               [&] { row.setModified(shown(entry.DateLastModified())); },
+               [&] { row.setCreated(shown(entry.DateCreated())); },
+               [&] { row.setType(entry.Type()); });
 }
 
-void FileList::showSize(ListItem& row, double bytes, std::string text) {
-    row.setSubItems(file_column::size, std::move(text));
-    row.setSubTag(file_column::size, toText(bytes, platform_.regional));
-}
-
-void FileList::showFile(ListItem& row, const std::string& path) {
+void FileList::showFile(ListedFile row, const std::string& path) {
     const auto file = platform_.fso.GetFile(path);
     resumeNext([&] {
         const double bytes = file->Size();
-        showSize(row, bytes, kilobyteText(bytes, Grouping::regional, platform_.regional));
+        row.setSize(kilobyteText(bytes, Grouping::regional, platform_.regional),
+                    toText(bytes, platform_.regional));
     });
     showEntry(row, *file);
 }
 
-void FileList::showFolder(ListItem& row, const std::string& path) {
+void FileList::showFolder(ListedFile row, const std::string& path) {
     const auto folder = platform_.fso.GetFolder(path);
     resumeNext([&] {
         const double bytes = folder->Size();
-        showSize(row, bytes, folderSizeText(bytes, platform_.regional));
+        row.setSize(folderSizeText(bytes, platform_.regional), toText(bytes, platform_.regional));
     });
     showEntry(row, *folder);
 }
@@ -77,7 +62,7 @@ void FileList::showFolder(ListItem& row, const std::string& path) {
 // out, as it takes a walk through the whole tree.
 void FileList::prcAllLV(ListView& list, const std::string& strPath) {
     if (strPath.empty()) return;
-    ListItem& row = addBareRow(list, strPath);
+    const ListedFile row = addBareRow(list, strPath);
     resumeNext([&] {
         if (platform_.fso.FileExists(strPath)) {
             showFile(row, strPath);
@@ -139,10 +124,10 @@ void FileList::addDropped(ListView& list, const std::vector<std::string>& paths)
 
 void FileList::addOrAsk(ListView& list, const std::string& path) {
     if (platform_.fso.FileExists(path)) {
-        ListItem& row = addBareRow(list, path);
+        const ListedFile row = addBareRow(list, path);
         resumeNext([&] { showFile(row, path); });
     } else if (platform_.fso.FolderExists(path)) {
-        ListItem& row = addBareRow(list, path);
+        const ListedFile row = addBareRow(list, path);
         resumeNext([&] { showFolder(row, path); });
     } else if (host_.MsgBox(questionAboutMissing(path)) == BoxAnswer::yes) {
         addBareRow(list, path);

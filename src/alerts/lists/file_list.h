@@ -8,21 +8,9 @@
 #include "controls/list_view.h"
 #include "platform/host.h"
 #include "platform/platform.h"
+#include "rows/listed_file.h"
 
 namespace velmora {
-
-/// Sub-items of a row of LVFile. The text of a row is the name, its tag the full path.
-namespace file_column {
-inline constexpr int size = 1;  ///< in KB; its tag is the number of bytes
-inline constexpr int location = 2;
-inline constexpr int accessed = 3;
-inline constexpr int modified = 4;
-inline constexpr int created = 5;
-inline constexpr int type = 6;
-}  // namespace file_column
-
-/// The size of a folder as rows and alerts show it.
-std::string folderSizeText(double bytes, const Regional& regional);
 
 class FileList {
   public:
@@ -30,9 +18,8 @@ class FileList {
     FileList(const FileList&) = delete;
     FileList& operator=(const FileList&) = delete;
 
-    /// Adds a row for a path, at the end: the full path as its tag, which is what all actions go
-    /// by, and what the machine knows of the file. What isn't a file has "n/a" for its size; what
-    /// can't be read stays empty. Nothing for an empty path.
+    /// Adds a row for a path, at the end, with what the machine knows of the file. What isn't a
+    /// file has "n/a" for its size; what can't be read stays empty. Nothing for an empty path.
     void prcAllLV(ListView& list, const std::string& strPath);
 
     /// Adds the existing file that the box's text names, a line end after it aside; with an empty
@@ -52,12 +39,11 @@ class FileList {
     void prcGetFileSize() {}
 
   private:
-    ListItem& addBareRow(ListView& list, const std::string& path);
+    ListedFile addBareRow(ListView& list, const std::string& path);
     void addOrAsk(ListView& list, const std::string& path);
-    void showFile(ListItem& row, const std::string& path);
-    void showFolder(ListItem& row, const std::string& path);
-    void showSize(ListItem& row, double bytes, std::string text);
-    void showEntry(ListItem& row, PathEntry& entry);
+    void showFile(ListedFile row, const std::string& path);
+    void showFolder(ListedFile row, const std::string& path);
+    void showEntry(ListedFile row, PathEntry& entry);
     std::vector<std::string> addChosen(ListView& list, const std::string& names);
 
     Platform& platform_;

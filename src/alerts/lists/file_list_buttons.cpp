@@ -2,6 +2,7 @@
 
 #include "alerts/lists/listed_rows.h"
 #include "base/resume_next.h"
+#include "rows/listed_file.h"
 
 namespace velmora {
 
@@ -85,7 +86,8 @@ void FileListButtons::resumeWatch() {
 
 void FileListButtons::showAttributes() {
     const ListItem* row = form1_.LVFile.SelectedItem();
-    if (row != nullptr) systemActions_.prcShowProperties(row->Tag(), form1_.Name());
+    if (row == nullptr) return;
+    systemActions_.prcShowProperties(ConstListedFile(*row).path(), form1_.Name());
 }
 
 void FileListButtons::drop(const std::vector<std::string>& paths) {

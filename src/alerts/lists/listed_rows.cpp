@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "base/runtime_error.h"
+#include "rows/listed_file.h"
 
 namespace velmora {
 
@@ -15,15 +15,9 @@ int selectedRow(const ListView& list, int expected) {
     return 0;
 }
 
-ListItem& rowWithText(ListView& list, int index, const std::string& text) {
-    ListItem& row = list.ListItems(index);
-    if (row.Text() != text) throw RuntimeError(error::indexOutOfBounds);
-    return row;
-}
-
 ListedRow listedRow(const ListView& list, int index) {
     const ListItem& row = list.ListItems(index);
-    return {&row, index, row.Tag()};
+    return {&row, index, ConstListedFile(row).path()};
 }
 
 std::vector<ListedRow> rowsFromLast(const ListView& list) {
@@ -37,7 +31,7 @@ std::vector<ListedRow> rowsFromLast(const ListView& list) {
 int placeOfRow(const ListView& list, const ListedRow& listed) {
     const auto isAt = [&](int index) {
         return index <= list.Count() && &list.ListItems(index) == listed.row &&
-               list.ListItems(index).Tag() == listed.tag;
+               ConstListedFile(*listed.row).path() == listed.path;
     };
     // Rows that went let it move up.
     for (int i = std::min(listed.index, list.Count()); i >= 1; --i) {

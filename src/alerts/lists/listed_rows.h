@@ -15,15 +15,11 @@ namespace velmora {
 /// whoever goes through a long list row by row doesn't search all of it each time.
 int selectedRow(const ListView& list, int expected = 1);
 
-/// The row at that index. Error 35600 when there is none or when its text is another: rows may be
-/// sorted or removed whenever handlers run.
-ListItem& rowWithText(ListView& list, int index, const std::string& text);
-
-/// A row that is worked on while other handlers may run.
+/// A row of LVFile that is worked on while other handlers may run.
 struct ListedRow {
     const ListItem* row;
     int index;  ///< where it stood
-    std::string tag;
+    std::string path;
 };
 /// Error 35600 when there is no row at that index.
 ListedRow listedRow(const ListView& list, int index);

@@ -5,6 +5,7 @@
 #include "alerts/lists/manual_operations.h"
 #include "base/runtime_error.h"
 #include "base/text.h"
+#include "rows/size_text.h"
 
 namespace velmora {
 
@@ -22,11 +23,11 @@ void ManualOperations::cmdDelete_Click() {
     if (!subject) return say("No file selected.");
     std::string text;
     try {
-        text = remove(subject->tag);
+        text = remove(subject->path);
     } catch (const RuntimeError& failure) {
         // The row stays: nobody knows what has become of the file.
-        if (!isAccessError(failure)) return sayFailure(failure, subject->tag);
-        text = "- File access error (Listing Removed): " + subject->tag;
+        if (!isAccessError(failure)) return sayFailure(failure, subject->path);
+        text = "- File access error (Listing Removed): " + subject->path;
     }
     removeRow(*subject);
     report(text);
@@ -70,7 +71,7 @@ void ManualOperations::cmdDeleteAll_Click() {
 
 // Whether the run goes on.
 bool ManualOperations::deleteListed(const ListedRow& subject, bool toBin) {
-    const std::string& tag = subject.tag;
+    const std::string& tag = subject.path;
     try {
         if (!platform_.fso.FileExists(tag)) return dropMissing(subject);
         if (toBin) {
@@ -90,7 +91,7 @@ bool ManualOperations::deleteListed(const ListedRow& subject, bool toBin) {
 // Takes the first entry of the box along, whichever it is. An empty box ends the run with the row
 // in place; a message has just said so.
 bool ManualOperations::dropMissing(const ListedRow& subject) {
-    say("file does not exits: " + subject.tag);
+    say("file does not exits: " + subject.path);
     if (form1_.cboFile.ListCount() == 0) return false;
     form1_.cboFile.RemoveItem(0);
     removeRow(subject);

@@ -33,8 +33,8 @@ void ManualOperations::moveSelected(int expected) {
     const auto destination = askDestination();
     if (!destination) return;
     const auto subject = subjectAt(selectedRow(list_, expected));
-    if (!subject || subject->tag.empty()) return say("no file listed.");
-    const std::string& tag = subject->tag;
+    if (!subject || subject->path.empty()) return say("no file listed.");
+    const std::string& tag = subject->path;
     if (!platform_.fso.FileExists(tag)) return;
 
     const std::string newName = *destination + platform_.fso.GetFileName(tag);

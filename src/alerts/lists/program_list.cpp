@@ -7,6 +7,7 @@
 #include "base/text.h"
 #include "forms/sort_column.h"
 #include "platform/show_window.h"
+#include "rows/listed_program.h"
 
 namespace velmora {
 
@@ -49,7 +50,7 @@ void ProgramList::Label5_Click(int index) {
     }
 }
 
-// An empty text is no mistake; one that names no file gets a message.
+// An empty text is no mistake; one that names no file is reported.
 bool ProgramList::boxNamesFile() {
     const std::string& text = form1_.cboProg.Text();
     if (text.empty()) return false;
@@ -69,14 +70,14 @@ void ProgramList::addFromBox() {
 }
 
 void ProgramList::addRow(std::string text, const std::string& path) {
-    ListItem& row = form1_.LVProg.Add(std::move(text));
-    row.setTag(path);
-    row.setSubItems(program_column::action, "Execute");
+    ListedProgram row(form1_.LVProg.Add(std::move(text)));
+    row.setPath(path);
+    row.setAction("Execute");
     // A field that can't be read doesn't keep the program from being listed.
     resumeNext([&] {
         const auto file = platform_.fso.GetFile(path);
-        row.setSubItems(program_column::location, file->ParentFolder());
-        row.setSubItems(program_column::type, file->Type());
+        row.setLocation(file->ParentFolder());
+        row.setType(file->Type());
     });
 }
 
@@ -87,7 +88,7 @@ void ProgramList::runSelected() {
     }
     const ListItem* row = form1_.LVProg.SelectedItem();
     if (row == nullptr) return;
-    const std::string path = row->Tag();
+    const std::string path = ConstListedProgram(*row).path();
     std::string outcome = " - Specified Program Execution Failed (File Does Not Exist): ";
     if (platform_.fso.FileExists(path)) {
         platform_.shell32.ShellExecuteA(form1_.Name(), "open", path, "", "", normalWindow);

@@ -10,13 +10,6 @@
 
 namespace velmora {
 
-/// Sub-items of a row of LVProg. Its tag is the full path.
-namespace program_column {
-inline constexpr int action = 1;
-inline constexpr int location = 2;
-inline constexpr int type = 3;
-}  // namespace program_column
-
 class ProgramList {
   public:
     /// Connects its handlers to the forms, which must outlive it like the rest.

@@ -5,6 +5,7 @@
 #include "persist/keys/interval_picker.h"
 #include "persist/keys/settings_fields.h"
 #include "persist/keys/settings_keys.h"
+#include "rows/watch_row.h"
 
 namespace velmora {
 
@@ -37,8 +38,8 @@ std::vector<std::string> checkedRows(const SettingsSource& from) {
     std::vector<std::string> paths;
     const ListView& list = from.forms.form1.ListView1;
     for (int i = 1; i <= list.Count(); ++i) {
-        const ListItem& row = list.ListItems(i);
-        if (row.Checked()) paths.push_back(row.Text());
+        const ConstWatchRow row(list.ListItems(i));
+        if (row.watched()) paths.push_back(row.path());
     }
     return paths;
 }
@@ -48,8 +49,8 @@ void selectRows(const SettingsTarget& to, const std::string& value) {
     const std::string wanted = lowerCase(trim(value));
     ListView& list = to.forms.form1.ListView1;
     for (int i = 1; i <= list.Count(); ++i) {
-        ListItem& row = list.ListItems(i);
-        if (lowerCase(row.Text()) == wanted) row.setSelected(true);
+        WatchRow row(list.ListItems(i));
+        if (lowerCase(row.path()) == wanted) row.setSelected(true);
     }
 }
 

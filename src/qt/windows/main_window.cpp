@@ -18,6 +18,7 @@
 #include "qt/windows/form_binding.h"
 #include "qt/windows/layouts.h"
 #include "qt/windows/panels.h"
+#include "rows/watch_row.h"
 
 namespace velmora::qt {
 
@@ -28,8 +29,8 @@ constexpr double listScale = 0.9;
 constexpr int leastWidth = form1_size::leastWidth / twipsPerPixel;
 
 QIcon rowPicture(const std::string& key, const QtShellIcons& icons) {
-    if (key == "ok") return glyphIcon(Glyph::stateOk);
-    if (key == "alert") return glyphIcon(Glyph::stateAlert);
+    if (key == state_icon::ok) return glyphIcon(Glyph::stateOk);
+    if (key == state_icon::alert) return glyphIcon(Glyph::stateAlert);
     return icons.icon(key);
 }
 

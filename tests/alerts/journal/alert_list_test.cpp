@@ -131,7 +131,7 @@ TEST(AlertList, AnAlertWithoutARowTouchesNoStamp) {
 TEST(AlertList, AClearedStampLetsTheSameTextPassAgain) {
     AlertRig rig;
     rig.raise("A", "High", &rig.row);
-    AlertList::clearStamp(rig.row);
+    WatchRow(rig.row).setFirstAlert("");
     EXPECT_EQ(rig.stamp(), "");
     rig.raise("A", "High", &rig.row);
     EXPECT_EQ(rig.texts(), "A A");

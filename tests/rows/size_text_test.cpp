@@ -1,0 +1,66 @@
+#include "rows/size_text.h"
+
+#include <gtest/gtest.h>
+
+#include "base/regionals.h"
+
+namespace velmora {
+namespace {
+
+TEST(KilobyteText, DividesBytesBy1024AndRoundsTiesAway) {
+    const struct {
+        double bytes;
+        const char* text;
+    } cases[] = {{0, "0 KB"},    {511, "0 KB"},  {512, "1 KB"},
+                 {1023, "1 KB"}, {1024, "1 KB"}, {1535, "1 KB"},
+                 {1536, "2 KB"}, {2560, "3 KB"}, {1048576, "1024 KB"}};
+    for (const auto& c : cases) {
+        EXPECT_EQ(kilobyteText(c.bytes, Grouping::none, unitedStates), c.text) << c.bytes;
+    }
+    EXPECT_EQ(kilobytes(1536), 2);
+    EXPECT_EQ(kilobytes(1535), 1);
+}
+
+TEST(KilobyteText, GroupsDigitsAsTheCallerSays) {
+    const double bytes = 1234567.0 * 1024;
+    EXPECT_EQ(kilobyteText(bytes, Grouping::none, unitedStates), "1234567 KB");
+    EXPECT_EQ(kilobyteText(bytes, Grouping::regional, unitedStates), "1,234,567 KB");
+    EXPECT_EQ(kilobyteText(bytes, Grouping::regional, germany), "1.234.567 KB");
+}
+
+TEST(FolderSizeText, HasUpToTwoDecimals) {
+    EXPECT_EQ(folderSizeText(1536, unitedStates), "1.5 KB");
+    EXPECT_EQ(folderSizeText(1536, germany), "1,5 KB");
+    EXPECT_EQ(folderSizeText(1024 * 1234.567, unitedStates), "1234.57 KB");
+}
+
+TEST(SizeUnit, IsCutWhereverItStands) {
+    EXPECT_EQ(withUnit("12"), "12 KB");
+    EXPECT_EQ(withoutUnit("1,234 KB"), "1,234");
+    EXPECT_EQ(withoutUnit("1 KB2 KB"), "12");
+    EXPECT_EQ(withoutUnit("12KB"), "12KB");
+    EXPECT_EQ(withoutUnit("12 kb"), "12 kb");
+    EXPECT_EQ(withoutUnit(""), "");
+}
+
+TEST(ReadKilobytes, TakesDigitGroupsAndTheUnitOrNeither) {
+    for (const char* size : {"1,234 KB", "1234 KB", "1,234", "1234", " 1,234 KB "}) {
+        EXPECT_EQ(readKilobytes(size, unitedStates), 1234) << size;
+    }
+    EXPECT_EQ(readKilobytes("1.234 KB", germany), 1234);
+    for (const char* size : {"", " KB", "N/A", "N/A, drive not ready", "1 MB"}) {
+        EXPECT_EQ(readKilobytes(size, unitedStates), std::nullopt) << size;
+    }
+}
+
+TEST(NotAvailable, IsFoundInCapitalsAndNot) {
+    for (const char* text : {"N/A", "n/a", "N/a, drive", "drive: n/A"}) {
+        EXPECT_TRUE(holdsNotAvailable(text)) << text;
+    }
+    for (const char* text : {"", "NA", "not ready", "12 KB"}) {
+        EXPECT_FALSE(holdsNotAvailable(text)) << text;
+    }
+}
+
+}  // namespace
+}  // namespace velmora
