@@ -9,6 +9,9 @@
 #include "alerts/journal/alert_list.h"
 #include "base/errors.h"
 #include "fake/fake_machine.h"
+#include "rows/alert_row.h"
+#include "rows/watch_columns.h"
+#include "rows/watch_row.h"
 
 namespace velmora::tests {
 
@@ -30,14 +33,14 @@ struct AlertRig {
     void raiseMany(int count) {
         for (int i = 1; i <= count; ++i) raise(std::to_string(i), "Medium");
     }
-    std::string text(int index) { return list.ListItems(index).SubItems(2); }
+    std::string text(int index) { return ConstAlertRow(list.ListItems(index)).text(); }
     /// The alerts' texts from the top, with a blank between.
     std::string texts() {
         std::string all;
         for (int i = 1; i <= list.Count(); ++i) all += (i > 1 ? " " : "") + text(i);
         return all;
     }
-    const std::string& stamp() { return row.ListSubItems(4).Tag(); }
+    const std::string& stamp() { return ConstWatchRow(row).firstAlert(); }
     bool blinks() { return forms.sysWorkSystray.tmrSystray.Enabled(); }
     int raised() { return forms.globals.lngAlertsRaised; }
     int high() { return forms.globals.lngHighRatedAlerts; }
@@ -53,7 +56,7 @@ struct AlertRig {
 
   private:
     ListItem& watchRow() {
-        for (int i = 0; i < 5; ++i) form1.ListView1.addColumn({});
+        addWatchColumns(form1.ListView1);
         return form1.ListView1.Add("C:\\");
     }
 };

@@ -6,6 +6,8 @@
 #include "fake/fake_machine.h"
 #include "fake/fake_surface.h"
 #include "persist/scramble.h"
+#include "rows/alert_row.h"
+#include "rows/listed_file.h"
 
 namespace velmora {
 namespace {
@@ -168,7 +170,7 @@ TEST_F(CoreTest, APauseOnAShortageReachesTheWatch) {
     EXPECT_TRUE(paused);
     EXPECT_EQ(form1.Caption(), "Velmora - Watching Paused.");
     ASSERT_GE(form1.LVAlert.Count(), 1);
-    EXPECT_EQ(form1.LVAlert.ListItems(1).SubItems(2),
+    EXPECT_EQ(ConstAlertRow(form1.LVAlert.ListItems(1)).text(),
               "Program paused by user option to pause on alert event.");
 }
 
@@ -219,7 +221,7 @@ TEST_F(CoreTest, FilesOfTheCommandLineJoinTheSpecifiedOnes) {
     machine.platform().app.Command = "\"C:\\one\" \"C:\\two\"";
     core.load();
     ASSERT_EQ(forms.form1.LVFile.Count(), 2);
-    EXPECT_EQ(forms.form1.LVFile.ListItems(2).Tag(), "C:\\two");
+    EXPECT_EQ(ConstListedFile(forms.form1.LVFile.ListItems(2)).path(), "C:\\two");
 }
 
 TEST_F(CoreTest, AfterARestartTheListsAreEmptyAndTheFilesBoxHoldsItsEntries) {
@@ -251,7 +253,8 @@ TEST_F(CoreTest, ASecondStartFindsItsShortcut) {
 TEST_F(CoreTest, TellsItsListenersOfEachAlert) {
     core.load();
     std::vector<std::string> texts;
-    core.alerts().Raised.connect([&](const ListItem& row) { texts.push_back(row.SubItems(2)); });
+    core.alerts().Raised.connect(
+        [&](const ListItem& row) { texts.push_back(ConstAlertRow(row).text()); });
     core.alerts().prcAlertInfo("now", rating::medium, "one", {}, nullptr);
     core.alerts().prcAlertInfo("now", rating::high, "two", {}, nullptr);
     EXPECT_EQ(texts, (std::vector<std::string>{"one", "two"}));

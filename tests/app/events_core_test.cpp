@@ -5,6 +5,8 @@
 #include "fake/fake_machine.h"
 #include "fake/fake_surface.h"
 #include "persist/scramble.h"
+#include "rows/alert_row.h"
+#include "rows/watch_row.h"
 
 namespace velmora {
 namespace {
@@ -21,7 +23,8 @@ struct WiredEvents : testing::Test {
     std::vector<std::string> alerts() {
         std::vector<std::string> texts;
         ListView& list = forms.form1.LVAlert;
-        for (int i = list.Count(); i >= 1; --i) texts.push_back(list.ListItems(i).SubItems(2));
+        for (int i = list.Count(); i >= 1; --i)
+            texts.push_back(ConstAlertRow(list.ListItems(i)).text());
         return texts;
     }
 
@@ -48,7 +51,7 @@ TEST_F(WiredEvents, FreeSpaceThatStandsStillIsTold) {
 TEST_F(WiredEvents, ADriveThatWentAwayIsToldOnce) {
     forms.form1.lstEvt.setSelected(evt::unavailable, true);
     // Measured once before, by the start.
-    forms.form1.ListView1.ListItems(1).setSubTag(1, "48,828,125");
+    WatchRow(forms.form1.ListView1.ListItems(1)).setPreviousFree("48,828,125");
     machine.drives["C:"].ready = false;
     check();
     check();

@@ -10,6 +10,7 @@
 #include "fake/fake_machine.h"
 #include "fake/fake_surface.h"
 #include "persist/scramble.h"
+#include "rows/listed_file.h"
 
 namespace velmora {
 namespace {
@@ -100,7 +101,7 @@ TEST_F(OperationsCoreTest, ADeletionWhileACheckYieldsEndsTheCheckAndTouchesNothi
     expected.erase("C:\\old.txt");
     EXPECT_EQ(machine.files, expected);
     ASSERT_EQ(form1.LVFile.Count(), 1);
-    EXPECT_EQ(form1.LVFile.ListItems(1).Tag(), "C:\\kept.txt");
+    EXPECT_EQ(ConstListedFile(form1.LVFile.ListItems(1)).path(), "C:\\kept.txt");
 }
 
 TEST_F(OperationsCoreTest, ADeletionWhileACheckYieldsCanHaveACheckInIt) {

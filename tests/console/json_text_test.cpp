@@ -89,6 +89,17 @@ TEST(JsonText, OfARowHoldsEachOfItsFields) {
               R"("Bold":true,"Tag":"tag","SubTags":["","sub"],"ReportIcon":"alert"}])");
 }
 
+TEST(JsonText, OfARowHasTheFirstIconOfItsColumns) {
+    List list;
+    for (const char* header : {"a", "b", "c"}) list.view.addColumn({header});
+    ListItem& row = list.view.Add("x");
+    EXPECT_EQ(iconOf(row), "");
+    row.setReportIcon(2, "ok");
+    EXPECT_EQ(iconOf(row), "ok");
+    row.setReportIcon(1, "alert");
+    EXPECT_EQ(iconOf(row), "alert");
+}
+
 TEST(JsonText, OfRowsOfAListWithoutColumnsHasNoSubItems) {
     List list;
     list.view.Add("x");

@@ -9,6 +9,7 @@
 #include "alerts/actions/action_list_rules.h"
 #include "base/text.h"
 #include "monitor/check_rig.h"
+#include "rows/listed_file.h"
 
 namespace velmora::tests {
 
@@ -32,8 +33,8 @@ struct ActionCheckRig : CheckRig {
     void tickAction(int action) { form1.lstAct.setSelected(action, true); }
     ListItem& listMissing(const std::string& path) {
         ListItem& row = form1.LVFile.Add(path);
-        row.setTag(path);
-        row.setSubItems(1, "7 KB");
+        ListedFile(row).setPath(path);
+        ListedFile(row).setSize("7 KB", "");
         return row;
     }
     ListItem& listFile(const std::string& path) {
@@ -43,7 +44,7 @@ struct ActionCheckRig : CheckRig {
     std::string listed() {
         std::string all;
         for (int i = 1; i <= form1.LVFile.Count(); ++i) {
-            all += (i > 1 ? " " : "") + form1.LVFile.ListItems(i).Tag();
+            all += (i > 1 ? " " : "") + ConstListedFile(form1.LVFile.ListItems(i)).path();
         }
         return all;
     }

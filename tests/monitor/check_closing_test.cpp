@@ -147,7 +147,7 @@ TEST(CheckClosing, LoggingTheTimeOfACancelledPassRaisesAnAlertForItsRow) {
     rig.check();
     EXPECT_EQ(rig.alert(1), "Medium | " + std::string(stampSeconds) + " | Checked: 15:09:26 03/14");
     EXPECT_EQ(rig.alertCount(), 1);
-    EXPECT_EQ(rig.list.ListItems(2).ListSubItems(4).Tag(), "Checked: 15:09:26 03/14");
+    EXPECT_EQ(ConstWatchRow(rig.list.ListItems(2)).firstAlert(), "Checked: 15:09:26 03/14");
     EXPECT_EQ(rig.forms.globals.lngHighRatedAlerts, 0);
     EXPECT_EQ(rig.count("spin.avi"), 1);
 }
@@ -160,7 +160,7 @@ TEST(CheckClosing, LoggingTheTimeOfAPassThatPercentEndedRaisesAnAlertForItsRow) 
     rig.form1.chkLogTimeMon.setValue(1);
     rig.check();
     EXPECT_EQ(rig.alert(1), "Medium | " + std::string(stampSeconds) + " | Checked: 15:09:26 03/14");
-    EXPECT_EQ(rig.list.ListItems(1).ListSubItems(4).Tag(), "Checked: 15:09:26 03/14");
+    EXPECT_EQ(ConstWatchRow(rig.list.ListItems(1)).firstAlert(), "Checked: 15:09:26 03/14");
 }
 
 TEST(CheckClosing, ACountOfChecksThatOverflowsIsAnError) {

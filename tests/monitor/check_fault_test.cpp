@@ -87,7 +87,7 @@ TEST(CheckFault, TheErrorsAlertIsHighAndBelongsToNoRow) {
     EXPECT_TRUE(rig.forms.sysWorkSystray.tmrSystray.Enabled());
     EXPECT_EQ(rig.forms.globals.lngHighRatedAlerts, 2);
     // The row's stamp is the shortage's, and the same error is told again.
-    EXPECT_EQ(rig.list.ListItems(1).ListSubItems(4).Tag(),
+    EXPECT_EQ(ConstWatchRow(rig.list.ListItems(1)).firstAlert(),
               " - ALERT: Space Shortage < 1000 KB Drive: C:[5 KB]");
     rig.tick();
     EXPECT_EQ(rig.alertTexts(), (Texts{"Error: Type mismatch", "Error: Type mismatch",

@@ -62,8 +62,8 @@ struct CheckRig : Rig {
     int alertCount() { return form1.LVAlert.Count(); }
     /// "rating | time | text" of an alert, 1 for the newest.
     std::string alert(int index) {
-        const ListItem& row = form1.LVAlert.ListItems(index);
-        return row.Text() + " | " + row.SubItems(1) + " | " + row.SubItems(2);
+        const ConstAlertRow row(form1.LVAlert.ListItems(index));
+        return row.rating() + " | " + row.time() + " | " + row.text();
     }
     int timesChecked() { return forms.globals.lngTimesChecked; }
 

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "monitor/rig.h"
+#include "rows/listed_file.h"
 
 namespace velmora::tests {
 namespace {
@@ -17,7 +18,7 @@ struct CommandRig : Rig {
         EXPECT_EQ(lifeCycle.prcCommandAdd(), 1);
         Texts paths;
         for (int i = 1; i <= form1.LVFile.Count(); ++i) {
-            paths.push_back(form1.LVFile.ListItems(i).Tag());
+            paths.push_back(ConstListedFile(form1.LVFile.ListItems(i)).path());
         }
         return paths;
     }

@@ -158,7 +158,7 @@ TEST(CustomWatchTime, AlertsBelongToNoRowSoThatEachDayHasItsOwn) {
     CustomRig rig;
     for (int day = 14; day < 17; ++day) rig.minute({2026, 3, day, 10, 0, 0});
     EXPECT_EQ(rig.alertTexts(), (Texts{startedAlert, startedAlert, startedAlert}));
-    EXPECT_EQ(rig.list.ListItems(1).ListSubItems(4).Tag(), "");
+    EXPECT_EQ(ConstWatchRow(rig.list.ListItems(1)).firstAlert(), "");
 }
 
 TEST(CustomWatchTime, EqualTimesMoveTheEndOnByAMinute) {

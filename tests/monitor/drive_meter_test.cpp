@@ -2,6 +2,7 @@
 #include "monitor/drive_meter.h"
 
 #include "monitor/check_rig.h"
+#include "rows/watch_columns.h"
 
 namespace velmora::tests {
 namespace {
@@ -13,7 +14,7 @@ struct MeterRig : Rig {
     FrmIndDri& view = forms.frmIndDri;
 
     MeterRig() {
-        for (int i = 0; i < 5; ++i) list.addColumn({});
+        addWatchColumns(list);
         drive("C:", 0, 1);
         form1.txtSpace.setText("200");
     }

@@ -99,7 +99,7 @@ TEST(EventFreeSpace, TheDriveIsGotByTheRowTextAsItStands) {
     for (const int event : {evt::stagnancy, evt::change}) {
         EventRig rig;
         rig.drive("C:", 5000, 10000);
-        rig.row("c:\\").setSubItems(1, "5,000 KB");
+        WatchRow(rig.row("c:\\")).setFreeSpace("5,000 KB");
         rig.tickEvent(event);
         rig.pass();
         EXPECT_EQ(rig.machine.log.calls(), Texts{"GetDrive c:\\"});
@@ -210,7 +210,7 @@ TEST(EventLag, ADriveWhoseFreeSpaceAlternatesBetweenTwoValuesShowsStagnancyAtEve
         SCOPED_TRACE(n);
         rig.setFree("C:", sizes[n]);
         rig.form1.LVAlert.Clear();
-        rig.list.ListItems(1).setSubTag(4, "");
+        WatchRow(rig.list.ListItems(1)).setFirstAlert("");
         rig.check();
         EXPECT_EQ(rig.alertTexts(), Texts{stagnancy("C:\\", sizes[n] == 5000 ? "5,000" : "6,000")});
     }
@@ -232,7 +232,7 @@ TEST(EventLag, ACheckComparesWithTheValueOfTwoChecksAgo) {
         SCOPED_TRACE(n);
         rig.setFree("C:", sizes[n]);
         rig.form1.LVAlert.Clear();
-        rig.list.ListItems(1).setSubTag(4, "");
+        WatchRow(rig.list.ListItems(1)).setFirstAlert("");
         rig.check();
         EXPECT_EQ(rig.alertTexts(), Texts{expected[n]});
     }

@@ -31,7 +31,7 @@ TEST(EventModification, ANewerFileRaisesItsAlertAtOnceForTheRow) {
     rig.pass();
     EXPECT_EQ(rig.alert(1),
               "High | 2026/03/14 15:09:26 | Files modified: " + block + "C:\\report.txt\r\n");
-    EXPECT_EQ(rig.list.ListItems(1).ListSubItems(4).Tag(),
+    EXPECT_EQ(ConstWatchRow(rig.list.ListItems(1)).firstAlert(),
               "Files modified: " + block + "C:\\report.txt\r\n");
     EXPECT_EQ(rig.forms.globals.lngHighRatedAlerts, 1);
 }

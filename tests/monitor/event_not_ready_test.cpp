@@ -32,9 +32,9 @@ TEST(EventNotReady, RaisesOneHighAlertForTheRowAndEmptiesBothTags) {
 TEST(EventNotReady, TheAlertHasTheRowAndItsStampIsClearedBehindIt) {
     LostDrive rig;
     rig.events.rowNotReady(1);
-    EXPECT_EQ(rig.list.ListItems(1).ListSubItems(4).Tag(), "Drive Became Unavailable: C:\\");
+    EXPECT_EQ(ConstWatchRow(rig.list.ListItems(1)).firstAlert(), "Drive Became Unavailable: C:\\");
     rig.check();
-    EXPECT_EQ(rig.list.ListItems(1).ListSubItems(4).Tag(), "");
+    EXPECT_EQ(ConstWatchRow(rig.list.ListItems(1)).firstAlert(), "");
 }
 
 TEST(EventNotReady, IsToldOnceUntilTheRowHasBeenMeasuredAgain) {

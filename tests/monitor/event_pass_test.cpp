@@ -171,7 +171,7 @@ TEST(EventSummary, IsOneHighAlertOfTheRow) {
     rig.tickEvent(evt::stagnancy);
     rig.pass();
     EXPECT_EQ(rig.alert(1), std::string("High | ") + stampDateTime + " | " + stagnancyOfC);
-    EXPECT_EQ(rig.list.ListItems(1).ListSubItems(4).Tag(), stagnancyOfC);
+    EXPECT_EQ(ConstWatchRow(rig.list.ListItems(1)).firstAlert(), stagnancyOfC);
     EXPECT_EQ(rig.alertCount(), 1);
 }
 

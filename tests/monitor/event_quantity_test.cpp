@@ -22,7 +22,7 @@ struct CountedFolder : EventRig {
     Texts eventsFor(const std::string& tag) {
         at(1).setFolderCounts(tag);
         form1.LVAlert.Clear();
-        list.ListItems(1).setSubTag(4, "");
+        WatchRow(list.ListItems(1)).setFirstAlert("");
         machine.log.clear();
         pass();
         return alertTexts();

@@ -15,7 +15,7 @@ struct MinimumSpaceTest : testing::Test {
     const std::string& header() { return rig.list.ColumnHeaders(4).Text; }
     const std::string& mb() { return rig.form1.lblMB.Caption(); }
     const std::string& gb() { return rig.form1.lblGB.Caption(); }
-    std::string trigger(int row) { return rig.list.ListItems(row).SubItems(3); }
+    std::string trigger(int row) { return ConstWatchRow(rig.list.ListItems(row)).trigger(); }
     std::vector<std::string> messages() {
         std::vector<std::string> texts;
         for (const Box& box : rig.host.boxes) texts.push_back(box.text);
@@ -223,7 +223,7 @@ TEST_F(IndividualTest, ClearingEmptiesEveryRowAndEnablesTheText) {
     rig.row("C:\\");
     rig.form1.chkDrive.userClick();
     rig.clearRecords();
-    rig.list.ListItems(1).setSubItems(3, "99");
+    WatchRow(rig.list.ListItems(1)).setTrigger("99");
     rig.form1.chkDrive.userClick();
     EXPECT_EQ(trigger(1), "");
     EXPECT_TRUE(rig.form1.txtSpace.Enabled());

@@ -21,6 +21,7 @@
 #include "monitor/watch_list.h"
 #include "monitor/watch_list_commands.h"
 #include "persist/scramble.h"
+#include "rows/alert_row.h"
 #include "rows/watch_row.h"
 
 namespace velmora::tests {
@@ -160,7 +161,7 @@ struct Rig {
     std::vector<std::string> alertTexts() {
         std::vector<std::string> texts;
         for (int i = 1; i <= form1.LVAlert.Count(); ++i) {
-            texts.push_back(form1.LVAlert.ListItems(i).SubItems(2));
+            texts.push_back(ConstAlertRow(form1.LVAlert.ListItems(i)).text());
         }
         return texts;
     }

@@ -59,7 +59,7 @@ TEST(RowCheck, AShortageRaisesAnAlertForItsRow) {
     rig.check();
     const std::string text = " - ALERT: Space Shortage < 2000000 KB Drive: C:[1,234,567 KB]";
     EXPECT_EQ(rig.alert(1), "High | " + std::string(stampMinutes) + " | " + text);
-    EXPECT_EQ(rig.list.ListItems(1).ListSubItems(4).Tag(), text);
+    EXPECT_EQ(ConstWatchRow(rig.list.ListItems(1)).firstAlert(), text);
     EXPECT_EQ(rig.forms.globals.lngHighRatedAlerts, 1);
 }
 

@@ -3,6 +3,7 @@
 
 #include "base/errors.h"
 #include "monitor/check_rig.h"
+#include "rows/watch_columns.h"
 
 namespace velmora::tests {
 namespace {
@@ -11,7 +12,7 @@ using Texts = std::vector<std::string>;
 
 struct StatisticsRig : Rig {
     StatisticsRig() {
-        for (int i = 0; i < 5; ++i) list.addColumn({});
+        addWatchColumns(list);
         form1.txtTime.setText("10");
     }
     /// A row whose free space was `before` and is `now`, without " KB".

@@ -170,7 +170,7 @@ TEST(StartOrder, TheSumOfFreeSpaceStopsAtTheGreatest32BitNumber) {
 
 TEST(StartOrder, FiguresThatAreNoNumbersAreATypeMismatch) {
     StartRig rig;
-    rig.onSettings = [&] { rig.form1.ListView1.ListItems(1).setSubItems(1, "soon"); };
+    rig.onSettings = [&] { WatchRow(rig.form1.ListView1.ListItems(1)).setFreeSpace("soon"); };
     EXPECT_EQ(rig.errorOfLoad(), error::typeMismatch);
     EXPECT_EQ(rig.calls.back(), readSettings);
 }

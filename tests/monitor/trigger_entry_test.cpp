@@ -14,8 +14,8 @@ constexpr int enter = 13;
 struct TriggerEntryTest : testing::Test {
     TriggerEntryTest() {
         rig.load();
-        rig.row("C:\\").setSubItems(3, "100");
-        rig.row("D:\\data").setSubItems(3, "200");
+        WatchRow(rig.row("C:\\")).setTrigger("100");
+        WatchRow(rig.row("D:\\data")).setTrigger("200");
         rig.list.userSelect({2});
     }
     void point(float x, float y) { rig.list.MouseMove(x, y); }
@@ -28,12 +28,12 @@ struct TriggerEntryTest : testing::Test {
     }
     void individually() {
         rig.form1.chkDrive.setValue(1);
-        rig.list.ListItems(1).setSubItems(3, "100");
-        rig.list.ListItems(2).setSubItems(3, "200");
+        WatchRow(rig.list.ListItems(1)).setTrigger("100");
+        WatchRow(rig.list.ListItems(2)).setTrigger("200");
         rig.clearRecords();
     }
     TextBox& box() { return rig.form1.Text1; }
-    std::string trigger(int row) { return rig.list.ListItems(row).SubItems(3); }
+    std::string trigger(int row) { return ConstWatchRow(rig.list.ListItems(row)).trigger(); }
 
     Rig rig;
 };

@@ -288,8 +288,8 @@ TEST_F(ListEventsTest, TheFirstClickOnAColumnSortsDescendingAndTheNextAscending)
 
 TEST_F(ListEventsTest, AnotherColumnGoesOnFromThePresentOrder) {
     rows({"A:\\", "B:\\"});
-    rig.list.ListItems(1).setSubItems(1, "2 KB");
-    rig.list.ListItems(2).setSubItems(1, "1 KB");
+    WatchRow(rig.list.ListItems(1)).setFreeSpace("2 KB");
+    WatchRow(rig.list.ListItems(2)).setFreeSpace("1 KB");
     rig.list.userClickPart(1);
     rig.list.userClickPart(2);
     EXPECT_EQ(rig.list.SortKey(), 1);

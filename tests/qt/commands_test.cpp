@@ -1,5 +1,6 @@
 // Every command of the window reaches what it is for, in the wired program.
 #include "qt/window_test.h"
+#include "rows/alert_row.h"
 
 namespace velmora::tests {
 namespace {
@@ -59,7 +60,7 @@ TEST_F(CommandsTest, FunctionsOfTheSystem) {
     EXPECT_EQ(machine.emptied.size(), 1u);
     ASSERT_EQ(form1().LVAlert.Count(), 1);
     EXPECT_EQ(form1().LVAlert.ListItems(1).Text(), "Medium");
-    EXPECT_EQ(form1().LVAlert.ListItems(1).SubItems(1), "20260314 15:09:26");
+    EXPECT_EQ(ConstAlertRow(form1().LVAlert.ListItems(1)).time(), "20260314 15:09:26");
 }
 
 TEST_F(CommandsTest, FunctionsOfTheProgramsWindows) {

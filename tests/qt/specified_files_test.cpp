@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "qt/window_test.h"
+#include "rows/listed_file.h"
 
 namespace velmora::tests {
 namespace {
@@ -47,7 +48,7 @@ struct SpecifiedFilesTest : WindowTest {
     std::vector<std::string> tags() {
         std::vector<std::string> all;
         for (int i = 1; i <= form1().LVFile.Count(); ++i) {
-            all.push_back(form1().LVFile.ListItems(i).Tag());
+            all.push_back(ConstListedFile(form1().LVFile.ListItems(i)).path());
         }
         return all;
     }

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "fake/fake_surface.h"
+#include "rows/watch_columns.h"
 #include "shell/button_commands.h"
 #include "shell/label_look.h"
 #include "shell/menu_commands.h"
@@ -50,7 +51,7 @@ struct CommandRig {
     ButtonCommands buttons{forms, aboutBox, settings};
 
     CommandRig() {
-        for (int i = 0; i < 5; ++i) list.addColumn({});
+        addWatchColumns(list);
         setHeights(600, 2700);
         form1.Show();
         form1.setSize(9000, 9100);

@@ -1,4 +1,5 @@
 // The items of the main window's menus.
+#include "rows/alert_row.h"
 #include "shell/command_rig.h"
 
 namespace velmora::tests {
@@ -192,7 +193,7 @@ TEST(FunctionsMenu, AFailedEmptyingIsNotLookedAt) {
     CommandRig rig;
     rig.machine.log.failCall(1, 5);
     rig.form1.mnuEmptyRecyc.userClick();
-    EXPECT_EQ(rig.form1.LVAlert.ListItems(1).SubItems(2), "User cleared recycle bin");
+    EXPECT_EQ(ConstAlertRow(rig.form1.LVAlert.ListItems(1)).text(), "User cleared recycle bin");
 }
 
 TEST(FunctionsMenu, AnErrorOfTheAlertBecomesAnAlert) {

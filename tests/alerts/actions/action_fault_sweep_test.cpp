@@ -6,6 +6,7 @@
 #include <set>
 
 #include "alerts/actions/action_rig.h"
+#include "rows/listed_file.h"
 
 namespace velmora::tests {
 namespace {
@@ -142,7 +143,7 @@ TEST(ActionFaultOrder, AFileIsStillThereWhenItsDeletionFails) {
     };
     EXPECT_EQ(rig.errorOf(act::remove), 70);
     EXPECT_TRUE(rig.exists("C:\\passed"));
-    EXPECT_EQ(rig.files.ListItems(2).Tag(), "C:\\passed");
+    EXPECT_EQ(ConstListedFile(rig.files.ListItems(2)).path(), "C:\\passed");
     EXPECT_EQ(rig.alertCount(), 0);
 }
 
@@ -152,12 +153,12 @@ TEST(ActionFaultOrder, ALogThatCantBeWrittenTakesNoRowBackAndTheNextRunTakesTheN
     rig.machine.lockedFiles["C:\\log.dat"] = 70;
     EXPECT_EQ(rig.errorOf(act::remove), 70);
     EXPECT_FALSE(rig.exists("C:\\passed"));
-    EXPECT_EQ(rig.files.ListItems(2).Tag(), "C:\\gone");
+    EXPECT_EQ(ConstListedFile(rig.files.ListItems(2)).path(), "C:\\gone");
     EXPECT_EQ(rig.alertCount(), 1);
     rig.machine.lockedFiles.clear();
     EXPECT_EQ(rig.errorOf(act::remove), 0);
     EXPECT_FALSE(rig.exists("C:\\second"));
-    EXPECT_EQ(rig.files.ListItems(2).Tag(), "C:\\gone");
+    EXPECT_EQ(ConstListedFile(rig.files.ListItems(2)).path(), "C:\\gone");
 }
 
 }  // namespace

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "fake/fake_host.h"
+#include "rows/watch_columns.h"
+#include "rows/watch_row.h"
 
 namespace velmora::tests {
 namespace {
@@ -15,11 +17,9 @@ struct ActionListRulesTest : testing::Test {
     ListBox& list = forms.form1.lstAct;
     ActionListRules rules{forms, host};
 
-    ActionListRulesTest() {
-        for (int i = 0; i < 5; ++i) form1.ListView1.addColumn({});
-    }
+    ActionListRulesTest() { addWatchColumns(form1.ListView1); }
     void watch(const std::string& freeSpace) {
-        form1.ListView1.Add("C:\\").setSubItems(1, freeSpace);
+        WatchRow(form1.ListView1.Add("C:\\")).setFreeSpace(freeSpace);
     }
     std::string ticked() {
         std::string all;

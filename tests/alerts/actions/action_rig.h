@@ -12,6 +12,10 @@
 #include "base/errors.h"
 #include "base/text.h"
 #include "fake/fake_surface.h"
+#include "rows/alert_row.h"
+#include "rows/listed_file.h"
+#include "rows/watch_columns.h"
+#include "rows/watch_row.h"
 
 namespace velmora::tests {
 
@@ -44,7 +48,7 @@ struct ActionRig {
     /// The row of C: is short; D: has room. A check is running.
     ActionRig() {
         for (const char* path : {"C:", "D:", "E:"}) machine.drives[path] = {1000 * KB, 1e9};
-        for (int i = 0; i < 5; ++i) list.addColumn({});
+        addWatchColumns(list);
         watch("C:\\");
         form1.txtDrive.setText("D:\\store\\old");
         form1.txtSpace.setText("5000");
@@ -57,7 +61,7 @@ struct ActionRig {
 
     ListItem& watch(const std::string& path, const std::string& freeSpace = "1,000 KB") {
         ListItem& row = list.Add(path);
-        row.setSubItems(1, freeSpace);
+        WatchRow(row).setFreeSpace(freeSpace);
         return row;
     }
     /// That row is the short one, and its first alert has been raised.
@@ -65,7 +69,7 @@ struct ActionRig {
         drive = machine.platform().fso.GetDrive("C:");
         shortage.reset(
             new Shortage{row, list.ListItems(row).Text(), *drive, 5000, shortageText, "stamp", ""});
-        list.ListItems(row).setSubTag(4, shortageText);
+        WatchRow(list.ListItems(row)).setFirstAlert(shortageText);
         machine.log.clear();
     }
     /// The short row watches that text.
@@ -76,8 +80,8 @@ struct ActionRig {
     /// A row of LVFile whose path names nothing.
     ListItem& listMissing(const std::string& path, const std::string& size = "n/a") {
         ListItem& row = files.Add(path);
-        row.setTag(path);
-        row.setSubItems(1, size);
+        ListedFile(row).setPath(path);
+        ListedFile(row).setSize(size, "");
         return row;
     }
     /// A listed file of so many bytes.
@@ -110,14 +114,14 @@ struct ActionRig {
     int alertCount() { return form1.LVAlert.Count(); }
     /// "rating | time | text", the newest first.
     std::string alert(int index) {
-        const ListItem& row = form1.LVAlert.ListItems(index);
-        return row.Text() + " | " + row.SubItems(1) + " | " + row.SubItems(2);
+        const ConstAlertRow row(form1.LVAlert.ListItems(index));
+        return row.rating() + " | " + row.time() + " | " + row.text();
     }
     /// The paths of LVFile from the top, with a blank between.
     std::string listed() {
         std::string all;
         for (int i = 1; i <= files.Count(); ++i) {
-            all += (i > 1 ? " " : "") + files.ListItems(i).Tag();
+            all += (i > 1 ? " " : "") + ConstListedFile(files.ListItems(i)).path();
         }
         return all;
     }

@@ -1,5 +1,6 @@
 // The action that picks another row as the target of a move.
 #include "alerts/actions/action_rig.h"
+#include "rows/watch_row.h"
 
 namespace velmora::tests {
 namespace {
@@ -89,7 +90,7 @@ TEST_F(AutoMoveTest, TheThresholdIsReadAgainFromTheBox) {
 TEST_F(AutoMoveTest, TheThresholdIsReadAgainFromTheRowUnderTheSecondOption) {
     useNumber();
     watch("D:\\");
-    list.ListItems(1).setSubItems(3, "55");
+    WatchRow(list.ListItems(1)).setTrigger("55");
     form1.OpDriv[1].choose();
     EXPECT_EQ(autoMove(), 0);
     EXPECT_EQ(shortage->lngMinSpace, 55);
@@ -107,9 +108,9 @@ TEST_F(AutoMoveTest, AnEmptyThresholdIsAnErrorAfterTheMove) {
 
 TEST_F(AutoMoveTest, ATargetThatGoesDuringTheYieldDoesNotMatter) {
     useNumber();
-    watch("E:\\").setSubItems(3, "100");
+    WatchRow(watch("E:\\")).setTrigger("100");
     form1.OpDriv[1].choose();
-    list.ListItems(1).setSubItems(3, "55");
+    WatchRow(list.ListItems(1)).setTrigger("55");
     listFile("E:\\a");
     host.onYield = [this](int) { list.Remove(2); };
     EXPECT_EQ(autoMove(), 0);

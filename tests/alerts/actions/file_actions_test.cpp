@@ -1,5 +1,6 @@
 // One file moved, deleted, recycled or moved by choice of a row, and what is told of it.
 #include "alerts/actions/action_rig.h"
+#include "rows/watch_row.h"
 
 namespace velmora::tests {
 namespace {
@@ -168,7 +169,7 @@ TEST_F(FileActionsTest, AutoMoveWithoutRoomShowsNothing) {
 }
 
 TEST_F(FileActionsTest, AlertsOfFilesBelongToNoRow) {
-    list.ListItems(1).setSubTag(4, "Auto Send File to Recycle Bin: C:\\a");
+    WatchRow(list.ListItems(1)).setFirstAlert("Auto Send File to Recycle Bin: C:\\a");
     act(3, "C:\\a");
     EXPECT_EQ(alertCount(), 1);
 }

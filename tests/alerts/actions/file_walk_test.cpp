@@ -1,5 +1,6 @@
 // The walk over the listed files of one root: which file it takes, and where it ends.
 #include "alerts/actions/action_rig.h"
+#include "rows/watch_row.h"
 
 namespace velmora::tests {
 namespace {
@@ -240,7 +241,7 @@ TEST_F(FileWalkOnTest, AFileThatWasNotHandledEndsIt) {
 }
 
 TEST_F(FileWalkOnTest, UnderTheSecondOptionTheRowsOwnThresholdCounts) {
-    list.ListItems(2).setSubItems(3, "99");
+    WatchRow(list.ListItems(2)).setTrigger("99");
     form1.OpDriv[1].choose();
     form1.txtSpace.setText("100");
     walk(2);
@@ -255,7 +256,7 @@ TEST_F(FileWalkOnTest, AnEmptyThresholdOfTheRowMeansThatOfTheBox) {
 }
 
 TEST_F(FileWalkOnTest, UnderTheFirstOptionTheRowsOwnThresholdDoesNotCount) {
-    list.ListItems(2).setSubItems(3, "99");
+    WatchRow(list.ListItems(2)).setTrigger("99");
     walk(2);
     EXPECT_EQ(left(), 0);
 }

@@ -1,5 +1,6 @@
 // Moving the listed files of the short drive to the root of the specified path.
 #include "alerts/actions/action_rig.h"
+#include "rows/watch_row.h"
 
 namespace velmora::tests {
 namespace {
@@ -153,8 +154,8 @@ TEST_F(MoveActionTest, SequentialActionDoesNotMatterHere) {
 TEST_F(MoveActionTest, TheAlertBelongsToTheShortRow) {
     // A repeat of the row's first alert is dropped, which only happens to alerts of a row.
     listMissing("C:\\gone");
-    list.ListItems(1).setSubTag(
-        4, " - ALERTFailed Moved File; file does not exist: C:\\goneD:\\\r\n.\r\n");
+    WatchRow(list.ListItems(1))
+        .setFirstAlert(" - ALERTFailed Moved File; file does not exist: C:\\goneD:\\\r\n.\r\n");
     move();
     EXPECT_EQ(alertCount(), 0);
     EXPECT_EQ(strAlert(), "");

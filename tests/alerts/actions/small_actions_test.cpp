@@ -1,5 +1,7 @@
 // Recycling, sound, bin, programs, mail, cleaner, pause, and the entries without an action.
 #include "alerts/actions/action_rig.h"
+#include "rows/listed_file.h"
+#include "rows/watch_row.h"
 
 namespace velmora::tests {
 namespace {
@@ -78,7 +80,7 @@ TEST_F(SmallActionsTest, ASharesRootIsNeverSentToTheBinInWhateverSpelling) {
     listFile("C:\\2");
     for (const char* path : {"\\\\server\\share", "//server/share", "\\\\server/share/",
                              "\\\\?\\UNC\\server\\share", "\\\\.\\C:\\2", "\\\\server"}) {
-        files.ListItems(1).setTag(path);
+        ListedFile(files.ListItems(1)).setPath(path);
         EXPECT_EQ(errorOf(act::recycle), error::permissionDenied) << path;
     }
     EXPECT_TRUE(machine.operations.empty());
@@ -87,7 +89,7 @@ TEST_F(SmallActionsTest, ASharesRootIsNeverSentToTheBinInWhateverSpelling) {
 TEST_F(SmallActionsTest, APathWithANulInsideIsNeverTakenForTwo) {
     listFile("C:\\1");
     listFile("C:\\2");
-    files.ListItems(1).setTag(std::string("C:\\1\0C:\\2", 9));
+    ListedFile(files.ListItems(1)).setPath(std::string("C:\\1\0C:\\2", 9));
     EXPECT_EQ(errorOf(act::recycle), error::permissionDenied);
     EXPECT_TRUE(machine.operations.empty());
     EXPECT_TRUE(exists("C:\\1"));
@@ -116,7 +118,7 @@ TEST_F(SmallActionsTest, NoOtherRowGoesWhenThatOfTheSentFileWasTakenAwayMeanwhil
 
 TEST_F(SmallActionsTest, NotesBelongToNoRow) {
     // A repeat of the row's first alert would be dropped.
-    list.ListItems(1).setSubTag(4, "Recycle Bin Content Emptied.");
+    WatchRow(list.ListItems(1)).setFirstAlert("Recycle Bin Content Emptied.");
     run(act::emptyBin);
     EXPECT_EQ(alertCount(), 1);
 }

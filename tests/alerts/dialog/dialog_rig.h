@@ -14,6 +14,8 @@
 #include "fake/alert_ports.h"
 #include "fake/fake_host.h"
 #include "fake/fake_machine.h"
+#include "rows/watch_columns.h"
+#include "rows/watch_row.h"
 
 namespace velmora::tests {
 
@@ -38,9 +40,7 @@ struct DialogRig {
     const std::string logPath = "C:\\Program Files\\Velmora\\log.dat";
     const std::string cleanerFile = "C:\\Program Files\\Velmora\\clen.dat";
 
-    DialogRig() {
-        for (int i = 0; i < 5; ++i) form1.ListView1.addColumn({});
-    }
+    DialogRig() { addWatchColumns(form1.ListView1); }
 
     void tick(int times = 1) {
         for (int i = 0; i < times; ++i) dialog.Timer1.Tick();
@@ -57,7 +57,7 @@ struct DialogRig {
     const std::string& pending() { return dialog.lblAl[3].Tag(); }
     /// A row of the watch list with that state.
     void row(const std::string& path, const std::string& state) {
-        form1.ListView1.Add(path).setReportIcon(1, state);
+        WatchRow(form1.ListView1.Add(path)).setStateIcon(state);
     }
     std::vector<int> tickedActions() {
         std::vector<int> ticked;

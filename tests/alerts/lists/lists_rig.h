@@ -13,6 +13,8 @@
 #include "base/text.h"
 #include "fake/alert_ports.h"
 #include "fake/fake_surface.h"
+#include "rows/alert_row.h"
+#include "rows/listed_file.h"
 
 namespace velmora::tests {
 
@@ -74,7 +76,7 @@ struct ListsRig {
     /// A row as the actions see it.
     ListItem& row(const std::string& tag, bool selected = false) {
         ListItem& added = list.Add(fileNameOf(tag));
-        added.setTag(tag);
+        ListedFile(added).setPath(tag);
         added.setSelected(selected);
         return added;
     }
@@ -107,8 +109,8 @@ struct ListsRig {
         std::vector<std::string> all;
         const ListView& rows = forms.form1.LVAlert;
         for (int i = 1; i <= rows.Count(); ++i) {
-            const ListItem& each = rows.ListItems(i);
-            all.push_back(each.SubItems(1) + " | " + each.Text() + " | " + each.SubItems(2));
+            const ConstAlertRow each(rows.ListItems(i));
+            all.push_back(each.time() + " | " + each.rating() + " | " + each.text());
         }
         return all;
     }
