@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "bench_program.h"
+#include "rows/watch_row.h"
 
 using namespace velmora;
 
@@ -42,9 +43,8 @@ void measure(int rows) {
     std::vector<std::string> roots;
     for (int i = 1; i <= form1.ListView1.Count(); ++i) {
         // Drives that may block are asked in another process; the bare call can't be compared.
-        if (form1.ListView1.ListItems(i).SubItems(1).find("N/A") == std::string::npos) {
-            roots.push_back(form1.ListView1.ListItems(i).Text());
-        }
+        const ConstWatchRow row(form1.ListView1.ListItems(i));
+        if (row.isAvailable()) roots.push_back(row.path());
     }
     const auto folders = mountPoints(*program.machine, roots);
     form1.ListView1.Clear();

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "bench_program.h"
+#include "rows/watch_row.h"
 #include "scratch_folder.h"
 
 using namespace velmora;
@@ -25,15 +26,14 @@ void watch(bench::Program& program, int rows) {
     ListView& list = program.forms.form1.ListView1;
     std::vector<std::string> roots;
     for (int i = 1; i <= list.Count(); ++i) {
-        if (list.ListItems(i).SubItems(1).find("N/A") == std::string::npos) {
-            roots.push_back(list.ListItems(i).Text());
-        }
+        const ConstWatchRow row(list.ListItems(i));
+        if (row.isAvailable()) roots.push_back(row.path());
     }
-    const std::string free = list.ListItems(1).SubItems(1);
+    const std::string free = ConstWatchRow(list.ListItems(1)).freeSpace();
     list.Clear();
     for (int i = 0; i < rows; ++i) {
         ListItem& row = list.Add(roots[static_cast<std::size_t>(i) % roots.size()]);
-        row.setSubItems(1, free);
+        WatchRow(row).setFreeSpace(free);
         row.setChecked(true);
     }
 }

@@ -90,7 +90,7 @@ TEST_F(OperationsCoreTest, ADeletionWhileACheckYieldsEndsTheCheckAndTouchesNothi
         if (yield == 1) form1.cmdDelete.userClick();
     };
     tickUntilCheck();
-    // The tick behind the deletion waits, and what every tick does at its end stops the check.
+    // The tick after the deletion waits, and what every tick does at its end stops the check.
     EXPECT_EQ(forms.globals.lngTimesChecked, 1);
     EXPECT_FALSE(secondPanelShowed("Checking: D:\\"));
     ASSERT_GE(secondPanel.size(), 2u);

@@ -86,7 +86,7 @@ TEST(CheckFault, TheErrorsAlertIsHighAndBelongsToNoRow) {
     rig.tick();
     EXPECT_TRUE(rig.forms.sysWorkSystray.tmrSystray.Enabled());
     EXPECT_EQ(rig.forms.globals.lngHighRatedAlerts, 2);
-    // The row's stamp is the shortage's, and the same error is told again.
+    // The row's stamp is the shortage's, and the same error is reported again.
     EXPECT_EQ(ConstWatchRow(rig.list.ListItems(1)).firstAlert(),
               " - ALERT: Space Shortage < 1000 KB Drive: C:[5 KB]");
     rig.tick();

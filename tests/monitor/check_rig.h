@@ -67,7 +67,7 @@ struct CheckRig : Rig {
     }
     int timesChecked() { return forms.globals.lngTimesChecked; }
 
-    /// What every tick leaves behind, whatever it met.
+    /// The state that every tick leaves, whatever it met.
     void expectRest() {
         EXPECT_FALSE(forms.globals.bChecking);
         EXPECT_TRUE(form1.Timer1.Enabled());

@@ -175,7 +175,7 @@ TEST(DriveMeter, AFolderThatIsGoneHasNoCounts) {
 
 TEST(DriveMeter, AFolderThatCanNotBeReadHasNoCounts) {
     MeterRig rig;
-    rig.machine.log.failCall(2, error::pathNotFound);  // behind GetFolder
+    rig.machine.log.failCall(2, error::pathNotFound);  // after GetFolder
     rig.show("500 KB", "1,000 KB");
     EXPECT_EQ(rig.lines(),
               (Texts{"Size=1,000 KB", "Free Space=500 KB", "Folders=N/A", "Files=N/A"}));

@@ -1,4 +1,4 @@
-// The event pass of a row: the order of its tests, what the status panels tell, and its summary.
+// The event pass of a row: the order of its tests, what the status panels show, and its summary.
 #include "base/errors.h"
 #include "monitor/event_rig.h"
 
@@ -132,7 +132,7 @@ TEST(EventUnavailable, TheFaultPathEndsTheCheckAtThatRow) {
     rig.setInterval(0, 0, 5);
     rig.tick();
     EXPECT_EQ(rig.alert(1), std::string("High | ") + stampDateTime + " | Error: Object required");
-    // What the row's other tests had found is dropped, and nothing behind the events is done.
+    // What the row's other tests had found is dropped, and nothing after the events is done.
     EXPECT_EQ(rig.alertCount(), 1);
     EXPECT_EQ(rig.form1.txtAlert.Text(), "");
     EXPECT_EQ(rig.count("prcSetPrevInfoLV C:\\"), 0);

@@ -140,7 +140,7 @@ struct Rig {
         host.dialogs.clear();
         host.yields = 0;
     }
-    /// Adds a row, ticked unless told otherwise.
+    /// Adds a row, ticked by default.
     ListItem& row(const std::string& path, bool ticked = true) {
         ListItem& added = list.Add(path);
         added.setChecked(ticked);

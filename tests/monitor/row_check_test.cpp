@@ -229,7 +229,7 @@ TEST(RowCheck, TheRowsIconTurnsToAlertAfterTheActions) {
 TEST(RowCheck, ADriveIsReadOncePerCheck) {
     CheckRig rig;
     rig.watch("C:\\", 999);
-    // What the drive tells changes between the test and the text: one reading answers both.
+    // What the drive answers changes between the test and the text: one reading answers both.
     rig.machine.onCall = [&](const std::string& call) {
         if (call == "FreeSpace C:") rig.machine.drives["C:"].freeBytes = 1 * KB;
     };

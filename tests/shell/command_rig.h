@@ -69,7 +69,7 @@ struct CommandRig {
         for (const std::string& path : paths) list.Add(path);
         list.userSelect({list.Count()});
     }
-    /// What the shell was told: the owner, the verb and the file.
+    /// What the shell was asked to run: the owner, the verb and the file.
     Texts orders() const {
         Texts all;
         for (const ShellExecuteInfo& info : machine.executed) {

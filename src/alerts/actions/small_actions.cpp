@@ -18,7 +18,7 @@ constexpr const char* cleanerSet = "12";
 void SmallActions::recycle(Shortage& shortage) {
     ListView& files = parts_.forms.form1.LVFile;
     const ListedRow first = listedRow(files, 1);
-    // The shell may ask, and handlers run meanwhile: the row may stand elsewhere behind it.
+    // The shell may ask, and handlers run meanwhile: the row may stand elsewhere afterwards.
     parts_.system.prcSendToBin(first.path, file_operation::allowUndo);
     removeListedRow(files, first);
     // The short row's index in the list of files: it names another file than the one sent.

@@ -1,4 +1,4 @@
-// One file moved, deleted, recycled or moved by choice of a row, and what is told of it.
+// One file moved, deleted, recycled or moved by choice of a row, and its report.
 #include "alerts/actions/action_rig.h"
 #include "rows/watch_row.h"
 
