@@ -66,7 +66,7 @@ TEST(Animation, TheSecondNumberPlaysOrStops) {
     EXPECT_FALSE(rig.animation.Playing());
 }
 
-TEST(Animation, ACheckShowsTheAlertOnAShortageAndRestsOnTheOtherClip) {
+TEST(Animation, ACheckPlaysTheAlertClipOnAShortageAndStopsOnTheOtherClip) {
     AnimationRig rig;
     rig.load();
     rig.drive("C:", 5, 100);

@@ -70,7 +70,7 @@ TEST(CheckPacing, LessThanASecondStaysMilliseconds) {
     EXPECT_EQ(wordsWithRest(1), "Ready. Check in: 1 (sec.)");
 }
 
-TEST(CheckPacing, AMillisecondMoreIsToldInSeconds) {
+TEST(CheckPacing, AMillisecondMoreIsShownInSeconds) {
     EXPECT_EQ(wordsWithRest(1001), "Ready. Check in: 1 (sec.)");
 }
 
@@ -82,7 +82,7 @@ TEST(CheckPacing, HalfSecondsRoundToTheEvenSecond) {
     EXPECT_EQ(wordsWithRest(3500), "Ready. Check in: 4 (sec.)");
 }
 
-TEST(CheckPacing, ARestOfNothingIsDue) {
+TEST(CheckPacing, ARestOfZeroIsDue) {
     CheckRig rig;
     rig.check();
     rig.setInterval(0, 1, 0);
@@ -105,11 +105,11 @@ TEST(CheckPacing, AnIntervalOfSixtyFiveSecondsIsCheckedOnTheTimersStep) {
     }
     rig.tick();
     EXPECT_EQ(rig.timesChecked(), 2);
-    // What was counted too far is forgotten.
+    // The surplus of the count is dropped.
     EXPECT_EQ(rig.checkCycle.lngElapsedMs(), 0);
 }
 
-TEST(CheckPacing, AnIntervalOfNothingChecksAtEveryTick) {
+TEST(CheckPacing, AnIntervalOfZeroChecksAtEveryTick) {
     CheckRig rig;
     rig.setInterval(0, 0, 0);
     for (int i = 1; i <= 3; ++i) {
@@ -118,7 +118,7 @@ TEST(CheckPacing, AnIntervalOfNothingChecksAtEveryTick) {
     }
 }
 
-TEST(CheckPacing, AShorterIntervalIsTakenUpAtTheNextTick) {
+TEST(CheckPacing, AShorterIntervalCountsFromTheNextTick) {
     CheckRig rig;
     rig.check();
     rig.setInterval(1, 0, 0);
@@ -158,7 +158,7 @@ TEST(CheckPacing, AWaitingTickStopsTheTimerAndStartsItAgain) {
     EXPECT_EQ(states, (std::vector<bool>{false, true}));
 }
 
-TEST(CheckPacing, AWaitingTickLeavesTheProgramAtRest) {
+TEST(CheckPacing, AWaitingTickChangesNothingElse) {
     CheckRig rig;
     rig.forms.globals.bChecking = true;
     rig.list.setEnabled(false);
@@ -178,7 +178,7 @@ TEST(CheckPacing, AWaitingTickAsksTheMachineNothing) {
     EXPECT_EQ(rig.host.yields, 0);
 }
 
-TEST(CheckPacing, AHiddenWindowComesUpOnlyWhenAskedTo) {
+TEST(CheckPacing, AHiddenWindowIsShownOnlyWhenTheOptionIsTicked) {
     CheckRig rig;
     rig.form1.Hide();
     rig.tick();

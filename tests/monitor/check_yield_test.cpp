@@ -1,5 +1,5 @@
-// Other handlers run at the yields of a check: whatever they do to the list at whichever yield, the
-// tick ends properly and the next check works.
+// Other handlers run at the yields of a check. Whatever they do to the list, and at whichever
+// yield, the tick ends properly and the next check works.
 #include <functional>
 
 #include "monitor/check_rig.h"
@@ -92,8 +92,9 @@ TEST(CheckYield, RemovingTheFirstRowEndsThePassQuietly) {
     }
 }
 
-TEST(CheckYield, TheRowBehindARemovedOneIsPassedOver) {
-    // At the yield of the second row the first goes: the third is second now, and C: is missed.
+TEST(CheckYield, TheRowAfterARemovedOneIsSkipped) {
+    // The first row is removed at the yield of the second: the third is second now, and C: is
+    // missed.
     DisturbedCheck rig(1 + yieldsPerRow, [](auto& running) { running.list.Remove(1); });
     EXPECT_EQ(rig.at(1).lastChecked(), "");
     EXPECT_EQ(rig.at(2).lastChecked(), "03/14 15:09:26");
@@ -109,7 +110,7 @@ TEST(CheckYield, AnAddedRowWaitsForTheNextCheck) {
     }
 }
 
-TEST(CheckYield, ARowAddedWhileTheLastIsReachedKeepsTheListDisabledUntilTheEnd) {
+TEST(CheckYield, ARowAddedAtTheLastRowKeepsTheListDisabledUntilTheEnd) {
     bool enabled = true;
     DisturbedCheck rig(yieldOfLastRow, [&](auto& running) {
         running.watch("F:\\", 5);
@@ -119,7 +120,7 @@ TEST(CheckYield, ARowAddedWhileTheLastIsReachedKeepsTheListDisabledUntilTheEnd) 
     EXPECT_TRUE(rig.list.Enabled());
 }
 
-TEST(CheckYield, AnUntickedRowIsLeftOutIfItsTurnIsStillToCome) {
+TEST(CheckYield, ARowUntickedBeforeItIsReachedIsLeftOut) {
     for (int n = 1; n <= yieldsInAll; ++n) {
         SCOPED_TRACE(n);
         DisturbedCheck rig(n, [](auto& running) { running.list.ListItems(3).setChecked(false); });
@@ -130,7 +131,7 @@ TEST(CheckYield, AnUntickedRowIsLeftOutIfItsTurnIsStillToCome) {
     }
 }
 
-TEST(CheckYield, ARowTickedInTimeIsMeasured) {
+TEST(CheckYield, ARowTickedBeforeItIsReachedIsMeasured) {
     for (int n = 1; n <= yieldOfLastRow; ++n) {
         SCOPED_TRACE(n);
         CheckRig rig;
@@ -145,7 +146,7 @@ TEST(CheckYield, ARowTickedInTimeIsMeasured) {
     }
 }
 
-TEST(CheckYield, ASortedListIsWalkedOnInItsNewOrder) {
+TEST(CheckYield, AfterASortTheCheckGoesOnInTheNewOrder) {
     for (int n = 1; n <= yieldsInAll; ++n) {
         SCOPED_TRACE(n);
         DisturbedCheck rig(n, [](auto& running) { running.list.sortBy(0, 1); });
@@ -174,7 +175,7 @@ TEST(CheckYield, ACancelledCheckClosesAtTheNextRow) {
     }
 }
 
-TEST(CheckYield, AnActionTickedBehindThePresentOneStillRuns) {
+TEST(CheckYield, AnActionTickedAfterThePresentOneStillRuns) {
     CheckRig rig;
     rig.watch("C:\\", 5);
     rig.form1.lstAct.setSelected(act::remove, true);

@@ -15,7 +15,7 @@ TEST(LifeCycle, TheWatchListHasFiveColumnsTheMiddleOnesToTheRight) {
         headers.push_back(rig.list.ColumnHeaders(i).Text);
         right.push_back(rig.list.ColumnHeaders(i).alignment == Alignment::right);
     }
-    // The choice of KB at the end of the start has changed the fourth header.
+    // At the end of the start the choice of KB has changed the fourth header.
     EXPECT_EQ(headers, (Texts{"Drive Path", "Free Space", "Total Size", "Trigger S(KB)",
                               "Time Last Checked"}));
     EXPECT_EQ(right, (std::vector<bool>{false, true, true, true, false}));
@@ -60,7 +60,7 @@ TEST(LifeCycle, TheLogLiesInTheProgramsFolder) {
     EXPECT_EQ(rig.form1.lblLog.Caption(), "C:\\Program Files\\Velmora\\log.dat");
 }
 
-TEST(LifeCycle, SizesAreInKilobytesAtTheStart) {
+TEST(LifeCycle, TheUnitIsKilobytesAtTheStart) {
     Rig rig;
     rig.load();
     EXPECT_TRUE(rig.form1.OpDriv[0].Value());
@@ -132,7 +132,7 @@ TEST(LifeCycle, TheIconGoesBeforeTheWindowIsHidden) {
         explicit Area(Form1& window) : form1(window) {}
         bool Shell_NotifyIconA(NotifyMessage, const NotifyIconData&) override {
             wasVisible = form1.Visible();
-            return false;  // an icon that isn't there is no reason to stay
+            return false;  // a missing icon doesn't keep the program from ending
         }
         Form1& form1;
         bool wasVisible = false;
@@ -158,7 +158,7 @@ TEST(LifeCycle, TheIconGoesBeforeTheWindowIsHidden) {
     EXPECT_FALSE(rig.form1.Visible());
 }
 
-TEST(LifeCycle, TheQuestionComesInFrontOfTheWindow) {
+TEST(LifeCycle, TheQuestionIsShownInFrontOfTheWindow) {
     Rig rig;
     rig.load();
     rig.host.onBox = [&](const Box&) { rig.calls.push_back("question"); };
@@ -175,7 +175,7 @@ TEST(LifeCycle, AFailedQuestionPutsTheWindowInFrontAgain) {
     EXPECT_TRUE(rig.form1.Visible());
 }
 
-TEST(LifeCycle, TheTimersRunOnBehindAClosedWindow) {
+TEST(LifeCycle, TheTimersKeepRunningAfterTheWindowIsClosed) {
     Rig rig;
     rig.load();
     rig.lifeCycle.Form_Unload();

@@ -50,7 +50,7 @@ TEST(RowTrigger, FreeSpaceBeyondThirtyTwoBitsIsNoProblem) {
     EXPECT_EQ(rig.timesChecked(), 1);
 }
 
-TEST(RowTrigger, ATriggerOfNothingIsNeverMet) {
+TEST(RowTrigger, ATriggerOfZeroIsNeverAShortage) {
     CheckRig rig;
     rig.form1.txtSpace.setText("0");
     rig.watch("C:\\", 0);
@@ -141,7 +141,7 @@ TEST(RowTrigger, MoreThanAHundredPercentClosesTheCheckWithAMessage) {
     rig.expectRest();
 }
 
-TEST(RowTrigger, TheSecondRowMeetsTheFirstRowsKilobytesAndEndsThePass) {
+TEST(RowTrigger, TheSecondRowGetsTheFirstRowsKilobytesAndEndsThePass) {
     CheckRig rig;
     rig.watch("C:\\", 5000, 10000);
     rig.watch("D:\\", 5, 10000);
@@ -188,7 +188,7 @@ TEST(RowTrigger, TheNextCheckReadsThePercentAnew) {
     EXPECT_EQ(rig.timesChecked(), 2);
 }
 
-TEST(RowTrigger, IndividualPercentIsReadForEveryRow) {
+TEST(RowTrigger, IndividualPercentIsReadAnewForEveryRow) {
     CheckRig rig;
     rig.watch("C:\\", 999, 10000);
     rig.watch("D:\\", 5000, 10000);

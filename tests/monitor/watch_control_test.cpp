@@ -15,7 +15,7 @@ struct Watching : CheckRig {
     }
 };
 
-TEST(WatchControl, ThePauseButtonBeginsAsAStart) {
+TEST(WatchControl, ThePauseButtonSaysStartAtFirst) {
     CheckRig rig;
     EXPECT_EQ(rig.form1.cmdPause.Caption(), "Start Watch");
     EXPECT_TRUE(rig.form1.Timer1.Enabled());
@@ -55,7 +55,7 @@ TEST(WatchControl, StartingRunsTheTimerAndSaysSoEverywhere) {
     EXPECT_TRUE(rig.host.boxes.empty());
 }
 
-TEST(WatchControl, TheTrayIconIsModifiedWhenTheNewTipStands) {
+TEST(WatchControl, TheTrayIconIsModifiedAfterTheNewTipIsSet) {
     Watching rig;
     Texts tips;
     rig.tray.onModify = [&] { tips.push_back(rig.forms.globals.sTrayTip); };
@@ -119,7 +119,7 @@ TEST(WatchControl, AnyCaptionWithPauseInAnyLetterCaseMeansWatching) {
     }
 }
 
-TEST(WatchControl, TheFirstFinishedCheckTurnsTheStartIntoWatching) {
+TEST(WatchControl, TheFirstFinishedCheckTurnsTheStartButtonIntoPause) {
     CheckRig rig;
     rig.watch("C:\\", 5000);
     EXPECT_EQ(rig.form1.cmdPause.Caption(), "Start Watch");
@@ -153,8 +153,8 @@ TEST(WatchControlMenu, PausesWhenTheToolBarOffersAPause) {
     EXPECT_TRUE(rig.form1.mnuPause.Checked());
 }
 
-// The menu goes by the tool bar's caption and the toggle by its own, so that they can differ.
-TEST(WatchControlMenu, TheToolBarIsTurnedAroundWhicheverWayTheToggleWent) {
+// The menu reads the tool bar's caption and the toggle its own, so they can differ.
+TEST(WatchControlMenu, TheToolBarsCaptionIsReversedWhicheverWayTheToggleWent) {
     Watching rig;
     rig.form1.Toolbar1.setButtonCaption(1, "Start");
     rig.form1.mnuPause.Click();
@@ -203,7 +203,7 @@ TEST(WatchControlTip, TheStateIconOfARowIsNotTheOneThatCounts) {
               Texts{"prcToolTipText Velmora\r\n1 onWatch. \r\n0 KB Total Free. \r\n0 Alert(s)."});
 }
 
-TEST(WatchControlTip, RowsThatAreNotAvailableAreLeftOutAndOddTextsCountNothing) {
+TEST(WatchControlTip, RowsThatAreNotAvailableAreLeftOutAndOtherTextsCountAsZero) {
     CheckRig rig;
     for (const char* text : {"N/A, drive not ready", "n/a", "soon KB", "", " 700  KB "}) {
         WatchRow(rig.row("C:\\")).setFreeSpace(text);
@@ -224,7 +224,7 @@ TEST(WatchControlTip, AnEmptyListHasNothingOnWatch) {
     EXPECT_EQ(rig.host.yields, 0);
 }
 
-TEST(WatchControlTip, SumsBeyond32BitsAreTold) {
+TEST(WatchControlTip, SumsBeyond32BitsAreShown) {
     CheckRig rig;
     for (int i = 0; i < 3; ++i) WatchRow(rig.row("C:\\")).setFreeSpace("2,000,000,000 KB");
     rig.form1.TimerCust.Tick();
@@ -232,7 +232,7 @@ TEST(WatchControlTip, SumsBeyond32BitsAreTold) {
               Texts{"prcToolTipText Velmora\r\n3 onWatch. \r\n6.0 TB Total Free. \r\n0 Alert(s)."});
 }
 
-TEST(WatchControlTip, IsNotHandedToAHiddenIcon) {
+TEST(WatchControlTip, IsNotPassedToAHiddenIcon) {
     CheckRig rig;
     rig.form1.chkSystray.setValue(0);
     rig.clearRecords();
@@ -253,7 +253,7 @@ TEST(WatchControlTip, RowsRemovedInAYieldEndTheCounting) {
     EXPECT_EQ(rig.alertCount(), 0);
 }
 
-TEST(WatchControlTip, RowsAddedInAYieldAreLeftForTheNextMinute) {
+TEST(WatchControlTip, RowsAddedInAYieldCountInTheNextMinute) {
     CheckRig rig;
     WatchRow(rig.row("C:\\")).setFreeSpace("100 KB");
     rig.host.onYield = [&](int) { WatchRow(rig.row("D:\\")).setFreeSpace("100 KB"); };
@@ -263,7 +263,7 @@ TEST(WatchControlTip, RowsAddedInAYieldAreLeftForTheNextMinute) {
               "prcToolTipText Velmora\r\n1 onWatch. \r\n100.0 KB Total Free. \r\n0 Alert(s).");
 }
 
-TEST(WatchControlTip, IsTheTipFromThenOn) {
+TEST(WatchControlTip, StaysTheTipFromThenOn) {
     CheckRig rig;
     rig.form1.TimerCust.Tick();
     EXPECT_EQ(rig.forms.globals.sTrayTip,

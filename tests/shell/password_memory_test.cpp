@@ -15,7 +15,7 @@
 namespace velmora::tests {
 namespace {
 
-// A password that only ever exists in disguise, and in the texts that are typed.
+// A password that exists only in its disguised form and in the texts that are typed.
 template <std::size_t N>
 constexpr std::array<unsigned char, N - 1> disguise(const char (&text)[N]) {
     std::array<unsigned char, N - 1> result{};
@@ -23,7 +23,7 @@ constexpr std::array<unsigned char, N - 1> disguise(const char (&text)[N]) {
     return result;
 }
 
-// Made by the compiler, so that the words themselves are no part of the program.
+// Disguised by the compiler, so that the words themselves are not in the program.
 constexpr auto shortOne = disguise("Kx7!pQz");  // within a string's own buffer
 constexpr auto middleOne = disguise("Wq9?vT4#mZ_1b");
 constexpr auto longOne = disguise("Gh3$kP8%xN5&dR2*yL6+wC_0");  // beyond it
@@ -58,8 +58,8 @@ struct PasswordMemoryTest : testing::TestWithParam<std::vector<unsigned char>>, 
         press();
     }
 
-    // What a cut or moved text leaves behind begins with a NUL, so the password's end is looked
-    // for.
+    // The remains of a shortened or moved text begin with a NUL, so the end of the password is
+    // searched for.
     static constexpr std::ptrdiff_t tailSize = 6;
     MemorySearch search{{GetParam().end() - tailSize, GetParam().end()}};
     std::vector<std::string> steps;
@@ -67,7 +67,7 @@ struct PasswordMemoryTest : testing::TestWithParam<std::vector<unsigned char>>, 
     ProgramLock lock{forms, host, tray};
 };
 
-TEST_P(PasswordMemoryTest, IsInOnePlaceWhileLockedAndNowhereAfterUnlocking) {
+TEST_P(PasswordMemoryTest, IsInOnePlaceWhileLockedAndGoneAfterUnlocking) {
     ASSERT_EQ(search.count(), 0u);
     lockUp();
     ASSERT_TRUE(globals.bLocked);
@@ -97,7 +97,7 @@ TEST_P(PasswordMemoryTest, IsNowhereWhenTheEntryIsReplacedByAnother) {
     EXPECT_EQ(search.count(), 0u);
 }
 
-TEST_P(PasswordMemoryTest, IsNowhereWhenItWasTypedToThePresentText) {
+TEST_P(PasswordMemoryTest, IsNowhereWhenItWasTypedTwice) {
     prcSrvFrm(forms);
     type();
     type();
@@ -131,7 +131,7 @@ TEST_P(PasswordMemoryTest, AWrongAttemptIsNowhereOnceTheEntryIsCleared) {
     EXPECT_EQ(search.count(), 0u);
 }
 
-TEST_P(PasswordMemoryTest, IsNowhereWhenTheEntryGrewAtItsFront) {
+TEST_P(PasswordMemoryTest, IsNowhereWhenTextWasPutBeforeIt) {
     prcSrvFrm(forms);
     type();
     forms.frmLock.Text1.prepend("x");
@@ -142,7 +142,7 @@ TEST_P(PasswordMemoryTest, IsNowhereWhenTheEntryGrewAtItsFront) {
     EXPECT_EQ(search.count(), 0u);
 }
 
-TEST_P(PasswordMemoryTest, IsNowhereWhenItWasPutInFront) {
+TEST_P(PasswordMemoryTest, IsNowhereWhenItWasPutBeforeOtherText) {
     std::string typed = password();
     forms.frmLock.Text1.prepend(typed);
     wipe(typed);
@@ -150,7 +150,7 @@ TEST_P(PasswordMemoryTest, IsNowhereWhenItWasPutInFront) {
     EXPECT_EQ(search.count(), 0u);
 }
 
-TEST_P(PasswordMemoryTest, IsNowhereWhenItsTextBoxIsGone) {
+TEST_P(PasswordMemoryTest, IsNowhereWhenItsTextBoxIsDestroyed) {
     {
         Form form("frmLock");
         TextBox box(form, "Text1");

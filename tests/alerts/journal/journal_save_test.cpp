@@ -1,5 +1,5 @@
-// Saving the journal to the log file: what is new at the end of a check, and the whole of it when
-// the alert dialog has dismissed itself.
+// Saving the journal to the log file: the new part at the end of a check, and the whole journal
+// when the alert dialog has hidden itself.
 #include "alerts/journal/log_rig.h"
 
 #include <algorithm>
@@ -10,7 +10,7 @@
 namespace velmora::tests {
 namespace {
 
-TEST(JournalSave, TheFirstSaveOfARunSavesAllThatIsThere) {
+TEST(JournalSave, TheFirstSaveOfARunSavesTheWholeJournal) {
     LogRig rig;
     EXPECT_EQ(rig.mark(), "0");
     rig.enter("first");
@@ -133,7 +133,7 @@ TEST(JournalSave, GoesToTheFileThatTheLabelNames) {
     EXPECT_EQ(rig.machine.files["D:\\logs\\mine.txt"], "1\r\n . \r\n\r\n");
 }
 
-TEST(JournalSave, AFailureLeavesTheMarkSoThatTheNextSaveMakesUpForIt) {
+TEST(JournalSave, AFailureKeepsTheMarkSoThatTheNextSaveIncludesTheRest) {
     for (const int failure : {error::permissionDenied, error::pathFileAccess}) {
         LogRig rig;
         rig.machine.files[rig.path] = "old\r\n";
@@ -172,7 +172,7 @@ TEST(JournalSave, EachSaveIsOneStep) {
     EXPECT_EQ(rig.steps, LogRig::Steps{"appendLine " + rig.path});
 }
 
-// The fastest of several tries: what the machine does beside it only makes one slower.
+// The fastest of several runs: other work of the machine only makes a run slower.
 std::chrono::nanoseconds costOfOneEntry(LogRig& rig) {
     auto best = std::chrono::nanoseconds::max();
     for (int i = 0; i < 20; ++i) {
@@ -184,7 +184,7 @@ std::chrono::nanoseconds costOfOneEntry(LogRig& rig) {
     return best;
 }
 
-TEST(JournalSave, CostsWhatIsNewHoweverLongTheJournal) {
+TEST(JournalSave, CostsAsMuchAsTheNewTextHoweverLongTheJournal) {
     LogRig rig;
     rig.machine.onCall = {};
     for (int i = 0; i < 10; ++i) rig.enter(std::string(100, 'x'));
@@ -219,7 +219,7 @@ TEST(JournalSave, TheDialogsSaveGoesToTheProgramsFolderWhateverTheLabelNames) {
     EXPECT_EQ(rig.machine.files.count("D:\\logs\\mine.txt"), 0u);
 }
 
-TEST(JournalSave, TheDialogsSaveTakesOnePathForAnEmptyJournalAFilesNameAndSignsNoNameCanHold) {
+TEST(JournalSave, TheDialogsSaveAcceptsEveryTextAlsoCharactersThatNoFileNameHas) {
     for (const std::string text :
          {"", "C:\\Program Files\\Velmora\\log.dat", "a*?<>|\":/\r\n\t", "C:\\gone.txt"}) {
         LogRig rig;
@@ -231,7 +231,7 @@ TEST(JournalSave, TheDialogsSaveTakesOnePathForAnEmptyJournalAFilesNameAndSignsN
     }
 }
 
-TEST(JournalSave, TheDialogsSaveHandsItsFailureOn) {
+TEST(JournalSave, TheDialogsSavePassesItsFailureOn) {
     LogRig rig;
     rig.enter("1");
     rig.machine.lockedFiles[rig.path] = error::permissionDenied;

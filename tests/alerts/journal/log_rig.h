@@ -1,5 +1,4 @@
-// The activity log on a machine and a user in memory, with a record of what was asked in which
-// order.
+// The activity log on a machine and a user in memory, with a record of all calls in their order.
 #pragma once
 
 #include <string>
@@ -19,7 +18,7 @@ namespace velmora::tests {
 struct LogRig {
     using Steps = std::vector<std::string>;
 
-    Steps steps;  ///< boxes, calls of the machine and the main window's dropping and coming back
+    Steps steps;  ///< boxes, calls of the machine, and changes of the main window's staying on top
     fake::FakeMachine machine;
     fake::FakeHost host;
     fake::RecordedStayOnTop onTop{steps};

@@ -27,7 +27,7 @@ TEST_F(FileButtonsTest, AddAndBrowseAskForFiles) {
     }
 }
 
-TEST_F(FileButtonsTest, TheWatchRestsWhileTheDialogIsOpen) {
+TEST_F(FileButtonsTest, TheWatchIsPausedWhileTheDialogIsOpen) {
     for (const int index : {0, 7}) {
         form1.cmdPause.setCaption("Pause Watch");
         order.clear();
@@ -38,14 +38,14 @@ TEST_F(FileButtonsTest, TheWatchRestsWhileTheDialogIsOpen) {
     }
 }
 
-TEST_F(FileButtonsTest, AWatchThatStandsStillIsLeftSo) {
+TEST_F(FileButtonsTest, APausedWatchStaysPaused) {
     form1.cmdPause.setCaption("Start Watch");
     click(0);
     EXPECT_EQ(host.dialogs.size(), 1u);
     EXPECT_EQ(order, Texts{browsed});
 }
 
-TEST_F(FileButtonsTest, AWatchThatBeganMeanwhileIsNotPausedAgain) {
+TEST_F(FileButtonsTest, AWatchStartedMeanwhileIsNotPausedAgain) {
     form1.cmdPause.setCaption("Pause Watch");
     host.paths = {"C:\\gone"};
     machine.onCall = [this](const std::string&) { form1.cmdPause.setCaption("Pause Watch"); };
@@ -62,7 +62,7 @@ TEST_F(FileButtonsTest, TheWatchGoesOnAlsoWhenAddingFails) {
     EXPECT_EQ(form1.cmdPause.Caption(), "Pause Watch");
 }
 
-TEST_F(FileButtonsTest, RemoveTakesTheSelectedRow) {
+TEST_F(FileButtonsTest, RemoveRemovesTheSelectedRow) {
     threeRows();
     list.userSelect({2});
     click(1);
@@ -85,7 +85,7 @@ TEST_F(FileButtonsTest, RemoveOnAnEmptyListSaysSo) {
     EXPECT_EQ(host.boxes[0].icon, BoxIcon::none);
 }
 
-TEST_F(FileButtonsTest, ClearAllTakesTheRowsAndNoFile) {
+TEST_F(FileButtonsTest, ClearAllRemovesTheRowsAndNoFile) {
     threeRows();
     form1.cboFile.AddItem("C:\\a");
     click(4);
@@ -95,7 +95,7 @@ TEST_F(FileButtonsTest, ClearAllTakesTheRowsAndNoFile) {
     EXPECT_TRUE(host.boxes.empty());
 }
 
-TEST_F(FileButtonsTest, TheLabelsStandForTheirCommandButtons) {
+TEST_F(FileButtonsTest, TheLabelsClickTheirCommandButtons) {
     Texts clicked;
     form1.cmdMove.Click.connect([&] { clicked.push_back("cmdMove"); });
     form1.cmdMoveAll.Click.connect([&] { clicked.push_back("cmdMoveAll"); });
@@ -146,13 +146,13 @@ TEST_F(FileButtonsTest, TheRightButtonPopsUpTheMenuOverRows) {
     EXPECT_EQ(shown, 1);
 }
 
-TEST_F(FileButtonsTest, OnePathDroppedOnTheBoxIsItsText) {
+TEST_F(FileButtonsTest, OnePathDroppedOnTheBoxBecomesItsText) {
     form1.cboFile.userDrop({"C:\\a"});
     EXPECT_EQ(form1.cboFile.Text(), "C:\\a");
     EXPECT_EQ(form1.cboFile.ListCount(), 0);
 }
 
-TEST_F(FileButtonsTest, SeveralPathsDroppedOnTheBoxAreEntries) {
+TEST_F(FileButtonsTest, SeveralPathsDroppedOnTheBoxBecomeEntries) {
     form1.cboFile.setText("kept");
     form1.cboFile.userDrop({"C:\\a", "C:\\gone"});
     EXPECT_EQ(form1.cboFile.Text(), "kept");
