@@ -14,26 +14,29 @@ namespace velmora::qt {
 
 namespace {
 
-// Tells the field when the focus leaves its widget.
+// Reports to the field that the focus has left its widget, also when the widget is destroyed.
 class FocusWatch : public QObject {
   public:
-    FocusWatch(QWidget* widget, TextBox& field, UserHand& hand)
-        : QObject(widget), field_(field), hand_(hand) {
+    FocusWatch(QWidget* widget, TextBox& field, UserHand& hand, const Refresher& refresher)
+        : QObject(widget), field_(field), hand_(hand), refresher_(refresher) {
         widget->installEventFilter(this);
     }
     bool eventFilter(QObject*, QEvent* event) override {
-        if (event->type() == QEvent::FocusOut) hand_.does([this] { field_.loseFocus(); });
+        if (event->type() == QEvent::FocusOut && refresher_.fieldExists()) {
+            hand_.does([this] { field_.loseFocus(); });
+        }
         return false;
     }
 
   private:
     TextBox& field_;
     UserHand& hand_;
+    const Refresher& refresher_;
 };
 
 void showText(QLineEdit* edit, const TextBox& field) {
     const QString text = shown(field.Text());
-    // Writing the same text again would move the caret under the user's hand.
+    // Writing the same text again would move the caret while the user types.
     if (edit->text() != text) edit->setText(text);
     if (field.Focused() && !edit->hasFocus()) {
         edit->setFocus();
@@ -65,7 +68,7 @@ QLineEdit* makeLineEdit(TextBox& field, UserHand& hand) {
     auto* edit = new QLineEdit;
     Refresher* refresher = bindField(edit, field, [edit, &field] { showText(edit, field); });
     if (field.masked()) edit->setEchoMode(QLineEdit::Password);
-    new FocusWatch(edit, field, hand);
+    new FocusWatch(edit, field, hand, *refresher);
     QObject::connect(edit, &QLineEdit::textEdited, edit,
                      [&field, &hand, refresher](const QString& text) {
                          hand.does([&] { field.setText(typed(text)); });
@@ -128,9 +131,7 @@ QComboBox* makeComboBox(ComboBox& field, UserHand& hand) {
     });
     box->lineEdit()->setAccessibleName(box->accessibleName());
     for (QWidget* part : std::initializer_list<QWidget*>{box, box->lineEdit()}) {
-        new FileDrops(
-            part, hand, [&field] { return field.Enabled() && field.Drop.connected(); },
-            [&field](const std::vector<std::string>& paths) { field.userDrop(paths); });
+        takeDrops(part, field, hand);
     }
     QObject::connect(box, &QComboBox::currentTextChanged, box,
                      [&field, &hand](const QString& text) {

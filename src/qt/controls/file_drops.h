@@ -1,4 +1,4 @@
-// Files dropped on a widget from the desktop or a file manager, handed on as drive paths.
+// Files dropped on a widget from the desktop or a file manager, passed on as drive paths.
 #pragma once
 
 #include <QObject>
@@ -16,8 +16,8 @@ namespace velmora::qt {
 class FileDrops : public QObject {
     Q_OBJECT
   public:
-    /// Lets `widget` take files of this machine, whatever else it takes; lives as long as it.
-    /// `takes` tells whether anything is done with them now.
+    /// Lets `widget` accept files of this machine, besides what else it accepts; lives as long as
+    /// it. `takes` returns whether files are of use at the moment.
     FileDrops(QWidget* widget, UserHand& hand, std::function<bool()> takes,
               std::function<void(const std::vector<std::string>&)> dropped);
 
@@ -30,5 +30,13 @@ class FileDrops : public QObject {
     std::function<bool()> takes_;
     std::function<void(const std::vector<std::string>&)> dropped_;
 };
+
+/// Lets `widget` pass dropped files to its field, while the field is enabled and has a handler.
+template <typename Field>
+void takeDrops(QWidget* widget, Field& field, UserHand& hand) {
+    new FileDrops(
+        widget, hand, [&field] { return field.Enabled() && field.Drop.connected(); },
+        [&field](const std::vector<std::string>& paths) { field.userDrop(paths); });
+}
 
 }  // namespace velmora::qt

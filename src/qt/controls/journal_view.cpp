@@ -1,7 +1,5 @@
 #include "qt/controls/journal_view.h"
 
-#include <QPointer>
-
 #include "qt/surface/field.h"
 #include "qt/surface/text.h"
 
@@ -13,13 +11,8 @@ JournalView::JournalView(TextBox& field, QWidget* parent) : QPlainTextEdit(paren
     setTabChangesFocus(true);
     setLineWrapMode(WidgetWidth);
     bindField(this, field, [this] { showGathered(); });
-    const QPointer<JournalView> guard(this);
-    field.Prepended.connect([guard](const std::string& text) {
-        if (guard) guard->gather(text);
-    });
-    field.Replaced.connect([guard] {
-        if (guard) guard->stale_ = true;
-    });
+    prepended_ = field.Prepended.connect([this](const std::string& text) { gather(text); });
+    replaced_ = field.Replaced.connect([this] { stale_ = true; });
 }
 
 void JournalView::gather(const std::string& text) {

@@ -1,4 +1,4 @@
-// A long text that grows at its front. While nobody looks, the view holds nothing of it.
+// A long text that grows at its front. While it is hidden, the view holds none of it.
 #pragma once
 
 #include <QPlainTextEdit>
@@ -25,8 +25,10 @@ class JournalView : public QPlainTextEdit {
     void showGathered();
 
     TextBox& field_;
-    std::vector<std::string> gathered_;  // put in front since the last refresh, the newest last
+    std::vector<std::string> gathered_;  // prepended since the last refresh, the newest last
     bool stale_ = true;                  // the whole text has to be read
+    ScopedConnection prepended_;
+    ScopedConnection replaced_;
 };
 
 }  // namespace velmora::qt

@@ -3,7 +3,6 @@
 #include <QFont>
 #include <QIcon>
 #include <QMetaObject>
-#include <QPointer>
 #include <algorithm>
 
 #include "qt/surface/text.h"
@@ -16,28 +15,19 @@ ListViewModel::ListViewModel(ListView& list, Pictures pictures, QObject* parent)
       pictures_(std::move(pictures)),
       rows_(list.Count()),
       columns_(list.ColumnCount()) {
-    const QPointer<ListViewModel> guard(this);
-    list.RowInserted.connect([guard](int index) {
-        if (guard) guard->rowInserted(index);
-    });
-    list.RowRemoved.connect([guard](int index) {
-        if (guard) guard->rowRemoved(index);
-    });
-    list.RowsReset.connect([guard] {
-        if (guard) guard->gather(Pending::everything);
-    });
-    list.RowChanged.connect([guard](const ListItem&) {
-        if (guard) guard->gather(Pending::contents);
-    });
-    list.Changed.connect([guard] {
-        if (!guard) return;
-        guard->columnsChanged_ = true;
-        guard->gather(Pending::contents);
-    });
+    const auto keep = [this](Connection connection) { connections_.emplace_back(connection); };
+    keep(list.RowInserted.connect([this](int index) { rowInserted(index); }));
+    keep(list.RowRemoved.connect([this](int) { gather(Pending::everything); }));
+    keep(list.RowsReset.connect([this] { gather(Pending::everything); }));
+    keep(list.RowChanged.connect([this](const ListItem&) { gather(Pending::contents); }));
+    keep(list.Changed.connect([this] {
+        columnsChanged_ = true;
+        gather(Pending::contents);
+    }));
 }
 
 void ListViewModel::gather(Pending what) {
-    // What is already pending covers a lesser change; rows on top aren't covered by contents.
+    // A pending change covers lesser ones; changed contents do not cover rows at the top.
     pending_ = std::max(pending_, what);
     if (scheduled_) return;
     scheduled_ = true;
@@ -53,15 +43,12 @@ void ListViewModel::rowInserted(int index) {
     }
 }
 
-void ListViewModel::rowRemoved(int) {
-    gather(Pending::everything);
-}
-
 void ListViewModel::publish() {
     scheduled_ = false;
+    if (!listExists()) return;
     const Pending pending = std::exchange(pending_, Pending::nothing);
-    const bool anew = pending == Pending::everything || columns_ != list_.ColumnCount();
-    if (anew) {
+    const bool reset = pending == Pending::everything || columns_ != list_.ColumnCount();
+    if (reset) {
         publishEverything();
     } else if (pending == Pending::onTop) {
         publishOnTop();
@@ -71,7 +58,7 @@ void ListViewModel::publish() {
     if (std::exchange(columnsChanged_, false) && columns_ > 0) {
         emit headerDataChanged(Qt::Horizontal, 0, columns_ - 1);
     }
-    emit published(anew);
+    emit published(reset);
 }
 
 void ListViewModel::publishOnTop() {
@@ -99,6 +86,7 @@ int ListViewModel::columnCount(const QModelIndex& parent) const {
 
 const ListItem* ListViewModel::rowAt(int published) const {
     const int row = published + onTop_ + 1;
+    if (!listExists()) return nullptr;
     return row >= 1 && row <= list_.Count() ? &list_.ListItems(row) : nullptr;
 }
 
@@ -146,10 +134,12 @@ bool ListViewModel::bold(const ListItem& row, int column) const {
 }
 
 QVariant ListViewModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal || section < 0 || section >= list_.ColumnCount()) return {};
+    if (!listExists() || orientation != Qt::Horizontal || section < 0 ||
+        section >= list_.ColumnCount())
+        return {};
     const ColumnHeader& column = list_.ColumnHeaders(section + 1);
     if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return shown(column.Text);
-    // Over figures too a heading begins at the left: in a narrow column its beginning tells most.
+    // Left-aligned also over figures: in a narrow column the beginning of a heading says most.
     if (role == Qt::TextAlignmentRole) return static_cast<int>(Qt::AlignVCenter | Qt::AlignLeft);
     return {};
 }

@@ -1,10 +1,11 @@
-// The rows of a list as Qt's views know them: a model over the field, never a copy of its rows.
-// Changes are gathered and published when the event loop comes round, so that a hundred thousand
-// rows put on top cost a view one insertion.
+// The rows of a list for Qt's views: a model over the field, without a copy of its rows. Changes
+// are gathered and published in the next round of the event loop, so that a hundred thousand rows
+// inserted at the top cost a view one insertion.
 #pragma once
 
 #include <QAbstractTableModel>
 #include <functional>
+#include <vector>
 
 #include "controls/list_view.h"
 
@@ -25,24 +26,28 @@ class ListViewModel : public QAbstractTableModel {
     Qt::ItemFlags flags(const QModelIndex& index) const override;
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;
 
-    /// Publishes what has gathered.
+    /// Whether rows have tick boxes.
+    void setHasTicks(bool has) { hasTicks_ = has; }
+    /// Publishes the changes that were gathered.
     void publish();
 
   signals:
     /// The user ticked a row, which counts from 1.
     void ticked(int row, bool on);
-    /// What had gathered is published; with `anew` a view has forgotten which rows are selected.
-    void published(bool anew);
+    /// The gathered changes are published. After a `reset` a view has lost its selection.
+    void published(bool reset);
 
   private:
     enum class Pending { nothing, contents, onTop, everything };
 
     void gather(Pending what);
+    /// False once the field is gone: then there is nothing to show.
+    bool listExists() const { return connections_.front().connected(); }
     void rowInserted(int index);
-    void rowRemoved(int index);
     void publishOnTop();
     void publishEverything();
-    /// The row behind a published one; null while it waits for being published as gone.
+    /// The row of the field for a published one; null when it was removed and that is not published
+    /// yet.
     const ListItem* rowAt(int published) const;
     QVariant text(const ListItem& row, int column) const;
     QVariant picture(const ListItem& row, int column) const;
@@ -53,15 +58,12 @@ class ListViewModel : public QAbstractTableModel {
     Pictures pictures_;
     int rows_ = 0;     // published
     int columns_ = 0;  // published
-    int onTop_ = 0;    // rows put on top since the last publishing
+    int onTop_ = 0;    // rows inserted at the top since the last publishing
     Pending pending_ = Pending::nothing;
     bool scheduled_ = false;
     bool columnsChanged_ = false;
     bool hasTicks_ = false;
-
-  public:
-    /// Whether rows have tick boxes.
-    void setHasTicks(bool has) { hasTicks_ = has; }
+    std::vector<ScopedConnection> connections_;
 };
 
 }  // namespace velmora::qt

@@ -13,7 +13,7 @@ namespace velmora::qt {
 
 namespace {
 
-// Pixels: what texts of neighbouring columns keep apart, and a column without texts.
+// Pixels: the space between the texts of two columns, and the width of a column without texts.
 constexpr int columnGap = 4;
 constexpr int leastColumn = 56;
 
@@ -52,13 +52,13 @@ ListViewWidget::ListViewWidget(ListView& list, ListViewModel::Pictures pictures,
 void ListViewWidget::connectField() {
     connect(model_, &ListViewModel::ticked, this,
             [this](int row, bool on) { hand_.does([&] { list_.userTick(row, on); }); });
-    connect(model_, &ListViewModel::published, this, [this](bool anew) {
+    connect(model_, &ListViewModel::published, this, [this](bool reset) {
         showColumns();
         showSortMark();
         if (look_.fits) fitColumns();
-        if (std::exchange(selectionWaits_, false) && !anew) {
-            tellSelection();
-        } else if (anew) {
+        if (std::exchange(selectionWaits_, false) && !reset) {
+            reportSelection();
+        } else if (reset) {
             showSelection();
         }
     });
@@ -67,9 +67,7 @@ void ListViewWidget::connectField() {
         showSortMark();
     });
     follow(list_.SelectionChanged, this, [this] { showSelection(); });
-    new FileDrops(
-        viewport(), hand_, [this] { return list_.Enabled() && list_.Drop.connected(); },
-        [this](const std::vector<std::string>& paths) { list_.userDrop(paths); });
+    takeDrops(viewport(), list_, hand_);
 }
 
 void ListViewWidget::showColumns() {
@@ -83,8 +81,8 @@ void ListViewWidget::showColumns() {
     }
 }
 
-// What isn't needed goes to the stretched column. Only wider after that: columns that follow every
-// figure would never stand still.
+// The stretched column takes the remaining width. After the first time columns only get wider: they
+// would change their width with every figure.
 void ListViewWidget::fitColumns() {
     if (!isVisible()) return;
     for (int i = 0; i < shownColumns_; ++i) {
@@ -103,7 +101,7 @@ void ListViewWidget::showSortMark() {
 }
 
 void ListViewWidget::showSelection() {
-    if (model_->rowCount() != list_.Count()) return;  // comes with the publishing
+    if (model_->rowCount() != list_.Count()) return;  // shown after the next publishing
     const QScopedValueRollback<bool> showing(showingSelection_, true);
     QItemSelection rows;
     for (int i = 1; i <= list_.Count(); ++i) {
@@ -120,19 +118,19 @@ void ListViewWidget::selectionChanged(const QItemSelection& selected,
                                       const QItemSelection& deselected) {
     QTreeView::selectionChanged(selected, deselected);
     if (showingSelection_) return;
-    // Rows that are not shown yet stand between: told when they are.
+    // Some rows are not shown yet, so that the numbers differ: reported once they are.
     selectionWaits_ = model_->rowCount() != list_.Count();
-    if (!selectionWaits_) tellSelection();
+    if (!selectionWaits_) reportSelection();
 }
 
-void ListViewWidget::tellSelection() {
+void ListViewWidget::reportSelection() {
     std::vector<int> rows;
     for (const QModelIndex& index : selectionModel()->selectedRows())
         rows.push_back(index.row() + 1);
     hand_.does([&] { list_.userSelect(rows); });
 }
 
-// The field knows places by its own measures of rows and columns, whatever the screen's are.
+// The field has its own sizes of rows and columns, which differ from those of the screen.
 void ListViewWidget::pointTo(const QPoint& place) {
     const QModelIndex index = indexAt(place);
     float x = -1;
@@ -173,7 +171,7 @@ void ListViewWidget::keyPressEvent(QKeyEvent* event) {
     QTreeView::keyPressEvent(event);
 }
 
-// By the menu key; the mouse's right button has been told already.
+// By the menu key only: the mouse's right button is reported when it is released.
 void ListViewWidget::contextMenuEvent(QContextMenuEvent* event) {
     if (event->reason() != QContextMenuEvent::Mouse) hand_.does([this] { list_.RightClick(); });
     event->accept();

@@ -14,7 +14,7 @@ class ListViewWidget : public QTreeView {
   public:
     struct Look {
         bool ticks = false;        ///< rows have tick boxes
-        int stretchedColumn = -1;  ///< takes what is left of the width; -1 for none
+        int stretchedColumn = -1;  ///< takes the remaining width; -1 for none
         bool fits = false;         ///< the other columns grow until their texts fit
         QSize preferred{300, 120};
     };
@@ -40,7 +40,7 @@ class ListViewWidget : public QTreeView {
     void showSortMark();
     void fitColumns();
     void showSelection();
-    void tellSelection();
+    void reportSelection();
     void pointTo(const QPoint& place);
 
     ListView& list_;
@@ -48,7 +48,7 @@ class ListViewWidget : public QTreeView {
     UserHand& hand_;
     ListViewModel* model_;
     bool showingSelection_ = false;
-    bool selectionWaits_ = false;  // the user's, to be told
+    bool selectionWaits_ = false;  // the user's, still to be reported
     int shownColumns_ = 0;
     bool fitted_ = false;
 };

@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QCursor>
-#include <QPointer>
 
 #include "qt/surface/field.h"
 #include "qt/surface/text.h"
@@ -33,11 +32,11 @@ void addItem(QMenu* menu, MenuItem& item, UserHand& hand) {
         action->setText(shown(item.Caption()));
         action->setEnabled(item.Enabled());
         action->setVisible(item.Visible());
-        // Only an item that is ticked at some time shows room for a tick.
+        // Space for a tick is shown only once the item has been ticked.
         if (item.Checked()) action->setCheckable(true);
         action->setChecked(item.Checked());
     });
-    // A click ticks a checkable action by itself; only the program decides.
+    // Qt ticks a checkable action when it is clicked; only the program may do so.
     QObject::connect(action, &QAction::toggled, action, [action, &item](bool on) {
         if (on != item.Checked()) action->setChecked(item.Checked());
     });
@@ -57,16 +56,24 @@ QPoint popUpPlace() {
     return atPointer ? QCursor::pos() : focused->mapToGlobal(QPoint(0, focused->height()));
 }
 
+// Shows itself when its field is popped up.
+class PopUpMenu : public QMenu {
+  public:
+    PopUpMenu(MenuItem& field, QWidget* owner, std::function<void()> shown)
+        : QMenu(owner), poppedUp_(field.PoppedUp.connect([this, shown = std::move(shown)] {
+              popup(popUpPlace());
+              shown();
+          })) {}
+
+  private:
+    ScopedConnection poppedUp_;
+};
+
 }  // namespace
 
 QMenu* makeMenu(MenuItem& field, UserHand& hand, QWidget* owner, std::function<void()> shown) {
-    auto* menu = new QMenu(owner);
+    auto* menu = new PopUpMenu(field, owner, std::move(shown));
     fill(menu, field, hand);
-    field.PoppedUp.connect([guard = QPointer<QMenu>(menu), shown = std::move(shown)] {
-        if (!guard) return;
-        guard->popup(popUpPlace());
-        shown();
-    });
     QObject::connect(menu, &QMenu::aboutToHide, menu,
                      [&field, &hand] { hand.does([&field] { field.Closed(); }); });
     return menu;

@@ -1,6 +1,5 @@
 #include "qt/surface/qt_timers.h"
 
-#include <QPointer>
 #include <algorithm>
 
 namespace velmora::qt {
@@ -8,8 +7,8 @@ namespace velmora::qt {
 QtTimers::QtTimers(Forms& forms, std::function<std::int64_t()> tickCount, UserHand& hand)
     : queue_(std::move(tickCount)), hand_(hand) {
     next_.setSingleShot(true);
-    // Half a tenth of a second is nothing to a program whose timers count seconds, and lets the
-    // system wake the processor once for several programs.
+    // Coarse timers may be 5 % late. The program counts in seconds, and the system can wake the
+    // processor once for several programs.
     next_.setTimerType(Qt::CoarseTimer);
     connect(&next_, &QTimer::timeout, this, &QtTimers::fireDue);
     for (Form* form : forms.all()) {
@@ -17,15 +16,16 @@ QtTimers::QtTimers(Forms& forms, std::function<std::int64_t()> tickCount, UserHa
             auto* timer = dynamic_cast<Timer*>(control);
             if (timer == nullptr) continue;
             queue_.add(*timer);
-            timer->Restarted.connect([guard = QPointer<QtTimers>(this)] {
-                if (guard && !guard->rearming_) guard->rearm();
-            });
+            restarted_.emplace_back(timer->Restarted.connect([this] {
+                if (!rearming_) rearm();
+            }));
         }
     }
     rearm();
 }
 
 void QtTimers::fireDue() {
+    if (!formsExist()) return;
     hand_.does([this] { queue_.fireDue(); });
     rearm();
 }
@@ -37,7 +37,7 @@ void QtTimers::rearm() {
         this,
         [this] {
             rearming_ = false;
-            const auto wait = queue_.untilNext();
+            const auto wait = formsExist() ? queue_.untilNext() : std::nullopt;
             if (wait && !hand_.ended()) {
                 next_.start(static_cast<int>(std::min<std::int64_t>(*wait, 3'600'000)));
             } else {

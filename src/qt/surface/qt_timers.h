@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QTimer>
+#include <vector>
 
 #include "controls/timer_queue.h"
 #include "forms/forms.h"
@@ -14,16 +15,18 @@ class QtTimers : public QObject {
   public:
     QtTimers(Forms& forms, std::function<std::int64_t()> tickCount, UserHand& hand);
 
-    /// Fires those that are due; errors go the way of every handler's.
+    /// Fires the timers that are due; an error is treated as in every handler.
     void fireDue();
 
   private:
     void rearm();
+    bool formsExist() const { return !restarted_.empty() && restarted_.front().connected(); }
 
     TimerQueue queue_;
     UserHand& hand_;
     QTimer next_;
     bool rearming_ = false;
+    std::vector<ScopedConnection> restarted_;
 };
 
 }  // namespace velmora::qt

@@ -17,7 +17,7 @@ void Refresher::touch() {
 
 void Refresher::refreshNow() {
     touched_ = false;
-    refresh_();
+    if (fieldExists()) refresh_();
 }
 
 }  // namespace velmora::qt

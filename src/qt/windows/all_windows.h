@@ -14,8 +14,8 @@ namespace velmora::qt {
 
 class AllWindows {
   public:
-    /// Enters each window under the name of its form. Only the main window is made at once; the
-    /// others come into being when their forms are shown for the first time.
+    /// Adds each window to `names`. Only the main window is made at once, the others when their
+    /// forms are loaded.
     AllWindows(Forms& forms, const QtShellIcons& icons, QtUser32& user32, UserHand& hand,
                WindowsByName& names);
     ~AllWindows();
@@ -24,12 +24,14 @@ class AllWindows {
     void add(const std::string& form, QWidget* window);
     template <typename AForm>
     void addWhenLoaded(AForm& form, QWidget* (*make)(AForm&, UserHand&)) {
-        form.Load.connect([this, &form, make] { add(form.Name(), make(form, hand_)); });
+        loads_.emplace_back(
+            form.Load.connect([this, &form, make] { add(form.Name(), make(form, hand_)); }));
     }
 
     UserHand& hand_;
     WindowsByName& names_;
     std::vector<std::unique_ptr<QWidget>> windows_;
+    std::vector<ScopedConnection> loads_;
 };
 
 }  // namespace velmora::qt

@@ -2,7 +2,6 @@
 
 #include <QCloseEvent>
 #include <QKeyEvent>
-#include <QPointer>
 #include <QPushButton>
 #include <algorithm>
 #include <utility>
@@ -28,22 +27,23 @@ FormBinding::FormBinding(QWidget* window, Form& form, UserHand& hand, WindowKind
     : QObject(window), window_(window), form_(form), hand_(hand), kind_(kind), refresher_(nullptr) {
     window->setObjectName(shown(form.Name()));
     refresher_ = follow(form.Changed, this, [this] { refresh(); });
-    form.Raised.connect([guard = QPointer<FormBinding>(this)] {
-        if (!guard) return;
-        // Whoever shows a form that it has placed means that place.
-        if (std::exchange(guard->isDragged_, false)) guard->placeAgain();
-        // What was hidden has to be shown before it can come in front.
-        guard->refresher_->refreshNow();
-        guard->window_->raise();
-        guard->window_->activateWindow();
-    });
+    raised_ = form.Raised.connect([this] { raise(); });
     window->installEventFilter(this);
+}
+
+void FormBinding::raise() {
+    // The program has placed the form before it shows it, and means that place.
+    if (std::exchange(isDragged_, false)) placeAgain();
+    // A hidden window has to be shown before it can come to the front.
+    refresher_->refreshNow();
+    window_->raise();
+    window_->activateWindow();
 }
 
 void FormBinding::refresh() {
     window_->setWindowTitle(shown(form_.Caption()).trimmed());
-    // The state first: a window that leaves the maximised state takes the size that it had before,
-    // which need not be the form's.
+    // The state first: a window that is no longer maximised returns to its earlier size, which may
+    // differ from the form's.
     applying_ = true;
     showVisibility();
     if (kind_.sized) showSize();
@@ -103,6 +103,7 @@ void FormBinding::showVisibility() {
 }
 
 bool FormBinding::eventFilter(QObject*, QEvent* event) {
+    if (!refresher_->fieldExists()) return false;
     switch (event->type()) {
         case QEvent::Close:
             hand_.does([this] { form_.userClose(); });
@@ -111,24 +112,24 @@ bool FormBinding::eventFilter(QObject*, QEvent* event) {
         case QEvent::KeyPress:
             return kind_.dialog && takesKey(static_cast<QKeyEvent*>(event)->key());
         case QEvent::Resize:
-            if (kind_.sized && !applying_) tellSize();
+            if (kind_.sized && !applying_) reportSize();
             return false;
         case QEvent::Move:
             if (!applying_ && window_->isVisible()) isDragged_ = true;
             return false;
         case QEvent::LayoutRequest:
-            // Panels that went make room for a size that the window couldn't take before.
+            // Hidden panels may allow a size that the window could not have before.
             if (kind_.sized && isWaiting_) refresher_->touch();
             return false;
         case QEvent::WindowStateChange:
-            tellState();
+            reportState();
             return false;
         default:
             return false;
     }
 }
 
-// Keys that nothing in a small window took.
+// Keys that no widget of a dialog has handled.
 bool FormBinding::takesKey(int key) {
     if (key == Qt::Key_Escape) {
         hand_.does([this] { form_.userClose(); });
@@ -143,9 +144,8 @@ bool FormBinding::takesKey(int key) {
     return false;
 }
 
-// A pixel has more than one measure in twips; the form keeps its own while it comes to the same
-// pixels.
-void FormBinding::tellSize() {
+// Several sizes in twips are the same in pixels: the form keeps its own when it fits the pixels.
+void FormBinding::reportSize() {
     const QSize size = window_->size();
     const bool sameWidth = pixels(form_.Width()) == size.width();
     const bool sameHeight = pixels(form_.Height()) == size.height();
@@ -156,8 +156,9 @@ void FormBinding::tellSize() {
     });
 }
 
-void FormBinding::tellState() {
-    if (window_->isVisible() && !applying_) form_.setState(stateOf(window_));
+void FormBinding::reportState() {
+    if (!window_->isVisible() || applying_) return;
+    hand_.does([this] { form_.setState(stateOf(window_)); });
 }
 
 }  // namespace velmora::qt

@@ -1,5 +1,5 @@
-// Keeps a window in line with its form: title, visibility, size and state both ways, and the place
-// that the program gives it.
+// Keeps a window and its form the same: title, visibility, size and state, and the place that the
+// program gives to the form.
 #pragma once
 
 #include <QPoint>
@@ -13,7 +13,7 @@
 namespace velmora::qt {
 
 struct WindowKind {
-    bool sized = false;  ///< the form's measures are the window's
+    bool sized = false;  ///< the window has the size of the form
     bool dialog = true;  ///< Escape closes it, as its frame does; Enter presses its default button
 };
 
@@ -26,24 +26,26 @@ class FormBinding : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    void raise();
     void refresh();
     void showVisibility();
     void showSize();
     void showPlace();
     void placeAgain();
-    void tellSize();
-    void tellState();
+    void reportSize();
+    void reportState();
     bool takesKey(int key);
 
     QWidget* window_;
     Form& form_;
     UserHand& hand_;
     WindowKind kind_;
-    QPoint place_;            // twips, as shown last; none for the window system's own
-    bool isDragged_ = false;  // the user has put it elsewhere since
-    bool applying_ = false;   // the form's size is being given to the window
-    bool isWaiting_ = false;  // the window could not take it yet
+    QPoint place_;            // twips, as shown last; null when the window system has chosen it
+    bool isDragged_ = false;  // the user has moved the window since
+    bool applying_ = false;   // the window is being changed to the form's size
+    bool isWaiting_ = false;  // the window could not get that size yet
     Refresher* refresher_;
+    ScopedConnection raised_;
 };
 
 }  // namespace velmora::qt
