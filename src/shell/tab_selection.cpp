@@ -83,4 +83,12 @@ void TabSelection::lblSpectab_Click(int index) {
     at(form1_.fr, index)->setVisible(true);
 }
 
+bool isSelectedTab(const Label& label) {
+    return label.BackColor() == colour::window;
+}
+
+bool isSelectedInnerTab(const Label& label) {
+    return label.BackColor() == innerText;
+}
+
 }  // namespace velmora

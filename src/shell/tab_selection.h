@@ -29,4 +29,8 @@ class TabSelection {
     WindowLayout& layout_;
 };
 
+/// Whether a label of the main strip, or of the inner one, has the colours of the selected tab.
+bool isSelectedTab(const Label& label);
+bool isSelectedInnerTab(const Label& label);
+
 }  // namespace velmora

@@ -57,6 +57,22 @@ TEST(TabSelection, TheSelectedTabStandsOutAndAllOthersLookNormal) {
     }
 }
 
+TEST(TabSelection, OneTabOfEachStripIsSelected) {
+    CommandRig rig;
+    for (int tab = 0; tab < 5; ++tab) {
+        rig.tabs.lblTab_Click(tab);
+        for (const Label& label : rig.form1.lblTab) {
+            EXPECT_EQ(isSelectedTab(label), label.Index() == tab) << tab;
+        }
+    }
+    for (int tab = 0; tab < 3; ++tab) {
+        rig.tabs.lblSpectab_Click(tab);
+        for (const Label& label : rig.form1.lblSpectab) {
+            EXPECT_EQ(isSelectedInnerTab(label), label.Index() == tab) << tab;
+        }
+    }
+}
+
 TEST(TabSelection, ThePanelComesOnTheWindowsColourInItsPlaceBeforeTheWindowsSizeReplacesIt) {
     CommandRig rig;
     Frame& panel = rig.form1.frmSp[1];

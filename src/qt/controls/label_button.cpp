@@ -5,10 +5,10 @@
 #include <QPainter>
 #include <QPainterPath>
 
-#include "forms/label_colours.h"
 #include "qt/controls/colours.h"
 #include "qt/surface/field.h"
 #include "qt/surface/text.h"
+#include "shell/tab_selection.h"
 
 namespace velmora::qt {
 
@@ -27,7 +27,7 @@ LabelButton::LabelButton(Label& label, UserHand& hand, Shape shape, QWidget* par
     setMouseTracking(true);
     setCursor(Qt::PointingHandCursor);
     bindField(this, label, [this] {
-        // An ampersand is a letter here, no mark of a short cut.
+        // An ampersand is a letter here and marks no shortcut.
         const QString caption = shown(label_.Caption());
         if (text() != caption) {
             setText(caption);
@@ -56,18 +56,13 @@ QSize LabelButton::minimumSizeHint() const {
     return sizeHint() - QSize(2 * (sideMargin - leastSideMargin), 0);
 }
 
-bool LabelButton::selected() const {
-    return label_.BackColor() == colour::window;
-}
-
-// The strips mark the selected tab by other colours.
 bool LabelButton::isShownTab() const {
-    return shape_ == Shape::topTab ? label_.BackColor() == label_colour::deepBlue : selected();
+    return shape_ == Shape::topTab ? isSelectedInnerTab(label_) : isSelectedTab(label_);
 }
 
 QPainterPath LabelButton::outline(const QRectF& area) const {
     QRectF box = area;
-    // A tab runs out of sight on the side of its page.
+    // A tab is cut off on the side of its page.
     if (shape_ == Shape::sideTab) box.setRight(box.right() + 2 * corner);
     if (shape_ == Shape::topTab) box.setBottom(box.bottom() + 2 * corner);
     QPainterPath path;
@@ -82,12 +77,12 @@ void LabelButton::paintEvent(QPaintEvent*) {
     const QColor background = shownColour(label_.BackColor(), palette());
     QColor text = legible(shownColour(label_.ForeColor(), palette()), background);
     if (!isEnabled()) text.setAlphaF(0.45F);
-    // A rim, for backgrounds as dark as the button.
+    // An outline, for backgrounds as dark as the button.
     QColor rim = text;
     rim.setAlphaF(isShownTab() ? 0.0F : 0.35F);
     painter.setPen(rim);
-    painter.setBrush(underMouse() && isEnabled() && !selected() ? background.lighter(150)
-                                                                : background);
+    painter.setBrush(underMouse() && isEnabled() && !isSelectedTab(label_) ? background.lighter(150)
+                                                                           : background);
     painter.drawPath(outline(area));
     if (shape_ != Shape::button && isShownTab()) {
         painter.setPen(Qt::NoPen);

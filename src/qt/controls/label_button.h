@@ -1,5 +1,5 @@
-// A label that acts as a button or a tab: its colours are the field's, its handlers hear of press,
-// release and move as well as of the click.
+// A label that acts as a button or a tab: its colours are the field's, and its handlers get press,
+// release, move and click.
 #pragma once
 
 #include <QAbstractButton>
@@ -14,8 +14,8 @@ class LabelButton : public QAbstractButton {
   public:
     enum class Shape {
         button,   ///< rounded on all sides
-        sideTab,  ///< stands at the left of its page
-        topTab,   ///< stands above its page
+        sideTab,  ///< at the left of its page
+        topTab,   ///< above its page
     };
 
     LabelButton(Label& label, UserHand& hand, Shape shape, QWidget* parent = nullptr);
@@ -31,7 +31,6 @@ class LabelButton : public QAbstractButton {
     void enterEvent(QEnterEvent* event) override;
 
   private:
-    bool selected() const;
     bool isShownTab() const;
     QPainterPath outline(const QRectF& area) const;
 
