@@ -1,5 +1,5 @@
 // velmora-display: whether a window could be shown here. Qt ends a program that can't open its
-// display, so somebody has to try before the choice between window and console.
+// display, so ./run tries it here before it chooses between window and console.
 #include <QGuiApplication>
 
 int main(int argc, char* argv[]) {

@@ -9,7 +9,7 @@ int main(int argc, char* argv[]) {
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
         Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QApplication application(argc, argv);
-    // No display name: Qt would put it behind each window's title.
+    // No display name: Qt would append it to each window's title.
     QApplication::setApplicationName(QStringLiteral("velmora"));
     QApplication::setDesktopFileName(QStringLiteral("velmora"));
     QApplication::setWindowIcon(velmora::qt::programIcon());
@@ -25,7 +25,7 @@ int main(int argc, char* argv[]) {
     });
     program.load();
     const int result = status ? *status : QApplication::exec();
-    // The icons must not stay behind in the notification area.
+    // Otherwise the icons would stay in the notification area.
     program.notifyArea().clear();
     // At once, without waiting for a drive that doesn't answer.
     std::_Exit(status.value_or(result));

@@ -20,7 +20,7 @@ void WindowProgram::load() {
     hand_.does([this] { core_.load(); });
 }
 
-// An icon reports by the pointer's place over its form, in twips.
+// An icon reports a message as the pointer's place over its form, in twips.
 void WindowProgram::answerIcon(const std::string& form, int message) {
     Form* owner = forms_.find(form);
     if (owner == nullptr) return;

@@ -1,4 +1,4 @@
-// The program with its window: forms and subsystems behind Qt's surface.
+// The program with its window: forms and subsystems with Qt's surface.
 #pragma once
 
 #include <functional>
@@ -25,7 +25,7 @@ class WindowProgram {
     /// Builds the running state and shows the window.
     void load();
 
-    /// Lets events through as a long handler does.
+    /// Processes events, as a long handler does.
     void yield() { host_.DoEvents(); }
 
     Forms& forms() { return forms_; }

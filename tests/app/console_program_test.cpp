@@ -47,7 +47,7 @@ TEST_F(ConsoleProgram, ReadsLinesWithEitherLineEndAndALastOneWithout) {
               (Lines{"50", "Velmora", "50"}));
 }
 
-TEST_F(ConsoleProgram, PassesOverAByteOrderMarkInFrontOfTheFirstLineOnly) {
+TEST_F(ConsoleProgram, IgnoresAByteOrderMarkBeforeTheFirstLineOnly) {
     EXPECT_EQ(run("\xEF\xBB\xBFget txtAmt\n"), Lines{"50"});
     EXPECT_EQ(run("get txtAmt\n\xEF\xBB\xBFget txtAmt\n").size(), 2u);
     EXPECT_EQ(run("get txtAmt\n\xEF\xBB\xBFget txtAmt\n").back().substr(0, 22),
@@ -78,7 +78,7 @@ TEST_F(ConsoleProgram, TakesTimeInProportionToLongLines) {
         while (line.size() + piece.size() < 1024 * 1024) line += piece;
         return line + last + "\n";
     };
-    // What costs the square of its length doesn't end within the time of a test.
+    // Quadratic time would exceed the time of a test.
     const Lines lines =
         run("json on\n" + filled("get ", ".") + filled("get ", "(") + filled("", " ") +
             filled("select ListView1 ", "1 ") + filled("select ListView1 ", "9") +
@@ -100,7 +100,7 @@ TEST_F(ConsoleProgram, CarriesAnyTextBothWays) {
               R"({"ok":"a \"q\"\r\n\tb\\ größe 日本 🙂 \u0000"})");
 }
 
-TEST_F(ConsoleProgram, HandsPathsThatAreNoUtf8ToTheMachineAsTheyAre) {
+TEST_F(ConsoleProgram, PassesPathsThatAreNoUtf8ToTheMachineAsTheyAre) {
     const Lines lines =
         run("json on\nanswer folder \"D:\\a\xff\"\nclick lblDP(0)\nrows ListView1\n");
     EXPECT_TRUE(called("GetDriveName D:\\a\xff"));
@@ -137,7 +137,7 @@ TEST_F(ConsoleProgram, EndsWithStatus1ByARunTimeErrorAtItsStart) {
     EXPECT_EQ(status, 1);
 }
 
-TEST_F(ConsoleProgram, TellsOfEventsInTheirOrderInFrontOfTheReply) {
+TEST_F(ConsoleProgram, ReportsEventsInTheirOrderBeforeTheReply) {
     const Lines lines = run(
         "set DTPInterval.Value 0:00:00\nset txtSpace.Text 90000000\ntick ListView1 1 on\njson on\n"
         "fire Timer1\n");
@@ -156,7 +156,7 @@ TEST_F(ConsoleProgram, TellsOfEventsInTheirOrderInFrontOfTheReply) {
     EXPECT_EQ(lines.back(), R"({"ok":true})");
 }
 
-TEST_F(ConsoleProgram, TellsOfAStatusPanelOnlyWhenItsTextChanges) {
+TEST_F(ConsoleProgram, ReportsAStatusPanelOnlyWhenItsTextChanges) {
     const Lines lines = run("json on\nset DTPInterval.Value 0:00:00\nfire Timer1\n");
     EXPECT_EQ(tests::countOf(lines, R"({"event":"status","panel":1,"text":"Checking..."})"), 1);
 }

@@ -19,8 +19,8 @@ struct ConsoleSession {
         machine.files["C:\\Program Files\\Velmora\\set.dat"] = prcEn("txtTime=60\r\n") + "\r\n";
     }
 
-    /// Runs the program over the input; returns what it printed behind the greeting and the line
-    /// that tells of the icon.
+    /// Runs the program over the input; returns what it printed after the greeting and the line
+    /// about the icon.
     std::vector<std::string> run(const std::string& input) {
         std::istringstream in(input);
         std::ostringstream out;

@@ -174,7 +174,7 @@ TEST_F(CoreTest, APauseOnAShortageReachesTheWatch) {
               "Program paused by user option to pause on alert event.");
 }
 
-TEST_F(CoreTest, AMissingSettingsFileReachesWhoeverLoads) {
+TEST_F(CoreTest, AMissingSettingsFileReachesTheCallerOfLoad) {
     machine.files.erase(settingsPath);
     EXPECT_EQ(errorOf([this] { core.load(); }), error::fileNotFound);
     EXPECT_EQ(forms.form1.ListView1.Count(), 1);
@@ -183,7 +183,7 @@ TEST_F(CoreTest, AMissingSettingsFileReachesWhoeverLoads) {
     EXPECT_TRUE(machine.shortcuts.empty());
 }
 
-TEST_F(CoreTest, AValueOfTheSettingsThatIsNoNumberReachesWhoeverLoads) {
+TEST_F(CoreTest, AValueOfTheSettingsThatIsNoNumberReachesTheCallerOfLoad) {
     machine.files[settingsPath] = prcEn("chkLog=often") + "\r\n";
     EXPECT_EQ(errorOf([this] { core.load(); }), error::typeMismatch);
     EXPECT_EQ(forms.form1.lblLog.Caption(), "");
@@ -250,7 +250,7 @@ TEST_F(CoreTest, ASecondStartFindsItsShortcut) {
     EXPECT_EQ(machine.shortcuts.size(), 1u);
 }
 
-TEST_F(CoreTest, TellsItsListenersOfEachAlert) {
+TEST_F(CoreTest, ReportsEachAlertToItsListeners) {
     core.load();
     std::vector<std::string> texts;
     core.alerts().Raised.connect(

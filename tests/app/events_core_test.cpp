@@ -34,7 +34,7 @@ struct WiredEvents : testing::Test {
     Core core{forms, machine.platform(), surface.all()};
 };
 
-TEST_F(WiredEvents, FreeSpaceThatStandsStillIsTold) {
+TEST_F(WiredEvents, FreeSpaceThatDoesNotChangeIsReported) {
     forms.form1.lstEvt.userTick(evt::stagnancy, true);
     forms.form1.lstAct.userTick(act::alert, true);
     check();
@@ -48,7 +48,7 @@ TEST_F(WiredEvents, FreeSpaceThatStandsStillIsTold) {
     EXPECT_TRUE(forms.dlgAlert.Visible());
 }
 
-TEST_F(WiredEvents, ADriveThatWentAwayIsToldOnce) {
+TEST_F(WiredEvents, ADriveThatWentAwayIsReportedOnce) {
     forms.form1.lstEvt.setSelected(evt::unavailable, true);
     // Measured once before, by the start.
     WatchRow(forms.form1.ListView1.ListItems(1)).setPreviousFree("48,828,125");
@@ -81,7 +81,7 @@ TEST_F(WiredEvents, TheShortageReachesTheLogFile) {
               " . \r\n\r\n");
 }
 
-// A move with nothing to move leaves its text for the dialog, and puts it nowhere itself.
+// A move with nothing to move passes its text to the dialog, and doesn't show it itself.
 TEST_F(WiredEvents, WithItsTextEmptiedTheDialogOpensAgainForTheSameActionText) {
     DlgAlert& dialog = forms.dlgAlert;
     forms.form1.txtSpace.setText("99999999");

@@ -1,5 +1,5 @@
-// Widgets that are drawn by hand: they follow the desktop's colours and tell a screen reader what
-// they show.
+// Custom-painted widgets: they follow the desktop's colours and report what they show to a screen
+// reader.
 #include <QAccessible>
 #include <QPainter>
 #include <QProgressBar>
@@ -33,7 +33,7 @@ QPalette otherColours() {
 struct AccessibilityTest : WindowTest {
     AccessibilityTest() { start(); }
 
-    /// The widget is painted anew, and differently, when the colours change.
+    /// The widget is painted again, and differently, when the colours change.
     static void expectFollowsColours(QWidget* widget) {
         SCOPED_TRACE(widget->objectName().toStdString());
         ASSERT_TRUE(widget->isVisible());
@@ -47,13 +47,13 @@ struct AccessibilityTest : WindowTest {
         widget->window()->setPalette(QPalette());
         settle();
     }
-    static QString told(QWidget* widget, QAccessible::Text text) {
+    static QString accessible(QWidget* widget, QAccessible::Text text) {
         QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(widget);
         return interface == nullptr ? QString() : interface->text(text);
     }
 };
 
-TEST_F(AccessibilityTest, HandDrawnWidgetsFollowTheDesktopsColours) {
+TEST_F(AccessibilityTest, CustomPaintedWidgetsFollowTheDesktopsColours) {
     expectFollowsColours(find("lblTab(0)"));
     form1().StatusBar1.setPanelText(2, "Checking: C:\\");
     settle();
@@ -87,48 +87,48 @@ TEST_F(AccessibilityTest, ALabelsColoursStayLegibleOnAnyDesktop) {
     EXPECT_GT(light, 10);  // the letters of the selected tab on its dark page
 }
 
-TEST_F(AccessibilityTest, ATextThatGivesWayIsToldWhole) {
+TEST_F(AccessibilityTest, AShortenedTextIsReportedWhole) {
     const std::string text =
         "Checking: C:\\a\\very\\long\\path\\that\\the\\panel\\has\\no\\room\\for\\at\\all";
     form1().StatusBar1.setPanelText(2, text);
     settle();
     QWidget* panel = find("StatusBar1(2)");
-    EXPECT_EQ(told(panel, QAccessible::Name), "Detail");
-    EXPECT_EQ(told(panel, QAccessible::Description).toStdString(), text);
+    EXPECT_EQ(accessible(panel, QAccessible::Name), "Detail");
+    EXPECT_EQ(accessible(panel, QAccessible::Description).toStdString(), text);
     EXPECT_EQ(panel->toolTip().toStdString(), text);
 }
 
-TEST_F(AccessibilityTest, TheActivityTellsWhetherItPlays) {
+TEST_F(AccessibilityTest, TheActivityReportsWhetherItPlays) {
     QWidget* view = find("Animation1");
     form1().Animation1.Stop();
     settle();
-    EXPECT_EQ(told(view, QAccessible::Name), "Activity");
-    EXPECT_EQ(told(view, QAccessible::Description), "still");
+    EXPECT_EQ(accessible(view, QAccessible::Name), "Activity");
+    EXPECT_EQ(accessible(view, QAccessible::Description), "still");
     form1().Animation1.Play();
     settle();
-    EXPECT_EQ(told(view, QAccessible::Description), "playing");
+    EXPECT_EQ(accessible(view, QAccessible::Description), "playing");
 }
 
-TEST_F(AccessibilityTest, TabsTellWhichOfThemIsSelected) {
+TEST_F(AccessibilityTest, TabsReportWhichOfThemIsSelected) {
     click("lblTab(0)");
     click("lblSpectab(1)");
     for (int i = 0; i < 5; ++i) {
         QWidget* tab = find(QStringLiteral("lblTab(%1)").arg(i));
-        EXPECT_EQ(told(tab, QAccessible::Description) == "selected", i == 0) << i;
+        EXPECT_EQ(accessible(tab, QAccessible::Description) == "selected", i == 0) << i;
         EXPECT_EQ(QAccessible::queryAccessibleInterface(tab)->role(), QAccessible::Button);
     }
     for (int i = 0; i < 3; ++i) {
         QWidget* tab = find(QStringLiteral("lblSpectab(%1)").arg(i));
-        EXPECT_EQ(told(tab, QAccessible::Description) == "selected", i == 1) << i;
+        EXPECT_EQ(accessible(tab, QAccessible::Description) == "selected", i == 1) << i;
     }
-    EXPECT_EQ(told(find("lblTab(1)"), QAccessible::Name), "Tab: program options");
+    EXPECT_EQ(accessible(find("lblTab(1)"), QAccessible::Name), "Tab: program options");
 }
 
-TEST_F(AccessibilityTest, GaugesTellTheirValue) {
+TEST_F(AccessibilityTest, GaugesReportTheirValue) {
     clickCell(1);
     click("lblDP(3)");
     auto* gauge = find<QProgressBar>("VMeter2", "frmIndDri");
-    program->forms().frmIndDri.VMeter2.setValue(20);  // of 50, which stands for nothing free
+    program->forms().frmIndDri.VMeter2.setValue(20);  // of 50, which means nothing free
     settle();
     QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(gauge);
     EXPECT_EQ(interface->text(QAccessible::Name), "Free space");
@@ -136,15 +136,15 @@ TEST_F(AccessibilityTest, GaugesTellTheirValue) {
     EXPECT_EQ(interface->valueInterface()->currentValue().toInt(), 30);
 }
 
-TEST_F(AccessibilityTest, RowsOfTheListTellTheirTextsAndTicks) {
+TEST_F(AccessibilityTest, RowsOfTheListReportTheirTextsAndTicks) {
     form1().ListView1.userTick(2, true);
     settle();
-    QAccessibleInterface* told = QAccessible::queryAccessibleInterface(list());
-    ASSERT_NE(told, nullptr);
-    EXPECT_EQ(told->text(QAccessible::Name), "Watched drives and paths");
-    ASSERT_NE(told->tableInterface(), nullptr);
-    EXPECT_EQ(told->tableInterface()->rowCount(), 3);
-    QAccessibleInterface* cell = told->tableInterface()->cellAt(1, 0);
+    QAccessibleInterface* found = QAccessible::queryAccessibleInterface(list());
+    ASSERT_NE(found, nullptr);
+    EXPECT_EQ(found->text(QAccessible::Name), "Watched drives and paths");
+    ASSERT_NE(found->tableInterface(), nullptr);
+    EXPECT_EQ(found->tableInterface()->rowCount(), 3);
+    QAccessibleInterface* cell = found->tableInterface()->cellAt(1, 0);
     EXPECT_EQ(cell->text(QAccessible::Name), "D:\\");
     EXPECT_TRUE(cell->state().checked);
 }

@@ -20,7 +20,7 @@ struct AlertWindowTest : WindowTest {
     QGroupBox* options() { return find<QGroupBox>("fraAct", "dlgAlert"); }
 };
 
-TEST_F(AlertWindowTest, ItComesFoldedWithItsButtonsInView) {
+TEST_F(AlertWindowTest, ItOpensInItsSmallSizeWithItsButtonsInView) {
     EXPECT_EQ(dialog()->windowTitle(), "Alert Dialog");
     EXPECT_FALSE(options()->isVisible());
     for (const char* field :
@@ -41,7 +41,7 @@ TEST_F(AlertWindowTest, ActionBringsTheOptionsIntoViewAndTheWindowGrows) {
     EXPECT_TRUE(find("lblAl(3)", "dlgAlert")->isVisible());
 }
 
-TEST_F(AlertWindowTest, AnOptionTellsWhatItWouldDo) {
+TEST_F(AlertWindowTest, AnOptionSaysWhatItWouldDo) {
     press("lblAl(4)");
     auto* suggestion = find<QLabel>("lblSuggest", "dlgAlert");
     ASSERT_NE(suggestion, nullptr);
@@ -66,7 +66,7 @@ TEST_F(AlertWindowTest, ClearEmptiesItsTextOnly) {
     EXPECT_EQ(form1().txtAlert.Text(), "journal");
 }
 
-TEST_F(AlertWindowTest, ItStandsInTheCornerOfTheScreenWheneverItIsShown) {
+TEST_F(AlertWindowTest, ItIsInTheCornerOfTheScreenWheneverItIsShown) {
     const QPoint corner = QGuiApplication::primaryScreen()->availableGeometry().bottomRight();
     EXPECT_EQ(dialog()->frameGeometry().bottomRight(), corner);
     dialog()->move(5, 5);
@@ -80,7 +80,7 @@ TEST_F(AlertWindowTest, ItStandsInTheCornerOfTheScreenWheneverItIsShown) {
     EXPECT_EQ(dialog()->frameGeometry().bottomRight(), corner);
 }
 
-TEST_F(AlertWindowTest, FoldedAgainItIsBackInTheCorner) {
+TEST_F(AlertWindowTest, InItsSmallSizeAgainItIsBackInTheCorner) {
     const QPoint corner = QGuiApplication::primaryScreen()->availableGeometry().bottomRight();
     const int folded = dialog()->height();
     press("lblAl(4)");
@@ -98,7 +98,7 @@ TEST_F(AlertWindowTest, EscapeHidesIt) {
     EXPECT_FALSE(dialog()->isVisible());
 }
 
-TEST_F(AlertWindowTest, TheCountdownStandsInItsTitle) {
+TEST_F(AlertWindowTest, TheCountdownIsInItsTitle) {
     press("chkAutoHide");
     EXPECT_TRUE(form().Timer1.Enabled());
     form().Timer1.Tick();

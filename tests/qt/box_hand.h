@@ -1,4 +1,4 @@
-// Answers the message boxes of the window as a hand does: by a click on the box's own button.
+// Answers the message boxes of the window as a user does: by a click on a button of the box.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -29,7 +29,7 @@ class BoxHand {
     /// The buttons for the next boxes. A box that finds none left is unexpected, fails the test and
     /// is dismissed.
     std::deque<QMessageBox::StandardButton> answers;
-    /// Runs while the next box stands, in the place of an answer; once.
+    /// Runs once while the next box is open, in place of an answer.
     std::function<void(QMessageBox&)> onBox;
     /// The boxes so far, in order.
     std::vector<Seen> seen;
@@ -37,7 +37,7 @@ class BoxHand {
     std::string lastText() const { return seen.empty() ? std::string() : seen.back().text; }
 
   private:
-    // A timer doesn't fire again within its own handler, and boxes can stand over boxes.
+    // A timer doesn't fire again within its own handler, and a box can open over another.
     void lookAgain() {
         QTimer::singleShot(1, &context_, [this] { look(); });
     }

@@ -42,7 +42,7 @@ TEST_F(ButtonsTest, ACheckBoxFollowsItsFieldBothWays) {
     EXPECT_FALSE(box->isChecked());
 }
 
-TEST_F(ButtonsTest, ACheckBoxThatAHandlerUndoesStandsAsTheFieldDoes) {
+TEST_F(ButtonsTest, ACheckBoxThatAHandlerUndoesShowsTheField) {
     click("lblTab(3)");
     CheckBox& field = form1().chkSeq;
     bool undoing = false;
@@ -56,7 +56,7 @@ TEST_F(ButtonsTest, ACheckBoxThatAHandlerUndoesStandsAsTheFieldDoes) {
     EXPECT_FALSE(find<QCheckBox>("chkSeq")->isChecked());
 }
 
-TEST_F(ButtonsTest, ACheckBoxWhoseClickIsRefusedStandsAsTheFieldDoes) {
+TEST_F(ButtonsTest, ACheckBoxWhoseClickIsRefusedShowsTheField) {
     click("lblTab(1)");
     form1().chkSeq.setEnabled(false);  // not shown as disabled yet
     QTest::mouseClick(find<QCheckBox>("chkSeq"), Qt::LeftButton);
@@ -100,7 +100,7 @@ TEST_F(ButtonsTest, AnEntryOfACheckListIsTickedOnceByMouseOrKey) {
     settle();
     EXPECT_EQ(checks, (std::vector<int>{3, 5}));
     EXPECT_EQ(tickedIn(form1().lstAct, list), (std::vector<int>{3, 5}));
-    form1().lstAct.setSelected(3, false);
+    form1().lstAct.setSelected(act::recycle, false);
     settle();
     EXPECT_EQ(tickedIn(form1().lstAct, list), std::vector<int>{5});
 }
@@ -116,7 +116,7 @@ TEST_F(ButtonsTest, ARuleOfACheckListShowsAtOnce) {
     EXPECT_EQ(tickedIn(form1().lstAct, list), std::vector<int>{2});
 }
 
-TEST_F(ButtonsTest, ALabelButtonTellsPressReleaseAndClickAndShowsItsColours) {
+TEST_F(ButtonsTest, ALabelButtonReportsPressReleaseAndClickAndShowsItsColours) {
     std::vector<std::string> events;
     Label& label = form1().lblDP[4];
     label.MouseDown.connect([&] { events.push_back("down"); });
@@ -198,7 +198,7 @@ TEST_F(ButtonsTest, AMenusTicksAndCaptionsAreTheProgramsAlone) {
     settle();
     EXPECT_EQ(action("mnuLock")->text(), "Another &word");
     EXPECT_TRUE(action("mnuPause")->isChecked());
-    // Nothing behind it unticks it: the click alone must not.
+    // No handler unticks it: the click alone must not tick it.
     form1().mnuSorbane.setChecked(true);
     settle();
     chooseFunction("mnuSorbane");
@@ -210,7 +210,7 @@ TEST_F(ButtonsTest, AMenusTicksAndCaptionsAreTheProgramsAlone) {
     EXPECT_FALSE(action("mnuRecyc")->isVisible());
 }
 
-TEST_F(ButtonsTest, AClosedMenuTellsItsField) {
+TEST_F(ButtonsTest, AClosedMenuReportsToItsField) {
     int closed = 0;
     form1().mnuPopUp.Closed.connect([&] { ++closed; });
     onIcon(QSystemTrayIcon::Context);
@@ -230,13 +230,13 @@ TEST_F(ButtonsTest, AClickOnAnEntrysWordsIsOneClickWithoutATick) {
                       {entry.left() + 60, entry.center().y()});
     settle();
     EXPECT_EQ(clicks, 1);
-    EXPECT_FALSE(form1().lstAct.Selected(5));
+    EXPECT_FALSE(form1().lstAct.Selected(act::sound));
     // A tick clicks too, once.
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
                       {entry.left() + 10, entry.center().y()});
     settle();
     EXPECT_EQ(clicks, 2);
-    EXPECT_TRUE(form1().lstAct.Selected(5));
+    EXPECT_TRUE(form1().lstAct.Selected(act::sound));
 }
 
 }  // namespace

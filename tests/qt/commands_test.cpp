@@ -1,4 +1,4 @@
-// Every command of the window reaches what it is for, in the wired program.
+// Every command of the window has its effect, in the wired program.
 #include "qt/window_test.h"
 #include "rows/alert_row.h"
 
@@ -183,7 +183,7 @@ TEST_F(CommandsTest, ClearingAsksFirst) {
     EXPECT_EQ(boxes.lastText(), "No drives listed to clear.");
 }
 
-TEST_F(CommandsTest, AnAlertsWindowStandsInTheLowerRightCorner) {
+TEST_F(CommandsTest, AnAlertsWindowIsInTheLowerRightCorner) {
     form1().cmdPause.Click();
     program->forms().dlgAlert.moveTo(300 * 15, 200 * 15);
     program->forms().dlgAlert.Show();

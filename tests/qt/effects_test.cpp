@@ -28,7 +28,7 @@ struct EffectsTest : WindowTest {
     static bool becomes(const std::function<bool()>& condition) {
         return QTest::qWaitFor(condition, 5000);
     }
-    /// The opacity that a level's alpha stands for.
+    /// The opacity of a level's alpha.
     static double opacity(int alpha) { return alpha / 255.0; }
 };
 
@@ -75,7 +75,7 @@ TEST_F(EffectsTest, MagentaPlacesAreTransparentAtAnyLevel) {
         EXPECT_TRUE(becomes([&] { return hidden(220, 215); })) << level;
         EXPECT_FALSE(hidden(100, 215)) << level;
         EXPECT_FALSE(hidden(241, 215)) << level;
-        // Also once it has been looked at in its new shape.
+        // Also after a painting with its new mask.
         for (int look = 0; look < 2; ++look) {
             patch.painted = false;
             window()->update();
@@ -88,7 +88,7 @@ TEST_F(EffectsTest, MagentaPlacesAreTransparentAtAnyLevel) {
     patch.move(300, 300);
     EXPECT_TRUE(becomes([&] { return hidden(320, 315) && !hidden(220, 215); }));
     patch.hide();
-    find("lblTab(1)")->update();  // any painting finds the shape anew
+    find("lblTab(1)")->update();  // each painting makes the mask again
     EXPECT_TRUE(becomes([&] { return window()->mask().isEmpty(); }));
 }
 

@@ -1,5 +1,5 @@
-// Widgets that take a text, a number or a time: the field shows in them, the hand's way to the
-// field goes with its events.
+// Widgets that take a text, a number or a time: they show the field, and what the user enters
+// reaches the field with its events.
 #include <QComboBox>
 #include <QSlider>
 #include <QTimeEdit>
@@ -105,7 +105,7 @@ TEST_F(EntriesTest, ASpinnersArrowsTurnIt) {
     EXPECT_EQ(edit("txtSpace")->text(), "100");
 }
 
-TEST_F(EntriesTest, ATimeEditKeepsTheDateAndTellsEachChange) {
+TEST_F(EntriesTest, ATimeEditKeepsTheDateAndReportsEachChange) {
     click("lblTab(1)");
     auto* interval = find<QTimeEdit>("DTPInterval");
     EXPECT_EQ(interval->time(), QTime(0, 1, 0));  // the settings' 60 seconds

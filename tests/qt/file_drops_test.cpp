@@ -49,7 +49,7 @@ TEST_F(FileDropsTest, TheListTakesAllFilesInTheirOrder) {
     EXPECT_EQ(dropped, (std::vector<Paths>{{"/data/b c", "/data/\u00E9"}}));
 }
 
-// Whoever moves a file by dragging must not lose it.
+// A file that is dragged must not be lost.
 TEST_F(FileDropsTest, AFileIsNeverTakenAwayFromWhereItIs) {
     drop(files(), {QUrl::fromLocalFile("/data/a")});
     EXPECT_EQ(action, Qt::CopyAction);

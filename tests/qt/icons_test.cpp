@@ -1,4 +1,4 @@
-// What the glyphs and the program's icon promise to those who show them.
+// Glyphs and the program's icon, as the widgets rely on them.
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -101,7 +101,7 @@ TEST_F(Icons, AGlyphIsTheSameIconAtEachCall) {
     EXPECT_EQ(glyphIcon(Glyph::drive).cacheKey(), glyphIcon(Glyph::drive).cacheKey());
 }
 
-TEST_F(Icons, AGlyphIsDrawnAnewForADenserScreen) {
+TEST_F(Icons, AGlyphIsDrawnAgainForADenserScreen) {
     const QImage dense = picture(Glyph::drive, 16, QIcon::Normal, 2);
     EXPECT_EQ(dense.size(), QSize(32, 32));
     EXPECT_EQ(dense.devicePixelRatio(), 2);
@@ -167,7 +167,7 @@ TEST_F(Icons, AGlyphInASelectedRowHasTheColourOfItsText) {
     }
 }
 
-TEST_F(Icons, TheStatesOfARowCanBeToldWithoutTheirColours) {
+TEST_F(Icons, TheStatesOfARowDifferWithoutTheirColours) {
     // A tenth of the picture at least, at the size of a row.
     const std::vector<bool> good = shape(picture(Glyph::stateOk));
     EXPECT_GE(differences(good, shape(picture(Glyph::stateAlert))), 16 * 16 / 10);
@@ -195,7 +195,7 @@ TEST_F(Icons, TheProgramsIconsHaveEverySizeOfTheDesktop) {
     }
 }
 
-TEST_F(Icons, TheProgramsStatesCanBeToldWithoutTheirColours) {
+TEST_F(Icons, TheProgramsStatesDifferWithoutTheirColours) {
     const auto shapeOf = [](const QIcon& icon) { return shape(icon.pixmap(16, 16).toImage()); };
     EXPECT_GE(differences(shapeOf(programIcon()), shapeOf(alertIcon())), 16);
     EXPECT_GE(differences(shapeOf(programIcon()), shapeOf(pausedIcon())), 8);

@@ -1,4 +1,4 @@
-// The journal: grows at its front while somebody looks, and is read anew when somebody looks again.
+// The journal: grows at its front while it is shown, and is read again when it is shown again.
 #include <QPlainTextEdit>
 
 #include "qt/window_test.h"
@@ -37,7 +37,7 @@ TEST_F(JournalTest, AnotherTextTakesTheWholeOnesPlace) {
     EXPECT_TRUE(view()->toPlainText().isEmpty());
 }
 
-TEST_F(JournalTest, HoldsNothingWhileNobodyLooks) {
+TEST_F(JournalTest, HoldsNothingWhileItIsHidden) {
     field().setText("old\r\n");
     settle();
     click("lblTab(0)");

@@ -78,7 +78,7 @@ struct KeyboardTest : WindowTest {
     }
     static std::string nameOf(const QWidget* widget) { return widget->objectName().toStdString(); }
 
-    /// The field that a widget's name means; parts of it are behind a point or numbered.
+    /// The field of a widget's name, without the name or the number of a part.
     bool isField(Form& form, QString name) {
         name = name.section('.', 0, 0);
         int index = -1;
@@ -103,9 +103,9 @@ TEST_F(KeyboardTest, EveryWidgetThatTakesTheKeyboardIsAFieldAndSaysItsName) {
                                 widget->objectName().isEmpty();
             EXPECT_TRUE(isPage || isField(*program->forms().find(page.form), widget->objectName()))
                 << page.form << ": " << describe(widget);
-            QAccessibleInterface* told = QAccessible::queryAccessibleInterface(widget);
-            ASSERT_NE(told, nullptr);
-            const QString name = told->text(QAccessible::Name);
+            QAccessibleInterface* found = QAccessible::queryAccessibleInterface(widget);
+            ASSERT_NE(found, nullptr);
+            const QString name = found->text(QAccessible::Name);
             EXPECT_FALSE(name.trimmed().isEmpty()) << page.form << ": " << describe(widget);
             EXPECT_NE(name, widget->objectName());
         }

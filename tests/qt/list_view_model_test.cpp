@@ -1,5 +1,5 @@
-// The model over a list's rows: few publications whatever the number of changes, and consistent
-// whatever they are.
+// The model over a list's rows: few publications for any number of changes, and consistent after
+// any of them.
 #include "qt/controls/list_view_model.h"
 
 #include <gtest/gtest.h>
@@ -58,7 +58,7 @@ TEST_F(ListViewModelTest, RowsPutOnTopInOneGoAreOneInsertion) {
     EXPECT_EQ(model->index(100'000, 0).data().toString(), "old 0");
 }
 
-TEST_F(ListViewModelTest, ChangesOfRowsAreToldOnce) {
+TEST_F(ListViewModelTest, ChangesOfRowsAreReportedOnce) {
     make();
     for (int i = 0; i < 1000; ++i) field.Add("row");
     settle();

@@ -108,7 +108,7 @@ TEST_F(ListViewTest, AClickOnAHeaderSortsAndShowsTheMark) {
         QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, QPoint(x, header->height() / 2));
         settle();
     };
-    clickHeader(0);  // the order stands at ascending: the click turns it
+    clickHeader(0);  // the order is ascending: the click reverses it
     EXPECT_EQ(shownPaths(), (std::vector<std::string>{"E:\\", "D:\\", "C:\\"}));
     EXPECT_TRUE(header->isSortIndicatorShown());
     EXPECT_EQ(header->sortIndicatorSection(), 0);
@@ -207,7 +207,7 @@ TEST_F(ListViewTest, ASelectionMadeBeforeNewRowsArePublishedIsNotLost) {
     field().Add(1, "first");  // not published yet
     QTest::mouseClick(list()->viewport(), Qt::LeftButton, {}, cell(2));
     settle();
-    expectSelected({3});  // the row that stood second: D:
+    expectSelected({3});  // the row that was the second: D:
     EXPECT_EQ(field().ListItems(3).Text(), "D:\\");
 }
 

@@ -107,7 +107,7 @@ TEST_F(LockTest, WhileLockedADoubleClickDuringACheckAsksFirst) {
     duringCheck([this] { onIcon(QSystemTrayIcon::DoubleClick); });
     ASSERT_EQ(boxes.seen.size(), 3u);
     EXPECT_EQ(boxes.lastText(), stillChecking);
-    EXPECT_EQ(lockForm().Text1.Text(), "x");  // untouched: the lock was not set up anew
+    EXPECT_EQ(lockForm().Text1.Text(), "x");  // untouched: the lock was not set up again
 
     boxes.answers = {QMessageBox::Yes};
     duringCheck([this] { onIcon(QSystemTrayIcon::DoubleClick); });
@@ -193,7 +193,7 @@ TEST_F(LockTest, AnEmptyEntryIsRefusedByBothButtons) {
     EXPECT_FALSE(locked());
 }
 
-// Many desktops tell of single clicks only.
+// Many desktops report only single clicks.
 TEST_F(LockTest, TwoSingleClicksOnTheIconAreADoubleClickAndOneIsNone) {
     ASSERT_TRUE(window()->isVisible());
     onIcon(QSystemTrayIcon::Trigger);

@@ -112,7 +112,7 @@ TEST_F(MainWindowTest, ClosingWithoutANotificationAreaMinimisesAndSaysSoOnce) {
     EXPECT_FALSE(ended);
 }
 
-TEST_F(MainWindowTest, AMaximisedWindowTellsItsFormAndTheViewButtonMakesItNormal) {
+TEST_F(MainWindowTest, AMaximisedWindowReportsToItsFormAndTheViewButtonMakesItNormal) {
     window()->showMaximized();
     settle();
     EXPECT_EQ(form1().State(), WindowState::maximised);

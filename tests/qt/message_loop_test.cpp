@@ -1,4 +1,4 @@
-// A long check lets the user through.
+// During a long check, the window reacts.
 #include "qt/window_test.h"
 
 namespace velmora::tests {

@@ -27,7 +27,7 @@ struct PasswordEditTest : testing::Test {
         type("geheim");
     }
     void type(const QString& keys) { QTest::keyClicks(&edit, keys); }
-    /// A character by the event of its key, whatever the key and those held with it.
+    /// A character by a key event, with any key and modifiers.
     void press(const QString& character, Qt::KeyboardModifiers held = {}) {
         QKeyEvent key(QEvent::KeyPress, 0, held, character);
         QApplication::sendEvent(&edit, &key);

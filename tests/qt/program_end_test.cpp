@@ -1,4 +1,4 @@
-// How the program ends: by an error that nothing takes, by the exit question, from anywhere.
+// How the program ends: by an error that no handler catches, by the exit question, from anywhere.
 #include "qt/window_test.h"
 
 namespace velmora::tests {
@@ -8,7 +8,7 @@ struct ProgramEndTest : WindowTest {
     ProgramEndTest() { start(); }
 };
 
-TEST_F(ProgramEndTest, AnErrorThatNothingTakesShowsItsBoxAndEndsWithOne) {
+TEST_F(ProgramEndTest, AnErrorThatNoHandlerCatchesShowsItsBoxAndEndsWithOne) {
     form1().cmdAdv.Click.connect([] { throw RuntimeError(error::typeMismatch); });
     boxes.answers = {QMessageBox::Ok};
     click("lblTab(4)");
@@ -87,7 +87,7 @@ TEST_F(ProgramEndTest, CancelInTheMiddleOfACheckLetsItFinish) {
     EXPECT_EQ(form1().StatusBar1.Panels(3).Text, "Times Checked: 1");
 }
 
-TEST_F(ProgramEndTest, AnEndBehindAnOpenBoxClosesTheBox) {
+TEST_F(ProgramEndTest, AnEndWhileABoxIsOpenClosesTheBox) {
     bool wentOn = false;
     form1().mnuProgSet.Click.connect([&] { wentOn = true; });  // after the box of the command
     boxes.answers = {QMessageBox::Ok};

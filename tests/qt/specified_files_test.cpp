@@ -77,7 +77,7 @@ TEST_F(SpecifiedFilesTest, AddLetsSeveralFilesBeChosen) {
     EXPECT_EQ(tags(), (std::vector<std::string>{in + "b c.txt", in + "a.txt", in + "\u00E9.txt"}));
 }
 
-TEST_F(SpecifiedFilesTest, TheWindowHearsNothingWhileTheSystemsDialogStands) {
+TEST_F(SpecifiedFilesTest, TheWindowGetsNoInputWhileTheSystemsDialogIsOpen) {
     chooseBehind("lblSF(0)", {"a.txt"});
     form1().LVFile.userSelect({1});
     settle();

@@ -21,7 +21,7 @@ void WindowRig::start() {
     start(prcEn("txtTime=60\r\n") + "\r\n");
 }
 
-void WindowRig::whenBoxStands(const std::function<void(QMessageBox&)>& then) {
+void WindowRig::whenBoxOpens(const std::function<void(QMessageBox&)>& then) {
     auto* look = new QTimer;
     QObject::connect(look, &QTimer::timeout, look, [look, then] {
         auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());

@@ -1,5 +1,5 @@
 // The program with its window over a machine in memory: widgets are found by their fields' names
-// and clicked as a hand would.
+// and clicked as a user does.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -49,7 +49,7 @@ struct WindowRig {
         return window == nullptr ? nullptr : window->findChild<Widget*>(field);
     }
 
-    /// Lets everything that waits be shown.
+    /// Processes the pending events.
     static void settle() {
         for (int i = 0; i < 5; ++i) QApplication::processEvents();
     }
@@ -57,13 +57,13 @@ struct WindowRig {
     void click(const QString& field, const std::string& form = "Form1") {
         auto* button = find<QAbstractButton>(field, form);
         ASSERT_NE(button, nullptr) << field.toStdString();
-        // At its left, where a box is ticked whatever the width of its line.
+        // At its left: a check box is ticked there for any width of its line.
         QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));
         settle();
     }
 
-    /// Runs once the next box or menu stands, which blocks whoever raised it.
-    static void whenBoxStands(const std::function<void(QMessageBox&)>& then);
+    /// Runs once the next box is open, which blocks the code that opened it.
+    static void whenBoxOpens(const std::function<void(QMessageBox&)>& then);
 };
 
 }  // namespace velmora::tests

@@ -1,4 +1,4 @@
-// The wired program with its window, and a hand at its widgets, menus and boxes.
+// The wired program with its window, whose widgets, menus and boxes are clicked.
 #pragma once
 
 #include <QAction>

@@ -1,4 +1,4 @@
-// velmora-screenshots FOLDER [light|dark]: photographs every page and window.
+// velmora-screenshots FOLDER [light|dark]: takes a screenshot of every page and window.
 #include <QApplication>
 #include <QDir>
 #include <QMenu>
@@ -42,14 +42,14 @@ QPalette darkPalette() {
     return palette;
 }
 
-class Photographer {
+class Screenshots {
   public:
-    Photographer(WindowRig& rig, QString folder, QString look)
+    Screenshots(WindowRig& rig, QString folder, QString look)
         : rig_(rig), folder_(std::move(folder)), look_(std::move(look)) {
         QDir().mkpath(folder_);
     }
 
-    void photograph(QWidget* window, const QString& name) {
+    void save(QWidget* window, const QString& name) {
         WindowRig::settle();
         const QString path = QStringLiteral("%1/%2-%3.png").arg(folder_, name, look_);
         window->grab().save(path);
@@ -63,11 +63,10 @@ class Photographer {
             if (tab == 0) {
                 for (int inner = 0; inner < 3; ++inner) {
                     rig_.click(QStringLiteral("lblSpectab(%1)").arg(inner));
-                    photograph(rig_.window(), QStringLiteral("%1-spec%2").arg(size).arg(inner));
+                    save(rig_.window(), QStringLiteral("%1-spec%2").arg(size).arg(inner));
                 }
             } else {
-                photograph(rig_.window(),
-                           QStringLiteral("%1-%2").arg(size, QLatin1String(names[tab])));
+                save(rig_.window(), QStringLiteral("%1-%2").arg(size, QLatin1String(names[tab])));
             }
         }
     }
@@ -75,14 +74,14 @@ class Photographer {
     void dialog(Form& form, const QString& name) {
         form.Show();
         WindowRig::settle();
-        photograph(rig_.program->window(form.Name()), name);
+        save(rig_.program->window(form.Name()), name);
         form.Hide();
     }
 
     void menu(velmora::MenuItem& item, const QString& name) {
         auto* menu = rig_.window()->findChild<QMenu*>(QString::fromStdString(item.Name()));
         menu->popup(QPoint(10, 10));
-        photograph(menu, name);
+        save(menu, name);
         menu->hide();
     }
 
@@ -92,15 +91,15 @@ class Photographer {
     QString look_;
 };
 
-void fillWithLife(WindowRig& rig) {
+void fillWithData(WindowRig& rig) {
     auto& form = rig.form1();
     form.txtSpace.setText("5000000");
     for (int i = 1; i <= form.ListView1.Count(); ++i) form.ListView1.userTick(i, true);
     form.ListView1.Add("\\\\nas\\backup");
     form.ListView1.Add("C:\\Users\\Public\\Documents");
-    form.lstAct.userTick(0, true);
-    form.lstAct.userTick(5, true);
-    form.lstAct.userTick(11, false);
+    form.lstAct.userTick(velmora::act::alert, true);
+    form.lstAct.userTick(velmora::act::sound, true);
+    form.lstAct.userTick(velmora::act::progressDialog, false);
     form.lstEvt.userTick(velmora::evt::change, true);
     form.txtDrive.setText("E:\\archive\\");
     std::vector<std::string> listed;
@@ -135,33 +134,33 @@ int main(int argc, char** argv) {
     if (look == QLatin1String("dark")) QApplication::setPalette(darkPalette());
     WindowRig rig;
     rig.start();
-    fillWithLife(rig);
-    Photographer camera(rig, folder, look);
-    camera.pages(QStringLiteral("start"));
+    fillWithData(rig);
+    Screenshots screenshots(rig, folder, look);
+    screenshots.pages(QStringLiteral("start"));
     rig.window()->resize(1000, 720);
     rig.click(QStringLiteral("lblTab(1)"));
-    camera.photograph(rig.window(), QStringLiteral("large-options"));
+    screenshots.save(rig.window(), QStringLiteral("large-options"));
     rig.click(QStringLiteral("Toolbar1(5)"));
     rig.click(QStringLiteral("Toolbar1(5)"));
-    camera.photograph(rig.window(), QStringLiteral("compact"));
+    screenshots.save(rig.window(), QStringLiteral("compact"));
     auto& forms = rig.program->forms();
-    camera.dialog(forms.frmLock, QStringLiteral("lock"));
-    camera.dialog(forms.frmAbout, QStringLiteral("about"));
+    screenshots.dialog(forms.frmLock, QStringLiteral("lock"));
+    screenshots.dialog(forms.frmAbout, QStringLiteral("about"));
     forms.dlgAlert.Label1.setText(
         "03/14/26 15:12:26- Moved File: D:\\video\\screencast.mkv\r\n . \r\n"
         "03/14/26 15:10:26 - ALERT: Space Shortage < 5000000 KB Drive: D:[1,258,291 KB]\r\n . "
         "\r\n");
-    camera.dialog(forms.dlgAlert, QStringLiteral("alert"));
+    screenshots.dialog(forms.dlgAlert, QStringLiteral("alert"));
     forms.dlgAlert.lblAl[4].Click();
     forms.dlgAlert.lblAct[4].Click();
-    camera.dialog(forms.dlgAlert, QStringLiteral("alert-actions"));
-    camera.dialog(forms.frmNotify, QStringLiteral("notify"));
+    screenshots.dialog(forms.dlgAlert, QStringLiteral("alert-actions"));
+    screenshots.dialog(forms.frmNotify, QStringLiteral("notify"));
     forms.form1.ListView1.userSelect({1});
     forms.form1.lblDP[3].Click();
-    camera.photograph(rig.program->window("frmIndDri"), QStringLiteral("drive"));
-    camera.menu(forms.form1.mnuFunc, QStringLiteral("menu-functions"));
-    camera.menu(forms.form1.mnuLstV, QStringLiteral("menu-list"));
-    camera.menu(forms.form1.mnuPopUp, QStringLiteral("menu-tray"));
+    screenshots.save(rig.program->window("frmIndDri"), QStringLiteral("drive"));
+    screenshots.menu(forms.form1.mnuFunc, QStringLiteral("menu-functions"));
+    screenshots.menu(forms.form1.mnuLstV, QStringLiteral("menu-list"));
+    screenshots.menu(forms.form1.mnuPopUp, QStringLiteral("menu-tray"));
     std::fflush(stdout);
     std::_Exit(0);
 }

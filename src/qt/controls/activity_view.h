@@ -1,5 +1,5 @@
-// The clip beside the list, drawn: a ring that turns while it plays, in the colour of an alert when
-// the clip is the alert's.
+// The animation beside the list: a ring that turns while the clip plays, in the colour of an alert
+// for the clip of alerts.
 #pragma once
 
 #include <QTimer>

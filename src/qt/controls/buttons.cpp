@@ -7,7 +7,7 @@ namespace velmora::qt {
 
 namespace {
 
-// A click shows the field's state afterwards: a handler may have refused or undone it.
+// Shows the field's state after a click: a handler may have refused or undone it.
 template <typename Field>
 void clickField(QAbstractButton* button, Field& field, UserHand& hand, Refresher* refresher) {
     QObject::connect(button, &QAbstractButton::clicked, button, [&field, &hand, refresher] {
@@ -30,7 +30,7 @@ QCheckBox* makeCheckBox(CheckBox& field, UserHand& hand) {
 
 QRadioButton* makeOptionButton(OptionButton& field, UserHand& hand) {
     auto* button = new QRadioButton;
-    // The group is the fields' own matter.
+    // The fields switch each other off themselves.
     button->setAutoExclusive(false);
     Refresher* refresher = bindField(button, field, [button, &field] {
         button->setText(shown(field.Caption()));

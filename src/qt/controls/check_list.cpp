@@ -22,7 +22,7 @@ CheckList::CheckList(ListBox& field, UserHand& hand, QWidget* parent)
         // A rule of the list may have unticked it, or others.
         refresher->refreshNow();
     });
-    // A click on an entry's words ticks nothing, and is a click all the same.
+    // A click on an entry's text ticks nothing, but it is a click too.
     connect(this, &QListWidget::itemClicked, this, [this, &hand] {
         if (!hasTicked_) hand.does([this] { field_.userClick(); });
     });

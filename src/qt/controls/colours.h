@@ -1,5 +1,5 @@
-// The program's colours as Qt's: 0x00BBGGRR, or the number of a system colour, which the palette
-// answers.
+// The program's colours as Qt's: 0x00BBGGRR, or the number of a system colour, which is taken from
+// the palette.
 #pragma once
 
 #include <QColor>
@@ -11,8 +11,8 @@ namespace velmora::qt {
 
 QColor shownColour(Colour value, const QPalette& palette);
 
-/// `text` if it can be read on `background` (a contrast of 3 to 1 at least), otherwise black or
-/// white, whichever reads better: a strip's colours are fixed, the desktop's theme is not.
+/// `text` if it is legible on `background` (a contrast of at least 3 to 1), otherwise black or
+/// white, whichever is more legible: the colours of the strips are fixed, the desktop's are not.
 QColor legible(const QColor& text, const QColor& background);
 
 /// Contrast of two opaque colours, 1 to 21, after WCAG 2.

@@ -1,4 +1,5 @@
-// A line of text that gives way: what doesn't fit is cut with an ellipsis and told by the tool-tip.
+// A line of text that is shortened with an ellipsis when it doesn't fit; its tool-tip is the whole
+// text then.
 #pragma once
 
 #include <QLabel>

@@ -11,7 +11,7 @@ namespace velmora::qt {
 
 namespace {
 
-// Things that are no file of this machine, such as pages, are left out.
+// URLs that are no files of this machine, such as web pages, are left out.
 std::vector<QString> filesOf(const QMimeData& data) {
     std::vector<QString> files;
     for (const QUrl& url : data.urls()) {
@@ -33,7 +33,7 @@ bool FileDrops::offersFiles(const QDropEvent& event) const {
     return takes_() && !filesOf(*event.mimeData()).empty();
 }
 
-// Dropping never takes a file away from where it is, whatever the file manager proposes.
+// Always a copy: with the move that a file manager proposes, it would delete the file.
 bool FileDrops::eventFilter(QObject*, QEvent* event) {
     switch (event->type()) {
         case QEvent::DragEnter:
@@ -51,7 +51,7 @@ bool FileDrops::eventFilter(QObject*, QEvent* event) {
     std::vector<std::string> paths;
     for (const QString& file : filesOf(*drag->mimeData()))
         paths.push_back(hand_.drivePathOf(typed(file)));
-    // Questions may follow, for which the file manager must not wait.
+    // The handler may ask questions, and the file manager must not wait for the answers.
     QMetaObject::invokeMethod(
         this, [this, paths] { hand_.does([&] { dropped_(paths); }); }, Qt::QueuedConnection);
     return true;

@@ -1,4 +1,4 @@
-// The desktop's style with one thing mended: tick boxes and option buttons keep an outline that can
+// The desktop's style with one correction: tick boxes and option buttons have an outline that can
 // be seen on a dark background.
 #pragma once
 
@@ -9,9 +9,9 @@ namespace velmora::qt {
 class LegibleStyle : public QProxyStyle {
     Q_OBJECT
   public:
-    /// Over the application's present style.
+    /// Based on the application's present style.
     LegibleStyle() = default;
-    /// Over the style of that name.
+    /// Based on the style of that name.
     explicit LegibleStyle(const QString& base) : QProxyStyle(base) {}
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,

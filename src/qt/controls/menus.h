@@ -9,10 +9,10 @@
 
 namespace velmora::qt {
 
-/// The menu of `field` with all items below it. It shows itself at the pointer when the field is
-/// popped up, or below the widget that has the keyboard when the pointer is over another window;
-/// that of an icon always at the pointer. Actions carry their items' names. `shown` runs each time
-/// that the menu's window has come into being.
+/// The menu of `field` with all its items and submenus. When the field is popped up, it is shown at
+/// the pointer, or below the widget with the focus while the pointer is over another window; the
+/// menu of an icon always at the pointer. Actions have their items' names. `shown` runs each time
+/// the menu has been shown.
 QMenu* makeMenu(MenuItem& field, UserHand& hand, QWidget* owner, std::function<void()> shown);
 
 }  // namespace velmora::qt

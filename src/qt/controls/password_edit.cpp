@@ -19,7 +19,7 @@ namespace {
 
 const QChar dot(0x25CF);
 
-// The place of a character in a text of UTF-8, in bytes.
+// The offset of a character in a UTF-8 text, in bytes.
 std::size_t byteOf(const std::string& text, int character) {
     std::size_t place = 0;
     while (character > 0 && place < text.size()) {
@@ -31,7 +31,7 @@ std::size_t byteOf(const std::string& text, int character) {
     return place;
 }
 
-// Straight into storage that will be wiped, without a copy on the way.
+// Appends to the text, which is wiped later, without making another copy.
 void appendUtf8(std::string& text, const QString& characters) {
     for (qsizetype i = 0; i < characters.size(); ++i) {
         char32_t code = characters[i].unicode();
@@ -52,7 +52,8 @@ void appendUtf8(std::string& text, const QString& characters) {
     }
 }
 
-// A command has the control key alone or with the shift key; AltGr counts as control and alt.
+// A command is given with the control key, also together with shift; AltGr counts as control and
+// alt.
 bool isCommand(Qt::KeyboardModifiers keys) {
     return (keys & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == Qt::ControlModifier;
 }
@@ -69,11 +70,11 @@ bool isText(const QKeyEvent* event) {
 PasswordEdit::PasswordEdit(TextBox& field, UserHand& hand, QWidget* parent)
     : QLineEdit(parent), field_(field), hand_(hand) {
     setInputMethodHints(Qt::ImhHiddenText | Qt::ImhSensitiveData | Qt::ImhNoPredictiveText);
-    // A screen reader must not take it for an open text, though dots are all that it could say.
+    // A screen reader has to announce a password entry, although it could only read dots.
     setEchoMode(Password);
     setAttribute(Qt::WA_InputMethodEnabled, false);
     bindField(this, field, [this] { showDots(); });
-    // Whatever else edits the line changes nothing: it could only change the dots.
+    // Any other way of editing the line is undone: it could only change the dots.
     connect(this, &QLineEdit::textEdited, this, [this] { showDots(); });
 }
 
@@ -87,7 +88,7 @@ void PasswordEdit::showDots() {
 
 void PasswordEdit::replace(int start, int length, const QString& characters) {
     std::string whole;
-    // Room for all of it at once: growing would leave pieces behind.
+    // Reserved at once: a string that grows leaves copies in freed memory.
     whole.reserve(field_.Text().size() + 4 * static_cast<std::size_t>(characters.size()) + 16);
     const std::string& present = field_.Text();
     const std::size_t from = byteOf(present, start);
@@ -123,7 +124,7 @@ void PasswordEdit::paste() {
     const qsizetype line = text.indexOf(QLatin1Char('\n'));
     if (line >= 0) text.truncate(line);
     if (!text.isEmpty()) insertAtCaret(text);
-    // What the clipboard itself holds is its own matter.
+    // The content of the clipboard itself stays.
     text.fill(QChar());
 }
 

@@ -1,5 +1,5 @@
-// Entry of a password that must not stay in the memory: the widget holds a dot for each character,
-// the field alone holds the characters.
+// Entry of a password that must not stay in memory: the widget holds a dot for each character, and
+// only the field holds the characters.
 #pragma once
 
 #include <QLineEdit>
@@ -24,7 +24,7 @@ class PasswordEdit : public QLineEdit {
     void paste();
     void insertAtCaret(const QString& characters);
     void removeAtCaret(bool forward);
-    /// Puts `characters` in the place of those from `start` on.
+    /// Replaces `length` characters from `start` on.
     void replace(int start, int length, const QString& characters);
     void showDots();
 

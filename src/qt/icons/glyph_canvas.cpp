@@ -8,7 +8,7 @@ namespace {
 
 constexpr double lineUnits = 1.8;
 
-/// Below two pixels a line looks better a little soft than too thin or too thick.
+/// A line below two pixels may be blurred a little, rather than too thin or too thick.
 double thickness(double scale) {
     const double exact = lineUnits * scale;
     return exact < 1.45 ? std::max(1.0, exact) : std::round(exact);

@@ -1,4 +1,4 @@
-// What glyphs are drawn on: a square of 24 x 24 units with a pen whose lines keep to the pixels.
+// The canvas of the glyphs: a square of 24 x 24 units with a pen whose lines are aligned to pixels.
 #pragma once
 
 #include <QPainter>
@@ -21,7 +21,7 @@ class GlyphCanvas {
     const QColor& accent() const { return colours_.accent; }
     const QColor& good() const { return colours_.good; }
     const QColor& alert() const { return colours_.alert; }
-    /// The accent thinned out, for the inside of an outline.
+    /// The accent in a paler tone, for the inside of an outline.
     QColor tint() const;
 
     /// The place next to this one where level and upright lines are sharp.
@@ -41,7 +41,7 @@ class GlyphCanvas {
     void ring(const QPointF& centre, double radius, const QColor& colour);
     void disc(const QPointF& centre, double radius, const QColor& colour);
 
-    /// Takes away what was drawn inside the path, or along it.
+    /// Erases what was drawn inside the path, or along it.
     void cut(const QPainterPath& path);
     void cutLine(const QPainterPath& path, double weight = 1);
 

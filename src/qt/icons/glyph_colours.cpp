@@ -19,12 +19,12 @@ QColor between(const QColor& one, const QColor& other, double partOfOther) {
             mix(one.blue(), other.blue())};
 }
 
-/// How bright an eye sees the colour, 0 to 255.
+/// The perceived brightness of the colour, 0 to 255.
 int brightness(const QColor& colour) {
     return qGray(colour.rgb());
 }
 
-/// The highlight, or as much of the ink in it as it takes to stand out from the window.
+/// The highlight, mixed with ink until it contrasts with the window.
 QColor accentOf(const QColor& highlight, const QColor& ink, const QColor& window) {
     constexpr int leastDifference = 85;
     for (const double inkPart : {0.0, 0.25, 0.5}) {
@@ -34,7 +34,7 @@ QColor accentOf(const QColor& highlight, const QColor& ink, const QColor& window
     return ink;
 }
 
-// The theme of Windows shows a selected row on a pale blue of its own, whatever the palette says.
+// The theme of Windows shows a selected row on its own pale blue instead of the palette's colour.
 bool selectsPalely() {
     const QStyle* style = QApplication::style();
     if (const auto* proxy = qobject_cast<const QProxyStyle*>(style)) style = proxy->baseStyle();
@@ -44,7 +44,7 @@ bool selectsPalely() {
 }  // namespace
 
 GlyphColours glyphColours(const QPalette& palette, QIcon::Mode mode) {
-    // The group is named, since a palette's current one is no concern of an icon.
+    // Named, because an icon doesn't depend on the palette's current group.
     const auto colour = [&palette](QPalette::ColorRole role) {
         return palette.color(QPalette::Active, role);
     };

@@ -2,7 +2,7 @@
 
 namespace velmora::qt {
 
-// A switch, so that the compiler tells of a glyph without a drawing.
+// A switch, so that the compiler warns of a glyph without a drawing.
 GlyphDrawing drawingOf(Glyph glyph) {
     switch (glyph) {
         case Glyph::start:

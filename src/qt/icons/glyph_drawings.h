@@ -34,7 +34,7 @@ void drawOpenFolder(GlyphCanvas& canvas);
 /// The outline of a closed folder, sharp on this canvas.
 QPainterPath folderOutline(const GlyphCanvas& canvas);
 
-// glyphs_rows.cpp: what is watched, and how it does
+// glyphs_rows.cpp: what is watched, and its state
 void drawDrive(GlyphCanvas& canvas);
 void drawDriveInfo(GlyphCanvas& canvas);
 void drawNetworkDrive(GlyphCanvas& canvas);

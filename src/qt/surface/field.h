@@ -15,7 +15,7 @@ namespace velmora::qt {
 /// The field's name as the program writes it: "chkLog", "lblTab(2)".
 QString fieldName(const Control& control);
 
-/// Names the widget after its field and keeps it enabled, visible and explained as the field says.
+/// Names the widget after its field and takes visibility, enabled state and tool-tip from it.
 /// `refresh` shows the rest and runs whenever the field has changed.
 Refresher* bindField(QWidget* widget, Control& control, std::function<void()> refresh);
 

@@ -12,7 +12,7 @@ namespace velmora::qt {
 
 namespace {
 
-// A frame of a screen: nobody sees or feels what happens more often.
+// The time of a frame on the screen: more frequent yields would not be noticed.
 constexpr qint64 yieldInterval = 16;
 
 QMessageBox::Icon shownIcon(BoxIcon icon) {
@@ -83,13 +83,13 @@ QStringList nameFilters(const std::string& filter) {
     return filters;
 }
 
-// While the system's own dialog stands, the program's windows are painted and hear nothing: a click
-// there could move another file than the one that was asked about, or ask a second time.
+// While the system's own dialog is open, the program's windows are painted but get no input: a
+// click there could move another file than the one that was asked about, or open a second dialog.
 class NoInput : public QObject {
   public:
     NoInput() { qApp->installEventFilter(this); }
     bool eventFilter(QObject*, QEvent* event) override {
-        // A box that a check has raised meanwhile must be answered, and is the only one to hear.
+        // Except for a box that a check has opened meanwhile: it has to be answered.
         if (QApplication::activeModalWidget() != nullptr) return false;
         switch (event->type()) {
             case QEvent::MouseButtonPress:
@@ -118,8 +118,8 @@ class NoInput : public QObject {
     }
 };
 
-// One path as it is; of several, the folder of the first and the names. What lies in another folder
-// is given whole: under its name alone another file would be meant.
+// One path as it is; for several, the folder of the first and then the names. Files of other
+// folders are given by their whole paths.
 std::string oneOrSeveral(const std::vector<std::string>& paths) {
     if (paths.size() <= 1) return paths.empty() ? std::string{} : paths.front();
     const std::string folder = parentFolderOf(paths.front());
@@ -144,7 +144,7 @@ BoxAnswer QtHost::MsgBox(const Box& box) {
     dialog.setEscapeButton(escape(box.buttons));
     dialog.setObjectName(QStringLiteral("MsgBox"));
     const BoxAnswer answer = answerOf(dialog.exec(), box.buttons);
-    // The program may have ended behind the box.
+    // The program may have ended while the box was open.
     hand_.throwWhenEnded();
     return answer;
 }

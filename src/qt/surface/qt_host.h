@@ -21,8 +21,8 @@ class QtHost final : public Host {
     std::string BrowseForFolder(const std::string& title) override;
     std::string OpenFileDialog(const FileDialog& dialog) override;
     void Beep() override;
-    /// Lets events through at most every few milliseconds: a check yields several times a row, and
-    /// asking the window system each time would cost more than the check.
+    /// Processes events at most every few milliseconds: a check yields several times a row, and
+    /// asking the window system each time would take longer than the check.
     void DoEvents() override;
 
   private:

@@ -71,7 +71,7 @@ void QtNotifyArea::activated(const std::string& form, QSystemTrayIcon::Activatio
     }
 }
 
-// Many desktops tell of single clicks only.
+// Many desktops report only single clicks.
 bool QtNotifyArea::isSecondClick(const std::string& form) {
     QElapsedTimer& since = icons_[form].sinceClick;
     const bool second = since.isValid() && since.elapsed() <= QApplication::doubleClickInterval();

@@ -1,4 +1,4 @@
-// The notification area by Qt's tray icon. One icon a window, as the program's records name them.
+// The notification area by Qt's tray icon. One icon for each window, by the name of its form.
 #pragma once
 
 #include <QElapsedTimer>
@@ -24,7 +24,7 @@ class QtNotifyArea final : public NotifyArea {
 
     /// Takes every icon away.
     void clear() { icons_.clear(); }
-    /// Whether an icon of the program stands where the user can get at it.
+    /// Whether an icon of the program is shown and can be clicked.
     bool available() const override {
         return QSystemTrayIcon::isSystemTrayAvailable() && !icons_.empty();
     }

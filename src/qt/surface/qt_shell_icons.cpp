@@ -16,14 +16,14 @@ bool isShare(const std::string& path) {
     return path.starts_with("\\\\");
 }
 
-// By its form alone: to look at the drive itself could mean to wait for it.
+// By the form of the path: the drive itself might not answer.
 bool isRoot(const std::string& path) {
     return path.size() <= rootLength;
 }
 
 }  // namespace
 
-QIcon QtShellIcons::look(const std::string& path) {
+QIcon QtShellIcons::iconOf(const std::string& path) {
     if (isShare(path)) return glyphIcon(Glyph::networkDrive);
     QIcon desktops =
         provider_.icon(isRoot(path) ? QFileIconProvider::Drive : QFileIconProvider::Folder);
@@ -37,7 +37,7 @@ QIcon QtShellIcons::look(const std::string& path) {
 std::uint64_t QtShellIcons::SHGetFileInfoA(const std::string& path, std::uint32_t,
                                            ShellFileInfo& info, std::uint32_t, std::uint32_t) {
     const auto [known, isNew] = places_.try_emplace(path, static_cast<int>(images_.size()));
-    if (isNew) images_.push_back(look(path));
+    if (isNew) images_.push_back(iconOf(path));
     info.iIcon = known->second;
     return imageListHandle;
 }

@@ -21,16 +21,16 @@ class QtShellIcons final : public ShellIcons {
     bool ImageList_Draw(std::uint64_t imageList, int index, std::string& picture, int left, int top,
                         std::uint32_t style) override;
 
-    /// The icon that a picture's key means; empty for other keys.
+    /// The icon for the key of a picture; empty for other keys.
     QIcon icon(const std::string& picture) const;
 
   private:
-    QIcon look(const std::string& path);
+    QIcon iconOf(const std::string& path);
 
     Machine& machine_;
     QFileIconProvider provider_;
     std::vector<QIcon> images_;
-    std::map<std::string, int> places_;  // of the paths that were asked for
+    std::map<std::string, int> places_;  // by path
 };
 
 }  // namespace velmora::qt

@@ -33,7 +33,7 @@ std::int32_t QtUser32::SetWindowLongA(const std::string& window, std::int32_t in
 bool QtUser32::SetLayeredWindowAttributes(const std::string& window, std::uint32_t key,
                                           std::uint8_t alpha, std::uint32_t flags) {
     QWidget* target = windows_.find(window);
-    // As with the system's own windows, one has to be layered first.
+    // As with the system's own windows, the window has to be layered first.
     if (target == nullptr || (extendedStyles_[window] & velmora::window::layered) == 0)
         return false;
     const bool byAlpha = (flags & velmora::window::alpha) != 0;
@@ -61,7 +61,8 @@ std::uint32_t QtUser32::GetWindowThreadProcessId(const std::string& window,
 
 void QtUser32::AppActivate(std::uint32_t process) {
     if (process != static_cast<std::uint32_t>(QCoreApplication::applicationPid())) return;
-    // Once the windows show what their forms say: one that is being hidden stays behind.
+    // After the windows have been updated from their forms: a window about to be hidden must not
+    // come to the front.
     QTimer::singleShot(0, QCoreApplication::instance(), [this] {
         QWidget* window = windows_.find("Form1");
         if (window != nullptr && window->isVisible()) bringToFront(window);

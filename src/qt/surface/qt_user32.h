@@ -32,7 +32,7 @@ class QtUser32 final : public User32 {
     bool DestroyWindow(std::uint32_t) override { return false; }
     std::string GetActiveWindow() override;
 
-    /// A window of that name came into being: the newest hook hears of it.
+    /// Reports to the newest hook that a window of that name was created.
     void windowCreated(const std::string& window);
 
   private:

@@ -1,4 +1,4 @@
-// Text on its way between the program (UTF-8) and the widgets (UTF-16).
+// Conversion of texts between the program (UTF-8) and the widgets (UTF-16).
 #pragma once
 
 #include <QString>

@@ -1,5 +1,5 @@
-// What the user's hand does reaches the program through here, so that nothing thrown by a handler
-// meets Qt's event loop, which can't carry exceptions.
+// All that the user does passes through here on its way to the program, so that no exception of a
+// handler reaches Qt's event loop, which can't carry any.
 #pragma once
 
 #include <functional>
@@ -16,12 +16,12 @@ class UserHand {
     UserHand(const UserHand&) = delete;
     UserHand& operator=(const UserHand&) = delete;
 
-    /// Whoever shows the box of a run-time error; to be set before anything happens.
+    /// Shows the box of a run-time error; to be set before anything else.
     void setHost(Host& host) { host_ = &host; }
     /// Runs once when the program ends; takes the exit status.
     void whenEnded(std::function<void(int)> ended) { whenEnded_ = std::move(ended); }
 
-    /// How a path of this machine becomes a drive path; without it, it stays as it is.
+    /// Converts a path of this machine to a drive path; without it, paths stay as they are.
     void setPaths(std::function<std::string(const std::string&)> toDrivePath) {
         toDrivePath_ = std::move(toDrivePath);
     }
@@ -30,13 +30,13 @@ class UserHand {
     }
 
     /// Runs a handler. A refusal is dropped: nothing has changed, and the view shows the field as
-    /// it is. A run-time error that nothing took shows its box and ends the program with status 1.
-    /// Nothing happens any more once the program has ended.
+    /// it is. A run-time error that no handler has caught shows its box and ends the program with
+    /// status 1. Does nothing once the program has ended.
     void does(const std::function<void()>& what);
 
     /// The exit status once the program has ended.
     std::optional<int> ended() const { return ended_; }
-    /// Throws ProgramEnd in a handler that yielded to the one that ended the program.
+    /// Throws ProgramEnd when the program has ended: for handlers that yielded meanwhile.
     void throwWhenEnded() const;
 
   private:

@@ -1,5 +1,4 @@
-// Windows that let the desktop show through, and windows that stay in front: done by each window
-// system in its own way.
+// Translucent windows, and windows that stay in front: each window system does them in its own way.
 #pragma once
 
 #include <QWidget>
@@ -8,7 +7,7 @@
 
 namespace velmora::qt {
 
-/// `alpha` 0 to 255 for opaque; places of the colour `key`, 0x00BBGGRR, are not shown at all.
+/// `alpha` from 0 to 255, opaque; pixels of the colour `key`, 0x00BBGGRR, are not shown at all.
 void showLayered(QWidget* window, std::uint8_t alpha, std::optional<std::uint32_t> key);
 
 /// Keeps the window in front of those of other programs, or no longer. Neither place nor size nor

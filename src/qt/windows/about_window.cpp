@@ -14,7 +14,7 @@ namespace {
 constexpr int drawingSize = 96;
 constexpr int descriptionWidth = 300;
 
-// The program's picture within a ring that goes round.
+// The program's icon within a turning ring.
 class TurningDisk : public QWidget {
   public:
     explicit TurningDisk(Slider& turn) : turn_(turn) {

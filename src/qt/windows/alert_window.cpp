@@ -1,4 +1,4 @@
-// The alert dialog: its journal, what can be done about a shortage, and how it goes away by itself.
+// The alert dialog: its journal, what can be done about a shortage, and the switch for its hiding.
 #include <QHBoxLayout>
 
 #include "forms/form_numbers.h"

@@ -23,7 +23,7 @@ QLabel* heading(Label& field) {
     return label;
 }
 
-// A needle of the view stands at its highest value for none.
+// The field has its greatest value when nothing is free.
 QProgressBar* makeGauge(Slider& field) {
     auto* gauge = new QProgressBar;
     gauge->setRange(field.Min(), field.Max());

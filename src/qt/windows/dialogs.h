@@ -1,4 +1,4 @@
-// The small windows beside the main one.
+// The small windows besides the main one.
 #pragma once
 
 #include <QWidget>

@@ -1,4 +1,4 @@
-// Widgets in lines: as many in each as the width has room for.
+// Widgets in lines, as many in each line as fit into the width.
 #pragma once
 
 #include <QLayout>

@@ -54,9 +54,9 @@ QScrollArea* scrolled(QWidget* page) {
     area->setWidget(page);
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
-    // It takes the keyboard, to be scrolled by it.
+    // It takes the focus, to be scrolled by keys.
     area->setAccessibleName(QStringLiteral("Page"));
-    // The page is seen through the area, whatever colour the theme gives to lists.
+    // Transparent: a theme may give the area the colour of lists.
     area->viewport()->setAutoFillBackground(false);
     page->setAutoFillBackground(false);
     return area;

@@ -14,11 +14,11 @@ inline constexpr int gap = 6;
 
 /// A box with a heading around a layout.
 QGroupBox* group(const QString& heading, QLayout* content);
-/// Widgets side by side; a null one takes what is left of the width.
+/// Widgets side by side; a null one takes the remaining width.
 QHBoxLayout* row(std::initializer_list<QWidget*> widgets);
 /// Widgets below each other.
 QVBoxLayout* column(std::initializer_list<QWidget*> widgets);
-/// A word in front of a widget, which it names to a screen reader unless it has a name.
+/// A word before a widget; also the accessible name of a widget without one.
 QLabel* wordFor(const QString& word, QWidget* widget);
 /// A page that scrolls when the window is too small for it.
 QScrollArea* scrolled(QWidget* page);

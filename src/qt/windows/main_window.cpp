@@ -25,7 +25,7 @@ namespace velmora::qt {
 namespace {
 
 constexpr double listScale = 0.9;
-// The resize rules' own least width, whatever the fonts would like.
+// The least width by the resize rules, even if the fonts need more.
 constexpr int leastWidth = form1_size::leastWidth / twipsPerPixel;
 
 QIcon rowPicture(const std::string& key, const QtShellIcons& icons) {
@@ -70,7 +70,7 @@ void MainWindow::addToolBar() {
     QMainWindow::addToolBar(Qt::TopToolBarArea, toolBar_);
 }
 
-// The icon's menu also for those who have no notification area, or don't think of it.
+// The menu of the icon, also for desktops without a notification area.
 QWidget* MainWindow::makeMenuButton() {
     auto* button = new QToolButton;
     button->setObjectName(QStringLiteral("mnuPopUp.Button"));
@@ -89,7 +89,7 @@ QWidget* MainWindow::makeWatchList(const QtShellIcons& icons) {
         form_.ListView1, [&icons](const std::string& key) { return rowPicture(key, icons); },
         {.ticks = true, .stretchedColumn = 0, .fits = true, .preferred = {400, 140}}, hand_);
     list->setMinimumHeight(110);
-    // The window starts narrow, and five columns of figures want their place.
+    // The window starts narrow, and has to show five columns of figures.
     QFont smaller = list->font();
     smaller.setPointSizeF(smaller.pointSizeF() * listScale);
     list->setFont(smaller);
@@ -179,30 +179,30 @@ void MainWindow::addShortcuts() {
         [this] { form_.Toolbar1.userClickPart(form_.Toolbar1.ButtonCount()); });
 }
 
-// Where no widget has a menu of its own.
+// For widgets without their own menu.
 void MainWindow::contextMenuEvent(QContextMenuEvent* event) {
     hand_.does([this] { form_.mnuPopUp.PopUp(); });
     event->accept();
 }
 
-void MainWindow::tellMeasures() {
-    const auto tell = [](Control& control, int height) {
+void MainWindow::reportHeights() {
+    const auto report = [](Control& control, int height) {
         Bounds bounds = control.bounds();
         bounds.Height = height * twipsPerPixel;
         control.setBounds(bounds);
     };
-    tell(form_.Toolbar1, toolBar_->height());
-    tell(form_.Frame8, watchList_->height());
+    report(form_.Toolbar1, toolBar_->height());
+    report(form_.Frame8, watchList_->height());
 }
 
 void MainWindow::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
-    tellMeasures();
+    reportHeights();
 }
 
 bool MainWindow::event(QEvent* event) {
     const bool handled = QMainWindow::event(event);
-    if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::Show) tellMeasures();
+    if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::Show) reportHeights();
     return handled;
 }
 

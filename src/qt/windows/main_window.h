@@ -30,8 +30,9 @@ class MainWindow : public QMainWindow {
     void addMenus();
     void addShortcuts();
     void placeTriggerEntry();
-    /// The resize rules and the compact view go by these heights.
-    void tellMeasures();
+    /// Gives the heights of tool bar and watch list to their fields, for the resize rules and the
+    /// compact view.
+    void reportHeights();
 
     Form1& form_;
     QtUser32& user32_;

@@ -10,7 +10,7 @@ namespace {
 
 constexpr double figureScale = 1.5;
 
-// One figure of the watch: what it is, and below in large letters how it stands.
+// One figure of the watch: its caption, and below it the value in large letters.
 QWidget* makeFigure(const QString& words, Label& field) {
     auto* caption = new QLabel(words);
     caption->setWordWrap(true);

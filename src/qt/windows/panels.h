@@ -8,7 +8,7 @@
 
 namespace velmora::qt {
 
-/// "Spec.": programs, path and space, files, behind an inner strip.
+/// "Spec.": programs, path and space, files, each with a tab of an inner strip.
 QWidget* makeSpecifiedPanel(Form1& form, UserHand& hand);
 /// "Options": what is to happen on a shortage, which events count, when to check.
 QWidget* makeOptionsPanel(Form1& form, UserHand& hand);

@@ -9,15 +9,15 @@ namespace velmora::qt {
 
 namespace {
 
-constexpr int lookInterval = 200;  // milliseconds
+constexpr int maskInterval = 200;  // milliseconds
 
 QRgb rgbOf(std::uint32_t key) {
     return qRgb(static_cast<int>(key & 0xFF), static_cast<int>((key >> 8) & 0xFF),
                 static_cast<int>((key >> 16) & 0xFF));
 }
 
-// X11 and Wayland know no colour key: the window takes a shape without the places of that colour,
-// found anew whenever it has been painted.
+// X11 and Wayland have no colour key: the window gets a mask without the pixels of that colour,
+// which is made again each time the window has been painted.
 class ColourKey : public QObject {
   public:
     static ColourKey* of(QWidget* window) {
@@ -45,10 +45,10 @@ class ColourKey : public QObject {
     void schedule() {
         if (scheduled_ || shaping_) return;
         scheduled_ = true;
-        QTimer::singleShot(lookInterval, this, [this] { shape(); });
+        QTimer::singleShot(maskInterval, this, [this] { shape(); });
     }
 
-    // Looks at most a few times a second: it costs a second painting of the window.
+    // At most a few times a second, since it paints the window once more.
     void shape() {
         scheduled_ = false;
         shaping_ = true;
