@@ -31,6 +31,7 @@ class QuietHost final : public Host {
 class NoNotifyArea final : public NotifyArea {
   public:
     bool Shell_NotifyIconA(NotifyMessage, const NotifyIconData&) override { return false; }
+    bool available() const override { return true; }
 };
 
 struct Program {

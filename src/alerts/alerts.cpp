@@ -28,7 +28,7 @@ Alerts::Alerts(Forms& forms, Platform& platform, const Surface& surface, Window 
                 .alerts = list_,
                 .system = systemActions_}) {}
 
-void Alerts::handOver() {
+void Alerts::afterLoad() {
     soundButtons_.setDefaults();
     actionListRules_.emplace(forms_, host_);
 }

@@ -40,10 +40,10 @@ class Alerts {
     const ActionTable& actions() const { return actions_.table(); }
     FileList& files() { return files_; }
 
-    /// Once the running state stands: sounds get their defaults, and the rules of the list of
-    /// actions begin. They are for the hand: ticks out of the settings were taken once already,
-    /// and a start must not wait for an answer.
-    void handOver();
+    /// To be called once the settings are read: gives the sounds their defaults and switches on the
+    /// rules for ticking actions. The rules apply to the user only. Ticks from the settings obeyed
+    /// them when they were set, and a start must not wait for an answer.
+    void afterLoad();
 
   private:
     Forms& forms_;

@@ -20,7 +20,7 @@ Core::Core(Forms& forms, Platform& platform, Surface surface)
 
 void Core::load() {
     monitor_.lifeCycle().Form_Load();
-    alerts_.handOver();
+    alerts_.afterLoad();
 }
 
 void addTimers(Forms& forms, TimerQueue& queue) {

@@ -1,5 +1,4 @@
-// The program without a surface: its parts, put together. Window and console put themselves in
-// front of it.
+// The program without a surface: its parts, put together. The window and the console run on it.
 #pragma once
 
 #include "alerts/alerts.h"

@@ -1,5 +1,6 @@
 #include "base/convert.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -45,6 +46,11 @@ std::int16_t toInteger(double value) {
 
 std::int32_t toLong(double value) {
     return toWhole<std::int32_t>(value);
+}
+
+double withinLong(double value) {
+    using Limits = std::numeric_limits<std::int32_t>;
+    return std::clamp<double>(value, Limits::min(), Limits::max());
 }
 
 double roundTiesToEven(double value) {

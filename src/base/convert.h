@@ -31,6 +31,8 @@ std::int32_t toLong(std::string_view text, const Regional& regional);
 std::int16_t toInteger(double value);
 /// Ties to even. Error 6 beyond 32 bits or for NaN.
 std::int32_t toLong(double value);
+/// The nearest value that 32 bits can hold: sums over drives of more than 2 TB must not fail.
+double withinLong(double value);
 
 /// The nearest whole number; infinities and NaN stay what they are.
 double roundTiesToEven(double value);

@@ -23,6 +23,9 @@ class ConsoleNotifyArea final : public NotifyArea {
         return false;
     }
 
+    /// Without a window there is nothing to call back.
+    bool available() const override { return true; }
+
   private:
     Output& output_;
 };

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 
 namespace velmora {
 
@@ -22,20 +23,34 @@ inline constexpr int pause = 10;
 inline constexpr int progressDialog = 11;
 }  // namespace act
 
-/// The captions, in the order of the places.
-inline constexpr std::array actionEntries{
-    "Alert on Space Shortage",
-    "Move Sp. Files to Sp. Path",
-    "Delete Specified Files",
-    "Send Specified Files to Recycle Bin",
-    "Auto Move Files to Largest Avail. Path-Space",
-    "Sound Audio Alert",
-    "Empty Recycle Bin",
-    "Run specified programs(s)",
-    "Notify specified Email(s)",
-    "Auto Run Clean Manager",
-    "Pause Velmora on Alert ",
-    "Show progress dialog on checking!",
+struct ActionEntry {
+    int place;
+    const char* caption;
 };
+
+inline constexpr std::array<ActionEntry, 12> actionEntries{{
+    {act::alert, "Alert on Space Shortage"},
+    {act::move, "Move Sp. Files to Sp. Path"},
+    {act::remove, "Delete Specified Files"},
+    {act::recycle, "Send Specified Files to Recycle Bin"},
+    {act::autoMove, "Auto Move Files to Largest Avail. Path-Space"},
+    {act::sound, "Sound Audio Alert"},
+    {act::emptyBin, "Empty Recycle Bin"},
+    {act::run, "Run specified programs(s)"},
+    {act::mail, "Notify specified Email(s)"},
+    {act::cleaner, "Auto Run Clean Manager"},
+    {act::pause, "Pause Velmora on Alert "},
+    {act::progressDialog, "Show progress dialog on checking!"},
+}};
+
+/// The captions in the order of the places; an entry out of its place doesn't compile.
+inline constexpr std::array actionCaptions = [] {
+    std::array<const char*, actionEntries.size()> captions{};
+    for (std::size_t i = 0; i < captions.size(); ++i) {
+        if (actionEntries[i].place != static_cast<int>(i)) throw "an entry out of its place";
+        captions[i] = actionEntries[i].caption;
+    }
+    return captions;
+}();
 
 }  // namespace velmora

@@ -80,7 +80,7 @@ OptionsPanel::OptionsPanel(Form& form)
       chkCustTime(form, "chkCustTime", "Enable Custom Time"),
       DTTime1{{{form, "DTTime1", timeOfDay(8, 0), 0}, {form, "DTTime1", timeOfDay(17, 0), 1}}},
       TimerCust(form, "TimerCust", 60000, true),
-      lstAct(form, "lstAct", std::span(actionEntries)),
+      lstAct(form, "lstAct", std::span(actionCaptions)),
       lstEvt{form,
              "lstEvt",
              {"No Change in Free Space Size (Stagnancy)", "Change in Free Space Size ",

@@ -1,5 +1,5 @@
-// Names for the numbers of the forms: entries of lists, places in arrays of controls, images,
-// sizes.
+// Names for the numbers and words of the forms: entries of lists, places in arrays of controls,
+// images, sizes.
 #pragma once
 
 #include <cstddef>
@@ -20,6 +20,12 @@ namespace tool {
 inline constexpr int startPause = 1;
 inline constexpr int view = 5;
 }  // namespace tool
+
+/// What the button that starts and pauses the watch says.
+namespace watch_caption {
+inline constexpr const char* start = "Start Watch";
+inline constexpr const char* pause = "Pause Watch";
+}  // namespace watch_caption
 
 /// Images of the tool bar and of the status bar, by their numbers in ImageList1.
 namespace image {

@@ -153,7 +153,8 @@ void CheckCycle::closeCheck(int i) {
     Form1& form1 = forms_.form1;
     if (!isNumeric(form1.txtTime.Text(), platform_.regional)) form1.txtTime.setText("5");
     form1.Timer1.setInterval(runningInterval);
-    if (form1.cmdPause.Caption() == "Start Watch") form1.cmdPause.setCaption("Pause Watch");
+    if (form1.cmdPause.Caption() == watch_caption::start)
+        form1.cmdPause.setCaption(watch_caption::pause);
     forms_.globals.lngTimesChecked = addLong(forms_.globals.lngTimesChecked, 1);
 
     StatusBar& status = form1.StatusBar1;
@@ -176,7 +177,7 @@ void CheckCycle::closeCheck(int i) {
 void CheckCycle::saveAtClosing() {
     Form1& form1 = forms_.form1;
     form1.Timer1.setEnabled(true);
-    if (form1.chkSaveSet.ticked()) parts_.settings.prcSettings(1);
+    if (form1.chkSaveSet.ticked()) parts_.settings.prcSettings(settings_order::write);
     if (form1.chkAutoSave.ticked()) parts_.log.saveNewEntries();
 }
 

@@ -8,8 +8,6 @@ namespace velmora {
 
 namespace {
 
-constexpr const char* eventEnd = "\r\n.\r\n";
-
 std::string countText(double count) {
     return toText(static_cast<std::int64_t>(count));
 }
@@ -82,7 +80,7 @@ void EventPass::testFreeSpace(int event, Pass& pass) {
     const bool stagnant = row.previousFreeIs(freeSpace);
     if (stagnant != (event == evt::stagnancy)) return;
     pass.strEvents += (stagnant ? "Free space stagnancy in: " : "Free space change in: ") +
-                      pass.text + " at size " + freeSpace + eventEnd;
+                      pass.text + " at size " + freeSpace + pieceEnd;
 }
 
 void EventPass::testQuantity(Pass& pass) {
@@ -99,7 +97,7 @@ void EventPass::testQuantity(Pass& pass) {
         const double present = count();
         if (before == -1 || before == present) return;
         pass.strEvents +=
-            words + pass.text + " from " + *old + " to " + countText(present) + eventEnd;
+            words + pass.text + " from " + *old + " to " + countText(present) + pieceEnd;
     };
     compare("File Quantity changed in ", oldFiles, [&] { return folder->FilesCount(); });
     compare("Folder Quantity changed in ", oldFolders, [&] { return folder->SubFoldersCount(); });
@@ -172,7 +170,9 @@ void EventPass::takeFigures(WatchRow& row, std::optional<double> freeBytes) {
     row.keepPreviousFree();
     row.setFreeBytes(freeBytes ? *freeBytes : drive->FreeSpace(), Grouping::regional,
                      platform_.regional);
-    row.setStamp(presentDateAndTime());
+    row.setStamp(stamp_.of(platform_.clock.Now(), [this](const DateTime& now) {
+        return dateText(now, platform_.regional);
+    }));
     if (!folder) {
         row.setNoFolder();
         return;
@@ -189,16 +189,6 @@ std::unique_ptr<Folder> EventPass::folderOf(const std::string& path) {
         if (failure.number() != error::pathNotFound) throw;
         return nullptr;
     }
-}
-
-// Thousands of rows are measured in a second; its text is made once.
-const std::string& EventPass::presentDateAndTime() {
-    const DateTime now = platform_.clock.Now();
-    if (now != stamped_ || stampText_.empty()) {
-        stamped_ = now;
-        stampText_ = dateText(now, platform_.regional);
-    }
-    return stampText_;
 }
 
 }  // namespace velmora

@@ -13,6 +13,7 @@
 #include "alerts/dialog/alert_dialog_window.h"
 #include "alerts/journal/alert_list.h"
 #include "alerts/system/system_actions.h"
+#include "base/time_text.h"
 #include "forms/forms.h"
 #include "inspect/wait_test.h"
 #include "platform/platform.h"
@@ -63,13 +64,11 @@ class EventPass {
     std::unique_ptr<Folder> folderOf(const std::string& path);
     int setPrevInfo(ListItem& item, std::optional<double> freeBytes);
     void takeFigures(WatchRow& row, std::optional<double> freeBytes);
-    const std::string& presentDateAndTime();
 
     Forms& forms_;
     Platform& platform_;
     EventParts parts_;
-    DateTime stamped_;
-    std::string stampText_;
+    TimeText stamp_;
 };
 
 }  // namespace velmora

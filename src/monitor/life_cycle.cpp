@@ -9,6 +9,7 @@
 #include "base/text.h"
 #include "forms/form_numbers.h"
 #include "monitor/maker.h"
+#include "platform/show_window.h"
 #include "rows/watch_columns.h"
 #include "rows/watch_row.h"
 
@@ -41,7 +42,7 @@ void LifeCycle::Form_Load() {
     parts_.watchControl.chkCustTime_Click();
     // What the first tick took from the picker is no setting: the file must bring an interval.
     form1.txtTime.setText("");
-    parts_.settings.prcSettings(2);
+    parts_.settings.prcSettings(settings_order::read);
     noteStart();
     forms_.sysWorkSystray.Hide();
     form1.setSize(form1_size::startWidth, form1_size::fullHeight);
@@ -63,8 +64,7 @@ std::int32_t LifeCycle::sumOfFreeKB() {
         const ConstWatchRow row(list.ListItems(i));
         if (row.isMeasured()) sum += row.freeKB(platform_.regional);
     }
-    return static_cast<std::int32_t>(
-        std::min<double>(sum, std::numeric_limits<std::int32_t>::max()));
+    return static_cast<std::int32_t>(withinLong(sum));
 }
 
 void LifeCycle::noteStart() {
@@ -103,7 +103,7 @@ void LifeCycle::addSendToShortcut() {
 
 void LifeCycle::prcComment() {
     const std::string link = std::string("mailto:") + maker::supportAddress + "?subject=comments";
-    platform_.shell32.ShellExecuteA(forms_.form1.Name(), "open", link, "", "", 1);
+    platform_.shell32.ShellExecuteA(forms_.form1.Name(), "open", link, "", "", normalWindow);
 }
 
 void LifeCycle::mnuExit_Click() {

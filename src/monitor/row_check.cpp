@@ -51,18 +51,9 @@ RowOutcome RowCheck::testTrigger(int i, std::int32_t& lngMinSpace, Measured& mea
     }
     measured.freeBytes = measured.drive.FreeSpace();
     measured.bShortage = kilobytes(measured.freeBytes) < lngMinSpace;
-    row.setLastChecked(timeChecked());
+    row.setLastChecked(timeChecked_.of(
+        platform_.clock.Now(), [](const DateTime& now) { return Format(now, "mm/dd HH:mm:ss"); }));
     return RowOutcome::done;
-}
-
-// Thousands of rows are checked in a second; its text is made once.
-const std::string& RowCheck::timeChecked() {
-    const DateTime now = platform_.clock.Now();
-    if (now != lastChecked_ || lastCheckedText_.empty()) {
-        lastChecked_ = now;
-        lastCheckedText_ = Format(now, "mm/dd HH:mm:ss");
-    }
-    return lastCheckedText_;
 }
 
 // From percent of the drive's size; false, with a box, for a value above 100. The result stays in
@@ -86,13 +77,13 @@ void RowCheck::reportShortage(int i, const std::string& text, const Measured& me
                               std::int32_t lngMinSpace) {
     Form1& form1 = forms_.form1;
     const DateTime now = platform_.clock.Now();
-    Shortage shortage{i,
-                      text,
-                      measured.drive,
-                      lngMinSpace,
-                      shortageText(measured, lngMinSpace),
-                      alert_time::dateAndTime(now),
-                      ""};
+    Shortage shortage{.row = i,
+                      .rowText = text,
+                      .drive = measured.drive,
+                      .lngMinSpace = lngMinSpace,
+                      .strAlert = shortageText(measured, lngMinSpace),
+                      .strStamp = alert_time::dateAndTime(now),
+                      .strNote = {}};
     parts_.alerts.prcAlertInfo(Format(platform_.clock.Now(), alert_time::minutes), rating::high,
                                shortage.strAlert, {},
                                &WatchRow::at(form1.ListView1, i, text).item());
@@ -127,8 +118,8 @@ void RowCheck::reportEnoughSpace(int i, const std::string& text) {
     showState(i, text, state_icon::ok);
 }
 
-// Handlers have run since the row was measured: if they put another row in its place, that one
-// shows nothing that it wasn't measured for. The next check makes good for both.
+// Handlers have run since the row was measured. If another row stands in its place now, its icon
+// stays as it is; the next check sets the icons of both.
 void RowCheck::showState(int i, const std::string& text, const char* icon) {
     WatchRow row(forms_.form1.ListView1.ListItems(i));
     if (row.path() == text) row.setStateIcon(icon);

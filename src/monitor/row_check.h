@@ -8,6 +8,7 @@
 #include "alerts/actions/action_table.h"
 #include "alerts/dialog/alert_dialog_window.h"
 #include "alerts/journal/alert_list.h"
+#include "base/time_text.h"
 #include "forms/forms.h"
 #include "monitor/event_detection.h"
 #include "monitor/space_statistics.h"
@@ -49,7 +50,6 @@ class RowCheck {
 
     RowOutcome testTrigger(int i, std::int32_t& lngMinSpace, Measured& measured);
     bool toWholeKB(Drive& drive, std::int32_t& lngMinSpace);
-    const std::string& timeChecked();
     std::string shortageText(const Measured& measured, std::int32_t lngMinSpace) const;
     void reportShortage(int i, const std::string& text, const Measured& measured,
                         std::int32_t lngMinSpace);
@@ -62,8 +62,7 @@ class RowCheck {
     Platform& platform_;
     Host& host_;
     RowCheckParts parts_;
-    DateTime lastChecked_;
-    std::string lastCheckedText_;
+    TimeText timeChecked_;
 };
 
 }  // namespace velmora

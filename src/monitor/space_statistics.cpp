@@ -10,16 +10,6 @@
 
 namespace velmora {
 
-namespace {
-
-// Stops at the greatest 32-bit number: more than 2 TB at once must not end the program.
-std::int32_t asFarAsItGoes(double value) {
-    using Limits = std::numeric_limits<std::int32_t>;
-    return toLong(std::clamp<double>(value, Limits::min(), Limits::max()));
-}
-
-}  // namespace
-
 SpaceStatistics::SpaceStatistics(Forms& forms, Platform& platform, Host& host)
     : forms_(forms), platform_(platform), host_(host) {
     forms_.form1.tmrStat.Tick.connect([this] { tmrStat_Timer(); });
@@ -39,7 +29,7 @@ std::string SpaceStatistics::prcSpaceRateChange(ListView& thisLV, const std::str
         before += row.previousFreeKB(regional);
         now += row.freeKB(regional);
     }
-    lngRateChange_ = asFarAsItGoes(now - before);
+    lngRateChange_ = toLong(withinLong(now - before));
     if (lngRateInterval_ < 1) lngRateInterval_ = toLong(forms_.form1.txtTime.Text(), regional);
     double rate = 0;
     if (lngRateChange_ != 0) {

@@ -2,6 +2,7 @@
 
 #include "base/convert.h"
 #include "controls/keys.h"
+#include "rows/watch_columns.h"
 #include "rows/watch_row.h"
 
 namespace velmora {
@@ -49,7 +50,7 @@ void TriggerEntry::placeOver(ListItem& row) {
     box.setBounds({left - 160, list.rowTop(index) + list.bounds().Top + 750, header.Width,
                    ListView::rowHeight - 200});
     box.setVisible(true);
-    box.setText(column == 1 ? row.Text() : row.SubItems(column - 1));
+    box.setText(textUnder(row, column));
     if (header.Text == "Specified Drive Space") {
         box.selectAllAndFocus();
     } else {

@@ -45,7 +45,7 @@ void WatchControl::pause() {
     form1.Toolbar1.setButtonCaption(tool::startPause, "Start");
     form1.Toolbar1.setButtonImage(tool::startPause, image::start);
     form1.mnuPause.setChecked(true);
-    form1.cmdPause.setCaption("Start Watch");
+    form1.cmdPause.setCaption(watch_caption::start);
     form1.Timer1.setEnabled(false);
     form1.StatusBar1.setPanelText(2, "Watch Paused.");
     forms_.globals.sTrayTip = "Velmora! Paused";
@@ -63,7 +63,7 @@ void WatchControl::start() {
         host_.MsgBox({.text = "No Drive/Path currently listed.", .icon = BoxIcon::information});
         return;
     }
-    form1.cmdPause.setCaption("Pause Watch");
+    form1.cmdPause.setCaption(watch_caption::pause);
     form1.Timer1.setEnabled(true);
     form1.StatusBar1.setPanelText(2, "Watching.");
     forms_.globals.sTrayTip = "Velmora! Started.";
@@ -158,7 +158,7 @@ void WatchControl::moveEndOn() {
 
 void WatchControl::report(const std::string& alertWords, const std::string& journalWords) {
     const DateTime now = platform_.clock.Now();
-    const std::string entry = journalWords + dateText(now, platform_.regional) + "\r\n.\r\n";
+    const std::string entry = journalWords + dateText(now, platform_.regional) + pieceEnd;
     forms_.form1.txtAlert.prepend(entry);
     parts_.alerts.prcAlertInfo(Format(now, alert_time::minutes), rating::medium, alertWords, {},
                                nullptr);

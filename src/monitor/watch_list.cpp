@@ -12,13 +12,6 @@ namespace velmora {
 
 namespace {
 
-// Stops at the greatest 32-bit number instead of failing, so that a machine with more than 2 TB
-// can be refreshed at all.
-std::int32_t upToTheGreatest(double value) {
-    return static_cast<std::int32_t>(
-        std::min<double>(value, std::numeric_limits<std::int32_t>::max()));
-}
-
 // What a refresh looks for: a network path as it is, else the root in front.
 std::string pathToTest(const std::string& text) {
     return left(text, 2) == "\\\\" ? text : left(text, 3);
@@ -89,13 +82,13 @@ void WatchList::markInaccessible(ListItem& item, const std::string& path) {
 void WatchList::finishRefresh(const Measure& sums) {
     Globals& globals = forms_.globals;
     DriveTotals& totals = globals.driveTotals;
-    const std::int32_t freeSum = upToTheGreatest(sums.freeSum);
+    const std::int32_t freeSum = static_cast<std::int32_t>(withinLong(sums.freeSum));
     if (totals.lngRefreshes > 0 && totals.lngFreeKB - freeSum == 0) totals.lngRateKB = 0;
     totals.dtLast = platform_.clock.Now();
     totals.lngFreeKB = freeSum;
     totals.lngRefreshes = addLong(totals.lngRefreshes, 1);
     totals.lngDrives = forms_.form1.ListView1.Count();
-    totals.lngSizeKB = upToTheGreatest(sums.totalSum);
+    totals.lngSizeKB = static_cast<std::int32_t>(withinLong(sums.totalSum));
     globals.dtRefreshed = platform_.clock.Now();
     globals.lngRefreshedKB = totals.lngFreeKB;
 }

@@ -8,9 +8,9 @@
 namespace velmora {
 
 void SettingsFile::prcSettings(std::int16_t bSet) {
-    if (bSet == 1) {
+    if (bSet == settings_order::write) {
         write();
-    } else if (bSet == 2) {
+    } else if (bSet == settings_order::read) {
         readSettings(platform_.files.readAll(forms_.globals.strSettings), forms_, platform_);
     }
     TextBox& txtTime = forms_.form1.txtTime;

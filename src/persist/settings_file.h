@@ -9,6 +9,12 @@
 
 namespace velmora {
 
+/// What prcSettings is to do.
+namespace settings_order {
+inline constexpr std::int16_t write = 1;
+inline constexpr std::int16_t read = 2;
+}  // namespace settings_order
+
 class SettingsFile {
   public:
     SettingsFile(Forms& forms, Platform& platform, Host& host)

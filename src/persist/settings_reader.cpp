@@ -27,7 +27,7 @@ void readLine(const std::string& line, const SettingsTarget& to) {
 }  // namespace
 
 void readSettings(std::string_view content, Forms& forms, Platform& platform) {
-    const SettingsTarget to{forms, platform};
+    const SettingsTarget to{.forms = forms, .platform = platform};
     InputFields fields(content);
     while (!fields.atEnd()) {
         const std::string field = fields.next();

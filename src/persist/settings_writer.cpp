@@ -17,7 +17,7 @@ std::string plainLine(const SettingsKey& key, const std::string& value) {
 }  // namespace
 
 void appendSettings(std::string& text, const Forms& forms, const Regional& regional, Host& host) {
-    const SettingsSource from{forms, regional, host};
+    const SettingsSource from{.forms = forms, .regional = regional, .host = host};
     for (const SettingsKey* key : settingsKeysToWrite()) {
         for (const std::string& value : key->field.get(from)) {
             text.append(prcEn(plainLine(*key, value))).append(lineEnd);

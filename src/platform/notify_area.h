@@ -26,7 +26,7 @@ class NotifyArea {
     /// Whether the notification area took the message.
     virtual bool Shell_NotifyIconA(NotifyMessage message, const NotifyIconData& data) = 0;
     /// Whether the user can get at icons there; some desktops have no notification area.
-    virtual bool available() const { return true; }
+    virtual bool available() const = 0;
 };
 
 }  // namespace velmora

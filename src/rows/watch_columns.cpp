@@ -30,4 +30,8 @@ void writeTriggers(ListView& list, const std::string& text) {
     }
 }
 
+const std::string& textUnder(const ListItem& row, int column) {
+    return column == 1 ? row.Text() : row.SubItems(column - 1);
+}
+
 }  // namespace velmora

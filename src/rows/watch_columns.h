@@ -15,6 +15,9 @@ void addWatchColumns(ListView& list);
 /// each other's place. Nothing without that column.
 void showTriggerUnit(ListView& list, const std::string& unit);
 
+/// What a row shows under that header, from 1.
+const std::string& textUnder(const ListItem& row, int column);
+
 /// Writes the trigger of every row, in the first column whose header holds "Trigger"; nothing
 /// without one.
 void writeTriggers(ListView& list, const std::string& text);

@@ -15,8 +15,7 @@ ButtonCommands::ButtonCommands(Forms& forms, AboutBox& aboutBox, SettingsFile& s
 }
 
 void ButtonCommands::Command8_Click() {
-    constexpr std::int16_t write = 1;
-    settings_.prcSettings(write);
+    settings_.prcSettings(settings_order::write);
     aboutBox_.showAbout();
 }
 

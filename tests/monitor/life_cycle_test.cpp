@@ -134,6 +134,7 @@ TEST(LifeCycle, TheIconGoesBeforeTheWindowIsHidden) {
             wasVisible = form1.Visible();
             return false;  // a missing icon doesn't keep the program from ending
         }
+        bool available() const override { return true; }
         Form1& form1;
         bool wasVisible = false;
     };

@@ -38,7 +38,4 @@ void raiseNote(ActionParts& parts, Shortage& shortage, std::string strNote);
 /// A "Medium" alert of no row, with minutes in its stamp.
 void raiseFileReport(ActionParts& parts, const std::string& text);
 
-/// After each piece of the running text.
-inline constexpr const char* pieceEnd = "\r\n.\r\n";
-
 }  // namespace velmora

@@ -59,11 +59,11 @@ void DeleteAction::deleteFolder(Shortage& shortage, int place) {
     ListView& files = parts_.forms.form1.LVFile;
     const std::string path = ConstListedFile(files.ListItems(place)).path();
     const auto folder = folderToDelete(parts_.platform.fso, path);
-    const double size = folder->Size();
+    const auto bytes = contentToDelete(*folder);
     std::string& strAlert = shortage.strAlert;
-    if (size > 0 && folder->FilesCount() > 0) {
+    if (bytes) {
         strAlert += pieceEnd + ("Auto Deleted Specified Folder: " + path) + " | [" +
-                    folderSizeText(size, parts_.platform.regional) + "]";
+                    folderSizeText(*bytes, parts_.platform.regional) + "]";
         folder->Delete(true);
     } else {
         strAlert += pieceEnd + ("- No Folder Found or No Content in Folder: " + path);

@@ -68,7 +68,7 @@ void AlertDialogHiding::Timer1_Timer() {
 
 void AlertDialogHiding::dismiss() {
     DlgAlert& dialog = forms_.dlgAlert;
-    // A file that can't be written now must not be the end of hiding.
+    // A file that can't be written now must not stop the dialog from hiding itself later.
     const ScopeGuard standReady([&] {
         rest();
         dialog.Timer1.setEnabled(true);

@@ -11,6 +11,9 @@
 
 namespace velmora {
 
+/// After each piece of a text that alerts and journal gather.
+inline constexpr const char* pieceEnd = "\r\n.\r\n";
+
 namespace rating {
 inline constexpr const char* high = "High";
 inline constexpr const char* medium = "Medium";

@@ -20,8 +20,6 @@ enum FileButton {
     attributesButton
 };
 
-constexpr const char* watchRuns = "Pause Watch";
-
 }  // namespace
 
 // Command2 has an empty handler.
@@ -66,7 +64,7 @@ void FileListButtons::lblSF_Click(int index) {
 
 // The watch rests meanwhile, so that no check changes the list while the dialog is open.
 void FileListButtons::addFiles() {
-    const bool rests = form1_.cmdPause.Caption() == watchRuns;
+    const bool rests = form1_.cmdPause.Caption() == watch_caption::pause;
     if (rests) form1_.cmdPause.Click();
     std::string strFile;
     FileDialog dialog;
@@ -81,7 +79,7 @@ void FileListButtons::addFiles() {
 
 // The custom watch time may have started it already: the switch would pause it again.
 void FileListButtons::resumeWatch() {
-    if (form1_.cmdPause.Caption() != watchRuns) form1_.cmdPause.Click();
+    if (form1_.cmdPause.Caption() != watch_caption::pause) form1_.cmdPause.Click();
 }
 
 void FileListButtons::showAttributes() {

@@ -11,4 +11,10 @@ std::unique_ptr<Folder> folderToDelete(FileSystemObject& fso, const std::string&
     return folder;
 }
 
+std::optional<double> contentToDelete(Folder& folder) {
+    const double bytes = folder.Size();
+    if (bytes <= 0 || folder.FilesCount() <= 0) return std::nullopt;
+    return bytes;
+}
+
 }  // namespace velmora

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "platform/file_system_object.h"
@@ -11,5 +12,8 @@ namespace velmora {
 /// The listed folder that is to be deleted. Error 70 when it is the root of a drive, before
 /// anything in it is looked at; error 76 when there is no such folder.
 std::unique_ptr<Folder> folderToDelete(FileSystemObject& fso, const std::string& path);
+
+/// The bytes that go with the folder; nothing for one without content, which stays.
+std::optional<double> contentToDelete(Folder& folder);
 
 }  // namespace velmora

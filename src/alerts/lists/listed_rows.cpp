@@ -17,7 +17,7 @@ int selectedRow(const ListView& list, int expected) {
 
 ListedRow listedRow(const ListView& list, int index) {
     const ListItem& row = list.ListItems(index);
-    return {&row, index, ConstListedFile(row).path()};
+    return {.row = &row, .index = index, .path = ConstListedFile(row).path()};
 }
 
 std::vector<ListedRow> rowsFromLast(const ListView& list) {

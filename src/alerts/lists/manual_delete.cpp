@@ -43,11 +43,10 @@ std::string ManualOperations::remove(const std::string& tag) {
     }
     if (platform_.fso.FolderExists(tag)) {
         const auto folder = folderToDelete(platform_.fso, tag);
-        const double bytes = folder->Size();
-        if (bytes > 0 && folder->FilesCount() > 0) {
+        if (const auto bytes = contentToDelete(*folder)) {
             folder->Delete(true);
-            return "\r\n.\r\n- Deleted Folder: " + tag + " | [" +
-                   folderSizeText(bytes, platform_.regional) + "]";
+            return pieceEnd + ("- Deleted Folder: " + tag) + " | [" +
+                   folderSizeText(*bytes, platform_.regional) + "]";
         }
     }
     return "- No Folder Found or No Content in Folder: " + tag;

@@ -32,7 +32,7 @@ std::string tidyPart(std::string part) {
 bool isBelowRoot(const std::string& given) {
     const std::string path = replaceAll(given, "/", "\\");
     const std::string drive = driveNameOf(path);
-    // Behind a device's prefix the root of a share has other parts.
+    // After a device's prefix the root of a share has other parts.
     const bool isDevice = path.starts_with("\\\\?\\") || path.starts_with("\\\\.\\");
     if (isDevice || drive.empty() || parentFolderOf(path).empty()) return false;
     const std::string rest = path.substr(drive.size());

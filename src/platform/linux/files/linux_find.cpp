@@ -28,7 +28,7 @@ constexpr std::uint32_t link = 1024;
 
 // A listing reports only these failures apart.
 std::uint32_t listingCodeOf(int failure) {
-    const std::uint32_t result = codeOf(failure);
+    const std::uint32_t result = codeWithoutLoops(failure);
     const bool isApart = result == code::pathNotFound || result == code::accessDenied;
     return isApart ? result : code::generalFailure;
 }

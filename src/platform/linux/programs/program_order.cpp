@@ -11,6 +11,7 @@
 #include "base/text.h"
 #include "platform/file_system_object.h"
 #include "platform/linux/programs/shell_script.h"
+#include "platform/linux/system/unique_fd.h"
 
 namespace velmora::linuxhost {
 
@@ -58,13 +59,12 @@ std::vector<std::string> hostArguments(const std::string& text,
 
 bool isProgram(const std::string& hostPath) {
     if (access(hostPath.c_str(), X_OK) != 0) return false;
-    const int file = open(hostPath.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
-    if (file < 0) return false;
+    const UniqueFd file(open(hostPath.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    if (!file.isOpen()) return false;
     struct stat status {};
     std::array<char, 4> start{};
-    const bool isFile = fstat(file, &status) == 0 && S_ISREG(status.st_mode);
-    const auto size = isFile ? read(file, start.data(), start.size()) : 0;
-    close(file);
+    const bool isFile = fstat(file.get(), &status) == 0 && S_ISREG(status.st_mode);
+    const auto size = isFile ? read(file.get(), start.data(), start.size()) : 0;
     if (size < 2) return false;
     const std::string_view text(start.data(), static_cast<std::size_t>(size));
     return text.starts_with("#!") || text ==

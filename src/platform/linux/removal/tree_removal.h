@@ -27,9 +27,10 @@ class TemporaryRights {
 /// Whether to remove an entry of the folder, by its name.
 using EntryFilter = std::function<bool(const std::string& name)>;
 
-/// Removes the entries that the filter takes with all that is in them, at any depth, and continues
-/// with the others where one can't be removed. 0, or the errno of the first failure: EXDEV for a
-/// mount in it. With `force` folders in it that their owner may not write are removed too.
+/// Removes the entries that the filter accepts, folders with their contents at any depth, and
+/// continues with the others where one can't be removed. 0, or the errno of the first failure:
+/// EXDEV for a mount in it. With `force` folders in it that their owner may not write are removed
+/// too.
 int removeEntries(const OpenFolder& folder, const EntryFilter& filter, bool force = true);
 
 /// The filter that takes every entry.

@@ -40,7 +40,7 @@ std::string entryPath(const std::string& name) {
 // The registry reports every failure to write but denied access as one.
 std::int32_t writingCodeOf(int failure) {
     if (failure == 0) return success;
-    return codeOf(failure) == code::accessDenied ? accessDenied : canNotWrite;
+    return codeWithoutLoops(failure) == code::accessDenied ? accessDenied : canNotWrite;
 }
 
 }  // namespace

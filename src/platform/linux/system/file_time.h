@@ -9,7 +9,10 @@ namespace velmora::linuxhost {
 inline std::uint64_t fileTimeOf(std::int64_t seconds, std::int64_t nanoseconds) {
     constexpr std::int64_t secondsFrom1601To1970 = 11'644'473'600;
     seconds += secondsFrom1601To1970;
-    return seconds < 0 ? 0 : static_cast<std::uint64_t>(seconds * 10'000'000 + nanoseconds / 100);
+    if (seconds < 0) return 0;
+    // Unsigned: a time far ahead must not overflow.
+    return static_cast<std::uint64_t>(seconds) * 10'000'000 +
+           static_cast<std::uint64_t>(nanoseconds / 100);
 }
 
 }  // namespace velmora::linuxhost

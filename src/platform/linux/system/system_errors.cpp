@@ -50,6 +50,10 @@ std::uint32_t codeOf(int failure) {
     return failure == 0 ? code::success : rowOf(failure).code;
 }
 
+std::uint32_t codeWithoutLoops(int failure) {
+    return failure == ELOOP ? code::generalFailure : codeOf(failure);
+}
+
 int runtimeErrorOf(int failure) {
     return rowOf(failure).runtimeError;
 }

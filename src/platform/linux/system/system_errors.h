@@ -27,6 +27,8 @@ inline constexpr std::uint32_t cancelled = 1223;
 
 /// The code for an errno: 0 for 0, 31 for one without a code of its own.
 std::uint32_t codeOf(int failure);
+/// The same where a loop of links has no code of its own: there it is a general failure.
+std::uint32_t codeWithoutLoops(int failure);
 
 /// The run-time error for an errno other than 0, as for opening and writing a file: 76 for a path
 /// that isn't there, 70, 75 or 61 for what is denied, read-only or full, 57 for any other.

@@ -109,7 +109,7 @@ std::int32_t emptyTrash(const std::vector<DriveRoot>& drives, const std::vector<
         failure =
             firstOf(failure, emptyTopFolders(drive.mountPoint == "/" ? "" : drive.mountPoint));
     }
-    const std::uint32_t result = codeOf(failure);
+    const std::uint32_t result = codeWithoutLoops(failure);
     const bool isOwnCode = result == code::success || result == code::accessDenied;
     return static_cast<std::int32_t>(isOwnCode ? result : code::generalFailure);
 }

@@ -18,6 +18,13 @@ TEST(SystemErrors, EachHasItsCode) {
     EXPECT_EQ(codeOf(EIO), 31u);
 }
 
+TEST(SystemErrors, ALoopOfLinksIsAGeneralFailureWhereItHasNoCodeOfItsOwn) {
+    EXPECT_EQ(codeOf(ELOOP), code::accessDenied);
+    EXPECT_EQ(codeWithoutLoops(ELOOP), code::generalFailure);
+    EXPECT_EQ(codeWithoutLoops(EACCES), code::accessDenied);
+    EXPECT_EQ(codeWithoutLoops(0), code::success);
+}
+
 TEST(SystemErrors, EachHasItsRunTimeError) {
     EXPECT_EQ(runtimeErrorOf(ENOTDIR), 76);
     EXPECT_EQ(runtimeErrorOf(EACCES), 70);

@@ -1,0 +1,27 @@
+// A time as text, made once for each second: thousands of rows are stamped within one.
+#pragma once
+
+#include <string>
+
+#include "base/date_time.h"
+
+namespace velmora {
+
+class TimeText {
+  public:
+    /// The text of that time; `make` is asked for it when the time is another than before.
+    template <typename Make>
+    const std::string& of(const DateTime& time, Make make) {
+        if (text_.empty() || time != time_) {
+            time_ = time;
+            text_ = make(time);
+        }
+        return text_;
+    }
+
+  private:
+    DateTime time_;
+    std::string text_;
+};
+
+}  // namespace velmora
