@@ -50,7 +50,7 @@ struct ActionCheckRig : CheckRig {
     }
     bool exists(const std::string& path) { return machine.files.count(path) > 0; }
     int dialogs() { return count("alert dialog"); }
-    /// What the check does after an error that isn't one of those which end it: it waits on.
+    /// After an error that doesn't end the check, it waits for the next one.
     void expectRetried(const std::string& description) {
         EXPECT_EQ(alert(1), "High | " + std::string(stampDateTime) + " | Error: " + description);
         EXPECT_TRUE(host.boxes.empty());

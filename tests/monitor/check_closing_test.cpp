@@ -6,7 +6,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-TEST(CheckClosing, ThePanelsTellOfTheFinishedCheck) {
+TEST(CheckClosing, ThePanelsShowTheFinishedCheck) {
     CheckRig rig;
     rig.watch("C:\\", 5000);
     rig.setInterval(0, 0, 5);

@@ -1,12 +1,11 @@
-// One whole check, of which the n-th question to the machine fails: for every n, for several
-// errors.
+// One whole check in which the n-th call of the machine fails, for every n and for several errors.
 #include "monitor/check_rig.h"
 
 namespace velmora::tests {
 namespace {
 
-// A ready row, a short one, one that isn't ready, one that isn't watched and another short one;
-// alerts go to the log file, and the closing asks for it once more.
+// A ready row, a short one, one that isn't ready, one that isn't watched and another short one.
+// Alerts go to the log file, which the closing writes as well.
 struct SweptCheck : CheckRig {
     SweptCheck() {
         watch("C:\\", 5000);

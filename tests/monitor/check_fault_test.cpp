@@ -1,4 +1,4 @@
-// The one handler that guards the whole tick.
+// The handler that catches every error of a tick.
 #include <new>
 #include <stdexcept>
 
@@ -20,7 +20,7 @@ struct FailingCheck : CheckRig {
     }
 };
 
-TEST(CheckFault, ExhaustedMemoryIsToldInABox) {
+TEST(CheckFault, ExhaustedMemoryIsReportedInABox) {
     FailingCheck rig(7);
     rig.tick();
     ASSERT_EQ(rig.host.boxes.size(), 1u);
@@ -32,7 +32,7 @@ TEST(CheckFault, ExhaustedMemoryIsToldInABox) {
     rig.expectRest();
 }
 
-TEST(CheckFault, TheAlertStandsInTheListWhenTheBoxOpens) {
+TEST(CheckFault, TheAlertIsInTheListWhenTheBoxOpens) {
     FailingCheck rig(7);
     std::string first;
     rig.host.onBox = [&](const Box&) { first = rig.alertTexts().front(); };
@@ -47,14 +47,14 @@ TEST(CheckFault, AMissingRowAndAnInvalidCallEndTheTickWithoutABox) {
         EXPECT_TRUE(rig.host.boxes.empty()) << number;
         EXPECT_EQ(rig.alert(1), high + "Error: " + errorDescription(number));
         EXPECT_EQ(rig.timesChecked(), 0);
-        // No second go: nothing counts down.
+        // No second attempt: nothing counts down.
         EXPECT_EQ(rig.checkCycle.lngElapsedMs(), 0);
         EXPECT_EQ(rig.panel(1), "Checking Events for: Alert on Space Shortage");
         rig.expectRest();
     }
 }
 
-TEST(CheckFault, AnyOtherErrorBeginsAgainAsAWaitingTick) {
+TEST(CheckFault, AfterAnyOtherErrorTheTickStartsAgainAndWaits) {
     for (const int number : {6, 9, 13, 53, 70, 71, 76, 424, 12345}) {
         FailingCheck rig(number);
         rig.tick();
@@ -79,7 +79,7 @@ TEST(CheckFault, AnInvalidCallAtAPathWithoutADriveEndsThePassThere) {
     rig.expectRest();
 }
 
-TEST(CheckFault, TheErrorsAlertIsHighAndBelongsToNoRow) {
+TEST(CheckFault, TheAlertOfTheErrorIsHighAndBelongsToNoRow) {
     FailingCheck rig(13);
     rig.form1.lstAct.setSelected(act::alert, false);
     rig.form1.lstAct.setSelected(act::move, true);
@@ -94,7 +94,7 @@ TEST(CheckFault, TheErrorsAlertIsHighAndBelongsToNoRow) {
                                        " - ALERT: Space Shortage < 1000 KB Drive: C:[5 KB]"}));
 }
 
-TEST(CheckFault, AnErrorsOwnDescriptionIsTold) {
+TEST(CheckFault, AnErrorsOwnDescriptionIsReported) {
     FailingCheck rig(0);
     rig.onAction = [](int, Shortage&) { throw RuntimeError(1000, "No such \"thing\"\r\n"); };
     rig.tick();
@@ -111,7 +111,7 @@ TEST(CheckFault, MemoryThatIsReallyExhaustedIsErrorSeven) {
     rig.expectRest();
 }
 
-TEST(CheckFault, AnErrorThatIsNoneOfOursEndsTheTickToo) {
+TEST(CheckFault, AnExceptionOfAnotherTypeEndsTheTickToo) {
     FailingCheck rig(0);
     rig.onAction = [](int, Shortage&) { throw std::logic_error("broken"); };
     rig.tick();
@@ -127,7 +127,7 @@ TEST(CheckFault, TheEndOfTheProgramIsNoError) {
     EXPECT_EQ(rig.alertCount(), 1);
 }
 
-TEST(CheckFault, AnIntervalOfNothingTriesThreeTimesAndGivesUp) {
+TEST(CheckFault, AnIntervalOfZeroTriesThreeTimesAndGivesUp) {
     FailingCheck rig(13);
     rig.setInterval(0, 0, 0);
     rig.tick();
@@ -151,7 +151,7 @@ TEST(CheckFault, TheErrorLimitsBoxComesBeforeItsAlert) {
     EXPECT_EQ(first, "Error: Type mismatch");
 }
 
-TEST(CheckFault, TwoErrorsAreForgivenWhenTheThirdGoSucceeds) {
+TEST(CheckFault, TwoErrorsDoNotReachTheLimitWhenTheThirdAttemptSucceeds) {
     CheckRig rig;
     rig.watch("C:\\", 5);
     rig.form1.lstAct.setSelected(act::alert, true);
@@ -174,7 +174,7 @@ TEST(CheckFault, ErrorsAreCountedAnewInEveryTick) {
     EXPECT_EQ(rig.timesChecked(), 1);
 }
 
-TEST(CheckFault, ErrorSevenAfterOthersIsToldAtOnce) {
+TEST(CheckFault, ErrorSevenAfterOthersIsReportedAtOnce) {
     CheckRig rig;
     rig.watch("C:\\", 5);
     rig.form1.lstAct.setSelected(act::alert, true);
@@ -211,7 +211,7 @@ TEST(CheckFault, ALockedLogAbandonsTheCheckAndTheTickEnds) {
     rig.expectRest();
 }
 
-TEST(CheckFault, ALockedLogWithAnIntervalOfNothingDoesNotLoopForEver) {
+TEST(CheckFault, ALockedLogWithAnIntervalOfZeroDoesNotLoopForEver) {
     LockedLog rig;
     rig.check();
     // The first go fails at the shortage's alert. It is a repeat at the second and the third, which
@@ -273,7 +273,7 @@ TEST(CheckFault, ATickInTheMiddleOfACheckHasItsOwnErrorCountAndTrigger) {
     EXPECT_EQ(rig.timesChecked(), 2);
 }
 
-TEST(CheckFault, TheTimeOfTheCheckStandsWhenAnActionFails) {
+TEST(CheckFault, TheTimeOfTheCheckIsKeptWhenAnActionFails) {
     FailingCheck rig(13);
     rig.setInterval(0, 0, 0);
     rig.tick();

@@ -1,4 +1,4 @@
-// The walk over the rows of a check.
+// How a check goes through its rows.
 #include <algorithm>
 
 #include "monitor/recorded_check.h"
@@ -107,7 +107,7 @@ TEST(CheckPass, AFolderOnAShareIsMeasuredByTheShare) {
               Texts{" - ALERT: Space Shortage < 1000 KB Drive: \\\\server\\data[999 KB]"});
 }
 
-TEST(CheckPass, ADriveThatIsNotReadyLosesItsIconAndIsHandedOn) {
+TEST(CheckPass, ADriveThatIsNotReadyLosesItsIconAndIsPassedToTheEvents) {
     RecordedCheck rig;
     rig.watch("C:\\", 5);
     rig.machine.drives["C:"].ready = false;
@@ -121,7 +121,7 @@ TEST(CheckPass, ADriveThatIsNotReadyLosesItsIconAndIsHandedOn) {
     EXPECT_EQ(rig.alertCount(), 0);
 }
 
-TEST(CheckPass, ALetterThatIsNotThereIsADriveThatIsNotReady) {
+TEST(CheckPass, ALetterWithoutADriveIsADriveThatIsNotReady) {
     CheckRig rig;
     rig.row("X:\\");
     rig.watch("C:\\", 5000);

@@ -54,7 +54,7 @@ struct CheckRig : Rig {
         form1.OpDriv[1].choose();
         clearRecords();
     }
-    /// Ticks `action` and lets its run raise that error at a row that is short.
+    /// Ticks `action` and makes it raise that error on a short row.
     void failWith(int number) {
         form1.lstAct.setSelected(act::alert, true);
         onAction = [number](int, Shortage&) { throw RuntimeError(number); };

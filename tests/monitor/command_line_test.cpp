@@ -55,7 +55,7 @@ TEST(CommandLine, OtherPiecesBetweenTheQuotesArePathsToo) {
     EXPECT_EQ(rig.added("/x \"C:\\a\"  \"C:\\b\""), (Texts{"/x ", "C:\\a", "  ", "C:\\b"}));
 }
 
-TEST(CommandLine, AnOpenQuoteTakesTheRest) {
+TEST(CommandLine, AnUnclosedQuoteTakesTheRest) {
     CommandRig rig;
     EXPECT_EQ(rig.added("\"C:\\a\" \"C:\\b c"), (Texts{"C:\\a", "C:\\b c"}));
 }
@@ -92,7 +92,7 @@ TEST(SendToShortcut, LeadsToTheProgramWithAllItsFields) {
     EXPECT_EQ(made.HotKey, "");
 }
 
-TEST(SendToShortcut, IsNotMadeAgainAtTheNextStart) {
+TEST(SendToShortcut, IsNotCreatedAgainAtTheNextStart) {
     CommandRig rig;
     rig.added("");
     rig.added("");
@@ -107,7 +107,7 @@ TEST(SendToShortcut, IsFoundWhateverItsLetterCase) {
     EXPECT_TRUE(rig.machine.shortcuts.empty());
 }
 
-TEST(SendToShortcut, IsMadeAgainAfterItsRemoval) {
+TEST(SendToShortcut, IsCreatedAgainAfterItsRemoval) {
     CommandRig rig;
     rig.added("");
     rig.machine.files.clear();

@@ -103,7 +103,7 @@ TEST(CustomWatchTime, AWatchThatRunsIsNotToggledAtTheStartButTheStartIsWritten) 
     EXPECT_EQ(rig.calls, Texts{"alert dialog"});
 }
 
-TEST(CustomWatchTime, ACaptionThatSaysNeitherIsNotToggled) {
+TEST(CustomWatchTime, ACaptionWithNeitherWordIsNotToggled) {
     CustomRig rig;
     rig.form1.cmdPause.setCaption("start");
     rig.minute(today(10, 0));
@@ -230,7 +230,7 @@ TEST(CustomWatchTime, AnEmptyListGivesTheMessageAndTheStartIsWrittenAllTheSame) 
     EXPECT_EQ(rig.alertTexts(), Texts{startedAlert});
 }
 
-TEST(CustomWatchTime, OverAWholeDayItStartsOnceAndPausesOnce) {
+TEST(CustomWatchTime, InAWholeDayItStartsOnceAndPausesOnce) {
     CustomRig rig;
     rig.machine.now = today(0, 0, 26);
     int watchedMinutes = 0;
@@ -273,7 +273,7 @@ TEST(CustomWatchTime, AnErrorEndsTheMinuteWithAnAlert) {
     EXPECT_TRUE(rig.form1.txtAlert.empty());
 }
 
-TEST(CustomWatchTime, AnErrorOfTheLogFileIsToldAndTheNextMinuteRuns) {
+TEST(CustomWatchTime, AnErrorOfTheLogFileIsReportedAndTheNextMinuteRuns) {
     CustomRig rig;
     rig.form1.chkAutoSave.setValue(1);
     rig.machine.files[rig.form1.lblLog.Caption()] = "";

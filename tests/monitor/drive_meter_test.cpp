@@ -46,7 +46,7 @@ struct MeterRig : Rig {
 
 using Values = std::vector<int>;
 
-TEST(DriveMeter, TheGaugeGoesTo100AndTheNeedlesTo50) {
+TEST(DriveMeter, TheGaugeHasARangeTo100AndTheNeedlesTo50) {
     MeterRig rig;
     EXPECT_EQ(rig.view.VScroll1.Min(), 0);
     EXPECT_EQ(rig.view.VScroll1.Max(), 100);
@@ -75,7 +75,7 @@ TEST(DriveMeter, WholeNumbersOfHalvesGoToTheEvenOne) {
     EXPECT_EQ(rig.values(), (Values{98, 49, 48}));
 }
 
-TEST(DriveMeter, AFullAndAnEmptyDriveStandAtTheEnds) {
+TEST(DriveMeter, AFullAndAnEmptyDriveAreAtTheEndsOfTheRange) {
     MeterRig rig;
     rig.form1.txtSpace.setText("1000");
     rig.show("0 KB", "1000 KB");
@@ -85,7 +85,7 @@ TEST(DriveMeter, AFullAndAnEmptyDriveStandAtTheEnds) {
     EXPECT_EQ(rig.values(), (Values{100, 50, 0}));
 }
 
-TEST(DriveMeter, WhatIsLargerThanTheDriveStandsAtTheEnd) {
+TEST(DriveMeter, AValueLargerThanTheDriveIsAtTheEndOfTheRange) {
     MeterRig rig;
     for (const char* trigger : {"1001", "50000", "2147483647", "1E300"}) {
         rig.form1.txtSpace.setText(trigger);
@@ -132,7 +132,7 @@ TEST(DriveMeter, ARowsOwnPercentageIsTakenOfTheTotalToo) {
     EXPECT_EQ(rig.values(), (Values{60, 30, 38}));  // 37.5
 }
 
-TEST(DriveMeter, ATriggerThatIsNotSetIsNone) {
+TEST(DriveMeter, ATriggerThatIsNotSetCountsAsZero) {
     MeterRig rig;
     rig.form1.chkDrive.setValue(1);
     for (const char* trigger : {"", "soon"}) {
@@ -155,7 +155,7 @@ TEST(DriveMeter, ListsSizesAndCountsOfTheFolder) {
     EXPECT_EQ(rig.lines(), (Texts{"Size=1,000 KB", "Free Space=500 KB", "Folders=2", "Files=3"}));
 }
 
-TEST(DriveMeter, ListsAnewEachTime) {
+TEST(DriveMeter, ListsTheFiguresAnewEachTime) {
     MeterRig rig;
     rig.machine.folders = {};
     rig.machine.files = {};

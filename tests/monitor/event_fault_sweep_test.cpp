@@ -1,5 +1,5 @@
-// A check with its real event detection, of which the n-th question to the machine fails: for every
-// n, for several errors.
+// A check with its real event detection in which the n-th call of the machine fails, for every n
+// and for several errors.
 #include "monitor/event_rig.h"
 
 namespace velmora::tests {
@@ -53,12 +53,12 @@ TEST_P(EventFaultSweep, EveryQuestionMayFailAndTheNextCheckWorks) {
         SCOPED_TRACE(std::to_string(n) + " " + rig.failedCall(n));
         EXPECT_EQ(rig.machine.openListings, 0);
         rig.expectRest();
-        // Either the check went to its end, or exactly one error is told.
+        // Either the check was completed, or exactly one error is reported.
         EXPECT_EQ(rig.errors(), rig.ended() ? 0 : 1);
-        // The reference moves to the present behind a scan and nowhere else.
+        // The reference moves to the present after a scan and nowhere else.
         const bool scanned = rig.machine.log.countOf("FindFirstFileA") > 0;
         EXPECT_EQ(rig.forms.globals.lastFileTime, scanned ? rig.present() : rig.referenceBefore);
-        // Nothing of the user's is touched.
+        // The user's files are not touched.
         EXPECT_EQ(rig.machine.files.size(), 3u);
         EXPECT_TRUE(rig.machine.moved.empty());
         EXPECT_TRUE(rig.machine.recycled.empty());

@@ -1,4 +1,4 @@
-// Events of the free space: it stands still, or it changes.
+// Events of the free space: it stays the same, or it changes.
 #include "base/errors.h"
 #include "monitor/event_rig.h"
 
@@ -31,7 +31,7 @@ TEST(EventFreeSpace, DifferentTextsAreAChange) {
     EXPECT_EQ(rig.alertTexts(), Texts{change("C:\\", "1,234,566")});
 }
 
-TEST(EventFreeSpace, AStagnancyIsNoChangeAndTheOtherWayRound) {
+TEST(EventFreeSpace, AStagnancyIsNoChangeAndAChangeNoStagnancy) {
     for (const int event : {evt::stagnancy, evt::change}) {
         EventRig rig;
         rig.measured("C:\\", 5000);
@@ -87,7 +87,7 @@ TEST(EventFreeSpace, AChangeOfLessThanHalfAKilobyteIsNone) {
     EXPECT_EQ(rig.alertTexts().front(), change("C:\\", "5,001"));
 }
 
-TEST(EventFreeSpace, AShareIsAsGoodAsADrive) {
+TEST(EventFreeSpace, AShareWorksLikeADrive) {
     EventRig rig;
     rig.measured("\\\\server\\data", 5000);
     rig.tickEvent(evt::stagnancy);
@@ -95,7 +95,7 @@ TEST(EventFreeSpace, AShareIsAsGoodAsADrive) {
     EXPECT_EQ(rig.alertTexts(), Texts{stagnancy("\\\\server\\data", "5,000")});
 }
 
-TEST(EventFreeSpace, TheDriveIsGotByTheRowTextAsItStands) {
+TEST(EventFreeSpace, TheDriveIsLookedUpByTheUnchangedRowText) {
     for (const int event : {evt::stagnancy, evt::change}) {
         EventRig rig;
         rig.drive("C:", 5000, 10000);
@@ -197,7 +197,7 @@ TEST(EventFreeSpace, RegionalDigitGroupsAreUsed) {
     EXPECT_EQ(rig.alertTexts(), Texts{stagnancy("C:\\", "1.234.567")});
 }
 
-// The lag of two checks, over real checks.
+// The delay of two checks, in real checks.
 
 TEST(EventLag, ADriveWhoseFreeSpaceAlternatesBetweenTwoValuesShowsStagnancyAtEveryCheck) {
     EventRig rig;

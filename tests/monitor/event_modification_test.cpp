@@ -56,7 +56,7 @@ TEST(EventModification, NothingNewerRaisesNothing) {
     EXPECT_EQ(rig.alertCount(), 0);
 }
 
-TEST(EventModification, TheSameTextForTheSameRowIsToldOnce) {
+TEST(EventModification, TheSameTextForTheSameRowIsReportedOnce) {
     ScannedFolder rig;
     rig.write("C:\\report.txt", 60'000);
     rig.pass();
@@ -79,7 +79,7 @@ TEST(EventModification, TheReferenceMovesAlsoWhenTheFolderCantBeRead) {
     EXPECT_EQ(rig.forms.globals.lastFileTime, rig.present());
 }
 
-TEST(EventModification, TheScanItselfGoesByTheReferenceOfBefore) {
+TEST(EventModification, TheScanItselfUsesTheReferenceOfThePreviousOne) {
     ScannedFolder rig;
     rig.forms.globals.lastFileTime = rig.present();
     rig.write("C:\\report.txt", 1000);
@@ -99,7 +99,7 @@ TEST(EventModification, ARowIsScannedByTheTimeOfTheRowBeforeIt) {
     EXPECT_EQ(rig.alertTexts(), Texts{"Files modified: " + block + "C:\\first.txt\r\n"});
 }
 
-TEST(EventModification, OverRealChecksEachWriteIsToldOnce) {
+TEST(EventModification, InRealChecksEachWriteIsReportedOnce) {
     ScannedFolder rig;
     rig.check();
     EXPECT_EQ(rig.alertCount(), 0);
@@ -134,7 +134,7 @@ TEST(EventModification, AFolderRowIsScannedByItsOwnFolder) {
     EXPECT_EQ(rig.machine.log.calls().front(), "FindFirstFileA C:\\data\\*.*");
 }
 
-TEST(EventModification, AScanThatBreaksOffLeavesTheReferenceAndNoListing) {
+TEST(EventModification, AnInterruptedScanKeepsTheReferenceAndClosesItsListing) {
     ScannedFolder rig;
     rig.write("C:\\report.txt", 1000);
     rig.forms.globals.lastFileTime = 5;
@@ -147,7 +147,7 @@ TEST(EventModification, AScanThatBreaksOffLeavesTheReferenceAndNoListing) {
     EXPECT_EQ(rig.alertCount(), 0);
 }
 
-TEST(EventModification, WhereTheAlertCantBeLoggedTheReferenceHasMovedAndTheRowStands) {
+TEST(EventModification, WhenTheAlertCantBeLoggedTheReferenceHasMovedAndTheRowStays) {
     ScannedFolder rig;
     rig.write("C:\\report.txt", 1000);
     rig.form1.chkAutoSave.setValue(1);

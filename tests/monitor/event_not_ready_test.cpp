@@ -29,7 +29,7 @@ TEST(EventNotReady, RaisesOneHighAlertForTheRowAndEmptiesBothTags) {
     EXPECT_EQ(rig.form1.txtAlert.Text(), "");
 }
 
-TEST(EventNotReady, TheAlertHasTheRowAndItsStampIsClearedBehindIt) {
+TEST(EventNotReady, TheAlertBelongsToTheRowWhoseStampIsClearedAfterwards) {
     LostDrive rig;
     rig.events.rowNotReady(1);
     EXPECT_EQ(ConstWatchRow(rig.list.ListItems(1)).firstAlert(), "Drive Became Unavailable: C:\\");
@@ -37,11 +37,11 @@ TEST(EventNotReady, TheAlertHasTheRowAndItsStampIsClearedBehindIt) {
     EXPECT_EQ(ConstWatchRow(rig.list.ListItems(1)).firstAlert(), "");
 }
 
-TEST(EventNotReady, IsToldOnceUntilTheRowHasBeenMeasuredAgain) {
+TEST(EventNotReady, IsReportedOnceUntilTheRowHasBeenMeasuredAgain) {
     LostDrive rig;
     for (int i = 0; i < 3; ++i) rig.check();
     EXPECT_EQ(rig.alertCount(), 1);
-    // Back: the entry itself fails at a ready row, so it is unticked for the measuring.
+    // The drive is back. The entry itself fails on a ready row, so it is unticked while measuring.
     rig.form1.lstEvt.setSelected(evt::unavailable, false);
     rig.machine.drives["C:"].ready = true;
     rig.check();
@@ -63,7 +63,7 @@ TEST(EventNotReady, NothingHappensWhileTheEntryIsntTicked) {
     EXPECT_EQ(rig.at(1).folderCounts(), "file:0|fold:0|");
 }
 
-TEST(EventNotReady, BothTagsMustHoldSomething) {
+TEST(EventNotReady, BothTagsMustBeSet) {
     for (const int empty : {1, 2, 3}) {
         LostDrive rig;
         if ((empty & 1) != 0) rig.at(1).setPreviousFree("");
@@ -75,14 +75,14 @@ TEST(EventNotReady, BothTagsMustHoldSomething) {
     }
 }
 
-TEST(EventNotReady, UnavailableCountsAreEnoughToTellIt) {
+TEST(EventNotReady, CountsThatAreUnavailableAreEnough) {
     LostDrive rig;
     rig.at(1).setFolderCounts("N/A");
     rig.check();
     EXPECT_EQ(rig.alertCount(), 1);
 }
 
-TEST(EventNotReady, TheRowsBehindAreCheckedAllTheSame) {
+TEST(EventNotReady, TheNextRowsAreStillChecked) {
     LostDrive rig;
     rig.watch("D:\\", 5000);
     rig.machine.drives["D:"].ready = false;
@@ -93,7 +93,7 @@ TEST(EventNotReady, TheRowsBehindAreCheckedAllTheSame) {
               (Texts{"Drive Became Unavailable: D:\\", "Drive Became Unavailable: C:\\"}));
 }
 
-TEST(EventNotReady, AnAlertThatCantBeLoggedKeepsTheTags) {
+TEST(EventNotReady, WhenTheAlertCantBeLoggedTheTagsAreKept) {
     LostDrive rig;
     rig.form1.chkAutoSave.setValue(1);
     rig.form1.lblLog.setCaption("E:\\log.dat");

@@ -108,7 +108,7 @@ TEST(EventOrder, TestsRunInTheOrderOfTheList) {
               (Texts{"GetDrive C:\\", "GetFolder C:\\", "FilesCount C:\\", "SubFoldersCount C:\\",
                      "FindFirstFileA C:\\*.*", "FindNextFileA", "FindClose",
                      "FileExists " + rig.form1.txtAudio[0].Text()}));
-    // The files' alert came at once, the summary of the rest at the end.
+    // The alert for files is raised at once, the summary of the others at the end.
     EXPECT_EQ(rig.alertTexts(),
               (Texts{stagnancyOfC + "File Quantity changed in C:\\ from 9 to 0\r\n.\r\n" +
                          "Folder Quantity changed in C:\\ from 9 to 0\r\n.\r\n",
@@ -144,7 +144,7 @@ TEST(EventUnavailable, TheFaultPathEndsTheCheckAtThatRow) {
     rig.expectRest();
 }
 
-TEST(EventUnavailable, AFilesAlertRaisedBeforeTheFailureStands) {
+TEST(EventUnavailable, AnAlertForFilesRaisedBeforeTheFailureIsKept) {
     EventRig rig;
     rig.measured("C:\\", 5000);
     rig.tickEvents({evt::modification, evt::unavailable});
@@ -154,7 +154,7 @@ TEST(EventUnavailable, AFilesAlertRaisedBeforeTheFailureStands) {
     EXPECT_EQ(rig.forms.globals.lastFileTime, rig.present());
 }
 
-TEST(EventUnavailable, UnwatchedRowsAndThoseNotReadyDontMeetTheFailure) {
+TEST(EventUnavailable, UnwatchedRowsAndThoseNotReadyDontFail) {
     EventRig rig;
     rig.row("C:\\", false);
     rig.watch("D:\\", 5000);
@@ -175,7 +175,7 @@ TEST(EventSummary, IsOneHighAlertOfTheRow) {
     EXPECT_EQ(rig.alertCount(), 1);
 }
 
-TEST(EventSummary, GoesInFrontOfTheDialogsTextStampedAndOfTheJournalAsItIs) {
+TEST(EventSummary, IsPrependedToTheDialogsTextWithAStampAndToTheJournalWithout) {
     EventRig rig;
     rig.measured("C:\\", 5000);
     rig.form1.txtAlert.setText("journal");
@@ -196,7 +196,7 @@ TEST(EventSummary, ARepeatedOneReachesTheJournalButNotTheAlertList) {
     EXPECT_EQ(rig.form1.txtAlert.Text(), stagnancyOfC + stagnancyOfC);
 }
 
-TEST(EventSummary, HoldsTheEventsOfItsOwnRowAlone) {
+TEST(EventSummary, HasOnlyTheEventsOfItsOwnRow) {
     EventRig rig;
     rig.measured("C:\\", 5000);
     rig.measured("D:\\", 7000);
@@ -206,7 +206,7 @@ TEST(EventSummary, HoldsTheEventsOfItsOwnRowAlone) {
               (Texts{"Free space stagnancy in: D:\\ at size 7,000 KB\r\n.\r\n", stagnancyOfC}));
 }
 
-TEST(EventSummary, WithoutEventsNothingIsToldPlayedOrShown) {
+TEST(EventSummary, WithoutEventsNothingIsReportedPlayedOrShown) {
     EventRig rig;
     rig.measured("C:\\", 5000);
     rig.form1.lstAct.setSelected(act::alert, true);
@@ -232,7 +232,7 @@ TEST(EventSound, TheFirstSoundFileIsPlayedWhenItIsThere) {
     EXPECT_EQ(rig.machine.played[0].second, 2);
 }
 
-TEST(EventSound, AMissingSoundFileHasNoStandIn) {
+TEST(EventSound, AMissingSoundFileIsNotReplaced) {
     EventRig rig;
     rig.measured("C:\\", 5000);
     rig.form1.txtAudio[0].setText("C:\\ring.wav");
@@ -288,7 +288,7 @@ TEST(EventDialog, IsShownForAnEventWhenItIsHiddenAndAlertsAreTicked) {
     }
 }
 
-TEST(EventFault, AFailedSummaryLeavesDialogAndJournalAlone) {
+TEST(EventFault, AFailedSummaryLeavesDialogAndJournalUnchanged) {
     EventRig rig;
     rig.measured("C:\\", 5000);
     rig.tickEvent(evt::stagnancy);
@@ -318,7 +318,7 @@ TEST(EventFault, ARowRemovedInTheMiddleOfThePassEndsTheCheckQuietly) {
     }
 }
 
-TEST(EventCost, APassAsksTheMachineNoMoreThanItsTestsNeed) {
+TEST(EventCost, APassCallsTheMachineNoMoreThanItsTestsNeed) {
     constexpr int rows = 1000;
     EventRig rig;
     for (int i = 0; i < rows; ++i) rig.measured("C:\\", 5000);

@@ -41,7 +41,7 @@ TEST(EventQuantity, FoldersHaveTheirOwnWords) {
               Texts{"Folder Quantity changed in C:\\ from 5 to 3\r\n.\r\n"});
 }
 
-TEST(EventQuantity, BothChangesStandInOneAlertFilesFirst) {
+TEST(EventQuantity, BothChangesAreInOneAlertFilesFirst) {
     CountedFolder rig(0, 1);
     EXPECT_EQ(rig.eventsFor("file:1|fold:0|"),
               Texts{"File Quantity changed in C:\\ from 1 to 0\r\n.\r\n"
@@ -59,7 +59,7 @@ TEST(EventQuantity, AnEmptyTagAsksNothing) {
     EXPECT_EQ(rig.machine.log.count(), 0);
 }
 
-TEST(EventQuantity, ATagWithoutAPartHasNothingToCompareThere) {
+TEST(EventQuantity, APartMissingInTheTagIsNotCompared) {
     CountedFolder rig(14, 3);
     EXPECT_EQ(rig.eventsFor("N/A"), Texts{});
     EXPECT_EQ(rig.machine.log.calls(), Texts{"GetFolder C:\\"});
@@ -87,7 +87,7 @@ TEST(EventQuantity, AMissingFolderIsNoEvent) {
     EXPECT_EQ(rig.machine.log.calls(), Texts{"GetFolder C:\\gone"});
 }
 
-TEST(EventQuantity, AnyOtherFailureOfTheFolderIsTheChecks) {
+TEST(EventQuantity, AnyOtherFailureOfTheFolderGoesToTheCheck) {
     for (const int number : {5, 7, 70}) {
         CountedFolder rig(14, 3);
         rig.at(1).setFolderCounts("file:1|fold:1|");
@@ -108,7 +108,7 @@ TEST(EventQuantity, AFolderRowIsCountedByItsOwnFolder) {
                                       "Folder Quantity changed in C:\\data from 0 to 1\r\n.\r\n"});
 }
 
-TEST(EventQuantity, OverRealChecksEachChangeIsToldOnce) {
+TEST(EventQuantity, InRealChecksEachChangeIsReportedOnce) {
     CountedFolder rig(0, 0);
     rig.check();
     EXPECT_EQ(rig.alertCount(), 0);

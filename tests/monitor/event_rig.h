@@ -10,7 +10,7 @@
 namespace velmora::tests {
 
 struct EventRig : CheckRig {
-    /// No file and no folder is there but what a test puts in.
+    /// There are no files and folders except those that a test adds.
     EventRig() {
         machine.files.clear();
         machine.folders.clear();
@@ -20,8 +20,8 @@ struct EventRig : CheckRig {
     void tickEvents(const std::vector<int>& ticked) {
         for (const int event : ticked) tickEvent(event);
     }
-    /// A ticked row of a drive that has been measured like at the start of the program: its free
-    /// space stands there in KB, and both figures of a comparison are primed.
+    /// A ticked row of a drive that has been measured as at the start of the program: it shows its
+    /// free space in KB, and both figures of a comparison are set.
     ListItem& measured(const std::string& path, double freeKB) {
         ListItem& item = watch(path, freeKB);
         WatchRow(item).setFreeBytes(freeKB * KB, Grouping::regional, {});

@@ -52,7 +52,7 @@ TEST_F(SpaceTextTest, IsReadAndEchoedInTheRegionalForm) {
     EXPECT_EQ(mb(), "1,5 MB");
 }
 
-TEST_F(SpaceTextTest, ThatIsNoNumberIsToldAndBecomesOne) {
+TEST_F(SpaceTextTest, ThatIsNoNumberIsReportedAndBecomesOne) {
     for (const char* text : {"abc", "", " ", "5O", "50000 KB", "1..2", "\u0663", "-"}) {
         type("50000");
         rig.clearRecords();
@@ -65,7 +65,7 @@ TEST_F(SpaceTextTest, ThatIsNoNumberIsToldAndBecomesOne) {
     }
 }
 
-TEST_F(SpaceTextTest, IsToldInPercentModeTooWhenItIsNoNumber) {
+TEST_F(SpaceTextTest, ThatIsNoNumberIsReportedInPercentModeToo) {
     choosePercent();
     type("abc");
     EXPECT_EQ(messages(), Texts{"Please input only numbers."});
@@ -115,14 +115,14 @@ TEST_F(UnitTest, Exactly100IsNotOver100) {
     EXPECT_EQ(space(), "10");
 }
 
-TEST_F(UnitTest, AnEmptySpaceIsPassedOver) {
+TEST_F(UnitTest, AnEmptySpaceIsIgnored) {
     choosePercent();
     EXPECT_EQ(messages(), Texts{});
     EXPECT_EQ(space(), "");
     EXPECT_EQ(rig.form1.Slider1.Value(), 10);
 }
 
-TEST_F(UnitTest, SwitchingToKilobytesHidesTheSliderAndSwitchesTheTail) {
+TEST_F(UnitTest, SwitchingToKilobytesHidesTheSliderAndChangesTheUnitInTheHeader) {
     type("50000");
     choosePercent();
     chooseKB();
@@ -139,7 +139,7 @@ TEST_F(UnitTest, TheFirstClickCutsTheHeaderToItsFirstNineCharacters) {
     EXPECT_EQ(header(), "Trigger S(KB)");
 }
 
-TEST_F(UnitTest, EveryOccurrenceOfTheLastFourCharactersGoes) {
+TEST_F(UnitTest, EveryOccurrenceOfTheLastFourCharactersIsRemoved) {
     rig.list.setColumnText(4, "(KB)Trig(KB)ger(KB)");
     chooseKB();
     EXPECT_EQ(header(), "Trigger(KB)");
@@ -181,7 +181,7 @@ TEST_F(SpinnerTest, BelowZeroNeitherDirectionActs) {
     EXPECT_EQ(space(), "-5");
 }
 
-TEST_F(SpinnerTest, PassesOverASpaceThatIsNoNumber) {
+TEST_F(SpinnerTest, IgnoresASpaceThatIsNoNumber) {
     rig.form1.UpDownSpace.userUp();
     rig.form1.UpDownSpace.userDown();
     EXPECT_EQ(space(), "");
@@ -230,7 +230,7 @@ TEST_F(IndividualTest, ClearingEmptiesEveryRowAndEnablesTheText) {
     EXPECT_EQ(messages(), Texts{});
 }
 
-TEST_F(IndividualTest, TheFirstHeaderWithTriggerInItIsTaken) {
+TEST_F(IndividualTest, TheFirstHeaderThatContainsTriggerIsUsed) {
     type("7");
     rig.row("C:\\");
     rig.list.setColumnText(3, "My Trigger");

@@ -31,7 +31,7 @@ inline constexpr double KB = 1024;
 /// Where the user of the machine in memory has his "Send to" shortcuts.
 inline constexpr const char* sendToFolder = "C:\\Users\\user\\SendTo";
 
-/// Everything wired; no row and no column yet. The actions only record their runs.
+/// All parts connected, without rows and columns yet. The actions only record their runs.
 struct Rig {
     fake::FakeMachine machine;
     fake::FakeHost host;
@@ -151,7 +151,7 @@ struct Rig {
         form1.DTPInterval.setMinute(minute);
         form1.DTPInterval.setSecond(second);
     }
-    /// Ticks until a check has run, whatever it ended in.
+    /// Ticks until a check has run, however it ended.
     void check() {
         setInterval(0, 0, 0);
         forms.form1.Timer1.Tick();

@@ -1,4 +1,4 @@
-// One watched row: what a shortage or its absence sets going.
+// One watched row: what happens on a shortage and without one.
 #include "monitor/recorded_check.h"
 
 namespace velmora::tests {
@@ -14,7 +14,7 @@ TEST(RowCheck, LastCheckedIsMonthDayAndTime) {
     EXPECT_EQ(rig.at(1).lastChecked(), "11/05 06:07:08");
 }
 
-TEST(RowCheck, EventsComeBeforeTheFiguresAndBothBeforeTheShortage) {
+TEST(RowCheck, EventsComeFirstThenTheFiguresThenTheShortage) {
     RecordedCheck rig;
     rig.watch("C:\\", 5);
     rig.giveFigures(1);
@@ -63,7 +63,7 @@ TEST(RowCheck, AShortageRaisesAnAlertForItsRow) {
     EXPECT_EQ(rig.forms.globals.lngHighRatedAlerts, 1);
 }
 
-TEST(RowCheck, AShortageGoesInFrontOfTheJournalAndOfTheDialogsText) {
+TEST(RowCheck, AShortageIsPrependedToTheJournalAndToTheDialogsText) {
     CheckRig rig;
     rig.form1.txtAlert.setText("journal");
     rig.forms.dlgAlert.Label1.setText("dialog");
@@ -86,7 +86,7 @@ TEST(RowCheck, ARepeatedShortageReachesTheJournalButNotTheAlertList) {
     EXPECT_EQ(rig.form1.txtAlert.Text(), entry + entry);
 }
 
-TEST(RowCheck, TheSameShortageIsToldAgainAfterItsDriveWasAway) {
+TEST(RowCheck, TheSameShortageIsReportedAgainAfterItsDriveWasUnavailable) {
     CheckRig rig;
     rig.watch("C:\\", 999);
     rig.check();
@@ -143,7 +143,7 @@ TEST(RowCheck, ActionsOfOneRowEndBeforeTheNextRowIsMeasured) {
                                  statistics}));
 }
 
-TEST(RowCheck, ActionsLearnTheRowItsTriggerItsDriveAndTheTexts) {
+TEST(RowCheck, ActionsGetTheRowItsTriggerItsDriveAndTheTexts) {
     CheckRig rig;
     rig.watch("C:\\", 5000);
     rig.watch("D:\\", 7);
@@ -160,7 +160,7 @@ TEST(RowCheck, ActionsLearnTheRowItsTriggerItsDriveAndTheTexts) {
     EXPECT_EQ(rig.count("action 0"), 1);
 }
 
-TEST(RowCheck, TheRunningTextLivesThroughAllActionsOfTheRow) {
+TEST(RowCheck, TheRunningTextIsKeptThroughAllActionsOfTheRow) {
     CheckRig rig;
     rig.watch("C:\\", 5);
     rig.form1.lstAct.setSelected(act::alert, true);

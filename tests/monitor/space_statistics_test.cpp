@@ -38,7 +38,7 @@ TEST(SpaceRate, YieldsBeforeEachRow) {
     EXPECT_EQ(rig.host.yields, 3);
 }
 
-TEST(SpaceRate, AThousandKilobytesInTenSecondsShowAsNothing) {
+TEST(SpaceRate, AThousandKilobytesInTenSecondsAreShownAsZero) {
     StatisticsRig rig;
     rig.change("5000", "6000");
     EXPECT_EQ(rig.rate(), "0");
@@ -49,7 +49,7 @@ TEST(SpaceRate, IsDividedBy1024OnceMoreAndRoundedToAWholeNumber) {
         const char* now;
         const char* rate;
     };
-    // Change / 10 / 1024: 5119 gives 0.4999, 5120 gives 0.5, which goes away from zero.
+    // Change / 10 / 1024: 5119 gives 0.4999, 5120 gives 0.5, which is rounded away from zero.
     for (const Case& each : {Case{"1005119", "0"}, Case{"1005120", "1"}, Case{"1010240", "1"},
                              Case{"1015359", "1"}, Case{"1015360", "2"}, Case{"2000000", "98"},
                              Case{"994881", "0"}, Case{"994880", "-1"}, Case{"0", "-98"}}) {
@@ -84,7 +84,7 @@ TEST(SpaceRate, ARateTooSmallForItsTwoDecimalsIsZero) {
     EXPECT_EQ(rig.rate(), "0");
 }
 
-TEST(SpaceRate, TakesTheTickedRowsThatHaveAnEarlierValue) {
+TEST(SpaceRate, CountsTheTickedRowsThatHaveAnEarlierValue) {
     StatisticsRig rig;
     rig.form1.txtTime.setText("1");
     rig.change("1,000,000", "1,002,048");
@@ -128,7 +128,7 @@ TEST(SpaceRate, WithoutRowsTheDivisorIsNotFixedYet) {
     EXPECT_EQ(rig.rate(), "1");
 }
 
-TEST(SpaceRate, AnIntervalOfNothingDividesByOneUntilThereIsOne) {
+TEST(SpaceRate, AnIntervalOfZeroDividesByOneUntilThereIsOne) {
     StatisticsRig rig;
     rig.form1.txtTime.setText("0");
     rig.change("0", "20480");
@@ -137,7 +137,7 @@ TEST(SpaceRate, AnIntervalOfNothingDividesByOneUntilThereIsOne) {
     EXPECT_EQ(rig.rate(), "2");
 }
 
-TEST(SpaceRate, TheSecondsHandedOverAreNotUsed) {
+TEST(SpaceRate, TheSecondsPassedAreNotUsed) {
     StatisticsRig rig;
     rig.change("0", "20480");
     EXPECT_EQ(rig.statistics.prcSpaceRateChange(rig.list, "1"), "2");
@@ -200,7 +200,7 @@ TEST(Statistics, TheOverviewShowsCountersRowsAndRate) {
     EXPECT_EQ(rig.form1.lblTimesMonitor.Caption(), "56");
 }
 
-TEST(Statistics, WithoutRowsNothingIsOnMonitorAndTheRateIsNotAvailable) {
+TEST(Statistics, WithoutRowsNoneIsWatchedAndTheRateIsNotAvailable) {
     StatisticsRig rig;
     rig.statistics.prcUpdateStatistics();
     EXPECT_EQ(rig.form1.lblDriveOnMonitor.Caption(), "0");
@@ -210,7 +210,7 @@ TEST(Statistics, WithoutRowsNothingIsOnMonitorAndTheRateIsNotAvailable) {
     EXPECT_EQ(rig.form1.lblTimesMonitor.Caption(), "0");
 }
 
-TEST(Statistics, AlertsRaisedAreTheOnesCounted) {
+TEST(Statistics, TheOverviewShowsTheCountedAlerts) {
     StatisticsRig rig;
     for (const char* each : {rating::high, rating::medium, rating::high}) {
         rig.alerts.prcAlertInfo("now", each, "text", {}, nullptr);
@@ -251,7 +251,7 @@ TEST(StatisticsTimer, DoesNothingDuringACheck) {
     EXPECT_EQ(rig.form1.lblTimesMonitor.Caption(), "");
 }
 
-TEST(StatisticsTimer, GoesByWhatItFindsBehindItsYield) {
+TEST(StatisticsTimer, UsesTheStateAfterItsYield) {
     StatisticsRig rig;
     rig.form1.frmSp[4].setVisible(true);
     rig.host.onYield = [&](int) { rig.forms.globals.bChecking = true; };

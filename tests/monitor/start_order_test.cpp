@@ -26,7 +26,7 @@ struct StartRig : Rig {
             note("panel " + std::to_string(panel) + " with " +
                  std::to_string(form1.ListView1.ColumnCount()) + " columns");
         });
-        // Switched on again, so that each run of the handler shows.
+        // Switched on again, so that each run of the handler is noticed.
         form1.DTTime1[1].Changed.connect([this] {
             DatePicker& end = form1.DTTime1[1];
             if (end.Enabled()) return;

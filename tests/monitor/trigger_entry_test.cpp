@@ -9,8 +9,8 @@ namespace {
 
 constexpr int enter = 13;
 
-/// Two rows; the second is selected. Columns are 2000, 1500, 1500, 1400 and 1480 wide; the list
-/// stands at 120, 240.
+/// Two rows; the second is selected. Columns are 2000, 1500, 1500, 1400 and 1480 wide; the list is
+/// at 120, 240.
 struct TriggerEntryTest : testing::Test {
     TriggerEntryTest() {
         rig.load();
@@ -114,7 +114,7 @@ TEST_F(PlacingTest, TheRowIsLookedForTenTwipsUpAndLeft) {
     EXPECT_EQ(box().Text(), "D:\\data");
 }
 
-TEST_F(PlacingTest, BesideTheRowsNothingIsPlaced) {
+TEST_F(PlacingTest, OutsideTheRowsNothingIsPlaced) {
     individually();
     const std::vector<std::pair<float, float>> points{{500, 100}, {500, 3000},   {9000, 400},
                                                       {5, 400},   {-1e30F, 400}, {500, 1e30F}};
@@ -125,7 +125,7 @@ TEST_F(PlacingTest, BesideTheRowsNothingIsPlaced) {
     }
 }
 
-TEST_F(PlacingTest, NoHeaderInUseShowsTheBox) {
+TEST_F(PlacingTest, NoPresentHeaderShowsTheBox) {
     individually();
     for (const float x : {500.0F, 2500.0F, 4000.0F, 5500.0F, 7000.0F}) {
         doubleClick(1, x);
@@ -156,7 +156,7 @@ TEST_F(EnterTest, ANumberBecomesTheTriggerOfTheRowUnderThePointer) {
     EXPECT_EQ(rig.host.boxes.size(), 0u);
 }
 
-TEST_F(EnterTest, AnotherTextIsToldAndTheBoxEmptied) {
+TEST_F(EnterTest, AnotherTextIsReportedAndTheBoxEmptied) {
     for (const char* text : {"12 KB", "abc", ""}) {
         rig.clearRecords();
         pointAtRow(1, 5500);

@@ -33,7 +33,7 @@ using SelectDriveTest = WatchListCommandsTest;
 using ListEventsTest = WatchListCommandsTest;
 using AddByFileDialogTest = WatchListCommandsTest;
 
-TEST_F(WhileCheckingTest, EveryCommandAsksFirstAndNoEndsIt) {
+TEST_F(WhileCheckingTest, EveryCommandAsksFirstAndEndsOnNo) {
     rig.forms.globals.bChecking = true;
     rig.list.setEnabled(false);
     rows({"C:\\", "D:\\"});
@@ -109,7 +109,7 @@ TEST_F(RemoveTest, RemovesFromTheLastRowToTheFirst) {
     EXPECT_EQ(removed, (std::vector<int>{3, 1}));
 }
 
-TEST_F(RemoveTest, WithoutASelectionNothingGoes) {
+TEST_F(RemoveTest, WithoutASelectionNothingIsRemoved) {
     rows({"A:\\"});
     click(remove);
     EXPECT_EQ(rig.list.Count(), 1);
@@ -128,7 +128,7 @@ TEST_F(RemoveTest, RemovesTenThousandRows) {
     EXPECT_EQ(rig.list.Count(), 0);
 }
 
-TEST_F(ClearTest, AnEmptyListIsTold) {
+TEST_F(ClearTest, AnEmptyListIsReported) {
     click(clear);
     ASSERT_EQ(rig.host.boxes.size(), 1u);
     EXPECT_EQ(rig.host.boxes[0].text, "No drives listed to clear.");
@@ -218,7 +218,7 @@ TEST_F(WatchListCommandsTest, AnErrorIsRecordedWithTimeRatingAndDescription) {
     EXPECT_EQ(rig.host.boxes.size(), 0u);
 }
 
-TEST_F(WatchListCommandsTest, AnErrorOfAnyCallOfAnyCommandStaysInside) {
+TEST_F(WatchListCommandsTest, NoErrorOfACallLeavesACommand) {
     for (const Label label : {add, refresh}) {
         for (int n = 1; n <= 8; ++n) {
             Rig fresh;
@@ -268,7 +268,7 @@ TEST_F(ListEventsTest, ATickMakesTheRowBold) {
     EXPECT_FALSE(row.Bold());
 }
 
-TEST_F(ListEventsTest, ATickDuringACheckLeavesTheFaceAlone) {
+TEST_F(ListEventsTest, ATickDuringACheckDoesNotChangeTheBoldFace) {
     ListItem& row = rig.row("C:\\", false);
     rig.forms.globals.bChecking = true;
     rig.list.userTick(1, true);
@@ -286,7 +286,7 @@ TEST_F(ListEventsTest, TheFirstClickOnAColumnSortsDescendingAndTheNextAscending)
     EXPECT_EQ(paths(), (Paths{"A:\\", "B:\\", "C:\\"}));
 }
 
-TEST_F(ListEventsTest, AnotherColumnGoesOnFromThePresentOrder) {
+TEST_F(ListEventsTest, AnotherColumnReversesThePresentOrderToo) {
     rows({"A:\\", "B:\\"});
     WatchRow(rig.list.ListItems(1)).setFreeSpace("2 KB");
     WatchRow(rig.list.ListItems(2)).setFreeSpace("1 KB");

@@ -27,7 +27,7 @@ TEST(TrayMenu, ProgramWebpageOpensTheMakersPage) {
     EXPECT_EQ(rig.orders(), Texts{"Form1 open http://velmora.example/velmora/"});
 }
 
-TEST(TrayMenu, HideTakesTheWindowAwayAndASecondClickBringsItBackUnchecked) {
+TEST(TrayMenu, HideHidesTheWindowAndASecondClickShowsItUnchecked) {
     CommandRig rig;
     rig.form1.mnuHide.userClick();
     EXPECT_FALSE(rig.form1.Visible());
@@ -37,7 +37,7 @@ TEST(TrayMenu, HideTakesTheWindowAwayAndASecondClickBringsItBackUnchecked) {
     EXPECT_FALSE(rig.form1.mnuHide.Checked());
 }
 
-TEST(TrayMenu, LockPreparesTheLockEmptiesItsEntryAndShowsIt) {
+TEST(TrayMenu, LockPreparesTheLockClearsItsEntryAndShowsIt) {
     CommandRig rig;
     FrmLock& lock = rig.forms.frmLock;
     rig.forms.globals.bLocked = true;
@@ -61,7 +61,7 @@ TEST(TrayMenu, TheLocksEntryIsEmptiedOnceMoreAfterItWasPreparedAndThenTheLockIsS
     EXPECT_EQ(steps, (Texts{"entry early", "shown", "entry ", "shown"}));
 }
 
-TEST(TrayMenu, TheHeadOfTheHelpMenuDoesNothing) {
+TEST(TrayMenu, TheHelpMenuItselfDoesNothing) {
     CommandRig rig;
     rig.form1.mnuHelp.userClick();
     EXPECT_TRUE(rig.shown.empty());
@@ -77,7 +77,7 @@ TEST(ListMenu, ExploreOpensEverySelectedRow) {
     EXPECT_EQ(rig.machine.executed[1].showCommand, 1);
 }
 
-TEST(ListMenu, AFailedExploreIsNotReportedAndTheNextRowComes) {
+TEST(ListMenu, AFailedExploreIsNotReportedAndTheNextRowFollows) {
     CommandRig rig;
     rig.machine.executes = false;
     rig.rows({"C:\\", "D:\\"});
@@ -149,7 +149,7 @@ TEST(FunctionsMenu, ProgramSettingsClickTheFifthButtonOfTheToolBar) {
     EXPECT_EQ(clicked, std::vector<int>{5});
 }
 
-TEST(FunctionsMenu, ProgramSettingsOnlySaySoFrom9100On) {
+TEST(FunctionsMenu, ProgramSettingsOnlyShowAMessageFrom9100On) {
     for (const int height : {9100, 9101, 12000}) {
         CommandRig rig;
         rig.form1.setSize(9000, height);
@@ -189,7 +189,7 @@ TEST(FunctionsMenu, EmptyRecycleBinEmptiesAllDrivesAndRaisesAnAlert) {
     EXPECT_EQ(alert.SubItems(2), "User cleared recycle bin");
 }
 
-TEST(FunctionsMenu, AFailedEmptyingIsNotLookedAt) {
+TEST(FunctionsMenu, AFailedEmptyingIsIgnored) {
     CommandRig rig;
     rig.machine.log.failCall(1, 5);
     rig.form1.mnuEmptyRecyc.userClick();

@@ -16,7 +16,7 @@ int onlyVisible(const auto& panels) {
     return shown;
 }
 
-TEST(TabSelection, EachTabShowsItsPanelAloneAndTheThirdAndFourthAreCrossed) {
+TEST(TabSelection, EachTabShowsOnlyItsPanelAndTheThirdAndFourthAreSwapped) {
     const int panels[] = {0, 1, 3, 2, 4};
     for (int tab = 0; tab < 5; ++tab) {
         CommandRig rig;
@@ -46,7 +46,7 @@ TEST(TabSelection, TheHeadingIsTheTabsToolTip) {
     }
 }
 
-TEST(TabSelection, TheSelectedTabStandsOutAndAllOthersLookNormal) {
+TEST(TabSelection, TheSelectedTabIsHighlightedAndAllOthersAreNot) {
     CommandRig rig;
     rig.tabs.lblTab_Click(1);
     rig.tabs.lblTab_Click(4);
@@ -73,7 +73,7 @@ TEST(TabSelection, OneTabOfEachStripIsSelected) {
     }
 }
 
-TEST(TabSelection, ThePanelComesOnTheWindowsColourInItsPlaceBeforeTheWindowsSizeReplacesIt) {
+TEST(TabSelection, ThePanelGetsTheWindowsColourAndItsPlaceBeforeTheResizeStep) {
     CommandRig rig;
     Frame& panel = rig.form1.frmSp[1];
     panel.setBounds({1, 2, 3, 4});
@@ -149,7 +149,7 @@ TEST(TabSelection, AWholeClickEndsInTheSelectedLook) {
     EXPECT_EQ(rig.form1.lblTab[2].ForeColor(), 0x80000012u);
 }
 
-TEST(TabSelection, AnInnerTabShowsItsPanelAloneInItsOwnColours) {
+TEST(TabSelection, AnInnerTabShowsOnlyItsPanelInItsOwnColours) {
     for (int tab = 0; tab < 3; ++tab) {
         CommandRig rig;
         rig.form1.lblSpectab[(tab + 1) % 3].Click();

@@ -1,5 +1,5 @@
-// Every action, with its n-th question to the machine failing, for every n: an error reaches the
-// check, and nothing beyond the stated step was touched.
+// Every action in which the n-th call of the machine fails, for every n: an error reaches the
+// check, and nothing after the stated step is touched.
 #include <algorithm>
 #include <functional>
 #include <map>
@@ -28,7 +28,7 @@ struct SweptActions : ActionRig {
         form1.lblLog.setCaption("C:\\log.dat");
         form1.chkAutoSave.setValue(1);
         machine.files["C:\\log.dat"] = "";
-        // A text that is a number lets the move by row come through; E: is its root.
+        // With a number as the row's text the auto move succeeds; E: is its root.
         if (action == act::autoMove) {
             shortRowWatches("5");
             listFile("E:\\last");
@@ -51,7 +51,7 @@ int questionsOf(int action) {
     return rig.machine.log.count();
 }
 
-// What the action may take away, in the order of its steps.
+// The files that the action may remove, in the order of its steps.
 std::vector<std::set<std::string>> stepsOf(int action) {
     switch (action) {
         case act::remove:
@@ -65,9 +65,9 @@ std::vector<std::set<std::string>> stepsOf(int action) {
     }
 }
 
-// After the failure the machine stands at the end of one of the steps, never in between.
+// After the failure the machine is in the state after one of the steps, never in between.
 void expectAStep(const std::set<std::string>& before, std::set<std::string> after, int action) {
-    // What the move by row has taken from E: it has put to D:.
+    // Every file that the auto move has removed from E: is on D:.
     if (after.erase("D:\\last") > 0) {
         EXPECT_EQ(after.count("E:\\last"), 0u);
     } else if (action == act::autoMove) {
@@ -84,7 +84,7 @@ void expectAStep(const std::set<std::string>& before, std::set<std::string> afte
 
 class ActionFaultSweep : public testing::TestWithParam<int> {};
 
-TEST_P(ActionFaultSweep, NothingBeyondTheStatedStepIsTouched) {
+TEST_P(ActionFaultSweep, NothingAfterTheStatedStepIsTouched) {
     const int action = GetParam();
     const int questions = questionsOf(action);
     ASSERT_GT(questions, 0);
@@ -97,7 +97,7 @@ TEST_P(ActionFaultSweep, NothingBeyondTheStatedStepIsTouched) {
             const int raised = rig.errorOf(action);
             const std::string failed = rig.machine.log.calls()[static_cast<std::size_t>(n - 1)];
             SCOPED_TRACE(std::to_string(n) + " " + failed);
-            // Calls that tell their failure by a result raise nothing, nor does the bin.
+            // Calls that report their failure by a result raise nothing, nor does the bin.
             const std::set<std::string> byResult{"MoveFileA", "SHFileOperationA", "sndPlaySoundA",
                                                  "ShellExecuteA", "SHEmptyRecycleBinA"};
             const std::string name = failed.substr(0, failed.find(' '));
@@ -122,7 +122,7 @@ TEST_P(ActionFaultSweep, TheActionWorksAgainAfterTheFailure) {
         rig.errorOf(action);
         rig.shortOf(1);
         const int again = rig.errorOf(action);
-        // The walk that deletes may run out of the list that the first run has shortened.
+        // The walk that deletes may pass the end of the list, which the first run has shortened.
         EXPECT_TRUE(again == 0 || again == error::indexOutOfBounds) << again;
         EXPECT_TRUE(rig.exists("C:\\precious"));
     }
@@ -147,7 +147,7 @@ TEST(ActionFaultOrder, AFileIsStillThereWhenItsDeletionFails) {
     EXPECT_EQ(rig.alertCount(), 0);
 }
 
-TEST(ActionFaultOrder, ALogThatCantBeWrittenTakesNoRowBackAndTheNextRunTakesTheNextFile) {
+TEST(ActionFaultOrder, WhenTheLogCantBeWrittenTheRowIsGoneAndTheNextRunTakesTheNextFile) {
     SweptActions rig(act::remove);
     rig.files.Remove(2);
     rig.machine.lockedFiles["C:\\log.dat"] = 70;

@@ -75,7 +75,7 @@ TEST_F(ActionListRulesTest, TheMessageComesBeforeTheOtherIsUnticked) {
     EXPECT_EQ(ticked(), "2");
 }
 
-TEST_F(ActionListRulesTest, BothOthersGoEachWithItsMessage) {
+TEST_F(ActionListRulesTest, BothOthersAreUntickedEachWithItsMessage) {
     // Ticked before the rules were there.
     Forms before;
     for (const int entry : {act::move, act::remove, act::recycle})

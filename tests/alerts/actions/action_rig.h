@@ -77,14 +77,14 @@ struct ActionRig {
         list.ListItems(shortage->row).setText(text);
         shortage->rowText = text;
     }
-    /// A row of LVFile whose path names nothing.
+    /// A row of LVFile whose path doesn't exist.
     ListItem& listMissing(const std::string& path, const std::string& size = "n/a") {
         ListItem& row = files.Add(path);
         ListedFile(row).setPath(path);
         ListedFile(row).setSize(size, "");
         return row;
     }
-    /// A listed file of so many bytes.
+    /// A listed file of that many bytes.
     ListItem& listFile(const std::string& path, double bytes = 3,
                        const std::string& size = "7 KB") {
         machine.files[path] = "abc";
@@ -97,7 +97,7 @@ struct ActionRig {
         for (const std::string& name : names) machine.files[path + "\\" + name] = "x";
         return listMissing(path, "0 KB");
     }
-    /// As the box beside the list holds entries; the action that moves goes by it.
+    /// Adds an entry to the box beside the list; the action that moves depends on its entries.
     void selectFiles() { form1.cboFile.AddItem("any"); }
 
     void run(int action) { actions.table().run(action, *shortage); }

@@ -26,7 +26,7 @@ TEST_F(AutoMoveTest, RowsThatAreUnavailableAreNoTargets) {
     EXPECT_EQ(host.yields, 0);
 }
 
-TEST_F(AutoMoveTest, APathIsNoNumberSoThatItFailsBeforeAnythingIsTouched) {
+TEST_F(AutoMoveTest, APathIsNoNumberAndFailsBeforeAnythingIsTouched) {
     watch("D:\\");
     listFile("C:\\a");
     listFile("D:\\a");
@@ -44,7 +44,7 @@ TEST_F(AutoMoveTest, TheLastAvailableRowOfTheListIsTheTarget) {
     watch("F:\\", "N/A");
     listFile("E:\\a");
     EXPECT_EQ(autoMove(), 0);
-    // Files of the target's own root are handled, and go to the specified path.
+    // Files of the target's own root are handled; they are moved to the specified path.
     EXPECT_EQ(machine.log.countOf("MoveFileA E:\\a > D:\\a"), 1);
     EXPECT_TRUE(exists("D:\\a"));
     EXPECT_EQ(listed(), "");
@@ -87,7 +87,7 @@ TEST_F(AutoMoveTest, TheThresholdIsReadAgainFromTheBox) {
     EXPECT_EQ(shortage->lngMinSpace, 777);
 }
 
-TEST_F(AutoMoveTest, TheThresholdIsReadAgainFromTheRowUnderTheSecondOption) {
+TEST_F(AutoMoveTest, TheThresholdIsReadAgainFromTheRowWithTheSecondOption) {
     useNumber();
     watch("D:\\");
     WatchRow(list.ListItems(1)).setTrigger("55");
@@ -106,7 +106,7 @@ TEST_F(AutoMoveTest, AnEmptyThresholdIsAnErrorAfterTheMove) {
     EXPECT_TRUE(exists("D:\\a"));
 }
 
-TEST_F(AutoMoveTest, ATargetThatGoesDuringTheYieldDoesNotMatter) {
+TEST_F(AutoMoveTest, ATargetRemovedDuringTheYieldDoesNotMatter) {
     useNumber();
     WatchRow(watch("E:\\")).setTrigger("100");
     form1.OpDriv[1].choose();
@@ -117,7 +117,7 @@ TEST_F(AutoMoveTest, ATargetThatGoesDuringTheYieldDoesNotMatter) {
     EXPECT_TRUE(exists("D:\\a"));
 }
 
-TEST_F(AutoMoveTest, AShortRowThatGoesDuringTheYieldIsAnError) {
+TEST_F(AutoMoveTest, AShortRowRemovedDuringTheYieldIsAnError) {
     useNumber();
     watch("E:\\");
     form1.OpDriv[1].choose();
@@ -126,7 +126,7 @@ TEST_F(AutoMoveTest, AShortRowThatGoesDuringTheYieldIsAnError) {
     EXPECT_EQ(autoMove(), error::indexOutOfBounds);
 }
 
-TEST_F(AutoMoveTest, AListedRowThatGoesDuringTheYieldIsAnErrorAndNoOtherIsTaken) {
+TEST_F(AutoMoveTest, AListedRowRemovedDuringTheYieldIsAnErrorAndNoOtherIsUsed) {
     useNumber();
     watch("E:\\");
     listFile("E:\\a");

@@ -69,7 +69,7 @@ TEST_F(FileActionsTest, FreeSpaceIsAWholeNumberOfKB) {
     EXPECT_EQ(act(1, "C:\\a", "D:\\"), "1");
 }
 
-TEST_F(FileActionsTest, AMoveThatTheSystemRefusesIsToldAndNotHandled) {
+TEST_F(FileActionsTest, AMoveThatTheSystemRefusesIsReportedAndNotHandled) {
     file("C:\\a", 5);
     machine.files["D:\\a"] = "other";
     EXPECT_EQ(act(1, "C:\\a", "D:\\"), "0");
@@ -78,7 +78,7 @@ TEST_F(FileActionsTest, AMoveThatTheSystemRefusesIsToldAndNotHandled) {
     EXPECT_EQ(alert(1), medium("Failed Auto Moved File: C:\\a to D:\\ Size: 5\r\n.\r\n"));
 }
 
-TEST_F(FileActionsTest, AFolderAsTargetCantTellItsSpace) {
+TEST_F(FileActionsTest, AFolderAsTargetHasNoFreeSpace) {
     machine.folders.insert("d:\\store");
     file("C:\\a", 1);
     for (const std::int16_t iAct : {1, 4}) {
@@ -88,13 +88,13 @@ TEST_F(FileActionsTest, AFolderAsTargetCantTellItsSpace) {
     EXPECT_EQ(alertCount(), 0);
 }
 
-TEST_F(FileActionsTest, ATargetThatIsNothingIsAnErrorWhenMoving) {
+TEST_F(FileActionsTest, ATargetThatDoesNotExistIsAnErrorWhenMoving) {
     file("C:\\a", 1);
     EXPECT_EQ(errorOfAct(1, "C:\\a", "D:\\gone"), error::objectRequired);
     EXPECT_TRUE(exists("C:\\a"));
 }
 
-TEST_F(FileActionsTest, ATargetThatIsNothingHasNoAnswerInAutoMove) {
+TEST_F(FileActionsTest, ATargetThatDoesNotExistIsNotAvailableInAutoMove) {
     file("C:\\a", 1);
     EXPECT_EQ(act(4, "C:\\a", "D:\\gone"), "n/a");
     EXPECT_TRUE(exists("C:\\a"));
@@ -102,7 +102,7 @@ TEST_F(FileActionsTest, ATargetThatIsNothingHasNoAnswerInAutoMove) {
     EXPECT_EQ(panel(1), "File Action on: C:\\a");
 }
 
-TEST_F(FileActionsTest, DeletingRemovesAndTells) {
+TEST_F(FileActionsTest, DeletingRemovesAndReports) {
     file("C:\\a", 12345);
     EXPECT_EQ(act(2, "C:\\a"), "1");
     EXPECT_FALSE(exists("C:\\a"));

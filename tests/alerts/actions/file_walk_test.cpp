@@ -42,7 +42,7 @@ TEST_F(FileWalkTest, AnEmptyPathIsFilledWithTheRootOfTheSpecifiedOne) {
     EXPECT_EQ(strPath, "D:\\");
 }
 
-TEST_F(FileWalkTest, ANameThatIsPassedInEndsTheCallAfterThePathWasFilled) {
+TEST_F(FileWalkTest, AGivenNameEndsTheCallAfterThePathWasFilled) {
     strPath = "";
     strFile = "x";
     listFile("C:\\1");
@@ -59,7 +59,7 @@ TEST_F(FileWalkTest, AnEmptyListIsNoError) {
     EXPECT_EQ(strFile, "");
 }
 
-TEST_F(FileWalkTest, AtMostTheLastRowIsHandledWhateverIsTickedAndFree) {
+TEST_F(FileWalkTest, AtMostTheLastRowIsHandledWhateverIsTickedOrFree) {
     for (const int sequential : {0, 1}) {
         for (const double freeKB : {0.0, 1e6}) {
             ActionRig rig;
@@ -97,7 +97,7 @@ TEST_F(FileWalkTest, RootsAreComparedWithoutRegardToCase) {
     EXPECT_EQ(listed(), "");
 }
 
-TEST_F(FileWalkTest, AMissingFileKeepsItsRowAndIsNotTold) {
+TEST_F(FileWalkTest, AMissingFileKeepsItsRowAndIsNotReported) {
     listFile("C:\\1");
     listMissing("C:\\gone");
     walk(1);
@@ -127,7 +127,7 @@ TEST_F(FileWalkTest, DeletingAndRecyclingTakeNoPath) {
     EXPECT_EQ(strPath, "D:\\");
 }
 
-TEST_F(FileWalkTest, TheRowGoesWhateverTheResult) {
+TEST_F(FileWalkTest, TheRowIsRemovedWhateverTheResult) {
     machine.files["D:\\1"] = "other";
     listFile("C:\\1");
     walk(4);
@@ -144,14 +144,14 @@ TEST_F(FileWalkTest, AnotherNumberLeavesTheRowButNamesTheFile) {
     EXPECT_EQ(machine.log.calls(), Calls{"FileExists C:\\1"});
 }
 
-TEST_F(FileWalkTest, SequentialActionDoesNotLookAtTheSpace) {
+TEST_F(FileWalkTest, SequentialActionDoesNotReadTheSpace) {
     form1.chkSeq.setValue(1);
     listFile("C:\\1");
     walk(2);
     EXPECT_EQ(machine.log.countOf("DriveExists"), 0);
 }
 
-TEST_F(FileWalkTest, WithoutItTheSpaceOfTheDriveIsLookedAt) {
+TEST_F(FileWalkTest, WithoutItTheSpaceOfTheDriveIsRead) {
     listFile("C:\\1");
     walk(2);
     EXPECT_EQ(machine.log.calls(),
@@ -159,14 +159,14 @@ TEST_F(FileWalkTest, WithoutItTheSpaceOfTheDriveIsLookedAt) {
                      "DriveExists C:\\", "GetDrive C:\\", "FreeSpace C:"}));
 }
 
-TEST_F(FileWalkTest, AFileThatWasNotHandledAsksForNoSpace) {
+TEST_F(FileWalkTest, AfterAFileThatWasNotHandledTheSpaceIsNotRead) {
     machine.files["D:\\1"] = "other";
     listFile("C:\\1");
     walk(1);
     EXPECT_EQ(machine.log.countOf("GetDrive C:"), 0);
 }
 
-TEST_F(FileWalkTest, WithoutADriveTheSpaceIsNotLookedAt) {
+TEST_F(FileWalkTest, WithoutADriveTheSpaceIsNotRead) {
     strDrv = "z:\\";
     listFile("Z:\\1");
     walk(2);
@@ -176,7 +176,7 @@ TEST_F(FileWalkTest, WithoutADriveTheSpaceIsNotLookedAt) {
     EXPECT_EQ(machine.log.countOf("GetDrive"), 0);
 }
 
-TEST_F(FileWalkTest, TheRowOfTheSentFileGoesThoughTheListWasSortedBehindTheShellsQuestion) {
+TEST_F(FileWalkTest, TheRowOfTheSentFileIsRemovedEvenIfTheListWasSortedMeanwhile) {
     for (const char* path : {"C:\\1", "C:\\2", "C:\\3"}) listFile(path);
     machine.onCall = [this](const std::string& call) {
         if (call.starts_with("SHFileOperationA")) files.sortBy(0, 1);
@@ -187,7 +187,7 @@ TEST_F(FileWalkTest, TheRowOfTheSentFileGoesThoughTheListWasSortedBehindTheShell
     EXPECT_EQ(listed(), "C:\\2 C:\\1");
 }
 
-// Rows that come in during the yield let the walk go on, so that its other ends can be seen.
+// Rows added during the yield let the walk go on, so that its other ends can be tested.
 struct FileWalkOnTest : FileWalkTest {
     FileWalkOnTest() {
         for (const char* path : {"C:\\1", "C:\\2", "C:\\3"}) listFile(path);
@@ -227,7 +227,7 @@ TEST_F(FileWalkOnTest, EnoughSpaceEndsIt) {
     EXPECT_EQ(left(), 2);
 }
 
-TEST_F(FileWalkOnTest, TheMostFilesEndIt) {
+TEST_F(FileWalkOnTest, TheMaximumOfFilesEndsIt) {
     iMaxFiles = 2;
     walk(2);
     EXPECT_EQ(left(), 1);
@@ -240,7 +240,7 @@ TEST_F(FileWalkOnTest, AFileThatWasNotHandledEndsIt) {
     EXPECT_EQ(host.yields, 1);
 }
 
-TEST_F(FileWalkOnTest, UnderTheSecondOptionTheRowsOwnThresholdCounts) {
+TEST_F(FileWalkOnTest, WithTheSecondOptionTheRowsOwnThresholdCounts) {
     WatchRow(list.ListItems(2)).setTrigger("99");
     form1.OpDriv[1].choose();
     form1.txtSpace.setText("100");
@@ -255,7 +255,7 @@ TEST_F(FileWalkOnTest, AnEmptyThresholdOfTheRowMeansThatOfTheBox) {
     EXPECT_EQ(left(), 2);
 }
 
-TEST_F(FileWalkOnTest, UnderTheFirstOptionTheRowsOwnThresholdDoesNotCount) {
+TEST_F(FileWalkOnTest, WithTheFirstOptionTheRowsOwnThresholdDoesNotCount) {
     WatchRow(list.ListItems(2)).setTrigger("99");
     walk(2);
     EXPECT_EQ(left(), 0);

@@ -29,7 +29,7 @@ TEST_F(MoveActionTest, ABoxWithEntriesAndNoRowsDoesNothing) {
     EXPECT_EQ(machine.log.count(), 0);
 }
 
-TEST_F(MoveActionTest, TheTargetIsTheBareRootSoThatTheRowGoesAndTheFileStays) {
+TEST_F(MoveActionTest, TheTargetIsTheBareRootSoTheRowIsRemovedAndTheFileStays) {
     listFile("C:\\data\\a.txt", 3, "7 KB");
     move();
     EXPECT_EQ(machine.log.calls(), (Calls{"FileExists C:\\data\\a.txt", "GetDrive D:\\",
@@ -61,7 +61,7 @@ TEST_F(MoveActionTest, ASpecifiedPathWithoutASeparatorMovesNothing) {
     EXPECT_EQ(alertCount(), 0);
 }
 
-TEST_F(MoveActionTest, AnotherRowInItsPlaceMovesNothing) {
+TEST_F(MoveActionTest, WithAnotherRowInItsPlaceNothingIsMoved) {
     watch("D:\\");
     list.Remove(1);
     listFile("D:\\a.txt");
@@ -70,7 +70,7 @@ TEST_F(MoveActionTest, AnotherRowInItsPlaceMovesNothing) {
     EXPECT_EQ(listed(), "D:\\a.txt");
 }
 
-TEST_F(MoveActionTest, RowsAreTakenFromTheLastUpAndOnlyTheFirstAlertHoldsTheShortage) {
+TEST_F(MoveActionTest, RowsAreHandledFromTheLastUpAndOnlyTheFirstAlertHasTheShortage) {
     listFile("C:\\1", 3, "1 KB");
     listFile("C:\\2", 3, "2 KB");
     listFile("C:\\3", 3, "3 KB");
@@ -95,7 +95,7 @@ TEST_F(MoveActionTest, AFileThatVanishedKeepsItsRowAndIsReportedEachTime) {
     }
 }
 
-TEST_F(MoveActionTest, TooLittleRoomAtTheTargetDropsTheRowThoughNoFileMoved) {
+TEST_F(MoveActionTest, TooLittleRoomAtTheTargetRemovesTheRowButMovesNoFile) {
     machine.drives["D:"].freeBytes = 500;
     listFile("C:\\a.txt", 501);
     move();
@@ -152,7 +152,7 @@ TEST_F(MoveActionTest, SequentialActionDoesNotMatterHere) {
 }
 
 TEST_F(MoveActionTest, TheAlertBelongsToTheShortRow) {
-    // A repeat of the row's first alert is dropped, which only happens to alerts of a row.
+    // A repeat of the row's first alert is dropped; alerts without a row never are.
     listMissing("C:\\gone");
     WatchRow(list.ListItems(1))
         .setFirstAlert(" - ALERTFailed Moved File; file does not exist: C:\\goneD:\\\r\n.\r\n");
@@ -178,7 +178,7 @@ TEST_F(MoveActionTest, AShortRowThatIsGoneFailsBeforeAnythingIsTouched) {
     EXPECT_EQ(machine.log.count(), 0);
 }
 
-TEST_F(MoveActionTest, TenThousandRowsGetAnAlertEachOfItsOwnLengthOnly) {
+TEST_F(MoveActionTest, TenThousandRowsGetOneAlertEachAndTheAlertsDoNotGrow) {
     machine.files["C:\\a.txt"] = "abc";
     for (int i = 0; i < 10'000; ++i) listMissing("C:\\a.txt", "1 KB");
     move();

@@ -57,7 +57,7 @@ TEST_F(SmallActionsTest, AnEmptyListFailsBeforeAnythingIsSent) {
     EXPECT_EQ(machine.log.count(), 0);
 }
 
-TEST_F(SmallActionsTest, TheBinsResultIsNotLookedAt) {
+TEST_F(SmallActionsTest, TheBinsResultIsIgnored) {
     machine.operationResult = 1223;
     listFile("C:\\1");
     listFile("C:\\2");
@@ -86,7 +86,7 @@ TEST_F(SmallActionsTest, ASharesRootIsNeverSentToTheBinInWhateverSpelling) {
     EXPECT_TRUE(machine.operations.empty());
 }
 
-TEST_F(SmallActionsTest, APathWithANulInsideIsNeverTakenForTwo) {
+TEST_F(SmallActionsTest, APathThatContainsANulIsNeverSplitInTwo) {
     listFile("C:\\1");
     listFile("C:\\2");
     ListedFile(files.ListItems(1)).setPath(std::string("C:\\1\0C:\\2", 9));
@@ -96,7 +96,7 @@ TEST_F(SmallActionsTest, APathWithANulInsideIsNeverTakenForTwo) {
     EXPECT_TRUE(exists("C:\\2"));
 }
 
-TEST_F(SmallActionsTest, TheRowOfTheSentFileGoesThoughTheListWasSortedBehindTheShellsQuestion) {
+TEST_F(SmallActionsTest, TheRowOfTheSentFileIsRemovedEvenIfTheListWasSortedMeanwhile) {
     for (const char* path : {"C:\\1", "C:\\2", "C:\\3"}) listFile(path);
     machine.onCall = [this](const std::string& call) {
         if (call.starts_with("SHFileOperationA")) files.sortBy(0, 1);
@@ -106,7 +106,7 @@ TEST_F(SmallActionsTest, TheRowOfTheSentFileGoesThoughTheListWasSortedBehindTheS
     EXPECT_EQ(listed(), "C:\\3 C:\\2");
 }
 
-TEST_F(SmallActionsTest, NoOtherRowGoesWhenThatOfTheSentFileWasTakenAwayMeanwhile) {
+TEST_F(SmallActionsTest, NoOtherRowIsRemovedWhenThatOfTheSentFileIsGoneAlready) {
     for (const char* path : {"C:\\1", "C:\\2", "C:\\3"}) listFile(path);
     machine.onCall = [this](const std::string& call) {
         if (call.starts_with("SHFileOperationA")) files.Remove(1);
@@ -134,7 +134,7 @@ TEST_F(SmallActionsTest, TheChosenSoundIsPlayedToItsEnd) {
     EXPECT_EQ(strAlert(), shortageText);
 }
 
-TEST_F(SmallActionsTest, WithoutTheChosenSoundThatOfTheProgramsFolderIsPlayed) {
+TEST_F(SmallActionsTest, WithoutTheChosenSoundTheOneInTheProgramsFolderIsPlayed) {
     form1.txtAudio[1].setText("C:\\second.wav");
     machine.files["C:\\second.wav"] = "";
     for (const char* name : {"C:\\gone.wav", ""}) {
@@ -157,7 +157,7 @@ TEST_F(SmallActionsTest, EmptyingTheBinLetsTheSystemAskForAllDrives) {
     EXPECT_EQ(strAlert(), shortageText);
 }
 
-TEST_F(SmallActionsTest, EveryListedFileIsOpenedAndNoneLeavesTheList) {
+TEST_F(SmallActionsTest, EveryListedFileIsOpenedAndStaysListed) {
     listFile("D:\\a.exe");
     listMissing("C:\\gone.exe");
     form1.LVProg.Add("program").setTag("C:\\prog.exe");
@@ -165,13 +165,13 @@ TEST_F(SmallActionsTest, EveryListedFileIsOpenedAndNoneLeavesTheList) {
     machine.files["C:\\prog.exe"] = "";
     run(act::run);
     ASSERT_EQ(machine.executed.size(), 1u);
-    const fake::FakeExecution& told = machine.executed[0];
-    EXPECT_EQ(told.owner, "Form1");
-    EXPECT_EQ(told.verb, "open");
-    EXPECT_EQ(told.file, "D:\\a.exe");
-    EXPECT_EQ(told.parameters, "0");
-    EXPECT_EQ(told.directory, "");
-    EXPECT_EQ(told.showCommand, 1);
+    const fake::FakeExecution& order = machine.executed[0];
+    EXPECT_EQ(order.owner, "Form1");
+    EXPECT_EQ(order.verb, "open");
+    EXPECT_EQ(order.file, "D:\\a.exe");
+    EXPECT_EQ(order.parameters, "0");
+    EXPECT_EQ(order.directory, "");
+    EXPECT_EQ(order.showCommand, 1);
     const std::string text =
         " - ALERT - Specified Program Executed: \r\nD:\\a.exe\r\n"
         " - Specified Program Execution Failed (File Does Not Exist): \r\nC:\\gone.exe\r\n";
@@ -190,7 +190,7 @@ TEST_F(SmallActionsTest, AListedFolderIsNoProgram) {
                              "Exist): \r\nC:\\tools\r\n"));
 }
 
-TEST_F(SmallActionsTest, WithoutListedFilesTheRunningTextIsRepeatedAsItStands) {
+TEST_F(SmallActionsTest, WithoutListedFilesTheRunningTextIsRepeatedUnchanged) {
     run(act::run);
     EXPECT_EQ(alert(1), note(shortageText));
     EXPECT_EQ(strAlert(), shortageText);
@@ -223,7 +223,7 @@ TEST_F(SmallActionsTest, TheCleanerGetsTheLetterOfTheRowsDrive) {
     EXPECT_EQ(strAlert(), shortageText);
 }
 
-TEST_F(SmallActionsTest, TheCleanerGetsATextThatNamesNothingAsItStands) {
+TEST_F(SmallActionsTest, TheCleanerGetsATextThatNamesNothingUnchanged) {
     for (const char* path : {"C:\\gone", "//host/share"}) {
         shortRowWatches(path);
         machine.log.clear();
@@ -257,7 +257,7 @@ TEST_F(SmallActionsTest, PausingStopsTheTimerAndThenClicksThePauseButton) {
     EXPECT_EQ(strAlert(), shortageText);
 }
 
-TEST_F(SmallActionsTest, NotesAreStampedWithTheTimeOfTheirOwn) {
+TEST_F(SmallActionsTest, NotesAreStampedWithTheirOwnTime) {
     machine.now = {2027, 11, 5, 6, 7, 8};
     run(act::emptyBin);
     EXPECT_EQ(alert(1), "High | 11/05/27 06:07:08 | Recycle Bin Content Emptied.");
@@ -269,7 +269,7 @@ TEST_F(SmallActionsTest, ARowThatIsGoneHasNoCleaner) {
     EXPECT_TRUE(machine.executed.empty());
 }
 
-TEST_F(SmallActionsTest, AnotherRowInItsPlaceGetsNoCleaner) {
+TEST_F(SmallActionsTest, WithAnotherRowInItsPlaceNoCleanerIsStarted) {
     watch("D:\\");
     list.Remove(1);
     EXPECT_EQ(errorOf(act::cleaner), error::indexOutOfBounds);

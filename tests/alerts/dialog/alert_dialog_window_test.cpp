@@ -12,7 +12,7 @@ struct Screen : WorkArea {
     int Height() override { return 15000; }
 };
 
-TEST(AlertDialogWindow, ComesInTheLowerRightCornerOfTheWorkArea) {
+TEST(AlertDialogWindow, OpensInTheLowerRightCornerOfTheWorkArea) {
     Forms forms;
     Screen screen;
     AlertDialogWindow window{forms, screen};
@@ -23,7 +23,7 @@ TEST(AlertDialogWindow, ComesInTheLowerRightCornerOfTheWorkArea) {
     EXPECT_TRUE(forms.dlgAlert.Visible());
 }
 
-TEST(AlertDialogWindow, IsPlacedBeforeItIsShownAndByTheHeightThatItHas) {
+TEST(AlertDialogWindow, IsPlacedByItsPresentHeightBeforeItIsShown) {
     Forms forms;
     Screen screen;
     AlertDialogWindow window{forms, screen};
@@ -35,7 +35,7 @@ TEST(AlertDialogWindow, IsPlacedBeforeItIsShownAndByTheHeightThatItHas) {
     EXPECT_EQ(forms.dlgAlert.Height(), 6000);
 }
 
-TEST(AlertDialogWindow, ComesBackToItsCornerAndToTheFrontEachTime) {
+TEST(AlertDialogWindow, ReturnsToItsCornerAndToTheFrontEachTime) {
     Forms forms;
     Screen screen;
     AlertDialogWindow window{forms, screen};
@@ -48,7 +48,7 @@ TEST(AlertDialogWindow, ComesBackToItsCornerAndToTheFrontEachTime) {
     EXPECT_EQ(raised, 2);
 }
 
-TEST(AlertDialogWindow, TheMenuItemsBringItInItsFullHeight) {
+TEST(AlertDialogWindow, TheMenuItemsShowItInItsFullHeight) {
     for (const bool tray : {true, false}) {
         Forms forms;
         Screen screen;
@@ -87,7 +87,7 @@ TEST(AlertDialogWindow, ClosingItByItsFrameHidesIt) {
 }
 
 // An action's text opens the dialog when the dialog doesn't hold it.
-TEST(AlertDialogWindow, ClearEmptiesItsOwnJournalSoThatNoTextCountsAsToldAnyMore) {
+TEST(AlertDialogWindow, ClearEmptiesItsOwnJournalSoThatEveryTextIsNewAgain) {
     DialogRig rig;
     rig.form1.txtAlert.setText("journal");
     rig.dialog.Label1.setText("older");
@@ -107,7 +107,7 @@ TEST(AlertDialogWindow, ExplorerLeavesOneEmptyEntryWhateverItsCaptionSays) {
     EXPECT_TRUE(rig.machine.executed.empty());
 }
 
-TEST(AlertDialogWindow, ActionRaisesItInItsCorner) {
+TEST(AlertDialogWindow, ActionMakesItHigherInItsCorner) {
     DialogRig rig;
     rig.dialog.setSize(5000, 4200);
     rig.window.show();
@@ -118,7 +118,7 @@ TEST(AlertDialogWindow, ActionRaisesItInItsCorner) {
     EXPECT_EQ(rig.dialog.Top(), 15000 - 8200);
 }
 
-TEST(AlertDialogWindow, ActionLeavesOneThatIsHighEnoughWhereItIs) {
+TEST(AlertDialogWindow, ActionDoesNotMoveOneThatIsHighEnough) {
     for (const int height : {8200, 9000}) {
         DialogRig rig;
         rig.window.show();

@@ -1,4 +1,4 @@
-// What becomes of an alert: the list, the counters, the duplicate stamp, the tray.
+// What an alert changes: the list, the counters, the duplicate stamp, the tray.
 #include "alerts/alert_rig.h"
 
 namespace velmora::tests {
@@ -71,7 +71,7 @@ TEST(AlertList, TwoIdenticalAlertsWithoutARowAddTwoAndCountTwice) {
     EXPECT_EQ(rig.high(), 2);
 }
 
-TEST(AlertList, OnlyTheFirstTextOfARowIsDroppedWhenItComesAgain) {
+TEST(AlertList, OnlyTheFirstTextOfARowIsDroppedWhenRepeated) {
     AlertRig rig;
     for (const char* text : {"A", "B", "A", "B"}) rig.raise(text, "High", &rig.row);
     EXPECT_EQ(rig.texts(), "B B A");
@@ -79,7 +79,7 @@ TEST(AlertList, OnlyTheFirstTextOfARowIsDroppedWhenItComesAgain) {
     EXPECT_EQ(rig.stamp(), "A");
 }
 
-TEST(AlertList, ADifferentTextPassesEveryTimeAndLeavesTheStamp) {
+TEST(AlertList, ADifferentTextIsAddedEveryTimeAndKeepsTheStamp) {
     AlertRig rig;
     rig.raise("A", "High", &rig.row);
     for (int i = 0; i < 3; ++i) rig.raise("B", "High", &rig.row);
@@ -128,7 +128,7 @@ TEST(AlertList, AnAlertWithoutARowTouchesNoStamp) {
     EXPECT_EQ(rig.texts(), "A A");
 }
 
-TEST(AlertList, AClearedStampLetsTheSameTextPassAgain) {
+TEST(AlertList, AfterTheStampIsClearedTheSameTextIsAddedAgain) {
     AlertRig rig;
     rig.raise("A", "High", &rig.row);
     WatchRow(rig.row).setFirstAlert("");
@@ -138,7 +138,7 @@ TEST(AlertList, AClearedStampLetsTheSameTextPassAgain) {
     EXPECT_EQ(rig.stamp(), "A");
 }
 
-TEST(AlertList, AnEmptyFirstTextLeavesTheStampFree) {
+TEST(AlertList, AnEmptyFirstTextSetsNoStamp) {
     AlertRig rig;
     rig.raise("", "High", &rig.row);
     rig.raise("A", "High", &rig.row);
@@ -218,7 +218,7 @@ TEST(AlertList, ThePreparingOperationDoesNothing) {
     EXPECT_EQ(rig.raised(), 0);
 }
 
-TEST(AlertList, AClickOnAColumnSortsTheOtherWayWhicheverWasSortedBefore) {
+TEST(AlertList, AClickOnAColumnReversesTheOrderWhicheverWasSortedBefore) {
     AlertRig rig;
     for (const char* text : {"b", "C", "a"}) rig.raise(text);
     EXPECT_EQ(rig.list.SortOrder(), 0);
@@ -253,7 +253,7 @@ TEST(AlertList, ANewAlertStandsOnTopOfASortedListToo) {
     EXPECT_EQ(rig.text(1), "0");
 }
 
-TEST(AlertList, AClickOnAColumnThatIsNotThereIsPassedOver) {
+TEST(AlertList, AClickOnAMissingColumnIsIgnored) {
     AlertRig rig;
     rig.raiseMany(2);
     rig.list.ColumnClick(9);

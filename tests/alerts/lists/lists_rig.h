@@ -85,7 +85,7 @@ struct ListsRig {
         file(path);
         row(path, selected);
     }
-    /// Forgets what was asked so far.
+    /// Forgets the calls so far.
     void forget() {
         order.clear();
         machine.log.clear();

@@ -72,20 +72,20 @@ TEST_F(SystemActionsTest, WithNoWindowInFrontItHasNoOwner) {
     EXPECT_EQ(machine.emptied[0].owner, "");
 }
 
-TEST_F(SystemActionsTest, AnErrorOnTheWayIsPassedOverAndTheBinIsEmptiedAllTheSame) {
+TEST_F(SystemActionsTest, AnErrorBeforehandIsIgnoredAndTheBinIsStillEmptied) {
     windows.fails = true;
     EXPECT_NO_THROW(actions.MakeRecycleBinEmpty("D", 0, 0, 0));
     ASSERT_EQ(machine.emptied.size(), 1u);
     EXPECT_EQ(machine.emptied[0].owner, "");
 }
 
-TEST_F(SystemActionsTest, ARefusalOfTheSystemIsPassedOver) {
+TEST_F(SystemActionsTest, ARefusalOfTheSystemIsIgnored) {
     machine.log.failCall(1, 15);
     EXPECT_NO_THROW(actions.MakeRecycleBinEmpty("D", 0, 0, 0));
     EXPECT_TRUE(machine.emptied.empty());
 }
 
-TEST_F(SystemActionsTest, TheCleanerIsStartedForTheMainWindowInANormalOne) {
+TEST_F(SystemActionsTest, TheCleanerIsStartedForTheMainWindowInANormalWindow) {
     actions.prcCleanMan("", "");
     ASSERT_EQ(machine.executed.size(), 1u);
     EXPECT_EQ(machine.executed[0].owner, "Form1");
@@ -110,7 +110,7 @@ TEST_F(SystemActionsTest, TheCleanersParametersAreTheDriveABlankAndTheSet) {
     }
 }
 
-TEST_F(SystemActionsTest, ACleanerThatCantBeStartedIsNotLookedAt) {
+TEST_F(SystemActionsTest, ACleanerThatCantBeStartedIsIgnored) {
     machine.executes = false;
     EXPECT_NO_THROW(actions.prcCleanMan("C", "12"));
 }
@@ -127,7 +127,7 @@ TEST_F(SystemActionsTest, ASetWithoutADrivePassesALeadingBlank) {
     EXPECT_TRUE(machine.executed.back().parameters.starts_with("  /sagerun: 12"));
 }
 
-TEST_F(SystemActionsTest, AFileGoesToTheBinByAListOfOneThatANulEnds) {
+TEST_F(SystemActionsTest, AFileGoesToTheBinAsAListOfOnePathThatEndsInANul) {
     machine.files["C:\\größe.txt"] = "x";
     actions.prcSendToBin("C:\\größe.txt", file_operation::allowUndo);
     ASSERT_EQ(machine.operations.size(), 1u);
@@ -137,7 +137,7 @@ TEST_F(SystemActionsTest, AFileGoesToTheBinByAListOfOneThatANulEnds) {
     EXPECT_EQ(machine.recycled, std::vector<std::string>{"C:\\größe.txt"});
 }
 
-TEST_F(SystemActionsTest, NoSpellingOfADrivesRootIsHandedToTheShell) {
+TEST_F(SystemActionsTest, NoSpellingOfADrivesRootIsPassedToTheShell) {
     for (const char* path : {"",
                              "D:",
                              "D:\\",
@@ -173,7 +173,7 @@ TEST_F(SystemActionsTest, NoSpellingOfADrivesRootIsHandedToTheShell) {
     EXPECT_EQ(machine.log.countOf("SHFileOperationA"), 0);
 }
 
-TEST_F(SystemActionsTest, WhatLiesBelowARootIsHandedToTheShellAsItIsWritten) {
+TEST_F(SystemActionsTest, PathsBelowARootArePassedToTheShellUnchanged) {
     machine.files["C:\\really?"] = "x";  // where names may hold it
     for (const char* path : {"D:\\a", "D:\\a\\", "D:/a", "D:\\.a", "D:\\..a", "D:\\a..b\\c",
                              "D:\\.\\a", "D:\\a b", "\\\\host\\share\\a", "C:\\really?"}) {
@@ -182,7 +182,7 @@ TEST_F(SystemActionsTest, WhatLiesBelowARootIsHandedToTheShellAsItIsWritten) {
     }
 }
 
-TEST_F(SystemActionsTest, ABinThatTakesNothingIsNotLookedAt) {
+TEST_F(SystemActionsTest, ARefusalOfTheBinIsIgnored) {
     for (const int code : {2, 5, 1223}) {
         machine.operationResult = code;
         EXPECT_NO_THROW(actions.prcSendToBin("C:\\a", file_operation::allowUndo));
@@ -192,7 +192,7 @@ TEST_F(SystemActionsTest, ABinThatTakesNothingIsNotLookedAt) {
     EXPECT_TRUE(machine.recycled.empty());
 }
 
-TEST_F(SystemActionsTest, ASoundIsPlayedWithItsFlagsAndTellsWhetherItWas) {
+TEST_F(SystemActionsTest, ASoundIsPlayedWithItsFlagsAndReturnsItsSuccess) {
     EXPECT_EQ(actions.prcPlaySound("C:\\a.wav", 2), 1);
     EXPECT_EQ(machine.played.back(), (std::pair<std::string, std::int32_t>{"C:\\a.wav", 2}));
     machine.playResult = 0;
@@ -209,12 +209,12 @@ struct ListedPrograms : SystemActionsTest {
     }
 };
 
-TEST_F(ListedPrograms, WithNoneListedThereIsNothingToTell) {
+TEST_F(ListedPrograms, WithNoneListedTheReportIsEmpty) {
     EXPECT_EQ(actions.prcRunListedProg(), "");
     EXPECT_EQ(machine.log.count(), 0);
 }
 
-TEST_F(ListedPrograms, EachThatIsThereIsStartedInOrderAndEachIsToldOf) {
+TEST_F(ListedPrograms, EachExistingOneIsStartedInOrderAndEachIsReported) {
     machine.files["C:\\one.exe"] = machine.files["C:\\Program Files\\two.exe"] = "MZ";
     list({"C:\\one.exe", "C:\\gone.exe", "C:\\Program Files\\two.exe"});
     EXPECT_EQ(actions.prcRunListedProg(), ran + "C:\\one.exe\r\n" + missing + "C:\\gone.exe\r\n" +
@@ -226,7 +226,7 @@ TEST_F(ListedPrograms, EachThatIsThereIsStartedInOrderAndEachIsToldOf) {
             "FileExists C:\\Program Files\\two.exe", "Shell \"C:\\Program Files\\two.exe\" | 1"}));
 }
 
-TEST_F(ListedPrograms, AFailureGoesToTheCallerAndNoProgramBehindItIsStarted) {
+TEST_F(ListedPrograms, AFailureGoesToTheCallerAndNoLaterProgramIsStarted) {
     const std::vector<std::string> programs{"C:\\one.exe", "C:\\two.exe"};
     for (const std::string& program : programs) machine.files[program] = "MZ";
     list(programs);
