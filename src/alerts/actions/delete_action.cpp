@@ -37,7 +37,7 @@ int DeleteAction::walk(Shortage& shortage) {
             return none;
         }
         const ConstListedFile listed(form1.LVFile.ListItems(j));
-        const std::string path = listed.path();
+        const std::string& path = listed.path();
         if (!isOfRow(listed.root(), shortage, rowPath)) continue;
         if (fso.FileExists(path)) return j;
         if (fso.FolderExists(path)) deleteFolder(shortage, j);
