@@ -76,10 +76,11 @@ class FileSystemObject {
     virtual ~FileSystemObject() = default;
 
     /// The drive part of a path as it is written: "c:" of "c:\data", "\\host\share" of
-    /// "\\host\share\data", empty for a path without one. Only looks at the text.
-    virtual std::string GetDriveName(const std::string& path) = 0;
+    /// "\\host\share\data", empty for a path without one. Only looks at the text, by
+    /// the same rule on every host; so does the next one.
+    virtual std::string GetDriveName(const std::string& path);
     /// The last component of a path as it is written; empty for a root.
-    virtual std::string GetFileName(const std::string& path) = 0;
+    std::string GetFileName(const std::string& path) const;
     /// The drive of a designator: a letter, a letter and a colon, a root ("c:\") or a share
     /// (with or without a back-slash at the end). Error 5 for any other text. A drive that isn't
     /// there is a drive that isn't ready.
@@ -97,7 +98,7 @@ class FileSystemObject {
     virtual std::unique_ptr<File> GetFile(const std::string& path) = 0;
 };
 
-/// What GetDriveName gives, for backends: the rule is the same on every host.
+/// What GetDriveName gives, for backends.
 std::string driveNameOf(const std::string& path);
 
 /// What GetFileName gives, likewise.
@@ -111,5 +112,7 @@ std::string parentFolderOf(const std::string& path);
 
 /// A drive designator in its one form: "C:" or "\\host\share"; empty when the text is none.
 std::string driveOfDesignator(const std::string& designator);
+/// The same for GetDrive: error 5 when the text is none.
+std::string requiredDrive(const std::string& designator);
 
 }  // namespace velmora

@@ -1,3 +1,4 @@
+#include "base/runtime_error.h"
 #include "platform/file_system_object.h"
 
 namespace velmora {
@@ -53,6 +54,14 @@ std::string parentFolderOf(const std::string& path) {
     return drive + rest;
 }
 
+std::string FileSystemObject::GetDriveName(const std::string& path) {
+    return driveNameOf(path);
+}
+
+std::string FileSystemObject::GetFileName(const std::string& path) const {
+    return fileNameOf(path);
+}
+
 std::string PathEntry::ParentFolder() const {
     return parentFolderOf(Path());
 }
@@ -72,6 +81,12 @@ std::string driveOfDesignator(const std::string& designator) {
     if (bare.size() == 2 && bare[1] == ':') bare.pop_back();
     if (bare.size() != 1 || !isLetter(bare[0])) return {};
     return std::string{static_cast<char>(bare[0] & ~0x20), ':'};
+}
+
+std::string requiredDrive(const std::string& designator) {
+    std::string drive = driveOfDesignator(designator);
+    if (drive.empty()) throw RuntimeError(error::invalidCall);
+    return drive;
 }
 
 }  // namespace velmora

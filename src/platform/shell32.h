@@ -57,8 +57,8 @@ class Shell32 {
     /// home.
     virtual std::int32_t SHGetSpecialFolderLocation(std::int32_t csidl, ItemIdList& list) = 0;
     /// Writes the place's drive path and a NUL over the front of `buffer`; false when it has no
-    /// path or doesn't fit.
-    virtual bool SHGetPathFromIDListA(const ItemIdList& list, std::string& buffer) = 0;
+    /// path or doesn't fit. The same on every host.
+    virtual bool SHGetPathFromIDListA(const ItemIdList& list, std::string& buffer);
     /// Opens, explores or prints a file, a folder or an address with the program for it; `owner`
     /// is the name of a form. Above 32 when the system took the order.
     virtual std::int32_t ShellExecuteA(const std::string& owner, const std::string& operation,

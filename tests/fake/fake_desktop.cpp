@@ -121,9 +121,7 @@ std::int32_t FakeMachine::Desktop::SHGetSpecialFolderLocation(std::int32_t csidl
 
 bool FakeMachine::Desktop::SHGetPathFromIDListA(const ItemIdList& list, std::string& buffer) {
     if (machine.recordCode("SHGetPathFromIDListA " + list.place) != 0) return false;
-    if (list.place.empty() || list.place.size() >= buffer.size()) return false;
-    buffer.replace(0, list.place.size() + 1, list.place + '\0');
-    return true;
+    return Shell32::SHGetPathFromIDListA(list, buffer);
 }
 
 std::int32_t FakeMachine::Desktop::ShellExecuteA(

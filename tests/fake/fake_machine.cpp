@@ -89,9 +89,7 @@ bool FakeMachine::Disks::FileExists(const std::string& path) {
 
 std::unique_ptr<Drive> FakeMachine::Disks::GetDrive(const std::string& designator) {
     machine.record("GetDrive " + designator);
-    std::string path = driveOfDesignator(designator);
-    if (path.empty()) throw RuntimeError(error::invalidCall);
-    return std::make_unique<Reading>(*this, std::move(path));
+    return std::make_unique<Reading>(*this, requiredDrive(designator));
 }
 
 std::uint32_t FakeMachine::Disks::GetLogicalDriveStringsA(std::uint32_t length,

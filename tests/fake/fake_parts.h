@@ -40,9 +40,8 @@ struct FakeMachine::Disks final : FileSystemObject, Kernel32, Clock, TextFiles {
 
     std::string GetDriveName(const std::string& path) override {
         machine.record("GetDriveName " + path);
-        return driveNameOf(path);
+        return FileSystemObject::GetDriveName(path);
     }
-    std::string GetFileName(const std::string& path) override { return fileNameOf(path); }
     std::unique_ptr<Drive> GetDrive(const std::string& designator) override;
     bool DriveExists(const std::string& designator) override;
     bool FolderExists(const std::string& path) override;

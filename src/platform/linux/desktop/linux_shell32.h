@@ -15,7 +15,6 @@ class LinuxShell32 final : public Shell32 {
     explicit LinuxShell32(Volumes& volumes) : volumes_(volumes) {}
 
     std::int32_t SHGetSpecialFolderLocation(std::int32_t csidl, ItemIdList& list) override;
-    bool SHGetPathFromIDListA(const ItemIdList& list, std::string& buffer) override;
     /// Addresses ("https:", "mailto:") and paths go to xdg-open, whatever the operation; a program
     /// is run in its own folder. The disk cleaner ("cleanmgr") is the first of bleachbit, stacer
     /// and baobab that is installed, without parameters: none of them removes anything unasked.

@@ -30,9 +30,7 @@ class LinuxDrive final : public MeasuredDrive {
 }  // namespace
 
 std::unique_ptr<Drive> LinuxFileSystemObject::GetDrive(const std::string& designator) {
-    std::string drive = driveOfDesignator(designator);
-    if (drive.empty()) throw RuntimeError(error::invalidCall);
-    return std::make_unique<LinuxDrive>(volumes_, std::move(drive));
+    return std::make_unique<LinuxDrive>(volumes_, requiredDrive(designator));
 }
 
 bool LinuxFileSystemObject::DriveExists(const std::string& designator) {

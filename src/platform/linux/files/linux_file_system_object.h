@@ -14,8 +14,6 @@ class LinuxFileSystemObject final : public FileSystemObject {
     /// The volumes must outlive this object and its drives.
     explicit LinuxFileSystemObject(Volumes& volumes) : volumes_(volumes) {}
 
-    std::string GetDriveName(const std::string& path) override { return driveNameOf(path); }
-    std::string GetFileName(const std::string& path) override { return fileNameOf(path); }
     std::unique_ptr<Drive> GetDrive(const std::string& designator) override;
     bool DriveExists(const std::string& designator) override;
     bool FolderExists(const std::string& path) override;

@@ -38,12 +38,6 @@ std::int32_t WindowsShell32::SHGetSpecialFolderLocation(std::int32_t csidl, Item
     return 0;
 }
 
-bool WindowsShell32::SHGetPathFromIDListA(const ItemIdList& list, std::string& buffer) {
-    if (list.place.empty() || list.place.size() >= buffer.size()) return false;
-    buffer.replace(0, list.place.size() + 1, list.place + '\0');
-    return true;
-}
-
 std::int32_t WindowsShell32::ShellExecuteA(const std::string&, const std::string& operation,
                                            const std::string& file, const std::string& parameters,
                                            const std::string& directory, std::int32_t showCommand) {

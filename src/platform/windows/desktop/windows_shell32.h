@@ -12,7 +12,6 @@ namespace velmora::windows {
 class WindowsShell32 final : public Shell32 {
   public:
     std::int32_t SHGetSpecialFolderLocation(std::int32_t csidl, ItemIdList& list) override;
-    bool SHGetPathFromIDListA(const ItemIdList& list, std::string& buffer) override;
     /// The owner is the program's active window, whichever form it shows.
     std::int32_t ShellExecuteA(const std::string& owner, const std::string& operation,
                                const std::string& file, const std::string& parameters,

@@ -32,9 +32,7 @@ WindowsFileSystemObject::WindowsFileSystemObject(std::shared_ptr<DriveQuestions>
     : questions_(std::move(questions)) {}
 
 std::unique_ptr<Drive> WindowsFileSystemObject::GetDrive(const std::string& designator) {
-    std::string drive = driveOfDesignator(designator);
-    if (drive.empty()) throw RuntimeError(error::invalidCall);
-    return std::make_unique<WindowsDrive>(questions_, std::move(drive));
+    return std::make_unique<WindowsDrive>(questions_, requiredDrive(designator));
 }
 
 bool WindowsFileSystemObject::DriveExists(const std::string& designator) {

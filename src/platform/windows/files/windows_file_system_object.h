@@ -15,8 +15,6 @@ class WindowsFileSystemObject final : public FileSystemObject {
     explicit WindowsFileSystemObject(std::shared_ptr<DriveQuestions> questions =
                                          std::make_shared<DriveQuestions>(driveDeadline));
 
-    std::string GetDriveName(const std::string& path) override { return driveNameOf(path); }
-    std::string GetFileName(const std::string& path) override { return fileNameOf(path); }
     std::unique_ptr<Drive> GetDrive(const std::string& designator) override;
     bool DriveExists(const std::string& designator) override;
     bool FolderExists(const std::string& path) override;
