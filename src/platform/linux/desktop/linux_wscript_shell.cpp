@@ -16,9 +16,7 @@ namespace {
 
 void save(const std::string& hostPath, const std::string& content, mode_t mode) {
     const int failure = replaceFile(hostPath, content, mode);
-    if (failure == 0) return;
-    const bool isMissing = runtimeErrorOf(failure) == error::pathNotFound;
-    throw RuntimeError(isMissing ? error::pathNotFound : error::permissionDenied);
+    if (failure != 0) throw RuntimeError(errorOfEntry(failure));
 }
 
 class ScriptShortcut final : public Shortcut {

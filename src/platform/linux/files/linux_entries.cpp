@@ -11,6 +11,7 @@
 #include "platform/linux/entries/tree_walk.h"
 #include "platform/linux/removal/folder_removal.h"
 #include "platform/linux/system/linux_clock.h"
+#include "platform/linux/system/system_errors.h"
 
 namespace velmora::linuxhost {
 
@@ -104,8 +105,7 @@ class LinuxFolder final : public LinuxEntry<Folder, FileKind::folder> {
     }
     void Delete(bool force) override {
         const int failure = removeFolder(volumes_, status_.hostPath(), force);
-        if (failure == 0) return;
-        throw RuntimeError(failure == ENOENT ? error::pathNotFound : error::permissionDenied);
+        if (failure != 0) throw RuntimeError(errorOfEntry(failure));
     }
 
   private:
@@ -124,8 +124,7 @@ class LinuxFolder final : public LinuxEntry<Folder, FileKind::folder> {
                 if (S_ISREG(each.stx_mode)) size += static_cast<double>(each.stx_size);
                 return true;
             });
-        if (failure == ENOENT) throw RuntimeError(error::pathNotFound);
-        if (failure != 0) throw RuntimeError(error::permissionDenied);
+        if (failure != 0) throw RuntimeError(errorOfEntry(failure));
         return size;
     }
 

@@ -81,12 +81,6 @@ int errorOfReading(int failure, const std::string& hostPath) {
     return hasFolder ? error::fileNotFound : error::pathNotFound;
 }
 
-int errorOfRemoving(int failure) {
-    const int number = runtimeErrorOf(failure);
-    if (number == error::pathNotFound) return error::fileNotFound;
-    return number == error::pathFileAccess ? number : error::permissionDenied;
-}
-
 }  // namespace
 
 std::string LinuxTextFiles::hostPathOrError(const std::string& path) {
@@ -142,12 +136,11 @@ void LinuxTextFiles::remove(const std::string& path) {
     if (hostPath.empty()) throw RuntimeError(error::fileNotFound);
     const OpenedParent parent(volumes_, hostPath);
     struct stat status {};
-    int failure = parent.isOpen() ? parent.readStatus(status) : parent.failure();
-    const bool isRoot = parent.failure() == EBUSY;
-    // Only a folder's path may end in a separator.
-    if (failure == 0 && endsInSeparator(path) && !S_ISDIR(status.st_mode)) failure = ENOENT;
+    int failure = statusToRemove(parent, path, status);
     if (failure == 0) failure = removeFile(parent, status);
-    if (failure != 0) throw RuntimeError(errorOfRemoving(isRoot ? EISDIR : failure));
+    // The root of a drive is a folder like any other.
+    const bool isRoot = parent.failure() == EBUSY;
+    if (failure != 0) throw RuntimeError(errorOfRemovingFile(isRoot ? EISDIR : failure));
 }
 
 }  // namespace velmora::linuxhost

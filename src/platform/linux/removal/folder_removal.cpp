@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <optional>
 
+#include "platform/file_system_object.h"
 #include "platform/linux/entries/tree_walk.h"
 #include "platform/linux/removal/tree_removal.h"
 
@@ -78,6 +79,13 @@ int removeFolder(Volumes& volumes, const std::string& hostPath, bool force) {
     const OpenedParent parent(volumes, hostPath);
     if (!parent.isOpen()) return parent.failure() == ENOTDIR ? ENOENT : parent.failure();
     return removeFolder(parent, force);
+}
+
+int statusToRemove(const OpenedParent& parent, const std::string& path, struct stat& status) {
+    if (!parent.isOpen()) return parent.failure();
+    if (const int failure = parent.readStatus(status); failure != 0) return failure;
+    // Only a folder's path may end in a separator.
+    return endsInSeparator(path) && !S_ISDIR(status.st_mode) ? ENOENT : 0;
 }
 
 int removeFile(const OpenedParent& parent, const struct stat& status) {

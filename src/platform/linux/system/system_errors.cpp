@@ -58,4 +58,15 @@ int runtimeErrorOf(int failure) {
     return rowOf(failure).runtimeError;
 }
 
+int errorOfEntry(int failure) {
+    const int number = runtimeErrorOf(failure);
+    return number == error::pathNotFound ? number : error::permissionDenied;
+}
+
+int errorOfRemovingFile(int failure) {
+    const int number = runtimeErrorOf(failure);
+    if (number == error::pathNotFound) return error::fileNotFound;
+    return number == error::pathFileAccess ? number : error::permissionDenied;
+}
+
 }  // namespace velmora::linuxhost

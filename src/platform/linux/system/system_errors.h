@@ -34,4 +34,13 @@ std::uint32_t codeWithoutLoops(int failure);
 /// that isn't there, 70, 75 or 61 for what is denied, read-only or full, 57 for any other.
 int runtimeErrorOf(int failure);
 
+// Calls that have fewer numbers, or another one for the same errno.
+
+/// Looking at a folder, removing one, and saving a shortcut: 76 for a path that isn't there, 70 for
+/// any other.
+int errorOfEntry(int failure);
+/// Removing a file: 53 for a path that isn't there, 75 for what is read-only or no file, 70 for any
+/// other.
+int errorOfRemovingFile(int failure);
+
 }  // namespace velmora::linuxhost

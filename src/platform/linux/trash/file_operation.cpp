@@ -2,12 +2,10 @@
 
 #include <sys/stat.h>
 
-#include <cerrno>
 #include <string>
 #include <string_view>
 
 #include "base/text.h"
-#include "platform/file_system_object.h"
 #include "platform/linux/entries/opened_parent.h"
 #include "platform/linux/removal/folder_removal.h"
 #include "platform/linux/system/system_errors.h"
@@ -36,16 +34,11 @@ std::uint32_t shellCodeOf(int failure) {
 int removeOne(Volumes& volumes, const std::string& path, bool allowUndo) {
     const auto roots = volumes.roots();
     const std::string hostPath = hostPathOf(path, roots);
-    if (hostPath.empty()) return ENOENT;
     const OpenedParent parent(volumes, hostPath);
-    if (!parent.isOpen()) return parent.failure();
     struct stat status {};
-    if (const int failure = parent.readStatus(status); failure != 0) return failure;
-    const bool isFolder = S_ISDIR(status.st_mode);
-    // Only a folder's path may end in a separator.
-    if (!isFolder && endsInSeparator(path)) return ENOENT;
+    if (const int failure = statusToRemove(parent, path, status); failure != 0) return failure;
     if (allowUndo) return moveToTrash(parent, hostPath, roots);
-    return isFolder ? removeFolder(parent, true) : removeFile(parent, status);
+    return S_ISDIR(status.st_mode) ? removeFolder(parent, true) : removeFile(parent, status);
 }
 
 }  // namespace

@@ -35,5 +35,14 @@ TEST(SystemErrors, EachHasItsRunTimeError) {
     EXPECT_EQ(runtimeErrorOf(EIO), 57);
 }
 
+TEST(SystemErrors, SomeCallsHaveFewerNumbers) {
+    EXPECT_EQ(errorOfEntry(ENOENT), 76);
+    EXPECT_EQ(errorOfEntry(EROFS), 70);
+    EXPECT_EQ(errorOfEntry(ENOSPC), 70);
+    EXPECT_EQ(errorOfRemovingFile(ENOENT), 53);
+    EXPECT_EQ(errorOfRemovingFile(EISDIR), 75);
+    EXPECT_EQ(errorOfRemovingFile(EBUSY), 70);
+}
+
 }  // namespace
 }  // namespace velmora::linuxhost
