@@ -3,9 +3,10 @@
 #include <dirent.h>
 #include <fcntl.h>
 
+#include <cerrno>
 #include <fstream>
+#include <memory>
 
-#include "base/scope_guard.h"
 #include "platform/linux/paths/path_names.h"
 
 namespace velmora::linuxhost {
@@ -13,6 +14,11 @@ namespace velmora::linuxhost {
 namespace {
 
 constexpr int folderFlags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
+
+struct CloseListing {
+    void operator()(DIR* listing) const { closedir(listing); }
+};
+using UniqueListing = std::unique_ptr<DIR, CloseListing>;
 
 }  // namespace
 
@@ -28,12 +34,11 @@ OpenFolder::OpenFolder(int parentFd, const std::string& name)
 
 int namesIn(const OpenFolder& folder, std::vector<std::string>& names) {
     UniqueFd fd(openat(folder.fd(), ".", folderFlags));
-    DIR* listing = fd.isOpen() ? fdopendir(fd.get()) : nullptr;
+    const UniqueListing listing(fd.isOpen() ? fdopendir(fd.get()) : nullptr);
     if (!listing) return errno;
     fd.release();  // closed with the listing
-    const ScopeGuard closing([listing] { closedir(listing); });
     errno = 0;
-    while (const dirent* entry = readdir(listing)) {
+    while (const dirent* entry = readdir(listing.get())) {
         const std::string name = entry->d_name;
         if (!isDots(name)) names.push_back(name);
     }
