@@ -44,7 +44,7 @@ class LinuxMachine final : public Machine {
         return drivePathOf(withoutLinksAbove(path, volumes_), volumes_.roots());
     }
     std::string toHostPath(const std::string& drivePath) override {
-        return hostPathOf(drivePath, volumes_.roots());
+        return volumes_.hostPathOf(drivePath);
     }
 
   private:

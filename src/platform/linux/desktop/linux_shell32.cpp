@@ -103,8 +103,8 @@ std::int32_t LinuxShell32::ShellExecuteA(const std::string&, const std::string& 
         return hasTakenOrder(programs_.run({"xdg-open", address})) ? taken : notFound;
     }
     if (isDiskCleaner(file)) return openDiskCleaner();
-    const std::string hostPath = hostPathOf(file, volumes_.roots());
-    const FileKind kind = hostPath.empty() ? FileKind::none : volumes_.kindOf(hostPath);
+    const std::string hostPath = volumes_.hostPathOf(file);
+    const FileKind kind = volumes_.kindOf(hostPath);
     if (kind == FileKind::none) return notFound;
     if (kind == FileKind::file && lowerCase(operation) == "open" && isProgram(hostPath))
         return run(hostPath, parameters, folderOf(hostPath)) ? taken : notAllowed;
@@ -129,8 +129,8 @@ bool LinuxShell32::run(const std::string& program, const std::string& arguments,
 
 std::string LinuxShell32::programOf(const std::string& name) {
     if (name.find_first_of("\\/:") == std::string::npos) return programInPath(name);
-    std::string path = hostPathOf(name, volumes_.roots());
-    const auto isFile = [&] { return !path.empty() && volumes_.kindOf(path) == FileKind::file; };
+    std::string path = volumes_.hostPathOf(name);
+    const auto isFile = [&] { return volumes_.kindOf(path) == FileKind::file; };
     if (isFile()) return path;
     if (!lowerCase(path).ends_with(".exe")) return {};
     path.resize(path.size() - 4);
@@ -142,7 +142,7 @@ void LinuxShell32::Shell(const std::string& commandLine, std::int32_t) {
     if (order.program.empty()) throw RuntimeError(error::invalidCall);
     std::string program;
     if (isTextEditor(order.program)) {
-        program = hostPathOf(replaceAll(order.rest, "\"", ""), volumes_.roots());
+        program = volumes_.hostPathOf(replaceAll(order.rest, "\"", ""));
     } else {
         // A path alone may have blanks without quotes around it.
         program = driveNameOf(trim(commandLine)).empty() ? "" : programOf(trim(commandLine));
@@ -162,8 +162,8 @@ std::int32_t LinuxShell32::SHFileOperationA(const FileOperation& operation) {
 }
 
 bool LinuxShell32::ShellExecuteEx(const ShellExecuteInfo& info) {
-    const std::string hostPath = hostPathOf(info.file, volumes_.roots());
-    if (hostPath.empty() || volumes_.kindOf(hostPath) == FileKind::none) return false;
+    const std::string hostPath = volumes_.hostPathOf(info.file);
+    if (volumes_.kindOf(hostPath) == FileKind::none) return false;
     const std::string verb = lowerCase(info.verb);
     if (verb == "properties") return showProperties(hostPath);
     if (verb != "open" && verb != "explore" && !verb.empty()) return false;

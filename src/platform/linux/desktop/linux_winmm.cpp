@@ -10,7 +10,6 @@
 #include <thread>
 #include <vector>
 
-#include "platform/linux/paths/path_mapping.h"
 #include "platform/linux/programs/program_start.h"
 
 namespace velmora::linuxhost {
@@ -87,8 +86,8 @@ milliseconds lengthOfSound(const std::string& hostPath) {
 }
 
 std::int16_t LinuxWinmm::sndPlaySoundA(const std::string& file, std::int32_t) {
-    const std::string path = hostPathOf(file, volumes_.roots());
-    if (path.empty() || volumes_.kindOf(path) != FileKind::file) return 0;
+    const std::string path = volumes_.hostPathOf(file);
+    if (volumes_.kindOf(path) != FileKind::file) return 0;
     const milliseconds length = lengthOfSound(path);
     const milliseconds limit =
         length > milliseconds(0) ? length + limits_.beyondSound : limits_.unknownLength;

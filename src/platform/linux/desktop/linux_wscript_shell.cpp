@@ -5,7 +5,6 @@
 #include "base/runtime_error.h"
 #include "base/text.h"
 #include "platform/linux/entries/replace_file.h"
-#include "platform/linux/paths/path_mapping.h"
 #include "platform/linux/programs/program_file.h"
 #include "platform/linux/programs/shell_script.h"
 #include "platform/linux/system/system_errors.h"
@@ -25,7 +24,7 @@ class ScriptShortcut final : public Shortcut {
         : volumes_(volumes), hostPath_(std::move(hostPath)) {}
 
     void Save() override {
-        const std::string target = hostPathOf(TargetPath, volumes_.roots());
+        const std::string target = volumes_.hostPathOf(TargetPath);
         if (target.empty()) throw RuntimeError(error::pathNotFound);
         save(hostPath_,
              startingScript(programFile(target), shortcutArguments(Arguments), Description), 0755);
@@ -48,7 +47,7 @@ class AddressShortcut final : public Shortcut {
 }  // namespace
 
 std::unique_ptr<Shortcut> LinuxWScriptShell::CreateShortcut(const std::string& file) {
-    std::string hostPath = hostPathOf(file, volumes_.roots());
+    std::string hostPath = volumes_.hostPathOf(file);
     const std::string name = lowerCase(file);
     if (hostPath.empty()) return nullptr;
     if (name.ends_with(".lnk"))

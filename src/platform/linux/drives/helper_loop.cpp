@@ -39,19 +39,17 @@ void giveUpFiles(int socket) {
     if (chdir("/") != 0) return;
 }
 
-int kindOf(const char* path, FileKind& kind) {
-    struct stat status {};
-    if (stat(path, &status) != 0) return errno;
-    kind = S_ISDIR(status.st_mode) ? FileKind::folder : FileKind::file;
-    return 0;
+int readStatus(const char* path, struct statx& status) {
+    constexpr unsigned wanted = STATX_BASIC_STATS | STATX_BTIME;
+    return statx(AT_FDCWD, path, AT_NO_AUTOMOUNT, wanted, &status) == 0 ? 0 : errno;
 }
 
 int answer(const HelperRequest& request, HelperReply& reply) {
     switch (request.question) {
         case HelperQuestion::space:
             return readFilesystem(request.path, reply.reading);
-        case HelperQuestion::kind:
-            return kindOf(request.path, reply.kind);
+        case HelperQuestion::status:
+            return readStatus(request.path, reply.status);
         case HelperQuestion::entries:
             return countEntries(request.path, reply.entries);
         case HelperQuestion::listing:

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <limits.h>
+#include <sys/stat.h>
 
 #include <cstddef>
 #include <cstdint>
@@ -11,9 +12,14 @@
 
 namespace velmora::linuxhost {
 
-enum class HelperQuestion : std::uint32_t { space, kind, entries, listing };
+enum class HelperQuestion : std::uint32_t { space, status, entries, listing };
 
-enum class FileKind : std::uint32_t { none, folder, file };
+enum class FileKind { none, folder, file };
+
+/// Whatever is no folder counts as a file.
+inline FileKind kindOf(const struct statx& status) {
+    return S_ISDIR(status.stx_mode) ? FileKind::folder : FileKind::file;
+}
 
 struct HelperRequest {
     HelperQuestion question = HelperQuestion::space;
@@ -23,8 +29,8 @@ struct HelperRequest {
 };
 
 struct HelperReply {
-    int error = 0;  ///< 0 or the errno
-    FileKind kind = FileKind::none;
+    int error = 0;           ///< 0 or the errno
+    struct statx status {};  ///< of what a link points to
     FilesystemReading reading;
     EntryCounts entries;
 };

@@ -58,6 +58,17 @@ void Volumes::reload() {
     // A helper that lingers is reaped with its volume's letter kept; without one nobody asks again.
     std::erase_if(volumes_,
                   [](const auto& volume) { return !volume->isMounted && volume->letter == 0; });
+    listRoots();
+}
+
+void Volumes::listRoots() {
+    roots_.clear();
+    for (const auto& volume : volumes_) {
+        if (!volume->isMounted) continue;
+        const std::string& mountPoint = volume->drive.mount.mountPoint;
+        if (volume->letter != 0) roots_.push_back({std::string{volume->letter, ':'}, mountPoint});
+        if (!volume->drive.share.empty()) roots_.push_back({volume->drive.share, mountPoint});
+    }
 }
 
 void Volumes::show(const DriveMount& mount) {
@@ -130,25 +141,20 @@ std::string Volumes::letters() {
     return letters;
 }
 
-std::vector<DriveRoot> Volumes::roots() {
+const std::vector<DriveRoot>& Volumes::roots() {
     update();
-    std::vector<DriveRoot> roots;
-    for (const auto& volume : volumes_) {
-        if (!volume->isMounted) continue;
-        const std::string& mountPoint = volume->drive.mount.mountPoint;
-        if (volume->letter != 0) roots.push_back({std::string{volume->letter, ':'}, mountPoint});
-        if (!volume->drive.share.empty()) roots.push_back({volume->drive.share, mountPoint});
-    }
-    return roots;
+    return roots_;
+}
+
+std::string Volumes::hostPathOf(const std::string& drivePath) {
+    return linuxhost::hostPathOf(drivePath, roots());
 }
 
 bool Volumes::isMountPoint(const std::string& hostPath) {
     update();
     return hostPath == "/" ||
-           std::any_of(volumes_.begin(), volumes_.end(), [&hostPath](const auto& each) {
-               const bool hasName = each->letter != 0 || !each->drive.share.empty();
-               return each->isMounted && hasName && each->drive.mount.mountPoint == hostPath;
-           });
+           std::any_of(roots_.begin(), roots_.end(),
+                       [&hostPath](const DriveRoot& each) { return each.mountPoint == hostPath; });
 }
 
 Volumes::Volume* Volumes::holderOf(const std::string& hostPath) {
@@ -163,11 +169,17 @@ Volumes::Volume* Volumes::holderOf(const std::string& hostPath) {
     return holder;
 }
 
-FileKind Volumes::kindOf(const std::string& hostPath) {
+std::optional<struct statx> Volumes::statusOf(const std::string& hostPath) {
     Volume* holder = holderOf(hostPath);
-    if (!holder) return FileKind::none;
-    const auto reply = holder->helper.ask(HelperQuestion::kind, hostPath);
-    return reply && reply->error == 0 ? reply->kind : FileKind::none;
+    if (!holder) return std::nullopt;
+    const auto reply = holder->helper.ask(HelperQuestion::status, hostPath);
+    if (!reply || reply->error != 0) return std::nullopt;
+    return reply->status;
+}
+
+FileKind Volumes::kindOf(const std::string& hostPath) {
+    const auto status = statusOf(hostPath);
+    return status ? linuxhost::kindOf(*status) : FileKind::none;
 }
 
 std::optional<EntryCounts> Volumes::entriesOf(const std::string& hostPath) {

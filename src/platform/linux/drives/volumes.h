@@ -6,6 +6,8 @@
 // drives in memory it is done every 50 ms, and between by the filesystem's identity in each answer.
 #pragma once
 
+#include <sys/stat.h>
+
 #include <array>
 #include <chrono>
 #include <memory>
@@ -37,11 +39,17 @@ class Volumes {
     /// The letters of the mounted drives, in the order of the alphabet.
     std::string letters();
     /// The roots of the mounted drives.
-    std::vector<DriveRoot> roots();
+    const std::vector<DriveRoot>& roots();
+    /// The absolute path of the host for a drive path; empty when it leads nowhere. No path of the
+    /// host is empty, and all questions below take that as one at which nothing lies.
+    std::string hostPathOf(const std::string& drivePath);
     /// Whether an absolute path of the host is the root of a mounted drive, or "/".
     bool isMountPoint(const std::string& hostPath);
 
-    /// What lies at an absolute path of the host; none also when its drive doesn't answer in time.
+    /// The status of what lies at an absolute path of the host, of a link that of what it points
+    /// to; nothing also when its drive doesn't answer in time.
+    std::optional<struct statx> statusOf(const std::string& hostPath);
+    /// Whether a file or a folder lies there; none likewise.
     FileKind kindOf(const std::string& hostPath);
     /// What lies in the folder at that path; nothing when it can't be read in time.
     std::optional<EntryCounts> entriesOf(const std::string& hostPath);
@@ -61,6 +69,7 @@ class Volumes {
     void update();
     void reload();
     void show(const DriveMount& mount);
+    void listRoots();
     Volume* find(const std::string& drive) const;
     /// The volume that an absolute path of the host lies in; null when none holds it.
     Volume* holderOf(const std::string& hostPath);
@@ -70,6 +79,7 @@ class Volumes {
     MountWatch watch_;
     DriveLetters letters_;
     std::vector<std::unique_ptr<Volume>> volumes_;
+    std::vector<DriveRoot> roots_;        // as the table was last read
     std::array<Volume*, 26> byLetter_{};  // mounted ones only
 };
 

@@ -1,9 +1,7 @@
 #include "platform/linux/files/linux_entries.h"
 
-#include <fcntl.h>
 #include <sys/stat.h>
 
-#include <cerrno>
 #include <optional>
 #include <utility>
 
@@ -28,9 +26,6 @@ class Status {
         : volumes_(volumes), hostPath_(std::move(hostPath)), kind_(kind) {}
 
     const std::string& hostPath() const { return hostPath_; }
-    int missing() const {
-        return kind_ == FileKind::file ? error::fileNotFound : error::pathNotFound;
-    }
     /// Raises what a path without such an entry raises.
     const struct statx& get() {
         if (!status_) status_ = read();
@@ -46,13 +41,10 @@ class Status {
 
   private:
     struct statx read() {
-        // Asked first, since the drive may not answer.
-        if (volumes_.kindOf(hostPath_) != kind_) throw RuntimeError(missing());
-        struct statx status {};
-        constexpr unsigned wanted = STATX_BASIC_STATS | STATX_BTIME;
-        if (statx(AT_FDCWD, hostPath_.c_str(), 0, wanted, &status) != 0)
-            throw RuntimeError(errno == EACCES ? error::permissionDenied : missing());
-        return status;
+        const auto status = volumes_.statusOf(hostPath_);
+        if (!status || kindOf(*status) != kind_)
+            throw RuntimeError(kind_ == FileKind::file ? error::fileNotFound : error::pathNotFound);
+        return *status;
     }
 
     Volumes& volumes_;

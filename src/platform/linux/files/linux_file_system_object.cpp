@@ -38,34 +38,28 @@ bool LinuxFileSystemObject::DriveExists(const std::string& designator) {
     return !drive.empty() && volumes_.has(drive);
 }
 
-FileKind LinuxFileSystemObject::kindOf(const std::string& path) {
-    const std::string hostPath = hostPathOf(path, volumes_.roots());
-    return hostPath.empty() ? FileKind::none : volumes_.kindOf(hostPath);
+bool LinuxFileSystemObject::isFile(const std::string& path, const std::string& hostPath) {
+    return !endsInSeparator(path) && volumes_.kindOf(hostPath) == FileKind::file;
 }
 
 bool LinuxFileSystemObject::FolderExists(const std::string& path) {
-    return kindOf(path) == FileKind::folder;
+    return volumes_.kindOf(volumes_.hostPathOf(path)) == FileKind::folder;
 }
 
 bool LinuxFileSystemObject::FileExists(const std::string& path) {
-    return !endsInSeparator(path) && kindOf(path) == FileKind::file;
+    return isFile(path, volumes_.hostPathOf(path));
 }
 
 std::unique_ptr<Folder> LinuxFileSystemObject::GetFolder(const std::string& path) {
-    const auto roots = volumes_.roots();
-    std::string hostPath = hostPathOf(path, roots);
-    if (hostPath.empty() || volumes_.kindOf(hostPath) != FileKind::folder)
-        throw RuntimeError(error::pathNotFound);
-    return makeFolder(volumes_, fullDrivePath(path, roots), std::move(hostPath));
+    MappedPath mapped = mapDrivePath(path, volumes_.roots());
+    if (volumes_.kindOf(mapped.onHost) != FileKind::folder) throw RuntimeError(error::pathNotFound);
+    return makeFolder(volumes_, std::move(mapped.onDrive), std::move(mapped.onHost));
 }
 
 std::unique_ptr<File> LinuxFileSystemObject::GetFile(const std::string& path) {
-    const auto roots = volumes_.roots();
-    std::string hostPath = hostPathOf(path, roots);
-    const bool isThere =
-        !endsInSeparator(path) && !hostPath.empty() && volumes_.kindOf(hostPath) == FileKind::file;
-    if (!isThere) throw RuntimeError(error::fileNotFound);
-    return makeFile(volumes_, fullDrivePath(path, roots), std::move(hostPath));
+    MappedPath mapped = mapDrivePath(path, volumes_.roots());
+    if (!isFile(path, mapped.onHost)) throw RuntimeError(error::fileNotFound);
+    return makeFile(volumes_, std::move(mapped.onDrive), std::move(mapped.onHost));
 }
 
 }  // namespace velmora::linuxhost

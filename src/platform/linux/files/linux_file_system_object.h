@@ -22,7 +22,8 @@ class LinuxFileSystemObject final : public FileSystemObject {
     std::unique_ptr<File> GetFile(const std::string& path) override;
 
   private:
-    FileKind kindOf(const std::string& path);
+    /// Whether a drive path, which is that path of the host, names a file.
+    bool isFile(const std::string& path, const std::string& hostPath);
 
     Volumes& volumes_;
 };

@@ -40,14 +40,13 @@ FindHandle LinuxKernel32::FindFirstFileA(const std::string& pattern, FindData& e
     constexpr std::string_view everything = "\\*.*";
     lastError_ = code::pathNotFound;
     if (!pattern.ends_with(everything)) return 0;
-    const auto roots = volumes_.roots();
     const std::string folder =
-        hostPathOf(pattern.substr(0, pattern.size() - everything.size()), roots);
+        volumes_.hostPathOf(pattern.substr(0, pattern.size() - everything.size()));
     // Asked first, since opening would wait for a drive that doesn't answer.
     const bool asksServer = !volumes_.answersFromMemory(folder);
     const bool canBegin =
         asksServer ? volumes_.beginsListing(folder) : volumes_.kindOf(folder) == FileKind::folder;
-    if (folder.empty() || !canBegin) return 0;
+    if (!canBegin) return 0;
     const auto listing =
         listings_.try_emplace(++lastListing_, folder, !volumes_.isMountPoint(folder), asksServer)
             .first;
@@ -65,9 +64,8 @@ bool LinuxKernel32::FindNextFileA(FindHandle listing, FindData& entry) {
 }
 
 std::int32_t LinuxKernel32::MoveFileA(const std::string& from, const std::string& to) {
-    const auto roots = volumes_.roots();
-    const std::string source = hostPathOf(from, roots);
-    const std::string target = hostPathOf(to, roots);
+    const std::string source = volumes_.hostPathOf(from);
+    const std::string target = volumes_.hostPathOf(to);
     // Only a folder's path may end in a separator.
     const auto isNoFolder = [&](const std::string& path, const std::string& hostPath) {
         return endsInSeparator(path) && volumes_.kindOf(hostPath) != FileKind::folder;

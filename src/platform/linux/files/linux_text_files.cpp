@@ -8,8 +8,6 @@
 
 #include "base/runtime_error.h"
 #include "base/text.h"
-#include "platform/file_system_object.h"
-#include "platform/linux/paths/path_mapping.h"
 #include "platform/linux/removal/folder_removal.h"
 #include "platform/linux/system/system_errors.h"
 #include "platform/linux/system/unique_fd.h"
@@ -84,7 +82,7 @@ int errorOfReading(int failure, const std::string& hostPath) {
 }  // namespace
 
 std::string LinuxTextFiles::hostPathOrError(const std::string& path) {
-    std::string hostPath = hostPathOf(path, volumes_.roots());
+    std::string hostPath = volumes_.hostPathOf(path);
     if (hostPath.empty()) throw RuntimeError(error::pathNotFound);
     return hostPath;
 }
@@ -123,18 +121,13 @@ void LinuxTextFiles::writeOver(const std::string& path, std::string_view content
 }
 
 double LinuxTextFiles::FileLen(const std::string& path) {
-    const std::string hostPath = hostPathOf(path, volumes_.roots());
-    // Asked first, since the drive may not answer.
-    const bool isFile = !hostPath.empty() && volumes_.kindOf(hostPath) == FileKind::file;
-    struct stat status {};
-    if (!isFile || stat(hostPath.c_str(), &status) != 0) throw RuntimeError(error::fileNotFound);
-    return static_cast<double>(status.st_size);
+    const auto status = volumes_.statusOf(volumes_.hostPathOf(path));
+    if (!status || kindOf(*status) != FileKind::file) throw RuntimeError(error::fileNotFound);
+    return static_cast<double>(status->stx_size);
 }
 
 void LinuxTextFiles::remove(const std::string& path) {
-    const std::string hostPath = hostPathOf(path, volumes_.roots());
-    if (hostPath.empty()) throw RuntimeError(error::fileNotFound);
-    const OpenedParent parent(volumes_, hostPath);
+    const OpenedParent parent(volumes_, volumes_.hostPathOf(path));
     struct stat status {};
     int failure = statusToRemove(parent, path, status);
     if (failure == 0) failure = removeFile(parent, status);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <system_error>
+#include <utility>
 
 #include "base/text.h"
 #include "platform/file_system_object.h"
@@ -33,6 +34,15 @@ const DriveRoot* rootHolding(const std::string& hostPath, const std::vector<Driv
     return longest;
 }
 
+// The one of a drive, written in whichever case; null when there is none.
+const DriveRoot* rootOf(const std::string& drive, const std::vector<DriveRoot>& roots) {
+    const std::string key = lowerCase(drive);
+    const auto root = std::find_if(roots.begin(), roots.end(), [&key](const DriveRoot& each) {
+        return lowerCase(each.drive) == key;
+    });
+    return root == roots.end() ? nullptr : &*root;
+}
+
 }  // namespace
 
 std::string workingFolder() {
@@ -57,34 +67,27 @@ std::string mountPointOf(const std::string& hostPath, const std::vector<DriveRoo
     return root ? root->mountPoint : std::string{};
 }
 
-std::string hostPathOf(const std::string& drivePath, const std::vector<DriveRoot>& roots) {
+MappedPath mapDrivePath(const std::string& drivePath, const std::vector<DriveRoot>& roots) {
     if (drivePath.empty() || drivePath.find('\0') != std::string::npos) return {};
-    const std::string name = driveNameOf(drivePath);
-    const auto namesFrom = [&drivePath](std::size_t start) {
-        return toHostNames(normalized(drivePath.substr(start), separators, '\\'));
-    };
-    if (name.empty()) {
-        if (isSeparator(drivePath[0])) return joined("/", namesFrom(1));
-        return hostPathOf(fullDrivePath(drivePath, roots), roots);
+    const std::string drive = driveNameOf(drivePath);
+    if (!drive.empty()) {
+        const std::string names = normalized(drivePath.substr(drive.size()), separators, '\\');
+        const DriveRoot* root = rootOf(drive, roots);
+        const bool isShareRoot = names.empty() && drive.size() > 2;
+        return {.onDrive = isShareRoot ? drive : drive + '\\' + names,
+                .onHost = root ? joined(root->mountPoint, toHostNames(names)) : std::string{}};
     }
-    const std::string drive = lowerCase(name);
-    const auto root = std::find_if(roots.begin(), roots.end(), [&drive](const DriveRoot& each) {
-        return lowerCase(each.drive) == drive;
-    });
-    return root == roots.end() ? std::string{} : joined(root->mountPoint, namesFrom(name.size()));
+    if (isSeparator(drivePath[0])) {
+        const std::string names = normalized(drivePath, separators, '\\');
+        std::string hostPath = joined("/", toHostNames(names));
+        return {.onDrive = drivePathOf(hostPath, roots), .onHost = std::move(hostPath)};
+    }
+    const std::string folder = drivePathOf(workingFolder(), roots);
+    return folder.empty() ? MappedPath{} : mapDrivePath(folder + '\\' + drivePath, roots);
 }
 
-std::string fullDrivePath(const std::string& drivePath, const std::vector<DriveRoot>& roots) {
-    const std::string name = driveNameOf(drivePath);
-    if (name.empty()) {
-        if (!drivePath.empty() && isSeparator(drivePath[0]))
-            return drivePathOf(hostPathOf(drivePath, roots), roots);
-        const std::string folder = drivePathOf(workingFolder(), roots);
-        return folder.empty() ? folder : fullDrivePath(folder + '\\' + drivePath, roots);
-    }
-    const std::string names = normalized(drivePath.substr(name.size()), separators, '\\');
-    const bool isShareRoot = names.empty() && name.size() > 2;
-    return isShareRoot ? name : name + '\\' + names;
+std::string hostPathOf(const std::string& drivePath, const std::vector<DriveRoot>& roots) {
+    return mapDrivePath(drivePath, roots).onHost;
 }
 
 }  // namespace velmora::linuxhost

@@ -26,9 +26,14 @@ std::string mountPointOf(const std::string& hostPath, const std::vector<DriveRoo
 /// separator. Empty for an empty path, one with a NUL and one on a drive that isn't there.
 std::string hostPathOf(const std::string& drivePath, const std::vector<DriveRoot>& roots);
 
-/// The path in full: drive, a back-slash, and the names with single back-slashes between them and
-/// none at the end. The drive stays as it is written. A share's root has no back-slash at the end.
-std::string fullDrivePath(const std::string& drivePath, const std::vector<DriveRoot>& roots);
+/// One path in both forms.
+struct MappedPath {
+    /// In full: drive, a back-slash, and the names with single back-slashes between them and none
+    /// at the end. The drive stays as it is written. A share's root has no back-slash at the end.
+    std::string onDrive;
+    std::string onHost;  ///< what `hostPathOf` gives
+};
+MappedPath mapDrivePath(const std::string& drivePath, const std::vector<DriveRoot>& roots);
 
 /// The working folder; "/" when it is gone.
 std::string workingFolder();

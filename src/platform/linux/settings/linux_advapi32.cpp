@@ -63,7 +63,7 @@ std::int32_t LinuxAdvapi32::RegSetValueExA(RegistryKey key, const std::string& n
     std::string program = data.substr(0, length);
     program.resize(std::min(program.find('\0'), program.size()));
     if (!program.empty()) {
-        program = hostPathOf(program, volumes_.roots());
+        program = volumes_.hostPathOf(program);
         if (program.empty()) return invalidParameter;
         program = programFile(program);
     }

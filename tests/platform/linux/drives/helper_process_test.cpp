@@ -44,9 +44,11 @@ TEST(HelperProcess, ReportsFoldersFilesAndWhatIsMissing) {
     const TestFolder folder;
     std::ofstream(folder / "file") << "x";
     HelperProcess helper;
-    EXPECT_EQ(helper.ask(HelperQuestion::kind, folder.path())->kind, FileKind::folder);
-    EXPECT_EQ(helper.ask(HelperQuestion::kind, folder / "file")->kind, FileKind::file);
-    EXPECT_EQ(helper.ask(HelperQuestion::kind, folder / "missing")->error, ENOENT);
+    EXPECT_EQ(kindOf(helper.ask(HelperQuestion::status, folder.path())->status), FileKind::folder);
+    const auto file = helper.ask(HelperQuestion::status, folder / "file");
+    EXPECT_EQ(kindOf(file->status), FileKind::file);
+    EXPECT_EQ(file->status.stx_size, 1u);
+    EXPECT_EQ(helper.ask(HelperQuestion::status, folder / "missing")->error, ENOENT);
     EXPECT_EQ(helper.ask(HelperQuestion::space, folder / "missing")->error, ENOENT);
 }
 
@@ -56,16 +58,16 @@ TEST(HelperProcess, IsStartedByTheFirstQuestionAndKept) {
     helper.ask(HelperQuestion::space, "/");
     const pid_t first = helper.id();
     EXPECT_GT(first, 0);
-    helper.ask(HelperQuestion::kind, "/");
+    helper.ask(HelperQuestion::status, "/");
     EXPECT_EQ(helper.id(), first);
 }
 
 TEST(HelperProcess, PathsThatTheHostCanNotTakeHaveNoAnswer) {
     HelperProcess helper;
-    EXPECT_FALSE(helper.ask(HelperQuestion::kind, '/' + std::string(PATH_MAX, 'x')));
-    EXPECT_FALSE(helper.ask(HelperQuestion::kind, std::string("/\0x", 3)));
+    EXPECT_FALSE(helper.ask(HelperQuestion::status, '/' + std::string(PATH_MAX, 'x')));
+    EXPECT_FALSE(helper.ask(HelperQuestion::status, std::string("/\0x", 3)));
     EXPECT_FALSE(helper.isPending());
-    const auto longest = helper.ask(HelperQuestion::kind, '/' + std::string(PATH_MAX - 2, 'x'));
+    const auto longest = helper.ask(HelperQuestion::status, '/' + std::string(PATH_MAX - 2, 'x'));
     ASSERT_TRUE(longest);
     EXPECT_EQ(longest->error, ENAMETOOLONG);
 }
@@ -100,15 +102,15 @@ TEST(HelperProcess, TheLateAnswerIsThrownAwayAndTheQuestionAskedAnew) {
     ASSERT_TRUE(helper.ask(HelperQuestion::space, "/"));
     {
         const StoppedProcess stopped(helper.id());
-        EXPECT_FALSE(helper.ask(HelperQuestion::kind, "/no/such/folder"));
+        EXPECT_FALSE(helper.ask(HelperQuestion::status, "/no/such/folder"));
     }
     std::optional<HelperReply> reply;
     ASSERT_TRUE(waitUntil([&] {
-        reply = helper.ask(HelperQuestion::kind, folder.path());
+        reply = helper.ask(HelperQuestion::status, folder.path());
         return reply.has_value();
     }));
     EXPECT_EQ(reply->error, 0);
-    EXPECT_EQ(reply->kind, FileKind::folder);
+    EXPECT_EQ(kindOf(reply->status), FileKind::folder);
     EXPECT_FALSE(helper.isPending());
 }
 

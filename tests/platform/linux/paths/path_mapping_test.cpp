@@ -67,12 +67,13 @@ TEST(PathMapping, APathWithoutADriveBeginsAtTheRootOrTheWorkingFolder) {
 }
 
 TEST(PathMapping, TheFullPathHasOneBackSlashBetweenNamesAndNoneAtItsEnd) {
-    EXPECT_EQ(fullDrivePath("D:\\a\\\\b/c\\", roots), "D:\\a\\b\\c");
-    EXPECT_EQ(fullDrivePath("D:\\a\\..\\b", roots), "D:\\b");
-    EXPECT_EQ(fullDrivePath("D:", roots), "D:\\");
-    EXPECT_EQ(fullDrivePath("\\\\host\\share\\", roots), "\\\\host\\share");
-    EXPECT_EQ(fullDrivePath("\\\\host\\share\\a\\", roots), "\\\\host\\share\\a");
-    EXPECT_EQ(fullDrivePath("/mnt/d/a", roots), "D:\\a");
+    EXPECT_EQ(mapDrivePath("D:\\a\\\\b/c\\", roots).onDrive, "D:\\a\\b\\c");
+    EXPECT_EQ(mapDrivePath("D:\\a\\..\\b", roots).onDrive, "D:\\b");
+    EXPECT_EQ(mapDrivePath("D:", roots).onDrive, "D:\\");
+    EXPECT_EQ(mapDrivePath("\\\\host\\share\\", roots).onDrive, "\\\\host\\share");
+    EXPECT_EQ(mapDrivePath("\\\\host\\share\\a\\", roots).onDrive, "\\\\host\\share\\a");
+    EXPECT_EQ(mapDrivePath("/mnt/d/a", roots).onDrive, "D:\\a");
+    EXPECT_EQ(mapDrivePath("/mnt/d/a", roots).onHost, "/mnt/d/a");
 }
 
 TEST(PathMapping, EveryHostPathComesBack) {
