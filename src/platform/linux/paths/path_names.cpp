@@ -68,28 +68,27 @@ void appendHostCharacter(std::string& text, std::string_view character) {
     }
 }
 
+// The text with what `append` makes of each character.
+template <typename Append>
+std::string withEach(std::string_view text, const Append& append) {
+    std::string result;
+    result.reserve(text.size());
+    for (std::size_t at = 0; at < text.size();) {
+        const auto size = characterSize(text, at);
+        append(result, text.substr(at, size));
+        at += size;
+    }
+    return result;
+}
+
 }  // namespace
 
 std::string toDriveNames(std::string_view hostPath) {
-    std::string text;
-    text.reserve(hostPath.size());
-    for (std::size_t at = 0; at < hostPath.size();) {
-        const auto size = characterSize(hostPath, at);
-        appendDriveCharacter(text, hostPath.substr(at, size));
-        at += size;
-    }
-    return text;
+    return withEach(hostPath, appendDriveCharacter);
 }
 
 std::string toHostNames(std::string_view driveNames) {
-    std::string text;
-    text.reserve(driveNames.size());
-    for (std::size_t at = 0; at < driveNames.size();) {
-        const auto size = characterSize(driveNames, at);
-        appendHostCharacter(text, driveNames.substr(at, size));
-        at += size;
-    }
-    return text;
+    return withEach(driveNames, appendHostCharacter);
 }
 
 std::string normalized(std::string_view path, std::string_view separators, char separator) {
