@@ -50,7 +50,7 @@ int CALLBACK onDialog(HWND dialog, UINT message, LPARAM, LPARAM data) {
 
 }  // namespace
 
-PIDLIST_ABSOLUTE showFolderDialog(const BrowseInfo& info) {
+UniqueItems showFolderDialog(const BrowseInfo& info) {
     const std::wstring title = toUtf16(info.title);
     Beside beside{info.whileOpen, nullptr};
     BROWSEINFOW dialog{};
@@ -61,10 +61,9 @@ PIDLIST_ABSOLUTE showFolderDialog(const BrowseInfo& info) {
         dialog.lpfn = onDialog;
         dialog.lParam = reinterpret_cast<LPARAM>(&beside);
     }
-    PIDLIST_ABSOLUTE items = SHBrowseForFolderW(&dialog);
-    if (!beside.failure) return items;
-    CoTaskMemFree(items);
-    std::rethrow_exception(beside.failure);
+    UniqueItems items(SHBrowseForFolderW(&dialog));
+    if (beside.failure) std::rethrow_exception(beside.failure);
+    return items;
 }
 
 }  // namespace velmora::windows

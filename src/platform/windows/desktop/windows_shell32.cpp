@@ -6,6 +6,7 @@
 #include <shlobj.h>
 
 #include "platform/windows/desktop/folder_dialog.h"
+#include "platform/windows/desktop/unique_items.h"
 #include "platform/windows/programs/program_start.h"
 #include "platform/windows/system/unique_handle.h"
 #include "platform/windows/system/utf16.h"
@@ -19,12 +20,10 @@ namespace velmora::windows {
 
 namespace {
 
-// Only the path of the list is of use, so the list is freed here; a place without a path gives an
-// empty one.
-std::string takePlace(PIDLIST_ABSOLUTE items) {
+// Only the path of the list is of use; a place without one gives an empty path.
+std::string placeOf(const UniqueItems& items) {
     std::wstring path(MAX_PATH, L'\0');
-    const bool hasPath = SHGetPathFromIDListW(items, path.data());
-    CoTaskMemFree(items);
+    const bool hasPath = SHGetPathFromIDListW(items.get(), path.data());
     return hasPath ? toUtf8(path.c_str()) : std::string{};
 }
 
@@ -34,7 +33,7 @@ std::int32_t WindowsShell32::SHGetSpecialFolderLocation(std::int32_t csidl, Item
     PIDLIST_ABSOLUTE items = nullptr;
     const HRESULT result = ::SHGetSpecialFolderLocation(nullptr, csidl, &items);
     if (FAILED(result)) return result;
-    list.place = takePlace(items);
+    list.place = placeOf(UniqueItems(items));
     return 0;
 }
 
@@ -70,9 +69,9 @@ bool WindowsShell32::ShellExecuteEx(const ShellExecuteInfo& info) {
 }
 
 Browse WindowsShell32::SHBrowseForFolder(const BrowseInfo& info, ItemIdList& list) {
-    PIDLIST_ABSOLUTE items = showFolderDialog(info);
+    const UniqueItems items = showFolderDialog(info);
     if (!items) return Browse::dismissed;
-    list.place = takePlace(items);
+    list.place = placeOf(items);
     return Browse::chosen;
 }
 

@@ -21,9 +21,8 @@ EntryFacts factsOf(const Information& information) {
 
 DWORD readListed(const std::wstring& path, EntryFacts& facts) {
     WIN32_FIND_DATAW entry{};
-    const HANDLE search = FindFirstFileW(path.c_str(), &entry);
-    if (search == INVALID_HANDLE_VALUE) return GetLastError();
-    FindClose(search);
+    const UniqueFind search(FindFirstFileW(path.c_str(), &entry));
+    if (!search.isOpen()) return GetLastError();
     facts = factsOf(entry);
     return ERROR_SUCCESS;
 }

@@ -4,6 +4,8 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/windows/system/unique_handle.h"
+
 namespace velmora::windows {
 
 namespace {
@@ -12,12 +14,13 @@ constexpr std::size_t mostAtOnce = 200;
 // A slow drive shows what it has long before it would miss the deadline.
 constexpr std::chrono::milliseconds longestAtOnce{200};
 
-HANDLE begin(const wchar_t* pattern, WIN32_FIND_DATAW& entry) {
-    const HANDLE search = FindFirstFileExW(pattern, FindExInfoBasic, &entry, FindExSearchNameMatch,
-                                           nullptr, FIND_FIRST_EX_LARGE_FETCH);
+UniqueFind begin(const wchar_t* pattern, WIN32_FIND_DATAW& entry) {
+    UniqueFind search(FindFirstFileExW(pattern, FindExInfoBasic, &entry, FindExSearchNameMatch,
+                                       nullptr, FIND_FIRST_EX_LARGE_FETCH));
     // Not every file system takes the wish for large pieces.
-    if (search != INVALID_HANDLE_VALUE || GetLastError() != ERROR_INVALID_PARAMETER) return search;
-    return FindFirstFileW(pattern, &entry);
+    if (!search.isOpen() && GetLastError() == ERROR_INVALID_PARAMETER)
+        search.reset(FindFirstFileW(pattern, &entry));
+    return search;
 }
 
 }  // namespace
@@ -26,11 +29,6 @@ HANDLE begin(const wchar_t* pattern, WIN32_FIND_DATAW& entry) {
 class FolderListing::Search {
   public:
     explicit Search(std::wstring pattern) : pattern_(std::move(pattern)) {}
-    ~Search() {
-        if (handle_ != INVALID_HANDLE_VALUE) FindClose(handle_);
-    }
-    Search(const Search&) = delete;
-    Search& operator=(const Search&) = delete;
 
     Batch read() {
         const auto latest = std::chrono::steady_clock::now() + longestAtOnce;
@@ -48,13 +46,13 @@ class FolderListing::Search {
 
   private:
     bool readOne(WIN32_FIND_DATAW& entry) {
-        if (handle_ != INVALID_HANDLE_VALUE) return FindNextFileW(handle_, &entry);
-        handle_ = begin(pattern_.c_str(), entry);
-        return handle_ != INVALID_HANDLE_VALUE;
+        if (search_.isOpen()) return FindNextFileW(search_.get(), &entry);
+        search_ = begin(pattern_.c_str(), entry);
+        return search_.isOpen();
     }
 
     std::wstring pattern_;
-    HANDLE handle_ = INVALID_HANDLE_VALUE;
+    UniqueFind search_;
 };
 
 FolderListing::FolderListing(std::shared_ptr<DriveQuestions> questions, std::string drive,

@@ -6,12 +6,12 @@
 #include <vector>
 
 #include "base/runtime_error.h"
-#include "base/scope_guard.h"
 #include "platform/windows/entries/folder_listing.h"
 #include "platform/windows/entries/opened_entry.h"
 #include "platform/windows/paths/exact_path.h"
 #include "platform/windows/removal/removal.h"
 #include "platform/windows/system/system_errors.h"
+#include "platform/windows/system/unique_handle.h"
 #include "platform/windows/system/utf16.h"
 
 namespace velmora::windows {
@@ -46,19 +46,18 @@ WindowsFolder::WindowsFolder(EntryReading reading, std::string asWritten)
 std::optional<WindowsFolder::Counts> WindowsFolder::count(const std::string& path) {
     const std::wstring all = systemPath(path + (path.ends_with('\\') ? "*" : "\\*"));
     WIN32_FIND_DATAW entry{};
-    const HANDLE search = FindFirstFileW(all.c_str(), &entry);
+    const UniqueFind search(FindFirstFileW(all.c_str(), &entry));
     Counts counts;
-    if (search == INVALID_HANDLE_VALUE) {
+    if (!search.isOpen()) {
         // The root of an empty drive has not even the dots.
         if (GetLastError() == ERROR_FILE_NOT_FOUND) return counts;
         return std::nullopt;
     }
-    const ScopeGuard closing([search] { FindClose(search); });
     do {
         if (isDots(entry.cFileName)) continue;
         const bool isFolder = (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
         ++(isFolder ? counts.folders : counts.files);
-    } while (FindNextFileW(search, &entry));
+    } while (FindNextFileW(search.get(), &entry));
     if (GetLastError() != ERROR_NO_MORE_FILES) return std::nullopt;
     return counts;
 }

@@ -1,4 +1,4 @@
-// A handle of the system that is closed with its owner.
+// Handles of the system that are closed with their owner.
 #pragma once
 
 #include <windows.h>
@@ -7,16 +7,17 @@
 
 namespace velmora::windows {
 
-class UniqueHandle {
+/// `Close` closes a handle of that kind.
+template <typename Close>
+class Unique {
   public:
-    UniqueHandle() = default;
+    Unique() = default;
     /// Takes over an open handle, or the result of a call that failed: null or
     /// INVALID_HANDLE_VALUE.
-    explicit UniqueHandle(HANDLE handle)
-        : handle_(handle == INVALID_HANDLE_VALUE ? nullptr : handle) {}
-    ~UniqueHandle() { reset(); }
-    UniqueHandle(UniqueHandle&& other) noexcept : handle_(other.release()) {}
-    UniqueHandle& operator=(UniqueHandle&& other) noexcept {
+    explicit Unique(HANDLE handle) : handle_(handle == INVALID_HANDLE_VALUE ? nullptr : handle) {}
+    ~Unique() { reset(); }
+    Unique(Unique&& other) noexcept : handle_(other.release()) {}
+    Unique& operator=(Unique&& other) noexcept {
         reset(other.release());
         return *this;
     }
@@ -26,12 +27,23 @@ class UniqueHandle {
     /// Gives the handle to the caller, who closes it.
     HANDLE release() { return std::exchange(handle_, nullptr); }
     void reset(HANDLE handle = nullptr) {
-        if (handle_) CloseHandle(handle_);
+        if (handle_) Close()(handle_);
         handle_ = handle == INVALID_HANDLE_VALUE ? nullptr : handle;
     }
 
   private:
     HANDLE handle_ = nullptr;
 };
+
+struct CloseObject {
+    void operator()(HANDLE handle) const { CloseHandle(handle); }
+};
+using UniqueHandle = Unique<CloseObject>;
+
+struct CloseFind {
+    void operator()(HANDLE find) const { FindClose(find); }
+};
+/// Of FindFirstFileW.
+using UniqueFind = Unique<CloseFind>;
 
 }  // namespace velmora::windows
