@@ -4,6 +4,7 @@
 // After the one above, which it needs.
 #include <mmsystem.h>
 
+#include "platform/windows/entries/entry_facts.h"
 #include "platform/windows/system/utf16.h"
 
 namespace velmora::windows {
@@ -11,8 +12,7 @@ namespace velmora::windows {
 namespace {
 
 bool isFile(const std::wstring& path) {
-    const DWORD attributes = GetFileAttributesW(path.c_str());
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+    return kindOf(GetFileAttributesW(path.c_str())) == PathKind::file;
 }
 
 }  // namespace

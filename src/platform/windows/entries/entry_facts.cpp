@@ -1,5 +1,6 @@
 #include "platform/windows/entries/entry_facts.h"
 
+#include "platform/windows/system/halves.h"
 #include "platform/windows/system/system_errors.h"
 #include "platform/windows/system/unique_handle.h"
 
@@ -29,12 +30,9 @@ DWORD readListed(const std::wstring& path, EntryFacts& facts) {
 
 }  // namespace
 
-std::uint64_t wholeOf(DWORD high, DWORD low) {
-    return std::uint64_t{high} << 32 | low;
-}
-
-std::uint64_t wholeOf(const FILETIME& time) {
-    return wholeOf(time.dwHighDateTime, time.dwLowDateTime);
+PathKind kindOf(DWORD attributes) {
+    if (attributes == INVALID_FILE_ATTRIBUTES) return PathKind::none;
+    return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? PathKind::folder : PathKind::file;
 }
 
 DWORD readFacts(const std::wstring& path, EntryFacts& facts) {

@@ -18,9 +18,9 @@ struct EntryFacts {
     std::uint64_t size = 0;  ///< bytes
 };
 
-/// A time or a size out of its halves.
-std::uint64_t wholeOf(DWORD high, DWORD low);
-std::uint64_t wholeOf(const FILETIME& time);
+enum class PathKind { none, folder, file };
+/// By the attributes that GetFileAttributesW gives; none when it gives none.
+PathKind kindOf(DWORD attributes);
 
 /// Of what a link points to, like opening it. For a file that nobody may open, what its
 /// folder lists. The system's error code, 0 for success.

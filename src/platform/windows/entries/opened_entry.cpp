@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <string_view>
 
+#include "platform/windows/system/halves.h"
 #include "platform/windows/system/system_errors.h"
 
 namespace velmora::windows {
@@ -88,10 +89,6 @@ DWORD openNative(HANDLE folder, const std::wstring& name, ACCESS_MASK access, UL
     if (NT_SUCCESS(result)) return ERROR_SUCCESS;
     handle = nullptr;
     return RtlNtStatusToDosError(result);
-}
-
-std::uint64_t wide(DWORD high, DWORD low) {
-    return std::uint64_t{high} << 32 | low;
 }
 
 DWORD setAttributes(HANDLE handle, DWORD attributes) {
@@ -175,9 +172,9 @@ DWORD OpenedEntry::facts(Facts& result) const {
               information.ftCreationTime,
               information.ftLastAccessTime,
               information.ftLastWriteTime,
-              wide(information.nFileSizeHigh, information.nFileSizeLow),
+              wholeOf(information.nFileSizeHigh, information.nFileSizeLow),
               information.dwVolumeSerialNumber,
-              wide(information.nFileIndexHigh, information.nFileIndexLow)};
+              wholeOf(information.nFileIndexHigh, information.nFileIndexLow)};
     return ERROR_SUCCESS;
 }
 

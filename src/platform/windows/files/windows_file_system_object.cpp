@@ -6,7 +6,6 @@
 
 #include "base/runtime_error.h"
 #include "platform/windows/drives/windows_drive.h"
-#include "platform/windows/files/entry_reading.h"
 #include "platform/windows/files/windows_file.h"
 #include "platform/windows/files/windows_folder.h"
 #include "platform/windows/paths/exact_path.h"
@@ -40,30 +39,36 @@ bool WindowsFileSystemObject::DriveExists(const std::string& designator) {
     if (drive.empty()) return false;
     const bool isLetter = drive.size() == 2;
     if (isLetter) return (GetLogicalDrives() >> (drive.front() - 'A') & 1U) != 0;
-    return attributesOf(drive + '\\') != INVALID_FILE_ATTRIBUTES;
+    return attributesOf(drive + '\\', drive) != INVALID_FILE_ATTRIBUTES;
 }
 
-std::uint32_t WindowsFileSystemObject::attributesOf(const std::string& path) {
+std::uint32_t WindowsFileSystemObject::attributesOf(const std::string& path,
+                                                    const std::string& drive) {
     // The system would read a path up to its first NUL and so answer for another one.
     if (path.empty() || path.find('\0') != std::string::npos) return INVALID_FILE_ATTRIBUTES;
     const auto answer = questions_->ask<DWORD>(
-        driveOfPath(path), [wide = systemPath(path)] { return GetFileAttributesW(wide.c_str()); });
+        drive, [wide = systemPath(path)] { return GetFileAttributesW(wide.c_str()); });
     return answer.value_or(INVALID_FILE_ATTRIBUTES);
 }
 
 bool WindowsFileSystemObject::FolderExists(const std::string& path) {
-    const auto attributes = attributesOf(path);
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    return kindOf(attributesOf(path, driveOfPath(path))) == PathKind::folder;
 }
 
 bool WindowsFileSystemObject::FileExists(const std::string& path) {
-    const auto attributes = attributesOf(path);
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+    return kindOf(attributesOf(path, driveOfPath(path))) == PathKind::file;
+}
+
+EntryReading WindowsFileSystemObject::readingOf(const std::string& path, PathKind kind,
+                                                int missing) {
+    std::string absolute = absolutePath(path);
+    std::string drive = driveOfDesignator(driveNameOf(absolute));
+    if (kindOf(attributesOf(path, drive)) != kind) throw RuntimeError(missing);
+    return {questions_, std::move(drive), std::move(absolute)};
 }
 
 std::unique_ptr<Folder> WindowsFileSystemObject::GetFolder(const std::string& path) {
-    if (!FolderExists(path)) throw RuntimeError(error::pathNotFound);
-    EntryReading reading(questions_, driveOfPath(path), absolutePath(path));
+    EntryReading reading = readingOf(path, PathKind::folder, error::pathNotFound);
     // Now, since a path without a drive starts at the current folder.
     const auto exact = exactPath(path);
     std::string asWritten = exact ? toUtf8(exact->text()) : path;
@@ -71,9 +76,7 @@ std::unique_ptr<Folder> WindowsFileSystemObject::GetFolder(const std::string& pa
 }
 
 std::unique_ptr<File> WindowsFileSystemObject::GetFile(const std::string& path) {
-    if (!FileExists(path)) throw RuntimeError(error::fileNotFound);
-    EntryReading reading(questions_, driveOfPath(path), absolutePath(path));
-    return std::make_unique<WindowsFile>(std::move(reading));
+    return std::make_unique<WindowsFile>(readingOf(path, PathKind::file, error::fileNotFound));
 }
 
 }  // namespace velmora::windows

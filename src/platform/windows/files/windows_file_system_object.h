@@ -7,6 +7,8 @@
 
 #include "platform/file_system_object.h"
 #include "platform/windows/drives/drive_questions.h"
+#include "platform/windows/entries/entry_facts.h"
+#include "platform/windows/files/entry_reading.h"
 
 namespace velmora::windows {
 
@@ -23,9 +25,11 @@ class WindowsFileSystemObject final : public FileSystemObject {
     std::unique_ptr<File> GetFile(const std::string& path) override;
 
   private:
-    /// The attribute bits of what lies at the path; all bits set when nothing does, or when its
-    /// drive doesn't answer.
-    std::uint32_t attributesOf(const std::string& path);
+    /// The attribute bits of what lies at the path, which is on that drive; all bits set when
+    /// nothing does, or when the drive doesn't answer.
+    std::uint32_t attributesOf(const std::string& path, const std::string& drive);
+    /// What lies at the path; the error `missing` when it isn't of that kind.
+    EntryReading readingOf(const std::string& path, PathKind kind, int missing);
 
     std::shared_ptr<DriveQuestions> questions_;
 };

@@ -10,6 +10,7 @@
 #include "platform/windows/entries/opened_entry.h"
 #include "platform/windows/paths/exact_path.h"
 #include "platform/windows/removal/removal.h"
+#include "platform/windows/system/halves.h"
 #include "platform/windows/system/system_errors.h"
 #include "platform/windows/system/unique_handle.h"
 #include "platform/windows/system/utf16.h"

@@ -4,10 +4,10 @@
 
 #include <utility>
 
-#include "platform/windows/entries/entry_facts.h"
 #include "platform/windows/entries/folder_listing.h"
 #include "platform/windows/moving/entry_move.h"
 #include "platform/windows/paths/exact_path.h"
+#include "platform/windows/system/halves.h"
 #include "platform/windows/system/utf16.h"
 
 namespace velmora::windows {

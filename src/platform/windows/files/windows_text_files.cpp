@@ -20,8 +20,7 @@ namespace {
 constexpr std::size_t mostAtOnce = 1U << 30;
 
 bool isFolder(const std::wstring& path) {
-    const DWORD attributes = GetFileAttributesW(path.c_str());
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    return kindOf(GetFileAttributesW(path.c_str())) == PathKind::folder;
 }
 
 int errorOfOpening(DWORD reason, const std::wstring& path) {

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include "platform/windows/system/halves.h"
+
 namespace velmora::windows {
 
 DateTime WindowsClock::Now() {
@@ -18,7 +20,7 @@ std::int64_t WindowsClock::GetTickCount() {
 std::uint64_t WindowsClock::GetSystemTimeAsFileTime() {
     FILETIME now{};
     ::GetSystemTimeAsFileTime(&now);
-    return std::uint64_t{now.dwHighDateTime} << 32 | now.dwLowDateTime;
+    return wholeOf(now);
 }
 
 }  // namespace velmora::windows
