@@ -11,6 +11,7 @@
 #include "base/text.h"
 #include "platform/windows/desktop/shortcut_fields.h"
 #include "platform/windows/files/windows_text_files.h"
+#include "platform/windows/system/system_errors.h"
 #include "platform/windows/system/utf16.h"
 
 namespace velmora::windows {
@@ -33,19 +34,6 @@ class Reference {
   private:
     Interface* pointer_ = nullptr;
 };
-
-int errorOfSaving(HRESULT result) {
-    switch (result) {
-        case STG_E_PATHNOTFOUND:
-        case STG_E_FILENOTFOUND:
-        case HRESULT_FROM_WIN32(ERROR_PATH_NOT_FOUND):
-        case HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND):
-        case HRESULT_FROM_WIN32(ERROR_BAD_NETPATH):
-            return error::pathNotFound;
-        default:
-            return error::permissionDenied;
-    }
-}
 
 void require(HRESULT result) {
     if (FAILED(result)) throw RuntimeError(errorOfSaving(result));

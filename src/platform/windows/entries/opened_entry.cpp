@@ -23,10 +23,6 @@ constexpr ULONG dispositionReadOnlyToo = 0x10;
 
 constexpr ACCESS_MASK toLookAt = FILE_READ_ATTRIBUTES | SYNCHRONIZE;
 
-DWORD resultOf(BOOL isDone) {
-    return isDone ? ERROR_SUCCESS : GetLastError();
-}
-
 // Without the drive. Under Wine the path with all links of the host followed.
 std::wstring pathOnDrive(HANDLE handle) {
     std::vector<char> buffer(1U << 16);

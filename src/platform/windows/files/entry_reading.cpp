@@ -33,12 +33,13 @@ const EntryFacts& EntryReading::facts(bool isFolder) {
         reading.failure = readFacts(wide, reading.facts);
         return reading;
     });
-    const DWORD failure = answer ? answer->failure : ERROR_NOT_READY;
-    const bool isOther = answer && failure == ERROR_SUCCESS &&
-                         ((answer->facts.attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) != isFolder;
-    if (isMissing(failure) || failure == ERROR_NOT_READY || isOther)
-        throw RuntimeError(isFolder ? error::pathNotFound : error::fileNotFound);
-    if (failure != ERROR_SUCCESS) throw RuntimeError(error::permissionDenied);
+    const int missing = isFolder ? error::pathNotFound : error::fileNotFound;
+    // A drive that has no answer shows nothing.
+    if (!answer || answer->failure == ERROR_NOT_READY) throw RuntimeError(missing);
+    if (answer->failure != ERROR_SUCCESS)
+        throw RuntimeError(errorOfEntry(answer->failure, missing));
+    const bool isFolderThere = kindOf(answer->facts.attributes) == PathKind::folder;
+    if (isFolderThere != isFolder) throw RuntimeError(missing);
     facts_ = answer->facts;
     return *facts_;
 }

@@ -23,24 +23,10 @@ bool isFolder(const std::wstring& path) {
     return kindOf(GetFileAttributesW(path.c_str())) == PathKind::folder;
 }
 
+// The system denies access to a folder, as it does to a file.
 int errorOfOpening(DWORD reason, const std::wstring& path) {
-    switch (reason) {
-        case ERROR_FILE_NOT_FOUND:
-        case ERROR_PATH_NOT_FOUND:
-        case ERROR_BAD_NETPATH:
-        case ERROR_BAD_NET_NAME:
-            return error::pathNotFound;
-        case ERROR_ACCESS_DENIED:
-            return isFolder(path) ? error::pathFileAccess : error::permissionDenied;
-        case ERROR_SHARING_VIOLATION:
-        case ERROR_WRITE_PROTECT:
-            return error::permissionDenied;
-        case ERROR_DISK_FULL:
-        case ERROR_HANDLE_DISK_FULL:
-            return error::diskFull;
-        default:
-            return error::deviceIo;
-    }
+    const bool isNoFile = reason == ERROR_ACCESS_DENIED && isFolder(path);
+    return isNoFile ? error::pathFileAccess : runtimeErrorOf(reason);
 }
 
 // A missing file in a folder that is there has an error of its own. The system's code doesn't
@@ -50,11 +36,6 @@ int errorOfReading(DWORD reason, const std::wstring& path) {
     const auto name = path.find_last_of(L"\\/");
     const bool hasFolder = name == std::wstring::npos || isFolder(path.substr(0, name + 1));
     return isMissing && hasFolder ? error::fileNotFound : errorOfOpening(reason, path);
-}
-
-int errorOfWriting(DWORD reason) {
-    const bool full = reason == ERROR_DISK_FULL || reason == ERROR_HANDLE_DISK_FULL;
-    return full ? error::diskFull : error::deviceIo;
 }
 
 std::wstring systemPathOrError(const std::string& path) {
@@ -163,10 +144,9 @@ void WindowsTextFiles::writeOver(const std::string& path, std::string_view conte
 double WindowsTextFiles::FileLen(const std::string& path) {
     if (path.find('\0') != std::string::npos) throw RuntimeError(error::fileNotFound);
     EntryFacts facts;
-    const DWORD failure = readFacts(systemPath(path), facts);
-    const bool isFolderThere = (facts.attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-    if (isMissing(failure) || isFolderThere) throw RuntimeError(error::fileNotFound);
-    if (failure != ERROR_SUCCESS) throw RuntimeError(error::permissionDenied);
+    if (const DWORD failure = readFacts(systemPath(path), facts))
+        throw RuntimeError(errorOfEntry(failure, error::fileNotFound));
+    if (kindOf(facts.attributes) != PathKind::file) throw RuntimeError(error::fileNotFound);
     return static_cast<double>(facts.size);
 }
 

@@ -20,10 +20,6 @@ bool isSame(const OpenedEntry::Facts& first, const OpenedEntry::Facts& second) {
            first.size == second.size && CompareFileTime(&first.written, &second.written) == 0;
 }
 
-DWORD resultOf(BOOL isDone) {
-    return isDone ? ERROR_SUCCESS : GetLastError();
-}
-
 // Opens the source so that nobody else can write to it, once nobody does, and only when it is still
 // the very file that was looked at.
 DWORD openSource(const HeldPath& source, const OpenedEntry::Facts& original, ACCESS_MASK access,

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include "base/runtime_error.h"
+#include "platform/windows/system/system_errors.h"
 #include "platform/windows/system/unique_handle.h"
 #include "platform/windows/system/utf16.h"
 
@@ -25,9 +26,7 @@ void startProgram(const std::string& commandLine, std::int32_t windowState) {
         const UniqueHandle process(started.hProcess);
         return;
     }
-    const DWORD failure = GetLastError();
-    const bool isMissing = failure == ERROR_FILE_NOT_FOUND || failure == ERROR_PATH_NOT_FOUND;
-    throw RuntimeError(isMissing ? error::fileNotFound : error::invalidCall);
+    throw RuntimeError(errorOfStarting(GetLastError()));
 }
 
 }  // namespace velmora::windows

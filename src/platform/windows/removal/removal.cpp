@@ -33,14 +33,8 @@ bool isReadOnly(DWORD attributes) {
     throw RuntimeError(number);
 }
 
-void requireForFile(DWORD failure) {
-    if (failure == ERROR_SUCCESS) return;
-    fail(isMissing(failure) ? error::fileNotFound : error::permissionDenied);
-}
-
-void requireForFolder(DWORD failure) {
-    if (failure == ERROR_SUCCESS) return;
-    fail(isMissing(failure) ? error::pathNotFound : error::permissionDenied);
+void require(DWORD failure, int missing) {
+    if (failure != ERROR_SUCCESS) fail(errorOfEntry(failure, missing));
 }
 
 // A folder on the way down, and up again once all in it is done.
@@ -177,15 +171,15 @@ void removeFile(const std::string& path) {
     if (!exact) fail(error::fileNotFound);
     if (exact->names.empty()) fail(error::pathFileAccess);
     OpenedEntry parent;
-    requireForFile(openParent(*exact, false, parent));
+    require(openParent(*exact, false, parent), error::fileNotFound);
     const std::wstring& name = exact->names.back();
     OpenedEntry entry;
     if (const DWORD failure = entry.openIn(parent, name, toRemove))
         fail(isMissing(failure) ? error::fileNotFound : errorOfDenied(parent, name));
     OpenedEntry::Facts facts;
     EntryKind kind{};
-    requireForFile(entry.facts(facts));
-    requireForFile(entry.kindIn(parent, name, kind));
+    require(entry.facts(facts), error::fileNotFound);
+    require(entry.kindIn(parent, name, kind), error::fileNotFound);
     if (kind == EntryKind::hostLink) fail(error::permissionDenied);
     if (isFolder(facts.attributes) || isReadOnly(facts.attributes)) fail(error::pathFileAccess);
     if (entry.remove(false) != ERROR_SUCCESS) fail(error::permissionDenied);
@@ -196,13 +190,13 @@ void removeTree(const std::string& path, bool force) {
     if (!exact) fail(error::pathNotFound);
     if (exact->names.empty()) fail(error::permissionDenied);
     OpenedEntry parent;
-    requireForFolder(openParent(*exact, false, parent));
+    require(openParent(*exact, false, parent), error::pathNotFound);
     const std::wstring& name = exact->names.back();
     OpenedEntry top;
     const ACCESS_MASK access = toRemove | FILE_LIST_DIRECTORY | (force ? FILE_WRITE_ATTRIBUTES : 0);
-    requireForFolder(top.openIn(parent, name, access, FILE_DIRECTORY_FILE));
+    require(top.openIn(parent, name, access, FILE_DIRECTORY_FILE), error::pathNotFound);
     EntryKind kind{};
-    requireForFolder(top.kindIn(parent, name, kind));
+    require(top.kindIn(parent, name, kind), error::pathNotFound);
     if (kind != EntryKind::plain) fail(error::permissionDenied);
     // What is missing from here on isn't the folder itself.
     TreeWalk walk(force);
