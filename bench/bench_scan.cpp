@@ -78,7 +78,8 @@ void measure(int entries) {
     scratch.fill(folder, entries, 10);
 
     Unheard alerts;
-    WaitTest waitTest(program.forms, program.machine->platform(), program.host, alerts);
+    WaitTest waitTest(program.forms.frmWaitTest, program.forms.globals, program.machine->platform(),
+                      program.host, alerts);
     const std::string drivePath = program.machine->toDrivePath(folder);
     const auto reported = waitTest.prcPubFindFilesByTime(drivePath);
     const auto lines = std::count(reported.begin(), reported.end(), '\n');

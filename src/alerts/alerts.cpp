@@ -6,15 +6,15 @@ Alerts::Alerts(Forms& forms, Platform& platform, const Surface& surface, Window 
     : forms_(forms),
       host_(surface.host),
       list_(forms, platform, surface.notifyArea),
-      dialog_(forms, surface.workArea),
-      systemActions_(forms, platform, surface.user32),
-      log_(forms, platform, surface.host, window.stayOnTop),
-      soundButtons_(forms, platform, surface.host, systemActions_),
-      dialogHiding_(forms, window.translucency, log_),
-      dialogOptions_(forms, platform, surface.host),
-      files_(platform, surface.host),
-      fileButtons_(forms, surface.host, files_, systemActions_),
-      programs_(forms, platform, surface.host),
+      dialog_(forms.form1, forms.dlgAlert, surface.workArea),
+      systemActions_(forms.form1, platform, surface.user32),
+      log_(forms.form1, platform, surface.host, window.stayOnTop),
+      soundButtons_(forms.form1, platform, surface.host, systemActions_),
+      dialogHiding_(forms.dlgAlert, window.translucency, log_),
+      dialogOptions_(forms.form1, forms.dlgAlert, platform, surface.host),
+      files_(platform.fso, platform.regional, surface.host),
+      fileButtons_(forms.form1, surface.host, files_, systemActions_),
+      programs_(forms.form1, platform.fso, platform.shell32, surface.host),
       manualOperations_({.forms = forms,
                          .platform = platform,
                          .host = surface.host,
@@ -30,7 +30,7 @@ Alerts::Alerts(Forms& forms, Platform& platform, const Surface& surface, Window 
 
 void Alerts::afterLoad() {
     soundButtons_.setDefaults();
-    actionListRules_.emplace(forms_, host_);
+    actionListRules_.emplace(forms_.form1, forms_.frmNotify, host_);
 }
 
 }  // namespace velmora

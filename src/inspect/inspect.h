@@ -10,7 +10,7 @@ class Inspect {
   public:
     /// Connects the handlers to the forms. All of the arguments must outlive it.
     Inspect(Forms& forms, Platform& platform, Host& host, AlertSink& alerts)
-        : waitTest_(forms, platform, host, alerts) {}
+        : waitTest_(forms.frmWaitTest, forms.globals, platform, host, alerts) {}
 
     WaitTest& waitTest() { return waitTest_; }
 

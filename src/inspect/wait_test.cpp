@@ -21,15 +21,20 @@ std::string lastResort(std::int32_t ChangeType) {
 
 }  // namespace
 
-WaitTest::WaitTest(Forms& forms, Platform& platform, Host& host, AlertSink& alerts)
-    : forms_(forms), platform_(platform), host_(host), alerts_(alerts) {
-    forms_.frmWaitTest.cmdStopWatch.Click.connect([this] { cmdStopWatch_Click(); });
-    forms_.frmWaitTest.Unload.connect([this] { Form_Unload(); });
+WaitTest::WaitTest(FrmWaitTest& frmWaitTest, Globals& globals, Platform& platform, Host& host,
+                   AlertSink& alerts)
+    : frmWaitTest_(frmWaitTest),
+      globals_(globals),
+      platform_(platform),
+      host_(host),
+      alerts_(alerts) {
+    frmWaitTest_.cmdStopWatch.Click.connect([this] { cmdStopWatch_Click(); });
+    frmWaitTest_.Unload.connect([this] { Form_Unload(); });
 }
 
 std::string WaitTest::prcPubFindFilesByTime(const std::string& sPath) {
     std::uint64_t newest = 0;
-    return fFindChangedTimes(sPath, forms_.globals.lastFileTime, newest, change::lastWrite);
+    return fFindChangedTimes(sPath, globals_.lastFileTime, newest, change::lastWrite);
 }
 
 cWatchForChanges& WaitTest::watchBy(std::unique_ptr<cWatchForChanges> watcher) {
@@ -58,13 +63,13 @@ void WaitTest::m_oWatchDir_ChangeDetected(std::int32_t ChangeType) {
 
     const DateTime now = platform_.clock.Now();
     if (report.empty()) report = "Unable to finde changed file.\r\n";
-    TextBox& log = forms_.frmWaitTest.txChanges;
+    TextBox& log = frmWaitTest_.txChanges;
     log.setText(log.Text() + "Change Logged At: " + Format(now, "hh:mm:ss") + "\r\n" + report +
                 "\r\n");
     log.setSelStart(log.textLength());
     alerts_.raise(Format(now, "yyyy/mm/dd HH:mm:ss"), "High", report);
     host_.Beep();
-    std::uint64_t& reference = forms_.globals.lastFileTime;
+    std::uint64_t& reference = globals_.lastFileTime;
     if (platform_.kernel32.CompareFileTime(newest, reference) == 1) reference = newest;
 }
 
@@ -73,7 +78,7 @@ std::string WaitTest::whatChanged(std::int32_t ChangeType, std::uint64_t& newest
     std::string report;
     if ((ChangeType & names) != 0) report = changedNames(ChangeType);
     if (report.empty() && (ChangeType & times) != 0) {
-        report = fFindChangedTimes(sWatchPath, forms_.globals.lastFileTime, newest, ChangeType);
+        report = fFindChangedTimes(sWatchPath, globals_.lastFileTime, newest, ChangeType);
     }
     return report.empty() ? lastResort(ChangeType) : report;
 }
@@ -87,16 +92,15 @@ std::string WaitTest::changedNames(std::int32_t ChangeType) {
 void WaitTest::cmdStopWatch_Click() {
     if (watcher_) watcher_->StopWatch();
     watcher_.reset();
-    FrmWaitTest& form = forms_.frmWaitTest;
-    form.cmdStartWatch.setEnabled(true);
-    form.cmdSelectDir.setEnabled(true);
-    form.cmdStopWatch.setEnabled(false);
+    frmWaitTest_.cmdStartWatch.setEnabled(true);
+    frmWaitTest_.cmdSelectDir.setEnabled(true);
+    frmWaitTest_.cmdStopWatch.setEnabled(false);
 }
 
 void WaitTest::Form_Unload() {
     watcher_.reset();
     aFiles.clear();
-    forms_.frmWaitTest.Hide();
+    frmWaitTest_.Hide();
 }
 
 }  // namespace velmora

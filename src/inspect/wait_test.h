@@ -19,7 +19,8 @@ namespace velmora {
 class WaitTest {
   public:
     /// Connects its handlers to the form, which must outlive it like the rest.
-    WaitTest(Forms& forms, Platform& platform, Host& host, AlertSink& alerts);
+    WaitTest(FrmWaitTest& frmWaitTest, Globals& globals, Platform& platform, Host& host,
+             AlertSink& alerts);
     WaitTest(const WaitTest&) = delete;
     WaitTest& operator=(const WaitTest&) = delete;
 
@@ -52,7 +53,8 @@ class WaitTest {
     void cmdStopWatch_Click();
     void Form_Unload();
 
-    Forms& forms_;
+    FrmWaitTest& frmWaitTest_;
+    Globals& globals_;
     Platform& platform_;
     Host& host_;
     AlertSink& alerts_;

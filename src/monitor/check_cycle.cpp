@@ -22,8 +22,9 @@ constexpr int errorLimit = 2;
 
 }  // namespace
 
-CheckCycle::CheckCycle(Forms& forms, Platform& platform, Host& host, CheckParts parts)
-    : forms_(forms), platform_(platform), host_(host), parts_(parts) {
+CheckCycle::CheckCycle(Forms& forms, Clock& clock, const Regional& regional, Host& host,
+                       CheckParts parts)
+    : forms_(forms), clock_(clock), regional_(regional), host_(host), parts_(parts) {
     forms_.form1.Timer1.Tick.connect([this] { Timer1_Timer(); });
     forms_.icon0.cmdCancel.Click.connect([this] { forms_.globals.bChecking = false; });
 }
@@ -62,8 +63,7 @@ bool CheckCycle::isDue() {
     const DatePicker& interval = form1.DTPInterval;
     form1.txtTime.setText(
         toText(interval.Second() + 3600 * interval.Hour() + 60 * interval.Minute()));
-    std::int32_t rest =
-        toLong(toDouble(form1.txtTime.Text(), platform_.regional) * 1000 - lngElapsedMs_);
+    std::int32_t rest = toLong(toDouble(form1.txtTime.Text(), regional_) * 1000 - lngElapsedMs_);
     if (rest <= 0) {
         lngElapsedMs_ = 0;
         return true;
@@ -84,18 +84,17 @@ std::int32_t CheckCycle::prepare() {
     form1.StatusBar1.setPanelPicture(1, image::checking);
     form1.Timer1.setEnabled(false);
     setDefaults();
-    const std::int32_t lngMinSpace = toLong(form1.txtSpace.Text(), platform_.regional);
+    const std::int32_t lngMinSpace = toLong(form1.txtSpace.Text(), regional_);
     forms_.globals.bChecking = true;
     return lngMinSpace;
 }
 
 void CheckCycle::setDefaults() {
     Form1& form1 = forms_.form1;
-    const Regional& regional = platform_.regional;
     // An empty path comes back from the settings as the end of its line.
     if (withoutLineEnds(form1.txtDrive.Text()).empty()) form1.txtDrive.setText("c:\\");
-    if (!isNumeric(form1.txtSpace.Text(), regional)) form1.txtSpace.setText("50000");
-    const auto interval = readNumber(form1.txtTime.Text(), regional);
+    if (!isNumeric(form1.txtSpace.Text(), regional_)) form1.txtSpace.setText("50000");
+    const auto interval = readNumber(form1.txtTime.Text(), regional_);
     if (!interval) {
         form1.txtTime.setText("5");
     } else if (*interval >= 69) {
@@ -151,7 +150,7 @@ void CheckCycle::showProgress(const std::string& text) {
 
 void CheckCycle::closeCheck(int i) {
     Form1& form1 = forms_.form1;
-    if (!isNumeric(form1.txtTime.Text(), platform_.regional)) form1.txtTime.setText("5");
+    if (!isNumeric(form1.txtTime.Text(), regional_)) form1.txtTime.setText("5");
     form1.Timer1.setInterval(runningInterval);
     if (form1.cmdPause.Caption() == watch_caption::start)
         form1.cmdPause.setCaption(watch_caption::pause);
@@ -159,14 +158,13 @@ void CheckCycle::closeCheck(int i) {
 
     StatusBar& status = form1.StatusBar1;
     status.setPanelText(1, "Ready. Check in " + form1.txtTime.Text() + " (sec.)");
-    status.setPanelText(2, "Checked: " + Format(platform_.clock.Now(), "hh:mm:ss mm/dd"));
+    status.setPanelText(2, "Checked: " + Format(clock_.Now(), "hh:mm:ss mm/dd"));
     status.setPanelText(3, "Times Checked: " + toText(forms_.globals.lngTimesChecked));
     status.setPanelPicture(1, image::ready);
     if (form1.chkLogTimeMon.ticked()) {
         // After a full pass `i` is one past the last row: this fails then and ends the tick.
-        parts_.alerts.prcAlertInfo(Format(platform_.clock.Now(), alert_time::seconds),
-                                   rating::medium, status.Panels(2).Text, {},
-                                   &form1.ListView1.ListItems(i));
+        parts_.alerts.prcAlertInfo(Format(clock_.Now(), alert_time::seconds), rating::medium,
+                                   status.Panels(2).Text, {}, &form1.ListView1.ListItems(i));
     }
     saveAtClosing();
     parts_.statistics.prcSrvAnimation(0, 0);
@@ -193,7 +191,7 @@ void CheckCycle::reportErrorLimit() {
     host_.MsgBox({.text = "Please check your settings for errors"});
     // A failure to write the alert down must not begin the tick once more.
     resumeNext([this] {
-        parts_.alerts.prcAlertInfo(alert_time::dateAndTime(platform_.clock.Now()), rating::high,
+        parts_.alerts.prcAlertInfo(alert_time::dateAndTime(clock_.Now()), rating::high,
                                    "Program Run Time Error: ", checkFlags, nullptr);
     });
 }
@@ -204,7 +202,7 @@ bool CheckCycle::retryAfter(const RuntimeError& failure, std::int16_t& intErrCou
     ++intErrCount;
     // The row reaches the list even when the log file can't be written.
     resumeNext([&] {
-        parts_.alerts.prcAlertInfo(alert_time::dateAndTime(platform_.clock.Now()), rating::high,
+        parts_.alerts.prcAlertInfo(alert_time::dateAndTime(clock_.Now()), rating::high,
                                    "Error: " + failure.description(), checkFlags, nullptr);
     });
     switch (failure.number()) {

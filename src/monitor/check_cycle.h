@@ -9,14 +9,15 @@
 
 #include "alerts/journal/alert_list.h"
 #include "alerts/journal/journal_log.h"
+#include "base/regional.h"
 #include "base/runtime_error.h"
 #include "forms/forms.h"
 #include "monitor/ports.h"
 #include "monitor/row_check.h"
 #include "monitor/space_statistics.h"
 #include "persist/settings_file.h"
+#include "platform/clock.h"
 #include "platform/host.h"
-#include "platform/platform.h"
 
 namespace velmora {
 
@@ -33,7 +34,7 @@ struct CheckParts {
 class CheckCycle {
   public:
     /// Connects Timer1.
-    CheckCycle(Forms& forms, Platform& platform, Host& host, CheckParts parts);
+    CheckCycle(Forms& forms, Clock& clock, const Regional& regional, Host& host, CheckParts parts);
     CheckCycle(const CheckCycle&) = delete;
     CheckCycle& operator=(const CheckCycle&) = delete;
 
@@ -56,7 +57,8 @@ class CheckCycle {
     bool retryAfter(const RuntimeError& failure, std::int16_t& intErrCount);
 
     Forms& forms_;
-    Platform& platform_;
+    Clock& clock_;
+    const Regional& regional_;
     Host& host_;
     CheckParts parts_;
     std::int32_t lngElapsedMs_ = 0;

@@ -20,27 +20,26 @@ void point(Slider& gauge, double part, double whole) {
 }  // namespace
 
 void DriveMeter::prcShowfrmIndDri(const std::string& path) {
-    forms_.frmIndDri.lblP.setCaption(path);
-    forms_.frmIndDri.Show();
+    frmIndDri_.lblP.setCaption(path);
+    frmIndDri_.Show();
 }
 
 void DriveMeter::prcSrvMeter(ListItem& item) {
     const ConstWatchRow row(item);
     if (!row.isReadyForGauges()) return;
-    const double total = row.totalKBOrZero(platform_.regional);
+    const double total = row.totalKBOrZero(regional_);
     if (total <= 0) return;
     const double trigger = triggerKB(row, total);
-    FrmIndDri& view = forms_.frmIndDri;
-    point(view.VScroll1, trigger, total);
-    point(view.VMeter1, trigger, total);
-    point(view.VMeter2, row.freeKBOrZero(platform_.regional), total);
+    point(frmIndDri_.VScroll1, trigger, total);
+    point(frmIndDri_.VMeter1, trigger, total);
+    point(frmIndDri_.VMeter2, row.freeKBOrZero(regional_), total);
     listFigures(row);
 }
 
 void DriveMeter::prcSrvMeterPreSet(const std::string&) {
-    if (!forms_.frmIndDri.Visible()) return;
-    const std::string shown = lowerCase(forms_.frmIndDri.lblP.Caption());
-    ListView& list = forms_.form1.ListView1;
+    if (!frmIndDri_.Visible()) return;
+    const std::string shown = lowerCase(frmIndDri_.lblP.Caption());
+    ListView& list = form1_.ListView1;
     for (int i = 1; i <= list.Count(); ++i) {
         ListItem& item = list.ListItems(i);
         if (lowerCase(ConstWatchRow(item).path()) == shown) return prcSrvMeter(item);
@@ -49,14 +48,13 @@ void DriveMeter::prcSrvMeterPreSet(const std::string&) {
 
 // A trigger that isn't set is none.
 double DriveMeter::triggerKB(const ConstWatchRow& row, double totalKB) const {
-    const Form1& form1 = forms_.form1;
-    const std::string& text = form1.chkDrive.ticked() ? row.trigger() : form1.txtSpace.Text();
-    const double trigger = readNumber(text, platform_.regional).value_or(0);
-    return form1.OpDriv[1].Value() ? trigger / 100 * totalKB : trigger;
+    const std::string& text = form1_.chkDrive.ticked() ? row.trigger() : form1_.txtSpace.Text();
+    const double trigger = readNumber(text, regional_).value_or(0);
+    return form1_.OpDriv[1].Value() ? trigger / 100 * totalKB : trigger;
 }
 
 void DriveMeter::listFigures(const ConstWatchRow& row) {
-    ListView& list = forms_.frmIndDri.ListView1;
+    ListView& list = frmIndDri_.ListView1;
     list.Clear();
     const auto add = [&list](const char* property, const std::string& value) {
         list.Add(property).setSubItems(1, value);
@@ -66,9 +64,9 @@ void DriveMeter::listFigures(const ConstWatchRow& row) {
     std::string folders = notAvailable;
     std::string files = notAvailable;
     try {
-        const auto folder = platform_.fso.GetFolder(row.path());
-        folders = toText(folder->SubFoldersCount(), platform_.regional);
-        files = toText(folder->FilesCount(), platform_.regional);
+        const auto folder = fso_.GetFolder(row.path());
+        folders = toText(folder->SubFoldersCount(), regional_);
+        files = toText(folder->FilesCount(), regional_);
     } catch (const RuntimeError&) {
         // The drive may be there without the folder.
     }

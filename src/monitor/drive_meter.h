@@ -4,15 +4,18 @@
 
 #include <string>
 
-#include "forms/forms.h"
-#include "platform/platform.h"
+#include "base/regional.h"
+#include "forms/dialogs.h"
+#include "forms/form1.h"
+#include "platform/file_system_object.h"
 #include "rows/watch_row.h"
 
 namespace velmora {
 
 class DriveMeter {
   public:
-    DriveMeter(Forms& forms, Platform& platform) : forms_(forms), platform_(platform) {}
+    DriveMeter(Form1& form1, FrmIndDri& frmIndDri, FileSystemObject& fso, const Regional& regional)
+        : form1_(form1), frmIndDri_(frmIndDri), fso_(fso), regional_(regional) {}
     DriveMeter(const DriveMeter&) = delete;
     DriveMeter& operator=(const DriveMeter&) = delete;
 
@@ -30,8 +33,10 @@ class DriveMeter {
     double triggerKB(const ConstWatchRow& row, double totalKB) const;
     void listFigures(const ConstWatchRow& row);
 
-    Forms& forms_;
-    Platform& platform_;
+    Form1& form1_;
+    FrmIndDri& frmIndDri_;
+    FileSystemObject& fso_;
+    const Regional& regional_;
 };
 
 }  // namespace velmora

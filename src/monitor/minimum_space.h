@@ -4,16 +4,16 @@
 
 #include <string>
 
-#include "forms/forms.h"
+#include "base/regional.h"
+#include "forms/form1.h"
 #include "platform/host.h"
-#include "platform/platform.h"
 
 namespace velmora {
 
 class MinimumSpace {
   public:
     /// Connects the handlers to the forms.
-    MinimumSpace(Forms& forms, Platform& platform, Host& host);
+    MinimumSpace(Form1& form1, const Regional& regional, Host& host);
     MinimumSpace(const MinimumSpace&) = delete;
     MinimumSpace& operator=(const MinimumSpace&) = delete;
 
@@ -26,8 +26,8 @@ class MinimumSpace {
     void echoInGreaterUnits();
     void step(double by);
 
-    Forms& forms_;
-    Platform& platform_;
+    Form1& form1_;
+    const Regional& regional_;
     Host& host_;
 };
 

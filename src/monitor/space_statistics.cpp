@@ -10,9 +10,10 @@
 
 namespace velmora {
 
-SpaceStatistics::SpaceStatistics(Forms& forms, Platform& platform, Host& host)
-    : forms_(forms), platform_(platform), host_(host) {
-    forms_.form1.tmrStat.Tick.connect([this] { tmrStat_Timer(); });
+SpaceStatistics::SpaceStatistics(Form1& form1, const Globals& globals, Platform& platform,
+                                 Host& host)
+    : form1_(form1), globals_(globals), platform_(platform), host_(host) {
+    form1_.tmrStat.Tick.connect([this] { tmrStat_Timer(); });
 }
 
 std::string SpaceStatistics::prcSpaceRateChange(ListView& thisLV, const std::string&) {
@@ -30,7 +31,7 @@ std::string SpaceStatistics::prcSpaceRateChange(ListView& thisLV, const std::str
         now += row.freeKB(regional);
     }
     lngRateChange_ = toLong(withinLong(now - before));
-    if (lngRateInterval_ < 1) lngRateInterval_ = toLong(forms_.form1.txtTime.Text(), regional);
+    if (lngRateInterval_ < 1) lngRateInterval_ = toLong(form1_.txtTime.Text(), regional);
     double rate = 0;
     if (lngRateChange_ != 0) {
         // Checks without a pause are taken as a second apart.
@@ -44,34 +45,32 @@ std::string SpaceStatistics::prcSpaceRateChange(ListView& thisLV, const std::str
 }
 
 void SpaceStatistics::updateSpaceChangeRate() {
-    Form1& form1 = forms_.form1;
-    form1.lblSpaceChangeRate.setCaption(prcSpaceRateChange(form1.ListView1, form1.txtTime.Text()));
+    form1_.lblSpaceChangeRate.setCaption(
+        prcSpaceRateChange(form1_.ListView1, form1_.txtTime.Text()));
 }
 
 void SpaceStatistics::prcUpdateStatistics() {
-    Form1& form1 = forms_.form1;
-    const Globals& globals = forms_.globals;
-    form1.lblHighRatedAlerts.setCaption(toText(globals.lngHighRatedAlerts));
-    form1.lblAlertsRaised.setCaption(toText(globals.lngAlertsRaised));
+    form1_.lblHighRatedAlerts.setCaption(toText(globals_.lngHighRatedAlerts));
+    form1_.lblAlertsRaised.setCaption(toText(globals_.lngAlertsRaised));
     int watched = 0;
-    for (int i = 1; i <= form1.ListView1.Count(); ++i) {
-        if (ConstWatchRow(form1.ListView1.ListItems(i)).watched()) ++watched;
+    for (int i = 1; i <= form1_.ListView1.Count(); ++i) {
+        if (ConstWatchRow(form1_.ListView1.ListItems(i)).watched()) ++watched;
     }
-    form1.lblDriveOnMonitor.setCaption(toText(watched));
+    form1_.lblDriveOnMonitor.setCaption(toText(watched));
     updateSpaceChangeRate();
-    form1.lblTimesMonitor.setCaption(toText(globals.lngTimesChecked));
+    form1_.lblTimesMonitor.setCaption(toText(globals_.lngTimesChecked));
 }
 
 void SpaceStatistics::tmrStat_Timer() {
     host_.DoEvents();
     constexpr std::size_t overview = 4;
-    if (forms_.form1.frmSp[overview].Visible() && !forms_.globals.bChecking) {
+    if (form1_.frmSp[overview].Visible() && !globals_.bChecking) {
         prcUpdateStatistics();
     }
 }
 
 void SpaceStatistics::prcSrvAnimation(float clip, float play) {
-    Animation& animation = forms_.form1.Animation1;
+    Animation& animation = form1_.Animation1;
     if (clip == 0 || clip == 1) {
         // Every row of a check asks for a clip; whether its file is there is looked up once.
         Clip& chosen = clips_[clip == 0 ? 0 : 1];

@@ -16,7 +16,7 @@ namespace velmora {
 class SpaceStatistics {
   public:
     /// Connects tmrStat.
-    SpaceStatistics(Forms& forms, Platform& platform, Host& host);
+    SpaceStatistics(Form1& form1, const Globals& globals, Platform& platform, Host& host);
     SpaceStatistics(const SpaceStatistics&) = delete;
     SpaceStatistics& operator=(const SpaceStatistics&) = delete;
 
@@ -40,7 +40,8 @@ class SpaceStatistics {
     };
     std::array<Clip, 2> clips_{{{"\\spin.avi", {}}, {"\\alert.avi", {}}}};
 
-    Forms& forms_;
+    Form1& form1_;
+    const Globals& globals_;
     Platform& platform_;
     Host& host_;
 };

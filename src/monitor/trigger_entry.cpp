@@ -7,35 +7,38 @@
 
 namespace velmora {
 
-TriggerEntry::TriggerEntry(Forms& forms, Platform& platform, Host& host, DriveMeter& driveMeter)
-    : forms_(forms), platform_(platform), host_(host), driveMeter_(driveMeter) {
-    Form1& form1 = forms_.form1;
-    form1.ListView1.MouseMove.connect([this](float x, float y) {
+TriggerEntry::TriggerEntry(Form1& form1, FrmIndDri& frmIndDri, const Regional& regional, Host& host,
+                           DriveMeter& driveMeter)
+    : form1_(form1),
+      frmIndDri_(frmIndDri),
+      regional_(regional),
+      host_(host),
+      driveMeter_(driveMeter) {
+    form1_.ListView1.MouseMove.connect([this](float x, float y) {
         pointerX_ = x;
         pointerY_ = y;
     });
-    form1.ListView1.DblClick.connect([this] { ListView1_DblClick(); });
-    form1.Text1.KeyPress.connect([this](int key) { Text1_KeyPress(key); });
-    form1.Text1.LostFocus.connect([&form1] { form1.Text1.setVisible(false); });
+    form1_.ListView1.DblClick.connect([this] { ListView1_DblClick(); });
+    form1_.Text1.KeyPress.connect([this](int key) { Text1_KeyPress(key); });
+    form1_.Text1.LostFocus.connect([this] { form1_.Text1.setVisible(false); });
 }
 
 void TriggerEntry::ListView1_DblClick() {
-    ListItem* selected = forms_.form1.ListView1.SelectedItem();
+    ListItem* selected = form1_.ListView1.SelectedItem();
     if (selected == nullptr) return;
-    forms_.frmIndDri.Timer1.setEnabled(true);
+    frmIndDri_.Timer1.setEnabled(true);
     driveMeter_.prcShowfrmIndDri(ConstWatchRow(*selected).path());
     driveMeter_.prcSrvMeter(*selected);
-    if (!forms_.form1.chkDrive.ticked()) return;
+    if (!form1_.chkDrive.ticked()) return;
     if (ListItem* row = rowUnderPointer()) placeOver(*row);
 }
 
 ListItem* TriggerEntry::rowUnderPointer() {
-    return forms_.form1.ListView1.HitTest(pointerX_ - 10, pointerY_ - 10);
+    return form1_.ListView1.HitTest(pointerX_ - 10, pointerY_ - 10);
 }
 
 void TriggerEntry::placeOver(ListItem& row) {
-    Form1& form1 = forms_.form1;
-    ListView& list = form1.ListView1;
+    ListView& list = form1_.ListView1;
     int index = 1;
     while (&list.ListItems(index) != &row) ++index;
 
@@ -46,7 +49,7 @@ void TriggerEntry::placeOver(ListItem& row) {
         left += list.ColumnHeaders(column++).Width;
     }
     const ColumnHeader& header = list.ColumnHeaders(column);
-    TextBox& box = form1.Text1;
+    TextBox& box = form1_.Text1;
     box.setBounds({left - 160, list.rowTop(index) + list.bounds().Top + 750, header.Width,
                    ListView::rowHeight - 200});
     box.setVisible(true);
@@ -62,8 +65,8 @@ void TriggerEntry::Text1_KeyPress(int key) {
     if (key != key::enter) return;
     ListItem* row = rowUnderPointer();
     if (row == nullptr) return;
-    TextBox& box = forms_.form1.Text1;
-    if (!isNumeric(box.Text(), platform_.regional)) {
+    TextBox& box = form1_.Text1;
+    if (!isNumeric(box.Text(), regional_)) {
         host_.MsgBox({.text = "You must enter a numeric value"});
         box.setText("");
         return;

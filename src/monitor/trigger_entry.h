@@ -2,17 +2,19 @@
 // the text box over the cell under the pointer.
 #pragma once
 
-#include "forms/forms.h"
+#include "base/regional.h"
+#include "forms/dialogs.h"
+#include "forms/form1.h"
 #include "monitor/drive_meter.h"
 #include "platform/host.h"
-#include "platform/platform.h"
 
 namespace velmora {
 
 class TriggerEntry {
   public:
     /// Connects the handlers to the forms.
-    TriggerEntry(Forms& forms, Platform& platform, Host& host, DriveMeter& driveMeter);
+    TriggerEntry(Form1& form1, FrmIndDri& frmIndDri, const Regional& regional, Host& host,
+                 DriveMeter& driveMeter);
     TriggerEntry(const TriggerEntry&) = delete;
     TriggerEntry& operator=(const TriggerEntry&) = delete;
 
@@ -22,8 +24,9 @@ class TriggerEntry {
     void placeOver(ListItem& row);
     void Text1_KeyPress(int key);
 
-    Forms& forms_;
-    Platform& platform_;
+    Form1& form1_;
+    FrmIndDri& frmIndDri_;
+    const Regional& regional_;
     Host& host_;
     DriveMeter& driveMeter_;
     float pointerX_ = 0;  // twips within the list, as the mouse last moved

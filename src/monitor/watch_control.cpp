@@ -18,8 +18,9 @@ constexpr const char* minuteOfDay = "hh:mm AMPM";
 
 }  // namespace
 
-WatchControl::WatchControl(Forms& forms, Platform& platform, Host& host, WatchControlParts parts)
-    : forms_(forms), platform_(platform), host_(host), parts_(parts) {
+WatchControl::WatchControl(Forms& forms, Clock& clock, const Regional& regional, Host& host,
+                           WatchControlParts parts)
+    : forms_(forms), clock_(clock), regional_(regional), host_(host), parts_(parts) {
     Form1& form1 = forms_.form1;
     form1.cmdPause.Click.connect([this] { cmdPause_Click(); });
     form1.mnuPause.Click.connect([this] { mnuPause_Click(); });
@@ -102,8 +103,8 @@ void WatchControl::TimerCust_Timer() {
     } catch (const std::exception&) {
         const std::string text = "RunTime TimerC Error: " + currentRuntimeError().description();
         resumeNext([&] {
-            parts_.alerts.prcAlertInfo(Format(platform_.clock.Now(), alert_time::minutes),
-                                       rating::medium, text, {}, nullptr);
+            parts_.alerts.prcAlertInfo(Format(clock_.Now(), alert_time::minutes), rating::medium,
+                                       text, {}, nullptr);
         });
     }
 }
@@ -119,19 +120,19 @@ std::string WatchControl::trayTip() {
         if (i > list.Count()) break;
         const ConstWatchRow row(list.ListItems(i));
         if (!row.watched() || !row.isAvailableForTip()) continue;
-        total += row.freeKBOrZero(platform_.regional);
+        total += row.freeKBOrZero(regional_);
         ++watched;
         if (row.isInAlertForTip()) ++alerts;
     }
     return "Velmora\r\n" + std::to_string(watched) + " onWatch. \r\n" +
-           prcSetDiskSizeDimension(total, platform_.regional) + " Total Free. \r\n" +
+           prcSetDiskSizeDimension(total, regional_) + " Total Free. \r\n" +
            std::to_string(alerts) + " Alert(s).";
 }
 
 void WatchControl::runByCustomTime() {
     Form1& form1 = forms_.form1;
     if (form1.DTTime1[0].Value() == form1.DTTime1[1].Value()) moveEndOn();
-    const std::string now = Format(platform_.clock.Now(), minuteOfDay);
+    const std::string now = Format(clock_.Now(), minuteOfDay);
     const std::string& caption = form1.cmdPause.Caption();
     if (now == Format(form1.DTTime1[0].Value(), minuteOfDay)) {
         if (!contains(caption, "Pause") && contains(caption, "Start")) cmdPause_Click();
@@ -157,8 +158,8 @@ void WatchControl::moveEndOn() {
 }
 
 void WatchControl::report(const std::string& alertWords, const std::string& journalWords) {
-    const DateTime now = platform_.clock.Now();
-    const std::string entry = journalWords + dateText(now, platform_.regional) + pieceEnd;
+    const DateTime now = clock_.Now();
+    const std::string entry = journalWords + dateText(now, regional_) + pieceEnd;
     forms_.form1.txtAlert.prepend(entry);
     parts_.alerts.prcAlertInfo(Format(now, alert_time::minutes), rating::medium, alertWords, {},
                                nullptr);
@@ -169,16 +170,16 @@ void WatchControl::report(const std::string& alertWords, const std::string& jour
 // Both bounds are the start time; the end takes no part.
 void WatchControl::switchTimerByStart() {
     Form1& form1 = forms_.form1;
-    const std::string now = Format(platform_.clock.Now(), "hh:mm:ss");
+    const std::string now = Format(clock_.Now(), "hh:mm:ss");
     const std::string start = Format(form1.DTTime1[0].Value(), "hh:mm:ss");
     form1.Timer1.setEnabled(now >= start && now <= start);
 }
 
 void WatchControl::stepSeconds(int by) {
     TextBox& txtTime = forms_.form1.txtTime;
-    const auto seconds = readNumber(txtTime.Text(), platform_.regional);
+    const auto seconds = readNumber(txtTime.Text(), regional_);
     if (!seconds || (by < 0 && *seconds < 2)) return;
-    txtTime.setText(toText(*seconds + by, platform_.regional));
+    txtTime.setText(toText(*seconds + by, regional_));
 }
 
 void WatchControl::stepIntervalDown() {

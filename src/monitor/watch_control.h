@@ -6,10 +6,11 @@
 
 #include "alerts/dialog/alert_dialog_window.h"
 #include "alerts/journal/alert_list.h"
+#include "base/regional.h"
 #include "forms/forms.h"
 #include "monitor/ports.h"
+#include "platform/clock.h"
 #include "platform/host.h"
-#include "platform/platform.h"
 
 namespace velmora {
 
@@ -23,7 +24,8 @@ struct WatchControlParts {
 class WatchControl {
   public:
     /// Connects the handlers to the forms.
-    WatchControl(Forms& forms, Platform& platform, Host& host, WatchControlParts parts);
+    WatchControl(Forms& forms, Clock& clock, const Regional& regional, Host& host,
+                 WatchControlParts parts);
     WatchControl(const WatchControl&) = delete;
     WatchControl& operator=(const WatchControl&) = delete;
 
@@ -47,7 +49,8 @@ class WatchControl {
     void stepIntervalDown();
 
     Forms& forms_;
-    Platform& platform_;
+    Clock& clock_;
+    const Regional& regional_;
     Host& host_;
     WatchControlParts parts_;
 };

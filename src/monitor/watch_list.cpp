@@ -38,7 +38,7 @@ void WatchList::measure(const std::string& root, Measure& measure) {
     } else {
         measure.shown.setNotReady();
     }
-    forms_.form1.lstInfo.AddItem("Drive: " + measure.path + "\t\t" + measure.shown.free);
+    form1_.lstInfo.AddItem("Drive: " + measure.path + "\t\t" + measure.shown.free);
 }
 
 void WatchList::RefreshDrive() {
@@ -46,7 +46,7 @@ void WatchList::RefreshDrive() {
     Measure sums;
     for (std::size_t at = 0; at < drives.size(); at += 4) {
         measure(drives.substr(at, 3), sums);
-        WatchRow row(forms_.form1.ListView1.Add(sums.path + "\\"));
+        WatchRow row(form1_.ListView1.Add(sums.path + "\\"));
         row.setReading(sums.shown);
     }
     finishRefresh(sums);
@@ -54,7 +54,7 @@ void WatchList::RefreshDrive() {
 
 void WatchList::RefreshDriveExisting() {
     logicalDrives();
-    ListView& list = forms_.form1.ListView1;
+    ListView& list = form1_.ListView1;
     const int count = list.Count();
     Measure sums;
     for (int i = 1; i <= count; ++i) refreshRow(list.ListItems(i), sums);
@@ -80,21 +80,20 @@ void WatchList::markInaccessible(ListItem& item, const std::string& path) {
 }
 
 void WatchList::finishRefresh(const Measure& sums) {
-    Globals& globals = forms_.globals;
-    DriveTotals& totals = globals.driveTotals;
+    DriveTotals& totals = globals_.driveTotals;
     const std::int32_t freeSum = static_cast<std::int32_t>(withinLong(sums.freeSum));
     if (totals.lngRefreshes > 0 && totals.lngFreeKB - freeSum == 0) totals.lngRateKB = 0;
     totals.dtLast = platform_.clock.Now();
     totals.lngFreeKB = freeSum;
     totals.lngRefreshes = addLong(totals.lngRefreshes, 1);
-    totals.lngDrives = forms_.form1.ListView1.Count();
+    totals.lngDrives = form1_.ListView1.Count();
     totals.lngSizeKB = static_cast<std::int32_t>(withinLong(sums.totalSum));
-    globals.dtRefreshed = platform_.clock.Now();
-    globals.lngRefreshedKB = totals.lngFreeKB;
+    globals_.dtRefreshed = platform_.clock.Now();
+    globals_.lngRefreshedKB = totals.lngFreeKB;
 }
 
 void WatchList::prcLVBold(ListView& thisLV) {
-    if (forms_.globals.bChecking) return;
+    if (globals_.bChecking) return;
     const int count = thisLV.Count();
     for (int i = 1; i <= count && i <= thisLV.Count(); ++i) {
         ListItem& row = thisLV.ListItems(i);

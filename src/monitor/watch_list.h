@@ -12,8 +12,8 @@ namespace velmora {
 
 class WatchList {
   public:
-    WatchList(Forms& forms, Platform& platform, AlertList& alerts)
-        : forms_(forms), platform_(platform), alerts_(alerts) {}
+    WatchList(Form1& form1, Globals& globals, Platform& platform, AlertList& alerts)
+        : form1_(form1), globals_(globals), platform_(platform), alerts_(alerts) {}
 
     /// Appends one row for every logical drive. Rows of the same path are not looked for.
     void RefreshDrive();
@@ -41,7 +41,8 @@ class WatchList {
     void markInaccessible(ListItem& row, const std::string& path);
     void finishRefresh(const Measure& measure);
 
-    Forms& forms_;
+    Form1& form1_;
+    Globals& globals_;
     Platform& platform_;
     AlertList& alerts_;
 };

@@ -12,33 +12,32 @@
 
 namespace velmora {
 
-WatchListCommands::WatchListCommands(Forms& forms, Platform& platform, Host& host,
+WatchListCommands::WatchListCommands(Form1& form1, Globals& globals, Platform& platform, Host& host,
                                      WatchListParts parts)
-    : forms_(forms), platform_(platform), host_(host), parts_(parts) {
+    : form1_(form1), globals_(globals), platform_(platform), host_(host), parts_(parts) {
     connect();
 }
 
 void WatchListCommands::connect() {
-    Form1& form1 = forms_.form1;
-    for (Label& label : form1.lblDP) {
+    for (Label& label : form1_.lblDP) {
         label.Click.connect([this, index = label.Index()] { lblDP_Click(index); });
     }
-    form1.cmdLVAdd.Click.connect([this] { cmdLVAdd_Click(); });
-    form1.cmdLVRemove.Click.connect([this] { lblDP_Click(watch_button::remove); });
-    form1.cmdClear.Click.connect([this] { lblDP_Click(watch_button::clear); });
-    form1.ListView1.ItemCheck.connect(
-        [this](ListItem&) { parts_.watchList.prcLVBold(forms_.form1.ListView1); });
-    form1.ListView1.ColumnClick.connect(
-        [this](int column) { prcSortColumn(forms_.form1.ListView1, column); });
-    form1.ListView1.RightClick.connect([this] {
-        if (forms_.form1.ListView1.Count() >= 1) forms_.form1.mnuLstV.PopUp();
+    form1_.cmdLVAdd.Click.connect([this] { cmdLVAdd_Click(); });
+    form1_.cmdLVRemove.Click.connect([this] { lblDP_Click(watch_button::remove); });
+    form1_.cmdClear.Click.connect([this] { lblDP_Click(watch_button::clear); });
+    form1_.ListView1.ItemCheck.connect(
+        [this](ListItem&) { parts_.watchList.prcLVBold(form1_.ListView1); });
+    form1_.ListView1.ColumnClick.connect(
+        [this](int column) { prcSortColumn(form1_.ListView1, column); });
+    form1_.ListView1.RightClick.connect([this] {
+        if (form1_.ListView1.Count() >= 1) form1_.mnuLstV.PopUp();
     });
 }
 
 void WatchListCommands::lblDP_Click(int index) {
     try {
         if (!mayDisturbCheck()) return;
-        forms_.form1.ListView1.setEnabled(true);
+        form1_.ListView1.setEnabled(true);
         run(index);
     } catch (const std::exception&) {
         reportError(index, currentRuntimeError().description());
@@ -46,7 +45,7 @@ void WatchListCommands::lblDP_Click(int index) {
 }
 
 bool WatchListCommands::mayDisturbCheck() {
-    if (!forms_.globals.bChecking) return true;
+    if (!globals_.bChecking) return true;
     return host_.MsgBox({.text = "The program is still checking. Performing this action may cause "
                                  "errors.\r\nDo you wish to continue?",
                          .icon = BoxIcon::question,
@@ -80,12 +79,11 @@ void WatchListCommands::reportError(int index, const std::string& description) {
 }
 
 void WatchListCommands::addPath() {
-    Form1& form1 = forms_.form1;
-    form1.Timer1.setEnabled(false);
+    form1_.Timer1.setEnabled(false);
     const std::string path = host_.BrowseForFolder("Select Folder/Path");
     // Dismissing the dialog leaves the timer off.
     if (path.empty()) return;
-    WatchRow row(form1.ListView1.Add(path));
+    WatchRow row(form1_.ListView1.Add(path));
 
     const std::string driveName = platform_.fso.GetDriveName(path);
     if (!platform_.fso.DriveExists(driveName)) {
@@ -105,18 +103,18 @@ void WatchListCommands::addPath() {
     } else {
         row.markNotReadyWhenAdded();
     }
-    form1.Timer1.setEnabled(true);
+    form1_.Timer1.setEnabled(true);
 }
 
 void WatchListCommands::removeSelected() {
-    ListView& list = forms_.form1.ListView1;
+    ListView& list = form1_.ListView1;
     for (int i = list.Count(); i >= 1; --i) {
         if (list.ListItems(i).Selected()) list.Remove(i);
     }
 }
 
 void WatchListCommands::clearAll() {
-    ListView& list = forms_.form1.ListView1;
+    ListView& list = form1_.ListView1;
     if (list.Count() == 0) {
         host_.MsgBox({.text = "No drives listed to clear.", .icon = BoxIcon::information});
         return;
@@ -127,12 +125,12 @@ void WatchListCommands::clearAll() {
                     .icon = BoxIcon::question,
                     .buttons = BoxButtons::yesNo});
     if (answer != BoxAnswer::yes) return;
-    forms_.form1.cmdPause.Click();
+    form1_.cmdPause.Click();
     list.Clear();
 }
 
 void WatchListCommands::selectDrive() {
-    ListItem* row = forms_.form1.ListView1.SelectedItem();
+    ListItem* row = form1_.ListView1.SelectedItem();
     if (row == nullptr) throw RuntimeError(error::objectRequired);
     parts_.driveMeter.prcShowfrmIndDri(ConstWatchRow(*row).path());
     parts_.driveMeter.prcSrvMeter(*row);
@@ -141,7 +139,7 @@ void WatchListCommands::selectDrive() {
 void WatchListCommands::cmdLVAdd_Click() {
     const std::string path =
         host_.OpenFileDialog({.DialogTitle = "Folder/Path ", .InitDir = platform_.app.Path});
-    if (!path.empty()) forms_.form1.ListView1.Add(path);
+    if (!path.empty()) form1_.ListView1.Add(path);
 }
 
 }  // namespace velmora

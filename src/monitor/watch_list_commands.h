@@ -4,9 +4,11 @@
 
 #include "alerts/journal/alert_list.h"
 #include "alerts/ports.h"
+#include "forms/forms.h"
 #include "monitor/drive_meter.h"
 #include "monitor/watch_list.h"
 #include "platform/host.h"
+#include "platform/platform.h"
 
 namespace velmora {
 
@@ -21,7 +23,8 @@ struct WatchListParts {
 class WatchListCommands {
   public:
     /// Connects the handlers to the forms.
-    WatchListCommands(Forms& forms, Platform& platform, Host& host, WatchListParts parts);
+    WatchListCommands(Form1& form1, Globals& globals, Platform& platform, Host& host,
+                      WatchListParts parts);
     WatchListCommands(const WatchListCommands&) = delete;
     WatchListCommands& operator=(const WatchListCommands&) = delete;
 
@@ -39,7 +42,8 @@ class WatchListCommands {
     void clearAll();
     void selectDrive();
 
-    Forms& forms_;
+    Form1& form1_;
+    Globals& globals_;
     Platform& platform_;
     Host& host_;
     WatchListParts parts_;

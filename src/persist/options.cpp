@@ -10,26 +10,22 @@ constexpr const char* runName = "Velmora";
 
 }  // namespace
 
-Options::Options(Forms& forms, Platform& platform, Registry& registry)
-    : forms_(forms), platform_(platform), registry_(registry) {
-    Form1& form1 = forms_.form1;
-    form1.chkStartUp.Click.connect([this] { chkStartUp_Click(); });
-    form1.chkLog.Click.connect([this] { chkLog_Click(); });
-    form1.chkUpdate.Click.connect(
-        [this] { forms_.globals.bAutoUpdate = forms_.form1.chkUpdate.ticked(); });
+Options::Options(Form1& form1, Globals& globals, const Application& app, Registry& registry)
+    : form1_(form1), globals_(globals), app_(app), registry_(registry) {
+    form1_.chkStartUp.Click.connect([this] { chkStartUp_Click(); });
+    form1_.chkLog.Click.connect([this] { chkLog_Click(); });
+    form1_.chkUpdate.Click.connect([this] { globals_.bAutoUpdate = form1_.chkUpdate.ticked(); });
 }
 
 // Switched off, the value stays in the key, empty.
 void Options::chkStartUp_Click() {
-    const Application& app = platform_.app;
-    const bool on = forms_.form1.chkStartUp.ticked();
-    registry_.prcRegSetValue(runKey, runName, on ? app.Path + "\\" + app.EXEName : "");
+    const bool on = form1_.chkStartUp.ticked();
+    registry_.prcRegSetValue(runKey, runName, on ? app_.Path + "\\" + app_.EXEName : "");
 }
 
 void Options::chkLog_Click() {
-    Form1& form1 = forms_.form1;
-    form1.txtAlert.setVisible(form1.chkLog.ticked());
-    form1.txtAlert.setEnabled(form1.chkLog.ticked());
+    form1_.txtAlert.setVisible(form1_.chkLog.ticked());
+    form1_.txtAlert.setEnabled(form1_.chkLog.ticked());
 }
 
 }  // namespace velmora

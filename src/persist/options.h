@@ -11,7 +11,7 @@ namespace velmora {
 class Options {
   public:
     /// Connects the handlers to the forms.
-    Options(Forms& forms, Platform& platform, Registry& registry);
+    Options(Form1& form1, Globals& globals, const Application& app, Registry& registry);
     Options(const Options&) = delete;
     Options& operator=(const Options&) = delete;
 
@@ -19,8 +19,9 @@ class Options {
     void chkStartUp_Click();
     void chkLog_Click();
 
-    Forms& forms_;
-    Platform& platform_;
+    Form1& form1_;
+    Globals& globals_;
+    const Application& app_;
     Registry& registry_;
 };
 

@@ -4,8 +4,8 @@ namespace velmora {
 
 Persist::Persist(Forms& forms, Platform& platform, Host& host)
     : settingsFile_(forms, platform, host),
-      shellLinks_(platform),
+      shellLinks_(platform.shell32, platform.wscriptShell),
       registry_(platform.advapi32, host),
-      options_(forms, platform, registry_) {}
+      options_(forms.form1, forms.globals, platform.app, registry_) {}
 
 }  // namespace velmora

@@ -18,16 +18,16 @@ std::string orElse(const std::optional<std::string>& text, const std::string& ot
 
 std::string ShellLinks::fSpecialFolder(std::int32_t id) {
     ItemIdList list;
-    if (platform_.shell32.SHGetSpecialFolderLocation(id, list) != 0) return {};
+    if (shell32_.SHGetSpecialFolderLocation(id, list) != 0) return {};
     std::string buffer(255, ' ');
-    if (!platform_.shell32.SHGetPathFromIDListA(list, buffer)) return {};
+    if (!shell32_.SHGetPathFromIDListA(list, buffer)) return {};
     return buffer.substr(0, buffer.find('\0'));
 }
 
 bool ShellLinks::fCreateShortcut(std::string file, const ShortcutTexts& texts) {
     const std::string end = lowerCase(right(file, 4));
     if (end != ".lnk" && end != ".url") file += ".lnk";
-    const auto shortcut = platform_.wscriptShell.CreateShortcut(file);
+    const auto shortcut = wscriptShell_.CreateShortcut(file);
     if (shortcut == nullptr) return false;
     if (texts.arguments) shortcut->Arguments = *texts.arguments;
     shortcut->Description = texts.description;
@@ -46,7 +46,7 @@ std::optional<std::string> ShellLinks::prcBrowseForFolder(const std::string& own
     ItemIdList list;
     const BrowseInfo info{
         .owner = owner, .title = title, .flags = browseFlags, .whileOpen = whileOpen};
-    switch (platform_.shell32.SHBrowseForFolder(info, list)) {
+    switch (shell32_.SHBrowseForFolder(info, list)) {
         case Browse::unavailable:
             return std::nullopt;
         case Browse::dismissed:
@@ -56,7 +56,7 @@ std::optional<std::string> ShellLinks::prcBrowseForFolder(const std::string& own
     }
     // The room is counted in characters, of which one takes up to four bytes.
     std::string buffer(browseRoom * 4, '\0');
-    if (!platform_.shell32.SHGetPathFromIDListA(list, buffer)) return "";
+    if (!shell32_.SHGetPathFromIDListA(list, buffer)) return "";
     buffer.resize(buffer.find('\0'));
     return length(buffer) < browseRoom ? buffer : "";
 }

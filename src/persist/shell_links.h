@@ -6,7 +6,8 @@
 #include <optional>
 #include <string>
 
-#include "platform/platform.h"
+#include "platform/shell32.h"
+#include "platform/wscript_shell.h"
 
 namespace velmora {
 
@@ -23,7 +24,8 @@ struct ShortcutTexts {
 
 class ShellLinks {
   public:
-    explicit ShellLinks(Platform& platform) : platform_(platform) {}
+    ShellLinks(Shell32& shell32, WScriptShell& wscriptShell)
+        : shell32_(shell32), wscriptShell_(wscriptShell) {}
 
     /// Drive path of a special folder by its CSIDL number; empty on a failure.
     std::string fSpecialFolder(std::int32_t id);
@@ -39,7 +41,8 @@ class ShellLinks {
                                                   const std::function<void()>& whileOpen);
 
   private:
-    Platform& platform_;
+    Shell32& shell32_;
+    WScriptShell& wscriptShell_;
 };
 
 }  // namespace velmora

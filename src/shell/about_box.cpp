@@ -59,29 +59,28 @@ bool GetKeyValue(Platform& platform, const std::string& path, const std::string&
     return true;
 }
 
-AboutBox::AboutBox(Forms& forms, Platform& platform, Host& host, const std::string& version)
-    : forms_(forms), platform_(platform), host_(host) {
-    FrmAbout& form = forms_.frmAbout;
-    form.lblVersion.setCaption("Version " + version);
-    form.cmdOK.Click.connect([this] { hideAbout(); });
-    form.Unload.connect([this] { hideAbout(); });
-    form.cmdSysInfo.Click.connect([this] { StartSysInfo(); });
-    form.Timer1.Tick.connect([this] { Timer1_Timer(); });
-    form.Hidden.connect([&form] { form.Timer1.setEnabled(false); });
+AboutBox::AboutBox(FrmAbout& frmAbout, Platform& platform, Host& host, const std::string& version)
+    : frmAbout_(frmAbout), platform_(platform), host_(host) {
+    frmAbout_.lblVersion.setCaption("Version " + version);
+    frmAbout_.cmdOK.Click.connect([this] { hideAbout(); });
+    frmAbout_.Unload.connect([this] { hideAbout(); });
+    frmAbout_.cmdSysInfo.Click.connect([this] { StartSysInfo(); });
+    frmAbout_.Timer1.Tick.connect([this] { Timer1_Timer(); });
+    frmAbout_.Hidden.connect([this] { frmAbout_.Timer1.setEnabled(false); });
 }
 
 void AboutBox::showAbout() {
-    forms_.frmAbout.Timer1.setEnabled(true);
-    forms_.frmAbout.Show();
+    frmAbout_.Timer1.setEnabled(true);
+    frmAbout_.Show();
 }
 
 void AboutBox::hideAbout() {
-    forms_.frmAbout.Timer1.setEnabled(false);
-    forms_.frmAbout.Hide();
+    frmAbout_.Timer1.setEnabled(false);
+    frmAbout_.Hide();
 }
 
 void AboutBox::Timer1_Timer() {
-    Slider& turn = forms_.frmAbout.prcDraw;
+    Slider& turn = frmAbout_.prcDraw;
     turn.setValue((turn.Value() + degreesPerTick) % fullTurn);
 }
 
@@ -99,7 +98,7 @@ void AboutBox::StartSysInfo() {
     try {
         const std::string program = findSysInfo();
         if (!program.empty()) {
-            platform_.shell32.ShellExecuteA(forms_.frmAbout.Name(), "open", program, "", "",
+            platform_.shell32.ShellExecuteA(frmAbout_.Name(), "open", program, "", "",
                                             normalWindow);
             return;
         }

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "forms/forms.h"
+#include "forms/dialogs.h"
 #include "platform/host.h"
 #include "platform/platform.h"
 
@@ -19,7 +19,7 @@ bool GetKeyValue(Platform& platform, const std::string& path, const std::string&
 class AboutBox {
   public:
     /// Connects the box's handlers. `version` as it stands after the word ("1.0.0").
-    AboutBox(Forms& forms, Platform& platform, Host& host, const std::string& version);
+    AboutBox(FrmAbout& frmAbout, Platform& platform, Host& host, const std::string& version);
     AboutBox(const AboutBox&) = delete;
     AboutBox& operator=(const AboutBox&) = delete;
 
@@ -32,7 +32,7 @@ class AboutBox {
     void Timer1_Timer();
     std::string findSysInfo();
 
-    Forms& forms_;
+    FrmAbout& frmAbout_;
     Platform& platform_;
     Host& host_;
 };

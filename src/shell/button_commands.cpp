@@ -5,10 +5,10 @@
 namespace velmora {
 
 // Command7, lblTabCap and lblFolder have empty handlers.
-ButtonCommands::ButtonCommands(Forms& forms, AboutBox& aboutBox, SettingsFile& settings)
+ButtonCommands::ButtonCommands(Form1& form1, DlgDriveInfo& dlgDriveInfo, AboutBox& aboutBox,
+                               SettingsFile& settings)
     : aboutBox_(aboutBox), settings_(settings) {
-    Form1& form1 = forms.form1;
-    form1.cmdAdv.Click.connect([&forms] { forms.dlgDriveInfo.Show(); });
+    form1.cmdAdv.Click.connect([&dlgDriveInfo] { dlgDriveInfo.Show(); });
     form1.Command1.Click.connect([&form1] { form1.lblDP[watch_button::refresh].Click(); });
     form1.Command8.Click.connect([this] { Command8_Click(); });
     form1.lblAbout.Click.connect([this] { aboutBox_.showAbout(); });

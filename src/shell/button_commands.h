@@ -1,7 +1,8 @@
 // The main window's buttons that only forward.
 #pragma once
 
-#include "forms/forms.h"
+#include "forms/dialogs.h"
+#include "forms/form1.h"
 #include "persist/settings_file.h"
 #include "shell/about_box.h"
 
@@ -10,7 +11,8 @@ namespace velmora {
 class ButtonCommands {
   public:
     /// Connects the buttons.
-    ButtonCommands(Forms& forms, AboutBox& aboutBox, SettingsFile& settings);
+    ButtonCommands(Form1& form1, DlgDriveInfo& dlgDriveInfo, AboutBox& aboutBox,
+                   SettingsFile& settings);
     ButtonCommands(const ButtonCommands&) = delete;
     ButtonCommands& operator=(const ButtonCommands&) = delete;
 

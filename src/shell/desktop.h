@@ -2,6 +2,7 @@
 // the window's effects, and the system's icons in rows.
 #pragma once
 
+#include "platform/platform.h"
 #include "platform/surface.h"
 #include "shell/row_icons.h"
 #include "shell/tray_icon.h"
@@ -13,8 +14,8 @@ class Desktop {
   public:
     /// Connects the handlers to the forms. All of the arguments must outlive it.
     Desktop(Forms& forms, Platform& platform, const Surface& surface)
-        : tray_(forms, platform, surface),
-          windowEffects_(forms, surface.user32),
+        : tray_(forms, platform.clock, surface.host, surface.notifyArea, surface.user32),
+          windowEffects_(forms.form1, forms.globals, surface.user32),
           rowIcons_(forms.form1.picBuffer, surface.shellIcons) {}
 
     TrayIcon& tray() { return tray_; }

@@ -16,8 +16,7 @@ void connectPress(Label& label) {
 
 }  // namespace
 
-LabelLook::LabelLook(Forms& forms) {
-    Form1& form1 = forms.form1;
+LabelLook::LabelLook(Form1& form1, DlgAlert& dlgAlert) {
     for (Label& label : form1.Label5) {
         connectPress(label);
         // Both at once: the label ends on black.
@@ -29,8 +28,8 @@ LabelLook::LabelLook(Forms& forms) {
     for (Label& label : form1.lblDP) connectPress(label);
     for (Label& label : form1.lblSF) connectPress(label);
     for (Label& label : form1.lblAl) connectPress(label);
-    for (Label& label : forms.dlgAlert.lblAct) connectPress(label);
-    for (Label& label : forms.dlgAlert.lblAl) connectPress(label);
+    for (Label& label : dlgAlert.lblAct) connectPress(label);
+    for (Label& label : dlgAlert.lblAl) connectPress(label);
 }
 
 }  // namespace velmora

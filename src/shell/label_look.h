@@ -2,14 +2,15 @@
 // pressed.
 #pragma once
 
-#include "forms/forms.h"
+#include "forms/dialogs.h"
+#include "forms/form1.h"
 
 namespace velmora {
 
 class LabelLook {
   public:
     /// Connects Label5, lblDP, lblSF and lblAl.
-    explicit LabelLook(Forms& forms);
+    LabelLook(Form1& form1, DlgAlert& dlgAlert);
     LabelLook(const LabelLook&) = delete;
     LabelLook& operator=(const LabelLook&) = delete;
 };

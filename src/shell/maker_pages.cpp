@@ -4,8 +4,8 @@
 
 namespace velmora {
 
-void openMakerPage(Forms& forms, Shell32& shell32, const std::string& path) {
-    openByShell(forms, shell32, std::string("http://") + maker::host + path);
+void openMakerPage(const Form1& form1, Shell32& shell32, const std::string& path) {
+    openByShell(form1, shell32, std::string("http://") + maker::host + path);
 }
 
 }  // namespace velmora

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "forms/forms.h"
+#include "forms/form1.h"
 #include "platform/shell32.h"
 #include "platform/show_window.h"
 
@@ -16,11 +16,11 @@ inline constexpr const char* help = "/velmora/help";
 
 /// Opens a file or an address with the program for it, on behalf of the main window. Its success
 /// isn't looked at.
-inline void openByShell(Forms& forms, Shell32& shell32, const std::string& target) {
-    shell32.ShellExecuteA(forms.form1.Name(), "open", target, "", "", normalWindow);
+inline void openByShell(const Form1& form1, Shell32& shell32, const std::string& target) {
+    shell32.ShellExecuteA(form1.Name(), "open", target, "", "", normalWindow);
 }
 
 /// Opens the page of that path on the maker's host.
-void openMakerPage(Forms& forms, Shell32& shell32, const std::string& path);
+void openMakerPage(const Form1& form1, Shell32& shell32, const std::string& path);
 
 }  // namespace velmora

@@ -64,11 +64,11 @@ void MenuCommands::mnuHide_Click() {
 }
 
 void MenuCommands::mnuContent_Click() {
-    openMakerPage(forms_, platform_.shell32, maker_page::help);
+    openMakerPage(form1_, platform_.shell32, maker_page::help);
 }
 
 void MenuCommands::mnuPWP_Click() {
-    openMakerPage(forms_, platform_.shell32, maker_page::program);
+    openMakerPage(form1_, platform_.shell32, maker_page::program);
 }
 
 void MenuCommands::mnuExplore_Click() {
@@ -103,7 +103,7 @@ void MenuCommands::mnuProgSet_Click() {
 }
 
 void MenuCommands::mnuDefrag_Click() {
-    openByShell(forms_, platform_.shell32,
+    openByShell(form1_, platform_.shell32,
                 platform_.kernel32.GetEnvironmentVariableA("windir") + "\\system32\\dfrg.msc");
 }
 

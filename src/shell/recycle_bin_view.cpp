@@ -14,9 +14,9 @@ constexpr const char* scheduledTasks =
 
 }  // namespace
 
-RecycleBinView::RecycleBinView(Forms& forms, Shell32& shell32) : forms_(forms), shell32_(shell32) {
-    forms_.icon1.Command1.Click.connect([this] { RecycleBin(); });
-    forms_.icon1.Command2.Click.connect([this] { ScheduledTasks(); });
+RecycleBinView::RecycleBinView(Icon1& icon1, Shell32& shell32) : icon1_(icon1), shell32_(shell32) {
+    icon1_.Command1.Click.connect([this] { RecycleBin(); });
+    icon1_.Command2.Click.connect([this] { ScheduledTasks(); });
 }
 
 void RecycleBinView::RecycleBin() {
@@ -28,7 +28,7 @@ void RecycleBinView::ScheduledTasks() {
 }
 
 void RecycleBinView::explore(const char* place) {
-    shell32_.ShellExecuteA(forms_.icon1.Name(), "open", "Explorer", place, "", normalWindow);
+    shell32_.ShellExecuteA(icon1_.Name(), "open", "Explorer", place, "", normalWindow);
 }
 
 }  // namespace velmora

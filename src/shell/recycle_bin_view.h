@@ -1,7 +1,7 @@
 // The view on the recycle bin and the scheduled tasks: both are shown by the system's shell.
 #pragma once
 
-#include "forms/forms.h"
+#include "forms/dialogs.h"
 #include "platform/shell32.h"
 
 namespace velmora {
@@ -9,7 +9,7 @@ namespace velmora {
 class RecycleBinView {
   public:
     /// Connects the buttons.
-    RecycleBinView(Forms& forms, Shell32& shell32);
+    RecycleBinView(Icon1& icon1, Shell32& shell32);
     RecycleBinView(const RecycleBinView&) = delete;
     RecycleBinView& operator=(const RecycleBinView&) = delete;
 
@@ -20,7 +20,7 @@ class RecycleBinView {
   private:
     void explore(const char* place);
 
-    Forms& forms_;
+    Icon1& icon1_;
     Shell32& shell32_;
 };
 

@@ -5,13 +5,13 @@ namespace velmora {
 Shell::Shell(Forms& forms, Platform& platform, const Surface& surface, Parts parts,
              const std::string& version)
     : lock_(forms, surface.host, parts.desktop.tray()),
-      aboutBox_(forms, platform, surface.host, version),
-      recycleBin_(forms, platform.shell32),
+      aboutBox_(forms.frmAbout, platform, surface.host, version),
+      recycleBin_(forms.icon1, platform.shell32),
       reachability_(forms, surface.notifyArea),
-      layout_(forms),
-      tabs_(forms, layout_),
-      labelLook_(forms),
-      toolBarCommands_(forms, platform, surface.host, layout_),
+      layout_(forms.form1),
+      tabs_(forms.form1, forms.frmNotify, layout_),
+      labelLook_(forms.form1, forms.dlgAlert),
+      toolBarCommands_(forms.form1, forms.frmWizard, platform, surface.host, layout_),
       menuCommands_(forms, platform, surface.host,
                     {.alerts = parts.alerts.list(),
                      .systemActions = parts.alerts.systemActions(),
@@ -19,6 +19,6 @@ Shell::Shell(Forms& forms, Platform& platform, const Surface& surface, Parts par
                      .tray = parts.desktop.tray(),
                      .aboutBox = aboutBox_,
                      .recycleBin = recycleBin_}),
-      buttonCommands_(forms, aboutBox_, parts.persist.settingsFile()) {}
+      buttonCommands_(forms.form1, forms.dlgDriveInfo, aboutBox_, parts.persist.settingsFile()) {}
 
 }  // namespace velmora

@@ -26,8 +26,8 @@ auto* at(Array& controls, int index) {
 
 }  // namespace
 
-TabSelection::TabSelection(Forms& forms, WindowLayout& layout)
-    : forms_(forms), form1_(forms.form1), layout_(layout) {
+TabSelection::TabSelection(Form1& form1, FrmNotify& frmNotify, WindowLayout& layout)
+    : form1_(form1), frmNotify_(frmNotify), layout_(layout) {
     for (Label& label : form1_.lblTab) {
         label.MouseDown.connect([&label] { label.setForeColor(pressedTabText); });
         label.MouseUp.connect([&label] { label.setForeColor(tabText); });
@@ -61,7 +61,7 @@ Frame* TabSelection::panelOf(int index) {
         case 3:
             return &form1_.frmSp[2];
         case notifyTab:
-            forms_.frmNotify.Show();
+            frmNotify_.Show();
             return &form1_.frmSp[4];
         default:
             return at(form1_.frmSp, index);

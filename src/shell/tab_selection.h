@@ -1,7 +1,8 @@
 // The two tab strips: which panel a label shows, and how the labels look.
 #pragma once
 
-#include "forms/forms.h"
+#include "forms/form1.h"
+#include "forms/frm_notify.h"
 #include "shell/window_layout.h"
 
 namespace velmora {
@@ -9,7 +10,7 @@ namespace velmora {
 class TabSelection {
   public:
     /// Connects the labels.
-    TabSelection(Forms& forms, WindowLayout& layout);
+    TabSelection(Form1& form1, FrmNotify& frmNotify, WindowLayout& layout);
     TabSelection(const TabSelection&) = delete;
     TabSelection& operator=(const TabSelection&) = delete;
 
@@ -24,8 +25,8 @@ class TabSelection {
     Frame* panelOf(int index);
     void showPanel(Frame& panel);
 
-    Forms& forms_;
     Form1& form1_;
+    FrmNotify& frmNotify_;
     WindowLayout& layout_;
 };
 

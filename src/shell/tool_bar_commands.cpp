@@ -5,27 +5,27 @@
 
 namespace velmora {
 
-ToolBarCommands::ToolBarCommands(Forms& forms, Platform& platform, Host& host, WindowLayout& layout)
-    : forms_(forms), platform_(platform), host_(host), layout_(layout) {
-    forms_.form1.Toolbar1.ButtonClick.connect([this](int index) { Toolbar1_ButtonClick(index); });
+ToolBarCommands::ToolBarCommands(Form1& form1, FrmWizard& frmWizard, Platform& platform, Host& host,
+                                 WindowLayout& layout)
+    : form1_(form1), frmWizard_(frmWizard), platform_(platform), host_(host), layout_(layout) {
+    form1_.Toolbar1.ButtonClick.connect([this](int index) { Toolbar1_ButtonClick(index); });
 }
 
 void ToolBarCommands::Toolbar1_ButtonClick(int index) {
-    Form1& form1 = forms_.form1;
     // A copy: the command may change it.
-    const std::string caption = form1.Toolbar1.Buttons(index).Caption;
+    const std::string caption = form1_.Toolbar1.Buttons(index).Caption;
     if (caption == "Adv. Info") {
-        form1.cmdAdv.Click();
+        form1_.cmdAdv.Click();
     } else if (caption == "Wizard Settings") {
-        forms_.frmWizard.Show();
+        frmWizard_.Show();
     } else if (caption == "Start" || caption == "Pause") {
-        form1.cmdPause.Click();
+        form1_.cmdPause.Click();
     } else if (caption == "Help") {
         askForHelp();
     } else if (contains(caption, "View")) {
         layout_.toggleView();
     } else if (contains(caption, "Functions")) {
-        form1.mnuFunc.PopUp();
+        form1_.mnuFunc.PopUp();
     }
 }
 
@@ -35,9 +35,9 @@ void ToolBarCommands::askForHelp() {
          .icon = BoxIcon::question,
          .buttons = BoxButtons::yesNo});
     if (answer == BoxAnswer::yes) {
-        openMakerPage(forms_, platform_.shell32, maker_page::help);
+        openMakerPage(form1_, platform_.shell32, maker_page::help);
     } else {
-        openByShell(forms_, platform_.shell32, platform_.app.Path + "\\velmora.html");
+        openByShell(form1_, platform_.shell32, platform_.app.Path + "\\velmora.html");
     }
 }
 

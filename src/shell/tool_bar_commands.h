@@ -1,7 +1,8 @@
 // The tool bar: a button's caption is the key of its command.
 #pragma once
 
-#include "forms/forms.h"
+#include "forms/dialogs.h"
+#include "forms/form1.h"
 #include "platform/host.h"
 #include "platform/platform.h"
 #include "shell/window_layout.h"
@@ -11,7 +12,8 @@ namespace velmora {
 class ToolBarCommands {
   public:
     /// Connects the tool bar.
-    ToolBarCommands(Forms& forms, Platform& platform, Host& host, WindowLayout& layout);
+    ToolBarCommands(Form1& form1, FrmWizard& frmWizard, Platform& platform, Host& host,
+                    WindowLayout& layout);
     ToolBarCommands(const ToolBarCommands&) = delete;
     ToolBarCommands& operator=(const ToolBarCommands&) = delete;
 
@@ -21,7 +23,8 @@ class ToolBarCommands {
   private:
     void askForHelp();
 
-    Forms& forms_;
+    Form1& form1_;
+    FrmWizard& frmWizard_;
     Platform& platform_;
     Host& host_;
     WindowLayout& layout_;

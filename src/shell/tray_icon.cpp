@@ -34,8 +34,8 @@ Box question(std::string text) {
 
 }  // namespace
 
-TrayIcon::TrayIcon(Forms& forms, Platform& platform, Surface surface)
-    : forms_(forms), platform_(platform), surface_(surface) {
+TrayIcon::TrayIcon(Forms& forms, Clock& clock, Host& host, NotifyArea& notifyArea, User32& user32)
+    : forms_(forms), clock_(clock), host_(host), notifyArea_(notifyArea), user32_(user32) {
     prcPrepIcon();
     SysWorkSystray& tray = forms_.sysWorkSystray;
     tray.Load.connect([this] { sysWorkSystray_Load(); });
@@ -60,7 +60,7 @@ NotifyIconData TrayIcon::record(std::string icon, const std::string& tip) const 
 }
 
 bool TrayIcon::send(NotifyMessage message, const NotifyIconData& data) {
-    taken_ = surface_.notifyArea.Shell_NotifyIconA(message, data);
+    taken_ = notifyArea_.Shell_NotifyIconA(message, data);
     forms_.globals.iconHandle = data.icon;
     return taken_;
 }
@@ -72,7 +72,7 @@ bool TrayIcon::prcPrepIcon() {
 }
 
 bool TrayIcon::prcAddSystray(std::int16_t action, const std::string& text) {
-    const std::string time = Format(platform_.clock.Now(), "mm/dd HH:mm");
+    const std::string time = Format(clock_.Now(), "mm/dd HH:mm");
     const NotifyIconData data =
         record(programPicture, time + ' ' + (text.empty() ? applicationTitle : text));
     if (action == 0) return send(NotifyMessage::remove, data);
@@ -121,7 +121,7 @@ void TrayIcon::sysWorkSystray_MouseMove(float x) {
 
 void TrayIcon::trayDoubleClick() {
     if (forms_.globals.bChecking &&
-        surface_.host.MsgBox(
+        host_.MsgBox(
             question("The program is still checking. Performing this action may cause errors.\r\n"
                      "Waiting a few seconds for the program to finish would help.\r\n"
                      "Do you wish to continue?")) != BoxAnswer::yes) {
@@ -144,7 +144,7 @@ void TrayIcon::trayDoubleClick() {
 
 void TrayIcon::trayRightUp() {
     if (forms_.globals.bChecking &&
-        surface_.host.MsgBox(
+        host_.MsgBox(
             question("The program is still checking. Performing this action may cause errors.\r\n"
                      "Do you wish to continue?")) != BoxAnswer::yes) {
         return;
@@ -182,8 +182,8 @@ void TrayIcon::show(NotifyIconData& prepared, const char* tip) {
 // Brings the window to the front by its process; one that can't be found stays where it is.
 void TrayIcon::activate() {
     std::uint32_t process = 0;
-    surface_.user32.GetWindowThreadProcessId(forms_.form1.Name(), process);
-    if (process != 0) surface_.user32.AppActivate(process);
+    user32_.GetWindowThreadProcessId(forms_.form1.Name(), process);
+    if (process != 0) user32_.AppActivate(process);
 }
 
 void TrayIcon::Form1_MouseMove(float x) {
@@ -217,26 +217,26 @@ void TrayIcon::formIconDoubleClick() {
 // is the message of its creation.
 void TrayIcon::formIconRightUp() {
     removeHook();
-    hook_ = surface_.user32.SetWindowsHookExA(
-        window::callWindowProcedure, [this](std::uint32_t message, const std::string& window) {
-            hookProcedure(message, window);
-        });
+    hook_ = user32_.SetWindowsHookExA(window::callWindowProcedure,
+                                      [this](std::uint32_t message, const std::string& window) {
+                                          hookProcedure(message, window);
+                                      });
     forms_.form1.mnuPopUp.PopUp();
 }
 
 void TrayIcon::hookProcedure(std::uint32_t message, const std::string& window) {
     if (message != window::create) {
-        surface_.user32.CallNextHookEx(hook_, message, window);
+        user32_.CallNextHookEx(hook_, message, window);
         return;
     }
-    surface_.user32.SetForegroundWindow(window);
-    surface_.user32.CallNextHookEx(hook_, message, window);
+    user32_.SetForegroundWindow(window);
+    user32_.CallNextHookEx(hook_, message, window);
     removeHook();
 }
 
 void TrayIcon::removeHook() {
     if (hook_ == 0) return;
-    surface_.user32.UnhookWindowsHookEx(std::exchange(hook_, 0));
+    user32_.UnhookWindowsHookEx(std::exchange(hook_, 0));
 }
 
 }  // namespace velmora

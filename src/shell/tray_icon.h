@@ -6,15 +6,17 @@
 
 #include "forms/forms.h"
 #include "monitor/ports.h"
-#include "platform/platform.h"
-#include "platform/surface.h"
+#include "platform/clock.h"
+#include "platform/host.h"
+#include "platform/notify_area.h"
+#include "platform/user32.h"
 
 namespace velmora {
 
 class TrayIcon final : public Tray {
   public:
     /// Connects the handlers to the forms.
-    TrayIcon(Forms& forms, Platform& platform, Surface surface);
+    TrayIcon(Forms& forms, Clock& clock, Host& host, NotifyArea& notifyArea, User32& user32);
     /// Removes a hook that still stands.
     ~TrayIcon() override;
     TrayIcon(const TrayIcon&) = delete;
@@ -61,8 +63,10 @@ class TrayIcon final : public Tray {
     NotifyIconData record(std::string icon, const std::string& tip) const;
 
     Forms& forms_;
-    Platform& platform_;
-    Surface surface_;
+    Clock& clock_;
+    Host& host_;
+    NotifyArea& notifyArea_;
+    User32& user32_;
     bool bFlashing_ = false;
     bool bAlertIconShown_ = false;
     bool taken_ = false;

@@ -17,14 +17,14 @@ constexpr std::int16_t opaqueAlpha = 255;
 
 }  // namespace
 
-WindowEffects::WindowEffects(Forms& forms, User32& user32) : forms_(forms), user32_(user32) {
-    Form1& form1 = forms_.form1;
-    form1.Command9.Click.connect([this] { Command9_Click(); });
-    form1.mnuFadeH.Click.connect([this] { SetTranslucency(forms_.form1, high); });
-    form1.mnuFadeP.Click.connect([this] { SetTranslucency(forms_.form1, minimal); });
-    form1.mnuFadeN.Click.connect([this] { SetTranslucency(forms_.form1, opaque); });
-    form1.chkOnTop.Click.connect([this] { chkOnTop_Click(); });
-    form1.mnuStayOnTop.Click.connect([this] { mnuStayOnTop_Click(); });
+WindowEffects::WindowEffects(Form1& form1, Globals& globals, User32& user32)
+    : form1_(form1), globals_(globals), user32_(user32) {
+    form1_.Command9.Click.connect([this] { Command9_Click(); });
+    form1_.mnuFadeH.Click.connect([this] { SetTranslucency(form1_, high); });
+    form1_.mnuFadeP.Click.connect([this] { SetTranslucency(form1_, minimal); });
+    form1_.mnuFadeN.Click.connect([this] { SetTranslucency(form1_, opaque); });
+    form1_.chkOnTop.Click.connect([this] { chkOnTop_Click(); });
+    form1_.mnuStayOnTop.Click.connect([this] { mnuStayOnTop_Click(); });
 }
 
 bool WindowEffects::SetTranslucency(const Form& form, int percent) {
@@ -40,20 +40,19 @@ bool WindowEffects::SetTranslucency(const Form& form, int percent) {
 }
 
 void WindowEffects::Command9_Click() {
-    int& level = forms_.globals.iTranslucency;
+    int& level = globals_.iTranslucency;
     level = level == half ? opaque : half;
-    SetTranslucency(forms_.form1, level);
+    SetTranslucency(form1_, level);
 }
 
 void WindowEffects::chkOnTop_Click() {
-    Form1& form1 = forms_.form1;
-    form1.mnuStayOnTop.setChecked(form1.chkOnTop.ticked());
-    placeInOrder(form1.chkOnTop.ticked() ? window::topmost : window::notTopmost);
+    form1_.mnuStayOnTop.setChecked(form1_.chkOnTop.ticked());
+    placeInOrder(form1_.chkOnTop.ticked() ? window::topmost : window::notTopmost);
 }
 
 // The check box clicks by the change, and does the rest.
 void WindowEffects::mnuStayOnTop_Click() {
-    CheckBox& chkOnTop = forms_.form1.chkOnTop;
+    CheckBox& chkOnTop = form1_.chkOnTop;
     chkOnTop.setValue(chkOnTop.ticked() ? 0 : 1);
 }
 
@@ -62,15 +61,14 @@ void WindowEffects::drop() {
 }
 
 void WindowEffects::restore() {
-    if (forms_.form1.chkOnTop.ticked()) placeInOrder(window::topmost);
+    if (form1_.chkOnTop.ticked()) placeInOrder(window::topmost);
 }
 
 // Place and size are handed over and, by the flags, left as they are.
 void WindowEffects::placeInOrder(std::int32_t after) {
-    const Form1& form1 = forms_.form1;
-    user32_.SetWindowPos(form1.Name(), after, form1.Left() / twipsPerPixel,
-                         form1.Top() / twipsPerPixel, form1.Width() / twipsPerPixel,
-                         form1.Height() / twipsPerPixel, window::noMoveNoSize);
+    user32_.SetWindowPos(form1_.Name(), after, form1_.Left() / twipsPerPixel,
+                         form1_.Top() / twipsPerPixel, form1_.Width() / twipsPerPixel,
+                         form1_.Height() / twipsPerPixel, window::noMoveNoSize);
 }
 
 }  // namespace velmora

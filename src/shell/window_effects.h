@@ -10,7 +10,7 @@ namespace velmora {
 class WindowEffects final : public StayOnTop, public Translucency {
   public:
     /// Connects the handlers to the main window.
-    WindowEffects(Forms& forms, User32& user32);
+    WindowEffects(Form1& form1, Globals& globals, User32& user32);
     WindowEffects(const WindowEffects&) = delete;
     WindowEffects& operator=(const WindowEffects&) = delete;
 
@@ -28,7 +28,8 @@ class WindowEffects final : public StayOnTop, public Translucency {
   private:
     void placeInOrder(std::int32_t after);
 
-    Forms& forms_;
+    Form1& form1_;
+    Globals& globals_;
     User32& user32_;
 };
 

@@ -45,7 +45,7 @@ void stretch(Control& control, int width, int height) {
 
 }  // namespace
 
-WindowLayout::WindowLayout(Forms& forms) : form1_(forms.form1) {
+WindowLayout::WindowLayout(Form1& form1) : form1_(form1) {
     form1_.Resize.connect([this] { Form_Resize(); });
 }
 

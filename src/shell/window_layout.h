@@ -2,7 +2,7 @@
 // follow it. All measures are twips.
 #pragma once
 
-#include "forms/forms.h"
+#include "forms/form1.h"
 
 namespace velmora {
 
@@ -12,7 +12,7 @@ class WindowLayout {
     static constexpr Bounds panelPlace{1320, 3240, 6615, 4935};
 
     /// Connects the resize step to the window.
-    explicit WindowLayout(Forms& forms);
+    explicit WindowLayout(Form1& form1);
     WindowLayout(const WindowLayout&) = delete;
     WindowLayout& operator=(const WindowLayout&) = delete;
 

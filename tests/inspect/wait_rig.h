@@ -57,7 +57,7 @@ struct WaitRig {
     Forms forms;
     FrmWaitTest& form = forms.frmWaitTest;
     Kernel32& kernel32 = machine.platform().kernel32;
-    WaitTest waitTest{forms, machine.platform(), host, alerts};
+    WaitTest waitTest{forms.frmWaitTest, forms.globals, machine.platform(), host, alerts};
     std::vector<FindData>& entries = machine.listings["C:\\data"];
 
     WaitRig() {

@@ -266,7 +266,8 @@ TEST(WatchedFolder, UnloadingTheFormReleasesTheWatcherAndErasesTheSnapshot) {
 TEST(WatchedFolder, TheEndOfTheProgramReleasesTheWatcher) {
     WaitRig rig;
     {
-        WaitTest other(rig.forms, rig.machine.platform(), rig.host, rig.alerts);
+        WaitTest other(rig.forms.frmWaitTest, rig.forms.globals, rig.machine.platform(), rig.host,
+                       rig.alerts);
         rig.takeHandles(
             other.watchBy(std::make_unique<cWatchForChanges>(rig.kernel32, rig.user32)));
     }

@@ -19,7 +19,7 @@ struct ActionCheckRig : CheckRig {
                          .host = host,
                          .alerts = alerts,
                          .system = systemActions}};
-    ActionListRules rules{forms, host};
+    ActionListRules rules{form1, forms.frmNotify, host};
 
     ActionCheckRig() {
         onAction = [this](int action, Shortage& shortage) {

@@ -10,7 +10,8 @@ namespace {
 using Texts = std::vector<std::string>;
 
 struct MeterRig : Rig {
-    DriveMeter meter{forms, machine.platform()};
+    DriveMeter meter{forms.form1, forms.frmIndDri, machine.platform().fso,
+                     machine.platform().regional};
     FrmIndDri& view = forms.frmIndDri;
 
     MeterRig() {

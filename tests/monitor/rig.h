@@ -53,32 +53,33 @@ struct Rig {
     Platform& platform = machine.platform();
 
     AlertList alerts{forms, platform, notifyArea};
-    AlertDialogWindow alertDialog{forms, screen};
-    JournalLog log{forms, platform, host, onTop};
-    SystemActions systemActions{forms, platform, user32};
-    FileList fileList{platform, host};
+    AlertDialogWindow alertDialog{form1, forms.dlgAlert, screen};
+    JournalLog log{form1, platform, host, onTop};
+    SystemActions systemActions{form1, platform, user32};
+    FileList fileList{platform.fso, platform.regional, host};
     ActionTable actions = recordingActions();
     SettingsFile settings{forms, platform, host};
-    ShellLinks shellLinks{platform};
+    ShellLinks shellLinks{platform.shell32, platform.wscriptShell};
     WatchAlerts watchAlerts{alerts};
-    WaitTest waitTest{forms, platform, host, watchAlerts};
+    WaitTest waitTest{forms.frmWaitTest, forms.globals, platform, host, watchAlerts};
 
-    SpaceStatistics statistics{forms, platform, host};
-    DriveMeter driveMeter{forms, platform};
+    SpaceStatistics statistics{form1, forms.globals, platform, host};
+    DriveMeter driveMeter{form1, forms.frmIndDri, platform.fso, platform.regional};
     EventPass events{forms,
                      platform,
                      {.alerts = alerts,
                       .waitTest = waitTest,
                       .systemActions = systemActions,
                       .alertDialog = alertDialog}};
-    WatchList watchList{forms, platform, alerts};
+    WatchList watchList{form1, forms.globals, platform, alerts};
     WatchListCommands commands{
-        forms,
+        form1,
+        forms.globals,
         platform,
         host,
         {.watchList = watchList, .driveMeter = driveMeter, .alerts = alerts, .stayOnTop = onTop}};
-    MinimumSpace minimumSpace{forms, platform, host};
-    TriggerEntry triggerEntry{forms, platform, host, driveMeter};
+    MinimumSpace minimumSpace{form1, platform.regional, host};
+    TriggerEntry triggerEntry{form1, forms.frmIndDri, platform.regional, host, driveMeter};
     RowCheck rowCheck{forms,
                       platform,
                       host,
@@ -88,7 +89,8 @@ struct Rig {
                        .events = events,
                        .statistics = statistics}};
     CheckCycle checkCycle{forms,
-                          platform,
+                          platform.clock,
+                          platform.regional,
                           host,
                           {.rowCheck = rowCheck,
                            .alerts = alerts,
@@ -96,8 +98,11 @@ struct Rig {
                            .settings = settings,
                            .statistics = statistics,
                            .rowIcons = rowIcons}};
-    WatchControl watchControl{
-        forms, platform, host, {.alerts = alerts, .alertDialog = alertDialog, .tray = tray}};
+    WatchControl watchControl{forms,
+                              platform.clock,
+                              platform.regional,
+                              host,
+                              {.alerts = alerts, .alertDialog = alertDialog, .tray = tray}};
     LifeCycle lifeCycle{forms,
                         platform,
                         host,

@@ -15,7 +15,7 @@ struct OptionsRig {
     Forms forms;
     Form1& form1 = forms.form1;
     Registry registry{machine.platform().advapi32, host};
-    Options options{forms, machine.platform(), registry};
+    Options options{forms.form1, forms.globals, machine.platform().app, registry};
 
     const std::string* started() {
         const auto& values = machine.runKey().values;

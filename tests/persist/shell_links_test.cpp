@@ -13,7 +13,7 @@ using Texts = std::vector<std::string>;
 
 struct LinksRig {
     fake::FakeMachine machine;
-    ShellLinks links{machine.platform()};
+    ShellLinks links{machine.platform().shell32, machine.platform().wscriptShell};
 
     LinksRig() { machine.folders.insert("c:\\links"); }
     const fake::FakeShortcut& made() { return machine.shortcuts.at(0); }

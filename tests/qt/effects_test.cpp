@@ -38,7 +38,7 @@ TEST_F(EffectsTest, ALevelOutOfRangeChangesNothing) {
     QWidget frame;
     names.add("Form1", &frame);
     qt::QtUser32 user32(names);
-    WindowEffects effects(forms, user32);
+    WindowEffects effects(forms.form1, forms.globals, user32);
     EXPECT_TRUE(effects.SetTranslucency(forms.form1, 20));
     EXPECT_NEAR(frame.windowOpacity(), opacity(51), opacityStep);
     for (const int level : {19, 101, 0, -1, 255}) {

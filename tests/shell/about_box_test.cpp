@@ -40,7 +40,7 @@ struct AboutBoxTest : testing::Test, SurfaceRig {
     }
 
     FrmAbout& form = forms.frmAbout;
-    AboutBox about{forms, machine.platform(), host, "1.0.0"};
+    AboutBox about{forms.frmAbout, machine.platform(), host, "1.0.0"};
 };
 
 TEST_F(AboutBoxTest, ShowsItsVersionAndItsCaptions) {

@@ -29,16 +29,18 @@ struct CommandRig {
     ListView& list = forms.form1.ListView1;
     Texts shown;  ///< the forms that were shown, in order
     AlertList alerts{forms, machine.platform(), surface.notifyArea};
-    SystemActions systemActions{forms, machine.platform(), surface.user32};
-    DriveMeter driveMeter{forms, machine.platform()};
+    SystemActions systemActions{form1, machine.platform(), surface.user32};
+    DriveMeter driveMeter{form1, forms.frmIndDri, machine.platform().fso,
+                          machine.platform().regional};
     SettingsFile settings{forms, machine.platform(), host};
-    TrayIcon tray{forms, machine.platform(), surface.all()};
-    AboutBox aboutBox{forms, machine.platform(), host, "1.0.0"};
-    RecycleBinView recycleBin{forms, machine.platform().shell32};
-    WindowLayout layout{forms};
-    TabSelection tabs{forms, layout};
-    LabelLook labelLook{forms};
-    ToolBarCommands toolBar{forms, machine.platform(), host, layout};
+    TrayIcon tray{forms, machine.platform().clock, surface.host, surface.notifyArea,
+                  surface.user32};
+    AboutBox aboutBox{forms.frmAbout, machine.platform(), host, "1.0.0"};
+    RecycleBinView recycleBin{forms.icon1, machine.platform().shell32};
+    WindowLayout layout{form1};
+    TabSelection tabs{form1, forms.frmNotify, layout};
+    LabelLook labelLook{form1, forms.dlgAlert};
+    ToolBarCommands toolBar{form1, forms.frmWizard, machine.platform(), host, layout};
     MenuCommands menus{forms,
                        machine.platform(),
                        host,
@@ -48,7 +50,7 @@ struct CommandRig {
                         .tray = tray,
                         .aboutBox = aboutBox,
                         .recycleBin = recycleBin}};
-    ButtonCommands buttons{forms, aboutBox, settings};
+    ButtonCommands buttons{form1, forms.dlgDriveInfo, aboutBox, settings};
 
     CommandRig() {
         addWatchColumns(list);

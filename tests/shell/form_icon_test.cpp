@@ -18,8 +18,8 @@ struct FormIconTest : testing::Test, SurfaceRig {
     std::size_t standingHooks() { return surface.user32.hooks.size(); }
 
     const Texts activation{"GetWindowThreadProcessId Form1", "AppActivate 4711"};
-    std::unique_ptr<TrayIcon> tray =
-        std::make_unique<TrayIcon>(forms, machine.platform(), surface.all());
+    std::unique_ptr<TrayIcon> tray = std::make_unique<TrayIcon>(
+        forms, machine.platform().clock, surface.host, surface.notifyArea, surface.user32);
 };
 
 TEST_F(FormIconTest, ADoubleClickHidesAVisibleWindowWithACheckMark) {

@@ -34,7 +34,8 @@ struct ProgramLockTest : testing::Test, SurfaceRig {
     }
 
     FrmLock& form = forms.frmLock;
-    TrayIcon tray{forms, machine.platform(), surface.all()};
+    TrayIcon tray{forms, machine.platform().clock, surface.host, surface.notifyArea,
+                  surface.user32};
     ProgramLock lock{forms, host, tray};
 };
 

@@ -9,7 +9,7 @@ namespace velmora::tests {
 namespace {
 
 struct RecycleBinViewTest : testing::Test, SurfaceRig {
-    RecycleBinView view{forms, machine.platform().shell32};
+    RecycleBinView view{forms.icon1, machine.platform().shell32};
 };
 
 TEST_F(RecycleBinViewTest, ItsButtonsHaveTheirCaptions) {

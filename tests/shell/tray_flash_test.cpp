@@ -14,7 +14,8 @@ struct TrayFlashTest : testing::Test, SurfaceRig {
     const NotifyIconData& last() { return sent.back().second; }
 
     Timer& timer = forms.sysWorkSystray.tmrSystray;
-    TrayIcon tray{forms, machine.platform(), surface.all()};
+    TrayIcon tray{forms, machine.platform().clock, surface.host, surface.notifyArea,
+                  surface.user32};
 };
 
 TEST_F(TrayFlashTest, BeginsWithoutFlashingAndItsTimerOff) {

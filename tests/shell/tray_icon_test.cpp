@@ -29,7 +29,8 @@ struct TrayIconTest : testing::Test, SurfaceRig {
     const NotifyIconData& last() { return sent.back().second; }
 
     int menus = 0;
-    TrayIcon tray{forms, machine.platform(), surface.all()};
+    TrayIcon tray{forms, machine.platform().clock, surface.host, surface.notifyArea,
+                  surface.user32};
 };
 
 TEST_F(TrayIconTest, TheRecordNamesTheHiddenWindowAndTheProgramsIcon) {

@@ -20,7 +20,7 @@ struct WindowEffectsTest : testing::Test, SurfaceRig {
     /// The alpha that a level sets, followed by the flags, as in the last call.
     std::string lastAttributes() { return windowCalls.empty() ? "" : windowCalls.back(); }
 
-    WindowEffects effects{forms, surface.user32};
+    WindowEffects effects{forms.form1, forms.globals, surface.user32};
 };
 
 TEST_F(WindowEffectsTest, ALevelReadsTheStyleAddsTheLayerAndSetsColourAndAlpha) {

@@ -32,13 +32,14 @@ bool hasTwoAvailable(const ListView& list) {
 
 }  // namespace
 
-ActionListRules::ActionListRules(Forms& forms, Host& host) : forms_(forms), host_(host) {
-    forms_.form1.lstAct.ItemCheck.connect([this](int index) { lstAct_ItemCheck(index); });
-    forms_.form1.lstAct.Click.connect([this] { lstAct_Click(); });
+ActionListRules::ActionListRules(Form1& form1, FrmNotify& frmNotify, Host& host)
+    : form1_(form1), frmNotify_(frmNotify), host_(host) {
+    form1_.lstAct.ItemCheck.connect([this](int index) { lstAct_ItemCheck(index); });
+    form1_.lstAct.Click.connect([this] { lstAct_Click(); });
 }
 
 void ActionListRules::lstAct_ItemCheck(int index) {
-    if (!forms_.form1.lstAct.Selected(index)) return;
+    if (!form1_.lstAct.Selected(index)) return;
     for (const Exclusion& each : exclusions) {
         if (each.ticked == index) exclude(each.other, each.words);
     }
@@ -47,17 +48,17 @@ void ActionListRules::lstAct_ItemCheck(int index) {
 }
 
 void ActionListRules::exclude(int other, const std::string& what) {
-    ListBox& list = forms_.form1.lstAct;
+    ListBox& list = form1_.lstAct;
     if (!list.Selected(other)) return;
     host_.MsgBox({.text = "The '" + what + "' option will be de-selected"});
     list.setSelected(other, false);
 }
 
 void ActionListRules::requireTarget() {
-    if (hasTwoAvailable(forms_.form1.ListView1)) return;
+    if (hasTwoAvailable(form1_.ListView1)) return;
     host_.MsgBox({.text = "You must have two or more listed drive/path(s) that are functionally "
                           "ready to select this option."});
-    forms_.form1.lstAct.setSelected(act::autoMove, false);
+    form1_.lstAct.setSelected(act::autoMove, false);
 }
 
 void ActionListRules::offerMailSettings() {
@@ -65,15 +66,14 @@ void ActionListRules::offerMailSettings() {
         host_.MsgBox({.text = "Please review your email settings. Open Notification Settings?",
                       .icon = BoxIcon::question,
                       .buttons = BoxButtons::yesNo});
-    if (answer == BoxAnswer::yes) forms_.frmNotify.Show();
+    if (answer == BoxAnswer::yes) frmNotify_.Show();
 }
 
 void ActionListRules::lstAct_Click() {
-    Form1& form1 = forms_.form1;
-    const bool moves = form1.lstAct.Selected(act::move);
-    form1.txtDrive.setEnabled(moves);
+    const bool moves = form1_.lstAct.Selected(act::move);
+    form1_.txtDrive.setEnabled(moves);
     // Whoever ticked both without the rule above: moving stays.
-    if (moves) form1.lstAct.setSelected(act::remove, false);
+    if (moves) form1_.lstAct.setSelected(act::remove, false);
 }
 
 }  // namespace velmora

@@ -4,7 +4,8 @@
 
 #include <string>
 
-#include "forms/forms.h"
+#include "forms/form1.h"
+#include "forms/frm_notify.h"
 #include "platform/host.h"
 
 namespace velmora {
@@ -12,7 +13,7 @@ namespace velmora {
 class ActionListRules {
   public:
     /// Connects lstAct.
-    ActionListRules(Forms& forms, Host& host);
+    ActionListRules(Form1& form1, FrmNotify& frmNotify, Host& host);
     ActionListRules(const ActionListRules&) = delete;
     ActionListRules& operator=(const ActionListRules&) = delete;
 
@@ -25,7 +26,8 @@ class ActionListRules {
     void requireTarget();
     void offerMailSettings();
 
-    Forms& forms_;
+    Form1& form1_;
+    FrmNotify& frmNotify_;
     Host& host_;
 };
 

@@ -14,23 +14,22 @@ constexpr int opaque = 100;
 
 }  // namespace
 
-AlertDialogHiding::AlertDialogHiding(Forms& forms, Translucency& translucency, JournalLog& log)
-    : forms_(forms),
+AlertDialogHiding::AlertDialogHiding(DlgAlert& dlgAlert, Translucency& translucency,
+                                     JournalLog& log)
+    : dlgAlert_(dlgAlert),
       translucency_(translucency),
       log_(log),
       iDismissCount_(ticksToDismissal),
       level_(opaque) {
-    DlgAlert& dialog = forms_.dlgAlert;
-    dialog.Load.connect([this] { Load(); });
-    dialog.chkLog.Click.connect([this] { chkLog_Click(); });
-    dialog.chkAutoHide.Click.connect([this] { chkAutoHide_Click(); });
-    dialog.Timer1.Tick.connect([this] { Timer1_Timer(); });
+    dlgAlert_.Load.connect([this] { Load(); });
+    dlgAlert_.chkLog.Click.connect([this] { chkLog_Click(); });
+    dlgAlert_.chkAutoHide.Click.connect([this] { chkAutoHide_Click(); });
+    dlgAlert_.Timer1.Tick.connect([this] { Timer1_Timer(); });
 }
 
 void AlertDialogHiding::Load() {
-    DlgAlert& dialog = forms_.dlgAlert;
-    if (dialog.chkLog.ticked()) applyLevel(half);
-    dialog.Timer1.setInterval(tickInterval);
+    if (dlgAlert_.chkLog.ticked()) applyLevel(half);
+    dlgAlert_.Timer1.setInterval(tickInterval);
     rest();
 }
 
@@ -40,47 +39,44 @@ void AlertDialogHiding::chkLog_Click() {
 
 void AlertDialogHiding::applyLevel(int percent) {
     level_ = percent;
-    translucency_.SetTranslucency(forms_.dlgAlert, percent);
+    translucency_.SetTranslucency(dlgAlert_, percent);
 }
 
 // The count stays where it is.
 void AlertDialogHiding::chkAutoHide_Click() {
-    DlgAlert& dialog = forms_.dlgAlert;
-    dialog.Timer1.setEnabled(dialog.chkAutoHide.ticked());
-    if (!dialog.chkAutoHide.ticked()) rest();
+    dlgAlert_.Timer1.setEnabled(dlgAlert_.chkAutoHide.ticked());
+    if (!dlgAlert_.chkAutoHide.ticked()) rest();
 }
 
 void AlertDialogHiding::Timer1_Timer() {
-    DlgAlert& dialog = forms_.dlgAlert;
-    if (!dialog.Visible()) {
+    if (!dlgAlert_.Visible()) {
         iDismissCount_ = ticksToDismissal;
         return;
     }
-    if (!dialog.chkAutoHide.ticked()) return;
+    if (!dlgAlert_.chkAutoHide.ticked()) return;
     if (iDismissCount_ > 0) {
         // The words say seconds, though a tick is longer.
-        dialog.setCaption("Auto Dismiss Alert Window in (sec.): " +
-                          toText(std::int64_t{iDismissCount_}));
+        dlgAlert_.setCaption("Auto Dismiss Alert Window in (sec.): " +
+                             toText(std::int64_t{iDismissCount_}));
         --iDismissCount_;
     }
     if (iDismissCount_ <= 0) dismiss();
 }
 
 void AlertDialogHiding::dismiss() {
-    DlgAlert& dialog = forms_.dlgAlert;
     // A file that can't be written now must not stop the dialog from hiding itself later.
     const ScopeGuard standReady([&] {
         rest();
-        dialog.Timer1.setEnabled(true);
+        dlgAlert_.Timer1.setEnabled(true);
     });
-    dialog.Timer1.setEnabled(false);
-    dialog.Hide();
+    dlgAlert_.Timer1.setEnabled(false);
+    dlgAlert_.Hide();
     iDismissCount_ = ticksToDismissal;
     log_.prcSaveLog();
 }
 
 void AlertDialogHiding::rest() {
-    forms_.dlgAlert.setCaption("Alert Dialog");
+    dlgAlert_.setCaption("Alert Dialog");
 }
 
 }  // namespace velmora

@@ -6,14 +6,14 @@
 
 #include "alerts/journal/journal_log.h"
 #include "alerts/ports.h"
-#include "forms/forms.h"
+#include "forms/dialogs.h"
 
 namespace velmora {
 
 class AlertDialogHiding {
   public:
     /// Connects the dialog's loading, its two check boxes and its timer.
-    AlertDialogHiding(Forms& forms, Translucency& translucency, JournalLog& log);
+    AlertDialogHiding(DlgAlert& dlgAlert, Translucency& translucency, JournalLog& log);
     AlertDialogHiding(const AlertDialogHiding&) = delete;
     AlertDialogHiding& operator=(const AlertDialogHiding&) = delete;
 
@@ -30,7 +30,7 @@ class AlertDialogHiding {
     void dismiss();
     void rest();
 
-    Forms& forms_;
+    DlgAlert& dlgAlert_;
     Translucency& translucency_;
     JournalLog& log_;
     std::int16_t iDismissCount_;  // ticks left

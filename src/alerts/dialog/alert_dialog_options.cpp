@@ -37,13 +37,13 @@ constexpr int lastFileAction = act::autoMove;
 
 }  // namespace
 
-AlertDialogOptions::AlertDialogOptions(Forms& forms, Platform& platform, Host& host)
-    : forms_(forms), platform_(platform), host_(host) {
-    DlgAlert& dialog = forms_.dlgAlert;
-    for (std::size_t i = 0; i < dialog.lblAct.size(); ++i) {
-        dialog.lblAct[i].Click.connect([this, i] { lblAct_Click(i); });
+AlertDialogOptions::AlertDialogOptions(Form1& form1, DlgAlert& dlgAlert, Platform& platform,
+                                       Host& host)
+    : form1_(form1), dlgAlert_(dlgAlert), platform_(platform), host_(host) {
+    for (std::size_t i = 0; i < dlgAlert_.lblAct.size(); ++i) {
+        dlgAlert_.lblAct[i].Click.connect([this, i] { lblAct_Click(i); });
     }
-    dialog.lblAl[alert_button::wizard].Click.connect([this] { Wizard_Click(); });
+    dlgAlert_.lblAl[alert_button::wizard].Click.connect([this] { Wizard_Click(); });
 }
 
 void AlertDialogOptions::lblAct_Click(std::size_t index) {
@@ -51,20 +51,19 @@ void AlertDialogOptions::lblAct_Click(std::size_t index) {
         startSorbane();
         return;
     }
-    DlgAlert& dialog = forms_.dlgAlert;
-    dialog.lblSuggest.setCaption(options[index].suggestion);
-    dialog.lblAl[alert_button::wizard].setTag(options[index].word);
+    dlgAlert_.lblSuggest.setCaption(options[index].suggestion);
+    dlgAlert_.lblAl[alert_button::wizard].setTag(options[index].word);
 }
 
 void AlertDialogOptions::startSorbane() {
     const std::string& folder = platform_.app.Path;
     platform_.files.writeOver(folder + "\\clen.dat", driveInAlert().append(lineEnd));
-    platform_.shell32.ShellExecuteA(forms_.form1.Name(), "open", folder + "\\sorbane.exe", "", "",
+    platform_.shell32.ShellExecuteA(form1_.Name(), "open", folder + "\\sorbane.exe", "", "",
                                     normalWindow);
 }
 
 std::string AlertDialogOptions::driveInAlert() {
-    const ListView& list = forms_.form1.ListView1;
+    const ListView& list = form1_.ListView1;
     for (int i = 1; i <= list.Count(); ++i) {
         const ConstWatchRow row(list.ListItems(i));
         if (row.isInAlert()) return row.path();
@@ -73,7 +72,7 @@ std::string AlertDialogOptions::driveInAlert() {
 }
 
 void AlertDialogOptions::Wizard_Click() {
-    const std::string word = forms_.dlgAlert.lblAl[alert_button::wizard].Tag();
+    const std::string word = dlgAlert_.lblAl[alert_button::wizard].Tag();
     if (word != moveWord && word != deleteWord) return;
     chooseFiles();
     clearFileActions();
@@ -88,16 +87,15 @@ void AlertDialogOptions::chooseFiles() {
         host_.MsgBox({.text = "No file(s) were selected."});
         return;
     }
-    Form1& form1 = forms_.form1;
-    form1.cboFile.setText(replaceAll(chosen, std::string_view("\0", 1), ";"));
-    form1.Command2.Click();
+    form1_.cboFile.setText(replaceAll(chosen, std::string_view("\0", 1), ";"));
+    form1_.Command2.Click();
     host_.MsgBox({.text = "The files are now listed in the Spec. file(s)\r\n"
                           "If you change your mind, you can go select the file and hit remove"});
 }
 
 // None is ticked in their place: the user decides on the option's page what is to be done.
 void AlertDialogOptions::clearFileActions() {
-    ListBox& actions = forms_.form1.lstAct;
+    ListBox& actions = form1_.lstAct;
     for (int i = firstFileAction; i < actions.ListCount() && i <= lastFileAction; ++i) {
         actions.setSelected(i, false);
     }

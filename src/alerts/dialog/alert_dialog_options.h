@@ -5,7 +5,8 @@
 #include <cstddef>
 #include <string>
 
-#include "forms/forms.h"
+#include "forms/dialogs.h"
+#include "forms/form1.h"
 #include "platform/host.h"
 #include "platform/platform.h"
 
@@ -14,7 +15,7 @@ namespace velmora {
 class AlertDialogOptions {
   public:
     /// Connects the labels of the options and the wizard.
-    AlertDialogOptions(Forms& forms, Platform& platform, Host& host);
+    AlertDialogOptions(Form1& form1, DlgAlert& dlgAlert, Platform& platform, Host& host);
     AlertDialogOptions(const AlertDialogOptions&) = delete;
     AlertDialogOptions& operator=(const AlertDialogOptions&) = delete;
 
@@ -34,7 +35,8 @@ class AlertDialogOptions {
     void chooseFiles();
     void clearFileActions();
 
-    Forms& forms_;
+    Form1& form1_;
+    DlgAlert& dlgAlert_;
     Platform& platform_;
     Host& host_;
 };

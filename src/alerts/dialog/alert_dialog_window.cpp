@@ -12,44 +12,43 @@ constexpr int heightWithActions = 8200;
 
 }  // namespace
 
-AlertDialogWindow::AlertDialogWindow(Forms& forms, WorkArea& workArea)
-    : forms_(forms), workArea_(workArea) {
-    DlgAlert& dialog = forms_.dlgAlert;
-    dialog.lblAl[alert_button::ok].Click.connect([&dialog] { dialog.Hide(); });
-    dialog.lblAl[alert_button::clear].Click.connect([&dialog] { dialog.Label1.setText(""); });
+AlertDialogWindow::AlertDialogWindow(Form1& form1, DlgAlert& dlgAlert, WorkArea& workArea)
+    : form1_(form1), dlgAlert_(dlgAlert), workArea_(workArea) {
+    dlgAlert_.lblAl[alert_button::ok].Click.connect([this] { dlgAlert_.Hide(); });
+    dlgAlert_.lblAl[alert_button::clear].Click.connect([this] { dlgAlert_.Label1.setText(""); });
     // Whatever its caption says.
-    dialog.lblAl[alert_button::explorer].Click.connect([&dialog] { dialog.Label1.setText(" . "); });
-    dialog.lblAl[alert_button::action].Click.connect([this] { showActions(); });
-    for (MenuItem* item : {&forms_.form1.mnuShowAl, &forms_.form1.mnuShowAlert}) {
+    dlgAlert_.lblAl[alert_button::explorer].Click.connect(
+        [this] { dlgAlert_.Label1.setText(" . "); });
+    dlgAlert_.lblAl[alert_button::action].Click.connect([this] { showActions(); });
+    for (MenuItem* item : {&form1_.mnuShowAl, &form1_.mnuShowAlert}) {
         item->Click.connect([this] { showWhole(); });
     }
     // The options lie below the rest.
-    dialog.Resize.connect(
-        [&dialog] { dialog.fraAct.setVisible(dialog.Height() >= heightWithActions); });
+    dlgAlert_.Resize.connect(
+        [this] { dlgAlert_.fraAct.setVisible(dlgAlert_.Height() >= heightWithActions); });
 }
 
 void AlertDialogWindow::show() {
     place();
-    forms_.dlgAlert.Show();
+    dlgAlert_.Show();
 }
 
 // The dialog may have been folded; by menu it comes in its full height.
 void AlertDialogWindow::showWhole() {
-    forms_.dlgAlert.setSize(forms_.dlgAlert.Width(), fullHeight);
+    dlgAlert_.setSize(dlgAlert_.Width(), fullHeight);
     show();
 }
 
 void AlertDialogWindow::showActions() {
-    DlgAlert& dialog = forms_.dlgAlert;
-    if (dialog.Height() >= heightWithActions) return;
-    dialog.setSize(dialog.Width(), heightWithActions);
+    if (dlgAlert_.Height() >= heightWithActions) return;
+    dlgAlert_.setSize(dlgAlert_.Width(), heightWithActions);
     // It grows downward: the options would come to lie below the screen.
     place();
 }
 
 void AlertDialogWindow::place() {
-    DlgAlert& dialog = forms_.dlgAlert;
-    dialog.moveTo(workArea_.Width() - dialog.Width(), workArea_.Height() - dialog.Height());
+    dlgAlert_.moveTo(workArea_.Width() - dlgAlert_.Width(),
+                     workArea_.Height() - dlgAlert_.Height());
 }
 
 }  // namespace velmora

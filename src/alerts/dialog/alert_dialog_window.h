@@ -2,7 +2,8 @@
 // buttons that change no more than the dialog itself, and the menu items that show it.
 #pragma once
 
-#include "forms/forms.h"
+#include "forms/dialogs.h"
+#include "forms/form1.h"
 #include "platform/work_area.h"
 
 namespace velmora {
@@ -10,7 +11,7 @@ namespace velmora {
 class AlertDialogWindow {
   public:
     /// Connects "OK", "Clear", "Explorer" and "Action" of the dialog, and the two menu items.
-    AlertDialogWindow(Forms& forms, WorkArea& workArea);
+    AlertDialogWindow(Form1& form1, DlgAlert& dlgAlert, WorkArea& workArea);
     AlertDialogWindow(const AlertDialogWindow&) = delete;
     AlertDialogWindow& operator=(const AlertDialogWindow&) = delete;
 
@@ -25,7 +26,8 @@ class AlertDialogWindow {
     void showWhole();
     void place();
 
-    Forms& forms_;
+    Form1& form1_;
+    DlgAlert& dlgAlert_;
     WorkArea& workArea_;
 };
 

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "alerts/ports.h"
-#include "forms/forms.h"
+#include "forms/form1.h"
 #include "platform/host.h"
 #include "platform/platform.h"
 
@@ -17,7 +17,7 @@ class JournalLog {
   public:
     /// Connects the buttons of the log page, and marks the journal as saved up to a length of 0, so
     /// that the first check saves already. The mark, in decimal, is the tag of txtAlert.
-    JournalLog(Forms& forms, Platform& platform, Host& host, StayOnTop& stayOnTop);
+    JournalLog(Form1& form1, Platform& platform, Host& host, StayOnTop& stayOnTop);
     JournalLog(const JournalLog&) = delete;
     JournalLog& operator=(const JournalLog&) = delete;
 
@@ -41,7 +41,7 @@ class JournalLog {
     void DeleteLog_Click();
     bool isAgreed(const std::string& question);
 
-    Forms& forms_;
+    Form1& form1_;
     Platform& platform_;
     Host& host_;
     StayOnTop& stayOnTop_;

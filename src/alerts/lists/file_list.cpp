@@ -23,7 +23,7 @@ Box questionAboutMissing(const std::string& path) {
 }  // namespace
 
 ListedFile FileList::addBareRow(ListView& list, const std::string& path) {
-    ListedFile row(list.Add(platform_.fso.GetFileName(path)));
+    ListedFile row(list.Add(fso_.GetFileName(path)));
     row.setPath(path);
     row.setNoSize();
     return row;
@@ -31,7 +31,7 @@ ListedFile FileList::addBareRow(ListView& list, const std::string& path) {
 
 // All but the size. A field that can't be read doesn't keep the path from being listed.
 void FileList::showEntry(ListedFile row, PathEntry& entry) {
-    const auto shown = [this](const DateTime& time) { return dateText(time, platform_.regional); };
+    const auto shown = [this](const DateTime& time) { return dateText(time, regional_); };
     resumeNext([&] { row.setLocation(entry.ParentFolder()); },
                [&] { row.setAccessed(shown(entry.DateLastAccessed())); },
                [&] { row.setModified(shown(entry.DateLastModified())); },
@@ -40,20 +40,19 @@ void FileList::showEntry(ListedFile row, PathEntry& entry) {
 }
 
 void FileList::showFile(ListedFile row, const std::string& path) {
-    const auto file = platform_.fso.GetFile(path);
+    const auto file = fso_.GetFile(path);
     resumeNext([&] {
         const double bytes = file->Size();
-        row.setSize(kilobyteText(bytes, Grouping::regional, platform_.regional),
-                    toText(bytes, platform_.regional));
+        row.setSize(kilobyteText(bytes, Grouping::regional, regional_), toText(bytes, regional_));
     });
     showEntry(row, *file);
 }
 
 void FileList::showFolder(ListedFile row, const std::string& path) {
-    const auto folder = platform_.fso.GetFolder(path);
+    const auto folder = fso_.GetFolder(path);
     resumeNext([&] {
         const double bytes = folder->Size();
-        row.setSize(folderSizeText(bytes, platform_.regional), toText(bytes, platform_.regional));
+        row.setSize(folderSizeText(bytes, regional_), toText(bytes, regional_));
     });
     showEntry(row, *folder);
 }
@@ -64,10 +63,10 @@ void FileList::prcAllLV(ListView& list, const std::string& strPath) {
     if (strPath.empty()) return;
     const ListedFile row = addBareRow(list, strPath);
     resumeNext([&] {
-        if (platform_.fso.FileExists(strPath)) {
+        if (fso_.FileExists(strPath)) {
             showFile(row, strPath);
-        } else if (platform_.fso.FolderExists(strPath)) {
-            showEntry(row, *platform_.fso.GetFolder(strPath));
+        } else if (fso_.FolderExists(strPath)) {
+            showEntry(row, *fso_.GetFolder(strPath));
         }
     });
 }
@@ -82,7 +81,7 @@ std::vector<std::string> FileList::GetFiles(ListView& lvFile, const ComboBox& cb
         objDlg.InitDir = "c:\\";
         objDlg.Filter = "All Files (*.*)|*.*";
         strFile = host_.OpenFileDialog(objDlg);
-    } else if (const std::string bare = withoutLineEnds(text); platform_.fso.FileExists(bare)) {
+    } else if (const std::string bare = withoutLineEnds(text); fso_.FileExists(bare)) {
         strFile = bare;
     }
     return addChosen(lvFile, strFile);
@@ -99,7 +98,7 @@ std::vector<std::string> FileList::addChosen(ListView& list, const std::string& 
     for (const std::string& name : split(names.substr(folderEnd + 1), std::string_view("\0", 1))) {
         // Whatever lies in the folder under that name isn't what was chosen.
         const std::string path = driveNameOf(name).empty() ? joined(folder, name) : name;
-        if (!platform_.fso.FileExists(path)) continue;
+        if (!fso_.FileExists(path)) continue;
         prcAllLV(list, path);
         added.push_back(path);
     }
@@ -114,7 +113,7 @@ void FileList::prcAddItem2LV(ListView& lv, const ComboBox& cbo) {
         if (!contains(path, ":") && !folder.empty()) path = joined(folder, path);
         path = replaceAll(path, "\\\\", "\\");
         addOrAsk(lv, path);
-        folder = platform_.fso.FolderExists(path) ? path : parentFolderOf(path);
+        folder = fso_.FolderExists(path) ? path : parentFolderOf(path);
     }
 }
 
@@ -123,10 +122,10 @@ void FileList::addDropped(ListView& list, const std::vector<std::string>& paths)
 }
 
 void FileList::addOrAsk(ListView& list, const std::string& path) {
-    if (platform_.fso.FileExists(path)) {
+    if (fso_.FileExists(path)) {
         const ListedFile row = addBareRow(list, path);
         resumeNext([&] { showFile(row, path); });
-    } else if (platform_.fso.FolderExists(path)) {
+    } else if (fso_.FolderExists(path)) {
         const ListedFile row = addBareRow(list, path);
         resumeNext([&] { showFolder(row, path); });
     } else if (host_.MsgBox(questionAboutMissing(path)) == BoxAnswer::yes) {

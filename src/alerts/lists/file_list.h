@@ -4,17 +4,19 @@
 #include <string>
 #include <vector>
 
+#include "base/regional.h"
 #include "controls/list_box.h"
 #include "controls/list_view.h"
+#include "platform/file_system_object.h"
 #include "platform/host.h"
-#include "platform/platform.h"
 #include "rows/listed_file.h"
 
 namespace velmora {
 
 class FileList {
   public:
-    FileList(Platform& platform, Host& host) : platform_(platform), host_(host) {}
+    FileList(FileSystemObject& fso, const Regional& regional, Host& host)
+        : fso_(fso), regional_(regional), host_(host) {}
     FileList(const FileList&) = delete;
     FileList& operator=(const FileList&) = delete;
 
@@ -46,7 +48,8 @@ class FileList {
     void showEntry(ListedFile row, PathEntry& entry);
     std::vector<std::string> addChosen(ListView& list, const std::string& names);
 
-    Platform& platform_;
+    FileSystemObject& fso_;
+    const Regional& regional_;
     Host& host_;
 };
 

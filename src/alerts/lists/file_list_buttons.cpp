@@ -23,9 +23,9 @@ enum FileButton {
 }  // namespace
 
 // Command2 has an empty handler.
-FileListButtons::FileListButtons(Forms& forms, Host& host, FileList& files,
+FileListButtons::FileListButtons(Form1& form1, Host& host, FileList& files,
                                  SystemActions& systemActions)
-    : form1_(forms.form1), host_(host), files_(files), systemActions_(systemActions) {
+    : form1_(form1), host_(host), files_(files), systemActions_(systemActions) {
     for (Label& label : form1_.lblSF) {
         label.Click.connect([this, index = label.Index()] { lblSF_Click(index); });
     }

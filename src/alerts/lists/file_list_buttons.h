@@ -6,7 +6,7 @@
 
 #include "alerts/lists/file_list.h"
 #include "alerts/system/system_actions.h"
-#include "forms/forms.h"
+#include "forms/form1.h"
 
 namespace velmora {
 
@@ -15,7 +15,7 @@ class FileListButtons {
     /// Connects its handlers to the forms, which must outlive it like the rest. Moving and deleting
     /// go through the buttons cmdMove, cmdMoveAll, cmdDelete and cmdDeleteAll, pausing the watch
     /// through cmdPause.
-    FileListButtons(Forms& forms, Host& host, FileList& files, SystemActions& systemActions);
+    FileListButtons(Form1& form1, Host& host, FileList& files, SystemActions& systemActions);
     FileListButtons(const FileListButtons&) = delete;
     FileListButtons& operator=(const FileListButtons&) = delete;
 

@@ -17,8 +17,8 @@ enum ProgramButton { addProgram, removeProgram, clearPrograms, runProgram, brows
 
 }  // namespace
 
-ProgramList::ProgramList(Forms& forms, Platform& platform, Host& host)
-    : form1_(forms.form1), platform_(platform), host_(host) {
+ProgramList::ProgramList(Form1& form1, FileSystemObject& fso, Shell32& shell32, Host& host)
+    : form1_(form1), fso_(fso), shell32_(shell32), host_(host) {
     connect();
 }
 
@@ -54,7 +54,7 @@ void ProgramList::Label5_Click(int index) {
 bool ProgramList::boxNamesFile() {
     const std::string& text = form1_.cboProg.Text();
     if (text.empty()) return false;
-    if (platform_.fso.FileExists(text)) return true;
+    if (fso_.FileExists(text)) return true;
     host_.MsgBox({.text = "File does not exists.", .icon = BoxIcon::critical});
     return false;
 }
@@ -66,7 +66,7 @@ void ProgramList::cmdPAdd_Click() {
 void ProgramList::addFromBox() {
     if (!boxNamesFile()) return;
     const std::string path = form1_.cboProg.Text();
-    addRow(platform_.fso.GetFileName(path), path);
+    addRow(fso_.GetFileName(path), path);
 }
 
 void ProgramList::addRow(std::string text, const std::string& path) {
@@ -75,7 +75,7 @@ void ProgramList::addRow(std::string text, const std::string& path) {
     row.setAction("Execute");
     // A field that can't be read doesn't keep the program from being listed.
     resumeNext([&] {
-        const auto file = platform_.fso.GetFile(path);
+        const auto file = fso_.GetFile(path);
         row.setLocation(file->ParentFolder());
         row.setType(file->Type());
     });
@@ -90,8 +90,8 @@ void ProgramList::runSelected() {
     if (row == nullptr) return;
     const std::string path = ConstListedProgram(*row).path();
     std::string outcome = " - Specified Program Execution Failed (File Does Not Exist): ";
-    if (platform_.fso.FileExists(path)) {
-        platform_.shell32.ShellExecuteA(form1_.Name(), "open", path, "", "", normalWindow);
+    if (fso_.FileExists(path)) {
+        shell32_.ShellExecuteA(form1_.Name(), "open", path, "", "", normalWindow);
         outcome = " - Specified Program Executed: ";
     }
     const std::string end(lineEnd);
@@ -113,7 +113,7 @@ void ProgramList::drop(const std::vector<std::string>& paths) {
         return;
     }
     for (const std::string& path : paths) {
-        if (platform_.fso.FileExists(path)) addRow(path, path);
+        if (fso_.FileExists(path)) addRow(path, path);
     }
 }
 

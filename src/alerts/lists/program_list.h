@@ -4,16 +4,17 @@
 #include <string>
 #include <vector>
 
-#include "forms/forms.h"
+#include "forms/form1.h"
+#include "platform/file_system_object.h"
 #include "platform/host.h"
-#include "platform/platform.h"
+#include "platform/shell32.h"
 
 namespace velmora {
 
 class ProgramList {
   public:
     /// Connects its handlers to the forms, which must outlive it like the rest.
-    ProgramList(Forms& forms, Platform& platform, Host& host);
+    ProgramList(Form1& form1, FileSystemObject& fso, Shell32& shell32, Host& host);
     ProgramList(const ProgramList&) = delete;
     ProgramList& operator=(const ProgramList&) = delete;
 
@@ -31,7 +32,8 @@ class ProgramList {
     void drop(const std::vector<std::string>& paths);
 
     Form1& form1_;
-    Platform& platform_;
+    FileSystemObject& fso_;
+    Shell32& shell32_;
     Host& host_;
 };
 

@@ -5,14 +5,13 @@
 
 namespace velmora {
 
-SoundButtons::SoundButtons(Forms& forms, Platform& platform, Host& host, SystemActions& actions)
-    : forms_(forms), platform_(platform), host_(host), actions_(actions) {
-    Form1& form1 = forms_.form1;
-    for (std::size_t i = 0; i < form1.txtAudio.size(); ++i) {
-        form1.cmdPlay[i].Click.connect([this, i] { cmdPlay_Click(i); });
-        form1.cmdAudio[i].Click.connect([this, i] { cmdAudio_Click(i); });
+SoundButtons::SoundButtons(Form1& form1, Platform& platform, Host& host, SystemActions& actions)
+    : form1_(form1), platform_(platform), host_(host), actions_(actions) {
+    for (std::size_t i = 0; i < form1_.txtAudio.size(); ++i) {
+        form1_.cmdPlay[i].Click.connect([this, i] { cmdPlay_Click(i); });
+        form1_.cmdAudio[i].Click.connect([this, i] { cmdAudio_Click(i); });
     }
-    form1.cmdSnd.Click.connect([this] { cmdSnd_Click(); });
+    form1_.cmdSnd.Click.connect([this] { cmdSnd_Click(); });
 }
 
 void SoundButtons::setDefaults() {
@@ -21,7 +20,7 @@ void SoundButtons::setDefaults() {
         const std::string folder = platform_.kernel32.GetWindowsDirectoryA();
         if (folder.empty()) return;
         const std::string chime = folder + "\\media\\chimes.wav";
-        for (TextBox& sound : forms_.form1.txtAudio) {
+        for (TextBox& sound : form1_.txtAudio) {
             if (sound.empty()) sound.setText(chime);
         }
     });
@@ -29,7 +28,7 @@ void SoundButtons::setDefaults() {
 
 // Blanks around the path are no part of it, neither when it is looked for nor when it is played.
 void SoundButtons::cmdPlay_Click(std::size_t index) {
-    const std::string& text = forms_.form1.txtAudio[index].Text();
+    const std::string& text = form1_.txtAudio[index].Text();
     const std::string file = trim(text);
     if (platform_.fso.FileExists(file)) {
         actions_.prcPlaySound(file, sound::noDefault);
@@ -42,7 +41,7 @@ void SoundButtons::cmdAudio_Click(std::size_t index) {
     const std::string file = host_.OpenFileDialog({.Filter = "wav (*.wav)|*.wav;|*.*|*.*"});
     if (file.empty()) return;
     if (platform_.fso.FileExists(file)) {
-        forms_.form1.txtAudio[index].setText(file);
+        form1_.txtAudio[index].setText(file);
     } else {
         sayMissing(file);
     }

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "alerts/system/system_actions.h"
-#include "forms/forms.h"
+#include "forms/form1.h"
 #include "platform/host.h"
 #include "platform/platform.h"
 
@@ -14,7 +14,7 @@ namespace velmora {
 class SoundButtons {
   public:
     /// Connects cmdPlay, cmdAudio and cmdSnd.
-    SoundButtons(Forms& forms, Platform& platform, Host& host, SystemActions& actions);
+    SoundButtons(Form1& form1, Platform& platform, Host& host, SystemActions& actions);
     SoundButtons(const SoundButtons&) = delete;
     SoundButtons& operator=(const SoundButtons&) = delete;
 
@@ -31,7 +31,7 @@ class SoundButtons {
   private:
     void sayMissing(const std::string& file);
 
-    Forms& forms_;
+    Form1& form1_;
     Platform& platform_;
     Host& host_;
     SystemActions& actions_;

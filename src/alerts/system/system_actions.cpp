@@ -63,7 +63,7 @@ void SystemActions::MakeRecycleBinEmpty(const std::string& strDrive, std::int16_
 void SystemActions::prcCleanMan(const std::string& strDrive, const std::string& strSage) {
     const std::string drive = strDrive.empty() ? "" : " /d " + strDrive;
     const std::string sage = strSage.empty() ? "" : " /sagerun: " + strSage;
-    platform_.shell32.ShellExecuteA(forms_.form1.Name(), "open", "cleanmgr", drive + " " + sage, "",
+    platform_.shell32.ShellExecuteA(form1_.Name(), "open", "cleanmgr", drive + " " + sage, "",
                                     normalWindow);
 }
 
@@ -91,7 +91,7 @@ std::int16_t SystemActions::prcPlaySound(const std::string& strFile, std::int32_
 }
 
 std::string SystemActions::prcRunListedProg() {
-    const ComboBox& cboProg = forms_.form1.cboProg;
+    const ComboBox& cboProg = form1_.cboProg;
     std::string account;
     for (int i = 0; i < cboProg.ListCount(); ++i) {
         const std::string& entry = cboProg.List(i);

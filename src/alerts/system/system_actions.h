@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string>
 
-#include "forms/forms.h"
+#include "forms/form1.h"
 #include "platform/platform.h"
 #include "platform/user32.h"
 
@@ -13,8 +13,8 @@ namespace velmora {
 
 class SystemActions {
   public:
-    SystemActions(Forms& forms, Platform& platform, User32& user32)
-        : forms_(forms), platform_(platform), user32_(user32) {}
+    SystemActions(Form1& form1, Platform& platform, User32& user32)
+        : form1_(form1), platform_(platform), user32_(user32) {}
     SystemActions(const SystemActions&) = delete;
     SystemActions& operator=(const SystemActions&) = delete;
 
@@ -43,7 +43,7 @@ class SystemActions {
   private:
     bool isPattern(const std::string& path);
 
-    Forms& forms_;
+    Form1& form1_;
     Platform& platform_;
     User32& user32_;
 };

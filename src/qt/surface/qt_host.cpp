@@ -133,7 +133,9 @@ std::string oneOrSeveral(const std::vector<std::string>& paths) {
 }  // namespace
 
 QtHost::QtHost(Machine& machine, UserHand& hand)
-    : machine_(machine), hand_(hand), shellLinks_(machine.platform()) {
+    : machine_(machine),
+      hand_(hand),
+      shellLinks_(machine.platform().shell32, machine.platform().wscriptShell) {
     sinceYield_.start();
 }
 

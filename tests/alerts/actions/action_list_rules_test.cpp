@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "fake/fake_host.h"
+#include "forms/forms.h"
 #include "rows/watch_columns.h"
 #include "rows/watch_row.h"
 
@@ -15,7 +16,7 @@ struct ActionListRulesTest : testing::Test {
     Forms forms;
     Form1& form1 = forms.form1;
     ListBox& list = forms.form1.lstAct;
-    ActionListRules rules{forms, host};
+    ActionListRules rules{forms.form1, forms.frmNotify, host};
 
     ActionListRulesTest() { addWatchColumns(form1.ListView1); }
     void watch(const std::string& freeSpace) {
@@ -80,7 +81,7 @@ TEST_F(ActionListRulesTest, BothOthersAreUntickedEachWithItsMessage) {
     Forms before;
     for (const int entry : {act::move, act::remove, act::recycle})
         before.form1.lstAct.setSelected(entry, true);
-    ActionListRules late{before, host};
+    ActionListRules late{before.form1, before.frmNotify, host};
     before.form1.lstAct.setSelected(act::recycle, false);
     EXPECT_EQ(boxes(), "");
     before.form1.lstAct.setSelected(act::recycle, true);
@@ -165,7 +166,7 @@ TEST_F(ActionListRulesTest, AClickWithMovingTickedUnticksDeleting) {
     Forms before;
     for (const int entry : {act::move, act::remove, act::recycle})
         before.form1.lstAct.setSelected(entry, true);
-    ActionListRules late{before, host};
+    ActionListRules late{before.form1, before.frmNotify, host};
     before.form1.lstAct.Click();
     EXPECT_TRUE(before.form1.lstAct.Selected(act::move));
     EXPECT_FALSE(before.form1.lstAct.Selected(act::remove));

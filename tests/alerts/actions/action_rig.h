@@ -34,7 +34,7 @@ struct ActionRig {
     ListView& list = forms.form1.ListView1;
     ListView& files = forms.form1.LVFile;
     AlertList alerts{forms, machine.platform(), notifyArea};
-    SystemActions system{forms, machine.platform(), user32};
+    SystemActions system{form1, machine.platform(), user32};
     Actions actions{{.forms = forms,
                      .platform = machine.platform(),
                      .host = host,

@@ -15,7 +15,7 @@ struct Screen : WorkArea {
 TEST(AlertDialogWindow, OpensInTheLowerRightCornerOfTheWorkArea) {
     Forms forms;
     Screen screen;
-    AlertDialogWindow window{forms, screen};
+    AlertDialogWindow window{forms.form1, forms.dlgAlert, screen};
     forms.dlgAlert.setSize(5400, 4200);
     window.show();
     EXPECT_EQ(forms.dlgAlert.Left(), 20000 - 5400);
@@ -26,7 +26,7 @@ TEST(AlertDialogWindow, OpensInTheLowerRightCornerOfTheWorkArea) {
 TEST(AlertDialogWindow, IsPlacedByItsPresentHeightBeforeItIsShown) {
     Forms forms;
     Screen screen;
-    AlertDialogWindow window{forms, screen};
+    AlertDialogWindow window{forms.form1, forms.dlgAlert, screen};
     forms.dlgAlert.setSize(5400, 6000);
     int topWhenLoaded = 0;
     forms.dlgAlert.Load.connect([&] { topWhenLoaded = forms.dlgAlert.Top(); });
@@ -38,7 +38,7 @@ TEST(AlertDialogWindow, IsPlacedByItsPresentHeightBeforeItIsShown) {
 TEST(AlertDialogWindow, ReturnsToItsCornerAndToTheFrontEachTime) {
     Forms forms;
     Screen screen;
-    AlertDialogWindow window{forms, screen};
+    AlertDialogWindow window{forms.form1, forms.dlgAlert, screen};
     int raised = 0;
     forms.dlgAlert.Raised.connect([&] { ++raised; });
     window.show();
@@ -52,7 +52,7 @@ TEST(AlertDialogWindow, TheMenuItemsShowItInItsFullHeight) {
     for (const bool tray : {true, false}) {
         Forms forms;
         Screen screen;
-        AlertDialogWindow window{forms, screen};
+        AlertDialogWindow window{forms.form1, forms.dlgAlert, screen};
         forms.dlgAlert.setSize(5000, 7000);
         int shown = 0;
         forms.dlgAlert.Raised.connect([&] { ++shown; });

@@ -14,6 +14,7 @@
 #include "fake/alert_ports.h"
 #include "fake/fake_host.h"
 #include "fake/fake_machine.h"
+#include "forms/forms.h"
 #include "rows/watch_columns.h"
 #include "rows/watch_row.h"
 
@@ -33,10 +34,10 @@ struct DialogRig {
     Forms forms;
     Form1& form1 = forms.form1;
     DlgAlert& dialog = forms.dlgAlert;
-    JournalLog log{forms, machine.platform(), host, onTop};
-    AlertDialogWindow window{forms, screen};
-    AlertDialogHiding hiding{forms, glass, log};
-    AlertDialogOptions options{forms, machine.platform(), host};
+    JournalLog log{form1, machine.platform(), host, onTop};
+    AlertDialogWindow window{form1, dialog, screen};
+    AlertDialogHiding hiding{dialog, glass, log};
+    AlertDialogOptions options{form1, dialog, machine.platform(), host};
     const std::string logPath = "C:\\Program Files\\Velmora\\log.dat";
     const std::string cleanerFile = "C:\\Program Files\\Velmora\\clen.dat";
 

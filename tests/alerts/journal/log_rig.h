@@ -12,6 +12,7 @@
 #include "fake/alert_ports.h"
 #include "fake/fake_host.h"
 #include "fake/fake_machine.h"
+#include "forms/forms.h"
 
 namespace velmora::tests {
 
@@ -25,7 +26,7 @@ struct LogRig {
     Forms forms;
     Form1& form1 = forms.form1;
     TextBox& journal = forms.form1.txtAlert;
-    JournalLog log{forms, machine.platform(), host, onTop};
+    JournalLog log{forms.form1, machine.platform(), host, onTop};
     const std::string path = "C:\\Program Files\\Velmora\\log.dat";
 
     LogRig() {

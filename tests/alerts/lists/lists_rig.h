@@ -33,11 +33,11 @@ struct ListsRig {
     ListView& list = forms.form1.LVFile;
     ListView& programRows = forms.form1.LVProg;
     AlertList alerts{forms, machine.platform(), notifyArea};
-    SystemActions systemActions{forms, machine.platform(), user32};
-    FileList files{machine.platform(), host};
-    FileListButtons buttons{forms, host, files, systemActions};
-    ProgramList programs{forms, machine.platform(), host};
-    AlertDialogWindow dialog{forms, screen};
+    SystemActions systemActions{form1, machine.platform(), user32};
+    FileList files{machine.platform().fso, machine.platform().regional, host};
+    FileListButtons buttons{form1, host, files, systemActions};
+    ProgramList programs{form1, machine.platform().fso, machine.platform().shell32, host};
+    AlertDialogWindow dialog{form1, forms.dlgAlert, screen};
     ManualOperations manual{{.forms = forms,
                              .platform = machine.platform(),
                              .host = host,

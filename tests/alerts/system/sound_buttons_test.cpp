@@ -5,6 +5,7 @@
 
 #include "base/errors.h"
 #include "fake/fake_surface.h"
+#include "forms/forms.h"
 
 namespace velmora::tests {
 namespace {
@@ -17,8 +18,8 @@ struct SoundButtonsTest : testing::Test {
     fake::FakeUser32 user32;
     Forms forms;
     Form1& form1 = forms.form1;
-    SystemActions actions{forms, machine.platform(), user32};
-    SoundButtons buttons{forms, machine.platform(), host, actions};
+    SystemActions actions{forms.form1, machine.platform(), user32};
+    SoundButtons buttons{forms.form1, machine.platform(), host, actions};
 
     SoundButtonsTest() {
         EXPECT_EQ(machine.log.count(), 0) << "nothing is asked for before the start";
@@ -39,15 +40,15 @@ TEST(SoundDefaults, ChosenSoundsStayAndAFailureLeavesThemEmpty) {
     fake::FakeUser32 user32;
     Forms chosen;
     chosen.form1.txtAudio[1].setText("D:\\mine.wav");
-    SystemActions chosenActions{chosen, machine.platform(), user32};
-    SoundButtons first{chosen, machine.platform(), host, chosenActions};
+    SystemActions chosenActions{chosen.form1, machine.platform(), user32};
+    SoundButtons first{chosen.form1, machine.platform(), host, chosenActions};
     first.setDefaults();
     EXPECT_EQ(chosen.form1.txtAudio[0].Text(), "C:\\Windows\\media\\chimes.wav");
     EXPECT_EQ(chosen.form1.txtAudio[1].Text(), "D:\\mine.wav");
 
     Forms failing;
-    SystemActions failingActions{failing, machine.platform(), user32};
-    SoundButtons second{failing, machine.platform(), host, failingActions};
+    SystemActions failingActions{failing.form1, machine.platform(), user32};
+    SoundButtons second{failing.form1, machine.platform(), host, failingActions};
     machine.log.failCall(1, error::deviceIo);
     second.setDefaults();
     EXPECT_EQ(failing.form1.txtAudio[0].Text(), "");

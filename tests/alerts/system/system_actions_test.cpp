@@ -6,6 +6,7 @@
 #include "base/errors.h"
 #include "base/runtime_error.h"
 #include "fake/fake_surface.h"
+#include "forms/forms.h"
 
 namespace velmora::tests {
 namespace {
@@ -23,7 +24,7 @@ struct SystemActionsTest : testing::Test {
     fake::FakeMachine machine;
     Windows windows;
     Forms forms;
-    SystemActions actions{forms, machine.platform(), windows};
+    SystemActions actions{forms.form1, machine.platform(), windows};
 
     std::uint32_t flagsOf(std::int16_t noConfirmation, std::int16_t noProgress,
                           std::int16_t noSound) {
