@@ -96,7 +96,13 @@ struct FakeSurface {
     FakeShellIcons shellIcons;
     FakeWorkArea workArea;
 
-    Surface all() { return {host, notifyArea, user32, shellIcons, workArea}; }
+    Surface all() {
+        return {.host = host,
+                .notifyArea = notifyArea,
+                .user32 = user32,
+                .shellIcons = shellIcons,
+                .workArea = workArea};
+    }
 };
 
 }  // namespace velmora::fake

@@ -29,7 +29,9 @@ Application ownApplication(Volumes& volumes) {
     if (slash == std::string::npos) return {};
     std::string folder = drivePathOf(path.substr(0, slash), volumes.roots());
     if (folder.ends_with('\\')) folder.pop_back();
-    return {folder, withoutExtension(path.substr(slash + 1)), ownCommand(volumes)};
+    return {.Path = folder,
+            .EXEName = withoutExtension(path.substr(slash + 1)),
+            .Command = ownCommand(volumes)};
 }
 
 class LinuxMachine final : public Machine {
@@ -57,9 +59,16 @@ class LinuxMachine final : public Machine {
     LinuxShell32 shell32_{volumes_};
     LinuxWinmm winmm_{volumes_};
     LinuxWScriptShell wscriptShell_{volumes_};
-    Platform platform_{
-        fso_,     kernel32_, clock_,        files_,         advapi32_,
-        shell32_, winmm_,    wscriptShell_, userRegional(), ownApplication(volumes_)};
+    Platform platform_{.fso = fso_,
+                       .kernel32 = kernel32_,
+                       .clock = clock_,
+                       .files = files_,
+                       .advapi32 = advapi32_,
+                       .shell32 = shell32_,
+                       .winmm = winmm_,
+                       .wscriptShell = wscriptShell_,
+                       .regional = userRegional(),
+                       .app = ownApplication(volumes_)};
 };
 
 }  // namespace

@@ -40,10 +40,10 @@ Application ownApplication() {
     const std::string path = withoutLongPrefix(toUtf8(executablePath()));
     const auto slash = path.rfind('\\');
     const std::string command = toUtf8(afterName(GetCommandLineW()));
-    if (slash == std::string::npos) return {"", path, command};
+    if (slash == std::string::npos) return {.Path = "", .EXEName = path, .Command = command};
     std::string name = path.substr(slash + 1);
     name.resize(std::min(name.rfind('.'), name.size()));
-    return {path.substr(0, slash), name, command};
+    return {.Path = path.substr(0, slash), .EXEName = name, .Command = command};
 }
 
 class WindowsMachine final : public Machine {
@@ -73,8 +73,16 @@ class WindowsMachine final : public Machine {
     WindowsShell32 shell32_;
     WindowsWinmm winmm_;
     WindowsWScriptShell wscriptShell_;
-    Platform platform_{fso_,     kernel32_, clock_,        files_,         advapi32_,
-                       shell32_, winmm_,    wscriptShell_, userRegional(), ownApplication()};
+    Platform platform_{.fso = fso_,
+                       .kernel32 = kernel32_,
+                       .clock = clock_,
+                       .files = files_,
+                       .advapi32 = advapi32_,
+                       .shell32 = shell32_,
+                       .winmm = winmm_,
+                       .wscriptShell = wscriptShell_,
+                       .regional = userRegional(),
+                       .app = ownApplication()};
 };
 
 }  // namespace

@@ -11,9 +11,11 @@ namespace {
 // Both system calls below give the same fields under the same names.
 template <typename Information>
 EntryFacts factsOf(const Information& information) {
-    EntryFacts facts{information.dwFileAttributes, wholeOf(information.ftCreationTime),
-                     wholeOf(information.ftLastAccessTime), wholeOf(information.ftLastWriteTime),
-                     wholeOf(information.nFileSizeHigh, information.nFileSizeLow)};
+    EntryFacts facts{.attributes = information.dwFileAttributes,
+                     .created = wholeOf(information.ftCreationTime),
+                     .accessed = wholeOf(information.ftLastAccessTime),
+                     .written = wholeOf(information.ftLastWriteTime),
+                     .size = wholeOf(information.nFileSizeHigh, information.nFileSizeLow)};
     // Not every drive keeps all of them.
     if (facts.created == 0) facts.created = facts.written;
     if (facts.accessed == 0) facts.accessed = facts.written;
@@ -51,15 +53,20 @@ DWORD readFacts(const std::wstring& path, EntryFacts& facts) {
 }
 
 DateTime localTime(std::uint64_t time) {
-    const FILETIME halves{static_cast<DWORD>(time), static_cast<DWORD>(time >> 32)};
+    const FILETIME halves{.dwLowDateTime = static_cast<DWORD>(time),
+                          .dwHighDateTime = static_cast<DWORD>(time >> 32)};
     SYSTEMTIME universal{};
     SYSTEMTIME local{};
     // By the rules of that day: today's difference may be that of the other half of the year.
     if (time == 0 || !FileTimeToSystemTime(&halves, &universal) ||
         !SystemTimeToTzSpecificLocalTime(nullptr, &universal, &local))
         return {};
-    const DateTime result{local.wYear, local.wMonth,  local.wDay,
-                          local.wHour, local.wMinute, local.wSecond};
+    const DateTime result{.year = local.wYear,
+                          .month = local.wMonth,
+                          .day = local.wDay,
+                          .hour = local.wHour,
+                          .minute = local.wMinute,
+                          .second = local.wSecond};
     return isValid(result) ? result : DateTime{};
 }
 
