@@ -32,21 +32,21 @@ void ManualOperations::cmdDelete_Click() {
     removeRow(*subject);
     report(text);
     // Shows the effect at once.
-    form1_.Timer1.Tick();
+    parts_.form1.Timer1.Tick();
 }
 
 // Deletes what the path names and says what became of it.
 std::string ManualOperations::remove(const std::string& tag) {
-    if (platform_.fso.FileExists(tag)) {
-        platform_.files.remove(tag);
+    if (parts_.platform.fso.FileExists(tag)) {
+        parts_.platform.files.remove(tag);
         return "- Deleted File: " + tag;
     }
-    if (platform_.fso.FolderExists(tag)) {
-        const auto folder = folderToDelete(platform_.fso, tag);
+    if (parts_.platform.fso.FolderExists(tag)) {
+        const auto folder = folderToDelete(parts_.platform.fso, tag);
         if (const auto bytes = contentToDelete(*folder)) {
             folder->Delete(true);
             return pieceEnd + ("- Deleted Folder: " + tag) + " | [" +
-                   folderSizeText(*bytes, platform_.regional) + "]";
+                   folderSizeText(*bytes, parts_.platform.regional) + "]";
         }
     }
     return "- No Folder Found or No Content in Folder: " + tag;
@@ -54,12 +54,12 @@ std::string ManualOperations::remove(const std::string& tag) {
 
 void ManualOperations::cmdDeleteAll_Click() {
     if (list_.Count() == 0) return say("No item listed.");
-    const BoxAnswer answer =
-        host_.MsgBox({.text = "Do you want to delete files or put in recycle bin? Yes = Recycle "
-                              "Bin, No = Permanent Deletion",
-                      .icon = BoxIcon::question,
-                      .buttons = BoxButtons::yesNoCancel,
-                      .title = "RecycleBin"});
+    const BoxAnswer answer = parts_.host.MsgBox(
+        {.text = "Do you want to delete files or put in recycle bin? Yes = Recycle Bin, No = "
+                 "Permanent Deletion",
+         .icon = BoxIcon::question,
+         .buttons = BoxButtons::yesNoCancel,
+         .title = "RecycleBin"});
     if (answer != BoxAnswer::yes && answer != BoxAnswer::no) return;
     for (Subject& subject : rowsFromLast(list_)) {
         // Rows may have gone while a box stood. What is listed no more is not deleted.
@@ -72,12 +72,12 @@ void ManualOperations::cmdDeleteAll_Click() {
 bool ManualOperations::deleteListed(const ListedRow& subject, bool toBin) {
     const std::string& tag = subject.path;
     try {
-        if (!platform_.fso.FileExists(tag)) return dropMissing(subject);
+        if (!parts_.platform.fso.FileExists(tag)) return dropMissing(subject);
         if (toBin) {
-            systemActions_.prcSendToBin(tag, file_operation::allowUndo);
+            parts_.systemActions.prcSendToBin(tag, file_operation::allowUndo);
             raise(rating::medium, "- Sended File to Recycle Bin: " + tag);
         } else {
-            platform_.files.remove(tag);
+            parts_.platform.files.remove(tag);
             raise(rating::medium, "- Deleted File: " + tag);
         }
         removeRow(subject);
@@ -91,8 +91,8 @@ bool ManualOperations::deleteListed(const ListedRow& subject, bool toBin) {
 // in place; a message has just said so.
 bool ManualOperations::dropMissing(const ListedRow& subject) {
     say("file does not exits: " + subject.path);
-    if (form1_.cboFile.ListCount() == 0) return false;
-    form1_.cboFile.RemoveItem(0);
+    if (parts_.form1.cboFile.ListCount() == 0) return false;
+    parts_.form1.cboFile.RemoveItem(0);
     removeRow(subject);
     return true;
 }
@@ -106,9 +106,9 @@ bool ManualOperations::goOnAfter(const RuntimeError& failure, const std::string&
         "An error was raised when deleting was attempted: Permission denied\r\nFile: " + tag +
         "\r\n";
     raise(rating::high, text);
-    return host_.MsgBox({.text = text + "Do you want to skip this file and continue?",
-                         .icon = BoxIcon::question,
-                         .buttons = BoxButtons::yesNo}) == BoxAnswer::yes;
+    return parts_.host.MsgBox({.text = text + "Do you want to skip this file and continue?",
+                               .icon = BoxIcon::question,
+                               .buttons = BoxButtons::yesNo}) == BoxAnswer::yes;
 }
 
 }  // namespace velmora

@@ -35,10 +35,10 @@ void ManualOperations::moveSelected(int expected) {
     const auto subject = subjectAt(selectedRow(list_, expected));
     if (!subject || subject->path.empty()) return say("no file listed.");
     const std::string& tag = subject->path;
-    if (!platform_.fso.FileExists(tag)) return;
+    if (!parts_.platform.fso.FileExists(tag)) return;
 
-    const std::string newName = *destination + platform_.fso.GetFileName(tag);
-    const bool moved = platform_.kernel32.MoveFileA(tag, newName) == 1;
+    const std::string newName = *destination + parts_.platform.fso.GetFileName(tag);
+    const bool moved = parts_.platform.kernel32.MoveFileA(tag, newName) == 1;
     if (!moved) {
         say("File was moved unsuccessfully, check for sufficient resources (disk space) and try "
             "again.");
@@ -49,17 +49,17 @@ void ManualOperations::moveSelected(int expected) {
 
 // The folder in front of which the file's name is put as it is; nothing when the user gives up.
 std::optional<std::string> ManualOperations::askDestination() {
-    const std::string specified = withoutLineEnds(form1_.txtDrive.Text());
+    const std::string specified = withoutLineEnds(parts_.form1.txtDrive.Text());
     const BoxAnswer answer =
-        askInFront(stayOnTop_, host_,
+        askInFront(parts_.stayOnTop, parts_.host,
                    {.text = "Move Selected File(s) to Specified Path: " + specified +
                             " ? click no to select another path",
                     .icon = BoxIcon::question,
                     .buttons = BoxButtons::yesNo});
     if (answer == BoxAnswer::yes) return specified;
-    std::string folder = host_.BrowseForFolder("Select Folder/Path");
+    std::string folder = parts_.host.BrowseForFolder("Select Folder/Path");
     if (folder.empty()) return std::nullopt;
-    return platform_.fso.FolderExists(folder) ? folder : std::string{};
+    return parts_.platform.fso.FolderExists(folder) ? folder : std::string{};
 }
 
 }  // namespace velmora

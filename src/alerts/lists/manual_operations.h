@@ -11,7 +11,8 @@
 #include "alerts/ports.h"
 #include "alerts/system/system_actions.h"
 #include "base/runtime_error.h"
-#include "forms/forms.h"
+#include "forms/dialogs.h"
+#include "forms/form1.h"
 #include "platform/host.h"
 #include "platform/platform.h"
 
@@ -19,7 +20,8 @@ namespace velmora {
 
 /// What the operations are done with.
 struct ManualParts {
-    Forms& forms;
+    Form1& form1;
+    DlgAlert& dlgAlert;
     Platform& platform;
     Host& host;
     AlertList& alerts;
@@ -71,15 +73,8 @@ class ManualOperations {
     void raise(const char* rating, const std::string& text);
     void report(const std::string& text);
 
-    Forms& forms_;
-    Form1& form1_;
-    ListView& list_;
-    Platform& platform_;
-    Host& host_;
-    AlertList& alerts_;
-    SystemActions& systemActions_;
-    AlertDialogWindow& alertDialog_;
-    StayOnTop& stayOnTop_;
+    ManualParts parts_;
+    ListView& list_;  // of the specified files
 };
 
 }  // namespace velmora

@@ -38,7 +38,8 @@ struct ListsRig {
     FileListButtons buttons{form1, host, files, systemActions};
     ProgramList programs{form1, machine.platform().fso, machine.platform().shell32, host};
     AlertDialogWindow dialog{form1, forms.dlgAlert, screen};
-    ManualOperations manual{{.forms = forms,
+    ManualOperations manual{{.form1 = form1,
+                             .dlgAlert = forms.dlgAlert,
                              .platform = machine.platform(),
                              .host = host,
                              .alerts = alerts,
