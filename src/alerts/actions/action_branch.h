@@ -18,7 +18,6 @@ class Actions {
 
     /// All actions. The places of the alert and of the progress dialog have none.
     const ActionTable& table() const { return table_; }
-    FileActions& fileActions() { return files_; }
 
   private:
     ActionParts parts_;

@@ -35,12 +35,13 @@ struct ActionRig {
     ListView& files = forms.form1.LVFile;
     AlertList alerts{forms, machine.platform(), notifyArea};
     SystemActions system{form1, machine.platform(), user32};
-    Actions actions{{.forms = forms,
-                     .platform = machine.platform(),
-                     .host = host,
-                     .alerts = alerts,
-                     .system = system}};
-    FileActions& fileActions = actions.fileActions();
+    ActionParts parts{.forms = forms,
+                      .platform = machine.platform(),
+                      .host = host,
+                      .alerts = alerts,
+                      .system = system};
+    Actions actions{parts};
+    FileActions fileActions{parts};
     std::vector<std::string> done;  ///< clicks on the button that starts and pauses the watch
     std::unique_ptr<Drive> drive;
     std::unique_ptr<Shortage> shortage;
@@ -67,8 +68,13 @@ struct ActionRig {
     /// That row is the short one, and its first alert has been raised.
     void shortOf(int row) {
         drive = machine.platform().fso.GetDrive("C:");
-        shortage.reset(
-            new Shortage{row, list.ListItems(row).Text(), *drive, 5000, shortageText, "stamp", ""});
+        shortage.reset(new Shortage{.row = row,
+                                    .rowText = list.ListItems(row).Text(),
+                                    .drive = *drive,
+                                    .lngMinSpace = 5000,
+                                    .strAlert = shortageText,
+                                    .strStamp = "stamp",
+                                    .strNote = ""});
         WatchRow(list.ListItems(row)).setFirstAlert(shortageText);
         machine.log.clear();
     }
