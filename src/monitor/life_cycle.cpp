@@ -4,9 +4,7 @@
 #include <limits>
 
 #include "base/convert.h"
-#include "base/resume_next.h"
 #include "base/scope_guard.h"
-#include "base/text.h"
 #include "forms/form_numbers.h"
 #include "monitor/maker.h"
 #include "platform/show_window.h"
@@ -14,12 +12,6 @@
 #include "rows/watch_row.h"
 
 namespace velmora {
-
-namespace {
-
-constexpr std::int32_t sendToFolder = 9;
-
-}  // namespace
 
 LifeCycle::LifeCycle(Forms& forms, Platform& platform, Host& host, LifeCycleParts parts)
     : forms_(forms), platform_(platform), host_(host), parts_(parts) {
@@ -50,7 +42,7 @@ void LifeCycle::Form_Load() {
     form1.lblTab[0].Click();
     form1.lblSpectab[0].Click();
     form1.OpDriv[0].choose();
-    prcCommandAdd();
+    parts_.commandLine.prcCommandAdd();
     for (int i = 1; i <= form1.ListView1.Count(); ++i) {
         parts_.events.prcSetPrevInfoLV(form1.ListView1.ListItems(i));
     }
@@ -73,32 +65,6 @@ void LifeCycle::noteStart() {
     forms_.form1.lblAppStart.setCaption(Format(now, "yyyy/mm/dd hh:mm AMPM"));
     forms_.globals.dtAppStart = now;
     forms_.globals.lngStartFreeKB = sum;
-}
-
-int LifeCycle::prcCommandAdd() {
-    if (!platform_.app.Command.empty()) {
-        for (const std::string& piece : split(platform_.app.Command, "\"")) {
-            if (piece.empty() || piece == " ") continue;
-            parts_.fileList.prcAllLV(forms_.form1.LVFile, piece);
-        }
-    }
-    // A machine without such a folder, or one that can't be written, must still start.
-    resumeNext([this] { addSendToShortcut(); });
-    return 1;
-}
-
-void LifeCycle::addSendToShortcut() {
-    const std::string folder = parts_.shellLinks.fSpecialFolder(sendToFolder);
-    if (folder.empty() || platform_.fso.FileExists(folder + "\\Velmora.lnk")) return;
-    const Application& app = platform_.app;
-    const std::string program = app.Path + "\\" + app.EXEName + ".exe";
-    parts_.shellLinks.fCreateShortcut(folder + "\\Velmora", {.description = "Velmora",
-                                                             .target = program,
-                                                             .arguments = {},
-                                                             .directory = app.Path,
-                                                             .hotkey = {},
-                                                             .icon = program,
-                                                             .windowStyle = 3});
 }
 
 void LifeCycle::prcComment() {

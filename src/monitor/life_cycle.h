@@ -2,15 +2,14 @@
 // question is the only way out.
 #pragma once
 
-#include "alerts/lists/file_list.h"
 #include "alerts/ports.h"
 #include "forms/forms.h"
 #include "monitor/check_cycle.h"
+#include "monitor/command_line.h"
 #include "monitor/event_detection.h"
 #include "monitor/watch_control.h"
 #include "monitor/watch_list.h"
 #include "persist/settings_file.h"
-#include "persist/shell_links.h"
 #include "platform/notify_area.h"
 
 namespace velmora {
@@ -21,9 +20,8 @@ struct LifeCycleParts {
     WatchList& watchList;
     WatchControl& watchControl;
     EventPass& events;
-    FileList& fileList;
+    CommandLine& commandLine;
     SettingsFile& settings;
-    ShellLinks& shellLinks;
     StayOnTop& stayOnTop;
     NotifyArea& notifyArea;
 };
@@ -37,8 +35,6 @@ class LifeCycle {
 
     /// Error 53 when the settings file is missing, and those of its values.
     void Form_Load();
-    /// Takes the command line's paths into the specified files and sees to the send-to shortcut.
-    int prcCommandAdd();
     /// Opens a mail to the maker.
     void prcComment();
     /// Asks, and on OK removes the tray icon and throws ProgramEnd.
@@ -49,7 +45,6 @@ class LifeCycle {
   private:
     std::int32_t sumOfFreeKB();
     void noteStart();
-    void addSendToShortcut();
 
     Forms& forms_;
     Platform& platform_;

@@ -36,14 +36,15 @@ Monitor::Monitor(Forms& forms, Platform& platform, const Surface& surface, Parts
                    .settings = parts.persist.settingsFile(),
                    .statistics = statistics_,
                    .rowIcons = window.rowIcons}),
+      commandLine_(forms.form1.LVFile, platform.app, platform.fso, parts.alerts.files(),
+                   parts.persist.shellLinks()),
       lifeCycle_(forms, platform, surface.host,
                  {.checkCycle = checkCycle_,
                   .watchList = watchList_,
                   .watchControl = watchControl_,
                   .events = events_,
-                  .fileList = parts.alerts.files(),
+                  .commandLine = commandLine_,
                   .settings = parts.persist.settingsFile(),
-                  .shellLinks = parts.persist.shellLinks(),
                   .stayOnTop = window.stayOnTop,
                   .notifyArea = surface.notifyArea}) {}
 

@@ -5,6 +5,7 @@
 #include "alerts/alerts.h"
 #include "inspect/inspect.h"
 #include "monitor/check_cycle.h"
+#include "monitor/command_line.h"
 #include "monitor/drive_meter.h"
 #include "monitor/event_detection.h"
 #include "monitor/life_cycle.h"
@@ -53,6 +54,7 @@ class Monitor {
     TriggerEntry triggerEntry_;
     RowCheck rowCheck_;
     CheckCycle checkCycle_;
+    CommandLine commandLine_;
     LifeCycle lifeCycle_;
 };
 

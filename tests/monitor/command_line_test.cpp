@@ -15,7 +15,7 @@ struct CommandRig : Rig {
     /// The paths that the command line adds to the specified files.
     Texts added(const std::string& command) {
         machine.platform().app.Command = command;
-        EXPECT_EQ(lifeCycle.prcCommandAdd(), 1);
+        EXPECT_EQ(commandLine.prcCommandAdd(), 1);
         Texts paths;
         for (int i = 1; i <= form1.LVFile.Count(); ++i) {
             paths.push_back(ConstListedFile(form1.LVFile.ListItems(i)).path());

@@ -147,9 +147,8 @@ TEST(LifeCycle, TheIconGoesBeforeTheWindowIsHidden) {
                          .watchList = rig.watchList,
                          .watchControl = rig.watchControl,
                          .events = rig.events,
-                         .fileList = rig.fileList,
+                         .commandLine = rig.commandLine,
                          .settings = rig.settings,
-                         .shellLinks = rig.shellLinks,
                          .stayOnTop = rig.onTop,
                          .notifyArea = area}};
     lifeCycle.Form_Load();

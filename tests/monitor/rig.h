@@ -12,6 +12,7 @@
 #include "fake/fake_surface.h"
 #include "fake/monitor_ports.h"
 #include "monitor/check_cycle.h"
+#include "monitor/command_line.h"
 #include "monitor/life_cycle.h"
 #include "monitor/minimum_space.h"
 #include "monitor/row_check.h"
@@ -103,6 +104,7 @@ struct Rig {
                               platform.regional,
                               host,
                               {.alerts = alerts, .alertDialog = alertDialog, .tray = tray}};
+    CommandLine commandLine{form1.LVFile, platform.app, platform.fso, fileList, shellLinks};
     LifeCycle lifeCycle{forms,
                         platform,
                         host,
@@ -110,9 +112,8 @@ struct Rig {
                          .watchList = watchList,
                          .watchControl = watchControl,
                          .events = events,
-                         .fileList = fileList,
+                         .commandLine = commandLine,
                          .settings = settings,
-                         .shellLinks = shellLinks,
                          .stayOnTop = onTop,
                          .notifyArea = notifyArea}};
 
