@@ -57,7 +57,7 @@ double best(int rounds, const std::function<void()>& work) {
     return least;
 }
 
-// The scans raise no alert; the form around them asks for somebody who would take one.
+// The scans raise no alert; the form around them needs a taker of alerts all the same.
 class Unheard final : public AlertSink {
   public:
     void raise(const std::string&, const std::string&, const std::string&) override {}

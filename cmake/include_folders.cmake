@@ -1,4 +1,4 @@
-# What a library shows to those who link it: a folder of the build tree with links to the library's
+# What a library offers to the targets that link it: a folder of the build tree with links to the library's
 # own folder of src and to nothing else. An include of a folder that isn't linked doesn't compile.
 
 # Links `path` below the library's include folder to a file or folder of src.
@@ -15,7 +15,7 @@ function(velmora_link_include library path)
     endif()
 endfunction()
 
-# velmora_offer_includes(library path...): shows these paths below src to whoever links the library.
+# velmora_offer_includes(library path...): shows these paths below src to targets that link the library.
 function(velmora_offer_includes library)
     set(folder ${CMAKE_BINARY_DIR}/include/${library})
     foreach(path IN LISTS ARGN)

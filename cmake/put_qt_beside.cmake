@@ -12,9 +12,9 @@ set(ours "^(Qt6.*|lib.*|zlib1)\\.dll$")
 
 # The names of the DLLs that a file needs.
 function(needed_by file result)
-    execute_process(COMMAND "${OBJDUMP}" -p "${file}" OUTPUT_VARIABLE told
+    execute_process(COMMAND "${OBJDUMP}" -p "${file}" OUTPUT_VARIABLE output
         COMMAND_ERROR_IS_FATAL ANY)
-    string(REGEX MATCHALL "DLL Name: [^\r\n]+" names "${told}")
+    string(REGEX MATCHALL "DLL Name: [^\r\n]+" names "${output}")
     list(TRANSFORM names REPLACE "^DLL Name: " "")
     list(FILTER names INCLUDE REGEX "${ours}")
     set(${result} ${names} PARENT_SCOPE)

@@ -41,8 +41,8 @@ class Alerts {
     FileList& files() { return files_; }
 
     /// To be called once the settings are read: gives the sounds their defaults and switches on the
-    /// rules for ticking actions. The rules apply to the user only. Ticks from the settings obeyed
-    /// them when they were set, and a start must not wait for an answer.
+    /// rules for ticking actions. The rules are for the user's ticks only: those from the settings
+    /// followed the rules when they were set, and the start must not wait for an answer.
     void afterLoad();
 
   private:

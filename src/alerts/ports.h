@@ -5,7 +5,7 @@
 
 namespace velmora {
 
-/// The main window's staying in front of the others.
+/// Whether the main window stays in front of the others.
 class StayOnTop {
   public:
     virtual ~StayOnTop() = default;

@@ -54,7 +54,7 @@ double withinLong(double value) {
 }
 
 double roundTiesToEven(double value) {
-    // remainder() takes ties to even whatever the rounding mode of the thread is.
+    // remainder() takes ties to even in every rounding mode of the thread.
     return std::isfinite(value) ? value - std::remainder(value, 1.0) : value;
 }
 

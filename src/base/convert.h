@@ -10,10 +10,10 @@
 
 namespace velmora {
 
-/// The number that a text stands for: blanks, tabs and line ends around it, a sign in front, digits
+/// The number that a text represents: blanks, tabs and line ends around it, a sign in front, digits
 /// with or without digit groups, a decimal part, an exponent ("1,234.5", "-.5", " 12 ", "1E3").
-/// Group marks may stand between any two digits in front of the decimal point; where the regional
-/// mark is a no-break blank, a plain blank and the other no-break blank do as well, as people type
+/// Group marks may be between any two digits in front of the decimal point; where the regional mark
+/// is a no-break blank, a plain blank and the other no-break blank do as well, as people type
 /// those. Nothing for any other text, for an empty one, and for one whose value is beyond a double.
 std::optional<double> readNumber(std::string_view text, const Regional& regional);
 

@@ -55,7 +55,7 @@ class Cursor {
         return found;
     }
 
-    /// All the digits that stand here, from `least` to `most` of them.
+    /// All digits at this place, from `least` to `most` of them.
     bool number(std::size_t least, std::size_t most, int& value) {
         std::size_t count = 0;
         int result = 0;
@@ -69,7 +69,7 @@ class Cursor {
         return true;
     }
 
-    /// "AM" or "PM" in any case, as the whole rest of the text.
+    /// "AM" or "PM" in any case, with nothing after it.
     bool halfOfDay(bool& afternoon) {
         const std::string half = lowerCase(rest_);
         if (half != "am" && half != "pm") return false;
@@ -98,7 +98,7 @@ bool readDatePart(Cursor& cursor, DateOrder order, std::string_view mark, DateTi
     return year() && between() && month() && between() && day();
 }
 
-/// The time, as the whole rest of the text.
+/// The time, with nothing after it.
 bool readTimePart(Cursor& cursor, const Regional& regional, DateTime& value) {
     const auto between = [&] { return cursor.mark(regional.timeSeparator) || cursor.mark(":"); };
     if (!cursor.number(1, 2, value.hour) || !between() || !cursor.number(2, 2, value.minute))

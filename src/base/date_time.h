@@ -14,7 +14,7 @@ namespace velmora {
 struct DateTime {
     int year = 1899;  ///< 100 to 9999
     int month = 12;   ///< 1 to 12
-    int day = 30;     ///< 1 to 31; the default is the day that stands for "no date"
+    int day = 30;     ///< 1 to 31; the default is the day that means "no date"
     int hour = 0;     ///< 0 to 23
     int minute = 0;   ///< 0 to 59
     int second = 0;   ///< 0 to 59
@@ -39,12 +39,11 @@ std::int64_t toSeconds(const DateTime& value);
 DateTime fromSeconds(std::int64_t seconds);
 
 /// A date by a picture: "yyyy", "yy", "mm" and "m", "Mmm" and "Mmmm" (month names), "dd", "d",
-/// "Ddd" and "Dddd" (weekday names), "hh" and "h" (24-hour unless "AMPM" stands in the picture),
-/// "nn" and "n" (minutes), "ss" and "s", "AMPM". "mm" and "m" are minutes when the closest of these
-/// before them is an hour or the next after them is seconds ("AMPM" not counted), and
-/// otherwise the month. Upper and lower case are the same; names are English, always written
-/// "Jan". Other characters stand for themselves; "/" and ":" too, whatever the region. Error 5 for
-/// a date that isn't valid.
+/// "Ddd" and "Dddd" (weekday names), "hh" and "h" (24-hour unless the picture has "AMPM"), "nn" and
+/// "n" (minutes), "ss" and "s", "AMPM". "mm" and "m" are minutes when the closest of these before
+/// them is an hour or the next after them is seconds ("AMPM" not counted), and otherwise the month.
+/// Upper and lower case are the same; names are English, always written "Jan". Other characters
+/// stay as they are; "/" and ":" too, in every region. Error 5 for a date that isn't valid.
 std::string Format(const DateTime& value, std::string_view picture);
 
 /// The regional short date, a blank and the regional time; the time alone for the default date,

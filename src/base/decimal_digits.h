@@ -24,7 +24,7 @@ DecimalDigits decimalDigits(double value);
 /// Rounded to `decimals` (not negative), ties away from zero. Zero is never negative.
 DecimalDigits rounded(DecimalDigits digits, int decimals);
 
-/// The number that the digits stand for.
+/// The number that the digits represent.
 double toNumber(const DecimalDigits& digits);
 
 /// Whole digits with a mark between groups of three.

@@ -18,11 +18,11 @@ enum class Grouping { none, regional };
 std::string FormatNumber(double value, int decimals, Grouping grouping, const Regional& regional);
 
 /// A number by a picture: "#" an optional digit, "0" a required one, "," between digits digit
-/// grouping, "." the decimal point (shown even when no digit follows); any other character stands
-/// for itself. The value is rounded to the picture, ties away from zero; digits in front of the
-/// point that have no place of their own go to the first place. A minus sign stands in front of
-/// everything. A picture without places and point is shown as it is; an empty one shows the value
-/// as toText does. Error 6 for infinities and NaN.
+/// grouping, "." the decimal point (shown even when no digit follows); any other character stays as
+/// it is. The value is rounded to the picture, ties away from zero; digits in front of the point
+/// that have no place of their own go to the first place. A minus sign is in front of everything. A
+/// picture without places and point is shown as it is; an empty one shows the value as toText does.
+/// Error 6 for infinities and NaN.
 std::string Format(double value, std::string_view picture, const Regional& regional);
 
 }  // namespace velmora

@@ -8,9 +8,9 @@
 namespace velmora {
 
 /// Leading blanks (and tabs) are skipped; a field ends at a comma or a line end (CR, LF or CR LF);
-/// a field in double quotes ends at its closing quote, and what follows up to the comma or line
-/// end is passed over when it is blank, else begins the next field. Without a closing quote the
-/// field is all the rest, line ends included. A quote inside a field is a character like others,
+/// a field in double quotes ends at its closing quote, and what follows up to the comma or line end
+/// is skipped when it is blank, else begins the next field. Without a closing quote the field is
+/// everything that follows, line ends included. A quote inside a field is a character like others,
 /// and so are trailing blanks. A separator at the very end of the text begins no further field.
 /// Linear in the text's size.
 class InputFields {

@@ -113,7 +113,7 @@ class NumberReader {
         return places + (e == all.npos ? 0 : exponentValue(all.substr(e + 1))) <= 0;
     }
 
-    /// Stands for any larger exponent: no number of digits in a text can make up for it.
+    /// Used for any larger exponent: no text is long enough for its digits to outweigh it.
     static std::ptrdiff_t exponentValue(std::string_view digits) {
         constexpr std::ptrdiff_t huge = 2'000'000'000;
         std::ptrdiff_t result = 0;

@@ -1,4 +1,4 @@
-// Resume next: a list of statements of which each may fail without stopping the rest.
+// Resume next: a list of statements; one that fails doesn't stop the next ones.
 #pragma once
 
 #include <exception>

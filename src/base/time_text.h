@@ -9,7 +9,7 @@ namespace velmora {
 
 class TimeText {
   public:
-    /// The text of that time; `make` is asked for it when the time is another than before.
+    /// The text of that time; `make` is called when the time differs from the last one.
     template <typename Make>
     const std::string& of(const DateTime& time, Make make) {
         if (text_.empty() || time != time_) {

@@ -3,7 +3,7 @@
 namespace velmora {
 
 void wipe(std::string& text) {
-    // The storage after the text may hold the rest of a longer one. Growing to the capacity keeps
+    // The storage after the text may hold the end of a longer one. Growing to the capacity keeps
     // the same storage.
     text.resize(text.capacity());
     // Volatile, or the compiler would drop the stores, since nothing reads them.

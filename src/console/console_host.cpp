@@ -41,7 +41,7 @@ std::string ConsoleHost::BrowseForFolder(const std::string&) {
     return nextText();
 }
 
-// Where one file is asked for, the first of several is taken.
+// When one file is to be chosen, the first of several is taken.
 std::string ConsoleHost::OpenFileDialog(const FileDialog& dialog) {
     std::string chosen = nextText();
     const auto end = chosen.find('\0');

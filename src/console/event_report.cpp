@@ -19,7 +19,7 @@ void EventReport::reportAlert(const ListItem& row) {
     waiting_.seen(ConstAlertRow(row).text());
 }
 
-// A panel whose picture has changed keeps its text, which isn't reported again.
+// When only the picture of a panel has changed, its text isn't reported again.
 void EventReport::reportPanel(int panel) {
     const std::string& text = status_.Panels(panel).Text;
     std::string& shown = shown_.at(static_cast<std::size_t>(panel));

@@ -39,8 +39,8 @@ class Output {
     /// An operation handed to the system's shell.
     void shell(const std::string& operation, const JsonFields& details);
 
-    /// Flushes the output. Ends the program with status 1 when nobody reads it any more: nobody
-    /// would see what the program does or could stop it.
+    /// Flushes the output. Ends the program with status 1 when its reader is gone: its user could
+    /// neither see what the program does nor stop it.
     void flush();
 
   private:

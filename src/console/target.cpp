@@ -36,7 +36,7 @@ bool setControl(Target& target, const Piece& piece) {
     target.control = target.form->find(piece.name, piece.index.value_or(-1));
     if (target.control != nullptr) return true;
     if (!piece.index) return false;
-    // A number that is no control array's counts the parts of one control.
+    // Where the name isn't that of a control array, the number counts the parts of one control.
     target.control = target.form->find(piece.name);
     if (target.control != nullptr) target.part = piece.index;
     return target.control != nullptr;
@@ -79,7 +79,7 @@ Target resolve(Forms& forms, const std::string& name) {
         if (setControl(target, readPiece(texts[at]))) {
             ++at;
         } else if (at == 0 || texts.size() == 3) {
-            // Following a form alone, the name may be that of a property of the form.
+            // After a form alone, the name may be that of a property of the form.
             unknown("control", texts[at]);
         }
     }

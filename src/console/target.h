@@ -9,7 +9,7 @@
 
 namespace velmora::console {
 
-/// What a name stands for: a form, a control on it, or a numbered part of a control.
+/// What a name refers to: a form, a control on it, or a numbered part of a control.
 struct Target {
     Form* form = nullptr;
     Control* control = nullptr;  ///< null for the form itself

@@ -9,7 +9,7 @@ namespace velmora::console {
 
 namespace {
 constexpr std::int64_t untilLimit = 600 * 1000;
-// The longest sleep in one go while nothing is due.
+// The longest single sleep while no timer is due.
 constexpr std::int64_t nap = 1000;
 }  // namespace
 

@@ -13,7 +13,7 @@ bool isBlank(char c) {
     return c == ' ' || c == '\t';
 }
 
-// Where the closing quote of an escaped text stands, counted from its opening quote; npos if none.
+// Position of an escaped text's closing quote, counted from its opening quote; npos if none.
 std::size_t closingQuote(std::string_view text) {
     for (std::size_t i = 1; i < text.size(); ++i) {
         if (text[i] == '\\') {

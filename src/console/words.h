@@ -1,7 +1,7 @@
 // Splitting a console line into words.
 //
 // A word ends at a blank. A word in double quotes may hold blanks; a quote inside it is doubled and
-// a back-slash stands for itself, so that paths can be written as they are. A word $"..." holds
+// a back-slash stays as it is, so that paths can be written as they are. A word $"..." holds
 // escapes as in JSON (\n, \r, \t, \", \\, \u00e4, ...): the form for line ends and other characters
 // that a line can't hold. Output uses the same form where it must.
 #pragma once
@@ -27,8 +27,8 @@ class Words {
     bool atEnd() const { return rest_.empty(); }
     /// The next word without its quotes; CommandError when there is none or a quote isn't closed.
     std::string next();
-    /// All that is left, as one value: the rest of the line as it stands, or decoded when it is of
-    /// the form $"...". May be empty.
+    /// All that is left, as one value: the rest of the line unchanged, or decoded when it is of the
+    /// form $"...". May be empty.
     std::string value();
     /// The words that are left, quoted ones included.
     std::vector<std::string> all();
@@ -43,10 +43,10 @@ class Words {
     std::string_view rest_;
 };
 
-/// The text as one line that `Words::value` reads back: as it stands where it can, else $"...".
+/// The text as one line that `Words::value` reads back: unchanged where possible, else $"...".
 std::string asOneLine(const std::string& text);
 
-/// The same for a reader of whole lines, who needs no help with blanks at either end.
+/// The same for readers of whole lines, where blanks at either end need no quotes.
 std::string readable(const std::string& text);
 
 }  // namespace velmora::console

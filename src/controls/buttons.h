@@ -78,7 +78,7 @@ class CheckBox : public Clickable {
 
     int Value() const { return value_; }
     bool ticked() const { return value_ == 1; }
-    /// 0 or 1; error 380 for others. Clicks when the value changes, whoever changes it.
+    /// 0 or 1; error 380 for others. Clicks when the user or the program changes the value.
     void setValue(int value);
     /// The initial value of the form's design; nothing clicks.
     void setDesignValue(int value) { value_ = value; }

@@ -12,7 +12,7 @@ namespace velmora {
 
 class Form;
 
-/// Twips in a pixel of the design, whatever the screen's resolution.
+/// Twips in a pixel of the design, at every resolution of the screen.
 inline constexpr int twipsPerPixel = 15;
 
 /// Place and size in twips, within the form or the control's container.

@@ -15,7 +15,7 @@ class Event {
     using Handler = typename EventHandlers<Args...>::Handler;
 
     Event() = default;
-    /// Ends the connections. In an emission the rest of the handlers don't run.
+    /// Ends the connections. During an emission the remaining handlers don't run.
     ~Event() {
         if (handlers_) handlers_->eventDestroyed(handlers_);
     }
@@ -30,7 +30,7 @@ class Event {
     }
     bool connected() const { return handlers_ && handlers_->any(); }
 
-    /// Runs the handlers. An error in one goes to the caller and stops the rest.
+    /// Runs the handlers. An error in one goes to the caller; the remaining ones don't run.
     void operator()(Args... args) const {
         if (handlers_) handlers_->run(args...);
     }

@@ -41,13 +41,13 @@ class EventHandlers final : public HandlerList {
             unsettled_ = true;
             return;
         }
-        // What the handler holds may disconnect others as it goes: the list is in order by then.
+        // Destroying what the handler holds may disconnect others: the list must be valid by then.
         Entries removed;
         removed.splice(removed.begin(), entries_, entry);
     }
 
     /// Runs the handlers, also those that are connected meanwhile. An error in one goes to the
-    /// caller and stops the rest.
+    /// caller; the remaining ones don't run.
     void run(Args&... args) {
         const Emission emission(*this);
         // A list keeps its elements in place, and nothing is removed while an emission runs.

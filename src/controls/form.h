@@ -34,8 +34,8 @@ class Form {
     void moveTo(int left, int top);
     int Height() const { return height_; }
     int Width() const { return width_; }
-    /// Fires Resize when the size changes, whoever changes it. The size of the normal state is kept
-    /// while the form is minimised or maximised, and comes back with it.
+    /// Fires Resize when the user or the program changes the size. The size of the normal state is
+    /// kept while the form is minimised or maximised, and comes back with it.
     void setSize(int width, int height);
     WindowState State() const { return state_; }
     void setState(WindowState state);

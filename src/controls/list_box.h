@@ -21,7 +21,7 @@ class ListBox : public Control {
     /// Each raises error 9 for an index outside the list.
     const std::string& List(int index) const { return at(index).text; }
     bool Selected(int index) const { return at(index).selected; }
-    /// Fires ItemCheck when the tick changes, whoever changes it.
+    /// Fires ItemCheck when the user or the program changes the tick.
     void setSelected(int index, bool selected);
 
     void AddItem(std::string text);

@@ -1,5 +1,5 @@
 // One row of a list view. Kept small, since the alert list holds a million of them: sub-items are
-// created when they are first written, and what few rows have is stored separately.
+// created when they are first written, and fields that few rows have are stored separately.
 #pragma once
 
 #include <memory>

@@ -29,7 +29,7 @@ class TextBox : public Control {
     /// Number of characters, known without joining.
     std::size_t textLength() const { return length_; }
     bool empty() const { return length_ == 0; }
-    /// Where the caret stands, in characters from the front; within the text.
+    /// Place of the caret, in characters from the front; within the text.
     std::size_t SelStart() const { return std::min(caret_, length_); }
     void setSelStart(std::size_t place) { caret_ = std::min(place, length_); }
     /// Whether `what` occurs in the text. What was put in front last is looked at first, without

@@ -1,5 +1,5 @@
-// The entries of lstAct: where each stands and what it says. What an entry does when a drive is
-// short stands in alerts/actions/action_branch.cpp.
+// The entries of lstAct: their places and captions. What an entry does when a drive is short of
+// space is in alerts/actions/action_branch.cpp.
 #pragma once
 
 #include <array>
@@ -7,7 +7,7 @@
 
 namespace velmora {
 
-/// Places in lstAct.
+/// Places in lstAct. The four actions on files are also the numbers of FileActions.
 namespace act {
 inline constexpr int alert = 0;
 inline constexpr int move = 1;

@@ -1,4 +1,4 @@
-// The tab strips of the main window and what stands on their panels: specified files, programs and
+// The tab strips of the main window and what is on their panels: specified files, programs and
 // paths, alerts and log, settings, overview.
 #pragma once
 
@@ -47,7 +47,7 @@ struct SpecifiedPanels {
     ListView LVFile;
     ComboBox cboFile;
     std::array<Label, 9> lblSF;  ///< buttons of LVFile; index 7 is a picture
-    CommandButton Command2;      ///< "Add"; the older buttons that the labels stand for
+    CommandButton Command2;      ///< "Add"; the older buttons that the labels replace
     CommandButton cmdMove;
     CommandButton cmdMoveAll;
     CommandButton cmdDelete;

@@ -8,7 +8,7 @@ namespace velmora::label_colour {
 inline constexpr Colour orange = 33023;
 inline constexpr Colour deepBlue = 0x400000;
 
-/// Gives labels the letters and the ground of buttons.
+/// Gives labels the text colour and the background of buttons.
 template <typename Labels>
 void dressAsButtons(Labels& labels) {
     for (Label& label : labels) {

@@ -7,7 +7,7 @@
 
 namespace velmora {
 
-/// The path as the listings take it: ending with a back-slash.
+/// The path in the form for listings: with a back-slash at its end.
 std::string withBackSlash(const std::string& sPath);
 
 class Listing {

@@ -17,7 +17,7 @@ bool cWatchForChanges::StartWatch(std::string /*sPath*/, bool /*bWatchSubTree*/,
 }
 
 void cWatchForChanges::StopWatch() {
-    // Cleared first, so that a second stop can't close what may belong to others by then.
+    // Cleared first, so that a second stop can't close a handle that the system has reused.
     if (const std::uint32_t window = std::exchange(hWnd, 0); window != 0) {
         // The timer is identified by the address of its watcher.
         user32_.KillTimer(window, reinterpret_cast<std::uintptr_t>(this));

@@ -17,7 +17,7 @@ namespace {
 // Milliseconds of Timer1 once checks have begun.
 constexpr int runningInterval = 10000;
 
-// Errors in one tick above which it gives up.
+// The tick ends after more errors than this.
 constexpr int errorLimit = 2;
 
 }  // namespace
@@ -57,7 +57,7 @@ void CheckCycle::tick(std::int16_t intErrCount) {
     closeCheck(walkRows(lngMinSpace));
 }
 
-// Counts down and shows how long it still takes; true when the interval has passed.
+// Counts down and shows the remaining time; true when the interval has passed.
 bool CheckCycle::isDue() {
     Form1& form1 = forms_.form1;
     const DatePicker& interval = form1.DTPInterval;
@@ -98,7 +98,7 @@ void CheckCycle::setDefaults() {
     if (!interval) {
         form1.txtTime.setText("5");
     } else if (*interval >= 69) {
-        // Stands until the next tick writes the interval anew.
+        // Shown until the next tick writes the interval again.
         form1.txtTime.setText("65");
     }
 }
@@ -189,7 +189,7 @@ void CheckCycle::closeTick() {
 
 void CheckCycle::reportErrorLimit() {
     host_.MsgBox({.text = "Please check your settings for errors"});
-    // A failure to write the alert down must not begin the tick once more.
+    // A failure to record the alert must not begin the tick again.
     resumeNext([this] {
         parts_.alerts.prcAlertInfo(alert_time::dateAndTime(clock_.Now()), rating::high,
                                    "Program Run Time Error: ", checkFlags, nullptr);

@@ -46,7 +46,7 @@ void DriveMeter::prcSrvMeterPreSet(const std::string&) {
     }
 }
 
-// A trigger that isn't set is none.
+// A trigger that isn't set counts as 0.
 double DriveMeter::triggerKB(const ConstWatchRow& row, double totalKB) const {
     const std::string& text = form1_.chkDrive.ticked() ? row.trigger() : form1_.txtSpace.Text();
     const double trigger = readNumber(text, regional_).value_or(0);

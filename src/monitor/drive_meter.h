@@ -19,14 +19,13 @@ class DriveMeter {
     DriveMeter(const DriveMeter&) = delete;
     DriveMeter& operator=(const DriveMeter&) = delete;
 
-    /// Shows the view, standing on that drive or path.
+    /// Shows the view of that drive or path.
     void prcShowfrmIndDri(const std::string& path);
     /// Shows the figures of that row of the watch list. Draws nothing for a row that isn't
-    /// available or has no total size. Never fails: what lies beyond a gauge's range stands at its
+    /// available or has no total size. Never fails: a value beyond a gauge's range is shown at its
     /// end, and a folder that can't be read is "N/A".
     void prcSrvMeter(ListItem& row);
-    /// Shows the row of the drive that the view stands on, while the view is visible. `strDri`
-    /// isn't used.
+    /// Shows the row of the view's present drive, while the view is visible. `strDri` isn't used.
     void prcSrvMeterPreSet(const std::string& strDri);
 
   private:

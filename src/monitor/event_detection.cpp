@@ -60,8 +60,8 @@ void EventPass::test(int event, Pass& pass) {
             testModification(pass);
             break;
         case evt::unavailable:
-            // The test reads an item that nothing ever sets. Paths that go away are reported where
-            // a row isn't ready.
+            // The test reads an object that is never set. Paths that become unavailable are
+            // reported where a row isn't ready.
             throw RuntimeError(error::objectRequired);
         default:
             break;

@@ -1,9 +1,8 @@
 // Event detection: compares a watched row with what the checks before saw of it, and reports the
 // events that are ticked in lstEvt. There are no thresholds; texts and counts are equal or not.
 //
-// The free text that is compared is the one of two checks ago: prcSetPrevInfoLV keeps the text as
-// it stood and writes the present one over it, so each check compares with what the last but one
-// measured.
+// The free text that is compared is the one of two checks ago: prcSetPrevInfoLV keeps the old text
+// and replaces it by the present one, so each check compares with what the last but one measured.
 #pragma once
 
 #include <memory>
@@ -38,8 +37,8 @@ class EventPass {
 
     /// The event pass over a ready row, whose check has found that many bytes free. The row is
     /// named by its index since a handler that ran in between may have removed some. Every failure
-    /// of a test goes to the caller, and what the row's tests have found till then is dropped;
-    /// error 424 whenever the entry for a path that became unavailable is ticked.
+    /// of a test goes to the caller, and what the row's tests have found so far is dropped; error
+    /// 424 whenever the entry for a path that became unavailable is ticked.
     void checkEvents(int row, double freeBytes);
     /// A watched row whose drive isn't ready.
     void rowNotReady(int row);

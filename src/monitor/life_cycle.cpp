@@ -32,7 +32,7 @@ void LifeCycle::Form_Load() {
     form1.Show();
     parts_.watchList.RefreshDrive();
     parts_.watchControl.chkCustTime_Click();
-    // What the first tick took from the picker is no setting: the file must bring an interval.
+    // The first tick's interval, taken from the picker, is no setting: the file must have one.
     form1.txtTime.setText("");
     parts_.settings.prcSettings(settings_order::read);
     noteStart();
@@ -78,7 +78,7 @@ void LifeCycle::mnuExit_Click() {
     const BoxAnswer answer = host_.MsgBox(
         {.text = "Exit the program?", .icon = BoxIcon::question, .buttons = BoxButtons::okCancel});
     afterFailure.dismiss();
-    // Leaving the program puts nothing back.
+    // When the program ends, staying on top isn't restored.
     if (answer != BoxAnswer::ok) return parts_.stayOnTop.restore();
     NotifyIconData icon;
     icon.window = forms_.sysWorkSystray.Name();

@@ -57,7 +57,7 @@ RowOutcome RowCheck::testTrigger(int i, std::int32_t& lngMinSpace, Measured& mea
 }
 
 // From percent of the drive's size; false, with a box, for a value above 100. The result stays in
-// the variable, so the next row meets KB unless each row brings its own value.
+// the variable, so the next row starts from KB unless each row has a value of its own.
 bool RowCheck::toWholeKB(Drive& drive, std::int32_t& lngMinSpace) {
     if (lngMinSpace > 100) {
         host_.MsgBox({.text = "Cannot check over 100% of space", .icon = BoxIcon::information});
@@ -107,7 +107,7 @@ void RowCheck::runActions(Shortage& shortage) {
     }
 }
 
-// The dialog holds the text of the shortage itself by now; it opens for what an action has left.
+// The dialog already shows the shortage itself; it opens for text that an action has added.
 void RowCheck::showDialogForNewText(const Shortage& shortage) {
     if (!forms_.dlgAlert.Label1.contains(shortage.strAlert)) parts_.alertDialog.show();
 }
@@ -118,8 +118,8 @@ void RowCheck::reportEnoughSpace(int i, const std::string& text) {
     showState(i, text, state_icon::ok);
 }
 
-// Handlers have run since the row was measured. If another row stands in its place now, its icon
-// stays as it is; the next check sets the icons of both.
+// Handlers have run since the row was measured. If another row is in its place now, its icon stays
+// as it is; the next check sets the icons of both.
 void RowCheck::showState(int i, const std::string& text, const char* icon) {
     WatchRow row(forms_.form1.ListView1.ListItems(i));
     if (row.path() == text) row.setStateIcon(icon);

@@ -34,7 +34,7 @@ std::string SpaceStatistics::prcSpaceRateChange(ListView& thisLV, const std::str
     if (lngRateInterval_ < 1) lngRateInterval_ = toLong(form1_.txtTime.Text(), regional);
     double rate = 0;
     if (lngRateChange_ != 0) {
-        // Checks without a pause are taken as a second apart.
+        // Checks without an interval count as one second apart.
         const double each = static_cast<double>(lngRateChange_) / std::max(1, lngRateInterval_);
         // A rate too small for the picture leaves its point alone, which is no number.
         rate = readNumber(Format(each, "##.##", regional), regional).value_or(0);

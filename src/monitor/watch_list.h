@@ -1,4 +1,4 @@
-// The watch list: how rows come into being from the machine's drives, are measured again, and go.
+// The watch list: how rows are made from the machine's drives, measured again, and removed.
 #pragma once
 
 #include <string>
@@ -20,7 +20,7 @@ class WatchList {
     /// Measures the rows that are there. A folder row becomes the root of its drive; a path that is
     /// gone raises an alert.
     void RefreshDriveExisting();
-    /// Brings the bold face of a list in line with its tick marks; stands aside during a check.
+    /// Makes exactly the ticked rows of a list bold; does nothing during a check.
     void prcLVBold(ListView& thisLV);
     /// Removes every row whose text and tag are both empty.
     static void prcClnLV(ListView& thisLV);

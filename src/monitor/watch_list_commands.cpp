@@ -89,7 +89,7 @@ void WatchListCommands::addPath() {
     if (!platform_.fso.DriveExists(driveName)) {
         if (platform_.fso.FolderExists(path)) {
             platform_.fso.GetFolder(path);
-            // A folder in the drive's place has no readiness to ask for.
+            // A folder, unlike a drive, has no readiness to ask for.
             throw RuntimeError(error::unsupportedMember);
         }
         host_.MsgBox({.text = "The selected item is not found or unavailable. Check configuration.",

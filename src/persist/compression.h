@@ -1,5 +1,5 @@
 // Packing a file: its size in four bytes, little-endian, followed by one zlib stream. Nothing here
-// unpacks it. It is no zip archive, whatever its name ends in.
+// unpacks it. It is no zip archive, even if its name says so.
 #pragma once
 
 #include <cstdint>
@@ -25,7 +25,7 @@ class Compression {
     int CompressByteArray(Bytes& bytes, std::int16_t level);
 
     /// Packs `source` into `target`, replacing it; `level` becomes 9. Returns zlib's code, and
-    /// writes the target whatever it is. Error 53 for a missing source, 9 for an empty one; the
+    /// writes the target with any code. Error 53 for a missing source, 9 for an empty one; the
     /// target is untouched then.
     int CompressFile(const std::string& source, const std::string& target, std::int16_t& level);
 

@@ -17,8 +17,8 @@ namespace velmora {
 inline constexpr std::chrono::milliseconds driveDeadline{2000};
 
 /// One reading of a drive: the first question measures it, later ones answer from that measure, so
-/// that readiness, free space and total size belong to the same instant. GetDrive anew to measure
-/// anew.
+/// that readiness, free space and total size belong to the same instant. GetDrive again to measure
+/// again.
 class Drive {
   public:
     virtual ~Drive() = default;

@@ -1,4 +1,4 @@
-// Whoever sits in front of the program: a window asks the user, the console asks its input, a test
+// The user, as the program sees one: a window asks the user, the console asks its input, a test
 // answers from a list.
 #pragma once
 

@@ -25,7 +25,7 @@ struct BrowseInfo {
     std::string owner;  ///< name of the form that owns the dialog
     std::string title;
     std::uint32_t flags = 0;
-    /// Runs about every 20 ms while the dialog stands, so that the program's windows go on being
+    /// Runs about every 20 ms while the dialog is open, so that the program's windows go on being
     /// painted. What it throws closes the dialog and reaches the caller. May be empty.
     std::function<void()> whileOpen;
 };
@@ -67,7 +67,7 @@ class Shell32 {
     /// Whether the system took the order.
     virtual bool ShellExecuteEx(const ShellExecuteInfo& info) = 0;
     /// The system's folder browser; returns when it has closed. `list` is written only when a
-    /// folder was chosen. Linux has one kind of dialog, whatever the flags.
+    /// folder was chosen. On Linux the flags make no difference.
     virtual Browse SHBrowseForFolder(const BrowseInfo& info, ItemIdList& list) = 0;
     /// Removes for good what was deleted from a drive, given by a path on it ("D:\\"), or from all
     /// drives when `root` is empty. Flags: 1 without asking the user, 2 without showing progress,

@@ -10,7 +10,7 @@ namespace velmora {
 
 /// A hook's procedure gets the number of a message and the window that it is for.
 using HookProcedure = std::function<void(std::uint32_t message, const std::string& window)>;
-/// A standing hook; 0 for none.
+/// A hook that is set; 0 for none.
 using HookHandle = std::uint64_t;
 
 namespace window {

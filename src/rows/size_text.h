@@ -1,5 +1,5 @@
-// How rows and alerts write a size, and how it is read back: a number of KB and its unit. Whatever
-// stands in place of a size says that it is not available.
+// How rows and alerts write a size, and how it is read back: a number of KB and its unit. Another
+// text in its place says that the size is not available.
 #pragma once
 
 #include <optional>
@@ -11,7 +11,7 @@
 
 namespace velmora {
 
-/// What stands where there is no value.
+/// Shown where there is no value.
 inline constexpr const char* notAvailable = "N/A";
 
 /// Bytes as a whole number of KB.
@@ -25,8 +25,8 @@ std::string folderSizeText(double bytes, const Regional& regional);
 std::string withUnit(std::string number);
 /// The number of a size's text: every " KB" is cut.
 std::string withoutUnit(std::string_view size);
-/// The KB that a size's text stands for, with or without digit groups and unit; nothing for a text
-/// that is no number.
+/// The KB that a size's text means, with or without digit groups and unit; nothing for a text that
+/// is no number.
 std::optional<double> readKilobytes(std::string_view size, const Regional& regional);
 
 /// Whether a text holds "n/a", in capitals or not.

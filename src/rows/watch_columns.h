@@ -10,9 +10,9 @@ namespace velmora {
 /// Gives the watch list, which has no columns yet, the headers of the watch row's fields.
 void addWatchColumns(ListView& list);
 
-/// Puts the unit of the trigger into its header, in place of the header's last four characters,
-/// each occurrence of which is cut: the first unit shortens the words in front, later ones take
-/// each other's place. Nothing without that column.
+/// Puts the unit of the trigger into its header, in place of the header's last four characters
+/// (every occurrence of them is removed): the first unit shortens the words in front, each later
+/// one replaces the one before. Nothing without that column.
 void showTriggerUnit(ListView& list, const std::string& unit);
 
 /// What a row shows under that header, from 1.

@@ -1,6 +1,6 @@
 // The watch row: the fields of one watched entry by name, over a row of ListView1. No other file
-// knows which column, tag, key or icon holds what, how a size is read back, or what stands in place
-// of one. `ConstWatchRow` reads, `WatchRow` writes too. Both hold a reference to the row.
+// knows which column, tag, key or icon holds what, how a size is read back, or what is shown
+// instead of one. `ConstWatchRow` reads, `WatchRow` writes too. Both hold a reference to the row.
 #pragma once
 
 #include <optional>
@@ -65,7 +65,7 @@ class ConstWatchRow {
     double freeKBOrZero(const Regional& regional) const;
     double totalKBOrZero(const Regional& regional) const;
 
-    /// The free space as it stood before the last update, without " KB"; empty for none.
+    /// The free space before the last update, without " KB"; empty for none.
     const std::string& previousFree() const { return sub(columnFree).Tag(); }
     bool hasPreviousFree() const { return !previousFree().empty(); }
     /// In KB. Error 13 when its text is no number.

@@ -103,7 +103,7 @@ void AboutBox::StartSysInfo() {
             return;
         }
     } catch (const std::exception&) {
-        // A program that can't be looked for is none.
+        // When looking for the program fails, there is none.
     }
     host_.MsgBox({.text = "System Information Is Unavailable At This Time"});
 }

@@ -18,7 +18,7 @@ bool GetKeyValue(Platform& platform, const std::string& path, const std::string&
 
 class AboutBox {
   public:
-    /// Connects the box's handlers. `version` as it stands after the word ("1.0.0").
+    /// Connects the box's handlers. `version` is the number alone ("1.0.0").
     AboutBox(FrmAbout& frmAbout, Platform& platform, Host& host, const std::string& version);
     AboutBox(const AboutBox&) = delete;
     AboutBox& operator=(const AboutBox&) = delete;

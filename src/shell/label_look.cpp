@@ -19,7 +19,7 @@ void connectPress(Label& label) {
 LabelLook::LabelLook(Form1& form1, DlgAlert& dlgAlert) {
     for (Label& label : form1.Label5) {
         connectPress(label);
-        // Both at once: the label ends on black.
+        // One after the other without a pause: the label ends black.
         label.MouseMove.connect([&label] {
             label.setBackColor(flash);
             label.setBackColor(black);

@@ -17,7 +17,7 @@ constexpr const char* unlockWord = "Unlock";
 constexpr const char* openText =
     "The program is Not Lock. Set a password and press Lock to Lock the program. The program will "
     "be locked into the systray.  To unlock, double click the systray icon.";
-// As the form comes up for the first time, with one blank more.
+// The form's first text, with one blank more.
 constexpr const char* openTextOfLoad =
     "The program is Not Lock.  Set a password and press Lock to Lock the program. The program will "
     "be locked into the systray.  To unlock, double click the systray icon.";
@@ -51,8 +51,8 @@ ProgramLock::ProgramLock(Forms& forms, Host& host, Tray& tray)
     }
 }
 
-// Whatever wants to show a window while the lock is on (a check, an alert, the tray's menu): it
-// would stand open without the password.
+// A check, an alert or the tray's menu may show a window while the lock is on: it would be open
+// without the password.
 void ProgramLock::keepHidden(Form& form) {
     const bool open = !forms_.globals.bLocked || unlocking_;
     if (!open && &form != &forms_.frmLock) form.Hide();
@@ -90,7 +90,7 @@ void ProgramLock::lock() {
         return;
     }
     const TextBox& entry = forms_.frmLock.Text1;
-    // Emptied while the question stood, it would make a lock that nobody can open.
+    // If it was emptied while the question was open, no password could ever unlock the program.
     if (entry.empty()) return;
     if (entry.textLength() > longestPassword) {
         host_.MsgBox({.text = "Passowrd Length cannot be over 25"});

@@ -22,8 +22,7 @@ void Reachability::keep() {
         if (!forms_.form1.Visible()) minimise();
         return;
     }
-    // Locked, only the lock may be seen; it stays as the way back, until the main window is there
-    // again.
+    // While locked, only the lock may be visible; it stays until the main window is visible again.
     if (!forms_.frmLock.Visible() && !forms_.form1.Visible()) {
         setUpLock(forms_);
         forms_.frmLock.setState(WindowState::minimised);
@@ -31,7 +30,7 @@ void Reachability::keep() {
     }
 }
 
-// Minimised stands for hidden: what is shown again comes up.
+// A minimised form counts as hidden: when it is shown again, it is restored.
 void Reachability::restore(Form& form) {
     if (notifyArea_.available()) return;
     if (form.State() == WindowState::minimised) form.setState(WindowState::normal);

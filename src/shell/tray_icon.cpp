@@ -19,7 +19,7 @@ constexpr std::size_t longestTip = 63;  // 64 characters hold the NUL that ends 
 
 enum class TrayMessage { other = 0, leftDoubleClick = 515, rightUp = 517 };
 
-// The pointer's place carries the number of a message.
+// The pointer's coordinate holds the number of a message.
 TrayMessage messageAt(float x) {
     const float number = std::nearbyint(x / twipsPerPixel);
     for (const TrayMessage known : {TrayMessage::leftDoubleClick, TrayMessage::rightUp}) {

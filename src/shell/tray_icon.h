@@ -17,7 +17,7 @@ class TrayIcon final : public Tray {
   public:
     /// Connects the handlers to the forms.
     TrayIcon(Forms& forms, Clock& clock, Host& host, NotifyArea& notifyArea, User32& user32);
-    /// Removes a hook that still stands.
+    /// Removes a hook that is still set.
     ~TrayIcon() override;
     TrayIcon(const TrayIcon&) = delete;
     TrayIcon& operator=(const TrayIcon&) = delete;
@@ -31,9 +31,9 @@ class TrayIcon final : public Tray {
     /// Fills the two records that the flash shows in turn.
     bool prcPrepIcon();
 
-    /// The flash has work.
+    /// The icon is flashing.
     bool bFlashing() const { return bFlashing_; }
-    /// The picture of an alert stands at the moment.
+    /// The picture of an alert is shown at the moment.
     bool bAlertIconShown() const { return bAlertIconShown_; }
     /// Whether the notification area took the last message.
     bool taken() const { return taken_; }

@@ -50,7 +50,7 @@ void WindowEffects::chkOnTop_Click() {
     placeInOrder(form1_.chkOnTop.ticked() ? window::topmost : window::notTopmost);
 }
 
-// The check box clicks by the change, and does the rest.
+// The change clicks the check box, whose handler does everything else.
 void WindowEffects::mnuStayOnTop_Click() {
     CheckBox& chkOnTop = form1_.chkOnTop;
     chkOnTop.setValue(chkOnTop.ticked() ? 0 : 1);
@@ -64,7 +64,7 @@ void WindowEffects::restore() {
     if (form1_.chkOnTop.ticked()) placeInOrder(window::topmost);
 }
 
-// Place and size are handed over and, by the flags, left as they are.
+// The flags keep place and size, although both are given.
 void WindowEffects::placeInOrder(std::int32_t after) {
     user32_.SetWindowPos(form1_.Name(), after, form1_.Left() / twipsPerPixel,
                          form1_.Top() / twipsPerPixel, form1_.Width() / twipsPerPixel,

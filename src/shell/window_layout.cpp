@@ -71,8 +71,8 @@ void WindowLayout::Form_Resize() {
     });
 }
 
-// Each raise comes back here as a resize of its own, which finds nothing more to raise; what
-// follows then is done again with the same measures.
+// Each setSize runs this step again as a resize of its own, which changes no more; the layout after
+// it is then done twice with the same measures.
 void WindowLayout::keepLeastSize() {
     if (form1_.Height() < leastHeight) form1_.setSize(form1_.Width(), compactHeight());
     if (form1_.Width() < form1_size::leastWidth)
@@ -93,7 +93,7 @@ void WindowLayout::placePanels() {
     for (Frame& panel : form1_.frmSp) stretch(panel, width - panelRightMargin, height);
 }
 
-// The list has its panel alone, or the journal stands below it.
+// The list fills its panel, or has the journal below it.
 void WindowLayout::placeAlertList() {
     constexpr int alertsPanel = 3;
     const Bounds& panel = form1_.frmSp[alertsPanel].bounds();

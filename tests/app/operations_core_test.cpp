@@ -68,7 +68,7 @@ struct OperationsCoreTest : testing::Test {
 
 TEST_F(OperationsCoreTest, ADeletionByHandRunsATickThatWaits) {
     core.load();
-    check();  // the countdown begins anew
+    check();  // the countdown begins again
     listFile("C:\\old.txt");
     form1.LVFile.userSelect({1});
     form1.cmdDelete.userClick();

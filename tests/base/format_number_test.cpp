@@ -133,7 +133,7 @@ TEST(NumberPicture, GroupsDigitsWhereACommaStandsBetweenThem) {
                         {1000, "###,###,###", "1,000"},
                         {1000000, "###,###,###", "1,000,000"},
                         {999, "###,###,###", "999"},
-                        {1234567, "#,#", "1,234,567"},  // by threes wherever the comma stands
+                        {1234567, "#,#", "1,234,567"},  // by threes at any place of the comma
                         {5, "0,000", "0,005"},
                         {1000, "####", "1000"}},
                        unitedStates);

@@ -229,7 +229,7 @@ class Native(Actions, OwnNative, ConsoleCase):
         self.launch()
         return [self.drive_of(mounted) for mounted in mounts]
 
-    # The link goes as the link that it is.
+    # The link itself is removed, not what it points to.
     gone_with_a_link = ["old"]
 
     def test_the_recycled_file_lies_in_the_trash_of_its_own_drive(self):

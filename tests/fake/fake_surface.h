@@ -56,11 +56,11 @@ class FakeUser32 : public User32, public FailingCalls {
     bool DestroyWindow(std::uint32_t window) override;
     std::string GetActiveWindow() override;
 
-    /// Runs the procedures of the standing hooks, as a message to that window does.
+    /// Runs the procedures of the hooks that are set, as a message to that window does.
     void send(std::uint32_t message, const std::string& window);
 
     std::map<std::string, std::int32_t> extendedStyle;  ///< by window; 0 for those not named
-    std::map<HookHandle, HookProcedure> hooks;          ///< those that stand
+    std::map<HookHandle, HookProcedure> hooks;          ///< those that are set
     std::uint32_t process = 4711;
     std::string activeWindow;
 

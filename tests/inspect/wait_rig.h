@@ -20,7 +20,7 @@ namespace velmora::tests {
 
 inline constexpr std::uint64_t referenceTime = 1000;
 
-/// Windows with timers, whose calls stand among those of the machine.
+/// Windows with timers, whose calls are recorded with those of the machine.
 struct TimedWindows : fake::FakeUser32 {
     explicit TimedWindows(fake::FakeMachine& machine) : machine_(machine) {}
     bool KillTimer(std::uint32_t window, std::uint64_t timer) override {

@@ -19,7 +19,7 @@ std::string block(const std::string& word, const std::string& name) {
     return "Change Type: " + word + "\r\n  C:\\data\\" + name + "\r\n";
 }
 
-// A report as it stands in the form and in the alert.
+// A report as the form and the alert show it.
 void expectReport(WaitRig& rig, const std::string& report) {
     EXPECT_EQ(rig.form.txChanges.Text(), logged + report + "\r\n");
     EXPECT_EQ(rig.form.txChanges.SelStart(), rig.form.txChanges.textLength());

@@ -1,5 +1,5 @@
-// Other handlers run before each action. Whatever they do to the watch list, nothing happens to a
-// drive that isn't short.
+// Other handlers run before each action. Even when they change the watch list, no action runs for a
+// drive that isn't short of space.
 #include <functional>
 
 #include "monitor/action_check_rig.h"

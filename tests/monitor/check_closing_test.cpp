@@ -1,4 +1,4 @@
-// How a check closes: status, saving, rest.
+// How a check closes: the status, the saving, and the end of its tick.
 #include "monitor/recorded_check.h"
 
 namespace velmora::tests {

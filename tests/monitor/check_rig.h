@@ -67,7 +67,7 @@ struct CheckRig : Rig {
     }
     int timesChecked() { return forms.globals.lngTimesChecked; }
 
-    /// The state that every tick leaves, whatever it met.
+    /// The state after every tick, also after errors.
     void expectRest() {
         EXPECT_FALSE(forms.globals.bChecking);
         EXPECT_TRUE(form1.Timer1.Enabled());

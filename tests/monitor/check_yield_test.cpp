@@ -1,5 +1,5 @@
-// Other handlers run at the yields of a check. Whatever they do to the list, and at whichever
-// yield, the tick ends properly and the next check works.
+// Other handlers run at the yields of a check. After any change of the list, at any yield, the tick
+// ends properly and the next check works.
 #include <functional>
 
 #include "monitor/check_rig.h"

@@ -13,7 +13,7 @@ namespace velmora::tests {
 enum class Takes {
     number,  ///< refuses any other text
     date,    ///< likewise
-    text,    ///< takes the value as it stands
+    text,    ///< takes the value unchanged
     sound,   ///< a sound file
     path,    ///< selects a row
 };
@@ -26,7 +26,7 @@ struct ReaderKey {
     std::function<std::string(SettingsRig&)> field;
 };
 
-// The form on which a field stands that was named by its part of the main window.
+// The form of a field that is named by its part of the main window.
 template <typename Part>
 Part& formOf(SettingsRig& rig) {
     if constexpr (std::is_base_of_v<Part, FrmNotify>) {

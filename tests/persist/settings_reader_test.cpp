@@ -86,7 +86,7 @@ TEST_F(SettingsReaderTest, AnExclamationMarkAfterAPlusSwallowsLinesUpToTheNextOn
     EXPECT_EQ(read({"notCustMsg=a+!b", "notEmail=lost", "notEmailUser=c!d", "notEmailPass=kept"}),
               0);
     EXPECT_EQ(notify.txtCustMsg.Text(), "a");
-    // The line ends in between are shifted back with the rest.
+    // The line ends in between are shifted back too.
     EXPECT_EQ(notify.txtYourEmail.Text(), "b\f\tlost\f\tnotEmailUser=c");
     EXPECT_EQ(notify.txtUser.Text(), "");
     EXPECT_EQ(notify.txtPass.Text(), "kept");

@@ -40,7 +40,7 @@ int paintedPixels(const QImage& image) {
     return countPixels(image, [](const QColor& pixel) { return pixel.alpha() > 0; });
 }
 
-/// Which pixels are painted, whatever their colour.
+/// Which pixels are painted, in any colour.
 std::vector<bool> shape(const QImage& image) {
     std::vector<bool> mask;
     for (int y = 0; y < image.height(); ++y) {

@@ -1,5 +1,5 @@
 // Each kind of view may be destroyed before or after its field, also with a change of the field
-// that it has not shown yet. The sanitizers find whoever touches what is gone.
+// that it has not shown yet. The sanitizers find uses of destroyed objects.
 #include <gtest/gtest.h>
 
 #include <QApplication>

@@ -143,7 +143,7 @@ class Tree:
 
 
 def circles(arrows):
-    """One line a circle, told by the places where its folders include each other."""
+    """One line a circle, with the places where its folders include each other."""
     found = {}
 
     def walk(folder, way):

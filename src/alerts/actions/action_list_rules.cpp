@@ -21,7 +21,7 @@ constexpr Exclusion exclusions[] = {
     {act::remove, act::move, moving},   {act::remove, act::recycle, recycling},
     {act::recycle, act::move, moving},  {act::recycle, act::remove, deleting}};
 
-// Whether at least two rows are available: one that is short, and one to move to.
+// Whether at least two rows are available: one that is short of space, and one to move to.
 bool hasTwoAvailable(const ListView& list) {
     int available = 0;
     for (int i = 1; i <= list.Count() && available < 2; ++i) {
@@ -72,7 +72,7 @@ void ActionListRules::offerMailSettings() {
 void ActionListRules::lstAct_Click() {
     const bool moves = form1_.lstAct.Selected(act::move);
     form1_.txtDrive.setEnabled(moves);
-    // Whoever ticked both without the rule above: moving stays.
+    // When both are ticked in spite of the rules above, moving stays ticked.
     if (moves) form1_.lstAct.setSelected(act::remove, false);
 }
 

@@ -1,5 +1,5 @@
-// The rules of the list of actions: which entries exclude each other, what an entry needs, and what
-// its tick brings with it.
+// The rules of the list of actions: which entries exclude each other, what an entry requires, and
+// what else its tick changes.
 #pragma once
 
 #include <string>
@@ -17,7 +17,7 @@ class ActionListRules {
     ActionListRules(const ActionListRules&) = delete;
     ActionListRules& operator=(const ActionListRules&) = delete;
 
-    /// The tick of that entry has changed. Nothing happens when it was taken away.
+    /// The tick of that entry has changed. Removing a tick has no further effect.
     void lstAct_ItemCheck(int index);
     void lstAct_Click();
 

@@ -21,9 +21,9 @@ struct ActionParts {
     AlertList& alerts;
     SystemActions& system;
 
-    /// The short row. Read by its index, since handlers run before each action. Error 35600 when
-    /// it is gone or another row stands in its place: nothing may be done for a drive that isn't
-    /// short.
+    /// The short row. Read by its index, since handlers run before each action. Error 35600 when it
+    /// is gone or another row is at its index: no action may run for a drive that isn't short of
+    /// space.
     WatchRow row(const Shortage& shortage) const {
         return WatchRow::at(forms.form1.ListView1, shortage.row, shortage.rowText);
     }

@@ -1,5 +1,5 @@
-// The actions by their place in lstAct. The check runs what it finds here, and knows no action by
-// itself; a place without an entry does nothing.
+// The actions by their place in lstAct. The check runs the actions of this table and has none of
+// its own; a place without an entry does nothing.
 #pragma once
 
 #include <array>
@@ -14,8 +14,8 @@ namespace velmora {
 
 class ActionTable {
   public:
-    /// Errors go to the check, whose fault path ends the pass; what an action had done by then
-    /// stays done.
+    /// Errors go to the check, whose fault path ends the pass; what an action did before the error
+    /// isn't undone.
     using Handler = std::function<void(Shortage&)>;
 
     /// `place` is one of namespace act.

@@ -9,7 +9,7 @@ namespace velmora {
 
 namespace {
 
-// The walk has met no file.
+// The walk found no file.
 constexpr int none = 0;
 
 }  // namespace
@@ -45,7 +45,7 @@ int DeleteAction::walk(Shortage& shortage) {
     return none;
 }
 
-// `rowPath` is asked of the machine once a walk, at its first row.
+// The machine is asked for `rowPath` once in a walk, at the first row.
 bool DeleteAction::isOfRow(const std::string& root, const Shortage& shortage,
                            std::string& rowPath) {
     if (rowPath.empty()) {
@@ -79,7 +79,8 @@ void DeleteAction::deleteFile(Shortage& shortage, int place) {
     const std::string deleted = "Auto Deleted Specified File: " + path;
     shortage.strAlert +=
         pieceEnd + deleted + " Size: " + ConstListedFile(files.ListItems(place)).size();
-    // The file has gone: its row goes too when the alert fails, so that nothing is taken for it.
+    // The file is gone: its row is removed even when the alert fails, so that no later file of that
+    // path is taken for it.
     const ScopeGuard dropRow([&] { files.Remove(place); });
     raiseForRow(parts_, shortage, deleted);
 }

@@ -14,8 +14,8 @@ class DeleteAction {
 
     /// One file a run. The end of the walk is the number of rows at its start: after a folder has
     /// left the list it may run past the last row, which is error 35600. Error 70 for a listed
-    /// folder that is the root of a drive, and 35600 when another row stands in the short one's
-    /// place, before anything was touched.
+    /// folder that is the root of a drive, and 35600 when another row is in the short one's place;
+    /// both before anything was deleted.
     void run(Shortage& shortage);
 
   private:

@@ -62,7 +62,7 @@ std::string FileActions::autoMove(const std::string& strFile, const std::string&
 double FileActions::availableKB(const std::string& strPath) {
     FileSystemObject& fso = parts_.platform.fso;
     if (fso.DriveExists(strPath)) return kilobytes(fso.GetDrive(strPath)->AvailableSpace());
-    // A folder has no such member, and nothing has none at all.
+    // A folder has no such member; where nothing exists there is no object to ask.
     throw RuntimeError(fso.FolderExists(strPath) ? error::unsupportedMember
                                                  : error::objectRequired);
 }
@@ -131,7 +131,7 @@ bool FileActions::takeRow(Walk& walk, int place) {
     const ListedRow listed = listedRow(form1.LVFile, place);
     const std::string root = ConstListedFile(*listed.row).root();
     if (lowerCase(root) != lowerCase(walk.strDrv)) return false;
-    // A missing file is passed over in silence.
+    // A missing file is skipped without a report.
     if (!parts_.platform.fso.FileExists(listed.path)) return false;
     walk.strFile = listed.path;
     if (walk.iAct < file_act::move || walk.iAct > file_act::autoMove) return false;
@@ -140,14 +140,14 @@ bool FileActions::takeRow(Walk& walk, int place) {
     std::string strNoPath;
     const std::string result =
         prcFileActOption(walk.iAct, walk.strFile, takesPath ? walk.strPath : strNoPath);
-    // Handlers may have run while the shell asked.
+    // Handlers may have run while the shell asked the user.
     removeListedRow(form1.LVFile, listed);
     ++walk.handled;
     if (result != file_result::handled) return true;
     return form1.chkSeq.ticked() || isSpaceEnough(walk);
 }
 
-// A folder is never asked, and never enough.
+// A folder reports no free space, so it never has enough.
 bool FileActions::isSpaceEnough(const Walk& walk) {
     FileSystemObject& fso = parts_.platform.fso;
     if (!fso.DriveExists(walk.strDrv)) return false;

@@ -28,15 +28,16 @@ class FileActions {
     explicit FileActions(ActionParts& parts) : parts_(parts) {}
 
     /// Handles listed files of the root `strDrv`, from the last row of LVFile on. The walk ends
-    /// where its index isn't below the number of rows, so at the last row unless rows come in
+    /// where its index isn't below the number of rows, so at the last row unless rows are added
     /// during its yield. A negative `iAct` does nothing. `strPath` is filled when it is empty;
     /// `strFile` must be empty and receives the path of the last file. A handled row is removed
-    /// whatever came of it; a file that doesn't exist keeps its row.
+    /// with any result; a file that doesn't exist keeps its row.
     void prcFileAct(std::int16_t& iAct, ListItem& itmTarget, std::int16_t& iMaxFiles,
                     std::string& strDrv, std::string& strPath, std::string& strFile);
 
-    /// One file, and its alert. Moving: error 438 when `strPath` is a folder, which doesn't know
-    /// its space; error 424 when it is neither drive nor folder (auto move: "n/a").
+    /// One file, and its alert; `iAct` is one of act::move, remove, recycle and autoMove; with
+    /// others nothing is done. Moving: error 438 when `strPath` is a folder, which can't report its free space;
+    /// error 424 when it is neither drive nor folder (auto move: "n/a").
     std::string prcFileActOption(std::int16_t& iAct, std::string& strFile, std::string& strPath);
 
   private:

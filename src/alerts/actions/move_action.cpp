@@ -8,7 +8,7 @@ namespace velmora {
 
 void MoveAction::run(Shortage& shortage) {
     Form1& form1 = parts_.forms.form1;
-    // Whether anything was selected goes by the box, not by the rows.
+    // "No file selected" means that the box has no entries; the rows aren't looked at.
     if (form1.cboFile.ListCount() == 0) {
         shortage.strAlert = "- No Moved File: no file selected.  Drive: " + shortage.drive.Path();
         return;
@@ -30,8 +30,8 @@ void MoveAction::take(Shortage& shortage, int place, const std::string& strPath)
     if (!parts_.platform.fso.FileExists(path)) {
         strAlert += "Failed Moved File; file does not exist: " + path + strPath + pieceEnd;
     } else if (hasRoomFor(path, strPath)) {
-        // The target is the bare root, where nothing can be put: the call refuses and loses
-        // nothing. Its result isn't looked at, and the row goes.
+        // The target is the bare root, which is no name for a file: the call fails and loses
+        // nothing. Its result is ignored, and the row is removed.
         parts_.platform.kernel32.MoveFileA(path, strPath);
         strAlert += "Auto Moved File: " + path + " to " + strPath +
                     " Size: " + ConstListedFile(files.ListItems(place)).size() + pieceEnd;

@@ -13,7 +13,7 @@ class MoveAction {
 
     /// Takes all listed files of the row's root, from the last one up. A file that doesn't exist
     /// stays listed; every other one leaves the list, whether it was moved or not. Error 35600
-    /// before anything was touched when another row stands in the short one's place.
+    /// before anything was touched when another row is in the short one's place.
     void run(Shortage& shortage);
 
   private:

@@ -10,7 +10,7 @@ namespace velmora {
 
 namespace {
 
-// The set of choices that the disk cleaner knows under this number.
+// The number under which the disk cleaner has stored its options.
 constexpr const char* cleanerSet = "12";
 
 }  // namespace
@@ -18,7 +18,7 @@ constexpr const char* cleanerSet = "12";
 void SmallActions::recycle(Shortage& shortage) {
     ListView& files = parts_.forms.form1.LVFile;
     const ListedRow first = listedRow(files, 1);
-    // The shell may ask, and handlers run meanwhile: the row may stand elsewhere afterwards.
+    // The shell may ask the user while handlers run: the row may have another index afterwards.
     parts_.system.prcSendToBin(first.path, file_operation::allowUndo);
     removeListedRow(files, first);
     // The short row's index in the list of files: it names another file than the one sent.
@@ -33,7 +33,7 @@ void SmallActions::autoMove(Shortage& shortage) {
     if (k == 0) return;
     ListItem& target = form1.ListView1.ListItems(k);
     std::string strLarge = ConstWatchRow(target).path();
-    // A path is no number: it ends here. The conversion stands as it is.
+    // A path is no number, so the conversion fails and the action ends here. This is intended.
     std::int16_t maxFiles = toInteger(parts_.row(shortage).path(), parts_.platform.regional);
     std::int16_t iAct = file_act::autoMove;
     std::string strPath;
@@ -60,7 +60,7 @@ void SmallActions::playSound() {
     parts_.system.prcPlaySound(exists ? chosen : fallback, sound::noDefault);
 }
 
-// Without any switch the system asks and shows its own dialogs.
+// Without flags the system asks the user and shows its own dialogs.
 void SmallActions::emptyBin(Shortage& shortage) {
     parts_.system.MakeRecycleBinEmpty("", 0, 0, 0);
     raiseNote(parts_, shortage, "Recycle Bin Content Emptied.");

@@ -14,7 +14,7 @@ class SmallActions {
         : parts_(parts), fileActions_(fileActions) {}
 
     /// Sends the first listed file to the recycle bin, whichever drive it lies on. The note names
-    /// the file that then stands at the short row's own index; error 35600 when there is none.
+    /// the file that then has the short row's own index; error 35600 when there is none.
     void recycle(Shortage& shortage);
     /// Takes the last other row that is available as the target. Error 13 for a short row whose
     /// text is no number, as no path is.

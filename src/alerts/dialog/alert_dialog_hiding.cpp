@@ -55,7 +55,7 @@ void AlertDialogHiding::Timer1_Timer() {
     }
     if (!dlgAlert_.chkAutoHide.ticked()) return;
     if (iDismissCount_ > 0) {
-        // The words say seconds, though a tick is longer.
+        // The text says seconds, though a tick is longer.
         dlgAlert_.setCaption("Auto Dismiss Alert Window in (sec.): " +
                              toText(std::int64_t{iDismissCount_}));
         --iDismissCount_;

@@ -1,5 +1,5 @@
-// How the alert dialog steps back: half translucent when the user wants to see through it, and
-// hidden by itself after a countdown.
+// How the alert dialog gets out of the way: half translucent when the user wants to see through it,
+// and hidden by itself after a countdown.
 #pragma once
 
 #include <cstdint>

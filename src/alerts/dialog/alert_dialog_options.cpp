@@ -93,7 +93,7 @@ void AlertDialogOptions::chooseFiles() {
                           "If you change your mind, you can go select the file and hit remove"});
 }
 
-// None is ticked in their place: the user decides on the option's page what is to be done.
+// No other entry is ticked instead: the user chooses on the option's page.
 void AlertDialogOptions::clearFileActions() {
     ListBox& actions = form1_.lstAct;
     for (int i = firstFileAction; i < actions.ListCount() && i <= lastFileAction; ++i) {

@@ -16,7 +16,7 @@ AlertDialogWindow::AlertDialogWindow(Form1& form1, DlgAlert& dlgAlert, WorkArea&
     : form1_(form1), dlgAlert_(dlgAlert), workArea_(workArea) {
     dlgAlert_.lblAl[alert_button::ok].Click.connect([this] { dlgAlert_.Hide(); });
     dlgAlert_.lblAl[alert_button::clear].Click.connect([this] { dlgAlert_.Label1.setText(""); });
-    // Whatever its caption says.
+    // Its caption is "Explorer", yet it only changes the text.
     dlgAlert_.lblAl[alert_button::explorer].Click.connect(
         [this] { dlgAlert_.Label1.setText(" . "); });
     dlgAlert_.lblAl[alert_button::action].Click.connect([this] { showActions(); });
@@ -42,7 +42,7 @@ void AlertDialogWindow::showWhole() {
 void AlertDialogWindow::showActions() {
     if (dlgAlert_.Height() >= heightWithActions) return;
     dlgAlert_.setSize(dlgAlert_.Width(), heightWithActions);
-    // It grows downward: the options would come to lie below the screen.
+    // It grows downward: without a move the options would be below the screen.
     place();
 }
 

@@ -1,4 +1,4 @@
-// The alert list: everything notable that the system does or sees ends here as one row of LVAlert,
+// The alert list: everything notable that the program does or finds becomes one row of LVAlert,
 // newest on top, held in memory only.
 #pragma once
 
@@ -11,7 +11,7 @@
 
 namespace velmora {
 
-/// After each piece of a text that alerts and journal gather.
+/// Follows each piece of the texts that alerts and journal collect.
 inline constexpr const char* pieceEnd = "\r\n.\r\n";
 
 namespace rating {
@@ -19,8 +19,8 @@ inline constexpr const char* high = "High";
 inline constexpr const char* medium = "Medium";
 }  // namespace rating
 
-/// The four flags that callers hand over with an alert. Only the fourth has an effect: 1 starts
-/// the tray's blinking whatever the rating.
+/// The four flags that callers hand over with an alert. Only the fourth has an effect: 1 starts the
+/// tray's blinking, with any rating.
 struct AlertFlags {
     std::int16_t iFlag1 = 0;
     std::int16_t iFlag2 = 0;
@@ -47,12 +47,12 @@ class AlertList {
     /// Does nothing; kept in the interface.
     void prcAlertInfoPre() {}
     /// Removes rows from the bottom until `lngLimit` are left. Error 6 when more than 32767 would
-    /// have to go: the number is a 16-bit one.
+    /// be removed: the count is a 16-bit number.
     static void prcLVLimit(std::int32_t lngLimit, ListView& lvList);
     /// Adds the tray icon in its alert form.
     void prcAlertIcon();
 
-    /// A new row stands in the list: for whoever reports alerts as they come.
+    /// A new row is in the list: for views that report each alert at once.
     Notice<const ListItem&> Raised;
 
   private:

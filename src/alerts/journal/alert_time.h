@@ -1,5 +1,5 @@
-// The forms in which callers stamp their alerts. The mix is part of the system: the alert list
-// sorts these stamps as text.
+// The forms in which callers stamp their alerts. The mix is intended: the alert list sorts these
+// stamps as text.
 #pragma once
 
 #include <string>

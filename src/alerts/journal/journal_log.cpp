@@ -74,7 +74,7 @@ void JournalLog::OpenLog_Click() {
     platform_.shell32.Shell("Notepad.exe " + form1_.lblLog.Caption(), normalWindow);
 }
 
-// Neither the counters nor the mark: what was raised was raised, and saving goes by length.
+// The counters and the mark stay: they count all alerts raised and the length saved so far.
 void JournalLog::Clear_Click() {
     form1_.txtAlert.setText("");
     form1_.LVAlert.Clear();

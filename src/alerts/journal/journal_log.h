@@ -22,16 +22,16 @@ class JournalLog {
     JournalLog& operator=(const JournalLog&) = delete;
 
     /// While chkAutoSave is ticked: appends the characters by which the journal is longer than the
-    /// mark, and moves the mark. Goes by length alone: a journal that was cleared isn't saved until
-    /// it has outgrown the mark. Error 13 for a mark that is no number; on an error of the file
-    /// the mark stays, so that nothing is lost. Costs what is new, not what is there.
+    /// mark, and moves the mark. Only the length counts: a journal that was cleared isn't saved
+    /// until it is longer than the mark. Error 13 for a mark that is no number; on an error of the
+    /// file the mark stays, so that nothing is lost. The cost depends on the new text alone.
     void saveNewEntries();
     /// While chkAutoSave is ticked: appends the whole journal, and leaves the mark. Errors of the
     /// file go to the caller.
     void prcSaveLog();
     /// Writes a script that notes `strMessage` in the system's event log, and starts it. Each
-    /// single quote becomes a double one, also in the message, which has to bring its own. "1" when
-    /// the system's answer is 42, else "0". Errors of the file go to the caller.
+    /// single quote becomes a double one, also in the message, which must contain its own quotes.
+    /// "1" when the system's answer is 42, else "0". Errors of the file go to the caller.
     std::string prcSetEvt(std::int16_t iEvent, const std::string& strMessage);
 
   private:

@@ -57,8 +57,8 @@ void FileList::showFolder(ListedFile row, const std::string& path) {
     showEntry(row, *folder);
 }
 
-// The start of the program comes through here: whatever is asked may fail. A folder's size is left
-// out, as it takes a walk through the whole tree.
+// Runs at the start of the program too, so a failing question must not end it. A folder's size is
+// left out, since measuring it means a walk through the whole tree.
 void FileList::prcAllLV(ListView& list, const std::string& strPath) {
     if (strPath.empty()) return;
     const ListedFile row = addBareRow(list, strPath);
@@ -96,7 +96,7 @@ std::vector<std::string> FileList::addChosen(ListView& list, const std::string& 
     const std::string folder = names.substr(0, folderEnd);
     std::vector<std::string> added;
     for (const std::string& name : split(names.substr(folderEnd + 1), std::string_view("\0", 1))) {
-        // Whatever lies in the folder under that name isn't what was chosen.
+        // With a path of its own, the chosen file isn't the one of that name in the folder.
         const std::string path = driveNameOf(name).empty() ? joined(folder, name) : name;
         if (!fso_.FileExists(path)) continue;
         prcAllLV(list, path);

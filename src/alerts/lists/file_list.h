@@ -24,8 +24,8 @@ class FileList {
     /// file has "n/a" for its size; what can't be read stays empty. Nothing for an empty path.
     void prcAllLV(ListView& list, const std::string& strPath);
 
-    /// Adds the existing file that the box's text names, a line end after it aside; with an empty
-    /// text asks with the file dialog and adds what was chosen. `strFile` takes the answer as the
+    /// Adds the existing file that the box's text names, without line ends after it; with an empty
+    /// text opens the file dialog and adds what was chosen. `strFile` takes the answer as the
     /// dialog gives it. The full paths of the rows added, in their order.
     std::vector<std::string> GetFiles(ListView& lvFile, const ComboBox& cboList,
                                       std::string& strFile, FileDialog& objDlg);

@@ -62,7 +62,7 @@ void FileListButtons::lblSF_Click(int index) {
     }
 }
 
-// The watch rests meanwhile, so that no check changes the list while the dialog is open.
+// The watch is paused meanwhile, so that no check changes the list while the dialog is open.
 void FileListButtons::addFiles() {
     const bool rests = form1_.cmdPause.Caption() == watch_caption::pause;
     if (rests) form1_.cmdPause.Click();
@@ -77,7 +77,7 @@ void FileListButtons::addFiles() {
     if (rests) resumeWatch();
 }
 
-// The custom watch time may have started it already: the switch would pause it again.
+// The custom watch time may have started it already: another click would pause it again.
 void FileListButtons::resumeWatch() {
     if (form1_.cmdPause.Caption() != watch_caption::pause) form1_.cmdPause.Click();
 }

@@ -6,7 +6,7 @@ namespace velmora {
 
 std::unique_ptr<Folder> folderToDelete(FileSystemObject& fso, const std::string& path) {
     auto folder = fso.GetFolder(path);
-    // A whole drive is no folder to free space with, however it came into the list.
+    // A whole drive must not be deleted to free space, even if it is in the list.
     if (folder->ParentFolder().empty()) throw RuntimeError(error::permissionDenied);
     return folder;
 }

@@ -13,7 +13,7 @@ namespace velmora {
 /// anything in it is looked at; error 76 when there is no such folder.
 std::unique_ptr<Folder> folderToDelete(FileSystemObject& fso, const std::string& path);
 
-/// The bytes that go with the folder; nothing for one without content, which stays.
+/// The bytes that deleting the folder frees; nothing for an empty one, which stays.
 std::optional<double> contentToDelete(Folder& folder);
 
 }  // namespace velmora

@@ -27,13 +27,13 @@ std::vector<ListedRow> rowsFromLast(const ListView& list) {
     return all;
 }
 
-// Nearly always the row stands where it stood.
+// Nearly always the row still has its index.
 int placeOfRow(const ListView& list, const ListedRow& listed) {
     const auto isAt = [&](int index) {
         return index <= list.Count() && &list.ListItems(index) == listed.row &&
                ConstListedFile(*listed.row).path() == listed.path;
     };
-    // Rows that went let it move up.
+    // When rows above it were removed, it has moved up.
     for (int i = std::min(listed.index, list.Count()); i >= 1; --i) {
         if (isAt(i)) return i;
     }

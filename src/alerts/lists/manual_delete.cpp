@@ -25,17 +25,17 @@ void ManualOperations::cmdDelete_Click() {
     try {
         text = remove(subject->path);
     } catch (const RuntimeError& failure) {
-        // The row stays: nobody knows what has become of the file.
+        // The row stays: it isn't known whether the file still exists.
         if (!isAccessError(failure)) return sayFailure(failure, subject->path);
         text = "- File access error (Listing Removed): " + subject->path;
     }
     removeRow(*subject);
     report(text);
-    // Shows the effect at once.
+    // A check at once shows the new free space.
     parts_.form1.Timer1.Tick();
 }
 
-// Deletes what the path names and says what became of it.
+// Deletes what the path names and returns the report of it.
 std::string ManualOperations::remove(const std::string& tag) {
     if (parts_.platform.fso.FileExists(tag)) {
         parts_.platform.files.remove(tag);
@@ -62,7 +62,7 @@ void ManualOperations::cmdDeleteAll_Click() {
          .title = "RecycleBin"});
     if (answer != BoxAnswer::yes && answer != BoxAnswer::no) return;
     for (Subject& subject : rowsFromLast(list_)) {
-        // Rows may have gone while a box stood. What is listed no more is not deleted.
+        // Rows may be removed while a box is open. What is no longer listed is not deleted.
         subject.index = placeOf(subject);
         if (subject.index > 0 && !deleteListed(subject, answer == BoxAnswer::yes)) return;
     }
@@ -87,8 +87,8 @@ bool ManualOperations::deleteListed(const ListedRow& subject, bool toBin) {
     }
 }
 
-// Takes the first entry of the box along, whichever it is. An empty box ends the run with the row
-// in place; a message has just said so.
+// Also removes the first entry of the combo box, whichever it is. An empty combo box ends the run,
+// after its message, with the row in place.
 bool ManualOperations::dropMissing(const ListedRow& subject) {
     say("file does not exits: " + subject.path);
     if (parts_.form1.cboFile.ListCount() == 0) return false;

@@ -10,7 +10,7 @@ void ManualOperations::cmdMoveAll_Click() {
     if (list_.Count() == 0) return say("No item listed.");
     try {
         for (int i = 1; i <= list_.Count(); ++i) list_.ListItems(i).setSelected(false);
-        // Rows may go while a box stands: the others keep their turn, and each has one only.
+        // Rows may be removed while a box is open: each of the others is still handled, once.
         for (const Subject& subject : rowsFromLast(list_)) {
             const int place = placeOf(subject);
             if (place == 0) continue;
@@ -22,7 +22,7 @@ void ManualOperations::cmdMoveAll_Click() {
     }
 }
 
-// Of all rows only the one below can be selected: the one before in the run, if it stayed.
+// Only the row below can be selected: the one handled before this one, if it stayed.
 void ManualOperations::selectOnly(int index) {
     if (index < list_.Count()) list_.ListItems(index + 1).setSelected(false);
     list_.ListItems(index).setSelected(true);
@@ -47,7 +47,7 @@ void ManualOperations::moveSelected(int expected) {
     removeRow(*subject);
 }
 
-// The folder in front of which the file's name is put as it is; nothing when the user gives up.
+// The folder in front of which the file's name is put as it is; nothing when the user cancels.
 std::optional<std::string> ManualOperations::askDestination() {
     const std::string specified = withoutLineEnds(parts_.form1.txtDrive.Text());
     const BoxAnswer answer =

@@ -22,7 +22,7 @@ void ManualOperations::cmdFolder_Click() {
     const std::string chosen = parts_.host.OpenFileDialog(
         {.DialogTitle = "Select Path by choosing a file within the folder",
          .Filter = "All Files (*.*)|*.*"});
-    // Dismissing the dialog leaves the path.
+    // When the dialog is dismissed, the path stays.
     if (!chosen.empty()) parts_.form1.txtDrive.setText(left(chosen, lastPosition(chosen, "\\")));
 }
 
@@ -40,7 +40,7 @@ void ManualOperations::sayFailure(const RuntimeError& failure, const std::string
         {.text = failure.description() + "\r\nFile: " + tag + "\r\n", .icon = BoxIcon::critical});
 }
 
-// The row stands in the list even when the log file can't take it.
+// The row is in the list even when the log file can't be written.
 void ManualOperations::raise(const char* rating, const std::string& text) {
     resumeNext([&] {
         parts_.alerts.prcAlertInfo(Format(parts_.platform.clock.Now(), alert_time::minutes), rating,

@@ -31,7 +31,7 @@ struct ManualParts {
 };
 
 /// An operation on a file reports by alert list, journal and alert dialog, and goes on when the log
-/// file can't be written: what was done to the file is done, and its row must not stay.
+/// file can't be written: the file has changed already, so its row must not stay.
 class ManualOperations {
   public:
     /// Connects its handlers to the forms, which must outlive it like the rest.
@@ -41,19 +41,19 @@ class ManualOperations {
 
     /// Sets the specified path to the folder of a file that is chosen.
     void cmdFolder_Click();
-    /// Asks where to, moves the file of the selected row and takes the row away, moved or not.
+    /// Asks where to, moves the file of the selected row and removes the row, moved or not.
     void cmdMove_Click() { moveSelected(1); }
     /// The same for each row from the last to the first.
     void cmdMoveAll_Click();
-    /// Deletes the file or folder of the selected row at once, takes the row away and runs one tick
-    /// of the check.
+    /// Deletes the file or folder of the selected row at once, removes the row and runs one tick of
+    /// the check.
     void cmdDelete_Click();
     /// Asks how, then deletes the files of all rows from the last to the first or sends them to the
     /// recycle bin.
     void cmdDeleteAll_Click();
 
   private:
-    /// A row that is worked on. The check may take rows away while a box stands.
+    /// A row that is worked on. The check may remove rows while a box is open.
     using Subject = ListedRow;
     std::optional<Subject> subjectAt(int index);
     int placeOf(const Subject& subject) const { return placeOfRow(list_, subject); }

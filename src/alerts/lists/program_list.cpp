@@ -50,7 +50,7 @@ void ProgramList::Label5_Click(int index) {
     }
 }
 
-// An empty text is no mistake; one that names no file is reported.
+// An empty text is no error; one that names no file is reported.
 bool ProgramList::boxNamesFile() {
     const std::string& text = form1_.cboProg.Text();
     if (text.empty()) return false;
@@ -106,7 +106,7 @@ void ProgramList::browse() {
     if (!chosen.empty()) form1_.cboProg.setText(chosen);
 }
 
-// A single path rests in the box, where "Add" can take it.
+// A single path is only put into the box; "Add" lists it from there.
 void ProgramList::drop(const std::vector<std::string>& paths) {
     if (paths.size() == 1) {
         form1_.cboProg.setText(paths.front());

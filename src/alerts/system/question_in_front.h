@@ -7,7 +7,7 @@
 
 namespace velmora {
 
-/// Asks with the window's staying on top switched off meanwhile. It is put back whatever happens.
+/// Asks while staying on top is switched off. It is switched on again even after an error.
 inline BoxAnswer askInFront(StayOnTop& stayOnTop, Host& host, const Box& question) {
     ScopeGuard afterFailure([&] { stayOnTop.restore(); });
     stayOnTop.drop();

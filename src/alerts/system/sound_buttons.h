@@ -21,9 +21,9 @@ class SoundButtons {
     /// Gives a sound that isn't chosen yet its default, the system's own chime; nothing on a system
     /// that doesn't know its folder.
     void setDefaults();
-    /// Plays the sound of that place, 0 or 1, to its end; a box when its file isn't there.
+    /// Plays the sound of that place, 0 or 1, to its end; a message when its file isn't there.
     void cmdPlay_Click(std::size_t index);
-    /// Lets the user choose it. A box for a file that isn't there; nothing when dismissed.
+    /// Lets the user choose it. A message for a file that isn't there; nothing when dismissed.
     void cmdAudio_Click(std::size_t index);
     /// Plays the program's own alert sound.
     void cmdSnd_Click();

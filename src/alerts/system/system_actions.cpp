@@ -16,19 +16,19 @@ constexpr int noSound = 4;
 // The record's flags: the verb acts on an item list, with the window's own messages.
 constexpr std::uint32_t propertiesMask = 1100;
 
-// An existing file as a command line: a blank in its path must not end the program's name.
+// An existing file as a command line, in quotes where a blank in its path would end the name.
 std::string asCommand(const std::string& file) {
     return contains(file, " ") ? "\"" + file + "\"" : file;
 }
 
-// What a part of a path names once the system has dropped the dots and blanks at its end.
+// A part of a path without the dots and blanks at its end, which the system drops.
 std::string tidyPart(std::string part) {
     part.resize(part.find_last_not_of(". ") + 1);
     return part;
 }
 
-// Whether the path surely names something below the root of a drive: not the root in whatever
-// spelling, nothing that climbs up again, nothing without a folder that holds it.
+// Whether the path certainly names something below the root of a drive: not the root itself in any
+// spelling, no path with "..", no name without a folder.
 bool isBelowRoot(const std::string& given) {
     const std::string path = replaceAll(given, "/", "\\");
     const std::string drive = driveNameOf(path);
@@ -67,14 +67,15 @@ void SystemActions::prcCleanMan(const std::string& strDrive, const std::string& 
                                     normalWindow);
 }
 
-// Where names may hold such characters, the file itself is meant.
+// Where file names may contain these characters, an existing file of that name is meant.
 bool SystemActions::isPattern(const std::string& path) {
     if (path.find_first_of("*?") == std::string::npos) return false;
     return !platform_.fso.FileExists(path) && !platform_.fso.FolderExists(path);
 }
 
 void SystemActions::prcSendToBin(const std::string& strFile, std::int32_t lngFlags) {
-    // The shell takes a list with a NUL after each path: one inside would make two paths of one.
+    // The shell takes a list with a NUL after each path: a NUL inside a path would make two paths
+    // of it.
     const bool isOne = strFile.find('\0') == std::string::npos;
     if (!isOne || !isBelowRoot(strFile) || isPattern(strFile)) {
         throw RuntimeError(error::permissionDenied);

@@ -19,23 +19,23 @@ class SystemActions {
     SystemActions& operator=(const SystemActions&) = delete;
 
     /// Empties the recycle bin of the drive that `strDrive` begins with, or of all drives when it
-    /// is empty. Each switch counts only by its own bit: 1, 2 and 4 in this order. Passes over
-    /// every error.
+    /// is empty. Of each switch only its own bit counts: 1, 2 and 4 in this order. Ignores every
+    /// error.
     void MakeRecycleBinEmpty(const std::string& strDrive, std::int16_t iNoConfirmation,
                              std::int16_t iNoProgress, std::int16_t iNoSound);
-    /// Starts the disk cleaner, for a drive and by a set of choices that the system knows under
-    /// that number; either may be empty. Its success isn't looked at.
+    /// Starts the disk cleaner for a drive, with the options that the system has stored under that
+    /// number; either may be empty. Its result is ignored.
     void prcCleanMan(const std::string& strDrive, const std::string& strSage);
     /// Sends a file or folder to the recycle bin. All callers pass `file_operation::allowUndo`; the
-    /// result isn't looked at. Error 70, and nothing is asked of the shell, for the root of a drive
-    /// in whatever spelling, a path with "..", one without a folder in front of its name, and a
-    /// pattern of names that the shell would take for many files.
+    /// result is ignored. Error 70, and nothing is asked of the shell, for the root of a drive in
+    /// any spelling, a path with "..", one without a folder in front of its name, and a pattern of
+    /// names that the shell would take for many files.
     void prcSendToBin(const std::string& strFile, std::int32_t lngFlags);
     /// Plays a sound and returns when it has ended; not 0 when it was played.
     std::int16_t prcPlaySound(const std::string& strFile, std::int32_t lngFlags);
-    /// Starts each file that the list of cboProg names, in a normal window, and gives an account of
-    /// it: a note and the entry's name in lines of their own. What isn't there is noted and passed
-    /// over; an error of starting one goes to the caller and leaves the rest unstarted.
+    /// Starts each file that the list of cboProg names, in a normal window, and reports it: a note
+    /// and the entry's name in lines of their own. A missing file is reported and skipped; an error
+    /// of starting one goes to the caller, and the others aren't started.
     std::string prcRunListedProg();
     /// The system's properties sheet of a file, owned by the window of that form.
     void prcShowProperties(const std::string& path, const std::string& owner);

@@ -1,5 +1,5 @@
 // One key of the settings file: how its lines look, its places in the orders of writing and
-// reading, and the field that it stands for.
+// reading, and the field that it sets.
 #pragma once
 
 #include <string>

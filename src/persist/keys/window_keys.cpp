@@ -24,7 +24,7 @@ constexpr SettingsField soundFile{
 
 void setAutoUpdate(const SettingsTarget& to, const std::string& value) {
     putStored(to.forms.form1.chkUpdate, value, to.platform.regional);
-    to.forms.globals.bAutoUpdate = true;  // whatever the value
+    to.forms.globals.bAutoUpdate = true;  // with any value
 }
 
 constexpr SettingsKey windowEntries[] = {

@@ -63,7 +63,7 @@ class WindowsMachine final : public Machine {
     std::string toHostPath(const std::string& drivePath) override { return drivePath; }
 
   private:
-    // One pending question a drive, whoever asks.
+    // Shared by all interfaces, so that only one question a drive is pending.
     std::shared_ptr<DriveQuestions> questions_ = std::make_shared<DriveQuestions>(driveDeadline);
     WindowsFileSystemObject fso_{questions_};
     WindowsKernel32 kernel32_{questions_};

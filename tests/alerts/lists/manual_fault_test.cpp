@@ -1,5 +1,5 @@
 // Each operation by hand in which the n-th call of the machine fails, for every n and for several
-// errors. Whatever fails, only the file that is being handled may be touched.
+// errors. After any failure only the file that is being handled may have changed.
 #include "alerts/lists/lists_rig.h"
 
 #include <algorithm>

@@ -38,8 +38,8 @@ struct Candidate {
 std::unique_ptr<MachineUnderTest> machineInMemory();
 std::unique_ptr<MachineUnderTest> realMachine();
 
-/// Keeps the settings of whoever runs the tests as they are until the result goes; the machine is
-/// to be opened after it. The contract's registry value is "VelmoraContract".
+/// Keeps the user's own settings unchanged while the result exists; open the machine only after
+/// this call. The contract's registry value is "VelmoraContract".
 std::shared_ptr<void> leaveUserAlone();
 
 /// A test that runs once for every machine.

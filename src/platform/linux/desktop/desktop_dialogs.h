@@ -12,8 +12,8 @@ namespace velmora::linuxhost {
 std::optional<std::string> chooseFolder(const std::string& title,
                                         const std::function<void()>& whileOpen);
 
-/// Asks yes or no; no also where nobody can be asked. The text must be plain letters: it may be
-/// taken for markup.
+/// Asks yes or no; no also when the question can't be shown. The text must be plain letters: it may
+/// be taken for markup.
 bool isConfirmed(const std::string& title, const std::string& text);
 
 }  // namespace velmora::linuxhost

@@ -15,16 +15,16 @@ class LinuxShell32 final : public Shell32 {
     explicit LinuxShell32(Volumes& volumes) : volumes_(volumes) {}
 
     std::int32_t SHGetSpecialFolderLocation(std::int32_t csidl, ItemIdList& list) override;
-    /// Addresses ("https:", "mailto:") and paths go to xdg-open, whatever the operation; a program
-    /// is run in its own folder. The disk cleaner ("cleanmgr") is the first of bleachbit, stacer
-    /// and baobab that is installed, without parameters: none of them removes anything unasked.
+    /// Addresses ("https:", "mailto:") and paths go to xdg-open for every operation; a program is
+    /// run in its own folder. The disk cleaner ("cleanmgr") is the first of bleachbit, stacer and
+    /// baobab that is installed, without parameters: none of them removes anything unasked.
     std::int32_t ShellExecuteA(const std::string& owner, const std::string& operation,
                                const std::string& file, const std::string& parameters,
                                const std::string& directory, std::int32_t showCommand) override;
     /// "properties" asks the file manager over the session bus; "open", "explore" and no verb at
     /// all are for xdg-open.
     bool ShellExecuteEx(const ShellExecuteInfo& info) override;
-    /// By zenity or kdialog, which show folders alone whatever the flags.
+    /// By zenity or kdialog, which show only folders; the flags aren't used.
     Browse SHBrowseForFolder(const BrowseInfo& info, ItemIdList& list) override;
     /// The user's trash on that drive. Unless flag 1 is set, zenity or kdialog asks the user first;
     /// where neither can, that is a no.

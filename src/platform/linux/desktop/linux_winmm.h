@@ -21,8 +21,8 @@ class LinuxWinmm final : public Winmm {
     explicit LinuxWinmm(Volumes& volumes, PlayingLimits limits = {})
         : volumes_(volumes), limits_(limits) {}
 
-    /// pw-play, paplay or aplay. One that fails leaves it to the next; one that outlasts the limit
-    /// is ended, and the sound counts as played.
+    /// pw-play, paplay or aplay. When one fails, the next is tried; one that exceeds the limit is
+    /// ended, and the sound counts as played.
     std::int16_t sndPlaySoundA(const std::string& file, std::int32_t flags) override;
 
   private:

@@ -66,7 +66,7 @@ bool holdsFiles(const Mount& mount) {
     return type != "overlay" && isBlock(mount);
 }
 
-// Tells for a mount whether the filesystems on the way to it are all of the quick kind.
+// Knows for each mount whether all filesystems on the way to it answer from memory.
 class WayThere {
   public:
     explicit WayThere(const std::vector<Mount>& reachable) {
@@ -92,7 +92,7 @@ Mount rootAmong(const std::vector<Mount>& reachable) {
     const auto root = std::find_if(reachable.begin(), reachable.end(),
                                    [](const Mount& mount) { return mount.mountPoint == "/"; });
     if (root != reachable.end()) return *root;
-    // In a changed root without a mount of its own: there, of a kind that nobody knows.
+    // After chroot into a folder that is no mount point: the root exists, of an unknown type.
     Mount unknown;
     unknown.mountPoint = "/";
     return unknown;

@@ -27,8 +27,8 @@ void leaveSession() {
     prctl(PR_SET_NAME, "velmora-drive");
 }
 
-// Whoever reads a pipe of the program waits for its end in every process, and a folder that a
-// process stays in can't be unmounted.
+// The reader of a pipe sees its end only when every process has closed it, and a filesystem can't
+// be unmounted while it holds the working folder of a process.
 void giveUpFiles(int socket) {
     if (socket != socketNumber) dup2(socket, socketNumber);
     if (close_range(socketNumber + 1, ~0U, 0) != 0) {

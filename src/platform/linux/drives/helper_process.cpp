@@ -51,7 +51,7 @@ bool HelperProcess::start() {
 
 void HelperProcess::stop() {
     if (socket_.isOpen()) {
-        // Idle, it ends at once, and is waited for so that it doesn't linger as a dead entry.
+        // An idle helper ends at once; waiting for it keeps it from staying as a zombie process.
         shutdown(socket_.get(), SHUT_WR);
         const bool isEnding = !pending_ && waitForEnd();
         socket_.reset();

@@ -24,7 +24,7 @@ bool isOctal(char c) {
     return c >= '0' && c <= '7';
 }
 
-// Blanks, tabs, line ends and back-slashes stand as "\040" and the like.
+// Blanks, tabs, line ends and back-slashes are written as "\040" and the like.
 std::string unescaped(std::string_view field) {
     std::string text;
     text.reserve(field.size());
@@ -51,8 +51,8 @@ std::optional<int> numberOf(std::string_view field) {
     return value;
 }
 
-// "36 35 98:0 /root /mnt rw,noatime master:1 - ext3 /dev/root rw": before the dash stand any number
-// of optional fields.
+// "36 35 98:0 /root /mnt rw,noatime master:1 - ext3 /dev/root rw": the dash follows any number of
+// optional fields.
 std::optional<Mount> parseLine(std::string_view line) {
     const auto fields = fieldsOf(line);
     const auto dash = std::find(fields.begin(), fields.end(), "-");

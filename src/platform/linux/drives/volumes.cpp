@@ -55,7 +55,8 @@ void Volumes::reload() {
         if (volume->isMounted && volume->letter != 0)
             byLetter_[static_cast<std::size_t>(volume->letter - 'A')] = volume.get();
     }
-    // A helper that lingers is reaped with its volume's letter kept; without one nobody asks again.
+    // With a letter the volume is kept, and its helper is reaped later; without one nothing asks
+    // for the volume again.
     std::erase_if(volumes_,
                   [](const auto& volume) { return !volume->isMounted && volume->letter == 0; });
     listRoots();
@@ -77,7 +78,7 @@ void Volumes::show(const DriveMount& mount) {
     });
     if (at == volumes_.end()) at = volumes_.insert(at, std::make_unique<Volume>(deadline_));
     Volume& volume = **at;
-    // Another filesystem: whatever the old one still owes is of no use.
+    // Another filesystem: a pending answer of the old one would be wrong for it.
     if (!(volume.drive == mount)) volume.helper.stop();
     volume.drive = mount;
     volume.shareKey = lowerCase(mount.share);

@@ -54,7 +54,7 @@ class Volumes {
     /// What lies in the folder at that path; nothing when it can't be read in time.
     std::optional<EntryCounts> entriesOf(const std::string& hostPath);
 
-    /// Whether a listing of the folder at that path begins in time, with whatever result.
+    /// Whether a listing of the folder at that path begins in time, with any result.
     bool beginsListing(const std::string& hostPath);
     /// Whether the drive that holds an absolute path of the host waits for no server; no also when
     /// none holds it.

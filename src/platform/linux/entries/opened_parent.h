@@ -1,5 +1,5 @@
 // The parent folder of a path, held open: the entry with the path's last name is removed or moved
-// in this folder, whatever else is put at the folder's path meanwhile. No symbolic link is
+// in this folder, even if something else is put at the folder's path meanwhile. No symbolic link is
 // followed.
 #pragma once
 

@@ -8,7 +8,7 @@
 
 namespace velmora::linuxhost {
 
-/// Which entry it is, whatever it is called.
+/// Identifies an entry independently of its name.
 struct EntryIdentity {
     dev_t device = 0;
     ino_t inode = 0;

@@ -12,7 +12,7 @@ namespace velmora::linuxhost {
 int makeFolders(const std::string& path);
 
 /// Puts a file with this content in place of the old one, or where there was none; its folder is
-/// made if need be. Whoever reads the path sees the old file or the whole new one. Gives 0, or the
+/// made if need be. A reader of the path sees the old file or the whole new one. Gives 0, or the
 /// errno with the old file left as it was.
 int replaceFile(const std::string& path, std::string_view content, mode_t mode);
 

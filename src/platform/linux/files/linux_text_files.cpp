@@ -20,7 +20,7 @@ namespace {
 class OpenFile {
   public:
     OpenFile(const std::string& path, int flags)
-        // A pipe that nobody uses at its other end must not keep the program waiting.
+        // A pipe whose other end isn't open must not keep the program waiting.
         : fd_(open(path.c_str(), flags | O_CLOEXEC | O_NOCTTY | O_NONBLOCK, 0666)),
           failure_(fd_.isOpen() && fstat(fd_.get(), &status_) == 0 ? 0 : errno) {}
 

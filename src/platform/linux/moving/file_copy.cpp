@@ -101,7 +101,7 @@ int copyAttributes(int from, int to) {
 // A filesystem without owners or modes refuses; times are what a copy must have.
 int copyMetadata(int from, int to, const struct stat& status) {
     const bool hasOwner = fchown(to, status.st_uid, status.st_gid) == 0;
-    // The rights of an owner who isn't the file's here are nobody's.
+    // With another owner the set-user and set-group bits would give that owner's rights: dropped.
     const mode_t mode = status.st_mode & (hasOwner ? 07777 : 0777);
     if (const int failure = copyAttributes(from, to); failure != 0) return failure;
     if (fchmod(to, mode) != 0 && errno != EPERM && errno != ENOTSUP) return errno;
@@ -145,7 +145,7 @@ std::string temporaryName() {
     return ".velmora-" + std::to_string(getpid()) + '-' + std::to_string(++number);
 }
 
-// A copy under a temporary name, which nobody takes for the whole file. 0, or the errno.
+// A copy under a temporary name, so that it isn't taken for the whole file. 0, or the errno.
 int copyUnderTemporaryName(int from, int toFolder, const std::string& temporary,
                            const std::string& to, CopiedEntry& copied) {
     UniqueFd copy(openat(toFolder, temporary.c_str(),

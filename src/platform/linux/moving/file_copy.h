@@ -18,9 +18,9 @@ struct CopiedEntry {
 /// Copies an entry of the one folder to a name that the other doesn't have yet: a file with its
 /// content, times, mode, owner and attributes as far as the filesystem keeps them, on the disk when
 /// this returns; a link as the link that it is. Nothing appears at the name but the whole file. 0,
-/// or the errno with nothing left over: EEXIST when something has that name, EXDEV for whatever
-/// is neither file nor link, EBUSY for a file that changed meanwhile or that a program holds open
-/// for writing.
+/// or the errno with nothing left over: EEXIST when something has that name, EXDEV for anything but
+/// a file or a link, EBUSY for a file that changed meanwhile or that a program holds open for
+/// writing.
 int copyEntry(int fromFolder, const std::string& from, int toFolder, const std::string& to,
               CopiedEntry& copied);
 

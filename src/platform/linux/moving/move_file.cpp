@@ -38,8 +38,8 @@ int syncFolder(int folder) {
     return failure == EINVAL || failure == ENOTSUP || failure == EROFS ? 0 : failure;
 }
 
-// The end of a move whose copy is complete: the source is removed, or else the copy. Where nobody
-// knows whether the source is still there, the copy stays.
+// The end of a move whose copy is complete: the source is removed, or else the copy. Where it isn't
+// known whether the source still exists, the copy stays.
 class EndOfMove {
   public:
     EndOfMove(const OpenedParent& source, const OpenedParent& target, const CopiedEntry& copied,

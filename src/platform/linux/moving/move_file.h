@@ -1,5 +1,5 @@
-// Moving a file or folder, to another filesystem too, so that nothing is lost on the way: whatever
-// fails leaves everything where it was.
+// Moving a file or folder, to another filesystem too, so that nothing is lost on the way: after any
+// failure everything is where it was.
 #pragma once
 
 #include <cstdint>

@@ -8,8 +8,8 @@
 
 namespace velmora::linuxhost {
 
-/// A command line taken apart: the program, which may stand in double quotes, and the rest without
-/// the blanks around it.
+/// A command line taken apart: the program, which may be in double quotes, and the rest without the
+/// blanks around it.
 struct ProgramOrder {
     std::string program;
     std::string rest;
@@ -29,7 +29,7 @@ bool isProgram(const std::string& hostPath);
 /// here doesn't have; empty when there is none.
 std::string programInPath(const std::string& name);
 
-/// Whether the program is the other system's editor of text files, whatever its path.
+/// Whether the program is the other system's editor of text files, at any path.
 bool isTextEditor(const std::string& program);
 
 }  // namespace velmora::linuxhost

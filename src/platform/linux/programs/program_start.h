@@ -15,8 +15,8 @@ namespace velmora::linuxhost {
 pid_t startProgram(std::vector<std::string> command, int output = -1,
                    const std::string& folder = {});
 
-/// Whether the child has ended; then it is reaped, and `status` is the status of waitpid (as it was
-/// when somebody else has reaped it).
+/// Whether the child has ended; then it is reaped, and `status` is the status of waitpid (unchanged
+/// when another caller has reaped it).
 bool hasEnded(pid_t process, int& status);
 
 }  // namespace velmora::linuxhost

@@ -12,7 +12,7 @@ namespace velmora::linuxhost {
 std::string startingScript(const std::string& program, const std::vector<std::string>& arguments,
                            std::string_view description);
 
-/// One word for sh, whatever it holds.
+/// The text as one word for sh, with any characters in it.
 std::string shellWord(std::string_view text);
 
 /// The arguments of a shortcut: blanks and tabs part them, double quotes hold together, and a

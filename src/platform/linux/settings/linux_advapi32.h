@@ -24,8 +24,8 @@ class LinuxAdvapi32 final : public Advapi32 {
     std::int32_t RegSetValueExA(RegistryKey key, const std::string& name, std::uint32_t reserved,
                                 std::uint32_t type, const std::string& data,
                                 std::uint32_t length) override;
-    /// The drive path of the program that a value's entry starts; 2 also for an entry of somebody
-    /// else's form.
+    /// The drive path of the program that a value's entry starts; 2 also for an entry in another
+    /// form.
     std::int32_t RegQueryValueExA(RegistryKey key, const std::string& name, std::uint32_t& type,
                                   std::string& data) override;
     std::int32_t RegCloseKey(RegistryKey key) override;

@@ -15,7 +15,7 @@ namespace velmora::linuxhost {
 /// A note has the name of what it is about, and this ending.
 inline constexpr std::string_view noteEnding = ".trashinfo";
 
-/// The drives that a root stands for: all, each once, for an empty one, else the one that the path
+/// The drives that a root means: all, each once, for an empty one, else the one that the path
 /// ("D:\") lies on; none when it isn't there.
 std::vector<DriveRoot> drivesToEmpty(const std::string& root, const std::vector<DriveRoot>& roots);
 

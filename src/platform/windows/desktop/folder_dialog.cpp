@@ -22,7 +22,7 @@ struct Beside {
     bool isRunning = false;
 
     void step(HWND dialog) {
-        // Whatever runs may handle messages itself, the timer's among them.
+        // run() may process messages, this timer's too.
         if (isRunning || failure) return;
         isRunning = true;
         try {

@@ -22,8 +22,8 @@ std::int16_t WindowsWinmm::sndPlaySoundA(const std::string& file, std::int32_t f
     const std::wstring path = toUtf16(file);
     // Without a device the system waits for one; for a missing file it may play another sound.
     if (!isFile(path) || waveOutGetNumDevs() == 0) return 0;
-    // The call returns when the sound has ended, and what it is given is a path, whatever else the
-    // flags say.
+    // Of the caller's flags those that would return before the sound has ended, or that say that
+    // the text is no path, are removed.
     constexpr auto others = static_cast<DWORD>(SND_ASYNC | SND_LOOP | SND_MEMORY | SND_ALIAS);
     const DWORD kept = (static_cast<DWORD>(flags) & ~others) | SND_FILENAME;
     return PlaySoundW(path.c_str(), nullptr, kept) ? 1 : 0;

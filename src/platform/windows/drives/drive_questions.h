@@ -1,6 +1,6 @@
 // Questions to drives, with a deadline. A drive may keep a call waiting for minutes (a share whose
 // host is gone, a disk that spins up), and the program must go on meanwhile. So each drive has a
-// thread of its own that asks, and whoever wants to know waits for it no longer than the deadline.
+// thread of its own that asks, and callers wait for it no longer than the deadline.
 //
 // A drive that missed the deadline answers nothing, at no cost, until its pending question returns.
 // That late answer is thrown away: it belongs to a moment long past.

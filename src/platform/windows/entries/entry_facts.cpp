@@ -38,7 +38,7 @@ PathKind kindOf(DWORD attributes) {
 }
 
 DWORD readFacts(const std::wstring& path, EntryFacts& facts) {
-    // To read attributes alone never conflicts with whoever has the file open.
+    // Opening only to read attributes never conflicts with a program that has the file open.
     const UniqueHandle handle(CreateFileW(
         path.c_str(), FILE_READ_ATTRIBUTES, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
         nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));

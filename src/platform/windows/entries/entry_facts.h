@@ -22,8 +22,8 @@ enum class PathKind { none, folder, file };
 /// By the attributes that GetFileAttributesW gives; none when it gives none.
 PathKind kindOf(DWORD attributes);
 
-/// Of what a link points to, like opening it. For a file that nobody may open, what its
-/// folder lists. The system's error code, 0 for success.
+/// Of what a link points to, like opening it. For a file that can't be opened, what its folder
+/// lists. The system's error code, 0 for success.
 DWORD readFacts(const std::wstring& path, EntryFacts& facts);
 
 /// Such a time as the local one of its day; "no date" for none.

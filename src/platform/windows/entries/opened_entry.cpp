@@ -215,7 +215,7 @@ namespace {
 
 DWORD step(OpenedEntry& folder, const std::wstring& name, bool isHeld) {
     OpenedEntry next;
-    // Only who reads or enters a folder takes part in the sharing of it.
+    // Sharing is only enforced for handles that may list or traverse the folder.
     const ACCESS_MASK access = isHeld ? toLookAt | FILE_TRAVERSE : toLookAt;
     const ULONG sharing = FILE_SHARE_READ | FILE_SHARE_WRITE | (isHeld ? 0 : FILE_SHARE_DELETE);
     if (const DWORD failure = next.openIn(folder, name, access, FILE_DIRECTORY_FILE, sharing))

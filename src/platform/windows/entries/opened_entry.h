@@ -1,6 +1,6 @@
 // Files and folders opened by their names in an opened folder, as what they are themselves: no link
-// is ever followed. Whatever is done to such an entry is done to the very one that was opened, even
-// when something else is put at its path meanwhile.
+// is ever followed. Each operation on such an entry is on the one that was opened, even when
+// something else is put at its path meanwhile.
 //
 // Results are the system's error codes, 0 for success.
 #pragma once
@@ -26,8 +26,8 @@ enum class EntryKind {
     hostLink,  ///< a link of the host below Wine: only what it points to can be opened
 };
 
-/// Whether an entry with these fields of a listing is a link, or anything else that stands for
-/// something that lies elsewhere.
+/// Whether an entry with these fields of a listing is a link, or anything else that leads to
+/// another place.
 bool isLink(DWORD attributes, DWORD reparseTag);
 
 /// Whether the program runs under Wine, which knows no links of its own and follows those of its
@@ -76,9 +76,9 @@ class OpenedEntry {
     UniqueHandle handle_;
 };
 
-/// Opens the parent folder of a path, step by step from the root of its drive. `ledThroughLink`
-/// when a step is a link or a drive mounted there. With `isHeld` nobody can
-/// rename or remove that folder while it is open.
+/// Opens the parent folder of a path, step by step from the root of its drive. Returns
+/// `ledThroughLink` when a step is a link or a drive mounted there. With `isHeld` no other program
+/// can rename or remove that folder while it is open.
 DWORD openParent(const ExactPath& path, bool isHeld, OpenedEntry& parent);
 
 }  // namespace velmora::windows

@@ -25,7 +25,7 @@ FindData dataOf(const WIN32_FIND_DATAW& entry) {
             .cFileName = toUtf8(entry.cFileName)};
 }
 
-// Numbers that stand for the program itself, its thread or its output instead of a handle; a
+// Numbers that mean the program itself, its thread or its output instead of a handle; a
 // notification that couldn't be had is one of them.
 bool standsForOther(std::uint32_t handle) {
     return handle >= 0xFFFFFFF0;

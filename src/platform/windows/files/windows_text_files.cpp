@@ -96,7 +96,7 @@ class OpenFile {
     UniqueHandle handle_;
 };
 
-// A file open for writing, made if need be. Others may read it meanwhile, nobody else may write.
+// A file open for writing, made if need be. Other programs may read it meanwhile, but not write.
 UniqueHandle openToWrite(const std::wstring& path) {
     // Appending rights alone would not allow to cut a half-written line off again.
     UniqueHandle handle(CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,

@@ -20,8 +20,8 @@ bool isSame(const OpenedEntry::Facts& first, const OpenedEntry::Facts& second) {
            first.size == second.size && CompareFileTime(&first.written, &second.written) == 0;
 }
 
-// Opens the source so that nobody else can write to it, once nobody does, and only when it is still
-// the very file that was looked at.
+// Opens the source if no other program writes to it and it is still the file whose facts were read;
+// until it is closed, no other program can write to it.
 DWORD openSource(const HeldPath& source, const OpenedEntry::Facts& original, ACCESS_MASK access,
                  ULONG sharing, OpenedEntry& entry) {
     if (const DWORD failure =
@@ -34,7 +34,7 @@ DWORD openSource(const HeldPath& source, const OpenedEntry::Facts& original, ACC
 }
 
 // A file open for reading can't be opened for removal too, so a third opening holds it between the
-// two: at no moment can anybody write.
+// two: at no moment can another program write.
 DWORD exchangeForRemoval(OpenedEntry& kept, const HeldPath& source,
                          const OpenedEntry::Facts& original, OpenedEntry& removable) {
     OpenedEntry between;
@@ -89,7 +89,7 @@ class Copy {
     OpenedEntry entry_;
 };
 
-// Scanners look into every new file for a while, and let nobody remove or rename it meanwhile.
+// Virus scanners open every new file for a while, and it can't be removed or renamed meanwhile.
 DWORD Copy::open() {
     constexpr int tries = 30;
     constexpr DWORD pauseMilliseconds = 100;
@@ -104,7 +104,7 @@ DWORD Copy::open() {
 DWORD Copy::make(const HeldPath& source, const OpenedEntry::Facts& original) {
     DWORD failure = resultOf(CopyFileExW(source.path.text().c_str(), path_.text().c_str(), nullptr,
                                          nullptr, nullptr, COPY_FILE_FAIL_IF_EXISTS));
-    // Somebody else's, whatever it is.
+    // What is at the path wasn't made here, so it isn't removed.
     if (failure == ERROR_FILE_EXISTS || failure == ERROR_ALREADY_EXISTS) return failure;
     if (failure == ERROR_SUCCESS) failure = open();
     if (failure == ERROR_SUCCESS) failure = finish(original);
@@ -130,7 +130,7 @@ DWORD Copy::setTimes(const OpenedEntry::Facts& facts, DWORD attributes) const {
         SetFileInformationByHandle(entry_.handle(), FileBasicInfo, &basic, sizeof basic));
 }
 
-// Onto the disk itself: the original is removed next. Only who may write may ask for that.
+// Flushed to the disk, since the original is removed next; that takes a handle for writing.
 DWORD Copy::flush() const {
     OpenedEntry copy;
     if (const DWORD failure = copy.openIn(target_.folder, path_.names.back(), FILE_WRITE_DATA))
@@ -185,7 +185,7 @@ DWORD removeSource(OpenedEntry& removable, const HeldPath& source,
     return failure;
 }
 
-// Nothing was done to the source yet, but by others.
+// The source is unchanged, unless another program has changed it.
 DWORD endWithoutRemoval(DWORD failure, const HeldPath& source, const OpenedEntry::Facts& original,
                         Copy& copy) {
     const SourceState state = stateOf(source, original);
@@ -203,7 +203,8 @@ DWORD endWithoutRemoval(DWORD failure, const HeldPath& source, const OpenedEntry
 
 DWORD moveToOtherDrive(const HeldPath& source, const HeldPath& target,
                        const OpenedEntry::Facts& original) {
-    // Nobody renames the source while it is copied by its name, and nobody writes to it at all.
+    // While this is open, no other program can rename the source, which is copied by its name, or
+    // write to it.
     OpenedEntry kept;
     if (const DWORD failure = openSource(source, original, 0, FILE_SHARE_READ, kept))
         return failure;
@@ -212,7 +213,7 @@ DWORD moveToOtherDrive(const HeldPath& source, const HeldPath& target,
     OpenedEntry removable;
     if (const DWORD failure = exchangeForRemoval(kept, source, original, removable))
         return endWithoutRemoval(failure, source, original, copy);
-    // Nobody else removes the source while it is open for that.
+    // While it is open for removal, no other program can remove the source.
     if (const DWORD unplaced = copy.putInPlace()) {
         copy.discard();
         return unplaced;

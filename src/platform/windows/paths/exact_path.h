@@ -1,6 +1,6 @@
 // Paths taken as they are written. The system tidies a path before it looks for it ("name." becomes
 // "name", "x\nul" a device), so that a call can reach another file than the one that a listing has
-// named. Whatever removes or moves something uses these instead.
+// named. All removing and moving uses these paths instead.
 #pragma once
 
 #include <optional>
@@ -13,7 +13,7 @@ struct ExactPath {
     std::wstring root;  ///< "C:\" or "\\host\share\"
     std::vector<std::wstring> names;
 
-    /// For system calls, which take it as it stands, whatever its length.
+    /// For system calls, which take this form unchanged and at any length.
     std::wstring text() const;
 };
 

@@ -25,7 +25,7 @@ bool isText(std::uint32_t type) {
     return type == REG_SZ || type == REG_EXPAND_SZ;
 }
 
-// Whoever wrote the value may have left out the NUL after a text, or half of its last character.
+// Another program may have written the value without the NUL at its end, or with half a character.
 std::string textOf(const std::string& bytes) {
     std::wstring text(bytes.size() / sizeof(wchar_t), L'\0');
     std::memcpy(text.data(), bytes.data(), text.size() * sizeof(wchar_t));

@@ -22,8 +22,8 @@ int codeOfFailure(DWORD failure) {
     return static_cast<int>(isMissing(failure) ? ERROR_FILE_NOT_FOUND : failure);
 }
 
-// The shell goes by paths: whatever could make one lead elsewhere is refused, also where the link
-// is what is named. Of a link to a file the shell takes the link.
+// The shell works with paths, so a path that could lead elsewhere is refused, also one of a link to
+// a folder. Of a link to a file the shell takes the link.
 int failureOfEntry(const OpenedEntry& parent, const std::wstring& name) {
     OpenedEntry entry;
     if (const DWORD failure = entry.openIn(parent, name, FILE_READ_ATTRIBUTES))
@@ -38,8 +38,8 @@ int failureOfEntry(const OpenedEntry& parent, const std::wstring& name) {
 }
 
 // The shell takes "*" and "?" for patterns, tidies names, and knows no path beyond the old limit:
-// it would do what was ordered to other files than the one that is named. While `parent` is open,
-// nobody can put another folder or a link in its place.
+// it would then change other files than the one that is named. While `parent` is open, no other
+// program can put another folder or a link in its place.
 int failureOfPath(const std::string& path, OpenedEntry& parent) {
     const auto exact = exactPath(path);
     if (exact && exact->names.empty()) return ERROR_ACCESS_DENIED;

@@ -30,7 +30,7 @@ std::set<pid_t> children() {
         std::ifstream file(entry.path() / "stat");
         std::string line;
         if (!std::getline(file, line)) continue;
-        // The name stands in parentheses and may hold blanks; the state and the parent follow.
+        // The name is in parentheses and may hold blanks; the state and the parent follow.
         std::istringstream rest(line.substr(line.rfind(')') + 1));
         std::string state;
         pid_t parent = 0;
@@ -42,7 +42,7 @@ std::set<pid_t> children() {
 
 class DialogProgram : public testing::Test {
   protected:
-    // Helpers of other tests may still be on their way out.
+    // Helpers of other tests may not have ended yet.
     bool hasNoNewChild() {
         const std::set<pid_t> now = children();
         return std::includes(before_.begin(), before_.end(), now.begin(), now.end());

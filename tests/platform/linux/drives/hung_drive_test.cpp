@@ -227,7 +227,7 @@ pid_t askingProcess(const std::string& drive, int done) {
 TEST_F(HungDrive, AProcessThatAskedItEndsAtOnce) {
     int ends[2];
     ASSERT_EQ(pipe2(ends, O_CLOEXEC), 0);
-    // The letters of a fresh machine begin anew, but this drive's is the first new one in both.
+    // The letters of a fresh machine begin again, but this drive's is the first new one in both.
     const pid_t process = askingProcess(drive_, ends[1]);
     close(ends[1]);
     pollfd done{ends[0], POLLIN, 0};
@@ -235,7 +235,7 @@ TEST_F(HungDrive, AProcessThatAskedItEndsAtOnce) {
     int status = -1;
     EXPECT_TRUE(waitUntil([&] { return waitpid(process, &status, WNOHANG) == process; }, 2s));
     EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
-    // Whoever reads what the process writes sees the end of it, too.
+    // A reader of the process's output sees its end, too.
     char byte = 0;
     EXPECT_EQ(read(ends[0], &byte, 1), 1);
     ASSERT_EQ(poll(&done, 1, 2000), 1);

@@ -59,7 +59,7 @@ TEST_F(LinuxFind, AttributesTellReadOnlyHiddenFolderAndLink) {
     EXPECT_EQ(found["deep"].dwFileAttributes, 16u);
     EXPECT_EQ(found["."].dwFileAttributes, 16u);
     EXPECT_EQ(found[".."].dwFileAttributes, 16u);
-    // A link is no folder, wherever it leads.
+    // A link is no folder, even when it leads to one.
     for (const char* link : {"to a file", "to outside", "dangling"})
         EXPECT_EQ(found[link].dwFileAttributes, 32u + 1024) << link;
 }

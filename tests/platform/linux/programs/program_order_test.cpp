@@ -94,7 +94,7 @@ TEST_F(ShellOrders, TheTextEditorIsTheDesktopsProgramForTheFile) {
     EXPECT_EQ(called(), expected);
     EXPECT_EQ(errorOfShell("\"C:\\Windows\\NOTEPAD.EXE\" \"" + in("a file, ö.txt") + '"'), 0);
     EXPECT_EQ(called(), expected);
-    // Nobody checks that the file is there.
+    // Whether the file exists isn't checked.
     EXPECT_EQ(errorOfShell("notepad.exe " + in("missing")), 0);
     EXPECT_EQ(called(), here() + (home_ / "bin/xdg-open") + '\n' + (home_ / "missing") + '\n');
 }

@@ -124,7 +124,7 @@ TEST_F(LinuxRemoval, AFolderThatWasAFileSinceIsGone) {
 }
 
 TEST_F(LinuxRemoval, TheRootOfADriveIsRefused) {
-    // In a process without the call that removes, whatever comes of it.
+    // In a process without the call that removes; the result doesn't matter.
     for (const bool force : {false, true}) {
         EXPECT_EQ(withoutCall(SYS_unlinkat, EPERM,
                               [&] {

@@ -1,5 +1,5 @@
-// A path that is swapped at every moment: somebody puts a link to a precious folder in its place
-// and takes it away again while files and folders are removed, recycled and moved by that path.
+// A path that is swapped at every moment: a thread puts a link to a precious folder in its place
+// and removes it again while files and folders are removed, recycled and moved by that path.
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -87,7 +87,7 @@ class PathRace : public testing::Test {
     std::string at(const std::string& name) const { return root_ / name; }
     std::string in(const std::string& name) { return drivePathOf(at(name), volumes_.roots()); }
 
-    /// The folder `name` goes away, a link to the precious one stands there, and it comes back.
+    /// Replaces the folder `name` by a link to the precious one, and puts it back.
     void swapFolder(const std::string& name) const {
         const std::string path = at(name);
         const std::string away = path + ".away";

@@ -1,5 +1,5 @@
-// Filesystems that tests mount, in a mount namespace of the test program's own: nobody else sees
-// them, and the last process in it takes what is left along.
+// Filesystems that tests mount, in a mount namespace of the test program's own: no other process
+// sees them, and those that are left end with the last process in it.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -101,7 +101,7 @@ class FolderDialog : public testing::Test {
         GTEST_SKIP() << "no display";
     }
 
-    // Shows the dialog, and does this once it stands.
+    // Shows the dialog, and does this once it is open.
     template <typename Act>
     Browse browse(Act&& act, const std::function<void()>& whileOpen = {}) {
         std::atomic<bool> isOver = false;

@@ -237,7 +237,7 @@ TEST_F(WindowsListing, AChangeInAFolderIsNotified) {
 }
 
 TEST_F(WindowsListing, WhatIsNoNotificationFails) {
-    // The second one stands for this process, and is what a failed notification looks like.
+    // The second number means this process, and is what a failed notification looks like.
     for (const std::uint32_t handle : {0u, 0xFFFFFFFFu, 0xFFFFFFFEu, 0x7FFF0001u}) {
         EXPECT_EQ(kernel32_.WaitForSingleObject(handle, 0), waitFailed) << handle;
         EXPECT_FALSE(kernel32_.FindNextChangeNotification(handle)) << handle;

@@ -22,7 +22,7 @@ int errorOfAppending(const std::string& path) {
     return 0;
 }
 
-// Somebody else's open file.
+// A file that another program has open.
 class OtherProgram {
   public:
     OtherProgram(const std::string& path, DWORD access, DWORD sharing)
@@ -78,8 +78,8 @@ TEST(WindowsTextFiles, AFileThatSomebodyElseReadsTakesTheLine) {
     EXPECT_EQ(contentsOf(folder / "log.txt"), "line\r\n");
 }
 
-// A file that is being deleted stands for every file that the user may not open: what a read-only
-// one refuses depends on who runs the test.
+// A file that is being deleted serves as one that the user may not open: what a read-only one
+// refuses depends on the user who runs the test.
 TEST(WindowsTextFiles, AFileThatMayNotBeOpenedIsDenied) {
     const ScratchFolder folder;
     const OtherProgram other(folder / "log.txt", DELETE,

@@ -1,5 +1,5 @@
-// Moving a file to another drive while somebody changes it or takes it away, whom no file in use
-// hinders.
+// Moving a file to another drive while a program that ignores the sharing of open files changes or
+// removes it.
 #include <gtest/gtest.h>
 #include <windows.h>
 
@@ -15,7 +15,7 @@ using tests::windows::isThere;
 using tests::windows::makeFile;
 using tests::windows::runHostProgram;
 
-// Programs of the host below Wine do what they like to files in use, as those of another machine.
+// Programs of the host below Wine ignore the sharing of open files, as another machine's may.
 class WindowsDriveMoveBesideHost : public DriveMoveTest {
   protected:
     void SetUp() override {

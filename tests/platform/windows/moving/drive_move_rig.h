@@ -57,9 +57,9 @@ class DriveMoveTest : public testing::Test {
     std::string target() const { return other_ / "new file"; }
     bool move() { return kernel32_.MoveFileA(source(), target()) == 1; }
 
-    /// Moves while somebody holds the copy as soon as it can be opened, so that it can't be
-    /// renamed or removed, and does something meanwhile. Who comes too late tries again. Where the
-    /// system lets nobody open what it copies, `isHeld_` may stay false.
+    /// Moves while the copy is held open from the first moment possible, so that it can't be
+    /// renamed or removed, and does something meanwhile. When it is opened too late, tries again.
+    /// Where a file can't be opened while it is copied, `isHeld_` may stay false.
     bool moveWhile(const std::function<void()>& act) {
         constexpr int tries = 10;
         for (int i = 1;; ++i) {

@@ -1,5 +1,4 @@
-// The recycle bin of the tests' own, where they have been given one: that of whoever runs them
-// stays as it is.
+// The recycle bin of the tests' own, where they have been given one: the user's own stays as it is.
 #pragma once
 
 #include <filesystem>

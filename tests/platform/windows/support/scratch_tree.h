@@ -158,8 +158,7 @@ class Link {
     bool isToFolder_;
 };
 
-/// Removes all that is in a folder, whatever the files and their names are like; no link is
-/// followed.
+/// Removes all that is in a folder, files with any attributes and names; no link is followed.
 inline void clearFolder(const std::wstring& folder) {
     WIN32_FIND_DATAW entry{};
     const HANDLE search = FindFirstFileW((folder + L"\\*").c_str(), &entry);
@@ -192,7 +191,7 @@ class ScratchTree : public velmora::windows::ScratchFolder {
     }
 };
 
-/// A file that somebody has open, and lets the others do no more than this.
+/// A file that is held open, with the sharing that others get.
 class FileInUse {
   public:
     FileInUse(const std::string& path, DWORD sharing)

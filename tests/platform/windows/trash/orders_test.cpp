@@ -52,7 +52,7 @@ class WindowsOrders : public testing::Test {
     WindowsShell32 shell_;
 };
 
-// The bin would be that of whoever runs the tests.
+// The bin would be the user's own.
 class WindowsOwnBin : public WindowsOrders {
   protected:
     void SetUp() override {

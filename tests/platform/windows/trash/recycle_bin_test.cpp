@@ -1,5 +1,5 @@
-// Emptying the bin. It would be that of whoever runs the tests, so it is only done where they have
-// been given one of their own.
+// Emptying the bin. It would be the user's own, so it is only done where the tests have been given
+// another one.
 #include "platform/windows/desktop/windows_shell32.h"
 
 #include <gtest/gtest.h>
