@@ -35,7 +35,7 @@ int runOn(const std::string& input, std::string& printed) {
 }
 
 bool isObject(const std::string& line) {
-    return nlohmann::json::parse(line, nullptr, false).is_object();
+    return line.starts_with('{') && nlohmann::json::accept(line);
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 // Any bytes as the settings file: reading ends, raises only the errors that a file can cause,
 // asks the machine for nothing but sounds, and leaves fields that can be written.
+#include <functional>
 #include <string>
+#include <vector>
 
 #include "base/runtime_error.h"
 #include "fake/fake_host.h"
@@ -19,15 +21,16 @@ class Program {
     Program() {
         machine.files["C:\\Windows\\media\\alert.wav"] = "RIFF";
         forms.form1.ListView1.Add("C:\\");
+        for (Form* form :
+             {static_cast<Form*>(&forms.form1), static_cast<Form*>(&forms.frmNotify)}) {
+            for (Control* control : form->controls()) addReset(*control);
+        }
     }
 
     /// Resets every field that the file sets, and forgets what was recorded: each input finds the
     /// same program.
     void reset() {
-        for (Form* form :
-             {static_cast<Form*>(&forms.form1), static_cast<Form*>(&forms.frmNotify)}) {
-            for (Control* control : form->controls()) reset(*control);
-        }
+        for (const auto& each : resets) each();
         forms.form1.ListView1.ListItems(1).setSelected(false);
         forms.globals.bAutoUpdate = false;
         machine.log.clear();
@@ -52,19 +55,24 @@ class Program {
     fake::FakeMachine machine;
 
   private:
-    static void reset(Control& control) {
+    // The kind of a control is looked up once, not for each input.
+    void addReset(Control& control) {
         if (auto* text = dynamic_cast<TextBox*>(&control)) {
-            text->setText("");
+            resets.push_back([text] { text->setText(""); });
         } else if (auto* box = dynamic_cast<CheckBox*>(&control)) {
-            box->setValue(0);
+            resets.push_back([box] { box->setValue(0); });
         } else if (auto* list = dynamic_cast<ListBox*>(&control)) {
-            for (int i = 0; i < list->ListCount(); ++i) list->setSelected(i, false);
+            resets.push_back([list] {
+                for (int i = 0; i < list->ListCount(); ++i) list->setSelected(i, false);
+            });
         } else if (auto* combo = dynamic_cast<ComboBox*>(&control)) {
-            combo->Clear();
+            resets.push_back([combo] { combo->Clear(); });
         } else if (auto* picker = dynamic_cast<DatePicker*>(&control)) {
-            picker->setValue({});
+            resets.push_back([picker] { picker->setValue({}); });
         }
     }
+
+    std::vector<std::function<void()>> resets;
 
     fake::FakeHost host;
     Forms forms;

@@ -95,6 +95,13 @@ void run(const Bytes& input) {
 
 }  // namespace
 
+/// Read by the address sanitizer, where there is one. Recording each allocation's call stack takes
+/// a sixth of the time of a replay when it is 30 calls deep, as it is by default.
+extern "C" const char* __asan_default_options();
+extern "C" const char* __asan_default_options() {
+    return "malloc_context_size=8";
+}
+
 int main(int argc, char** argv) {
     std::size_t mutations = 0;
     const bool counted =
