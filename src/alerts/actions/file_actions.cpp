@@ -5,6 +5,7 @@
 #include "base/drive_text.h"
 #include "base/runtime_error.h"
 #include "base/text.h"
+#include "forms/action_entries.h"
 #include "platform/file_system_object.h"
 #include "rows/listed_file.h"
 
@@ -16,16 +17,16 @@ std::string FileActions::prcFileActOption(std::int16_t& iAct, std::string& strFi
                                           std::string& strPath) {
     std::string result = file_result::notHandled;
     switch (iAct) {
-        case file_act::move:
+        case act::move:
             result = move(strFile, strPath);
             break;
-        case file_act::remove:
+        case act::remove:
             result = remove(strFile, strPath);
             break;
-        case file_act::recycle:
+        case act::recycle:
             result = recycle(strFile);
             break;
-        case file_act::autoMove:
+        case act::autoMove:
             result = autoMove(strFile, strPath);
             break;
         default:
@@ -134,9 +135,9 @@ bool FileActions::takeRow(Walk& walk, int place) {
     // A missing file is skipped without a report.
     if (!parts_.platform.fso.FileExists(listed.path)) return false;
     walk.strFile = listed.path;
-    if (walk.iAct < file_act::move || walk.iAct > file_act::autoMove) return false;
+    if (walk.iAct < act::move || walk.iAct > act::autoMove) return false;
 
-    const bool takesPath = walk.iAct == file_act::move || walk.iAct == file_act::autoMove;
+    const bool takesPath = walk.iAct == act::move || walk.iAct == act::autoMove;
     std::string strNoPath;
     const std::string result =
         prcFileActOption(walk.iAct, walk.strFile, takesPath ? walk.strPath : strNoPath);

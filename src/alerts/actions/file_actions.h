@@ -8,15 +8,7 @@
 
 namespace velmora {
 
-/// What is done to a file.
-namespace file_act {
-inline constexpr std::int16_t move = 1;
-inline constexpr std::int16_t remove = 2;
-inline constexpr std::int16_t recycle = 3;
-inline constexpr std::int16_t autoMove = 4;
-}  // namespace file_act
-
-/// What became of it.
+/// What became of a file.
 namespace file_result {
 inline constexpr const char* handled = "1";
 inline constexpr const char* notHandled = "0";

@@ -3,6 +3,7 @@
 #include "alerts/lists/listed_rows.h"
 #include "base/convert.h"
 #include "base/text.h"
+#include "forms/action_entries.h"
 #include "platform/show_window.h"
 #include "rows/listed_file.h"
 
@@ -35,7 +36,7 @@ void SmallActions::autoMove(Shortage& shortage) {
     std::string strLarge = ConstWatchRow(target).path();
     // A path is no number, so the conversion fails and the action ends here. This is intended.
     std::int16_t maxFiles = toInteger(parts_.row(shortage).path(), parts_.platform.regional);
-    std::int16_t iAct = file_act::autoMove;
+    std::int16_t iAct = act::autoMove;
     std::string strPath;
     std::string strFile;
     fileActions_.prcFileAct(iAct, target, maxFiles, strLarge, strPath, strFile);

@@ -38,7 +38,7 @@ TEST_F(FileWalkTest, ANegativeActionDoesNothingAtAll) {
 
 TEST_F(FileWalkTest, AnEmptyPathIsFilledWithTheRootOfTheSpecifiedOne) {
     strPath = "";
-    walk(1);
+    walk(act::move);
     EXPECT_EQ(strPath, "D:\\");
 }
 
@@ -46,7 +46,7 @@ TEST_F(FileWalkTest, AGivenNameEndsTheCallAfterThePathWasFilled) {
     strPath = "";
     strFile = "x";
     listFile("C:\\1");
-    walk(1);
+    walk(act::move);
     EXPECT_EQ(strPath, "D:\\");
     EXPECT_EQ(strFile, "x");
     EXPECT_EQ(host.yields, 0);
@@ -54,7 +54,7 @@ TEST_F(FileWalkTest, AGivenNameEndsTheCallAfterThePathWasFilled) {
 }
 
 TEST_F(FileWalkTest, AnEmptyListIsNoError) {
-    walk(1);
+    walk(act::move);
     EXPECT_EQ(host.yields, 0);
     EXPECT_EQ(strFile, "");
 }
@@ -67,7 +67,7 @@ TEST_F(FileWalkTest, AtMostTheLastRowIsHandledWhateverIsTickedOrFree) {
             rig.form1.chkSeq.setValue(sequential);
             rig.machine.drives["C:"].freeBytes = freeKB * KB;
             for (const char* path : {"C:\\1", "C:\\2", "C:\\3"}) rig.listFile(path);
-            std::int16_t iAct = 2, most = 100;
+            std::int16_t iAct = act::remove, most = 100;
             std::string root = "C:\\", path = "D:\\", file;
             rig.fileActions.prcFileAct(iAct, rig.list.ListItems(2), most, root, path, file);
             EXPECT_EQ(rig.listed(), "C:\\1 C:\\2");
@@ -83,7 +83,7 @@ TEST_F(FileWalkTest, ALastRowOfAnotherDriveEndsTheCallWithNothingDone) {
     listFile("D:\\2");
     for (const int sequential : {0, 1}) {
         form1.chkSeq.setValue(sequential);
-        walk(2);
+        walk(act::remove);
         EXPECT_EQ(listed(), "C:\\1 D:\\2");
         EXPECT_EQ(machine.log.count(), 0);
         EXPECT_EQ(strFile, "");
@@ -93,14 +93,14 @@ TEST_F(FileWalkTest, ALastRowOfAnotherDriveEndsTheCallWithNothingDone) {
 TEST_F(FileWalkTest, RootsAreComparedWithoutRegardToCase) {
     strDrv = "c:\\";
     listFile("C:\\1");
-    walk(2);
+    walk(act::remove);
     EXPECT_EQ(listed(), "");
 }
 
 TEST_F(FileWalkTest, AMissingFileKeepsItsRowAndIsNotReported) {
     listFile("C:\\1");
     listMissing("C:\\gone");
-    walk(1);
+    walk(act::move);
     EXPECT_EQ(listed(), "C:\\1 C:\\gone");
     EXPECT_EQ(alertCount(), 0);
     EXPECT_EQ(strFile, "");
@@ -110,7 +110,7 @@ TEST_F(FileWalkTest, MovingTakesThePathGiven) {
     strPath = "E:\\";
     form1.chkSeq.setValue(1);
     listFile("C:\\1");
-    walk(1);
+    walk(act::move);
     EXPECT_TRUE(exists("E:\\1"));
     EXPECT_EQ(alert(1), medium("Auto Moved File: C:\\1 to E:\\ Size: 3\r\n.\r\n"));
 }
@@ -118,11 +118,11 @@ TEST_F(FileWalkTest, MovingTakesThePathGiven) {
 TEST_F(FileWalkTest, DeletingAndRecyclingTakeNoPath) {
     form1.chkSeq.setValue(1);
     listFile("C:\\1");
-    walk(2);
+    walk(act::remove);
     EXPECT_EQ(alert(1), medium("Auto Deleted File: C:\\1 to  Size: 3\r\n.\r\n"));
     strFile = "";
     listFile("C:\\2");
-    walk(3);
+    walk(act::recycle);
     EXPECT_EQ(machine.recycled, Calls{"C:\\2"});
     EXPECT_EQ(strPath, "D:\\");
 }
@@ -130,7 +130,7 @@ TEST_F(FileWalkTest, DeletingAndRecyclingTakeNoPath) {
 TEST_F(FileWalkTest, TheRowIsRemovedWhateverTheResult) {
     machine.files["D:\\1"] = "other";
     listFile("C:\\1");
-    walk(4);
+    walk(act::autoMove);
     EXPECT_EQ(listed(), "");
     EXPECT_TRUE(exists("C:\\1"));
     EXPECT_EQ(alert(1), medium("Failed Auto Moved File: C:\\1 to D:\\ Size: 3\r\n.\r\n"));
@@ -138,7 +138,7 @@ TEST_F(FileWalkTest, TheRowIsRemovedWhateverTheResult) {
 
 TEST_F(FileWalkTest, AnotherNumberLeavesTheRowButNamesTheFile) {
     listFile("C:\\1");
-    walk(0);
+    walk(act::alert);
     EXPECT_EQ(listed(), "C:\\1");
     EXPECT_EQ(strFile, "C:\\1");
     EXPECT_EQ(machine.log.calls(), Calls{"FileExists C:\\1"});
@@ -147,13 +147,13 @@ TEST_F(FileWalkTest, AnotherNumberLeavesTheRowButNamesTheFile) {
 TEST_F(FileWalkTest, SequentialActionDoesNotReadTheSpace) {
     form1.chkSeq.setValue(1);
     listFile("C:\\1");
-    walk(2);
+    walk(act::remove);
     EXPECT_EQ(machine.log.countOf("DriveExists"), 0);
 }
 
 TEST_F(FileWalkTest, WithoutItTheSpaceOfTheDriveIsRead) {
     listFile("C:\\1");
-    walk(2);
+    walk(act::remove);
     EXPECT_EQ(machine.log.calls(),
               (Calls{"FileExists C:\\1", "FileExists C:\\1", "FileLen C:\\1", "remove C:\\1",
                      "DriveExists C:\\", "GetDrive C:\\", "FreeSpace C:"}));
@@ -162,14 +162,14 @@ TEST_F(FileWalkTest, WithoutItTheSpaceOfTheDriveIsRead) {
 TEST_F(FileWalkTest, AfterAFileThatWasNotHandledTheSpaceIsNotRead) {
     machine.files["D:\\1"] = "other";
     listFile("C:\\1");
-    walk(1);
+    walk(act::move);
     EXPECT_EQ(machine.log.countOf("GetDrive C:"), 0);
 }
 
 TEST_F(FileWalkTest, WithoutADriveTheSpaceIsNotRead) {
     strDrv = "z:\\";
     listFile("Z:\\1");
-    walk(2);
+    walk(act::remove);
     EXPECT_FALSE(exists("Z:\\1"));
     EXPECT_EQ(listed(), "");
     EXPECT_EQ(machine.log.countOf("DriveExists z:\\"), 1);
@@ -182,7 +182,7 @@ TEST_F(FileWalkTest, TheRowOfTheSentFileIsRemovedEvenIfTheListWasSortedMeanwhile
         if (call.starts_with("SHFileOperationA")) files.sortBy(0, 1);
     };
     form1.chkSeq.setValue(1);
-    walk(3);
+    walk(act::recycle);
     EXPECT_EQ(machine.recycled, Calls{"C:\\3"});
     EXPECT_EQ(listed(), "C:\\2 C:\\1");
 }
@@ -208,7 +208,7 @@ struct FileWalkOnTest : FileWalkTest {
 };
 
 TEST_F(FileWalkOnTest, TheWalkGoesOnWhileSpaceIsShort) {
-    walk(2);
+    walk(act::remove);
     EXPECT_EQ(left(), 0);
     EXPECT_EQ(host.yields, 3);
     EXPECT_EQ(strFile, "C:\\1");
@@ -216,26 +216,26 @@ TEST_F(FileWalkOnTest, TheWalkGoesOnWhileSpaceIsShort) {
 
 TEST_F(FileWalkOnTest, SequentialActionEndsItAfterOneFile) {
     form1.chkSeq.setValue(1);
-    walk(2);
+    walk(act::remove);
     EXPECT_EQ(left(), 2);
     EXPECT_TRUE(exists("C:\\1") && exists("C:\\2"));
 }
 
 TEST_F(FileWalkOnTest, EnoughSpaceEndsIt) {
     machine.drives["C:"].freeBytes = 99.5 * KB;
-    walk(2);
+    walk(act::remove);
     EXPECT_EQ(left(), 2);
 }
 
 TEST_F(FileWalkOnTest, TheMaximumOfFilesEndsIt) {
     iMaxFiles = 2;
-    walk(2);
+    walk(act::remove);
     EXPECT_EQ(left(), 1);
 }
 
 TEST_F(FileWalkOnTest, AFileThatWasNotHandledEndsIt) {
     machine.files["D:\\3"] = "other";
-    walk(4);
+    walk(act::autoMove);
     EXPECT_EQ(left(), 3);
     EXPECT_EQ(host.yields, 1);
 }
@@ -244,33 +244,33 @@ TEST_F(FileWalkOnTest, WithTheSecondOptionTheRowsOwnThresholdCounts) {
     WatchRow(list.ListItems(2)).setTrigger("99");
     form1.OpDriv[1].choose();
     form1.txtSpace.setText("100");
-    walk(2);
+    walk(act::remove);
     EXPECT_EQ(left(), 2);
 }
 
 TEST_F(FileWalkOnTest, AnEmptyThresholdOfTheRowMeansThatOfTheBox) {
     form1.OpDriv[1].choose();
     form1.txtSpace.setText("99");
-    walk(2);
+    walk(act::remove);
     EXPECT_EQ(left(), 2);
 }
 
 TEST_F(FileWalkOnTest, WithTheFirstOptionTheRowsOwnThresholdDoesNotCount) {
     WatchRow(list.ListItems(2)).setTrigger("99");
-    walk(2);
+    walk(act::remove);
     EXPECT_EQ(left(), 0);
 }
 
 TEST_F(FileWalkOnTest, WithoutADriveAllFilesAreTaken) {
     machine.drives.erase("C:");
-    walk(2);
+    walk(act::remove);
     EXPECT_EQ(left(), 0);
     EXPECT_EQ(machine.log.countOf("GetDrive"), 0);
 }
 
 TEST_F(FileWalkOnTest, AThresholdThatIsNoNumberIsAnErrorAfterTheFile) {
     form1.txtSpace.setText("much");
-    EXPECT_EQ(errorOfWalk(2), error::typeMismatch);
+    EXPECT_EQ(errorOfWalk(act::remove), error::typeMismatch);
     EXPECT_EQ(left(), 2);
     EXPECT_EQ(strFile, "C:\\3");
 }
