@@ -3,6 +3,7 @@
 #include <span>
 
 #include "forms/label_colours.h"
+#include "forms/start_pause.h"
 
 namespace velmora {
 
@@ -19,7 +20,7 @@ constexpr std::array<std::array<const char*, 2>, 5> drivePathLabels{{
 
 std::vector<ToolBar::Button> toolBarButtons() {
     return {
-        {"Start", "Activate/Pause the Velmora Timer to check drive/path(s)"},
+        {start_pause::start, "Activate/Pause the Velmora Timer to check drive/path(s)"},
         {"Wizard Settings", "A Wizard to assist in understanding and configuring program options"},
         {"Adv. Info", "Advance Information on Drive/Path(s) attributes"},
         // These entries do nothing; the menu that pops up is mnuFunc.

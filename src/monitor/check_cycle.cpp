@@ -8,6 +8,7 @@
 #include "base/resume_next.h"
 #include "base/text.h"
 #include "forms/form_numbers.h"
+#include "forms/start_pause.h"
 #include "rows/watch_row.h"
 
 namespace velmora {
@@ -78,8 +79,7 @@ bool CheckCycle::isDue() {
 // Returns the trigger that holds for all rows.
 std::int32_t CheckCycle::prepare() {
     Form1& form1 = forms_.form1;
-    form1.Toolbar1.setButtonImage(tool::startPause, image::pause);
-    form1.Toolbar1.setButtonCaption(tool::startPause, "Pause");
+    start_pause::offerPause(form1.Toolbar1);
     form1.StatusBar1.setPanelText(1, "Checking...");
     form1.StatusBar1.setPanelPicture(1, image::checking);
     form1.Timer1.setEnabled(false);

@@ -7,6 +7,7 @@
 #include "base/runtime_error.h"
 #include "base/text.h"
 #include "forms/form_numbers.h"
+#include "forms/start_pause.h"
 #include "rows/watch_row.h"
 
 namespace velmora {
@@ -43,8 +44,7 @@ void WatchControl::cmdPause_Click() {
 void WatchControl::pause() {
     Form1& form1 = forms_.form1;
     form1.setCaption("Velmora - Watching Paused.");
-    form1.Toolbar1.setButtonCaption(tool::startPause, "Start");
-    form1.Toolbar1.setButtonImage(tool::startPause, image::start);
+    start_pause::offerStart(form1.Toolbar1);
     form1.mnuPause.setChecked(true);
     form1.cmdPause.setCaption(watch_caption::start);
     form1.Timer1.setEnabled(false);
@@ -57,8 +57,7 @@ void WatchControl::pause() {
 void WatchControl::start() {
     Form1& form1 = forms_.form1;
     form1.setCaption("Velmora - Watching Activated");
-    form1.Toolbar1.setButtonCaption(tool::startPause, "Pause");
-    form1.Toolbar1.setButtonImage(tool::startPause, image::pause);
+    start_pause::offerPause(form1.Toolbar1);
     form1.mnuPause.setChecked(false);
     if (form1.ListView1.Count() == 0) {
         host_.MsgBox({.text = "No Drive/Path currently listed.", .icon = BoxIcon::information});
@@ -74,18 +73,16 @@ void WatchControl::start() {
 void WatchControl::mnuPause_Click() {
     Form1& form1 = forms_.form1;
     const std::string caption = form1.Toolbar1.Buttons(tool::startPause).Caption;
-    if (caption == "Start") {
+    if (caption == start_pause::start) {
         form1.mnuPause.setCaption("Pause");
         form1.mnuPause.setChecked(true);
         cmdPause_Click();
-        form1.Toolbar1.setButtonCaption(tool::startPause, "Pause");
-        form1.Toolbar1.setButtonImage(tool::startPause, image::pause);
-    } else if (caption == "Pause") {
+        start_pause::offerPause(form1.Toolbar1);
+    } else if (caption == start_pause::pause) {
         form1.mnuPause.setCaption("Start");
         form1.mnuPause.setChecked(false);
         cmdPause_Click();
-        form1.Toolbar1.setButtonCaption(tool::startPause, "Start");
-        form1.Toolbar1.setButtonImage(tool::startPause, image::start);
+        start_pause::offerStart(form1.Toolbar1);
     }
 }
 

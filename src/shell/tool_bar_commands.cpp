@@ -1,6 +1,7 @@
 #include "shell/tool_bar_commands.h"
 
 #include "base/text.h"
+#include "forms/start_pause.h"
 #include "shell/maker_pages.h"
 
 namespace velmora {
@@ -18,7 +19,7 @@ void ToolBarCommands::Toolbar1_ButtonClick(int index) {
         form1_.cmdAdv.Click();
     } else if (caption == "Wizard Settings") {
         frmWizard_.Show();
-    } else if (caption == "Start" || caption == "Pause") {
+    } else if (caption == start_pause::start || caption == start_pause::pause) {
         form1_.cmdPause.Click();
     } else if (caption == "Help") {
         askForHelp();
