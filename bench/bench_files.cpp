@@ -58,7 +58,7 @@ int main() {
     Form1& form1 = listed.form1;
     listed.program.host.answer = BoxAnswer::yes;
     form1.txtDrive.setText(listed.program.machine->toDrivePath(listed.target) + "\\");
-    const double move = bench::seconds([&] { form1.lblSF[6].Click(); });
+    const double move = bench::seconds([&] { form1.lblSF[file_button::moveAll].Click(); });
     if (form1.LVFile.Count() != 0) std::printf("%d rows are left\n", form1.LVFile.Count());
     listed.renew();
     const double mv = bench::seconds([&] {
@@ -68,7 +68,7 @@ int main() {
 
     listed.renew();
     listed.program.host.answer = BoxAnswer::no;
-    const double remove = bench::seconds([&] { form1.lblSF[5].Click(); });
+    const double remove = bench::seconds([&] { form1.lblSF[file_button::deleteAll].Click(); });
     if (form1.LVFile.Count() != 0) std::printf("%d rows are left\n", form1.LVFile.Count());
     listed.renew();
     const double rm =

@@ -12,6 +12,7 @@
 #include "fake/fake_host.h"
 #include "fake/fake_machine.h"
 #include "fake/fake_surface.h"
+#include "forms/form_numbers.h"
 #include "fuzz_target.h"
 #include "persist/scramble.h"
 
@@ -58,7 +59,7 @@ void attempt(Step&& step) {
 }
 
 // What happened, for the message of a failed check.
-void tellCalls(const std::string& file, const fake::FakeMachine& machine) {
+void printCalls(const std::string& file, const fake::FakeMachine& machine) {
     std::fprintf(stderr, "gone: %s\n", file.c_str());
     for (const std::string& call : machine.log.calls()) {
         if (call.starts_with("remove") || call.starts_with("Delete") ||
@@ -87,7 +88,9 @@ void run(Program& program, std::uint8_t actions, const std::vector<std::string>&
     form1.DTPInterval.setMinute(0);
     for (int i = 1; i <= form1.ListView1.Count(); ++i) form1.ListView1.userTick(i, true);
     for (int check = 0; check < 3; ++check) attempt([&] { form1.Timer1.Tick(); });
-    for (const int button : {8, 2, 6, 3, 5, 1, 4}) {
+    for (const int button :
+         {file_button::attributes, file_button::move, file_button::moveAll, file_button::deleteFile,
+          file_button::deleteAll, file_button::remove, file_button::clear}) {
         attempt([&] {
             if (form1.LVFile.Count() > 0) form1.LVFile.userSelect({1});
             form1.lblSF[static_cast<std::size_t>(button)].Click();
@@ -114,7 +117,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (const std::string& file : allFiles) {
         if (isListed(file, paths)) continue;
         const auto kept = program.machine.files.find(file);
-        if (kept == program.machine.files.end()) tellCalls(file, program.machine);
+        if (kept == program.machine.files.end()) printCalls(file, program.machine);
         require(kept != program.machine.files.end(), "a file that wasn't listed is there");
         require(kept->second == "content of " + file, "and holds what it held");
     }

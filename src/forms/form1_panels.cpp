@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "forms/form_numbers.h"
 #include "forms/label_colours.h"
 
 namespace velmora {
@@ -122,10 +123,10 @@ SpecifiedPanels::SpecifiedPanels(Form& form)
       lblFolder(form, "lblFolder", "Specified Path") {
     dressButtons(Label5, programButtons);
     dressButtons(lblSF, fileButtons);
-    cmdMove.setToolTipText(lblSF[2].ToolTipText());
-    cmdDelete.setToolTipText(lblSF[3].ToolTipText());
-    cmdDeleteAll.setToolTipText(lblSF[5].ToolTipText());
-    cmdMoveAll.setToolTipText(lblSF[6].ToolTipText());
+    cmdMove.setToolTipText(lblSF[file_button::move].ToolTipText());
+    cmdDelete.setToolTipText(lblSF[file_button::deleteFile].ToolTipText());
+    cmdDeleteAll.setToolTipText(lblSF[file_button::deleteAll].ToolTipText());
+    cmdMoveAll.setToolTipText(lblSF[file_button::moveAll].ToolTipText());
     LVProg.addColumn({"Program", 1900});
     LVProg.addColumn({"Action", 1000});
     LVProg.addColumn({"File Path ", 2400});

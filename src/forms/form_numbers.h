@@ -44,6 +44,28 @@ inline constexpr int selectDrive = 3;
 inline constexpr int refresh = 4;
 }  // namespace watch_button
 
+/// Places in lblSF, the buttons of the specified files.
+namespace file_button {
+inline constexpr int add = 0;
+inline constexpr int remove = 1;
+inline constexpr int move = 2;
+inline constexpr int deleteFile = 3;
+inline constexpr int clear = 4;
+inline constexpr int deleteAll = 5;
+inline constexpr int moveAll = 6;
+inline constexpr int browse = 7;
+inline constexpr int attributes = 8;
+}  // namespace file_button
+
+/// Places in Label5, the buttons of the specified programs.
+namespace program_button {
+inline constexpr int add = 0;
+inline constexpr int remove = 1;
+inline constexpr int clear = 2;
+inline constexpr int run = 3;
+inline constexpr int browse = 4;
+}  // namespace program_button
+
 /// Places in lblAl of the alert dialog.
 namespace alert_button {
 inline constexpr std::size_t ok = 0;

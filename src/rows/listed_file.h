@@ -22,6 +22,10 @@ class ConstListedFile {
     std::string root() const { return mid(path(), 1, 3); }
     /// A number of KB and " KB", or "n/a"; empty when it couldn't be read.
     const std::string& size() const { return item_.SubItems(columnSize); }
+    /// The same as a number of bytes; empty where the size is none.
+    const std::string& bytes() const { return item_.ListSubItems(columnSize).Tag(); }
+    const std::string& created() const { return item_.SubItems(columnCreated); }
+    const std::string& type() const { return item_.SubItems(columnType); }
 
   protected:
     // Sub-items.

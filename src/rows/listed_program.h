@@ -15,6 +15,16 @@ class ConstListedProgram {
 
     /// The full path, by which it is run.
     const std::string& path() const { return item_.Tag(); }
+    /// What is done with it.
+    const std::string& action() const { return item_.SubItems(columnAction); }
+    const std::string& location() const { return item_.SubItems(columnLocation); }
+    const std::string& type() const { return item_.SubItems(columnType); }
+
+  protected:
+    // Sub-items.
+    static constexpr int columnAction = 1;
+    static constexpr int columnLocation = 2;
+    static constexpr int columnType = 3;
 
   private:
     const ListItem& item_;
@@ -25,9 +35,9 @@ class ListedProgram : public ConstListedProgram {
     explicit ListedProgram(ListItem& item) : ConstListedProgram(item), item_(item) {}
 
     void setPath(std::string path) { item_.setTag(std::move(path)); }
-    void setAction(std::string action) { item_.setSubItems(1, std::move(action)); }
-    void setLocation(std::string folder) { item_.setSubItems(2, std::move(folder)); }
-    void setType(std::string type) { item_.setSubItems(3, std::move(type)); }
+    void setAction(std::string action) { item_.setSubItems(columnAction, std::move(action)); }
+    void setLocation(std::string folder) { item_.setSubItems(columnLocation, std::move(folder)); }
+    void setType(std::string type) { item_.setSubItems(columnType, std::move(type)); }
 
   private:
     ListItem& item_;

@@ -86,7 +86,7 @@ TEST_F(CoreTest, ConnectsEverySubsystemToItsFields) {
     core.load();
     const Form1& form1 = forms.form1;
     for (const bool connected :
-         {form1.lblDP[0].Click.connected(), form1.ListView1.DblClick.connected(),
+         {form1.lblDP[watch_button::add].Click.connected(), form1.ListView1.DblClick.connected(),
           form1.txtSpace.Change.connected(), form1.Timer1.Tick.connected(),
           form1.UpDown3.Change.connected(), form1.mnuExit.Click.connected()}) {
         EXPECT_TRUE(connected);

@@ -89,7 +89,7 @@ TEST_F(WiredEvents, WithItsTextEmptiedTheDialogOpensAgainForTheSameActionText) {
     dialog.Label1.setText("- No Moved File: no file selected.  Drive: C:");
     check();
     EXPECT_FALSE(dialog.Visible());
-    dialog.lblAl[1].userClick();
+    dialog.lblAl[alert_button::clear].userClick();
     EXPECT_TRUE(dialog.Label1.empty());
     check();
     EXPECT_TRUE(dialog.Visible());

@@ -41,7 +41,7 @@ TEST_F(CommandsTest, WithTooFewWordsGetAnError) {
 }
 
 TEST_F(CommandsTest, WithTooManyWordsGetAnErrorAndDoNothing) {
-    form1.lblDP[0].Click.connect([this] { done += "click"; });
+    form1.lblDP[watch_button::add].Click.connect([this] { done += "click"; });
     form1.mnuExit.Click.connect([this] { done += "exit"; });
     form1.Timer1.Tick.connect([this] { done += "tick"; });
     for (const char* line :
@@ -52,11 +52,11 @@ TEST_F(CommandsTest, WithTooManyWordsGetAnErrorAndDoNothing) {
     }
     EXPECT_EQ(done, "");
     EXPECT_EQ(slept, 0);
-    EXPECT_FALSE(form1.lstAct.Selected(1));
+    EXPECT_FALSE(form1.lstAct.Selected(act::move));
 }
 
 TEST_F(CommandsTest, ClickRunsTheHandlerBeforeTheReply) {
-    form1.lblDP[2].Click.connect([this] { host.MsgBox({.text = "Clear?"}); });
+    form1.lblDP[watch_button::clear].Click.connect([this] { host.MsgBox({.text = "Clear?"}); });
     EXPECT_EQ(run("click lblDP(2)"), "box: Velmora | none | Clear? | ok -> ok\nok\n");
 }
 
@@ -122,7 +122,7 @@ TEST_F(CommandsTest, TickCountsEntriesFromZeroAndRowsFromOne) {
     EXPECT_EQ(run("tick ListView1 1 on"), "ok\n");
     EXPECT_EQ(run("tick ListView1 1 off"), "ok\n");
     EXPECT_EQ(done, "entry0rowarowa");
-    EXPECT_TRUE(form1.lstAct.Selected(0));
+    EXPECT_TRUE(form1.lstAct.Selected(act::alert));
     EXPECT_FALSE(form1.ListView1.ListItems(1).Checked());
 }
 
@@ -235,7 +235,7 @@ TEST_F(CommandsTest, WaitUntilGetsAnErrorAfterTenMinutes) {
 }
 
 TEST_F(CommandsTest, ARunTimeErrorEndsTheProgramAfterItsBoxWithoutAReply) {
-    form1.lblDP[0].Click.connect([] { throw RuntimeError(error::typeMismatch); });
+    form1.lblDP[watch_button::add].Click.connect([] { throw RuntimeError(error::typeMismatch); });
     EXPECT_THROW(run("click lblDP(0)"), ProgramEnd);
     EXPECT_EQ(
         printed(),

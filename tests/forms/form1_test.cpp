@@ -200,11 +200,14 @@ TEST_F(Form1Test, TheOlderButtonsOfTheFilesSayWhatTheirLabelsSay) {
         const char* caption;
         const char* toolTip;
         const Label& label;
-    } pairs[] = {
-        {form.cmdMove, "Move", "Move selected file(s) to Specified Path", form.lblSF[2]},
-        {form.cmdDelete, "Delete File", "Delete Selected File(s) from Drive/Path", form.lblSF[3]},
-        {form.cmdDeleteAll, "Delete All", "Attempts to delete all file(s) listed", form.lblSF[5]},
-        {form.cmdMoveAll, "Move All", "Attempts to move all file(s) listed", form.lblSF[6]}};
+    } pairs[] = {{form.cmdMove, "Move", "Move selected file(s) to Specified Path",
+                  form.lblSF[file_button::move]},
+                 {form.cmdDelete, "Delete File", "Delete Selected File(s) from Drive/Path",
+                  form.lblSF[file_button::deleteFile]},
+                 {form.cmdDeleteAll, "Delete All", "Attempts to delete all file(s) listed",
+                  form.lblSF[file_button::deleteAll]},
+                 {form.cmdMoveAll, "Move All", "Attempts to move all file(s) listed",
+                  form.lblSF[file_button::moveAll]}};
     for (const auto& [button, caption, toolTip, label] : pairs) {
         EXPECT_EQ(button.Caption(), caption);
         EXPECT_EQ(label.Caption(), caption);

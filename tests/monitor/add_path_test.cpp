@@ -11,7 +11,7 @@ struct AddPathTest : testing::Test {
     AddPathTest() { rig.load(); }
     void add(const std::string& path) {
         rig.host.paths = {path};
-        rig.form1.lblDP[0].userClick();
+        rig.form1.lblDP[watch_button::add].userClick();
     }
     WatchRow row(int index = 1) { return WatchRow(rig.list.ListItems(index)); }
     bool timerRuns() { return rig.form1.Timer1.Enabled(); }

@@ -10,7 +10,7 @@ namespace {
 struct RefreshExistingTest : testing::Test {
     RefreshExistingTest() { rig.load(); }
     WatchRow at(int index) { return WatchRow(rig.list.ListItems(index)); }
-    const ListItem& alert(int index = 1) { return rig.form1.LVAlert.ListItems(index); }
+    ConstAlertRow alert() { return ConstAlertRow(rig.form1.LVAlert.ListItems(1)); }
     void refresh() { rig.watchList.RefreshDriveExisting(); }
 
     Rig rig;
@@ -54,9 +54,9 @@ TEST_F(RefreshExistingTest, ANetworkRowThatNoLongerExistsRaisesTheAlertWithTheWh
     rig.row("\\\\host\\share\\data");
     refresh();
     ASSERT_EQ(rig.form1.LVAlert.Count(), 1);
-    EXPECT_EQ(alert().Text(), "Medium");
-    EXPECT_EQ(alert().SubItems(1), "20260314 15:09");
-    EXPECT_EQ(alert().SubItems(2), "Folder/Path inaccessible N/A: \\\\host\\share\\data");
+    EXPECT_EQ(alert().rating(), "Medium");
+    EXPECT_EQ(alert().time(), "20260314 15:09");
+    EXPECT_EQ(alert().text(), "Folder/Path inaccessible N/A: \\\\host\\share\\data");
     EXPECT_EQ(at(1).path(), "\\\\host\\share\\data");
     EXPECT_FALSE(rig.forms.sysWorkSystray.tmrSystray.Enabled());
 }

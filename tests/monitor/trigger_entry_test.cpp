@@ -42,8 +42,9 @@ using PlacingTest = TriggerEntryTest;
 using EnterTest = TriggerEntryTest;
 
 TEST_F(TriggerEntryTest, ADoubleClickOpensTheViewOfTheSelectedRow) {
-    rig.list.ListItems(2).setSubItems(1, "25 KB");
-    rig.list.ListItems(2).setSubItems(2, "100 KB");
+    WatchRow row(rig.list.ListItems(2));
+    row.setFreeSpace("25 KB");
+    row.setTotalSize("100 KB");
     FrmIndDri& view = rig.forms.frmIndDri;
     view.ListView1.RowsReset.connect([this] { rig.calls.push_back("figures"); });
     doubleClick(1, 500);
@@ -97,7 +98,7 @@ TEST_F(PlacingTest, ColumnsBeginWhereTheirSumDoesNotPassThePointer) {
 
 TEST_F(PlacingTest, TheLastColumnIsTheFarthest) {
     individually();
-    rig.list.ListItems(2).setSubItems(4, "03/14 15:09:26");
+    WatchRow(rig.list.ListItems(2)).setLastChecked("03/14 15:09:26");
     doubleClick(2, 7885);
     EXPECT_EQ(box().Text(), "03/14 15:09:26");
     EXPECT_EQ(box().bounds().Left, 120 + 6400 - 160);

@@ -8,11 +8,15 @@
 namespace velmora::tests {
 namespace {
 
-enum Label { add, remove, clear, select, refresh };
+constexpr int everyButton[] = {watch_button::add, watch_button::remove, watch_button::clear,
+                               watch_button::selectDrive, watch_button::refresh};
 
 struct WatchListCommandsTest : testing::Test {
     WatchListCommandsTest() { rig.load(); }
-    void click(Label label) { rig.form1.lblDP[label].userClick(); }
+    void click(int label) { button(rig, label).userClick(); }
+    static Label& button(Rig& rig, int label) {
+        return rig.form1.lblDP[static_cast<std::size_t>(label)];
+    }
     std::vector<std::string> paths() {
         std::vector<std::string> all;
         for (int i = 1; i <= rig.list.Count(); ++i) all.push_back(rig.list.ListItems(i).Text());
@@ -38,7 +42,7 @@ TEST_F(WhileCheckingTest, EveryCommandAsksFirstAndEndsOnNo) {
     rig.list.setEnabled(false);
     rows({"C:\\", "D:\\"});
     rig.list.ListItems(1).setSelected(true);
-    for (const Label label : {add, remove, clear, select, refresh}) {
+    for (const int label : everyButton) {
         rig.clearRecords();
         rig.host.answers = {BoxAnswer::no};
         click(label);
@@ -63,7 +67,7 @@ TEST_F(WhileCheckingTest, YesGoesOn) {
     rig.list.ListItems(1).setSelected(true);
     rig.list.setEnabled(false);  // as the check leaves it between two rows
     rig.host.answers = {BoxAnswer::yes};
-    click(remove);
+    click(watch_button::remove);
     EXPECT_EQ(paths(), Paths{"D:\\"});
     EXPECT_TRUE(rig.list.Enabled());
 }
@@ -81,12 +85,12 @@ TEST_F(WhileCheckingTest, TheButtonsThatRepeatTheLabelsAskToo) {
 
 TEST_F(WhileCheckingTest, NothingIsAskedOutsideACheck) {
     rows({"C:\\"});
-    click(remove);
+    click(watch_button::remove);
     EXPECT_EQ(rig.host.boxes.size(), 0u);
 }
 
 TEST_F(WatchListCommandsTest, EveryCommandEnablesTheList) {
-    for (const Label label : {add, remove, clear, select, refresh}) {
+    for (const int label : everyButton) {
         rig.list.setEnabled(false);
         click(label);
         EXPECT_TRUE(rig.list.Enabled()) << label;
@@ -96,7 +100,7 @@ TEST_F(WatchListCommandsTest, EveryCommandEnablesTheList) {
 TEST_F(RemoveTest, RemovesEverySelectedRow) {
     rows({"A:\\", "B:\\", "C:\\", "D:\\", "E:\\"});
     rig.list.userSelect({1, 2, 4, 5});
-    click(remove);
+    click(watch_button::remove);
     EXPECT_EQ(paths(), Paths{"C:\\"});
 }
 
@@ -105,13 +109,13 @@ TEST_F(RemoveTest, RemovesFromTheLastRowToTheFirst) {
     rig.list.userSelect({1, 3});
     std::vector<int> removed;
     rig.list.RowRemoved.connect([&](int index) { removed.push_back(index); });
-    click(remove);
+    click(watch_button::remove);
     EXPECT_EQ(removed, (std::vector<int>{3, 1}));
 }
 
 TEST_F(RemoveTest, WithoutASelectionNothingIsRemoved) {
     rows({"A:\\"});
-    click(remove);
+    click(watch_button::remove);
     EXPECT_EQ(rig.list.Count(), 1);
 }
 
@@ -124,12 +128,12 @@ TEST_F(RemoveTest, TheButtonDoesWhatTheLabelDoes) {
 
 TEST_F(RemoveTest, RemovesTenThousandRows) {
     for (int i = 0; i < 10000; ++i) rig.row("C:\\").setSelected(true);
-    click(remove);
+    click(watch_button::remove);
     EXPECT_EQ(rig.list.Count(), 0);
 }
 
 TEST_F(ClearTest, AnEmptyListIsReported) {
-    click(clear);
+    click(watch_button::clear);
     ASSERT_EQ(rig.host.boxes.size(), 1u);
     EXPECT_EQ(rig.host.boxes[0].text, "No drives listed to clear.");
     EXPECT_EQ(rig.host.boxes[0].icon, BoxIcon::information);
@@ -144,7 +148,7 @@ TEST_F(ClearTest, YesPausesTheWatchAndClearsTheRows) {
     // Its own handler starts the watch or pauses it.
     rig.form1.cmdPause.Changed.connect([this] { rig.calls.push_back("cmdPause"); });
     rig.list.RowsReset.connect([this] { rig.calls.push_back("cleared"); });
-    click(clear);
+    click(watch_button::clear);
     ASSERT_EQ(rig.host.boxes.size(), 1u);
     EXPECT_EQ(rig.host.boxes[0].text,
               "Clearing the listed drives with pause Velmora timer. Proceed?");
@@ -157,7 +161,7 @@ TEST_F(ClearTest, YesPausesTheWatchAndClearsTheRows) {
 TEST_F(ClearTest, AFailedQuestionPutsTheWindowInFrontAgain) {
     rows({"A:\\"});
     rig.host.onBox = [](const Box&) { throw RuntimeError(error::outOfMemory); };
-    click(clear);
+    click(watch_button::clear);
     EXPECT_EQ(rig.calls, (std::vector<std::string>{"drop", "restore"}));
     EXPECT_EQ(rig.list.Count(), 1);
     EXPECT_EQ(rig.alertTexts(), Paths{"Drive/Path Button Error Button Index:2 | Out of memory"});
@@ -166,7 +170,7 @@ TEST_F(ClearTest, AFailedQuestionPutsTheWindowInFrontAgain) {
 TEST_F(ClearTest, NoOnlyRestoresStayOnTop) {
     rows({"A:\\"});
     rig.host.answers = {BoxAnswer::no};
-    click(clear);
+    click(watch_button::clear);
     EXPECT_EQ(rig.calls, (std::vector<std::string>{"drop", "restore"}));
     EXPECT_EQ(rig.list.Count(), 1);
 }
@@ -181,18 +185,19 @@ TEST_F(ClearTest, TheButtonDoesWhatTheLabelDoes) {
 TEST_F(SelectDriveTest, ShowsTheSelectedRowInTheDriveView) {
     rows({"C:\\", "D:\\data"});
     rig.list.userSelect({2});
-    rig.list.ListItems(2).setSubItems(1, "25 KB");
-    rig.list.ListItems(2).setSubItems(2, "100 KB");
+    WatchRow row(rig.list.ListItems(2));
+    row.setFreeSpace("25 KB");
+    row.setTotalSize("100 KB");
     FrmIndDri& view = rig.forms.frmIndDri;
     view.ListView1.RowsReset.connect([this] { rig.calls.push_back("figures"); });
-    click(select);
+    click(watch_button::selectDrive);
     EXPECT_EQ(rig.calls, (std::vector<std::string>{"drive view D:\\data", "figures"}));
     EXPECT_EQ(view.ListView1.ListItems(1).SubItems(1), "100 KB");
 }
 
 TEST_F(SelectDriveTest, WithoutASelectionEndsWithAnAlertAndNoBox) {
     rows({"C:\\"});
-    click(select);
+    click(watch_button::selectDrive);
     EXPECT_EQ(rig.calls, std::vector<std::string>{});
     EXPECT_EQ(rig.host.boxes.size(), 0u);
     EXPECT_EQ(rig.alertTexts(), Paths{"Drive/Path Button Error Button Index:3 | Object required"});
@@ -201,25 +206,25 @@ TEST_F(SelectDriveTest, WithoutASelectionEndsWithAnAlertAndNoBox) {
 TEST_F(WatchListCommandsTest, RefreshMeasuresTheRowsThatAreThere) {
     rig.drive("C:", 10, 20);
     rows({"C:\\data"});
-    click(refresh);
+    click(watch_button::refresh);
     EXPECT_EQ(paths(), Paths{"C:\\"});
-    EXPECT_EQ(rig.list.ListItems(1).SubItems(1), "10 KB");
+    EXPECT_EQ(WatchRow(rig.list.ListItems(1)).freeSpace(), "10 KB");
 }
 
 TEST_F(WatchListCommandsTest, AnErrorIsRecordedWithTimeRatingAndDescription) {
     rig.drive("C:", 10, 20);
     rows({"C:\\"});
     rig.machine.log.failCall(2, error::permissionDenied);
-    click(refresh);
-    const ListItem& alert = rig.form1.LVAlert.ListItems(1);
-    EXPECT_EQ(alert.Text(), "Medium");
-    EXPECT_EQ(alert.SubItems(1), "20260314 15:09:26");
-    EXPECT_EQ(alert.SubItems(2), "Drive/Path Button Error Button Index:4 | Permission denied");
+    click(watch_button::refresh);
+    const ConstAlertRow alert(rig.form1.LVAlert.ListItems(1));
+    EXPECT_EQ(alert.rating(), "Medium");
+    EXPECT_EQ(alert.time(), "20260314 15:09:26");
+    EXPECT_EQ(alert.text(), "Drive/Path Button Error Button Index:4 | Permission denied");
     EXPECT_EQ(rig.host.boxes.size(), 0u);
 }
 
 TEST_F(WatchListCommandsTest, NoErrorOfACallLeavesACommand) {
-    for (const Label label : {add, refresh}) {
+    for (const int label : {watch_button::add, watch_button::refresh}) {
         for (int n = 1; n <= 8; ++n) {
             Rig fresh;
             fresh.load();
@@ -227,7 +232,7 @@ TEST_F(WatchListCommandsTest, NoErrorOfACallLeavesACommand) {
             fresh.row("C:\\");
             fresh.host.paths = {"C:\\new"};
             fresh.machine.log.failCall(n, error::outOfMemory);
-            EXPECT_EQ(errorOf([&] { fresh.form1.lblDP[label].userClick(); }), 0) << n;
+            EXPECT_EQ(errorOf([&] { button(fresh, label).userClick(); }), 0) << n;
             EXPECT_EQ(fresh.host.boxes.size(), 0u) << n;
         }
     }
@@ -237,7 +242,7 @@ TEST_F(WatchListCommandsTest, AnErrorWhileRecordingTheErrorIsSilent) {
     rig.form1.chkAutoSave.setValue(1);
     rig.machine.files[rig.form1.lblLog.Caption()] = "";
     rig.machine.lockedFiles[rig.form1.lblLog.Caption()] = error::permissionDenied;
-    EXPECT_EQ(errorOf([this] { click(select); }), 0);
+    EXPECT_EQ(errorOf([this] { click(watch_button::selectDrive); }), 0);
     EXPECT_EQ(rig.alertTexts().size(), 1u);
 }
 
@@ -247,9 +252,10 @@ TEST_F(AddByFileDialogTest, AsksInTheProgramsFolderAndAddsTheNameAlone) {
     rig.form1.cmdLVAdd.userClick();
     EXPECT_EQ(rig.host.dialogs, Paths{"Folder/Path |C:\\Program Files\\Velmora"});
     EXPECT_EQ(paths(), Paths{"C:\\data\\my file.txt"});
-    EXPECT_EQ(rig.list.ListItems(1).SubItems(1), "");
-    EXPECT_EQ(rig.list.ListItems(1).SubItems(2), "");
-    EXPECT_FALSE(rig.list.ListItems(1).Checked());
+    const ConstWatchRow row(rig.list.ListItems(1));
+    EXPECT_EQ(row.freeSpace(), "");
+    EXPECT_EQ(row.totalSize(), "");
+    EXPECT_FALSE(row.watched());
     EXPECT_EQ(rig.machine.log.count(), 0);
 }
 
@@ -263,7 +269,7 @@ TEST_F(ListEventsTest, ATickMakesTheRowBold) {
     ListItem& row = rig.row("C:\\", false);
     rig.list.userTick(1, true);
     EXPECT_TRUE(row.Bold());
-    EXPECT_TRUE(row.ListSubItems(4).Bold());
+    EXPECT_TRUE(row.ListSubItems(row.SubItemCount()).Bold());
     rig.list.userTick(1, false);
     EXPECT_FALSE(row.Bold());
 }

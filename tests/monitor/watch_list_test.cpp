@@ -237,7 +237,7 @@ TEST_F(ClnLVTest, RemovesRowsWithoutTextAndTag) {
     rig.list.Add("C:\\");
     rig.list.Add();
     rig.list.Add().setTag("tag");
-    rig.list.Add().setSubItems(1, "5 KB");
+    WatchRow(rig.list.Add()).setFreeSpace("5 KB");
     WatchList::prcClnLV(rig.list);
     ASSERT_EQ(rig.list.Count(), 2);
     EXPECT_EQ(at(1).path(), "C:\\");

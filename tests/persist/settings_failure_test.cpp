@@ -51,7 +51,7 @@ TEST_F(SettingsFailureTest, AFileCutAnywhereEndsWellOrByAValueThatIsNone) {
     form1.txtTime.setText("60");
     form1.chkCustTime.setValue(1);
     form1.cboFile.AddItem("C:\\f");
-    form1.lstAct.setSelected(11, true);
+    form1.lstAct.setSelected(act::progressDialog, true);
     notify.cboNotEmail.AddItem("a@x");
     notify.lstNotTime.setSelected(4, true);
     row("C:\\", true);

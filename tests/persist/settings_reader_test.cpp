@@ -219,7 +219,7 @@ TEST_F(SettingsReaderTest, AnEmptyListedFileIsNotAddedButALoneLineEndIs) {
 TEST_F(SettingsReaderTest, EntriesAreAddedAndNeverCleared) {
     form1.cboFile.AddItem("a");
     notify.cboNotEmail.AddItem("a@x");
-    form1.lstAct.setSelected(7, true);
+    form1.lstAct.setSelected(act::run, true);
     EXPECT_EQ(read({"cboFile=a", "notcboEmail=a@x", "lstAct=1"}), 0);
     EXPECT_EQ(entries(form1.cboFile), (Lines{"a", "a"}));
     EXPECT_EQ(entries(notify.cboNotEmail), (Lines{"a@x", "a@x"}));

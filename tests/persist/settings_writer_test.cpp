@@ -59,8 +59,8 @@ TEST_F(SettingsWriterTest, WritesAll40KeysInOrderTwelveOfThemWithALineEndOfTheir
     fillMail(notify);
     row("C:\\", true);
     form1.cboFile.AddItem("file");
-    form1.lstAct.setSelected(11, true);
-    form1.lstEvt.setSelected(4, true);
+    form1.lstAct.setSelected(act::progressDialog, true);
+    form1.lstEvt.setSelected(evt::unavailable, true);
     EXPECT_EQ(written(), (Lines{"chkUpdate=1",
                                 "chkStartUp=0",
                                 "chkOnTopMonitor=1",
@@ -210,8 +210,9 @@ TEST_F(SettingsWriterTest, WritesALineForEachListedFile) {
 }
 
 TEST_F(SettingsWriterTest, WritesALineForEachChosenActionAndThenEachEvent) {
-    for (const int i : {0, 5, 11}) form1.lstAct.setSelected(i, true);
-    for (const int i : {0, 3}) form1.lstEvt.setSelected(i, true);
+    for (const int i : {act::alert, act::sound, act::progressDialog})
+        form1.lstAct.setSelected(i, true);
+    for (const int i : {evt::stagnancy, evt::modification}) form1.lstEvt.setSelected(i, true);
     Lines all = written();
     EXPECT_EQ(
         Lines(all.end() - 5, all.end()),

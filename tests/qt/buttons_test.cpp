@@ -118,7 +118,7 @@ TEST_F(ButtonsTest, ARuleOfACheckListShowsAtOnce) {
 
 TEST_F(ButtonsTest, ALabelButtonReportsPressReleaseAndClickAndShowsItsColours) {
     std::vector<std::string> events;
-    Label& label = form1().lblDP[4];
+    Label& label = form1().lblDP[watch_button::refresh];
     label.MouseDown.connect([&] { events.push_back("down"); });
     label.MouseUp.connect([&] { events.push_back("up"); });
     label.Click.connect([&] { events.push_back("click"); });

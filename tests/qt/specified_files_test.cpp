@@ -8,6 +8,7 @@
 
 #include "qt/window_test.h"
 #include "rows/listed_file.h"
+#include "rows/listed_program.h"
 
 namespace velmora::tests {
 namespace {
@@ -157,7 +158,7 @@ TEST_F(SpecifiedFilesTest, AProgramIsAddedFromTheTextOfItsBox) {
     settle();
     click("Label5(0)");
     ASSERT_EQ(form1().LVProg.Count(), 1);
-    EXPECT_EQ(form1().LVProg.ListItems(1).SubItems(1), "Execute");
+    EXPECT_EQ(ConstListedProgram(form1().LVProg.ListItems(1)).action(), "Execute");
     find<QComboBox>("cboProg")->setEditText("C:\\nothing there");
     boxes.answers = {QMessageBox::Ok};
     click("Label5(0)");

@@ -54,9 +54,10 @@ std::vector<Kind> buttonKinds() {
          [](Forms& f) { f.form1.lblAbout.setCaption("another"); }},
         {"LabelButton",
          [](Forms& f, UserHand& hand) {
-             return new qt::LabelButton(f.form1.lblDP[0], hand, qt::LabelButton::Shape::button);
+             return new qt::LabelButton(f.form1.lblDP[watch_button::add], hand,
+                                        qt::LabelButton::Shape::button);
          },
-         [](Forms& f) { f.form1.lblDP[0].setForeColor(0xFF); }},
+         [](Forms& f) { f.form1.lblDP[watch_button::add].setForeColor(0xFF); }},
         {"Button", [](Forms& f, UserHand& hand) { return qt::makeButton(f.form1.cmdAdv, hand); },
          [](Forms& f) { f.form1.cmdAdv.setCaption("another"); }},
         {"IconButton",

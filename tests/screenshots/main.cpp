@@ -151,12 +151,12 @@ int main(int argc, char** argv) {
         "03/14/26 15:10:26 - ALERT: Space Shortage < 5000000 KB Drive: D:[1,258,291 KB]\r\n . "
         "\r\n");
     screenshots.dialog(forms.dlgAlert, QStringLiteral("alert"));
-    forms.dlgAlert.lblAl[4].Click();
+    forms.dlgAlert.lblAl[velmora::alert_button::action].Click();
     forms.dlgAlert.lblAct[4].Click();
     screenshots.dialog(forms.dlgAlert, QStringLiteral("alert-actions"));
     screenshots.dialog(forms.frmNotify, QStringLiteral("notify"));
     forms.form1.ListView1.userSelect({1});
-    forms.form1.lblDP[3].Click();
+    forms.form1.lblDP[velmora::watch_button::selectDrive].Click();
     screenshots.save(rig.program->window("frmIndDri"), QStringLiteral("drive"));
     screenshots.menu(forms.form1.mnuFunc, QStringLiteral("menu-functions"));
     screenshots.menu(forms.form1.mnuLstV, QStringLiteral("menu-list"));

@@ -30,9 +30,9 @@ TEST(LabelLook, EveryLabelButtonBrightensWhilePressedAndTurnsOrangeAgain) {
 
 TEST(LabelLook, TheReleaseRestoresTheDesignColourWhateverItWas) {
     CommandRig rig;
-    rig.form1.lblDP[2].setForeColor(1);
-    rig.form1.lblDP[2].MouseUp();
-    EXPECT_EQ(rig.form1.lblDP[2].ForeColor(), 33023u);
+    rig.form1.lblDP[watch_button::clear].setForeColor(1);
+    rig.form1.lblDP[watch_button::clear].MouseUp();
+    EXPECT_EQ(rig.form1.lblDP[watch_button::clear].ForeColor(), 33023u);
 }
 
 TEST(LabelLook, ThePointerFlashesLabel5ThroughGreyToBlackAtEachMove) {

@@ -91,8 +91,9 @@ TEST(ListMenu, AFailedExploreIsNotReportedAndTheNextRowFollows) {
 TEST(ListMenu, SetParametersShowsTheRowsDriveAndThenItsGauges) {
     CommandRig rig;
     rig.rows({"C:\\", "D:\\"});
-    rig.list.ListItems(2).setSubItems(1, "25 KB");
-    rig.list.ListItems(2).setSubItems(2, "100 KB");
+    WatchRow row(rig.list.ListItems(2));
+    row.setFreeSpace("25 KB");
+    row.setTotalSize("100 KB");
     FrmIndDri& view = rig.forms.frmIndDri;
     int figuresWhenShown = -1;
     view.Raised.connect([&] { figuresWhenShown = view.ListView1.Count(); });
@@ -183,10 +184,10 @@ TEST(FunctionsMenu, EmptyRecycleBinEmptiesAllDrivesAndRaisesAnAlert) {
     EXPECT_EQ(rig.machine.emptied[0].root, "");
     EXPECT_EQ(rig.machine.emptied[0].flags, 0u);
     ASSERT_EQ(rig.form1.LVAlert.Count(), 1);
-    const ListItem& alert = rig.form1.LVAlert.ListItems(1);
-    EXPECT_EQ(alert.Text(), "Medium");
-    EXPECT_EQ(alert.SubItems(1), "20260314 15:09:26");
-    EXPECT_EQ(alert.SubItems(2), "User cleared recycle bin");
+    const ConstAlertRow alert(rig.form1.LVAlert.ListItems(1));
+    EXPECT_EQ(alert.rating(), "Medium");
+    EXPECT_EQ(alert.time(), "20260314 15:09:26");
+    EXPECT_EQ(alert.text(), "User cleared recycle bin");
 }
 
 TEST(FunctionsMenu, AFailedEmptyingIsIgnored) {
@@ -201,10 +202,10 @@ TEST(FunctionsMenu, AnErrorOfTheAlertBecomesAnAlert) {
     rig.forms.globals.lngAlertsRaised = 2147483647;
     EXPECT_NO_THROW(rig.form1.mnuEmptyRecyc.userClick());
     ASSERT_EQ(rig.form1.LVAlert.Count(), 2);
-    const ListItem& alert = rig.form1.LVAlert.ListItems(1);
-    EXPECT_EQ(alert.Text(), "Medium");
-    EXPECT_EQ(alert.SubItems(1), "20260314 15:09:26");
-    EXPECT_EQ(alert.SubItems(2), "Error on Command  Overflow");
+    const ConstAlertRow alert(rig.form1.LVAlert.ListItems(1));
+    EXPECT_EQ(alert.rating(), "Medium");
+    EXPECT_EQ(alert.time(), "20260314 15:09:26");
+    EXPECT_EQ(alert.text(), "Error on Command  Overflow");
     EXPECT_TRUE(rig.host.boxes.empty());
 }
 

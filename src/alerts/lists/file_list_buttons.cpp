@@ -2,25 +2,10 @@
 
 #include "alerts/lists/listed_rows.h"
 #include "base/resume_next.h"
+#include "forms/form_numbers.h"
 #include "rows/listed_file.h"
 
 namespace velmora {
-
-namespace {
-
-enum FileButton {
-    addButton,
-    removeButton,
-    moveButton,
-    deleteButton,
-    clearButton,
-    deleteAllButton,
-    moveAllButton,
-    browseButton,
-    attributesButton
-};
-
-}  // namespace
 
 // Command2 has an empty handler.
 FileListButtons::FileListButtons(Form1& form1, Host& host, FileList& files,
@@ -40,22 +25,22 @@ FileListButtons::FileListButtons(Form1& form1, Host& host, FileList& files,
 
 void FileListButtons::lblSF_Click(int index) {
     switch (index) {
-        case addButton:
-        case browseButton:
+        case file_button::add:
+        case file_button::browse:
             return addFiles();
-        case removeButton:
+        case file_button::remove:
             return removeSelectedRow(form1_.LVFile, host_);
-        case moveButton:
+        case file_button::move:
             return form1_.cmdMove.Click();
-        case deleteButton:
+        case file_button::deleteFile:
             return form1_.cmdDelete.Click();
-        case clearButton:
+        case file_button::clear:
             return form1_.LVFile.Clear();
-        case deleteAllButton:
+        case file_button::deleteAll:
             return form1_.cmdDeleteAll.Click();
-        case moveAllButton:
+        case file_button::moveAll:
             return form1_.cmdMoveAll.Click();
-        case attributesButton:
+        case file_button::attributes:
             return showAttributes();
         default:
             return;

@@ -5,17 +5,12 @@
 #include "alerts/lists/listed_rows.h"
 #include "base/resume_next.h"
 #include "base/text.h"
+#include "forms/form_numbers.h"
 #include "forms/sort_column.h"
 #include "platform/show_window.h"
 #include "rows/listed_program.h"
 
 namespace velmora {
-
-namespace {
-
-enum ProgramButton { addProgram, removeProgram, clearPrograms, runProgram, browseProgram };
-
-}  // namespace
 
 ProgramList::ProgramList(Form1& form1, FileSystemObject& fso, Shell32& shell32, Host& host)
     : form1_(form1), fso_(fso), shell32_(shell32), host_(host) {
@@ -35,15 +30,15 @@ void ProgramList::connect() {
 
 void ProgramList::Label5_Click(int index) {
     switch (index) {
-        case addProgram:
+        case program_button::add:
             return addFromBox();
-        case removeProgram:
+        case program_button::remove:
             return removeSelectedRow(form1_.LVProg, host_);
-        case clearPrograms:
+        case program_button::clear:
             return form1_.LVProg.Clear();
-        case runProgram:
+        case program_button::run:
             return runSelected();
-        case browseProgram:
+        case program_button::browse:
             return browse();
         default:
             return;

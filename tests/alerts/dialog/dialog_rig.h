@@ -55,7 +55,7 @@ struct DialogRig {
         }
         FAIL() << "no label " << caption;
     }
-    const std::string& pending() { return dialog.lblAl[3].Tag(); }
+    const std::string& pending() { return dialog.lblAl[alert_button::wizard].Tag(); }
     /// A row of the watch list with that state.
     void row(const std::string& path, const std::string& state) {
         WatchRow(form1.ListView1.Add(path)).setStateIcon(state);

@@ -18,7 +18,7 @@ struct FileButtonsTest : testing::Test, ListsRig {
 const std::string browsed = "browse: Choose File/Folder ";
 
 TEST_F(FileButtonsTest, AddAndBrowseAskForFiles) {
-    for (const int index : {0, 7}) {
+    for (const int index : {file_button::add, file_button::browse}) {
         file("C:\\data\\a.txt");
         host.paths = {"C:\\data\\a.txt"};
         click(index);
@@ -28,7 +28,7 @@ TEST_F(FileButtonsTest, AddAndBrowseAskForFiles) {
 }
 
 TEST_F(FileButtonsTest, TheWatchIsPausedWhileTheDialogIsOpen) {
-    for (const int index : {0, 7}) {
+    for (const int index : {file_button::add, file_button::browse}) {
         form1.cmdPause.setCaption("Pause Watch");
         order.clear();
         host.paths = {"C:\\gone"};
@@ -40,7 +40,7 @@ TEST_F(FileButtonsTest, TheWatchIsPausedWhileTheDialogIsOpen) {
 
 TEST_F(FileButtonsTest, APausedWatchStaysPaused) {
     form1.cmdPause.setCaption("Start Watch");
-    click(0);
+    click(file_button::add);
     EXPECT_EQ(host.dialogs.size(), 1u);
     EXPECT_EQ(order, Texts{browsed});
 }
@@ -49,7 +49,7 @@ TEST_F(FileButtonsTest, AWatchStartedMeanwhileIsNotPausedAgain) {
     form1.cmdPause.setCaption("Pause Watch");
     host.paths = {"C:\\gone"};
     machine.onCall = [this](const std::string&) { form1.cmdPause.setCaption("Pause Watch"); };
-    click(0);
+    click(file_button::add);
     EXPECT_EQ(order, (Texts{"watch: Start Watch", browsed}));
     EXPECT_EQ(form1.cmdPause.Caption(), "Pause Watch");
 }
@@ -58,14 +58,14 @@ TEST_F(FileButtonsTest, TheWatchGoesOnAlsoWhenAddingFails) {
     form1.cmdPause.setCaption("Pause Watch");
     form1.cboFile.setText("C:\\a");
     machine.log.failCall(1, error::deviceIo);
-    EXPECT_EQ(errorOf([&] { click(0); }), error::deviceIo);
+    EXPECT_EQ(errorOf([&] { click(file_button::add); }), error::deviceIo);
     EXPECT_EQ(form1.cmdPause.Caption(), "Pause Watch");
 }
 
 TEST_F(FileButtonsTest, RemoveRemovesTheSelectedRow) {
     threeRows();
     list.userSelect({2});
-    click(1);
+    click(file_button::remove);
     EXPECT_EQ(tags(), (Texts{"C:\\a", "C:\\c"}));
     EXPECT_EQ(machine.files.size(), 3u);
     EXPECT_TRUE(host.boxes.empty());
@@ -73,13 +73,13 @@ TEST_F(FileButtonsTest, RemoveRemovesTheSelectedRow) {
 
 TEST_F(FileButtonsTest, RemoveWithNoSelectionChangesNothing) {
     threeRows();
-    click(1);
+    click(file_button::remove);
     EXPECT_EQ(list.Count(), 3);
     EXPECT_TRUE(host.boxes.empty());
 }
 
 TEST_F(FileButtonsTest, RemoveOnAnEmptyListSaysSo) {
-    click(1);
+    click(file_button::remove);
     EXPECT_EQ(said(), Texts{"No item listed."});
     EXPECT_EQ(host.boxes[0].buttons, BoxButtons::ok);
     EXPECT_EQ(host.boxes[0].icon, BoxIcon::none);
@@ -88,7 +88,7 @@ TEST_F(FileButtonsTest, RemoveOnAnEmptyListSaysSo) {
 TEST_F(FileButtonsTest, ClearAllRemovesTheRowsAndNoFile) {
     threeRows();
     form1.cboFile.AddItem("C:\\a");
-    click(4);
+    click(file_button::clear);
     EXPECT_EQ(list.Count(), 0);
     EXPECT_EQ(machine.files.size(), 3u);
     EXPECT_EQ(form1.cboFile.ListCount(), 1);
@@ -101,7 +101,10 @@ TEST_F(FileButtonsTest, TheLabelsClickTheirCommandButtons) {
     form1.cmdMoveAll.Click.connect([&] { clicked.push_back("cmdMoveAll"); });
     form1.cmdDelete.Click.connect([&] { clicked.push_back("cmdDelete"); });
     form1.cmdDeleteAll.Click.connect([&] { clicked.push_back("cmdDeleteAll"); });
-    for (const int index : {2, 3, 5, 6}) click(index);
+    for (const int index : {file_button::move, file_button::deleteFile, file_button::deleteAll,
+                            file_button::moveAll}) {
+        click(index);
+    }
     EXPECT_EQ(clicked, (Texts{"cmdMove", "cmdDelete", "cmdDeleteAll", "cmdMoveAll"}));
     EXPECT_EQ(said(),
               (Texts{"No file listed.", "No item listed.", "No item listed.", "No item listed."}));
@@ -118,7 +121,7 @@ TEST_F(FileButtonsTest, TheOlderAddButtonDoesNothing) {
 TEST_F(FileButtonsTest, AttributesOpenThePropertiesOfTheSelectedRow) {
     threeRows();
     list.userSelect({2});
-    click(8);
+    click(file_button::attributes);
     form1.mnuFileAttr.userClick();
     ASSERT_EQ(machine.executed.size(), 2u);
     for (const ShellExecuteInfo& sheet : machine.executed) {
@@ -129,9 +132,9 @@ TEST_F(FileButtonsTest, AttributesOpenThePropertiesOfTheSelectedRow) {
 }
 
 TEST_F(FileButtonsTest, AttributesWithNoSelectionDoNothing) {
-    click(8);
+    click(file_button::attributes);
     threeRows();
-    click(8);
+    click(file_button::attributes);
     form1.mnuFileAttr.userClick();
     EXPECT_EQ(order, Texts{});
 }

@@ -50,7 +50,7 @@ TEST_F(FileRowsTest, AFileFillsEveryColumn) {
     EXPECT_EQ(cells(row), (Texts{"report.txt", "1,953 KB", "C:\\data", "12/31/2025 12:07:08 AM",
                                  "2/3/2025 12:00:01 PM", "1/5/2024 3:04:05 PM", "TXT File"}));
     EXPECT_EQ(row.Tag(), "C:\\data\\report.txt");
-    EXPECT_EQ(row.ListSubItems(1).Tag(), "2000000");
+    EXPECT_EQ(ConstListedFile(row).bytes(), "2000000");
 }
 
 TEST_F(FileRowsTest, DatesAndSizesHaveTheRegionalForm) {
@@ -63,10 +63,10 @@ TEST_F(FileRowsTest, DatesAndSizesHaveTheRegionalForm) {
     file("C:\\data\\report.txt", 2'000'000);
     giveTimes("C:\\data\\report.txt");
     ListItem& row = added("C:\\data\\report.txt");
-    EXPECT_EQ(row.SubItems(1), "1.953 KB");
-    EXPECT_EQ(row.SubItems(5), "05.01.2024 15:04:05");
+    EXPECT_EQ(ConstListedFile(row).size(), "1.953 KB");
+    EXPECT_EQ(ConstListedFile(row).created(), "05.01.2024 15:04:05");
     fullFolder("C:\\data\\old", 1536);
-    EXPECT_EQ(dropped("C:\\data\\old").SubItems(1), "1,5 KB");
+    EXPECT_EQ(ConstListedFile(dropped("C:\\data\\old")).size(), "1,5 KB");
 }
 
 TEST_F(FileRowsTest, SizesAreWholeKilobytesWithTiesAwayFromZero) {
@@ -74,7 +74,7 @@ TEST_F(FileRowsTest, SizesAreWholeKilobytesWithTiesAwayFromZero) {
         file("C:\\f");
         machine.sizes["C:\\f"] = bytes;
         ListItem& row = added("C:\\f");
-        return row.SubItems(1) + "/" + row.ListSubItems(1).Tag();
+        return ConstListedFile(row).size() + "/" + ConstListedFile(row).bytes();
     };
     EXPECT_EQ(sizeOf(0), "0 KB/0");
     EXPECT_EQ(sizeOf(511), "0 KB/511");
@@ -87,7 +87,7 @@ TEST_F(FileRowsTest, AMissingPathHasNoSizeAndNothingElse) {
     ListItem& row = added("C:\\data\\gone.txt");
     EXPECT_EQ(cells(row), (Texts{"gone.txt", "n/a", "", "", "", "", ""}));
     EXPECT_EQ(row.Tag(), "C:\\data\\gone.txt");
-    EXPECT_EQ(row.ListSubItems(1).Tag(), "");
+    EXPECT_EQ(ConstListedFile(row).bytes(), "");
 }
 
 TEST_F(FileRowsTest, AFolderAddedAsAFileHasNoSize) {
@@ -121,8 +121,8 @@ TEST_F(FileRowsTest, ThePathStaysAsItIsWritten) {
 TEST_F(FileRowsTest, AFileAddedTwiceGetsTwoRows) {
     file("C:\\a");
     form1.cboFile.setText("C:\\a");
-    form1.lblSF[0].userClick();
-    form1.lblSF[0].userClick();
+    form1.lblSF[file_button::add].userClick();
+    form1.lblSF[file_button::add].userClick();
     EXPECT_EQ(tags(), (Texts{"C:\\a", "C:\\a"}));
 }
 
@@ -179,7 +179,7 @@ TEST_F(FileRowsTest, OneChosenFileGetsARow) {
 TEST_F(FileRowsTest, OneChosenNameThatIsNoFileStillGetsARow) {
     host.paths = {"C:\\data\\gone.txt"};
     EXPECT_EQ(chosen(), Texts{"C:\\data\\gone.txt"});
-    EXPECT_EQ(list.ListItems(1).SubItems(1), "n/a");
+    EXPECT_EQ(ConstListedFile(list.ListItems(1)).size(), "n/a");
 }
 
 TEST_F(FileRowsTest, ThreeChosenFilesGetThreeRowsInTheDialogsOrder) {
@@ -252,12 +252,12 @@ TEST_F(FileRowsTest, ADroppedFileAndFolderGetRowsWithTheirSizes) {
     file("C:\\data\\a.txt", 1024);
     fullFolder("C:\\data\\old", 1536);
     list.userDrop({"C:\\data\\a.txt", "C:\\data\\old"});
-    EXPECT_EQ(list.ListItems(1).SubItems(1), "1 KB");
-    EXPECT_EQ(list.ListItems(1).SubItems(6), "TXT File");
+    EXPECT_EQ(ConstListedFile(list.ListItems(1)).size(), "1 KB");
+    EXPECT_EQ(ConstListedFile(list.ListItems(1)).type(), "TXT File");
     EXPECT_EQ(cells(list.ListItems(2)),
               (Texts{"old", "1.5 KB", "C:\\data", "3/14/2026 3:09:26 PM", "3/14/2026 3:09:26 PM",
                      "3/14/2026 3:09:26 PM", "File Folder"}));
-    EXPECT_EQ(list.ListItems(2).ListSubItems(1).Tag(), "1536");
+    EXPECT_EQ(ConstListedFile(list.ListItems(2)).bytes(), "1536");
     EXPECT_EQ(list.ListItems(2).Tag(), "C:\\data\\old");
     EXPECT_TRUE(host.boxes.empty());
 }
@@ -267,8 +267,8 @@ TEST_F(FileRowsTest, AFolderWhoseSizeCannotBeReadShowsTheRest) {
     // Whether it is a file, whether a folder, the folder, its size.
     machine.log.failCall(4, error::permissionDenied);
     ListItem& row = dropped("C:\\data\\old");
-    EXPECT_EQ(row.SubItems(1), "n/a");
-    EXPECT_EQ(row.SubItems(6), "File Folder");
+    EXPECT_EQ(ConstListedFile(row).size(), "n/a");
+    EXPECT_EQ(ConstListedFile(row).type(), "File Folder");
 }
 
 TEST_F(FileRowsTest, ADroppedMissingPathIsAskedAbout) {
@@ -309,7 +309,7 @@ TEST_F(FileRowsTest, ATextOfSeveralPathsIsAddedPieceByPiece) {
     file("E:\\c.txt");
     EXPECT_EQ(addText(" C:\\data\\a.txt ; b.txt;E:\\c.txt"),
               (Texts{"C:\\data\\a.txt", "C:\\data\\b.txt", "E:\\c.txt"}));
-    EXPECT_EQ(list.ListItems(1).SubItems(6), "TXT File");
+    EXPECT_EQ(ConstListedFile(list.ListItems(1)).type(), "TXT File");
     EXPECT_TRUE(host.boxes.empty());
 }
 
@@ -342,7 +342,7 @@ TEST_F(FileRowsTest, APieceThatDoesNotExistIsAskedAbout) {
     EXPECT_EQ(addText("C:\\gone.txt;C:\\other"), Texts{"C:\\gone.txt"});
     ASSERT_EQ(host.boxes.size(), 2u);
     EXPECT_EQ(host.boxes[0].text, missingQuestion);
-    EXPECT_EQ(list.ListItems(1).SubItems(1), "n/a");
+    EXPECT_EQ(ConstListedFile(list.ListItems(1)).size(), "n/a");
 }
 
 TEST_F(FileRowsTest, TheEmptyOperationDoesNothing) {

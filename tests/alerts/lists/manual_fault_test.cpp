@@ -238,7 +238,7 @@ TEST(ManualFault, ListingNeverTouchesAFile) {
         },
         [](ListsRig& rig) {
             rig.host.paths = {std::string("C:\\data\0a.txt\0b.txt", 19)};
-            rig.form1.lblSF[0].userClick();
+            rig.form1.lblSF[file_button::add].userClick();
         },
         [](ListsRig& rig) {
             rig.form1.cboFile.setText("C:\\data\\a.txt;b.txt;old");
@@ -246,7 +246,7 @@ TEST(ManualFault, ListingNeverTouchesAFile) {
         },
         [](ListsRig& rig) {
             rig.form1.cboProg.setText("C:\\data\\a.txt");
-            rig.form1.Label5[0].userClick();
+            rig.form1.Label5[program_button::add].userClick();
             rig.form1.cmdPAdd.userClick();
             rig.programRows.userDrop({"C:\\data\\a.txt", "C:\\data\\b.txt"});
         },

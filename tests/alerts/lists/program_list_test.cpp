@@ -2,6 +2,7 @@
 #include "alerts/lists/lists_rig.h"
 
 #include "base/errors.h"
+#include "rows/listed_program.h"
 
 namespace velmora::tests {
 namespace {
@@ -14,13 +15,14 @@ struct ProgramListTest : testing::Test, ListsRig {
 
     void click(int index) { form1.Label5[static_cast<std::size_t>(index)].userClick(); }
     Texts cells(int index) {
-        const ListItem& row = rows.ListItems(index);
-        return {row.Tag(), row.Text(), row.SubItems(1), row.SubItems(2), row.SubItems(3)};
+        const ListItem& item = rows.ListItems(index);
+        const ConstListedProgram row(item);
+        return {row.path(), item.Text(), row.action(), row.location(), row.type()};
     }
     void listed(const std::string& path) {
         file(path);
         box.setText(path);
-        click(0);
+        click(program_button::add);
         forget();
     }
 };
@@ -28,7 +30,7 @@ struct ProgramListTest : testing::Test, ListsRig {
 TEST_F(ProgramListTest, AddTakesTheTextOfTheBox) {
     file("C:\\data\\tool.exe");
     box.setText("C:\\data\\tool.exe");
-    click(0);
+    click(program_button::add);
     EXPECT_EQ(cells(1),
               (Texts{"C:\\data\\tool.exe", "tool.exe", "Execute", "C:\\data", "EXE File"}));
     EXPECT_EQ(box.ListCount(), 0);
@@ -38,7 +40,7 @@ TEST_F(ProgramListTest, AddTakesTheTextOfTheBox) {
 TEST_F(ProgramListTest, AddOfATextThatNamesNoFileSaysSo) {
     for (const char* text : {"C:\\gone.exe", "C:\\data", " "}) {
         box.setText(text);
-        click(0);
+        click(program_button::add);
     }
     EXPECT_EQ(said(), Texts(3, "File does not exists."));
     EXPECT_EQ(host.boxes[0].icon, BoxIcon::critical);
@@ -46,7 +48,7 @@ TEST_F(ProgramListTest, AddOfATextThatNamesNoFileSaysSo) {
 }
 
 TEST_F(ProgramListTest, AddOfAnEmptyTextDoesNothing) {
-    click(0);
+    click(program_button::add);
     form1.cmdPAdd.userClick();
     EXPECT_EQ(order, Texts{});
     EXPECT_EQ(rows.Count(), 0);
@@ -55,7 +57,7 @@ TEST_F(ProgramListTest, AddOfAnEmptyTextDoesNothing) {
 
 TEST_F(ProgramListTest, AProgramMayBeListedTwice) {
     listed("C:\\tool.exe");
-    click(0);
+    click(program_button::add);
     EXPECT_EQ(rows.Count(), 2);
 }
 
@@ -63,7 +65,7 @@ TEST_F(ProgramListTest, AProgramThatCannotBeReadIsListed) {
     file("C:\\tool.exe");
     box.setText("C:\\tool.exe");
     machine.log.failCall(2, error::permissionDenied);
-    click(0);
+    click(program_button::add);
     EXPECT_EQ(cells(1), (Texts{"C:\\tool.exe", "tool.exe", "Execute", "", ""}));
 }
 
@@ -85,20 +87,20 @@ TEST_F(ProgramListTest, TheOlderAddButtonTakesNoTextThatNamesNoFile) {
 
 TEST_F(ProgramListTest, RemoveRemovesTheSelectedRow) {
     for (const char* path : {"C:\\a.exe", "C:\\b.exe"}) listed(path);
-    click(1);
+    click(program_button::remove);
     EXPECT_EQ(rows.Count(), 2);
     rows.userSelect({1});
-    click(1);
+    click(program_button::remove);
     EXPECT_EQ(tagsOf(rows), Texts{"C:\\b.exe"});
     EXPECT_TRUE(host.boxes.empty());
     rows.Clear();
-    click(1);
+    click(program_button::remove);
     EXPECT_EQ(said(), Texts{"No item listed."});
 }
 
 TEST_F(ProgramListTest, ClearAllRemovesTheRows) {
     for (const char* path : {"C:\\a.exe", "C:\\b.exe"}) listed(path);
-    click(2);
+    click(program_button::clear);
     EXPECT_EQ(rows.Count(), 0);
 }
 
@@ -106,7 +108,7 @@ TEST_F(ProgramListTest, RunStartsTheSelectedProgramAndWritesToTheJournal) {
     for (const char* path : {"C:\\a.exe", "C:\\b.exe"}) listed(path);
     rows.userSelect({2});
     form1.txtAlert.setText("older");
-    click(3);
+    click(program_button::run);
     ASSERT_EQ(machine.executed.size(), 1u);
     const fake::FakeExecution& run = machine.executed[0];
     EXPECT_EQ(run.verb, "open");
@@ -124,7 +126,7 @@ TEST_F(ProgramListTest, RunOfAMissingProgramWritesToTheJournal) {
     listed("C:\\a.exe");
     machine.files.clear();
     rows.userSelect({1});
-    click(3);
+    click(program_button::run);
     EXPECT_TRUE(machine.executed.empty());
     EXPECT_EQ(
         journal(),
@@ -137,27 +139,27 @@ TEST_F(ProgramListTest, TheShellsAnswerIsIgnored) {
     listed("C:\\a.exe");
     rows.userSelect({1});
     machine.executes = false;
-    click(3);
+    click(program_button::run);
     EXPECT_EQ(journal(), " - Specified Program Executed: \r\nC:\\a.exe\r\n\r\n . \r\n");
 }
 
 TEST_F(ProgramListTest, RunWithoutRowsSaysSoAndWithoutSelectionDoesNothing) {
-    click(3);
+    click(program_button::run);
     EXPECT_EQ(said(), Texts{"No listed item."});
     listed("C:\\a.exe");
-    click(3);
+    click(program_button::run);
     EXPECT_EQ(order, Texts{});
     EXPECT_EQ(journal(), "");
 }
 
 TEST_F(ProgramListTest, BrowsePutsTheChosenFileIntoTheBox) {
     host.paths = {"C:\\data\\tool.exe"};
-    click(4);
+    click(program_button::browse);
     EXPECT_EQ(box.Text(), "C:\\data\\tool.exe");
     ASSERT_EQ(host.fileDialogs.size(), 1u);
     EXPECT_EQ(host.fileDialogs[0].Filter, "All Files (*.*)|*.*");
     EXPECT_EQ(host.fileDialogs[0].Flags & file_dialog::allowMultiselect, 0);
-    click(4);  // dismissed
+    click(program_button::browse);  // dismissed
     EXPECT_EQ(box.Text(), "C:\\data\\tool.exe");
     EXPECT_EQ(rows.Count(), 0);
 }
