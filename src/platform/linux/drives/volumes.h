@@ -38,7 +38,7 @@ class Volumes {
     bool has(const std::string& drive);
     /// The letters of the mounted drives, in the order of the alphabet.
     std::string letters();
-    /// The roots of the mounted drives.
+    /// The roots of the mounted drives, until another question finds a change of the mount table.
     const std::vector<DriveRoot>& roots();
     /// The absolute path of the host for a drive path; empty when it leads nowhere. No path of the
     /// host is empty, and all questions below take that as one at which nothing lies.

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <filesystem>
 #include <system_error>
-#include <utility>
 
 #include "base/text.h"
 #include "platform/file_system_object.h"
@@ -79,8 +78,8 @@ MappedPath mapDrivePath(const std::string& drivePath, const std::vector<DriveRoo
     }
     if (isSeparator(drivePath[0])) {
         const std::string names = normalized(drivePath, separators, '\\');
-        std::string hostPath = joined("/", toHostNames(names));
-        return {.onDrive = drivePathOf(hostPath, roots), .onHost = std::move(hostPath)};
+        const std::string hostPath = joined("/", toHostNames(names));
+        return {.onDrive = drivePathOf(hostPath, roots), .onHost = hostPath};
     }
     const std::string folder = drivePathOf(workingFolder(), roots);
     return folder.empty() ? MappedPath{} : mapDrivePath(folder + '\\' + drivePath, roots);
