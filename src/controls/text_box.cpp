@@ -98,7 +98,7 @@ void TextBox::prepend(std::string text) {
     length_ += length(text);
     pieces_.push_front(std::move(text));
     if (masked_) wipe(text);
-    // Without joining, and whatever a view's reading does to the pieces.
+    // The piece itself, so that nothing is joined for views that gather what is prepended.
     const std::string& added = pieces_.front();
     Prepended(added);
     Changed();

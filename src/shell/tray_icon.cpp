@@ -127,7 +127,7 @@ void TrayIcon::trayDoubleClick() {
                      "Do you wish to continue?")) != BoxAnswer::yes) {
         return;
     }
-    if (lockStandsInFront()) return;
+    if (lockIsInFront()) return;
     Form1& form1 = forms_.form1;
     if (bFlashing_) {
         stopFlash();
@@ -152,7 +152,7 @@ void TrayIcon::trayRightUp() {
     forms_.form1.mnuPopUp.PopUp();
 }
 
-bool TrayIcon::lockStandsInFront() {
+bool TrayIcon::lockIsInFront() {
     if (forms_.globals.bLocked) prcSrvFrm(forms_);
     return forms_.globals.bLocked;
 }
@@ -200,7 +200,7 @@ void TrayIcon::Form1_MouseMove(float x) {
 }
 
 void TrayIcon::formIconDoubleClick() {
-    if (lockStandsInFront()) return;
+    if (lockIsInFront()) return;
     Form1& form1 = forms_.form1;
     const bool hide = form1.Visible();
     form1.mnuHide.setChecked(hide);

@@ -57,7 +57,7 @@ class TrayIcon final : public Tray {
     void hookProcedure(std::uint32_t message, const std::string& window);
     void removeHook();
 
-    bool lockStandsInFront();
+    bool lockIsInFront();
     void activate();
     bool send(NotifyMessage message, const NotifyIconData& data);
     NotifyIconData record(std::string icon, const std::string& tip) const;

@@ -118,7 +118,7 @@ TEST_F(OperationsCoreTest, ADeletionWhileACheckYieldsCanHaveACheckInIt) {
     expectCheckEnded();
 }
 
-TEST_F(OperationsCoreTest, TheCleanerIsToldOfTheDriveThatACheckFoundShort) {
+TEST_F(OperationsCoreTest, TheCleanerGetsTheDriveThatACheckFoundShort) {
     machine.drives["D:"].freeBytes = 1024 * 1024;
     core.load();
     ASSERT_EQ(form1.ListView1.ListItems(1).Text(), "C:\\");

@@ -48,7 +48,7 @@ TEST(DatePicture, TakesMmForMinutesAfterHoursAndBeforeSecondsOnly) {
                       {afternoon, "hh Mmm", "15 Mar"}});
 }
 
-TEST(DatePicture, CountsHoursToTwelveWhereAmPmStands) {
+TEST(DatePicture, CountsHoursToTwelveWithAmPm) {
     const auto at = [](int hour) { return DateTime{2024, 3, 7, hour, 30, 0}; };
     expectDrawnDates(
         {{at(0), "hh:mm AMPM", "12:30 AM"},

@@ -7,7 +7,7 @@
 namespace velmora {
 namespace {
 
-TEST(DateTime, IsTheDayThatStandsForNoDateByDefault) {
+TEST(DateTime, IsTheDayThatMeansNoDateByDefault) {
     EXPECT_EQ(DateTime{}, (DateTime{1899, 12, 30, 0, 0, 0}));
     EXPECT_TRUE(isValid(DateTime{}));
 }
@@ -63,7 +63,7 @@ TEST(Weekday, CountsFromSunday) {
         EXPECT_EQ(weekday(date), expected) << date.year << '/' << date.month << '/' << date.day;
 }
 
-TEST(Seconds, CountFromTheDayThatStandsForNoDate) {
+TEST(Seconds, CountFromTheDayThatMeansNoDate) {
     constexpr std::int64_t day = 86400;
     const struct {
         DateTime date;

@@ -12,7 +12,7 @@ TEST(GetDrive, TakesTheRootOutOfADisplayLine) {
     EXPECT_EQ(prcGetDrive("Drive: Z:\t\tN/A, drive not ready"), "Z:\\");
 }
 
-TEST(GetDrive, TakesWhatStandsBetweenTheFirstColonAndTheLast) {
+TEST(GetDrive, TakesTheTextBetweenTheFirstColonAndTheLast) {
     EXPECT_EQ(prcGetDrive("a: b :c:rest"), "b :c:\\");
     EXPECT_EQ(prcGetDrive("\u00C4\u00D6: C:\t\t1 KB"), "C:\\");
 }

@@ -127,7 +127,7 @@ TEST(NumberPicture, FillsRequiredDigitsWithZeros) {
                        unitedStates);
 }
 
-TEST(NumberPicture, GroupsDigitsWhereACommaStandsBetweenThem) {
+TEST(NumberPicture, GroupsDigitsWithACommaBetweenThem) {
     expectDrawnNumbers({{999, "##,##0.0", "999.0"},
                         {1500.25, "##,##0.0", "1,500.3"},
                         {1000, "###,###,###", "1,000"},
@@ -206,7 +206,7 @@ TEST(NumberPicture, ShowsHugeAndTinyValues) {
     EXPECT_EQ(Format(5e-324, "#.#", unitedStates), ".");
 }
 
-TEST(NumberPicture, OverflowsWithoutANumberWhateverThePicture) {
+TEST(NumberPicture, OverflowsWithoutANumberInEveryPicture) {
     for (double value : {infinity, -infinity, noNumber})
         for (const char* picture : {"", "0.0", "abc"})
             EXPECT_EQ(errorOf([&] { Format(value, picture, unitedStates); }), 6) << picture;

@@ -60,7 +60,7 @@ TEST(InputFields, PassOverBlanksAfterAClosingQuote) {
 TEST(InputFields, BeginAgainWithWhatFollowsAClosingQuote) {
     EXPECT_EQ(fieldsOf("\"a\"b,c"), (Fields{"a", "b", "c"}));
     EXPECT_EQ(fieldsOf("\"a\"  b"), (Fields{"a", "b"}));
-    EXPECT_EQ(fieldsOf("\"a\"\"b\""), (Fields{"a", "b"}));  // a doubled quote isn't a quote in the field
+    EXPECT_EQ(fieldsOf("\"a\"\"b\""), (Fields{"a", "b"}));  // no quote in the field
 }
 
 TEST(InputFields, TakeAllTheRestWhenTheQuoteIsntClosed) {

@@ -82,7 +82,7 @@ std::string valueOf(std::string_view line) {
     return words.value();
 }
 
-TEST(Words, AsValueAreTheRestOfTheLineAsItStands) {
+TEST(Words, AsValueAreTheUnchangedRestOfTheLine) {
     EXPECT_EQ(valueOf(R"(x a  "b" \n $"c" )"), R"(a  "b" \n $"c" )");
     EXPECT_EQ(valueOf(R"(x "quoted")"), R"("quoted")");
     EXPECT_EQ(valueOf(std::string("x a\0b", 5)), std::string("a\0b", 3));

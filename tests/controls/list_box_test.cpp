@@ -24,7 +24,7 @@ TEST_F(ListBoxTest, BeginsWithItsEntriesUnticked) {
     EXPECT_FALSE(list.Selected(1));
 }
 
-TEST_F(ListBoxTest, ReportsATickWhoeverChangesIt) {
+TEST_F(ListBoxTest, ReportsATickOfTheUserAndOfTheProgram) {
     int ticked = -1;
     list.ItemCheck.connect([&](int index) { ticked = index; });
     list.setSelected(1, true);

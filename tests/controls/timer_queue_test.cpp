@@ -69,7 +69,7 @@ TEST_F(TimerQueueTest, AnIntervalOfZeroNeverFires) {
     EXPECT_EQ(queue.untilNext(), std::nullopt);
 }
 
-TEST_F(TimerQueueTest, ANewIntervalStartsTheCountAnew) {
+TEST_F(TimerQueueTest, ANewIntervalRestartsTheCount) {
     now = 2500;
     quick.setInterval(2000);
     EXPECT_EQ(at(4499), 0);
@@ -103,7 +103,7 @@ TEST_F(TimerQueueTest, AHandlerMaySwitchOffAnotherThatIsDue) {
     EXPECT_EQ(order, "q");
 }
 
-TEST_F(TimerQueueTest, AHandlerMayStartAnotherAnew) {
+TEST_F(TimerQueueTest, AHandlerMayRestartAnother) {
     quick.Tick.connect([this] { slow.setInterval(5000); });
     EXPECT_EQ(at(7000), 1);
     EXPECT_EQ(order, "q");

@@ -21,7 +21,7 @@ TEST_F(TimerTest, BeginsAsDesigned) {
     EXPECT_TRUE(Timer(form, "Timer2", 1, true).Enabled());
 }
 
-TEST_F(TimerTest, RestartsWithANewIntervalAndWithTheOneThatStands) {
+TEST_F(TimerTest, RestartsWithANewIntervalAndWithThePresentOne) {
     timer.setInterval(10000);
     timer.setInterval(10000);
     EXPECT_EQ(timer.Interval(), 10000);

@@ -165,7 +165,7 @@ TEST(CheckFault, TwoErrorsDoNotReachTheLimitWhenTheThirdAttemptSucceeds) {
     EXPECT_EQ(rig.alertCount(), 3);
 }
 
-TEST(CheckFault, ErrorsAreCountedAnewInEveryTick) {
+TEST(CheckFault, ErrorsAreCountedFromZeroInEveryTick) {
     FailingCheck rig(13);
     for (int i = 0; i < 8; ++i) rig.tick();
     EXPECT_TRUE(rig.host.boxes.empty());

@@ -100,7 +100,7 @@ TEST(SendToShortcut, IsNotCreatedAgainAtTheNextStart) {
     EXPECT_EQ(rig.machine.log.countOf("CreateShortcut"), 1);
 }
 
-TEST(SendToShortcut, IsFoundWhateverItsLetterCase) {
+TEST(SendToShortcut, IsFoundInAnyLetterCase) {
     CommandRig rig;
     rig.machine.files[std::string(sendToFolder) + "\\velmora.LNK"] = "";
     rig.added("");
@@ -123,7 +123,7 @@ TEST(SendToShortcut, NoFolderForItMeansNoShortcut) {
     EXPECT_EQ(rig.machine.log.countOf("FileExists C:\\Users"), 0);
 }
 
-TEST(SendToShortcut, WhateverFailsTheStartGoesOn) {
+TEST(SendToShortcut, AfterAnyFailureTheStartGoesOn) {
     CommandRig counting;
     counting.added("\"C:\\a\"");
     const int calls = counting.machine.log.count();

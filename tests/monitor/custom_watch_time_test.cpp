@@ -66,7 +66,7 @@ TEST(CustomWatchTime, DoesNothingWhileItIsOff) {
     EXPECT_TRUE(rig.form1.txtAlert.empty());
 }
 
-TEST(CustomWatchTime, StartsInTheMinuteOfTheStartWhateverTheSecond) {
+TEST(CustomWatchTime, StartsInTheMinuteOfTheStartAtAnySecond) {
     for (const int second : {0, 26, 59}) {
         CustomRig rig;
         rig.minute(today(9, 59, 59));

@@ -156,7 +156,7 @@ TEST(DriveMeter, ListsSizesAndCountsOfTheFolder) {
     EXPECT_EQ(rig.lines(), (Texts{"Size=1,000 KB", "Free Space=500 KB", "Folders=2", "Files=3"}));
 }
 
-TEST(DriveMeter, ListsTheFiguresAnewEachTime) {
+TEST(DriveMeter, ListsTheFiguresAgainEachTime) {
     MeterRig rig;
     rig.machine.folders = {};
     rig.machine.files = {};

@@ -178,7 +178,7 @@ TEST(RowTrigger, UnwatchedAndMissingRowsDoNotTouchTheCarriedValue) {
     EXPECT_EQ(rig.at(3).stateIcon(), "ok");
 }
 
-TEST(RowTrigger, TheNextCheckReadsThePercentAnew) {
+TEST(RowTrigger, TheNextCheckReadsThePercentAgain) {
     CheckRig rig;
     rig.watch("C:\\", 5000, 10000);
     rig.usePercent("10");
@@ -188,7 +188,7 @@ TEST(RowTrigger, TheNextCheckReadsThePercentAnew) {
     EXPECT_EQ(rig.timesChecked(), 2);
 }
 
-TEST(RowTrigger, IndividualPercentIsReadAnewForEveryRow) {
+TEST(RowTrigger, IndividualPercentIsReadAgainForEveryRow) {
     CheckRig rig;
     rig.watch("C:\\", 999, 10000);
     rig.watch("D:\\", 5000, 10000);

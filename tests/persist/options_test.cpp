@@ -24,7 +24,7 @@ struct OptionsRig {
     }
 };
 
-TEST(StartWithTheSystem, TickedTheProgramsPathStandsInTheRunKey) {
+TEST(StartWithTheSystem, TickedTheProgramsPathIsInTheRunKey) {
     OptionsRig rig;
     EXPECT_EQ(rig.started(), nullptr);
     rig.form1.chkStartUp.userClick();

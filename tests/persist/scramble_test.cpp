@@ -57,7 +57,7 @@ TEST(Scrambling, Code254GoesToCode255AndBack) {
     EXPECT_EQ(prcDe("\xFF"), "\xFE");
 }
 
-TEST(Scrambling, RefusesCode255WhereverItStands) {
+TEST(Scrambling, RefusesCode255AtAnyPlace) {
     for (const char* text : {"\xFF",
                              "\xFF"
                              "abc",
@@ -68,7 +68,7 @@ TEST(Scrambling, RefusesCode255WhereverItStands) {
     }
 }
 
-TEST(Scrambling, RefusesToReadCode0WhereverItStands) {
+TEST(Scrambling, RefusesToReadCode0AtAnyPlace) {
     for (const std::string& text :
          {std::string("\0", 1), std::string("\0ab", 3), std::string("a\0b", 3)}) {
         EXPECT_EQ(errorOf([&] { prcDe(text); }), error::invalidCall);

@@ -125,7 +125,7 @@ TEST_F(SettingsFailureTest, LinesInFrontOfTheFailingOneAreInTheirFieldsAndLaterO
     EXPECT_EQ(notify.txtUser.Text(), "");
 }
 
-TEST_F(SettingsFailureTest, AByte0CantBeReadWhereverItStands) {
+TEST_F(SettingsFailureTest, AByte0CantBeReadAtAnyPlace) {
     EXPECT_EQ(readBytes(with(std::string("\0", 1))), error::invalidCall);
     EXPECT_EQ(readBytes(with(std::string("opuFnbjm>b\0c\r\n", 14))), error::invalidCall);
     EXPECT_EQ(notify.txtYourEmail.Text(), "");

@@ -21,7 +21,7 @@ TEST_F(SettingsReaderTest, ALineEndThatIsPartOfTheLineStaysInTheValue) {
     EXPECT_EQ(notify.txtCustMsg.Text(), "m\r\n");
 }
 
-TEST_F(SettingsReaderTest, TheMinimumSpaceShedsWhateverFollowsItsDigits) {
+TEST_F(SettingsReaderTest, TheMinimumSpaceLosesAllThatFollowsItsDigits) {
     EXPECT_EQ(read({"minspace=50000\r\n"}), 0);
     EXPECT_EQ(form1.txtSpace.Text(), "50000");
     EXPECT_EQ(read({"minspace=5\r\n"}), 0);
@@ -141,7 +141,7 @@ TEST_F(SettingsReaderTest, TheLaterOfTheTwoUpdateLinesWins) {
     EXPECT_EQ(form1.chkUpdate.Value(), 1);
 }
 
-TEST_F(SettingsReaderTest, OnlyTheSecondUpdateKeySetsTheAutomaticUpdateWhateverItsValue) {
+TEST_F(SettingsReaderTest, OnlyTheSecondUpdateKeySetsTheAutomaticUpdateWithAnyValue) {
     EXPECT_EQ(read({"chkUpdate=1"}), 0);
     EXPECT_FALSE(forms.globals.bAutoUpdate);
     EXPECT_EQ(read({"updateauto=0"}), 0);

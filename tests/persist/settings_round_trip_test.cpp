@@ -99,7 +99,7 @@ TEST_F(SettingsRoundTripTest, TickMarksOfTheWatchListDontComeBack) {
     }
 }
 
-TEST_F(SettingsRoundTripTest, TheMailPortAndAutoSaveSettingsStartAnew) {
+TEST_F(SettingsRoundTripTest, TheMailPortAndAutoSaveSettingsHaveTheirDesignValuesAgain) {
     notify.txtMailPort.setText("587");
     form1.chkSaveSet.setValue(1);
     EXPECT_EQ(restart(), 0);

@@ -168,7 +168,7 @@ TEST(FolderBrowser, HasABufferOf260CharactersWithTheLastOne) {
     }
 }
 
-TEST(FolderBrowser, LetsTheWindowGoOnWhileItStands) {
+TEST(FolderBrowser, LetsTheWindowGoOnWhileItIsOpen) {
     LinksRig rig;
     rig.machine.browsed = {"C:\\data"};
     int runs = 0;

@@ -45,7 +45,7 @@ TEST_F(MainWindowTest, TheViewButtonReturnsFromTheCompactViewToTheFullHeightExac
     EXPECT_EQ(window()->height(), compact);
 }
 
-TEST_F(MainWindowTest, SetProgramSettingsOpensTheFullViewOrTellsThatItIsOpen) {
+TEST_F(MainWindowTest, SetProgramSettingsOpensTheFullViewOrSaysThatItIsOpen) {
     click("Toolbar1(5)");
     chooseFunction("mnuProgSet");
     EXPECT_EQ(form1().Height(), fullHeight);

@@ -26,7 +26,7 @@ struct SpecifiedFilesTest : WindowTest {
     QString path(const QString& name) { return folder.filePath(name); }
 
     /// Chooses these files in the file dialog that the button opens; none dismisses it.
-    void chooseBehind(const QString& button, const QStringList& names) {
+    void chooseAfterClick(const QString& button, const QStringList& names) {
         QTimer watch;
         QObject::connect(&watch, &QTimer::timeout, &watch, [&] {
             auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
@@ -62,7 +62,7 @@ struct SpecifiedFilesTest : WindowTest {
 };
 
 TEST_F(SpecifiedFilesTest, AddLetsOneFileBeChosen) {
-    chooseBehind("lblSF(0)", {"a.txt"});
+    chooseAfterClick("lblSF(0)", {"a.txt"});
     EXPECT_EQ(title, "Choose File/Folder ");
     EXPECT_EQ(filters, QStringList{"All Files (*)"});
     EXPECT_EQ(mode, QFileDialog::ExistingFiles);
@@ -73,13 +73,13 @@ TEST_F(SpecifiedFilesTest, AddLetsOneFileBeChosen) {
 }
 
 TEST_F(SpecifiedFilesTest, AddLetsSeveralFilesBeChosen) {
-    chooseBehind("lblSF(0)", {"b c.txt", "a.txt", "\u00E9.txt"});
+    chooseAfterClick("lblSF(0)", {"b c.txt", "a.txt", "\u00E9.txt"});
     const std::string in = folder.path().toStdString() + "\\";
     EXPECT_EQ(tags(), (std::vector<std::string>{in + "b c.txt", in + "a.txt", in + "\u00E9.txt"}));
 }
 
 TEST_F(SpecifiedFilesTest, TheWindowGetsNoInputWhileTheSystemsDialogIsOpen) {
-    chooseBehind("lblSF(0)", {"a.txt"});
+    chooseAfterClick("lblSF(0)", {"a.txt"});
     form1().LVFile.userSelect({1});
     settle();
     auto* deleteAll = find<QAbstractButton>("lblSF(5)");
@@ -98,12 +98,12 @@ TEST_F(SpecifiedFilesTest, TheWindowGetsNoInputWhileTheSystemsDialogIsOpen) {
 }
 
 TEST_F(SpecifiedFilesTest, ADismissedDialogAddsNothing) {
-    chooseBehind("lblSF(0)", {});
+    chooseAfterClick("lblSF(0)", {});
     EXPECT_TRUE(tags().empty());
 }
 
 TEST_F(SpecifiedFilesTest, RemoveTakesTheSelectedRowAway) {
-    chooseBehind("lblSF(0)", {"a.txt"});
+    chooseAfterClick("lblSF(0)", {"a.txt"});
     form1().LVFile.userSelect({1});
     settle();
     click("lblSF(1)");
@@ -114,7 +114,7 @@ TEST_F(SpecifiedFilesTest, RemoveTakesTheSelectedRowAway) {
 }
 
 TEST_F(SpecifiedFilesTest, TheRightButtonOpensTheMenuOfAFile) {
-    chooseBehind("lblSF(0)", {"a.txt"});
+    chooseAfterClick("lblSF(0)", {"a.txt"});
     auto* list = find<qt::ListViewWidget>("LVFile");
     const QPoint place = list->visualRect(list->model()->index(0, 0)).center();
     QTest::mouseClick(list->viewport(), Qt::RightButton, {}, place);
@@ -126,7 +126,7 @@ TEST_F(SpecifiedFilesTest, TheRightButtonOpensTheMenuOfAFile) {
 }
 
 TEST_F(SpecifiedFilesTest, DeleteAllOffersThreeAnswers) {
-    chooseBehind("lblSF(0)", {"a.txt"});
+    chooseAfterClick("lblSF(0)", {"a.txt"});
     boxes.answers = {QMessageBox::Cancel};
     click("lblSF(5)");
     EXPECT_EQ(
@@ -146,7 +146,7 @@ TEST_F(SpecifiedFilesTest, TheSpecifiedPathIsTheFolderOfAChosenFile) {
         std::replace(path.begin(), path.end(), '/', '\\');
         return "C:" + path;
     };
-    chooseBehind("cmdFolder", {"a.txt"});
+    chooseAfterClick("cmdFolder", {"a.txt"});
     EXPECT_EQ(title, "Select Path by choosing a file within the folder");
     EXPECT_EQ(mode, QFileDialog::ExistingFile);
     EXPECT_EQ(form1().txtDrive.Text(), machine.drivePathOf(folder.path().toStdString()) + "\\");

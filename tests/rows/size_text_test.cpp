@@ -34,7 +34,7 @@ TEST(FolderSizeText, HasUpToTwoDecimals) {
     EXPECT_EQ(folderSizeText(1024 * 1234.567, unitedStates), "1234.57 KB");
 }
 
-TEST(SizeUnit, IsCutWhereverItStands) {
+TEST(SizeUnit, IsCutAtAnyPlace) {
     EXPECT_EQ(withUnit("12"), "12 KB");
     EXPECT_EQ(withoutUnit("1,234 KB"), "1,234");
     EXPECT_EQ(withoutUnit("1 KB2 KB"), "12");

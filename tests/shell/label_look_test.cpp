@@ -28,7 +28,7 @@ TEST(LabelLook, EveryLabelButtonBrightensWhilePressedAndTurnsOrangeAgain) {
     }
 }
 
-TEST(LabelLook, TheReleaseRestoresTheDesignColourWhateverItWas) {
+TEST(LabelLook, TheReleaseRestoresTheDesignColourFromAnyOther) {
     CommandRig rig;
     rig.form1.lblDP[watch_button::clear].setForeColor(1);
     rig.form1.lblDP[watch_button::clear].MouseUp();

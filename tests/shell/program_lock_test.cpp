@@ -76,7 +76,7 @@ TEST_F(ProgramLockTest, ALockedProgramIsOfferedTheUnlocking) {
     }
 }
 
-TEST_F(ProgramLockTest, AnEmptyPasswordIsRefusedWhateverTheButton) {
+TEST_F(ProgramLockTest, AnEmptyPasswordIsRefusedByEveryButton) {
     prcSrvFrm(forms);
     press(0);
     press(1);
@@ -294,7 +294,7 @@ TEST_F(ProgramLockTest, TimersGoOnWhileLocked) {
     EXPECT_TRUE(tray.bFlashing());
 }
 
-TEST_F(ProgramLockTest, WhileLockedNobodyCanShowAWindowButTheLocks) {
+TEST_F(ProgramLockTest, WhileLockedNoWindowButTheLocksCanBeShown) {
     lockWith("abc");
     for (Form* window : forms.all()) {
         window->Show();

@@ -40,7 +40,7 @@ void endWithOwner() {
     kill(getpid(), SIGTERM);
 }
 
-int tellAttributes(const char* path, struct stat* status, fuse_file_info*) {
+int reportAttributes(const char* path, struct stat* status, fuse_file_info*) {
     if (std::strcmp(path, "/stuck") == 0) waitForRelease();
     if (std::strcmp(path, "/") != 0 && std::strcmp(path, "/endless") != 0) return -ENOENT;
     *status = {};
@@ -49,7 +49,7 @@ int tellAttributes(const char* path, struct stat* status, fuse_file_info*) {
     return 0;
 }
 
-int tellSpace(const char*, struct statvfs* space) {
+int reportSpace(const char*, struct statvfs* space) {
     if (logFile >= 0 && write(logFile, "?", 1) != 1) return -EIO;
     waitForRelease();
     *space = {};
@@ -85,8 +85,8 @@ int main(int argc, char** argv) {
     }
 
     fuse_operations operations{};
-    operations.getattr = tellAttributes;
-    operations.statfs = tellSpace;
+    operations.getattr = reportAttributes;
+    operations.statfs = reportSpace;
     operations.readdir = listNothing;
     operations.init = begin;
     std::string name = argv[0];

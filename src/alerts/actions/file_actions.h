@@ -28,8 +28,8 @@ class FileActions {
                     std::string& strDrv, std::string& strPath, std::string& strFile);
 
     /// One file, and its alert; `iAct` is one of act::move, remove, recycle and autoMove; with
-    /// others nothing is done. Moving: error 438 when `strPath` is a folder, which can't report its free space;
-    /// error 424 when it is neither drive nor folder (auto move: "n/a").
+    /// others nothing is done. Moving: error 438 when `strPath` is a folder, which can't report its
+    /// free space; error 424 when it is neither drive nor folder (auto move: "n/a").
     std::string prcFileActOption(std::int16_t& iAct, std::string& strFile, std::string& strPath);
 
   private:

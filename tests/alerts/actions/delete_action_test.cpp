@@ -49,7 +49,7 @@ TEST_F(DeleteActionTest, TheRowOfADeletedFileIsRemovedEvenIfItsAlertCantBeLogged
     EXPECT_EQ(listed(), "C:\\b.txt");
 }
 
-TEST_F(DeleteActionTest, EachPassDeletesOneFileFirstRowFirstWhateverItsSize) {
+TEST_F(DeleteActionTest, EachPassDeletesOneFileOfAnySizeFirstRowFirst) {
     listFile("C:\\small", 1);
     listFile("C:\\large", 1e6);
     listFile("C:\\middle", 1e3);

@@ -59,7 +59,7 @@ TEST_F(FileWalkTest, AnEmptyListIsNoError) {
     EXPECT_EQ(strFile, "");
 }
 
-TEST_F(FileWalkTest, AtMostTheLastRowIsHandledWhateverIsTickedOrFree) {
+TEST_F(FileWalkTest, AtMostTheLastRowIsHandledWithAnyTickAndFreeSpace) {
     for (const int sequential : {0, 1}) {
         for (const double freeKB : {0.0, 1e6}) {
             ActionRig rig;
@@ -127,7 +127,7 @@ TEST_F(FileWalkTest, DeletingAndRecyclingTakeNoPath) {
     EXPECT_EQ(strPath, "D:\\");
 }
 
-TEST_F(FileWalkTest, TheRowIsRemovedWhateverTheResult) {
+TEST_F(FileWalkTest, TheRowIsRemovedWithAnyResult) {
     machine.files["D:\\1"] = "other";
     listFile("C:\\1");
     walk(act::autoMove);

@@ -76,7 +76,7 @@ TEST_F(SmallActionsTest, ADrivesRootIsNeverSentToTheBin) {
     EXPECT_EQ(alertCount(), 0);
 }
 
-TEST_F(SmallActionsTest, ASharesRootIsNeverSentToTheBinInWhateverSpelling) {
+TEST_F(SmallActionsTest, ASharesRootIsNeverSentToTheBinInAnySpelling) {
     listFile("C:\\2");
     for (const char* path : {"\\\\server\\share", "//server/share", "\\\\server/share/",
                              "\\\\?\\UNC\\server\\share", "\\\\.\\C:\\2", "\\\\server"}) {

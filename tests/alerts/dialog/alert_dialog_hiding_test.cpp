@@ -104,7 +104,7 @@ TEST(AlertDialogHiding, TheTimerIsOffDuringTheSave) {
     EXPECT_TRUE(seen);
 }
 
-TEST(AlertDialogHiding, ADialogHiddenByHandCountsDownAnew) {
+TEST(AlertDialogHiding, ADialogHiddenByHandCountsDownAgain) {
     CountingDialog rig;
     rig.tick(4);
     rig.click("OK");

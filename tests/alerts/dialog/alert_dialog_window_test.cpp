@@ -99,7 +99,7 @@ TEST(AlertDialogWindow, ClearEmptiesItsOwnJournalSoThatEveryTextIsNewAgain) {
     EXPECT_EQ(rig.form1.txtAlert.Text(), "journal");
 }
 
-TEST(AlertDialogWindow, ExplorerLeavesOneEmptyEntryWhateverItsCaptionSays) {
+TEST(AlertDialogWindow, ExplorerLeavesOneEmptyEntryInSpiteOfItsCaption) {
     DialogRig rig;
     rig.dialog.Label1.setText("entry");
     rig.click("Explorer");

@@ -32,7 +32,7 @@ TEST(AlertList, AnAlertIsARowOfRatingTimeAndText) {
     EXPECT_EQ(row.ListSubItems(1).ReportIcon(), "");
 }
 
-TEST(AlertList, TheNewestAlertStandsOnTop) {
+TEST(AlertList, TheNewestAlertIsOnTop) {
     AlertRig rig;
     rig.raiseMany(3);
     EXPECT_EQ(rig.texts(), "3 2 1");
@@ -93,7 +93,7 @@ TEST(AlertList, StampsAreComparedExactly) {
     EXPECT_EQ(rig.raised(), 4);
 }
 
-TEST(AlertList, ARepeatIsDroppedWhateverItsRatingAndTime) {
+TEST(AlertList, ARepeatIsDroppedWithAnyRatingAndTime) {
     AlertRig rig;
     rig.raise("A", "Medium", &rig.row);
     rig.alerts.prcAlertInfo("another time", "High", "A", {1, 1, 0, 1}, &rig.row);
@@ -245,7 +245,7 @@ TEST(AlertList, TimesOfSeveralFormsSortAsText) {
     EXPECT_EQ(rig.texts(), "03/15/26 15:09:26 2026/03/14 15:09:26 20260314 15:09");
 }
 
-TEST(AlertList, ANewAlertStandsOnTopOfASortedListToo) {
+TEST(AlertList, ANewAlertIsOnTopOfASortedListToo) {
     AlertRig rig;
     rig.raiseMany(3);
     rig.list.ColumnClick(3);

@@ -209,7 +209,7 @@ TEST(JournalSave, TheDialogsSaveWritesTheWholeJournalOnceMoreAndLeavesTheMark) {
     EXPECT_EQ(rig.mark(), "8");
 }
 
-TEST(JournalSave, TheDialogsSaveGoesToTheProgramsFolderWhateverTheLabelNames) {
+TEST(JournalSave, TheDialogsSaveGoesToTheProgramsFolderEvenIfTheLabelNamesAnother) {
     LogRig rig;
     rig.machine.folders.insert("d:\\logs");
     rig.form1.lblLog.setCaption("D:\\logs\\mine.txt");

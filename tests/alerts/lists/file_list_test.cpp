@@ -135,7 +135,7 @@ TEST_F(FileRowsTest, AddingARowLeavesTheBoxBesideTheList) {
     EXPECT_EQ(form1.cboFile.Text(), "C:\\a");
 }
 
-TEST_F(FileRowsTest, TheRowIsAddedWhateverCannotBeRead) {
+TEST_F(FileRowsTest, TheRowIsAddedEvenIfAFieldCannotBeRead) {
     file("C:\\a", 1024);
     added("C:\\a");
     const int calls = machine.log.count();

@@ -66,7 +66,7 @@ TEST_P(DrivesContract, TheSystemDriveIsReadyAndHasSpace) {
     EXPECT_TRUE(fso().DriveExists("c:\\"));
 }
 
-TEST_P(DrivesContract, SpaceIsToldWithoutAskingForReadinessFirst) {
+TEST_P(DrivesContract, SpaceIsReportedWithoutAskingForReadinessFirst) {
     EXPECT_GT(fso().GetDrive("c")->TotalSize(), 0);
     EXPECT_GE(fso().GetDrive("c")->FreeSpace(), 0);
 }

@@ -31,7 +31,7 @@ TEST(FakeDesktop, RecordsWhatItWasAskedAndAnswersAsItIsSet) {
                      "RegOpenKeyExA 2147483650 software\\tool 0 131097", "RegQueryValueExA Path"}));
 }
 
-TEST(FakeDesktop, APlannedFailureIsToldByTheResult) {
+TEST(FakeDesktop, APlannedFailureIsReportedByTheResult) {
     fake::FakeMachine machine;
     Platform& platform = machine.platform();
     machine.environment["TEMP"] = "C:\\Temp";

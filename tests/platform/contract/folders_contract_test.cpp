@@ -36,7 +36,7 @@ class FoldersContract : public ContractTest {
 };
 INSTANTIATE_TEST_SUITE_P(Machines, FoldersContract, everyMachine(), nameOf);
 
-TEST_P(FoldersContract, FoldersAndFilesAreToldApart) {
+TEST_P(FoldersContract, FoldersAndFilesAreDistinguished) {
     expectNameWorks("data");
 }
 

@@ -108,7 +108,7 @@ TEST_F(DesktopDialogs, WithoutProgramOrDisplayThereIsNone) {
     EXPECT_EQ(browse(), Browse::chosen);
 }
 
-TEST_F(DesktopDialogs, TheProgramGoesOnWhileItStands) {
+TEST_F(DesktopDialogs, TheProgramGoesOnWhileItIsOpen) {
     const std::string mark = home_ / "go on";
     std::ofstream(home_ / "bin/zenity")
         << "#!/bin/sh\nuntil [ -e '" + mark + "' ]; do /bin/sleep 0.01; done\necho /srv\n";
@@ -142,7 +142,7 @@ TEST_F(EmptyingQuestion, ANoRemovesNothing) {
     EXPECT_TRUE(std::filesystem::exists(file_));
 }
 
-TEST_F(EmptyingQuestion, WhereNobodyCanBeAskedNothingIsRemoved) {
+TEST_F(EmptyingQuestion, WithoutAWayToAskNothingIsRemoved) {
     EXPECT_EQ(shell_.SHEmptyRecycleBinA("Form1", root_, 0), 1223);
     install("zenity");
     answer("");

@@ -55,7 +55,7 @@ TEST(DriveMounts, ViewsOfTheKernelAreLeftOut) {
     EXPECT_EQ(pointsOf(drives), Points{"/"});
 }
 
-TEST(DriveMounts, TheRootIsADriveWhateverItsKind) {
+TEST(DriveMounts, TheRootIsADriveOfAnyKind) {
     EXPECT_EQ(pointsOf(drivesOf("1 0 0:40 / / rw - overlay overlay rw\n")), Points{"/"});
     EXPECT_EQ(pointsOf(drivesOf("1 0 7:0 / / ro - squashfs /dev/loop0 ro\n")), Points{"/"});
     EXPECT_EQ(pointsOf(drivesOf("")), Points{"/"});

@@ -42,7 +42,7 @@ TEST_F(EntryCountsTest, ALinkThatLeadsNowhereIsAFile) {
     expectCounts(2, 0);
 }
 
-TEST_F(EntryCountsTest, PipesAreFilesAndKeepNobodyWaiting) {
+TEST_F(EntryCountsTest, PipesAreFilesAndDontKeepTheCallerWaiting) {
     ASSERT_EQ(mkfifo(within("pipe").c_str(), 0600), 0);
     expectCounts(1, 0);
 }

@@ -29,12 +29,12 @@ TEST(FilesystemReading, SizesBeyond64BitsOfBytesAreReported) {
     EXPECT_EQ(reading.totalBytes(), 1.2089258196146292e24);
 }
 
-TEST(FilesystemReading, AFailureIsToldByItsNumber) {
+TEST(FilesystemReading, AFailureIsReportedByItsNumber) {
     FilesystemReading reading;
     EXPECT_EQ(readFilesystem("/no/such/folder", reading), ENOENT);
 }
 
-TEST(FilesystemReading, FilesystemsAreToldApart) {
+TEST(FilesystemReading, FilesystemsAreDistinguished) {
     FilesystemReading root;
     FilesystemReading rootAgain;
     FilesystemReading processes;

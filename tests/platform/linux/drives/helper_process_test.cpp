@@ -96,7 +96,7 @@ TEST(HelperProcess, WhileAQuestionIsPendingFurtherOnesCostNothing) {
     EXPECT_EQ(helper.id(), process);
 }
 
-TEST(HelperProcess, TheLateAnswerIsThrownAwayAndTheQuestionAskedAnew) {
+TEST(HelperProcess, TheLateAnswerIsThrownAwayAndTheQuestionAskedAgain) {
     const TestFolder folder;
     HelperProcess helper(100ms);
     ASSERT_TRUE(helper.ask(HelperQuestion::space, "/"));

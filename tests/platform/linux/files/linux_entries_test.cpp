@@ -22,7 +22,7 @@ class LinuxEntries : public ScratchTree {
     std::unique_ptr<Folder> folder(const std::string& name) { return fso_.GetFolder(in(name)); }
 };
 
-TEST_F(LinuxEntries, AFileIsToldByItsPath) {
+TEST_F(LinuxEntries, AFileIsDescribedByItsPath) {
     EXPECT_EQ(file("work/two words ö.txt")->Path(), in("work/two words ö.txt"));
     EXPECT_EQ(file("work/a.txt")->ParentFolder(), in("work"));
     EXPECT_EQ(file("work/a.txt")->Size(), 21);
@@ -56,7 +56,7 @@ TEST_F(LinuxEntries, TimesAreLocal) {
     }
 }
 
-TEST_F(LinuxEntries, WhatIsToldIsReadAtTheFirstQuestion) {
+TEST_F(LinuxEntries, PropertiesAreReadAtTheFirstQuestion) {
     const auto before = file("work/a.txt");
     std::ofstream(at("work/a.txt"), std::ios::app) << "1234";
     EXPECT_EQ(before->Size(), 25);
@@ -75,7 +75,7 @@ TEST_F(LinuxEntries, WhatIsToldIsReadAtTheFirstQuestion) {
     EXPECT_EQ(errorOf([&] { goneFolder->Delete(true); }), error::pathNotFound);
 }
 
-TEST_F(LinuxEntries, TypesAreToldByTheExtension) {
+TEST_F(LinuxEntries, TypesFollowFromTheExtension) {
     EXPECT_EQ(folder("work")->Type(), "File Folder");
     EXPECT_EQ(file("work/a.txt")->Type(), "TXT File");
     EXPECT_EQ(typeOfName("archive.tar.gz"), "GZ File");

@@ -73,7 +73,7 @@ TEST_F(LinuxTextFilesTest, AFileThatMayNotBeWrittenIsError70) {
     EXPECT_EQ(errorOfAppending(folder_ / "log"), error::permissionDenied);
 }
 
-TEST_F(LinuxTextFilesTest, APipeThatNobodyReadsDoesNotKeepTheProgramWaiting) {
+TEST_F(LinuxTextFilesTest, APipeWithoutAReaderDoesNotKeepTheProgramWaiting) {
     ASSERT_EQ(mkfifo((folder_ / "pipe").c_str(), 0600), 0);
     EXPECT_EQ(errorOfAppending(folder_ / "pipe"), error::deviceIo);
 }

@@ -18,7 +18,7 @@ TEST(ShellScript, ADescriptionStaysInItsComment) {
               "#!/bin/sh\n# one rm x  y\nexec '/p' \"$@\"\n");
 }
 
-TEST(ShellScript, AWordIsQuotedWhateverItHolds) {
+TEST(ShellScript, AWordWithAnyCharactersIsQuoted) {
     EXPECT_EQ(shellWord(""), "''");
     EXPECT_EQ(shellWord("a b$c`d\"e\\f"), "'a b$c`d\"e\\f'");
     EXPECT_EQ(shellWord("it's"), R"('it'\''s')");

@@ -18,7 +18,7 @@ TEST(LinuxRegional, OrderAndSeparatorsComeOutOfThePatterns) {
     EXPECT_FALSE(german.twelveHourClock);
 }
 
-TEST(LinuxRegional, AClockOf12HoursIsToldByItsConversions) {
+TEST(LinuxRegional, AClockOf12HoursIsRecognizedByItsConversions) {
     for (const char* time : {"%r", "%I:%M:%S %p", "%l:%M:%S %P"})
         EXPECT_TRUE(regionalOf({.radix = ".", .group = ",", .date = "%m/%d/%Y", .time = time})
                         .twelveHourClock)

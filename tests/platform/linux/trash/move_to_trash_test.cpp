@@ -95,7 +95,7 @@ TEST_F(MoveToTrash, AFileGoesIntoTheTrashOfTheHomeAndLeavesANote) {
     EXPECT_EQ(status.st_mode & 0777, 0600u);
 }
 
-TEST_F(MoveToTrash, WhateverIsRecycledIsThereAsItWas) {
+TEST_F(MoveToTrash, EverythingRecycledIsKeptAsItWas) {
     const TreeListing before = tree();
     for (const char* name :
          {"work/two words ö.txt", "work/protected.txt", "work/.hidden", "work/to a file",

@@ -167,7 +167,7 @@ TEST_F(FolderDialog, ShowsItsTitleToTheUser) {
     EXPECT_TRUE(isShown);
 }
 
-TEST_F(FolderDialog, TheProgramGoesOnWhileItStands) {
+TEST_F(FolderDialog, TheProgramGoesOnWhileItIsOpen) {
     std::atomic<int> runs = 0;
     const auto cancelLater = [&](HWND window) {
         EXPECT_TRUE(waitUntil([&] { return runs >= 3; }));

@@ -126,7 +126,7 @@ TEST(DriveQuestions, AStuckDriveDoesNotHoldUpAnother) {
     drive->release();
 }
 
-TEST(DriveQuestions, ALateAnswerIsThrownAwayAndTheDriveAnswersAnew) {
+TEST(DriveQuestions, ALateAnswerIsThrownAwayAndTheDriveAnswersAgain) {
     DriveQuestions questions(middling);
     const auto drive = std::make_shared<StuckDrive>();
     EXPECT_EQ(questions.ask("C:", questionTo(drive, 1)), std::nullopt);

@@ -90,7 +90,7 @@ TEST_F(WindowsEntries, FilesAndFoldersTellTheirTimes) {
     EXPECT_EQ(folder->DateCreated(), localOf(winter));
 }
 
-TEST_F(WindowsEntries, WhatIsToldIsReadAtTheFirstQuestion) {
+TEST_F(WindowsEntries, PropertiesAreReadAtTheFirstQuestion) {
     makeFile(in("one.txt"), "123");
     const auto early = fso_.GetFile(in("one.txt"));
     EXPECT_EQ(early->Size(), 3);

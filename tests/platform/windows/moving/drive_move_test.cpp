@@ -83,7 +83,7 @@ TEST_F(WindowsDriveMove, WhatTakesTheNameMeanwhileIsNotReplaced) {
     EXPECT_TRUE(contentsOf(source()) == content_);
 }
 
-TEST_F(WindowsDriveMove, NobodyWritesToAFileThatIsBeingMoved) {
+TEST_F(WindowsDriveMove, NoProgramCanWriteToAFileThatIsBeingMoved) {
     makeSource();
     DWORD failure = ERROR_SUCCESS;
     EXPECT_TRUE(moveWhile([&] {

@@ -74,7 +74,7 @@ TEST_F(WindowsRemoval, AFileGoesAndNothingElse) {
     EXPECT_EQ(before.size(), tree().size() + 1);
 }
 
-TEST_F(WindowsRemoval, AFileGoesWhateverItsLettersAndHoweverItsPathIsSpelled) {
+TEST_F(WindowsRemoval, AFileGoesWithAnyLettersAndAnySpellingOfItsPath) {
     const auto before = tree();
     EXPECT_EQ(errorOfRemoving(in("work\\zwei Größe \u65e5\u672c.txt")), 0);
     EXPECT_EQ(errorOfRemoving(in("WORK/./sub folder/../sub folder/THREE.TXT")), 0);
