@@ -1,6 +1,7 @@
 // Runs a fuzz target without a fuzzer: every file of a corpus folder, then mutations of these from
 // a fixed seed, the same on every machine.
-//   replay_<target> <corpus folder> <number of mutations>
+//   replay_<target> <corpus folder> <number of mutations> [<part> <parts>]
+// With a part, from 1, only every so many inputs are run, so that all parts together run each once.
 #include <algorithm>
 #include <charconv>
 #include <cstring>
@@ -93,6 +94,12 @@ void run(const Bytes& input) {
     LLVMFuzzerTestOneInput(exact.data(), exact.size());
 }
 
+bool readNumber(const char* text, std::size_t& number) {
+    const char* end = text + std::strlen(text);
+    const auto [last, failure] = std::from_chars(text, end, number);
+    return failure == std::errc() && last == end;
+}
+
 }  // namespace
 
 /// Read by the address sanitizer, where there is one. Recording each allocation's call stack takes
@@ -104,11 +111,14 @@ extern "C" const char* __asan_default_options() {
 
 int main(int argc, char** argv) {
     std::size_t mutations = 0;
-    const bool counted =
-        argc == 3 &&
-        std::from_chars(argv[2], argv[2] + std::strlen(argv[2]), mutations).ec == std::errc();
-    if (!counted || !std::filesystem::is_directory(argv[1])) {
-        std::fprintf(stderr, "usage: %s <corpus folder> <number of mutations>\n", argv[0]);
+    std::size_t part = 1;
+    std::size_t parts = 1;
+    const bool isWhole = argc == 3 && readNumber(argv[2], mutations);
+    const bool isPart = argc == 5 && readNumber(argv[2], mutations) && readNumber(argv[3], part) &&
+                        readNumber(argv[4], parts) && part >= 1 && part <= parts;
+    if (!(isWhole || isPart) || !std::filesystem::is_directory(argv[1])) {
+        std::fprintf(stderr, "usage: %s <corpus folder> <number of mutations> [<part> <parts>]\n",
+                     argv[0]);
         return 2;
     }
     const std::vector<Bytes> corpus = readCorpus(argv[1]);
@@ -116,9 +126,14 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "no files in %s\n", argv[1]);
         return 2;
     }
-    for (const Bytes& input : corpus) run(input);
     Mutator mutator(corpus);
-    for (std::size_t i = 0; i < mutations; ++i) run(mutator.next());
-    std::printf("%zu files, %zu mutations\n", corpus.size(), mutations);
+    std::size_t runs = 0;
+    for (std::size_t i = 0; i < corpus.size() + mutations; ++i) {
+        const Bytes input = i < corpus.size() ? corpus[i] : mutator.next();
+        if (i % parts != part - 1) continue;
+        run(input);
+        ++runs;
+    }
+    std::printf("%zu inputs of %zu files and %zu mutations\n", runs, corpus.size(), mutations);
     return 0;
 }
