@@ -9,8 +9,12 @@ Core::Core(Forms& forms, Platform& platform, Surface surface)
               {.stayOnTop = desktop_.windowEffects(), .translucency = desktop_.windowEffects()}),
       watchAlerts_(alerts_.list()),
       inspect_(forms, platform, surface.host, watchAlerts_),
+      notify_(forms, platform, surface.host, alerts_.list(), VELMORA_VERSION),
       monitor_(forms, platform, surface,
-               {.alerts = alerts_, .persist = persist_, .inspect = inspect_},
+               {.alerts = alerts_,
+                .persist = persist_,
+                .inspect = inspect_,
+                .updateCheck = notify_.updateCheck()},
                {.stayOnTop = desktop_.windowEffects(),
                 .tray = desktop_.tray(),
                 .rowIcons = desktop_.rowIcons()}),
@@ -21,6 +25,7 @@ Core::Core(Forms& forms, Platform& platform, Surface surface)
 void Core::load() {
     monitor_.lifeCycle().Form_Load();
     alerts_.afterLoad();
+    notify_.afterLoad();
 }
 
 void addTimers(Forms& forms, TimerQueue& queue) {

@@ -7,6 +7,7 @@
 #include "inspect/inspect.h"
 #include "monitor/monitor.h"
 #include "monitor/watch_alerts.h"
+#include "notify/notify.h"
 #include "persist/persist.h"
 #include "platform/platform.h"
 #include "platform/surface.h"
@@ -30,6 +31,7 @@ class Core {
     Alerts alerts_;
     WatchAlerts watchAlerts_;
     Inspect inspect_;
+    Notify notify_;
     Monitor monitor_;
     Shell shell_;
 };

@@ -81,4 +81,38 @@ Properties ToolBar::partProperties(int index) {
             {"Image", [&button] { return PropertyValue{std::int64_t{button.Image}}; }, {}}};
 }
 
+TabStrip::TabStrip(Form& form, std::string name, std::vector<std::string> tabs)
+    : Control(form, std::move(name)), tabs_(std::move(tabs)) {}
+
+const std::string& TabStrip::Tabs(int index) const {
+    if (index < 1 || index > TabCount()) throw RuntimeError(error::indexOutOfBounds);
+    return tabs_[static_cast<std::size_t>(index - 1)];
+}
+
+void TabStrip::select(int index) {
+    Tabs(index);
+    selected_ = index;
+    Changed();
+    Click();
+}
+
+Properties TabStrip::properties() {
+    Properties all = Control::properties();
+    all.push_back({"SelectedItem", [this] { return PropertyValue{std::int64_t{selected_}}; }, {}});
+    all.push_back({"TabCount", [this] { return PropertyValue{std::int64_t{TabCount()}}; }, {}});
+    return all;
+}
+
+Properties TabStrip::partProperties(int index) {
+    if (index < 1 || index > TabCount()) return Control::partProperties(index);
+    return {{"Caption", [this, index] { return PropertyValue{Tabs(index)}; }, {}},
+            {"Selected", [this, index] { return PropertyValue{selected_ == index}; }, {}}};
+}
+
+void TabStrip::userClickPart(int index) {
+    refuseWhenDisabled();
+    if (index < 1 || index > TabCount()) return Control::userClickPart(index);
+    select(index);
+}
+
 }  // namespace velmora

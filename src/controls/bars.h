@@ -1,4 +1,4 @@
-// Status bar and tool bar. Panels and buttons count from 1.
+// Status bar, tool bar and tab strip. Panels, buttons and tabs count from 1.
 #pragma once
 
 #include <string>
@@ -69,6 +69,32 @@ class ToolBar : public Control {
   private:
     Button& at(int index);
     std::vector<Button> buttons_;
+};
+
+/// A row of tabs, of which one is selected. It shows no pages: a form does that on its click.
+class TabStrip : public Control {
+  public:
+    TabStrip(Form& form, std::string name, std::vector<std::string> tabs);
+
+    int TabCount() const { return static_cast<int>(tabs_.size()); }
+    /// The caption; error 35600 for a tab that isn't there.
+    const std::string& Tabs(int index) const;
+    int SelectedItem() const { return selected_; }
+    /// Selects a tab and clicks, whoever does it; error 35600 for a tab that isn't there.
+    void select(int index);
+
+    /// A tab was selected, perhaps the one that was.
+    Event<> Click;
+
+    std::string mainProperty() const override { return "SelectedItem"; }
+    Properties properties() override;
+    Properties partProperties(int index) override;
+    std::string mainPartProperty() const override { return "Caption"; }
+    void userClickPart(int index) override;
+
+  private:
+    std::vector<std::string> tabs_;
+    int selected_ = 1;
 };
 
 }  // namespace velmora

@@ -4,6 +4,10 @@
 
 namespace velmora {
 
+namespace {
+constexpr std::int64_t greatestCharacter = 0x10FFFF;
+}
+
 ListBox::ListBox(Form& form, std::string name, std::initializer_list<const char*> entries)
     : ListBox(form, std::move(name), std::span(entries.begin(), entries.size())) {}
 
@@ -71,6 +75,8 @@ void ComboBox::AddItem(std::string text) {
 void ComboBox::RemoveItem(int index) {
     if (index < 0 || index >= ListCount()) throw RuntimeError(error::invalidCall);
     entries_.erase(entries_.begin() + index);
+    if (index == listIndex_) listIndex_ = -1;
+    if (index < listIndex_) --listIndex_;
     Changed();
 }
 
@@ -82,14 +88,26 @@ void ComboBox::userDrop(const std::vector<std::string>& paths) {
 
 void ComboBox::Clear() {
     entries_.clear();
+    listIndex_ = -1;
     Changed();
 }
 
 void ComboBox::setText(std::string text) {
     if (text_ == text) return;
     text_ = std::move(text);
+    listIndex_ = -1;
     Changed();
     Change();
+}
+
+void ComboBox::setListIndex(int index) {
+    if (index < -1 || index >= ListCount()) throw RuntimeError(error::invalidPropertyValue);
+    std::string text = index < 0 ? std::string() : List(index);
+    const bool differs = text != text_;
+    text_ = std::move(text);
+    listIndex_ = index;
+    Changed();
+    if (differs) Change();
 }
 
 Properties ComboBox::properties() {
@@ -100,6 +118,16 @@ Properties ComboBox::properties() {
                        setText(text);
                    }});
     all.push_back({"ListCount", [this] { return PropertyValue{std::int64_t{ListCount()}}; }, {}});
+    all.push_back({"ListIndex", [this] { return PropertyValue{std::int64_t{listIndex_}}; },
+                   [this](const std::string& text) {
+                       refuseWhenDisabled();
+                       setListIndex(static_cast<int>(readWhole(text, -1, ListCount() - 1)));
+                   }});
+    all.push_back({"KeyPress", [] { return PropertyValue{std::int64_t{0}}; },
+                   [this](const std::string& code) {
+                       refuseWhenDisabled();
+                       KeyPress(static_cast<int>(readWhole(code, 1, greatestCharacter)));
+                   }});
     return all;
 }
 

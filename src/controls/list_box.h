@@ -49,7 +49,8 @@ class ListBox : public Control {
     std::deque<Entry> entries_;
 };
 
-/// A combo box: a text and a list to choose it from.
+/// A combo box: a text and a list to choose it from. An entry is chosen until the text or the list
+/// changes otherwise.
 class ComboBox : public Control {
   public:
     using Control::Control;
@@ -62,9 +63,17 @@ class ComboBox : public Control {
     void RemoveItem(int index);
     void Clear();
     const std::string& Text() const { return text_; }
+    /// Another text chooses no entry.
     void setText(std::string text);
+    /// The chosen entry, -1 for none.
+    int ListIndex() const { return listIndex_; }
+    /// Chooses an entry, whose text becomes the box's; -1 chooses none and empties the text. Error
+    /// 380 for an index outside the list.
+    void setListIndex(int index);
 
     Event<> Change;
+    /// A character typed, by its code; 13 is Enter.
+    Event<int> KeyPress;
     Event<const std::vector<std::string>&> Drop;  ///< drive paths
 
     /// Paths dropped on the box; refused where nothing takes them.
@@ -75,6 +84,7 @@ class ComboBox : public Control {
   private:
     std::deque<std::string> entries_;
     std::string text_;
+    int listIndex_ = -1;
 };
 
 }  // namespace velmora

@@ -62,6 +62,7 @@ WatchListFrame::WatchListFrame(Form& form)
         hidden->setVisible(false);
     }
     Frame8.setBounds({0, 600, 8030, 2700});
+    ListView1.setTag("Listed Drive/Path(s)");
     ListView1.setBounds({120, 240, 7880, 2100});
 }
 

@@ -45,12 +45,14 @@ constexpr std::array<LabelButtonText, 3> innerTabs{{
     {"Files", specifiedOptions},
 }};
 
-constexpr std::array<LabelButtonText, 5> programButtons{{
+constexpr std::array<LabelButtonText, 7> programButtons{{
     {"Add"},
     {"Remove"},
     {"Clear All"},
     {"Run"},
     {"..."},
+    {"Check Updates"},
+    {"Get Updates"},
 }};
 
 constexpr std::array<LabelButtonText, 9> fileButtons{{
@@ -122,6 +124,9 @@ SpecifiedPanels::SpecifiedPanels(Form& form)
       cmdDeleteAll(form, "cmdDeleteAll", "Delete All"),
       lblFolder(form, "lblFolder", "Specified Path") {
     dressButtons(Label5, programButtons);
+    // The headings of their sections in the mail.
+    LVFile.setTag("Listed Specified File(s)");
+    LVProg.setTag("Listed Specified Program(s)");
     dressButtons(lblSF, fileButtons);
     cmdMove.setToolTipText(lblSF[file_button::move].ToolTipText());
     cmdDelete.setToolTipText(lblSF[file_button::deleteFile].ToolTipText());
@@ -160,6 +165,7 @@ AlertPanel::AlertPanel(Form& form)
       chkNTLog(form, "chkNTLog", "Set Alerts to System Events Log if Avail.(NT only)"),
       cmdAddIcon(form, "cmdAddIcon", "Add Icon") {
     dressButtons(lblAl, logButtons);
+    LVAlert.setTag("Alerts");
     LVAlert.addColumn({"Rating", 1000});
     LVAlert.addColumn({"Time/Date", 1800});
     LVAlert.addColumn({"Action Taken", 5000});
@@ -172,6 +178,7 @@ AlertPanel::AlertPanel(Form& form)
 ConfigPanel::ConfigPanel(Form& form)
     : chkSaveSet(form, "chkSaveSet", "Auto Save Settings"),
       chkUpdate(form, "chkUpdate", "Automatically Check for updates"),
+      lblNewVer(form, "lblNewVer"),
       chkStartUp(form, "chkStartUp", "Run on Start Up"),
       chkSystray(form, "chkSystray", "Show in Systray"),
       chkOnTop(form, "chkOnTop", "Stay On Top"),

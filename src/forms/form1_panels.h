@@ -39,7 +39,8 @@ struct SpecifiedPanels {
 
     ListView LVProg;
     ComboBox cboProg;
-    std::array<Label, 5> Label5;  ///< buttons of LVProg; the last is a picture
+    /// Buttons of LVProg, of which the fifth is a picture, and those of the program's updates.
+    std::array<Label, 7> Label5;
     CommandButton cmdPAdd;
     TextBox txtDrive;  ///< the specified path
     CommandButton cmdFolder;
@@ -79,6 +80,7 @@ struct ConfigPanel {
 
     CheckBox chkSaveSet;
     CheckBox chkUpdate;
+    Label lblNewVer;  ///< that there is a newer version
     CheckBox chkStartUp;
     CheckBox chkSystray;
     CheckBox chkOnTop;

@@ -21,6 +21,41 @@ inline constexpr int startPause = 1;
 inline constexpr int view = 5;
 }  // namespace tool
 
+/// Elements of Label5 that aren't buttons of LVProg.
+namespace program_button {
+inline constexpr std::size_t checkUpdates = 5;
+inline constexpr std::size_t getUpdates = 6;
+}  // namespace program_button
+
+/// Entries of lstNotContent, the sections of the mail.
+namespace mail_section {
+inline constexpr int watchList = 0;
+inline constexpr int alerts = 1;
+inline constexpr int files = 2;
+inline constexpr int programs = 3;
+inline constexpr int processes = 4;
+inline constexpr int memory = 5;
+inline constexpr int customFile = 6;
+inline constexpr int users = 7;
+inline constexpr int runningTime = 8;
+inline constexpr int events = 9;
+}  // namespace mail_section
+
+/// Entries of lstNotTime, when the schedule is due.
+namespace mail_time {
+inline constexpr int hourly = 0;
+inline constexpr int daily = 1;
+inline constexpr int interval = 2;
+}  // namespace mail_time
+
+/// Entries of cboEncryption.
+namespace mail_encryption {
+inline constexpr const char* none = "None";
+inline constexpr const char* startTls = "STARTTLS";
+inline constexpr const char* tls = "TLS";
+inline constexpr const char* entries[] = {none, startTls, tls};
+}  // namespace mail_encryption
+
 /// What the button that starts and pauses the watch says.
 namespace watch_caption {
 inline constexpr const char* start = "Start Watch";

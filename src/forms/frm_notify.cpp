@@ -1,5 +1,7 @@
 #include "forms/frm_notify.h"
 
+#include "forms/form_numbers.h"
+
 namespace velmora {
 
 FrmNotify::FrmNotify()
@@ -26,6 +28,9 @@ FrmNotify::FrmNotify()
     txtCustEvtAmt.setToolTipText(
         "This is to specify the amount of events to send in the email.  4 is the default.");
     txtMailPort.setToolTipText("Most Outgoing Mail uses port 25");
+    txtPass.setMasked(true);
+    for (const char* entry : mail_encryption::entries) cboEncryption.AddItem(entry);
+    cboEncryption.setText(mail_encryption::none);
     txtProxy.setEnabled(false);
     txtPort.setEnabled(false);
 }

@@ -2,6 +2,9 @@
 // settings are first touched, and never unloaded.
 #pragma once
 
+#include <array>
+
+#include "controls/bars.h"
 #include "controls/buttons.h"
 #include "controls/form.h"
 #include "controls/list_box.h"
@@ -15,6 +18,27 @@ class FrmNotify : public Form {
   public:
     FrmNotify();
 
+    /// The form's send operation: sends the mail to each recipient. Whoever wants a mail sent runs
+    /// it; errors of its handler go to the caller.
+    Event<> SendEmail;
+
+    // Pages.
+    TabStrip TabStrip1{
+        *this,
+        "TabStrip1",
+        {"Notify Content:", "Custom Messeage", "Email Acct. Info.", "Send Option(s):"}};
+    std::array<Frame, 4> frE{{{*this, "frE", "", 0},
+                              {*this, "frE", "", 1},
+                              {*this, "frE", "", 2},
+                              {*this, "frE", "", 3}}};
+    TextBox StatusTxt{*this, "StatusTxt"};  ///< how far a sending is
+
+    CommandButton Command1{*this, "Command1", "Send &Now"};
+    CommandButton cmdApply{*this, "cmdApply", "&Apply"};
+    CommandButton cmdOK{*this, "cmdOK", "&OK"};
+    CommandButton cmdCancel{*this, "cmdCancel", "&Cancel"};
+    CommandButton Command2{*this, "Command2", "X"};
+
     // Mail account.
     TextBox txtYourEmail{*this, "txtYourEmail"};
     TextBox txtUser{*this, "txtUser"};
@@ -26,11 +50,17 @@ class FrmNotify : public Form {
 
     // Content and recipients.
     ComboBox cboNotEmail{*this, "cboNotEmail"};
+    CommandButton cmdAdd{*this, "cmdAdd", "Add"};
+    CommandButton cmdRemove{*this, "cmdRemove", "Remove"};
+    CommandButton cmdClear{*this, "cmdClear", "Clear All"};
     ListBox lstNotContent;
     TextBox txtCustMsg{*this, "txtCustMsg"};
     TextBox txtCustomContent{*this, "txtCustomContent"};
     TextBox txtCustEvtAmt{*this, "txtCustEvtAmt", "4"};
+    CommandButton cmdNotOpenFile{*this, "cmdNotOpenFile", "..."};
+    CommandButton cmdNT{*this, "cmdNT", "NT Evt"};
     CheckBox chkIsHTML{*this, "chkIsHTML", "Send in HTML format"};
+    ComboBox cboEncryption{*this, "cboEncryption"};  ///< of the connection to the mail server
 
     // Send times.
     ListBox lstNotTime;
@@ -43,6 +73,8 @@ class FrmNotify : public Form {
     TextBox txtPort{*this, "txtPort"};
 
     Timer tmrEmail{*this, "tmrEmail", 60000, true};
+    /// Switched with each step of a sending. Nothing listens to it.
+    Timer tim_timeoutSend{*this, "tim_timeoutSend", 60000, false};
 };
 
 }  // namespace velmora

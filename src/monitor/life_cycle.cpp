@@ -6,7 +6,7 @@
 #include "base/convert.h"
 #include "base/scope_guard.h"
 #include "forms/form_numbers.h"
-#include "monitor/maker.h"
+#include "base/maker.h"
 #include "platform/show_window.h"
 #include "rows/watch_columns.h"
 #include "rows/watch_row.h"
@@ -43,6 +43,7 @@ void LifeCycle::Form_Load() {
     form1.lblSpectab[0].Click();
     form1.OpDriv[0].choose();
     parts_.commandLine.prcCommandAdd();
+    if (form1.chkUpdate.ticked()) parts_.updateCheck.prcCheckUpdate();
     for (int i = 1; i <= form1.ListView1.Count(); ++i) {
         parts_.events.prcSetPrevInfoLV(form1.ListView1.ListItems(i));
     }

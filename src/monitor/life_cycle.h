@@ -9,6 +9,7 @@
 #include "monitor/event_detection.h"
 #include "monitor/watch_control.h"
 #include "monitor/watch_list.h"
+#include "notify/update_check.h"
 #include "persist/settings_file.h"
 #include "platform/notify_area.h"
 
@@ -22,6 +23,7 @@ struct LifeCycleParts {
     EventPass& events;
     CommandLine& commandLine;
     SettingsFile& settings;
+    UpdateCheck& updateCheck;
     StayOnTop& stayOnTop;
     NotifyArea& notifyArea;
 };

@@ -45,7 +45,11 @@ Monitor::Monitor(Forms& forms, Platform& platform, const Surface& surface, Parts
                   .events = events_,
                   .commandLine = commandLine_,
                   .settings = parts.persist.settingsFile(),
+                  .updateCheck = parts.updateCheck,
                   .stayOnTop = window.stayOnTop,
-                  .notifyArea = surface.notifyArea}) {}
+                  .notifyArea = surface.notifyArea}) {
+    forms.frmNotify.cmdOK.Click.connect(
+        [this, &forms] { driveMeter_.prcSrvMeterPreSet(forms.frmIndDri.lblP.Caption()); });
+}
 
 }  // namespace velmora

@@ -17,6 +17,7 @@
 #include "monitor/watch_control.h"
 #include "monitor/watch_list.h"
 #include "monitor/watch_list_commands.h"
+#include "notify/update_check.h"
 #include "persist/persist.h"
 #include "platform/surface.h"
 
@@ -29,6 +30,7 @@ class Monitor {
         Alerts& alerts;
         Persist& persist;
         Inspect& inspect;
+        UpdateCheck& updateCheck;
     };
     /// What the main window's side provides.
     struct Window {

@@ -40,6 +40,11 @@ class Advapi32 {
     virtual std::int32_t RegQueryValueExA(RegistryKey key, const std::string& name,
                                           std::uint32_t& type, std::string& data) = 0;
     virtual std::int32_t RegCloseKey(RegistryKey key) = 0;
+
+    /// The name of the user that the program runs as, closed by a NUL, over the front of `buffer`.
+    /// `size` is the buffer's size and becomes the name's length with that NUL. False when it does
+    /// not fit or there is none; then `size` is the one needed or stays, and nothing is written.
+    virtual bool GetUserNameA(std::string& buffer, std::uint32_t& size) = 0;
 };
 
 }  // namespace velmora

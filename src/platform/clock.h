@@ -12,7 +12,7 @@ class Clock {
     virtual ~Clock() = default;
     /// Local date and time.
     virtual DateTime Now() = 0;
-    /// A count of milliseconds that never decreases; for timers.
+    /// Milliseconds since the system started, a count that never decreases.
     virtual std::int64_t GetTickCount() = 0;
     /// The system's time in units of 100 ns since 1601-01-01 UTC.
     virtual std::uint64_t GetSystemTimeAsFileTime() = 0;

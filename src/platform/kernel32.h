@@ -22,6 +22,19 @@ inline constexpr std::uint32_t hidden = 2;
 inline constexpr std::uint32_t directory = 16;
 }  // namespace file_attribute
 
+/// The memory of the machine in bytes. Each field stops at the greatest 32-bit number, so that a
+/// machine with 4 GB and more reports that much.
+struct MemoryStatus {
+    std::uint32_t dwLength = 0;  ///< of this record, 32
+    std::uint32_t dwMemoryLoad = 0;
+    std::uint32_t dwTotalPhys = 0;
+    std::uint32_t dwAvailPhys = 0;
+    std::uint32_t dwTotalPageFile = 0;
+    std::uint32_t dwAvailPageFile = 0;
+    std::uint32_t dwTotalVirtual = 0;
+    std::uint32_t dwAvailVirtual = 0;
+};
+
 /// A listing that was begun; 0 for none.
 using FindHandle = std::uint64_t;
 
@@ -46,6 +59,9 @@ class Kernel32 {
 
     /// The text of an environment variable; empty when it isn't set. Names have no case on Windows.
     virtual std::string GetEnvironmentVariableA(const std::string& name) = 0;
+
+    /// Fills a record whose length is 32; any other stays as it is.
+    virtual void GlobalMemoryStatus(MemoryStatus& status) = 0;
 
     /// Begins the listing of a folder, given by its path, a back-slash and "*.*", and gives its
     /// first entry. All entries come, hidden ones and links (as what they are themselves) included;

@@ -8,10 +8,14 @@
 #include "platform/advapi32.h"
 #include "platform/clock.h"
 #include "platform/file_system_object.h"
+#include "platform/internet_transfer.h"
 #include "platform/kernel32.h"
+#include "platform/rasapi32.h"
 #include "platform/shell32.h"
+#include "platform/smtp_client.h"
 #include "platform/text_files.h"
 #include "platform/winmm.h"
+#include "platform/winsock.h"
 #include "platform/wscript_shell.h"
 
 namespace velmora {
@@ -32,6 +36,10 @@ struct Platform {
     Shell32& shell32;
     Winmm& winmm;
     WScriptShell& wscriptShell;
+    Winsock& winsock;
+    InternetTransfer& internet;
+    Rasapi32& rasapi32;
+    SmtpClient& smtpClient;
     Regional regional;
     Application app;
 };

@@ -1,6 +1,6 @@
 #include "shell/maker_pages.h"
 
-#include "monitor/maker.h"
+#include "base/maker.h"
 
 namespace velmora {
 

@@ -43,7 +43,8 @@ void MenuCommands::connectFunctionsMenu() {
     form1_.mnuRecyc.Click.connect([this] { parts_.recycleBin.RecycleBin(); });
     form1_.mnuDefrag.Click.connect([this] { mnuDefrag_Click(); });
     form1_.mnuEmptyRecyc.Click.connect([this] { mnuEmptyRecyc_Click(); });
-    form1_.mnuNotif.Click.connect([this] { forms_.frmNotify.Show(); });
+    form1_.mnuNotif.Click.connect([this] { mnuNotif_Click(); });
+    form1_.Label5[program_button::getUpdates].Click.connect([this] { mnuPWP_Click(); });
     form1_.mnuCleaner.Click.connect([this] { parts_.systemActions.prcCleanMan("", ""); });
     form1_.mnuToSystray.Click.connect([this] { mnuToSystray_Click(); });
 }
@@ -65,6 +66,14 @@ void MenuCommands::mnuHide_Click() {
 
 void MenuCommands::mnuContent_Click() {
     openMakerPage(form1_, platform_.shell32, maker_page::help);
+}
+
+void MenuCommands::mnuNotif_Click() {
+    if (forms_.frmNotify.Visible()) {
+        forms_.frmNotify.Hide();
+    } else {
+        forms_.frmNotify.Show();
+    }
 }
 
 void MenuCommands::mnuPWP_Click() {

@@ -36,6 +36,7 @@ class MenuCommands {
     void mnuLock_Click();
     void mnuHide_Click();
     void mnuContent_Click();
+    void mnuNotif_Click();
     void mnuPWP_Click();
 
     // The menu of the watch list. Without a selected row they do nothing.

@@ -109,6 +109,15 @@ std::int32_t FakeMachine::Desktop::RegCloseKey(RegistryKey key) {
     return result;
 }
 
+bool FakeMachine::Desktop::GetUserNameA(std::string& buffer, std::uint32_t& size) {
+    if (machine.recordCode("GetUserNameA " + std::to_string(size)) != 0) return false;
+    const std::string name = machine.userName + '\0';
+    const bool fits = name.size() <= size;
+    size = static_cast<std::uint32_t>(name.size());
+    if (fits) buffer.replace(0, name.size(), name);
+    return fits;
+}
+
 std::int32_t FakeMachine::Desktop::SHGetSpecialFolderLocation(std::int32_t csidl,
                                                               ItemIdList& list) {
     const auto failure = machine.recordCode("SHGetSpecialFolderLocation " + std::to_string(csidl));

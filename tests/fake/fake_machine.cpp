@@ -112,6 +112,14 @@ std::string FakeMachine::Disks::GetEnvironmentVariableA(const std::string& name)
     return variable == machine.environment.end() ? "" : variable->second;
 }
 
+void FakeMachine::Disks::GlobalMemoryStatus(MemoryStatus& status) {
+    machine.record("GlobalMemoryStatus " + std::to_string(status.dwLength));
+    constexpr std::uint32_t recordLength = 32;
+    if (status.dwLength != recordLength) return;
+    status = machine.memory;
+    status.dwLength = recordLength;
+}
+
 // The fake clock knows no time zones: its local time is UTC.
 std::uint64_t FakeMachine::Disks::GetSystemTimeAsFileTime() {
     const std::int64_t seconds = toSeconds(machine.now) - toSeconds({1601, 1, 1, 0, 0, 0});
@@ -158,6 +166,10 @@ FakeMachine::FakeMachine()
                 .shell32 = *desktop_,
                 .winmm = *desktop_,
                 .wscriptShell = *desktop_,
+                .winsock = winsock,
+                .internet = internet,
+                .rasapi32 = rasapi32,
+                .smtpClient = smtpClient,
                 .regional = {},
                 .app = {.Path = programFolder(), .EXEName = "velmora", .Command = ""}} {
     folders = {keyOf(programFolder()), keyOf(specialFolders[9]), keyOf(windowsFolder)};

@@ -26,6 +26,7 @@
 #include <utility>
 #include <vector>
 
+#include "fake/fake_network.h"
 #include "platform/notify_area.h"
 #include "platform/platform.h"
 
@@ -193,6 +194,14 @@ class FakeMachine final : public Machine {
     bool executes = true;
     /// The shortcuts in the order of their saving; each is also one of the files.
     std::vector<FakeShortcut> shortcuts;
+
+    FakeWinsock winsock;
+    FakeInternet internet;
+    FakeRasapi32 rasapi32;
+    FakeSmtpClient smtpClient;
+    /// What GlobalMemoryStatus reports, and the name of the user.
+    MemoryStatus memory{.dwTotalPhys = 2'147'483'648, .dwAvailPhys = 1'073'741'824};
+    std::string userName = "user";
 
     DateTime now{2026, 3, 14, 15, 9, 26};
     std::int64_t tick = 0;

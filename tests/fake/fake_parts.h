@@ -64,6 +64,7 @@ struct FakeMachine::Disks final : FileSystemObject, Kernel32, Clock, TextFiles {
         return machine.windowsFolder;
     }
     std::string GetEnvironmentVariableA(const std::string& name) override;
+    void GlobalMemoryStatus(MemoryStatus& status) override;
 
     DateTime Now() override { return machine.now; }
     std::int64_t GetTickCount() override { return machine.tick; }
@@ -109,6 +110,7 @@ struct FakeMachine::Desktop final : Advapi32, Shell32, Winmm, WScriptShell {
     std::int32_t RegQueryValueExA(RegistryKey key, const std::string& name, std::uint32_t& type,
                                   std::string& data) override;
     std::int32_t RegCloseKey(RegistryKey key) override;
+    bool GetUserNameA(std::string& buffer, std::uint32_t& size) override;
 
     std::int32_t SHGetSpecialFolderLocation(std::int32_t csidl, ItemIdList& list) override;
     bool SHGetPathFromIDListA(const ItemIdList& list, std::string& buffer) override;

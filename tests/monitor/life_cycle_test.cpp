@@ -149,6 +149,7 @@ TEST(LifeCycle, TheIconGoesBeforeTheWindowIsHidden) {
                          .events = rig.events,
                          .commandLine = rig.commandLine,
                          .settings = rig.settings,
+                         .updateCheck = rig.updateCheck,
                          .stayOnTop = rig.onTop,
                          .notifyArea = area}};
     lifeCycle.Form_Load();

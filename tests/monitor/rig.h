@@ -61,6 +61,7 @@ struct Rig {
     ActionTable actions = recordingActions();
     SettingsFile settings{forms, platform, host};
     ShellLinks shellLinks{platform.shell32, platform.wscriptShell};
+    UpdateCheck updateCheck{forms, platform, host, "1.2.0"};
     WatchAlerts watchAlerts{alerts};
     WaitTest waitTest{forms.frmWaitTest, forms.globals, platform, host, watchAlerts};
 
@@ -114,6 +115,7 @@ struct Rig {
                          .events = events,
                          .commandLine = commandLine,
                          .settings = settings,
+                         .updateCheck = updateCheck,
                          .stayOnTop = onTop,
                          .notifyArea = notifyArea}};
 

@@ -84,7 +84,9 @@ void SmallActions::runListed(Shortage& shortage) {
     raiseNote(parts_, shortage, shortage.strAlert);
 }
 
+// The alert says so whatever became of the mail.
 void SmallActions::sendMail(Shortage& shortage) {
+    parts_.forms.frmNotify.SendEmail();
     raiseNote(parts_, shortage, "Notification Email Sent.");
 }
 

@@ -1,0 +1,44 @@
+// The handlers of the window of the mail settings. Its controls are the settings: nothing is saved
+// or undone here.
+#pragma once
+
+#include "forms/forms.h"
+#include "notify/inventory.h"
+#include "platform/host.h"
+
+namespace velmora {
+
+class NotifyWindow {
+  public:
+    /// Connects its handlers and shows the first page.
+    NotifyWindow(Forms& forms, Host& host, Inventory& inventory);
+    NotifyWindow(const NotifyWindow&) = delete;
+    NotifyWindow& operator=(const NotifyWindow&) = delete;
+
+    /// From now on ticking the section of the custom file asks for one. Not before the settings
+    /// are read: a start must not wait for an answer.
+    void afterLoad();
+
+  private:
+    void connectRecipients();
+    void connectButtons();
+    void Command1_Click();
+    void cmdApply_Click();
+    void cmdAdd_Click();
+    void cboNotEmail_KeyPress(int key);
+    void cmdRemove_Click();
+    void cmdNotOpenFile_Click();
+    void chkProxy_Click();
+    void TabStrip1_Click();
+    void lstNotContent_ItemCheck(int index);
+    bool lacksAccountSetting();
+    /// Sets the timers of the watch running again.
+    void runMonitoringTimers();
+
+    FrmNotify& form_;
+    Form1& form1_;
+    Host& host_;
+    Inventory& inventory_;
+};
+
+}  // namespace velmora

@@ -1,0 +1,85 @@
+#include "notify/smtp_dialogue.h"
+
+#include "notify/report_text.h"
+
+namespace velmora {
+
+namespace {
+
+// Short enough for a window that stays alive, long enough to cost no processor.
+constexpr std::int32_t longestNap = 20;
+
+struct Step {
+    std::string sent;
+    const char* code;  // null for a step without a reply
+};
+
+}  // namespace
+
+bool SmtpDialogue::sendmail(Winsock& socket, const std::string& server, std::int32_t port,
+                            const std::string& recipient, const std::string& sender,
+                            const std::string& displayName, const std::string& subject,
+                            const std::string& body, Timer& timer, bool isHtml) {
+    if (socket.State() != socket_state::closed) socket.Close();
+    socket.Connect(server, port);
+    prcTimerStop(timer);
+    prcTimerStart(timer);
+    while (socket.State() != socket_state::connected) yield(socket);
+
+    const std::string end = endLine();
+    const Step steps[] = {
+        {"", "220"},
+        {"helo " + server + end, "250"},
+        {"mail from:" + sender + end, "250"},
+        {"rcpt to:" + recipient + end, "250"},
+        {"DATA" + end, "354"},
+        {"From: \"" + displayName + "\" " + sender + end, nullptr},
+        {"Subject: " + subject + end, nullptr},
+        // Without a line end: the recipient follows on the same line.
+        {isHtml ? "Content-Type: text/html;" : "Content-Type: text/plain;", nullptr},
+        {"To: " + recipient + end + end, nullptr},
+        {body + end, nullptr},
+        {end + "." + end, "25"},
+    };
+    for (const Step& step : steps) {
+        if (!step.sent.empty()) socket.SendData(step.sent);
+        if (step.code == nullptr || prcWaitReply(socket, step.code, timer)) continue;
+        if (socket.State() == socket_state::connected) socket.Close();
+        return false;
+    }
+    if (socket.State() == socket_state::connected) socket.Close();
+    prcTimerStop(timer);
+    return true;
+}
+
+bool SmtpDialogue::prcWaitReply(Winsock& socket, const std::string& code, Timer& timer) {
+    std::string received = socket.GetData();
+    prcTimerStop(timer);
+    prcTimerStart(timer);
+    for (;;) {
+        if (contains(received, code)) return true;
+        // Only a beginning of the code can still matter: memory is bounded, however much comes.
+        if (received.size() >= code.size()) received.erase(0, received.size() - code.size() + 1);
+        yield(socket);
+        if (socket.State() != socket_state::connected) return false;
+        received += socket.GetData();
+    }
+}
+
+void SmtpDialogue::prcTimerStop(Timer& timer) {
+    timer.setEnabled(false);
+    timer.setInterval(0);
+}
+
+// Without an interval it never ticks.
+void SmtpDialogue::prcTimerStart(Timer& timer) {
+    timer.setInterval(0);
+    timer.setEnabled(true);
+}
+
+void SmtpDialogue::yield(Winsock& socket) {
+    host_.DoEvents();
+    socket.waitForActivity(longestNap);
+}
+
+}  // namespace velmora
