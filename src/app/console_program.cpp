@@ -59,18 +59,20 @@ int runConsole(Machine& machine, std::istream& input, std::ostream& stream,
     addTimers(forms, timers);
 
     console::Output output(stream);
-    console::ConsoleHost host(output, timers);
+    console::LaterCommands later(platform.clock);
+    console::ConsoleHost host(output, timers, later);
     console::ConsoleNotifyArea notifyArea(output);
     console::ConsoleUser32 user32;
     console::ConsoleShellIcons shellIcons;
     console::ConsoleWorkArea workArea;
     Core core(forms, platform, {host, notifyArea, user32, shellIcons, workArea});
-    console::Waiting waiting(host, timers, platform.clock, output, sleep);
-    const console::EventReport report(core.alerts().Raised, forms.form1.StatusBar1, output,
-                                      waiting);
-    console::Commands commands(forms, host, output, waiting, [&machine](const std::string& path) {
-        return machine.toDrivePath(path);
-    });
+    console::Waiting waiting(host, timers, later, platform.clock, output, sleep);
+    const console::EventReport report(core.alerts().Raised, forms.form1.StatusBar1,
+                                      forms.frmNotify.StatusTxt, output, waiting);
+    console::Commands commands(
+        forms, host, output, waiting, later,
+        [&machine](const std::string& path) { return machine.toDrivePath(path); });
+    later.setRun([&commands](const std::string& line) { commands.run(line); });
 
     int status = 0;
     try {

@@ -1,5 +1,7 @@
 #include "console/commands.h"
 
+#include <cmath>
+
 #include "base/convert.h"
 #include "base/runtime_error.h"
 #include "base/text.h"
@@ -30,11 +32,12 @@ int readIndex(const std::string& text) {
 }  // namespace
 
 Commands::Commands(Forms& forms, ConsoleHost& host, Output& output, Waiting& waiting,
-                   ToDrivePath path)
+                   LaterCommands& later, ToDrivePath path)
     : forms_(forms),
       host_(host),
       output_(output),
       waiting_(waiting),
+      later_(later),
       toDrivePath_(std::move(path)) {}
 
 const std::map<std::string, Commands::Handler>& Commands::handlers() {
@@ -47,6 +50,7 @@ const std::map<std::string, Commands::Handler>& Commands::handlers() {
         {"answer", &Commands::answer}, {"wait", &Commands::wait},
         {"json", &Commands::json},     {"watch", &Commands::watch},
         {"help", &Commands::help},     {"exit", &Commands::exit},
+        {"after", &Commands::after},
     };
     return all;
 }
@@ -194,6 +198,14 @@ void Commands::fire(Words& words) {
 
 namespace {
 
+double readSeconds(const std::string& text) {
+    const auto seconds = readNumber(text, Regional{});
+    if (!seconds || *seconds < 0 || *seconds > 1e9) {
+        throw CommandError("not a number of seconds: " + text);
+    }
+    return *seconds;
+}
+
 // Several files of one folder as the file dialog gives them: the folder, then the names.
 std::string chosenFiles(const std::vector<std::string>& paths) {
     if (paths.size() == 1) return paths.front();
@@ -238,11 +250,15 @@ void Commands::wait(Words& words) {
     if (lowerCase(span) == "until") return waitUntil(words.value());
     words.end();
     if (lowerCase(span) == "forever") waiting_.forever();
-    const auto seconds = readNumber(span, Regional{});
-    if (!seconds || *seconds < 0 || *seconds > 1e9) {
-        throw CommandError("not a number of seconds: " + span);
-    }
-    waiting_.forSeconds(*seconds);
+    waiting_.forSeconds(readSeconds(span));
+    output_.ok();
+}
+
+void Commands::after(Words& words) {
+    const double seconds = readSeconds(words.next());
+    std::string line = words.value();
+    if (line.empty()) throw CommandError("a command is missing");
+    later_.add(std::llround(seconds * 1000), std::move(line));
     output_.ok();
 }
 
@@ -252,6 +268,7 @@ void Commands::waitUntil(const std::string& text) {
     for (int panel = 1; panel <= status.PanelCount(); ++panel) {
         if (contains(status.Panels(panel).Text, text)) return output_.ok();
     }
+    if (forms_.frmNotify.StatusTxt.contains(text)) return output_.ok();
     if (!waiting_.until(text)) throw CommandError("not seen within 600 s: " + text);
     output_.ok();
 }

@@ -19,7 +19,8 @@ class Commands {
     /// A path of the host as a drive path.
     using ToDrivePath = std::function<std::string(const std::string&)>;
 
-    Commands(Forms& forms, ConsoleHost& host, Output& output, Waiting& waiting, ToDrivePath path);
+    Commands(Forms& forms, ConsoleHost& host, Output& output, Waiting& waiting,
+             LaterCommands& later, ToDrivePath path);
 
     /// Carries out one line and replies. A line that can't be carried out gets an error reply and
     /// changes nothing; a blank one gets none. A run-time error of the program ends it.
@@ -41,6 +42,7 @@ class Commands {
     void fire(Words& words);
     void answer(Words& words);
     void wait(Words& words);
+    void after(Words& words);
     void json(Words& words);
     void watch(Words& words);
     void help(Words& words);
@@ -52,6 +54,7 @@ class Commands {
     ConsoleHost& host_;
     Output& output_;
     Waiting& waiting_;
+    LaterCommands& later_;
     ToDrivePath toDrivePath_;
 };
 

@@ -60,7 +60,10 @@ void ConsoleHost::DoEvents() {
 }
 
 void ConsoleHost::fireTimers() {
-    guarded([this] { timers_.fireDue(); });
+    guarded([this] {
+        timers_.fireDue();
+        later_.runDue();
+    });
 }
 
 void ConsoleHost::guarded(const std::function<void()>& handler) {

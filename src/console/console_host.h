@@ -7,6 +7,7 @@
 #include <functional>
 #include <string>
 
+#include "console/later_commands.h"
 #include "console/output.h"
 #include "controls/timer_queue.h"
 #include "platform/host.h"
@@ -15,7 +16,8 @@ namespace velmora::console {
 
 class ConsoleHost final : public Host {
   public:
-    ConsoleHost(Output& output, TimerQueue& timers) : output_(output), timers_(timers) {}
+    ConsoleHost(Output& output, TimerQueue& timers, LaterCommands& later)
+        : output_(output), timers_(timers), later_(later) {}
 
     /// An answer for the next question that offers it. Boxes with a single button take none.
     void queueAnswer(BoxAnswer answer) { answers_.push_back(answer); }
@@ -30,7 +32,7 @@ class ConsoleHost final : public Host {
 
     /// Runs a handler; a run-time error that it doesn't handle ends the program.
     void guarded(const std::function<void()>& handler);
-    /// Runs the due timers; a run-time error that reaches this far ends the program.
+    /// Runs the due timers and commands; a run-time error that reaches this far ends the program.
     void fireTimers();
     /// Reports the unhandled run-time error in flight and ends the program with status 1. For catch
     /// blocks only.
@@ -41,6 +43,7 @@ class ConsoleHost final : public Host {
 
     Output& output_;
     TimerQueue& timers_;
+    LaterCommands& later_;
     std::deque<BoxAnswer> answers_;
     std::deque<std::string> texts_;
 };

@@ -6,13 +6,15 @@
 
 namespace velmora::console {
 
-EventReport::EventReport(Notice<const ListItem&>& alertRaised, StatusBar& status, Output& output,
-                         Waiting& waiting)
+EventReport::EventReport(Notice<const ListItem&>& alertRaised, StatusBar& status,
+                         TextBox& mailStatus, Output& output, Waiting& waiting)
     : status_(status),
+      mailStatus_(mailStatus),
       output_(output),
       waiting_(waiting),
       alerts_(alertRaised.connect([this](const ListItem& row) { reportAlert(row); })),
-      panels_(status.PanelChanged.connect([this](int panel) { reportPanel(panel); })) {}
+      panels_(status.PanelChanged.connect([this](int panel) { reportPanel(panel); })),
+      mail_(mailStatus.Change.connect([this] { reportMail(); })) {}
 
 void EventReport::reportAlert(const ListItem& row) {
     output_.alert(row);
@@ -26,6 +28,12 @@ void EventReport::reportPanel(int panel) {
     if (shown == text) return;
     shown = text;
     output_.status(panel, text);
+    waiting_.seen(text);
+}
+
+void EventReport::reportMail() {
+    const std::string& text = mailStatus_.Text();
+    output_.status(mailPanel, text);
     waiting_.seen(text);
 }
 

@@ -18,7 +18,8 @@ answer text|file|folder "..." queue texts or paths for the next dialogs
 answer files "PATH"...        queue files of one folder, chosen together, for the next dialog
 wait SECONDS | forever        let the timers run
 wait until TEXT               ... until a status panel or a new alert holds TEXT, at most 600 s
-watch on|off                  print status changes
+after SECONDS COMMAND         carry the command out at the first yield or wait after that time
+watch on|off                  print status changes; the mail's are those of panel 0
 json on|off                   replies and events as JSON objects
 help                          this list
 exit                          ask to exit; "answer ok" first to leave

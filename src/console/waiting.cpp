@@ -39,6 +39,7 @@ void Waiting::run(std::optional<std::int64_t> end, const std::function<bool()>& 
         host_.fireTimers();
         if (done()) return;
         std::int64_t rest = timers_.untilNext().value_or(nap);
+        rest = std::min(rest, later_.untilNext().value_or(nap));
         if (end) {
             const std::int64_t left = *end - clock_.GetTickCount();
             if (left <= 0) return;

@@ -17,8 +17,14 @@ class Waiting {
     /// Lets the given number of milliseconds pass.
     using Sleep = std::function<void(std::int64_t)>;
 
-    Waiting(ConsoleHost& host, TimerQueue& timers, Clock& clock, Output& output, Sleep sleep)
-        : host_(host), timers_(timers), clock_(clock), output_(output), sleep_(std::move(sleep)) {}
+    Waiting(ConsoleHost& host, TimerQueue& timers, LaterCommands& later, Clock& clock,
+            Output& output, Sleep sleep)
+        : host_(host),
+          timers_(timers),
+          later_(later),
+          clock_(clock),
+          output_(output),
+          sleep_(std::move(sleep)) {}
 
     void forSeconds(double seconds);
     [[noreturn]] void forever();
@@ -33,6 +39,7 @@ class Waiting {
 
     ConsoleHost& host_;
     TimerQueue& timers_;
+    LaterCommands& later_;
     Clock& clock_;
     Output& output_;
     Sleep sleep_;

@@ -15,7 +15,7 @@ struct EventReportTest : testing::Test, tests::Session {
             alerts.addColumn({header});
         }
         output.setWatch(true);
-        report.emplace(raised, form1.StatusBar1, output, waiting);
+        report.emplace(raised, form1.StatusBar1, forms.frmNotify.StatusTxt, output, waiting);
     }
     ListItem& alert() {
         ListItem& row = alerts.Add("High");

@@ -46,15 +46,17 @@ struct Session {
     std::ostringstream stream;
     console::Output output{stream};
     TimerQueue timers{[this] { return machine.tick; }};
-    console::ConsoleHost host{output, timers};
+    console::LaterCommands later{machine.platform().clock};
+    console::ConsoleHost host{output, timers, later};
     std::int64_t slept = 0;
-    console::Waiting waiting{host, timers, machine.platform().clock, output,
-                             [this](std::int64_t ms) {
-                                 slept += ms;
-                                 machine.advance(ms);
-                             }};
-    console::Commands commands{forms, host, output, waiting,
-                               [](const std::string& path) { return "drive path of " + path; }};
+    console::Waiting waiting{
+        host, timers, later, machine.platform().clock, output, [this](std::int64_t ms) {
+            slept += ms;
+            machine.advance(ms);
+        }};
+    console::Commands commands{
+        forms,   host,  output,
+        waiting, later, [](const std::string& path) { return "drive path of " + path; }};
 };
 
 }  // namespace velmora::tests

@@ -1,0 +1,25 @@
+#include "console/later_commands.h"
+
+#include <algorithm>
+
+namespace velmora::console {
+
+void LaterCommands::add(std::int64_t milliseconds, std::string line) {
+    lines_.emplace(clock_.GetTickCount() + milliseconds, std::move(line));
+}
+
+void LaterCommands::runDue() {
+    const std::int64_t now = clock_.GetTickCount();
+    while (run_ && !lines_.empty() && lines_.begin()->first <= now) {
+        // Taken out first: the command may yield.
+        const auto next = lines_.extract(lines_.begin());
+        run_(next.mapped());
+    }
+}
+
+std::optional<std::int64_t> LaterCommands::untilNext() const {
+    if (lines_.empty()) return std::nullopt;
+    return std::max<std::int64_t>(0, lines_.begin()->first - clock_.GetTickCount());
+}
+
+}  // namespace velmora::console
