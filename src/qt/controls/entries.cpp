@@ -5,6 +5,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "base/text.h"
 #include "controls/keys.h"
 #include "qt/controls/file_drops.h"
 #include "qt/surface/field.h"
@@ -137,7 +138,43 @@ QComboBox* makeComboBox(ComboBox& field, UserHand& hand) {
                      [&field, &hand](const QString& text) {
                          hand.does([&field, &text] { field.setText(typed(text)); });
                      });
+    QObject::connect(box, &QComboBox::activated, box, [&field, &hand](int index) {
+        hand.does([&field, index] {
+            if (index < field.ListCount()) field.setListIndex(index);
+        });
+    });
+    QObject::connect(box->lineEdit(), &QLineEdit::returnPressed, box,
+                     [&field, &hand] { hand.does([&field] { field.KeyPress(key::enter); }); });
     return box;
+}
+
+QComboBox* makeChoice(ComboBox& field, UserHand& hand) {
+    auto* box = new QComboBox;
+    for (int i = 0; i < field.ListCount(); ++i) box->addItem(shown(field.List(i)));
+    bindField(box, field, [box, &field] {
+        const QSignalBlocker quiet(box);
+        box->setCurrentIndex(box->findText(shown(field.Text())));
+    });
+    QObject::connect(box, &QComboBox::activated, box, [&field, &hand](int index) {
+        hand.does([&field, index] { field.setListIndex(index); });
+    });
+    return box;
+}
+
+QPlainTextEdit* makeTextEdit(TextBox& field, UserHand& hand) {
+    auto* edit = new QPlainTextEdit;
+    edit->setTabChangesFocus(true);
+    Refresher* refresher = bindField(edit, field, [edit, &field] {
+        const QString text = shownLines(field.Text());
+        const QSignalBlocker quiet(edit);
+        // Writing the same text again would move the caret while the user types.
+        if (edit->toPlainText() != text) edit->setPlainText(text);
+    });
+    QObject::connect(edit, &QPlainTextEdit::textChanged, edit, [edit, &field, &hand, refresher] {
+        hand.does([&] { field.setText(replaceAll(typed(edit->toPlainText()), "\n", lineEnd)); });
+        refresher->touch();
+    });
+    return edit;
 }
 
 QWidget* makeUpDown(UpDown& field, UserHand& hand) {

@@ -3,6 +3,7 @@
 
 #include <QComboBox>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QSlider>
 #include <QTimeEdit>
 
@@ -19,6 +20,10 @@ QSlider* makeSlider(Slider& field, UserHand& hand);
 QTimeEdit* makeTimeEdit(DatePicker& field, const QString& picture, UserHand& hand);
 /// An editable text with the list's entries to choose from.
 QComboBox* makeComboBox(ComboBox& field, UserHand& hand);
+/// One of the list's entries, without typing.
+QComboBox* makeChoice(ComboBox& field, UserHand& hand);
+/// A text of several lines.
+QPlainTextEdit* makeTextEdit(TextBox& field, UserHand& hand);
 /// Two arrows that turn the spinner.
 QWidget* makeUpDown(UpDown& field, UserHand& hand);
 

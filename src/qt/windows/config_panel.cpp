@@ -1,7 +1,10 @@
 #include <QGridLayout>
 
+#include "forms/form_numbers.h"
 #include "qt/controls/buttons.h"
 #include "qt/controls/entries.h"
+#include "qt/controls/label_button.h"
+#include "qt/surface/refresher.h"
 #include "qt/windows/layouts.h"
 #include "qt/windows/panels.h"
 
@@ -11,10 +14,24 @@ namespace {
 
 constexpr int roomForTwoConfigColumns = 480;
 
+LabelButton* updateButton(Label& label, UserHand& hand) {
+    return new LabelButton(label, hand, LabelButton::Shape::button);
+}
+
+// It takes no room until there is something to say.
+QLabel* makeNews(Label& field) {
+    QLabel* label = makeCaption(field, true);
+    follow(field.Changed, label, [label, &field] { label->setVisible(!field.Caption().empty()); });
+    return label;
+}
+
 QWidget* makeProgramGroup(Form1& form, UserHand& hand) {
     auto* content =
         column({makeCheckBox(form.chkStartUp, hand), makeCheckBox(form.chkUpdate, hand),
                 makeCheckBox(form.chkSaveSet, hand), makeCheckBox(form.chkSafeM, hand)});
+    content->addLayout(row({updateButton(form.Label5[program_button::checkUpdates], hand),
+                            updateButton(form.Label5[program_button::getUpdates], hand), nullptr}));
+    content->addWidget(makeNews(form.lblNewVer));
     content->addStretch(1);
     return group(QStringLiteral("Program"), content);
 }

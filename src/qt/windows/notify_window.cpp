@@ -1,9 +1,12 @@
+// The window of the mail settings: four pages, and below them the status of the sending and the
+// buttons.
 #include <QFormLayout>
-#include <QTabWidget>
 
 #include "qt/controls/buttons.h"
 #include "qt/controls/check_list.h"
 #include "qt/controls/entries.h"
+#include "qt/controls/tab_strip.h"
+#include "qt/surface/field.h"
 #include "qt/windows/dialog_pieces.h"
 #include "qt/windows/dialogs.h"
 #include "qt/windows/layouts.h"
@@ -12,72 +15,109 @@ namespace velmora::qt {
 
 namespace {
 
-QWidget* makeContentPage(FrmNotify& form, UserHand& hand) {
+QFormLayout* makeForm() {
     auto* fields = new QFormLayout;
-    fields->addRow(QStringLiteral("Text file"), makeLineEdit(form.txtCustomContent, hand));
-    fields->addRow(QStringLiteral("Number of events"), makeLineEdit(form.txtCustEvtAmt, hand));
-    auto* page = column({});
-    page->addWidget(new CheckList(form.lstNotContent, hand), 1);
-    page->addLayout(fields);
-    return around(page);
+    fields->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    return fields;
+}
+
+// A page of its frame, with the margins of a page.
+QWidget* pageOf(Frame& frame, QLayout* content) {
+    content->setContentsMargins(2 * gap, 2 * gap, 2 * gap, 2 * gap);
+    auto* page = new QWidget;
+    page->setLayout(content);
+    page->setObjectName(fieldName(frame));
+    return page;
+}
+
+QWidget* makeContentPage(FrmNotify& form, UserHand& hand) {
+    auto* fields = makeForm();
+    fields->addRow(QStringLiteral("Text file"),
+                   row({makeLineEdit(form.txtCustomContent, hand),
+                        makeIconButton(form.cmdNotOpenFile, Glyph::browse, hand)}));
+    fields->addRow(QStringLiteral("Number of events"),
+                   row({makeLineEdit(form.txtCustEvtAmt, hand), makeButton(form.cmdNT, hand)}));
+    auto* content = column({});
+    content->addWidget(new CheckList(form.lstNotContent, hand), 1);
+    content->addLayout(fields);
+    return pageOf(form.frE[0], content);
 }
 
 QWidget* makeMessagePage(FrmNotify& form, UserHand& hand) {
-    auto* page = column({makeLineEdit(form.txtCustMsg, hand)});
-    page->addStretch(1);
-    return around(page);
+    return pageOf(form.frE[1], column({makeTextEdit(form.txtCustMsg, hand)}));
+}
+
+QLayout* makeServerFields(FrmNotify& form, UserHand& hand) {
+    auto* server = makeLineEdit(form.txtMailServer, hand);
+    auto* port = makeLineEdit(form.txtMailPort, hand);
+    port->setMaximumWidth(70);
+    auto* encryption = makeChoice(form.cboEncryption, hand);
+    auto* line = row({server, wordFor(QStringLiteral("Mail Server Port:"), port), port,
+                      wordFor(QStringLiteral("Encryption:"), encryption), encryption});
+    line->setStretch(0, 1);
+    return line;
+}
+
+QLayout* makeRecipients(FrmNotify& form, UserHand& hand) {
+    auto* recipients = makeComboBox(form.cboNotEmail, hand);
+    recipients->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    return row({recipients, makeButton(form.cmdAdd, hand), makeButton(form.cmdRemove, hand),
+                makeButton(form.cmdClear, hand)});
 }
 
 QWidget* makeAccountPage(FrmNotify& form, UserHand& hand) {
-    auto* fields = new QFormLayout;
-    fields->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
-    fields->addRow(QStringLiteral("Mail Server:"), makeLineEdit(form.txtMailServer, hand));
-    fields->addRow(QStringLiteral("Mail Server Port:"), makeLineEdit(form.txtMailPort, hand));
+    auto* fields = makeForm();
+    fields->addRow(QStringLiteral("Mail Server:"), makeServerFields(form, hand));
     fields->addRow(QStringLiteral("Your Email:"), makeLineEdit(form.txtYourEmail, hand));
     fields->addRow(QStringLiteral("User Name:"), makeLineEdit(form.txtUser, hand));
-    auto* password = makeLineEdit(form.txtPass, hand);
-    password->setEchoMode(QLineEdit::Password);
-    fields->addRow(QStringLiteral("Password:"), password);
+    fields->addRow(QStringLiteral("Password:"), makeLineEdit(form.txtPass, hand));
     fields->addRow(QStringLiteral("Mail  From Display:"),
                    makeLineEdit(form.txtMailFromDisplayName, hand));
     fields->addRow(QStringLiteral("Subject:"), makeLineEdit(form.txtMailSubj, hand));
-    fields->addRow(QStringLiteral("Email(s) to send to:"), makeComboBox(form.cboNotEmail, hand));
+    fields->addRow(QStringLiteral("Email(s) to send to:"), makeRecipients(form, hand));
     fields->addRow(makeCheckBox(form.chkIsHTML, hand));
-    return around(fields);
+    return pageOf(form.frE[2], fields);
 }
 
 QWidget* makeTimePage(FrmNotify& form, UserHand& hand) {
     auto* times = column({new CheckList(form.lstNotTime, hand)});
-    auto* fields = new QFormLayout;
+    auto* fields = makeForm();
     fields->addRow(QStringLiteral("Custom Time (Send Daily)"),
                    makeTimeEdit(form.DTPicker1, QStringLiteral("HH:mm"), hand));
     fields->addRow(QStringLiteral("(Send) Custom Time Interval"),
                    makeTimeEdit(form.DTPicker2, QStringLiteral("HH:mm"), hand));
-    auto* proxy = new QFormLayout;
+    auto* proxy = makeForm();
     proxy->addRow(makeCheckBox(form.chkProxy, hand));
     proxy->addRow(QStringLiteral("Server:"), makeLineEdit(form.txtProxy, hand));
     proxy->addRow(QStringLiteral("Port:"), makeLineEdit(form.txtPort, hand));
-    auto* page = column({group(QStringLiteral("Automatic Send Time Option(s)"), times)});
-    page->addLayout(fields);
-    page->addLayout(proxy);
-    page->addStretch(1);
-    return around(page);
+    auto* content = column({group(QStringLiteral("Automatic Send Time Option(s)"), times)});
+    content->addLayout(fields);
+    content->addLayout(proxy);
+    content->addStretch(1);
+    return pageOf(form.frE[3], content);
+}
+
+// It is only read, and can be selected for copying.
+QLineEdit* makeStatus(FrmNotify& form, UserHand& hand) {
+    QLineEdit* status = makeLineEdit(form.StatusTxt, hand);
+    status->setReadOnly(true);
+    status->setFrame(false);
+    status->setStyleSheet(QStringLiteral("background: transparent"));
+    return status;
 }
 
 }  // namespace
 
+// The window's frame has the cross that the form has a button for.
 QWidget* makeNotifyWindow(FrmNotify& form, UserHand& hand) {
-    auto* pages = new QTabWidget;
-    pages->setObjectName(QStringLiteral("TabStrip1"));
-    pages->addTab(makeContentPage(form, hand), QStringLiteral("Notify Content:"));
-    pages->addTab(makeMessagePage(form, hand), QStringLiteral("Custom Messeage"));
-    pages->addTab(makeAccountPage(form, hand), QStringLiteral("Email Acct. Info."));
-    pages->addTab(makeTimePage(form, hand), QStringLiteral("Send Option(s):"));
-    for (int i = 0; i < pages->count(); ++i) {
-        pages->widget(i)->layout()->setContentsMargins(2 * gap, 2 * gap, 2 * gap, 2 * gap);
-    }
-    pages->setUsesScrollButtons(false);
-    auto* content = column({pages});
+    auto* content = column({makeTabs(form.TabStrip1,
+                                     {makeContentPage(form, hand), makeMessagePage(form, hand),
+                                      makeAccountPage(form, hand), makeTimePage(form, hand)},
+                                     hand),
+                            makeStatus(form, hand)});
+    content->addLayout(
+        row({makeButton(form.Command1, hand), nullptr, makeButton(form.cmdApply, hand),
+             makeButton(form.cmdOK, hand), makeButton(form.cmdCancel, hand)}));
     return dialog(form, content, hand);
 }
 

@@ -1,6 +1,8 @@
 #include <QGridLayout>
 #include <QStackedLayout>
+#include <span>
 
+#include "forms/form_numbers.h"
 #include "qt/controls/buttons.h"
 #include "qt/controls/entries.h"
 #include "qt/controls/label_button.h"
@@ -16,8 +18,7 @@ namespace {
 
 constexpr int programPath = 2;
 
-template <std::size_t N>
-QWidget* makeLabelButtons(std::array<Label, N>& labels, UserHand& hand) {
+QWidget* makeLabelButtons(std::span<Label> labels, UserHand& hand) {
     auto* flow = new FlowLayout(gap);
     for (Label& label : labels) {
         flow->addWidget(new LabelButton(label, hand, LabelButton::Shape::button));
@@ -37,7 +38,8 @@ QWidget* makePrograms(Form1& form, UserHand& hand) {
     auto* page = column({});
     page->addLayout(row({entry, makeButton(form.cmdPAdd, hand)}));
     page->addWidget(makeList(form.LVProg, hand, programPath), 1);
-    page->addWidget(makeLabelButtons(form.Label5, hand));
+    page->addWidget(
+        makeLabelButtons(std::span(form.Label5).first(program_button::checkUpdates), hand));
     return around(page);
 }
 
