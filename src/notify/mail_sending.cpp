@@ -1,8 +1,8 @@
 #include "notify/mail_sending.h"
 
 #include "alerts/journal/alert_time.h"
-#include "base/convert.h"
 #include "base/resume_next.h"
+#include "forms/form_numbers.h"
 #include "notify/report_text.h"
 
 namespace velmora {
@@ -17,8 +17,13 @@ MailSending::MailSending(Forms& forms, Platform& platform, Host& host, MessageCo
       platform_(platform),
       content_(content),
       alerts_(alerts),
-      dialogue_(host) {
+      plain_(form_, platform, host),
+      encrypted_(form_, platform, host) {
     form_.SendEmail.connect([this] { prcSendEmailZ(); });
+    const std::string reason = platform.smtpClient.unavailableBecause();
+    if (reason.empty()) return;
+    form_.cboEncryption.setEnabled(false);
+    form_.cboEncryption.setToolTipText(reason);
 }
 
 void MailSending::prcSendEmailZ() {
@@ -29,19 +34,30 @@ void MailSending::prcSendEmailZ() {
                form_.txtCustMsg.Text();
     });
     show("Busy sending mail...");
+    MailTransport* transport = &plain_;
+    if (isEncrypted()) transport = &encrypted_;
     const ComboBox& recipients = form_.cboNotEmail;
     int sent = 0;
     // A handler may remove entries during a yield.
     for (int i = 0; i < recipients.ListCount(); ++i) {
         const std::string recipient = trim(recipients.List(i));
-        resumeNext([&] { sendTo(recipient, body); });
-        // Attempts count, not successes.
-        ++sent;
+        const std::string failure = transport->send(recipient, body);
+        if (failure.empty()) ++sent;
         show("Busy sending mail - Email sent: " + std::to_string(i + 1) + "/" +
              std::to_string(recipients.ListCount()));
-        resumeNext([&] { raiseSent(recipient); });
+        if (failure.empty()) {
+            raise(rating::medium, "Notfication Message Send to: " + recipient);
+        } else {
+            raise(rating::high,
+                  "Notification Message not sent to: " + recipient + " (" + failure + ")");
+        }
     }
     show("Ready - Emails sent: " + std::to_string(sent));
+}
+
+bool MailSending::isEncrypted() const {
+    const std::string& chosen = form_.cboEncryption.Text();
+    return chosen == mail_encryption::startTls || chosen == mail_encryption::tls;
 }
 
 bool MailSending::isComplete() {
@@ -57,23 +73,20 @@ bool MailSending::isComplete() {
         show("No EMAIL address selected for outgoing mail");
         return false;
     }
+    // Nothing that is meant to be encrypted goes out plain.
+    if (!isEncrypted() && form_.cboEncryption.Text() != mail_encryption::none) {
+        show("No such encryption: " + form_.cboEncryption.Text());
+        return false;
+    }
     return true;
 }
 
-// The form of the mail hangs on the proxy alone. The body stays changed for later recipients.
-void MailSending::sendTo(const std::string& recipient, std::string& body) {
-    const bool proxy = form_.chkProxy.ticked();
-    if (proxy) body = replaceAll(body, lineEnd, "<br>");
-    const TextBox& server = proxy ? form_.txtProxy : form_.txtMailServer;
-    const TextBox& port = proxy ? form_.txtPort : form_.txtMailPort;
-    dialogue_.sendmail(platform_.winsock, server.Text(), toLong(port.Text(), platform_.regional),
-                       recipient, form_.txtYourEmail.Text(), form_.txtMailFromDisplayName.Text(),
-                       form_.txtMailSubj.Text(), body, form_.tim_timeoutSend, proxy);
-}
-
-void MailSending::raiseSent(const std::string& recipient) {
-    alerts_.prcAlertInfo(Format(platform_.clock.Now(), alert_time::minutes), rating::medium,
-                         "Notfication Message Send to: " + recipient, {}, nullptr);
+// The log file may fail to take it.
+void MailSending::raise(const char* rating, const std::string& text) {
+    resumeNext([&] {
+        alerts_.prcAlertInfo(Format(platform_.clock.Now(), alert_time::minutes), rating, text, {},
+                             nullptr);
+    });
 }
 
 void MailSending::prcDefaultSend(const std::string& target) {

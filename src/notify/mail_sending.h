@@ -5,8 +5,9 @@
 
 #include "alerts/journal/alert_list.h"
 #include "forms/forms.h"
+#include "notify/encrypted_mail.h"
 #include "notify/message_content.h"
-#include "notify/smtp_dialogue.h"
+#include "notify/plain_mail.h"
 #include "platform/platform.h"
 
 namespace velmora {
@@ -19,23 +20,25 @@ class MailSending {
     MailSending(const MailSending&) = delete;
     MailSending& operator=(const MailSending&) = delete;
 
-    /// Sends the mail to each recipient in turn. The status line tells how far it is. Passes over
-    /// whatever fails.
+    /// Sends the mail to each recipient in turn; the status line shows how far it is. Passes over
+    /// what fails. Without encryption attempts count as sent; with it, a failure is an alert of its
+    /// own.
     void prcSendEmailZ();
     /// Opens a target with the program for it, on behalf of the form.
     void prcDefaultSend(const std::string& target);
 
   private:
     bool isComplete();
-    void sendTo(const std::string& recipient, std::string& body);
-    void raiseSent(const std::string& recipient);
+    bool isEncrypted() const;
+    void raise(const char* rating, const std::string& text);
     void show(const std::string& status) { form_.StatusTxt.setText(status); }
 
     FrmNotify& form_;
     Platform& platform_;
     MessageContent& content_;
     AlertList& alerts_;
-    SmtpDialogue dialogue_;
+    PlainMail plain_;
+    EncryptedMail encrypted_;
 };
 
 }  // namespace velmora

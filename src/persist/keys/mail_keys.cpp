@@ -1,5 +1,7 @@
 // The keys of the window of the mail settings.
 #include "base/text.h"
+#include "forms/form_numbers.h"
+#include "forms/mail_port.h"
 #include "persist/keys/settings_fields.h"
 #include "persist/keys/settings_keys.h"
 #include "persist/list_content.h"
@@ -32,6 +34,26 @@ void addOlderRecipient(const SettingsTarget& to, const std::string& value) {
 void setOlderProxy(const SettingsTarget& to, const std::string& value) {
     to.forms.frmNotify.txtProxy.setText(value);
     to.forms.frmNotify.chkProxy.setValue(1);
+}
+
+// The encryption and the port, which has no line of its own. Without encryption there is no line.
+std::vector<std::string> security(const SettingsSource& from) {
+    const FrmNotify& form = from.forms.frmNotify;
+    const std::string& chosen = form.cboEncryption.Text();
+    if (chosen != mail_encryption::startTls && chosen != mail_encryption::tls) return {};
+    const auto port = mailPort(form.txtMailPort.Text(), from.regional);
+    return {port ? chosen + " " + std::to_string(*port) : chosen};
+}
+
+// A value that isn't known changes nothing.
+void setSecurity(const SettingsTarget& to, const std::string& value) {
+    const std::vector<std::string> parts = split(trim(value), " ");
+    if (parts[0] != mail_encryption::startTls && parts[0] != mail_encryption::tls) return;
+    FrmNotify& form = to.forms.frmNotify;
+    form.cboEncryption.setText(parts[0]);
+    if (parts.size() == 2 && mailPort(parts[1], to.platform.regional)) {
+        form.txtMailPort.setText(parts[1]);
+    }
 }
 
 constexpr SettingsKey mailEntries[] = {
@@ -79,6 +101,12 @@ constexpr SettingsKey mailEntries[] = {
     {.key = "nottxtPort=", .written = 26, .read = 26, .field = fieldOf<&FrmNotify::txtPort>},
     {.key = "notchkHTML=", .written = 27, .read = 25, .field = fieldOf<&FrmNotify::chkIsHTML>},
     {.key = "notchkProxy=", .written = 28, .read = 24, .field = fieldOf<&FrmNotify::chkProxy>},
+
+    // The last of all in both orders, so that files without it stay as they are.
+    {.key = "smtpSecurity=",
+     .written = 41,
+     .read = 46,
+     .field = {.get = security, .set = setSecurity}},
 
     // Keys of older files.
     {.key = "cboNotEmail=", .read = 13, .field = {.set = addOlderRecipient}},
