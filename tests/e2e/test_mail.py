@@ -39,7 +39,7 @@ def custom(message):
 # leading dot off a line.
 ADDED = {
     mail_servers.Aiosmtpd: (),
-    mail_servers.Postfix: (b"Return-Path", b"Delivered-To", b"Received", b"Message-Id", b"Date"),
+    mail_servers.Postfix: (b"Return-Path", b"X-Original-To", b"Delivered-To", b"Received", b"Message-Id", b"Date"),
     mail_servers.Exim: (b"Received", b"Return-path", b"Envelope-to", b"Delivery-date"),
     mail_servers.Opensmtpd: (b"Return-Path", b"Delivered-To", b"Received", b"Date", b"Message-ID"),
 }
