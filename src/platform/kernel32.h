@@ -25,8 +25,8 @@ inline constexpr std::uint32_t directory = 16;
 /// The memory of the machine in bytes. Each field stops at the greatest 32-bit number, so that a
 /// machine with 4 GB and more reports that much.
 struct MemoryStatus {
-    std::uint32_t dwLength = 0;  ///< of this record, 32
-    std::uint32_t dwMemoryLoad = 0;
+    std::uint32_t dwLength = 0;      ///< of this record, 32
+    std::uint32_t dwMemoryLoad = 0;  ///< percent of the memory that is in use
     std::uint32_t dwTotalPhys = 0;
     std::uint32_t dwAvailPhys = 0;
     std::uint32_t dwTotalPageFile = 0;
@@ -34,6 +34,15 @@ struct MemoryStatus {
     std::uint32_t dwTotalVirtual = 0;
     std::uint32_t dwAvailVirtual = 0;
 };
+
+namespace memory_status {
+inline constexpr std::uint32_t recordLength = 32;
+/// A number of bytes as a field of that record holds it.
+inline constexpr std::uint32_t field(std::uint64_t bytes) {
+    constexpr std::uint32_t greatest = 0xFFFFFFFF;
+    return bytes < greatest ? static_cast<std::uint32_t>(bytes) : greatest;
+}
+}  // namespace memory_status
 
 /// A listing that was begun; 0 for none.
 using FindHandle = std::uint64_t;

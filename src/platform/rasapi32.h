@@ -6,6 +6,15 @@
 
 namespace velmora {
 
+/// Sizes of the records in bytes, and codes of the calls.
+namespace ras {
+inline constexpr std::uint32_t connectionRecord = 412;
+inline constexpr std::uint32_t statusRecord = 160;
+inline constexpr std::uint32_t connected = 8192;
+inline constexpr std::uint32_t bufferTooSmall = 603;
+inline constexpr std::uint32_t invalidSize = 632;
+}  // namespace ras
+
 /// One connection as the system lists it.
 struct RasConn {
     std::uint32_t dwSize = 0;  ///< 412 in the first record of the array

@@ -114,10 +114,9 @@ std::string FakeMachine::Disks::GetEnvironmentVariableA(const std::string& name)
 
 void FakeMachine::Disks::GlobalMemoryStatus(MemoryStatus& status) {
     machine.record("GlobalMemoryStatus " + std::to_string(status.dwLength));
-    constexpr std::uint32_t recordLength = 32;
-    if (status.dwLength != recordLength) return;
+    if (status.dwLength != memory_status::recordLength) return;
     status = machine.memory;
-    status.dwLength = recordLength;
+    status.dwLength = memory_status::recordLength;
 }
 
 // The fake clock knows no time zones: its local time is UTC.

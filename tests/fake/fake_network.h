@@ -74,8 +74,8 @@ class FakeWinsock final : public Winsock {
     std::vector<std::string> sent;                   ///< the pieces, in order
     std::vector<std::string> calls;                  ///< all calls, in order
 
-    static constexpr int wrongState = 40020;
-    static constexpr int notConnected = 40006;
+    static constexpr int wrongState = socket_error::wrongState;
+    static constexpr int notConnected = socket_error::notConnected;
 
   private:
     static constexpr std::int32_t greatestPort = 65535;

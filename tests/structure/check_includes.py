@@ -26,8 +26,9 @@ MAY_SEE = {
     "rows": {"controls", "base"},
     "forms": {"controls", "base"},
     "platform": {"base"},
-    "platform/linux": GROUND,
-    "platform/windows": GROUND,
+    "platform/network": GROUND,
+    "platform/linux": GROUND | {"platform/network"},
+    "platform/windows": GROUND | {"platform/network"},
     "persist": FIELDS,
     "notify": FIELDS | {"alerts"},
     "inspect": FIELDS,
@@ -54,7 +55,7 @@ STANDARD_HEADERS = set("""
     unordered_map unordered_set utility valarray variant vector version
 """.split())
 # Libraries that are the same on every system.
-PORTABLE_HEADERS = {"nlohmann/json.hpp", "nlohmann/json_fwd.hpp", "zlib.h"}
+PORTABLE_HEADERS = {"curl/curl.h", "nlohmann/json.hpp", "nlohmann/json_fwd.hpp", "zlib.h"}
 
 LONGEST_FILE = 500
 

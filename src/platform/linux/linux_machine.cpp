@@ -1,3 +1,4 @@
+#include <memory>
 #include <string>
 
 #include "platform/file_system_object.h"
@@ -9,12 +10,17 @@
 #include "platform/linux/files/linux_file_system_object.h"
 #include "platform/linux/files/linux_kernel32.h"
 #include "platform/linux/files/linux_text_files.h"
+#include "platform/linux/network/linux_internet.h"
+#include "platform/linux/network/linux_rasapi32.h"
+#include "platform/linux/network/linux_sockets.h"
 #include "platform/linux/paths/path_mapping.h"
 #include "platform/linux/programs/command_line.h"
 #include "platform/linux/programs/program_file.h"
 #include "platform/linux/settings/linux_advapi32.h"
 #include "platform/linux/settings/linux_regional.h"
 #include "platform/linux/system/linux_clock.h"
+#include "platform/network/mail_client.h"
+#include "platform/network/polled_socket.h"
 #include "platform/platform.h"
 
 namespace velmora {
@@ -59,6 +65,10 @@ class LinuxMachine final : public Machine {
     LinuxShell32 shell32_{volumes_};
     LinuxWinmm winmm_{volumes_};
     LinuxWScriptShell wscriptShell_{volumes_};
+    network::PolledSocket winsock_{std::make_shared<LinuxSockets>()};
+    LinuxInternet internet_;
+    LinuxRasapi32 rasapi32_;
+    std::unique_ptr<SmtpClient> smtpClient_ = network::makeSmtpClient();
     Platform platform_{.fso = fso_,
                        .kernel32 = kernel32_,
                        .clock = clock_,
@@ -67,6 +77,10 @@ class LinuxMachine final : public Machine {
                        .shell32 = shell32_,
                        .winmm = winmm_,
                        .wscriptShell = wscriptShell_,
+                       .winsock = winsock_,
+                       .internet = internet_,
+                       .rasapi32 = rasapi32_,
+                       .smtpClient = *smtpClient_,
                        .regional = userRegional(),
                        .app = ownApplication(volumes_)};
 };

@@ -4,6 +4,8 @@
 #include <memory>
 #include <string>
 
+#include "platform/network/mail_client.h"
+#include "platform/network/polled_socket.h"
 #include "platform/platform.h"
 #include "platform/windows/desktop/windows_shell32.h"
 #include "platform/windows/desktop/windows_winmm.h"
@@ -11,6 +13,9 @@
 #include "platform/windows/files/windows_file_system_object.h"
 #include "platform/windows/files/windows_kernel32.h"
 #include "platform/windows/files/windows_text_files.h"
+#include "platform/windows/network/windows_internet.h"
+#include "platform/windows/network/windows_rasapi32.h"
+#include "platform/windows/network/windows_sockets.h"
 #include "platform/windows/programs/command_line.h"
 #include "platform/windows/settings/windows_advapi32.h"
 #include "platform/windows/settings/windows_regional.h"
@@ -73,6 +78,10 @@ class WindowsMachine final : public Machine {
     WindowsShell32 shell32_;
     WindowsWinmm winmm_;
     WindowsWScriptShell wscriptShell_;
+    network::PolledSocket winsock_{std::make_shared<WindowsSockets>()};
+    WindowsInternet internet_;
+    WindowsRasapi32 rasapi32_;
+    std::unique_ptr<SmtpClient> smtpClient_ = network::makeSmtpClient();
     Platform platform_{.fso = fso_,
                        .kernel32 = kernel32_,
                        .clock = clock_,
@@ -81,6 +90,10 @@ class WindowsMachine final : public Machine {
                        .shell32 = shell32_,
                        .winmm = winmm_,
                        .wscriptShell = wscriptShell_,
+                       .winsock = winsock_,
+                       .internet = internet_,
+                       .rasapi32 = rasapi32_,
+                       .smtpClient = *smtpClient_,
                        .regional = userRegional(),
                        .app = ownApplication()};
 };

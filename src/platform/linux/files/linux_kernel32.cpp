@@ -1,10 +1,13 @@
 #include "platform/linux/files/linux_kernel32.h"
 
 #include <cstdlib>
+#include <fstream>
+#include <iterator>
 #include <string_view>
 
 #include "platform/linux/moving/move_file.h"
 #include "platform/linux/paths/path_mapping.h"
+#include "platform/linux/system/memory_status.h"
 #include "platform/linux/system/system_errors.h"
 
 namespace velmora::linuxhost {
@@ -34,6 +37,12 @@ std::string LinuxKernel32::GetEnvironmentVariableA(const std::string& name) {
     if (name.find_first_of(std::string_view("=\0", 2)) != std::string::npos) return {};
     const char* text = std::getenv(name.c_str());
     return text ? text : "";
+}
+
+void LinuxKernel32::GlobalMemoryStatus(MemoryStatus& status) {
+    if (status.dwLength != memory_status::recordLength) return;
+    std::ifstream file("/proc/meminfo");
+    status = memoryStatusOf({std::istreambuf_iterator<char>(file), {}});
 }
 
 FindHandle LinuxKernel32::FindFirstFileA(const std::string& pattern, FindData& entry) {

@@ -19,6 +19,9 @@ class LinuxKernel32 final : public Kernel32 {
     /// Of this host's environment, where names have a case.
     std::string GetEnvironmentVariableA(const std::string& name) override;
 
+    /// What can be had without swapping counts as available.
+    void GlobalMemoryStatus(MemoryStatus& status) override;
+
     /// Attributes by mode and name: read-only without the owner's right to write, hidden with a
     /// point in front. The folder itself may be reached through links.
     FindHandle FindFirstFileA(const std::string& pattern, FindData& entry) override;

@@ -11,6 +11,7 @@
 #include "platform/linux/programs/program_file.h"
 #include "platform/linux/settings/desktop_entry.h"
 #include "platform/linux/system/system_errors.h"
+#include "platform/linux/system/user_name.h"
 
 namespace velmora::linuxhost {
 
@@ -91,6 +92,16 @@ std::int32_t LinuxAdvapi32::check(RegistryKey key, std::uint32_t right) const {
 
 std::int32_t LinuxAdvapi32::RegCloseKey(RegistryKey key) {
     return open_.erase(key) > 0 ? success : invalidHandle;
+}
+
+bool LinuxAdvapi32::GetUserNameA(std::string& buffer, std::uint32_t& size) {
+    const std::string user = userName();
+    if (user.empty()) return false;
+    const std::string name = user + '\0';
+    const bool fits = name.size() <= size;
+    size = static_cast<std::uint32_t>(name.size());
+    if (fits) buffer.replace(0, name.size(), name);
+    return fits;
 }
 
 }  // namespace velmora::linuxhost

@@ -29,6 +29,7 @@ class LinuxAdvapi32 final : public Advapi32 {
     std::int32_t RegQueryValueExA(RegistryKey key, const std::string& name, std::uint32_t& type,
                                   std::string& data) override;
     std::int32_t RegCloseKey(RegistryKey key) override;
+    bool GetUserNameA(std::string& buffer, std::uint32_t& size) override;
 
   private:
     /// 0 when the key is open with that right.

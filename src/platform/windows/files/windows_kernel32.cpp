@@ -74,6 +74,22 @@ std::string WindowsKernel32::GetEnvironmentVariableA(const std::string& name) {
     }
 }
 
+// The call of that name may report less than there is on a machine with more than 2 GB.
+void WindowsKernel32::GlobalMemoryStatus(MemoryStatus& status) {
+    if (status.dwLength != memory_status::recordLength) return;
+    MEMORYSTATUSEX memory{};
+    memory.dwLength = sizeof memory;
+    GlobalMemoryStatusEx(&memory);
+    status = {.dwLength = memory_status::recordLength,
+              .dwMemoryLoad = memory.dwMemoryLoad,
+              .dwTotalPhys = memory_status::field(memory.ullTotalPhys),
+              .dwAvailPhys = memory_status::field(memory.ullAvailPhys),
+              .dwTotalPageFile = memory_status::field(memory.ullTotalPageFile),
+              .dwAvailPageFile = memory_status::field(memory.ullAvailPageFile),
+              .dwTotalVirtual = memory_status::field(memory.ullTotalVirtual),
+              .dwAvailVirtual = memory_status::field(memory.ullAvailVirtual)};
+}
+
 FindHandle WindowsKernel32::FindFirstFileA(const std::string& pattern, FindData& entry) {
     lastError_ = ERROR_PATH_NOT_FOUND;
     // The system would read a path up to its first NUL and so list another folder.

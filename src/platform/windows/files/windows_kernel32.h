@@ -21,6 +21,7 @@ class WindowsKernel32 final : public Kernel32 {
     std::uint32_t GetLogicalDriveStringsA(std::uint32_t length, std::string& buffer) override;
     std::string GetWindowsDirectoryA() override;
     std::string GetEnvironmentVariableA(const std::string& name) override;
+    void GlobalMemoryStatus(MemoryStatus& status) override;
     FindHandle FindFirstFileA(const std::string& pattern, FindData& entry) override;
     bool FindNextFileA(FindHandle listing, FindData& entry) override;
     void FindClose(FindHandle listing) override;

@@ -1,6 +1,8 @@
 #include "platform/windows/settings/windows_advapi32.h"
 
 #include <windows.h>
+// After it, as it needs its types.
+#include <lmcons.h>
 
 #include <algorithm>
 #include <cstring>
@@ -84,6 +86,17 @@ std::int32_t WindowsAdvapi32::RegQueryValueExA(RegistryKey key, const std::strin
 
 std::int32_t WindowsAdvapi32::RegCloseKey(RegistryKey key) {
     return ::RegCloseKey(handleOf(key));
+}
+
+bool WindowsAdvapi32::GetUserNameA(std::string& buffer, std::uint32_t& size) {
+    wchar_t wideName[UNLEN + 1] = {};
+    DWORD room = UNLEN + 1;
+    if (!GetUserNameW(wideName, &room)) return false;
+    const std::string name = toUtf8(wideName) + '\0';
+    const bool fits = name.size() <= size;
+    size = static_cast<std::uint32_t>(name.size());
+    if (fits) buffer.replace(0, name.size(), name);
+    return fits;
 }
 
 }  // namespace velmora::windows

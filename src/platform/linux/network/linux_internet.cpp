@@ -1,0 +1,58 @@
+#include "platform/linux/network/linux_internet.h"
+
+#include <curl/curl.h>
+
+#include <algorithm>
+#include <memory>
+
+#include "platform/network/web_address.h"
+
+namespace velmora::linuxhost {
+
+namespace {
+
+using PageTransfer = std::unique_ptr<CURL, decltype(&curl_easy_cleanup)>;
+
+// Taking less than it was given ends the transfer.
+std::size_t takePage(const char* bytes, std::size_t /*one*/, std::size_t count, void* target) {
+    auto& page = *static_cast<std::string*>(target);
+    const std::size_t taken = std::min(count, network::greatestPage - page.size());
+    page.append(bytes, taken);
+    return taken;
+}
+
+bool preparePage(CURL* transfer, const std::string& url, std::string& page) {
+    constexpr const char* protocols = "http,https";
+    const auto set = [transfer](CURLoption option, auto value) {
+        return curl_easy_setopt(transfer, option, value) == CURLE_OK;
+    };
+    return set(CURLOPT_URL, url.c_str()) && set(CURLOPT_PROTOCOLS_STR, protocols) &&
+           set(CURLOPT_REDIR_PROTOCOLS_STR, protocols) && set(CURLOPT_FOLLOWLOCATION, 1L) &&
+           set(CURLOPT_MAXREDIRS, network::mostRedirections) &&
+           set(CURLOPT_TIMEOUT_MS, network::pageLimitMilliseconds) &&
+           // Neither signals nor waiting for the thread that asks a name server which is silent.
+           set(CURLOPT_NOSIGNAL, 1L) && set(CURLOPT_QUICK_EXIT, 1L) &&
+           set(CURLOPT_USERAGENT, network::userAgent) && set(CURLOPT_WRITEFUNCTION, takePage) &&
+           set(CURLOPT_WRITEDATA, &page);
+}
+
+bool gotPage(CURL* transfer) {
+    long answer = 0;
+    curl_easy_getinfo(transfer, CURLINFO_RESPONSE_CODE, &answer);
+    return answer >= 200 && answer < 300;
+}
+
+}  // namespace
+
+std::string LinuxInternet::OpenURL(const std::string& url) {
+    if (!network::isWebAddress(url)) return {};
+    const PageTransfer transfer(curl_easy_init(), curl_easy_cleanup);
+    std::string page;
+    if (!transfer || !preparePage(transfer.get(), url, page)) return {};
+    const CURLcode result = curl_easy_perform(transfer.get());
+    const bool isWhole =
+        result == CURLE_OK || (result == CURLE_WRITE_ERROR && page.size() == network::greatestPage);
+    return isWhole && gotPage(transfer.get()) ? page : "";
+}
+
+}  // namespace velmora::linuxhost
