@@ -215,8 +215,11 @@ class Native(Mail, OwnNative, unittest.TestCase):
         self.console.close()
         self.launch()
         self.console.run("watch on")
-        row = self.console.add(str(small.folder))
-        self.console.watch_only(row["Text"])
+        # Its folder tells which drive it is; that drive has a row of its own.
+        drive = self.console.add(str(small.folder))["Text"][:3]
+        self.console.run("select ListView1 %d" % len(self.console.rows()))
+        self.console.run("click lblDP(1)")
+        self.console.watch_only(drive)
         self.account(server.port, BOB)
         self.console.run("tick frmNotify.lstNotContent 0 on")
         self.console.run("answer no")
@@ -228,7 +231,9 @@ class Native(Mail, OwnNative, unittest.TestCase):
         stored, = server.messages(1)
         text = stored.decode("utf-8")
         self.assertIn("Listed Drive/Path(s)\r\n=============\r\n", text)
-        self.assertIn(row["Text"], text)
+        short = [line for line in text.splitlines() if line.startswith(f"Drive Path: {drive} ")]
+        self.assertEqual(len(short), 1, text)
+        self.assertRegex(short[0], r"Free Space: [\d,.]+ KB")
 
 
 class Windows(Mail, OwnWindows, unittest.TestCase):
