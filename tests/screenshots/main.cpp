@@ -122,6 +122,21 @@ void fillWithData(WindowRig& rig) {
     }
 }
 
+void fillMailSettings(velmora::FrmNotify& form) {
+    for (const int section : {0, 1, 5}) form.lstNotContent.setSelected(section, true);
+    form.txtCustMsg.setText("This is the file server in the cellar.\r\nCall 4711 when it is full.");
+    form.txtMailServer.setText("mail.example.com");
+    form.txtMailPort.setText("587");
+    form.cboEncryption.setListIndex(1);
+    form.txtYourEmail.setText("server@example.com");
+    form.txtUser.setText("server@example.com");
+    form.txtPass.setText("secret of ours");
+    form.cboNotEmail.AddItem("admin@example.com");
+    form.cboNotEmail.AddItem("night-shift@example.com");
+    form.cboNotEmail.setListIndex(0);
+    form.StatusTxt.setText("Ready - Emails sent: 2");
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -154,7 +169,11 @@ int main(int argc, char** argv) {
     forms.dlgAlert.lblAl[velmora::alert_button::action].Click();
     forms.dlgAlert.lblAct[4].Click();
     screenshots.dialog(forms.dlgAlert, QStringLiteral("alert-actions"));
-    screenshots.dialog(forms.frmNotify, QStringLiteral("notify"));
+    fillMailSettings(forms.frmNotify);
+    for (int page = 1; page <= forms.frmNotify.TabStrip1.TabCount(); ++page) {
+        forms.frmNotify.TabStrip1.select(page);
+        screenshots.dialog(forms.frmNotify, QStringLiteral("notify-%1").arg(page));
+    }
     forms.form1.ListView1.userSelect({1});
     forms.form1.lblDP[velmora::watch_button::selectDrive].Click();
     screenshots.save(rig.program->window("frmIndDri"), QStringLiteral("drive"));

@@ -15,6 +15,8 @@ namespace velmora::qt {
 
 namespace {
 
+constexpr int portWidth = 70;
+
 QFormLayout* makeForm() {
     auto* fields = new QFormLayout;
     fields->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
@@ -47,27 +49,23 @@ QWidget* makeMessagePage(FrmNotify& form, UserHand& hand) {
     return pageOf(form.frE[1], column({makeTextEdit(form.txtCustMsg, hand)}));
 }
 
-QLayout* makeServerFields(FrmNotify& form, UserHand& hand) {
-    auto* server = makeLineEdit(form.txtMailServer, hand);
+QLayout* makeConnectionFields(FrmNotify& form, UserHand& hand) {
     auto* port = makeLineEdit(form.txtMailPort, hand);
-    port->setMaximumWidth(70);
+    port->setMaximumWidth(portWidth);
     auto* encryption = makeChoice(form.cboEncryption, hand);
-    auto* line = row({server, wordFor(QStringLiteral("Mail Server Port:"), port), port,
-                      wordFor(QStringLiteral("Encryption:"), encryption), encryption});
-    line->setStretch(0, 1);
-    return line;
+    return row({port, wordFor(QStringLiteral("Encryption:"), encryption), encryption, nullptr});
 }
 
-QLayout* makeRecipients(FrmNotify& form, UserHand& hand) {
+QComboBox* makeRecipients(FrmNotify& form, UserHand& hand) {
     auto* recipients = makeComboBox(form.cboNotEmail, hand);
     recipients->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    return row({recipients, makeButton(form.cmdAdd, hand), makeButton(form.cmdRemove, hand),
-                makeButton(form.cmdClear, hand)});
+    return recipients;
 }
 
 QWidget* makeAccountPage(FrmNotify& form, UserHand& hand) {
     auto* fields = makeForm();
-    fields->addRow(QStringLiteral("Mail Server:"), makeServerFields(form, hand));
+    fields->addRow(QStringLiteral("Mail Server:"), makeLineEdit(form.txtMailServer, hand));
+    fields->addRow(QStringLiteral("Mail Server Port:"), makeConnectionFields(form, hand));
     fields->addRow(QStringLiteral("Your Email:"), makeLineEdit(form.txtYourEmail, hand));
     fields->addRow(QStringLiteral("User Name:"), makeLineEdit(form.txtUser, hand));
     fields->addRow(QStringLiteral("Password:"), makeLineEdit(form.txtPass, hand));
@@ -75,6 +73,8 @@ QWidget* makeAccountPage(FrmNotify& form, UserHand& hand) {
                    makeLineEdit(form.txtMailFromDisplayName, hand));
     fields->addRow(QStringLiteral("Subject:"), makeLineEdit(form.txtMailSubj, hand));
     fields->addRow(QStringLiteral("Email(s) to send to:"), makeRecipients(form, hand));
+    fields->addRow(QString(), row({makeButton(form.cmdAdd, hand), makeButton(form.cmdRemove, hand),
+                                   makeButton(form.cmdClear, hand), nullptr}));
     fields->addRow(makeCheckBox(form.chkIsHTML, hand));
     return pageOf(form.frE[2], fields);
 }
