@@ -113,7 +113,7 @@ Progress WindowsSockets::wait(network::SocketNumber socket, network::Interest in
     if (interest.writing) FD_SET(handleOf(socket), &writing);
     // Reading reports a failure by itself, and urgent bytes, which nobody reads, count as one here.
     if (!interest.reading) FD_SET(handleOf(socket), &failing);
-    const timeval longest = durationOf(milliseconds);
+    timeval longest = durationOf(milliseconds);
     const int ready = select(0, &reading, &writing, &failing, &longest);
     if (ready == SOCKET_ERROR) return Progress::failed;
     return ready > 0 ? Progress::done : Progress::pending;
