@@ -21,12 +21,6 @@ inline constexpr int startPause = 1;
 inline constexpr int view = 5;
 }  // namespace tool
 
-/// Elements of Label5 that aren't buttons of LVProg.
-namespace program_button {
-inline constexpr std::size_t checkUpdates = 5;
-inline constexpr std::size_t getUpdates = 6;
-}  // namespace program_button
-
 /// Entries of lstNotContent, the sections of the mail.
 namespace mail_section {
 inline constexpr int watchList = 0;
@@ -99,6 +93,9 @@ inline constexpr int remove = 1;
 inline constexpr int clear = 2;
 inline constexpr int run = 3;
 inline constexpr int browse = 4;
+// Not of LVProg: the program's updates.
+inline constexpr std::size_t checkUpdates = 5;
+inline constexpr std::size_t getUpdates = 6;
 }  // namespace program_button
 
 /// Places in lblAl of the alert dialog.
