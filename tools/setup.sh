@@ -11,7 +11,7 @@ build_packages=(build-essential cmake ninja-build ccache pkg-config nlohmann-jso
 
 # What the tests need besides: libraries, the cross compiler, Wine, tools that make file systems to
 # test on, and tools that show windows, operate them and take screenshots.
-test_packages=(googletest libfuse3-dev fuse3 libz-mingw-w64-dev python3
+test_packages=(googletest libssl-dev libfuse3-dev fuse3 libz-mingw-w64-dev python3
     gcc-mingw-w64-x86-64-posix g++-mingw-w64-x86-64-posix wine wine64 e2fsprogs mount
     xvfb openbox xdotool imagemagick python3-aiosmtpd s-nail openssl)
 
@@ -62,23 +62,34 @@ install_packages() {
             "${missing[@]}" </dev/null >&2
 }
 
-# Whether the folder of Qt for Windows differs from the one the preset was configured with.
-other_windows_qt() {
-    local preset=$1
-    [[ $preset == windows && -n ${VELMORA_WINDOWS_QT:-} ]] &&
-        ! grep -qxF "VELMORA_WINDOWS_QT:PATH=$VELMORA_WINDOWS_QT" "$root/build/$preset/CMakeCache.txt"
+# The folders with libraries for Windows that the environment names.
+windows_libraries=(VELMORA_WINDOWS_QT VELMORA_WINDOWS_CURL)
+
+# Whether one of them differs from what the preset was configured with.
+other_windows_libraries() {
+    local preset=$1 variable
+    [[ $preset == windows ]] || return 1
+    for variable in "${windows_libraries[@]}"; do
+        if [[ -n ${!variable:-} ]] &&
+            ! grep -qxF "$variable:PATH=${!variable}" "$root/build/$preset/CMakeCache.txt"; then
+            return 0
+        fi
+    done
+    return 1
 }
 
 # Configures a preset for the first time, or again when there is something new to find.
 configure_preset() {
-    local preset=$1 options=()
+    local preset=$1 options=() variable
     if [[ -f $root/build/$preset/build.ninja && $new_packages == no ]] &&
-        ! other_windows_qt "$preset"; then
+        ! other_windows_libraries "$preset"; then
         return 0
     fi
     say "Configuring $preset"
-    if [[ $preset == windows && -n ${VELMORA_WINDOWS_QT:-} ]]; then
-        options=("-DVELMORA_WINDOWS_QT:PATH=$VELMORA_WINDOWS_QT")
+    if [[ $preset == windows ]]; then
+        for variable in "${windows_libraries[@]}"; do
+            [[ -z ${!variable:-} ]] || options+=("-D$variable:PATH=${!variable}")
+        done
     fi
     (cd "$root" && cmake --preset "$preset" "${options[@]}") </dev/null >&2
 }

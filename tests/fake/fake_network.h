@@ -107,6 +107,7 @@ class FakeRasapi32 final : public Rasapi32 {
                                       std::uint32_t& count) override {
         askedSizes = {connections[0].dwSize, size};
         if (enumResult != 0) return enumResult;
+        if (connections[0].dwSize != ras::connectionRecord) return ras::invalidSize;
         connections[0].hRasConn = handle;
         count = handle == 0 ? 0 : 1;
         return 0;
@@ -114,7 +115,9 @@ class FakeRasapi32 final : public Rasapi32 {
     std::uint32_t RasGetConnectStatusA(std::uint64_t connection, RasConnStatus& status) override {
         askedStatus = {connection, status.dwSize};
         if (statusResult != 0) return statusResult;
-        status.rasconnstate = connection == 0 ? 0 : state;
+        if (status.dwSize != ras::statusRecord) return ras::invalidSize;
+        if (connection == 0) return invalidHandle;
+        status.rasconnstate = state;
         return 0;
     }
 
@@ -124,6 +127,9 @@ class FakeRasapi32 final : public Rasapi32 {
     std::uint32_t statusResult = 0;
     std::pair<std::uint32_t, std::uint32_t> askedSizes;   ///< of a record and of the array
     std::pair<std::uint64_t, std::uint32_t> askedStatus;  ///< handle and size of the record
+
+  private:
+    static constexpr std::uint32_t invalidHandle = 6;
 };
 
 /// Takes encrypted mail at the next question, unless the test sets how it ends.

@@ -50,9 +50,9 @@ std::string PolledSocket::GetData() {
     std::string data;
     while (state_ == socket_state::connected && data.size() < greatestReading) {
         const std::size_t before = data.size();
-        data.resize(before + greatestPiece);
-        const Transfer piece =
-            sockets_->receive(socket_, data.data() + before, greatestPiece, false);
+        const std::size_t room = std::min(greatestPiece, greatestReading - before);
+        data.resize(before + room);
+        const Transfer piece = sockets_->receive(socket_, data.data() + before, room, false);
         data.resize(before + piece.bytes);
         hasInput_ = piece.progress == Progress::done;
         if (piece.progress == Progress::pending) break;

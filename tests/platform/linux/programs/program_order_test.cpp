@@ -36,10 +36,10 @@ TEST(ProgramOrder, TheFirstWordIsTheProgramAndMayStandInQuotes) {
 }
 
 TEST(ProgramOrder, DrivePathsAmongTheArgumentsBecomePathsOfTheHost) {
-    const std::vector<DriveRoot> roots{{"C:", "/"}, {"D:", "/mnt/d"}};
-    EXPECT_EQ(hostArguments("-x \"D:\\a b\" c:\\etc Q:\\none a=C:\\x", roots),
+    const std::vector<DriveRoot> drives{{"C:", "/"}, {"D:", "/mnt/d"}};
+    EXPECT_EQ(hostArguments("-x \"D:\\a b\" c:\\etc Q:\\none a=C:\\x", drives),
               (std::vector<std::string>{"-x", "/mnt/d/a b", "/etc", "Q:\\none", "a=C:\\x"}));
-    EXPECT_TRUE(hostArguments("", roots).empty());
+    EXPECT_TRUE(hostArguments("", drives).empty());
 }
 
 TEST(ProgramOrder, TheTextEditorIsKnownInAnyCaseAndFolder) {

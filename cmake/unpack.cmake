@@ -1,0 +1,20 @@
+# Archives with libraries for the cross build.
+
+# Unpacks an archive unless just that one was unpacked before; a half-done one leaves no note.
+function(velmora_unpack archive root)
+    file(SIZE "${archive}" size)
+    file(TIMESTAMP "${archive}" written)
+    set(identity "${archive} ${size} ${written}")
+    set(note "${root}.unpacked")
+    if(EXISTS "${note}" AND IS_DIRECTORY "${root}")
+        file(READ "${note}" unpacked)
+        if(unpacked STREQUAL identity)
+            return()
+        endif()
+    endif()
+    message(STATUS "Unpacking ${archive}")
+    file(REMOVE_RECURSE "${root}")
+    get_filename_component(folder "${root}" DIRECTORY)
+    file(ARCHIVE_EXTRACT INPUT "${archive}" DESTINATION "${folder}")
+    file(WRITE "${note}" "${identity}")
+endfunction()
