@@ -1,13 +1,14 @@
 // The rules by which both backends fetch a page.
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <string>
 
 namespace velmora::network {
 
 inline constexpr std::size_t greatestPage = 1 << 20;  ///< bytes; what follows isn't read
-inline constexpr long pageLimitMilliseconds = 10'000;
+inline constexpr std::chrono::milliseconds pageLimit{10'000};
 inline constexpr long mostRedirections = 10;
 inline constexpr const char* userAgent = "Velmora";
 

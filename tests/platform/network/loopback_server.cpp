@@ -146,6 +146,10 @@ std::string Peer::receiveUntil(const std::string& text) {
     return bytes;
 }
 
+void Peer::pause() {
+    isReadableSoon(handle(socket_));
+}
+
 void Peer::waitForEnd() {
     while (!receive().empty()) {
     }

@@ -27,6 +27,8 @@ class Peer {
     std::string receiveAll(std::size_t count);
     /// All up to and with this text, or up to the end.
     std::string receiveUntil(const std::string& text);
+    /// Waits for 10 ms, or less when the other side has sent something or has ended.
+    void pause();
     /// Waits until the other side has ended.
     void waitForEnd();
     void close();

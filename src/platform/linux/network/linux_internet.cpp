@@ -21,7 +21,8 @@ std::size_t takePage(const char* bytes, std::size_t /*one*/, std::size_t count, 
     return taken;
 }
 
-bool preparePage(CURL* transfer, const std::string& url, std::string& page) {
+bool preparePage(CURL* transfer, const std::string& url, std::chrono::milliseconds limit,
+                 std::string& page) {
     constexpr const char* protocols = "http,https";
     const auto set = [transfer](CURLoption option, auto value) {
         return curl_easy_setopt(transfer, option, value) == CURLE_OK;
@@ -29,7 +30,7 @@ bool preparePage(CURL* transfer, const std::string& url, std::string& page) {
     return set(CURLOPT_URL, url.c_str()) && set(CURLOPT_PROTOCOLS_STR, protocols) &&
            set(CURLOPT_REDIR_PROTOCOLS_STR, protocols) && set(CURLOPT_FOLLOWLOCATION, 1L) &&
            set(CURLOPT_MAXREDIRS, network::mostRedirections) &&
-           set(CURLOPT_TIMEOUT_MS, network::pageLimitMilliseconds) &&
+           set(CURLOPT_TIMEOUT_MS, static_cast<long>(limit.count())) &&
            // Neither signals nor waiting for the thread that asks a name server which is silent.
            set(CURLOPT_NOSIGNAL, 1L) && set(CURLOPT_QUICK_EXIT, 1L) &&
            set(CURLOPT_USERAGENT, network::userAgent) && set(CURLOPT_WRITEFUNCTION, takePage) &&
@@ -48,7 +49,7 @@ std::string LinuxInternet::OpenURL(const std::string& url) {
     if (!network::isWebAddress(url)) return {};
     const PageTransfer transfer(curl_easy_init(), curl_easy_cleanup);
     std::string page;
-    if (!transfer || !preparePage(transfer.get(), url, page)) return {};
+    if (!transfer || !preparePage(transfer.get(), url, limit_, page)) return {};
     const CURLcode result = curl_easy_perform(transfer.get());
     const bool isWhole =
         result == CURLE_OK || (result == CURLE_WRITE_ERROR && page.size() == network::greatestPage);

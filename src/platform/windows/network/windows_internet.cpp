@@ -18,8 +18,6 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr std::chrono::milliseconds pageLimit{network::pageLimitMilliseconds};
-
 class UniqueInternet {
   public:
     explicit UniqueInternet(HINTERNET handle) : handle_(handle) {}
@@ -35,7 +33,7 @@ class UniqueInternet {
 };
 
 void limitTimes(HINTERNET session) {
-    auto limit = static_cast<DWORD>(network::pageLimitMilliseconds);
+    auto limit = static_cast<DWORD>(network::pageLimit.count());
     for (const DWORD option : {INTERNET_OPTION_CONNECT_TIMEOUT, INTERNET_OPTION_SEND_TIMEOUT,
                                INTERNET_OPTION_RECEIVE_TIMEOUT}) {
         InternetSetOptionW(session, option, &limit, sizeof limit);
@@ -119,8 +117,8 @@ std::string fetch(std::string url, Clock::time_point end) {
 std::string WindowsInternet::OpenURL(const std::string& url) {
     if (!network::isWebAddress(url)) return {};
     // A server is like a drive that may never answer.
-    DriveQuestions questions(pageLimit);
-    const auto end = Clock::now() + pageLimit;
+    DriveQuestions questions(network::pageLimit);
+    const auto end = Clock::now() + network::pageLimit;
     return questions.ask<std::string>(url, [url, end] { return fetch(url, end); }).value_or("");
 }
 
