@@ -38,8 +38,9 @@ void MailSending::prcSendEmailZ() {
     if (isEncrypted()) transport = &encrypted_;
     const ComboBox& recipients = form_.cboNotEmail;
     int sent = 0;
-    // A handler may remove entries during a yield.
-    for (int i = 0; i < recipients.ListCount(); ++i) {
+    // A handler may remove entries during a yield, and one that adds some must not keep this going.
+    const int count = recipients.ListCount();
+    for (int i = 0; i < count && i < recipients.ListCount(); ++i) {
         const std::string recipient = trim(recipients.List(i));
         const std::string failure = transport->send(recipient, body);
         if (failure.empty()) ++sent;

@@ -42,10 +42,8 @@ bool UpdateCheck::announceNewer(const std::string& page) {
     const std::string text = trim(replaceAll(mid(page, at, versionPiece), versionKey, ""));
     const std::optional<double> newer = readNumber(text, platform_.regional);
     // The two numbers as they are: version 1.02 counts as 1.2.
-    const std::optional<double> current =
-        readNumber(major_ + platform_.regional.decimalPoint +
-                       std::to_string(toLong(minor_, platform_.regional)),
-                   platform_.regional);
+    const std::optional<double> current = readNumber(
+        major_ + "." + std::to_string(toLong(minor_, platform_.regional)), platform_.regional);
     if (!newer || !current || *newer <= *current) return false;
     host_.MsgBox({.text = "There is a newer version or update for the the program.  Please visit "
                           "the program webpage for more information."});

@@ -183,9 +183,10 @@ TEST_F(Form1Test, TheButtonsOfTheFilesHaveTheirPlacesAndCaptions) {
 }
 
 TEST_F(Form1Test, TheButtonsOfTheProgramsHaveTheirPlacesAndCaptions) {
-    const char* const captions[] = {"Add", "Remove", "Clear All", "Run", "..."};
-    ASSERT_EQ(form.Label5.size(), 5u);
-    for (int i = 0; i < 5; ++i) {
+    const char* const captions[] = {"Add", "Remove",        "Clear All",  "Run",
+                                    "...", "Check Updates", "Get Updates"};
+    ASSERT_EQ(form.Label5.size(), 7u);
+    for (int i = 0; i < 7; ++i) {
         EXPECT_EQ(form.Label5[i].Name(), "Label5");
         EXPECT_EQ(form.Label5[i].Index(), i);
         EXPECT_EQ(form.Label5[i].Caption(), captions[i]);

@@ -19,7 +19,7 @@ std::vector<Label*> labelButtons(Forms& forms) {
 TEST(LabelLook, EveryLabelButtonBrightensWhilePressedAndTurnsOrangeAgain) {
     CommandRig rig;
     const auto labels = labelButtons(rig.forms);
-    ASSERT_EQ(labels.size(), 5u + 5u + 9u + 4u + 5u + 5u);
+    ASSERT_EQ(labels.size(), 5u + 7u + 9u + 4u + 5u + 5u);
     for (Label* label : labels) {
         label->MouseDown();
         EXPECT_EQ(label->ForeColor(), 0xE0E0E0u) << label->Name();
