@@ -4,9 +4,9 @@
 #include <limits>
 
 #include "base/convert.h"
+#include "base/maker.h"
 #include "base/scope_guard.h"
 #include "forms/form_numbers.h"
-#include "base/maker.h"
 #include "platform/show_window.h"
 #include "rows/watch_columns.h"
 #include "rows/watch_row.h"

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "base/errors.h"
 #include "fake/fake_machine.h"
 #include "fake/fake_surface.h"
@@ -152,6 +154,82 @@ TEST_F(CoreTest, TheRulesOfTheActionsHoldAfterTheStart) {
     EXPECT_EQ(host.boxes[0].text, "The 'Move Specified files' option will be de-selected");
     EXPECT_TRUE(actions.Selected(act::remove));
     EXPECT_FALSE(actions.Selected(act::move));
+}
+
+TEST_F(CoreTest, AStoredTickOfTheCustomFileIsTakenWithoutAQuestion) {
+    machine.files[settingsPath] += line("NotlstContent=6\r\n");
+    core.load();
+    EXPECT_TRUE(host.boxes.empty());
+    EXPECT_TRUE(forms.frmNotify.lstNotContent.Selected(6));
+}
+
+TEST_F(CoreTest, TheCustomFileIsAskedForAfterTheStart) {
+    core.load();
+    forms.frmNotify.lstNotContent.userTick(6, true);
+    ASSERT_EQ(host.boxes.size(), 1u);
+    EXPECT_EQ(host.boxes[0].text, "A text base file must be specified.  Select a file now?");
+    EXPECT_FALSE(forms.frmNotify.lstNotContent.Selected(6));
+}
+
+TEST_F(CoreTest, AStoredProxyEnablesItsFields) {
+    machine.files[settingsPath] += line("notchkProxy=1\r\n");
+    core.load();
+    EXPECT_TRUE(forms.frmNotify.txtProxy.Enabled());
+    EXPECT_TRUE(forms.frmNotify.txtPort.Enabled());
+}
+
+TEST_F(CoreTest, TheScheduleOfTheMailRuns) {
+    core.load();
+    ASSERT_TRUE(forms.frmNotify.tmrEmail.Tick.connected());
+    forms.frmNotify.lstNotContent.setSelected(5, true);
+    forms.frmNotify.lstNotTime.setSelected(2, true);
+    machine.log.clear();
+    forms.frmNotify.tmrEmail.Tick();
+    EXPECT_EQ(machine.log.calls(), std::vector<std::string>{"GlobalMemoryStatus 32"});
+}
+
+TEST_F(CoreTest, OkOfTheMailSettingsSetsTheGauges) {
+    core.load();
+    forms.form1.ListView1.userSelect({1});
+    forms.form1.ListView1.userDoubleClickOn(1, 1);
+    ASSERT_TRUE(forms.frmIndDri.Visible());
+    forms.frmIndDri.VMeter2.setValue(0);
+    forms.frmNotify.cmdOK.userClick();
+    EXPECT_EQ(forms.frmIndDri.VMeter2.Value(), 25);
+    forms.frmIndDri.Hide();
+    forms.frmIndDri.VMeter2.setValue(0);
+    forms.frmNotify.cmdOK.userClick();
+    EXPECT_EQ(forms.frmIndDri.VMeter2.Value(), 0);
+}
+
+TEST_F(CoreTest, AShortageSendsTheMail) {
+    machine.files[settingsPath] += line("minspace=60000000\r\n");
+    core.load();
+    Form1& form1 = forms.form1;
+    FrmNotify& notify = forms.frmNotify;
+    notify.txtMailServer.setText("mail.example.org");
+    notify.txtYourEmail.setText("me@example.org");
+    notify.cboNotEmail.AddItem("you@example.org");
+    // A server that has every code at once.
+    machine.winsock.onConnect = [this] { machine.winsock.received = "220\r\n"; };
+    machine.winsock.onSend = [this](const std::string&) {
+        machine.winsock.received = "250 354\r\n";
+    };
+    form1.ListView1.ListItems(1).setChecked(true);
+    form1.lstAct.setSelected(act::mail, true);
+    form1.DTPInterval.setMinute(0);
+    form1.Timer1.Tick();
+    EXPECT_EQ(notify.StatusTxt.Text(), "Ready - Emails sent: 1");
+    EXPECT_NE(machine.winsock.wire().find("rcpt to:you@example.org\r\n"), std::string::npos);
+    std::vector<std::string> texts;
+    for (int i = 1; i <= form1.LVAlert.Count(); ++i) {
+        texts.push_back(ConstAlertRow(form1.LVAlert.ListItems(i)).text());
+    }
+    const auto sent =
+        std::find(texts.begin(), texts.end(), "Notfication Message Send to: you@example.org");
+    const auto reported = std::find(texts.begin(), texts.end(), "Notification Email Sent.");
+    ASSERT_NE(sent, texts.end());
+    EXPECT_EQ(reported + 1, sent);  // the newest stands on top
 }
 
 TEST_F(CoreTest, APauseOnAShortageReachesTheWatch) {

@@ -110,5 +110,63 @@ TEST_F(ToolBarTest, ShowsItsButtonsByNumber) {
     EXPECT_EQ(bar.mainPartProperty(), "Caption");
 }
 
+struct TabStripTest : testing::Test {
+    Form form{"frmNotify"};
+    TabStrip strip{form, "TabStrip1", {"one", "two", "three"}};
+    Count<Event<>> clicks{strip.Click};
+    Count<Notice<>> changes{strip.Changed};
+};
+
+TEST_F(TabStripTest, CountsItsTabsFromOneAndBeginsAtTheFirst) {
+    EXPECT_EQ(strip.TabCount(), 3);
+    EXPECT_EQ(strip.Tabs(1), "one");
+    EXPECT_EQ(strip.Tabs(3), "three");
+    EXPECT_EQ(strip.SelectedItem(), 1);
+    EXPECT_EQ(clicks, 0);
+}
+
+TEST_F(TabStripTest, ClicksOnceTheTabIsSelected) {
+    int selected = 0;
+    strip.Click.connect([&] { selected = strip.SelectedItem(); });
+    strip.userClickPart(3);
+    EXPECT_EQ(selected, 3);
+    strip.select(2);
+    EXPECT_EQ(selected, 2);
+    strip.userClickPart(2);  // the one that is selected
+    EXPECT_EQ(clicks, 3);
+    EXPECT_EQ(changes, 3);
+}
+
+TEST_F(TabStripTest, HasNoTabOutsideItsRange) {
+    for (const int index : {0, 4, -1}) {
+        EXPECT_EQ(errorOf([&] { strip.Tabs(index); }), error::indexOutOfBounds);
+        EXPECT_EQ(errorOf([&] { strip.select(index); }), error::indexOutOfBounds);
+        EXPECT_NE(refusalOf([&] { strip.userClickPart(index); }), "");
+        EXPECT_NE(refusalOf([&] { strip.partProperties(index); }), "");
+    }
+    EXPECT_EQ(strip.SelectedItem(), 1);
+    EXPECT_EQ(clicks, 0);
+    EXPECT_EQ(changes, 0);
+}
+
+TEST_F(TabStripTest, RefusesTheHandWhenDisabled) {
+    strip.setEnabled(false);
+    EXPECT_EQ(refusalOf([&] { strip.userClickPart(2); }), "TabStrip1 is disabled");
+    EXPECT_EQ(strip.SelectedItem(), 1);
+}
+
+TEST_F(TabStripTest, ShowsItsTabsByNumber) {
+    strip.select(2);
+    EXPECT_EQ(strip.mainProperty(), "SelectedItem");
+    EXPECT_EQ(get(strip, "SelectedItem"), "2");
+    EXPECT_EQ(get(strip, "TabCount"), "3");
+    EXPECT_TRUE(readOnly(strip, "SelectedItem"));
+    EXPECT_TRUE(readOnly(strip, "TabCount"));
+    EXPECT_EQ(strip.mainPartProperty(), "Caption");
+    EXPECT_EQ(getPart(strip, 2, "Caption"), "two");
+    EXPECT_EQ(getPart(strip, 2, "Selected"), "true");
+    EXPECT_EQ(getPart(strip, 3, "Selected"), "false");
+}
+
 }  // namespace
 }  // namespace velmora::tests

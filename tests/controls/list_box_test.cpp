@@ -120,6 +120,115 @@ TEST_F(ComboBoxTest, IsTypedIntoByName) {
     EXPECT_EQ(refusalOf([&] { set(combo, "Text", "x"); }), "cboFile is disabled");
 }
 
+struct ChosenEntryTest : ComboBoxTest {
+    ChosenEntryTest() {
+        for (const char* entry : {"a", "b", "c"}) combo.AddItem(entry);
+    }
+};
+
+TEST_F(ChosenEntryTest, NoneIsChosenAtFirst) {
+    EXPECT_EQ(combo.ListIndex(), -1);
+    EXPECT_EQ(combo.Text(), "");
+}
+
+TEST_F(ChosenEntryTest, AChosenEntryGivesItsText) {
+    combo.setListIndex(1);
+    EXPECT_EQ(combo.ListIndex(), 1);
+    EXPECT_EQ(combo.Text(), "b");
+    EXPECT_EQ(changes, 1);
+    combo.setListIndex(-1);
+    EXPECT_EQ(combo.ListIndex(), -1);
+    EXPECT_EQ(combo.Text(), "");
+    EXPECT_EQ(changes, 2);
+}
+
+TEST_F(ChosenEntryTest, AnEntryWithTheSameTextIsNoChange) {
+    combo.AddItem("a");
+    combo.setListIndex(0);
+    const Count notices(combo.Changed);
+    combo.setListIndex(3);
+    EXPECT_EQ(combo.ListIndex(), 3);
+    EXPECT_EQ(changes, 1);
+    EXPECT_EQ(notices, 1);
+}
+
+TEST_F(ChosenEntryTest, AnotherTextChoosesNone) {
+    combo.setListIndex(1);
+    combo.setText("b");
+    EXPECT_EQ(combo.ListIndex(), 1);
+    combo.setText("c");
+    EXPECT_EQ(combo.ListIndex(), -1);
+}
+
+TEST_F(ChosenEntryTest, AddingKeepsTheChoice) {
+    combo.setListIndex(2);
+    combo.AddItem("d");
+    EXPECT_EQ(combo.ListIndex(), 2);
+    combo.Clear();
+    EXPECT_EQ(combo.ListIndex(), -1);
+    EXPECT_EQ(combo.Text(), "c");
+}
+
+TEST_F(ChosenEntryTest, RemovingMovesTheChoiceWithItsEntry) {
+    combo.setListIndex(1);
+    combo.RemoveItem(2);
+    EXPECT_EQ(combo.ListIndex(), 1);
+    combo.RemoveItem(0);
+    EXPECT_EQ(combo.ListIndex(), 0);
+    EXPECT_EQ(combo.List(0), "b");
+    combo.RemoveItem(0);
+    EXPECT_EQ(combo.ListIndex(), -1);
+    EXPECT_EQ(combo.ListCount(), 0);
+}
+
+TEST_F(ChosenEntryTest, RemovingTheFirstOfTwoLeavesNoneChosen) {
+    combo.setListIndex(0);
+    combo.RemoveItem(0);
+    EXPECT_EQ(combo.ListIndex(), -1);
+    EXPECT_EQ(combo.List(0), "b");
+}
+
+TEST_F(ChosenEntryTest, NoEntryOutsideTheListIsChosenOrRemoved) {
+    for (const int index : {-2, 3}) {
+        EXPECT_EQ(errorOf([&] { combo.setListIndex(index); }), error::invalidPropertyValue);
+    }
+    for (const int index : {-1, 3}) {
+        EXPECT_EQ(errorOf([&] { combo.RemoveItem(index); }), error::invalidCall);
+    }
+    EXPECT_EQ(combo.ListCount(), 3);
+    EXPECT_EQ(changes, 0);
+}
+
+TEST_F(ChosenEntryTest, IsChosenByName) {
+    set(combo, "ListIndex", "2");
+    EXPECT_EQ(get(combo, "ListIndex"), "2");
+    EXPECT_EQ(get(combo, "Text"), "c");
+    set(combo, "ListIndex", "-1");
+    EXPECT_EQ(get(combo, "Text"), "");
+    for (const char* wrong : {"3", "-2", "b", ""}) {
+        EXPECT_NE(refusalOf([&] { set(combo, "ListIndex", wrong); }), "") << wrong;
+    }
+    combo.setEnabled(false);
+    EXPECT_EQ(refusalOf([&] { set(combo, "ListIndex", "1"); }), "cboFile is disabled");
+}
+
+TEST_F(ChosenEntryTest, KeysAreTypedByTheirCode) {
+    int typed = 0;
+    combo.KeyPress.connect([&](int code) { typed = code; });
+    EXPECT_EQ(get(combo, "KeyPress"), "0");
+    for (const auto& [text, code] : {std::pair{"13", 13}, {"1", 1}, {"1114111", 0x10FFFF}}) {
+        set(combo, "KeyPress", text);
+        EXPECT_EQ(typed, code);
+    }
+    for (const char* wrong : {"0", "1114112", "-1", "x"}) {
+        EXPECT_NE(refusalOf([&] { set(combo, "KeyPress", wrong); }), "") << wrong;
+    }
+    EXPECT_EQ(typed, 0x10FFFF);
+    EXPECT_EQ(changes, 0);
+    combo.setEnabled(false);
+    EXPECT_EQ(refusalOf([&] { set(combo, "KeyPress", "13"); }), "cboFile is disabled");
+}
+
 TEST(ListBoxHand, AClickOfTheHandTicksNothing) {
     Form form("Form1");
     ListBox list(form, "lstAct", {"one", "two"});

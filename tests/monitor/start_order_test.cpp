@@ -113,6 +113,38 @@ TEST(StartOrder, EveryStepComesInItsPlace) {
     EXPECT_TRUE(rig.host.boxes.empty());
 }
 
+TEST(StartOrder, UpdatesAreAskedForBetweenTheShortcutAndTheFirstFigures) {
+    StartRig rig;
+    rig.onSettings = [&] { rig.form1.chkUpdate.setValue(1); };
+    rig.host.onBox = [&](const Box& box) { rig.note(box.text); };
+    rig.lifeCycle.Form_Load();
+    const auto place = [&](const std::string& step) {
+        return std::find(rig.calls.begin(), rig.calls.end(), step) - rig.calls.begin();
+    };
+    const auto box = place("The program is currently up to date");
+    ASSERT_LT(box, static_cast<std::ptrdiff_t>(rig.calls.size()));
+    EXPECT_EQ(box, place(std::string("Save ") + sendToFolder + "\\Velmora.lnk") + 1);
+    EXPECT_EQ(box, place("GetFolder C:\\") - 1);
+    EXPECT_EQ(rig.machine.internet.opened, Texts{"http://velmora.example/velmora/status.htm"});
+    // Nobody asks whether there is a connection.
+    EXPECT_EQ(rig.machine.rasapi32.askedSizes.first, 0u);
+}
+
+TEST(StartOrder, WithoutTheOptionUpdatesAreNotAskedFor) {
+    StartRig rig;
+    rig.lifeCycle.Form_Load();
+    EXPECT_TRUE(rig.machine.internet.opened.empty());
+    EXPECT_TRUE(rig.host.boxes.empty());
+}
+
+TEST(StartOrder, AnErrorOfTheQuestionForUpdatesLeavesTheStartAtThatPoint) {
+    StartRig rig;
+    rig.onSettings = [&] { rig.form1.chkUpdate.setValue(1); };
+    rig.machine.internet.failsWith = 35764;
+    EXPECT_EQ(rig.errorOfLoad(), 35764);
+    EXPECT_EQ(rig.calls.back(), std::string("Save ") + sendToFolder + "\\Velmora.lnk");
+}
+
 TEST(StartOrder, TheSystemTimeAndTheSettingsPathAreKept) {
     StartRig rig;
     rig.lifeCycle.Form_Load();

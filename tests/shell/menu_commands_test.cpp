@@ -209,10 +209,19 @@ TEST(FunctionsMenu, AnErrorOfTheAlertBecomesAnAlert) {
     EXPECT_TRUE(rig.host.boxes.empty());
 }
 
-TEST(FunctionsMenu, NotificationShowsTheMailSettings) {
+TEST(FunctionsMenu, NotificationShowsTheMailSettingsAndHidesThemAgain) {
     CommandRig rig;
-    rig.form1.mnuNotif.userClick();
-    EXPECT_TRUE(rig.forms.frmNotify.Visible());
+    for (const bool shown : {true, false, true}) {
+        rig.form1.mnuNotif.userClick();
+        EXPECT_EQ(rig.forms.frmNotify.Visible(), shown);
+    }
+    EXPECT_EQ(rig.shown, (Texts{"frmNotify", "frmNotify"}));
+}
+
+TEST(UpdateButtons, GetUpdatesOpensTheMakersPage) {
+    CommandRig rig;
+    rig.form1.Label5[6].userClick();
+    EXPECT_EQ(rig.orders(), Texts{"Form1 open http://velmora.example/velmora/"});
 }
 
 TEST(FunctionsMenu, CleanManagerOpensItsOwnDialog) {

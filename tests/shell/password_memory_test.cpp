@@ -161,6 +161,13 @@ TEST_P(PasswordMemoryTest, IsNowhereWhenItsTextBoxIsDestroyed) {
     EXPECT_EQ(search.count(), 0u);
 }
 
+TEST_P(PasswordMemoryTest, ThatOfTheMailAccountIsNowhereOnceItIsReplaced) {
+    typeInto(forms.frmNotify.txtPass);
+    EXPECT_EQ(search.count(), 1u);
+    forms.frmNotify.txtPass.setText("");
+    EXPECT_EQ(search.count(), 0u);
+}
+
 INSTANTIATE_TEST_SUITE_P(
     OfThreeLengths, PasswordMemoryTest,
     testing::Values(std::vector<unsigned char>(shortOne.begin(), shortOne.end()),

@@ -203,11 +203,22 @@ TEST_F(SmallActionsTest, AProgramThatTheSystemRefusesCountsAsExecuted) {
     EXPECT_EQ(strAlert(), " - ALERT - Specified Program Executed: \r\nC:\\a.exe\r\n");
 }
 
-TEST_F(SmallActionsTest, TheMailIsReportedOnce) {
+TEST_F(SmallActionsTest, TheMailIsSentOnceAndReportedThen) {
+    int sendings = 0;
+    forms.frmNotify.SendEmail.connect([&] {
+        ++sendings;
+        EXPECT_EQ(alertCount(), 0);
+    });
     run(act::mail);
+    EXPECT_EQ(sendings, 1);
     EXPECT_EQ(alert(1), note("Notification Email Sent."));
     EXPECT_EQ(alertCount(), 1);
     EXPECT_EQ(strAlert(), shortageText);
+}
+
+TEST_F(SmallActionsTest, NoOtherActionSendsMail) {
+    forms.frmNotify.SendEmail.connect([] { ADD_FAILURE(); });
+    for (const int action : {act::sound, act::emptyBin, act::cleaner, act::pause}) run(action);
 }
 
 TEST_F(SmallActionsTest, TheCleanerGetsTheLetterOfTheRowsDrive) {
