@@ -53,10 +53,8 @@ void NotifyWindow::connectRecipients() {
 
 void NotifyWindow::Command1_Click() {
     runMonitoringTimers();
-    const BoxAnswer answer =
-        host_.MsgBox({.text = "Are you sure you want to send notifications now?",
-                      .icon = BoxIcon::question,
-                      .buttons = BoxButtons::yesNo});
+    const BoxAnswer answer = host_.MsgBox(
+        {.text = "Are you sure you want to send notifications now?", .buttons = BoxButtons::yesNo});
     runMonitoringTimers();
     if (answer == BoxAnswer::yes) form_.SendEmail();
 }
@@ -66,8 +64,7 @@ void NotifyWindow::cmdApply_Click() {
     const std::string text = "You have not fill in all your email account settings" + endLine() +
                              "Mail Server, UserName, Password, To: Email(s), etc." + endLine() +
                              "Do you wish to leave it like it is";
-    const BoxAnswer answer =
-        host_.MsgBox({.text = text, .icon = BoxIcon::question, .buttons = BoxButtons::yesNo});
+    const BoxAnswer answer = host_.MsgBox({.text = text, .buttons = BoxButtons::yesNo});
     if (answer == BoxAnswer::no) runMonitoringTimers();
 }
 
@@ -118,7 +115,6 @@ void NotifyWindow::lstNotContent_ItemCheck(int index) {
         runMonitoringTimers();
         const BoxAnswer answer =
             host_.MsgBox({.text = "A text base file must be specified.  Select a file now?",
-                          .icon = BoxIcon::question,
                           .buttons = BoxButtons::yesNo});
         runMonitoringTimers();
         if (answer == BoxAnswer::yes) form_.cmdNotOpenFile.Click();

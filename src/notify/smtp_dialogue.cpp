@@ -1,5 +1,6 @@
 #include "notify/smtp_dialogue.h"
 
+#include "notify/code_search.h"
 #include "notify/report_text.h"
 
 namespace velmora {
@@ -53,17 +54,16 @@ bool SmtpDialogue::sendmail(Winsock& socket, const std::string& server, std::int
 }
 
 bool SmtpDialogue::prcWaitReply(Winsock& socket, const std::string& code, Timer& timer) {
-    std::string received = socket.GetData();
+    CodeSearch search(code);
+    bool found = search.isFoundWith(socket.GetData());
     prcTimerStop(timer);
     prcTimerStart(timer);
-    for (;;) {
-        if (contains(received, code)) return true;
-        // Only a beginning of the code can still matter: memory is bounded, however much comes.
-        if (received.size() >= code.size()) received.erase(0, received.size() - code.size() + 1);
+    while (!found) {
         yield(socket);
         if (socket.State() != socket_state::connected) return false;
-        received += socket.GetData();
+        found = search.isFoundWith(socket.GetData());
     }
+    return true;
 }
 
 void SmtpDialogue::prcTimerStop(Timer& timer) {

@@ -62,6 +62,7 @@ TEST_F(NotifyWindowTest, SendNowAsksFirst) {
     ASSERT_EQ(host.boxes.size(), 1u);
     EXPECT_EQ(host.boxes[0].text, "Are you sure you want to send notifications now?");
     EXPECT_EQ(host.boxes[0].buttons, BoxButtons::yesNo);
+    EXPECT_EQ(host.boxes[0].icon, BoxIcon::none);
     EXPECT_EQ(sendings, 0);
 }
 
@@ -107,6 +108,7 @@ TEST_F(NotifyWindowTest, EachOfTheFiveTextsMustBeThere) {
         ASSERT_EQ(host.boxes.size(), 1u) << box->Name();
         EXPECT_EQ(host.boxes[0].text, incomplete);
         EXPECT_EQ(host.boxes[0].buttons, BoxButtons::yesNo);
+        EXPECT_EQ(host.boxes[0].icon, BoxIcon::none);
         EXPECT_EQ(box->Text(), "");
         box->setText(filled);
     }
@@ -307,6 +309,7 @@ TEST_F(CustomSectionTest, AskedForAFileThatIsMissing) {
     ASSERT_EQ(host.boxes.size(), 1u);
     EXPECT_EQ(host.boxes[0].text, "A text base file must be specified.  Select a file now?");
     EXPECT_EQ(host.boxes[0].buttons, BoxButtons::yesNo);
+    EXPECT_EQ(host.boxes[0].icon, BoxIcon::none);
     EXPECT_EQ(form.txtCustomContent.Text(), "C:\\notes.txt");
     EXPECT_TRUE(ticked());
 }
