@@ -40,19 +40,18 @@ std::string placeOf(const SmtpMessage& message) {
 
 void ServerReplies::add(std::string_view line) {
     while (line.ends_with('\n') || line.ends_with('\r')) line.remove_suffix(1);
+    if (line.starts_with("221")) return;
+    refusal_.clear();
+    if (!line.starts_with('4') && !line.starts_with('5')) return;
     // Control characters have no place in a message box.
-    last_ = line.substr(0, longestReply);
+    refusal_ = line.substr(0, longestReply);
     std::replace_if(
-        last_.begin(), last_.end(),
+        refusal_.begin(), refusal_.end(),
         [](char letter) { return static_cast<unsigned char>(letter) < ' '; }, ' ');
 }
 
-std::string ServerReplies::refusal() const {
-    return last_.starts_with('4') || last_.starts_with('5') ? last_ : "";
-}
-
 std::string failureInWords(const MailOutcome& outcome, const SmtpMessage& message) {
-    const std::string refusal = outcome.replies.refusal();
+    const std::string& refusal = outcome.replies.refusal();
     switch (outcome.result) {
         case CURLE_OK:
             return {};

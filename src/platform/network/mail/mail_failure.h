@@ -8,18 +8,17 @@
 
 namespace velmora::network {
 
-/// The lines that a server has sent.
+/// What a server has answered, line by line.
 class ServerReplies {
   public:
     /// One line, with or without its end.
     void add(std::string_view line);
-    /// The last line; empty when there was none.
-    const std::string& last() const { return last_; }
-    /// The last line if it is a refusal, that is, a reply from 400 on.
-    std::string refusal() const;
+    /// The last line of the last refusal, that is, of a reply from 400 on; empty when the server
+    /// has agreed to something since. Its farewell agrees to nothing.
+    const std::string& refusal() const { return refusal_; }
 
   private:
-    std::string last_;
+    std::string refusal_;
 };
 
 struct MailOutcome {

@@ -4,8 +4,10 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <cstdlib>
 #include <cstring>
+#include <mutex>
 #include <string_view>
 #include <utility>
 
@@ -70,7 +72,8 @@ std::string objectionTo(const SmtpMessage& message) {
 
 // What the library works with while it sends; it keeps pointers into it.
 struct MailJob::Transfer {
-    explicit Transfer(const SmtpMessage& sent) : message(sent) {}
+    Transfer(const SmtpMessage& sent, const std::atomic<bool>& cancelled)
+        : message(sent), isCancelled(cancelled) {}
     ~Transfer() {
         curl_easy_cleanup(handle);
         curl_slist_free_all(recipients);
@@ -85,12 +88,28 @@ struct MailJob::Transfer {
     bool prepare();
     bool addressMessage();
     bool secure();
+    bool mayEndEarly();
     std::size_t giveData(char* target, std::size_t room);
     static std::size_t giveDataTo(char* target, std::size_t one, std::size_t count, void* self) {
         return static_cast<Transfer*>(self)->giveData(target, one * count);
     }
 
+    // Taking a transfer away from the library would let it finish the message as far as it has
+    // come; ended by this call it drops the message.
+    static int isToEnd(void* self, curl_off_t, curl_off_t, curl_off_t, curl_off_t) {
+        const auto& transfer = *static_cast<const Transfer*>(self);
+        return transfer.isCancelled || transfer.saysGoodbye ? 1 : 0;
+    }
+    static int noteCommand(CURL*, curl_infotype kind, char* bytes, std::size_t count, void* self) {
+        const bool isGoodbye =
+            kind == CURLINFO_HEADER_OUT && std::string_view(bytes, count).starts_with("QUIT");
+        if (isGoodbye) static_cast<Transfer*>(self)->saysGoodbye = true;
+        return 0;
+    }
+
     const SmtpMessage& message;
+    const std::atomic<bool>& isCancelled;
+    bool saysGoodbye = false;  // the outcome is known then, and the farewell not worth waiting for
     CURL* handle = curl_easy_init();
     curl_slist* recipients = nullptr;
     std::size_t given = 0;  // bytes of the message
@@ -126,11 +145,19 @@ bool MailJob::Transfer::secure() {
            set(CURLOPT_SSL_OPTIONS, static_cast<long>(CURLSSLOPT_REVOKE_BEST_EFFORT));
 }
 
+bool MailJob::Transfer::mayEndEarly() {
+    return set(CURLOPT_NOPROGRESS, 0L) && set(CURLOPT_XFERINFOFUNCTION, isToEnd) &&
+           set(CURLOPT_XFERINFODATA, this) && set(CURLOPT_VERBOSE, 1L) &&
+           set(CURLOPT_DEBUGFUNCTION, noteCommand) && set(CURLOPT_DEBUGDATA, this) &&
+           // The farewell belongs to this transfer, so that it can be cut short.
+           set(CURLOPT_FORBID_REUSE, 1L);
+}
+
 bool MailJob::Transfer::prepare() {
     if (!handle) return false;
     const bool hasUser = !message.user.empty();
     return set(CURLOPT_URL, urlOf(message).c_str()) && set(CURLOPT_PROTOCOLS_STR, "smtp,smtps") &&
-           addressMessage() && secure() &&
+           addressMessage() && secure() && mayEndEarly() &&
            set(CURLOPT_TIMEOUT_MS, static_cast<long>(mailLimit.count())) &&
            // Neither signals nor waiting for the thread that asks a name server which is silent.
            set(CURLOPT_NOSIGNAL, 1L) && set(CURLOPT_QUICK_EXIT, 1L) &&
@@ -163,7 +190,7 @@ void MailJob::cancel() {
 }
 
 std::string MailJob::send(SmtpMessage& message) {
-    Transfer transfer(message);
+    Transfer transfer(message, isCancelled_);
     const bool isPrepared = transfer.prepare();
     // The library has a copy of its own by now.
     wipe(message.password);
@@ -178,7 +205,7 @@ std::string MailJob::send(SmtpMessage& message) {
 
 std::string MailJob::perform(Transfer& transfer) {
     constexpr int longestWait = 1000;  // milliseconds; the library ends it sooner when it must
-    while (!isCancelled_) {
+    while (true) {
         int running = 0;
         if (curl_multi_perform(multi_, &running) != CURLM_OK) break;
         int left = 0;
@@ -191,7 +218,7 @@ std::string MailJob::perform(Transfer& transfer) {
         }
         if (curl_multi_poll(multi_, nullptr, 0, longestWait, nullptr) != CURLM_OK) break;
     }
-    return isCancelled_ ? "The sending was given up." : "The sending could not go on.";
+    return "The sending could not go on.";
 }
 
 }  // namespace velmora::network

@@ -28,7 +28,7 @@ class MailJob {
     /// Sends and gives the reason why the server didn't take the message; empty when it did. The
     /// password is wiped from the message.
     std::string send(SmtpMessage& message);
-    /// Takes leave of the server, which may keep it waiting for minutes. Nothing is sent any more.
+    /// Frees what it holds of the library, on the thread that has sent. Nothing is sent any more.
     void close();
     /// Ends `send` soon. This may come from another thread, at any time.
     void cancel();

@@ -48,11 +48,12 @@ HINTERNET openPage(HINTERNET session, const std::string& url) {
     return InternetOpenUrlW(session, toUtf16(url).c_str(), nullptr, 0, flags, 0);
 }
 
-DWORD answerOf(HINTERNET page) {
-    DWORD answer = 0;
-    DWORD size = sizeof answer;
-    HttpQueryInfoW(page, HTTP_QUERY_STATUS_CODE | HTTP_QUERY_FLAG_NUMBER, &answer, &size, nullptr);
-    return answer;
+// A number of the answer's head; 0 when it has none of that kind.
+DWORD numberOf(HINTERNET page, DWORD kind) {
+    DWORD number = 0;
+    DWORD size = sizeof number;
+    HttpQueryInfoW(page, kind | HTTP_QUERY_FLAG_NUMBER, &number, &size, nullptr);
+    return number;
 }
 
 bool isRedirection(DWORD answer) {
@@ -92,7 +93,9 @@ std::string read(HINTERNET page, Clock::time_point end) {
         text.resize(before + taken);
         if (taken == 0) break;
     }
-    return text;
+    // A connection that breaks off ends the reading like the end of the page.
+    const std::size_t announced = numberOf(page, HTTP_QUERY_CONTENT_LENGTH);
+    return text.size() < std::min(announced, network::greatestPage) ? "" : text;
 }
 
 std::string fetch(std::string url, Clock::time_point end) {
@@ -104,7 +107,7 @@ std::string fetch(std::string url, Clock::time_point end) {
         if (!network::isWebAddress(url) || Clock::now() > end) return {};
         const UniqueInternet page(openPage(session.get(), url));
         if (!page.get()) return {};
-        const DWORD answer = answerOf(page.get());
+        const DWORD answer = numberOf(page.get(), HTTP_QUERY_STATUS_CODE);
         if (answer >= 200 && answer < 300) return read(page.get(), end);
         if (!isRedirection(answer)) return {};
         url = targetOf(page.get(), url);

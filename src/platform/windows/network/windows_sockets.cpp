@@ -99,7 +99,11 @@ Transfer WindowsSockets::send(network::SocketNumber socket, const char* bytes, s
 
 Transfer WindowsSockets::receive(network::SocketNumber socket, char* bytes, std::size_t count,
                                  bool peek) {
-    return transferOf(recv(handleOf(socket), bytes, pieceOf(count), peek ? MSG_PEEK : 0));
+    const Transfer received =
+        transferOf(recv(handleOf(socket), bytes, pieceOf(count), peek ? MSG_PEEK : 0));
+    // A wait may have taken note of a reset already, which then reads as an end.
+    const bool isEnd = received.progress == Progress::done && received.bytes == 0;
+    return isEnd && outcomeOfConnect(socket) == Progress::failed ? Transfer{} : received;
 }
 
 // Not WSAPoll: before Windows 10 2004 it doesn't report that connecting has failed.
