@@ -40,11 +40,11 @@ bool UpdateCheck::announceNewer(const std::string& page) {
     const std::size_t at = position(page, versionKey);
     if (at == 0) return false;
     const std::string text = trim(replaceAll(mid(page, at, versionPiece), versionKey, ""));
-    const std::optional<double> newer = readNumber(text, platform_.regional);
+    const Regional& regional = platform_.regional;
+    if (!isNumeric(text, regional)) return false;
     // The two numbers as they are: version 1.02 counts as 1.2.
-    const std::optional<double> current = readNumber(
-        major_ + "." + std::to_string(toLong(minor_, platform_.regional)), platform_.regional);
-    if (!newer || !current || *newer <= *current) return false;
+    const std::string current = major_ + "." + std::to_string(toLong(minor_, regional));
+    if (toDouble(text, regional) <= toDouble(current, regional)) return false;
     host_.MsgBox({.text = "There is a newer version or update for the the program.  Please visit "
                           "the program webpage for more information."});
     form1_.lblNewVer.setCaption("New update available: " + text);

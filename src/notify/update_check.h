@@ -22,6 +22,7 @@ class UpdateCheck {
     /// Whether the first dial-up connection is connected.
     bool fIsRasConnected();
     /// Reports the version that a status page names, if it is newer than this one; whether it is.
+    /// Error 13 where this one, with its point, is no number in the regional form.
     bool announceNewer(const std::string& page);
 
   private:

@@ -141,12 +141,15 @@ TEST_F(SmtpDialogueTest, ASilentServerIsWaitedForWithoutEnd) {
 }
 
 TEST_F(SmtpDialogueTest, WithoutAGreetingNothingIsSent) {
-    greeting = "";
-    host.onYield = [](int yield) {
-        if (yield == 1000) throw StillWaiting();
-    };
-    EXPECT_THROW(send(), StillWaiting);
-    EXPECT_TRUE(socket.sent.empty());
+    for (const char* other : {"", "22\r\n", "250 20\r\n"}) {
+        greeting = other;
+        host.yields = 0;
+        host.onYield = [](int yield) {
+            if (yield == 1000) throw StillWaiting();
+        };
+        EXPECT_THROW(send(), StillWaiting) << other;
+        EXPECT_TRUE(socket.sent.empty());
+    }
 }
 
 TEST_F(SmtpDialogueTest, AServerThatClosesEndsItAsFailed) {
@@ -189,10 +192,10 @@ TEST_F(SmtpDialogueTest, ACodeCountsWhereverItStands) {
 
 TEST_F(SmtpDialogueTest, ADialogueHasOnlyTheCodesOfItsSteps) {
     // Each of these lacks the digits that are waited for.
-    const std::pair<const char*, const char*> others[] = {{"helo ", "220\r\n"},
+    const std::pair<const char*, const char*> others[] = {{"helo ", "220 25\r\n"},
                                                           {"mail from:", "25\r\n"},
-                                                          {"rcpt to:", "354\r\n"},
-                                                          {"DATA\r\n", "250\r\n"},
+                                                          {"rcpt to:", "354 25 50\r\n"},
+                                                          {"DATA\r\n", "250 35 54\r\n"},
                                                           {"\r\n.\r\n", "354 2 5\r\n"}};
     for (const auto& [step, other] : others) {
         const std::string right = replies[step];

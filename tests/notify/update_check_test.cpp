@@ -129,6 +129,8 @@ TEST_F(UpdateCheckTest, VersionsAreTakenAsTheirTwoNumbers) {
     EXPECT_FALSE(other.announceNewer("update=1.1"));
     EXPECT_FALSE(other.announceNewer("update=1.2"));
     EXPECT_TRUE(other.announceNewer("update=1.21"));
+    UpdateCheck two{forms, platform, host, "1.2"};
+    EXPECT_FALSE(two.announceNewer("update=1.1"));
     UpdateCheck whole{forms, platform, host, "3"};
     EXPECT_FALSE(whole.announceNewer("update=3"));
     EXPECT_TRUE(whole.announceNewer("update=3.1"));
@@ -141,6 +143,10 @@ TEST_F(UpdateCheckTest, TheVersionInHandHasAPointInAnyRegion) {
     EXPECT_FALSE(isNewer("update=1.1"));
     EXPECT_FALSE(isNewer("update=1.2"));
     EXPECT_TRUE(isNewer("update=1.3"));
+    // Where a point is no mark at all, only whole versions are numbers on a page.
+    platform.regional.digitGroup = " ";
+    EXPECT_FALSE(isNewer("update=1.3"));
+    EXPECT_EQ(errorOf([this] { isNewer("update=3"); }), error::typeMismatch);
 }
 
 }  // namespace

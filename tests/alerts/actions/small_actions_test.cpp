@@ -216,6 +216,12 @@ TEST_F(SmallActionsTest, TheMailIsSentOnceAndReportedThen) {
     EXPECT_EQ(strAlert(), shortageText);
 }
 
+TEST_F(SmallActionsTest, AnErrorOfTheSendingGoesToTheCallerWithoutAReport) {
+    forms.frmNotify.SendEmail.connect([] { throw RuntimeError(error::overflow); });
+    EXPECT_EQ(errorOf(act::mail), error::overflow);
+    EXPECT_EQ(alertCount(), 0);
+}
+
 TEST_F(SmallActionsTest, NoOtherActionSendsMail) {
     forms.frmNotify.SendEmail.connect([] { ADD_FAILURE(); });
     for (const int action : {act::sound, act::emptyBin, act::cleaner, act::pause}) run(action);
