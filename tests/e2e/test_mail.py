@@ -308,8 +308,8 @@ class Encrypted:
         stored, = self.server.messages(1)
         message = email.message_from_bytes(stored, policy=email.policy.default)
         self.assertEqual(message["Subject"], "Platz wird knapp: größer")
-        self.assertEqual(message["To"], "<bob@test.example>")
-        self.assertEqual(message.get_content(), "\nCustom Message: \n.one\n.\ntwo")
+        self.assertEqual(message["To"].addresses[0].addr_spec, "bob@test.example")
+        self.assertEqual(message.get_content(), "\r\nCustom Message: \r\n.one\r\n.\r\ntwo")
         self.assertFalse(message.defects)
 
     def check_refused(self, encryption, reason, **options):
@@ -324,17 +324,17 @@ class Encrypted:
         self.check_sent("TLS")
 
     def test_a_wrong_password_is_refused_with_the_reason(self):
-        self.check_refused("TLS", "(?i)(password|login|auth)", password="wrong")
+        self.check_refused("TLS", "([Pp]assword|[Ll]ogin|[Aa]uth)", password="wrong")
 
     def test_a_certificate_of_another_host_is_refused(self):
         self.certificates = Certificates(self.folder, "elsewhere.example")
-        self.check_refused("TLS", "(?i)certificate")
+        self.check_refused("TLS", "[Cc]ertificate")
 
     def test_a_certificate_of_another_authority_is_refused(self):
         other = self.folder / "other"
         other.mkdir()
         self.authority = Certificates(other, self.host).authority
-        self.check_refused("STARTTLS", "(?i)certificate")
+        self.check_refused("STARTTLS", "[Cc]ertificate")
 
 
 class NativeEncrypted(Encrypted, OwnNative, unittest.TestCase):
