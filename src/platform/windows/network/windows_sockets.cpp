@@ -101,9 +101,11 @@ Transfer WindowsSockets::receive(network::SocketNumber socket, char* bytes, std:
                                  bool peek) {
     const Transfer received =
         transferOf(recv(handleOf(socket), bytes, pieceOf(count), peek ? MSG_PEEK : 0));
-    // A wait may have taken note of a reset already, which then reads as an end.
     const bool isEnd = received.progress == Progress::done && received.bytes == 0;
-    return isEnd && outcomeOfConnect(socket) == Progress::failed ? Transfer{} : received;
+    // Under Wine a reset reads as an end once a wait has seen it, but nothing can be sent then, not
+    // even nothing.
+    const bool isReset = isEnd && send(socket, "", 0).progress == Progress::failed;
+    return isReset ? Transfer{} : received;
 }
 
 // Not WSAPoll: before Windows 10 2004 it doesn't report that connecting has failed.
