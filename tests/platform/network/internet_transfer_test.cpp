@@ -26,7 +26,7 @@ class InternetTransferTest : public testing::Test {
 };
 
 TEST_F(InternetTransferTest, GivesThePage) {
-    const std::string page("<html>\0 \xE4\xF6\r\n</html>", 21);
+    const std::string page("<html>\0 \xE4\xF6\r\n</html>", 19);
     EXPECT_EQ(openAnswer(httpAnswer("200 OK", page)), page);
     EXPECT_EQ(openAnswer(httpAnswer("206 Partial Content", "part")), "part");
 }
