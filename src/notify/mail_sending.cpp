@@ -22,8 +22,14 @@ MailSending::MailSending(Forms& forms, Platform& platform, Host& host, MessageCo
     form_.SendEmail.connect([this] { prcSendEmailZ(); });
     const std::string reason = platform.smtpClient.unavailableBecause();
     if (reason.empty()) return;
-    form_.cboEncryption.setEnabled(false);
     form_.cboEncryption.setToolTipText(reason);
+    form_.cboEncryption.Change.connect([this] { offerNoEncryption(); });
+    offerNoEncryption();
+}
+
+// What the settings brought can be taken back.
+void MailSending::offerNoEncryption() {
+    form_.cboEncryption.setEnabled(form_.cboEncryption.Text() != mail_encryption::none);
 }
 
 void MailSending::prcSendEmailZ() {
@@ -34,15 +40,13 @@ void MailSending::prcSendEmailZ() {
                form_.txtCustMsg.Text();
     });
     show("Busy sending mail...");
-    MailTransport* transport = &plain_;
-    if (isEncrypted()) transport = &encrypted_;
     const ComboBox& recipients = form_.cboNotEmail;
     int sent = 0;
     // A handler may remove entries during a yield, and one that adds some must not keep this going.
     const int count = recipients.ListCount();
     for (int i = 0; i < count && i < recipients.ListCount(); ++i) {
         const std::string recipient = trim(recipients.List(i));
-        const std::string failure = transport->send(recipient, body);
+        const std::string failure = send(recipient, body);
         if (failure.empty()) ++sent;
         show("Busy sending mail - Email sent: " + std::to_string(i + 1) + "/" +
              std::to_string(recipients.ListCount()));
@@ -56,9 +60,19 @@ void MailSending::prcSendEmailZ() {
     show("Ready - Emails sent: " + std::to_string(sent));
 }
 
-bool MailSending::isEncrypted() const {
+// The user may choose another encryption while the mail is composed or sent.
+std::string MailSending::send(const std::string& recipient, std::string& body) {
+    MailTransport* transport = chosenTransport();
+    if (transport == nullptr) return "no such encryption: " + form_.cboEncryption.Text();
+    return transport->send(recipient, body);
+}
+
+// Nothing that is meant to be encrypted goes out plain: null for a text that isn't known.
+MailTransport* MailSending::chosenTransport() {
     const std::string& chosen = form_.cboEncryption.Text();
-    return chosen == mail_encryption::startTls || chosen == mail_encryption::tls;
+    if (chosen == mail_encryption::none) return &plain_;
+    const bool known = chosen == mail_encryption::startTls || chosen == mail_encryption::tls;
+    return known ? &encrypted_ : nullptr;
 }
 
 bool MailSending::isComplete() {
@@ -74,8 +88,7 @@ bool MailSending::isComplete() {
         show("No EMAIL address selected for outgoing mail");
         return false;
     }
-    // Nothing that is meant to be encrypted goes out plain.
-    if (!isEncrypted() && form_.cboEncryption.Text() != mail_encryption::none) {
+    if (chosenTransport() == nullptr) {
         show("No such encryption: " + form_.cboEncryption.Text());
         return false;
     }

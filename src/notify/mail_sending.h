@@ -29,7 +29,9 @@ class MailSending {
 
   private:
     bool isComplete();
-    bool isEncrypted() const;
+    void offerNoEncryption();
+    std::string send(const std::string& recipient, std::string& body);
+    MailTransport* chosenTransport();
     void raise(const char* rating, const std::string& text);
     void show(const std::string& status) { form_.StatusTxt.setText(status); }
 

@@ -17,10 +17,10 @@ struct Step {
 
 }  // namespace
 
-bool SmtpDialogue::sendmail(Winsock& socket, const std::string& server, std::int32_t port,
-                            const std::string& recipient, const std::string& sender,
-                            const std::string& displayName, const std::string& subject,
-                            const std::string& body, Timer& timer, bool isHtml) {
+bool SmtpDialogue::sendmail(Winsock& socket, std::string server, std::int32_t port,
+                            std::string recipient, std::string sender, std::string displayName,
+                            std::string subject, const std::string& body, Timer& timer,
+                            bool isHtml) {
     if (socket.State() != socket_state::closed) socket.Close();
     socket.Connect(server, port);
     prcTimerStop(timer);

@@ -16,10 +16,10 @@ class SmtpDialogue {
     explicit SmtpDialogue(Host& host) : host_(host) {}
 
     /// Sends one message to one recipient; whether the server took all of it. All texts go out as
-    /// they are. A connection that fails is waited for without end. Errors are those of the socket.
-    bool sendmail(Winsock& socket, const std::string& server, std::int32_t port,
-                  const std::string& recipient, const std::string& sender,
-                  const std::string& displayName, const std::string& subject,
+    /// they are at the call, whatever the user types meanwhile. A connection that fails is waited
+    /// for without end. Errors are those of the socket.
+    bool sendmail(Winsock& socket, std::string server, std::int32_t port, std::string recipient,
+                  std::string sender, std::string displayName, std::string subject,
                   const std::string& body, Timer& timer, bool isHtml);
     /// Waits until the code occurs anywhere in what the server has sent since the call. False when
     /// the connection is no longer there.

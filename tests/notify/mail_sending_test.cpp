@@ -25,7 +25,7 @@ TEST_F(MailSendingTest, SendsOneMailToEachRecipient) {
     EXPECT_EQ(socket.countOf("Connect mail.example.org 25"), 2);
 }
 
-TEST_F(MailSendingTest, TheStatusTellsHowFarItIs) {
+TEST_F(MailSendingTest, TheStatusShowsHowFarItIs) {
     recipients({"a@example.org", "b@example.org"});
     EXPECT_EQ(statusWords(),
               (Texts{"Busy sending mail...", "Busy sending mail - Email sent: 1/2",
@@ -49,7 +49,7 @@ TEST_F(MailSendingTest, WithoutRecipientsNothingIsSent) {
     EXPECT_TRUE(alertTexts().empty());
 }
 
-TEST_F(MailSendingTest, AMissingSettingIsToldAndNothingElseHappens) {
+TEST_F(MailSendingTest, AMissingSettingIsNamedAndNothingElseHappens) {
     const std::pair<TextBox*, const char*> settings[] = {
         {&form.txtMailServer, "No SMTP server selected for outgoing mail"},
         {&form.txtMailPort, "No SMTP server PORT selected for outgoing mail (default = 25)"},
@@ -71,7 +71,7 @@ TEST_F(MailSendingTest, AMissingSettingIsToldAndNothingElseHappens) {
     EXPECT_TRUE(host.boxes.empty());
 }
 
-TEST_F(MailSendingTest, OfSeveralMissingSettingsTheFirstIsTold) {
+TEST_F(MailSendingTest, OfSeveralMissingSettingsTheFirstIsNamed) {
     form.txtYourEmail.setText("");
     form.txtMailPort.setText("");
     sending.prcSendEmailZ();
@@ -251,7 +251,124 @@ TEST_F(MailSendingTest, AProxyWithoutAPortChangesTheBodyAndSkipsTheMail) {
     EXPECT_EQ(status(), "Ready - Emails sent: 1");
 }
 
-TEST_F(MailSendingTest, AServerThatClosesAfterTheRecipientIsNotToldOf) {
+TEST_F(MailSendingTest, TheBodyOfAMailThatWasSkippedForItsPortStaysChanged) {
+    recipients({"a@example.org", "b@example.org"});
+    form.chkProxy.setValue(1);
+    form1.LVAlert.RowInserted.connect([this](int) { form.chkProxy.setValue(0); });
+    sending.prcSendEmailZ();
+    EXPECT_EQ(socket.sent, mail("mail.example.org", "b@example.org", "<br>Custom Message: <br>"));
+}
+
+TEST_F(MailSendingTest, ItIsBusyOnceTheBodyIsComposed) {
+    machine.files["D:\\file"] = "";
+    form1.LVFile.Add("file");
+    select({2});
+    form.StatusTxt.setText("before");
+    std::string during;
+    host.onYield = [&](int) { during = status(); };
+    sending.prcSendEmailZ();
+    EXPECT_EQ(during, "before");
+    EXPECT_EQ(status(), "Ready - Emails sent: 0");
+}
+
+TEST_F(MailSendingTest, WhatIsTypedWhileItConnectsChangesNothing) {
+    recipients({"a@example.org"});
+    beSlow();
+    host.onYield = [this](int yield) {
+        if (yield == 1) {
+            for (TextBox* box : {&form.txtMailServer, &form.txtYourEmail, &form.txtMailSubj,
+                                 &form.txtMailFromDisplayName}) {
+                box->setText("typed");
+            }
+        }
+        deliver();
+    };
+    sending.prcSendEmailZ();
+    EXPECT_EQ(socket.sent, mail("mail.example.org", "a@example.org", bareBody));
+}
+
+TEST_F(MailSendingTest, ASecondSendingBeforeTheConnectionStandsLeavesTheFirstWaiting) {
+    recipients({"a@example.org"});
+    beSlow();
+    bool again = true;
+    host.onYield = [this, &again](int yield) {
+        if (std::exchange(again, false)) sending.prcSendEmailZ();
+        if (yield > 100) throw StillWaiting();
+        deliver();
+    };
+    EXPECT_THROW(sending.prcSendEmailZ(), StillWaiting);
+    EXPECT_EQ(socket.sent, mail("mail.example.org", "a@example.org", bareBody));
+}
+
+TEST_F(MailSendingTest, AnEncryptionThatIsNotKnownSendsNothing) {
+    recipients({"a@example.org"});
+    form.cboEncryption.setText("tls");
+    EXPECT_EQ(statusWords(), Texts{"No such encryption: tls"});
+    EXPECT_TRUE(socket.calls.empty());
+    EXPECT_TRUE(machine.smtpClient.messages.empty());
+}
+
+TEST_F(MailSendingTest, AnEncryptionThatIsChangedWhileTheBodyIsComposedSendsNothingPlain) {
+    recipients({"a@example.org"});
+    form1.LVFile.Add("file");
+    select({2});
+    form.cboEncryption.setText("TLS");
+    host.onYield = [this](int) { form.cboEncryption.setText("tls"); };
+    EXPECT_EQ(statusWords().back(), "Ready - Emails sent: 0");
+    EXPECT_TRUE(socket.calls.empty());
+    EXPECT_EQ(alertTexts(), Texts{"Notification Message not sent to: a@example.org "
+                                  "(no such encryption: tls)"});
+}
+
+TEST_F(MailSendingTest, EncryptedMailTakesTheOtherWay) {
+    recipients({"a@example.org", "b@example.org"});
+    form.cboEncryption.setListIndex(2);
+    machine.smtpClient.napsToEnd = 2;
+    EXPECT_EQ(statusWords().back(), "Ready - Emails sent: 2");
+    EXPECT_TRUE(socket.calls.empty());
+    ASSERT_EQ(machine.smtpClient.messages.size(), 2u);
+    EXPECT_EQ(machine.smtpClient.messages[0].encryption, Encryption::tls);
+    EXPECT_EQ(machine.smtpClient.messages[1].recipient, "b@example.org");
+    EXPECT_EQ(alertTexts().front(), "Notfication Message Send to: b@example.org");
+}
+
+TEST_F(MailSendingTest, AnEncryptedMailThatFailsIsAHighAlertAndNotCounted) {
+    recipients({"a@example.org"});
+    form.cboEncryption.setListIndex(1);
+    machine.smtpClient.reason = "wrong password";
+    EXPECT_EQ(statusWords(), (Texts{"Busy sending mail...", "Busy sending mail - Email sent: 1/1",
+                                    "Ready - Emails sent: 0"}));
+    EXPECT_EQ(alertTexts(),
+              Texts{"Notification Message not sent to: a@example.org (wrong password)"});
+    EXPECT_EQ(ConstAlertRow(form1.LVAlert.ListItems(1)).rating(), "High");
+}
+
+struct WithoutEncryption : NotifyRig {
+    WithoutEncryption() { machine.smtpClient.unavailable = "no library"; }
+};
+
+TEST(MailWithoutEncryption, TheChoiceIsDisabledAndSaysWhy) {
+    WithoutEncryption rig;
+    const MailSending sending(rig.forms, rig.platform, rig.host, rig.content, rig.alerts);
+    EXPECT_FALSE(rig.form.cboEncryption.Enabled());
+    EXPECT_EQ(rig.form.cboEncryption.ToolTipText(), "no library");
+}
+
+TEST(MailWithoutEncryption, WhatTheSettingsBroughtCanBeTakenBack) {
+    WithoutEncryption rig;
+    const MailSending sending(rig.forms, rig.platform, rig.host, rig.content, rig.alerts);
+    rig.form.cboEncryption.setText("TLS");
+    EXPECT_TRUE(rig.form.cboEncryption.Enabled());
+    rig.form.cboEncryption.setListIndex(0);
+    EXPECT_FALSE(rig.form.cboEncryption.Enabled());
+}
+
+TEST(MailWithEncryption, TheChoiceIsEnabled) {
+    MailRig rig;
+    EXPECT_TRUE(rig.form.cboEncryption.Enabled());
+}
+
+TEST_F(MailSendingTest, AServerThatClosesAfterTheRecipientIsNotReported) {
     recipients({"a@example.org", "b@example.org"});
     closesAt = "rcpt to:a@";
     EXPECT_EQ(statusWords(),

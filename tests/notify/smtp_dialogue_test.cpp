@@ -301,6 +301,15 @@ TEST_F(SmtpDialogueTest, ACodeThatCameBeforeTheEndCounts) {
     EXPECT_TRUE(waits("250"));
 }
 
+TEST_F(SmtpDialogueTest, ACodeThatComesWithTheEndDuringAYieldIsNotRead) {
+    connect("220");
+    host.onYield = [this](int) {
+        socket.state = socket_state::closing;
+        socket.received = "250";
+    };
+    EXPECT_FALSE(waits("250"));
+}
+
 TEST_F(SmtpDialogueTest, WithoutAConnectionReadingIsAnError) {
     EXPECT_EQ(errorOf([this] { waits("250"); }), fake::FakeWinsock::notConnected);
 }

@@ -1,4 +1,6 @@
 // The keys of the window of the mail settings.
+#include <algorithm>
+
 #include "base/text.h"
 #include "forms/form_numbers.h"
 #include "forms/mail_port.h"
@@ -36,19 +38,25 @@ void setOlderProxy(const SettingsTarget& to, const std::string& value) {
     to.forms.frmNotify.chkProxy.setValue(1);
 }
 
+// Words of letters alone, so that no other key is found in the line.
+bool isWord(const std::string& text) {
+    return !text.empty() && std::all_of(text.begin(), text.end(), [](char c) {
+        return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+    });
+}
+
 // The encryption and the port, which has no line of its own. Without encryption there is no line.
 std::vector<std::string> security(const SettingsSource& from) {
     const FrmNotify& form = from.forms.frmNotify;
     const std::string& chosen = form.cboEncryption.Text();
-    if (chosen != mail_encryption::startTls && chosen != mail_encryption::tls) return {};
+    if (chosen == mail_encryption::none || !isWord(chosen)) return {};
     const auto port = mailPort(form.txtMailPort.Text(), from.regional);
     return {port ? chosen + " " + std::to_string(*port) : chosen};
 }
 
-// A value that isn't known changes nothing.
+// An encryption that isn't known is taken too: sending refuses it, and nothing goes out plain.
 void setSecurity(const SettingsTarget& to, const std::string& value) {
     const std::vector<std::string> parts = split(trim(value), " ");
-    if (parts[0] != mail_encryption::startTls && parts[0] != mail_encryption::tls) return;
     FrmNotify& form = to.forms.frmNotify;
     form.cboEncryption.setText(parts[0]);
     if (parts.size() == 2 && mailPort(parts[1], to.platform.regional)) {

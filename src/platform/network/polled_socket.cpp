@@ -25,6 +25,7 @@ milliseconds until(std::chrono::steady_clock::time_point end) {
 
 int PolledSocket::State() {
     advance();
+    knowsOfConnection_ = state_ == socket_state::connected;
     return seen_ = state_;
 }
 
@@ -36,14 +37,14 @@ void PolledSocket::Connect(const std::string& host, std::int32_t port) {
 }
 
 void PolledSocket::SendData(const std::string& data) {
-    advance();
+    State();
     if (state_ != socket_state::connected) throw RuntimeError(socket_error::notConnected);
     const std::size_t sent = queue_.empty() ? sendNow(data.data(), data.size()) : 0;
     queue_.append(data, sent);
 }
 
 std::string PolledSocket::GetData() {
-    advance();
+    State();
     if (state_ != socket_state::connected && state_ != socket_state::closing) {
         throw RuntimeError(socket_error::notConnected);
     }
@@ -71,7 +72,7 @@ void PolledSocket::waitForActivity(std::int32_t longest) {
     const auto end = std::chrono::steady_clock::now() + milliseconds(std::max(longest, 0));
     advance();
     // A change that the caller hasn't seen yet counts too.
-    while (state_ == seen_ && !hasInput_) {
+    while (state_ == seen_ && !hasInput_ && !isNewlyConnected()) {
         const milliseconds rest = until(end);
         if (rest == milliseconds(0)) break;
         waitOnce(rest);
@@ -107,7 +108,8 @@ void PolledSocket::advance() {
     }
     if (state_ == socket_state::connecting) takeOutcomeOfConnect();
     if (!queue_.empty()) sendQueue();
-    if (state_ == socket_state::connected) lookAtInput();
+    // A connection that ends at once is reported as one before.
+    if (state_ == socket_state::connected && knowsOfConnection_) lookAtInput();
 }
 
 void PolledSocket::tryNextAddress() {
@@ -188,6 +190,7 @@ void PolledSocket::end() {
     queueStart_ = 0;
     hasInput_ = false;
     isBroken_ = false;
+    knowsOfConnection_ = false;
 }
 
 }  // namespace velmora::network

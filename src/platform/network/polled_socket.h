@@ -44,6 +44,9 @@ class PolledSocket final : public Winsock {
     std::size_t sendNow(const char* bytes, std::size_t count);
 
     Interest interest() const;
+    bool isNewlyConnected() const {
+        return state_ == socket_state::connected && !knowsOfConnection_;
+    }
     /// Waits for the resolver, the socket, or time to pass.
     void waitOnce(std::chrono::milliseconds longest);
     void end();
@@ -57,8 +60,9 @@ class PolledSocket final : public Winsock {
     std::vector<Address> untried_;  // the next one last
     std::string queue_;             // not yet sent from `queueStart_` on
     std::size_t queueStart_ = 0;
-    bool hasInput_ = false;  // something can be read
-    bool isBroken_ = false;  // sending has failed
+    bool hasInput_ = false;           // something can be read
+    bool isBroken_ = false;           // sending has failed
+    bool knowsOfConnection_ = false;  // the caller knows that it is connected
 };
 
 }  // namespace velmora::network

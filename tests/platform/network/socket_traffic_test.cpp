@@ -176,6 +176,18 @@ TEST_F(SocketTrafficTest, AServerThatClosesAtOnceLeavesItClosing) {
     EXPECT_EQ(errorOf([this] { socket.SendData("x"); }), 40006);
 }
 
+TEST_F(SocketTrafficTest, AConnectionThatEndsAtOnceIsReportedBefore) {
+    LoopbackServer server([](Peer&) {});
+    socket.Connect("127.0.0.1", server.port());
+    std::vector<int> states;
+    while (states.empty() || states.back() < socket_state::connected) {
+        states.push_back(socket.State());
+        socket.waitForActivity(10);
+    }
+    EXPECT_EQ(states.back(), socket_state::connected);
+    EXPECT_TRUE(reaches(socket, socket_state::closing));
+}
+
 TEST_F(SocketTrafficTest, ItCountsAsConnectedUntilAllIsRead) {
     std::promise<void> hasEnded;
     LoopbackServer server([&](Peer& peer) {
