@@ -8,7 +8,7 @@ namespace velmora {
 namespace {
 
 // Short enough for a window that stays alive, long enough to cost no processor.
-constexpr std::int32_t longestNap = 20;
+constexpr std::int32_t pollMilliseconds = 20;
 
 struct Step {
     std::string sent;
@@ -79,7 +79,7 @@ void SmtpDialogue::prcTimerStart(Timer& timer) {
 
 void SmtpDialogue::yield(Winsock& socket) {
     host_.DoEvents();
-    socket.waitForActivity(longestNap);
+    socket.waitForActivity(pollMilliseconds);
 }
 
 }  // namespace velmora
