@@ -24,16 +24,21 @@ std::vector<int> from1To(int last) {
 }
 
 TEST(SettingsKeys, EachPlaceInTheOrderOfWritingIsTakenOnce) {
-    EXPECT_EQ(places(settingsKeysToWrite(), &SettingsKey::written), from1To(40));
+    EXPECT_EQ(places(settingsKeysToWrite(), &SettingsKey::written), from1To(41));
 }
 
 TEST(SettingsKeys, EachPlaceInTheOrderOfReadingIsTakenOnce) {
-    EXPECT_EQ(places(settingsKeysToRead(), &SettingsKey::read), from1To(45));
+    EXPECT_EQ(places(settingsKeysToRead(), &SettingsKey::read), from1To(46));
 }
 
 TEST(SettingsKeys, WhatIsWrittenCanBeGotAndWhatIsReadCanBeSet) {
     for (const SettingsKey* key : settingsKeysToWrite()) EXPECT_NE(key->field.get, nullptr);
     for (const SettingsKey* key : settingsKeysToRead()) EXPECT_NE(key->field.set, nullptr);
+}
+
+TEST(SettingsKeys, TheEncryptionOfTheMailIsLastInBothOrders) {
+    EXPECT_EQ(settingsKeysToWrite().back()->key, "smtpSecurity=");
+    EXPECT_EQ(settingsKeysToRead().back()->key, "smtpSecurity=");
 }
 
 TEST(SettingsKeys, TwelveLinesAreClosedAndThreeAreRuns) {
@@ -79,6 +84,7 @@ TEST(SettingsKeys, AreReadInTheOrderOfTheReader) {
     }
     Lines expected;
     for (const ReaderKey& key : readerKeys) expected.emplace_back(key.key);
+    expected.emplace_back("smtpSecurity=");
     EXPECT_EQ(keys, expected);
 }
 
