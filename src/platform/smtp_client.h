@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string>
 
+#include "base/secret.h"
+
 namespace velmora {
 
 enum class Encryption { startTls, tls };
@@ -14,7 +16,7 @@ struct SmtpMessage {
     std::int32_t port = 0;  ///< 1 to 65535
     Encryption encryption = Encryption::tls;
     std::string user;  ///< empty for no authentication
-    std::string password;
+    Secret password;
     std::string sender;  ///< the bare address
     std::string recipient;
     std::string data;  ///< headers and body, line ends CR LF

@@ -141,13 +141,20 @@ class FakeSmtpClient final : public SmtpClient {
         remaining = napsToEnd;
     }
     bool ended() override { return remaining <= 0; }
-    std::string failure() override { return reason; }
-    void cancel() override { ++cancelled; }
+    std::string failure() override {
+        const bool isKnown = !messages.empty() && reasons.contains(messages.back().recipient);
+        return isKnown ? reasons[messages.back().recipient] : reason;
+    }
+    void cancel() override {
+        ++cancelled;
+        remaining = 0;
+    }
     void waitForActivity(std::int32_t) override { --remaining; }
 
     std::string unavailable;
-    std::string reason;  ///< why a sending fails; empty for success
-    int napsToEnd = 0;   ///< how often it is waited for before it ends
+    std::string reason;                          ///< why a sending fails; empty for success
+    std::map<std::string, std::string> reasons;  ///< the same for single recipients
+    int napsToEnd = 0;                           ///< how often it is waited for before it ends
     std::vector<SmtpMessage> messages;
     int cancelled = 0;
 

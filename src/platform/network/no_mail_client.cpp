@@ -1,7 +1,4 @@
 // For builds without libcurl.
-#include <utility>
-
-#include "base/wipe.h"
 #include "platform/network/mail_client.h"
 
 namespace velmora::network {
@@ -13,7 +10,7 @@ class NoMailClient final : public SmtpClient {
     std::string unavailableBecause() override {
         return "This program was built without the library that sends encrypted mail.";
     }
-    void begin(SmtpMessage message) override { wipe(message.password); }
+    void begin(SmtpMessage) override {}
     bool ended() override { return true; }
     std::string failure() override { return unavailableBecause(); }
     void cancel() override {}

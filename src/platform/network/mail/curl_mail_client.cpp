@@ -6,11 +6,9 @@
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
-#include <system_error>
 #include <thread>
 #include <utility>
 
-#include "base/wipe.h"
 #include "platform/network/mail/mail_job.h"
 #include "platform/network/mail_client.h"
 
@@ -18,14 +16,18 @@ namespace velmora::network {
 
 // What a sending's thread shares with the client. The thread holds a reference of its own.
 struct CurlMailClient::Sending {
-    ~Sending() { wipe(message.password); }
-
     void finish(std::string reason) {
         const std::lock_guard lock(mutex);
         if (hasEnded) return;
         failure = std::move(reason);
         hasEnded = true;
         ending.notify_all();
+    }
+
+    /// Finishes with nothing kept of the password, which nobody but the caller may use any more.
+    void giveUp(std::string reason) {
+        message.password.wipe();
+        finish(std::move(reason));
     }
 
     /// Whether it has ended. One that takes too long has: the library's own limit doesn't cover all
@@ -44,6 +46,9 @@ struct CurlMailClient::Sending {
     std::condition_variable ending;
     bool hasEnded = false;
     std::string failure;
+    // Made beforehand, since there may be no memory for them when they are needed.
+    std::string outOfMemory = "There is not enough memory to send the message.";
+    std::string noThread = "The system has no thread for the sending.";
 };
 
 // Counts the threads that still send.
@@ -80,27 +85,22 @@ void CurlMailClient::begin(SmtpMessage message) {
     cancel();
     sending_ = std::make_shared<Sending>();
     const std::string objection = objectionTo(message);
-    // A short text is copied, not moved, so what is left behind is wiped too.
+    if (!objection.empty()) return sending_->finish(objection);
     sending_->message = std::move(message);
-    wipe(message.password);  // NOLINT(bugprone-use-after-move)
-    if (!objection.empty()) {
-        wipe(sending_->message.password);
-        return sending_->finish(objection);
-    }
     threads_->begin();
     try {
         std::thread([sending = sending_, threads = threads_] {
             try {
                 sending->finish(sending->job.send(sending->message));
             } catch (...) {
-                sending->finish("There is not enough memory to send the message.");
+                sending->giveUp(std::move(sending->outOfMemory));
             }
             sending->job.close();
             threads->end();
         }).detach();
-    } catch (const std::system_error&) {
+    } catch (...) {
         threads_->end();
-        sending_->finish("The system has no thread for the sending.");
+        sending_->giveUp(std::move(sending_->noThread));
     }
 }
 

@@ -11,7 +11,6 @@
 #include <string_view>
 #include <utility>
 
-#include "base/wipe.h"
 #include "platform/network/mail/mail_failure.h"
 
 namespace velmora::network {
@@ -165,7 +164,7 @@ bool MailJob::Transfer::prepare() {
            set(CURLOPT_PROXY, "") && set(CURLOPT_ERRORBUFFER, words.data()) &&
            set(CURLOPT_HEADERFUNCTION, takeReplyLine) && set(CURLOPT_HEADERDATA, &replies) &&
            (!hasUser || (set(CURLOPT_USERNAME, message.user.c_str()) &&
-                         set(CURLOPT_PASSWORD, message.password.c_str())));
+                         set(CURLOPT_PASSWORD, message.password.text().c_str())));
 }
 
 MailJob::MailJob() {
@@ -193,7 +192,7 @@ std::string MailJob::send(SmtpMessage& message) {
     Transfer transfer(message, isCancelled_);
     const bool isPrepared = transfer.prepare();
     // The library has a copy of its own by now.
-    wipe(message.password);
+    message.password.wipe();
     if (!isPrepared || !multi_) return "There is not enough memory to send the message.";
     if (curl_multi_add_handle(multi_, transfer.handle) != CURLM_OK) {
         return "The sending could not be begun.";
