@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdlib>
 
+#include "base/code_page.h"
 #include "base/runtime_error.h"
 #include "base/text.h"
 
@@ -12,7 +13,12 @@ namespace velmora {
 namespace {
 
 constexpr std::size_t lineBytes = 57;  // 76 characters of base64
-constexpr std::size_t wordBytes = 45;  // an encoded word of 72 characters
+// An encoded word of 64 characters: with "Subject: " before it, the line has at most 76.
+constexpr std::size_t wordBytes = 39;
+constexpr std::size_t longestPlain = 900;    // of a text that is not encoded
+constexpr std::size_t longestLine = 998;     // without its end
+constexpr std::size_t longestAddress = 254;  // what servers take
+constexpr std::string_view fold = "\r\n ";
 
 std::string base64(std::string_view bytes) {
     constexpr std::string_view digits =
@@ -44,13 +50,24 @@ bool isPlain(const std::string& text) {
     return std::all_of(text.begin(), text.end(), [](char c) { return c >= ' ' && c <= '~'; });
 }
 
+// Texts of older files are in Windows-1252.
+std::string asUtf8(const std::string& text) {
+    return isValidUtf8(text) ? text : fromWindows1252(text);
+}
+
+// Whether it stays as it is in a header. What could be taken for an encoded word doesn't.
+bool staysPlain(const std::string& text) {
+    return isPlain(text) && text.size() <= longestPlain && !contains(text, "=?");
+}
+
 // As encoded words, split between characters.
-std::string encodedWords(const std::string& text) {
+std::string encodedWords(const std::string& given) {
+    const std::string text = asUtf8(given);
     std::string words;
     std::string piece;
     const auto close = [&] {
         if (piece.empty()) return;
-        if (!words.empty()) words += "\r\n ";
+        if (!words.empty()) words += fold;
         words += "=?UTF-8?B?" + base64(piece) + "?=";
         piece.clear();
     };
@@ -64,21 +81,40 @@ std::string encodedWords(const std::string& text) {
     return words;
 }
 
-// A text that could be taken for an encoded word is encoded too.
 std::string headerText(const std::string& text) {
-    constexpr std::size_t longestPlain = 900;  // a line may have 998
-    const bool fits = isPlain(text) && text.size() <= longestPlain && !contains(text, "=?");
-    return fits ? text : encodedWords(text);
+    return staysPlain(text) ? text : encodedWords(text);
 }
 
 std::string quoted(const std::string& name) {
-    if (!isPlain(name) || contains(name, "=?")) return encodedWords(name);
     std::string text = "\"";
     for (const char c : name) {
         if (c == '"' || c == '\\') text += '\\';
         text += c;
     }
     return text + '"';
+}
+
+// The address stands on a line of its own when the limit of the name's line asks for it.
+std::string fromHeader(const MimeSource& source) {
+    const std::string address = "<" + bareAddress(source.sender) + ">";
+    const std::string plain = "From: " + quoted(source.displayName);
+    if (!staysPlain(source.displayName) || plain.size() > longestLine) {
+        return "From: " + encodedWords(source.displayName) + std::string(fold) + address;
+    }
+    const bool fits = plain.size() + 1 + address.size() <= longestLine;
+    return plain + (fits ? " " : std::string(fold)) + address;
+}
+
+// With CR LF as its only line ends, and each line in UTF-8.
+std::string bodyText(const std::string& body) {
+    const std::string ends = replaceAll(replaceAll(body, lineEnd, "\n"), "\r", "\n");
+    std::string text;
+    for (const std::string& line : split(ends, "\n")) {
+        text += asUtf8(line);
+        text += lineEnd;
+    }
+    text.resize(text.size() - lineEnd.size());
+    return text;
 }
 
 std::string escaped(const std::string& text) {
@@ -112,19 +148,33 @@ std::string dateHeader(const MimeSource& source) {
 std::string messageId(const MimeSource& source) {
     const std::string sender = bareAddress(source.sender);
     const std::size_t at = sender.rfind('@');
-    const std::string domain = at == std::string::npos ? "localhost" : sender.substr(at + 1);
+    std::string domain = at == std::string::npos ? "" : sender.substr(at + 1);
+    if (domain.empty()) domain = "localhost";
     const std::size_t recipient = std::hash<std::string>{}(source.recipient);
     return "<" + std::to_string(source.system) + "." + std::to_string(recipient) + "@" + domain +
            ">";
+}
+
+void refuse(const std::string& reason) {
+    throw RuntimeError(error::invalidCall, reason);
 }
 
 void refuseLineEnds(const MimeSource& source) {
     for (const std::string* text :
          {&source.displayName, &source.sender, &source.recipient, &source.subject}) {
         if (text->find_first_of("\r\n") == std::string::npos) continue;
-        throw RuntimeError(error::invalidCall,
-                           "a line end in the subject, the display name or an address");
+        refuse("a line end in the subject, the display name or an address");
     }
+}
+
+// A header and a server's command hold an address as it is, so it must not end early there.
+void checkAddress(const std::string& whose, const std::string& given) {
+    const std::string address = bareAddress(given);
+    if (address.empty()) refuse("the " + whose + "'s address is empty");
+    if (address.size() > longestAddress) refuse("the " + whose + "'s address is too long");
+    if (isPlain(address) && address.find_first_of(" <>,") == std::string::npos) return;
+    refuse("the " + whose +
+           "'s address has a letter outside ASCII, a blank, an angle bracket or a comma");
 }
 
 }  // namespace
@@ -137,18 +187,19 @@ std::string bareAddress(const std::string& address) {
 
 std::string mimeMessage(const MimeSource& source) {
     refuseLineEnds(source);
+    checkAddress("sender", source.sender);
+    checkAddress("recipient", source.recipient);
     const std::string end(lineEnd);
-    return "Date: " + dateHeader(source) + end +  //
-           "From: " + quoted(source.displayName) + " <" + bareAddress(source.sender) + ">" +
-           end +                                                  //
+    const std::string body = bodyText(source.body);
+    return "Date: " + dateHeader(source) + end +                  //
+           fromHeader(source) + end +                             //
            "To: <" + bareAddress(source.recipient) + ">" + end +  //
            "Subject: " + headerText(source.subject) + end +       //
            "Message-ID: " + messageId(source) + end +             //
            "MIME-Version: 1.0" + end +                            //
            "Content-Type: text/" + (source.isHtml ? "html" : "plain") + "; charset=utf-8" + end +
            "Content-Transfer-Encoding: base64" + end + end +
-           inLines(source.isHtml ? "<html><body>" + escaped(source.body) + "</body></html>"
-                                 : source.body);
+           inLines(source.isHtml ? "<html><body>" + escaped(body) + "</body></html>" : body);
 }
 
 }  // namespace velmora

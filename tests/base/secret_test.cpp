@@ -11,7 +11,7 @@
 namespace velmora::tests {
 namespace {
 
-const std::string shortText = "hush";              // lies in the object itself
+const std::string shortText = "hush";               // lies in the object itself
 const std::string longText = std::string(40, 'x');  // lies outside it
 
 // Whether the bytes of an object contain the text, read one by one as they lie in memory.
