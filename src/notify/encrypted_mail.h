@@ -14,10 +14,16 @@ class EncryptedMail final : public MailTransport {
     EncryptedMail(FrmNotify& form, Platform& platform, Host& host)
         : form_(form), platform_(platform), host_(host) {}
 
+    /// One message to each of the recipient's addresses, which CR LF separates or ends. Gives the
+    /// reason of a failure; with several addresses, that of each that failed behind the address.
+    /// While a mail is being sent, another is refused.
     std::string send(const std::string& recipient, std::string& body) override;
 
   private:
-    SmtpMessage message(const std::string& recipient, const std::string& body);
+    /// The reason of a failure.
+    std::string sendTo(const std::string& address, const std::string& body);
+    /// Error 5 when the form's settings or the address allow no message.
+    SmtpMessage message(const std::string& address, const std::string& body);
     /// Yields until it has ended; the reason of a failure.
     std::string deliver(SmtpMessage message);
 
