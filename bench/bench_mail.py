@@ -80,6 +80,8 @@ def measure_composition(console, folder):
         (files / f"file {number}").write_bytes(b"x")
     names = " ".join(f'"{path}"' for path in files.iterdir())
     console.run("drop LVFile " + names)
+    if len(console.rows("LVFile")) != FILES:
+        sys.exit("not all files are listed")
     for section in (1, 2):
         console.run(f"tick frmNotify.lstNotContent {section} on")
     console.run("tick frmNotify.lstNotTime 2 on")
@@ -93,13 +95,15 @@ def measure_composition(console, folder):
 def measure_waiting(console):
     silent = ScriptedServer(silent=True)
     account(console, silent.port)
+    console.run("answer yes")
     console.run("answer ok")
     console.run(f"after {WAIT + 1} exit")
     before = processor_seconds(console.process)
-    console.run("answer yes")
     console.send("click frmNotify.Command1")
     time.sleep(WAIT)
     used = processor_seconds(console.process) - before
+    if silent.connections != 1:
+        sys.exit("the console has not connected")
     print(f"waiting for a silent server  {100 * used / WAIT:.2f} % of a core over {WAIT} s")
     silent.close()
 
