@@ -37,6 +37,8 @@ std::string errorDescription(int number) {
             return "Object required";
         case error::unsupportedMember:
             return "Object doesn't support this property or method";
+        case error::automation:
+            return "Automation error";
         case error::indexOutOfBounds:
             return "Index out of bounds";
         default:

@@ -23,6 +23,7 @@ inline constexpr int pathNotFound = 76;
 inline constexpr int invalidPropertyValue = 380;
 inline constexpr int objectRequired = 424;
 inline constexpr int unsupportedMember = 438;
+inline constexpr int automation = 440;
 inline constexpr int indexOutOfBounds = 35600;
 }  // namespace error
 

@@ -20,13 +20,15 @@ class Notify {
     /// program has it ("1.2.0").
     Notify(Forms& forms, Platform& platform, Host& host, AlertList& alerts,
            const std::string& version)
-        : content_(forms, platform, host, inventory_),
+        : inventory_(platform, host),
+          content_(forms, platform, host, inventory_),
           sending_(forms, platform, host, content_, alerts),
           schedule_(forms.frmNotify, platform.clock, content_),
           window_(forms, host, inventory_),
           updateCheck_(forms, platform, host, version) {}
 
     UpdateCheck& updateCheck() { return updateCheck_; }
+    Inventory& inventory() { return inventory_; }
     MessageContent& content() { return content_; }
     /// To be called once the settings are read.
     void afterLoad() { window_.afterLoad(); }

@@ -44,6 +44,21 @@ inline constexpr std::uint32_t field(std::uint64_t bytes) {
 }
 }  // namespace memory_status
 
+/// The version of the system.
+struct OsVersionInfo {
+    std::uint32_t dwOSVersionInfoSize = 0;  ///< of this record, 148
+    std::uint32_t dwMajorVersion = 0;
+    std::uint32_t dwMinorVersion = 0;
+    std::uint32_t dwBuildNumber = 0;
+    std::uint32_t dwPlatformId = 0;  ///< 1 for Windows 95 and its successors, 2 for Windows NT
+};
+
+namespace os_version {
+inline constexpr std::uint32_t recordLength = 148;
+inline constexpr std::uint32_t windows9x = 1;
+inline constexpr std::uint32_t windowsNT = 2;
+}  // namespace os_version
+
 /// A listing that was begun; 0 for none.
 using FindHandle = std::uint64_t;
 
@@ -71,6 +86,10 @@ class Kernel32 {
 
     /// Fills a record whose length is 32; any other stays as it is.
     virtual void GlobalMemoryStatus(MemoryStatus& status) = 0;
+
+    /// Fills a record whose length is 148; for any other it gives 0, otherwise 1. Linux calls
+    /// itself the version whose way of listing processes it can serve.
+    virtual std::int32_t GetVersionExA(OsVersionInfo& version) = 0;
 
     /// Begins the listing of a folder, given by its path, a back-slash and "*.*", and gives its
     /// first entry. All entries come, hidden ones and links (as what they are themselves) included;

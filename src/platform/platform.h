@@ -10,12 +10,14 @@
 #include "platform/file_system_object.h"
 #include "platform/internet_transfer.h"
 #include "platform/kernel32.h"
+#include "platform/processes.h"
 #include "platform/rasapi32.h"
 #include "platform/shell32.h"
 #include "platform/smtp_client.h"
 #include "platform/text_files.h"
 #include "platform/winmm.h"
 #include "platform/winsock.h"
+#include "platform/wmi.h"
 #include "platform/wscript_shell.h"
 
 namespace velmora {
@@ -40,6 +42,8 @@ struct Platform {
     InternetTransfer& internet;
     Rasapi32& rasapi32;
     SmtpClient& smtpClient;
+    Processes& processes;
+    Wmi& wmi;
     Regional regional;
     Application app;
 };

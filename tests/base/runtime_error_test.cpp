@@ -28,6 +28,7 @@ TEST(RuntimeError, HasTheClassicDescriptionOfItsNumber) {
         {380, "Invalid property value"},
         {424, "Object required"},
         {438, "Object doesn't support this property or method"},
+        {440, "Automation error"},
         {35600, "Index out of bounds"},
     };
     for (const auto& [number, description] : cases) {
@@ -59,6 +60,7 @@ TEST(RuntimeError, NamesItsNumbersAsTheHandlersTestThem) {
     EXPECT_EQ(error::invalidPropertyValue, 380);
     EXPECT_EQ(error::objectRequired, 424);
     EXPECT_EQ(error::unsupportedMember, 438);
+    EXPECT_EQ(error::automation, 440);
     EXPECT_EQ(error::indexOutOfBounds, 35600);
 }
 

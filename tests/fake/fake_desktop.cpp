@@ -41,6 +41,22 @@ class FakeMachine::Desktop::FileShortcut final : public Shortcut {
     std::string file_;
 };
 
+class FakeMachine::Desktop::Output final : public WshExec {
+  public:
+    explicit Output(std::string text) : text_(std::move(text)) {}
+    std::string ReadAll() override { return text_; }
+
+  private:
+    std::string text_;
+};
+
+std::unique_ptr<WshExec> FakeMachine::Desktop::Exec(const std::string& command) {
+    machine.record("Exec " + command);
+    const auto output = machine.outputs.find(command);
+    if (output == machine.outputs.end()) throw RuntimeError(error::fileNotFound);
+    return std::make_unique<Output>(output->second);
+}
+
 FakeRegistryKey& FakeMachine::runKey() {
     return registry[{hive::localMachine, R"(SOFTWARE\Microsoft\Windows\CurrentVersion\Run)"}];
 }

@@ -119,6 +119,14 @@ void FakeMachine::Disks::GlobalMemoryStatus(MemoryStatus& status) {
     status.dwLength = memory_status::recordLength;
 }
 
+std::int32_t FakeMachine::Disks::GetVersionExA(OsVersionInfo& version) {
+    machine.record("GetVersionExA " + std::to_string(version.dwOSVersionInfoSize));
+    if (version.dwOSVersionInfoSize != os_version::recordLength) return 0;
+    version = machine.version;
+    version.dwOSVersionInfoSize = os_version::recordLength;
+    return 1;
+}
+
 // The fake clock knows no time zones: its local time is UTC.
 std::uint64_t FakeMachine::Disks::GetSystemTimeAsFileTime() {
     const std::int64_t seconds = toSeconds(machine.now) - toSeconds({1601, 1, 1, 0, 0, 0});
@@ -169,6 +177,8 @@ FakeMachine::FakeMachine()
                 .internet = internet,
                 .rasapi32 = rasapi32,
                 .smtpClient = smtpClient,
+                .processes = processes,
+                .wmi = wmi,
                 .regional = {},
                 .app = {.Path = programFolder(), .EXEName = "velmora", .Command = ""}} {
     folders = {keyOf(programFolder()), keyOf(specialFolders[9]), keyOf(windowsFolder)};

@@ -26,6 +26,7 @@
 #include <utility>
 #include <vector>
 
+#include "fake/fake_inventory.h"
 #include "fake/fake_network.h"
 #include "platform/notify_area.h"
 #include "platform/platform.h"
@@ -199,6 +200,12 @@ class FakeMachine final : public Machine {
     FakeInternet internet;
     FakeRasapi32 rasapi32;
     FakeSmtpClient smtpClient;
+    FakeWmi wmi;
+    FakeProcesses processes;
+    /// The version that GetVersionExA reports: of the class that lists no processes.
+    OsVersionInfo version{.dwMajorVersion = 10, .dwPlatformId = os_version::windowsNT};
+    /// What programs write, by their command lines. One without an entry isn't there: error 53.
+    std::map<std::string, std::string> outputs;
     /// What GlobalMemoryStatus reports, and the name of the user.
     MemoryStatus memory{.dwTotalPhys = 2'147'483'648, .dwAvailPhys = 1'073'741'824};
     std::string userName = "user";

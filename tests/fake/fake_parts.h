@@ -65,6 +65,7 @@ struct FakeMachine::Disks final : FileSystemObject, Kernel32, Clock, TextFiles {
     }
     std::string GetEnvironmentVariableA(const std::string& name) override;
     void GlobalMemoryStatus(MemoryStatus& status) override;
+    std::int32_t GetVersionExA(OsVersionInfo& version) override;
 
     DateTime Now() override { return machine.now; }
     std::int64_t GetTickCount() override { return machine.tick; }
@@ -99,6 +100,7 @@ struct FakeMachine::Disks final : FileSystemObject, Kernel32, Clock, TextFiles {
 
 struct FakeMachine::Desktop final : Advapi32, Shell32, Winmm, WScriptShell {
     class FileShortcut;
+    class Output;
 
     explicit Desktop(FakeMachine& owner) : machine(owner) {}
 
@@ -128,6 +130,7 @@ struct FakeMachine::Desktop final : Advapi32, Shell32, Winmm, WScriptShell {
     std::int16_t sndPlaySoundA(const std::string& file, std::int32_t flags) override;
 
     std::unique_ptr<Shortcut> CreateShortcut(const std::string& file) override;
+    std::unique_ptr<WshExec> Exec(const std::string& command) override;
 
     struct OpenKey {
         std::pair<std::uint32_t, std::string> name;  // as in the registry

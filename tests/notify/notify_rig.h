@@ -26,7 +26,7 @@ struct NotifyRig {
     FrmNotify& form = forms.frmNotify;
     Platform& platform = machine.platform();
     AlertList alerts{forms, platform, notifyArea};
-    Inventory inventory;
+    Inventory inventory{platform, host};
     MessageContent content{forms, platform, host, inventory};
 
     /// Ticks these sections of the mail.

@@ -10,6 +10,8 @@
 #include "platform/linux/files/linux_file_system_object.h"
 #include "platform/linux/files/linux_kernel32.h"
 #include "platform/linux/files/linux_text_files.h"
+#include "platform/linux/inventory/linux_processes.h"
+#include "platform/linux/inventory/linux_wmi.h"
 #include "platform/linux/network/linux_internet.h"
 #include "platform/linux/network/linux_rasapi32.h"
 #include "platform/linux/network/linux_sockets.h"
@@ -69,6 +71,8 @@ class LinuxMachine final : public Machine {
     LinuxInternet internet_;
     LinuxRasapi32 rasapi32_;
     std::unique_ptr<SmtpClient> smtpClient_ = network::makeSmtpClient();
+    LinuxProcesses processes_;
+    LinuxWmi wmi_;
     Platform platform_{.fso = fso_,
                        .kernel32 = kernel32_,
                        .clock = clock_,
@@ -81,6 +85,8 @@ class LinuxMachine final : public Machine {
                        .internet = internet_,
                        .rasapi32 = rasapi32_,
                        .smtpClient = *smtpClient_,
+                       .processes = processes_,
+                       .wmi = wmi_,
                        .regional = userRegional(),
                        .app = ownApplication(volumes_)};
 };

@@ -13,6 +13,8 @@
 #include "platform/windows/files/windows_file_system_object.h"
 #include "platform/windows/files/windows_kernel32.h"
 #include "platform/windows/files/windows_text_files.h"
+#include "platform/windows/inventory/windows_processes.h"
+#include "platform/windows/inventory/windows_wmi.h"
 #include "platform/windows/network/windows_internet.h"
 #include "platform/windows/network/windows_rasapi32.h"
 #include "platform/windows/network/windows_sockets.h"
@@ -82,6 +84,8 @@ class WindowsMachine final : public Machine {
     WindowsInternet internet_;
     WindowsRasapi32 rasapi32_;
     std::unique_ptr<SmtpClient> smtpClient_ = network::makeSmtpClient();
+    WindowsProcesses processes_;
+    WindowsWmi wmi_;
     Platform platform_{.fso = fso_,
                        .kernel32 = kernel32_,
                        .clock = clock_,
@@ -94,6 +98,8 @@ class WindowsMachine final : public Machine {
                        .internet = internet_,
                        .rasapi32 = rasapi32_,
                        .smtpClient = *smtpClient_,
+                       .processes = processes_,
+                       .wmi = wmi_,
                        .regional = userRegional(),
                        .app = ownApplication()};
 };

@@ -46,6 +46,10 @@ class AddressShortcut final : public Shortcut {
 
 }  // namespace
 
+std::unique_ptr<WshExec> LinuxWScriptShell::Exec(const std::string& /*command*/) {
+    throw RuntimeError(error::fileNotFound);
+}
+
 std::unique_ptr<Shortcut> LinuxWScriptShell::CreateShortcut(const std::string& file) {
     std::string hostPath = volumes_.hostPathOf(file);
     const std::string name = lowerCase(file);

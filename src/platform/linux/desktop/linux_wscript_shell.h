@@ -18,6 +18,7 @@ class LinuxWScriptShell final : public WScriptShell {
     /// selected files, in the folder where the file manager starts it: their names may be relative
     /// to that, so the working directory is passed over, as are hot key, icon and window style.
     std::unique_ptr<Shortcut> CreateShortcut(const std::string& file) override;
+    std::unique_ptr<WshExec> Exec(const std::string& command) override;
 
   private:
     Volumes& volumes_;

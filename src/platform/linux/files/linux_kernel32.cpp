@@ -39,6 +39,16 @@ std::string LinuxKernel32::GetEnvironmentVariableA(const std::string& name) {
     return text ? text : "";
 }
 
+// The version whose snapshots of processes the host can serve: 4.10 of the first platform.
+std::int32_t LinuxKernel32::GetVersionExA(OsVersionInfo& version) {
+    if (version.dwOSVersionInfoSize != os_version::recordLength) return 0;
+    version = {.dwOSVersionInfoSize = os_version::recordLength,
+               .dwMajorVersion = 4,
+               .dwMinorVersion = 10,
+               .dwPlatformId = os_version::windows9x};
+    return 1;
+}
+
 void LinuxKernel32::GlobalMemoryStatus(MemoryStatus& status) {
     if (status.dwLength != memory_status::recordLength) return;
     std::ifstream file("/proc/meminfo");

@@ -21,6 +21,7 @@ class LinuxKernel32 final : public Kernel32 {
 
     /// What can be had without swapping counts as available.
     void GlobalMemoryStatus(MemoryStatus& status) override;
+    std::int32_t GetVersionExA(OsVersionInfo& version) override;
 
     /// Attributes by mode and name: read-only without the owner's right to write, hidden with a
     /// point in front. The folder itself may be reached through links.

@@ -76,6 +76,10 @@ class AddressShortcut final : public Shortcut {
 
 }  // namespace
 
+std::unique_ptr<WshExec> WindowsWScriptShell::Exec(const std::string& /*command*/) {
+    throw RuntimeError(error::fileNotFound);
+}
+
 std::unique_ptr<Shortcut> WindowsWScriptShell::CreateShortcut(const std::string& file) {
     const std::string name = lowerCase(file);
     if (name.ends_with(".lnk")) return std::make_unique<LinkShortcut>(file);

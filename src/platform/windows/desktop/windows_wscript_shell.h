@@ -12,6 +12,7 @@ namespace velmora::windows {
 class WindowsWScriptShell final : public WScriptShell {
   public:
     std::unique_ptr<Shortcut> CreateShortcut(const std::string& file) override;
+    std::unique_ptr<WshExec> Exec(const std::string& command) override;
 
   private:
     ComApartment com_;

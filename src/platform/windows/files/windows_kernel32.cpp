@@ -75,6 +75,20 @@ std::string WindowsKernel32::GetEnvironmentVariableA(const std::string& name) {
 }
 
 // The call of that name may report less than there is on a machine with more than 2 GB.
+std::int32_t WindowsKernel32::GetVersionExA(OsVersionInfo& version) {
+    if (version.dwOSVersionInfoSize != os_version::recordLength) return 0;
+    OSVERSIONINFOA own{};
+    own.dwOSVersionInfoSize = sizeof own;
+    static_assert(sizeof own == os_version::recordLength);
+    if (::GetVersionExA(&own) == 0) return 0;
+    version = {.dwOSVersionInfoSize = os_version::recordLength,
+               .dwMajorVersion = own.dwMajorVersion,
+               .dwMinorVersion = own.dwMinorVersion,
+               .dwBuildNumber = own.dwBuildNumber,
+               .dwPlatformId = own.dwPlatformId};
+    return 1;
+}
+
 void WindowsKernel32::GlobalMemoryStatus(MemoryStatus& status) {
     if (status.dwLength != memory_status::recordLength) return;
     MEMORYSTATUSEX memory{};

@@ -22,6 +22,7 @@ class WindowsKernel32 final : public Kernel32 {
     std::string GetWindowsDirectoryA() override;
     std::string GetEnvironmentVariableA(const std::string& name) override;
     void GlobalMemoryStatus(MemoryStatus& status) override;
+    std::int32_t GetVersionExA(OsVersionInfo& version) override;
     FindHandle FindFirstFileA(const std::string& pattern, FindData& entry) override;
     bool FindNextFileA(FindHandle listing, FindData& entry) override;
     void FindClose(FindHandle listing) override;

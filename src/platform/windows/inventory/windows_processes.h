@@ -1,0 +1,23 @@
+// The running processes of the machine.
+#pragma once
+
+#include "platform/processes.h"
+
+namespace velmora::windows {
+
+class WindowsProcesses final : public Processes {
+  public:
+    SystemHandle CreateToolhelp32Snapshot(std::uint32_t flags, std::uint32_t processId) override;
+    bool Process32First(SystemHandle snapshot, ProcessEntry32& entry) override;
+    bool Process32Next(SystemHandle snapshot, ProcessEntry32& entry) override;
+    bool EnumProcesses(std::vector<std::uint32_t>& ids, std::uint32_t bytes,
+                       std::uint32_t& reported) override;
+    SystemHandle OpenProcess(std::uint32_t access, std::int32_t inherit, std::uint32_t id) override;
+    bool EnumProcessModules(SystemHandle process, std::vector<std::uint64_t>& modules,
+                            std::uint32_t bytes, std::uint32_t& needed) override;
+    std::uint32_t GetModuleFileNameExA(SystemHandle process, std::uint64_t module,
+                                       std::string& buffer, std::uint32_t size) override;
+    bool CloseHandle(SystemHandle handle) override;
+};
+
+}  // namespace velmora::windows
