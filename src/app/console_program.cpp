@@ -11,6 +11,7 @@
 #include "console/event_report.h"
 #include "console/line_reader.h"
 #include "console/output.h"
+#include "console/reports.h"
 
 namespace velmora {
 
@@ -69,8 +70,9 @@ int runConsole(Machine& machine, std::istream& input, std::ostream& stream,
     console::Waiting waiting(host, timers, later, platform.clock, output, sleep);
     const console::EventReport report(core.alerts().Raised, forms.form1.StatusBar1,
                                       forms.frmNotify.StatusTxt, output, waiting);
+    console::Reports reports(core.notify().inventory(), core.notify().content());
     console::Commands commands(
-        forms, host, output, waiting, later,
+        forms, host, output, waiting, later, reports,
         [&machine](const std::string& path) { return machine.toDrivePath(path); });
     later.setRun([&commands](const std::string& line) { commands.run(line); });
 

@@ -23,6 +23,7 @@ class Core {
     /// Builds the running state.
     void load();
     AlertList& alerts() { return alerts_.list(); }
+    Notify& notify() { return notify_; }
 
   private:
     // Each is built from those above it.

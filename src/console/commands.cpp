@@ -32,12 +32,13 @@ int readIndex(const std::string& text) {
 }  // namespace
 
 Commands::Commands(Forms& forms, ConsoleHost& host, Output& output, Waiting& waiting,
-                   LaterCommands& later, ToDrivePath path)
+                   LaterCommands& later, Reports& reports, ToDrivePath path)
     : forms_(forms),
       host_(host),
       output_(output),
       waiting_(waiting),
       later_(later),
+      reports_(reports),
       toDrivePath_(std::move(path)) {}
 
 const std::map<std::string, Commands::Handler>& Commands::handlers() {
@@ -50,7 +51,7 @@ const std::map<std::string, Commands::Handler>& Commands::handlers() {
         {"answer", &Commands::answer}, {"wait", &Commands::wait},
         {"json", &Commands::json},     {"watch", &Commands::watch},
         {"help", &Commands::help},     {"exit", &Commands::exit},
-        {"after", &Commands::after},
+        {"after", &Commands::after},   {"report", &Commands::report},
     };
     return all;
 }
@@ -260,6 +261,10 @@ void Commands::after(Words& words) {
     if (line.empty()) throw CommandError("a command is missing");
     later_.add(std::llround(seconds * 1000), std::move(line));
     output_.ok();
+}
+
+void Commands::report(Words& words) {
+    output_.report(reports_.make(words));
 }
 
 void Commands::waitUntil(const std::string& text) {

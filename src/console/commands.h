@@ -8,6 +8,7 @@
 
 #include "console/console_host.h"
 #include "console/output.h"
+#include "console/reports.h"
 #include "console/waiting.h"
 #include "console/words.h"
 #include "forms/forms.h"
@@ -20,7 +21,7 @@ class Commands {
     using ToDrivePath = std::function<std::string(const std::string&)>;
 
     Commands(Forms& forms, ConsoleHost& host, Output& output, Waiting& waiting,
-             LaterCommands& later, ToDrivePath path);
+             LaterCommands& later, Reports& reports, ToDrivePath path);
 
     /// Carries out one line and replies. A line that can't be carried out gets an error reply and
     /// changes nothing; a blank one gets none. A run-time error of the program ends it.
@@ -43,6 +44,7 @@ class Commands {
     void answer(Words& words);
     void wait(Words& words);
     void after(Words& words);
+    void report(Words& words);
     void json(Words& words);
     void watch(Words& words);
     void help(Words& words);
@@ -55,6 +57,7 @@ class Commands {
     Output& output_;
     Waiting& waiting_;
     LaterCommands& later_;
+    Reports& reports_;
     ToDrivePath toDrivePath_;
 };
 

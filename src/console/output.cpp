@@ -1,5 +1,6 @@
 #include "console/output.h"
 
+#include "base/text.h"
 #include "console/words.h"
 #include "rows/alert_row.h"
 
@@ -120,6 +121,13 @@ void Output::entries(const ComboBox& list) {
 void Output::text(const std::string& lines) {
     if (json_) return value(lines);
     line(lines);
+}
+
+void Output::report(const std::string& text) {
+    if (json_) return value(text);
+    std::vector<std::string> lines = split(text, lineEnd);
+    if (lines.size() > 1 && lines.back().empty()) lines.pop_back();
+    for (const std::string& each : lines) line(readable(each));
 }
 
 void Output::alert(const ListItem& item) {

@@ -31,6 +31,9 @@ class Output {
     void entries(const ComboBox& list);
     /// Lines for a person; one text for a program.
     void text(const std::string& lines);
+    /// The same for a text of the machine, with CR LF as line ends: a line with control characters
+    /// is escaped for a person.
+    void report(const std::string& text);
 
     // Events.
     void alert(const ListItem& item);

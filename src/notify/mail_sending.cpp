@@ -3,7 +3,6 @@
 #include "alerts/journal/alert_time.h"
 #include "base/resume_next.h"
 #include "forms/form_numbers.h"
-#include "notify/report_text.h"
 
 namespace velmora {
 
@@ -34,11 +33,7 @@ void MailSending::offerNoEncryption() {
 
 void MailSending::prcSendEmailZ() {
     if (!isComplete()) return;
-    std::string body;
-    resumeNext([&] {
-        body = content_.prcNotPreContent() + endLine() + "Custom Message: " + endLine() +
-               form_.txtCustMsg.Text();
-    });
+    std::string body = content_.mailBody();
     show("Busy sending mail...");
     const ComboBox& recipients = form_.cboNotEmail;
     int sent = 0;

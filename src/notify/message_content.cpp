@@ -5,6 +5,7 @@
 #include "base/convert.h"
 #include "base/format_number.h"
 #include "base/input_fields.h"
+#include "base/resume_next.h"
 #include "forms/form_numbers.h"
 #include "notify/report_text.h"
 
@@ -45,6 +46,15 @@ std::string MessageContent::prcNotPreContent() {
         if (sections.Selected(i)) result += section(i) + endLine() + endLine();
     }
     return result;
+}
+
+std::string MessageContent::mailBody() {
+    std::string body;
+    resumeNext([&] {
+        body = prcNotPreContent() + endLine() + "Custom Message: " + endLine() +
+               forms_.frmNotify.txtCustMsg.Text();
+    });
+    return body;
 }
 
 // What the first four entries say and what they hold do not agree.

@@ -55,4 +55,21 @@ class ProcessList {
     Platform& platform_;
 };
 
+/// The running processes as an object that keeps the list. Nothing in the program needs one yet.
+class clsRunProc {
+  public:
+    explicit clsRunProc(Platform& platform) : list_(platform) {}
+    /// Lists them anew.
+    void prcRunningProcs() {
+        running_ = {};
+        list_.prcEnumProcesses(running_);
+    }
+    /// Those of the last listing.
+    const ProcessArrays& RunningProcs() const { return running_; }
+
+  private:
+    ProcessList list_;
+    ProcessArrays running_;
+};
+
 }  // namespace velmora

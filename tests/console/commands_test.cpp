@@ -252,8 +252,9 @@ TEST_F(CommandsTest, SwitchToJsonWithTheReplyAndBack) {
 
 TEST_F(CommandsTest, HelpNamesEveryCommand) {
     const std::string help = run("help");
-    for (const char* name : {"get", "set", "click", "doubleclick", "menu", "tick", "select", "rows",
-                             "drop", "fire", "answer", "wait", "watch", "json", "help", "exit"}) {
+    for (const char* name :
+         {"get", "set", "click", "doubleclick", "menu", "tick", "select", "rows", "drop", "fire",
+          "answer", "wait", "report", "watch", "json", "help", "exit"}) {
         EXPECT_TRUE(("\n" + help).find("\n" + std::string(name) + " ") != std::string::npos)
             << name;
     }

@@ -10,6 +10,7 @@
 #include "console/commands.h"
 #include "console/console_host.h"
 #include "console/output.h"
+#include "console/reports.h"
 #include "console/waiting.h"
 #include "controls/timer_queue.h"
 #include "fake/fake_machine.h"
@@ -54,9 +55,13 @@ struct Session {
             slept += ms;
             machine.advance(ms);
         }};
+    Inventory inventory{machine.platform(), host};
+    MessageContent content{forms, machine.platform(), host, inventory};
+    console::Reports reports{inventory, content};
     console::Commands commands{
-        forms,   host,  output,
-        waiting, later, [](const std::string& path) { return "drive path of " + path; }};
+        forms, host, output, waiting, later, reports, [](const std::string& path) {
+            return "drive path of " + path;
+        }};
 };
 
 }  // namespace velmora::tests

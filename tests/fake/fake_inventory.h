@@ -108,7 +108,7 @@ class FakeWmi final : public Wmi {
 struct FakeProcess {
     std::uint32_t id = 0;
     std::string name;        ///< of its executable
-    std::string path;        ///< of its first module
+    std::string path = {};   ///< of its first module
     bool opens = true;       ///< whether it can be opened
     bool hasModules = true;  ///< whether its modules can be read
 };
