@@ -74,7 +74,8 @@ void ProcessList::listSnapshot(ProcessArrays& arrays) {
         processes.CreateToolhelp32Snapshot(process_list::snapshotOfProcesses, 0);
     if (snapshot < 1) return;
     const ScopeGuard close([&] { processes.CloseHandle(snapshot); });
-    ProcessEntry32 entry{.dwSize = process_list::entryRecord};
+    ProcessEntry32 entry;
+    entry.dwSize = process_list::entryRecord;
     std::size_t index = 0;
     for (bool found = processes.Process32First(snapshot, entry); found;
          found = processes.Process32Next(snapshot, entry)) {
