@@ -7,7 +7,7 @@ export CCACHE_NOHASHDIR=1
 
 # What a build needs.
 build_packages=(build-essential cmake ninja-build ccache pkg-config nlohmann-json3-dev zlib1g-dev
-    libcurl4-openssl-dev qt6-base-dev)
+    libcurl4-openssl-dev libsystemd-dev qt6-base-dev)
 
 # What the tests need besides: libraries, the cross compiler, Wine, tools that make file systems to
 # test on, and tools that show windows, operate them and take screenshots.
