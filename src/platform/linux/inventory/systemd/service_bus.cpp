@@ -1,0 +1,123 @@
+#include "platform/linux/inventory/systemd/service_bus.h"
+
+#include <systemd/sd-bus.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+
+namespace velmora::linuxhost {
+
+namespace {
+
+using std::chrono::duration_cast;
+using std::chrono::microseconds;
+using std::chrono::steady_clock;
+
+constexpr const char* service = "org.freedesktop.systemd1";
+constexpr const char* timerInterface = "org.freedesktop.systemd1.Timer";
+
+struct Unreference {
+    void operator()(sd_bus_message* message) const { sd_bus_message_unref(message); }
+};
+using BusMessage = std::unique_ptr<sd_bus_message, Unreference>;
+
+// Which units with a name like "*.timer" there are, in any state.
+BusMessage questionForTimers(sd_bus* bus) {
+    sd_bus_message* message = nullptr;
+    if (sd_bus_message_new_method_call(bus, &message, service, "/org/freedesktop/systemd1",
+                                       "org.freedesktop.systemd1.Manager",
+                                       "ListUnitsByPatterns") < 0)
+        return nullptr;
+    BusMessage question(message);
+    if (sd_bus_message_append(message, "asas", 0, 1, "*.timer") < 0) return nullptr;
+    return question;
+}
+
+// An array of id, description, three states, the unit that it follows, its object, and of its job
+// the number, kind and object.
+std::vector<Unit> readUnits(sd_bus_message* answer) {
+    std::vector<Unit> units;
+    if (sd_bus_message_enter_container(answer, 'a', "(ssssssouso)") < 0) return units;
+    const char* id = nullptr;
+    const char* description = nullptr;
+    const char* object = nullptr;
+    const char* other = nullptr;
+    std::uint32_t job = 0;
+    while (sd_bus_message_read(answer, "(ssssssouso)", &id, &description, &other, &other, &other,
+                               &other, &object, &job, &other, &other) > 0)
+        units.push_back({.id = id, .description = description, .object = object});
+    return units;
+}
+
+}  // namespace
+
+void ServiceBus::Close::operator()(sd_bus* bus) const {
+    sd_bus_close_unref(bus);
+}
+
+void ServiceBus::giveTime(microseconds time) {
+    deadline_ = steady_clock::now() + time;
+}
+
+std::uint64_t ServiceBus::timeLeft() const {
+    const auto left = duration_cast<microseconds>(deadline_ - steady_clock::now());
+    return static_cast<std::uint64_t>(std::max<microseconds::rep>(left.count(), 0));
+}
+
+bool ServiceBus::isConnected() {
+    return bus_ && sd_bus_is_ready(bus_.get()) > 0;
+}
+
+// A call would wait for the connection, too, but much longer than for its answer.
+bool ServiceBus::connect() {
+    if (bus_) return isConnected();
+    sd_bus* bus = nullptr;
+    if (sd_bus_open_system(&bus) < 0) return false;
+    bus_.reset(bus);
+    while (sd_bus_is_ready(bus) == 0) {
+        const int progress = sd_bus_process(bus, nullptr);
+        if (progress > 0) continue;
+        const std::uint64_t left = timeLeft();
+        if (progress < 0 || left == 0) return false;
+        const int wait = sd_bus_wait(bus, left);
+        if (wait < 0 && wait != -EINTR) return false;
+    }
+    return isConnected();
+}
+
+// Without any time left, a call would wait as long as the library likes.
+bool ServiceBus::mayAsk() {
+    const std::uint64_t left = timeLeft();
+    return isConnected() && left > 0 && sd_bus_set_method_call_timeout(bus_.get(), left) >= 0;
+}
+
+std::optional<std::vector<Unit>> ServiceBus::timers() {
+    if (!connect() || !mayAsk()) return std::nullopt;
+    const BusMessage question = questionForTimers(bus_.get());
+    sd_bus_message* answer = nullptr;
+    if (!question || sd_bus_call(bus_.get(), question.get(), 0, nullptr, &answer) < 0)
+        return std::nullopt;
+    const BusMessage owner(answer);
+    return readUnits(answer);
+}
+
+std::optional<std::string> ServiceBus::timerText(const Unit& unit, const char* property) {
+    char* text = nullptr;
+    if (!mayAsk() || sd_bus_get_property_string(bus_.get(), service, unit.object.c_str(),
+                                                timerInterface, property, nullptr, &text) < 0)
+        return std::nullopt;
+    const std::unique_ptr<char, decltype(&std::free)> owner(text, &std::free);
+    return text;
+}
+
+std::optional<std::uint64_t> ServiceBus::timerNumber(const Unit& unit, const char* property) {
+    std::uint64_t number = 0;
+    if (!mayAsk() ||
+        sd_bus_get_property_trivial(bus_.get(), service, unit.object.c_str(), timerInterface,
+                                    property, nullptr, 't', &number) < 0)
+        return std::nullopt;
+    return number;
+}
+
+}  // namespace velmora::linuxhost
