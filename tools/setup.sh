@@ -13,7 +13,8 @@ build_packages=(build-essential cmake ninja-build ccache pkg-config nlohmann-jso
 # test on, and tools that show windows, operate them and take screenshots.
 test_packages=(googletest libssl-dev libfuse3-dev fuse3 libz-mingw-w64-dev python3
     gcc-mingw-w64-x86-64-posix g++-mingw-w64-x86-64-posix wine wine64 e2fsprogs mount
-    xvfb openbox xdotool imagemagick python3-aiosmtpd s-nail openssl)
+    xvfb openbox xdotool imagemagick python3-aiosmtpd s-nail openssl systemd-journal-remote
+    dbus python3-dbus python3-gi)
 
 # What checks the sources and searches with libFuzzer.
 clang_packages=(clang clang-format clang-tidy libclang-rt-dev)

@@ -31,6 +31,13 @@ bool readAt(const UniqueFd& file, off_t place, std::string& bytes) {
     return true;
 }
 
+// The last line, which begins there.
+std::string lineFrom(const std::string& text, std::size_t begin) {
+    std::string line = text.substr(begin, longestLine);
+    if (line.ends_with('\r')) line.pop_back();
+    return line;
+}
+
 }  // namespace
 
 LinesFromEnd::LinesFromEnd(const std::string& path)
@@ -45,10 +52,10 @@ std::optional<std::string> LinesFromEnd::next() {
         const auto end = text_.rfind('\n');
         if (end == std::string::npos) {
             if (readBlock()) continue;
-            if (text_.empty()) return std::nullopt;
-            return std::exchange(text_, {}).substr(0, longestLine);
+            const std::string line = lineFrom(std::exchange(text_, {}), 0);
+            return line.empty() ? std::nullopt : std::optional(line);
         }
-        std::string line = text_.substr(end + 1, longestLine);
+        std::string line = lineFrom(text_, end + 1);
         text_.resize(end);
         inLine_ = 0;
         if (!line.empty()) return line;
