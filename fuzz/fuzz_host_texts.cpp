@@ -1,0 +1,120 @@
+// Any bytes as texts of the host: lines of logs and crontabs, entries of the journal, jobs of at.
+// Reading ends, and what is read keeps its promises.
+//
+// Input: a byte for the kind of text, then the text.
+#include <algorithm>
+#include <string>
+
+#include "base/text.h"
+#include "fuzz_target.h"
+#include "platform/linux/inventory/at_job.h"
+#include "platform/linux/inventory/crontab_line.h"
+#include "platform/linux/inventory/journal_entry.h"
+#include "platform/linux/inventory/syslog_line.h"
+#include "platform/linux/inventory/text_pieces.h"
+
+using namespace velmora;
+using namespace velmora::linuxhost;
+
+namespace {
+
+constexpr std::int64_t now = 1'795'348'800;  // 22 November 2026, noon in UTC
+
+bool isPartOf(std::string_view part, std::string_view whole) {
+    return part.empty() || whole.find(part) != std::string_view::npos;
+}
+
+void syslogText(std::string_view text) {
+    while (!text.empty()) {
+        const std::string_view line = takeLine(text);
+        const SyslogLine read = readSyslogLine(line, now);
+        require(line.ends_with(read.message), "the message is the end of the line");
+        if (!read.time) {
+            require(read.message == line, "a line without a form is a message");
+            continue;
+        }
+        require(!read.host.empty() && !read.tag.empty(), "a form has a host and a tag");
+        require(isPartOf(read.host, line) && isPartOf(read.tag, line), "they stand in the line");
+        const bool hasYear = line[0] >= '0' && line[0] <= '9';
+        require(hasYear || *read.time <= now * 1'000'000, "without a year it is no later than now");
+    }
+}
+
+void crontabText(std::string_view text, CrontabKind kind) {
+    while (!text.empty()) {
+        const std::string_view line = takeLine(text);
+        const auto job = readCrontabLine(line, kind);
+        if (!job) continue;
+        require(!job->command.empty() && !job->schedule.empty(), "a job has a time and a command");
+        require(isPartOf(job->schedule, line), "the time is as it was written");
+        require((kind == CrontabKind::user) == job->user.empty(), "only the system names users");
+        require(!job->daysOfMonth || (*job->daysOfMonth > 0 && *job->daysOfMonth >> 31 == 0),
+                "a month has 31 days");
+        require(!job->daysOfWeek || (*job->daysOfWeek > 0 && *job->daysOfWeek >> 7 == 0),
+                "a week has 7 days");
+        require(!job->time || (job->time->hour >= 0 && job->time->hour < 24 &&
+                               job->time->minute >= 0 && job->time->minute < 60),
+                "a time of day exists");
+    }
+}
+
+// A field a line, name and value; the line "cursor=" and "received=" are the entry's own.
+void journalText(std::string_view text) {
+    JournalEntry entry;
+    while (!text.empty()) {
+        const std::string_view line = takeLine(text);
+        const std::string name(line.substr(0, line.find('=')));
+        const std::string value(line.substr(std::min(line.size(), name.size() + 1)));
+        if (name == "cursor") entry.cursor = value;
+        if (name == "received") entry.received = numberIn<std::uint64_t>(value);
+        entry.fields[name] = value;
+    }
+    const Record record =
+        journalRecord(entry, [](std::uint32_t id) { return std::to_string(id) + "\n"; });
+    for (const auto& [name, value] : record) {
+        require(isValidUtf8(value), "texts are UTF-8");
+        require(name == "Message" || value.find('\n') == std::string::npos,
+                "only a message has lines");
+    }
+    if (const auto type = record.find("Type"); type != record.end())
+        require(
+            type->second == "Error" || type->second == "Warning" || type->second == "Information",
+            "there are three types");
+}
+
+void atText(std::string_view text) {
+    std::string_view script = text;
+    const std::string_view name = takeLine(script);
+    if (const auto job = readAtJobName(name)) {
+        require(job->number <= 0xFFFFF, "a number has five digits");
+        require(job->start >= 0 && job->start <= 0xFFFFFFFFLL * 60'000'000,
+                "a start has eight digits");
+    }
+    const std::string commands = atCommands(script);
+    require(commands.find('\n') == std::string::npos, "commands are one line");
+    require(commands.size() <= 2 * script.size(), "commands are those of the script");
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    if (size == 0) return 0;
+    const std::string_view text = asText(data, size).substr(1);
+    switch (data[0] % 5) {
+        case 0:
+            syslogText(text);
+            break;
+        case 1:
+            crontabText(text, CrontabKind::system);
+            break;
+        case 2:
+            crontabText(text, CrontabKind::user);
+            break;
+        case 3:
+            journalText(text);
+            break;
+        default:
+            atText(text);
+    }
+    return 0;
+}
