@@ -26,7 +26,7 @@ bool isPartOf(std::string_view part, std::string_view whole) {
 
 void syslogText(std::string_view text) {
     while (!text.empty()) {
-        const std::string_view line = takeLine(text);
+        const std::string_view line = popLine(text);
         const SyslogLine read = readSyslogLine(line, now);
         require(line.ends_with(read.message), "the message is the end of the line");
         if (!read.time) {
@@ -42,7 +42,7 @@ void syslogText(std::string_view text) {
 
 void crontabText(std::string_view text, CrontabKind kind) {
     while (!text.empty()) {
-        const std::string_view line = takeLine(text);
+        const std::string_view line = popLine(text);
         const auto job = readCrontabLine(line, kind);
         if (!job) continue;
         require(!job->command.empty() && !job->schedule.empty(), "a job has a time and a command");
@@ -62,11 +62,11 @@ void crontabText(std::string_view text, CrontabKind kind) {
 void journalText(std::string_view text) {
     JournalEntry entry;
     while (!text.empty()) {
-        const std::string_view line = takeLine(text);
+        const std::string_view line = popLine(text);
         const std::string name(line.substr(0, line.find('=')));
         const std::string value(line.substr(std::min(line.size(), name.size() + 1)));
         if (name == "cursor") entry.cursor = value;
-        if (name == "received") entry.received = numberIn<std::uint64_t>(value);
+        if (name == "received") entry.received = parseNumber<std::uint64_t>(value);
         entry.fields[name] = value;
     }
     const Record record =
@@ -84,7 +84,7 @@ void journalText(std::string_view text) {
 
 void atText(std::string_view text) {
     std::string_view script = text;
-    const std::string_view name = takeLine(script);
+    const std::string_view name = popLine(script);
     if (const auto job = readAtJobName(name)) {
         require(job->number <= 0xFFFFF, "a number has five digits");
         require(job->start >= 0 && job->start <= 0xFFFFFFFFLL * 60'000'000,

@@ -55,15 +55,15 @@ std::optional<AtJobName> readAtJobName(std::string_view name) {
     constexpr int hexadecimal = 16;
     constexpr std::int64_t minute = 60'000'000;  // in microseconds
     if (name.size() != size || !isQueue(name[0])) return std::nullopt;
-    const auto number = numberIn<std::uint32_t>(name.substr(1, 5), hexadecimal);
-    const auto minutes = numberIn<std::uint32_t>(name.substr(6), hexadecimal);
+    const auto number = parseNumber<std::uint32_t>(name.substr(1, 5), hexadecimal);
+    const auto minutes = parseNumber<std::uint32_t>(name.substr(6), hexadecimal);
     if (!number || !minutes) return std::nullopt;
     return AtJobName{.number = *number, .start = *minutes * minute};
 }
 
 std::string atCommands(std::string_view script) {
     ScriptLines lines;
-    while (!script.empty()) lines.push_back(takeLine(script));
+    while (!script.empty()) lines.push_back(popLine(script));
     auto line = commandsBegin(lines);
     auto end = lines.cend();
     const std::string_view document = line == end ? std::string_view{} : hereDocumentEnd(*line);

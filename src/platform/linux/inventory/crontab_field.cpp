@@ -41,7 +41,7 @@ std::optional<unsigned> valueIn(std::string_view text, const FieldRange& range) 
     const auto name = std::find(range.names.begin(), range.names.end(), lowerCase(text));
     if (name != range.names.end())
         return range.least + static_cast<unsigned>(name - range.names.begin());
-    const auto number = numberIn<unsigned>(text);
+    const auto number = parseNumber<unsigned>(text);
     if (!number || *number < range.least || *number > range.greatest) return std::nullopt;
     return number;
 }
@@ -71,7 +71,7 @@ std::optional<std::uint64_t> entryValues(std::string_view text, const FieldRange
     const auto span = spanIn(text.substr(0, slash), range);
     unsigned step = 1;
     if (slash != std::string_view::npos)
-        step = numberIn<unsigned>(text.substr(slash + 1)).value_or(0);
+        step = parseNumber<unsigned>(text.substr(slash + 1)).value_or(0);
     if (!span || step == 0) return std::nullopt;
     step = std::min(step, range.greatest + 1);
     std::uint64_t values = 0;

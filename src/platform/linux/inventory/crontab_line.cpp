@@ -43,13 +43,13 @@ bool takeFields(std::string_view& rest, CronJob& job) {
     std::array<std::string_view, order.size()> texts;
     std::array<std::uint64_t, order.size()> values{};
     for (std::size_t i = 0; i < order.size(); ++i) {
-        texts[i] = takeWord(rest);
+        texts[i] = popWord(rest);
         const auto read = cronValues(texts[i], order[i]);
         if (!read) return false;
         values[i] = *read;
     }
-    const auto minute = numberIn<unsigned>(texts[0]);
-    const auto hour = numberIn<unsigned>(texts[1]);
+    const auto minute = parseNumber<unsigned>(texts[0]);
+    const auto hour = parseNumber<unsigned>(texts[1]);
     if (minute && hour) job.time = {static_cast<int>(*hour), static_cast<int>(*minute)};
     if (texts[2] != "*") job.daysOfMonth = static_cast<std::uint32_t>(values[2] >> 1);
     if (texts[4] != "*") job.daysOfWeek = fromMonday(values[4]);
@@ -77,12 +77,12 @@ std::optional<CronJob> readCrontabLine(std::string_view line, CrontabKind kind) 
     if (rest.empty() || rest.front() == '#' || isVariable(rest)) return std::nullopt;
     CronJob job;
     if (rest.front() == '@') {
-        job.schedule = takeWord(rest);
+        job.schedule = popWord(rest);
         if (!isScheduleName(job.schedule)) return std::nullopt;
     } else if (!takeFields(rest, job)) {
         return std::nullopt;
     }
-    if (kind == CrontabKind::system) job.user = takeWord(rest);
+    if (kind == CrontabKind::system) job.user = popWord(rest);
     job.command = kind == CrontabKind::user ? beforeInput(rest) : std::string(rest);
     if (job.command.empty()) return std::nullopt;
     return job;

@@ -66,7 +66,7 @@ bool CrontabJobs::openNext() {
 std::optional<Record> CrontabJobs::next() {
     do {
         while (!rest_.empty())
-            if (const auto job = readCrontabLine(takeLine(rest_), file_.kind))
+            if (const auto job = readCrontabLine(popLine(rest_), file_.kind))
                 return cronRecord(*job, file_);
     } while (openNext());
     return std::nullopt;

@@ -23,7 +23,7 @@ class EntryReader {
     template <typename Number>
     std::optional<Number> number(const char* field) const {
         const std::string* digits = text(field);
-        return digits ? numberIn<Number>(*digits) : std::nullopt;
+        return digits ? parseNumber<Number>(*digits) : std::nullopt;
     }
     void copy(const char* field, const char* property) {
         if (const std::string* value = text(field)) record[property] = oneLine(*value);
@@ -55,7 +55,7 @@ std::optional<std::uint64_t> sequenceNumberOf(std::string_view cursor) {
     constexpr std::string_view name = "i=";
     for (const std::string& field : split(cursor, ";"))
         if (field.starts_with(name))
-            return numberIn<std::uint64_t>(std::string_view(field).substr(name.size()), 16);
+            return parseNumber<std::uint64_t>(std::string_view(field).substr(name.size()), 16);
     return std::nullopt;
 }
 

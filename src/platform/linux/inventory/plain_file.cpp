@@ -20,7 +20,7 @@ std::int64_t microsecondsOf(const timespec& time) {
 }
 
 // False when reading fails, or there is more than that.
-bool readToEnd(const UniqueFd& file, std::string& content) {
+bool readWhole(const UniqueFd& file, std::string& content) {
     constexpr std::size_t piece = 64 * 1024;
     while (content.size() <= greatestPlainFile) {
         const std::size_t size = content.size();
@@ -43,7 +43,7 @@ std::optional<PlainFile> readPlainFile(const std::string& path) {
         return std::nullopt;
     PlainFile result{
         .content = {}, .owner = status.st_uid, .modified = microsecondsOf(status.st_mtim)};
-    if (!readToEnd(file, result.content)) return std::nullopt;
+    if (!readWhole(file, result.content)) return std::nullopt;
     return result;
 }
 

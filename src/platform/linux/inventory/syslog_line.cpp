@@ -14,9 +14,9 @@ constexpr std::int64_t aSecond = 1'000'000;  // in microseconds
 // Hours, minutes and seconds.
 bool readTimeOfDay(std::string_view text, std::tm& time) {
     if (text.size() != 8 || text[2] != ':' || text[5] != ':') return false;
-    const auto hour = numberIn<unsigned>(text.substr(0, 2));
-    const auto minute = numberIn<unsigned>(text.substr(3, 2));
-    const auto second = numberIn<unsigned>(text.substr(6, 2));
+    const auto hour = parseNumber<unsigned>(text.substr(0, 2));
+    const auto minute = parseNumber<unsigned>(text.substr(3, 2));
+    const auto second = parseNumber<unsigned>(text.substr(6, 2));
     if (!hour || !minute || !second || *hour > 23 || *minute > 59 || *second > 59) return false;
     time.tm_hour = static_cast<int>(*hour);
     time.tm_min = static_cast<int>(*minute);
@@ -66,7 +66,7 @@ std::optional<std::int64_t> takeTraditionalTime(std::string_view& rest, std::int
     std::tm time{};
     time.tm_mon = monthOf(rest.substr(0, 3));
     const bool hasOneDigit = rest[4] == ' ';
-    const auto day = numberIn<unsigned>(rest.substr(hasOneDigit ? 5 : 4, hasOneDigit ? 1 : 2));
+    const auto day = parseNumber<unsigned>(rest.substr(hasOneDigit ? 5 : 4, hasOneDigit ? 1 : 2));
     if (time.tm_mon < 0 || !day || *day < 1 || *day > 31) return std::nullopt;
     time.tm_mday = static_cast<int>(*day);
     if (!readTimeOfDay(rest.substr(7, 8), time)) return std::nullopt;
@@ -97,8 +97,8 @@ std::optional<std::int64_t> readOffset(std::string_view text) {
     if (text == "Z") return 0;
     if (text.size() != 6 || (text[0] != '+' && text[0] != '-') || text[3] != ':')
         return std::nullopt;
-    const auto hours = numberIn<unsigned>(text.substr(1, 2));
-    const auto minutes = numberIn<unsigned>(text.substr(4, 2));
+    const auto hours = parseNumber<unsigned>(text.substr(1, 2));
+    const auto minutes = parseNumber<unsigned>(text.substr(4, 2));
     if (!hours || !minutes || *hours > 23 || *minutes > 59) return std::nullopt;
     const std::int64_t seconds = (*hours * 60 + *minutes) * 60;
     return text[0] == '-' ? -seconds : seconds;
@@ -106,9 +106,9 @@ std::optional<std::int64_t> readOffset(std::string_view text) {
 
 bool readDay(std::string_view text, std::tm& time) {
     if (text.size() != 10 || text[4] != '-' || text[7] != '-') return false;
-    const auto year = numberIn<unsigned>(text.substr(0, 4));
-    const auto month = numberIn<unsigned>(text.substr(5, 2));
-    const auto day = numberIn<unsigned>(text.substr(8, 2));
+    const auto year = parseNumber<unsigned>(text.substr(0, 4));
+    const auto month = parseNumber<unsigned>(text.substr(5, 2));
+    const auto day = parseNumber<unsigned>(text.substr(8, 2));
     if (!year || !month || !day || *month < 1 || *month > 12 || *day < 1 || *day > 31) return false;
     time.tm_year = static_cast<int>(*year) - 1900;
     time.tm_mon = static_cast<int>(*month) - 1;

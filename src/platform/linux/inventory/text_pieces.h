@@ -12,7 +12,7 @@ inline bool isBlank(char c) {
 }
 
 /// Takes the first line away and gives it without its line end.
-inline std::string_view takeLine(std::string_view& rest) {
+inline std::string_view popLine(std::string_view& rest) {
     const auto end = rest.find('\n');
     std::string_view line = rest.substr(0, end);
     rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
@@ -25,7 +25,7 @@ inline void passBlanks(std::string_view& rest) {
 }
 
 /// Takes the next word away, with the blanks in front of it and after it; empty at the end.
-inline std::string_view takeWord(std::string_view& rest) {
+inline std::string_view popWord(std::string_view& rest) {
     passBlanks(rest);
     const std::string_view word = rest.substr(0, rest.find_first_of(" \t"));
     rest.remove_prefix(word.size());
@@ -35,7 +35,7 @@ inline std::string_view takeWord(std::string_view& rest) {
 
 /// The number, when the text is one of type `Number` and nothing else.
 template <typename Number>
-std::optional<Number> numberIn(std::string_view text, int base = 10) {
+std::optional<Number> parseNumber(std::string_view text, int base = 10) {
     Number number = 0;
     const char* end = text.data() + text.size();
     const auto [last, failure] = std::from_chars(text.data(), end, number, base);

@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::size_t greatestField = 64 * 1024;  // bytes; what is longer may be cut
 
-sd_journal* openAtEnd(const std::string& file) {
+sd_journal* openJournalAtEnd(const std::string& file) {
     sd_journal* journal = nullptr;
     const char* files[] = {file.c_str(), nullptr};
     const int failure = file.empty() ? sd_journal_open(&journal, SD_JOURNAL_LOCAL_ONLY)
@@ -25,7 +25,7 @@ sd_journal* openAtEnd(const std::string& file) {
 }
 
 // The value behind the name and "=".
-std::optional<std::string> fieldOf(sd_journal* journal, std::string_view name) {
+std::optional<std::string> journalField(sd_journal* journal, std::string_view name) {
     const void* bytes = nullptr;
     std::size_t size = 0;
     if (sd_journal_get_data(journal, name.data(), &bytes, &size) < 0) return std::nullopt;
@@ -45,7 +45,7 @@ JournalEntry readEntry(sd_journal* journal) {
     JournalEntry entry;
     for (const char* name : {"_HOSTNAME", "SYSLOG_IDENTIFIER", "_COMM", "MESSAGE", "_TRANSPORT",
                              "_UID", "SYSLOG_FACILITY", "PRIORITY", "_SOURCE_REALTIME_TIMESTAMP"})
-        if (auto value = fieldOf(journal, name)) entry.fields[name] = std::move(*value);
+        if (auto value = journalField(journal, name)) entry.fields[name] = std::move(*value);
     std::uint64_t received = 0;
     if (sd_journal_get_realtime_usec(journal, &received) >= 0) entry.received = received;
     entry.cursor = cursorOf(journal);
@@ -58,7 +58,7 @@ void JournalEvents::Close::operator()(sd_journal* journal) const {
     sd_journal_close(journal);
 }
 
-JournalEvents::JournalEvents(const std::string& file) : journal_(openAtEnd(file)) {}
+JournalEvents::JournalEvents(const std::string& file) : journal_(openJournalAtEnd(file)) {}
 
 std::string JournalEvents::userOf(std::uint32_t id) {
     const auto [user, isNew] = users_.try_emplace(id);

@@ -10,10 +10,6 @@ namespace velmora::linuxhost {
 
 namespace {
 
-using std::chrono::duration_cast;
-using std::chrono::microseconds;
-using std::chrono::steady_clock;
-
 constexpr const char* service = "org.freedesktop.systemd1";
 constexpr const char* timerInterface = "org.freedesktop.systemd1.Timer";
 
@@ -56,13 +52,14 @@ void ServiceBus::Close::operator()(sd_bus* bus) const {
     sd_bus_close_unref(bus);
 }
 
-void ServiceBus::giveTime(microseconds time) {
-    deadline_ = steady_clock::now() + time;
+void ServiceBus::giveTime(std::chrono::microseconds time) {
+    deadline_ = std::chrono::steady_clock::now() + time;
 }
 
 std::uint64_t ServiceBus::timeLeft() const {
-    const auto left = duration_cast<microseconds>(deadline_ - steady_clock::now());
-    return static_cast<std::uint64_t>(std::max<microseconds::rep>(left.count(), 0));
+    const auto left = std::chrono::duration_cast<std::chrono::microseconds>(
+        deadline_ - std::chrono::steady_clock::now());
+    return static_cast<std::uint64_t>(std::max<std::int64_t>(left.count(), 0));
 }
 
 bool ServiceBus::isConnected() {
