@@ -14,7 +14,7 @@ namespace velmora::linuxhost {
 namespace {
 
 constexpr std::uint64_t firstEntry = 1795325387'000000;  // 22 November 2026, 05:29:47 UTC
-constexpr std::uint64_t second = 1'000'000;
+constexpr std::uint64_t oneSecond = 1'000'000;
 
 class EventJournal : public testing::Test {
   protected:
@@ -25,7 +25,7 @@ class EventJournal : public testing::Test {
     }
     void addNumbered(int count) {
         for (int i = 0; i < count; ++i)
-            journal_.add(firstEntry + static_cast<std::uint64_t>(i) * second,
+            journal_.add(firstEntry + static_cast<std::uint64_t>(i) * oneSecond,
                          {{"MESSAGE", "message " + std::to_string(i)}, {"_UID", "0"}});
     }
     std::vector<Record> read(std::size_t most = 100'000) const {
@@ -71,15 +71,15 @@ std::vector<std::string> shownByJournalctl(const std::string& file, const std::s
 
 TEST_F(EventJournal, AnEntryHasAllThatIsKnownOfIt) {
     journal_.add(firstEntry, {{"MESSAGE", "old"}});
-    journal_.add(firstEntry + second, {{"_HOSTNAME", "box"},
-                                       {"SYSLOG_IDENTIFIER", "cron"},
-                                       {"_COMM", "crond"},
-                                       {"MESSAGE", "first\nsecond"},
-                                       {"_TRANSPORT", "syslog"},
-                                       {"_UID", "0"},
-                                       {"SYSLOG_FACILITY", "9"},
-                                       {"PRIORITY", "4"},
-                                       {"_SOURCE_REALTIME_TIMESTAMP", "1795325387123456"}});
+    journal_.add(firstEntry + oneSecond, {{"_HOSTNAME", "box"},
+                                          {"SYSLOG_IDENTIFIER", "cron"},
+                                          {"_COMM", "crond"},
+                                          {"MESSAGE", "first\nsecond"},
+                                          {"_TRANSPORT", "syslog"},
+                                          {"_UID", "0"},
+                                          {"SYSLOG_FACILITY", "9"},
+                                          {"PRIORITY", "4"},
+                                          {"_SOURCE_REALTIME_TIMESTAMP", "1795325387123456"}});
     ASSERT_TRUE(journal_.write());
     const auto records = read();
     ASSERT_EQ(records.size(), 2u);
