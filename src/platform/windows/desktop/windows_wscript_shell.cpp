@@ -11,29 +11,13 @@
 #include "base/text.h"
 #include "platform/windows/desktop/shortcut_fields.h"
 #include "platform/windows/files/windows_text_files.h"
+#include "platform/windows/system/com_reference.h"
 #include "platform/windows/system/system_errors.h"
 #include "platform/windows/system/utf16.h"
 
 namespace velmora::windows {
 
 namespace {
-
-// A reference to a component.
-template <typename Interface>
-class Reference {
-  public:
-    Reference() = default;
-    ~Reference() {
-        if (pointer_) pointer_->Release();
-    }
-    Reference(const Reference&) = delete;
-    Reference& operator=(const Reference&) = delete;
-    Interface* operator->() const { return pointer_; }
-    void** place() { return reinterpret_cast<void**>(&pointer_); }
-
-  private:
-    Interface* pointer_ = nullptr;
-};
 
 void require(HRESULT result) {
     if (FAILED(result)) throw RuntimeError(errorOfSaving(result));
@@ -44,9 +28,9 @@ class LinkShortcut final : public Shortcut {
     explicit LinkShortcut(std::string file) : file_(std::move(file)) {}
 
     void Save() override {
-        Reference<IShellLinkW> link;
+        ComReference<IShellLinkW> link;
         require(CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkW,
-                                 link.place()));
+                                 link.untypedPlace()));
         const auto icon = iconOf(IconLocation);
         require(link->SetPath(toUtf16(TargetPath).c_str()));
         require(link->SetArguments(toUtf16(Arguments).c_str()));
@@ -56,8 +40,8 @@ class LinkShortcut final : public Shortcut {
         require(link->SetHotkey(hotKeyOf(HotKey)));
         if (!icon.first.empty())
             require(link->SetIconLocation(toUtf16(icon.first).c_str(), icon.second));
-        Reference<IPersistFile> file;
-        require(link->QueryInterface(IID_IPersistFile, file.place()));
+        ComReference<IPersistFile> file;
+        require(link->QueryInterface(IID_IPersistFile, file.untypedPlace()));
         require(file->Save(fullPath(file_).c_str(), TRUE));
     }
 
