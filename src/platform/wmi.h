@@ -8,6 +8,9 @@
 #include <utility>
 #include <vector>
 
+// A header of the system may have given this name to a call of its own.
+#undef GetObject
+
 namespace velmora {
 
 /// The content of a property, as far as a text can be made of it.
