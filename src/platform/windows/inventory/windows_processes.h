@@ -1,7 +1,10 @@
 // The running processes of the machine.
 #pragma once
 
+#include <map>
+
 #include "platform/processes.h"
+#include "platform/windows/system/unique_handle.h"
 
 namespace velmora::windows {
 
@@ -18,6 +21,15 @@ class WindowsProcesses final : public Processes {
     std::uint32_t GetModuleFileNameExA(SystemHandle process, std::uint64_t module,
                                        std::string& buffer, std::uint32_t size) override;
     bool CloseHandle(SystemHandle handle) override;
+
+  private:
+    /// A number for a handle that this object closes.
+    SystemHandle kept(UniqueHandle handle);
+    /// The handle of such a number; null for any other number.
+    HANDLE handleOf(SystemHandle number) const;
+
+    /// Only what was opened here is used and closed.
+    std::map<SystemHandle, UniqueHandle> open_;
 };
 
 }  // namespace velmora::windows
