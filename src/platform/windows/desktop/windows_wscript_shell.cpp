@@ -11,6 +11,8 @@
 #include "base/text.h"
 #include "platform/windows/desktop/shortcut_fields.h"
 #include "platform/windows/files/windows_text_files.h"
+#include "platform/windows/programs/console_text.h"
+#include "platform/windows/programs/program_output.h"
 #include "platform/windows/system/com_reference.h"
 #include "platform/windows/system/system_errors.h"
 #include "platform/windows/system/utf16.h"
@@ -58,10 +60,19 @@ class AddressShortcut final : public Shortcut {
     std::string file_;
 };
 
+class StartedProgram final : public WshExec {
+  public:
+    explicit StartedProgram(const std::string& command) : output_(command) {}
+    std::string ReadAll() override { return consoleText(output_.readAll()); }
+
+  private:
+    ProgramOutput output_;
+};
+
 }  // namespace
 
-std::unique_ptr<WshExec> WindowsWScriptShell::Exec(const std::string& /*command*/) {
-    throw RuntimeError(error::fileNotFound);
+std::unique_ptr<WshExec> WindowsWScriptShell::Exec(const std::string& command) {
+    return std::make_unique<StartedProgram>(command);
 }
 
 std::unique_ptr<Shortcut> WindowsWScriptShell::CreateShortcut(const std::string& file) {

@@ -1,4 +1,4 @@
-// Shortcuts of the system's shell.
+// Shortcuts of the system's shell, and programs whose output is read.
 #pragma once
 
 #include <memory>
