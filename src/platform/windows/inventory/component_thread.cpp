@@ -45,7 +45,9 @@ class ComponentThread::Worker {
 
   private:
     void serveInApartment() {
-        const ComApartment com(ApartmentKind::manyThreads);
+        // Of this thread's own: the system's records come from components of one thread, which any
+        // other kind would reach by a detour through a thread between.
+        const ComApartment com;
         Components components;
         std::unique_lock lock(mutex_);
         while (true) {

@@ -5,16 +5,9 @@
 
 namespace velmora::windows {
 
-namespace {
-
-DWORD modelOf(ApartmentKind kind) {
-    return kind == ApartmentKind::ownThread ? COINIT_APARTMENTTHREADED : COINIT_MULTITHREADED;
-}
-
-}  // namespace
-
-ComApartment::ComApartment(ApartmentKind kind)
-    : isOurs_(SUCCEEDED(CoInitializeEx(nullptr, modelOf(kind) | COINIT_DISABLE_OLE1DDE))) {}
+ComApartment::ComApartment()
+    : isOurs_(
+          SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE))) {}
 
 ComApartment::~ComApartment() {
     if (isOurs_) CoUninitialize();
