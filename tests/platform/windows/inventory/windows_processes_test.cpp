@@ -10,7 +10,6 @@
 #include <vector>
 
 #include "platform/windows/support/helper_program.h"
-#include "platform/windows/support/own_handles.h"
 
 #undef Process32First
 #undef Process32Next
@@ -167,15 +166,21 @@ TEST_F(WindowsProcessesTest, OnlyItsOwnHandlesAreUsedAndClosed) {
 }
 
 TEST_F(WindowsProcessesTest, WhatIsLeftOpenIsClosedWithTheObject) {
-    if (!countsHandles()) GTEST_SKIP() << "the system doesn't count handles";
-    const int before = ownHandles();
+    const auto isOpen = [](SystemHandle handle) {
+        DWORD flags = 0;
+        return GetHandleInformation(reinterpret_cast<HANDLE>(handle), &flags) != 0;
+    };
+    SystemHandle list = 0;
+    SystemHandle process = 0;
     {
         WindowsProcesses others;
-        others.CreateToolhelp32Snapshot(process_list::snapshotOfProcesses, 0);
-        others.OpenProcess(process_list::queryAndRead, 0, ownId);
-        EXPECT_EQ(ownHandles(), before + 2);
+        list = others.CreateToolhelp32Snapshot(process_list::snapshotOfProcesses, 0);
+        process = others.OpenProcess(process_list::queryAndRead, 0, ownId);
+        EXPECT_TRUE(isOpen(list));
+        EXPECT_TRUE(isOpen(process));
     }
-    EXPECT_EQ(ownHandles(), before);
+    EXPECT_FALSE(isOpen(list));
+    EXPECT_FALSE(isOpen(process));
 }
 
 }  // namespace

@@ -66,8 +66,9 @@ TEST_F(WmiLeak, AThousandReportsOfAScriptedSourceLeaveNothing) {
     script->records.resize(2, {{L"Name", wmiText(L"a.exe")}});
     WindowsWmi wmi{sourceOf(script), 30s};
     const Growth growth = growthOver(1000, [&] { ASSERT_EQ(readProcesses(wmi), 2); });
-    EXPECT_EQ(growth.handles, 0);
-    EXPECT_EQ(growth.threads, 0);
+    // Less than nothing when something of another test has just ended.
+    EXPECT_LE(growth.handles, 0);
+    EXPECT_LE(growth.threads, 0);
     EXPECT_EQ(script->census->alive(), 0);
 }
 
@@ -97,9 +98,9 @@ TEST_F(WmiLeak, AStuckSourceLeavesNothingOnceItReturns) {
         const auto records = services->ExecQuery("Select * from Any", "WQL", 48);
         EXPECT_THROW(records->Next(), RuntimeError);
     }
-    EXPECT_EQ(ownThreads(), threads + 1);
+    EXPECT_GT(script->census->alive(), 0) << "the thread still has them";
     script->nextWaits->open();
-    EXPECT_TRUE(waitUntil([&] { return ownThreads() == threads; }));
+    EXPECT_TRUE(waitUntil([&] { return ownThreads() <= threads; }));
     EXPECT_EQ(script->census->alive(), 0);
 }
 

@@ -144,7 +144,7 @@ TEST(ProgramOutput, NoHandleIsLeft) {
     readOnce();
     const int before = ownHandles();
     for (int i = 0; i < 10; ++i) readOnce();
-    EXPECT_EQ(ownHandles(), before);
+    EXPECT_LE(ownHandles(), before);
 }
 
 TEST(WindowsWScriptShell, TheOutputOfAProgramIsText) {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/windows/system/unique_handle.h"
+#include "support/wait.h"
 
 namespace velmora::tests::windows {
 
@@ -43,11 +44,14 @@ inline int ownHandles() {
     return count;
 }
 
-/// Whether that count is true.
+/// Whether that count is true. Threads of the system, or of other tests, may be ending meanwhile.
 inline bool countsHandles() {
-    const int before = ownHandles();
-    const velmora::windows::UniqueHandle one(CreateEventW(nullptr, TRUE, FALSE, nullptr));
-    return before > 0 && ownHandles() == before + 1;
+    const auto countsOneMore = [] {
+        const int before = ownHandles();
+        const velmora::windows::UniqueHandle one(CreateEventW(nullptr, TRUE, FALSE, nullptr));
+        return before > 0 && ownHandles() == before + 1;
+    };
+    return waitUntil(countsOneMore);
 }
 
 /// The threads of this process.
