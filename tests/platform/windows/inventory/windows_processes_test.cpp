@@ -9,7 +9,10 @@
 #include <string>
 #include <vector>
 
+#include "platform/windows/programs/program_output.h"
 #include "platform/windows/support/helper_program.h"
+#include "platform/windows/support/scratch_folder.h"
+#include "support/wait.h"
 
 #undef Process32First
 #undef Process32Next
@@ -20,6 +23,9 @@
 namespace velmora::tests::windows {
 namespace {
 
+using velmora::windows::ProgramOutput;
+using velmora::windows::ScratchFolder;
+using velmora::windows::toUtf16;
 using velmora::windows::toUtf8;
 using velmora::windows::WindowsProcesses;
 
@@ -34,6 +40,19 @@ class WindowsProcessesTest : public testing::Test {
     }
     SystemHandle ownProcess() {
         return processes.OpenProcess(process_list::queryAndRead, 0, ownId);
+    }
+
+    /// The process whose executable has this name, 0 when there is none.
+    std::uint32_t idOf(const std::string& name) {
+        WindowsProcesses now;
+        const SystemHandle list =
+            now.CreateToolhelp32Snapshot(process_list::snapshotOfProcesses, 0);
+        ProcessEntry32 entry = emptyEntry();
+        for (bool found = now.Process32First(list, entry); found;
+             found = now.Process32Next(list, entry)) {
+            if (entry.szExeFile == name) return entry.th32ProcessID;
+        }
+        return 0;
     }
 
     const std::uint32_t ownId = GetCurrentProcessId();
@@ -137,6 +156,30 @@ TEST_F(WindowsProcessesTest, ModulesAndPathsAreCutToTheirRoom) {
     path.assign(10, '#');
     EXPECT_EQ(processes.GetModuleFileNameExA(process, modules[0], path, 4), 4u);
     EXPECT_EQ(path, own.substr(0, 4) + "######");
+}
+
+// A name that no code page of the system has whole.
+TEST_F(WindowsProcessesTest, NamesAreUtf8AndCutBetweenCharacters) {
+    const ScratchFolder folder;
+    const std::string name = "Gr\u00f6\u65e5-" + std::to_string(ownId) + ".exe";
+    const std::string program = folder / name;
+    ASSERT_TRUE(CopyFileW(toUtf16(helperProgram()).c_str(), toUtf16(program).c_str(), FALSE));
+    std::uint32_t id = 0;
+    {
+        const ProgramOutput running('"' + program + "\" stay");
+        EXPECT_TRUE(waitUntil([&] { return (id = idOf(name)) != 0; }));
+        const SystemHandle process = processes.OpenProcess(process_list::queryAndRead, 0, id);
+        std::vector<std::uint64_t> modules(1);
+        std::uint32_t needed = 0;
+        EXPECT_TRUE(
+            waitUntil([&] { return processes.EnumProcessModules(process, modules, 8, needed); }));
+        const std::string expected = program.substr(0, program.rfind('\\') + 3);
+        // One byte of the character after them would fit.
+        std::string path(expected.size() + 1, '#');
+        EXPECT_EQ(processes.GetModuleFileNameExA(process, modules[0], path, 500), expected.size());
+        EXPECT_EQ(path, expected + '#');
+    }
+    EXPECT_TRUE(waitUntil([&] { return idOf(name) == 0; })) << "its file is in use";
 }
 
 TEST_F(WindowsProcessesTest, AProcessThatIsNotThereIsNotOpened) {

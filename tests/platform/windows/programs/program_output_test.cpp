@@ -13,6 +13,7 @@
 
 #include "base/errors.h"
 #include "platform/windows/desktop/windows_wscript_shell.h"
+#include "platform/windows/entries/opened_entry.h"
 #include "platform/windows/programs/console_text.h"
 #include "platform/windows/support/helper_program.h"
 #include "platform/windows/support/own_handles.h"
@@ -23,6 +24,7 @@ namespace velmora::tests::windows {
 namespace {
 
 using velmora::windows::consoleText;
+using velmora::windows::isUnderWine;
 using velmora::windows::OutputLimits;
 using velmora::windows::ProgramOutput;
 using velmora::windows::ScratchFolder;
@@ -152,6 +154,12 @@ TEST(WindowsWScriptShell, TheOutputOfAProgramIsText) {
     EXPECT_EQ(shell.Exec(helperLine(R"(write Gr\C3\B6\C3\9Fe\0Anext)"))->ReadAll(),
               "Gr\u00f6\u00dfe\r\nnext");
     EXPECT_EQ(errorOf([&] { shell.Exec("velmora-nothing-of-that-name"); }), 53);
+}
+
+TEST(WindowsWScriptShell, TheSystemsProgramListsConnections) {
+    if (!isUnderWine()) GTEST_SKIP() << "its words are those of the system's language";
+    const std::string list = WindowsWScriptShell().Exec("netstat")->ReadAll();
+    EXPECT_NE(list.find("Active Connections\r\n"), std::string::npos) << list;
 }
 
 TEST(ConsoleText, LinesEndInCrLf) {
