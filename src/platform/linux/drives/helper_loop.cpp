@@ -1,43 +1,16 @@
 #include <errno.h>
 #include <fcntl.h>
-#include <signal.h>
-#include <sys/prctl.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include "platform/linux/drives/helper_messages.h"
+#include "platform/linux/system/forked_child.h"
 
 namespace velmora::linuxhost {
 
 namespace {
 
-constexpr int socketNumber = 0;
-
-// The program's handlers must not run here, and a key pressed at its terminal is not for this
-// process.
-void leaveSession() {
-    setsid();
-    struct sigaction standard {};
-    standard.sa_handler = SIG_DFL;
-    for (int number = 1; number < NSIG; ++number) sigaction(number, &standard, nullptr);
-    sigset_t none;
-    sigemptyset(&none);
-    sigprocmask(SIG_SETMASK, &none, nullptr);
-    prctl(PR_SET_NAME, "velmora-drive");
-}
-
-// The reader of a pipe sees its end only when every process has closed it, and a filesystem can't
-// be unmounted while it holds the working folder of a process.
-void giveUpFiles(int socket) {
-    if (socket != socketNumber) dup2(socket, socketNumber);
-    if (close_range(socketNumber + 1, ~0U, 0) != 0) {
-        const long most = sysconf(_SC_OPEN_MAX);
-        for (int file = socketNumber + 1; file < (most > 0 ? most : 65536); ++file) close(file);
-    }
-    // A failure leaves it where the program was started, which is no worse than the program itself.
-    if (chdir("/") != 0) return;
-}
+constexpr int socketNumber = forkedChildSocket;
 
 int readStatus(const char* path, struct statx& status) {
     constexpr unsigned wanted = STATX_BASIC_STATS | STATX_BTIME;
@@ -70,16 +43,13 @@ bool receive(HelperRequest& request) {
 
 }  // namespace
 
-void runHelper(int socket) {
-    leaveSession();
-    giveUpFiles(socket);
+void runHelper() {
     HelperRequest request;
     while (receive(request)) {
         HelperReply reply;
         reply.error = answer(request, reply);
         if (send(socketNumber, &reply, sizeof reply, MSG_NOSIGNAL) < 0) break;
     }
-    _exit(0);
 }
 
 }  // namespace velmora::linuxhost

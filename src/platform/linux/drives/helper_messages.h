@@ -35,8 +35,8 @@ struct HelperReply {
     EntryCounts entries;
 };
 
-/// The child's whole life: gives up everything it inherited but the socket, answers until the
-/// other end is closed, and ends the process. Only makes calls that are safe after a fork.
-[[noreturn]] void runHelper(int socket);
+/// The child's whole life: answers until the other end of its socket is closed. Only makes calls
+/// that are safe after a fork.
+void runHelper();
 
 }  // namespace velmora::linuxhost

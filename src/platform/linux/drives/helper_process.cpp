@@ -1,7 +1,6 @@
 #include "platform/linux/drives/helper_process.h"
 
 #include <poll.h>
-#include <signal.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -11,28 +10,9 @@
 #include <cstring>
 #include <utility>
 
+#include "platform/linux/system/forked_child.h"
+
 namespace velmora::linuxhost {
-
-namespace {
-
-// Keeps every signal away between the fork and the moment in which the child has put back the
-// standard handlers.
-class SignalsHeld {
-  public:
-    SignalsHeld() {
-        sigset_t all;
-        sigfillset(&all);
-        pthread_sigmask(SIG_SETMASK, &all, &before_);
-    }
-    ~SignalsHeld() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
-    SignalsHeld(const SignalsHeld&) = delete;
-    SignalsHeld& operator=(const SignalsHeld&) = delete;
-
-  private:
-    sigset_t before_{};
-};
-
-}  // namespace
 
 bool HelperProcess::start() {
     reapStopped();
@@ -40,9 +20,7 @@ bool HelperProcess::start() {
     if (socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends) != 0) return false;
     UniqueFd ownEnd(ends[0]);
     const UniqueFd helperEnd(ends[1]);
-    const SignalsHeld held;
-    const pid_t child = fork();
-    if (child == 0) runHelper(helperEnd.get());
+    const pid_t child = forkChild(helperEnd.get(), "velmora-drive", runHelper);
     if (child < 0) return false;
     socket_ = std::move(ownEnd);
     process_ = child;

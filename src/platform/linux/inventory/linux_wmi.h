@@ -2,14 +2,18 @@
 // a source that doesn't answer keeps only that process waiting.
 #pragma once
 
-#include "platform/linux/inventory/host_sources.h"
+#include <utility>
+
+#include "platform/linux/inventory/record_reader.h"
 #include "platform/wmi.h"
 
 namespace velmora::linuxhost {
 
 class LinuxWmi final : public Wmi {
   public:
-    explicit LinuxWmi(HostSources host = {}) : host_(std::move(host)) {}
+    /// Reads from these places. Sources make progress within the deadline, or are given up.
+    explicit LinuxWmi(HostSources host = {}, std::chrono::milliseconds deadline = recordDeadline)
+        : host_(std::move(host)), deadline_(deadline) {}
 
     std::unique_ptr<WmiServices> GetObject(const std::string& moniker) override;
     std::unique_ptr<WmiServices> ConnectServer(const std::string& server,
@@ -17,6 +21,7 @@ class LinuxWmi final : public Wmi {
 
   private:
     HostSources host_;
+    std::chrono::milliseconds deadline_;
 };
 
 }  // namespace velmora::linuxhost

@@ -1,0 +1,61 @@
+#include "platform/linux/inventory/systemd/logind_sessions.h"
+
+#include <pwd.h>
+#include <systemd/sd-login.h>
+
+#include <cstdlib>
+#include <memory>
+#include <string>
+
+#include "platform/linux/inventory/record_text.h"
+
+namespace velmora::linuxhost {
+
+namespace {
+
+struct FreeText {
+    void operator()(char* text) const { std::free(text); }
+};
+
+using SessionField = int (*)(const char* session, char** value);
+
+std::string fieldOf(const char* session, SessionField field) {
+    char* value = nullptr;
+    if (field(session, &value) < 0) return {};
+    const std::unique_ptr<char, FreeText> owner(value);
+    return oneLine(value);
+}
+
+std::string userName(uid_t user) {
+    passwd account{};
+    passwd* found = nullptr;
+    std::vector<char> room(16384);
+    if (getpwuid_r(user, &account, room.data(), room.size(), &found) != 0 || found == nullptr)
+        return {};
+    return oneLine(found->pw_name);
+}
+
+void addSession(std::vector<Login>& logins, const char* session) {
+    uid_t user = 0;
+    if (fieldOf(session, sd_session_get_class) != "user" || sd_session_get_uid(session, &user) < 0)
+        return;
+    const std::string name = userName(user);
+    const std::string terminal = fieldOf(session, sd_session_get_tty);
+    if (!name.empty()) logins.push_back({name, terminal.empty() ? oneLine(session) : terminal});
+}
+
+}  // namespace
+
+std::vector<Login> logindSessions() {
+    std::vector<Login> logins;
+    char** sessions = nullptr;
+    if (sd_get_sessions(&sessions) < 0 || sessions == nullptr) return logins;
+    for (char** each = sessions; *each != nullptr; ++each) {
+        const std::unique_ptr<char, FreeText> session(*each);
+        addSession(logins, session.get());
+    }
+    std::free(static_cast<void*>(sessions));
+    return logins;
+}
+
+}  // namespace velmora::linuxhost
