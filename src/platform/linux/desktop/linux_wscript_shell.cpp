@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "platform/linux/entries/replace_file.h"
 #include "platform/linux/programs/program_file.h"
+#include "platform/linux/programs/program_output.h"
 #include "platform/linux/programs/shell_script.h"
 #include "platform/linux/system/system_errors.h"
 
@@ -46,8 +47,8 @@ class AddressShortcut final : public Shortcut {
 
 }  // namespace
 
-std::unique_ptr<WshExec> LinuxWScriptShell::Exec(const std::string& /*command*/) {
-    throw RuntimeError(error::fileNotFound);
+std::unique_ptr<WshExec> LinuxWScriptShell::Exec(const std::string& command) {
+    return startWithOutput(outputCommand(command));
 }
 
 std::unique_ptr<Shortcut> LinuxWScriptShell::CreateShortcut(const std::string& file) {

@@ -1,5 +1,5 @@
 // Shortcuts of this host: a script that the file manager offers for the selected files, or a file
-// with an address.
+// with an address. Programs whose output is read.
 #pragma once
 
 #include <memory>
