@@ -22,11 +22,11 @@ struct ProcessHost {
 /// The files of a process, as far as they can be read.
 struct ProcessFiles {
     std::int64_t id = 0;
-    std::string stat;
-    std::optional<std::string> status;
-    std::optional<std::string> io;
-    std::optional<std::string> exe;            ///< what the link points to
-    std::optional<std::uint64_t> descriptors;  ///< how many are open
+    std::string stat{};
+    std::optional<std::string> status{};
+    std::optional<std::string> io{};
+    std::optional<std::string> exe{};            ///< what the link points to
+    std::optional<std::uint64_t> descriptors{};  ///< how many are open
 };
 
 /// The short name in the text of a stat file, which the process can choose; nothing when the text
