@@ -15,12 +15,18 @@ namespace {
 using namespace std::chrono_literals;
 using std::chrono::steady_clock;
 
+ProcessEntry32 emptyEntry() {
+    ProcessEntry32 entry;
+    entry.dwSize = 296;
+    return entry;
+}
+
 class LinuxProcessesTest : public testing::Test {
   protected:
     std::vector<std::string> snapshotOf(LinuxProcesses& processes) {
         const auto snapshot = processes.CreateToolhelp32Snapshot(2, 0);
         std::vector<std::string> listed;
-        ProcessEntry32 entry{.dwSize = 296};
+        ProcessEntry32 entry = emptyEntry();
         for (bool found = processes.Process32First(snapshot, entry); found;
              found = processes.Process32Next(snapshot, entry))
             listed.push_back(std::to_string(entry.th32ProcessID) + ' ' + entry.szExeFile);
@@ -53,7 +59,7 @@ TEST_F(LinuxProcessesTest, ASnapshotStaysAsItWasTaken) {
     const auto snapshot = processes_.CreateToolhelp32Snapshot(2, 0);
     made_.addProcess(2, "b");
     std::filesystem::remove_all(made_.folderOf(1));
-    ProcessEntry32 entry{.dwSize = 296};
+    ProcessEntry32 entry = emptyEntry();
     for (int round = 0; round < 2; ++round) {
         ASSERT_TRUE(processes_.Process32First(snapshot, entry));
         EXPECT_EQ(entry.th32ProcessID, 1u);
@@ -135,7 +141,7 @@ TEST_F(LinuxProcessesTest, ClosedHandlesServeAgainAndKindsAreKeptApart) {
     const auto process = processes_.OpenProcess(1040, 0, 8);
     EXPECT_EQ(snapshot, 1);
     EXPECT_EQ(process, 2);
-    ProcessEntry32 entry{.dwSize = 296};
+    ProcessEntry32 entry = emptyEntry();
     EXPECT_FALSE(processes_.Process32First(process, entry));
     std::vector<std::uint64_t> modules(1);
     std::uint32_t needed = 0;
