@@ -62,15 +62,13 @@ bool RecordChannel::send(std::string_view message) {
 
 bool RecordChannel::receiveMore() {
     char bytes[pieceSize];
-    while (true) {
-        const auto size = recv(socket_, bytes, sizeof bytes, MSG_DONTWAIT);
-        if (size >= 0) {
-            received_.append(bytes, static_cast<std::size_t>(size));
-            return size > 0;
-        }
-        if (errno == EINTR) continue;
-        if (!mustWait() || !waitFor(POLLIN)) return false;
+    while (!patience_ || waitFor(POLLIN)) {
+        const auto size = recv(socket_, bytes, sizeof bytes, patience_ ? MSG_DONTWAIT : 0);
+        if (size > 0) received_.append(bytes, static_cast<std::size_t>(size));
+        if (size >= 0) return size > 0;
+        if (errno != EINTR && !mustWait()) return false;
     }
+    return false;
 }
 
 bool RecordChannel::hasReceived(std::size_t size) {

@@ -1,5 +1,7 @@
 #include "platform/linux/inventory/record_text.h"
 
+#include <algorithm>
+
 #include "base/text.h"
 
 namespace velmora::linuxhost {
@@ -26,6 +28,13 @@ std::string_view allowedForm(std::string_view character) {
     return isControlCharacter(character) ? "?" : character;
 }
 
+// The bytes up to the first that needs a look.
+std::string_view plainStart(std::string_view text) {
+    const auto isPlain = [](char byte) { return byte >= ' ' && byte <= '~'; };
+    const auto end = std::find_if_not(text.begin(), text.end(), isPlain);
+    return text.substr(0, static_cast<std::size_t>(end - text.begin()));
+}
+
 // The bytes of a line end at the place, 0 when there is none.
 std::size_t lineEndSize(std::string_view text) {
     if (text.starts_with('\n')) return 1;
@@ -38,6 +47,11 @@ std::string oneLine(std::string_view text) {
     std::string line;
     line.reserve(text.size());
     for (std::size_t at = 0; at < text.size();) {
+        if (const auto plain = plainStart(text.substr(at)); !plain.empty()) {
+            line += plain;
+            at += plain.size();
+            continue;
+        }
         const auto character = text.substr(at, characterSize(text, at));
         line += isUnicodeLineEnd(character) ? "?" : allowedForm(character);
         at += character.size();
@@ -49,6 +63,11 @@ std::string severalLines(std::string_view text) {
     std::string lines;
     lines.reserve(text.size());
     for (std::size_t at = 0; at < text.size();) {
+        if (const auto plain = plainStart(text.substr(at)); !plain.empty()) {
+            lines += plain;
+            at += plain.size();
+            continue;
+        }
         if (const std::size_t size = lineEndSize(text.substr(at)); size > 0) {
             lines += lineEnd;
             at += size;

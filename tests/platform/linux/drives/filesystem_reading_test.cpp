@@ -35,14 +35,14 @@ TEST(FilesystemReading, AFailureIsReportedByItsNumber) {
 }
 
 TEST(FilesystemReading, FilesystemsAreDistinguished) {
-    FilesystemReading root;
+    FilesystemReading atRoot;
     FilesystemReading rootAgain;
     FilesystemReading processes;
-    ASSERT_EQ(readFilesystem("/", root), 0);
+    ASSERT_EQ(readFilesystem("/", atRoot), 0);
     ASSERT_EQ(readFilesystem("/", rootAgain), 0);
     ASSERT_EQ(readFilesystem("/proc", processes), 0);
-    EXPECT_TRUE(root.isSameFilesystem(rootAgain));
-    EXPECT_FALSE(root.isSameFilesystem(processes));
+    EXPECT_TRUE(atRoot.isSameFilesystem(rootAgain));
+    EXPECT_FALSE(atRoot.isSameFilesystem(processes));
 }
 
 }  // namespace

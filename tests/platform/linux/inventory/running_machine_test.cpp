@@ -81,22 +81,20 @@ TEST(RunningMachine, ProcessesAreThoseOfPs) {
         if (!after.contains(id) || after.at(id).name != process.name) continue;
         ++stayed;
         ASSERT_TRUE(own.contains(id)) << id << ' ' << process.name;
-        if (after.at(id).parent == process.parent) EXPECT_EQ(own.at(id).parent, process.parent);
+        // A parent that ends meanwhile leaves its children to another one.
+        const bool keptParent = after.at(id).parent == process.parent;
+        EXPECT_TRUE(!keptParent || own.at(id).parent == process.parent) << id;
         named += isSameName(process, own.at(id)) ? 1 : 0;
     }
     EXPECT_GT(stayed, 1u);
     // Interpreters run scripts that ps shows by the script's name.
     EXPECT_GT(named * 2, stayed);
     std::cout << stayed << " processes, " << named << " with the name that ps shows\n";
-    for (const auto& [id, process] : own) {
-        const bool isBrief = !before.contains(id) && !after.contains(id);
-        EXPECT_TRUE(!isBrief || process.name != "init") << id;
-    }
     EXPECT_EQ(own.at(std::to_string(getpid())).parent, std::to_string(getppid()));
     EXPECT_EQ(own.at(std::to_string(getpid())).name, "test_platform");
 }
 
-TEST(RunningMachine, ThisProcessIsInTheSnapshotAndAmongTheNumbers) {
+TEST(RunningMachine, ThisProcessHasThePathOfItsExecutable) {
     LinuxProcesses processes;
     const auto own = processes.OpenProcess(1040, 0, static_cast<std::uint32_t>(getpid()));
     ASSERT_GT(own, 0);
