@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -120,7 +121,7 @@ class FakeProcesses final : public Processes {
                         std::to_string(processId));
         if (failsWith != 0) throw RuntimeError(failsWith);
         next_ = 0;
-        if (snapshot > 0) ++openHandles;
+        if (snapshot > 0) open(snapshot);
         return snapshot;
     }
     bool Process32First(SystemHandle handle, ProcessEntry32& entry) override {
@@ -128,7 +129,8 @@ class FakeProcesses final : public Processes {
         return Process32Next(handle, entry);
     }
     bool Process32Next(SystemHandle handle, ProcessEntry32& entry) override {
-        if (handle != snapshot || entry.dwSize != process_list::entryRecord) return false;
+        if (handle != snapshot || !open_.contains(handle)) return false;
+        if (entry.dwSize != process_list::entryRecord) return false;
         if (next_ == running.size()) return false;
         entry.th32ProcessID = running[next_].id;
         entry.szExeFile = running[next_++].name;
@@ -152,15 +154,14 @@ class FakeProcesses final : public Processes {
         const auto found = std::find_if(running.begin(), running.end(),
                                         [id](const FakeProcess& each) { return each.id == id; });
         if (found == running.end() || !found->opens) return 0;
-        ++openHandles;
-        return firstHandle + (found - running.begin());
+        return open(firstHandle + (found - running.begin()));
     }
     bool EnumProcessModules(SystemHandle process, std::vector<std::uint64_t>& modules,
                             std::uint32_t bytes, std::uint32_t& needed) override {
         calls.push_back("EnumProcessModules " + std::to_string(bytes));
-        const FakeProcess& asked = running.at(static_cast<std::size_t>(process - firstHandle));
-        if (!asked.hasModules) return false;
-        modules.at(0) = firstModule + asked.id;
+        const FakeProcess* asked = opened(process);
+        if (asked == nullptr || !asked->hasModules) return false;
+        modules.at(0) = firstModule + asked->id;
         needed = sizeof(std::uint64_t);
         return true;
     }
@@ -168,13 +169,16 @@ class FakeProcesses final : public Processes {
                                        std::string& buffer, std::uint32_t size) override {
         calls.push_back("GetModuleFileNameExA " + std::to_string(size) + " in " +
                         std::to_string(buffer.size()));
-        const FakeProcess& asked = running.at(static_cast<std::size_t>(process - firstHandle));
-        if (module != firstModule + asked.id) return 0;
-        const std::size_t length = std::min({asked.path.size(), std::size_t{size}, buffer.size()});
-        buffer.replace(0, length, asked.path, 0, length);
+        const FakeProcess* asked = opened(process);
+        if (asked == nullptr || module != firstModule + asked->id) return 0;
+        const std::size_t length = std::min({asked->path.size(), std::size_t{size}, buffer.size()});
+        buffer.replace(0, length, asked->path, 0, length);
         return static_cast<std::uint32_t>(length);
     }
-    bool CloseHandle(SystemHandle /*handle*/) override {
+    bool CloseHandle(SystemHandle handle) override {
+        const auto found = open_.find(handle);
+        if (found == open_.end()) return false;
+        open_.erase(found);
         --openHandles;
         return true;
     }
@@ -189,7 +193,17 @@ class FakeProcesses final : public Processes {
     static constexpr SystemHandle firstHandle = 500;  ///< of the process that runs first
 
   private:
+    SystemHandle open(SystemHandle handle) {
+        ++openHandles;
+        return *open_.insert(handle);
+    }
+    const FakeProcess* opened(SystemHandle process) const {
+        if (process < firstHandle || !open_.contains(process)) return nullptr;
+        return &running.at(static_cast<std::size_t>(process - firstHandle));
+    }
+
     static constexpr std::uint64_t firstModule = 0x400000;
+    std::multiset<SystemHandle> open_;
     std::size_t next_ = 0;
 };
 

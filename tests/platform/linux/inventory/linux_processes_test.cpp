@@ -165,12 +165,12 @@ TEST_F(LinuxProcessesTest, AListingThatStallsGivesWhatCameUntilThen) {
     EXPECT_EQ(reapLeftChildren(), 0u);
 }
 
-TEST_F(LinuxProcessesTest, AThousandListsLeaveNothingBehind) {
+TEST_F(LinuxProcessesTest, ListsLeaveNothingBehind) {
     for (int id = 1; id <= 3; ++id) made_.addProgram(id, "/opt/a");
     reapLeftChildren();
     const std::size_t children = childrenOfThisProcess();
     const std::size_t descriptors = openDescriptors();
-    for (int list = 0; list < 1000; ++list) ASSERT_EQ(snapshotOf(processes_).size(), 3u);
+    for (int list = 0; list < 100; ++list) ASSERT_EQ(snapshotOf(processes_).size(), 3u);
     EXPECT_EQ(reapLeftChildren(), 0u);
     EXPECT_EQ(childrenOfThisProcess(), children);
     EXPECT_EQ(openDescriptors(), descriptors);

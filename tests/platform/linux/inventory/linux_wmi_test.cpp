@@ -238,6 +238,23 @@ TEST_F(LinuxWmiTest, ASourceThatStallsLaterGivesWhatCameFirst) {
     EXPECT_EQ(valuesOf(allProcesses, "ProcessId"), (Values{"1", "2", "4"}));
 }
 
+TEST_F(LinuxWmiTest, AThousandReportsLeaveNothingBehind) {
+    made_.addProcess(1, "a");
+    made_.addLogin(USER_PROCESS, "root", "pts/0");
+    const std::size_t descriptors = openDescriptors();
+    for (int report = 0; report < 1000; ++report) {
+        const auto services = connect();
+        const auto processes = services->ExecQuery(allProcesses, "WQL", 48);
+        ASSERT_TRUE(processes->Next());
+        const auto login = services->ExecQuery(allLogins, "WQL", 32)->Next();
+        ASSERT_TRUE(login);
+        ASSERT_TRUE(services->Get(login->Properties({"Antecedent"}).at(0).text));
+    }
+    EXPECT_EQ(reapLeftChildren(), 0u);
+    EXPECT_EQ(childrenOfThisProcess(), childrenBefore_);
+    EXPECT_EQ(openDescriptors(), descriptors);
+}
+
 class HungMachine : public testing::Test {
   protected:
     void SetUp() override {
