@@ -291,7 +291,7 @@ class UnderWine(OwnWindows, unittest.TestCase):
 
     def test_connections_are_what_the_program_writes(self):
         self.launch()
-        self.assertIn("TCP", self.console.run("report netstat"))
+        self.assertIn("Proto  Local Address", self.console.run("report netstat"))
 
 
 if __name__ == "__main__":
