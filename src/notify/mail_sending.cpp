@@ -2,6 +2,7 @@
 
 #include "alerts/journal/alert_time.h"
 #include "base/resume_next.h"
+#include "base/text.h"
 #include "forms/form_numbers.h"
 
 namespace velmora {
