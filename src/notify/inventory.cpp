@@ -29,12 +29,19 @@ std::vector<std::string> textsOf(PropertyNames names) {
     return {names.begin(), names.end()};
 }
 
+// Values are other people's texts, such as messages of several lines. Each further line gets a
+// blank in front: it can't be taken for a line of the report, nor a dot in it for the end of the
+// mail.
+std::string asOneValue(const std::string& text) {
+    return replaceAll(text, "\n", "\n ");
+}
+
 /// A line for each property that is a text.
 std::string linesOf(WmiObject& record, PropertyNames names) {
     const std::vector<WmiValue> values = record.Properties(textsOf(names));
     std::string lines;
     for (std::size_t i = 0; i < names.size() && i < values.size(); ++i) {
-        if (values[i].isText()) lines += names[i] + (": " + values[i].text) + endLine();
+        if (values[i].isText()) lines += names[i] + (": " + asOneValue(values[i].text)) + endLine();
     }
     return lines;
 }
@@ -54,7 +61,8 @@ auto numbered(std::string& text, const char* what, PropertyNames names) {
 
 std::string loginLine(const WmiValue& domain, const WmiValue& name) {
     if (!domain.isText() || !name.isText()) return {};
-    return "Domain/Machine = " + domain.text + " " + "Account = " + name.text + endLine();
+    return "Domain/Machine = " + asOneValue(domain.text) + " " +
+           "Account = " + asOneValue(name.text) + endLine();
 }
 
 }  // namespace

@@ -19,7 +19,8 @@ class MessageContent {
     /// The ticked sections in the order of the list. Yields while lists are read. Errors: 6 when
     /// the number of events doesn't fit 16 bits, those of reading the custom file.
     std::string prcNotPreContent();
-    /// What a mail says: the ticked sections, then the custom message. Empty when the sections fail.
+    /// What a mail says: the ticked sections, then the custom message. Empty when the sections
+    /// fail.
     std::string mailBody();
     /// The section of one list view: its Tag as the heading, then its rows, at most 15 alerts and
     /// 150 rows of other lists.

@@ -43,7 +43,8 @@ class Processes {
     /// there may be more. False when nothing was written.
     virtual bool EnumProcesses(std::vector<std::uint32_t>& ids, std::uint32_t bytes,
                                std::uint32_t& reported) = 0;
-    /// A process by its number, 0 when there is none or the user may not read it.
+    /// A process by its number, 0 when there is none or the user may not read it. This call and the
+    /// next two have no deadline.
     virtual SystemHandle OpenProcess(std::uint32_t access, std::int32_t inherit,
                                      std::uint32_t id) = 0;
     /// Writes the modules of a process over the front of `modules`, the executable first, no more

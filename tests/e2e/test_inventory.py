@@ -71,9 +71,20 @@ MESSAGE=second event
 
 """.format(machine=MACHINE_ID)
 
+SESSION = """UID={number}
+USER={user}
+ACTIVE=1
+STATE=active
+TYPE=tty
+CLASS={kind}
+TTY=tty3
+"""
+
 # Lays folders of the test's own over those of the machine, for one process and its children.
 IN_OWN_FOLDERS = """
-    mount -t tmpfs none /run && cp "$0/utmp" /run/utmp
+    mount -t tmpfs none /run
+    if [[ -e $0/utmp ]]; then cp "$0/utmp" /run/utmp; fi
+    if [[ -e $0/sessions ]]; then mkdir /run/systemd && cp -r "$0/sessions" /run/systemd/; fi
     mount -t tmpfs none /var/log && mkdir -p "/var/log/journal/$1" && cp "$0/system.journal" "/var/log/journal/$1/"
     cp "$0/machine-id" /run/machine-id && mount --bind /run/machine-id /etc/machine-id
     mkdir -p /etc/cron.d && mount -t tmpfs none /etc/cron.d && cp "$0/backup" /etc/cron.d/
@@ -192,6 +203,17 @@ class OwnRecords(OwnNative, unittest.TestCase):
         host = socket.gethostname()
         self.assertEqual(self.console.run("report users"),
                          f"\r\n# of users logged on: 2\r\n{RULE}" + 2 * f"Domain/Machine = {host} Account = {self.user}\r\n")
+
+    def test_without_a_file_of_logins_users_are_those_of_logind(self):
+        (self.folder / "utmp").unlink()
+        (self.folder / "sessions").mkdir()
+        for name, kind in (("1", "user"), ("c2", "user-early"), ("c3", "greeter"), ("c4", "user-incomplete"),
+                           ("5", "manager")):
+            (self.folder / "sessions" / name).write_text(
+                SESSION.format(number=os.geteuid(), user=self.user, kind=kind), encoding="ascii")
+        self.console.close()
+        self.launch()
+        self.assertEqual(self.console.run("report users").count(f"Account = {self.user}"), 2)
 
     def test_events_are_those_of_journalctl(self):
         report = records(self.console.run("report ntevents 10"), "Event: ")

@@ -142,6 +142,21 @@ TEST_F(InventoryTest, APropertyThatIsMissingNullOrAnArrayLeavesItsLineOut) {
               "Last 1 events:\r\n" + rule + rule + "Event: 1\r\nMessage: \r\nType: Error\r\n");
 }
 
+// Anybody may write an event.
+TEST_F(InventoryTest, FurtherLinesOfAValueCannotPassForLinesOfTheReport) {
+    wmi.classes["Win32_NTLogEvent"] = {
+        {{"Message", WmiValue::of("harmless\r\n.\r\nRSET\n=============\nEvent: 2")},
+         {"User", WmiValue::of("ann")}}};
+    EXPECT_EQ(inventory.prcWMI_NTEvt(1),
+              "Last 1 events:\r\n" + rule + rule +
+                  "Event: 1\r\nMessage: harmless\r\n .\r\n RSET\n =============\n Event: 2\r\n"
+                  "User: ann\r\n");
+    addLogin("a");
+    addAccount("a", "1", "P\r\nC", "a\nb");
+    EXPECT_EQ(inventory.prcWMI_LogOnUser(), "\r\n# of users logged on: 1\r\n" + rule +
+                                                "Domain/Machine = P\r\n C Account = a\n b\r\n");
+}
+
 TEST_F(InventoryTest, MemoryHasALineACounterAndNoLineEndAfterTheFirstRule) {
     wmi.classes["Win32_PerfRawData_PerfOS_Memory"] = {namedValues(memoryProperties)};
     EXPECT_EQ(inventory.prcWMI_RamInfo(), "Random Access Memory Info:\r\n=============" +

@@ -71,8 +71,8 @@ class LinuxMachine final : public Machine {
     LinuxInternet internet_;
     LinuxRasapi32 rasapi32_;
     std::unique_ptr<SmtpClient> smtpClient_ = network::makeSmtpClient();
-    LinuxProcesses processes_;
-    LinuxWmi wmi_;
+    LinuxProcesses processes_{hostSources()};
+    LinuxWmi wmi_{hostSources()};
     Platform platform_{.fso = fso_,
                        .kernel32 = kernel32_,
                        .clock = clock_,

@@ -64,6 +64,17 @@ class ProcessesContract : public ContractTest {
         return ids;
     }
 };
+TEST_P(ProcessesContract, TheVersionNeedsItsRecordSize) {
+    OsVersionInfo version{.dwOSVersionInfoSize = 147, .dwMajorVersion = 77};
+    EXPECT_EQ(platform().kernel32.GetVersionExA(version), 0);
+    EXPECT_EQ(version.dwMajorVersion, 77u);
+    version.dwOSVersionInfoSize = 148;
+    EXPECT_EQ(platform().kernel32.GetVersionExA(version), 1);
+    EXPECT_EQ(version.dwOSVersionInfoSize, 148u);
+    EXPECT_NE(version.dwMajorVersion, 77u);
+    EXPECT_TRUE(version.dwPlatformId == 1 || version.dwPlatformId == 2);
+}
+
 INSTANTIATE_TEST_SUITE_P(Machines, ProcessesContract, everyMachine(), nameOf);
 
 TEST_P(ProcessesContract, ASnapshotHasThisProcessOnceByItsNameWithoutAFolder) {

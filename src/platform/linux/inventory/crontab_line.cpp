@@ -83,7 +83,7 @@ std::optional<CronJob> readCrontabLine(std::string_view line, CrontabKind kind) 
         return std::nullopt;
     }
     if (kind == CrontabKind::system) job.user = popWord(rest);
-    job.command = kind == CrontabKind::user ? beforeInput(rest) : std::string(rest);
+    job.command = beforeInput(rest);
     if (job.command.empty()) return std::nullopt;
     return job;
 }

@@ -10,14 +10,14 @@ namespace velmora::linuxhost {
 
 enum class CrontabKind {
     system,  ///< a user stands in front of each command
-    user,    ///< all commands are of one user; a command ends at a "%" without a back-slash
+    user,    ///< all commands are of one user
 };
 
 /// A job.
 struct CronJob {
     std::string schedule;  ///< the five fields, or a name such as "@daily", as they are written
     std::string user;      ///< empty in a user's crontab
-    std::string command;
+    std::string command;   ///< up to a "%" without a back-slash, which its input follows
     /// The time of day, when hour and minute are single numbers.
     struct Time {
         int hour = 0;    ///< 0 to 23

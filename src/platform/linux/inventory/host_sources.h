@@ -1,7 +1,9 @@
 // Where the host keeps what the reports are made of.
 #pragma once
 
+#include <filesystem>
 #include <string>
+#include <system_error>
 
 namespace velmora::linuxhost {
 
@@ -9,7 +11,7 @@ namespace velmora::linuxhost {
 struct HostSources {
     std::string proc = "/proc";
     std::string journal;  ///< one file of the journal; the host's whole journal when empty
-    std::string syslog = "/var/log/syslog";  ///< where there is no journal
+    std::string syslog = "/var/log/syslog";  ///< read where there is no journal
     std::string logins = "/run/utmp";
     std::string modules = "/proc/modules";
     std::string atJobs = "/var/spool/cron/atjobs";
@@ -18,5 +20,19 @@ struct HostSources {
     std::string userCrontabs = "/var/spool/cron/crontabs";
     std::string release = "/etc/os-release";
 };
+
+/// The places of this host: distributions keep some of them elsewhere.
+inline HostSources hostSources() {
+    HostSources host;
+    const auto orElse = [](std::string& place, const char* other) {
+        std::error_code failure;
+        if (std::filesystem::exists(place, failure)) return;
+        if (std::filesystem::exists(other, failure)) place = other;
+    };
+    orElse(host.syslog, "/var/log/messages");
+    orElse(host.atJobs, "/var/spool/at");
+    orElse(host.userCrontabs, "/var/spool/cron");
+    return host;
+}
 
 }  // namespace velmora::linuxhost

@@ -26,7 +26,8 @@ class EntryReader {
         return digits ? parseNumber<Number>(*digits) : std::nullopt;
     }
     void copy(const char* field, const char* property) {
-        if (const std::string* value = text(field)) record[property] = oneLine(*value);
+        const std::string* value = text(field);
+        if (value != nullptr && !value->empty()) record[property] = oneLine(*value);
     }
     void copyTime(std::optional<std::uint64_t> microseconds, const char* property) {
         constexpr auto greatest = std::numeric_limits<std::int64_t>::max();

@@ -28,11 +28,8 @@ Record loginRecord(const std::string& host, const Login& login) {
 
 Record accountRecord(const std::string& host, const passwd& account) {
     const std::string name = oneLine(account.pw_name);
-    Record record{{"SIDType", "1"},
-                  {"Domain", host},
-                  {"Name", name},
-                  {"Caption", host + '\\' + name},
-                  {"LocalAccount", "True"}};
+    Record record{
+        {"SIDType", "1"}, {"Domain", host}, {"Name", name}, {"Caption", host + '\\' + name}};
     const std::string onUser = oneLine(account.pw_gecos ? account.pw_gecos : "");
     std::string fullName = onUser.substr(0, onUser.find(','));
     if (!fullName.empty()) record["FullName"] = std::move(fullName);

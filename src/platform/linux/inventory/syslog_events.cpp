@@ -17,7 +17,8 @@ Record syslogRecord(std::string_view text) {
     record["ComputerName"] = oneLine(line.host);
     record["SourceName"] = oneLine(line.tag);
     record["Logfile"] = "syslog";
-    record["TimeGenerated"] = record["TimeWritten"] = cimTime(*line.time);
+    const std::string time = cimTime(*line.time);
+    if (!time.empty()) record["TimeGenerated"] = record["TimeWritten"] = time;
     return record;
 }
 

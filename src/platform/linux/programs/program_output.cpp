@@ -44,7 +44,8 @@ bool listsConnections(const ProgramOrder& order) {
 std::vector<std::string> connectionsCommand() {
     std::string program = programInPath("netstat");
     if (program.empty()) program = programInPath("ss");
-    return {std::move(program), "--tcp"};
+    // Names of hosts could take longer than the whole report.
+    return {std::move(program), "--tcp", "--numeric"};
 }
 
 std::vector<std::string> commandOf(const ProgramOrder& order) {

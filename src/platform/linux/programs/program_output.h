@@ -30,7 +30,7 @@ class ProgramOutput final : public WshExec {
     ProgramOutput(const ProgramOutput&) = delete;
     ProgramOutput& operator=(const ProgramOutput&) = delete;
 
-    /// A program that meets a limit is killed, with all that it has started in its session.
+    /// A program that meets a limit is killed, with what runs in its process group.
     /// Control characters become "?", bytes that are no valid UTF-8 U+FFFD.
     std::string ReadAll() override;
 

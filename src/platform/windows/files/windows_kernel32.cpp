@@ -74,7 +74,6 @@ std::string WindowsKernel32::GetEnvironmentVariableA(const std::string& name) {
     }
 }
 
-// The call of that name may report less than there is on a machine with more than 2 GB.
 std::int32_t WindowsKernel32::GetVersionExA(OsVersionInfo& version) {
     if (version.dwOSVersionInfoSize != os_version::recordLength) return 0;
     OSVERSIONINFOA own{};
@@ -89,6 +88,7 @@ std::int32_t WindowsKernel32::GetVersionExA(OsVersionInfo& version) {
     return 1;
 }
 
+// The call of that name may report less than there is on a machine with more than 2 GB.
 void WindowsKernel32::GlobalMemoryStatus(MemoryStatus& status) {
     if (status.dwLength != memory_status::recordLength) return;
     MEMORYSTATUSEX memory{};

@@ -52,6 +52,8 @@ TEST_F(EventJournalEntry, WhatTheEntryLacksIsMissing) {
 
 TEST_F(EventJournalEntry, TheProgramIsTheSourceOfOneWithoutAName) {
     EXPECT_EQ(read({{"_COMM", "crond"}}), (Record{{"SourceName", "crond"}}));
+    EXPECT_EQ(read({{"_COMM", "crond"}, {"SYSLOG_IDENTIFIER", ""}, {"_HOSTNAME", ""}}),
+              (Record{{"SourceName", "crond"}}));
 }
 
 TEST_F(EventJournalEntry, AnEventThatKnowsNoTimeHasThatOfItsArrival) {

@@ -12,6 +12,7 @@
 #include <memory>
 #include <vector>
 
+#include "platform/linux/inventory/cim_time.h"
 #include "platform/linux/inventory/event_records.h"
 #include "platform/linux/inventory/inventory_zone.h"
 #include "platform/linux/support/environment.h"
@@ -117,7 +118,7 @@ class JobTimers : public testing::Test {
 TEST_F(JobTimers, EachHasUnitStartAndResult) {
     if (const auto reason = start(""); !reason.empty()) GTEST_SKIP() << reason;
     const auto records = readRecords(*jobSource(host_), 100);
-    ASSERT_EQ(records.size(), 4u);
+    ASSERT_EQ(records.size(), 5u);
     EXPECT_EQ(records[0], (Record{{"Caption", "Backup?of all"},
                                   {"Command", "backup.service"},
                                   {"Description", "Backup?of all"},
@@ -136,6 +137,11 @@ TEST_F(JobTimers, EachHasUnitStartAndResult) {
                                   {"Name", "other.timer"}}));
     EXPECT_EQ(records[3],
               (Record{{"Caption", "Bare"}, {"Description", "Bare"}, {"Name", "bare.timer"}}));
+    // An hour after the manager began, which was a moment ago.
+    constexpr std::int64_t hour = 3600;
+    const std::int64_t now = std::time(nullptr);
+    EXPECT_GT(records[4].at("StartTime"), cimTime((now + hour - 120) * 1'000'000));
+    EXPECT_LT(records[4].at("StartTime"), cimTime((now + hour + 5) * 1'000'000));
 }
 
 TEST_F(JobTimers, ATimerIsAskedAboutWhenItIsRead) {
@@ -147,7 +153,10 @@ TEST_F(JobTimers, ATimerIsAskedAboutWhenItIsRead) {
         "list [] ['*.timer']\nt0 Unit\nt0 NextElapseUSecRealtime\nt0 Result\n";
     EXPECT_EQ(contentsOf(asked_), first);
     ASSERT_TRUE(source->next());
-    EXPECT_EQ(contentsOf(asked_), first + "t1 Unit\nt1 NextElapseUSecRealtime\nt1 Result\n");
+    EXPECT_EQ(contentsOf(asked_),
+              first +
+                  "t1 Unit\nt1 NextElapseUSecRealtime\nt1 NextElapseUSecMonotonic\n"
+                  "t1 Result\n");
 }
 
 // How long something takes.

@@ -156,7 +156,7 @@ TEST(RunningMachine, ConnectionsAreThoseOfTheHostsProgram) {
     Volumes volumes;
     LinuxWScriptShell shell(volumes);
     const std::string own = shell.Exec("netstat")->ReadAll();
-    const std::string direct = printedBy(program + " --tcp 2>/dev/null </dev/null");
+    const std::string direct = printedBy(program + " --tcp --numeric 2>/dev/null </dev/null");
     EXPECT_FALSE(own.empty());
     EXPECT_EQ(own.find('\n'), own.find("\r\n") + 1);
     EXPECT_EQ(headingsOf(own), headingsOf(direct));

@@ -7,6 +7,7 @@ argument names: "list STATES PATTERNS", or the object and the property. With the
 """
 
 import sys
+import time
 
 import dbus
 import dbus.mainloop.glib
@@ -22,7 +23,11 @@ TIMERS = [
     ("idle.timer", "Never again", "idle.service", 0, "resources"),
     ("other.timer", "Other", "other\x01.service", FOREVER, "start-limit-hit"),
     ("bare.timer", "Bare", None, None, None),
+    ("boot.timer", "An hour from now", "boot.service", 0, "success"),
 ]
+
+# Next start in microseconds since the start of the system.
+MONOTONIC = {"boot.timer": int((time.monotonic() + 3600) * 1e6)}
 
 
 def note(text):
@@ -43,12 +48,13 @@ class Manager(dbus.service.Object):
 class Timer(dbus.service.Object):
     def __init__(self, bus, number):
         super().__init__(bus, f"/org/freedesktop/systemd1/unit/t{number}")
-        _, _, unit, elapse, result = TIMERS[number]
+        name, _, unit, elapse, result = TIMERS[number]
         self.number = number
         self.properties = {}
         if unit is not None:
             self.properties = {"Unit": dbus.String(unit), "Result": dbus.String(result),
-                               "NextElapseUSecRealtime": dbus.UInt64(elapse)}
+                               "NextElapseUSecRealtime": dbus.UInt64(elapse),
+                               "NextElapseUSecMonotonic": dbus.UInt64(MONOTONIC.get(name, 0))}
 
     @dbus.service.method(dbus.PROPERTIES_IFACE, in_signature="ss", out_signature="v",
                          async_callbacks=("answer", "fail"))

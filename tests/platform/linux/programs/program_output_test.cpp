@@ -148,10 +148,10 @@ TEST_F(ProgramsInPath, ConnectionsAreListedByWhatTheHostHas) {
         EXPECT_EQ(errorOf([&] { outputCommand(order); }), error::fileNotFound) << order;
     const std::string second = program("ss", "");
     for (const char* order : {"netstat", "NetStat.EXE", " netstat ", "\"netstat\""})
-        EXPECT_EQ(outputCommand(order), (Command{second, "--tcp"})) << order;
+        EXPECT_EQ(outputCommand(order), (Command{second, "--tcp", "--numeric"})) << order;
     const std::string first = program("netstat", "");
     for (const char* order : {"netstat", "NetStat.EXE", " netstat ", "\"netstat\""})
-        EXPECT_EQ(outputCommand(order), (Command{first, "--tcp"})) << order;
+        EXPECT_EQ(outputCommand(order), (Command{first, "--tcp", "--numeric"})) << order;
     EXPECT_EQ(outputCommand("netstat -a"), (Command{first, "-a"}));
     EXPECT_EQ(outputCommand("ss"), Command{second});
 }

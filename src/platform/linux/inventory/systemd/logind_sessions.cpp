@@ -1,6 +1,5 @@
 #include "platform/linux/inventory/systemd/logind_sessions.h"
 
-#include <pwd.h>
 #include <systemd/sd-login.h>
 
 #include <cstdlib>
@@ -8,6 +7,7 @@
 #include <string>
 
 #include "platform/linux/inventory/record_text.h"
+#include "platform/linux/system/user_name.h"
 
 namespace velmora::linuxhost {
 
@@ -26,20 +26,17 @@ std::string fieldOf(const char* session, SessionField field) {
     return oneLine(value);
 }
 
-std::string userName(uid_t user) {
-    passwd account{};
-    passwd* found = nullptr;
-    std::vector<char> room(16384);
-    if (getpwuid_r(user, &account, room.data(), room.size(), &found) != 0 || found == nullptr)
-        return {};
-    return oneLine(found->pw_name);
+// A person's session: newer versions tell "user-early" (that of root) and "user-light" apart.
+bool isOfAUser(const std::string& kind) {
+    return kind.starts_with("user") && kind != "user-incomplete";
 }
 
 void addSession(std::vector<Login>& logins, const char* session) {
     uid_t user = 0;
-    if (fieldOf(session, sd_session_get_class) != "user" || sd_session_get_uid(session, &user) < 0)
+    if (!isOfAUser(fieldOf(session, sd_session_get_class)) ||
+        sd_session_get_uid(session, &user) < 0)
         return;
-    const std::string name = userName(user);
+    const std::string name = oneLine(userName(user));
     const std::string terminal = fieldOf(session, sd_session_get_tty);
     if (!name.empty()) logins.push_back({name, terminal.empty() ? oneLine(session) : terminal});
 }

@@ -17,6 +17,8 @@ class UnitTimers final : public RecordSource {
     std::optional<Record> next() override;
 
   private:
+    /// Microseconds since 1970; nothing when the timer has no time to come.
+    std::optional<std::int64_t> nextStart(const Unit& timer);
     Record timerRecord(const Unit& timer);
 
     ServiceBus bus_;
