@@ -15,6 +15,8 @@ std::string errorDescription(int number) {
             return "Out of memory";
         case error::subscriptOutOfRange:
             return "Subscript out of range";
+        case error::divisionByZero:
+            return "Division by zero";
         case error::typeMismatch:
             return "Type mismatch";
         case error::fileNotFound:

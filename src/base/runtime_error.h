@@ -12,6 +12,7 @@ inline constexpr int invalidCall = 5;
 inline constexpr int overflow = 6;
 inline constexpr int outOfMemory = 7;
 inline constexpr int subscriptOutOfRange = 9;
+inline constexpr int divisionByZero = 11;
 inline constexpr int typeMismatch = 13;
 inline constexpr int fileNotFound = 53;
 inline constexpr int deviceIo = 57;

@@ -170,6 +170,8 @@ void Commands::rows(Words& words) {
         output_.entries(*entries);
     } else if (const auto* box = dynamic_cast<ComboBox*>(&control)) {
         output_.entries(*box);
+    } else if (const auto table = control.table()) {
+        output_.table(*table);
     } else {
         throw CommandError("not a list: " + control.Name());
     }
@@ -264,7 +266,8 @@ void Commands::after(Words& words) {
 }
 
 void Commands::report(Words& words) {
-    output_.report(reports_.make(words));
+    const Report made = reports_.make(words);
+    output_.report(made.text, made.fields);
 }
 
 void Commands::waitUntil(const std::string& text) {

@@ -1,5 +1,9 @@
 #include "console/console_host.h"
 
+#include <iostream>
+
+#include "console/words.h"
+
 namespace velmora::console {
 
 namespace {
@@ -53,6 +57,10 @@ std::string ConsoleHost::OpenFileDialog(const FileDialog& dialog) {
 
 void ConsoleHost::Beep() {
     output_.shell("Beep", {});
+}
+
+void ConsoleHost::Note(const std::string& text) {
+    std::cerr << readable(text) << '\n';
 }
 
 void ConsoleHost::DoEvents() {

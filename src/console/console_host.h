@@ -28,6 +28,7 @@ class ConsoleHost final : public Host {
     std::string BrowseForFolder(const std::string& title) override;
     std::string OpenFileDialog(const FileDialog& dialog) override;
     void Beep() override;
+    void Note(const std::string& text) override;
     void DoEvents() override;
 
     /// Runs a handler; a run-time error that it doesn't handle ends the program.

@@ -118,13 +118,29 @@ void Output::entries(const ComboBox& list) {
     line(std::to_string(list.ListCount()) + " entries");
 }
 
+void Output::table(const Control::Table& rows) {
+    if (json_) {
+        std::string objects;
+        for (const auto& row : rows) objects += (objects.empty() ? "" : ",") + jsonObject(row);
+        return line(R"({"ok":[)" + objects + "]}");
+    }
+    for (const auto& row : rows) {
+        std::string text;
+        for (const auto& [name, value] : row) {
+            text.append(text.empty() ? "" : " | ").append(name).append(" ").append(plain(value));
+        }
+        line(text);
+    }
+    line(std::to_string(rows.size()) + " row(s)");
+}
+
 void Output::text(const std::string& lines) {
     if (json_) return value(lines);
     line(lines);
 }
 
-void Output::report(const std::string& text) {
-    if (json_) return value(text);
+void Output::report(const std::string& text, const std::optional<Control::Table>& fields) {
+    if (json_) return fields ? table(*fields) : value(text);
     std::vector<std::string> lines = split(text, lineEnd);
     if (lines.size() > 1 && lines.back().empty()) lines.pop_back();
     for (const std::string& each : lines) line(readable(each));

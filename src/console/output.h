@@ -29,11 +29,13 @@ class Output {
     /// The entries of a check list or combo box: text, and the tick where there is one.
     void entries(const ListBox& list);
     void entries(const ComboBox& list);
+    /// A row of named values each.
+    void table(const Control::Table& rows);
     /// Lines for a person; one text for a program.
     void text(const std::string& lines);
     /// The same for a text of the machine, with CR LF as line ends: a line with control characters
-    /// is escaped for a person.
-    void report(const std::string& text);
+    /// is escaped for a person. A program gets the fields instead, where there are any.
+    void report(const std::string& text, const std::optional<Control::Table>& fields = {});
 
     // Events.
     void alert(const ListItem& item);

@@ -1,21 +1,54 @@
 #include "console/reports.h"
 
+#include <algorithm>
+#include <cctype>
 #include <functional>
 #include <limits>
 #include <map>
 
 #include "base/text.h"
 #include "console/target.h"
+#include "inspect/drive_attributes.h"
+#include "inspect/sectors/volume_reading.h"
+#include "rows/watch_row.h"
 
 namespace velmora::console {
 
-std::string Reports::make(Words& words) {
-    const std::string name = lowerCase(words.next());
-    if (name == "ntevents") {
-        const auto count = readWhole(words.next(), 0, std::numeric_limits<std::int16_t>::max());
-        words.end();
-        return inventory_.prcWMI_NTEvt(static_cast<std::int16_t>(count));
+namespace {
+
+// "C:", "c" or "C:\".
+std::string driveOf(const std::string& word) {
+    const bool isDrive = !word.empty() && word.size() <= 3 &&
+                         std::isalpha(static_cast<unsigned char>(word[0])) != 0 &&
+                         std::string_view(":\\").starts_with(std::string_view(word).substr(1));
+    if (!isDrive) throw CommandError("not a drive: " + word);
+    return {static_cast<char>(std::toupper(static_cast<unsigned char>(word[0]))), ':'};
+}
+
+// A table of names and values as lines.
+Report namesAndValues(const std::vector<std::pair<std::string, std::string>>& pairs) {
+    Report report{.fields = Control::Table(1)};
+    for (const auto& [name, value] : pairs) {
+        report.text.append(name).append(" ").append(value).append(lineEnd);
+        std::string field = name;
+        while (field.ends_with(':')) field.pop_back();
+        report.fields->front().emplace_back(field, value);
     }
+    return report;
+}
+
+}  // namespace
+
+Report Reports::make(Words& words) {
+    const std::string name = lowerCase(words.next());
+    if (name == "ntevents") return ntEvents(words);
+    if (name == "drive" || name == "bootsector") {
+        const std::string drive = driveOf(words.next());
+        words.end();
+        return name == "drive" ? driveAttributes(drive) : bootSector(drive);
+    }
+    words.end();
+    if (name == "chart") return chart();
     const std::map<std::string, std::function<std::string()>> others{
         {"ram", [this] { return inventory_.prcWMI_RamInfo(); }},
         {"users", [this] { return inventory_.prcWMI_LogOnUser(); }},
@@ -25,10 +58,64 @@ std::string Reports::make(Words& words) {
         {"netstat", [this] { return inventory_.prcWMI_NetStat(); }},
         {"message", [this] { return content_.mailBody(); }},
     };
-    words.end();
     const auto found = others.find(name);
     if (found == others.end()) throw CommandError("unknown report: " + name);
-    return found->second();
+    return {.text = found->second()};
+}
+
+Report Reports::ntEvents(Words& words) {
+    const auto count = readWhole(words.next(), 0, std::numeric_limits<std::int16_t>::max());
+    words.end();
+    return {.text = inventory_.prcWMI_NTEvt(static_cast<std::int16_t>(count))};
+}
+
+Report Reports::driveAttributes(const std::string& drive) {
+    const char* type = driveTypeName(platform_.rawVolumes.GetDriveTypeA(drive));
+    DiskFreeSpace space;
+    if (!platform_.rawVolumes.GetDiskFreeSpaceA(drive, space)) {
+        throw CommandError("the drive doesn't answer: " + drive);
+    }
+    const auto texts = spaceTexts(space, platform_.regional);
+    return namesAndValues({{"Drive Type:", type == nullptr ? "" : type},
+                           {"Sectors per Cluster:", texts[0]},
+                           {"Bytes per Sector:", texts[1]},
+                           {"Free Clusters:", texts[2]},
+                           {"Total Clusters:", texts[3]},
+                           {"Total Free Space:", texts[4]},
+                           {"Total Drive Space:", texts[5]}});
+}
+
+Report Reports::bootSector(const std::string& drive) {
+    const VolumeReport volume = readVolume(platform_.rawVolumes, drive, platform_.regional);
+    if (!volume.failure.empty()) throw CommandError(volume.failure);
+    std::vector<std::pair<std::string, std::string>> rows{{"File system:", volume.fileSystem}};
+    for (const SectorRow& row : volume.rows) rows.emplace_back(row.label + ":", row.value);
+    Report report = namesAndValues(rows);
+    const auto bytes = split(volume.dump.bytes, lineEnd);
+    const auto characters = split(volume.dump.characters, lineEnd);
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+        report.text += bytes[i] + "  " + characters[i] + std::string(lineEnd);
+    }
+    report.fields->front().emplace_back("First 512 Bytes of partition", volume.dump.bytes);
+    return report;
+}
+
+Report Reports::chart() {
+    std::size_t widest = 0;
+    for (int i = 1; i <= watchList_.Count(); ++i) {
+        widest = std::max(widest, length(ConstWatchRow(watchList_.ListItems(i)).path()));
+    }
+    Report report{.fields = Control::Table()};
+    for (int i = 1; i <= watchList_.Count(); ++i) {
+        const ConstWatchRow row(watchList_.ListItems(i));
+        const std::string blanks(widest - length(row.path()), ' ');
+        report.text += row.path() + blanks + "  Free Space " + row.freeSpace() + "  Total Space " +
+                       row.totalSize() + std::string(lineEnd);
+        report.fields->push_back({{"RowLabel", row.path()},
+                                  {"Free Space", row.freeSpace()},
+                                  {"Total Space", row.totalSize()}});
+    }
+    return report;
 }
 
 }  // namespace velmora::console

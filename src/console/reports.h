@@ -1,26 +1,43 @@
-// The reports of the mail, for a reader who wants to see one without sending it.
+// The reports of the program, for a reader who wants to see one without a mail or a window.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "console/words.h"
+#include "controls/control.h"
+#include "controls/list_view.h"
 #include "notify/inventory.h"
 #include "notify/message_content.h"
+#include "platform/platform.h"
 
 namespace velmora::console {
 
+struct Report {
+    std::string text = {};                      ///< line ends CR LF
+    std::optional<Control::Table> fields = {};  ///< for a program, where it has fields
+};
+
 class Reports {
   public:
-    /// Both must outlive it.
-    Reports(Inventory& inventory, MessageContent& content)
-        : inventory_(inventory), content_(content) {}
+    /// All must outlive it.
+    Reports(Inventory& inventory, MessageContent& content, Platform& platform,
+            const ListView& watchList)
+        : inventory_(inventory), content_(content), platform_(platform), watchList_(watchList) {}
 
-    /// The report that the words name, with CR LF as line ends. CommandError when they name none.
-    std::string make(Words& words);
+    /// The report that the words name. CommandError when they name none, or it can't be made.
+    Report make(Words& words);
 
   private:
+    Report ntEvents(Words& words);
+    Report driveAttributes(const std::string& drive);
+    Report bootSector(const std::string& drive);
+    Report chart();
+
     Inventory& inventory_;
     MessageContent& content_;
+    Platform& platform_;
+    const ListView& watchList_;
 };
 
 }  // namespace velmora::console

@@ -3,7 +3,10 @@
 // where the platform's controls do so (a check box whose value changes clicks).
 #pragma once
 
+#include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "controls/event.h"
 #include "controls/property.h"
@@ -46,7 +49,7 @@ class Control {
     const std::string& ToolTipText() const { return toolTip_; }
     void setToolTipText(std::string text);
     const Bounds& bounds() const { return bounds_; }
-    void setBounds(const Bounds& bounds);
+    virtual void setBounds(const Bounds& bounds);
 
     /// Something that a view shows has changed.
     Notice<> Changed;
@@ -59,6 +62,10 @@ class Control {
     /// name of the one that a bare number means. Refused where there is no such part.
     virtual Properties partProperties(int index);
     virtual std::string mainPartProperty() const { return "Text"; }
+
+    /// What it shows as a table, a row of named values each; nothing for a control that shows none.
+    using Table = std::vector<std::vector<std::pair<std::string, PropertyValue>>>;
+    virtual std::optional<Table> table() const { return std::nullopt; }
 
     /// The user's click on a numbered part.
     virtual void userClickPart(int index);

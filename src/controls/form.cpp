@@ -36,6 +36,11 @@ void Form::Show() {
     if (visible_) Raised();
 }
 
+void Form::unloadNow() {
+    Hide();
+    loaded_ = false;
+}
+
 void Form::moveTo(int left, int top) {
     if (left_ == left && top_ == top) return;
     left_ = left;

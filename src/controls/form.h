@@ -29,6 +29,8 @@ class Form {
     /// Shows the form in front of the others, unless its loading keeps it hidden.
     void Show();
     void Hide() { setVisible(false); }
+    /// Hides it; the next showing loads it anew. To be called by the handler of Unload.
+    void unloadNow();
     int Left() const { return left_; }
     int Top() const { return top_; }
     void moveTo(int left, int top);

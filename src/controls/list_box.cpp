@@ -101,6 +101,18 @@ void ComboBox::setText(std::string text) {
 }
 
 void ComboBox::setListIndex(int index) {
+    const bool another = index != listIndex_;
+    choose(index);
+    if (another && index >= 0) Click();
+}
+
+void ComboBox::userChoose(int index) {
+    refuseWhenDisabled();
+    choose(index);
+    if (index >= 0) Click();
+}
+
+void ComboBox::choose(int index) {
     if (index < -1 || index >= ListCount()) throw RuntimeError(error::invalidPropertyValue);
     std::string text = index < 0 ? std::string() : List(index);
     const bool differs = text != text_;
@@ -121,7 +133,7 @@ Properties ComboBox::properties() {
     all.push_back({"ListIndex", [this] { return PropertyValue{std::int64_t{listIndex_}}; },
                    [this](const std::string& text) {
                        refuseWhenDisabled();
-                       setListIndex(static_cast<int>(readWhole(text, -1, ListCount() - 1)));
+                       userChoose(static_cast<int>(readWhole(text, -1, ListCount() - 1)));
                    }});
     all.push_back({"KeyPress", [] { return PropertyValue{std::int64_t{0}}; },
                    [this](const std::string& code) {

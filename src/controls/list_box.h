@@ -67,11 +67,15 @@ class ComboBox : public Control {
     void setText(std::string text);
     /// The chosen entry, -1 for none.
     int ListIndex() const { return listIndex_; }
-    /// Chooses an entry, whose text becomes the box's; -1 chooses none and empties the text. Error
-    /// 380 for an index outside the list.
+    /// Chooses an entry, whose text becomes the box's; -1 chooses none and empties the text. A
+    /// choice of another entry is a click. Error 380 for an index outside the list.
     void setListIndex(int index);
+    /// The same by the user's hand: a click also when the entry is chosen already.
+    void userChoose(int index);
 
     Event<> Change;
+    /// An entry was chosen.
+    Event<> Click;
     /// A character typed, by its code; 13 is Enter.
     Event<int> KeyPress;
     Event<const std::vector<std::string>&> Drop;  ///< drive paths
@@ -82,6 +86,8 @@ class ComboBox : public Control {
     Properties properties() override;
 
   private:
+    void choose(int index);
+
     std::deque<std::string> entries_;
     std::string text_;
     int listIndex_ = -1;

@@ -38,6 +38,7 @@ void Slider::setValue(int value) {
     if (value_ == value) return;
     value_ = value;
     Changed();
+    Change();
 }
 
 void Slider::userScroll(int value) {

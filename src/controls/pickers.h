@@ -23,6 +23,8 @@ class Slider : public Control {
 
     /// The user moved the slider.
     Event<> Scroll;
+    /// The value has changed, whoever changed it.
+    Event<> Change;
 
     /// Moves it as the user's hand would.
     void userScroll(int value);

@@ -87,22 +87,6 @@ class Icon1 : public Form {
     CommandButton Command2{*this, "Command2", "Schedule Tasks"};
 };
 
-/// The view of one drive.
-class FrmIndDri : public Form {
-  public:
-    FrmIndDri() : Form("frmIndDri", "Drive Settings - Karvelle Velmora") {
-        ListView1.addColumn({"Properties"});
-        ListView1.addColumn({"Value"});
-    }
-
-    Label lblP{*this, "lblP"};  ///< caption: the drive or path shown
-    ListView ListView1{*this, "ListView1"};
-    Slider VScroll1{*this, "VScroll1", 0, 100, 1, 10};  ///< the minimum free space, 100 for none
-    Slider VMeter1{*this, "VMeter1", 0, 50, 1, 5};      ///< the trigger, 50 for none
-    Slider VMeter2{*this, "VMeter2", 0, 50, 1, 5};      ///< the free space, 50 for none
-    Timer Timer1{*this, "Timer1", 10000, false};
-};
-
 /// The lock in front of the program's windows.
 class FrmLock : public Form {
   public:
@@ -129,18 +113,6 @@ class FrmAbout : public Form {
     CommandButton cmdSysInfo{*this, "cmdSysInfo", "&System Info..."};
     Timer Timer1{*this, "Timer1", 40, false};         ///< runs while the box is shown
     Slider prcDraw{*this, "prcDraw", 0, 359, 1, 10};  ///< the rotation of the drawing in degrees
-};
-
-/// The drive information dialog.
-class DlgDriveInfo : public Form {
-  public:
-    DlgDriveInfo() : Form("dlgDriveInfo", "Advance Data Display - Velmora") {}
-
-    Label Label6{*this, "Label6", "Advance Data Display"};
-    Label Label5{*this, "Label5",
-                 "The information visualized here provides a different perspective into the "
-                 "current free space and drive settings.  The information can help the user in "
-                 "make better informed decisions into managing their free space."};
 };
 
 /// The setup wizard.

@@ -7,7 +7,9 @@
 
 #include "base/date_time.h"
 #include "forms/dialogs.h"
+#include "forms/dlg_drive_info.h"
 #include "forms/form1.h"
+#include "forms/frm_ind_dri.h"
 #include "forms/frm_notify.h"
 
 namespace velmora {

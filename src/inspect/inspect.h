@@ -1,6 +1,7 @@
 // The drive inspection as one part of the program.
 #pragma once
 
+#include "inspect/drive_info.h"
 #include "inspect/ports.h"
 #include "inspect/wait_test.h"
 
@@ -10,12 +11,15 @@ class Inspect {
   public:
     /// Connects the handlers to the forms. All of the arguments must outlive it.
     Inspect(Forms& forms, Platform& platform, Host& host, AlertSink& alerts)
-        : waitTest_(forms.frmWaitTest, forms.globals, platform, host, alerts) {}
+        : waitTest_(forms.frmWaitTest, forms.globals, platform, host, alerts),
+          driveInfo_(forms, platform, host) {}
 
     WaitTest& waitTest() { return waitTest_; }
+    DriveInfo& driveInfo() { return driveInfo_; }
 
   private:
     WaitTest waitTest_;
+    DriveInfo driveInfo_;
 };
 
 }  // namespace velmora

@@ -11,7 +11,8 @@ namespace velmora {
 namespace {
 
 // The gauges are upside down: their zero is at the top.
-void point(Slider& gauge, double part, double whole) {
+template <typename Gauge>
+void point(Gauge& gauge, double part, double whole) {
     const double highest = gauge.Max();
     const double value = highest - part / whole * highest;
     gauge.setValue(toInteger(std::clamp<double>(value, gauge.Min(), highest)));
@@ -20,8 +21,29 @@ void point(Slider& gauge, double part, double whole) {
 }  // namespace
 
 void DriveMeter::prcShowfrmIndDri(const std::string& path) {
-    frmIndDri_.lblP.setCaption(path);
+    showPath(path);
     frmIndDri_.Show();
+}
+
+void DriveMeter::showPath(const std::string& path) {
+    frmIndDri_.lblP.setCaption(path);
+    offerPaths();
+    frmIndDri_.Combo1.setText(path);
+}
+
+// A list that is the same stays: the user may have opened it.
+void DriveMeter::offerPaths() {
+    ComboBox& paths = frmIndDri_.Combo1;
+    const ListView& list = form1_.ListView1;
+    bool same = paths.ListCount() == list.Count();
+    for (int i = 0; same && i < paths.ListCount(); ++i) {
+        same = paths.List(i) == ConstWatchRow(list.ListItems(i + 1)).path();
+    }
+    if (same) return;
+    paths.Clear();
+    for (int i = 1; i <= list.Count(); ++i) {
+        paths.AddItem(ConstWatchRow(list.ListItems(i)).path());
+    }
 }
 
 void DriveMeter::prcSrvMeter(ListItem& item) {
@@ -38,7 +60,7 @@ void DriveMeter::prcSrvMeter(ListItem& item) {
 
 void DriveMeter::prcSrvMeterPreSet(const std::string&) {
     if (!frmIndDri_.Visible()) return;
-    const std::string shown = lowerCase(frmIndDri_.lblP.Caption());
+    const std::string shown = lowerCase(frmIndDri_.Combo1.Text());
     ListView& list = form1_.ListView1;
     for (int i = 1; i <= list.Count(); ++i) {
         ListItem& item = list.ListItems(i);

@@ -5,8 +5,8 @@
 #include <string>
 
 #include "base/regional.h"
-#include "forms/dialogs.h"
 #include "forms/form1.h"
+#include "forms/frm_ind_dri.h"
 #include "platform/file_system_object.h"
 #include "rows/watch_row.h"
 
@@ -21,6 +21,8 @@ class DriveMeter {
 
     /// Shows the view of that drive or path.
     void prcShowfrmIndDri(const std::string& path);
+    /// The same without bringing the view to the front.
+    void showPath(const std::string& path);
     /// Shows the figures of that row of the watch list. Draws nothing for a row that isn't
     /// available or has no total size. Never fails: a value beyond a gauge's range is shown at its
     /// end, and a folder that can't be read is "N/A".
@@ -30,6 +32,7 @@ class DriveMeter {
 
   private:
     double triggerKB(const ConstWatchRow& row, double totalKB) const;
+    void offerPaths();
     void listFigures(const ConstWatchRow& row);
 
     Form1& form1_;

@@ -49,7 +49,7 @@ Monitor::Monitor(Forms& forms, Platform& platform, const Surface& surface, Parts
                   .stayOnTop = window.stayOnTop,
                   .notifyArea = surface.notifyArea}) {
     forms.frmNotify.cmdOK.Click.connect(
-        [this, &forms] { driveMeter_.prcSrvMeterPreSet(forms.frmIndDri.lblP.Caption()); });
+        [this, &forms] { driveMeter_.prcSrvMeterPreSet(forms.frmIndDri.Combo1.Text()); });
 }
 
 }  // namespace velmora

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "base/regional.h"
-#include "forms/dialogs.h"
 #include "forms/form1.h"
+#include "forms/frm_ind_dri.h"
 #include "monitor/drive_meter.h"
 #include "platform/host.h"
 

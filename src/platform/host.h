@@ -51,6 +51,8 @@ class Host {
     /// and were, their folder and their names with a NUL between each two.
     virtual std::string OpenFileDialog(const FileDialog& dialog) = 0;
     virtual void Beep() = 0;
+    /// A word beside what the program shows: for standard error where there is one to read.
+    virtual void Note(const std::string& text) = 0;
 
     /// Runs due timers and waiting events and returns. Handlers may change anything meanwhile. A
     /// run-time error that none of their handlers takes ends the program here; it never reaches

@@ -12,6 +12,7 @@
 #include "platform/kernel32.h"
 #include "platform/processes.h"
 #include "platform/rasapi32.h"
+#include "platform/raw_volumes.h"
 #include "platform/shell32.h"
 #include "platform/smtp_client.h"
 #include "platform/text_files.h"
@@ -44,6 +45,7 @@ struct Platform {
     SmtpClient& smtpClient;
     Processes& processes;
     Wmi& wmi;
+    RawVolumes& rawVolumes;
     Regional regional;
     Application app;
 };

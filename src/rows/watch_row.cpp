@@ -65,6 +65,10 @@ double ConstWatchRow::freeKB(const Regional& regional) const {
     return toDouble(withoutUnit(freeSpace()), regional);
 }
 
+double ConstWatchRow::totalKB(const Regional& regional) const {
+    return toDouble(withoutUnit(totalSize()), regional);
+}
+
 double ConstWatchRow::freeKBOrZero(const Regional& regional) const {
     return readKilobytes(freeSpace(), regional).value_or(0);
 }

@@ -61,6 +61,8 @@ class ConstWatchRow {
 
     /// The free space in KB. Error 13 when its text is no number.
     double freeKB(const Regional& regional) const;
+    /// The total size in KB. Error 13 as above.
+    double totalKB(const Regional& regional) const;
     /// The free space or total size in KB, 0 when its text is no number.
     double freeKBOrZero(const Regional& regional) const;
     double totalKBOrZero(const Regional& regional) const;

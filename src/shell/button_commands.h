@@ -1,7 +1,7 @@
 // The main window's buttons that only forward.
 #pragma once
 
-#include "forms/dialogs.h"
+#include "forms/dlg_drive_info.h"
 #include "forms/form1.h"
 #include "persist/settings_file.h"
 #include "shell/about_box.h"

@@ -11,6 +11,7 @@
 #include "shell/about_box.h"
 #include "shell/button_commands.h"
 #include "shell/desktop.h"
+#include "shell/drive_view.h"
 #include "shell/label_look.h"
 #include "shell/menu_commands.h"
 #include "shell/program_lock.h"
@@ -42,6 +43,7 @@ class Shell {
     AboutBox aboutBox_;
     RecycleBinView recycleBin_;
     Reachability reachability_;
+    DriveView driveView_;
     WindowLayout layout_;
     TabSelection tabs_;
     LabelLook labelLook_;

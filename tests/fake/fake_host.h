@@ -33,6 +33,7 @@ class FakeHost final : public Host {
         return nextPath();
     }
     void Beep() override { ++beeps; }
+    void Note(const std::string& text) override { notes.push_back(text); }
     void DoEvents() override {
         ++yields;
         if (onYield) onYield(yields);
@@ -43,6 +44,7 @@ class FakeHost final : public Host {
     std::vector<Box> boxes;
     std::vector<std::string> dialogs;     ///< titles of the dialogs shown
     std::vector<FileDialog> fileDialogs;  ///< the file dialogs among them, whole
+    std::vector<std::string> notes;
     int beeps = 0;
     int yields = 0;
     std::function<void(int)> onYield;  ///< gets the number of the yield, from 1

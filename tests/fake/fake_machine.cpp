@@ -179,6 +179,7 @@ FakeMachine::FakeMachine()
                 .smtpClient = smtpClient,
                 .processes = processes,
                 .wmi = wmi,
+                .rawVolumes = rawVolumes,
                 .regional = {},
                 .app = {.Path = programFolder(), .EXEName = "velmora", .Command = ""}} {
     folders = {keyOf(programFolder()), keyOf(specialFolders[9]), keyOf(windowsFolder)};

@@ -51,7 +51,7 @@ TEST(DriveMeter, TheGaugeHasARangeTo100AndTheNeedlesTo50) {
     MeterRig rig;
     EXPECT_EQ(rig.view.VScroll1.Min(), 0);
     EXPECT_EQ(rig.view.VScroll1.Max(), 100);
-    for (const Slider* needle : {&rig.view.VMeter1, &rig.view.VMeter2}) {
+    for (const Meter2* needle : {&rig.view.VMeter1, &rig.view.VMeter2}) {
         EXPECT_EQ(needle->Min(), 0);
         EXPECT_EQ(needle->Max(), 50);
     }
@@ -203,7 +203,7 @@ struct VisibleMeter : MeterRig {
         measured("100 KB", "1,000 KB", "C:\\");
         measured("500 KB", "1,000 KB", "D:\\Data");
         measured("900 KB", "1,000 KB", "D:\\data");
-        view.lblP.setCaption("d:\\DATA");
+        view.Combo1.setText("d:\\DATA");
         view.Show();
     }
 };
@@ -224,7 +224,7 @@ TEST(DriveMeterPreset, DoesNothingWhileTheViewIsHidden) {
 TEST(DriveMeterPreset, DoesNothingForADriveThatIsNotListed) {
     VisibleMeter rig;
     for (const char* shown : {"D:\\", "D:\\Data ", ""}) {
-        rig.view.lblP.setCaption(shown);
+        rig.view.Combo1.setText(shown);
         rig.meter.prcSrvMeterPreSet("C:\\");
         EXPECT_EQ(rig.view.ListView1.Count(), 0) << shown;
     }

@@ -21,6 +21,7 @@
 #include "platform/linux/settings/linux_advapi32.h"
 #include "platform/linux/settings/linux_regional.h"
 #include "platform/linux/system/linux_clock.h"
+#include "platform/linux/volumes/linux_raw_volumes.h"
 #include "platform/network/mail_client.h"
 #include "platform/network/polled_socket.h"
 #include "platform/platform.h"
@@ -73,6 +74,7 @@ class LinuxMachine final : public Machine {
     std::unique_ptr<SmtpClient> smtpClient_ = network::makeSmtpClient();
     LinuxProcesses processes_{hostSources()};
     LinuxWmi wmi_{hostSources()};
+    LinuxRawVolumes rawVolumes_;
     Platform platform_{.fso = fso_,
                        .kernel32 = kernel32_,
                        .clock = clock_,
@@ -87,6 +89,7 @@ class LinuxMachine final : public Machine {
                        .smtpClient = *smtpClient_,
                        .processes = processes_,
                        .wmi = wmi_,
+                       .rawVolumes = rawVolumes_,
                        .regional = userRegional(),
                        .app = ownApplication(volumes_)};
 };

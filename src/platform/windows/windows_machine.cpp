@@ -23,6 +23,7 @@
 #include "platform/windows/settings/windows_regional.h"
 #include "platform/windows/system/utf16.h"
 #include "platform/windows/system/windows_clock.h"
+#include "platform/windows/volumes/windows_raw_volumes.h"
 
 namespace velmora {
 
@@ -86,6 +87,7 @@ class WindowsMachine final : public Machine {
     std::unique_ptr<SmtpClient> smtpClient_ = network::makeSmtpClient();
     WindowsProcesses processes_;
     WindowsWmi wmi_;
+    WindowsRawVolumes rawVolumes_;
     Platform platform_{.fso = fso_,
                        .kernel32 = kernel32_,
                        .clock = clock_,
@@ -100,6 +102,7 @@ class WindowsMachine final : public Machine {
                        .smtpClient = *smtpClient_,
                        .processes = processes_,
                        .wmi = wmi_,
+                       .rawVolumes = rawVolumes_,
                        .regional = userRegional(),
                        .app = ownApplication()};
 };

@@ -21,6 +21,8 @@ class QtHost final : public Host {
     std::string BrowseForFolder(const std::string& title) override;
     std::string OpenFileDialog(const FileDialog& dialog) override;
     void Beep() override;
+    /// The windows show it where it belongs.
+    void Note(const std::string& /*text*/) override {}
     /// Processes events at most every few milliseconds: a check yields several times a row, and
     /// asking the window system each time would take longer than the check.
     void DoEvents() override;

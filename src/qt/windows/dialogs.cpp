@@ -24,7 +24,7 @@ QLabel* heading(Label& field) {
 }
 
 // The field has its greatest value when nothing is free.
-QProgressBar* makeGauge(Slider& field) {
+QProgressBar* makeGauge(Meter2& field) {
     auto* gauge = new QProgressBar;
     gauge->setRange(field.Min(), field.Max());
     bindField(gauge, field, [gauge, &field] { gauge->setValue(field.Max() - field.Value()); });
