@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include "rows/watch_columns.h"
+#include "rows/watch_row.h"
+
 namespace velmora::tests {
 namespace {
 
@@ -70,6 +73,83 @@ TEST_F(ConsoleReports, OtherWordsAreRefused) {
         EXPECT_TRUE(refuses(line)) << line;
     }
     EXPECT_EQ(machine.wmi.calls.size(), 0U);
+}
+
+TEST_F(ConsoleReports, ADriveHasAttributes) {
+    machine.rawVolumes.volumes["C:"].space = {8, 512, 1'000'000, 4'000'000};
+    const std::string text =
+        "Drive Type: Fixed\nSectors per Cluster: 8\nBytes per Sector: 512\n"
+        "Free Clusters: 1000000\nTotal Clusters: 4000000\nTotal Free Space: 3,906\n"
+        "Total Drive Space: 15,625\n";
+    EXPECT_EQ(run("report drive C:"), text);
+    EXPECT_EQ(run("report drive c"), text);
+    EXPECT_EQ(run("report drive C:\\"), text);
+    run("json on");
+    EXPECT_EQ(run("report drive C:"),
+              R"({"ok":[{"Drive Type":"Fixed","Sectors per Cluster":"8","Bytes per Sector":"512",)"
+              R"("Free Clusters":"1000000","Total Clusters":"4000000","Total Free Space":"3,906",)"
+              R"("Total Drive Space":"15,625"}]})"
+              "\n");
+}
+
+TEST_F(ConsoleReports, ABootSectorIsShownWithItsDump) {
+    std::string sector(512, '\0');
+    sector.replace(3, 8, "NTFS    ");
+    machine.rawVolumes.volumes["C:"] = {.bytes = sector, .fileSystem = "NTFS"};
+    const std::string text = run("report bootsector C:");
+    EXPECT_TRUE(text.starts_with("File system: NTFS\nOEM name: NTFS    \nBytes per Sector: 0\n"));
+    EXPECT_NE(text.find("\n00 00 00 4E 54 46 53 20     NTFS \n"), std::string::npos) << text;
+    EXPECT_EQ(machine.rawVolumes.openHandles(), 0);
+    run("json on");
+    const std::string fields = run("report bootsector C:");
+    EXPECT_NE(fields.find(R"("Media descriptor":"00")"), std::string::npos) << fields;
+    EXPECT_NE(fields.find(R"("First 512 Bytes of partition":"00 00 00 4E)"), std::string::npos);
+}
+
+TEST_F(ConsoleReports, ADriveThatCannotBeReadIsAnErrorWithItsReason) {
+    machine.rawVolumes.reason = "no right to read it";
+    EXPECT_EQ(run("report bootsector C:"),
+              "error: the drive can't be opened: no right to read it\n");
+    machine.rawVolumes.volumes["C:"] = {.bytes = "short"};
+    machine.rawVolumes.reason = "";
+    EXPECT_EQ(run("report bootsector C:"), "error: the drive can't be read\n");
+    EXPECT_EQ(machine.rawVolumes.openHandles(), 0);
+    machine.rawVolumes.volumes["C:"].answers = false;
+    EXPECT_EQ(run("report drive C:"), "error: the drive doesn't answer: C:\n");
+    for (const char* line : {"report drive", "report drive CC:", "report drive C:\\data",
+                             "report bootsector 1:", "report drive C: D:", "report chart C:"}) {
+        EXPECT_TRUE(refuses(line)) << line;
+    }
+}
+
+TEST_F(ConsoleReports, TheChartIsATable) {
+    addWatchColumns(form1.ListView1);
+    for (const char* path : {"C:\\", "D:\\data"}) {
+        WatchRow row(form1.ListView1.Add(path));
+        row.setFreeSpace("100 KB");
+        row.setTotalSize("200 KB");
+    }
+    EXPECT_EQ(run("report chart"),
+              "C:\\      Free Space 100 KB  Total Space 200 KB\n"
+              "D:\\data  Free Space 100 KB  Total Space 200 KB\n");
+}
+
+TEST_F(ConsoleReports, ChartsAndPicturesHaveRows) {
+    Chart& chart = forms.dlgDriveInfo.MSChart1[0];
+    chart.setRowCount(1);
+    chart.setColumnCount(1);
+    chart.setRow(1);
+    chart.setColumn(1);
+    chart.setRowLabel("C:\\");
+    chart.setColumnLabel("Free Space");
+    chart.setData(5);
+    EXPECT_EQ(run("rows dlgDriveInfo.MSChart1(0)"), "RowLabel C:\\ | Free Space 5\n1 row(s)\n");
+    EXPECT_EQ(run("get dlgDriveInfo.MSChart1(0).ColumnLabel(1)"), "Free Space\n");
+    EXPECT_EQ(run("rows frmIndDri.picPie"), "0 row(s)\n");
+    run("json on");
+    EXPECT_EQ(run("rows dlgDriveInfo.MSChart1(0)"),
+              R"({"ok":[{"RowLabel":"C:\\","Free Space":"5"}]})"
+              "\n");
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "base/regional.h"
 #include "forms/dlg_drive_info.h"
 #include "inspect/sectors/sector_fields.h"
 #include "platform/host.h"

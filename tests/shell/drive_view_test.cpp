@@ -1,0 +1,299 @@
+// The view of one drive.
+#include "shell/drive_view.h"
+
+#include <gtest/gtest.h>
+
+#include "base/errors.h"
+#include "fake/fake_host.h"
+#include "fake/fake_machine.h"
+#include "rows/watch_columns.h"
+#include "rows/watch_row.h"
+
+namespace velmora::tests {
+namespace {
+
+struct DriveViewTest : testing::Test {
+    fake::FakeMachine machine;
+    fake::FakeHost host;
+    Forms forms;
+    FrmIndDri& view = forms.frmIndDri;
+    Form1& form1 = forms.form1;
+    DriveMeter meter{form1, view, machine.platform().fso, machine.platform().regional};
+    DriveView driveView{forms, machine.platform(), host, meter};
+
+    DriveViewTest() {
+        addWatchColumns(form1.ListView1);
+        machine.drives["C:"] = {600, 1000};
+        machine.drives["D:"] = {0, 1000};
+        addRow("C:\\", "600 KB", "1,000 KB");
+        addRow("D:\\data", "0 KB", "2,000 KB");
+        form1.ListView1.ListItems(1).setSelected(true);
+    }
+    void addRow(const std::string& path, const std::string& free, const std::string& total) {
+        WatchRow row(form1.ListView1.Add(path));
+        row.setFreeSpace(free);
+        row.setTotalSize(total);
+    }
+    std::vector<std::string> names() {
+        std::vector<std::string> all;
+        for (const auto& row : *view.picPie.table()) {
+            all.push_back(std::get<std::string>(row[0].second) + "=" +
+                          std::get<std::string>(row[1].second));
+        }
+        return all;
+    }
+    std::string trigger(int row) { return ConstWatchRow(form1.ListView1.ListItems(row)).trigger(); }
+    void answerYes() { host.answers.push_back(BoxAnswer::yes); }
+};
+
+TEST_F(DriveViewTest, ShowsTheUsedShareAndThePie) {
+    meter.prcShowfrmIndDri("C:\\");
+    EXPECT_TRUE(view.Visible());
+    EXPECT_EQ(view.Combo1.Text(), "C:\\");
+    EXPECT_EQ(view.Combo1.ListCount(), 2);
+    EXPECT_EQ(view.lblP.Caption(), "C:\\  40.0% Used");
+    EXPECT_EQ(view.picPie.Title(), "40.0% Used");
+    EXPECT_EQ(view.picPie.Second(), "Total(1,000)");
+    EXPECT_EQ(names(), (std::vector<std::string>{"Free=600", "Used=400"}));
+    EXPECT_EQ(view.ProgressBar1.Value(), 40);
+    EXPECT_EQ(driveView.aPaths(), std::vector<std::string>{"C:\\"});
+}
+
+TEST_F(DriveViewTest, ItsGaugesAndListHaveTheFiguresOfTheRow) {
+    form1.txtSpace.setText("200");
+    meter.prcShowfrmIndDri("C:\\");
+    EXPECT_EQ(view.VMeter1.Value(), 40);  // 50 - 200 / 1000 x 50
+    EXPECT_EQ(view.VMeter1.Label1(), "20%");
+    EXPECT_EQ(view.VMeter2.Value(), 20);  // 50 - 600 / 1000 x 50
+    EXPECT_EQ(view.VMeter2.Label1(), "60%");
+    EXPECT_EQ(view.VScroll1.Value(), 80);
+    EXPECT_EQ(view.ListView1.Count(), 4);
+    EXPECT_EQ(view.ListView1.ListItems(1).SubItems(1), "1,000 KB");
+}
+
+TEST_F(DriveViewTest, AFullDriveIsOneSegment) {
+    meter.prcShowfrmIndDri("D:\\data");
+    EXPECT_EQ(names(), std::vector<std::string>{"Media Full=1000"});
+    EXPECT_EQ(view.lblP.Caption(), "D:\\data  100.0% Used");
+    EXPECT_EQ(view.ProgressBar1.Value(), 100);
+}
+
+TEST_F(DriveViewTest, ADriveWithNothingUsedHasNoMedia) {
+    machine.drives["C:"] = {1000, 1000};
+    meter.prcShowfrmIndDri("C:\\");
+    EXPECT_EQ(names(), std::vector<std::string>{"No Media=0"});
+    EXPECT_EQ(view.picPie.Title(), ".0% Used");
+    machine.drives["C:"] = {0, 0};
+    driveView.prcUpdateThis();
+    EXPECT_EQ(names(), std::vector<std::string>{"No Media=0"});
+}
+
+TEST_F(DriveViewTest, UnchangedFiguresPaintNothing) {
+    meter.prcShowfrmIndDri("C:\\");
+    EXPECT_EQ(view.picPie.paintings(), 1);
+    for (int i = 0; i < 5; ++i) driveView.prcUpdateThis();
+    EXPECT_EQ(view.picPie.paintings(), 1);
+    machine.drives["C:"] = {599, 1000};
+    driveView.prcUpdateThis();
+    EXPECT_EQ(view.picPie.paintings(), 2);
+    machine.drives["C:"] = {599, 1100};
+    driveView.prcUpdateThis();
+    EXPECT_EQ(view.picPie.paintings(), 3);
+}
+
+TEST_F(DriveViewTest, ADriveThatIsNotReadyIsShownWithoutAPie) {
+    machine.drives["C:"].ready = false;
+    meter.prcShowfrmIndDri("C:\\");
+    EXPECT_TRUE(view.Visible());
+    EXPECT_EQ(view.picPie.paintings(), 0);
+    EXPECT_EQ(errorOf([this] { driveView.prcUpdateThis(); }), error::diskNotReady);
+}
+
+TEST_F(DriveViewTest, TheCheckBoxSwitchesTheTimer) {
+    EXPECT_FALSE(view.Timer1.Enabled());
+    view.Check1.userClick();
+    EXPECT_TRUE(view.Timer1.Enabled());
+    EXPECT_EQ(view.Timer1.Interval(), 10000);
+    view.Check1.userClick();
+    EXPECT_FALSE(view.Timer1.Enabled());
+}
+
+TEST_F(DriveViewTest, TheTimerFollowsTheSelectedRow) {
+    meter.prcShowfrmIndDri("C:\\");
+    int raised = 0;
+    const auto connection = view.Raised.connect([&raised] { ++raised; });
+    form1.ListView1.ListItems(1).setSelected(false);
+    form1.ListView1.ListItems(2).setSelected(true);
+    view.Timer1.Tick();
+    EXPECT_EQ(view.Combo1.Text(), "D:\\data");
+    EXPECT_EQ(view.lblP.Caption(), "D:\\data  100.0% Used");
+    EXPECT_EQ(raised, 0);
+    EXPECT_TRUE(host.boxes.empty());
+}
+
+TEST_F(DriveViewTest, ADriveThatIsGoneClosesTheView) {
+    for (const bool gone : {true, false}) {
+        machine.drives["C:"] = {600, 1000};
+        meter.prcShowfrmIndDri("C:\\");
+        view.Check1.setValue(1);
+        host.boxes.clear();
+        if (gone) {
+            machine.drives.erase("C:");
+        } else {
+            machine.drives["C:"].ready = false;
+        }
+        view.Timer1.Tick();
+        ASSERT_EQ(host.boxes.size(), 1U);
+        EXPECT_EQ(host.boxes[0].text,
+                  "This display will close.\r\n"
+                  "Drive/Path is not available or ready to display info.");
+        EXPECT_FALSE(view.Visible());
+        EXPECT_FALSE(view.Timer1.Enabled());
+    }
+}
+
+TEST_F(DriveViewTest, TheTimerPassesOverErrors) {
+    meter.prcShowfrmIndDri("C:\\");
+    form1.ListView1.Clear();
+    view.Timer1.Tick();
+    EXPECT_TRUE(view.Visible());
+}
+
+TEST_F(DriveViewTest, AnotherPathOfTheListIsShown) {
+    meter.prcShowfrmIndDri("C:\\");
+    view.Combo1.userChoose(1);
+    EXPECT_EQ(view.lblP.Caption(), "D:\\data  100.0% Used");
+    EXPECT_EQ(view.ListView1.ListItems(1).SubItems(1), "2,000 KB");
+    EXPECT_TRUE(form1.ListView1.ListItems(2).Selected());
+    EXPECT_FALSE(form1.ListView1.ListItems(1).Selected());
+}
+
+TEST_F(DriveViewTest, TheScrollBarHasItsGreatestShareAtTheTop) {
+    meter.prcShowfrmIndDri("C:\\");
+    view.VScroll1.userScroll(0);
+    EXPECT_EQ(view.Text1.Text(), "100");
+    view.VScroll1.userScroll(75);
+    EXPECT_EQ(view.Text1.Text(), "25");
+    view.VScroll1.userScroll(100);
+    EXPECT_EQ(view.Text1.Text(), "0");
+    view.Option1[1].userClick();
+    view.VScroll1.userScroll(75);
+    EXPECT_EQ(view.Text1.Text(), "250");  // of 1000 KB
+    view.VScroll1.userScroll(100);
+    EXPECT_EQ(view.Text1.Text(), "");  // the picture has no digit for 0
+}
+
+TEST_F(DriveViewTest, TheUnitConvertsTheText) {
+    meter.prcShowfrmIndDri("C:\\");
+    view.Text1.setText("12.5");
+    view.Option1[1].userClick();
+    EXPECT_EQ(view.Text1.Text(), "125");
+    view.Option1[1].userClick();  // chosen already
+    EXPECT_EQ(view.Text1.Text(), "125");
+    view.Option1[0].userClick();
+    EXPECT_EQ(view.Text1.Text(), "12.5");
+    view.Text1.setText("words");
+    view.Option1[1].userClick();
+    EXPECT_EQ(view.Text1.Text(), "words");
+}
+
+TEST_F(DriveViewTest, AValueThatIsNoNumberIsRefused) {
+    meter.prcShowfrmIndDri("C:\\");
+    view.Text1.setText("many");
+    view.Command3.userClick();
+    ASSERT_EQ(host.boxes.size(), 1U);
+    EXPECT_EQ(host.boxes[0].text, "You have an improper value in the Set Minimum Space Text Box.");
+    EXPECT_EQ(trigger(1), "");
+}
+
+TEST_F(DriveViewTest, ApplyingAsksAndSetsIndividualValues) {
+    meter.prcShowfrmIndDri("C:\\");
+    view.Option1[1].userClick();
+    view.Text1.setText("300");
+    form1.txtSpace.setText("7");
+    view.Command3.userClick();  // answered with No
+    ASSERT_EQ(host.boxes.size(), 1U);
+    EXPECT_EQ(host.boxes[0].text,
+              "This will set the program to watch the drive/path by a individual values. Go "
+              "ahead?");
+    EXPECT_EQ(host.boxes[0].buttons, BoxButtons::yesNo);
+    EXPECT_FALSE(form1.chkDrive.ticked());
+    EXPECT_EQ(trigger(1), "");
+    int clicks = 0;
+    form1.chkDrive.Click.connect([&clicks] { ++clicks; });
+    answerYes();
+    view.Command3.userClick();
+    EXPECT_TRUE(form1.chkDrive.ticked());
+    EXPECT_EQ(clicks, 1);
+    EXPECT_EQ(trigger(1), "300");
+    EXPECT_EQ(trigger(2), "");
+    view.Text1.setText("400");
+    answerYes();
+    view.Command3.userClick();
+    EXPECT_EQ(clicks, 1);
+    EXPECT_EQ(trigger(1), "400");
+    EXPECT_EQ(host.boxes.size(), 3U);
+}
+
+TEST_F(DriveViewTest, TheTriggerIsWrittenInTheUnitInForce) {
+    meter.prcShowfrmIndDri("C:\\");
+    view.Text1.setText("25");  // percent; the main window has KB
+    answerYes();
+    view.Command3.userClick();
+    EXPECT_EQ(trigger(1), "250");
+    form1.OpDriv[1].userClick();  // now percent
+    view.Text1.setText("25");
+    answerYes();
+    view.Command3.userClick();
+    EXPECT_EQ(trigger(1), "25");
+    view.Option1[1].userClick();
+    view.Text1.setText("300");
+    answerYes();
+    view.Command3.userClick();
+    EXPECT_EQ(trigger(1), "30");
+}
+
+TEST_F(DriveViewTest, TheToggleSwitchesBetweenTwoHeights) {
+    view.setSize(6600, 7814);
+    view.cmdToggle.userClick();
+    EXPECT_EQ(view.Height(), 7815);
+    view.cmdToggle.userClick();
+    EXPECT_EQ(view.Height(), 4000);
+    view.cmdToggle.userClick();
+    EXPECT_EQ(view.Height(), 7815);
+    view.setSize(6600, 9000);
+    view.cmdToggle.userClick();
+    EXPECT_EQ(view.Height(), 4000);
+}
+
+TEST_F(DriveViewTest, CancelAndTheFrameUnloadIt) {
+    meter.prcShowfrmIndDri("C:\\");
+    view.Check1.userClick();
+    view.cmdC.userClick();
+    EXPECT_FALSE(view.Visible());
+    EXPECT_FALSE(view.Timer1.Enabled());
+    EXPECT_FALSE(view.Check1.ticked());
+    form1.ListView1.ListItems(1).setSelected(false);
+    form1.ListView1.ListItems(2).setSelected(true);
+    meter.prcShowfrmIndDri("D:\\data");
+    EXPECT_EQ(driveView.aPaths(), std::vector<std::string>{"D:\\data"});
+    view.userClose();
+    EXPECT_FALSE(view.Visible());
+}
+
+TEST_F(DriveViewTest, TheTextsOfTheView) {
+    EXPECT_EQ(view.Caption(), "Drive Settings - Karvelle Velmora");
+    EXPECT_EQ(view.Check1.Caption(), "Auto &Refresh Information");
+    EXPECT_EQ(view.Check1.ToolTipText(),
+              "This automatically will update the meter info by interval while the window is open");
+    EXPECT_EQ(view.Option1[0].Caption(), "Percentage");
+    EXPECT_EQ(view.Option1[1].Caption(), "Size (KB)");
+    EXPECT_EQ(view.Label1.Caption(), "Set Minimum Space Alert");
+    EXPECT_EQ(view.Command3.Caption(), "&Apply Changes");
+    EXPECT_EQ(view.cmdC.Caption(), "&Cancel");
+    EXPECT_EQ(view.cmdToggle.Caption(), "Toggle View");
+    EXPECT_TRUE(view.Option1[0].Value());
+}
+
+}  // namespace
+}  // namespace velmora::tests
