@@ -1,0 +1,60 @@
+// The free space of the watched rows at each check, kept in memory while the program runs. Nothing
+// asks a drive for it: it is what the check has measured.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace velmora {
+
+/// One measure.
+struct SpacePoint {
+    std::int64_t seconds = 0;  ///< since the history began
+    double freeKB = 0;         ///< whole KB, below 2^48
+
+    bool operator==(const SpacePoint&) const = default;
+};
+
+/// The last measures of one path, oldest first. Ten bytes each.
+class SpaceRing {
+  public:
+    static constexpr std::size_t most = 10080;
+
+    std::size_t size() const { return count_; }
+    /// From 0, the oldest.
+    SpacePoint at(std::size_t index) const;
+    /// The oldest one goes once it is full.
+    void add(const SpacePoint& point);
+
+  private:
+    std::size_t place(std::size_t index) const;
+
+    // Side by side, so that no byte is lost between them.
+    std::vector<std::uint32_t> seconds_;
+    std::vector<std::uint32_t> lowKB_;
+    std::vector<std::uint16_t> highKB_;
+    std::size_t first_ = 0;
+    std::size_t count_ = 0;
+};
+
+class SpaceHistory {
+  public:
+    static constexpr std::size_t mostPaths = 200;
+
+    /// The measures of a path in any letter case; null when there are none.
+    const SpaceRing* of(const std::string& path) const;
+    /// The paths in the order of their first measure.
+    const std::vector<std::string>& paths() const { return paths_; }
+    /// Takes a measure. Those of a path beyond 200 aren't kept.
+    void add(const std::string& path, const SpacePoint& point);
+    /// Forgets a path.
+    void remove(const std::string& path);
+
+  private:
+    std::map<std::string, SpaceRing> rings_;  // by path in lower case
+    std::vector<std::string> paths_;
+};
+
+}  // namespace velmora
