@@ -32,6 +32,7 @@ class DlgDriveInfo : public Form {
                  "make better informed decisions into managing their free space."};
     Label lblHelp{*this, "lblHelp", "Press F1 for help."};
     ComboBox Combo1{*this, "Combo1"};  ///< the view
+    CommandButton cmdHistory{*this, "cmdHistory", "&History"};
     Label lblDesc{*this, "lblDesc"};
     std::array<Chart, 2> MSChart1{{{*this, "MSChart1", 0}, {*this, "MSChart1", 1}}};
 

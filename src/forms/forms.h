@@ -9,6 +9,7 @@
 #include "forms/dialogs.h"
 #include "forms/dlg_drive_info.h"
 #include "forms/form1.h"
+#include "forms/frm_history.h"
 #include "forms/frm_ind_dri.h"
 #include "forms/frm_notify.h"
 
@@ -59,6 +60,7 @@ struct Forms {
     DlgDriveInfo dlgDriveInfo;
     FrmWizard frmWizard;
     FrmWaitTest frmWaitTest;
+    FrmHistory frmHistory;
     Globals globals;
 
     std::vector<Form*> all();

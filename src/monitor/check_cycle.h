@@ -12,6 +12,7 @@
 #include "base/regional.h"
 #include "base/runtime_error.h"
 #include "forms/forms.h"
+#include "monitor/history/history_view.h"
 #include "monitor/ports.h"
 #include "monitor/row_check.h"
 #include "monitor/space_statistics.h"
@@ -28,6 +29,7 @@ struct CheckParts {
     JournalLog& log;
     SettingsFile& settings;
     SpaceStatistics& statistics;
+    HistoryView& history;
     RowIcons& rowIcons;
 };
 

@@ -55,6 +55,7 @@ class Monitor {
     MinimumSpace minimumSpace_;
     TriggerEntry triggerEntry_;
     RowCheck rowCheck_;
+    HistoryView history_;
     CheckCycle checkCycle_;
     CommandLine commandLine_;
     LifeCycle lifeCycle_;

@@ -90,6 +90,7 @@ struct Rig {
                        .actions = actions,
                        .events = events,
                        .statistics = statistics}};
+    HistoryView historyView{forms, platform, host};
     CheckCycle checkCycle{forms,
                           platform.clock,
                           platform.regional,
@@ -99,6 +100,7 @@ struct Rig {
                            .log = log,
                            .settings = settings,
                            .statistics = statistics,
+                           .history = historyView,
                            .rowIcons = rowIcons}};
     WatchControl watchControl{forms,
                               platform.clock,

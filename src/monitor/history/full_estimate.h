@@ -1,5 +1,5 @@
-// When a drive will be full, if it goes on as in the last day. Only a line that falls steadily makes
-// an estimate: a false alarm is worse than none.
+// When a drive will be full, if it goes on as in the last day. Only a line that falls steadily
+// makes an estimate: a false alarm is worse than none.
 #pragma once
 
 #include <optional>

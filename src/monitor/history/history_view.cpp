@@ -1,0 +1,117 @@
+#include "monitor/history/history_view.h"
+
+#include "base/convert.h"
+#include "base/date_time.h"
+#include "base/text.h"
+#include "monitor/history/full_estimate.h"
+
+namespace velmora {
+
+namespace {
+
+constexpr const char* fileName = "\\history.csv";
+
+// A text as a field of comma-separated values.
+std::string field(const std::string& text) {
+    return '"' + replaceAll(text, "\"", "\"\"") + '"';
+}
+
+}  // namespace
+
+HistoryView::HistoryView(Forms& forms, Platform& platform, Host& host)
+    : form_(forms.frmHistory), form1_(forms.form1), platform_(platform), host_(host) {
+    forms.dlgDriveInfo.cmdHistory.Click.connect([this] { open(); });
+    form_.cboPath.Click.connect([this] { showPath(); });
+    form_.cmdExport.Click.connect([this] { cmdExport_Click(); });
+    form_.cmdClose.Click.connect([this] { form_.Hide(); });
+}
+
+std::int64_t HistoryView::now() const {
+    return platform_.clock.GetTickCount() / 1000;
+}
+
+void HistoryView::recordRows() {
+    const std::int64_t seconds = now();
+    const ListView& list = form1_.ListView1;
+    for (int i = 1; i <= list.Count(); ++i) {
+        const ConstWatchRow row(list.ListItems(i));
+        if (!row.watched() || !row.isMeasured()) continue;
+        const auto free = readKilobytes(row.freeSpace(), platform_.regional);
+        if (free) history_.add(row.path(), {.seconds = seconds, .freeKB = *free});
+    }
+}
+
+void HistoryView::open() {
+    const std::string before = form_.cboPath.Text();
+    form_.cboPath.Clear();
+    form_.cboPath.setText("");
+    int chosen = 0;
+    for (const std::string& path : history_.paths()) {
+        if (path == before) chosen = form_.cboPath.ListCount();
+        form_.cboPath.AddItem(path);
+    }
+    if (history_.paths().empty()) {
+        showPath();
+    } else {
+        form_.cboPath.setListIndex(chosen);
+    }
+    form_.Show();
+}
+
+void HistoryView::showPath() {
+    const std::string path = form_.cboPath.Text();
+    const SpaceRing* ring = history_.of(path);
+    if (ring == nullptr) {
+        form_.chtHistory.show("", {}, std::nullopt);
+        form_.lblEstimate.setCaption("Nothing was checked yet.");
+        return;
+    }
+    std::vector<LineChart::Point> points;
+    const std::int64_t present = now();
+    for (std::size_t i = 0; i < ring->size(); ++i) {
+        const SpacePoint point = ring->at(i);
+        points.push_back({.seconds = point.seconds - present, .value = point.freeKB});
+    }
+    form_.chtHistory.show(path, std::move(points), triggerKB(path));
+    form_.lblEstimate.setCaption(fullText(secondsUntilFull(*ring)));
+}
+
+std::optional<double> HistoryView::triggerKB(const std::string& path) const {
+    const Regional& regional = platform_.regional;
+    const std::string key = lowerCase(path);
+    for (int i = 1; i <= form1_.ListView1.Count(); ++i) {
+        const ConstWatchRow row(form1_.ListView1.ListItems(i));
+        if (lowerCase(row.path()) != key) continue;
+        const auto trigger =
+            readNumber(form1_.chkDrive.ticked() ? row.trigger() : form1_.txtSpace.Text(), regional);
+        if (!trigger || !form1_.OpDriv[1].Value()) return trigger;
+        return *trigger / 100 * row.totalKBOrZero(regional);
+    }
+    return std::nullopt;
+}
+
+// One file with all paths, beside the log.
+void HistoryView::cmdExport_Click() {
+    const std::string file = platform_.app.Path + fileName;
+    const std::int64_t present = now();
+    const std::int64_t clock = toSeconds(platform_.clock.Now());
+    std::string content = "Time,Path,Free KB\r\n";
+    for (const std::string& path : history_.paths()) {
+        const SpaceRing* ring = history_.of(path);
+        for (std::size_t i = 0; i < ring->size(); ++i) {
+            const SpacePoint point = ring->at(i);
+            const DateTime time = fromSeconds(clock - (present - point.seconds));
+            content += Format(time, "yyyy-mm-dd hh:mm:ss") + ',' + field(path) + ',' +
+                       toText(static_cast<std::int64_t>(point.freeKB)) + "\r\n";
+        }
+    }
+    try {
+        platform_.files.writeOver(file, content);
+        host_.MsgBox({.text = "The history was saved: " + file, .icon = BoxIcon::information});
+    } catch (const RuntimeError& failure) {
+        host_.MsgBox({.text = "The history wasn't saved: " + failure.description(),
+                      .icon = BoxIcon::critical});
+    }
+}
+
+}  // namespace velmora
