@@ -13,6 +13,7 @@ WindowProgram::WindowProgram(Machine& machine, std::function<void(int)> ended)
       windows_(forms_, shellIcons_, user32_, hand_, names_) {
     hand_.setHost(host_);
     hand_.setPaths([&machine](const std::string& path) { return machine.toDrivePath(path); });
+    hand_.setRegional(machine.platform().regional);
     hand_.whenEnded(std::move(ended));
 }
 

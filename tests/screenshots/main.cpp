@@ -12,6 +12,7 @@
 
 #include "qt/controls/legible_style.h"
 #include "qt/window_rig.h"
+#include "rows/watch_row.h"
 
 namespace {
 
@@ -137,6 +138,66 @@ void fillMailSettings(velmora::FrmNotify& form) {
     form.StatusTxt.setText("Ready - Emails sent: 2");
 }
 
+// A boot sector of NTFS as a volume may have it.
+std::string bootSectorOfNtfs() {
+    std::string sector(512, '\0');
+    const auto put = [&sector](std::size_t place, const std::string& bytes) {
+        sector.replace(place, bytes.size(), bytes);
+    };
+    put(0, "\xEB\x52\x90NTFS    ");
+    put(11, std::string("\x00\x02\x08", 3));
+    put(21, "\xF8");
+    put(24, std::string("\x3F\x00\xFF\x00\x00\x08", 6));
+    put(36, std::string("\x80\x00\x80\x00\xFF\x1F\x86\x3B", 8));
+    put(48, std::string("\x00\x00\x0C\x00\x00\x00\x00\x00\x02", 9));
+    put(64, std::string("\xF6\x00\x00\x00\x01", 5));
+    put(72, "\x5A\x8C\x1E\x44\xB0\x1E\x44\x2E\xFA\x33\xC0\x8E\xD0\xBC");
+    put(392, "A disk read error occurred\r\n");
+    put(510, "\x55\xAA");
+    return sector;
+}
+
+void furnishVolumes(velmora::fake::FakeMachine& machine) {
+    machine.rawVolumes.volumes["C:"] = {.bytes = bootSectorOfNtfs(), .fileSystem = "NTFS"};
+    machine.rawVolumes.volumes["D:"] = {.fileSystem = "NTFS",
+                                        .space = {.sectorsPerCluster = 8,
+                                                  .bytesPerSector = 512,
+                                                  .numberOfFreeClusters = 314572,
+                                                  .totalNumberOfClusters = 244187136}};
+}
+
+// Paths that the machine in memory doesn't measure.
+void giveReadings(WindowRig& rig) {
+    velmora::ListView& list = rig.form1().ListView1;
+    const velmora::Regional regional = rig.machine.platform().regional;
+    list.Add("\\\\nas\\media\\a folder with a name that is much too long for a chart\\films");
+    constexpr double gigabyte = 1024.0 * 1024 * 1024;
+    double free = 700 * gigabyte;
+    for (int i = 1; i <= list.Count(); ++i) {
+        velmora::WatchRow row(list.ListItems(i));
+        if (row.isMeasured()) continue;
+        row.setFreeBytes(free, velmora::Grouping::regional, regional);
+        row.setTotalBytes(1200 * gigabyte, velmora::Grouping::regional, regional);
+        free /= 3;
+    }
+}
+
+void driveInformation(WindowRig& rig, Screenshots& screenshots) {
+    velmora::DlgDriveInfo& form = rig.program->forms().dlgDriveInfo;
+    giveReadings(rig);
+    form.Show();
+    QWidget* window = rig.program->window("dlgDriveInfo");
+    for (int view = 0; view < form.Combo1.ListCount(); ++view) {
+        form.Combo1.userChoose(view);
+        if (view == velmora::drive_view::partition) form.cmdEnter.userClick();
+        screenshots.save(window, QStringLiteral("drive-info-%1").arg(view));
+    }
+    form.Combo1.userChoose(velmora::drive_view::freeSpace);
+    rig.click(QStringLiteral("MSChart1(0).ShowTable"), "dlgDriveInfo");
+    screenshots.save(window, QStringLiteral("drive-info-table"));
+    form.Hide();
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -148,6 +209,7 @@ int main(int argc, char** argv) {
     const QString look = arguments.value(2, QStringLiteral("light"));
     if (look == QLatin1String("dark")) QApplication::setPalette(darkPalette());
     WindowRig rig;
+    furnishVolumes(rig.machine);
     rig.start();
     fillWithData(rig);
     Screenshots screenshots(rig, folder, look);
@@ -177,6 +239,9 @@ int main(int argc, char** argv) {
     forms.form1.ListView1.userSelect({1});
     forms.form1.lblDP[velmora::watch_button::selectDrive].Click();
     screenshots.save(rig.program->window("frmIndDri"), QStringLiteral("drive"));
+    forms.frmIndDri.cmdToggle.userClick();
+    screenshots.save(rig.program->window("frmIndDri"), QStringLiteral("drive-low"));
+    driveInformation(rig, screenshots);
     screenshots.menu(forms.form1.mnuFunc, QStringLiteral("menu-functions"));
     screenshots.menu(forms.form1.mnuLstV, QStringLiteral("menu-list"));
     screenshots.menu(forms.form1.mnuPopUp, QStringLiteral("menu-tray"));

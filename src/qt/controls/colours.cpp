@@ -43,6 +43,21 @@ double contrast(const QColor& a, const QColor& b) {
     return std::max(one, other) / std::min(one, other);
 }
 
+QColor visibleOn(const QColor& ground, QColor colour) {
+    constexpr float step = 0.02F;
+    const bool lighter = luminance(ground) < 0.18;
+    while (contrast(colour, ground) < readableContrast) {
+        float hue = 0;
+        float saturation = 0;
+        float lightness = 0;
+        colour.getHslF(&hue, &saturation, &lightness);
+        if (lighter ? lightness >= 1 : lightness <= 0) break;
+        lightness = std::clamp(lightness + (lighter ? step : -step), 0.0F, 1.0F);
+        colour.setHslF(std::max(hue, 0.0F), saturation, lightness);
+    }
+    return colour;
+}
+
 QColor legible(const QColor& text, const QColor& background) {
     if (contrast(text, background) >= readableContrast) return text;
     const QColor black(Qt::black);

@@ -1,5 +1,6 @@
 #include "qt/controls/entries.h"
 
+#include <QFontDatabase>
 #include <QKeyEvent>
 #include <QSignalBlocker>
 #include <QToolButton>
@@ -42,6 +43,19 @@ void showText(QLineEdit* edit, const TextBox& field) {
     if (field.Focused() && !edit->hasFocus()) {
         edit->setFocus();
         edit->selectAll();
+    }
+}
+
+// Entry by entry: the user may have the list open.
+void showEntries(QComboBox* box, const ComboBox& field) {
+    while (box->count() > field.ListCount()) box->removeItem(box->count() - 1);
+    for (int i = 0; i < field.ListCount(); ++i) {
+        const QString text = shown(field.List(i));
+        if (i >= box->count()) {
+            box->addItem(text);
+        } else if (box->itemText(i) != text) {
+            box->setItemText(i, text);
+        }
     }
 }
 
@@ -95,6 +109,21 @@ QSlider* makeSlider(Slider& field, UserHand& hand) {
     return slider;
 }
 
+QSlider* makeUprightSlider(Slider& field, UserHand& hand) {
+    auto* slider = new QSlider(Qt::Vertical);
+    slider->setRange(0, field.Max() - field.Min());
+    slider->setSingleStep(field.SmallChange());
+    slider->setPageStep(field.LargeChange());
+    bindField(slider, field, [slider, &field] {
+        const QSignalBlocker quiet(slider);
+        slider->setValue(field.Max() - field.Value());
+    });
+    QObject::connect(slider, &QSlider::valueChanged, slider, [&field, &hand](int value) {
+        hand.does([&field, value] { field.userScroll(field.Max() - value); });
+    });
+    return slider;
+}
+
 QTimeEdit* makeTimeEdit(DatePicker& field, const QString& picture, UserHand& hand) {
     auto* edit = new QTimeEdit;
     edit->setDisplayFormat(picture);
@@ -120,14 +149,7 @@ QComboBox* makeComboBox(ComboBox& field, UserHand& hand) {
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     bindField(box, field, [box, &field] {
         const QSignalBlocker quiet(box);
-        while (box->count() > field.ListCount()) box->removeItem(box->count() - 1);
-        for (int i = 0; i < field.ListCount(); ++i) {
-            if (i < box->count()) {
-                box->setItemText(i, shown(field.List(i)));
-            } else {
-                box->addItem(shown(field.List(i)));
-            }
-        }
+        showEntries(box, field);
         if (box->currentText() != shown(field.Text())) box->setEditText(shown(field.Text()));
     });
     box->lineEdit()->setAccessibleName(box->accessibleName());
@@ -140,7 +162,7 @@ QComboBox* makeComboBox(ComboBox& field, UserHand& hand) {
                      });
     QObject::connect(box, &QComboBox::activated, box, [&field, &hand](int index) {
         hand.does([&field, index] {
-            if (index < field.ListCount()) field.setListIndex(index);
+            if (index < field.ListCount()) field.userChoose(index);
         });
     });
     QObject::connect(box->lineEdit(), &QLineEdit::returnPressed, box,
@@ -150,13 +172,18 @@ QComboBox* makeComboBox(ComboBox& field, UserHand& hand) {
 
 QComboBox* makeChoice(ComboBox& field, UserHand& hand) {
     auto* box = new QComboBox;
-    for (int i = 0; i < field.ListCount(); ++i) box->addItem(shown(field.List(i)));
-    bindField(box, field, [box, &field] {
+    Refresher* refresher = bindField(box, field, [box, &field] {
         const QSignalBlocker quiet(box);
-        box->setCurrentIndex(box->findText(shown(field.Text())));
+        showEntries(box, field);
+        // A text of the program's may be an entry that nobody has chosen.
+        box->setCurrentIndex(field.ListIndex() >= 0 ? field.ListIndex()
+                                                    : box->findText(shown(field.Text())));
     });
-    QObject::connect(box, &QComboBox::activated, box, [&field, &hand](int index) {
-        hand.does([&field, index] { field.setListIndex(index); });
+    QObject::connect(box, &QComboBox::activated, box, [&field, &hand, refresher](int index) {
+        hand.does([&field, index] {
+            if (index < field.ListCount()) field.userChoose(index);
+        });
+        refresher->touch();
     });
     return box;
 }
@@ -175,6 +202,19 @@ QPlainTextEdit* makeTextEdit(TextBox& field, UserHand& hand) {
         refresher->touch();
     });
     return edit;
+}
+
+QPlainTextEdit* makeTextView(TextBox& field) {
+    auto* view = new QPlainTextEdit;
+    view->setReadOnly(true);
+    view->setTabChangesFocus(true);
+    view->setLineWrapMode(QPlainTextEdit::NoWrap);
+    view->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    bindField(view, field, [view, &field] {
+        const QString text = withVisibleControls(shownLines(field.Text()));
+        if (view->toPlainText() != text) view->setPlainText(text);
+    });
+    return view;
 }
 
 QWidget* makeUpDown(UpDown& field, UserHand& hand) {

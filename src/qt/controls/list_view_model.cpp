@@ -119,7 +119,7 @@ QVariant ListViewModel::data(const QModelIndex& index, int role) const {
 QVariant ListViewModel::text(const ListItem& row, int column) const {
     // A cell is one line: alerts may hold several.
     QString line = shown(column == 0 ? row.Text() : row.SubItems(column));
-    return line.replace(QLatin1String("\r\n"), QLatin1String(" "));
+    return withVisibleControls(line.replace(QLatin1String("\r\n"), QLatin1String(" ")));
 }
 
 QVariant ListViewModel::picture(const ListItem& row, int column) const {

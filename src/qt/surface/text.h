@@ -21,4 +21,15 @@ inline QString shownLines(const std::string& text) {
     return lines.replace(QLatin1String("\r\n"), QLatin1String("\n"));
 }
 
+/// Control characters, which a widget would draw as nothing or cut a text at, as dots in the middle
+/// of the line. Line ends and tabs stay.
+inline QString withVisibleControls(QString text) {
+    constexpr char16_t middleDot = 0xB7;
+    for (QChar& letter : text) {
+        const bool stays = letter == u'\n' || letter == u'\r' || letter == u'\t';
+        if (letter.category() == QChar::Other_Control && !stays) letter = middleDot;
+    }
+    return text;
+}
+
 }  // namespace velmora::qt

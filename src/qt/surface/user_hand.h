@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 
+#include "base/regional.h"
 #include "platform/host.h"
 
 namespace velmora::qt {
@@ -29,6 +30,10 @@ class UserHand {
         return toDrivePath_ ? toDrivePath_(hostPath) : hostPath;
     }
 
+    /// How numbers are written for the user; without it, with a comma between groups of digits.
+    void setRegional(const Regional& regional) { regional_ = regional; }
+    const Regional& regional() const { return regional_; }
+
     /// Runs a handler. A refusal is dropped: nothing has changed, and the view shows the field as
     /// it is. A run-time error that no handler has caught shows its box and ends the program with
     /// status 1. Does nothing once the program has ended.
@@ -45,6 +50,7 @@ class UserHand {
     Host* host_ = nullptr;
     std::function<void(int)> whenEnded_;
     std::function<std::string(const std::string&)> toDrivePath_;
+    Regional regional_;
     std::optional<int> ended_;
 };
 

@@ -24,8 +24,10 @@ class AllWindows {
     void add(const std::string& form, QWidget* window);
     template <typename AForm>
     void addWhenLoaded(AForm& form, QWidget* (*make)(AForm&, UserHand&)) {
-        loads_.emplace_back(
-            form.Load.connect([this, &form, make] { add(form.Name(), make(form, hand_)); }));
+        loads_.emplace_back(form.Load.connect([this, &form, make] {
+            // A form that was unloaded keeps its window.
+            if (names_.find(form.Name()) == nullptr) add(form.Name(), make(form, hand_));
+        }));
     }
 
     UserHand& hand_;

@@ -15,6 +15,29 @@ QWidget* dialog(Form& form, QLayout* content, UserHand& hand, WindowKind kind) {
     return window;
 }
 
+QLabel* heading(Label& field) {
+    auto* label = makeCaption(field);
+    QFont font = label->font();
+    font.setBold(true);
+    font.setPointSizeF(font.pointSizeF() * 1.3);
+    label->setFont(font);
+    return label;
+}
+
+QLabel* sectionHeading(Label& field) {
+    auto* label = makeCaption(field);
+    QFont font = label->font();
+    font.setBold(true);
+    label->setFont(font);
+    return label;
+}
+
+QLabel* quietCaption(Label& field) {
+    auto* label = makeCaption(field, true);
+    label->setForegroundRole(QPalette::PlaceholderText);
+    return label;
+}
+
 QLabel* paragraph(Label& field) {
     auto* label = makeCaption(field, true);
     label->setMinimumWidth(readingWidth);

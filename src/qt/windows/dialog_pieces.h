@@ -16,6 +16,12 @@ inline constexpr int readingWidth = 380;
 
 /// A window around a layout, with the margins of a dialog.
 QWidget* dialog(Form& form, QLayout* content, UserHand& hand, WindowKind kind = {});
+/// A caption in large letters, above all else.
+QLabel* heading(Label& field);
+/// A caption in bold letters, above a part of a window.
+QLabel* sectionHeading(Label& field);
+/// A caption in the colour of what matters less.
+QLabel* quietCaption(Label& field);
 /// A caption over several lines.
 QLabel* paragraph(Label& field);
 

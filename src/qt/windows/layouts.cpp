@@ -42,6 +42,10 @@ QVBoxLayout* column(std::initializer_list<QWidget*> widgets) {
     return layout;
 }
 
+void setShown(QWidget* piece, bool isShown) {
+    if (!isShown || piece->parentWidget() != nullptr) piece->setVisible(isShown);
+}
+
 QLabel* wordFor(const QString& word, QWidget* widget) {
     auto* label = new QLabel(word);
     label->setBuddy(widget);

@@ -18,6 +18,8 @@ QGroupBox* group(const QString& heading, QLayout* content);
 QHBoxLayout* row(std::initializer_list<QWidget*> widgets);
 /// Widgets below each other.
 QVBoxLayout* column(std::initializer_list<QWidget*> widgets);
+/// Shows or hides a piece. One that has no place yet stays without a window of its own.
+void setShown(QWidget* piece, bool isShown);
 /// A word before a widget; also the accessible name of a widget without one.
 QLabel* wordFor(const QString& word, QWidget* widget);
 /// A page that scrolls when the window is too small for it.

@@ -1,0 +1,124 @@
+#include "qt/controls/chart_view.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QMimeData>
+
+#include "qt/surface/field.h"
+
+namespace velmora::qt {
+
+namespace {
+
+constexpr int viewSpacing = 6;
+
+QTableWidget* makeValueTable() {
+    auto* table = new QTableWidget;
+    table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table->setTabKeyNavigation(false);
+    table->setAlternatingRowColors(true);
+    table->setShowGrid(false);
+    table->setTextElideMode(Qt::ElideMiddle);
+    table->setWordWrap(false);
+    table->verticalHeader()->hide();
+    table->horizontalHeader()->setHighlightSections(false);
+    return table;
+}
+
+QTableWidgetItem* makeCell(const QString& text, bool isNumber) {
+    auto* cell = new QTableWidgetItem(text);
+    cell->setToolTip(text);
+    cell->setTextAlignment(Qt::AlignVCenter | (isNumber ? Qt::AlignRight : Qt::AlignLeft));
+    return cell;
+}
+
+QPushButton* makeSmallButton(const QString& caption, const QString& toolTip) {
+    auto* button = new QPushButton(caption);
+    button->setToolTip(toolTip);
+    button->setAutoDefault(false);
+    return button;
+}
+
+}  // namespace
+
+ChartView::ChartView(Chart& field, UserHand& hand, QWidget* parent)
+    : QWidget(parent),
+      regional_(hand.regional()),
+      chart_(new ChartWidget(hand.regional())),
+      table_(makeValueTable()),
+      pages_(new QStackedWidget),
+      showTable_(
+          makeSmallButton(QStringLiteral("&Table"), QStringLiteral("Show the values as a table"))),
+      copy_(makeSmallButton(QStringLiteral("&Copy"),
+                            QStringLiteral("Copy the chart as a picture and as text"))) {
+    layOut();
+    showTable_->setCheckable(true);
+    connect(showTable_, &QPushButton::toggled, pages_,
+            [this](bool on) { pages_->setCurrentIndex(on ? 1 : 0); });
+    connect(copy_, &QPushButton::clicked, this, [this] { copy(); });
+    bindField(this, field, [this, &field] { refresh(field); });
+    nameParts();
+    fillTable();
+}
+
+void ChartView::layOut() {
+    pages_->addWidget(chart_);
+    pages_->addWidget(table_);
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(viewSpacing);
+    buttons->addStretch(1);
+    buttons->addWidget(showTable_);
+    buttons->addWidget(copy_);
+    auto* all = new QVBoxLayout(this);
+    all->setContentsMargins(0, 0, 0, 0);
+    all->setSpacing(viewSpacing);
+    all->addWidget(pages_, 1);
+    all->addLayout(buttons);
+}
+
+void ChartView::nameParts() {
+    const auto name = [this](QWidget* part, const char* suffix, const QString& words) {
+        part->setObjectName(objectName() + QLatin1String(suffix));
+        part->setAccessibleName(words);
+    };
+    name(chart_, ".Chart", accessibleName());
+    name(table_, ".Table", QStringLiteral("%1, as a table").arg(accessibleName()));
+    name(showTable_, ".ShowTable", QStringLiteral("Show as a table"));
+    name(copy_, ".Copy", QStringLiteral("Copy"));
+}
+
+void ChartView::refresh(const Chart& field) {
+    const ChartData content = chartDataOf(field);
+    if (chart_->content() == content) return;
+    chart_->setContent(content);
+    fillTable();
+}
+
+void ChartView::fillTable() {
+    const ChartTable content = tableOf(chart_->content(), regional_, true);
+    table_->setColumnCount(static_cast<int>(content.headings.size()));
+    table_->setHorizontalHeaderLabels(content.headings);
+    table_->setRowCount(static_cast<int>(content.rows.size()));
+    for (int row = 0; row < table_->rowCount(); ++row) {
+        const QStringList& cells = content.rows[static_cast<std::size_t>(row)];
+        for (int i = 0; i < cells.size(); ++i) table_->setItem(row, i, makeCell(cells[i], i > 0));
+    }
+    for (int i = 0; i < table_->columnCount(); ++i) {
+        table_->horizontalHeaderItem(i)->setTextAlignment(Qt::AlignVCenter |
+                                                          (i > 0 ? Qt::AlignRight : Qt::AlignLeft));
+        table_->horizontalHeader()->setSectionResizeMode(
+            i, i == 0 ? QHeaderView::Stretch : QHeaderView::ResizeToContents);
+    }
+}
+
+void ChartView::copy() const {
+    auto* content = new QMimeData;
+    content->setImageData(chart_->picture());
+    content->setText(tabSeparated(tableOf(chart_->content(), regional_, false)));
+    QGuiApplication::clipboard()->setMimeData(content);
+}
+
+}  // namespace velmora::qt
