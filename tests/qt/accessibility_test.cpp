@@ -6,20 +6,11 @@
 #include "qt/controls/activity_view.h"
 #include "qt/controls/elided_label.h"
 #include "qt/controls/label_button.h"
+#include "qt/paint_counter.h"
 #include "qt/window_test.h"
 
 namespace velmora::tests {
 namespace {
-
-class PaintCount : public QObject {
-  public:
-    explicit PaintCount(QWidget* widget) { widget->installEventFilter(this); }
-    bool eventFilter(QObject*, QEvent* event) override {
-        count += event->type() == QEvent::Paint ? 1 : 0;
-        return false;
-    }
-    int count = 0;
-};
 
 QPalette otherColours() {
     QPalette palette(QColor(20, 60, 20), QColor(30, 30, 30));
@@ -38,7 +29,7 @@ struct AccessibilityTest : WindowTest {
         ASSERT_TRUE(widget->isVisible());
         settle();
         const QImage before = widget->grab().toImage();
-        PaintCount paints(widget);
+        PaintCounter paints(widget);
         widget->window()->setPalette(otherColours());
         settle();
         EXPECT_GT(paints.count, 0);

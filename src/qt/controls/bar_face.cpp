@@ -15,7 +15,7 @@ namespace velmora::qt {
 namespace {
 
 constexpr double lineSpace = 6;
-constexpr double tickSpace = 18;       // between the numbers of two ticks
+constexpr double tickSpace = 14;       // between the numbers of two ticks
 constexpr double labelsAtMost = 0.34;  // of the width
 
 class BarFace : public ChartFace {

@@ -24,6 +24,7 @@ QTableWidget* makeValueTable() {
     table->setTextElideMode(Qt::ElideMiddle);
     table->setWordWrap(false);
     table->verticalHeader()->hide();
+    table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 2 * viewSpacing);
     table->horizontalHeader()->setHighlightSections(false);
     return table;
 }
@@ -56,8 +57,7 @@ ChartView::ChartView(Chart& field, UserHand& hand, QWidget* parent)
                             QStringLiteral("Copy the chart as a picture and as text"))) {
     layOut();
     showTable_->setCheckable(true);
-    connect(showTable_, &QPushButton::toggled, pages_,
-            [this](bool on) { pages_->setCurrentIndex(on ? 1 : 0); });
+    connect(showTable_, &QPushButton::toggled, pages_, [this](bool on) { showPage(on); });
     connect(copy_, &QPushButton::clicked, this, [this] { copy(); });
     bindField(this, field, [this, &field] { refresh(field); });
     nameParts();
@@ -112,6 +112,13 @@ void ChartView::fillTable() {
         table_->horizontalHeader()->setSectionResizeMode(
             i, i == 0 ? QHeaderView::Stretch : QHeaderView::ResizeToContents);
     }
+}
+
+void ChartView::showPage(bool ofTable) {
+    pages_->setCurrentIndex(ofTable ? 1 : 0);
+    showTable_->setText(ofTable ? QStringLiteral("C&hart") : QStringLiteral("&Table"));
+    showTable_->setToolTip(ofTable ? QStringLiteral("Show the values as a chart")
+                                   : QStringLiteral("Show the values as a table"));
 }
 
 void ChartView::copy() const {

@@ -20,6 +20,7 @@ class ChartView : public QWidget {
     void nameParts();
     void refresh(const Chart& field);
     void fillTable();
+    void showPage(bool ofTable);
     void copy() const;
 
     Regional regional_;

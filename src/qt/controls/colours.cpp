@@ -55,7 +55,7 @@ QColor visibleOn(const QColor& ground, QColor colour) {
         lightness = std::clamp(lightness + (lighter ? step : -step), 0.0F, 1.0F);
         colour.setHslF(std::max(hue, 0.0F), saturation, lightness);
     }
-    return colour;
+    return colour.toRgb();
 }
 
 QColor legible(const QColor& text, const QColor& background) {

@@ -128,6 +128,7 @@ QWidget* makeDriveInfoWindow(DlgDriveInfo& form, UserHand& hand) {
     content->addSpacing(gap);
     content->addLayout(row({makeChoice(form.Combo1, hand), nullptr}));
     content->addWidget(makeCaption(form.lblDesc, true));
+    content->addSpacing(gap / 2);
     for (Chart& chart : form.MSChart1) content->addWidget(new ChartView(chart, hand), 1);
     content->addWidget(makePartitionPanel(form, hand), 1);
     content->addWidget(makeAttributePanel(form, hand), 1);

@@ -81,11 +81,7 @@ QWidget* makeLowerPart(FrmIndDri& form, UserHand& hand) {
     lower->setSpacing(3 * gap);
     lower->addWidget(list, 1);
     lower->addLayout(makeSetting(form, hand));
-    QWidget* part = around(lower);
-    part->setObjectName(QStringLiteral("lowerPart"));
-    follow(form.Changed, part,
-           [part, &form] { setShown(part, form.Height() >= FrmIndDri::fullHeight); });
-    return part;
+    return around(lower);
 }
 
 }  // namespace
@@ -96,10 +92,15 @@ QWidget* makeDriveWindow(FrmIndDri& form, UserHand& hand) {
     content->addSpacing(gap);
     content->addLayout(makeFigures(form), 1);
     content->addSpacing(gap);
-    content->addWidget(makeLowerPart(form, hand), 1);
+    QWidget* lower = makeLowerPart(form, hand);
+    content->addWidget(lower, 1);
     content->addLayout(row({makeCheckBox(form.Check1, hand), nullptr,
                             makeButton(form.cmdToggle, hand), makeButton(form.cmdC, hand)}));
-    return dialog(form, content, hand, {.sized = true});
+    QWidget* window = dialog(form, content, hand, {.sized = true});
+    // After the window has its size: a part that comes earlier would make it grow by itself.
+    follow(form.Changed, lower,
+           [lower, &form] { lower->setVisible(form.Height() >= FrmIndDri::fullHeight); });
+    return window;
 }
 
 }  // namespace velmora::qt

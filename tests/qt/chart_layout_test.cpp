@@ -1,0 +1,110 @@
+// Where bars and wedges lie, and in which colours.
+#include "qt/controls/chart_layout.h"
+
+#include <gtest/gtest.h>
+
+#include <QColor>
+#include <set>
+
+#include "qt/controls/chart_colours.h"
+#include "qt/controls/colours.h"
+
+namespace velmora::tests {
+namespace {
+
+using qt::BarRoom;
+using qt::BarRow;
+
+std::vector<QRectF> rectsOf(const std::vector<BarRow>& rows) {
+    std::vector<QRectF> all;
+    for (const BarRow& row : rows) {
+        all.push_back(row.label);
+        all.insert(all.end(), row.bars.begin(), row.bars.end());
+    }
+    return all;
+}
+
+class BarLayout : public testing::TestWithParam<int> {};
+
+TEST_P(BarLayout, NothingOverlapsAndEachRowHasItsLabelsHeight) {
+    const BarRoom room{.size = {600, 300}, .labelWidth = 120, .lineHeight = 16};
+    const std::vector<BarRow> rows = qt::layBarRows(GetParam(), 2, room);
+    ASSERT_EQ(rows.size(), static_cast<std::size_t>(GetParam()));
+    const std::vector<QRectF> all = rectsOf(rows);
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        for (std::size_t j = i + 1; j < all.size(); ++j) {
+            ASSERT_FALSE(all[i].intersects(all[j])) << i << " and " << j;
+        }
+    }
+    for (const BarRow& row : rows) {
+        EXPECT_GE(row.label.height(), room.lineHeight);
+        for (const QRectF& bar : row.bars) {
+            EXPECT_GE(bar.height(), 6);
+            EXPECT_GT(bar.width(), 400);
+            EXPECT_TRUE(row.all.contains(bar));
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, BarLayout, testing::Values(1, 2, 26, 200));
+
+TEST(BarLayoutHeight, FewRowsFillTheRoomAndManyGoBeyondIt) {
+    const BarRoom room{.size = {600, 300}, .labelWidth = 120, .lineHeight = 16};
+    EXPECT_EQ(qt::layBarRows(6, 2, room).back().all.bottom(), 300);
+    EXPECT_LT(qt::layBarRows(1, 2, room).back().all.bottom(), 100);
+    EXPECT_GT(qt::layBarRows(200, 2, room).back().all.bottom(), 200 * 16);
+    EXPECT_TRUE(qt::layBarRows(0, 2, room).empty());
+}
+
+TEST(WedgeLayout, EachTakesItsShareOfTheTurn) {
+    const std::vector<qt::Wedge> wedges = qt::layWedges({1, 2, 0, 1});
+    ASSERT_EQ(wedges.size(), 4U);
+    EXPECT_EQ(wedges[0].start, 0);
+    EXPECT_EQ(wedges[0].span, 90);
+    EXPECT_EQ(wedges[1].start, 90);
+    EXPECT_EQ(wedges[1].span, 180);
+    EXPECT_EQ(wedges[2].span, 0);
+    EXPECT_EQ(wedges[3].start, 270);
+    EXPECT_TRUE(qt::layWedges({0, 0}).empty());
+    EXPECT_EQ(qt::layWedges({-5, 5})[1].span, 360);
+}
+
+TEST(WedgeLayout, ThePlaceTellsTheWedge) {
+    const std::vector<qt::Wedge> wedges = qt::layWedges({1, 2, 0, 1});
+    EXPECT_EQ(qt::wedgeAt(wedges, {5, -5}, 10), 0);   // upper right
+    EXPECT_EQ(qt::wedgeAt(wedges, {5, 5}, 10), 1);    // lower right
+    EXPECT_EQ(qt::wedgeAt(wedges, {-5, 5}, 10), 1);   // lower left
+    EXPECT_EQ(qt::wedgeAt(wedges, {-5, -5}, 10), 3);  // upper left
+    EXPECT_EQ(qt::wedgeAt(wedges, {8, 8}, 10), -1);
+}
+
+TEST(ChartColours, AllStandOutFromLightAndDarkGrounds) {
+    std::vector<double> values(200, 1);
+    values[150] = 7;
+    for (const QColor& ground : {QColor(Qt::white), QColor(30, 31, 34), QColor(Qt::black)}) {
+        for (int column = 0; column < 3; ++column) {
+            EXPECT_GE(qt::contrast(qt::seriesColour(column, ground), ground), 3) << column;
+        }
+        const std::vector<QColor> colours = qt::wedgeColours(values, ground);
+        ASSERT_EQ(colours.size(), values.size());
+        for (std::size_t i = 0; i < colours.size(); ++i) {
+            EXPECT_GE(qt::contrast(colours[i], ground), 3) << i;
+            const std::size_t next = (i + 1) % colours.size();
+            EXPECT_NE(colours[i].rgb(), colours[next].rgb()) << i;
+        }
+    }
+}
+
+TEST(ChartColours, TheGreatestTenHaveColoursOfTheirOwn) {
+    std::vector<double> values(30, 1);
+    for (std::size_t i = 5; i < 15; ++i) values[i] = 100;
+    const std::vector<QColor> colours = qt::wedgeColours(values, Qt::white);
+    std::set<QRgb> great;
+    for (std::size_t i = 5; i < 15; ++i) great.insert(colours[i].rgb());
+    EXPECT_EQ(great.size(), 10U);
+    for (const std::size_t small : {0, 4, 15, 29})
+        EXPECT_FALSE(great.contains(colours[small].rgb()));
+}
+
+}  // namespace
+}  // namespace velmora::tests
