@@ -17,6 +17,7 @@ AllWindows::AllWindows(Forms& forms, const QtShellIcons& icons, QtUser32& user32
     addWhenLoaded(forms.frmIndDri, makeDriveWindow);
     addWhenLoaded(forms.frmNotify, makeNotifyWindow);
     addWhenLoaded(forms.dlgDriveInfo, makeDriveInfoWindow);
+    addWhenLoaded(forms.frmHistory, makeHistoryWindow);
     addWhenLoaded(forms.frmWizard, makeWizardWindow);
 }
 

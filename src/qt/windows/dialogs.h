@@ -16,6 +16,7 @@ QWidget* makeRecycleBinWindow(Icon1& form, UserHand& hand);
 QWidget* makeDriveWindow(FrmIndDri& form, UserHand& hand);
 QWidget* makeNotifyWindow(FrmNotify& form, UserHand& hand);
 QWidget* makeDriveInfoWindow(DlgDriveInfo& form, UserHand& hand);
+QWidget* makeHistoryWindow(FrmHistory& form, UserHand& hand);
 QWidget* makeWizardWindow(FrmWizard& form, UserHand& hand);
 
 }  // namespace velmora::qt
