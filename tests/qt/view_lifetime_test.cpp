@@ -11,13 +11,16 @@
 #include "qt/controls/activity_view.h"
 #include "qt/controls/bars.h"
 #include "qt/controls/buttons.h"
+#include "qt/controls/chart_view.h"
 #include "qt/controls/check_list.h"
 #include "qt/controls/entries.h"
+#include "qt/controls/gauge_widget.h"
 #include "qt/controls/journal_view.h"
 #include "qt/controls/label_button.h"
 #include "qt/controls/list_view_widget.h"
 #include "qt/controls/menus.h"
 #include "qt/controls/password_edit.h"
+#include "qt/controls/picture_widget.h"
 #include "qt/surface/qt_timers.h"
 #include "qt/windows/form_binding.h"
 
@@ -121,6 +124,29 @@ std::vector<Kind> listKinds() {
     };
 }
 
+std::vector<Kind> drawnKinds() {
+    using qt::UserHand;
+    return {
+        {"Chart",
+         [](Forms& f, UserHand& hand) {
+             return new qt::ChartView(f.dlgDriveInfo.MSChart1[0], hand);
+         },
+         [](Forms& f) { f.dlgDriveInfo.MSChart1[0].setRowCount(3); }},
+        {"Picture", [](Forms& f, UserHand&) { return new qt::PictureWidget(f.frmIndDri.picPie); },
+         [](Forms& f) { f.frmIndDri.picPie.TextOut(1, 1, "text"); }},
+        {"Gauge", [](Forms& f, UserHand&) { return new qt::GaugeWidget(f.frmIndDri.VMeter1); },
+         [](Forms& f) { f.frmIndDri.VMeter1.setValue(7); }},
+        {"UprightSlider",
+         [](Forms& f, UserHand& hand) { return qt::makeUprightSlider(f.frmIndDri.VScroll1, hand); },
+         [](Forms& f) { f.frmIndDri.VScroll1.setValue(7); }},
+        {"Choice",
+         [](Forms& f, UserHand& hand) { return qt::makeChoice(f.dlgDriveInfo.drvDrive, hand); },
+         [](Forms& f) { f.dlgDriveInfo.drvDrive.AddItem("C:"); }},
+        {"TextView", [](Forms& f, UserHand&) { return qt::makeTextView(f.dlgDriveInfo.txtBytes); },
+         [](Forms& f) { f.dlgDriveInfo.txtBytes.setText("00"); }},
+    };
+}
+
 std::vector<Kind> windowKinds() {
     using qt::UserHand;
     return {
@@ -154,7 +180,8 @@ std::vector<Kind> windowKinds() {
 
 std::vector<Kind> allKinds() {
     std::vector<Kind> all;
-    for (const auto& kinds : {buttonKinds(), entryKinds(), listKinds(), windowKinds()}) {
+    for (const auto& kinds :
+         {buttonKinds(), entryKinds(), listKinds(), drawnKinds(), windowKinds()}) {
         all.insert(all.end(), kinds.begin(), kinds.end());
     }
     return all;

@@ -16,7 +16,7 @@ constexpr double legendGap = 24;
 constexpr double pieAtMost = 0.5;    // of the width
 constexpr double legendAtMost = 30;  // by the height of a line
 constexpr double unitsADegree = 16;  // in Qt's units of angles
-constexpr double seamFrom = 3;       // length of an arc, in pixels, that has room for a seam
+constexpr double seamFrom = 6;  // degrees: seams of narrow wedges would cover them at the middle
 
 class PieFace : public ChartFace {
   public:
@@ -95,14 +95,11 @@ void PieFace::paintPie(QPainter& painter, const State& state,
         painter.drawEllipse(pie_.adjusted(1, 1, -1, -1));
         return;
     }
-    constexpr double pi = 3.14159265358979323846;
     for (std::size_t i = 0; i < wedges_.size(); ++i) {
         const Wedge& wedge = wedges_[i];
         if (wedge.span <= 0) continue;
-        const double arc = wedge.span / 360 * pi * pie_.width();
         const bool isHot = static_cast<int>(i) == state.hot;
-        // A seam between neighbours, but none that would cover a narrow wedge.
-        const bool seam = arc >= seamFrom && wedge.span < 360;
+        const bool seam = wedge.span >= seamFrom && wedge.span < 360;
         painter.setPen(seam ? QPen(ground, 1.2) : QPen(colours[i], 0.5));
         painter.setBrush(isHot ? colours[i].lighter(118) : colours[i]);
         painter.drawPie(pie_, static_cast<int>(std::lround((90 - wedge.start) * unitsADegree)),

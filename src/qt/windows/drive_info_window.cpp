@@ -134,6 +134,7 @@ QWidget* makeDriveInfoWindow(DlgDriveInfo& form, UserHand& hand) {
     content->addWidget(makeAttributePanel(form, hand), 1);
     QPushButton* ok = makeButton(form.cmdOK, hand);
     ok->setDefault(true);
+    content->addSpacing(gap / 2);
     content->addLayout(row({quietCaption(form.lblHelp), nullptr, ok}));
     return dialog(form, content, hand, {.sized = true});
 }

@@ -94,6 +94,7 @@ QWidget* makeDriveWindow(FrmIndDri& form, UserHand& hand) {
     content->addSpacing(gap);
     QWidget* lower = makeLowerPart(form, hand);
     content->addWidget(lower, 1);
+    content->addSpacing(gap);
     content->addLayout(row({makeCheckBox(form.Check1, hand), nullptr,
                             makeButton(form.cmdToggle, hand), makeButton(form.cmdC, hand)}));
     QWidget* window = dialog(form, content, hand, {.sized = true});
