@@ -38,7 +38,7 @@ ChartTable tableOfPie(const ChartData& data, const Regional& regional, bool grou
 ChartData chartDataOf(const Chart& chart) {
     ChartData data{.isPie = chart.chartType() == chart_type::pie2D,
                    .showLegend = chart.ShowLegend(),
-                   .axisTitles = {shown(chart.AxisTitle(0)), shown(chart.AxisTitle(1))}};
+                   .axisTitles = {{shown(chart.AxisTitle(0)), shown(chart.AxisTitle(1))}}};
     for (int i = 1; i <= chart.ColumnCount(); ++i) data.columns << shown(chart.columnLabel(i));
     for (int row = 1; row <= chart.RowCount(); ++row) {
         data.rows << shown(chart.rowLabel(row));

@@ -4,6 +4,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <array>
 #include <vector>
 
 #include "base/regional.h"
@@ -17,7 +18,7 @@ struct ChartData {
     QStringList rows = {};
     QStringList columns = {};
     std::vector<std::vector<double>> values = {};  ///< by row and column, in KB
-    QString axisTitles[2] = {};                    ///< of the rows, of the values
+    std::array<QString, 2> axisTitles = {};        ///< of the rows, of the values
 
     bool operator==(const ChartData&) const = default;
     /// Whether there is anything to show.
