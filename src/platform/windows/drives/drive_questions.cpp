@@ -1,6 +1,7 @@
 #include "platform/windows/drives/drive_questions.h"
 
 #include <condition_variable>
+#include <deque>
 #include <mutex>
 #include <system_error>
 #include <thread>
@@ -29,6 +30,17 @@ class DriveQuestions::Worker {
         return changed_.wait_for(lock, deadline, [this] { return !busy_; });
     }
 
+    void finish(std::function<void()> order, std::chrono::milliseconds deadline) {
+        {
+            const std::lock_guard lock(mutex_);
+            if (busy_) {
+                orders_.push_back(std::move(order));
+                return;
+            }
+        }
+        run(std::move(order), deadline);
+    }
+
     void close() {
         const std::lock_guard lock(mutex_);
         closing_ = true;
@@ -41,23 +53,33 @@ class DriveQuestions::Worker {
         while (true) {
             changed_.wait(lock, [this] { return busy_ || closing_; });
             if (!busy_) return;
-            auto task = std::exchange(task_, nullptr);
-            lock.unlock();
-            try {
-                task();
-            } catch (...) {
-                // The answer stays empty, which is what the asker needs to know.
+            carryOut(std::exchange(task_, nullptr), lock);
+            while (!orders_.empty()) {
+                auto order = std::move(orders_.front());
+                orders_.pop_front();
+                carryOut(std::move(order), lock);
             }
-            task = nullptr;  // what it holds is freed before the asker is notified
-            lock.lock();
             busy_ = false;
             changed_.notify_all();
         }
     }
 
+    // Without the lock, which is held before and after.
+    static void carryOut(std::function<void()> task, std::unique_lock<std::mutex>& lock) {
+        lock.unlock();
+        try {
+            task();
+        } catch (...) {
+            // The answer stays empty, which is what the asker needs to know.
+        }
+        task = nullptr;  // what it holds is freed before the asker is notified
+        lock.lock();
+    }
+
     std::mutex mutex_;
     std::condition_variable changed_;
     std::function<void()> task_;
+    std::deque<std::function<void()>> orders_;
     bool busy_ = false;
     bool closing_ = false;
 };
@@ -68,14 +90,23 @@ DriveQuestions::~DriveQuestions() {
     for (const auto& [drive, worker] : workers_) worker->close();
 }
 
-bool DriveQuestions::run(const std::string& drive, std::function<void()> task) {
+std::shared_ptr<DriveQuestions::Worker> DriveQuestions::workerOf(const std::string& drive) {
     auto& worker = workers_[lowerCase(drive)];
     try {
         if (!worker) worker = Worker::start();
     } catch (const std::system_error&) {
-        return false;
+        // There is none then.
     }
-    return worker->run(std::move(task), deadline_);
+    return worker;
+}
+
+bool DriveQuestions::run(const std::string& drive, std::function<void()> task) {
+    const auto worker = workerOf(drive);
+    return worker && worker->run(std::move(task), deadline_);
+}
+
+void DriveQuestions::finish(const std::string& drive, std::function<void()> order) {
+    if (const auto worker = workerOf(drive)) worker->finish(std::move(order), deadline_);
 }
 
 }  // namespace velmora::windows

@@ -37,8 +37,15 @@ class DriveQuestions {
         return inTime ? std::move(*answer) : std::nullopt;
     }
 
+    /// Has an order carried out on the drive's thread: now, or after a question that is pending.
+    /// Waits for it until the deadline, and not at all while a question is pending. Where no thread
+    /// can be had, the order is destroyed.
+    void finish(const std::string& drive, std::function<void()> order);
+
   private:
     class Worker;
+
+    std::shared_ptr<Worker> workerOf(const std::string& drive);
 
     bool run(const std::string& drive, std::function<void()> task);
 

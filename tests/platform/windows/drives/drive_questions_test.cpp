@@ -161,6 +161,31 @@ TEST(DriveQuestions, TheThreadLetsGoOfAQuestionOnceItIsAnswered) {
     EXPECT_EQ(held.use_count(), 2);  // the test's own and the question's
 }
 
+TEST(DriveQuestions, AnOrderIsCarriedOutOnTheDrivesThreadAndDestroyedThere) {
+    DriveQuestions questions(ample);
+    const std::function<std::thread::id()> who = [] { return std::this_thread::get_id(); };
+    const auto held = std::make_shared<int>(6);
+    std::thread::id carriedOutBy;
+    questions.finish("C:", [held, &carriedOutBy] { carriedOutBy = std::this_thread::get_id(); });
+    EXPECT_EQ(carriedOutBy, questions.ask("C:", who));
+    EXPECT_EQ(held.use_count(), 1);
+}
+
+TEST(DriveQuestions, AnOrderToAStuckDriveIsNotWaitedForAndFollowsTheQuestion) {
+    DriveQuestions questions(middling);
+    const auto drive = std::make_shared<StuckDrive>();
+    EXPECT_EQ(questions.ask("C:", questionTo(drive, 1)), std::nullopt);
+    const auto after = std::make_shared<StuckDrive>();
+    after->release();
+    const auto before = steady_clock::now();
+    for (int i = 0; i < 3; ++i) questions.finish("C:", [after] { after->answer(0); });
+    EXPECT_LT(steady_clock::now() - before, middling);
+    EXPECT_EQ(after->asked(), 0);
+    drive->release();
+    EXPECT_EQ(askUntilAnswered(questions, "C:", 2), 2);
+    EXPECT_EQ(after->asked(), 3);
+}
+
 TEST(DriveQuestionsDeathTest, TheProgramEndsWhileADriveIsStuck) {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     const auto endWhileStuck = [] {
