@@ -87,7 +87,7 @@ class WindowsMachine final : public Machine {
     std::unique_ptr<SmtpClient> smtpClient_ = network::makeSmtpClient();
     WindowsProcesses processes_;
     WindowsWmi wmi_;
-    WindowsRawVolumes rawVolumes_;
+    WindowsRawVolumes rawVolumes_{questions_};
     Platform platform_{.fso = fso_,
                        .kernel32 = kernel32_,
                        .clock = clock_,

@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "base/runtime_error.h"
+#include "platform/windows/system/utf16.h"
 
 namespace velmora::windows {
 
@@ -56,6 +57,17 @@ bool isUnknownRequest(DWORD failure) {
         default:
             return false;
     }
+}
+
+std::string textOf(DWORD failure) {
+    constexpr DWORD inOneLine = FORMAT_MESSAGE_MAX_WIDTH_MASK;
+    std::wstring text(512, L'\0');
+    const DWORD length =
+        FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS | inOneLine,
+                       nullptr, failure, 0, text.data(), static_cast<DWORD>(text.size()), nullptr);
+    text.resize(length);
+    text.resize(text.find_last_not_of(L" \r\n") + 1);
+    return text.empty() ? "error " + std::to_string(failure) : toUtf8(text);
 }
 
 int runtimeErrorOf(DWORD failure) {

@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include <string>
+
 namespace velmora::windows {
 
 /// The code of a call that has just returned: 0 when it was done.
@@ -15,6 +17,9 @@ bool isMissing(DWORD failure);
 
 /// Whether such a failure says that this system or filesystem doesn't know what was asked for.
 bool isUnknownRequest(DWORD failure);
+
+/// What the system says of such a failure, in one line; "error 1234" where it says nothing.
+std::string textOf(DWORD failure);
 
 /// The run-time error for a failure to open a file: 76 for a path that isn't there, 70 or 61 for
 /// what is denied or full, 57 for any other.
