@@ -106,11 +106,17 @@ class WindowsCase(ConsoleCase):
             self.skipTest("no Wine or no Windows program here")
         return started
 
-    def give_letter(self, mounted):
-        """Makes a mounted filesystem a drive of Wine's and returns its root."""
+    def give_letter(self, mounted, device=None):
+        """Makes a mounted filesystem a drive of Wine's and returns its root. The volume is what
+        lies at the path `device`."""
         devices = pathlib.Path(os.environ["WINEPREFIX"], "dosdevices")
-        letter = next(each for each in self.letters if not (devices / f"{each.lower()}:").is_symlink())
+        taken = {link.name for link in devices.iterdir()}
+        letter = next(each for each in self.letters if not {each.lower() + ":", each.lower() + "::"} & taken)
         link = devices / f"{letter.lower()}:"
         link.symlink_to(mounted.folder)
         self.addCleanup(link.unlink)
+        if device is not None:
+            volume = devices / f"{letter.lower()}::"
+            volume.symlink_to(device)
+            self.addCleanup(volume.unlink)
         return letter + ":\\"

@@ -25,10 +25,19 @@ def round_kb(size):
     return (2 * size + KB) // (2 * KB)
 
 
-def _run(*command):
+def run(*command):
+    """What a program prints; Unavailable when it isn't there or fails."""
+    try:
+        return _printed(command)
+    except OSError as why:
+        raise Unavailable(f"{command[0]}: {why}") from why
+
+
+def _printed(command):
     done = subprocess.run(command, capture_output=True, text=True, check=False)
     if done.returncode:
         raise Unavailable(f"{' '.join(command)}: {done.stderr.strip()}")
+    return done.stdout
 
 
 class Mount:
@@ -74,7 +83,7 @@ class Bound:
     def __init__(self, source, place):
         self.place = place
         place.touch()
-        _run("mount", "--bind", str(source), str(place))
+        run("mount", "--bind", str(source), str(place))
 
     def close(self):
         if self.place is not None:
@@ -91,7 +100,7 @@ class Tmpfs(Mount):
 
     def mount(self):
         try:
-            _run("mount", "-t", "tmpfs", "-o", self.size, "tmpfs", str(self.folder))
+            run("mount", "-t", "tmpfs", "-o", self.size, "tmpfs", str(self.folder))
         except Unavailable:
             self.close()
             raise
@@ -109,8 +118,8 @@ class Loop(Mount):
         self.image = image
         try:
             # No blocks reserved for root, who runs these tests.
-            _run("mkfs.ext4", "-q", "-F", "-m", "0", image)
-            _run("mount", "-o", "loop", image, str(self.folder))
+            run("mkfs.ext4", "-q", "-F", "-m", "0", image)
+            run("mount", "-o", "loop", image, str(self.folder))
         except Unavailable:
             self.close()
             raise
