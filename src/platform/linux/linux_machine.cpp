@@ -74,7 +74,7 @@ class LinuxMachine final : public Machine {
     std::unique_ptr<SmtpClient> smtpClient_ = network::makeSmtpClient();
     LinuxProcesses processes_{hostSources()};
     LinuxWmi wmi_{hostSources()};
-    LinuxRawVolumes rawVolumes_;
+    LinuxRawVolumes rawVolumes_{volumes_};
     Platform platform_{.fso = fso_,
                        .kernel32 = kernel32_,
                        .clock = clock_,

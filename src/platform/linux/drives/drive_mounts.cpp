@@ -142,6 +142,17 @@ std::string shareOfMount(string_view type, string_view source) {
     return isAmong(colonTypes, type) ? shareOfColonForm(source) : std::string{};
 }
 
+bool isNetworkType(string_view type) {
+    constexpr std::array<string_view, 10> byFuse{
+        "fuse.sshfs",   "fuse.glusterfs", "fuse.rclone", "fuse.davfs2",    "fuse.s3fs",
+        "fuse.gcsfuse", "fuse.curlftpfs", "fuse.httpfs", "fuse.ceph-fuse", "fuse.smbnetfs"};
+    return isAmong(networkTypes, type) || isAmong(byFuse, type);
+}
+
+bool isDiskType(string_view type) {
+    return isAmong(otherDiskTypes, type);
+}
+
 std::vector<DriveMount> driveMounts(const std::vector<Mount>& mounts,
                                     const std::function<bool(const std::string&)>& isFolder) {
     const auto reachable = reachableMounts(mounts);

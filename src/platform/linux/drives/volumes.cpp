@@ -128,6 +128,13 @@ std::optional<FilesystemReading> Volumes::measure(const std::string& drive) {
     return std::nullopt;
 }
 
+std::optional<Mount> Volumes::mountOf(const std::string& drive) {
+    update();
+    const Volume* volume = find(drive);
+    if (!volume) return std::nullopt;
+    return volume->drive.mount;
+}
+
 bool Volumes::has(const std::string& drive) {
     update();
     return find(drive) != nullptr;

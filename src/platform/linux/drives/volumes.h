@@ -34,6 +34,8 @@ class Volumes {
     /// answer in time.
     std::optional<FilesystemReading> measure(const std::string& drive);
 
+    /// The mount of the drive; nothing when there is none.
+    std::optional<Mount> mountOf(const std::string& drive);
     /// Whether the drive is mounted.
     bool has(const std::string& drive);
     /// The letters of the mounted drives, in the order of the alphabet.
