@@ -28,6 +28,7 @@ class FakeRawVolumes final : public RawVolumes {
                              std::uint32_t disposition) override {
         calls.push_back("CreateFileA " + path + ' ' + std::to_string(access) + ' ' +
                         std::to_string(share) + ' ' + std::to_string(disposition));
+        if (access != raw_volume::genericRead) return raw_volume::invalid;
         const auto found = volumes.find(path.substr(std::min<std::size_t>(4, path.size())));
         if (found == volumes.end() || !found->second.opens) return raw_volume::invalid;
         open_[++last_] = {found->first, 0};

@@ -1,13 +1,15 @@
 // A filesystem that doesn't answer. Its root is an empty folder whose attributes are reported at
-// once. The question about its space, the one about a name "stuck" and the listing of the folder
-// "endless" get no answer; the attributes of "endless" do.
+// once. The question about its space, the one about a name "stuck", the listing of the folder
+// "endless" and reading the file "disk" get no answer; the attributes of "endless" and "disk" do.
 //
-//   hung_fs MOUNTPOINT [CONTROL LOG]
+//   hung_fs MOUNTPOINT [CONTROL LOG [disk]]
 //
 // CONTROL is the number of an inherited pipe end to read from. When a byte comes in, the waiting
 // questions and all later ones are answered; when the other end is closed, also because its
 // process ended, the filesystem is unmounted as well. LOG is a file that gets one byte for each
-// question about the space. Without them it never answers until it is killed.
+// question about the space. Without them it never answers until it is killed. With the word
+// "disk" the question about the space is answered at once: who lays a loop device over the file
+// asks it.
 #define FUSE_USE_VERSION 31
 
 #include <fcntl.h>
@@ -27,6 +29,8 @@ namespace {
 
 int controlEnd = -1;  // polling no descriptor waits for ever
 int logFile = -1;
+bool isDisk = false;
+constexpr off_t diskSize = 1 << 20;
 
 void waitForRelease() {
     pollfd control{controlEnd, POLLIN, 0};
@@ -42,6 +46,13 @@ void endWithOwner() {
 
 int reportAttributes(const char* path, struct stat* status, fuse_file_info*) {
     if (std::strcmp(path, "/stuck") == 0) waitForRelease();
+    if (std::strcmp(path, "/disk") == 0) {
+        *status = {};
+        status->st_mode = S_IFREG | 0600;
+        status->st_nlink = 1;
+        status->st_size = diskSize;
+        return 0;
+    }
     if (std::strcmp(path, "/") != 0 && std::strcmp(path, "/endless") != 0) return -ENOENT;
     *status = {};
     status->st_mode = S_IFDIR | 0755;
@@ -51,7 +62,7 @@ int reportAttributes(const char* path, struct stat* status, fuse_file_info*) {
 
 int reportSpace(const char*, struct statvfs* space) {
     if (logFile >= 0 && write(logFile, "?", 1) != 1) return -EIO;
-    waitForRelease();
+    if (!isDisk) waitForRelease();
     *space = {};
     space->f_bsize = 4096;
     space->f_frsize = 1024;
@@ -67,6 +78,12 @@ int listNothing(const char* path, void*, fuse_fill_dir_t, off_t, fuse_file_info*
     return 0;
 }
 
+int readZeros(const char*, char* content, size_t size, off_t, fuse_file_info*) {
+    waitForRelease();
+    std::memset(content, 0, size);
+    return static_cast<int>(size);
+}
+
 void* begin(fuse_conn_info*, fuse_config* config) {
     config->attr_timeout = 0;
     config->entry_timeout = 0;
@@ -77,8 +94,9 @@ void* begin(fuse_conn_info*, fuse_config* config) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 2 && argc != 4) return 2;
-    if (argc == 4) {
+    if (argc != 2 && argc != 4 && argc != 5) return 2;
+    isDisk = argc == 5 && std::strcmp(argv[4], "disk") == 0;
+    if (argc >= 4) {
         controlEnd = std::atoi(argv[2]);
         logFile = open(argv[3], O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0600);
         if (logFile < 0) return 2;
@@ -88,6 +106,7 @@ int main(int argc, char** argv) {
     operations.getattr = reportAttributes;
     operations.statfs = reportSpace;
     operations.readdir = listNothing;
+    operations.read = readZeros;
     operations.init = begin;
     std::string name = argv[0];
     std::string foreground = "-f";

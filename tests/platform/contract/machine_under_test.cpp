@@ -18,6 +18,8 @@ class MachineInMemory final : public MachineUnderTest {
   public:
     MachineInMemory() {
         machine_.drives["C:"] = {.freeBytes = 40e9, .totalBytes = 100e9};
+        machine_.rawVolumes.volumes["C:"] = {
+            .label = "SYSTEM", .fileSystem = "NTFS", .space = {8, 512, 9765625, 24414062}};
         machine_.folders.insert(lowerCase(scratch()));
     }
 

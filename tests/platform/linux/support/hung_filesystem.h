@@ -1,4 +1,4 @@
-// A filesystem whose server doesn't answer (tests/support/hung_fs.cpp).
+// A filesystem that doesn't answer, for one test.
 #pragma once
 
 #include <fcntl.h>
@@ -20,17 +20,18 @@
 
 namespace velmora::linuxhost {
 
-/// Empty when there can be one where this process may mount; otherwise the reason why not.
+/// Empty when such a filesystem can be had by who may mount.
 inline std::string whyNoHungFilesystem() {
-    const bool isPossible =
-        !std::string(VELMORA_HUNG_FS).empty() && std::filesystem::exists("/dev/fuse");
-    return isPossible ? "" : "no libfuse3 or no /dev/fuse";
+    const bool isThere = !std::string(VELMORA_HUNG_FS).empty();
+    return isThere && std::filesystem::exists("/dev/fuse") ? "" : "no libfuse3 or no /dev/fuse";
 }
 
 /// The server program, on a folder of its own. Everything ends with this object.
 class HungFilesystem {
   public:
-    HungFilesystem() {
+    HungFilesystem() : HungFilesystem(nullptr) {}
+    /// With "disk" it answers all but reading of its file "disk".
+    explicit HungFilesystem(const char* mode) {
         int ends[2];
         if (pipe2(ends, O_CLOEXEC) != 0) return;
         const std::string log = logs_ / "log";
@@ -44,7 +45,7 @@ class HungFilesystem {
             // A duplicate survives the exec.
             const std::string control = std::to_string(dup(ends[0]));
             execl(VELMORA_HUNG_FS, "hung_fs", folder_.path().c_str(), control.c_str(), log.c_str(),
-                  nullptr);
+                  mode, nullptr);
             _exit(127);
         }
         close(ends[0]);
@@ -61,8 +62,8 @@ class HungFilesystem {
     HungFilesystem(const HungFilesystem&) = delete;
     HungFilesystem& operator=(const HungFilesystem&) = delete;
 
-    /// The folder that it is mounted on, perhaps a moment later.
     const std::string& path() const { return folder_.path(); }
+    void endServer() const { kill(server_, SIGKILL); }
     void answerFromNowOn() const { EXPECT_EQ(write(control_, "!", 1), 1); }
     /// How often it was asked for its space.
     std::size_t questions() const { return contentsOf(logs_ / "log").size(); }
