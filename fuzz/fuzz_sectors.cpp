@@ -1,0 +1,56 @@
+// Boot sectors from any bytes: every record has its rows, and every dump its lines. The first byte
+// chooses the file system, the rest is the sector, filled up with zeros.
+#include <array>
+#include <string>
+
+#include "base/text.h"
+#include "fuzz_target.h"
+#include "inspect/sectors/sector_decoder.h"
+#include "inspect/sectors/sector_text.h"
+
+using namespace velmora;
+
+namespace {
+
+struct KnownRecord {
+    const char* name;
+    std::size_t rows;
+};
+constexpr std::array<KnownRecord, 6> records{
+    {{"FAT12", 14}, {"FAT16", 14}, {"FAT32", 21}, {"NTFS", 12}, {"EXFAT", 0}, {"", 0}}};
+
+void checkRows(std::string_view sector, std::span<const SectorField> fields, std::size_t count) {
+    const auto rows = decodeSector(sector, fields, Regional{});
+    require(rows.size() == count, "a record has its rows");
+    for (const SectorRow& row : rows) {
+        require(!row.label.empty() && !row.value.empty(), "a row has a label and a value");
+        require(isValidUtf8(row.value), "values are text");
+    }
+}
+
+void checkDump(std::string_view sector) {
+    const SectorDump dump = dumpOf(sector);
+    // 512 pairs of digits with something between: a blank, or a line end after every eighth.
+    require(dump.bytes.size() == 512 * 2 + 448 + 63 * 2, "bytes have two digits each");
+    require(dump.characters.ends_with(lineEnd), "lines of characters are closed");
+    require(length(dump.characters) == 512 + 64 * 2, "each byte is a character");
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    if (size == 0) return 0;
+    const KnownRecord& record = records[data[0] % records.size()];
+    std::string sector(asText(data + 1, size - 1));
+    sector.resize(sector::size, '\0');
+    checkRows(sector, recordOf(record.name), record.rows);
+    checkRows(sector, sector::fsInfoSector, 2);
+    checkDump(sector);
+    for (std::size_t place = 0; place + 8 <= 64; place += 8) {
+        const double value = fQwordToDouble(std::string_view(sector).substr(place, 8));
+        const std::string text = scientificText(value, Regional{});
+        require(!text.empty() && text.size() <= 21, "a number has a text of its length");
+        require((text[0] == '-') == (value < 0), "a negative number has its sign");
+    }
+    return 0;
+}

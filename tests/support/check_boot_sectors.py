@@ -1,0 +1,223 @@
+#!/usr/bin/env python3
+"""Images of file systems, decoded by a program and described by the tools of their makers.
+
+    check_boot_sectors.py READ_IMAGE [NUMBER]
+
+Makes so many images (40) of FAT12, FAT16, FAT32 and NTFS with different sizes of clusters, labels,
+serial numbers and media, and some of exFAT, ext4, zeros and random bytes. The rows that READ_IMAGE
+prints are compared with what minfo, ntfsinfo and blkid say, where they say something. Images are
+the same at each run. A tool that is missing takes its images with it, which is printed. With
+500 as the number it is a thorough search for half a minute.
+"""
+
+import pathlib
+import random
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+
+KB = 1024
+SYSTEM_FOLDERS = "/usr/sbin:/sbin:/usr/bin:/bin"
+FAT_SIZES = {12: (2, (1, 2, 4, 8)), 16: (40, (2, 4, 8, 16)), 32: (40, (1, 2, 4, 8))}  # MB, sectors in a cluster
+NO_LABEL = "NO NAME"
+
+
+def tool(name):
+    return shutil.which(name, path=SYSTEM_FOLDERS)
+
+
+def run(*command):
+    return subprocess.run([tool(command[0]), *command[1:]], check=True, capture_output=True, text=True,
+                          errors="replace").stdout
+
+
+def sized(path, megabytes):
+    with path.open("wb") as image:
+        image.truncate(megabytes * KB * KB)
+
+
+class Fat:
+    tools = ("mkfs.fat", "minfo", "blkid")
+
+    def __init__(self, path, chance):
+        self.bits = chance.choice((12, 16, 32))
+        megabytes, clusters = FAT_SIZES[self.bits]
+        sized(path, megabytes)
+        self.label = chance.choice(("", "A", "TWO WORDS", "ELEVENCHARS"))
+        self.cluster = chance.choice(clusters)
+        self.serial = chance.getrandbits(32)
+        self.hidden = chance.choice((0, 63, 2048))
+        self.media = chance.choice((0xF0, 0xF8, 0xFA))
+        command = ["mkfs.fat", "-F", str(self.bits), "-s", str(self.cluster), "-i", f"{self.serial:08x}", "-h",
+                   str(self.hidden), "-M", f"0x{self.media:X}", "-f", str(chance.choice((1, 2)))]
+        run(*command, *(["-n", self.label] if self.label else []), str(path))
+        self.name = f"FAT{self.bits}"
+
+    def expected(self, path):
+        said = run("minfo", "-i", str(path), "::").split("bootsector information")[1]
+
+        def value(label, base=10):
+            return int(re.search(rf"{label}[:=] ?(\w+)", said)[1], base)
+
+        rows = {"OEM name": re.search(r'banner:"(.*)"', said)[1],
+                "Bytes per Sector": value("sector size"),
+                "Sectors per cluster": value("cluster size"),
+                "Reserved sectors": value(r"reserved \(boot\) sectors"),
+                "Number of copies of FAT": value("fats"),
+                "Media Descriptor": f"{value('media descriptor byte', 16):02X}",
+                "Sectors per track": value("sectors per track"),
+                "Number of heads": value("heads"),
+                "Number of hidden sectors": value("hidden sectors"),
+                "Drive number": value("physical drive id", 16),
+                "Serial number": f"{value('serial number', 16):X}",
+                "Volume name": re.search(r'disk label="(.*)"', said)[1]}
+        # A small volume has its size in a word that no row shows, and 0 in this row.
+        big = re.search(r"big size: (\d+)", said)
+        rows["Number of sectors"] = big[1] if big else 0
+        if self.bits == 32:
+            flags = value("Extended flags", 16)
+            rows |= {"Number of sectors per FAT": value("Big fatlen"),
+                     "Active FAT copy": flags & 15,
+                     "FAT mirroring enabled": bool(flags & 128),
+                     "Root Directory cluster number": value("rootCluster"),
+                     "File System Information sector": value("infoSector location"),
+                     "Backup boot sector number": value("backup boot sector"),
+                     "FAT name": re.search(r'disk type="(.*)"', said)[1]}
+        else:
+            rows["File system type"] = re.search(r'disk type="(.*)"', said)[1]
+        # What was asked for arrived.
+        assert rows["Serial number"] == f"{self.serial:X}" and int(rows["Sectors per cluster"]) == self.cluster
+        assert rows["Volume name"].rstrip() == (self.label or NO_LABEL)
+        return rows
+
+    rows = property(lambda self: 23 if self.bits == 32 else 14)
+
+
+class Ntfs:
+    tools = ("mkntfs", "ntfsinfo", "blkid")
+    name = "NTFS"
+    rows = 12
+
+    def __init__(self, path, chance):
+        sized(path, 8)
+        self.cluster = chance.choice((512, 1024, 4096, 65536))
+        run("mkntfs", "-F", "-Q", "-q", "-c", str(self.cluster), "-p", str(chance.choice((0, 63))), "-H", "16", "-S",
+            "63", "-s", "512", "-L", chance.choice(("", "A b c")), str(path))
+
+    def expected(self, path):
+        said = run("ntfsinfo", "-m", str(path))
+
+        def value(label):
+            return int(re.search(rf"{label}: (\d+)", said)[1])
+
+        sectors = value("Cluster Size") // value("Sector Size")
+        assert value("Cluster Size") == self.cluster
+        serial = re.search(r"^UUID=(\w+)$", run("blkid", "-p", "-o", "export", str(path)), re.M)[1]
+        # The last sector of the volume is kept for a copy of the first.
+        return {"Bytes per Sector": value("Sector Size"),
+                "Sectors per cluster": sectors,
+                "LCN of MFT data attribute": value("LCN of Data Attribute for FILE_MFT"),
+                "LCN of MFT mirror data attribute": value("LCN of Data Attribute for File_MFTMirr"),
+                "Sectors in storage unit": 8 * KB * KB // 512 - 1,
+                "OEM name": "NTFS    ",
+                "Media descriptor": "F8",
+                "Sectors per track": 63,
+                "Number of heads": 16,
+                "Volume serial number": f"{int(serial[8:], 16):X}"}
+
+
+class Other:
+    """A volume that no record describes."""
+
+    rows = 0
+
+    def __init__(self, path, name, *maker):
+        sized(path, 8)
+        self.name = name
+        if maker:
+            run(*maker, str(path))
+
+    def expected(self, path):
+        return {}
+
+
+class Any(Other):
+    """Random bytes taken for each file system: only the number of rows is known."""
+
+    def __init__(self, path, chance):
+        path.write_bytes(chance.randbytes(64 * KB + 512))
+        self.name, self.rows = chance.choice((("FAT12", 14), ("FAT16", 14), ("FAT32", 23), ("NTFS", 12), ("EXT4", 0)))
+
+
+def kinds():
+    return (("mkfs.fat minfo blkid", Fat), ("mkfs.fat minfo blkid", Fat), ("mkntfs ntfsinfo blkid", Ntfs), ("", Any),
+            ("mkfs.exfat", lambda path, chance: Other(path, "EXFAT", "mkfs.exfat")),
+            ("mkfs.ext4", lambda path, chance: Other(path, "EXT4", "mkfs.ext4", "-q", "-F")),
+            ("", lambda path, chance: Other(path, "")))
+
+
+def make(folder, number):
+    """The images by their paths, and how many could not be made."""
+    chance = random.Random(1)
+    images, missing = {}, set()
+    known = kinds()
+    for i in range(number):
+        tools, kind = known[i % len(known)] if i < 2 * len(known) else known[chance.randrange(4)]
+        lacking = [each for each in tools.split() if not tool(each)]
+        missing.update(lacking)
+        if not lacking:
+            path = folder / f"{i}.img"
+            images[path] = kind(path, chance)
+    for each in sorted(missing):
+        print(f"skipped: {each} is missing")
+    return images, number - len(images)
+
+
+def decoded(program, images):
+    asked = "".join(f"{image.name or 'ZEROS'} {path}\n" for path, image in images.items())
+    printed = subprocess.run([program], input=asked, check=True, capture_output=True, text=True).stdout
+    return [[line.split("\t") for line in block.split("\n") if line] for block in blocks(printed)]
+
+
+def blocks(printed):
+    """Each block of rows ends with an empty line; one without rows is that line alone."""
+    block = []
+    for line in printed.split("\n")[:-1]:
+        if line:
+            block.append(line)
+        else:
+            yield "\n".join(block)
+            block = []
+
+
+def faults(image, path, rows):
+    if len(rows) != image.rows:
+        yield f"{len(rows)} rows instead of {image.rows}"
+    shown = dict(rows)
+    for label, value in image.expected(path).items():
+        if shown.get(label) != str(value):
+            yield f"{label}: {shown.get(label)!r} instead of {str(value)!r}"
+
+
+def main():
+    program, number = sys.argv[1], int(sys.argv[2]) if len(sys.argv) > 2 else 40
+    with tempfile.TemporaryDirectory(prefix="velmora-images-") as folder:
+        images, skipped = make(pathlib.Path(folder), number)
+        failed = 0
+        answers = decoded(program, images)
+        if len(answers) != len(images):
+            print(f"{len(answers)} answers for {len(images)} images")
+            failed += 1
+        for (path, image), rows in zip(images.items(), answers):
+            found = list(faults(image, path, rows))
+            failed += bool(found)
+            for fault in found:
+                print(f"{path.name} ({image.name}): {fault}")
+    print(f"{len(images) - failed} passed, {failed} failed, {skipped} skipped")
+    return 1 if failed else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
