@@ -5,9 +5,8 @@
 namespace velmora {
 
 std::vector<Form*> Forms::all() {
-    return {&form1,   &dlgAlert, &sysWorkSystray, &icon0,        &frmIndDri, &frmNotify,
-            &frmLock, &frmAbout, &icon1,          &dlgDriveInfo, &frmWizard, &frmWaitTest,
-            &frmHistory};
+    return {&form1,    &dlgAlert, &sysWorkSystray, &icon0,     &frmIndDri,   &frmNotify, &frmLock,
+            &frmAbout, &icon1,    &dlgDriveInfo,   &frmWizard, &frmWaitTest, &frmHistory};
 }
 
 Form* Forms::find(const std::string& name) {

@@ -126,7 +126,8 @@ QWidget* makeAttributePanel(DlgDriveInfo& form, UserHand& hand) {
 QWidget* makeDriveInfoWindow(DlgDriveInfo& form, UserHand& hand) {
     auto* content = column({heading(form.Label6), paragraph(form.Label5)});
     content->addSpacing(gap);
-    content->addLayout(row({makeChoice(form.Combo1, hand), makeButton(form.cmdHistory, hand), nullptr}));
+    content->addLayout(
+        row({makeChoice(form.Combo1, hand), makeButton(form.cmdHistory, hand), nullptr}));
     content->addWidget(makeCaption(form.lblDesc, true));
     content->addSpacing(gap / 2);
     for (Chart& chart : form.MSChart1) content->addWidget(new ChartView(chart, hand), 1);
