@@ -7,7 +7,7 @@ namespace {
 
 using Points = std::vector<std::string>;
 
-const std::string root = "1 0 8:1 / / rw - ext4 /dev/sda1 rw\n";
+const std::string rootLine = "1 0 8:1 / / rw - ext4 /dev/sda1 rw\n";
 
 bool everythingIsAFolder(const std::string&) {
     return true;
@@ -24,7 +24,7 @@ Points pointsOf(const std::vector<DriveMount>& drives) {
 }
 
 TEST(DriveMounts, BlockFuseAndNetworkFilesystemsAreDrivesInMountOrder) {
-    const auto drives = drivesOf("2 1 8:2 / /home rw - ext4 /dev/sda2 rw\n" + root +
+    const auto drives = drivesOf("2 1 8:2 / /home rw - ext4 /dev/sda2 rw\n" + rootLine +
                                  "3 1 0:50 / /mnt/ssh rw - fuse.sshfs me@host:/ rw\n"
                                  "4 1 8:17 / /media/stick rw - vfat /dev/sdb1 rw\n"
                                  "5 1 0:51 / /mnt/win rw - cifs //host/share rw\n"
@@ -40,7 +40,7 @@ TEST(DriveMounts, BlockFuseAndNetworkFilesystemsAreDrivesInMountOrder) {
 
 TEST(DriveMounts, ViewsOfTheKernelAreLeftOut) {
     const auto drives =
-        drivesOf(root +
+        drivesOf(rootLine +
                  "2 1 0:21 / /proc rw - proc proc rw\n"
                  "3 1 0:22 / /sys rw - sysfs sysfs rw\n"
                  "4 1 0:6 / /dev rw - devtmpfs devtmpfs rw,size=1000k\n"
@@ -62,12 +62,12 @@ TEST(DriveMounts, TheRootIsADriveOfAnyKind) {
 }
 
 TEST(DriveMounts, PackageImagesAreLeftOut) {
-    EXPECT_EQ(pointsOf(drivesOf(root + "2 1 7:1 / /snap/core/1 ro - squashfs /dev/loop1 ro\n")),
+    EXPECT_EQ(pointsOf(drivesOf(rootLine + "2 1 7:1 / /snap/core/1 ro - squashfs /dev/loop1 ro\n")),
               Points{"/"});
 }
 
 TEST(DriveMounts, ATmpfsIsADriveWhenItIsSizedAndWritableAndNotTheKernels) {
-    const auto drives = drivesOf(root +
+    const auto drives = drivesOf(rootLine +
                                  "2 1 0:40 / /tmp rw,nosuid - tmpfs tmpfs rw,size=4096k\n"
                                  "3 1 0:41 / /nolimit rw - tmpfs tmpfs rw\n"
                                  "4 1 0:42 / /zero rw - tmpfs tmpfs rw,size=0k\n"
@@ -94,8 +94,8 @@ TEST(DriveMounts, ASecondMountOfADeviceIsLeftOut) {
 TEST(DriveMounts, AMountPointThatIsNoFolderIsLeftOut) {
     const auto isFolder = [](const std::string& path) { return path != "/etc/hosts"; };
     const auto drives =
-        driveMounts(parseMountTable(root + "2 1 8:2 /hosts /etc/hosts rw - ext4 /dev/sda2 rw\n"
-                                           "3 1 8:2 / /home rw - ext4 /dev/sda2 rw\n"),
+        driveMounts(parseMountTable(rootLine + "2 1 8:2 /hosts /etc/hosts rw - ext4 /dev/sda2 rw\n"
+                                               "3 1 8:2 / /home rw - ext4 /dev/sda2 rw\n"),
                     isFolder);
     EXPECT_EQ(pointsOf(drives), (Points{"/", "/home"}));
 }
@@ -107,18 +107,18 @@ TEST(DriveMounts, MountPointsThatMightKeepWaitingAreNotLookedAt) {
         return true;
     };
     const auto drives =
-        driveMounts(parseMountTable(root + "2 1 0:40 / /fuse rw - fuse.x x rw\n"
-                                           "3 2 8:2 / /fuse/disk rw - ext4 /dev/sda2 rw\n"
-                                           "4 1 0:41 / /nfs rw - nfs host:/x rw\n"
-                                           "5 1 8:3 / /disk rw - vfat /dev/sda3 rw\n"
-                                           "6 5 8:4 / /disk/inner rw - ext4 /dev/sda4 rw\n"),
+        driveMounts(parseMountTable(rootLine + "2 1 0:40 / /fuse rw - fuse.x x rw\n"
+                                               "3 2 8:2 / /fuse/disk rw - ext4 /dev/sda2 rw\n"
+                                               "4 1 0:41 / /nfs rw - nfs host:/x rw\n"
+                                               "5 1 8:3 / /disk rw - vfat /dev/sda3 rw\n"
+                                               "6 5 8:4 / /disk/inner rw - ext4 /dev/sda4 rw\n"),
                     isFolder);
     EXPECT_EQ(drives.size(), 6u);
     EXPECT_EQ(lookedAt, Points{"/disk"});
 }
 
 TEST(DriveMounts, SizesAreInMemoryOnlyWhenTheWholeWayIs) {
-    const auto drives = drivesOf(root +
+    const auto drives = drivesOf(rootLine +
                                  "2 1 8:2 / /xfs rw - xfs /dev/sda2 rw\n"
                                  "3 2 0:40 / /xfs/tmp rw - tmpfs tmpfs rw,size=4k\n"
                                  "4 1 0:41 / /fuse rw - fuse.x x rw\n"
@@ -139,7 +139,7 @@ TEST(DriveMounts, NothingIsInMemoryBelowARootOfAnUnknownKind) {
 }
 
 TEST(DriveMounts, ADriveOfTheNetworkIsAShare) {
-    const auto drives = drivesOf(root + "2 1 0:50 / /mnt/win rw - cifs //host/share rw\n");
+    const auto drives = drivesOf(rootLine + "2 1 0:50 / /mnt/win rw - cifs //host/share rw\n");
     ASSERT_EQ(drives.size(), 2u);
     EXPECT_EQ(drives[0].share, "");
     EXPECT_EQ(drives[1].share, "\\\\host\\share");
