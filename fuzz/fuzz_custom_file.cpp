@@ -33,7 +33,7 @@ struct Program {
     fake::FakeMachine machine;
     fake::FakeHost host;
     Forms forms;
-    Inventory inventory;
+    Inventory inventory{machine.platform(), host};
     MessageContent content{forms, machine.platform(), host, inventory};
 };
 
