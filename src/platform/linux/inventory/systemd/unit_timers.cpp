@@ -15,9 +15,9 @@ namespace {
 // What a reader waits for a record.
 constexpr std::chrono::milliseconds timeForATimer{1500};
 
-// Neither 0 nor the greatest number is a time.
-std::optional<std::int64_t> timeIn(const std::optional<std::uint64_t>& microseconds) {
-    const std::uint64_t time = microseconds.value_or(0);
+// Microseconds; neither 0 nor the greatest number is a time.
+std::optional<std::int64_t> timeIn(const std::optional<std::uint64_t>& given) {
+    const std::uint64_t time = given.value_or(0);
     if (time == 0 || time > std::uint64_t{std::numeric_limits<std::int64_t>::max()}) return {};
     return static_cast<std::int64_t>(time);
 }
