@@ -198,6 +198,22 @@ void driveInformation(WindowRig& rig, Screenshots& screenshots) {
     form.Hide();
 }
 
+void history(WindowRig& rig, Screenshots& screenshots) {
+    velmora::FrmHistory& form = rig.program->forms().frmHistory;
+    std::vector<velmora::LineChart::Point> points;
+    constexpr int minutes = 24 * 60;
+    for (int i = 0; i <= minutes; i += 5) {
+        points.push_back({(i - minutes) * 60, 90e6 - 40e3 * i + 2e6 * ((i / 60) % 3)});
+    }
+    form.cboPath.AddItem("C:\\");
+    form.cboPath.setListIndex(0);
+    form.chtHistory.show("C:\\", points, 20e6);
+    form.lblEstimate.setCaption("full in about 14 hours");
+    form.Show();
+    screenshots.save(rig.program->window("frmHistory"), QStringLiteral("history"));
+    form.Hide();
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -242,6 +258,7 @@ int main(int argc, char** argv) {
     forms.frmIndDri.cmdToggle.userClick();
     screenshots.save(rig.program->window("frmIndDri"), QStringLiteral("drive-low"));
     driveInformation(rig, screenshots);
+    history(rig, screenshots);
     screenshots.menu(forms.form1.mnuFunc, QStringLiteral("menu-functions"));
     screenshots.menu(forms.form1.mnuLstV, QStringLiteral("menu-list"));
     screenshots.menu(forms.form1.mnuPopUp, QStringLiteral("menu-tray"));

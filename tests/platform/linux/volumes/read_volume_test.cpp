@@ -10,9 +10,9 @@
 #include <memory>
 #include <vector>
 
-#include "platform/linux/drives/stopped_children.h"
 #include "platform/linux/support/child_process.h"
 #include "platform/linux/support/mounting.h"
+#include "platform/linux/system/left_children.h"
 #include "platform/linux/volumes/raw_volumes_rig.h"
 #include "support/wait.h"
 
@@ -168,7 +168,7 @@ TEST_F(ReadVolume, AThousandLeaveNoProcessAndNoDescriptorOpen) {
     EXPECT_EQ(processes.size(), 1000u);
     EXPECT_EQ(descriptors(), before);
     EXPECT_TRUE(waitUntil([&] {
-        reapStoppedChildren();
+        reapLeftChildren();
         return std::none_of(processes.begin(), processes.end(),
                             [](pid_t process) { return kill(process, 0) == 0; });
     }));
@@ -189,7 +189,7 @@ TEST_F(ReadVolume, OneThatDoesNotAnswerCostsTheDeadlineOnce) {
     EXPECT_EQ(rig.read(volume, sector), "failed");
     EXPECT_LT(steady_clock::now() - start, 100ms);
     EXPECT_TRUE(waitUntil([&] {
-        reapStoppedChildren();
+        reapLeftChildren();
         return kill(process, 0) != 0;
     })) << "its process is ended";
     EXPECT_EQ(rig.read(rig.open(drive_), sector), bytes_.substr(0, sector));
