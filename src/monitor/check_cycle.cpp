@@ -150,7 +150,7 @@ void CheckCycle::showProgress(const std::string& text) {
 
 void CheckCycle::closeCheck(int i) {
     Form1& form1 = forms_.form1;
-    parts_.history.recordRows();
+    parts_.history.recordRows(i - 1);
     if (!isNumeric(form1.txtTime.Text(), regional_)) form1.txtTime.setText("5");
     form1.Timer1.setInterval(runningInterval);
     if (form1.cmdPause.Caption() == watch_caption::start)

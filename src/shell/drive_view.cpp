@@ -15,6 +15,7 @@ namespace {
 constexpr Colour red = 255;
 constexpr Colour blue = 0xFF0000;
 constexpr double whole = 100;
+constexpr double noReading = -2;  // neither of the compared figures can be that
 
 }  // namespace
 
@@ -45,8 +46,21 @@ void DriveView::Form_Load() {
     form_.lblP.setCaption("Loading...");
     const ListItem* selected = form1_.ListView1.SelectedItem();
     aPaths_ = {selected == nullptr ? "" : ConstWatchRow(*selected).path()};
-    lastUsed_ = 0;
-    lastFree_ = 0;
+    shownPath_.clear();
+}
+
+// Nothing of another drive may stay, also when this one can't be read.
+void DriveView::beginPath() {
+    shownPath_ = form_.Combo1.Text();
+    form_.lblP.setCaption(shownPath_);
+    lastUsed_ = noReading;
+    lastFree_ = noReading;
+    if (!form_.picPie.shapes().empty()) {
+        form_.picPie.Cls();
+        form_.picPie.describe({}, {}, {});
+    }
+    form_.ProgressBar1.setValue(0);
+    VScroll1_Change();
 }
 
 void DriveView::Form_Unload() {
@@ -70,6 +84,7 @@ DriveView::Reading DriveView::readDrive() {
 }
 
 void DriveView::prcUpdateThis() {
+    if (form_.Combo1.Text() != shownPath_) beginPath();
     const Reading reading = readDrive();
     const double used = roundTiesToEven(reading.used - 1);
     form_.lblP.setCaption(form_.Combo1.Text() + "  " +
@@ -146,8 +161,9 @@ double DriveView::totalKB() {
 
 std::string DriveView::asPercent(double kilobytes) {
     const double total = totalKB();
+    // With so many decimals a few MB of the greatest drives aren't 0.
     return total <= 0 ? ""
-                      : toText(roundTiesAway(kilobytes / total * whole, 2), platform_.regional);
+                      : toText(roundTiesAway(kilobytes / total * whole, 8), platform_.regional);
 }
 
 std::string DriveView::asKB(double percent) {
@@ -165,7 +181,8 @@ void DriveView::Option1_Click() {
     const bool toKB = form_.Option1[1].Value();
     if (toKB == showsKB_) return;
     showsKB_ = toKB;
-    const auto entered = readNumber(form_.Text1.Text(), platform_.regional);
+    auto entered = readNumber(form_.Text1.Text(), platform_.regional);
+    if (form_.Text1.Text().empty()) entered = 0;  // the picture of the size has no digit for it
     if (entered) form_.Text1.setText(toKB ? asKB(*entered) : asPercent(*entered));
 }
 

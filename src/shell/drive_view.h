@@ -43,6 +43,7 @@ class DriveView {
     void Command3_Click();
     void cmdToggle_Click();
 
+    void beginPath();
     Reading readDrive();
     void fillPie(const Reading& reading);
     void draw(const Reading& reading);
@@ -60,6 +61,7 @@ class DriveView {
     DriveMeter& driveMeter_;
     clsPie pie_;
     std::vector<std::string> aPaths_;
+    std::string shownPath_;
     double lastUsed_ = 0;
     double lastFree_ = 0;
     bool showsKB_ = false;  // the unit in which Text1 is written

@@ -99,7 +99,23 @@ TEST(HistoryView, ASteadyFallIsEstimated) {
         rig.machine.tick += 60'000;
     }
     rig.open();
-    EXPECT_EQ(rig.window.lblEstimate.Caption(), "full in about 40 minutes");
+    // 40,000 KB were left a minute ago, at 1000 KB a minute.
+    EXPECT_EQ(rig.window.lblEstimate.Caption(), "full in about 39 minutes");
+}
+
+TEST(HistoryView, AnOpenWindowFollowsTheChecks) {
+    HistoryRig rig;
+    rig.historyView.recordRows();
+    rig.open();
+    rig.machine.tick += 10'000;
+    rig.historyView.recordRows();
+    EXPECT_EQ(rig.window.chtHistory.points(), (Points{{-10, 1000}, {0, 1000}}));
+}
+
+TEST(HistoryView, RowsThatACheckDidNotReachAreNotTaken) {
+    HistoryRig rig;
+    rig.historyView.recordRows(1);
+    EXPECT_EQ(rig.historyView.history().paths(), std::vector<std::string>{"C:\\"});
 }
 
 TEST(HistoryView, IsExportedBesideTheLog) {

@@ -53,6 +53,11 @@ TEST(SpaceHistoryTest, KeepsTwoHundredPaths) {
     EXPECT_EQ(history.of("p5")->size(), 2U);
 }
 
+/// The estimate at the moment of the last measure.
+std::optional<double> estimateOf(const SpaceRing& ring) {
+    return secondsUntilFull(ring, ring.size() == 0 ? 0 : ring.at(ring.size() - 1).seconds);
+}
+
 constexpr std::int64_t minutes = 60;
 constexpr std::int64_t hours = 3600;
 
@@ -70,8 +75,8 @@ TEST(FullEstimate, AStraightFallEndsWhereItsLineDoes) {
     // 10 KB a second, 1,000,000 KB at the beginning, 964,000 after an hour.
     const SpaceRing ring =
         measured(1 * hours, 60, [](std::int64_t s) { return 1'000'000 - 10 * s; });
-    ASSERT_TRUE(secondsUntilFull(ring));
-    EXPECT_NEAR(*secondsUntilFull(ring), 96'400, 1);
+    ASSERT_TRUE(estimateOf(ring));
+    EXPECT_NEAR(*estimateOf(ring), 96'400, 1);
 }
 
 TEST(FullEstimate, OnlyTheLastDayCounts) {
@@ -79,21 +84,21 @@ TEST(FullEstimate, OnlyTheLastDayCounts) {
     const SpaceRing ring = measured(72 * hours, 10 * minutes, [](std::int64_t s) {
         return 10'000'000 - std::max<std::int64_t>(0, s - 48 * hours);
     });
-    ASSERT_TRUE(secondsUntilFull(ring));
-    EXPECT_NEAR(*secondsUntilFull(ring), 10'000'000 - 86'400, 100);
+    ASSERT_TRUE(estimateOf(ring));
+    EXPECT_NEAR(*estimateOf(ring), 10'000'000 - 86'400, 100);
 }
 
 TEST(FullEstimate, TooLittleMakesNone) {
     const auto falling = [](std::int64_t s) { return 1'000'000 - 10 * s; };
-    EXPECT_FALSE(secondsUntilFull({}));
-    EXPECT_FALSE(secondsUntilFull(measured(hours - 60, 60, falling)));
-    EXPECT_FALSE(secondsUntilFull(measured(10 * hours, hours, falling)));  // eleven measures
-    EXPECT_TRUE(secondsUntilFull(measured(11 * hours, hours, falling)));
+    EXPECT_FALSE(estimateOf({}));
+    EXPECT_FALSE(estimateOf(measured(hours - 60, 60, falling)));
+    EXPECT_FALSE(estimateOf(measured(10 * hours, hours, falling)));  // eleven measures
+    EXPECT_TRUE(estimateOf(measured(11 * hours, hours, falling)));
 }
 
 TEST(FullEstimate, WhatDoesNotFallSteadilyMakesNone) {
     const auto none = [](auto free) {
-        return !secondsUntilFull(measured(24 * hours, 10 * minutes, free));
+        return !estimateOf(measured(24 * hours, 10 * minutes, free));
     };
     EXPECT_TRUE(none([](std::int64_t) { return 500'000; }));
     EXPECT_TRUE(none([](std::int64_t s) { return 500'000 + s; }));
@@ -113,8 +118,35 @@ TEST(FullEstimate, ALittleNoiseDoesNoHarm) {
     const SpaceRing ring = measured(24 * hours, 10 * minutes, [](std::int64_t s) {
         return 1'000'000 - 10 * s + (s / 600 % 2 == 0 ? 20'000 : -20'000);
     });
-    ASSERT_TRUE(secondsUntilFull(ring));
-    EXPECT_NEAR(*secondsUntilFull(ring), (1'000'000 - 864'000) / 10.0, 3000);
+    ASSERT_TRUE(estimateOf(ring));
+    EXPECT_NEAR(*estimateOf(ring), (1'000'000 - 864'000) / 10.0, 3000);
+}
+
+TEST(FullEstimate, TheTimeSinceTheLastMeasureCounts) {
+    const SpaceRing ring =
+        measured(1 * hours, 60, [](std::int64_t s) { return 1'000'000 - 10 * s; });
+    EXPECT_NEAR(*secondsUntilFull(ring, 2 * hours), 96'400 - 3600, 1);
+    // A day later the measures are too old, and a drive that is full isn't full soon.
+    EXPECT_FALSE(secondsUntilFull(ring, 26 * hours));
+    const SpaceRing full = measured(1 * hours, 60, [](std::int64_t s) { return 36'000 - 10 * s; });
+    EXPECT_FALSE(estimateOf(full));
+}
+
+TEST(SpaceHistoryTest, APathThatIsNotMeasuredAnyMoreMakesRoom) {
+    SpaceHistory history;
+    for (int i = 0; i < 200; ++i) history.add("p" + std::to_string(i), {i == 7 ? 0 : 3000, 1});
+    history.add("new", {3599, 1});
+    EXPECT_EQ(history.of("new"), nullptr);
+    history.add("new", {3600, 1});
+    EXPECT_NE(history.of("new"), nullptr);
+    EXPECT_EQ(history.of("p7"), nullptr);
+    EXPECT_EQ(history.paths().size(), 200U);
+}
+
+TEST(SpaceHistoryTest, TakesTenBytesAMeasure) {
+    SpaceHistory history;
+    for (int i = 0; i < 10'080; ++i) history.add("p", {i, 1});
+    EXPECT_EQ(history.bytes(), 100'800U);
 }
 
 TEST(FullEstimate, IsSaidInTheUnitThatFits) {

@@ -36,7 +36,8 @@ struct DriveViewTest : testing::Test {
     }
     std::vector<std::string> names() {
         std::vector<std::string> all;
-        for (const auto& row : *view.picPie.table()) {
+        const Control::Table rows = view.picPie.table().value();
+        for (const auto& row : rows) {
             all.push_back(std::get<std::string>(row[0].second) + "=" +
                           std::get<std::string>(row[1].second));
         }
@@ -107,6 +108,55 @@ TEST_F(DriveViewTest, ADriveThatIsNotReadyIsShownWithoutAPie) {
     EXPECT_TRUE(view.Visible());
     EXPECT_EQ(view.picPie.paintings(), 0);
     EXPECT_EQ(errorOf([this] { driveView.prcUpdateThis(); }), error::diskNotReady);
+}
+
+TEST_F(DriveViewTest, NothingOfAnotherDriveStays) {
+    meter.prcShowfrmIndDri("C:\\");
+    machine.drives["D:"].ready = false;
+    view.Combo1.userChoose(1);
+    EXPECT_TRUE(view.picPie.shapes().empty());
+    EXPECT_EQ(view.picPie.Title(), "");
+    EXPECT_EQ(view.ProgressBar1.Value(), 0);
+    EXPECT_EQ(view.lblP.Caption(), "D:\\data");
+    view.Combo1.userChoose(0);
+    EXPECT_EQ(view.picPie.Title(), "40.0% Used");
+    view.cmdC.userClick();
+    machine.drives["C:"].ready = false;
+    meter.prcShowfrmIndDri("C:\\");
+    EXPECT_TRUE(view.picPie.shapes().empty());
+}
+
+TEST_F(DriveViewTest, TheSizeIsThatOfTheShownDrive) {
+    form1.txtSpace.setText("10");
+    form1.OpDriv[1].userClick();
+    form1.txtSpace.setText("10");  // percent: the scroll bar has the same place for both
+    meter.prcShowfrmIndDri("C:\\");
+    meter.prcSrvMeter(form1.ListView1.ListItems(1));
+    view.Option1[1].userClick();
+    EXPECT_EQ(view.Text1.Text(), "100");
+    view.Combo1.userChoose(1);
+    EXPECT_EQ(view.Text1.Text(), "200");
+}
+
+TEST_F(DriveViewTest, ASmallShareOfAGreatDriveIsNotNothing) {
+    addRow("E:\\", "1 KB", "17,179,869,184 KB");
+    machine.drives["E:"] = {1, 2};
+    form1.OpDriv[1].userClick();
+    meter.prcShowfrmIndDri("E:\\");
+    view.Option1[1].userClick();
+    view.Text1.setText("307200");
+    answerYes();
+    view.Command3.userClick();
+    EXPECT_EQ(trigger(3), "0.00178814");
+}
+
+TEST_F(DriveViewTest, ASizeOfNothingIsAShareOfNothing) {
+    meter.prcShowfrmIndDri("C:\\");
+    view.Text1.setText("0");
+    view.Option1[1].userClick();
+    EXPECT_EQ(view.Text1.Text(), "");
+    view.Option1[0].userClick();
+    EXPECT_EQ(view.Text1.Text(), "0");
 }
 
 TEST_F(DriveViewTest, TheCheckBoxSwitchesTheTimer) {

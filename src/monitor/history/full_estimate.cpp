@@ -16,13 +16,11 @@ constexpr std::size_t fewest = 12;
 constexpr double goodFit = 0.9;
 constexpr std::size_t quarters = 4;
 
-std::vector<SpacePoint> lastDay(const SpaceRing& ring) {
+std::vector<SpacePoint> lastDay(const SpaceRing& ring, std::int64_t now) {
     std::vector<SpacePoint> points;
-    if (ring.size() == 0) return points;
-    const auto end = static_cast<double>(ring.at(ring.size() - 1).seconds);
     for (std::size_t i = 0; i < ring.size(); ++i) {
         const SpacePoint point = ring.at(i);
-        if (end - static_cast<double>(point.seconds) <= day) points.push_back(point);
+        if (static_cast<double>(now - point.seconds) <= day) points.push_back(point);
     }
     return points;
 }
@@ -80,16 +78,17 @@ std::string about(double amount, const char* unit) {
 
 }  // namespace
 
-std::optional<double> secondsUntilFull(const SpaceRing& ring) {
-    const std::vector<SpacePoint> points = lastDay(ring);
+std::optional<double> secondsUntilFull(const SpaceRing& ring, std::int64_t now) {
+    const std::vector<SpacePoint> points = lastDay(ring, now);
     if (points.size() < fewest) return std::nullopt;
     if (static_cast<double>(points.back().seconds - points.front().seconds) < hour) {
         return std::nullopt;
     }
     const Line line = lineThrough(points);
     if (line.slope >= 0 || line.fit < goodFit || !fallsInEachQuarter(points)) return std::nullopt;
-    const double left = points.back().freeKB / -line.slope;
-    return left < year ? std::optional(left) : std::nullopt;
+    const double left =
+        points.back().freeKB / -line.slope - static_cast<double>(now - points.back().seconds);
+    return left > 0 && left < year ? std::optional(left) : std::nullopt;
 }
 
 std::string fullText(const std::optional<double>& seconds) {

@@ -30,15 +30,16 @@ std::int64_t HistoryView::now() const {
     return platform_.clock.GetTickCount() / 1000;
 }
 
-void HistoryView::recordRows() {
+void HistoryView::recordRows(int last) {
     const std::int64_t seconds = now();
     const ListView& list = form1_.ListView1;
-    for (int i = 1; i <= list.Count(); ++i) {
+    for (int i = 1; i <= last && i <= list.Count(); ++i) {
         const ConstWatchRow row(list.ListItems(i));
         if (!row.watched() || !row.isMeasured()) continue;
         const auto free = readKilobytes(row.freeSpace(), platform_.regional);
         if (free) history_.add(row.path(), {.seconds = seconds, .freeKB = *free});
     }
+    if (form_.Visible()) showPath();
 }
 
 void HistoryView::open() {
@@ -73,7 +74,7 @@ void HistoryView::showPath() {
         points.push_back({.seconds = point.seconds - present, .value = point.freeKB});
     }
     form_.chtHistory.show(path, std::move(points), triggerKB(path));
-    form_.lblEstimate.setCaption(fullText(secondsUntilFull(*ring)));
+    form_.lblEstimate.setCaption(fullText(secondsUntilFull(*ring, present)));
 }
 
 std::optional<double> HistoryView::triggerKB(const std::string& path) const {

@@ -1,6 +1,8 @@
 // The history's window and its export. The checks feed it; no drive is asked for it.
 #pragma once
 
+#include <limits>
+#include <optional>
 #include <string>
 
 #include "forms/forms.h"
@@ -18,8 +20,9 @@ class HistoryView {
     HistoryView(const HistoryView&) = delete;
     HistoryView& operator=(const HistoryView&) = delete;
 
-    /// Takes the free space of each watched row that is available. To be called once a check.
-    void recordRows();
+    /// Takes the free space of each watched row that is available, up to the row at that index. To
+    /// be called once a check.
+    void recordRows(int last = std::numeric_limits<int>::max());
     const SpaceHistory& history() const { return history_; }
 
   private:

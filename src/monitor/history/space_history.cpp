@@ -16,12 +16,22 @@ SpacePoint SpaceRing::at(std::size_t index) const {
             .freeKB = static_cast<double>(std::uint64_t{highKB_[i]} << 32 | lowKB_[i])};
 }
 
+// The usual doubling would take room for half as many again in the end.
+void SpaceRing::reserveBlock() {
+    constexpr std::size_t block = most / 4;
+    if (count_ % block != 0) return;
+    seconds_.reserve(count_ + block);
+    lowKB_.reserve(count_ + block);
+    highKB_.reserve(count_ + block);
+}
+
 void SpaceRing::add(const SpacePoint& point) {
     const auto seconds = static_cast<std::uint32_t>(point.seconds);
     const auto kilobytes = static_cast<std::uint64_t>(std::clamp(point.freeKB, 0.0, 0x1p48 - 1));
     const auto low = static_cast<std::uint32_t>(kilobytes);
     const auto high = static_cast<std::uint16_t>(kilobytes >> 32);
     if (count_ < most) {
+        reserveBlock();
         seconds_.push_back(seconds);
         lowKB_.push_back(low);
         highKB_.push_back(high);
@@ -34,6 +44,17 @@ void SpaceRing::add(const SpacePoint& point) {
     first_ = (first_ + 1) % most;
 }
 
+std::size_t SpaceRing::bytes() const {
+    return seconds_.capacity() * sizeof(std::uint32_t) + lowKB_.capacity() * sizeof(std::uint32_t) +
+           highKB_.capacity() * sizeof(std::uint16_t);
+}
+
+std::size_t SpaceHistory::bytes() const {
+    std::size_t sum = 0;
+    for (const auto& [path, ring] : rings_) sum += ring.bytes();
+    return sum;
+}
+
 const SpaceRing* SpaceHistory::of(const std::string& path) const {
     const auto found = rings_.find(lowerCase(path));
     return found == rings_.end() ? nullptr : &found->second;
@@ -43,9 +64,21 @@ void SpaceHistory::add(const std::string& path, const SpacePoint& point) {
     const std::string key = lowerCase(path);
     const auto found = rings_.find(key);
     if (found != rings_.end()) return found->second.add(point);
-    if (rings_.size() == mostPaths) return;
+    if (rings_.size() == mostPaths && !dropForgotten(point.seconds)) return;
     rings_[key].add(point);
     paths_.push_back(path);
+}
+
+// A path that wasn't measured for an hour makes room for another one.
+bool SpaceHistory::dropForgotten(std::int64_t now) {
+    constexpr std::int64_t hour = 3600;
+    for (const std::string& path : paths_) {
+        const SpaceRing& ring = *of(path);
+        if (now - ring.at(ring.size() - 1).seconds < hour) continue;
+        remove(std::string(path));
+        return true;
+    }
+    return false;
 }
 
 void SpaceHistory::remove(const std::string& path) {

@@ -25,11 +25,14 @@ class SpaceRing {
     std::size_t size() const { return count_; }
     /// From 0, the oldest.
     SpacePoint at(std::size_t index) const;
+    /// Bytes that they take, with what is reserved.
+    std::size_t bytes() const;
     /// The oldest one goes once it is full.
     void add(const SpacePoint& point);
 
   private:
     std::size_t place(std::size_t index) const;
+    void reserveBlock();
 
     // Side by side, so that no byte is lost between them.
     std::vector<std::uint32_t> seconds_;
@@ -47,12 +50,17 @@ class SpaceHistory {
     const SpaceRing* of(const std::string& path) const;
     /// The paths in the order of their first measure.
     const std::vector<std::string>& paths() const { return paths_; }
-    /// Takes a measure. Those of a path beyond 200 aren't kept.
+    /// Bytes that the measures take.
+    std::size_t bytes() const;
+    /// Takes a measure. With 200 paths another one takes the place of one that wasn't measured for
+    /// an hour; without such a one it isn't kept.
     void add(const std::string& path, const SpacePoint& point);
     /// Forgets a path.
     void remove(const std::string& path);
 
   private:
+    bool dropForgotten(std::int64_t now);
+
     std::map<std::string, SpaceRing> rings_;  // by path in lower case
     std::vector<std::string> paths_;
 };

@@ -53,75 +53,79 @@ void LineChartWidget::refresh() {
     update();
 }
 
-double LineChartWidget::greatest() const {
+LineChartWidget::Scale LineChartWidget::scale() const {
+    constexpr int lines = 3;  // of text between two marks
+    const QFontMetricsF metrics(font());
     double most = level_.value_or(0);
     for (const LineChart::Point& point : points_) most = std::max(most, point.value);
-    return most;
+    const double room = height() - 2 * chartMargin - metrics.height();
+    Scale scale;
+    scale.marks = axisTicks(most, std::max(2, static_cast<int>(room / (lines * metrics.height()))));
+    const double label = metrics.horizontalAdvance(kilobytes(scale.marks.back(), regional_));
+    scale.plot =
+        QRectF(rect()).adjusted(chartMargin + label + 8, chartMargin + metrics.height() / 2,
+                                -chartMargin - 8, -chartMargin - metrics.height() - 6);
+    scale.span = points_.empty() ? 0 : static_cast<double>(-points_.front().seconds);
+    return scale;
 }
 
-std::vector<double> LineChartWidget::marks() const {
-    constexpr int lines = 3;  // of text between two marks
-    const double height = this->height() - 2 * chartMargin - fontMetrics().height();
-    return axisTicks(greatest(),
-                     std::max(2, static_cast<int>(height / (lines * fontMetrics().height()))));
-}
-
-QRectF LineChartWidget::plot() const {
-    const QFontMetricsF metrics(font());
-    const double label = metrics.horizontalAdvance(kilobytes(marks().back(), regional_));
-    return QRectF(rect()).adjusted(chartMargin + label + 8, chartMargin + metrics.height() / 2,
-                                   -chartMargin - 8, -chartMargin - metrics.height() - 6);
+QPointF LineChartWidget::Scale::placeOf(const LineChart::Point& point) const {
+    const double across = span <= 0 ? 1 : 1 + static_cast<double>(point.seconds) / span;
+    return {plot.left() + across * plot.width(), yOf(point.value)};
 }
 
 QPointF LineChartWidget::placeOf(const LineChart::Point& point) const {
-    const QRectF place = plot();
-    const auto span = static_cast<double>(points_.empty() ? 0 : -points_.front().seconds);
-    const double across = span <= 0 ? 1 : 1 + static_cast<double>(point.seconds) / span;
-    return {place.left() + across * place.width(),
-            place.bottom() - point.value / marks().back() * place.height()};
+    return scale().placeOf(point);
 }
 
-void LineChartWidget::paintAxis(QPainter& painter) const {
-    const QRectF place = plot();
+void LineChartWidget::paintAxis(QPainter& painter, const Scale& scale) const {
     const double line = fontMetrics().height();
-    for (const double mark : marks()) {
-        const double y = place.bottom() - mark / marks().back() * place.height();
+    for (const double mark : scale.marks) {
+        const double y = scale.yOf(mark);
         painter.setPen(gridInk(palette()));
-        painter.drawLine(QPointF(place.left(), y), QPointF(place.right(), y));
+        painter.drawLine(QPointF(scale.plot.left(), y), QPointF(scale.plot.right(), y));
         painter.setPen(quietInk(palette()));
-        painter.drawText(QRectF(0, y - line / 2, place.left() - 8, line),
+        painter.drawText(QRectF(0, y - line / 2, scale.plot.left() - 8, line),
                          Qt::AlignRight | Qt::AlignVCenter, kilobytes(mark, regional_));
     }
-    const QRectF below(place.left(), place.bottom() + 6, place.width(), line);
+    const QRectF below(scale.plot.left(), scale.plot.bottom() + 6, scale.plot.width(), line);
     painter.drawText(below, Qt::AlignLeft, ago(-points_.front().seconds));
     painter.drawText(below, Qt::AlignRight, QStringLiteral("now"));
 }
 
-void LineChartWidget::paintLevel(QPainter& painter) const {
+void LineChartWidget::paintLevel(QPainter& painter, const Scale& scale) const {
     if (!level_) return;
-    const QRectF place = plot();
-    const double y = place.bottom() - *level_ / marks().back() * place.height();
+    const double y = scale.yOf(*level_);
     const QColor colour = seriesColour(levelColumn, palette().color(QPalette::Base));
     painter.setPen(QPen(colour, 1.5, Qt::DashLine));
-    painter.drawLine(QPointF(place.left(), y), QPointF(place.right(), y));
-    painter.drawText(QPointF(place.left() + 6, y - 4), QStringLiteral("Trigger"));
+    painter.drawLine(QPointF(scale.plot.left(), y), QPointF(scale.plot.right(), y));
+    painter.drawText(QPointF(scale.plot.left() + 6, y - 4), QStringLiteral("Trigger"));
 }
 
-void LineChartWidget::paintLine(QPainter& painter) const {
+// Of the points in one column of pixels the lowest and the highest are drawn: ten thousand would
+// make a thick line, and a short fall must not get lost.
+void LineChartWidget::paintLine(QPainter& painter, const Scale& scale) const {
     const QColor colour = seriesColour(0, palette().color(QPalette::Base));
-    QPainterPath path(placeOf(points_.front()));
-    // A column of pixels takes one of them: a line of ten thousand points would be thick.
-    double last = path.currentPosition().x();
-    for (const LineChart::Point& point : points_) {
-        const QPointF place = placeOf(point);
-        if (place.x() - last < 1 && &point != &points_.back()) continue;
-        path.lineTo(place);
-        last = place.x();
+    QPainterPath path(scale.placeOf(points_.front()));
+    for (std::size_t i = 0; i < points_.size();) {
+        QPointF lowest = scale.placeOf(points_[i]);
+        QPointF highest = lowest;
+        const double column = lowest.x();
+        for (; i < points_.size(); ++i) {
+            const QPointF place = scale.placeOf(points_[i]);
+            if (place.x() - column >= 1) break;
+            if (place.y() > lowest.y()) lowest = place;
+            if (place.y() < highest.y()) highest = place;
+        }
+        path.lineTo(highest);
+        path.lineTo(lowest);
     }
+    const QPointF last = scale.placeOf(points_.back());
+    path.lineTo(last);
     painter.setPen(QPen(colour, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.drawPath(path);
     painter.setBrush(colour);
-    painter.drawEllipse(placeOf(points_.back()), 3, 3);
+    painter.drawEllipse(last, 3, 3);
 }
 
 void LineChartWidget::paintEvent(QPaintEvent*) {
@@ -132,10 +136,11 @@ void LineChartWidget::paintEvent(QPaintEvent*) {
         painter.drawText(rect(), Qt::AlignCenter, QStringLiteral("Nothing was checked yet."));
         return;
     }
-    paintAxis(painter);
-    paintLevel(painter);
+    const Scale places = scale();
+    paintAxis(painter, places);
+    paintLevel(painter, places);
     painter.setBrush(Qt::NoBrush);
-    paintLine(painter);
+    paintLine(painter, places);
 }
 
 QString LineChartWidget::hint(const LineChart::Point& point) const {

@@ -23,12 +23,21 @@ class LineChartWidget : public QWidget {
 
   private:
     void refresh();
-    QRectF plot() const;
-    double greatest() const;
-    std::vector<double> marks() const;
-    void paintAxis(QPainter& painter) const;
-    void paintLevel(QPainter& painter) const;
-    void paintLine(QPainter& painter) const;
+    /// Where figures lie, worked out once for many of them.
+    struct Scale {
+        QRectF plot;
+        std::vector<double> marks;
+        double span = 0;  ///< seconds from the oldest point to now
+
+        double yOf(double value) const {
+            return plot.bottom() - value / marks.back() * plot.height();
+        }
+        QPointF placeOf(const LineChart::Point& point) const;
+    };
+    Scale scale() const;
+    void paintAxis(QPainter& painter, const Scale& scale) const;
+    void paintLevel(QPainter& painter, const Scale& scale) const;
+    void paintLine(QPainter& painter, const Scale& scale) const;
     QString hint(const LineChart::Point& point) const;
 
     const LineChart& field_;

@@ -33,6 +33,7 @@ void AskedProcess::stop() {
     }
     process_ = -1;
     pending_ = false;
+    reapLeftChildren();
 }
 
 void AskedProcess::end() {
