@@ -2,16 +2,22 @@
 // Reading ends, and what is read keeps its promises.
 //
 // Input: a byte for the kind of text, then the text.
+#include <sys/mman.h>
+
 #include <algorithm>
 #include <string>
+#include <vector>
 
 #include "base/text.h"
 #include "fuzz_target.h"
 #include "platform/linux/inventory/at_job.h"
 #include "platform/linux/inventory/crontab_line.h"
 #include "platform/linux/inventory/journal_entry.h"
+#include "platform/linux/inventory/lines_from_end.h"
 #include "platform/linux/inventory/syslog_line.h"
 #include "platform/linux/inventory/text_pieces.h"
+#include "platform/linux/system/unique_fd.h"
+#include "platform/linux/system/write_all.h"
 
 using namespace velmora;
 using namespace velmora::linuxhost;
@@ -95,12 +101,38 @@ void atText(std::string_view text) {
     require(commands.size() <= 2 * script.size(), "commands are those of the script");
 }
 
+// A file in memory, now and then one of several blocks.
+void fileText(std::string_view text) {
+    constexpr std::size_t longestLine = 65536;
+    constexpr std::size_t severalBlocks = 70'000;
+    std::string content(text);
+    if (text.starts_with('+')) {
+        while (content.size() < severalBlocks) content += text;
+    }
+    const UniqueFd file(memfd_create("lines", MFD_CLOEXEC));
+    std::string_view rest = content;
+    require(file.isOpen() && writeAll(file.get(), rest) == 0, "the file is there");
+    std::vector<std::string> lines;
+    for (const std::string& each : split(content, "\n")) {
+        std::string line = each.substr(0, longestLine);
+        if (line.ends_with('\r')) line.pop_back();
+        if (!line.empty()) lines.push_back(std::move(line));
+    }
+    LinesFromEnd reader("/proc/self/fd/" + std::to_string(file.get()));
+    while (const auto line = reader.next()) {
+        require(!lines.empty(), "there are no more lines than in the file");
+        require(*line == lines.back(), "the line is the one of the file");
+        lines.pop_back();
+    }
+    require(lines.empty(), "all lines come");
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size == 0) return 0;
     const std::string_view text = asText(data, size).substr(1);
-    switch (data[0] % 5) {
+    switch (data[0] % 6) {
         case 0:
             syslogText(text);
             break;
@@ -113,8 +145,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         case 3:
             journalText(text);
             break;
-        default:
+        case 4:
             atText(text);
+            break;
+        default:
+            fileText(text);
     }
     return 0;
 }
