@@ -1,6 +1,7 @@
 #include "shell/drive_view.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "base/convert.h"
 #include "base/format_number.h"
@@ -20,8 +21,7 @@ constexpr double noReading = -2;  // neither of the compared figures can be that
 }  // namespace
 
 DriveView::DriveView(Forms& forms, Platform& platform, Host& host, DriveMeter& driveMeter)
-    : forms_(forms),
-      form_(forms.frmIndDri),
+    : form_(forms.frmIndDri),
       form1_(forms.form1),
       platform_(platform),
       host_(host),
@@ -161,7 +161,7 @@ double DriveView::totalKB() {
 
 std::string DriveView::asPercent(double kilobytes) {
     const double total = totalKB();
-    // With so many decimals a few MB of the greatest drives aren't 0.
+    // With so many decimals the way there and back keeps a size, also on the greatest drives.
     return total <= 0 ? ""
                       : toText(roundTiesAway(kilobytes / total * whole, 8), platform_.regional);
 }
@@ -186,29 +186,54 @@ void DriveView::Option1_Click() {
     if (entered) form_.Text1.setText(toKB ? asKB(*entered) : asPercent(*entered));
 }
 
-// The row's trigger is read in the unit of the main window: a size written as a percentage would
-// set off the actions at once.
-std::string DriveView::triggerInForce(double entered) {
+// The check reads a row's trigger as a whole number in the unit of the main window: a size written
+// as a percentage would set off the actions at once, and a part of a percent would never do so.
+std::optional<double> DriveView::triggerInForce(double entered) {
     const bool inForceKB = !form1_.OpDriv[1].Value();
-    if (inForceKB == showsKB_) return form_.Text1.Text();
-    return showsKB_ ? asPercent(entered) : asKB(entered);
+    if (inForceKB == showsKB_) return entered;
+    const double total = totalKB();
+    if (total <= 0) {
+        refuse("The size of this drive isn't known yet.");
+        return std::nullopt;
+    }
+    if (inForceKB) return roundTiesToEven(entered / whole * total);
+    const double percent = roundTiesAway(entered / total * whole, 2);
+    const bool vanishes = percent == 0 && entered != 0;
+    if (percent == std::trunc(percent) && !vanishes) return percent;
+    refuse(
+        "This is " + toText(percent, platform_.regional) +
+        " % of the drive, and the main window takes whole percentages. Enter one here, or choose "
+        "KB in the main window.");
+    return std::nullopt;
+}
+
+void DriveView::refuse(const std::string& why) {
+    host_.MsgBox({.text = why, .icon = BoxIcon::information});
 }
 
 void DriveView::Command3_Click() {
     const auto entered = readNumber(form_.Text1.Text(), platform_.regional);
-    if (!entered) {
+    // One beyond 32 bits would end every check with an overflow.
+    if (!entered || withinLong(*entered) != *entered) {
         host_.MsgBox({.text = "You have an improper value in the Set Minimum Space Text Box."});
         return;
     }
+    const auto trigger = triggerInForce(*entered);
+    if (!trigger) return;
+    if (withinLong(*trigger) != *trigger) {
+        refuse("This is more than the main window can take as KB. Choose percent there.");
+        return;
+    }
+    const std::string text =
+        trigger == entered ? form_.Text1.Text() : toText(*trigger, platform_.regional);
     const BoxAnswer answer = host_.MsgBox(
         {.text = "This will set the program to watch the drive/path by a individual values. Go "
                  "ahead?",
          .icon = BoxIcon::question,
          .buttons = BoxButtons::yesNo});
     if (answer != BoxAnswer::yes) return;
-    const std::string trigger = triggerInForce(*entered);
     if (!form1_.chkDrive.ticked()) form1_.chkDrive.setValue(1);
-    if (ListItem* row = shownRow()) WatchRow(*row).setTrigger(trigger);
+    if (ListItem* row = shownRow()) WatchRow(*row).setTrigger(text);
 }
 
 }  // namespace velmora

@@ -1,6 +1,7 @@
 // The view of one drive: its pie, its gauges, and the minimum space of its row.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -51,9 +52,10 @@ class DriveView {
     double totalKB();
     std::string asPercent(double kilobytes);
     std::string asKB(double percent);
-    std::string triggerInForce(double entered);
+    /// The value as the row's trigger; nothing when it can't be one, which a box has said then.
+    std::optional<double> triggerInForce(double entered);
+    void refuse(const std::string& why);
 
-    Forms& forms_;
     FrmIndDri& form_;
     Form1& form1_;
     Platform& platform_;

@@ -138,7 +138,8 @@ TEST_F(DriveViewTest, TheSizeIsThatOfTheShownDrive) {
     EXPECT_EQ(view.Text1.Text(), "200");
 }
 
-TEST_F(DriveViewTest, ASmallShareOfAGreatDriveIsNotNothing) {
+// The check would round them: to nothing, or to an alarm that comes too early.
+TEST_F(DriveViewTest, ASizeThatIsNoWholePercentageIsRefused) {
     addRow("E:\\", "1 KB", "17,179,869,184 KB");
     machine.drives["E:"] = {1, 2};
     form1.OpDriv[1].userClick();
@@ -147,7 +148,49 @@ TEST_F(DriveViewTest, ASmallShareOfAGreatDriveIsNotNothing) {
     view.Text1.setText("307200");
     answerYes();
     view.Command3.userClick();
-    EXPECT_EQ(trigger(3), "0.00178814");
+    ASSERT_EQ(host.boxes.size(), 1U);
+    EXPECT_TRUE(host.boxes[0].text.starts_with("This is 0 % of the drive")) << host.boxes[0].text;
+    EXPECT_EQ(trigger(3), "");
+    EXPECT_FALSE(form1.chkDrive.ticked());
+}
+
+TEST_F(DriveViewTest, AValueThatTheCheckCannotReadIsRefused) {
+    addRow("E:\\", "1 KB", "17,179,869,184 KB");
+    machine.drives["E:"] = {1, 2};
+    meter.prcShowfrmIndDri("E:\\");
+    view.Text1.setText("50");  // percent, which are more KB than 32 bits hold
+    view.Command3.userClick();
+    EXPECT_EQ(host.boxes.back().text,
+              "This is more than the main window can take as KB. Choose percent there.");
+    view.Option1[1].userClick();
+    view.Text1.setText("2147483648");
+    view.Command3.userClick();
+    EXPECT_EQ(host.boxes.back().text,
+              "You have an improper value in the Set Minimum Space Text Box.");
+    view.Text1.setText("2147483647");
+    answerYes();
+    view.Command3.userClick();
+    EXPECT_EQ(trigger(3), "2147483647");
+}
+
+TEST_F(DriveViewTest, NothingIsConvertedForADriveWithoutASize) {
+    addRow("E:\\", "N/A", "");
+    meter.prcShowfrmIndDri("E:\\");
+    view.Text1.setText("5");
+    answerYes();
+    view.Command3.userClick();
+    ASSERT_EQ(host.boxes.size(), 1U);
+    EXPECT_EQ(host.boxes[0].text, "The size of this drive isn't known yet.");
+    EXPECT_EQ(trigger(3), "");
+}
+
+// An empty trigger would end every check with an error.
+TEST_F(DriveViewTest, NoPercentAreNoKB) {
+    meter.prcShowfrmIndDri("C:\\");
+    view.Text1.setText("0");
+    answerYes();
+    view.Command3.userClick();
+    EXPECT_EQ(trigger(1), "0");
 }
 
 TEST_F(DriveViewTest, ASizeOfNothingIsAShareOfNothing) {
