@@ -1,4 +1,4 @@
-// A line over time with a level drawn as a dashed line.
+// Lines over time, each with a level that is drawn as a dashed line.
 #pragma once
 
 #include <cstdint>
@@ -19,23 +19,30 @@ class LineChart : public Control {
         bool operator==(const Point&) const = default;
     };
 
+    struct Line {
+        std::string name;
+        std::vector<Point> points;  ///< one at least, oldest first
+        std::optional<double> level;
+
+        bool operator==(const Line&) const = default;
+    };
+
     using Control::Control;
 
-    /// Its points, oldest first, and the level if there is one.
-    void show(std::string title, std::vector<Point> points, std::optional<double> level);
-    const std::string& Title() const { return title_; }
-    const std::vector<Point>& points() const { return points_; }
-    std::optional<double> level() const { return level_; }
+    void show(std::vector<Line> lines);
+    const std::vector<Line>& lines() const { return lines_; }
 
-    std::string mainProperty() const override { return "PointCount"; }
+    std::string mainProperty() const override { return "LineCount"; }
     Properties properties() override;
-    /// A row a point: "Seconds" and "Value".
+    /// A row a point: "Line", "Seconds" and "Value".
     std::optional<Table> table() const override;
 
   private:
-    std::string title_;
-    std::vector<Point> points_;
-    std::optional<double> level_;
+    std::string names() const;
+    std::string levels() const;
+    std::int64_t pointCount() const;
+
+    std::vector<Line> lines_;
 };
 
 }  // namespace velmora

@@ -5,6 +5,7 @@
 #include "base/errors.h"
 #include "controls/control_properties.h"
 #include "controls/form.h"
+#include "controls/progress_bar.h"
 
 namespace velmora::tests {
 namespace {
@@ -108,6 +109,24 @@ TEST_F(ToolBarTest, ShowsItsButtonsByNumber) {
     EXPECT_EQ(getPart(bar, 1, "ToolTipText"), "tip");
     EXPECT_EQ(getPart(bar, 1, "Image"), "0");
     EXPECT_EQ(bar.mainPartProperty(), "Caption");
+}
+
+TEST(ProgressBarTest, HoldsPercent) {
+    Form form("frmNotify");
+    ProgressBar bar(form, "pb");
+    Count changes(bar.Changed);
+    EXPECT_EQ(get(bar, bar.mainProperty()), "0");
+    EXPECT_EQ(bar.Min(), 0);
+    EXPECT_EQ(bar.Max(), 100);
+    bar.setValue(100);
+    bar.setValue(100);
+    EXPECT_EQ(get(bar, "Value"), "100");
+    EXPECT_TRUE(readOnly(bar, "Value"));
+    EXPECT_EQ(changes, 1);
+    for (const int wrong : {-1, 101}) {
+        EXPECT_EQ(errorOf([&] { bar.setValue(wrong); }), error::invalidPropertyValue);
+    }
+    EXPECT_EQ(bar.Value(), 100);
 }
 
 struct TabStripTest : testing::Test {

@@ -46,6 +46,20 @@ TEST_F(FormTest, StaysHiddenWhenItsLoadingHidesIt) {
     EXPECT_EQ(raised, 1);
 }
 
+TEST_F(FormTest, IsLoadedAnewOnceItWasUnloaded) {
+    Count loads(form.Load);
+    form.Show();
+    form.Hide();
+    form.Show();
+    EXPECT_EQ(loads, 1);
+    form.unloadNow();
+    EXPECT_FALSE(form.Visible());
+    EXPECT_EQ(loads, 1);
+    form.Show();
+    EXPECT_TRUE(form.Visible());
+    EXPECT_EQ(loads, 2);
+}
+
 TEST_F(FormTest, NotifiesViewsOfANewCaptionAndSizeOnly) {
     form.setCaption("Velmora");
     form.setSize(0, 0);

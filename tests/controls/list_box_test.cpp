@@ -212,6 +212,28 @@ TEST_F(ChosenEntryTest, IsChosenByName) {
     EXPECT_EQ(refusalOf([&] { set(combo, "ListIndex", "1"); }), "cboFile is disabled");
 }
 
+TEST_F(ChosenEntryTest, TheHandClicksAlsoWhatIsChosenAlready) {
+    Count clicks(combo.Click);
+    Count others(combo.Change);
+    combo.userChoose(1);
+    EXPECT_EQ(combo.Text(), "b");
+    combo.userChoose(1);
+    EXPECT_EQ(clicks, 2);
+    EXPECT_EQ(others, 1);
+    combo.setListIndex(1);
+    EXPECT_EQ(clicks, 2);
+    combo.setListIndex(0);
+    EXPECT_EQ(clicks, 3);
+    combo.userChoose(-1);
+    EXPECT_EQ(combo.Text(), "");
+    EXPECT_EQ(clicks, 3);
+    EXPECT_EQ(errorOf([this] { combo.userChoose(3); }), error::invalidPropertyValue);
+    combo.setEnabled(false);
+    EXPECT_THROW(combo.userChoose(0), Refused);
+    EXPECT_EQ(combo.ListIndex(), -1);
+    EXPECT_EQ(clicks, 3);
+}
+
 TEST_F(ChosenEntryTest, KeysAreTypedByTheirCode) {
     int typed = 0;
     combo.KeyPress.connect([&](int code) { typed = code; });

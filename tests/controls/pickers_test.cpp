@@ -33,6 +33,15 @@ TEST_F(SliderTest, ScrollsByHandOnly) {
     EXPECT_EQ(slider.Value(), 20);
 }
 
+TEST_F(SliderTest, ReportsAnotherValueWhoeverMovedIt) {
+    Count moves(slider.Change);
+    slider.setValue(5);
+    slider.userScroll(7);
+    EXPECT_EQ(moves, 2);
+    slider.setValue(7);
+    EXPECT_EQ(moves, 2);
+}
+
 TEST_F(SliderTest, StaysWithinItsRange) {
     for (const int value : {-1, 101}) {
         EXPECT_EQ(errorOf([&] { slider.setValue(value); }), error::invalidPropertyValue);

@@ -1,6 +1,8 @@
 // The history's window, fed by checks.
 #include "monitor/history/history_view.h"
 
+#include <algorithm>
+
 #include "monitor/check_rig.h"
 #include "rows/watch_columns.h"
 
@@ -22,10 +24,15 @@ struct HistoryRig : Rig {
     }
     WatchRow rowOf(int index) { return WatchRow(list.ListItems(index)); }
     void open() { forms.dlgDriveInfo.cmdHistory.userClick(); }
+    /// The line that is shown alone.
+    const LineChart::Line& line() { return window.chtHistory.lines().at(0); }
     std::string exported() { return machine.files["C:\\Program Files\\Velmora\\history.csv"]; }
 };
 
 using Points = std::vector<LineChart::Point>;
+
+// "C:\" is chosen in these tests where nothing else is said.
+constexpr int firstPath = 1;  // behind "All paths"
 
 TEST(HistoryView, TakesWatchedRowsThatAreAvailable) {
     HistoryRig rig;
@@ -51,15 +58,15 @@ TEST(HistoryView, ShowsThePointsOfAPathAndItsTrigger) {
     rig.machine.tick += 30'000;
     rig.open();
     EXPECT_TRUE(rig.window.Visible());
-    EXPECT_EQ(rig.window.cboPath.ListCount(), 2);
-    EXPECT_EQ(rig.window.chtHistory.Title(), "C:\\");
-    EXPECT_EQ(rig.window.chtHistory.points(), (Points{{-90, 1000}, {-30, 900}}));
-    EXPECT_EQ(rig.window.chtHistory.level(), 200);
+    EXPECT_EQ(rig.window.cboPath.ListCount(), 3);
+    rig.window.cboPath.userChoose(firstPath);
+    ASSERT_EQ(rig.window.chtHistory.lines().size(), 1U);
+    EXPECT_EQ(rig.line(), (LineChart::Line{"C:\\", {{-90, 1000}, {-30, 900}}, 200}));
     EXPECT_EQ(rig.window.lblEstimate.Caption(), "");
-    rig.window.cboPath.userChoose(1);
-    EXPECT_EQ(rig.window.chtHistory.points(), (Points{{-90, 1000}, {-30, 500}}));
+    rig.window.cboPath.userChoose(firstPath + 1);
+    EXPECT_EQ(rig.line().points, (Points{{-90, 1000}, {-30, 500}}));
     rig.open();
-    EXPECT_EQ(rig.window.chtHistory.Title(), "D:\\");
+    EXPECT_EQ(rig.line().name, "D:\\");
     rig.window.cmdClose.userClick();
     EXPECT_FALSE(rig.window.Visible());
 }
@@ -71,24 +78,90 @@ TEST(HistoryView, TheTriggerMayBeAShareOrTheRowsOwn) {
     rig.form1.OpDriv[1].choose();
     rig.form1.txtSpace.setText("10");
     rig.open();
-    EXPECT_EQ(rig.window.chtHistory.level(), 400);
+    rig.window.cboPath.userChoose(firstPath);
+    EXPECT_EQ(rig.line().level, 400);
     rig.form1.chkDrive.setValue(1);
     rig.rowOf(1).setTrigger("25");
     rig.open();
-    EXPECT_EQ(rig.window.chtHistory.level(), 1000);
+    EXPECT_EQ(rig.line().level, 1000);
     rig.rowOf(1).setTrigger("none");
     rig.open();
-    EXPECT_FALSE(rig.window.chtHistory.level());
+    EXPECT_FALSE(rig.line().level);
     rig.list.Clear();
     rig.open();
-    EXPECT_FALSE(rig.window.chtHistory.level());
+    EXPECT_FALSE(rig.line().level);
 }
 
 TEST(HistoryView, BeforeTheFirstCheckItSaysSo) {
     HistoryRig rig;
     rig.open();
     EXPECT_EQ(rig.window.lblEstimate.Caption(), "Nothing was checked yet.");
-    EXPECT_TRUE(rig.window.chtHistory.points().empty());
+    EXPECT_TRUE(rig.window.chtHistory.lines().empty());
+    EXPECT_EQ(rig.window.cboPath.ListCount(), 0);
+}
+
+TEST(HistoryView, AtFirstAllPathsAreShownEachWithItsTrigger) {
+    HistoryRig rig;
+    rig.form1.txtSpace.setText("10");
+    rig.form1.OpDriv[1].choose();
+    rig.form1.txtSpace.setText("10");
+    rig.rowOf(2).setTotalSize("8,000 KB");
+    rig.historyView.recordRows();
+    rig.machine.tick += 30'000;
+    rig.open();
+    EXPECT_EQ(rig.window.cboPath.Text(), "All paths");
+    EXPECT_EQ(rig.window.chtHistory.lines(),
+              (std::vector<LineChart::Line>{{"C:\\", {{-30, 1000}}, 400},
+                                            {"D:\\", {{-30, 1000}}, 800}}));
+    EXPECT_EQ(rig.window.lblEstimate.Caption(), "");
+}
+
+TEST(HistoryView, OneOfAThousandIsEnoughOfEachWhereAllAreShown) {
+    HistoryRig rig;
+    for (int i = 0; i < 1001; ++i) {
+        rig.rowOf(1).setFreeSpace(i == 777 ? "3 KB" : "1,000 KB");
+        rig.historyView.recordRows();
+        rig.machine.tick += 1000;
+    }
+    rig.open();
+    const LineChart::Line& line = rig.line();
+    EXPECT_LE(line.points.size(), 1000U);
+    EXPECT_GE(line.points.size(), 400U);
+    EXPECT_EQ(line.points.front(), (LineChart::Point{-1001, 1000}));
+    EXPECT_EQ(line.points.back(), (LineChart::Point{-1, 1000}));
+    EXPECT_EQ(std::ranges::count(line.points, LineChart::Point{777 - 1001, 3}), 1);
+    rig.window.cboPath.userChoose(firstPath);
+    EXPECT_EQ(rig.line().points.size(), 1001U);
+}
+
+TEST(HistoryView, OnePathAloneNeedsNoChoice) {
+    HistoryRig rig;
+    rig.historyView.recordRows(1);
+    rig.open();
+    EXPECT_EQ(rig.window.cboPath.ListCount(), 1);
+    EXPECT_EQ(rig.line().name, "C:\\");
+}
+
+TEST(HistoryView, APathThatIsNewCanBeChosenAtOnce) {
+    HistoryRig rig;
+    rig.historyView.recordRows(1);
+    rig.open();
+    rig.historyView.recordRows();
+    EXPECT_EQ(rig.window.cboPath.ListCount(), 3);
+    EXPECT_EQ(rig.window.cboPath.Text(), "C:\\");
+    EXPECT_EQ(rig.line().points.size(), 2U);
+}
+
+TEST(HistoryView, OfAllPathsTheOneThatIsFullFirstIsTold) {
+    HistoryRig rig;
+    for (int i = 0; i <= 60; ++i) {
+        rig.rowOf(1).setFreeSpace(std::to_string(100'000 - 500 * i) + " KB");
+        rig.rowOf(2).setFreeSpace(std::to_string(100'000 - 1000 * i) + " KB");
+        rig.historyView.recordRows();
+        rig.machine.tick += 60'000;
+    }
+    rig.open();
+    EXPECT_EQ(rig.window.lblEstimate.Caption(), "D:\\ full in about 39 minutes");
 }
 
 TEST(HistoryView, ASteadyFallIsEstimated) {
@@ -99,6 +172,7 @@ TEST(HistoryView, ASteadyFallIsEstimated) {
         rig.machine.tick += 60'000;
     }
     rig.open();
+    rig.window.cboPath.userChoose(firstPath);
     // 40,000 KB were left a minute ago, at 1000 KB a minute.
     EXPECT_EQ(rig.window.lblEstimate.Caption(), "full in about 39 minutes");
 }
@@ -109,7 +183,8 @@ TEST(HistoryView, AnOpenWindowFollowsTheChecks) {
     rig.open();
     rig.machine.tick += 10'000;
     rig.historyView.recordRows();
-    EXPECT_EQ(rig.window.chtHistory.points(), (Points{{-10, 1000}, {0, 1000}}));
+    EXPECT_EQ(rig.line().points, (Points{{-10, 1000}, {0, 1000}}));
+    EXPECT_EQ(rig.window.chtHistory.lines().size(), 2U);
 }
 
 TEST(HistoryView, RowsThatACheckDidNotReachAreNotTaken) {

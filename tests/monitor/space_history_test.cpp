@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "monitor/history/full_estimate.h"
+#include "monitor/history/history_points.h"
 
 namespace velmora::tests {
 namespace {
@@ -15,6 +16,26 @@ TEST(SpaceRingTest, KeepsTheLastMeasures) {
     ASSERT_EQ(ring.size(), 10'080U);
     EXPECT_EQ(ring.at(0), (SpacePoint{3, 6}));
     EXPECT_EQ(ring.at(10'079), (SpacePoint{10'082, 20'164}));
+}
+
+TEST(ThinnedHistory, AFewMeasuresAreAllKept) {
+    SpaceRing ring;
+    for (int i = 0; i < 6; ++i) ring.add({.seconds = i, .freeKB = 10.0 * i});
+    EXPECT_EQ(thinned(ring, 6), pointsOf(ring));
+    EXPECT_EQ(pointsOf(ring).size(), 6U);
+    EXPECT_EQ(pointsOf(ring)[5], (SpacePoint{5, 50}));
+}
+
+TEST(ThinnedHistory, OfEachStretchTheEndsAreKeptInTheirOrder) {
+    SpaceRing ring;
+    // The first, two stretches of four, the last.
+    const double free[] = {50, 40, 90, 10, 60, 70, 70, 70, 70, 20};
+    for (int i = 0; i < 10; ++i) ring.add({.seconds = i, .freeKB = free[i]});
+    EXPECT_EQ(thinned(ring, 6),
+              (std::vector<SpacePoint>{{0, 50}, {2, 90}, {3, 10}, {5, 70}, {8, 70}, {9, 20}}));
+    // One stretch.
+    EXPECT_EQ(thinned(ring, 4), (std::vector<SpacePoint>{{0, 50}, {2, 90}, {3, 10}, {9, 20}}));
+    EXPECT_EQ(thinned(ring, 5), thinned(ring, 4));
 }
 
 TEST(SpaceRingTest, HoldsGreatSizes) {

@@ -4,9 +4,16 @@
 #include <gtest/gtest.h>
 
 #include <QColor>
+#include <QFontMetricsF>
+#include <QImage>
+#include <QPainter>
+#include <cmath>
+#include <memory>
 #include <set>
 
 #include "qt/controls/chart_colours.h"
+#include "qt/controls/chart_data.h"
+#include "qt/controls/chart_face.h"
 #include "qt/controls/colours.h"
 
 namespace velmora::tests {
@@ -91,6 +98,59 @@ TEST(ChartColours, AllStandOutFromLightAndDarkGrounds) {
             EXPECT_GE(qt::contrast(colours[i], ground), 3) << i;
             const std::size_t next = (i + 1) % colours.size();
             EXPECT_NE(colours[i].rgb(), colours[next].rgb()) << i;
+        }
+    }
+}
+
+TEST(ChartColours, TwentyLinesDiffer) {
+    for (const QColor& ground : {QColor(Qt::white), QColor(30, 31, 34)}) {
+        std::set<QRgb> seen;
+        for (int line = 0; line < 20; ++line) {
+            EXPECT_GE(qt::contrast(qt::lineColour(line, ground), ground), 3) << line;
+            seen.insert(qt::lineColour(line, ground).rgb());
+        }
+        EXPECT_EQ(seen.size(), 20U);
+        EXPECT_EQ(qt::lineColour(20, ground), qt::lineColour(0, ground));
+    }
+}
+
+// The face that has the legend above its bars, in a room of that width.
+std::unique_ptr<qt::ChartFace> faceOfThreeColumns(double width, bool showLegend) {
+    qt::ChartData data;
+    data.showLegend = showLegend;
+    data.rows = {QStringLiteral("C:\\")};
+    data.columns = {QStringLiteral("Size of the drive"), QStringLiteral("Free space of it"),
+                    QStringLiteral("The minimum of it")};
+    data.values = {{100, 50, 10}};
+    data.axisTitles = {QStringLiteral("Path"), QStringLiteral("KB")};
+    std::unique_ptr<qt::ChartFace> face = qt::makeBarFace(std::move(data), Regional{});
+    face->layOut({width, 300}, QFont());
+    return face;
+}
+
+TEST(BarLegend, TakesMoreLinesWhereTheRoomIsNarrow) {
+    const double line = std::ceil(QFontMetricsF(QFont()).height());
+    const double wide = faceOfThreeColumns(900, true)->window().top();
+    EXPECT_EQ(faceOfThreeColumns(900, false)->window().top(), wide);
+    EXPECT_EQ(faceOfThreeColumns(180, true)->window().top(), wide + 2 * line);
+    EXPECT_EQ(faceOfThreeColumns(180, false)->window().top(), wide);
+}
+
+TEST(BarLegend, NoEntryIsMissing) {
+    for (const double width : {180.0, 900.0}) {
+        QImage picture(static_cast<int>(width), 300, QImage::Format_RGB32);
+        picture.fill(Qt::white);
+        QPainter painter(&picture);
+        const auto face = faceOfThreeColumns(width, true);
+        face->paint(painter, {.palette = QPalette(Qt::white)});
+        painter.end();
+        std::set<QRgb> above;
+        for (int y = 0; y < static_cast<int>(face->window().top()); ++y) {
+            for (int x = 0; x < picture.width(); ++x) above.insert(picture.pixel(x, y));
+        }
+        for (int column = 0; column < 3; ++column) {
+            EXPECT_TRUE(above.contains(qt::seriesColour(column, Qt::white).rgb()))
+                << width << " " << column;
         }
     }
 }

@@ -1,4 +1,8 @@
 // The window of the history: its line, its trigger and its words.
+#include <QApplication>
+#include <QHelpEvent>
+#include <QToolTip>
+
 #include "qt/controls/chart_colours.h"
 #include "qt/controls/line_chart_widget.h"
 #include "qt/window_test.h"
@@ -20,6 +24,11 @@ struct HistoryWindowTest : WindowTest {
         return std::abs(a.redF() - b.redF()) + std::abs(a.greenF() - b.greenF()) +
                std::abs(a.blueF() - b.blueF());
     }
+    std::string hintAt(const QPointF& place) {
+        QHelpEvent event(QEvent::ToolTip, place.toPoint(), chart()->mapToGlobal(place.toPoint()));
+        QApplication::sendEvent(chart(), &event);
+        return QToolTip::text().toStdString();
+    }
     QColor pixel(const QPointF& place) {
         const QImage picture = chart()->grab().toImage();
         return picture.pixelColor((place * picture.devicePixelRatio()).toPoint());
@@ -27,7 +36,7 @@ struct HistoryWindowTest : WindowTest {
 };
 
 TEST_F(HistoryWindowTest, TheLineGoesFromTheOldestPointToTheNewest) {
-    form().chtHistory.show("C:\\", {{-100, 1000}, {-50, 500}, {0, 0}}, std::nullopt);
+    form().chtHistory.show({{"C:\\", {{-100, 1000}, {-50, 500}, {0, 0}}, {}}});
     settle();
     const QPointF first = chart()->placeOf({-100, 1000});
     const QPointF middle = chart()->placeOf({-50, 500});
@@ -44,14 +53,14 @@ TEST_F(HistoryWindowTest, TheLineGoesFromTheOldestPointToTheNewest) {
 }
 
 TEST_F(HistoryWindowTest, APointAloneIsShown) {
-    form().chtHistory.show("C:\\", {{0, 700}}, std::nullopt);
+    form().chtHistory.show({{"C:\\", {{0, 700}}, {}}});
     settle();
     const QColor line = qt::seriesColour(0, chart()->palette().color(QPalette::Base));
     EXPECT_EQ(pixel(chart()->placeOf({0, 700})), line);
 }
 
 TEST_F(HistoryWindowTest, AScreenReaderIsToldTheLastFigureAndTheTrigger) {
-    form().chtHistory.show("C:\\", {{-7300, 1000}, {-150, 1500}}, 200);
+    form().chtHistory.show({{"C:\\", {{-7300, 1000}, {-150, 1500}}, 200}});
     settle();
     EXPECT_EQ(chart()->accessibleDescription().toStdString(),
               "C:\\, 2 minutes ago: 1,500 KB, trigger 200 KB");
@@ -60,12 +69,61 @@ TEST_F(HistoryWindowTest, AScreenReaderIsToldTheLastFigureAndTheTrigger) {
 TEST_F(HistoryWindowTest, TenThousandPointsArePaintedAndNoneToo) {
     std::vector<LineChart::Point> points;
     for (int i = 0; i < 10'080; ++i) points.push_back({i - 10'080, 1e6 + i % 100});
-    form().chtHistory.show("C:\\", points, 5e5);
+    form().chtHistory.show({{"C:\\", points, 5e5}});
     settle();
     EXPECT_FALSE(chart()->grab().isNull());
-    form().chtHistory.show("", {}, std::nullopt);
+    form().chtHistory.show({});
     settle();
     EXPECT_FALSE(chart()->grab().isNull());
+}
+
+TEST_F(HistoryWindowTest, EachPathHasALineATriggerAndAName) {
+    form().chtHistory.show(
+        {{"C:\\", {{-100, 1000}, {0, 1000}}, 800}, {"D:\\", {{-50, 300}, {0, 300}}, 100}});
+    settle();
+    const QColor base = chart()->palette().color(QPalette::Base);
+    EXPECT_EQ(pixel(chart()->placeOf({0, 1000})).rgb(), qt::lineColour(0, base).rgb());
+    EXPECT_EQ(pixel(chart()->placeOf({0, 300})).rgb(), qt::lineColour(1, base).rgb());
+    // Both share one axis: the younger line begins in the middle.
+    EXPECT_LT(distance(pixel(chart()->placeOf({-45, 300})), qt::lineColour(1, base)), 0.3);
+    EXPECT_GT(distance(pixel(chart()->placeOf({-55, 300})), qt::lineColour(1, base)), 0.5);
+    EXPECT_NE(qt::lineColour(0, base), qt::lineColour(1, base));
+    EXPECT_EQ(chart()->legend(), (QStringList{QStringLiteral("C:\\"), QStringLiteral("D:\\")}));
+    EXPECT_EQ(chart()->accessibleDescription().toStdString(),
+              "C:\\, now: 1,000 KB, trigger 800 KB; D:\\, now: 300 KB, trigger 100 KB");
+    const QPointF level = chart()->placeOf({-100, 100});
+    int dashes = 0;
+    for (int x = 0; x < 40; ++x) {
+        dashes += distance(pixel(level + QPointF(x, 0)), qt::lineColour(1, base)) < 0.3 ? 1 : 0;
+    }
+    EXPECT_GT(dashes, 5);
+    EXPECT_LT(dashes, 36);
+}
+
+TEST_F(HistoryWindowTest, TheNearestLineSaysItsNameAndItsFigure) {
+    form().chtHistory.show({{"C:\\", {{-100, 1000}, {0, 1000}}, {}},
+                            {"D:\\", {{-100, 500}, {0, 300}}, {}}});
+    settle();
+    EXPECT_EQ(hintAt(chart()->placeOf({0, 320})), "D:\\\nnow: 300 KB");
+    EXPECT_EQ(hintAt(chart()->placeOf({-100, 900})), "C:\\\n1 minute ago: 1,000 KB");
+    form().chtHistory.show({{"C:\\", {{-100, 1000}, {0, 900}}, {}}});
+    settle();
+    EXPECT_EQ(hintAt(chart()->placeOf({0, 0})), "now: 900 KB");
+}
+
+TEST_F(HistoryWindowTest, ALegendWithoutRoomSaysHowManyAreLeftOut) {
+    std::vector<LineChart::Line> lines;
+    for (int i = 0; i < 200; ++i) {
+        lines.push_back({"\\\\host\\" + std::to_string(i), {{-100, 10.0 * i}, {0, 5.0 * i}}, {}});
+    }
+    form().chtHistory.show(lines);
+    settle();
+    const QStringList legend = chart()->legend();
+    ASSERT_GT(legend.size(), 3);
+    ASSERT_LT(legend.size(), 200);
+    EXPECT_EQ(legend[2].toStdString(), "\\\\host\\2");
+    EXPECT_EQ(legend.back(), QStringLiteral("and %1 more").arg(201 - legend.size()));
+    EXPECT_LE(legend.size() * chart()->fontMetrics().height(), chart()->height());
 }
 
 TEST_F(HistoryWindowTest, OpensFromTheDriveInformation) {

@@ -201,13 +201,23 @@ void driveInformation(WindowRig& rig, Screenshots& screenshots) {
 void history(WindowRig& rig, Screenshots& screenshots) {
     velmora::FrmHistory& form = rig.program->forms().frmHistory;
     std::vector<velmora::LineChart::Point> points;
+    std::vector<velmora::LineChart::Point> others;
     constexpr int minutes = 24 * 60;
     for (int i = 0; i <= minutes; i += 5) {
         points.push_back({(i - minutes) * 60, 90e6 - 40e3 * i + 2e6 * ((i / 60) % 3)});
+        others.push_back({(i - minutes) * 60, 52e6 + 1e6 * ((i / 200) % 4)});
     }
-    form.cboPath.AddItem("C:\\");
+    form.cboPath.AddItem("All paths");
     form.cboPath.setListIndex(0);
-    form.chtHistory.show("C:\\", points, 20e6);
+    form.chtHistory.show({{"C:\\", points, 20e6},
+                          {"D:\\", others, 10e6},
+                          {"\\\\host\\archive", {{-40'000, 71e6}, {0, 70e6}}, {}}});
+    form.lblEstimate.setCaption("C:\\ full in about 14 hours");
+    form.Show();
+    screenshots.save(rig.program->window("frmHistory"), QStringLiteral("history-all"));
+    form.cboPath.AddItem("C:\\");
+    form.cboPath.setListIndex(1);
+    form.chtHistory.show({{"C:\\", points, 20e6}});
     form.lblEstimate.setCaption("full in about 14 hours");
     form.Show();
     screenshots.save(rig.program->window("frmHistory"), QStringLiteral("history"));

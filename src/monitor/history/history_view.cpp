@@ -4,12 +4,26 @@
 #include "base/date_time.h"
 #include "base/text.h"
 #include "monitor/history/full_estimate.h"
+#include "monitor/history/history_points.h"
 
 namespace velmora {
 
 namespace {
 
 constexpr const char* fileName = "\\history.csv";
+
+constexpr const char* allPaths = "All paths";
+// Of each path where all are shown: more than a line of them has pixels.
+constexpr std::size_t pointsOfEach = 1000;
+
+LineChart::Line lineOf(const std::string& path, const std::vector<SpacePoint>& points,
+                       std::optional<double> trigger, std::int64_t now) {
+    LineChart::Line line{.name = path, .points = {}, .level = trigger};
+    for (const SpacePoint& point : points) {
+        line.points.push_back({.seconds = point.seconds - now, .value = point.freeKB});
+    }
+    return line;
+}
 
 // A text as a field of comma-separated values.
 std::string field(const std::string& text) {
@@ -21,7 +35,7 @@ std::string field(const std::string& text) {
 HistoryView::HistoryView(Forms& forms, Platform& platform, Host& host)
     : form_(forms.frmHistory), form1_(forms.form1), platform_(platform), host_(host) {
     forms.dlgDriveInfo.cmdHistory.Click.connect([this] { open(); });
-    form_.cboPath.Click.connect([this] { showPath(); });
+    form_.cboPath.Click.connect([this] { showChosen(); });
     form_.cmdExport.Click.connect([this] { cmdExport_Click(); });
     form_.cmdClose.Click.connect([this] { form_.Hide(); });
 }
@@ -39,42 +53,73 @@ void HistoryView::recordRows(int last) {
         const auto free = readKilobytes(row.freeSpace(), platform_.regional);
         if (free) history_.add(row.path(), {.seconds = seconds, .freeKB = *free});
     }
-    if (form_.Visible()) showPath();
+    if (!form_.Visible()) return;
+    if (listed_ != history_.paths()) {
+        fillPaths();
+    } else {
+        showChosen();
+    }
 }
 
 void HistoryView::open() {
-    const std::string before = form_.cboPath.Text();
-    form_.cboPath.Clear();
-    form_.cboPath.setText("");
-    int chosen = 0;
-    for (const std::string& path : history_.paths()) {
-        if (path == before) chosen = form_.cboPath.ListCount();
-        form_.cboPath.AddItem(path);
-    }
-    if (history_.paths().empty()) {
-        showPath();
-    } else {
-        form_.cboPath.setListIndex(chosen);
-    }
+    fillPaths();
     form_.Show();
 }
 
-void HistoryView::showPath() {
+// What was chosen before stays chosen.
+void HistoryView::fillPaths() {
+    const std::string before = form_.cboPath.Text();
+    listed_ = history_.paths();
+    form_.cboPath.Clear();
+    form_.cboPath.setText("");
+    if (listed_.size() > 1) form_.cboPath.AddItem(allPaths);
+    int chosen = 0;
+    for (const std::string& path : listed_) {
+        if (path == before) chosen = form_.cboPath.ListCount();
+        form_.cboPath.AddItem(path);
+    }
+    if (listed_.empty()) {
+        showChosen();
+    } else {
+        form_.cboPath.setListIndex(chosen);
+    }
+}
+
+void HistoryView::showChosen() {
     const std::string path = form_.cboPath.Text();
-    const SpaceRing* ring = history_.of(path);
-    if (ring == nullptr) {
-        form_.chtHistory.show("", {}, std::nullopt);
+    if (listed_.empty()) {
+        form_.chtHistory.show({});
         form_.lblEstimate.setCaption("Nothing was checked yet.");
-        return;
+    } else if (path == allPaths) {
+        showAll();
+    } else {
+        showPath(path);
     }
-    std::vector<LineChart::Point> points;
-    const std::int64_t present = now();
-    for (std::size_t i = 0; i < ring->size(); ++i) {
-        const SpacePoint point = ring->at(i);
-        points.push_back({.seconds = point.seconds - present, .value = point.freeKB});
+}
+
+void HistoryView::showPath(const std::string& path) {
+    const SpaceRing* ring = history_.of(path);
+    // Another path may have taken its place.
+    if (ring == nullptr) return fillPaths();
+    form_.chtHistory.show({lineOf(path, pointsOf(*ring), triggerKB(path), now())});
+    form_.lblEstimate.setCaption(fullText(secondsUntilFull(*ring, now())));
+}
+
+// The words are about the drive that is full first.
+void HistoryView::showAll() {
+    std::vector<LineChart::Line> lines;
+    std::optional<double> soonest;
+    std::string which;
+    for (const std::string& path : history_.paths()) {
+        const SpaceRing& ring = *history_.of(path);
+        lines.push_back(lineOf(path, thinned(ring, pointsOfEach), triggerKB(path), now()));
+        const std::optional<double> seconds = secondsUntilFull(ring, now());
+        if (!seconds || (soonest && *soonest <= *seconds)) continue;
+        soonest = seconds;
+        which = path;
     }
-    form_.chtHistory.show(path, std::move(points), triggerKB(path));
-    form_.lblEstimate.setCaption(fullText(secondsUntilFull(*ring, present)));
+    form_.chtHistory.show(std::move(lines));
+    form_.lblEstimate.setCaption(soonest ? which + " " + fullText(soonest) : "");
 }
 
 std::optional<double> HistoryView::triggerKB(const std::string& path) const {

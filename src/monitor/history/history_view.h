@@ -4,6 +4,7 @@
 #include <limits>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "forms/forms.h"
 #include "monitor/history/space_history.h"
@@ -27,7 +28,10 @@ class HistoryView {
 
   private:
     void open();
-    void showPath();
+    void fillPaths();
+    void showChosen();
+    void showPath(const std::string& path);
+    void showAll();
     void cmdExport_Click();
     std::int64_t now() const;
     std::optional<double> triggerKB(const std::string& path) const;
@@ -37,6 +41,7 @@ class HistoryView {
     Platform& platform_;
     Host& host_;
     SpaceHistory history_;
+    std::vector<std::string> listed_;  // the paths to choose from
 };
 
 }  // namespace velmora

@@ -43,6 +43,7 @@ class BarFace : public ChartFace {
     void chooseTicks(const QFontMetricsF& metrics);
     double xOf(double value) const;
     void paintHead(QPainter& painter, const QPalette& palette) const;
+    void layLegend(const QRectF& inner, const QFontMetricsF& metrics, double swatch);
     void paintLegend(QPainter& painter, const QPalette& palette) const;
     void paintAxis(QPainter& painter, const QPalette& palette) const;
     void paintRows(QPainter& painter, const State& state) const;
@@ -52,6 +53,7 @@ class BarFace : public ChartFace {
     Regional regional_;
     double greatest_ = 0;
     QRectF head_;
+    std::vector<QRectF> legend_;  // by column
     QRectF window_;
     QRectF axis_;
     double plotLeft_ = 0;
@@ -76,18 +78,37 @@ void BarFace::chooseTicks(const QFontMetricsF& metrics) {
     ticks_ = axisTicks(greatest_, static_cast<int>(width / (widest + tickSpace)) + 1);
 }
 
+// Entries go to the next line where the room ends, so that none is missing.
+void BarFace::layLegend(const QRectF& inner, const QFontMetricsF& metrics, double swatch) {
+    legend_.clear();
+    if (!data_.showLegend) return;
+    double x = plotLeft_;
+    double y = head_.top();
+    for (const QString& column : data_.columns) {
+        const double needed = swatch + metrics.horizontalAdvance(column) + 1;
+        if (x > plotLeft_ && x + needed > inner.right()) {
+            x = plotLeft_;
+            y += lineHeight_;
+        }
+        legend_.emplace_back(x, y, std::min(needed, inner.right() - plotLeft_), lineHeight_);
+        x += needed + tickSpace;
+    }
+    if (!legend_.empty()) head_.setBottom(legend_.back().bottom());
+}
+
 void BarFace::layOut(const QSizeF& room, const QFont& font) {
     const QFontMetricsF metrics(font);
     lineHeight_ = std::ceil(metrics.height());
     const QRectF inner =
         QRectF(QPointF(0, 0), room).adjusted(chartMargin, chartMargin, -chartMargin, -chartMargin);
+    const double labels = labelWidth(inner.width(), metrics);
+    plotLeft_ = inner.left() + labels + barLabelGap;
     head_ = {inner.left(), inner.top(), inner.width(), lineHeight_};
+    layLegend(inner, metrics, swatchWidth(font));
     const double axisHeight = 2 * lineHeight_ + lineSpace;
     axis_ = {inner.left(), inner.bottom() - axisHeight, inner.width(), axisHeight};
     window_ = {inner.left(), head_.bottom() + lineSpace, inner.width(),
                std::max(0.0, axis_.top() - head_.bottom() - 2 * lineSpace)};
-    const double labels = labelWidth(inner.width(), metrics);
-    plotLeft_ = inner.left() + labels + barLabelGap;
     // Half of the last number lies beyond the last tick.
     const double overhang = metrics.horizontalAdvance(tickText(axisTicks(greatest_, 2).back())) / 2;
     plotRight_ = std::max(plotLeft_ + 1, inner.right() - overhang);
@@ -112,24 +133,20 @@ void BarFace::paint(QPainter& painter, const State& state) const {
 void BarFace::paintHead(QPainter& painter, const QPalette& palette) const {
     painter.setPen(quietInk(palette));
     const QRectF heading(head_.left(), head_.top(), plotLeft_ - barLabelGap - head_.left(),
-                         head_.height());
+                         lineHeight_);
     paintShortened(painter, heading, Qt::AlignRight | Qt::AlignVCenter, data_.axisTitles[0]);
     if (data_.showLegend) paintLegend(painter, palette);
 }
 
 void BarFace::paintLegend(QPainter& painter, const QPalette& palette) const {
-    const QFontMetricsF metrics(painter.font());
-    const double swatch = swatchWidth(painter.font());
-    double x = plotLeft_;
-    for (qsizetype i = 0; i < data_.columns.size(); ++i) {
-        const double width = metrics.horizontalAdvance(data_.columns[i]);
-        if (x + swatch + width > head_.right()) break;
-        paintSwatch(painter, {x, head_.top(), swatch, head_.height()},
+    for (std::size_t i = 0; i < legend_.size(); ++i) {
+        QRectF entry = legend_[i];
+        paintSwatch(painter, entry,
                     seriesColour(static_cast<int>(i), palette.color(QPalette::Base)));
         painter.setPen(palette.color(QPalette::Text));
-        painter.drawText(QRectF(x + swatch, head_.top(), width + 1, head_.height()),
-                         Qt::AlignVCenter | Qt::TextSingleLine, data_.columns[i]);
-        x += swatch + width + tickSpace;
+        entry.setLeft(entry.left() + swatchWidth(painter.font()));
+        paintShortened(painter, entry, Qt::AlignVCenter,
+                       data_.columns[static_cast<qsizetype>(i)]);
     }
 }
 

@@ -35,6 +35,13 @@ QColor seriesColour(int column, const QColor& ground) {
     return visibleOn(ground, QColor(colour));
 }
 
+QColor lineColour(int line, const QColor& ground) {
+    constexpr int deeper = 150;  // percent
+    const auto count = static_cast<int>(std::size(hues));
+    const QColor colour(hues[line % count]);
+    return visibleOn(ground, line / count % 2 == 0 ? colour : colour.darker(deeper));
+}
+
 std::vector<QColor> wedgeColours(const std::vector<double>& values, const QColor& ground) {
     std::vector<std::size_t> bySize(values.size());
     std::iota(bySize.begin(), bySize.end(), std::size_t{0});

@@ -1,6 +1,7 @@
 #include "qt/controls/line_chart_widget.h"
 
 #include <QHelpEvent>
+#include <QLineF>
 #include <QPainter>
 #include <QPainterPath>
 #include <QToolTip>
@@ -18,7 +19,11 @@ namespace velmora::qt {
 
 namespace {
 
-constexpr int levelColumn = 1;  // of the colours: the line has the first one
+constexpr int levelColumn = 1;  // of the colours
+constexpr double besideAxis = 8;
+constexpr double belowAxis = 6;
+constexpr double legendGap = 16;
+constexpr double legendAtMost = 0.3;  // of the width
 
 // "now", "20 minutes ago", "3 hours ago", "2 days ago".
 QString ago(std::int64_t seconds) {
@@ -43,29 +48,49 @@ LineChartWidget::LineChartWidget(LineChart& field, Regional regional, QWidget* p
     bindField(this, field, [this] { refresh(); });
 }
 
+QString LineChartWidget::words(const LineChart::Line& line) const {
+    QString words = shown(line.name) + QStringLiteral(", ") + hint(line.points.back());
+    if (line.level) words += QStringLiteral(", trigger ") + kilobytes(*line.level, regional_);
+    return words;
+}
+
 void LineChartWidget::refresh() {
-    points_ = field_.points();
-    level_ = field_.level();
-    QString words = shown(field_.Title());
-    if (!points_.empty()) words += QStringLiteral(", ") + hint(points_.back());
-    if (level_) words += QStringLiteral(", trigger ") + kilobytes(*level_, regional_);
-    setAccessibleDescription(words);
+    lines_ = field_.lines();
+    QStringList all;
+    for (const LineChart::Line& line : lines_) all.append(words(line));
+    setAccessibleDescription(all.join(QStringLiteral("; ")));
     update();
+}
+
+double LineChartWidget::legendWidth() const {
+    if (lines_.size() < 2) return 0;
+    double widest = 0;
+    for (const LineChart::Line& line : lines_) {
+        widest = std::max(widest, fontMetrics().horizontalAdvance(shown(line.name)) + 1.0);
+    }
+    return std::min(swatchWidth(font()) + widest, legendAtMost * width());
 }
 
 LineChartWidget::Scale LineChartWidget::scale() const {
     constexpr int lines = 3;  // of text between two marks
     const QFontMetricsF metrics(font());
-    double most = level_.value_or(0);
-    for (const LineChart::Point& point : points_) most = std::max(most, point.value);
-    const double room = height() - 2 * chartMargin - metrics.height();
+    double most = 0;
     Scale scale;
+    for (const LineChart::Line& line : lines_) {
+        most = std::max(most, line.level.value_or(0));
+        for (const LineChart::Point& point : line.points) most = std::max(most, point.value);
+        scale.span = std::max(scale.span, static_cast<double>(-line.points.front().seconds));
+    }
+    const double room = height() - 2 * chartMargin - metrics.height();
     scale.marks = axisTicks(most, std::max(2, static_cast<int>(room / (lines * metrics.height()))));
     const double label = metrics.horizontalAdvance(kilobytes(scale.marks.back(), regional_));
-    scale.plot =
-        QRectF(rect()).adjusted(chartMargin + label + 8, chartMargin + metrics.height() / 2,
-                                -chartMargin - 8, -chartMargin - metrics.height() - 6);
-    scale.span = points_.empty() ? 0 : static_cast<double>(-points_.front().seconds);
+    const double names = legendWidth();
+    const double right = names > 0 ? chartMargin + names + legendGap : chartMargin + besideAxis;
+    scale.plot = QRectF(rect()).adjusted(chartMargin + label + besideAxis,
+                                         chartMargin + metrics.height() / 2, -right,
+                                         -chartMargin - metrics.height() - belowAxis);
+    scale.legend = {width() - chartMargin - names, scale.plot.top() - metrics.height() / 2, names,
+                    scale.plot.height() + metrics.height()};
     return scale;
 }
 
@@ -78,6 +103,10 @@ QPointF LineChartWidget::placeOf(const LineChart::Point& point) const {
     return scale().placeOf(point);
 }
 
+QColor LineChartWidget::colourOf(std::size_t line) const {
+    return lineColour(static_cast<int>(line), palette().color(QPalette::Base));
+}
+
 void LineChartWidget::paintAxis(QPainter& painter, const Scale& scale) const {
     const double line = fontMetrics().height();
     for (const double mark : scale.marks) {
@@ -85,34 +114,43 @@ void LineChartWidget::paintAxis(QPainter& painter, const Scale& scale) const {
         painter.setPen(gridInk(palette()));
         painter.drawLine(QPointF(scale.plot.left(), y), QPointF(scale.plot.right(), y));
         painter.setPen(quietInk(palette()));
-        painter.drawText(QRectF(0, y - line / 2, scale.plot.left() - 8, line),
+        painter.drawText(QRectF(0, y - line / 2, scale.plot.left() - besideAxis, line),
                          Qt::AlignRight | Qt::AlignVCenter, kilobytes(mark, regional_));
     }
-    const QRectF below(scale.plot.left(), scale.plot.bottom() + 6, scale.plot.width(), line);
-    painter.drawText(below, Qt::AlignLeft, ago(-points_.front().seconds));
+    const QRectF below(scale.plot.left(), scale.plot.bottom() + belowAxis, scale.plot.width(),
+                       line);
+    painter.drawText(below, Qt::AlignLeft, ago(static_cast<std::int64_t>(scale.span)));
     painter.drawText(below, Qt::AlignRight, QStringLiteral("now"));
 }
 
-void LineChartWidget::paintLevel(QPainter& painter, const Scale& scale) const {
-    if (!level_) return;
-    const double y = scale.yOf(*level_);
-    const QColor colour = seriesColour(levelColumn, palette().color(QPalette::Base));
-    painter.setPen(QPen(colour, 1.5, Qt::DashLine));
-    painter.drawLine(QPointF(scale.plot.left(), y), QPointF(scale.plot.right(), y));
-    painter.drawText(QPointF(scale.plot.left() + 6, y - 4), QStringLiteral("Trigger"));
+// The level of a line alone says what it is; among others it has the colour of its line.
+void LineChartWidget::paintLevels(QPainter& painter, const Scale& scale) const {
+    const bool alone = lines_.size() == 1;
+    for (std::size_t i = 0; i < lines_.size(); ++i) {
+        if (!lines_[i].level) continue;
+        const double y = scale.yOf(*lines_[i].level);
+        const QColor colour =
+            alone ? seriesColour(levelColumn, palette().color(QPalette::Base)) : colourOf(i);
+        painter.setPen(QPen(colour, 1.5, Qt::DashLine));
+        painter.drawLine(QPointF(scale.plot.left(), y), QPointF(scale.plot.right(), y));
+        if (alone) {
+            painter.drawText(QPointF(scale.plot.left() + 6, y - 4), QStringLiteral("Trigger"));
+        }
+    }
 }
 
 // Of the points in one column of pixels the lowest and the highest are drawn: ten thousand would
 // make a thick line, and a short fall must not get lost.
-void LineChartWidget::paintLine(QPainter& painter, const Scale& scale) const {
-    const QColor colour = seriesColour(0, palette().color(QPalette::Base));
-    QPainterPath path(scale.placeOf(points_.front()));
-    for (std::size_t i = 0; i < points_.size();) {
-        QPointF lowest = scale.placeOf(points_[i]);
+void LineChartWidget::paintLine(QPainter& painter, const Scale& scale, std::size_t line) const {
+    const std::vector<LineChart::Point>& points = lines_[line].points;
+    const QColor colour = colourOf(line);
+    QPainterPath path(scale.placeOf(points.front()));
+    for (std::size_t i = 0; i < points.size();) {
+        QPointF lowest = scale.placeOf(points[i]);
         QPointF highest = lowest;
         const double column = lowest.x();
-        for (; i < points_.size(); ++i) {
-            const QPointF place = scale.placeOf(points_[i]);
+        for (; i < points.size(); ++i) {
+            const QPointF place = scale.placeOf(points[i]);
             if (place.x() - column >= 1) break;
             if (place.y() > lowest.y()) lowest = place;
             if (place.y() < highest.y()) highest = place;
@@ -120,42 +158,86 @@ void LineChartWidget::paintLine(QPainter& painter, const Scale& scale) const {
         path.lineTo(highest);
         path.lineTo(lowest);
     }
-    const QPointF last = scale.placeOf(points_.back());
+    const QPointF last = scale.placeOf(points.back());
     path.lineTo(last);
     painter.setPen(QPen(colour, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setBrush(Qt::NoBrush);
     painter.drawPath(path);
     painter.setBrush(colour);
     painter.drawEllipse(last, 3, 3);
 }
 
+QStringList LineChartWidget::legend() const {
+    QStringList names;
+    if (lines_.size() < 2) return names;
+    const auto room = static_cast<std::size_t>(
+        std::max(1.0, scale().legend.height() / QFontMetricsF(font()).height()));
+    for (const LineChart::Line& line : lines_) names.append(shown(line.name));
+    if (lines_.size() <= room) return names;
+    names.resize(static_cast<qsizetype>(room) - 1);
+    names.append(QStringLiteral("and %1 more").arg(lines_.size() + 1 - room));
+    return names;
+}
+
+void LineChartWidget::paintLegend(QPainter& painter, const Scale& scale) const {
+    const QStringList names = legend();
+    const double high = QFontMetricsF(font()).height();
+    const bool all = names.size() == static_cast<qsizetype>(lines_.size());
+    for (qsizetype i = 0; i < names.size(); ++i) {
+        QRectF line(scale.legend.left(), scale.legend.top() + static_cast<double>(i) * high,
+                    scale.legend.width(), high);
+        const bool isName = all || i + 1 < names.size();
+        if (isName) paintSwatch(painter, line, colourOf(static_cast<std::size_t>(i)));
+        painter.setPen(isName ? palette().color(QPalette::Text) : quietInk(palette()));
+        line.setLeft(line.left() + swatchWidth(font()));
+        paintShortened(painter, line, Qt::AlignLeft | Qt::AlignVCenter, names[i]);
+    }
+}
+
 void LineChartWidget::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    if (points_.empty()) {
+    if (lines_.empty()) {
         painter.setPen(quietInk(palette()));
         painter.drawText(rect(), Qt::AlignCenter, QStringLiteral("Nothing was checked yet."));
         return;
     }
     const Scale places = scale();
     paintAxis(painter, places);
-    paintLevel(painter, places);
-    painter.setBrush(Qt::NoBrush);
-    paintLine(painter, places);
+    paintLevels(painter, places);
+    for (std::size_t i = 0; i < lines_.size(); ++i) paintLine(painter, places, i);
+    paintLegend(painter, places);
 }
 
 QString LineChartWidget::hint(const LineChart::Point& point) const {
     return ago(-point.seconds) + QStringLiteral(": ") + kilobytes(point.value, regional_);
 }
 
+// Of the line that is nearest, its point in the column of the pointer.
+QString LineChartWidget::hintAt(const QPointF& place) const {
+    const Scale places = scale();
+    const LineChart::Line* line = nullptr;
+    const LineChart::Point* point = nullptr;
+    double least = 0;
+    for (const LineChart::Line& each : lines_) {
+        const auto across = [&](const LineChart::Point& at) {
+            return std::abs(places.placeOf(at).x() - place.x());
+        };
+        const LineChart::Point& nearest = *std::ranges::min_element(each.points, {}, across);
+        const double away = QLineF(places.placeOf(nearest), place).length();
+        if (line != nullptr && away >= least) continue;
+        line = &each;
+        point = &nearest;
+        least = away;
+    }
+    if (lines_.size() < 2) return hint(*point);
+    return shown(line->name) + QLatin1Char('\n') + hint(*point);
+}
+
 bool LineChartWidget::event(QEvent* event) {
-    if (event->type() != QEvent::ToolTip || points_.empty()) return QWidget::event(event);
+    if (event->type() != QEvent::ToolTip || lines_.empty()) return QWidget::event(event);
     const auto* help = static_cast<QHelpEvent*>(event);
-    const auto nearest =
-        std::min_element(points_.begin(), points_.end(), [&](const auto& a, const auto& b) {
-            return std::abs(placeOf(a).x() - help->pos().x()) <
-                   std::abs(placeOf(b).x() - help->pos().x());
-        });
-    QToolTip::showText(help->globalPos(), hint(*nearest), this);
+    QToolTip::showText(help->globalPos(), hintAt(help->pos()), this);
     return true;
 }
 

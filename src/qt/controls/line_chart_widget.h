@@ -1,4 +1,4 @@
-// A line over time, with a level as a dashed line. What the pointer is over says its figure.
+// Lines over time, each with a level as a dashed line. What the pointer is over says its figure.
 #pragma once
 
 #include <QWidget>
@@ -16,6 +16,9 @@ class LineChartWidget : public QWidget {
     QSize minimumSizeHint() const override { return {280, 160}; }
     /// Where a point is painted.
     QPointF placeOf(const LineChart::Point& point) const;
+    /// The names that the legend shows in the order of the lines; where not all have room the last
+    /// one says how many are left out. None for a single line.
+    QStringList legend() const;
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -26,6 +29,7 @@ class LineChartWidget : public QWidget {
     /// Where figures lie, worked out once for many of them.
     struct Scale {
         QRectF plot;
+        QRectF legend;
         std::vector<double> marks;
         double span = 0;  ///< seconds from the oldest point to now
 
@@ -35,15 +39,19 @@ class LineChartWidget : public QWidget {
         QPointF placeOf(const LineChart::Point& point) const;
     };
     Scale scale() const;
+    double legendWidth() const;
+    QColor colourOf(std::size_t line) const;
     void paintAxis(QPainter& painter, const Scale& scale) const;
-    void paintLevel(QPainter& painter, const Scale& scale) const;
-    void paintLine(QPainter& painter, const Scale& scale) const;
+    void paintLevels(QPainter& painter, const Scale& scale) const;
+    void paintLine(QPainter& painter, const Scale& scale, std::size_t line) const;
+    void paintLegend(QPainter& painter, const Scale& scale) const;
+    QString words(const LineChart::Line& line) const;
     QString hint(const LineChart::Point& point) const;
+    QString hintAt(const QPointF& place) const;
 
     const LineChart& field_;
     Regional regional_;
-    std::vector<LineChart::Point> points_;
-    std::optional<double> level_;
+    std::vector<LineChart::Line> lines_;
 };
 
 }  // namespace velmora::qt

@@ -31,8 +31,8 @@ DateTime LinuxClock::localTime(time_t moment) {
 
 std::int64_t LinuxClock::GetTickCount() {
     timespec now{};
-    // To a few milliseconds, as timers need it, and asked for at every yield.
-    clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
+    // Counts on while the machine sleeps, as Windows' count does.
+    clock_gettime(CLOCK_BOOTTIME, &now);
     return static_cast<std::int64_t>(now.tv_sec) * 1000 + now.tv_nsec / 1'000'000;
 }
 
