@@ -20,6 +20,7 @@ class QuietHost final : public Host {
     std::string BrowseForFolder(const std::string&) override { return {}; }
     std::string OpenFileDialog(const FileDialog&) override { return {}; }
     void Beep() override {}
+    void Note(const std::string&) override {}
     void DoEvents() override { timers_.fireDue(); }
 
     std::optional<BoxAnswer> answer;  ///< to every box; none dismisses it

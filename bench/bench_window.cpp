@@ -1,13 +1,16 @@
-// The window at work, as the real program shows it: bench_window start|rest|alerts.
+// The window at work, as the real program shows it: bench_window start|rest|alerts|inspect.
 //
 //   start   prints "painted" once the main window has been painted, and ends
 //   rest    watches 26 rows and idles for a minute: memory and processor time
 //   alerts  a hundred thousand alerts with their page open, compared with the list alone
+//   inspect a boot sector decoded, the drive information opened and its chart painted with 200 rows
+#include <fcntl.h>
 #include <sys/resource.h>
 #include <unistd.h>
 
 #include <QApplication>
 #include <QEvent>
+#include <QTableWidget>
 #include <QTimer>
 #include <cstdio>
 #include <cstdlib>
@@ -16,6 +19,8 @@
 
 #include "app/window_program.h"
 #include "bench_program.h"
+#include "inspect/sectors/sector_decoder.h"
+#include "rows/watch_row.h"
 
 using namespace velmora;
 
@@ -106,6 +111,85 @@ int alertsBesideTheList(WindowProgram& program) {
     std::_Exit(0);
 }
 
+void decode() {
+    constexpr int rounds = 100'000;
+    std::string sector(sector::size, '\x5A');
+    std::size_t made = 0;
+    const double decoding = bench::seconds([&] {
+        for (int i = 0; i < rounds; ++i) {
+            sector[static_cast<std::size_t>(i) % sector.size()] = static_cast<char>(i);
+            made += decodeSector(sector, recordOf("FAT32"), Regional{}).size();
+            made += dumpOf(sector).bytes.size();
+        }
+    });
+    const int zeros = open("/dev/zero", O_RDONLY | O_CLOEXEC);
+    const double reading = bench::seconds([&] {
+        for (int i = 0; i < rounds; ++i) {
+            if (pread(zeros, sector.data(), sector.size(), 0) < 0) std::abort();
+        }
+    });
+    close(zeros);
+    std::printf("a boot sector decoded and dumped: %.0f ns, %zu rows and digits in all; 512 bytes "
+                "read: %.0f ns: %.1f times\n",
+                decoding / rounds * 1e9, made, reading / rounds * 1e9, decoding / reading);
+}
+
+void fillWatchList(ListView& list, int count) {
+    list.Clear();
+    for (int i = 0; i < count; ++i) {
+        WatchRow row(list.Add("\\\\host\\share" + std::to_string(i)));
+        row.setFreeSpace(std::to_string(1000 * (i + 1)) + " KB");
+        row.setTotalSize("4,000,000 KB");
+    }
+}
+
+// The same rows in a plain table of Qt's, shown and painted.
+double plainTable(int count) {
+    return bench::seconds([&] {
+        QTableWidget table(count, 3);
+        table.resize(700, 500);
+        for (int row = 0; row < count; ++row) {
+            for (int column = 0; column < 3; ++column) {
+                table.setItem(row, column, new QTableWidgetItem(QString::number(row * 1000)));
+            }
+        }
+        table.show();
+        settle();
+    });
+}
+
+int inspect(WindowProgram& program) {
+    constexpr int most = 200;
+    constexpr int repaints = 100;
+    decode();
+    DlgDriveInfo& dialog = program.forms().dlgDriveInfo;
+    for (const int count : {1, most, 1, most}) {
+        fillWatchList(program.forms().form1.ListView1, count);
+        const double opening = bench::seconds([&] {
+            dialog.Show();
+            settle();
+        });
+        std::printf("drive information opened with %d rows: %.1f ms, a plain table of them: %.1f ms\n",
+                    count, opening * 1000, plainTable(count) * 1000);
+        if (count == 1) dialog.unloadNow();
+    }
+    QWidget* window = program.window("dlgDriveInfo");
+    const double painting = bench::seconds([&] {
+        for (int i = 0; i < repaints; ++i) window->repaint();
+    });
+    QTableWidget table(most, 3);
+    table.resize(window->size());
+    table.show();
+    settle();
+    const double plain = bench::seconds([&] {
+        for (int i = 0; i < repaints; ++i) table.viewport()->repaint();
+    });
+    std::printf("the dialog painted anew: %.2f ms, a plain table as large: %.2f ms: %.1f times\n",
+                painting / repaints * 1000, plain / repaints * 1000, painting / plain);
+    std::fflush(stdout);
+    std::_Exit(0);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -119,6 +203,7 @@ int main(int argc, char** argv) {
     program.load();
     if (mode == "rest") return rest(program);
     settle();
+    if (mode == "inspect") return inspect(program);
     if (mode == "alerts") return alertsBesideTheList(program);
     return QApplication::exec();
 }

@@ -24,7 +24,7 @@ def main():
     painted(program)
     start = statistics.median(painted(program) for _ in range(ROUNDS))
     print(f"\nThe window\nstart to a painted window: {start * 1000:.0f} ms")
-    for mode in ("alerts", "rest"):
+    for mode in ("alerts", "inspect", "rest"):
         subprocess.run([program, mode], stderr=subprocess.DEVNULL, env=SURROUNDINGS, check=True)
 
 

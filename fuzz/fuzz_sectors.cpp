@@ -1,5 +1,7 @@
 // Boot sectors from any bytes: every record has its rows, and every dump its lines. The first byte
-// chooses the file system, the rest is the sector, filled up with zeros.
+// chooses the file system: one that is known, or the name in the eight bytes behind it. The rest is
+// the sector, filled up with zeros.
+#include <algorithm>
 #include <array>
 #include <string>
 
@@ -16,8 +18,16 @@ struct KnownRecord {
     const char* name;
     std::size_t rows;
 };
-constexpr std::array<KnownRecord, 6> records{
-    {{"FAT12", 14}, {"FAT16", 14}, {"FAT32", 21}, {"NTFS", 12}, {"EXFAT", 0}, {"", 0}}};
+constexpr std::array<KnownRecord, 4> records{
+    {{"FAT12", 14}, {"FAT16", 14}, {"FAT32", 21}, {"NTFS", 12}}};
+constexpr std::size_t nameSize = 8;
+
+std::size_t rowsOf(std::string_view name) {
+    for (const KnownRecord& record : records) {
+        if (name == record.name) return record.rows;
+    }
+    return 0;
+}
 
 void checkRows(std::string_view sector, std::span<const SectorField> fields, std::size_t count) {
     const auto rows = decodeSector(sector, fields, Regional{});
@@ -40,10 +50,18 @@ void checkDump(std::string_view sector) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size == 0) return 0;
-    const KnownRecord& record = records[data[0] % records.size()];
-    std::string sector(asText(data + 1, size - 1));
+    std::string_view input = asText(data + 1, size - 1);
+    std::string_view name;
+    if (data[0] % 2 == 0) {
+        name = records[data[0] / 2 % records.size()].name;
+    } else {
+        name = input.substr(0, nameSize);
+        name = name.substr(0, name.find('\0'));
+        input.remove_prefix(std::min(nameSize, input.size()));
+    }
+    std::string sector(input);
     sector.resize(sector::size, '\0');
-    checkRows(sector, recordOf(record.name), record.rows);
+    checkRows(sector, recordOf(name), rowsOf(name));
     checkRows(sector, sector::fsInfoSector, 2);
     checkDump(sector);
     for (std::size_t place = 0; place + 8 <= 64; place += 8) {

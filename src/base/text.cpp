@@ -129,6 +129,15 @@ std::string trim(std::string_view text) {
     return std::string(text.substr(first, text.find_last_not_of(' ') - first + 1));
 }
 
+std::string asciiUpperCase(std::string_view text) {
+    constexpr char distance = 'a' - 'A';
+    std::string upper(text);
+    for (char& letter : upper) {
+        if (letter >= 'a' && letter <= 'z') letter = static_cast<char>(letter - distance);
+    }
+    return upper;
+}
+
 std::vector<std::string> split(std::string_view text, std::string_view separator) {
     std::vector<std::string> parts;
     std::size_t from = 0;

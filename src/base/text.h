@@ -45,6 +45,9 @@ std::string trim(std::string_view text);
 /// Invalid bytes stay.
 std::string lowerCase(std::string_view text);
 
+/// Upper case of the letters a to z. Everything else stays.
+std::string asciiUpperCase(std::string_view text);
+
 /// The texts between the separators, at least one, empty ones included. An empty
 /// separator separates nothing.
 std::vector<std::string> split(std::string_view text, std::string_view separator);

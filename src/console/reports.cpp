@@ -22,7 +22,7 @@ std::string driveOf(const std::string& word) {
                          std::isalpha(static_cast<unsigned char>(word[0])) != 0 &&
                          std::string_view(":\\").starts_with(std::string_view(word).substr(1));
     if (!isDrive) throw CommandError("not a drive: " + word);
-    return {static_cast<char>(std::toupper(static_cast<unsigned char>(word[0]))), ':'};
+    return asciiUpperCase(word.substr(0, 1)) + ':';
 }
 
 // A table of names and values as lines.

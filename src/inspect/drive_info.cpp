@@ -1,6 +1,5 @@
 #include "inspect/drive_info.h"
 
-#include <cctype>
 #include <cstdlib>
 
 #include "base/convert.h"
@@ -120,8 +119,7 @@ std::vector<std::string> DriveInfo::drives() {
     platform_.kernel32.GetLogicalDriveStringsA(drivesBuffer, buffer);
     std::vector<std::string> names;
     for (std::size_t at = 0; at + 1 < buffer.size() && buffer[at] != '\0'; at += drivesApart) {
-        names.push_back(buffer.substr(at, 2));
-        names.back()[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(buffer[at])));
+        names.push_back(asciiUpperCase(buffer.substr(at, 2)));
     }
     return names;
 }

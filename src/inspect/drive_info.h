@@ -27,8 +27,6 @@ class DriveInfo {
     /// number.
     void prcSpaceChangeRates();
 
-    BootSectorReader& bootSectorReader() { return reader_; }
-
   private:
     void Form_Load();
     void Form_Unload();

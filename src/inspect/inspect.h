@@ -15,7 +15,6 @@ class Inspect {
           driveInfo_(forms, platform, host) {}
 
     WaitTest& waitTest() { return waitTest_; }
-    DriveInfo& driveInfo() { return driveInfo_; }
 
   private:
     WaitTest waitTest_;

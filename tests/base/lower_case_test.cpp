@@ -34,5 +34,11 @@ TEST(LowerCase, TakesInvalidBytesAlongBetweenLetters) {
     EXPECT_EQ(lowerCase("A\xC3Z\xFF\u00C9"), "a\xC3z\xFF\u00E9");
 }
 
+TEST(AsciiUpperCase, ChangesLettersFromAToZOnly) {
+    EXPECT_EQ(asciiUpperCase("azAZ`{c:\\ fat32"), "AZAZ`{C:\\ FAT32");
+    EXPECT_EQ(asciiUpperCase("\u00E4\u00FF"), "\u00E4\u00FF");
+    EXPECT_EQ(asciiUpperCase(""), "");
+}
+
 }  // namespace
 }  // namespace velmora

@@ -1,9 +1,8 @@
 #include "inspect/sectors/volume_reading.h"
 
-#include <algorithm>
-#include <cctype>
 
 #include "base/scope_guard.h"
+#include "base/text.h"
 #include "inspect/sectors/sector_text.h"
 
 namespace velmora {
@@ -49,10 +48,7 @@ std::string fileSystemName(RawVolumes& volumes, const std::string& drive) {
     std::string label(nameBuffer, ' ');
     std::string name(nameBuffer, ' ');
     volumes.GetVolumeInformationA(drive + '\\', label, name);
-    name = fCutAtNull(name);
-    std::transform(name.begin(), name.end(), name.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
-    return name;
+    return asciiUpperCase(fCutAtNull(name));
 }
 
 VolumeReport readVolume(RawVolumes& volumes, const std::string& drive, const Regional& regional) {

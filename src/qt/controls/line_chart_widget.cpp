@@ -22,8 +22,8 @@ namespace {
 constexpr int levelColumn = 1;  // of the colours
 constexpr double besideAxis = 8;
 constexpr double belowAxis = 6;
-constexpr double legendGap = 16;
-constexpr double legendAtMost = 0.3;  // of the width
+constexpr double namesGap = 16;
+constexpr double namesAtMost = 0.3;  // of the width
 
 // "now", "20 minutes ago", "3 hours ago", "2 days ago".
 QString ago(std::int64_t seconds) {
@@ -68,7 +68,7 @@ double LineChartWidget::legendWidth() const {
     for (const LineChart::Line& line : lines_) {
         widest = std::max(widest, fontMetrics().horizontalAdvance(shown(line.name)) + 1.0);
     }
-    return std::min(swatchWidth(font()) + widest, legendAtMost * width());
+    return std::min(swatchWidth(font()) + widest, namesAtMost * width());
 }
 
 LineChartWidget::Scale LineChartWidget::scale() const {
@@ -85,7 +85,7 @@ LineChartWidget::Scale LineChartWidget::scale() const {
     scale.marks = axisTicks(most, std::max(2, static_cast<int>(room / (lines * metrics.height()))));
     const double label = metrics.horizontalAdvance(kilobytes(scale.marks.back(), regional_));
     const double names = legendWidth();
-    const double right = names > 0 ? chartMargin + names + legendGap : chartMargin + besideAxis;
+    const double right = names > 0 ? chartMargin + names + namesGap : chartMargin + besideAxis;
     scale.plot = QRectF(rect()).adjusted(chartMargin + label + besideAxis,
                                          chartMargin + metrics.height() / 2, -right,
                                          -chartMargin - metrics.height() - belowAxis);

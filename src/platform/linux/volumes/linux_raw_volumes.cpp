@@ -1,9 +1,9 @@
 #include "platform/linux/volumes/linux_raw_volumes.h"
 
 #include <algorithm>
-#include <cctype>
 #include <string_view>
 
+#include "base/text.h"
 #include "platform/linux/volumes/block_device.h"
 #include "platform/linux/volumes/cluster_counts.h"
 #include "platform/linux/volumes/drive_kind.h"
@@ -20,7 +20,7 @@ constexpr std::string_view devicePrefix = R"(\\.\)";
 std::string driveOfRoot(std::string_view root) {
     if (root.size() == 3 && root[2] == '\\') root.remove_suffix(1);
     if (root.size() != 2 || root[1] != ':') return {};
-    return {static_cast<char>(std::toupper(static_cast<unsigned char>(root[0]))), ':'};
+    return asciiUpperCase(root);
 }
 
 // Only a letter and a colon: with a back-slash the name would be that of a folder.

@@ -1,7 +1,5 @@
 #include "platform/linux/volumes/volume_names.h"
 
-#include <algorithm>
-#include <cctype>
 #include <string_view>
 
 #include "base/text.h"
@@ -9,13 +7,6 @@
 namespace velmora::linuxhost {
 
 namespace {
-
-std::string inCapitals(std::string_view text) {
-    std::string capitals(text);
-    std::transform(capitals.begin(), capitals.end(), capitals.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
-    return capitals;
-}
 
 std::string_view withoutFuse(std::string_view type) {
     for (const std::string_view prefix : {"fuse.", "fuseblk."}) {
@@ -29,14 +20,14 @@ std::string_view withoutFuse(std::string_view type) {
 std::string fileSystemNameOf(const FileSystemNames& names) {
     const std::string_view version = names.version;
     const bool isFat = std::string_view(names.type) == "vfat" && version.starts_with("FAT");
-    return isFat ? std::string(version) : inCapitals(names.type);
+    return isFat ? std::string(version) : asciiUpperCase(names.type);
 }
 
 std::string fileSystemNameOf(const std::string& mountType) {
     const std::string_view type = withoutFuse(mountType);
     if (type == "ntfs-3g" || type == "ntfs3") return "NTFS";
     if (type == "exfat-fuse") return "EXFAT";
-    return inCapitals(type);
+    return asciiUpperCase(type);
 }
 
 bool putInFront(std::string& buffer, const std::string& text) {

@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <cstdlib>
 #include <cstring>
 #include <fstream>
 #include <memory>
@@ -95,10 +96,13 @@ class JobTimers : public testing::Test {
             std::vector<std::string>{"dbus-daemon", "--config-file=" + configuration, "--nofork",
                                      "--nopidfile", "--nosyslog", "--print-address"});
         if (bus_->firstLine().empty()) return "no dbus-daemon here";
+        if (std::system("/usr/bin/python3 -c 'import dbus, gi' 2>/dev/null") != 0) {
+            return "no python3-dbus or python3-gi here";
+        }
         address_ = std::make_unique<Environment>("DBUS_SYSTEM_BUS_ADDRESS", bus_->firstLine());
         manager_ = std::make_unique<RunningProgram>(
             std::vector<std::string>{"/usr/bin/python3", managerScript(), asked_, mode});
-        if (manager_->firstLine() != "ready") return "no python3-dbus here";
+        EXPECT_EQ(manager_->firstLine(), "ready");
         return {};
     }
     static std::string managerScript() {
