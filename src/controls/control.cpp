@@ -37,7 +37,11 @@ Properties Control::properties() {
     return {{"Enabled", [this] { return PropertyValue{Enabled()}; }, {}},
             {"Visible", [this] { return PropertyValue{Visible()}; }, {}},
             {"Tag", [this] { return PropertyValue{Tag()}; }, {}},
-            {"ToolTipText", [this] { return PropertyValue{ToolTipText()}; }, {}}};
+            {"ToolTipText", [this] { return PropertyValue{ToolTipText()}; }, {}},
+            {"Left", [this] { return PropertyValue{std::int64_t{bounds_.Left}}; }, {}},
+            {"Top", [this] { return PropertyValue{std::int64_t{bounds_.Top}}; }, {}},
+            {"Width", [this] { return PropertyValue{std::int64_t{bounds_.Width}}; }, {}},
+            {"Height", [this] { return PropertyValue{std::int64_t{bounds_.Height}}; }, {}}};
 }
 
 Properties Control::partProperties(int index) {
