@@ -12,7 +12,8 @@ WindowProgram::WindowProgram(Machine& machine, std::function<void(int)> ended)
       core_(forms_, machine.platform(), {host_, notifyArea_, user32_, shellIcons_, workArea_}),
       windows_(forms_, shellIcons_, user32_, hand_, names_) {
     hand_.setHost(host_);
-    hand_.setPaths([&machine](const std::string& path) { return machine.toDrivePath(path); });
+    hand_.setPaths([&machine](const std::string& path) { return machine.toDrivePath(path); },
+                   [&machine](const std::string& path) { return machine.toHostPath(path); });
     hand_.setRegional(machine.platform().regional);
     hand_.whenEnded(std::move(ended));
 }

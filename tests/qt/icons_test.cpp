@@ -7,8 +7,10 @@
 #include <QPainter>
 #include <QPalette>
 #include <set>
+#include <utility>
 #include <vector>
 
+#include "qt/controls/colours.h"
 #include "qt/icons/glyph.h"
 #include "qt/icons/program_icon.h"
 
@@ -131,15 +133,18 @@ TEST_F(Icons, OutlinesAreDarkOnLightAndLightOnDark) {
     EXPECT_GT(opaqueBrighterThan(200, picture(Glyph::networkDrive, 48)), 100);
 }
 
-TEST_F(Icons, AHighlightThatIsLostInTheWindowIsNoAccent) {
-    // On black, a deep blue could hardly be seen; pause is drawn in the accent alone.
-    QApplication::setPalette(paletteOf(Qt::black, Qt::white, QColor(0, 0, 90)));
-    const QImage pause = picture(Glyph::pause, 48);
-    EXPECT_EQ(countPixels(pause,
-                          [](const QColor& pixel) {
-                              return pixel.alpha() == 255 && qGray(pixel.rgb()) < 85;
-                          }),
-              0);
+TEST_F(Icons, TheAccentStandsOutFromEveryWindow) {
+    // Pause is drawn in the accent alone.
+    for (const auto& [window, ink] : {std::pair{Qt::white, Qt::black}, {Qt::black, Qt::white}}) {
+        QApplication::setPalette(paletteOf(window, ink, QColor(0, 0, 90)));
+        const QImage pause = picture(Glyph::pause, 48);
+        const QColor ground(window);
+        EXPECT_EQ(countPixels(pause,
+                              [&ground](const QColor& pixel) {
+                                  return pixel.alpha() == 255 && qt::contrast(pixel, ground) < 2.9;
+                              }),
+                  0);
+    }
 }
 
 TEST_F(Icons, ADisabledGlyphIsGrey) {

@@ -155,7 +155,7 @@ std::vector<Kind> windowKinds() {
         {"ToolBar",
          [](Forms& f, UserHand& hand) { return qt::makeToolBar(f.form1.Toolbar1, hand); },
          [](Forms& f) { f.form1.Toolbar1.setButtonCaption(tool::startPause, "Start"); }},
-        {"StatusBar", [](Forms& f, UserHand&) { return qt::makeStatusBar(f.form1.StatusBar1); },
+        {"StatusBar", [](Forms& f, UserHand&) { return new qt::StatusView(f.form1.StatusBar1); },
          [](Forms& f) { f.form1.StatusBar1.setPanelText(1, "another"); }},
         {"Menu",
          [](Forms& f, UserHand& hand) {

@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "qt/controls/identity.h"
 #include "qt/controls/legible_style.h"
 #include "qt/window_rig.h"
 #include "rows/watch_row.h"
@@ -233,7 +234,7 @@ int main(int argc, char** argv) {
     const QStringList arguments = QApplication::arguments();
     const QString folder = arguments.value(1, QStringLiteral("."));
     const QString look = arguments.value(2, QStringLiteral("light"));
-    if (look == QLatin1String("dark")) QApplication::setPalette(darkPalette());
+    if (look == QLatin1String("dark")) QApplication::setPalette(velmora::qt::withIdentity(darkPalette()));
     WindowRig rig;
     furnishVolumes(rig.machine);
     rig.start();

@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "monitor/history/full_estimate.h"
 #include "monitor/history/history_points.h"
+#include "monitor/row_usage.h"
 
 namespace velmora {
 
@@ -101,7 +102,7 @@ void HistoryView::showPath(const std::string& path) {
     const SpaceRing* ring = history_.of(path);
     // Another path may have taken its place.
     if (ring == nullptr) return fillPaths();
-    form_.chtHistory.show({lineOf(path, pointsOf(*ring), triggerKB(path), now())});
+    form_.chtHistory.show({lineOf(path, pointsOf(*ring), triggerOf(path), now())});
     form_.lblEstimate.setCaption(fullText(secondsUntilFull(*ring, now())));
 }
 
@@ -112,7 +113,7 @@ void HistoryView::showAll() {
     std::string which;
     for (const std::string& path : history_.paths()) {
         const SpaceRing& ring = *history_.of(path);
-        lines.push_back(lineOf(path, thinned(ring, pointsOfEach), triggerKB(path), now()));
+        lines.push_back(lineOf(path, thinned(ring, pointsOfEach), triggerOf(path), now()));
         const std::optional<double> seconds = secondsUntilFull(ring, now());
         if (!seconds || (soonest && *soonest <= *seconds)) continue;
         soonest = seconds;
@@ -122,16 +123,11 @@ void HistoryView::showAll() {
     form_.lblEstimate.setCaption(soonest ? which + " " + fullText(soonest) : "");
 }
 
-std::optional<double> HistoryView::triggerKB(const std::string& path) const {
-    const Regional& regional = platform_.regional;
+std::optional<double> HistoryView::triggerOf(const std::string& path) const {
     const std::string key = lowerCase(path);
     for (int i = 1; i <= form1_.ListView1.Count(); ++i) {
         const ConstWatchRow row(form1_.ListView1.ListItems(i));
-        if (lowerCase(row.path()) != key) continue;
-        const auto trigger =
-            readNumber(form1_.chkDrive.ticked() ? row.trigger() : form1_.txtSpace.Text(), regional);
-        if (!trigger || !form1_.OpDriv[1].Value()) return trigger;
-        return *trigger / 100 * row.totalKBOrZero(regional);
+        if (lowerCase(row.path()) == key) return triggerKB(row, form1_, platform_.regional);
     }
     return std::nullopt;
 }

@@ -34,7 +34,7 @@ class HistoryView {
     void showAll();
     void cmdExport_Click();
     std::int64_t now() const;
-    std::optional<double> triggerKB(const std::string& path) const;
+    std::optional<double> triggerOf(const std::string& path) const;
 
     FrmHistory& form_;
     Form1& form1_;

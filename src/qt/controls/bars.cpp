@@ -1,7 +1,6 @@
 #include "qt/controls/bars.h"
 
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QToolButton>
 
 #include "forms/form_numbers.h"
@@ -49,10 +48,10 @@ QToolButton* makeBarButton(ToolBar& field, int number, UserHand& hand) {
     return button;
 }
 
-QIcon panelPicture(int number) {
+QIcon panelPicture(int number, bool isFine) {
     switch (number) {
         case image::ready:
-            return glyphIcon(Glyph::stateOk);
+            return glyphIcon(isFine ? Glyph::stateOk : Glyph::stateNeutral);
         case image::checking:
             return glyphIcon(Glyph::refresh);
         case image::pause:
@@ -75,27 +74,35 @@ QToolBar* makeToolBar(ToolBar& field, UserHand& hand) {
     return bar;
 }
 
-QStatusBar* makeStatusBar(StatusBar& field) {
-    auto* bar = new QStatusBar;
-    bar->setSizeGripEnabled(true);
-    bindField(bar, field, [] {});
-    for (int i = 1; i <= field.PanelCount(); ++i) {
-        auto* picture = new QLabel;
-        auto* panel = new ElidedLabel;
-        panel->setObjectName(QStringLiteral("%1(%2)").arg(fieldName(field)).arg(i));
-        panel->setAccessibleName(fieldWords(QStringLiteral("Form1"), panel->objectName()));
-        if (i == 1) bar->addWidget(picture);
-        bar->addWidget(panel, i == field.PanelCount() ? 2 : 3);
-        if (i != 1) delete picture;
-        follow(field.PanelChanged, panel, [panel, &field, i, picture = i == 1 ? picture : nullptr] {
-            panel->setText(shown(field.Panels(i).Text));
-            if (picture == nullptr) return;
-            const QIcon icon = panelPicture(field.Panels(i).Picture);
-            picture->setVisible(!icon.isNull());
-            picture->setPixmap(icon.pixmap(16, 16));
-        });
-    }
-    return bar;
+StatusView::StatusView(StatusBar& field, QWidget* parent)
+    : QStatusBar(parent), field_(field), picture_(new QLabel) {
+    setSizeGripEnabled(true);
+    bindField(this, field, [] {});
+    picture_->setObjectName(fieldName(field) + QStringLiteral(".Picture"));
+    addWidget(picture_);
+    for (int i = 1; i <= field.PanelCount(); ++i) addPanel(i);
+    follow(field.PanelChanged, picture_, [this] { showPicture(); });
+}
+
+void StatusView::addPanel(int number) {
+    auto* panel = new ElidedLabel;
+    panel->setObjectName(QStringLiteral("%1(%2)").arg(fieldName(field_)).arg(number));
+    panel->setAccessibleName(fieldWords(QStringLiteral("Form1"), panel->objectName()));
+    addWidget(panel, number == field_.PanelCount() ? 2 : 3);
+    follow(field_.PanelChanged, panel, [this, panel, number] {
+        panel->setText(shown(field_.Panels(number).Text));
+    });
+}
+
+void StatusView::showPicture() {
+    constexpr int size = 16;
+    const QIcon icon = panelPicture(field_.Panels(1).Picture, isFine_);
+    picture_->setVisible(!icon.isNull());
+    picture_->setPixmap(icon.pixmap(size, size));
+}
+
+void StatusView::setFine(bool isFine) {
+    if (std::exchange(isFine_, isFine) != isFine) showPicture();
 }
 
 }  // namespace velmora::qt

@@ -1,6 +1,7 @@
 // The tool bar and the status bar.
 #pragma once
 
+#include <QLabel>
 #include <QStatusBar>
 #include <QToolBar>
 
@@ -14,6 +15,21 @@ namespace velmora::qt {
 QToolBar* makeToolBar(ToolBar& field, UserHand& hand);
 
 /// Three panels; the first shows its picture in front.
-QStatusBar* makeStatusBar(StatusBar& field);
+class StatusView : public QStatusBar {
+    Q_OBJECT
+  public:
+    explicit StatusView(StatusBar& field, QWidget* parent = nullptr);
+
+    /// Whether what is watched is known to be fine; until then the picture for "ready" is neutral.
+    void setFine(bool isFine);
+
+  private:
+    void addPanel(int number);
+    void showPicture();
+
+    StatusBar& field_;
+    QLabel* picture_;
+    bool isFine_ = false;
+};
 
 }  // namespace velmora::qt

@@ -6,6 +6,7 @@
 #include <QPainterPath>
 
 #include "qt/controls/colours.h"
+#include "qt/controls/legible_style.h"
 #include "qt/surface/field.h"
 #include "qt/surface/text.h"
 #include "shell/tab_selection.h"
@@ -16,8 +17,9 @@ namespace {
 
 constexpr int sideMargin = 8;
 constexpr int leastSideMargin = 4;
-constexpr int topMargin = 5;
-constexpr double corner = 5;
+constexpr int topMargin = button_shape::topMargin;
+constexpr double corner = button_shape::corner;
+constexpr int labelPicture = 16;
 
 }  // namespace
 
@@ -46,9 +48,16 @@ LabelButton::LabelButton(Label& label, UserHand& hand, Shape shape, QWidget* par
             [this] { hand_.does([this] { label_.Click(); }); });
 }
 
+void LabelButton::setPicture(Glyph glyph) {
+    setIcon(glyphIcon(glyph));
+    updateGeometry();
+    update();
+}
+
 QSize LabelButton::sizeHint() const {
     const QFontMetrics metrics(font());
-    return {metrics.horizontalAdvance(text()) + 2 * sideMargin,
+    const int content = icon().isNull() ? metrics.horizontalAdvance(text()) : labelPicture;
+    return {content + 2 * sideMargin,
             metrics.height() + 2 * (shape_ == Shape::sideTab ? topMargin + 4 : topMargin)};
 }
 
@@ -78,9 +87,12 @@ void LabelButton::paintEvent(QPaintEvent*) {
     QColor text = legible(shownColour(label_.ForeColor(), palette()), background);
     if (!isEnabled()) text.setAlphaF(0.45F);
     // An outline, for backgrounds as dark as the button.
-    QColor rim = text;
-    rim.setAlphaF(isShownTab() ? 0.0F : 0.35F);
-    painter.setPen(rim);
+    const QColor window = palette().color(QPalette::Window);
+    if (isShownTab()) {
+        painter.setPen(Qt::NoPen);
+    } else {
+        painter.setPen(contrast(background, window) < 3 ? visibleOn(window, text) : background);
+    }
     painter.setBrush(underMouse() && isEnabled() && !isSelectedTab(label_) ? background.lighter(150)
                                                                            : background);
     painter.drawPath(outline(area));
@@ -97,8 +109,23 @@ void LabelButton::paintEvent(QPaintEvent*) {
         painter.setBrush(Qt::NoBrush);
         painter.drawRoundedRect(area.adjusted(1, 1, -1, -1), corner - 1, corner - 1);
     }
+    if (!icon().isNull()) {
+        paintPicture(painter, text);
+        return;
+    }
     painter.setPen(text);
     painter.drawText(rect(), Qt::AlignCenter, this->text());
+}
+
+// In the one colour of the button's letters: the picture's own are made for windows.
+void LabelButton::paintPicture(QPainter& painter, const QColor& colour) {
+    const double ratio = devicePixelRatioF();
+    QPixmap picture = icon().pixmap(QSize(labelPicture, labelPicture), ratio);
+    QPainter tint(&picture);
+    tint.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    tint.fillRect(picture.rect(), colour);
+    tint.end();
+    painter.drawPixmap(QPoint((width() - labelPicture) / 2, (height() - labelPicture) / 2), picture);
 }
 
 void LabelButton::keyPressEvent(QKeyEvent* event) {

@@ -5,6 +5,7 @@
 #include <QAbstractButton>
 
 #include "controls/buttons.h"
+#include "qt/icons/glyph.h"
 #include "qt/surface/user_hand.h"
 
 namespace velmora::qt {
@@ -20,6 +21,9 @@ class LabelButton : public QAbstractButton {
 
     LabelButton(Label& label, UserHand& hand, Shape shape, QWidget* parent = nullptr);
 
+    /// Shows a picture in place of the caption, which stays the button's name.
+    void setPicture(Glyph glyph);
+
     QSize sizeHint() const override;
     /// The whole caption, with less room at its sides.
     QSize minimumSizeHint() const override;
@@ -33,6 +37,7 @@ class LabelButton : public QAbstractButton {
   private:
     bool isShownTab() const;
     QPainterPath outline(const QRectF& area) const;
+    void paintPicture(QPainter& painter, const QColor& colour);
 
     Label& label_;
     UserHand& hand_;

@@ -9,6 +9,17 @@
 
 namespace velmora::qt {
 
+namespace {
+
+// At its last blank.
+QString inTwoLines(QString heading) {
+    const qsizetype blank = heading.lastIndexOf(QLatin1Char(' '));
+    if (blank > 0) heading[blank] = QLatin1Char('\n');
+    return heading;
+}
+
+}  // namespace
+
 ListViewModel::ListViewModel(ListView& list, Pictures pictures, QObject* parent)
     : QAbstractTableModel(parent),
       list_(list),
@@ -48,6 +59,7 @@ void ListViewModel::publish() {
     if (!listExists()) return;
     const Pending pending = std::exchange(pending_, Pending::nothing);
     const bool reset = pending == Pending::everything || columns_ != list_.ColumnCount();
+    const int onTop = pending == Pending::onTop && !reset ? onTop_ : 0;
     if (reset) {
         publishEverything();
     } else if (pending == Pending::onTop) {
@@ -58,7 +70,7 @@ void ListViewModel::publish() {
     if (std::exchange(columnsChanged_, false) && columns_ > 0) {
         emit headerDataChanged(Qt::Horizontal, 0, columns_ - 1);
     }
-    emit published(reset);
+    emit published(reset, onTop);
 }
 
 void ListViewModel::publishOnTop() {
@@ -138,10 +150,18 @@ QVariant ListViewModel::headerData(int section, Qt::Orientation orientation, int
         section >= list_.ColumnCount())
         return {};
     const ColumnHeader& column = list_.ColumnHeaders(section + 1);
-    if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return shown(column.Text);
+    if (role == Qt::DisplayRole && wrapsHeadings_) return inTwoLines(shown(column.Text));
+    if (role == Qt::DisplayRole || role == Qt::ToolTipRole || role == Qt::AccessibleTextRole) {
+        return shown(column.Text);
+    }
     // Left-aligned also over figures: in a narrow column the beginning of a heading says most.
     if (role == Qt::TextAlignmentRole) return static_cast<int>(Qt::AlignVCenter | Qt::AlignLeft);
     return {};
+}
+
+void ListViewModel::setWrapsHeadings(bool wraps) {
+    if (std::exchange(wrapsHeadings_, wraps) == wraps || columns_ == 0) return;
+    emit headerDataChanged(Qt::Horizontal, 0, columns_ - 1);
 }
 
 int ListViewModel::alignment(int column) const {

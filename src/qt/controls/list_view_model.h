@@ -28,14 +28,21 @@ class ListViewModel : public QAbstractTableModel {
 
     /// Whether rows have tick boxes.
     void setHasTicks(bool has) { hasTicks_ = has; }
+    /// Whether headings of several words take two lines.
+    void setWrapsHeadings(bool wraps);
+    /// The row of the field behind an index; null when there is none any more.
+    const ListItem* rowOf(const QModelIndex& index) const {
+        return index.isValid() ? rowAt(index.row()) : nullptr;
+    }
     /// Publishes the changes that were gathered.
     void publish();
 
   signals:
     /// The user ticked a row, which counts from 1.
     void ticked(int row, bool on);
-    /// The gathered changes are published. After a `reset` a view has lost its selection.
-    void published(bool reset);
+    /// The gathered changes are published. After a `reset` a view has lost its selection. `onTop`
+    /// rows are new and nothing else has changed; 0 for any other change.
+    void published(bool reset, int onTop);
 
   private:
     enum class Pending { nothing, contents, onTop, everything };
@@ -63,6 +70,7 @@ class ListViewModel : public QAbstractTableModel {
     bool scheduled_ = false;
     bool columnsChanged_ = false;
     bool hasTicks_ = false;
+    bool wrapsHeadings_ = false;
     std::vector<ScopedConnection> connections_;
 };
 

@@ -1,5 +1,6 @@
 #include "qt/controls/list_view_widget.h"
 
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
@@ -13,9 +14,9 @@ namespace velmora::qt {
 
 namespace {
 
-// Pixels: the space between the texts of two columns, and the width of a column without texts.
+// Pixels: the space between the texts of two columns, and beside a heading.
 constexpr int columnGap = 4;
-constexpr int leastColumn = 56;
+constexpr int headingMargin = 6;
 
 }  // namespace
 
@@ -39,9 +40,10 @@ ListViewWidget::ListViewWidget(ListView& list, ListViewModel::Pictures pictures,
     setMouseTracking(true);
     header()->setStretchLastSection(false);
     header()->setTextElideMode(Qt::ElideRight);
+    header()->setSectionResizeMode(QHeaderView::Interactive);
     header()->setSectionsMovable(false);
     header()->setSectionsClickable(true);
-    header()->setMinimumSectionSize(40);
+    header()->setMinimumSectionSize(0);
     bindField(this, list, [this] {
         showColumns();
         showSortMark();
@@ -52,10 +54,12 @@ ListViewWidget::ListViewWidget(ListView& list, ListViewModel::Pictures pictures,
 void ListViewWidget::connectField() {
     connect(model_, &ListViewModel::ticked, this,
             [this](int row, bool on) { hand_.does([&] { list_.userTick(row, on); }); });
-    connect(model_, &ListViewModel::published, this, [this](bool reset) {
+    connect(model_, &ListViewModel::published, this, [this](bool reset, int onTop) {
         showColumns();
         showSortMark();
-        if (look_.fits) fitColumns();
+        noteTexts(onTop > 0 ? onTop : model_->rowCount());
+        noteWidths();
+        fitColumns();
         if (std::exchange(selectionWaits_, false) && !reset) {
             reportSelection();
         } else if (reset) {
@@ -66,6 +70,10 @@ void ListViewWidget::connectField() {
         hand_.does([&] { list_.userClickPart(column + 1); });
         showSortMark();
     });
+    connect(header(), &QHeaderView::sectionResized, this, [this] {
+        // By the user's hand: the widths stay from now on.
+        if (!fitting_ && QGuiApplication::mouseButtons() != Qt::NoButton) sizedByUser_ = true;
+    });
     follow(list_.SelectionChanged, this, [this] { showSelection(); });
     takeDrops(viewport(), list_, hand_);
 }
@@ -74,23 +82,93 @@ void ListViewWidget::showColumns() {
     const int columns = model_->columnCount();
     if (shownColumns_ == columns) return;
     shownColumns_ = columns;
-    for (int i = 0; i < columns; ++i) {
-        setColumnWidth(i, list_.ColumnHeaders(i + 1).Width / twipsPerPixel);
-        header()->setSectionResizeMode(
-            i, i == look_.stretchedColumn ? QHeaderView::Stretch : QHeaderView::Interactive);
+    const auto count = static_cast<std::size_t>(columns);
+    widest_.assign(count, 0);
+    isFilled_.assign(count, false);
+    sizedByUser_ = false;
+    noteTexts(model_->rowCount());
+    fitColumns();
+}
+
+// Of the first rows; the others are known.
+void ListViewWidget::noteTexts(int rows) {
+    for (int column = 0; column < shownColumns_; ++column) {
+        std::vector<bool>::reference filled = isFilled_[static_cast<std::size_t>(column)];
+        for (int row = 0; row < rows && !filled; ++row) {
+            filled = !model_->index(row, column).data().toString().isEmpty();
+        }
     }
 }
 
-// The stretched column takes the remaining width. After the first time columns only get wider: they
-// would change their width with every figure.
-void ListViewWidget::fitColumns() {
-    if (!isVisible()) return;
-    for (int i = 0; i < shownColumns_; ++i) {
-        if (i == look_.stretchedColumn) continue;
-        const int wanted = std::max(sizeHintForColumn(i) + columnGap, leastColumn);
-        if (wanted > columnWidth(i) || !fitted_) setColumnWidth(i, wanted);
+// Columns only get wider: they would change their width with every figure.
+void ListViewWidget::noteWidths() {
+    for (int column = 0; column < shownColumns_; ++column) {
+        int& widest = widest_[static_cast<std::size_t>(column)];
+        widest = std::max(widest, sizeHintForColumn(column) + columnGap);
     }
-    fitted_ = fitted_ || model_->rowCount() > 0;
+}
+
+int ListViewWidget::headingWidth(int column, bool inOneLine) const {
+    const QString heading = shown(list_.ColumnHeaders(column + 1).Text);
+    const QFontMetrics metrics(header()->font());
+    int width = metrics.horizontalAdvance(heading);
+    if (!inOneLine) {
+        const auto blank = heading.lastIndexOf(QLatin1Char(' '));
+        width = std::max(metrics.horizontalAdvance(heading.left(std::max<qsizetype>(blank, 0))),
+                         metrics.horizontalAdvance(heading.mid(blank + 1)));
+    }
+    const bool isSorted = list_.Sorted() && list_.SortKey() == column;
+    const int mark = isSorted ? style()->pixelMetric(QStyle::PM_HeaderMarkSize) : 0;
+    return width + 2 * headingMargin + mark;
+}
+
+std::vector<ColumnNeed> ListViewWidget::columnNeeds(bool headingsInOneLine) const {
+    std::vector<ColumnNeed> needs;
+    for (int column = 0; column < shownColumns_; ++column) {
+        const auto place = static_cast<std::size_t>(column);
+        ColumnNeed need{.wanted = widest_[place],
+                        .least = headingWidth(column, headingsInOneLine),
+                        .isEmpty = model_->rowCount() > 0 && !isFilled_[place]};
+        if (column == look_.stretchedColumn) {
+            need.isEmpty = false;
+            need.least = std::max(need.least,
+                                  fontMetrics().averageCharWidth() * look_.stretchedLetters);
+        }
+        needs.push_back(need);
+    }
+    return needs;
+}
+
+void ListViewWidget::fitColumns() {
+    if (sizedByUser_ || shownColumns_ == 0) return;
+    const QScopedValueRollback<bool> fitting(fitting_, true);
+    const int room = viewport()->width();
+    const auto fit = [&](const std::vector<ColumnNeed>& needs) {
+        return fittedWidths(needs, room, look_.stretchedColumn, look_.stretchedShare);
+    };
+    const std::vector<ColumnNeed> inOneLine = columnNeeds(true);
+    std::vector<int> widths = fit(inOneLine);
+    const bool wraps = isTight(inOneLine, widths, room, look_.stretchedColumn);
+    if (wraps) widths = fit(columnNeeds(false));
+    model_->setWrapsHeadings(wraps);
+    for (int column = 0; column < shownColumns_; ++column) {
+        const int width = widths[static_cast<std::size_t>(column)];
+        setColumnHidden(column, width == 0);
+        if (width > 0) setColumnWidth(column, width);
+    }
+}
+
+void ListViewWidget::resizeEvent(QResizeEvent* event) {
+    QTreeView::resizeEvent(event);
+    fitColumns();
+}
+
+void ListViewWidget::changeEvent(QEvent* event) {
+    QTreeView::changeEvent(event);
+    if (event->type() != QEvent::FontChange && event->type() != QEvent::StyleChange) return;
+    std::fill(widest_.begin(), widest_.end(), 0);
+    noteWidths();
+    fitColumns();
 }
 
 void ListViewWidget::showSortMark() {

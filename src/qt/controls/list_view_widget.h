@@ -2,8 +2,10 @@
 #pragma once
 
 #include <QTreeView>
+#include <vector>
 
 #include "controls/list_view.h"
+#include "qt/controls/column_fit.h"
 #include "qt/controls/list_view_model.h"
 #include "qt/surface/user_hand.h"
 
@@ -15,7 +17,9 @@ class ListViewWidget : public QTreeView {
     struct Look {
         bool ticks = false;        ///< rows have tick boxes
         int stretchedColumn = -1;  ///< takes the remaining width; -1 for none
-        bool fits = false;         ///< the other columns grow until their texts fit
+        /// The part of the width, and the letters, that the stretched column never loses to others.
+        double stretchedShare = 0.35;
+        int stretchedLetters = 10;
         QSize preferred{300, 120};
     };
 
@@ -30,6 +34,8 @@ class ListViewWidget : public QTreeView {
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void selectionChanged(const QItemSelection& selected,
                           const QItemSelection& deselected) override;
@@ -39,6 +45,10 @@ class ListViewWidget : public QTreeView {
     void showColumns();
     void showSortMark();
     void fitColumns();
+    void noteTexts(int rows);
+    void noteWidths();
+    int headingWidth(int column, bool inOneLine) const;
+    std::vector<ColumnNeed> columnNeeds(bool headingsInOneLine) const;
     void showSelection();
     void reportSelection();
     void pointTo(const QPoint& place);
@@ -50,7 +60,10 @@ class ListViewWidget : public QTreeView {
     bool showingSelection_ = false;
     bool selectionWaits_ = false;  // the user's, still to be reported
     int shownColumns_ = 0;
-    bool fitted_ = false;
+    std::vector<int> widest_;    // the greatest width that a column's texts have had
+    std::vector<bool> isFilled_;  // whether a column has ever had a text
+    bool fitting_ = false;
+    bool sizedByUser_ = false;
 };
 
 }  // namespace velmora::qt

@@ -29,6 +29,10 @@ enum class Glyph {
     openFolder,
     stateOk,
     stateAlert,
+    stateNeutral,
+    question,
+    information,
+    critical,
     folder,
     networkDrive
 };

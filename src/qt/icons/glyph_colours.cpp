@@ -4,6 +4,9 @@
 #include <QProxyStyle>
 #include <cmath>
 
+#include "qt/controls/colours.h"
+#include "qt/controls/identity.h"
+
 namespace velmora::qt {
 namespace {
 
@@ -22,16 +25,6 @@ QColor between(const QColor& one, const QColor& other, double partOfOther) {
 /// The perceived brightness of the colour, 0 to 255.
 int brightness(const QColor& colour) {
     return qGray(colour.rgb());
-}
-
-/// The highlight, mixed with ink until it contrasts with the window.
-QColor accentOf(const QColor& highlight, const QColor& ink, const QColor& window) {
-    constexpr int leastDifference = 85;
-    for (const double inkPart : {0.0, 0.25, 0.5}) {
-        const QColor accent = between(highlight, ink, inkPart);
-        if (std::abs(brightness(accent) - brightness(window)) >= leastDifference) return accent;
-    }
-    return ink;
 }
 
 // The theme of Windows shows a selected row on its own pale blue instead of the palette's colour.
@@ -55,7 +48,7 @@ GlyphColours glyphColours(const QPalette& palette, QIcon::Mode mode) {
     if (mode == QIcon::Disabled) return allOf(between(ink, window, 0.62));
 
     const bool dark = brightness(ink) > brightness(window);
-    return {between(ink, window, 0.12), accentOf(colour(QPalette::Highlight), ink, window),
+    return {between(ink, window, 0.12), visibleOn(window, identityOrange()),
             dark ? QColor(0x45, 0xc4, 0x7b) : QColor(0x1a, 0x8f, 0x4b),
             dark ? QColor(0xff, 0x9d, 0x3c) : QColor(0xe0, 0x56, 0x06)};
 }

@@ -47,6 +47,14 @@ GlyphDrawing drawingOf(Glyph glyph) {
             return drawOpenFolder;
         case Glyph::stateOk:
             return drawStateOk;
+        case Glyph::question:
+            return drawQuestion;
+        case Glyph::information:
+            return drawInformation;
+        case Glyph::critical:
+            return drawCritical;
+        case Glyph::stateNeutral:
+            return drawStateNeutral;
         case Glyph::stateAlert:
             return drawStateAlert;
         case Glyph::folder:

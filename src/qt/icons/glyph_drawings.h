@@ -34,6 +34,11 @@ void drawOpenFolder(GlyphCanvas& canvas);
 /// The outline of a closed folder, sharp on this canvas.
 QPainterPath folderOutline(const GlyphCanvas& canvas);
 
+// glyphs_boxes.cpp: what a message is about
+void drawQuestion(GlyphCanvas& canvas);
+void drawInformation(GlyphCanvas& canvas);
+void drawCritical(GlyphCanvas& canvas);
+
 // glyphs_rows.cpp: what is watched, and its state
 void drawDrive(GlyphCanvas& canvas);
 void drawDriveInfo(GlyphCanvas& canvas);
@@ -41,5 +46,6 @@ void drawNetworkDrive(GlyphCanvas& canvas);
 void drawFolder(GlyphCanvas& canvas);
 void drawStateOk(GlyphCanvas& canvas);
 void drawStateAlert(GlyphCanvas& canvas);
+void drawStateNeutral(GlyphCanvas& canvas);
 
 }  // namespace velmora::qt

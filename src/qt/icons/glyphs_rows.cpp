@@ -51,6 +51,12 @@ void drawStateOk(GlyphCanvas& canvas) {
     canvas.cutLine(pathThrough({{7.2, 12.4}, {10.6, 15.8}, {16.8, 8.8}}), 1.25);
 }
 
+// Nothing is known to be fine or wrong.
+void drawStateNeutral(GlyphCanvas& canvas) {
+    canvas.frame({3, 3, 18, 18}, 9, canvas.ink());
+    canvas.disc({12, 12}, 2.6, canvas.ink());
+}
+
 void drawStateAlert(GlyphCanvas& canvas) {
     const QPointF middle = canvas.sharp({12, 12});
     const QPainterPath triangle = pathThrough({{0, -8.2}, {9.4, 7.8}, {-9.4, 7.8}, {0, -8.2}});

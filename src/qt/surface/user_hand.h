@@ -22,12 +22,21 @@ class UserHand {
     /// Runs once when the program ends; takes the exit status.
     void whenEnded(std::function<void(int)> ended) { whenEnded_ = std::move(ended); }
 
-    /// Converts a path of this machine to a drive path; without it, paths stay as they are.
-    void setPaths(std::function<std::string(const std::string&)> toDrivePath) {
+    using PathConversion = std::function<std::string(const std::string&)>;
+    /// Converts a path of this machine to a drive path, and back; without it, paths stay as they
+    /// are.
+    void setPaths(PathConversion toDrivePath, PathConversion toHostPath) {
         toDrivePath_ = std::move(toDrivePath);
+        toHostPath_ = std::move(toHostPath);
     }
     std::string drivePathOf(const std::string& hostPath) const {
         return toDrivePath_ ? toDrivePath_(hostPath) : hostPath;
+    }
+
+    /// As the host writes it; the path itself where the host has none for it.
+    std::string hostPathOf(const std::string& drivePath) const {
+        std::string path = toHostPath_ ? toHostPath_(drivePath) : drivePath;
+        return path.empty() ? drivePath : path;
     }
 
     /// How numbers are written for the user; without it, with a comma between groups of digits.
@@ -49,7 +58,8 @@ class UserHand {
 
     Host* host_ = nullptr;
     std::function<void(int)> whenEnded_;
-    std::function<std::string(const std::string&)> toDrivePath_;
+    PathConversion toDrivePath_;
+    PathConversion toHostPath_;
     Regional regional_;
     std::optional<int> ended_;
 };

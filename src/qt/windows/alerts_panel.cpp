@@ -25,9 +25,11 @@ QWidget* makeAlertList(Form1& form, UserHand& hand) {
     return list;
 }
 
-QWidget* makeLogPath(Form1& form) {
+QWidget* makeLogPath(Form1& form, const UserHand& hand) {
     auto* path = new ElidedLabel(nullptr, Qt::ElideMiddle);
-    bindField(path, form.lblLog, [path, &form] { path->setText(shown(form.lblLog.Caption())); });
+    bindField(path, form.lblLog, [path, &form, &hand] {
+        path->setText(shown(hand.hostPathOf(form.lblLog.Caption())));
+    });
     return path;
 }
 
@@ -59,7 +61,7 @@ QWidget* makeAlertsPanel(Form1& form, UserHand& hand) {
     auto* page = column({});
     page->addWidget(lists, 1);
     page->addLayout(buttons);
-    page->addWidget(makeLogPath(form));
+    page->addWidget(makeLogPath(form, hand));
     return around(page);
 }
 

@@ -65,7 +65,7 @@ QLayout* makeDump(DlgDriveInfo& form) {
 QWidget* makeSectorList(DlgDriveInfo& form, UserHand& hand) {
     auto* list = new ListViewWidget(
         form.lvInfo, [](const std::string&) { return QIcon(); },
-        {.stretchedColumn = 1, .fits = true, .preferred = {readingWidth, 200}}, hand);
+        {.stretchedColumn = 1, .preferred = {readingWidth, 200}}, hand);
     list->setHeaderHidden(true);
     return list;
 }

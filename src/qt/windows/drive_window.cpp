@@ -76,7 +76,7 @@ QLayout* makeSetting(FrmIndDri& form, UserHand& hand) {
 QWidget* makeLowerPart(FrmIndDri& form, UserHand& hand) {
     auto* list = new ListViewWidget(
         form.ListView1, [](const std::string&) { return QIcon(); },
-        {.stretchedColumn = 1, .fits = true, .preferred = {200, 130}}, hand);
+        {.stretchedColumn = 1, .preferred = {200, 130}}, hand);
     auto* lower = row({});
     lower->setSpacing(3 * gap);
     lower->addWidget(list, 1);

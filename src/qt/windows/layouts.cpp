@@ -19,7 +19,9 @@ Layout* makeLayout() {
 
 QGroupBox* group(const QString& heading, QLayout* content) {
     auto* box = new QGroupBox(heading);
-    content->setContentsMargins(gap + 2, gap, gap + 2, gap + 2);
+    // The heading says what belongs together; what is in it has frames of its own.
+    box->setFlat(true);
+    content->setContentsMargins(0, gap, 0, gap);
     box->setLayout(content);
     return box;
 }
@@ -55,6 +57,7 @@ QLabel* wordFor(const QString& word, QWidget* widget) {
 
 QScrollArea* scrolled(QWidget* page) {
     auto* area = new QScrollArea;
+    page->setMaximumWidth(widestPage);
     area->setWidget(page);
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);

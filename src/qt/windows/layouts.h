@@ -12,6 +12,9 @@ namespace velmora::qt {
 /// Space between widgets and around groups, in pixels.
 inline constexpr int gap = 6;
 
+/// Lines of entries and words don't get longer than this, in pixels, in a wide window.
+inline constexpr int widestPage = 960;
+
 /// A box with a heading around a layout.
 QGroupBox* group(const QString& heading, QLayout* content);
 /// Widgets side by side; a null one takes the remaining width.

@@ -11,8 +11,8 @@
 #include "qt/controls/buttons.h"
 #include "qt/controls/entries.h"
 #include "qt/controls/label_button.h"
-#include "qt/controls/list_view_widget.h"
 #include "qt/controls/menus.h"
+#include "qt/controls/watch_list_view.h"
 #include "qt/icons/program_icon.h"
 #include "qt/surface/field.h"
 #include "qt/windows/form_binding.h"
@@ -50,12 +50,18 @@ MainWindow::MainWindow(Form1& form, const QtShellIcons& icons, QtUser32& user32,
     auto* content = column({});
     content->setContentsMargins(gap + 2, gap, gap + 2, 0);
     watchList_ = makeWatchList(icons);
-    content->addWidget(watchList_, 2);
+    content->addWidget(watchList_, 3);
     auto* pages = row({makeTabs(), makePages()});
     pages->setSpacing(0);
-    content->addLayout(pages, 5);
+    content->addLayout(pages, 4);
     setCentralWidget(around(content));
-    setStatusBar(makeStatusBar(form.StatusBar1));
+    auto* status = new StatusView(form.StatusBar1);
+    setStatusBar(status);
+    const auto showMood = [this, status] {
+        status->setFine(banner_->summary().mood == WatchSummary::Mood::good);
+    };
+    connect(banner_, &WatchBanner::changed, status, showMood);
+    showMood();
     addMenus();
     addShortcuts();
     new FormBinding(this, form, hand, {.sized = true, .dialog = false});
@@ -85,15 +91,15 @@ QWidget* MainWindow::makeMenuButton() {
 }
 
 QWidget* MainWindow::makeWatchList(const QtShellIcons& icons) {
-    auto* list = new ListViewWidget(
-        form_.ListView1, [&icons](const std::string& key) { return rowPicture(key, icons); },
-        {.ticks = true, .stretchedColumn = 0, .fits = true, .preferred = {400, 140}}, hand_);
+    banner_ = new WatchBanner(form_, hand_);
+    ListViewWidget* list = makeWatchListView(
+        form_, [&icons](const std::string& key) { return rowPicture(key, icons); }, hand_);
     list->setMinimumHeight(110);
     // The window starts narrow, and has to show five columns of figures.
     QFont smaller = list->font();
     smaller.setPointSizeF(smaller.pointSizeF() * listScale);
     list->setFont(smaller);
-    auto* content = column({list, makeWatchListButtons()});
+    auto* content = column({banner_, list, makeWatchListButtons()});
     auto* frame = around(content);
     bindField(frame, form_.Frame8, [] {});
     placeTriggerEntry();
@@ -103,7 +109,9 @@ QWidget* MainWindow::makeWatchList(const QtShellIcons& icons) {
 QWidget* MainWindow::makeWatchListButtons() {
     auto* buttons = row({});
     for (Label& label : form_.lblDP) {
-        buttons->addWidget(new LabelButton(label, hand_, LabelButton::Shape::button));
+        auto* button = new LabelButton(label, hand_, LabelButton::Shape::button);
+        if (label.Index() == watch_button::add) button->setPicture(Glyph::openFolder);
+        buttons->addWidget(button);
     }
     buttons->addStretch(1);
     buttons->addWidget(new ActivityView(form_.Animation1));

@@ -7,6 +7,7 @@
 #include "qt/surface/qt_shell_icons.h"
 #include "qt/surface/qt_user32.h"
 #include "qt/surface/user_hand.h"
+#include "qt/windows/watch_banner.h"
 
 namespace velmora::qt {
 
@@ -39,6 +40,7 @@ class MainWindow : public QMainWindow {
     UserHand& hand_;
     QToolBar* toolBar_ = nullptr;
     QWidget* watchList_ = nullptr;
+    WatchBanner* banner_ = nullptr;
 };
 
 }  // namespace velmora::qt

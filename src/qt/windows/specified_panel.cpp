@@ -87,13 +87,8 @@ QWidget* makePaths(Form1& form, UserHand& hand) {
 }
 
 QWidget* makePathAndSpace(Form1& form, UserHand& hand) {
-    auto* drives = new FlowLayout(gap);
-    for (CommandButton* button :
-         {&form.cmdLVAdd, &form.cmdLVRemove, &form.cmdClear, &form.Command1}) {
-        drives->addWidget(makeButton(*button, hand));
-    }
-    auto* page = column({makeMinimumSpace(form, hand), makePaths(form, hand),
-                         group(QStringLiteral("Drive/Path(s)"), drives)});
+    // The commands of the watch list stand below it.
+    auto* page = column({makeMinimumSpace(form, hand), makePaths(form, hand)});
     page->addStretch(1);
     return scrolled(around(page));
 }

@@ -1,0 +1,22 @@
+// The state of the whole watch in one line, read from the fields. It never says more than is known:
+// without a check, a minimum or a tick nothing is fine.
+#pragma once
+
+#include <string>
+
+#include "base/regional.h"
+#include "forms/form1.h"
+
+namespace velmora {
+
+struct WatchSummary {
+    enum class Mood { neutral, good, warning, bad };
+
+    Mood mood = Mood::neutral;
+    std::string text;
+    int watched = 0;  ///< ticked rows
+};
+
+WatchSummary summaryOf(const Form1& form1, const Regional& regional);
+
+}  // namespace velmora
