@@ -16,6 +16,7 @@
 #include "platform/shell32.h"
 #include "platform/smtp_client.h"
 #include "platform/text_files.h"
+#include "platform/user_state.h"
 #include "platform/winmm.h"
 #include "platform/winsock.h"
 #include "platform/wmi.h"
@@ -46,6 +47,7 @@ struct Platform {
     Processes& processes;
     Wmi& wmi;
     RawVolumes& rawVolumes;
+    UserState& userState;
     Regional regional;
     Application app;
 };

@@ -34,7 +34,7 @@ class OwnFolder:
 
     def environment(self):
         return {**os.environ, "HOME": str(self.folder), "XDG_CONFIG_HOME": "",
-                "XDG_DATA_HOME": ""}
+                "XDG_DATA_HOME": "", "XDG_STATE_HOME": ""}
 
 
 class OwnNative(OwnFolder):

@@ -24,7 +24,7 @@ class Result(unittest.TextTestResult):
 def use_home(home):
     """Keeps the shortcuts and autostart entries of the programs out of the user's own home."""
     os.environ["HOME"] = home
-    for name in ("XDG_CONFIG_HOME", "XDG_DATA_HOME"):
+    for name in ("XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME"):
         os.environ.pop(name, None)
 
 

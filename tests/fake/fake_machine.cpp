@@ -180,6 +180,7 @@ FakeMachine::FakeMachine()
                 .processes = processes,
                 .wmi = wmi,
                 .rawVolumes = rawVolumes,
+                .userState = userState,
                 .regional = {},
                 .app = {.Path = programFolder(), .EXEName = "velmora", .Command = ""}} {
     folders = {keyOf(programFolder()), keyOf(specialFolders[9]), keyOf(windowsFolder)};

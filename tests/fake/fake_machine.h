@@ -28,6 +28,7 @@
 
 #include "fake/fake_inventory.h"
 #include "fake/fake_network.h"
+#include "fake/fake_user_state.h"
 #include "fake/fake_volumes.h"
 #include "platform/notify_area.h"
 #include "platform/platform.h"
@@ -204,6 +205,7 @@ class FakeMachine final : public Machine {
     FakeWmi wmi;
     FakeProcesses processes;
     FakeRawVolumes rawVolumes;
+    FakeUserState userState;
     /// The version that GetVersionExA reports: of the class that lists no processes.
     OsVersionInfo version{.dwMajorVersion = 10, .dwPlatformId = os_version::windowsNT};
     /// What programs write, by their command lines. One without an entry isn't there: error 53.

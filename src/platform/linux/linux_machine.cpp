@@ -20,6 +20,7 @@
 #include "platform/linux/programs/program_file.h"
 #include "platform/linux/settings/linux_advapi32.h"
 #include "platform/linux/settings/linux_regional.h"
+#include "platform/linux/settings/linux_user_state.h"
 #include "platform/linux/system/linux_clock.h"
 #include "platform/linux/volumes/linux_raw_volumes.h"
 #include "platform/network/mail_client.h"
@@ -75,6 +76,7 @@ class LinuxMachine final : public Machine {
     LinuxProcesses processes_{hostSources()};
     LinuxWmi wmi_{hostSources()};
     LinuxRawVolumes rawVolumes_{volumes_};
+    LinuxUserState userState_;
     Platform platform_{.fso = fso_,
                        .kernel32 = kernel32_,
                        .clock = clock_,
@@ -90,6 +92,7 @@ class LinuxMachine final : public Machine {
                        .processes = processes_,
                        .wmi = wmi_,
                        .rawVolumes = rawVolumes_,
+                       .userState = userState_,
                        .regional = userRegional(),
                        .app = ownApplication(volumes_)};
 };

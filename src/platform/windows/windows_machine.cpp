@@ -21,6 +21,7 @@
 #include "platform/windows/programs/command_line.h"
 #include "platform/windows/settings/windows_advapi32.h"
 #include "platform/windows/settings/windows_regional.h"
+#include "platform/windows/settings/windows_user_state.h"
 #include "platform/windows/system/utf16.h"
 #include "platform/windows/system/windows_clock.h"
 #include "platform/windows/volumes/windows_raw_volumes.h"
@@ -88,6 +89,7 @@ class WindowsMachine final : public Machine {
     WindowsProcesses processes_;
     WindowsWmi wmi_;
     WindowsRawVolumes rawVolumes_{questions_};
+    WindowsUserState userState_;
     Platform platform_{.fso = fso_,
                        .kernel32 = kernel32_,
                        .clock = clock_,
@@ -103,6 +105,7 @@ class WindowsMachine final : public Machine {
                        .processes = processes_,
                        .wmi = wmi_,
                        .rawVolumes = rawVolumes_,
+                       .userState = userState_,
                        .regional = userRegional(),
                        .app = ownApplication()};
 };

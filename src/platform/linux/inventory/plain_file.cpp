@@ -4,9 +4,9 @@
 #include <sys/stat.h>
 
 #include <algorithm>
-#include <cerrno>
 #include <filesystem>
 
+#include "platform/linux/system/read_whole.h"
 #include "platform/linux/system/unique_fd.h"
 
 namespace velmora::linuxhost {
@@ -19,20 +19,6 @@ std::int64_t microsecondsOf(const timespec& time) {
     return time.tv_sec * std::int64_t{1'000'000} + time.tv_nsec / 1000;
 }
 
-// False when reading fails, or there is more than that.
-bool readWhole(const UniqueFd& file, std::string& content) {
-    constexpr std::size_t piece = 64 * 1024;
-    while (content.size() <= greatestPlainFile) {
-        const std::size_t size = content.size();
-        content.resize(size + piece);
-        const ssize_t got = read(file.get(), content.data() + size, piece);
-        content.resize(size + static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
-        if (got == 0) return true;
-        if (got < 0 && errno != EINTR) return false;
-    }
-    return false;
-}
-
 }  // namespace
 
 std::optional<PlainFile> readPlainFile(const std::string& path) {
@@ -43,7 +29,7 @@ std::optional<PlainFile> readPlainFile(const std::string& path) {
         return std::nullopt;
     PlainFile result{
         .content = {}, .owner = status.st_uid, .modified = microsecondsOf(status.st_mtim)};
-    if (!readWhole(file, result.content)) return std::nullopt;
+    if (readWhole(file.get(), greatestPlainFile, result.content) != 0) return std::nullopt;
     return result;
 }
 

@@ -57,6 +57,10 @@ std::string dataFolder() {
     return baseFolder("XDG_DATA_HOME", ".local/share");
 }
 
+std::string stateFolder() {
+    return baseFolder("XDG_STATE_HOME", ".local/state");
+}
+
 std::string userFolderIn(const std::string& text, const std::string& key, const std::string& home) {
     constexpr std::string_view homeVariable = "$HOME";
     std::string found;

@@ -12,6 +12,8 @@ std::string homeFolder();
 std::string configFolder();
 /// $XDG_DATA_HOME, else ".local/share" in the home; likewise.
 std::string dataFolder();
+/// $XDG_STATE_HOME, else ".local/state" in the home; likewise.
+std::string stateFolder();
 
 /// A folder that the user may have chosen or that the language has named, by its key in the file
 /// user-dirs.dirs ("XDG_DESKTOP_DIR"); `name` in the home when the file has none.

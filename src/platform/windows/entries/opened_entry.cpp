@@ -144,9 +144,9 @@ bool isUnderWine() {
     return isIt;
 }
 
-DWORD OpenedEntry::openRoot(const std::wstring& root) {
+DWORD OpenedEntry::openPath(const std::wstring& path) {
     close();
-    handle_.reset(CreateFileW(root.c_str(), toLookAt,
+    handle_.reset(CreateFileW(path.c_str(), toLookAt,
                               FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                               OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
     return handle_.isOpen() ? ERROR_SUCCESS : GetLastError();
@@ -232,7 +232,7 @@ DWORD step(OpenedEntry& folder, const std::wstring& name, bool isHeld) {
 }  // namespace
 
 DWORD openParent(const ExactPath& path, bool isHeld, OpenedEntry& parent) {
-    if (const DWORD failure = parent.openRoot(path.root)) return failure;
+    if (const DWORD failure = parent.openPath(path.root)) return failure;
     for (std::size_t i = 0; i + 1 < path.names.size(); ++i) {
         const bool isLast = i + 2 == path.names.size();
         if (const DWORD failure = step(parent, path.names[i], isHeld && isLast)) return failure;

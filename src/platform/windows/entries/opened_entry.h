@@ -52,8 +52,9 @@ class OpenedEntry {
         DWORD reparseTag = 0;
     };
 
-    /// The root of a drive, by its path.
-    DWORD openRoot(const std::wstring& root);
+    /// A folder by its path, which may lead through links: the root of a drive, or where the user
+    /// has put a folder.
+    DWORD openPath(const std::wstring& path);
     /// An entry of an opened folder. `options` are those of the system's native calls, `sharing`
     /// what others may do meanwhile.
     DWORD openIn(const OpenedEntry& folder, const std::wstring& name, ACCESS_MASK access,

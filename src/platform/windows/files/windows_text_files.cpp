@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-#include <algorithm>
+#include <limits>
 #include <utility>
 
 #include "base/runtime_error.h"
@@ -12,12 +12,11 @@
 #include "platform/windows/system/system_errors.h"
 #include "platform/windows/system/unique_handle.h"
 #include "platform/windows/system/utf16.h"
+#include "platform/windows/system/whole_file.h"
 
 namespace velmora::windows {
 
 namespace {
-
-constexpr std::size_t mostAtOnce = 1U << 30;
 
 bool isFolder(const std::wstring& path) {
     return kindOf(GetFileAttributesW(path.c_str())) == PathKind::folder;
@@ -56,17 +55,7 @@ class OpenFile {
     }
 
     /// Removes the bytes that were written from the front.
-    DWORD write(std::string_view& bytes) {
-        while (!bytes.empty()) {
-            const auto count = static_cast<DWORD>(std::min(bytes.size(), mostAtOnce));
-            DWORD written = 0;
-            if (!WriteFile(handle_.get(), bytes.data(), count, &written, nullptr))
-                return GetLastError();
-            if (written == 0) return ERROR_DISK_FULL;
-            bytes.remove_prefix(written);
-        }
-        return ERROR_SUCCESS;
-    }
+    DWORD write(std::string_view& bytes) { return writeAll(handle_.get(), bytes); }
 
     DWORD cutTo(LARGE_INTEGER size) {
         const bool isCut = SetFilePointerEx(handle_.get(), size, nullptr, FILE_BEGIN) &&
@@ -75,20 +64,10 @@ class OpenFile {
     }
 
     std::string readToEnd() {
-        LARGE_INTEGER size{};
-        GetFileSizeEx(handle_.get(), &size);
-        std::string content(static_cast<std::size_t>(size.QuadPart) + 1, '\0');
-        std::size_t used = 0;
-        while (true) {
-            const auto room = static_cast<DWORD>(std::min(content.size() - used, mostAtOnce));
-            DWORD got = 0;
-            if (!ReadFile(handle_.get(), content.data() + used, room, &got, nullptr))
-                throw RuntimeError(error::deviceIo);
-            if (got == 0) break;
-            used += got;
-            if (used == content.size()) content.resize(used * 2);
-        }
-        content.resize(used);
+        std::string content;
+        constexpr auto anySize = std::numeric_limits<std::size_t>::max();
+        if (readWhole(handle_.get(), anySize, content) != ERROR_SUCCESS)
+            throw RuntimeError(error::deviceIo);
         return content;
     }
 

@@ -16,6 +16,7 @@ TEST(UserFolders, WithoutVariablesTheyLieInTheHome) {
     EXPECT_EQ(homeFolder(), "/home/somebody");
     EXPECT_EQ(configFolder(), "/home/somebody/.config");
     EXPECT_EQ(dataFolder(), "/home/somebody/.local/share");
+    EXPECT_EQ(stateFolder(), "/home/somebody/.local/state");
     EXPECT_EQ(userFolder("XDG_DESKTOP_DIR", "Desktop"), "/home/somebody/Desktop");
 }
 
@@ -23,7 +24,9 @@ TEST(UserFolders, VariablesCountWhenTheyHoldAnAbsolutePath) {
     const OtherUser user("/home/somebody");
     const Environment config("XDG_CONFIG_HOME", "/etc/mine/");
     const Environment data("XDG_DATA_HOME", "not/absolute");
+    const Environment state("XDG_STATE_HOME", "/var/mine");
     EXPECT_EQ(configFolder(), "/etc/mine");
+    EXPECT_EQ(stateFolder(), "/var/mine");
     EXPECT_EQ(dataFolder(), "/home/somebody/.local/share");
 }
 

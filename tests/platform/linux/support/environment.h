@@ -42,6 +42,7 @@ class OtherUser {
     Environment home_;
     Environment config_{"XDG_CONFIG_HOME", std::nullopt};
     Environment data_{"XDG_DATA_HOME", std::nullopt};
+    Environment state_{"XDG_STATE_HOME", std::nullopt};
     Environment bus_{"DBUS_SESSION_BUS_ADDRESS", std::nullopt};
 };
 

@@ -28,10 +28,9 @@ class ScratchFolder {
     ScratchFolder(const ScratchFolder&) = delete;
     ScratchFolder& operator=(const ScratchFolder&) = delete;
 
+    std::string path() const { return toUtf8(path_.wstring()); }
     /// The full path of a name in the folder.
-    std::string operator/(const std::string& name) const {
-        return toUtf8(path_.wstring()) + '\\' + name;
-    }
+    std::string operator/(const std::string& name) const { return path() + '\\' + name; }
 
   private:
     std::filesystem::path path_;

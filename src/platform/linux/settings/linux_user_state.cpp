@@ -1,0 +1,64 @@
+#include "platform/linux/settings/linux_user_state.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <utility>
+
+#include "platform/linux/entries/private_folder.h"
+#include "platform/linux/paths/user_folders.h"
+#include "platform/linux/system/read_whole.h"
+#include "platform/linux/system/unique_fd.h"
+#include "platform/linux/system/write_all.h"
+
+namespace velmora::linuxhost {
+
+namespace {
+
+// Asked each time: the folder may have been removed meanwhile.
+std::string ownFolder() {
+    return stateFolder() + "/velmora";
+}
+
+bool isOwnFile(int file) {
+    struct stat status {};
+    return fstat(file, &status) == 0 && S_ISREG(status.st_mode) && status.st_uid == geteuid();
+}
+
+// To the disk before it takes the place of the old one: after a power failure there is one of both.
+bool fill(UniqueFd file, std::string_view content) {
+    const bool isWritten = file.isOpen() && writeAll(file.get(), content) == 0;
+    return isWritten && fdatasync(file.get()) == 0 && file.close() == 0;
+}
+
+}  // namespace
+
+std::optional<std::string> LinuxUserState::read(const std::string& name) {
+    UniqueFd folder;
+    if (!isUserStateName(name) || openPrivateFolder(ownFolder(), folder) != 0) return std::nullopt;
+    constexpr int flags = O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
+    const UniqueFd file(openat(folder.get(), name.c_str(), flags));
+    std::string content;
+    const bool isRead = file.isOpen() && isOwnFile(file.get()) &&
+                        readWhole(file.get(), mostUserState, content) == 0;
+    return isRead ? std::optional(std::move(content)) : std::nullopt;
+}
+
+bool LinuxUserState::write(const std::string& name, std::string_view content) {
+    UniqueFd folder;
+    const bool isAllowed = isUserStateName(name) && content.size() <= mostUserState;
+    if (!isAllowed || makePrivateFolder(ownFolder(), folder) != 0) return false;
+    // By its number no other run of the program writes to the same file, and one that was left
+    // behind is taken over.
+    const std::string beside = '.' + name + '.' + std::to_string(getpid());
+    constexpr int flags = O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC;
+    UniqueFd file(openat(folder.get(), beside.c_str(), flags, S_IRUSR | S_IWUSR));
+    const bool isDone = fill(std::move(file), content) &&
+                        renameat(folder.get(), beside.c_str(), folder.get(), name.c_str()) == 0;
+    if (!isDone) unlinkat(folder.get(), beside.c_str(), 0);
+    return isDone;
+}
+
+}  // namespace velmora::linuxhost

@@ -1,0 +1,14 @@
+// The folder of the user's own state on this host.
+#pragma once
+
+#include "platform/user_state.h"
+
+namespace velmora::linuxhost {
+
+class LinuxUserState final : public UserState {
+  public:
+    std::optional<std::string> read(const std::string& name) override;
+    bool write(const std::string& name, std::string_view content) override;
+};
+
+}  // namespace velmora::linuxhost

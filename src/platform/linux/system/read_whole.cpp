@@ -1,0 +1,24 @@
+#include "platform/linux/system/read_whole.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+
+namespace velmora::linuxhost {
+
+int readWhole(int fd, std::size_t most, std::string& content) {
+    constexpr std::size_t piece = 64 * 1024;
+    while (content.size() <= most) {
+        const std::size_t size = content.size();
+        content.resize(size + piece);
+        const ssize_t got = read(fd, content.data() + size, piece);
+        const int failure = got < 0 ? errno : 0;
+        content.resize(size + static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
+        if (got == 0) return 0;
+        if (failure != 0 && failure != EINTR) return failure;
+    }
+    return EFBIG;
+}
+
+}  // namespace velmora::linuxhost

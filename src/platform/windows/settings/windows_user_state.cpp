@@ -1,0 +1,93 @@
+#include "platform/windows/settings/windows_user_state.h"
+
+#include <windows.h>
+// After the one above, which it needs.
+#include <winternl.h>
+
+#include <utility>
+
+#include "platform/windows/entries/opened_entry.h"
+#include "platform/windows/entries/private_folder.h"
+#include "platform/windows/paths/exact_path.h"
+#include "platform/windows/system/private_security.h"
+#include "platform/windows/system/unique_handle.h"
+#include "platform/windows/system/utf16.h"
+#include "platform/windows/system/whole_file.h"
+
+namespace velmora::windows {
+
+namespace {
+
+// Empty when the user has no such folder.
+std::wstring variable(const wchar_t* name) {
+    std::wstring value(GetEnvironmentVariableW(name, nullptr, 0), L'\0');
+    const DWORD length =
+        GetEnvironmentVariableW(name, value.data(), static_cast<DWORD>(value.size()));
+    value.resize(length < value.size() ? length : 0);
+    return value;
+}
+
+// Asked each time: the folder may have been removed meanwhile.
+std::optional<ExactPath> ownFolder() {
+    const std::string local = toUtf8(variable(L"LOCALAPPDATA"));
+    return local.empty() ? std::nullopt : exactPath(local + R"(\Velmora)");
+}
+
+bool openFolder(const std::optional<ExactPath>& path, WhenMissing whenMissing,
+                OpenedEntry& folder) {
+    return path && openPrivateFolder(*path, whenMissing, folder) == ERROR_SUCCESS;
+}
+
+std::wstring pathIn(ExactPath folder, const std::string& name) {
+    folder.names.push_back(toUtf16(name));
+    return folder.text();
+}
+
+// To the disk before it takes the place of the old one: after a power failure there is one of both.
+bool fill(const std::wstring& path, std::string_view content) {
+    PrivateSecurity security;
+    if (security.failure() != ERROR_SUCCESS) return false;
+    const UniqueHandle file(CreateFileW(path.c_str(), GENERIC_WRITE, 0, security.attributes(),
+                                        CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+    return file.isOpen() && writeAll(file.get(), content) == ERROR_SUCCESS &&
+           FlushFileBuffers(file.get());
+}
+
+// Itself, and no link.
+bool openFile(const OpenedEntry& folder, const std::string& name, OpenedEntry& file) {
+    const std::wstring wide = toUtf16(name);
+    EntryKind kind{};
+    return file.openIn(folder, wide, FILE_GENERIC_READ, FILE_NON_DIRECTORY_FILE) == ERROR_SUCCESS &&
+           file.kindIn(folder, wide, kind) == ERROR_SUCCESS && kind == EntryKind::plain;
+}
+
+}  // namespace
+
+std::optional<std::string> WindowsUserState::read(const std::string& name) {
+    OpenedEntry folder;
+    if (!isUserStateName(name) || !openFolder(ownFolder(), WhenMissing::fail, folder))
+        return std::nullopt;
+    OpenedEntry file;
+    std::string content;
+    const bool isRead = openFile(folder, name, file) &&
+                        readWhole(file.handle(), mostUserState, content) == ERROR_SUCCESS;
+    return isRead ? std::optional(std::move(content)) : std::nullopt;
+}
+
+bool WindowsUserState::write(const std::string& name, std::string_view content) {
+    const auto path = ownFolder();
+    OpenedEntry folder;
+    const bool isAllowed = isUserStateName(name) && content.size() <= mostUserState;
+    if (!isAllowed || !openFolder(path, WhenMissing::make, folder)) return false;
+    // By its number no other run of the program writes to the same file, and one that was left
+    // behind is taken over.
+    const std::wstring beside =
+        pathIn(*path, '.' + name + '.' + std::to_string(GetCurrentProcessId()));
+    constexpr DWORD flags = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
+    const bool isDone =
+        fill(beside, content) && MoveFileExW(beside.c_str(), pathIn(*path, name).c_str(), flags);
+    if (!isDone) DeleteFileW(beside.c_str());
+    return isDone;
+}
+
+}  // namespace velmora::windows

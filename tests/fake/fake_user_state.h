@@ -1,0 +1,30 @@
+// What is kept for the user, in memory.
+#pragma once
+
+#include <map>
+#include <string>
+
+#include "platform/user_state.h"
+
+namespace velmora::fake {
+
+class FakeUserState final : public UserState {
+  public:
+    std::optional<std::string> read(const std::string& name) override {
+        const auto found = kept.find(name);
+        if (!hasFolder || found == kept.end()) return std::nullopt;
+        return found->second;
+    }
+    bool write(const std::string& name, std::string_view content) override {
+        if (!hasFolder || !isUserStateName(name) || content.size() > mostUserState) return false;
+        kept[name] = content;
+        ++writes;
+        return true;
+    }
+
+    std::map<std::string, std::string> kept;
+    int writes = 0;         ///< those that were done
+    bool hasFolder = true;  ///< the folder can be made and is the user's own
+};
+
+}  // namespace velmora::fake
