@@ -10,6 +10,7 @@ WindowProgram::WindowProgram(Machine& machine, std::function<void(int)> ended)
       timers_(
           forms_, [&clock = machine.platform().clock] { return clock.GetTickCount(); }, hand_),
       core_(forms_, machine.platform(), {host_, notifyArea_, user32_, shellIcons_, workArea_}),
+      firstSteps_(forms_.form1, machine.platform().userState),
       windows_(forms_, shellIcons_, user32_, hand_, names_) {
     hand_.setHost(host_);
     hand_.setPaths([&machine](const std::string& path) { return machine.toDrivePath(path); },

@@ -12,6 +12,7 @@
 #include "qt/surface/qt_work_area.h"
 #include "qt/surface/user_hand.h"
 #include "qt/windows/all_windows.h"
+#include "shell/first_steps.h"
 
 namespace velmora {
 
@@ -48,6 +49,7 @@ class WindowProgram {
     qt::QtWorkArea workArea_;
     qt::QtTimers timers_;
     Core core_;
+    FirstSteps firstSteps_;
     qt::AllWindows windows_;
 };
 

@@ -71,6 +71,7 @@ class Form1 : public Form,
     StatusBar StatusBar1{*this, "StatusBar1", 3};  ///< 1 activity, 2 detail, 3 counter
     ToolBar Toolbar1;
     CommandButton cmdPause{*this, "cmdPause", watch_caption::start};
+    CommandButton cmdSetUp{*this, "cmdSetUp", "&Set up"};  ///< until something was watched once
     CommandButton cmdAdv{*this, "cmdAdv", "Adv. Data"};
     CommandButton Command1{*this, "Command1", "Show/Refresh Drive(s)"};
     CommandButton Command6{*this, "Command6", " (X)"};

@@ -18,6 +18,7 @@ inline constexpr int unavailable = 4;
 /// Buttons of Toolbar1 that are known by their place; all others are known by their caption.
 namespace tool {
 inline constexpr int startPause = 1;
+inline constexpr int wizard = 2;
 inline constexpr int view = 5;
 }  // namespace tool
 

@@ -29,14 +29,14 @@ QRectF innerEdge(const QRect& rect) {
 }
 
 // What has the focus has the colour of selections around it.
-void drawRim(QPainter* painter, const QStyleOption* option, double corner) {
+void drawRim(QPainter* painter, const QStyleOption* option, double rounding) {
     const bool hasFocus = (option->state & QStyle::State_HasFocus) != 0;
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(hasFocus ? option->palette.color(QPalette::Highlight)
                              : rimColour(option->palette));
     painter->setBrush(Qt::NoBrush);
-    painter->drawRoundedRect(innerEdge(option->rect), corner, corner);
+    painter->drawRoundedRect(innerEdge(option->rect), rounding, rounding);
     painter->restore();
 }
 

@@ -92,6 +92,7 @@ QWidget* MainWindow::makeMenuButton() {
 
 QWidget* MainWindow::makeWatchList(const QtShellIcons& icons) {
     banner_ = new WatchBanner(form_, hand_);
+    banner_->addAction(makeButton(form_.cmdSetUp, hand_));
     ListViewWidget* list = makeWatchListView(
         form_, [&icons](const std::string& key) { return rowPicture(key, icons); }, hand_);
     list->setMinimumHeight(110);
