@@ -21,7 +21,8 @@ wait until TEXT               ... until a status panel or a new alert holds TEXT
 after SECONDS COMMAND         carry the command out at the first yield or wait after that time
 report NAME                   print a report on the machine: ram, users, processes, processlist,
                               jobs, netstat, ntevents COUNT, drive C:, bootsector C:, chart;
-                              message: what a mail would say now
+                              message: what a mail would say now;
+                              caption "...": what the caption of a menu item says
 watch on|off                  print status changes; the mail's are those of panel 0
 json on|off                   replies and events as JSON objects
 help                          this list

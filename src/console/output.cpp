@@ -50,24 +50,24 @@ const char* answerName(BoxAnswer answer) {
     return "ok";
 }
 
-std::string plain(const PropertyValue& value) {
-    if (const auto* text = std::get_if<std::string>(&value)) return asOneLine(*text);
-    if (const auto* number = std::get_if<std::int64_t>(&value)) return std::to_string(*number);
-    return std::get<bool>(value) ? "True" : "False";
-}
-
 const char* tick(bool ticked) {
     return ticked ? "[x] " : "[ ] ";
 }
 
 }  // namespace
 
+std::string plainValue(const PropertyValue& value) {
+    if (const auto* text = std::get_if<std::string>(&value)) return asOneLine(*text);
+    if (const auto* number = std::get_if<std::int64_t>(&value)) return std::to_string(*number);
+    return std::get<bool>(value) ? "True" : "False";
+}
+
 void Output::ok() {
     line(json_ ? R"({"ok":true})" : "ok");
 }
 
 void Output::value(const PropertyValue& value) {
-    line(json_ ? R"({"ok":)" + jsonValue(value) + "}" : plain(value));
+    line(json_ ? R"({"ok":)" + jsonValue(value) + "}" : plainValue(value));
 }
 
 void Output::error(const std::string& message) {
@@ -127,7 +127,10 @@ void Output::table(const Control::Table& rows) {
     for (const auto& row : rows) {
         std::string text;
         for (const auto& [name, value] : row) {
-            text.append(text.empty() ? "" : " | ").append(name).append(" ").append(plain(value));
+            text.append(text.empty() ? "" : " | ")
+                .append(name)
+                .append(" ")
+                .append(plainValue(value));
         }
         line(text);
     }
@@ -178,7 +181,7 @@ void Output::shell(const std::string& operation, const JsonFields& details) {
     fields.insert(fields.end(), details.begin(), details.end());
     if (json_) return event("shell", std::move(fields));
     std::string text = "shell: " + operation;
-    for (const auto& [name, value] : details) text += " | " + name + " " + plain(value);
+    for (const auto& [name, value] : details) text += " | " + name + " " + plainValue(value);
     line(text);
 }
 

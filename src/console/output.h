@@ -11,6 +11,9 @@
 
 namespace velmora::console {
 
+/// A value as a reader of lines sees it.
+std::string plainValue(const PropertyValue& value);
+
 class Output {
   public:
     explicit Output(std::ostream& stream) : stream_(stream) {}

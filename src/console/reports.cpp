@@ -7,6 +7,7 @@
 #include <map>
 
 #include "base/text.h"
+#include "console/caption_report.h"
 #include "console/target.h"
 #include "inspect/drive_attributes.h"
 #include "inspect/sectors/volume_reading.h"
@@ -46,6 +47,11 @@ Report Reports::make(Words& words) {
         const std::string drive = driveOf(words.next());
         words.end();
         return name == "drive" ? driveAttributes(drive) : bootSector(drive);
+    }
+    if (name == "caption") {
+        const std::string caption = words.next();
+        words.end();
+        return captionReport(caption);
     }
     words.end();
     if (name == "chart") return chart();
