@@ -2,6 +2,7 @@
 
 #include "base/convert.h"
 #include "base/date_time.h"
+#include "base/runtime_error.h"
 #include "base/text.h"
 #include "monitor/history/full_estimate.h"
 #include "monitor/history/history_points.h"

@@ -47,7 +47,7 @@ bool readColour(Colour& field, std::string_view text) {
 
 std::string writeColour(Colour colour) {
     constexpr std::size_t digits = 16;
-    char hex[digits];
+    char hex[digits] = {};
     const auto [end, failure] = std::to_chars(hex, hex + digits, colour, 16);
     std::string written(hexBegin);
     for (const char* at = hex; at != end; ++at) {
