@@ -20,7 +20,8 @@ wait SECONDS | forever        let the timers run
 wait until TEXT               ... until a status panel or a new alert holds TEXT, at most 600 s
 after SECONDS COMMAND         carry the command out at the first yield or wait after that time
 report NAME                   print a report on the machine: ram, users, processes, processlist,
-                              jobs, netstat, ntevents COUNT, drive C:, bootsector C:, chart;
+                              jobs, netstat, ntevents COUNT, drive C:, bootsector C:, chart,
+                              watch: how each row stands;
                               message: what a mail would say now;
                               caption "...": what the caption of a menu item says
 watch on|off                  print status changes; the mail's are those of panel 0

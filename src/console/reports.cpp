@@ -6,11 +6,14 @@
 #include <limits>
 #include <map>
 
+#include "base/format_number.h"
 #include "base/text.h"
 #include "console/caption_report.h"
 #include "console/target.h"
 #include "inspect/drive_attributes.h"
 #include "inspect/sectors/volume_reading.h"
+#include "monitor/row_usage.h"
+#include "monitor/watch_summary.h"
 #include "rows/watch_row.h"
 
 namespace velmora::console {
@@ -38,6 +41,20 @@ Report namesAndValues(const std::vector<std::pair<std::string, std::string>>& pa
     return report;
 }
 
+std::size_t widestPath(const ListView& list) {
+    std::size_t widest = 0;
+    for (int i = 1; i <= list.Count(); ++i) {
+        widest = std::max(widest, length(ConstWatchRow(list.ListItems(i)).path()));
+    }
+    return widest;
+}
+
+// With a decimal; empty for none.
+std::string percentOf(const std::optional<double>& share, const Regional& regional) {
+    if (!share) return {};
+    return FormatNumber(*share * 100, 1, Grouping::regional, regional);
+}
+
 }  // namespace
 
 Report Reports::make(Words& words) {
@@ -55,6 +72,7 @@ Report Reports::make(Words& words) {
     }
     words.end();
     if (name == "chart") return chart();
+    if (name == "watch") return watch();
     const std::map<std::string, std::function<std::string()>> others{
         {"ram", [this] { return inventory_.prcWMI_RamInfo(); }},
         {"users", [this] { return inventory_.prcWMI_LogOnUser(); }},
@@ -107,19 +125,37 @@ Report Reports::bootSector(const std::string& drive) {
 }
 
 Report Reports::chart() {
-    std::size_t widest = 0;
-    for (int i = 1; i <= watchList_.Count(); ++i) {
-        widest = std::max(widest, length(ConstWatchRow(watchList_.ListItems(i)).path()));
-    }
+    const ListView& list = form1_.ListView1;
+    const std::size_t widest = widestPath(list);
     Report report{.fields = Control::Table()};
-    for (int i = 1; i <= watchList_.Count(); ++i) {
-        const ConstWatchRow row(watchList_.ListItems(i));
+    for (int i = 1; i <= list.Count(); ++i) {
+        const ConstWatchRow row(list.ListItems(i));
         const std::string blanks(widest - length(row.path()), ' ');
         report.text += row.path() + blanks + "  Free Space " + row.freeSpace() + "  Total Space " +
                        row.totalSize() + std::string(lineEnd);
         report.fields->push_back({{"RowLabel", row.path()},
                                   {"Free Space", row.freeSpace()},
                                   {"Total Space", row.totalSize()}});
+    }
+    return report;
+}
+
+// How the watch stands, and each of its rows.
+Report Reports::watch() {
+    const ListView& list = form1_.ListView1;
+    const std::size_t widest = widestPath(list);
+    Report report{.fields = Control::Table()};
+    report.text = summaryOf(form1_, platform_.regional).text + std::string(lineEnd);
+    for (int i = 1; i <= list.Count(); ++i) {
+        const ConstWatchRow row(list.ListItems(i));
+        const RowUsage usage = usageOf(row, form1_, platform_.regional);
+        const std::string state = wordsFor(usage.state);
+        const std::string used = percentOf(usage.usedShare(), platform_.regional);
+        const std::string blanks(widest - length(row.path()), ' ');
+        report.text += row.path() + blanks + "  " + state;
+        if (!used.empty()) report.text += ", " + used + " % used";
+        report.text += lineEnd;
+        report.fields->push_back({{"Path", row.path()}, {"State", state}, {"Used", used}});
     }
     return report;
 }

@@ -6,7 +6,7 @@
 
 #include "console/words.h"
 #include "controls/control.h"
-#include "controls/list_view.h"
+#include "forms/form1.h"
 #include "notify/inventory.h"
 #include "notify/message_content.h"
 #include "platform/platform.h"
@@ -22,8 +22,8 @@ class Reports {
   public:
     /// All must outlive it.
     Reports(Inventory& inventory, MessageContent& content, Platform& platform,
-            const ListView& watchList)
-        : inventory_(inventory), content_(content), platform_(platform), watchList_(watchList) {}
+            const Form1& form1)
+        : inventory_(inventory), content_(content), platform_(platform), form1_(form1) {}
 
     /// The report that the words name. CommandError when they name none, or it can't be made.
     Report make(Words& words);
@@ -33,11 +33,12 @@ class Reports {
     Report driveAttributes(const std::string& drive);
     Report bootSector(const std::string& drive);
     Report chart();
+    Report watch();
 
     Inventory& inventory_;
     MessageContent& content_;
     Platform& platform_;
-    const ListView& watchList_;
+    const Form1& form1_;
 };
 
 }  // namespace velmora::console

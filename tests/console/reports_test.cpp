@@ -134,6 +134,29 @@ TEST_F(ConsoleReports, TheChartIsATable) {
               "D:\\data  Free Space 100 KB  Total Space 200 KB\n");
 }
 
+TEST_F(ConsoleReports, TheWatchIsToldAsAWholeAndByRow) {
+    EXPECT_EQ(run("report watch"), "Nothing is watched yet: tick a drive\n");
+    addWatchColumns(form1.ListView1);
+    form1.txtSpace.setText("100");
+    form1.cmdPause.setCaption(watch_caption::pause);
+    for (const auto& [path, free] : {std::pair{"C:\\", "500 KB"}, {"D:\\data", "N/A"}}) {
+        WatchRow row(form1.ListView1.Add(path));
+        row.setFreeSpace(free);
+        row.setTotalSize("4,000 KB");
+        row.setLastChecked("03/14 15:09:26");
+        row.item().setChecked(true);
+    }
+    EXPECT_EQ(run("report watch"),
+              "1 of 2 not available\nC:\\      fine, 87.5 % used\nD:\\data  not available\n");
+    run("json on");
+    EXPECT_EQ(run("report watch"),
+              R"({"ok":[{"Path":"C:\\","State":"fine","Used":"87.5"},)"
+              R"({"Path":"D:\\data","State":"not available","Used":""}]})"
+              "\n");
+    run("json off");
+    EXPECT_TRUE(refuses("report watch C:"));
+}
+
 TEST_F(ConsoleReports, ChartsAndPicturesHaveRows) {
     Chart& chart = forms.dlgDriveInfo.MSChart1[0];
     chart.setRowCount(1);

@@ -270,6 +270,7 @@ TEST_F(DriveInfoTest, ALoadedDialogIsNew) {
     EXPECT_EQ(form.cboDrives.ListCount(), 0);
     EXPECT_EQ(form.lblInfo[0].Caption(), "");
     EXPECT_EQ(form.txtBytes.Text(), "");
+    EXPECT_EQ(form.txtChar.Text(), "");
     EXPECT_EQ(form.lvInfo.Count(), 0);
     EXPECT_EQ(form.drvDrive.ListCount(), 2);
 }

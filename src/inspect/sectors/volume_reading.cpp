@@ -1,6 +1,5 @@
 #include "inspect/sectors/volume_reading.h"
 
-
 #include "base/scope_guard.h"
 #include "base/text.h"
 #include "inspect/sectors/sector_text.h"
