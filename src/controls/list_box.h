@@ -82,6 +82,8 @@ class ComboBox : public Control {
 
     /// Paths dropped on the box; refused where nothing takes them.
     void userDrop(const std::vector<std::string>& paths);
+    /// Whether paths may be dropped now.
+    bool takesDrops() const { return Enabled() && Drop.connected(); }
     std::string mainProperty() const override { return "Text"; }
     Properties properties() override;
 

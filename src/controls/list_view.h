@@ -83,6 +83,10 @@ class ListView : public Control {
     void userClickPart(int index) override;
     /// Paths dropped on the list; refused where nothing takes them.
     void userDrop(const std::vector<std::string>& paths);
+    /// Whether paths may be dropped now.
+    bool takesDrops() const { return Drop.connected() && (Enabled() || dropsWhileDisabled_); }
+    /// Lets paths be dropped while the list is disabled, for a handler that asks first.
+    void allowDropsWhileDisabled() { dropsWhileDisabled_ = true; }
     /// Moves the pointer over the middle of that cell and double-clicks; selects nothing.
     void userDoubleClickOn(int row, int column);
     void userDoubleClick() override;
@@ -100,6 +104,7 @@ class ListView : public Control {
     int sortKey_ = 0;
     int sortOrder_ = 0;
     bool sorted_ = false;
+    bool dropsWhileDisabled_ = false;
 };
 
 }  // namespace velmora

@@ -35,7 +35,7 @@ void ListView::userClickPart(int index) {
 }
 
 void ListView::userDrop(const std::vector<std::string>& paths) {
-    refuseWhenDisabled();
+    if (!dropsWhileDisabled_) refuseWhenDisabled();
     if (!Drop.connected()) throw Refused(fullName() + " takes no dropped paths");
     Drop(paths);
 }

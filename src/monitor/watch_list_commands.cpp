@@ -1,5 +1,7 @@
 #include "monitor/watch_list_commands.h"
 
+#include <algorithm>
+
 #include "alerts/journal/alert_time.h"
 #include "alerts/system/question_in_front.h"
 #include "base/convert.h"
@@ -14,7 +16,12 @@ namespace velmora {
 
 WatchListCommands::WatchListCommands(Form1& form1, Globals& globals, Platform& platform, Host& host,
                                      WatchListParts parts)
-    : form1_(form1), globals_(globals), platform_(platform), host_(host), parts_(parts) {
+    : form1_(form1),
+      globals_(globals),
+      platform_(platform),
+      host_(host),
+      parts_(parts),
+      droppedFolders_(platform.fso, host, parts.stayOnTop) {
     connect();
 }
 
@@ -32,16 +39,26 @@ void WatchListCommands::connect() {
     form1_.ListView1.RightClick.connect([this] {
         if (form1_.ListView1.Count() >= 1) form1_.mnuLstV.PopUp();
     });
+    // A check disables the list; the drop asks then, as the labels do.
+    form1_.ListView1.allowDropsWhileDisabled();
+    form1_.ListView1.Drop.connect(
+        [this](const std::vector<std::string>& paths) { ListView1_Drop(paths); });
 }
 
-void WatchListCommands::lblDP_Click(int index) {
+void WatchListCommands::guarded(int index, const std::function<void()>& command) {
     try {
-        if (!mayDisturbCheck()) return;
-        form1_.ListView1.setEnabled(true);
-        run(index);
+        command();
     } catch (const std::exception&) {
         reportError(index, currentRuntimeError().description());
     }
+}
+
+void WatchListCommands::lblDP_Click(int index) {
+    guarded(index, [&] {
+        if (!mayDisturbCheck()) return;
+        form1_.ListView1.setEnabled(true);
+        run(index);
+    });
 }
 
 bool WatchListCommands::mayDisturbCheck() {
@@ -83,6 +100,10 @@ void WatchListCommands::addPath() {
     const std::string path = host_.BrowseForFolder("Select Folder/Path");
     // Dismissing the dialog leaves the timer off.
     if (path.empty()) return;
+    addToList(path);
+}
+
+void WatchListCommands::addToList(const std::string& path) {
     WatchRow row(form1_.ListView1.Add(path));
 
     const std::string driveName = platform_.fso.GetDriveName(path);
@@ -104,6 +125,40 @@ void WatchListCommands::addPath() {
         row.markNotReadyWhenAdded();
     }
     form1_.Timer1.setEnabled(true);
+}
+
+void WatchListCommands::ListView1_Drop(const std::vector<std::string>& paths) {
+    guarded(watch_button::add, [&] {
+        if (!mayDisturbCheck()) return;
+        form1_.ListView1.setEnabled(true);
+        const std::vector<std::string> folders = droppedFolders_.toWatch(paths);
+        for (const std::string& folder : folders) {
+            if (isListed(folder)) continue;
+            guarded(watch_button::add, [&] {
+                form1_.Timer1.setEnabled(false);
+                addToList(folder);
+            });
+        }
+        selectListed(folders);
+    });
+}
+
+bool WatchListCommands::isListed(const std::string& path) const {
+    const ListView& list = form1_.ListView1;
+    for (int i = 1; i <= list.Count(); ++i) {
+        if (ConstWatchRow(list.ListItems(i)).path() == path) return true;
+    }
+    return false;
+}
+
+// The new rows are at the end of the list and not ticked yet: the selection shows which they are.
+void WatchListCommands::selectListed(const std::vector<std::string>& paths) {
+    if (paths.empty()) return;
+    ListView& list = form1_.ListView1;
+    for (int i = 1; i <= list.Count(); ++i) {
+        WatchRow row(list.ListItems(i));
+        row.setSelected(std::find(paths.begin(), paths.end(), row.path()) != paths.end());
+    }
 }
 
 void WatchListCommands::removeSelected() {

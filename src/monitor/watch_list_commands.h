@@ -1,11 +1,16 @@
 // The commands on the watch list: the labels under it, the buttons that repeat them, its ticks,
-// clicks and menu.
+// clicks and menu, and paths dropped on it.
 #pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
 
 #include "alerts/journal/alert_list.h"
 #include "alerts/ports.h"
 #include "forms/forms.h"
 #include "monitor/drive_meter.h"
+#include "monitor/dropped_folders.h"
 #include "monitor/watch_list.h"
 #include "platform/host.h"
 #include "platform/platform.h"
@@ -31,13 +36,22 @@ class WatchListCommands {
     /// A click on label `index` from 0 to 4. An error ends it with an alert and no box.
     void lblDP_Click(int index);
     void cmdLVAdd_Click();
+    /// Drive paths dropped on the list: each folder is added as by label 0, and what was dropped is
+    /// selected. A folder that is listed already isn't added again. An error ends the adding of its
+    /// folder with an alert and no box.
+    void ListView1_Drop(const std::vector<std::string>& paths);
 
   private:
     void connect();
     bool mayDisturbCheck();
+    /// Runs a command by its label's number; an error becomes an alert.
+    void guarded(int index, const std::function<void()>& command);
     void run(int index);
     void reportError(int index, const std::string& description);
     void addPath();
+    void addToList(const std::string& path);
+    bool isListed(const std::string& path) const;
+    void selectListed(const std::vector<std::string>& paths);
     void removeSelected();
     void clearAll();
     void selectDrive();
@@ -47,6 +61,7 @@ class WatchListCommands {
     Platform& platform_;
     Host& host_;
     WatchListParts parts_;
+    DroppedFolders droppedFolders_;
 };
 
 }  // namespace velmora

@@ -93,6 +93,19 @@ TEST_F(ListViewHandTest, TakesDroppedPathsWhereSomethingTakesThem) {
     EXPECT_EQ(dropped, (std::vector<std::string>{"C:\\a b", "C:\\\u00E9"}));
 }
 
+TEST_F(ListViewHandTest, ADisabledListTakesDropsOnlyForAHandlerThatAsks) {
+    EXPECT_FALSE(list.takesDrops());
+    int drops = 0;
+    list.Drop.connect([&](const auto&) { ++drops; });
+    EXPECT_TRUE(list.takesDrops());
+    list.setEnabled(false);
+    EXPECT_FALSE(list.takesDrops());
+    list.allowDropsWhileDisabled();
+    EXPECT_TRUE(list.takesDrops());
+    list.userDrop({"C:\\"});
+    EXPECT_EQ(drops, 1);
+}
+
 TEST_F(ListViewHandTest, ShowsItsPropertiesAndColumns) {
     list.sortBy(1, 1);
     EXPECT_EQ(get(list, "Count"), "3");

@@ -31,11 +31,11 @@ class FileDrops : public QObject {
     std::function<void(const std::vector<std::string>&)> dropped_;
 };
 
-/// Lets `widget` pass dropped files to its field, while the field is enabled and has a handler.
+/// Lets `widget` pass dropped files to its field, while the field takes them.
 template <typename Field>
 void takeDrops(QWidget* widget, Field& field, UserHand& hand) {
     new FileDrops(
-        widget, hand, [&field] { return field.Enabled() && field.Drop.connected(); },
+        widget, hand, [&field] { return field.takesDrops(); },
         [&field](const std::vector<std::string>& paths) { field.userDrop(paths); });
 }
 
