@@ -93,6 +93,35 @@ TEST_F(FileDropsTest, ADisabledListRefusesThem) {
     EXPECT_TRUE(dropped.empty());
 }
 
+TEST_F(FileDropsTest, AFolderOnTheWatchListIsAdded) {
+    machine.folders.insert("d:\\data");
+    program->hand().setPaths([](const std::string&) { return "D:\\data"; });
+    EXPECT_TRUE(drop(list()->viewport(), {QUrl::fromLocalFile("/data")}));
+    settle();
+    ASSERT_EQ(form1().ListView1.Count(), 4);
+    EXPECT_EQ(form1().ListView1.ListItems(4).Text(), "D:\\data");
+    EXPECT_EQ(selectedRows(), std::vector<int>{4});
+    QTest::keyClick(list(), Qt::Key_Space);
+    EXPECT_TRUE(form1().ListView1.ListItems(4).Checked());
+}
+
+// The field is disabled then, and the drop asks as the buttons do.
+TEST_F(FileDropsTest, TheWatchListTakesFoldersDuringACheckAfterAQuestion) {
+    machine.folders.insert("d:\\data");
+    program->hand().setPaths([](const std::string&) { return "D:\\data"; });
+    boxes.answers = {QMessageBox::Yes};
+    bool isTaken = false;
+    duringCheck([&] {
+        EXPECT_FALSE(form1().ListView1.Enabled());
+        isTaken = drop(list()->viewport(), {QUrl::fromLocalFile("/data")});
+    });
+    settle();
+    EXPECT_TRUE(isTaken);
+    EXPECT_TRUE(boxes.lastText().starts_with("The program is still checking.")) << boxes.lastText();
+    ASSERT_EQ(form1().ListView1.Count(), 4);
+    EXPECT_EQ(form1().ListView1.ListItems(4).Text(), "D:\\data");
+}
+
 TEST_F(FileDropsTest, PathsOfTheMachineBecomeDrivePaths) {
     program->hand().setPaths([](const std::string& path) { return "D:" + path; }, {});
     drop(files(), {QUrl::fromLocalFile("/data/a")});

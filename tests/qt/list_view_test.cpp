@@ -32,6 +32,13 @@ struct ListViewTest : WindowTest {
         std::sort(rows.begin(), rows.end());
         return rows;
     }
+    Rows tickedRows() {
+        Rows rows;
+        for (int i = 1; i <= field().Count(); ++i) {
+            if (field().ListItems(i).Checked()) rows.push_back(i);
+        }
+        return rows;
+    }
     void expectSelected(const Rows& rows) {
         EXPECT_EQ(selectedRows(), rows);
         EXPECT_EQ(shownSelection(), rows);
@@ -218,11 +225,100 @@ TEST_F(ListViewTest, RemovingByTheButtonTakesAllSelectedRows) {
     EXPECT_EQ(shownPaths(), std::vector<std::string>{"D:\\"});
 }
 
-TEST_F(ListViewTest, IsDisabledDuringAPass) {
-    bool enabled = true;
-    duringCheck([&] { enabled = list()->isEnabled(); });
-    EXPECT_FALSE(enabled);
-    EXPECT_TRUE(list()->isEnabled());
+TEST_F(ListViewTest, TheSpaceBarTicksEverySelectedRow) {
+    clickCell(1);
+    clickCell(3, Qt::ControlModifier);
+    QTest::keyClick(list(), Qt::Key_Space);
+    settle();
+    EXPECT_EQ(tickedRows(), (Rows{1, 3}));
+    expectSelected({1, 3});
+    // By the current row, so that all have the same tick afterwards.
+    field().userTick(1, false);
+    settle();
+    QTest::keyClick(list(), Qt::Key_Space);
+    settle();
+    EXPECT_EQ(tickedRows(), Rows{});
+}
+
+TEST_F(ListViewTest, TheSpaceBarTicksACurrentRowThatIsNotSelectedAlone) {
+    clickCell(1);
+    QTest::keyClick(list(), Qt::Key_Down, Qt::ControlModifier);
+    QTest::keyClick(list(), Qt::Key_Space);
+    settle();
+    EXPECT_EQ(tickedRows(), Rows{2});
+    QTest::keyClick(list(), Qt::Key_Space, Qt::ControlModifier);
+    settle();
+    expectSelected({1, 2});
+    EXPECT_EQ(tickedRows(), Rows{2});
+}
+
+TEST_F(ListViewTest, ControlAAndTheSpaceBarTickAllRows) {
+    clickCell(2);
+    QTest::keyClick(list(), Qt::Key_A, Qt::ControlModifier);
+    settle();
+    expectSelected({1, 2, 3});
+    QTest::keyClick(list(), Qt::Key_Space);
+    settle();
+    EXPECT_EQ(tickedRows(), (Rows{1, 2, 3}));
+}
+
+// A check disables the field between two rows.
+TEST_F(ListViewTest, TakesNoHandWhileItsFieldIsDisabled) {
+    field().userSelect({1});
+    int opened = 0;
+    field().DblClick.connect([&] { ++opened; });
+    settle();
+    field().setEnabled(false);
+    settle();
+    QTest::mouseClick(list()->viewport(), Qt::LeftButton, {}, cell(2));
+    QTest::mouseClick(list()->viewport(), Qt::LeftButton, {}, tickBox(3));
+    QTest::mouseClick(list()->viewport(), Qt::RightButton, {}, cell(2));
+    QTest::mouseDClick(list()->viewport(), Qt::LeftButton, {}, cell(2));
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_D, Qt::Key_Down}) {
+        QTest::keyClick(list(), key);
+    }
+    QTest::keyClick(list(), Qt::Key_A, Qt::ControlModifier);
+    list()->selectAll();
+    QContextMenuEvent byKey(QContextMenuEvent::Keyboard, cell(2), QCursor::pos());
+    QApplication::sendEvent(list()->viewport(), &byKey);
+    settle();
+    expectSelected({1});
+    EXPECT_EQ(tickedRows(), Rows{});
+    EXPECT_EQ(opened, 0);
+    EXPECT_FALSE(menu("mnuLstV")->isVisible());
+    field().setEnabled(true);
+    settle();
+    clickCell(2);
+    expectSelected({2});
+}
+
+TEST_F(ListViewTest, IsShownDisabledDuringAPassAndKeepsTheFocus) {
+    window()->activateWindow();
+    clickCell(2);
+    settle();
+    ASSERT_EQ(QApplication::focusWidget(), list());
+    const QImage before = list()->grab().toImage();
+    std::vector<QWidget*> focused;
+    QObject context;
+    QObject::connect(qApp, &QApplication::focusChanged, &context,
+                     [&](QWidget*, QWidget* now) { focused.push_back(now); });
+    bool isEnabled = true;
+    QImage during;
+    duringCheck([&] {
+        isEnabled = field().Enabled();
+        during = list()->grab().toImage();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+    });
+    EXPECT_FALSE(isEnabled);
+    EXPECT_NE(during, before);
+    EXPECT_EQ(focused, std::vector<QWidget*>{});
+    EXPECT_EQ(QApplication::focusWidget(), list());
+    EXPECT_EQ(tickedRows(), (Rows{1, 2, 3}));  // as the check found them
+    EXPECT_TRUE(field().Enabled());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+    settle();
+    EXPECT_EQ(tickedRows(), (Rows{1, 3}));
+    EXPECT_TRUE(machine.browsers.empty());
 }
 
 TEST_F(ListViewTest, AHeadersTextFollowsTheField) {

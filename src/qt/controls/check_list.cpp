@@ -2,6 +2,7 @@
 
 #include <QSignalBlocker>
 
+#include "qt/controls/accessible_list.h"
 #include "qt/surface/field.h"
 #include "qt/surface/text.h"
 
@@ -12,6 +13,7 @@ CheckList::CheckList(ListBox& field, UserHand& hand, QWidget* parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setUniformItemSizes(true);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    makeAccessible(*this);
     Refresher* refresher = bindField(this, field, [this] { showEntries(); });
     connect(this, &QListWidget::itemChanged, this, [this, &hand, refresher](QListWidgetItem* item) {
         const int index = row(item);
@@ -21,6 +23,7 @@ CheckList::CheckList(ListBox& field, UserHand& hand, QWidget* parent)
         hand.does([&] { field_.userTick(index, on); });
         // A rule of the list may have unticked it, or others.
         refresher->refreshNow();
+        reportTick(*this, this->model()->index(index, 0));
     });
     // A click on an entry's text ticks nothing, but it is a click too.
     connect(this, &QListWidget::itemClicked, this, [this, &hand] {

@@ -116,6 +116,9 @@ QVariant ListViewModel::data(const QModelIndex& index, int role) const {
             return row->Checked() ? Qt::Checked : Qt::Unchecked;
         case Qt::TextAlignmentRole:
             return alignment(index.column());
+        case Qt::AccessibleDescriptionRole:
+            if (index.column() != 0 || !rowWords_) return {};
+            return rowWords_(*row);
         case Qt::FontRole:
             if (bold(*row, index.column())) {
                 QFont font;

@@ -16,6 +16,8 @@ class ListViewModel : public QAbstractTableModel {
   public:
     /// The picture of a key (of a row's small icon, or of a sub-item's state).
     using Pictures = std::function<QIcon(const std::string& key)>;
+    /// The state of a row in words.
+    using RowWords = std::function<QString(const ListItem& row)>;
 
     ListViewModel(ListView& list, Pictures pictures, QObject* parent = nullptr);
 
@@ -34,6 +36,10 @@ class ListViewModel : public QAbstractTableModel {
     const ListItem* rowOf(const QModelIndex& index) const {
         return index.isValid() ? rowAt(index.row()) : nullptr;
     }
+    /// What describes a row to a screen reader; empty for nothing.
+    void setRowWords(RowWords words) { rowWords_ = std::move(words); }
+    /// The first cell of a row of the field, from 1; not valid while the row isn't published.
+    QModelIndex indexOf(int row) const { return index(row - onTop_ - 1, 0); }
     /// Publishes the changes that were gathered.
     void publish();
 
@@ -63,6 +69,7 @@ class ListViewModel : public QAbstractTableModel {
 
     ListView& list_;
     Pictures pictures_;
+    RowWords rowWords_;
     int rows_ = 0;     // published
     int columns_ = 0;  // published
     int onTop_ = 0;    // rows inserted at the top since the last publishing

@@ -1,11 +1,13 @@
 #include "qt/controls/list_view_widget.h"
 
+#include <QAccessible>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <algorithm>
 
+#include "qt/controls/accessible_list.h"
 #include "qt/controls/file_drops.h"
 #include "qt/surface/field.h"
 #include "qt/surface/text.h"
@@ -18,6 +20,23 @@ namespace {
 constexpr int columnGap = 4;
 constexpr int headingMargin = 6;
 
+// Keys that only move within a list.
+bool movesAlong(int key) {
+    switch (key) {
+        case Qt::Key_Up:
+        case Qt::Key_Down:
+        case Qt::Key_Left:
+        case Qt::Key_Right:
+        case Qt::Key_PageUp:
+        case Qt::Key_PageDown:
+        case Qt::Key_Home:
+        case Qt::Key_End:
+            return true;
+        default:
+            return false;
+    }
+}
+
 }  // namespace
 
 ListViewWidget::ListViewWidget(ListView& list, ListViewModel::Pictures pictures, const Look& look,
@@ -28,6 +47,8 @@ ListViewWidget::ListViewWidget(ListView& list, ListViewModel::Pictures pictures,
       hand_(hand),
       model_(new ListViewModel(list, std::move(pictures), this)) {
     model_->setHasTicks(look.ticks);
+    model_->setRowWords(look.rowWords);
+    makeAccessible(*this);
     setModel(model_);
     setRootIsDecorated(false);
     setUniformRowHeights(true);
@@ -44,16 +65,23 @@ ListViewWidget::ListViewWidget(ListView& list, ListViewModel::Pictures pictures,
     header()->setSectionsMovable(false);
     header()->setSectionsClickable(true);
     header()->setMinimumSectionSize(0);
-    bindField(this, list, [this] {
-        showColumns();
-        showSortMark();
-    });
+    // A check disables the list for a while: the focus must not go to a button meanwhile.
+    bindField(
+        this, list,
+        [this] {
+            showColumns();
+            showSortMark();
+            showEnabled();
+        },
+        WhenDisabled::keepsFocus);
     connectField();
 }
 
 void ListViewWidget::connectField() {
-    connect(model_, &ListViewModel::ticked, this,
-            [this](int row, bool on) { hand_.does([&] { list_.userTick(row, on); }); });
+    connect(model_, &ListViewModel::ticked, this, [this](int row, bool on) {
+        hand_.does([&] { list_.userTick(row, on); });
+        reportTick(*this, model_->indexOf(row));
+    });
     connect(model_, &ListViewModel::published, this, [this](bool reset, int onTop) {
         showColumns();
         showSortMark();
@@ -171,6 +199,24 @@ void ListViewWidget::changeEvent(QEvent* event) {
     fitColumns();
 }
 
+void ListViewWidget::showEnabled() {
+    if (isHeld_ == !list_.Enabled()) return;
+    isHeld_ = !list_.Enabled();
+    header()->setEnabled(!isHeld_);
+    viewport()->update();
+}
+
+// A list that is held still shows what is under the arrow keys, but nothing is selected by them.
+QItemSelectionModel::SelectionFlags ListViewWidget::selectionCommand(const QModelIndex& index,
+                                                                     const QEvent* event) const {
+    return isHeld_ ? QItemSelectionModel::NoUpdate : QTreeView::selectionCommand(index, event);
+}
+
+void ListViewWidget::initViewItemOption(QStyleOptionViewItem* option) const {
+    QTreeView::initViewItemOption(option);
+    if (isHeld_) option->state &= ~QStyle::State_Enabled;
+}
+
 void ListViewWidget::showSortMark() {
     header()->setSortIndicatorShown(list_.Sorted());
     if (!list_.Sorted()) return;
@@ -187,8 +233,11 @@ void ListViewWidget::showSelection() {
         const QModelIndex index = model_->index(i - 1, 0);
         rows.select(index, index.siblingAtColumn(model_->columnCount() - 1));
     }
-    if (rows != selectionModel()->selection()) {
-        selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect);
+    if (rows == selectionModel()->selection()) return;
+    selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect);
+    // The keys act on what is selected, and it is scrolled to.
+    if (!rows.isEmpty() && !rows.contains(currentIndex())) {
+        selectionModel()->setCurrentIndex(rows.first().topLeft(), QItemSelectionModel::NoUpdate);
     }
 }
 
@@ -206,6 +255,7 @@ void ListViewWidget::reportSelection() {
     for (const QModelIndex& index : selectionModel()->selectedRows())
         rows.push_back(index.row() + 1);
     hand_.does([&] { list_.userSelect(rows); });
+    if (isHeld_) showSelection();
 }
 
 // The field has its own sizes of rows and columns, which differ from those of the screen.
@@ -222,16 +272,18 @@ void ListViewWidget::pointTo(const QPoint& place) {
 }
 
 void ListViewWidget::mouseMoveEvent(QMouseEvent* event) {
-    pointTo(event->position().toPoint());
+    if (!isHeld_) pointTo(event->position().toPoint());
     QTreeView::mouseMoveEvent(event);
 }
 
 void ListViewWidget::mouseReleaseEvent(QMouseEvent* event) {
     QTreeView::mouseReleaseEvent(event);
+    if (isHeld_) return;
     if (event->button() == Qt::RightButton) hand_.does([this] { list_.RightClick(); });
 }
 
 void ListViewWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (isHeld_) return;
     pointTo(event->position().toPoint());
     QTreeView::mouseDoubleClickEvent(event);
     if (event->button() == Qt::LeftButton && indexAt(event->position().toPoint()).isValid()) {
@@ -240,18 +292,70 @@ void ListViewWidget::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void ListViewWidget::keyPressEvent(QKeyEvent* event) {
-    if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) &&
-        currentIndex().isValid()) {
-        pointTo(visualRect(currentIndex()).center());
-        hand_.does([this] { list_.DblClick(); });
+    if (takesKey(*event)) return;
+    if (isHeld_ && !movesAlong(event->key())) {
+        event->ignore();
         return;
     }
     QTreeView::keyPressEvent(event);
 }
 
+bool ListViewWidget::takesKey(const QKeyEvent& event) {
+    if (isHeld_ || !currentIndex().isValid()) return false;
+    const bool isPlain = (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    switch (event.key()) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            pointTo(visualRect(currentIndex()).center());
+            hand_.does([this] { list_.DblClick(); });
+            return true;
+        case Qt::Key_Space:
+            if (!look_.ticks) return false;
+            if (isPlain) {
+                tickSelected();
+            } else {
+                selectionModel()->select(currentIndex(), selectionCommand(currentIndex(), &event));
+            }
+            return true;
+        default:
+            return false;
+    }
+}
+
+// All selected rows get the same tick; the current row, when it is not one of them, gets it alone.
+void ListViewWidget::tickSelected() {
+    const QModelIndex current = currentIndex().siblingAtColumn(0);
+    const bool isOn = current.data(Qt::CheckStateRole).toInt() == Qt::Checked;
+    QList<QPersistentModelIndex> rows;
+    if (selectionModel()->isSelected(current)) {
+        for (const QModelIndex& index : selectionModel()->selectedRows()) rows.push_back(index);
+    } else {
+        rows.push_back(current);
+    }
+    for (const QPersistentModelIndex& row : rows) {
+        // A handler may have removed it.
+        if (row.isValid())
+            model_->setData(row, isOn ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
+    }
+}
+
+// A screen reader is told of the list, and then of the row in it.
+void ListViewWidget::focusInEvent(QFocusEvent* event) {
+    QTreeView::focusInEvent(event);
+    if (!QAccessible::isActive()) return;
+    const auto report = [this] {
+        if (!hasFocus() || !currentIndex().isValid()) return;
+        QAccessibleEvent focus(this, QAccessible::Focus);
+        focus.setChild(accessibleChild(*this, currentIndex()));
+        QAccessible::updateAccessibility(&focus);
+    };
+    QMetaObject::invokeMethod(this, report, Qt::QueuedConnection);
+}
+
 // By the menu key only: the mouse's right button is reported when it is released.
 void ListViewWidget::contextMenuEvent(QContextMenuEvent* event) {
-    if (event->reason() != QContextMenuEvent::Mouse) hand_.does([this] { list_.RightClick(); });
+    const bool isByKey = event->reason() != QContextMenuEvent::Mouse;
+    if (isByKey && !isHeld_) hand_.does([this] { list_.RightClick(); });
     event->accept();
 }
 

@@ -21,6 +21,7 @@ class ListViewWidget : public QTreeView {
         double stretchedShare = 0.35;
         int stretchedLetters = 10;
         QSize preferred{300, 120};
+        ListViewModel::RowWords rowWords{};  ///< the state of a row, for a screen reader
     };
 
     ListViewWidget(ListView& list, ListViewModel::Pictures pictures, const Look& look,
@@ -36,12 +37,19 @@ class ListViewWidget : public QTreeView {
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void selectionChanged(const QItemSelection& selected,
                           const QItemSelection& deselected) override;
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                         const QEvent* event) const override;
+    void initViewItemOption(QStyleOptionViewItem* option) const override;
 
   private:
     void connectField();
+    void showEnabled();
+    bool takesKey(const QKeyEvent& event);
+    void tickSelected();
     void showColumns();
     void showSortMark();
     void fitColumns();
@@ -64,6 +72,8 @@ class ListViewWidget : public QTreeView {
     std::vector<bool> isFilled_;  // whether a column has ever had a text
     bool fitting_ = false;
     bool sizedByUser_ = false;
+    bool fitted_ = false;
+    bool isHeld_ = false;  // the field is disabled; the focus stays
 };
 
 }  // namespace velmora::qt

@@ -11,12 +11,14 @@ QString fieldName(const Control& control) {
     return control.Index() < 0 ? name : QStringLiteral("%1(%2)").arg(name).arg(control.Index());
 }
 
-Refresher* bindField(QWidget* widget, Control& control, std::function<void()> refresh) {
+Refresher* bindField(QWidget* widget, Control& control, std::function<void()> refresh,
+                     WhenDisabled whenDisabled) {
     const QString name = fieldName(control);
     widget->setObjectName(name);
     widget->setAccessibleName(fieldWords(shown(control.form().Name()), name));
-    return follow(control.Changed, widget, [widget, &control, refresh = std::move(refresh)] {
-        widget->setEnabled(control.Enabled());
+    const bool follows = whenDisabled == WhenDisabled::isDisabled;
+    return follow(control.Changed, widget, [=, &control, refresh = std::move(refresh)] {
+        if (follows) widget->setEnabled(control.Enabled());
         if (!control.Visible()) {
             widget->hide();
         } else if (widget->parentWidget() != nullptr) {
