@@ -1,11 +1,19 @@
 #include "qt/controls/buttons.h"
 
+#include "qt/controls/accessible_caption.h"
 #include "qt/surface/field.h"
 #include "qt/surface/text.h"
 
 namespace velmora::qt {
 
 namespace {
+
+// A click doesn't change its picture: the field does.
+template <typename Button>
+class ShowsField : public Button {
+  protected:
+    void nextCheckState() override {}
+};
 
 // Shows the field's state after a click: a handler may have refused or undone it.
 template <typename Field>
@@ -16,20 +24,34 @@ void clickField(QAbstractButton* button, Field& field, UserHand& hand, Refresher
     });
 }
 
+// A screen reader toggles the button without a click: that is the user's click too.
+template <typename Field>
+void toggleField(QAbstractButton* button, Field& field, UserHand& hand, Refresher* refresher,
+                 bool (*isOn)(const Field&)) {
+    QObject::connect(button, &QAbstractButton::toggled, button,
+                     [&field, &hand, refresher, isOn](bool on) {
+                         if (!refresher->fieldExists() || on == isOn(field)) return;
+                         hand.does([&field] { field.userClick(); });
+                         refresher->refreshNow();
+                     });
+}
+
 }  // namespace
 
 QCheckBox* makeCheckBox(CheckBox& field, UserHand& hand) {
-    auto* box = new QCheckBox;
+    auto* box = new ShowsField<QCheckBox>;
     Refresher* refresher = bindField(box, field, [box, &field] {
         box->setText(shown(field.Caption()).trimmed());
         box->setChecked(field.ticked());
     });
     clickField(box, field, hand, refresher);
+    toggleField<CheckBox>(box, field, hand, refresher,
+                          [](const CheckBox& shownField) { return shownField.ticked(); });
     return box;
 }
 
 QRadioButton* makeOptionButton(OptionButton& field, UserHand& hand) {
-    auto* button = new QRadioButton;
+    auto* button = new ShowsField<QRadioButton>;
     // The fields switch each other off themselves.
     button->setAutoExclusive(false);
     Refresher* refresher = bindField(button, field, [button, &field] {
@@ -37,6 +59,8 @@ QRadioButton* makeOptionButton(OptionButton& field, UserHand& hand) {
         button->setChecked(field.Value());
     });
     clickField(button, field, hand, refresher);
+    toggleField<OptionButton>(button, field, hand, refresher,
+                              [](const OptionButton& shownField) { return shownField.Value(); });
     return button;
 }
 
@@ -65,7 +89,8 @@ QToolButton* makeIconButton(CommandButton& field, Glyph glyph, UserHand& hand) {
 }
 
 QLabel* makeCaption(Label& field, bool wraps) {
-    auto* label = new QLabel;
+    auto* label = new CaptionLabel;
+    makeCaptionsAccessible();
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(wraps);
     bindField(label, field, [label, &field] { label->setText(shownLines(field.Caption())); });

@@ -2,10 +2,13 @@
 
 #include <QPainter>
 
+#include "qt/controls/accessible_caption.h"
+
 namespace velmora::qt {
 
 ElidedLabel::ElidedLabel(QWidget* parent, Qt::TextElideMode mode) : QWidget(parent), mode_(mode) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    makeCaptionsAccessible();
 }
 
 void ElidedLabel::setText(const QString& text) {

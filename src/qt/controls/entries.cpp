@@ -39,7 +39,10 @@ class FocusWatch : public QObject {
 void showText(QLineEdit* edit, const TextBox& field) {
     const QString text = shown(field.Text());
     // Writing the same text again would move the caret while the user types.
-    if (edit->text() != text) edit->setText(text);
+    if (edit->text() != text) {
+        const QSignalBlocker quiet(edit);
+        edit->setText(text);
+    }
     if (field.Focused() && !edit->hasFocus()) {
         edit->setFocus();
         edit->selectAll();
@@ -59,16 +62,62 @@ void showEntries(QComboBox* box, const ComboBox& field) {
     }
 }
 
-QToolButton* arrow(UpDown& field, Qt::ArrowType type, void (UpDown::*turn)(), UserHand& hand) {
-    auto* button = new QToolButton;
-    button->setArrowType(type);
-    button->setAutoRepeat(true);
-    button->setFocusPolicy(Qt::StrongFocus);
-    button->setFixedSize(18, 13);
-    QObject::connect(button, &QToolButton::clicked, button,
-                     [&field, turn, &hand] { hand.does([&field, turn] { (field.*turn)(); }); });
-    return button;
-}
+// Two arrows above each other: one stop of the Tab key, where the keys Up and Down turn the
+// spinner.
+class ArrowPair : public QWidget {
+  public:
+    ArrowPair(UpDown& field, UserHand& hand) {
+        up_ = addArrow(Qt::UpArrow, [&field, &hand] { hand.does([&field] { field.userUp(); }); });
+        down_ =
+            addArrow(Qt::DownArrow, [&field, &hand] { hand.does([&field] { field.userDown(); }); });
+        auto* layout = new QVBoxLayout(this);
+        layout->setContentsMargins(0, 0, 0, 0);
+        layout->setSpacing(0);
+        layout->addWidget(up_);
+        layout->addWidget(down_);
+        setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+        setFocusPolicy(Qt::StrongFocus);
+    }
+    void nameArrows() {
+        up_->setObjectName(objectName() + QStringLiteral(".Up"));
+        down_->setObjectName(objectName() + QStringLiteral(".Down"));
+        up_->setAccessibleName(QStringLiteral("More: %1").arg(accessibleName()));
+        down_->setAccessibleName(QStringLiteral("Less: %1").arg(accessibleName()));
+    }
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        const bool isUp = event->key() == Qt::Key_Up;
+        if (!isUp && event->key() != Qt::Key_Down) return QWidget::keyPressEvent(event);
+        (isUp ? up_ : down_)->click();
+    }
+    void focusInEvent(QFocusEvent*) override { showFocus(); }
+    void focusOutEvent(QFocusEvent*) override { showFocus(); }
+
+  private:
+    template <typename Turn>
+    QToolButton* addArrow(Qt::ArrowType type, Turn turn) {
+        auto* button = new QToolButton;
+        button->setArrowType(type);
+        button->setAutoRepeat(true);
+        button->setFocusPolicy(Qt::NoFocus);
+        button->setFixedSize(18, 13);
+        connect(button, &QToolButton::clicked, button, turn);
+        return button;
+    }
+    // The arrows cover it: their letters get the colour of the focus.
+    void showFocus() {
+        QPalette colours;
+        if (hasFocus()) {
+            colours.setColor(QPalette::Button, palette().color(QPalette::Highlight));
+            colours.setColor(QPalette::ButtonText, palette().color(QPalette::HighlightedText));
+        }
+        for (QToolButton* arrow : {up_, down_}) arrow->setPalette(colours);
+    }
+
+    QToolButton* up_ = nullptr;
+    QToolButton* down_ = nullptr;
+};
 
 DateTime withTime(DateTime value, const QTime& time) {
     value.hour = time.hour();
@@ -84,7 +133,8 @@ QLineEdit* makeLineEdit(TextBox& field, UserHand& hand) {
     Refresher* refresher = bindField(edit, field, [edit, &field] { showText(edit, field); });
     if (field.masked()) edit->setEchoMode(QLineEdit::Password);
     new FocusWatch(edit, field, hand, *refresher);
-    QObject::connect(edit, &QLineEdit::textEdited, edit,
+    // Also by a screen reader, which does not type.
+    QObject::connect(edit, &QLineEdit::textChanged, edit,
                      [&field, &hand, refresher](const QString& text) {
                          hand.does([&] { field.setText(typed(text)); });
                          refresher->touch();
@@ -132,7 +182,7 @@ QTimeEdit* makeTimeEdit(DatePicker& field, const QString& picture, UserHand& han
         const QSignalBlocker quiet(edit);
         edit->setTime({field.Hour(), field.Minute(), field.Second()});
     });
-    QObject::connect(edit, &QTimeEdit::userTimeChanged, edit,
+    QObject::connect(edit, &QTimeEdit::timeChanged, edit,
                      [&field, &hand, refresher](const QTime& time) {
                          hand.does([&] { field.setValue(withTime(field.Value(), time)); });
                          refresher->touch();
@@ -218,20 +268,9 @@ QPlainTextEdit* makeTextView(TextBox& field) {
 }
 
 QWidget* makeUpDown(UpDown& field, UserHand& hand) {
-    auto* pair = new QWidget;
-    auto* up = arrow(field, Qt::UpArrow, &UpDown::userUp, hand);
-    auto* down = arrow(field, Qt::DownArrow, &UpDown::userDown, hand);
-    auto* layout = new QVBoxLayout(pair);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->addWidget(up);
-    layout->addWidget(down);
-    pair->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    auto* pair = new ArrowPair(field, hand);
     bindField(pair, field, [] {});
-    up->setObjectName(pair->objectName() + QStringLiteral(".Up"));
-    down->setObjectName(pair->objectName() + QStringLiteral(".Down"));
-    up->setAccessibleName(QStringLiteral("More: %1").arg(pair->accessibleName()));
-    down->setAccessibleName(QStringLiteral("Less: %1").arg(pair->accessibleName()));
+    pair->nameArrows();
     return pair;
 }
 

@@ -3,6 +3,7 @@
 
 #include <QWidget>
 
+#include "base/regional.h"
 #include "controls/line_chart.h"
 
 namespace velmora::qt {
