@@ -68,7 +68,7 @@ const char* wordsFor(RowState state) {
         case RowState::nearShortage:
             return "near its minimum";
         default:
-            return "fine";
+            return "ok";
     }
 }
 

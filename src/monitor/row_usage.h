@@ -39,7 +39,7 @@ std::optional<double> triggerKB(const ConstWatchRow& row, const Form1& form1,
 
 RowUsage usageOf(const ConstWatchRow& row, const Form1& form1, const Regional& regional);
 
-/// A state in words: "short of space", "fine".
+/// A state in words: "short of space", "ok".
 const char* wordsFor(RowState state);
 
 }  // namespace velmora

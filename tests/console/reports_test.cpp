@@ -147,10 +147,10 @@ TEST_F(ConsoleReports, TheWatchIsToldAsAWholeAndByRow) {
         row.item().setChecked(true);
     }
     EXPECT_EQ(run("report watch"),
-              "1 of 2 not available\nC:\\      fine, 87.5 % used\nD:\\data  not available\n");
+              "1 of 2 not available\nC:\\      ok, 87.5 % used\nD:\\data  not available\n");
     run("json on");
     EXPECT_EQ(run("report watch"),
-              R"({"ok":[{"Path":"C:\\","State":"fine","Used":"87.5"},)"
+              R"({"ok":[{"Path":"C:\\","State":"ok","Used":"87.5"},)"
               R"({"Path":"D:\\data","State":"not available","Used":""}]})"
               "\n");
     run("json off");

@@ -113,7 +113,7 @@ TEST(RowUsageTest, EachStateHasItsWords) {
     EXPECT_STREQ(wordsFor(RowState::noMinimum), "without a minimum");
     EXPECT_STREQ(wordsFor(RowState::shortOfSpace), "short of space");
     EXPECT_STREQ(wordsFor(RowState::nearShortage), "near its minimum");
-    EXPECT_STREQ(wordsFor(RowState::fine), "fine");
+    EXPECT_STREQ(wordsFor(RowState::fine), "ok");
 }
 
 TEST(WatchSummaryTest, WithoutATickNothingIsWatched) {

@@ -222,7 +222,7 @@ TEST_F(WatchListViewTest, AToolTipSaysAllOfARow) {
     furnish(1, "2,500 KB", "10,000 KB");
     settle();
     EXPECT_EQ(hintAt(1, 2), "C:\\\n2,500 KB free of 10,000 KB\n2.4 MB of 9.8 MB, 75.0 % used\n"
-                            "Minimum: 1,000 KB (1.0 MB)\nFine");
+                            "Minimum: 1,000 KB (1.0 MB)\nOk");
     EXPECT_TRUE(hintAt(1, 5).starts_with("C:\\\nTime Last Checked: 03/14 15:10:26\n2,500 KB"));
     at(1).setFreeSpace("N/A check drive or media");
     settle();

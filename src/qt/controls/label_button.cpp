@@ -1,5 +1,6 @@
 #include "qt/controls/label_button.h"
 
+#include <QAccessible>
 #include <QFontMetrics>
 #include <QKeyEvent>
 #include <QPainter>
@@ -35,9 +36,7 @@ LabelButton::LabelButton(Label& label, UserHand& hand, Shape shape, QWidget* par
             setText(caption);
             updateGeometry();
         }
-        if (shape_ != Shape::button) {
-            setAccessibleDescription(isShownTab() ? QStringLiteral("selected") : QString());
-        }
+        reportSelection();
         update();
     });
     connect(this, &QAbstractButton::pressed, this,
@@ -67,6 +66,16 @@ QSize LabelButton::minimumSizeHint() const {
 
 bool LabelButton::isShownTab() const {
     return shape_ == Shape::topTab ? isSelectedInnerTab(label_) : isSelectedTab(label_);
+}
+
+void LabelButton::reportSelection() {
+    if (isSelected() == wasSelected_) return;
+    wasSelected_ = isSelected();
+    QAccessible::State changed;
+    changed.selected = true;
+    QAccessibleStateChangeEvent event(this, changed);
+    QAccessible::updateAccessibility(&event);
+    emit selectionChanged(wasSelected_);
 }
 
 QPainterPath LabelButton::outline(const QRectF& area) const {

@@ -28,6 +28,14 @@ class LabelButton : public QAbstractButton {
     /// The whole caption, with less room at its sides.
     QSize minimumSizeHint() const override;
 
+    bool isTab() const { return shape_ != Shape::button; }
+    /// Whether it is the tab of the page that is shown.
+    bool isSelected() const { return isTab() && isShownTab(); }
+
+  signals:
+    /// It has become the selected tab, or is it no longer.
+    void selectionChanged(bool selected);
+
   protected:
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -36,12 +44,14 @@ class LabelButton : public QAbstractButton {
 
   private:
     bool isShownTab() const;
+    void reportSelection();
     QPainterPath outline(const QRectF& area) const;
     void paintPicture(QPainter& painter, const QColor& colour);
 
     Label& label_;
     UserHand& hand_;
     Shape shape_;
+    bool wasSelected_ = false;
 };
 
 }  // namespace velmora::qt

@@ -224,7 +224,14 @@ bool WatchCells::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QSt
 ListViewWidget* makeWatchListView(Form1& form, ListViewModel::Pictures pictures, UserHand& hand) {
     auto* list = new ListViewWidget(
         form.ListView1, std::move(pictures),
-        {.ticks = true, .stretchedColumn = pathColumn, .preferred = {400, 150}}, hand);
+        {.ticks = true,
+         .stretchedColumn = pathColumn,
+         .preferred = {400, 150},
+         .rowWords = [&form, &hand](const ListItem& row) {
+             return QString::fromLatin1(
+                 wordsFor(usageOf(ConstWatchRow(row), form, hand.regional()).state));
+         }},
+        hand);
     list->setItemDelegate(new WatchCells(form, hand, *list));
     return list;
 }

@@ -6,6 +6,7 @@
 #include "qt/controls/journal_view.h"
 #include "qt/controls/label_button.h"
 #include "qt/controls/list_view_widget.h"
+#include "qt/controls/one_stop.h"
 #include "qt/surface/field.h"
 #include "qt/surface/text.h"
 #include "qt/windows/layouts.h"
@@ -39,9 +40,12 @@ QWidget* makeAlertsPanel(Form1& form, UserHand& hand) {
     auto* limit = makeLineEdit(form.txtAmt, hand);
     limit->setMaximumWidth(56);
     auto* buttons = row({});
+    std::vector<QWidget*> stops;
     for (Label& label : form.lblAl) {
-        buttons->addWidget(new LabelButton(label, hand, LabelButton::Shape::button));
+        stops.push_back(new LabelButton(label, hand, LabelButton::Shape::button));
+        buttons->addWidget(stops.back());
     }
+    new OneStop(stops.front(), stops);
     buttons->addStretch(1);
     for (QWidget* widget : std::initializer_list<QWidget*>{makeCaption(form.lblE), limit,
                                                            makeUpDown(form.UpDown3, hand)}) {

@@ -2,12 +2,13 @@
 
 #include "qt/windows/dialogs.h"
 #include "qt/windows/main_window.h"
+#include "qt/windows/shortcuts.h"
 
 namespace velmora::qt {
 
 AllWindows::AllWindows(Forms& forms, const QtShellIcons& icons, QtUser32& user32, UserHand& hand,
                        WindowsByName& names)
-    : hand_(hand), names_(names) {
+    : forms_(forms), hand_(hand), names_(names) {
     add(forms.form1.Name(), new MainWindow(forms.form1, icons, user32, hand));
     addWhenLoaded(forms.frmLock, makeLockWindow);
     addWhenLoaded(forms.frmAbout, makeAboutWindow);
@@ -23,6 +24,7 @@ AllWindows::AllWindows(Forms& forms, const QtShellIcons& icons, QtUser32& user32
 
 void AllWindows::add(const std::string& form, QWidget* window) {
     windows_.emplace_back(window);
+    if (form != forms_.form1.Name()) addHelpKey(window, forms_.form1, hand_);
     names_.add(form, window);
 }
 

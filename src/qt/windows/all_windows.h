@@ -30,6 +30,7 @@ class AllWindows {
         }));
     }
 
+    Forms& forms_;
     UserHand& hand_;
     WindowsByName& names_;
     std::vector<std::unique_ptr<QWidget>> windows_;

@@ -4,6 +4,7 @@
 #include "qt/controls/buttons.h"
 #include "qt/controls/entries.h"
 #include "qt/controls/label_button.h"
+#include "qt/controls/one_stop.h"
 #include "qt/surface/refresher.h"
 #include "qt/windows/layouts.h"
 #include "qt/windows/panels.h"
@@ -29,8 +30,10 @@ QWidget* makeProgramGroup(Form1& form, UserHand& hand) {
     auto* content =
         column({makeCheckBox(form.chkStartUp, hand), makeCheckBox(form.chkUpdate, hand),
                 makeCheckBox(form.chkSaveSet, hand), makeCheckBox(form.chkSafeM, hand)});
-    content->addLayout(row({updateButton(form.Label5[program_button::checkUpdates], hand),
-                            updateButton(form.Label5[program_button::getUpdates], hand), nullptr}));
+    auto* check = updateButton(form.Label5[program_button::checkUpdates], hand);
+    auto* get = updateButton(form.Label5[program_button::getUpdates], hand);
+    new OneStop(check, {check, get});
+    content->addLayout(row({check, get, nullptr}));
     content->addWidget(makeNews(form.lblNewVer));
     content->addStretch(1);
     return group(QStringLiteral("Program"), content);
@@ -61,8 +64,11 @@ QWidget* makeSoundGroup(Form1& form, UserHand& hand) {
         auto* path = makeLineEdit(form.txtAudio[place], hand);
         grid->addWidget(wordFor(words[i], path), i, 0);
         grid->addWidget(path, i, 1);
-        grid->addWidget(makeIconButton(form.cmdAudio[place], Glyph::browse, hand), i, 2);
-        grid->addWidget(makeIconButton(form.cmdPlay[place], Glyph::play, hand), i, 3);
+        auto* browse = makeIconButton(form.cmdAudio[place], Glyph::browse, hand);
+        auto* play = makeIconButton(form.cmdPlay[place], Glyph::play, hand);
+        new OneStop(browse, {browse, play});
+        grid->addWidget(browse, i, 2);
+        grid->addWidget(play, i, 3);
     }
     grid->addLayout(row({makeButton(form.cmdSnd, hand), nullptr}), 2, 1, 1, 3);
     return group(QStringLiteral("Sound"), grid);

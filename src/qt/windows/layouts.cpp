@@ -61,7 +61,8 @@ QScrollArea* scrolled(QWidget* page) {
     area->setWidget(page);
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
-    // It takes the focus, to be scrolled by keys.
+    // What has the focus on the page is scrolled to, and passes on the keys that scroll.
+    area->setFocusPolicy(Qt::NoFocus);
     area->setAccessibleName(QStringLiteral("Page"));
     // Transparent: a theme may give the area the colour of lists.
     area->viewport()->setAutoFillBackground(false);

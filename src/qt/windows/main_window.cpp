@@ -2,7 +2,6 @@
 
 #include <QContextMenuEvent>
 #include <QEvent>
-#include <QShortcut>
 #include <QToolBar>
 
 #include "forms/form_numbers.h"
@@ -10,14 +9,17 @@
 #include "qt/controls/bars.h"
 #include "qt/controls/buttons.h"
 #include "qt/controls/entries.h"
-#include "qt/controls/label_button.h"
+#include "qt/controls/label_tabs.h"
 #include "qt/controls/menus.h"
+#include "qt/controls/one_stop.h"
 #include "qt/controls/watch_list_view.h"
 #include "qt/icons/program_icon.h"
 #include "qt/surface/field.h"
 #include "qt/windows/form_binding.h"
 #include "qt/windows/layouts.h"
 #include "qt/windows/panels.h"
+#include "qt/windows/shortcuts.h"
+#include "qt/windows/watch_words.h"
 #include "rows/watch_row.h"
 
 namespace velmora::qt {
@@ -63,7 +65,7 @@ MainWindow::MainWindow(Form1& form, const QtShellIcons& icons, QtUser32& user32,
     connect(banner_, &WatchBanner::changed, status, showMood);
     showMood();
     addMenus();
-    addShortcuts();
+    addShortcuts(this, form, hand);
     new FormBinding(this, form, hand, {.sized = true, .dialog = false});
 }
 
@@ -73,6 +75,12 @@ void MainWindow::addToolBar() {
     toolBar_->addWidget(makeMenuButton());
     toolBar_->addWidget(makeIconButton(form_.Command9, Glyph::translucent, hand_));
     toolBar_->addWidget(makeIconButton(form_.Command6, Glyph::exit, hand_));
+    const auto buttons = toolBar_->findChildren<QToolButton*>(Qt::FindDirectChildrenOnly);
+    std::vector<QWidget*> stops;
+    for (QToolButton* button : buttons) {
+        if (!button->objectName().startsWith(QLatin1String("qt_"))) stops.push_back(button);
+    }
+    new OneStop(toolBar_, stops);
     QMainWindow::addToolBar(Qt::TopToolBarArea, toolBar_);
 }
 
@@ -109,25 +117,30 @@ QWidget* MainWindow::makeWatchList(const QtShellIcons& icons) {
 
 QWidget* MainWindow::makeWatchListButtons() {
     auto* buttons = row({});
+    std::vector<QWidget*> stops;
     for (Label& label : form_.lblDP) {
         auto* button = new LabelButton(label, hand_, LabelButton::Shape::button);
         if (label.Index() == watch_button::add) button->setPicture(Glyph::openFolder);
         buttons->addWidget(button);
+        stops.push_back(button);
     }
+    QPushButton* pause = makeButton(form_.cmdPause, hand_);
+    follow(form_.cmdPause.Changed, pause,
+           [this, pause] { pause->setAccessibleDescription(stateWords(form_.cmdPause)); });
+    stops.push_back(pause);
     buttons->addStretch(1);
     buttons->addWidget(new ActivityView(form_.Animation1));
-    buttons->addWidget(makeButton(form_.cmdPause, hand_));
-    return around(buttons);
+    buttons->addWidget(pause);
+    QWidget* all = around(buttons);
+    new OneStop(all, stops);
+    return all;
 }
 
 QWidget* MainWindow::makeTabs() {
     auto* strip = column({});
-    strip->setSpacing(3);
     strip->setContentsMargins(0, 28, 0, 0);
-    for (Label& label : form_.lblTab) {
-        strip->addWidget(new LabelButton(label, hand_, LabelButton::Shape::sideTab));
-    }
-    strip->addStretch(1);
+    strip->addWidget(
+        new LabelTabs(form_.lblTab, hand_, LabelButton::Shape::sideTab, QStringLiteral("Pages")));
     auto* frame = around(strip);
     bindField(frame, form_.Frame5, [] {});
     return frame;
@@ -170,22 +183,6 @@ void MainWindow::addMenus() {
         makeMenu(*menu, hand_, this,
                  [this, name = menu->Name()] { hand_.does([&] { user32_.windowCreated(name); }); });
     }
-}
-
-void MainWindow::addShortcuts() {
-    const auto add = [this](const QKeySequence& keys, std::function<void()> what) {
-        auto* shortcut = new QShortcut(keys, this);
-        connect(shortcut, &QShortcut::activated, this,
-                [this, what = std::move(what)] { hand_.does(what); });
-    };
-    for (Label& tab : form_.lblTab) {
-        add(QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + tab.Index())),
-            [&tab] { tab.Click(); });
-    }
-    add(QKeySequence(Qt::Key_F5), [this] { form_.Command1.userClick(); });
-    add(QKeySequence(Qt::Key_F6), [this] { form_.cmdPause.userClick(); });
-    add(QKeySequence::HelpContents,
-        [this] { form_.Toolbar1.userClickPart(form_.Toolbar1.ButtonCount()); });
 }
 
 // For widgets without their own menu.

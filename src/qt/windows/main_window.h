@@ -29,7 +29,6 @@ class MainWindow : public QMainWindow {
     QWidget* makeMenuButton();
     void addToolBar();
     void addMenus();
-    void addShortcuts();
     void placeTriggerEntry();
     /// Gives the heights of tool bar and watch list to their fields, for the resize rules and the
     /// compact view.

@@ -5,8 +5,9 @@
 #include "forms/form_numbers.h"
 #include "qt/controls/buttons.h"
 #include "qt/controls/entries.h"
-#include "qt/controls/label_button.h"
+#include "qt/controls/label_tabs.h"
 #include "qt/controls/list_view_widget.h"
+#include "qt/controls/one_stop.h"
 #include "qt/surface/field.h"
 #include "qt/windows/flow_layout.h"
 #include "qt/windows/layouts.h"
@@ -20,10 +21,14 @@ constexpr int programPath = 2;
 
 QWidget* makeLabelButtons(std::span<Label> labels, UserHand& hand) {
     auto* flow = new FlowLayout(gap);
+    std::vector<QWidget*> buttons;
     for (Label& label : labels) {
-        flow->addWidget(new LabelButton(label, hand, LabelButton::Shape::button));
+        buttons.push_back(new LabelButton(label, hand, LabelButton::Shape::button));
+        flow->addWidget(buttons.back());
     }
-    return around(flow);
+    QWidget* all = around(flow);
+    new OneStop(all, buttons);
+    return all;
 }
 
 ListViewWidget* makeList(ListView& list, UserHand& hand, int stretchedColumn) {
@@ -62,10 +67,11 @@ QWidget* makeMinimumSpace(Form1& form, UserHand& hand) {
     grid->addLayout(row({space, makeUpDown(form.UpDownSpace, hand), makeCaption(form.lblMB),
                          makeCaption(form.lblGB), nullptr}),
                     0, 1);
-    grid->addLayout(
-        row({makeOptionButton(form.OpDriv[0], hand), makeOptionButton(form.OpDriv[1], hand),
-             makeCheckBox(form.chkDrive, hand), nullptr}),
-        1, 0, 1, 2);
+    auto* bySize = makeOptionButton(form.OpDriv[0], hand);
+    auto* byPercent = makeOptionButton(form.OpDriv[1], hand);
+    new OneStop(bySize, {bySize, byPercent});
+    grid->addLayout(row({bySize, byPercent, makeCheckBox(form.chkDrive, hand), nullptr}), 1, 0, 1,
+                    2);
     grid->addWidget(makeSlider(form.Slider1, hand), 2, 0, 1, 2);
     grid->setColumnStretch(1, 1);
     return group(QStringLiteral("Set Minimum Space"), grid);
@@ -96,12 +102,8 @@ QWidget* makePathAndSpace(Form1& form, UserHand& hand) {
 }  // namespace
 
 QWidget* makeSpecifiedPanel(Form1& form, UserHand& hand) {
-    auto* strip = row({});
-    strip->setSpacing(3);
-    for (Label& label : form.lblSpectab) {
-        strip->addWidget(new LabelButton(label, hand, LabelButton::Shape::topTab));
-    }
-    strip->addStretch(1);
+    auto* strip = new LabelTabs(form.lblSpectab, hand, LabelButton::Shape::topTab,
+                                QStringLiteral("Specified options"));
     auto* pages = column({});
     QWidget* panels[] = {makePrograms(form, hand), makePathAndSpace(form, hand),
                          makeFiles(form, hand)};
@@ -111,7 +113,7 @@ QWidget* makeSpecifiedPanel(Form1& form, UserHand& hand) {
     }
     auto* content = column({});
     content->setSpacing(gap);
-    content->addLayout(strip);
+    content->addWidget(strip);
     content->addLayout(pages, 1);
     return around(content);
 }
