@@ -123,7 +123,7 @@ TEST_F(FileDropsTest, TheWatchListTakesFoldersDuringACheckAfterAQuestion) {
 }
 
 TEST_F(FileDropsTest, PathsOfTheMachineBecomeDrivePaths) {
-    program->hand().setPaths([](const std::string& path) { return "D:" + path; }, {});
+    program->hand().setPaths([](const std::string& path) { return "D:" + path; });
     drop(files(), {QUrl::fromLocalFile("/data/a")});
     settle();
     EXPECT_EQ(dropped, (std::vector<Paths>{{"D:/data/a"}}));

@@ -25,7 +25,7 @@ class UserHand {
     using PathConversion = std::function<std::string(const std::string&)>;
     /// Converts a path of this machine to a drive path, and back; without it, paths stay as they
     /// are.
-    void setPaths(PathConversion toDrivePath, PathConversion toHostPath) {
+    void setPaths(PathConversion toDrivePath, PathConversion toHostPath = {}) {
         toDrivePath_ = std::move(toDrivePath);
         toHostPath_ = std::move(toHostPath);
     }
