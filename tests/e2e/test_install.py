@@ -2,6 +2,7 @@
 
 import os
 import pathlib
+import re
 import shlex
 import shutil
 import subprocess
@@ -49,6 +50,13 @@ class Installed:
     def test_the_alert_sound_lies_beside_the_programs(self):
         sound = (self.folder / "sound" / "alert.WAV").read_bytes()
         self.assertEqual((sound[:4], sound[8:12]), (b"RIFF", b"WAVE"))
+
+    def test_the_help_page_finds_its_pictures(self):
+        page = (self.folder / "velmora.html").read_text("utf-8")
+        pictures = set(re.findall(r"help/[\w-]+\.png", page))
+        self.assertGreater(len(pictures), 20)
+        for picture in pictures:
+            self.assertEqual((self.folder / picture).read_bytes()[:8], b"\x89PNG\r\n\x1a\n")
 
     def test_settings_that_somebody_has_saved_survive_the_next_installation(self):
         (self.folder / "set.dat").write_bytes(b"saved")
