@@ -10,11 +10,12 @@ build_packages=(build-essential cmake ninja-build ccache pkg-config nlohmann-jso
     libcurl4-openssl-dev libsystemd-dev libblkid-dev qt6-base-dev)
 
 # What the tests need besides: libraries, the cross compiler, Wine, tools that make file systems to
-# test on, and tools that show windows, operate them and take screenshots.
+# test on, tools that show windows, operate them and take screenshots, and one that runs the script of
+# the help page.
 test_packages=(googletest libssl-dev libfuse3-dev fuse3 libz-mingw-w64-dev python3
     gcc-mingw-w64-x86-64-posix g++-mingw-w64-x86-64-posix wine wine64 e2fsprogs mount
     dosfstools ntfs-3g exfatprogs exfat-fuse fusefat mtools
-    xvfb openbox xdotool imagemagick python3-aiosmtpd s-nail openssl systemd-journal-remote
+    xvfb openbox xdotool imagemagick mujs python3-aiosmtpd s-nail openssl systemd-journal-remote
     dbus python3-dbus python3-gi)
 
 # What checks the sources and searches with libFuzzer.
