@@ -3,11 +3,11 @@
 
 display_process=
 
-# Sets DISPLAY to a new display with a free number.
+# Sets DISPLAY to a new display with a free number: start_display [WIDTHxHEIGHT]
 start_display() {
     [[ -z $display_process ]] || return 0
-    local number
-    exec {display_numbers}< <(exec Xvfb -displayfd 1 -screen 0 1280x1024x24 -nolisten tcp \
+    local number size=${1:-1280x1024}
+    exec {display_numbers}< <(exec Xvfb -displayfd 1 -screen 0 "${size}x24" -nolisten tcp \
         </dev/null 2>"$root/build/xvfb.log")
     display_process=$!
     if read -r -t 60 -u "$display_numbers" number && [[ -n $number ]]; then
