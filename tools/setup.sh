@@ -16,7 +16,7 @@ test_packages=(googletest libssl-dev libfuse3-dev fuse3 libz-mingw-w64-dev pytho
     gcc-mingw-w64-x86-64-posix g++-mingw-w64-x86-64-posix wine wine64 e2fsprogs mount
     dosfstools ntfs-3g exfatprogs exfat-fuse fusefat mtools
     xvfb openbox xdotool imagemagick mujs python3-aiosmtpd s-nail openssl systemd-journal-remote
-    dbus python3-dbus python3-gi)
+    dbus python3-dbus python3-gi at-spi2-core)
 
 # What checks the sources and searches with libFuzzer.
 clang_packages=(clang clang-format clang-tidy libclang-rt-dev)

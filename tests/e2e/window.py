@@ -18,12 +18,12 @@ EXIT_BUTTON = (-24, 28)
 
 
 class Program:
-    """The program at `path`, which keeps its user's files in the folder `home`."""
+    """The program at `path`, which keeps its user's files in the folder `home`; `more` is added to its environment."""
 
-    def __init__(self, windows, path, home):
+    def __init__(self, windows, path, home, more=None):
         self.desktop = desktop.shared()
         environment = {**os.environ, **self.desktop.environment, "HOME": str(home),
-                       "XDG_RUNTIME_DIR": str(home)}
+                       "XDG_RUNTIME_DIR": str(home), **(more or {})}
         environment.pop("QT_QPA_PLATFORM", None)
         # Processes that Wine leaves running outlive the tests and complain once the desktop is gone.
         noise = subprocess.DEVNULL if windows else None

@@ -460,6 +460,11 @@ TEST_F(KeyboardTest, ControlAndADigitChangeThePage) {
     EXPECT_TRUE(find("frmSp(3)")->isVisible());
 }
 
+TEST_F(KeyboardTest, TheWatchListHasTheKeyboardWhenTheWindowComes) {
+    ASSERT_NE(window()->focusWidget(), nullptr);
+    EXPECT_EQ(nameOf(window()->focusWidget()), "ListView1");
+}
+
 TEST_F(KeyboardTest, TheLocksEntryHasTheKeyboardWhenTheWindowComes) {
     show({"frmLock", [this] { program->forms().frmLock.Show(); }});
     ASSERT_NE(QApplication::focusWidget(), nullptr);

@@ -15,8 +15,8 @@ constexpr int tabGap = 3;
 LabelTabs::LabelTabs(std::span<Label> labels, UserHand& hand, LabelButton::Shape shape,
                      const QString& name, QWidget* parent)
     : QWidget(parent) {
-    setAccessibleName(name);
     makeTabsAccessible();
+    setAccessibleName(name);
     const bool areAbove = shape == LabelButton::Shape::topTab;
     auto* layout =
         new QBoxLayout(areAbove ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom, this);

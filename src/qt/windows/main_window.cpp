@@ -66,6 +66,7 @@ MainWindow::MainWindow(Form1& form, const QtShellIcons& icons, QtUser32& user32,
     showMood();
     addMenus();
     addShortcuts(this, form, hand);
+    findChild<QWidget*>(fieldName(form.ListView1))->setFocus();
     new FormBinding(this, form, hand, {.sized = true, .dialog = false});
 }
 
