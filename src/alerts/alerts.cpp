@@ -3,9 +3,7 @@
 namespace velmora {
 
 Alerts::Alerts(Forms& forms, Platform& platform, const Surface& surface, Window window)
-    : forms_(forms),
-      host_(surface.host),
-      list_(forms, platform, surface.notifyArea),
+    : list_(forms, platform, surface.notifyArea),
       dialog_(forms.form1, forms.dlgAlert, surface.workArea),
       systemActions_(forms.form1, platform, surface.user32),
       log_(forms.form1, platform, surface.host, window.stayOnTop),
@@ -14,7 +12,8 @@ Alerts::Alerts(Forms& forms, Platform& platform, const Surface& surface, Window 
       dialogOptions_(forms.form1, forms.dlgAlert, platform, surface.host),
       files_(platform.fso, platform.regional, surface.host),
       fileButtons_(forms.form1, surface.host, files_, systemActions_),
-      programs_(forms.form1, platform.fso, platform.shell32, surface.host),
+      programs_(forms.form1.LVProg, forms.form1.cboProg, platform.fso, surface.host),
+      programButtons_(forms.form1, programs_, platform.fso, platform.shell32, surface.host),
       manualOperations_({.form1 = forms.form1,
                          .dlgAlert = forms.dlgAlert,
                          .platform = platform,
@@ -27,11 +26,12 @@ Alerts::Alerts(Forms& forms, Platform& platform, const Surface& surface, Window 
                 .platform = platform,
                 .host = surface.host,
                 .alerts = list_,
-                .system = systemActions_}) {}
+                .system = systemActions_}),
+      actionListRules_(ActionListFields::of(forms.form1), forms.frmNotify, surface.host) {}
 
 void Alerts::afterLoad() {
     soundButtons_.setDefaults();
-    actionListRules_.emplace(forms_.form1, forms_.frmNotify, host_);
+    actionListRules_.connect();
 }
 
 }  // namespace velmora

@@ -2,8 +2,6 @@
 // a shortage, and the lists of files and programs they work on.
 #pragma once
 
-#include <optional>
-
 #include "alerts/actions/action_branch.h"
 #include "alerts/actions/action_list_rules.h"
 #include "alerts/dialog/alert_dialog_hiding.h"
@@ -15,6 +13,7 @@
 #include "alerts/lists/file_list_buttons.h"
 #include "alerts/lists/manual_operations.h"
 #include "alerts/lists/program_list.h"
+#include "alerts/lists/program_list_buttons.h"
 #include "alerts/ports.h"
 #include "alerts/system/sound_buttons.h"
 #include "alerts/system/system_actions.h"
@@ -39,6 +38,7 @@ class Alerts {
     SystemActions& systemActions() { return systemActions_; }
     const ActionTable& actions() const { return actions_.table(); }
     FileList& files() { return files_; }
+    ActionListRules& actionListRules() { return actionListRules_; }
 
     /// To be called once the settings are read: gives the sounds their defaults and switches on the
     /// rules for ticking actions. The rules are for the user's ticks only: those from the settings
@@ -46,8 +46,6 @@ class Alerts {
     void afterLoad();
 
   private:
-    Forms& forms_;
-    Host& host_;
     AlertList list_;
     AlertDialogWindow dialog_;
     SystemActions systemActions_;
@@ -58,9 +56,10 @@ class Alerts {
     FileList files_;
     FileListButtons fileButtons_;
     ProgramList programs_;
+    ProgramListButtons programButtons_;
     ManualOperations manualOperations_;
     Actions actions_;
-    std::optional<ActionListRules> actionListRules_;
+    ActionListRules actionListRules_;
 };
 
 }  // namespace velmora

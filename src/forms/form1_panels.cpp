@@ -4,6 +4,7 @@
 
 #include "forms/form_numbers.h"
 #include "forms/label_colours.h"
+#include "forms/specified_columns.h"
 
 namespace velmora {
 
@@ -124,25 +125,13 @@ SpecifiedPanels::SpecifiedPanels(Form& form)
       cmdDeleteAll(form, "cmdDeleteAll", "Delete All"),
       lblFolder(form, "lblFolder", "Specified Path") {
     dressButtons(Label5, programButtons);
-    // The headings of their sections in the mail.
-    LVFile.setTag("Listed Specified File(s)");
-    LVProg.setTag("Listed Specified Program(s)");
     dressButtons(lblSF, fileButtons);
     cmdMove.setToolTipText(lblSF[file_button::move].ToolTipText());
     cmdDelete.setToolTipText(lblSF[file_button::deleteFile].ToolTipText());
     cmdDeleteAll.setToolTipText(lblSF[file_button::deleteAll].ToolTipText());
     cmdMoveAll.setToolTipText(lblSF[file_button::moveAll].ToolTipText());
-    LVProg.addColumn({"Program", 1900});
-    LVProg.addColumn({"Action", 1000});
-    LVProg.addColumn({"File Path ", 2400});
-    LVProg.addColumn({"Type", 1000});
-    LVFile.addColumn({"File/Folder(s)", 2400});
-    LVFile.addColumn({"Size", 1500, Alignment::right});
-    LVFile.addColumn({"File Path Location", 3000});
-    for (const char* caption : {"Last Accessed", "Modified", "Created"}) {
-        LVFile.addColumn({caption, 2100});
-    }
-    LVFile.addColumn({"Type", 1200});
+    addProgramColumns(LVProg);
+    addFileColumns(LVFile);
     cboProg.setToolTipText("Listing of File(s) to be executed on Minimum Space Trigger");
     cboFile.setToolTipText("Listing of File(s) to be used to Free Space");
     txtDrive.setToolTipText("The Folder/Path to Move File to On Triggered Action");

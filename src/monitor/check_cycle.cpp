@@ -9,6 +9,7 @@
 #include "base/text.h"
 #include "forms/form_numbers.h"
 #include "forms/start_pause.h"
+#include "monitor/watch_times.h"
 #include "rows/watch_row.h"
 
 namespace velmora {
@@ -61,9 +62,7 @@ void CheckCycle::tick(std::int16_t intErrCount) {
 // Counts down and shows the remaining time; true when the interval has passed.
 bool CheckCycle::isDue() {
     Form1& form1 = forms_.form1;
-    const DatePicker& interval = form1.DTPInterval;
-    form1.txtTime.setText(
-        toText(interval.Second() + 3600 * interval.Hour() + 60 * interval.Minute()));
+    form1.txtTime.setText(toText(secondsOf(form1.DTPInterval)));
     std::int32_t rest = toLong(toDouble(form1.txtTime.Text(), regional_) * 1000 - lngElapsedMs_);
     if (rest <= 0) {
         lngElapsedMs_ = 0;

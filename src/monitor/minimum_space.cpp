@@ -2,73 +2,105 @@
 
 #include "base/convert.h"
 #include "base/format_number.h"
+#include "base/scope_guard.h"
 #include "base/text.h"
 #include "rows/watch_columns.h"
 
 namespace velmora {
 
-MinimumSpace::MinimumSpace(Form1& form1, const Regional& regional, Host& host)
-    : form1_(form1), regional_(regional), host_(host) {
-    for (OptionButton& option : form1_.OpDriv) {
-        option.Click.connect([this, index = option.Index()] { OpDriv_Click(index); });
+MinimumSpaceFields MinimumSpaceFields::of(Form1& form1) {
+    return {.space = form1.txtSpace,
+            .OpDriv = form1.OpDriv,
+            .chkDrive = form1.chkDrive,
+            .Slider1 = form1.Slider1,
+            .UpDownSpace = form1.UpDownSpace,
+            .lblMB = form1.lblMB,
+            .lblGB = form1.lblGB,
+            .list = form1.ListView1};
+}
+
+void MinimumSpace::connect() {
+    disconnect();
+    const auto keep = [this](const Connection& connection) {
+        connections_.emplace_back(connection);
+    };
+    for (OptionButton& option : fields_.OpDriv) {
+        keep(option.Click.connect([this, index = option.Index()] { OpDriv_Click(index); }));
     }
-    form1_.chkDrive.Click.connect([this] { chkDrive_Click(); });
-    form1_.txtSpace.Change.connect([this] { txtSpace_Change(); });
-    form1_.Slider1.Scroll.connect(
-        [this] { form1_.txtSpace.setText(toText(form1_.Slider1.Value())); });
-    form1_.UpDownSpace.UpClick.connect([this] { step(1); });
-    form1_.UpDownSpace.DownClick.connect([this] { step(-1); });
+    keep(fields_.chkDrive.Click.connect([this] { chkDrive_Click(); }));
+    keep(fields_.space.Change.connect([this] { txtSpace_Change(); }));
+    keep(fields_.Slider1.Scroll.connect(
+        [this] { fields_.space.setText(toText(fields_.Slider1.Value())); }));
+    keep(fields_.UpDownSpace.UpClick.connect([this] { step(1); }));
+    keep(fields_.UpDownSpace.DownClick.connect([this] { step(-1); }));
 }
 
 void MinimumSpace::OpDriv_Click(int index) {
-    form1_.Slider1.setVisible(index == 1);
+    fields_.Slider1.setVisible(index == 1);
     if (index == 0) {
-        showTriggerUnit(form1_.ListView1, "(KB)");
+        showTriggerUnit(fields_.list, "(KB)");
         return;
     }
-    const auto space = readNumber(form1_.txtSpace.Text(), regional_);
+    const auto space = readNumber(fields_.space.Text(), regional_);
     if (space && *space > 100) {
-        host_.MsgBox({.text = "Cannot set over 100%"});
-        form1_.txtSpace.setText("10");
-        showTriggerUnit(form1_.ListView1, "( %)");
+        tell({.text = "Cannot set over 100%"});
+        fields_.space.setText("10");
+        showTriggerUnit(fields_.list, "( %)");
     }
-    form1_.Slider1.setValue(10);
+    fields_.Slider1.setValue(10);
 }
 
 void MinimumSpace::chkDrive_Click() {
-    if (form1_.chkDrive.ticked()) {
-        host_.MsgBox({.text =
-                          "Set the Listed Path's Specified Drive Space by Double Clicking on the "
-                          "Value shown in the List.",
-                      .icon = BoxIcon::information});
-        writeTriggers(form1_.ListView1, form1_.txtSpace.Text());
-        form1_.txtSpace.setEnabled(false);
+    if (fields_.chkDrive.ticked()) {
+        tell({.text = "Set the Listed Path's Specified Drive Space by Double Clicking on the "
+                      "Value shown in the List.",
+              .icon = BoxIcon::information});
+        writeTriggers(fields_.list, fields_.space.Text());
+        fields_.space.setEnabled(false);
     } else {
-        writeTriggers(form1_.ListView1, "");
-        form1_.txtSpace.setEnabled(true);
+        writeTriggers(fields_.list, "");
+        fields_.space.setEnabled(true);
     }
 }
 
 void MinimumSpace::txtSpace_Change() {
-    if (!isNumeric(form1_.txtSpace.Text(), regional_)) {
+    if (!isNumeric(fields_.space.Text(), regional_)) {
         host_.MsgBox({.text = "Please input only numbers."});
-        form1_.txtSpace.setText("1");
+        fields_.space.setText("1");
     }
     echoInGreaterUnits();
 }
 
 void MinimumSpace::echoInGreaterUnits() {
-    const auto space = readNumber(form1_.txtSpace.Text(), regional_);
-    const bool shown = space && form1_.OpDriv[0].Value();
-    form1_.lblMB.setCaption(shown ? Format(*space / 1e3, "#0.0#", regional_) + " MB" : "");
-    form1_.lblGB.setCaption(shown ? Format(*space / 1e6, "#0.0#", regional_) + " GB" : "");
+    const auto space = readNumber(fields_.space.Text(), regional_);
+    const bool shown = space && fields_.OpDriv[0].Value();
+    fields_.lblMB.setCaption(shown ? Format(*space / 1e3, "#0.0#", regional_) + " MB" : "");
+    fields_.lblGB.setCaption(shown ? Format(*space / 1e6, "#0.0#", regional_) + " GB" : "");
 }
 
 // At 0 neither direction acts.
 void MinimumSpace::step(double by) {
-    TextBox& txtSpace = form1_.txtSpace;
-    const auto space = readNumber(txtSpace.Text(), regional_);
-    if (space && *space > 0) txtSpace.setText(toText(*space + by, regional_));
+    const auto space = readNumber(fields_.space.Text(), regional_);
+    if (space && *space > 0) fields_.space.setText(toText(*space + by, regional_));
+}
+
+void MinimumSpace::tell(const Box& box) {
+    if (!isTold_) host_.MsgBox(box);
+}
+
+void MinimumSpace::take(const Setting& setting) {
+    const ScopeGuard tellAgain([this] { isTold_ = false; });
+    isTold_ = true;
+    OptionButton& unit = fields_.OpDriv[static_cast<std::size_t>(setting.unit)];
+    if (!unit.Value()) unit.choose();
+    fields_.space.setText(setting.space);
+    fields_.Slider1.setValue(setting.slider);
+}
+
+void MinimumSpace::takeIndividual(int value) {
+    const ScopeGuard tellAgain([this] { isTold_ = false; });
+    isTold_ = true;
+    fields_.chkDrive.setValue(value);
 }
 
 }  // namespace velmora

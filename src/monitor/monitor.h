@@ -44,6 +44,9 @@ class Monitor {
 
     LifeCycle& lifeCycle() { return lifeCycle_; }
     DriveMeter& driveMeter() { return driveMeter_; }
+    WatchList& watchList() { return watchList_; }
+    WatchListCommands& watchListCommands() { return watchListCommands_; }
+    MinimumSpace& minimumSpace() { return minimumSpace_; }
 
   private:
     SpaceStatistics statistics_;

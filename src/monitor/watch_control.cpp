@@ -8,6 +8,7 @@
 #include "base/text.h"
 #include "forms/form_numbers.h"
 #include "forms/start_pause.h"
+#include "monitor/watch_times.h"
 #include "rows/watch_row.h"
 
 namespace velmora {
@@ -27,8 +28,8 @@ WatchControl::WatchControl(Forms& forms, Clock& clock, const Regional& regional,
     form1.mnuPause.Click.connect([this] { mnuPause_Click(); });
     form1.TimerCust.Tick.connect([this] { TimerCust_Timer(); });
     form1.chkCustTime.Click.connect([this] { chkCustTime_Click(); });
-    form1.UpDown1.UpClick.connect([this] { stepSeconds(1); });
-    form1.UpDown1.DownClick.connect([this] { stepSeconds(-1); });
+    form1.UpDown1.UpClick.connect([this] { stepSeconds(forms_.form1.txtTime, 1, regional_); });
+    form1.UpDown1.DownClick.connect([this] { stepSeconds(forms_.form1.txtTime, -1, regional_); });
     form1.UpDown2.UpClick.connect([this] { stepIntervalUp(); });
     form1.UpDown2.DownClick.connect([this] { stepIntervalDown(); });
 }
@@ -87,8 +88,7 @@ void WatchControl::mnuPause_Click() {
 }
 
 void WatchControl::chkCustTime_Click() {
-    Form1& form1 = forms_.form1;
-    for (DatePicker& time : form1.DTTime1) time.setEnabled(form1.chkCustTime.ticked());
+    enableWatchTimes(forms_.form1.chkCustTime, forms_.form1.DTTime1);
 }
 
 void WatchControl::TimerCust_Timer() {
@@ -170,13 +170,6 @@ void WatchControl::switchTimerByStart() {
     const std::string now = Format(clock_.Now(), "hh:mm:ss");
     const std::string start = Format(form1.DTTime1[0].Value(), "hh:mm:ss");
     form1.Timer1.setEnabled(now >= start && now <= start);
-}
-
-void WatchControl::stepSeconds(int by) {
-    TextBox& txtTime = forms_.form1.txtTime;
-    const auto seconds = readNumber(txtTime.Text(), regional_);
-    if (!seconds || (by < 0 && *seconds < 2)) return;
-    txtTime.setText(toText(*seconds + by, regional_));
 }
 
 void WatchControl::stepIntervalDown() {

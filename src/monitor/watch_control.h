@@ -44,7 +44,6 @@ class WatchControl {
     void report(const std::string& alertWords, const std::string& journalWords);
     void moveEndOn();
     void switchTimerByStart();
-    void stepSeconds(int by);
     void stepIntervalUp();
     void stepIntervalDown();
 

@@ -102,6 +102,12 @@ void WatchList::prcLVBold(ListView& thisLV) {
     }
 }
 
+void WatchList::removeSelected(ListView& list) {
+    for (int i = list.Count(); i >= 1; --i) {
+        if (list.ListItems(i).Selected()) list.Remove(i);
+    }
+}
+
 void WatchList::prcClnLV(ListView& thisLV) {
     for (int i = thisLV.Count(); i >= 1; --i) {
         const ListItem& row = thisLV.ListItems(i);

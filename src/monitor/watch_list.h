@@ -22,6 +22,7 @@ class WatchList {
     void RefreshDriveExisting();
     /// Makes exactly the ticked rows of a list bold; does nothing during a check.
     void prcLVBold(ListView& thisLV);
+    static void removeSelected(ListView& list);
     /// Removes every row whose text and tag are both empty.
     static void prcClnLV(ListView& thisLV);
 

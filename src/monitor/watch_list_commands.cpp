@@ -10,6 +10,7 @@
 #include "base/runtime_error.h"
 #include "forms/form_numbers.h"
 #include "forms/sort_column.h"
+#include "monitor/added_path.h"
 #include "rows/watch_row.h"
 
 namespace velmora {
@@ -74,7 +75,7 @@ void WatchListCommands::run(int index) {
         case watch_button::add:
             return addPath();
         case watch_button::remove:
-            return removeSelected();
+            return WatchList::removeSelected(form1_.ListView1);
         case watch_button::clear:
             return clearAll();
         case watch_button::selectDrive:
@@ -99,32 +100,19 @@ void WatchListCommands::addPath() {
     form1_.Timer1.setEnabled(false);
     const std::string path = host_.BrowseForFolder("Select Folder/Path");
     // Dismissing the dialog leaves the timer off.
-    if (path.empty()) return;
-    addToList(path);
+    if (!path.empty()) addChosen(path);
 }
 
-void WatchListCommands::addToList(const std::string& path) {
-    WatchRow row(form1_.ListView1.Add(path));
+void WatchListCommands::addChosen(const std::string& path) {
+    if (addWatchedPath(form1_.ListView1, path, platform_, host_)) form1_.Timer1.setEnabled(true);
+}
 
-    const std::string driveName = platform_.fso.GetDriveName(path);
-    if (!platform_.fso.DriveExists(driveName)) {
-        if (platform_.fso.FolderExists(path)) {
-            platform_.fso.GetFolder(path);
-            // A folder, unlike a drive, has no readiness to ask for.
-            throw RuntimeError(error::unsupportedMember);
-        }
-        host_.MsgBox({.text = "The selected item is not found or unavailable. Check configuration.",
-                      .icon = BoxIcon::critical});
-        return;
-    }
-    const auto drive = platform_.fso.GetDrive(driveName);
-    if (drive->IsReady()) {
-        row.setFreeBytes(drive->FreeSpace(), Grouping::none, platform_.regional);
-        row.setTotalBytes(drive->TotalSize(), Grouping::none, platform_.regional);
-    } else {
-        row.markNotReadyWhenAdded();
-    }
-    form1_.Timer1.setEnabled(true);
+void WatchListCommands::add(const std::string& path) {
+    guarded(watch_button::add, [&] {
+        form1_.ListView1.setEnabled(true);
+        form1_.Timer1.setEnabled(false);
+        addChosen(path);
+    });
 }
 
 void WatchListCommands::ListView1_Drop(const std::vector<std::string>& paths) {
@@ -133,11 +121,7 @@ void WatchListCommands::ListView1_Drop(const std::vector<std::string>& paths) {
         form1_.ListView1.setEnabled(true);
         const std::vector<std::string> folders = droppedFolders_.toWatch(paths);
         for (const std::string& folder : folders) {
-            if (isListed(folder)) continue;
-            guarded(watch_button::add, [&] {
-                form1_.Timer1.setEnabled(false);
-                addToList(folder);
-            });
+            if (!isListed(folder)) add(folder);
         }
         selectListed(folders);
     });
@@ -158,13 +142,6 @@ void WatchListCommands::selectListed(const std::vector<std::string>& paths) {
     for (int i = 1; i <= list.Count(); ++i) {
         WatchRow row(list.ListItems(i));
         row.setSelected(std::find(paths.begin(), paths.end(), row.path()) != paths.end());
-    }
-}
-
-void WatchListCommands::removeSelected() {
-    ListView& list = form1_.ListView1;
-    for (int i = list.Count(); i >= 1; --i) {
-        if (list.ListItems(i).Selected()) list.Remove(i);
     }
 }
 

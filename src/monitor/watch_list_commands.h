@@ -41,18 +41,21 @@ class WatchListCommands {
     /// folder with an alert and no box.
     void ListView1_Drop(const std::vector<std::string>& paths);
 
+    /// False when a check is running and the user, who is asked then, doesn't want it disturbed.
+    bool mayDisturbCheck();
+    /// Adds that path as "(..)" does one that was chosen. An error ends it with an alert.
+    void add(const std::string& path);
+
   private:
     void connect();
-    bool mayDisturbCheck();
     /// Runs a command by its label's number; an error becomes an alert.
     void guarded(int index, const std::function<void()>& command);
     void run(int index);
     void reportError(int index, const std::string& description);
     void addPath();
-    void addToList(const std::string& path);
+    void addChosen(const std::string& path);
     bool isListed(const std::string& path) const;
     void selectListed(const std::vector<std::string>& paths);
-    void removeSelected();
     void clearAll();
     void selectDrive();
 

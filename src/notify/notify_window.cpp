@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "controls/keys.h"
 #include "forms/form_numbers.h"
 #include "notify/report_text.h"
 
@@ -18,9 +17,14 @@ constexpr const char* textFiles = "*.txt,*.xml,*.html,*.htm|*.txt;*.xml;*.html;*
 }  // namespace
 
 NotifyWindow::NotifyWindow(Forms& forms, Host& host, Inventory& inventory)
-    : form_(forms.frmNotify), form1_(forms.form1), host_(host), inventory_(inventory) {
+    : form_(forms.frmNotify),
+      form1_(forms.form1),
+      host_(host),
+      inventory_(inventory),
+      recipients_(form_.cboNotEmail, {.cmdAdd = form_.cmdAdd,
+                                      .cmdRemove = form_.cmdRemove,
+                                      .cmdClear = form_.cmdClear}) {
     connectButtons();
-    connectRecipients();
     form_.TabStrip1.Click.connect([this] { TabStrip1_Click(); });
     form_.chkProxy.Click.connect([this] { chkProxy_Click(); });
     TabStrip1_Click();
@@ -42,13 +46,6 @@ void NotifyWindow::connectButtons() {
     form_.cmdNotOpenFile.Click.connect([this] { cmdNotOpenFile_Click(); });
     // Its text goes nowhere.
     form_.cmdNT.Click.connect([this] { inventory_.prcWMI_NetStat(); });
-}
-
-void NotifyWindow::connectRecipients() {
-    form_.cmdAdd.Click.connect([this] { cmdAdd_Click(); });
-    form_.cmdRemove.Click.connect([this] { cmdRemove_Click(); });
-    form_.cmdClear.Click.connect([this] { form_.cboNotEmail.Clear(); });
-    form_.cboNotEmail.KeyPress.connect([this](int code) { cboNotEmail_KeyPress(code); });
 }
 
 void NotifyWindow::Command1_Click() {
@@ -75,20 +72,6 @@ bool NotifyWindow::lacksAccountSetting() {
     return form_.lstNotContent.ListCount() == 0 ||
            std::any_of(std::begin(texts), std::end(texts),
                        [](const TextBox* box) { return box->empty(); });
-}
-
-void NotifyWindow::cmdAdd_Click() {
-    const std::string& text = form_.cboNotEmail.Text();
-    if (contains(text, "@") && contains(text, ".")) form_.cboNotEmail.AddItem(trim(text));
-}
-
-void NotifyWindow::cboNotEmail_KeyPress(int code) {
-    if (code == key::enter) form_.cboNotEmail.AddItem(form_.cboNotEmail.Text());
-}
-
-void NotifyWindow::cmdRemove_Click() {
-    if (form_.cboNotEmail.ListIndex() < 0) return;
-    form_.cboNotEmail.RemoveItem(form_.cboNotEmail.ListIndex());
 }
 
 void NotifyWindow::cmdNotOpenFile_Click() {

@@ -4,6 +4,7 @@
 
 #include "forms/forms.h"
 #include "notify/inventory.h"
+#include "notify/recipients.h"
 #include "platform/host.h"
 
 namespace velmora {
@@ -20,13 +21,9 @@ class NotifyWindow {
     void afterLoad();
 
   private:
-    void connectRecipients();
     void connectButtons();
     void Command1_Click();
     void cmdApply_Click();
-    void cmdAdd_Click();
-    void cboNotEmail_KeyPress(int key);
-    void cmdRemove_Click();
     void cmdNotOpenFile_Click();
     void chkProxy_Click();
     void TabStrip1_Click();
@@ -39,6 +36,7 @@ class NotifyWindow {
     Form1& form1_;
     Host& host_;
     Inventory& inventory_;
+    Recipients recipients_;
 };
 
 }  // namespace velmora

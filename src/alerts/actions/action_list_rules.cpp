@@ -1,6 +1,7 @@
 #include "alerts/actions/action_list_rules.h"
 
 #include "alerts/actions/action_parts.h"
+#include "base/scope_guard.h"
 
 namespace velmora {
 
@@ -32,14 +33,15 @@ bool hasTwoAvailable(const ListView& list) {
 
 }  // namespace
 
-ActionListRules::ActionListRules(Form1& form1, FrmNotify& frmNotify, Host& host)
-    : form1_(form1), frmNotify_(frmNotify), host_(host) {
-    form1_.lstAct.ItemCheck.connect([this](int index) { lstAct_ItemCheck(index); });
-    form1_.lstAct.Click.connect([this] { lstAct_Click(); });
+void ActionListRules::connect() {
+    disconnect();
+    connections_.emplace_back(
+        fields_.lstAct.ItemCheck.connect([this](int index) { lstAct_ItemCheck(index); }));
+    connections_.emplace_back(fields_.lstAct.Click.connect([this] { lstAct_Click(); }));
 }
 
 void ActionListRules::lstAct_ItemCheck(int index) {
-    if (!form1_.lstAct.Selected(index)) return;
+    if (!fields_.lstAct.Selected(index)) return;
     for (const Exclusion& each : exclusions) {
         if (each.ticked == index) exclude(each.other, each.words);
     }
@@ -48,20 +50,21 @@ void ActionListRules::lstAct_ItemCheck(int index) {
 }
 
 void ActionListRules::exclude(int other, const std::string& what) {
-    ListBox& list = form1_.lstAct;
+    ListBox& list = fields_.lstAct;
     if (!list.Selected(other)) return;
     host_.MsgBox({.text = "The '" + what + "' option will be de-selected"});
     list.setSelected(other, false);
 }
 
 void ActionListRules::requireTarget() {
-    if (hasTwoAvailable(form1_.ListView1)) return;
+    if (hasTwoAvailable(fields_.list)) return;
     host_.MsgBox({.text = "You must have two or more listed drive/path(s) that are functionally "
                           "ready to select this option."});
-    form1_.lstAct.setSelected(act::autoMove, false);
+    fields_.lstAct.setSelected(act::autoMove, false);
 }
 
 void ActionListRules::offerMailSettings() {
+    if (isAsked_) return;
     const BoxAnswer answer =
         host_.MsgBox({.text = "Please review your email settings. Open Notification Settings?",
                       .icon = BoxIcon::question,
@@ -70,10 +73,22 @@ void ActionListRules::offerMailSettings() {
 }
 
 void ActionListRules::lstAct_Click() {
-    const bool moves = form1_.lstAct.Selected(act::move);
-    form1_.txtDrive.setEnabled(moves);
+    const bool moves = fields_.lstAct.Selected(act::move);
+    fields_.txtDrive.setEnabled(moves);
     // When both are ticked in spite of the rules above, moving stays ticked.
-    if (moves) form1_.lstAct.setSelected(act::remove, false);
+    if (moves) fields_.lstAct.setSelected(act::remove, false);
+}
+
+void ActionListRules::take(const Ticks& ticks) {
+    const ScopeGuard askAgain([this] { isAsked_ = false; });
+    isAsked_ = true;
+    for (const bool order : {false, true}) {
+        for (const auto& [index, ticked] : ticks) {
+            if (ticked != order || fields_.lstAct.Selected(index) == ticked) continue;
+            fields_.lstAct.setSelected(index, ticked);
+            fields_.lstAct.Click();
+        }
+    }
 }
 
 }  // namespace velmora

@@ -121,6 +121,12 @@ void FileList::addDropped(ListView& list, const std::vector<std::string>& paths)
     for (const std::string& path : paths) addOrAsk(list, path);
 }
 
+void FileList::drop(ListView& list, ComboBox& box, const std::vector<std::string>& paths) {
+    if (paths.empty()) return;
+    addDropped(list, paths);
+    box.setText(paths.front());
+}
+
 void FileList::addOrAsk(ListView& list, const std::string& path) {
     if (fso_.FileExists(path)) {
         const ListedFile row = addBareRow(list, path);

@@ -37,6 +37,10 @@ class FileList {
     /// Adds each dropped path, folders with their size. Asks about each that doesn't exist.
     void addDropped(ListView& list, const std::vector<std::string>& paths);
 
+    /// The same for paths dropped on the list, of which the first becomes the box's text, whatever
+    /// became of it.
+    void drop(ListView& list, ComboBox& box, const std::vector<std::string>& paths);
+
     /// Does nothing; kept in the interface.
     void prcGetFileSize() {}
 

@@ -18,7 +18,9 @@ FileListButtons::FileListButtons(Form1& form1, Host& host, FileList& files,
     form1_.LVFile.RightClick.connect([this] {
         if (form1_.LVFile.Count() >= 1) form1_.mnuLst.PopUp();
     });
-    form1_.LVFile.Drop.connect([this](const std::vector<std::string>& paths) { drop(paths); });
+    form1_.LVFile.Drop.connect([this](const std::vector<std::string>& paths) {
+        files_.drop(form1_.LVFile, form1_.cboFile, paths);
+    });
     form1_.cboFile.Drop.connect(
         [this](const std::vector<std::string>& paths) { takeDroppedPaths(form1_.cboFile, paths); });
 }
@@ -71,12 +73,6 @@ void FileListButtons::showAttributes() {
     const ListItem* row = form1_.LVFile.SelectedItem();
     if (row == nullptr) return;
     systemActions_.prcShowProperties(ConstListedFile(*row).path(), form1_.Name());
-}
-
-void FileListButtons::drop(const std::vector<std::string>& paths) {
-    if (paths.empty()) return;
-    files_.addDropped(form1_.LVFile, paths);
-    form1_.cboFile.setText(paths.front());
 }
 
 }  // namespace velmora

@@ -1,9 +1,6 @@
 // The buttons of the specified files, the menu over their list, and what is dropped there.
 #pragma once
 
-#include <string>
-#include <vector>
-
 #include "alerts/lists/file_list.h"
 #include "alerts/system/system_actions.h"
 #include "forms/form1.h"
@@ -25,7 +22,6 @@ class FileListButtons {
     void addFiles();
     void resumeWatch();
     void showAttributes();
-    void drop(const std::vector<std::string>& paths);
 
     Form1& form1_;
     Host& host_;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "alerts/journal/alert_time.h"
+#include "alerts/lists/specified_path.h"
 #include "base/resume_next.h"
 #include "base/runtime_error.h"
 #include "base/text.h"
@@ -19,11 +20,7 @@ ManualOperations::ManualOperations(ManualParts parts) : parts_(parts), list_(par
 }
 
 void ManualOperations::cmdFolder_Click() {
-    const std::string chosen = parts_.host.OpenFileDialog(
-        {.DialogTitle = "Select Path by choosing a file within the folder",
-         .Filter = "All Files (*.*)|*.*"});
-    // When the dialog is dismissed, the path stays.
-    if (!chosen.empty()) parts_.form1.txtDrive.setText(left(chosen, lastPosition(chosen, "\\")));
+    chooseSpecifiedPath(parts_.form1.txtDrive, parts_.host);
 }
 
 std::optional<ListedRow> ManualOperations::subjectAt(int index) {

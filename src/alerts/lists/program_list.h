@@ -1,39 +1,41 @@
-// The specified programs: the rows of LVProg, their buttons and what is dropped there.
+// The specified programs: the rows of a list and the box beside it, in the main window or in the
+// setup wizard.
 #pragma once
 
 #include <string>
 #include <vector>
 
-#include "forms/form1.h"
+#include "controls/list_box.h"
+#include "controls/list_view.h"
 #include "platform/file_system_object.h"
 #include "platform/host.h"
-#include "platform/shell32.h"
 
 namespace velmora {
 
 class ProgramList {
   public:
-    /// Connects its handlers to the forms, which must outlive it like the rest.
-    ProgramList(Form1& form1, FileSystemObject& fso, Shell32& shell32, Host& host);
+    /// Connects the drops on both and the clicks on the columns.
+    ProgramList(ListView& LVProg, ComboBox& cboProg, FileSystemObject& fso, Host& host);
     ProgramList(const ProgramList&) = delete;
     ProgramList& operator=(const ProgramList&) = delete;
 
-    void Label5_Click(int index);
-    /// Adds the text of the box to its own entries when it names an existing file.
-    void cmdPAdd_Click();
+    /// Whether the box's text is the path of a file. An empty text is no error; one that names no
+    /// file is reported.
+    bool boxNamesFile();
+    /// The text of the box becomes one of its entries.
+    void addEntry();
+    /// The program that the box names becomes a row.
+    void addRow();
+    /// Puts the path of a program that is chosen into the box.
+    void browse();
 
   private:
-    void connect();
-    bool boxNamesFile();
-    void addFromBox();
     void addRow(std::string text, const std::string& path);
-    void runSelected();
-    void browse();
     void drop(const std::vector<std::string>& paths);
 
-    Form1& form1_;
+    ListView& list_;
+    ComboBox& box_;
     FileSystemObject& fso_;
-    Shell32& shell32_;
     Host& host_;
 };
 

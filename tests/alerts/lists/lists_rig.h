@@ -9,7 +9,7 @@
 
 #include "alerts/lists/file_list_buttons.h"
 #include "alerts/lists/manual_operations.h"
-#include "alerts/lists/program_list.h"
+#include "alerts/lists/program_list_buttons.h"
 #include "base/text.h"
 #include "fake/alert_ports.h"
 #include "fake/fake_surface.h"
@@ -36,7 +36,9 @@ struct ListsRig {
     SystemActions systemActions{form1, machine.platform(), user32};
     FileList files{machine.platform().fso, machine.platform().regional, host};
     FileListButtons buttons{form1, host, files, systemActions};
-    ProgramList programs{form1, machine.platform().fso, machine.platform().shell32, host};
+    ProgramList programs{form1.LVProg, form1.cboProg, machine.platform().fso, host};
+    ProgramListButtons programButtons{form1, programs, machine.platform().fso,
+                                      machine.platform().shell32, host};
     AlertDialogWindow dialog{form1, forms.dlgAlert, screen};
     ManualOperations manual{{.form1 = form1,
                              .dlgAlert = forms.dlgAlert,
