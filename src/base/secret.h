@@ -37,6 +37,7 @@ class Secret {
 
     const std::string& text() const { return text_; }
     bool empty() const { return text_.empty(); }
+    bool operator==(const Secret& other) const { return text_ == other.text_; }
     /// Overwrites the text and empties it.
     void wipe() { velmora::wipe(text_); }
 

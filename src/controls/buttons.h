@@ -66,10 +66,12 @@ class CommandButton : public Clickable {
     using Clickable::Clickable;
 };
 
-/// A panel that holds other controls.
+/// A panel that holds other controls. Its place and size can be read.
 class Frame : public Captioned {
   public:
     using Captioned::Captioned;
+
+    Properties properties() override;
 };
 
 class CheckBox : public Clickable {

@@ -115,15 +115,4 @@ class FrmAbout : public Form {
     Slider prcDraw{*this, "prcDraw", 0, 359, 1, 10};  ///< the rotation of the drawing in degrees
 };
 
-/// The setup wizard.
-class FrmWizard : public Form {
-  public:
-    FrmWizard() : Form("frmWizard", "Velmora Wizard/Pref.") {}
-
-    Label lblWelcome{*this, "lblWelcome",
-                     "This Wizard is design to assist the user in easily customizing the program.  "
-                     "Just follow the steps and answer each section accordingly.  Press 'OK' to "
-                     "apply the settings or press 'Close' to cancel it."};
-};
-
 }  // namespace velmora

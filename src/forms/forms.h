@@ -12,6 +12,7 @@
 #include "forms/frm_history.h"
 #include "forms/frm_ind_dri.h"
 #include "forms/frm_notify.h"
+#include "forms/frm_wizard.h"
 
 namespace velmora {
 

@@ -20,6 +20,7 @@ Shell::Shell(Forms& forms, Platform& platform, const Surface& surface, Parts par
                      .tray = parts.desktop.tray(),
                      .aboutBox = aboutBox_,
                      .recycleBin = recycleBin_}),
-      buttonCommands_(forms.form1, forms.dlgDriveInfo, aboutBox_, parts.persist.settingsFile()) {}
+      buttonCommands_(forms.form1, forms.dlgDriveInfo, aboutBox_, parts.persist.settingsFile()),
+      wizard_(forms, platform, surface.host, {.alerts = parts.alerts, .monitor = parts.monitor}) {}
 
 }  // namespace velmora

@@ -1,5 +1,5 @@
 // The main window's frame as one part of the program: its tabs and size, its menus, tool bar and
-// buttons, the lock and the about box.
+// buttons, the lock, the about box and the setup wizard.
 #pragma once
 
 #include <string>
@@ -20,6 +20,7 @@
 #include "shell/tab_selection.h"
 #include "shell/tool_bar_commands.h"
 #include "shell/window_layout.h"
+#include "shell/wizard/setup_wizard.h"
 
 namespace velmora {
 
@@ -50,6 +51,7 @@ class Shell {
     ToolBarCommands toolBarCommands_;
     MenuCommands menuCommands_;
     ButtonCommands buttonCommands_;
+    SetupWizard wizard_;
 };
 
 }  // namespace velmora

@@ -2,7 +2,7 @@
 
 #include "base/text.h"
 #include "forms/start_pause.h"
-#include "shell/maker_pages.h"
+#include "shell/help_question.h"
 
 namespace velmora {
 
@@ -22,23 +22,11 @@ void ToolBarCommands::Toolbar1_ButtonClick(int index) {
     } else if (caption == start_pause::start || caption == start_pause::pause) {
         form1_.cmdPause.Click();
     } else if (caption == "Help") {
-        askForHelp();
+        askForHelp(form1_, platform_, host_);
     } else if (contains(caption, "View")) {
         layout_.toggleView();
     } else if (contains(caption, "Functions")) {
         form1_.mnuFunc.PopUp();
-    }
-}
-
-void ToolBarCommands::askForHelp() {
-    const BoxAnswer answer = host_.MsgBox(
-        {.text = "We recommend viewing an updated help section on our website.  Go to website?",
-         .icon = BoxIcon::question,
-         .buttons = BoxButtons::yesNo});
-    if (answer == BoxAnswer::yes) {
-        openMakerPage(form1_, platform_.shell32, maker_page::help);
-    } else {
-        openByShell(form1_, platform_.shell32, platform_.app.Path + "\\velmora.html");
     }
 }
 

@@ -1,8 +1,8 @@
 // The tool bar: a button's caption is the key of its command.
 #pragma once
 
-#include "forms/dialogs.h"
 #include "forms/form1.h"
+#include "forms/frm_wizard.h"
 #include "platform/host.h"
 #include "platform/platform.h"
 #include "shell/window_layout.h"
@@ -21,8 +21,6 @@ class ToolBarCommands {
     void Toolbar1_ButtonClick(int index);
 
   private:
-    void askForHelp();
-
     Form1& form1_;
     FrmWizard& frmWizard_;
     Platform& platform_;

@@ -18,7 +18,7 @@ QWidget* makeRecycleBinWindow(Icon1& form, UserHand& hand) {
 }
 
 QWidget* makeWizardWindow(FrmWizard& form, UserHand& hand) {
-    return dialog(form, column({paragraph(form.lblWelcome)}), hand);
+    return dialog(form, column({paragraph(form.lblExplain[0])}), hand);
 }
 
 }  // namespace velmora::qt
