@@ -55,8 +55,8 @@ constexpr std::array mailWords{
     "Password:",    "Mail  From Display:", "Subject:",    "Email(s) to send to:"};
 
 // In twips.
-constexpr int startWidth = 11700;
-constexpr int startHeight = 8700;
+constexpr int startWidth = 13500;
+constexpr int startHeight = 7050;
 
 // A control array whose captions depend on the place.
 template <typename Field, std::size_t N, typename CaptionAt>

@@ -21,9 +21,9 @@ NotifyWindow::NotifyWindow(Forms& forms, Host& host, Inventory& inventory)
       form1_(forms.form1),
       host_(host),
       inventory_(inventory),
-      recipients_(form_.cboNotEmail, {.cmdAdd = form_.cmdAdd,
-                                      .cmdRemove = form_.cmdRemove,
-                                      .cmdClear = form_.cmdClear}) {
+      recipients_(
+          form_.cboNotEmail,
+          {.cmdAdd = form_.cmdAdd, .cmdRemove = form_.cmdRemove, .cmdClear = form_.cmdClear}) {
     connectButtons();
     form_.TabStrip1.Click.connect([this] { TabStrip1_Click(); });
     form_.chkProxy.Click.connect([this] { chkProxy_Click(); });

@@ -124,6 +124,20 @@ void fillWithData(WindowRig& rig) {
     }
 }
 
+void wizard(WindowRig& rig, Screenshots& screenshots) {
+    velmora::FrmWizard& form = rig.program->forms().frmWizard;
+    rig.click(QStringLiteral("Toolbar1(2)"));
+    QWidget* window = rig.program->window("frmWizard");
+    form.cboProg.setText("C:\\Tools\\compact-mail.exe");
+    form.chkFileKind[velmora::file_kind::media].userClick();
+    form.cboSpeed.userChoose(1);
+    for (const velmora::Frame& step : form.Frame1) {
+        screenshots.save(window, QStringLiteral("wizard-%1").arg(step.Index() + 1));
+        form.cmdProgress.Click();
+    }
+    form.cmdCancel.userClick();
+}
+
 void fillMailSettings(velmora::FrmNotify& form) {
     for (const int section : {0, 1, 5}) form.lstNotContent.setSelected(section, true);
     form.txtCustMsg.setText("This is the file server in the cellar.\r\nCall 4711 when it is full.");
@@ -259,6 +273,7 @@ int main(int argc, char** argv) {
     forms.dlgAlert.lblAct[4].Click();
     screenshots.dialog(forms.dlgAlert, QStringLiteral("alert-actions"));
     fillMailSettings(forms.frmNotify);
+    wizard(rig, screenshots);
     for (int page = 1; page <= forms.frmNotify.TabStrip1.TabCount(); ++page) {
         forms.frmNotify.TabStrip1.select(page);
         screenshots.dialog(forms.frmNotify, QStringLiteral("notify-%1").arg(page));

@@ -217,6 +217,12 @@ void ListViewWidget::initViewItemOption(QStyleOptionViewItem* option) const {
     if (isHeld_) option->state &= ~QStyle::State_Enabled;
 }
 
+// What was published while the list was hidden is fitted now.
+void ListViewWidget::showEvent(QShowEvent* event) {
+    QTreeView::showEvent(event);
+    if (look_.fits) fitColumns();
+}
+
 void ListViewWidget::showSortMark() {
     header()->setSortIndicatorShown(list_.Sorted());
     if (!list_.Sorted()) return;
@@ -306,6 +312,7 @@ bool ListViewWidget::takesKey(const QKeyEvent& event) {
     switch (event.key()) {
         case Qt::Key_Return:
         case Qt::Key_Enter:
+            if (!list_.DblClick.connected()) return false;
             pointTo(visualRect(currentIndex()).center());
             hand_.does([this] { list_.DblClick(); });
             return true;

@@ -17,8 +17,4 @@ QWidget* makeRecycleBinWindow(Icon1& form, UserHand& hand) {
                   hand);
 }
 
-QWidget* makeWizardWindow(FrmWizard& form, UserHand& hand) {
-    return dialog(form, column({paragraph(form.lblExplain[0])}), hand);
-}
-
 }  // namespace velmora::qt

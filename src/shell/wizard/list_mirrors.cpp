@@ -45,7 +45,7 @@ void copyRow(const ListItem& from, ListItem& to) {
     to.setTag(from.Tag());
     to.setChecked(from.Checked());
     to.setBold(from.Bold());
-    for (int i = 1; i <= from.SubItemCount(); ++i) {
+    for (int i = 1; i <= std::min(from.SubItemCount(), to.SubItemCount()); ++i) {
         to.setSubItems(i, from.SubItems(i));
         to.setSubTag(i, from.ListSubItems(i).Tag());
         to.setSubBold(i, from.ListSubItems(i).Bold());

@@ -15,7 +15,7 @@ namespace velmora {
 std::vector<std::string> withoutThose(const std::vector<std::string>& from,
                                       std::vector<std::string> taken);
 
-/// The texts, tags and ticks of a row, for a list with the same columns.
+/// The texts, tags and ticks of a row, as far as the other list has its columns.
 void copyRow(const ListItem& from, ListItem& to);
 
 /// The entries of a box.

@@ -8,6 +8,9 @@ namespace velmora {
 
 namespace {
 
+// Path, free space and total size. What else the watch list shows comes with the checks.
+constexpr int columns = 3;
+
 std::vector<int> rowsOf(const ListView& list, const std::string& path) {
     std::vector<int> rows;
     for (int i = 1; i <= list.Count(); ++i) {
@@ -28,21 +31,15 @@ WatchedRowsMirror::Ticks WatchedRowsMirror::ticksOf(const ListView& list) {
 }
 
 void WatchedRowsMirror::read() {
-    readColumns();
+    addColumns();
     mine_.Clear();
     for (int i = 1; i <= theirs_.Count(); ++i) copyRow(theirs_.ListItems(i), mine_.Add());
     asRead_ = ticksOf(theirs_);
 }
 
-// The header of the trigger names its unit.
-void WatchedRowsMirror::readColumns() {
-    for (int i = 1; i <= theirs_.ColumnCount(); ++i) {
-        const ColumnHeader& column = theirs_.ColumnHeaders(i);
-        if (i > mine_.ColumnCount()) {
-            mine_.addColumn(column);
-        } else {
-            mine_.setColumnText(i, column.Text);
-        }
+void WatchedRowsMirror::addColumns() {
+    for (int i = mine_.ColumnCount() + 1; i <= columns; ++i) {
+        mine_.addColumn(theirs_.ColumnHeaders(i));
     }
 }
 

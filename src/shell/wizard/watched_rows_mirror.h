@@ -16,7 +16,7 @@ class WatchedRowsMirror final : public Mirror {
     WatchedRowsMirror(ListView& mine, ListView& theirs, WatchListCommands& commands)
         : mine_(mine), theirs_(theirs), commands_(commands) {}
 
-    /// Gives the wizard's list the columns of the watch list too.
+    /// Gives the wizard's list its columns too.
     void read() override;
     bool touched() const override;
     /// Ticks, removes, then adds, by the steps of the watch list's own commands. Asks first while a
@@ -32,7 +32,7 @@ class WatchedRowsMirror final : public Mirror {
     };
 
     static Ticks ticksOf(const ListView& list);
-    void readColumns();
+    void addColumns();
     void tickRows(const Ticks& now);
     void tick(ListItem& row, bool ticked);
     void removeRows(const Ticks& now);
