@@ -18,7 +18,8 @@ EXIT_BUTTON = (-24, 28)
 
 
 class Program:
-    """The program at `path`, which keeps its user's files in the folder `home`; `more` is added to its environment."""
+    """The program at `path`, which keeps its user's files in the folder `home`. `more` is put into
+    its environment."""
 
     def __init__(self, windows, path, home, more=None):
         self.desktop = desktop.shared()
