@@ -73,7 +73,7 @@ QLayout* indented(QLayout* content) {
 
 QLayout* makeDrivesPage(FrmWizard& form, UserHand& hand) {
     auto* content = column({makeList(
-        form.ListView1, hand, {.ticks = true, .stretchedColumn = pathColumn, .fits = true})});
+        form.ListView1, hand, {.ticks = true, .stretchedColumn = pathColumn})});
     content->addLayout(
         row({makeButton(form.cmdLVAdd, hand), makeButton(form.cmdLVRemove, hand), nullptr}));
     return content;
