@@ -6,6 +6,7 @@
 
 #include <vector>
 
+#include "qt/surface/no_input.h"
 #include "qt/surface/text.h"
 
 namespace velmora::qt {
@@ -82,41 +83,6 @@ QStringList nameFilters(const std::string& filter) {
     }
     return filters;
 }
-
-// While the system's own dialog is open, the program's windows are painted but get no input: a
-// click there could move another file than the one that was asked about, or open a second dialog.
-class NoInput : public QObject {
-  public:
-    NoInput() { qApp->installEventFilter(this); }
-    bool eventFilter(QObject*, QEvent* event) override {
-        // Except for a box that a check has opened meanwhile: it has to be answered.
-        if (QApplication::activeModalWidget() != nullptr) return false;
-        switch (event->type()) {
-            case QEvent::MouseButtonPress:
-            case QEvent::MouseButtonRelease:
-            case QEvent::MouseButtonDblClick:
-            case QEvent::MouseMove:
-            case QEvent::Wheel:
-            case QEvent::KeyPress:
-            case QEvent::KeyRelease:
-            case QEvent::Shortcut:
-            case QEvent::ShortcutOverride:
-            case QEvent::ContextMenu:
-            case QEvent::DragEnter:
-            case QEvent::DragMove:
-            case QEvent::Drop:
-            case QEvent::TouchBegin:
-            case QEvent::TouchUpdate:
-            case QEvent::TouchEnd:
-                return true;
-            case QEvent::Close:
-                event->ignore();
-                return true;
-            default:
-                return false;
-        }
-    }
-};
 
 // One path as it is; for several, the folder of the first and then the names. Files of other
 // folders are given by their whole paths.
