@@ -18,7 +18,7 @@ qt::ChartData twoShares() {
 }
 
 TEST(ChartTable, NumbersAreWrittenInTheUsersForm) {
-    const qt::ChartTable table = qt::tableOf(twoShares(), withPoints(), true);
+    const qt::TextTable table = qt::tableOf(twoShares(), withPoints(), true);
     EXPECT_EQ(table.headings, (QStringList{"Name", "KB", "Share"}));
     ASSERT_EQ(table.rows.size(), 2U);
     // 1234.5 of 9876 is 12.5 percent.

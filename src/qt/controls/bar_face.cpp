@@ -174,7 +174,7 @@ void BarFace::paintRows(QPainter& painter, const State& state) const {
     painter.translate(window_.left(), window_.top() - state.scroll);
     for (std::size_t i = 0; i < rows_.size(); ++i) {
         const QRectF& all = rows_[i].all;
-        if (all.bottom() < state.scroll || all.top() > state.scroll + window_.height()) continue;
+        if (all.bottom() <= state.scroll || all.top() >= state.scroll + window_.height()) continue;
         if (static_cast<int>(i) == state.hot) {
             painter.setPen(Qt::NoPen);
             painter.setBrush(hotGround(state.palette));

@@ -21,10 +21,10 @@ QString cellText(QString text) {
     return text;
 }
 
-ChartTable tableOfPie(const ChartData& data, const Regional& regional, bool grouped) {
+TextTable tableOfPie(const ChartData& data, const Regional& regional, bool grouped) {
     const std::vector<double>& values = data.values.front();
     const double whole = wholeOf(values);
-    ChartTable table{{QStringLiteral("Name"), QStringLiteral("KB"), QStringLiteral("Share")}, {}};
+    TextTable table{{QStringLiteral("Name"), QStringLiteral("KB"), QStringLiteral("Share")}, {}};
     for (qsizetype i = 0; i < data.columns.size(); ++i) {
         const double value = values[static_cast<std::size_t>(i)];
         table.rows.push_back(
@@ -48,10 +48,10 @@ ChartData chartDataOf(const Chart& chart) {
     return data;
 }
 
-ChartTable tableOf(const ChartData& data, const Regional& regional, bool grouped) {
+TextTable tableOf(const ChartData& data, const Regional& regional, bool grouped) {
     if (data.isEmpty()) return {};
     if (data.isPie) return tableOfPie(data, regional, grouped);
-    ChartTable table;
+    TextTable table;
     table.headings << data.axisTitles[0];
     for (const QString& column : data.columns) table.headings << column + QStringLiteral(" (KB)");
     for (qsizetype i = 0; i < data.rows.size(); ++i) {
@@ -63,7 +63,7 @@ ChartTable tableOf(const ChartData& data, const Regional& regional, bool grouped
     return table;
 }
 
-QString tabSeparated(const ChartTable& table) {
+QString tabSeparated(const TextTable& table) {
     QString text;
     const auto addLine = [&text](const QStringList& cells) {
         QStringList line;

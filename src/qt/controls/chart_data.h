@@ -9,6 +9,7 @@
 
 #include "base/regional.h"
 #include "controls/chart.h"
+#include "qt/surface/text_table.h"
 
 namespace velmora::qt {
 
@@ -27,17 +28,11 @@ struct ChartData {
 
 ChartData chartDataOf(const Chart& chart);
 
-/// A table of texts with a heading for each column.
-struct ChartTable {
-    QStringList headings;
-    std::vector<QStringList> rows;
-};
-
 /// The values of a chart as a table: a line for each row, or for each part of a pie with its share.
 /// Numbers are written in the regional form, with or without a mark between groups of digits.
-ChartTable tableOf(const ChartData& data, const Regional& regional, bool grouped);
+TextTable tableOf(const ChartData& data, const Regional& regional, bool grouped);
 /// Lines of texts with tabs between them, as spreadsheets take them.
-QString tabSeparated(const ChartTable& table);
+QString tabSeparated(const TextTable& table);
 
 /// A number of kilobytes, rounded, with its unit.
 QString kilobytes(double value, const Regional& regional);

@@ -46,5 +46,7 @@ std::unique_ptr<ChartFace> makeBarFace(ChartData data, Regional regional);
 std::unique_ptr<ChartFace> makePieFace(ChartData data, Regional regional);
 /// A sentence, for a chart that has nothing to show.
 std::unique_ptr<ChartFace> makeEmptyFace();
+/// The face that such data have.
+std::unique_ptr<ChartFace> makeFace(const ChartData& data, const Regional& regional);
 
 }  // namespace velmora::qt

@@ -27,15 +27,10 @@ ChartWidget::ChartWidget(Regional regional, QWidget* parent)
     describe();
 }
 
-std::unique_ptr<ChartFace> ChartWidget::makeFace() const {
-    if (content_.isEmpty()) return makeEmptyFace();
-    return content_.isPie ? makePieFace(content_, regional_) : makeBarFace(content_, regional_);
-}
-
 void ChartWidget::setContent(const ChartData& content) {
     if (content_ == content) return;
     content_ = content;
-    face_ = makeFace();
+    face_ = makeFace(content_, regional_);
     hot_ = -1;
     layOut();
     describe();
@@ -61,7 +56,7 @@ void ChartWidget::layOut() {
 }
 
 QImage ChartWidget::picture() const {
-    const std::unique_ptr<ChartFace> whole = makeFace();
+    const std::unique_ptr<ChartFace> whole = makeFace(content_, regional_);
     const double beyond = face_->scrolledHeight() - face_->window().height();
     const QSize size(viewport()->width(),
                      viewport()->height() + std::max(0, static_cast<int>(std::ceil(beyond))));

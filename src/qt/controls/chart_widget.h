@@ -36,7 +36,6 @@ class ChartWidget : public QAbstractScrollArea {
     void scrollContentsBy(int dx, int dy) override;
 
   private:
-    std::unique_ptr<ChartFace> makeFace() const;
     void layOut();
     void setHot(int part);
     void describe();

@@ -196,7 +196,12 @@ void LineChartWidget::paintLegend(QPainter& painter, const Scale& scale) const {
 
 void LineChartWidget::paintEvent(QPaintEvent*) {
     QPainter painter(this);
+    paint(painter);
+}
+
+void LineChartWidget::paint(QPainter& painter) const {
     painter.setRenderHint(QPainter::Antialiasing);
+    painter.setFont(font());
     if (lines_.empty()) {
         painter.setPen(quietInk(palette()));
         painter.drawText(rect(), Qt::AlignCenter, QStringLiteral("Nothing was checked yet."));

@@ -20,6 +20,8 @@ class LineChartWidget : public QWidget {
     /// The names that the legend shows in the order of the lines; where not all have room the last
     /// one says how many are left out. None for a single line.
     QStringList legend() const;
+    /// Paints it all but its ground, also elsewhere than in its window.
+    void paint(QPainter& painter) const;
 
   protected:
     void paintEvent(QPaintEvent* event) override;

@@ -114,7 +114,9 @@ void PieFace::paintLegend(QPainter& painter, const State& state,
     painter.translate(window_.left(), window_.top() - state.scroll);
     for (std::size_t i = 0; i < colours.size(); ++i) {
         const QRectF line(0, static_cast<double>(i) * lineHeight_, window_.width(), lineHeight_);
-        if (line.bottom() < state.scroll || line.top() > state.scroll + window_.height()) continue;
+        if (line.bottom() <= state.scroll || line.top() >= state.scroll + window_.height()) {
+            continue;
+        }
         if (static_cast<int>(i) == state.hot) {
             painter.setPen(Qt::NoPen);
             painter.setBrush(hotGround(state.palette));
