@@ -254,12 +254,27 @@ QPlainTextEdit* makeTextEdit(TextBox& field, UserHand& hand) {
     return edit;
 }
 
+namespace {
+
+// The system's own choice, unless that isn't installed: any other font would stand in for it then.
+QFont fixedPitchFont() {
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    const QStringList installed = QFontDatabase::families();
+    for (const char* family : {"Consolas", "Courier New", "DejaVu Sans Mono", "Liberation Mono"}) {
+        if (QFontInfo(font).fixedPitch()) break;
+        if (installed.contains(QLatin1String(family))) font.setFamily(QLatin1String(family));
+    }
+    return font;
+}
+
+}  // namespace
+
 QPlainTextEdit* makeTextView(TextBox& field) {
     auto* view = new QPlainTextEdit;
     view->setReadOnly(true);
     view->setTabChangesFocus(true);
     view->setLineWrapMode(QPlainTextEdit::NoWrap);
-    view->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    view->setFont(fixedPitchFont());
     bindField(view, field, [view, &field] {
         const QString text = withVisibleControls(shownLines(field.Text()));
         if (view->toPlainText() != text) view->setPlainText(text);
