@@ -17,7 +17,7 @@ if(WIN32)
 package qt6-base-dev, same version), or unpack a build of it, and set VELMORA_WINDOWS_QT to its \
 folder.")
 else()
-    find_package(Qt6 6.4 QUIET COMPONENTS Widgets)
+    find_package(Qt6 6.4 QUIET COMPONENTS Widgets OPTIONAL_COMPONENTS PrintSupport)
     set(how_to_get_it "Install the package qt6-base-dev.")
 endif()
 
