@@ -2,16 +2,19 @@
 
 namespace velmora {
 
-WindowProgram::WindowProgram(Machine& machine, std::function<void(int)> ended)
+WindowProgram::WindowProgram(Machine& machine, std::function<void(int)> ended,
+                             std::unique_ptr<qt::PrintSystem> printers)
     : host_(machine, hand_),
       user32_(names_),
       shellIcons_(machine),
       notifyArea_([this](const std::string& form, int message) { answerIcon(form, message); }),
       timers_(
           forms_, [&clock = machine.platform().clock] { return clock.GetTickCount(); }, hand_),
+      printing_(std::move(printers), host_, hand_,
+                [&clock = machine.platform().clock] { return clock.Now(); }),
       core_(forms_, machine.platform(), {host_, notifyArea_, user32_, shellIcons_, workArea_}),
       firstSteps_(forms_.form1, machine.platform().userState),
-      windows_(forms_, shellIcons_, user32_, hand_, names_) {
+      windows_(forms_, shellIcons_, user32_, hand_, names_, printing_) {
     hand_.setHost(host_);
     hand_.setPaths([&machine](const std::string& path) { return machine.toDrivePath(path); },
                    [&machine](const std::string& path) { return machine.toHostPath(path); });

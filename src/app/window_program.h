@@ -2,8 +2,10 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 
 #include "app/core.h"
+#include "qt/print/printing.h"
 #include "qt/surface/qt_host.h"
 #include "qt/surface/qt_notify_area.h"
 #include "qt/surface/qt_shell_icons.h"
@@ -19,7 +21,9 @@ namespace velmora {
 class WindowProgram {
   public:
     /// Needs a QApplication. `ended` runs once when the program ends, with the exit status.
-    WindowProgram(Machine& machine, std::function<void(int)> ended);
+    /// `printers` may be null: nothing can be printed then.
+    WindowProgram(Machine& machine, std::function<void(int)> ended,
+                  std::unique_ptr<qt::PrintSystem> printers = qt::makePrintSystem());
     WindowProgram(const WindowProgram&) = delete;
     WindowProgram& operator=(const WindowProgram&) = delete;
 
@@ -48,6 +52,7 @@ class WindowProgram {
     qt::QtNotifyArea notifyArea_;
     qt::QtWorkArea workArea_;
     qt::QtTimers timers_;
+    qt::Printing printing_;
     Core core_;
     FirstSteps firstSteps_;
     qt::AllWindows windows_;

@@ -8,11 +8,14 @@ namespace velmora::tests {
 
 void WindowRig::start(const std::string& settings) {
     machine.files["C:\\Program Files\\Velmora\\set.dat"] = settings;
-    program = std::make_unique<WindowProgram>(machine, [this](int status) {
-        ended = status;
-        // Also leaves the loops of open boxes, as the program's own end does.
-        if (QThread::currentThread()->loopLevel() > 0) QApplication::exit(status);
-    });
+    program = std::make_unique<WindowProgram>(
+        machine,
+        [this](int status) {
+            ended = status;
+            // Also leaves the loops of open boxes, as the program's own end does.
+            if (QThread::currentThread()->loopLevel() > 0) QApplication::exit(status);
+        },
+        makePrinters());
     program->load();
     settle();
 }

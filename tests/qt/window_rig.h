@@ -16,6 +16,7 @@
 #include "app/window_program.h"
 #include "fake/fake_machine.h"
 #include "qt/controls/list_view_widget.h"
+#include "qt/paper_tray.h"
 
 namespace velmora::tests {
 
@@ -29,6 +30,11 @@ inline void furnish(fake::FakeMachine& machine) {
 
 struct WindowRig {
     fake::FakeMachine machine;
+    PaperTray tray;
+    /// For the next start.
+    std::function<std::unique_ptr<qt::PrintSystem>()> makePrinters = [this] {
+        return std::make_unique<PaperTraySystem>(tray);
+    };
     std::optional<int> ended;
     std::unique_ptr<WindowProgram> program;
 

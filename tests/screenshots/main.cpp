@@ -6,12 +6,14 @@
 #include <QPalette>
 #include <QScreen>
 #include <QStyleFactory>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "qt/controls/identity.h"
 #include "qt/controls/legible_style.h"
+#include "qt/system/print_system.h"
 #include "qt/window_rig.h"
 #include "rows/watch_row.h"
 
@@ -91,6 +93,34 @@ class Screenshots {
     WindowRig& rig_;
     QString folder_;
     QString look_;
+};
+
+// Prints into pictures of A4 pages, the same in each look.
+class PicturePrinter final : public velmora::qt::PrintSystem {
+  public:
+    explicit PicturePrinter(QString path) : path_(std::move(path)) {}
+
+    velmora::qt::PrintResult print(QWidget*, velmora::qt::Pages& pages) override {
+        constexpr double width = 794;
+        constexpr double height = 1123;
+        constexpr double margin = 57;
+        const int count = pages.layOut({width - 2 * margin, height - 2 * margin});
+        for (int page = 0; page < count; ++page) {
+            QImage image(QSizeF(width, height).toSize(), QImage::Format_RGB32);
+            image.fill(Qt::white);
+            QPainter painter(&image);
+            painter.translate(margin, margin);
+            pages.paint(painter, page);
+            const QString path = path_.arg(++printed_);
+            image.save(path);
+            std::printf("%s\n", qPrintable(path));
+        }
+        return {};
+    }
+
+  private:
+    QString path_;
+    int printed_ = 0;
 };
 
 void fillWithData(WindowRig& rig) {
@@ -206,6 +236,9 @@ void driveInformation(WindowRig& rig, Screenshots& screenshots) {
         form.Combo1.userChoose(view);
         if (view == velmora::drive_view::partition) form.cmdEnter.userClick();
         screenshots.save(window, QStringLiteral("drive-info-%1").arg(view));
+        if (view <= velmora::drive_view::distribution) {
+            rig.click(QStringLiteral("MSChart1(%1).Print").arg(view), "dlgDriveInfo");
+        }
     }
     form.Combo1.userChoose(velmora::drive_view::freeSpace);
     rig.click(QStringLiteral("MSChart1(0).ShowTable"), "dlgDriveInfo");
@@ -236,6 +269,9 @@ void history(WindowRig& rig, Screenshots& screenshots) {
     form.lblEstimate.setCaption("full in about 14 hours");
     form.Show();
     screenshots.save(rig.program->window("frmHistory"), QStringLiteral("history"));
+    // What is chosen would show its own history once more.
+    form.cboPath.Clear();
+    rig.click(QStringLiteral("chtHistory.Print"), "frmHistory");
     form.Hide();
 }
 
@@ -248,9 +284,14 @@ int main(int argc, char** argv) {
     const QStringList arguments = QApplication::arguments();
     const QString folder = arguments.value(1, QStringLiteral("."));
     const QString look = arguments.value(2, QStringLiteral("light"));
-    if (look == QLatin1String("dark")) QApplication::setPalette(velmora::qt::withIdentity(darkPalette()));
+    if (look == QLatin1String("dark"))
+        QApplication::setPalette(velmora::qt::withIdentity(darkPalette()));
     WindowRig rig;
     furnishVolumes(rig.machine);
+    rig.makePrinters = [&] {
+        return std::make_unique<PicturePrinter>(
+            QStringLiteral("%1/printed-%2-%3.png").arg(folder, QStringLiteral("%1"), look));
+    };
     rig.start();
     fillWithData(rig);
     Screenshots screenshots(rig, folder, look);

@@ -2,10 +2,12 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QMimeData>
+#include <utility>
 
+#include "qt/controls/printed_chart.h"
+#include "qt/print/print_button.h"
 #include "qt/surface/field.h"
 
 namespace velmora::qt {
@@ -54,7 +56,8 @@ ChartView::ChartView(Chart& field, UserHand& hand, QWidget* parent)
       showTable_(
           makeSmallButton(QStringLiteral("&Table"), QStringLiteral("Show the values as a table"))),
       copy_(makeSmallButton(QStringLiteral("&Copy"),
-                            QStringLiteral("Copy the chart as a picture and as text"))) {
+                            QStringLiteral("Copy the chart as a picture and as text"))),
+      buttons_(new QHBoxLayout) {
     layOut();
     showTable_->setCheckable(true);
     connect(showTable_, &QPushButton::toggled, pages_, [this](bool on) { showPage(on); });
@@ -67,16 +70,15 @@ ChartView::ChartView(Chart& field, UserHand& hand, QWidget* parent)
 void ChartView::layOut() {
     pages_->addWidget(chart_);
     pages_->addWidget(table_);
-    auto* buttons = new QHBoxLayout;
-    buttons->setSpacing(viewSpacing);
-    buttons->addStretch(1);
-    buttons->addWidget(showTable_);
-    buttons->addWidget(copy_);
+    buttons_->setSpacing(viewSpacing);
+    buttons_->addStretch(1);
+    buttons_->addWidget(showTable_);
+    buttons_->addWidget(copy_);
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(0, 0, 0, 0);
     all->setSpacing(viewSpacing);
     all->addWidget(pages_, 1);
-    all->addLayout(buttons);
+    all->addLayout(buttons_);
 }
 
 void ChartView::nameParts() {
@@ -90,15 +92,28 @@ void ChartView::nameParts() {
     name(copy_, ".Copy", QStringLiteral("Copy"));
 }
 
+void ChartView::offerPrinting(Printing& printing, UserHand& hand,
+                              std::function<PrintedWords()> words) {
+    print_ = makePrintButton(printing, hand, [this, words = std::move(words)] {
+        return Printout{.words = words(),
+                        .picture = printedChart(chart_->content(), regional_),
+                        .table = tableOf(chart_->content(), regional_, true)};
+    });
+    print_->setObjectName(objectName() + QStringLiteral(".Print"));
+    print_->setEnabled(!chart_->content().isEmpty());
+    buttons_->addWidget(print_);
+}
+
 void ChartView::refresh(const Chart& field) {
     const ChartData content = chartDataOf(field);
     if (chart_->content() == content) return;
     chart_->setContent(content);
     fillTable();
+    if (print_ != nullptr) print_->setEnabled(!content.isEmpty());
 }
 
 void ChartView::fillTable() {
-    const ChartTable content = tableOf(chart_->content(), regional_, true);
+    const TextTable content = tableOf(chart_->content(), regional_, true);
     table_->setColumnCount(static_cast<int>(content.headings.size()));
     table_->setHorizontalHeaderLabels(content.headings);
     table_->setRowCount(static_cast<int>(content.rows.size()));

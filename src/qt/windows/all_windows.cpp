@@ -7,7 +7,7 @@
 namespace velmora::qt {
 
 AllWindows::AllWindows(Forms& forms, const QtShellIcons& icons, QtUser32& user32, UserHand& hand,
-                       WindowsByName& names)
+                       WindowsByName& names, Printing& printing)
     : forms_(forms), hand_(hand), names_(names) {
     add(forms.form1.Name(), new MainWindow(forms.form1, icons, user32, hand));
     addWhenLoaded(forms.frmLock, makeLockWindow);
@@ -17,8 +17,8 @@ AllWindows::AllWindows(Forms& forms, const QtShellIcons& icons, QtUser32& user32
     addWhenLoaded(forms.icon1, makeRecycleBinWindow);
     addWhenLoaded(forms.frmIndDri, makeDriveWindow);
     addWhenLoaded(forms.frmNotify, makeNotifyWindow);
-    addWhenLoaded(forms.dlgDriveInfo, makeDriveInfoWindow);
-    addWhenLoaded(forms.frmHistory, makeHistoryWindow);
+    addWhenLoaded(forms.dlgDriveInfo, makeDriveInfoWindow, printing);
+    addWhenLoaded(forms.frmHistory, makeHistoryWindow, printing);
     addWhenLoaded(forms.frmWizard, makeWizardWindow);
 }
 

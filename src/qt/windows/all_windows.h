@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "forms/forms.h"
+#include "qt/print/printing.h"
 #include "qt/surface/qt_shell_icons.h"
 #include "qt/surface/qt_user32.h"
 #include "qt/surface/user_hand.h"
@@ -17,16 +18,17 @@ class AllWindows {
     /// Adds each window to `names`. Only the main window is made at once, the others when their
     /// forms are loaded.
     AllWindows(Forms& forms, const QtShellIcons& icons, QtUser32& user32, UserHand& hand,
-               WindowsByName& names);
+               WindowsByName& names, Printing& printing);
     ~AllWindows();
 
   private:
     void add(const std::string& form, QWidget* window);
-    template <typename AForm>
-    void addWhenLoaded(AForm& form, QWidget* (*make)(AForm&, UserHand&)) {
-        loads_.emplace_back(form.Load.connect([this, &form, make] {
+    /// `make` takes the form, the user's hand and what else is given.
+    template <typename AForm, typename Make, typename... More>
+    void addWhenLoaded(AForm& form, Make make, More&... more) {
+        loads_.emplace_back(form.Load.connect([this, &form, make, &more...] {
             // A form that was unloaded keeps its window.
-            if (names_.find(form.Name()) == nullptr) add(form.Name(), make(form, hand_));
+            if (names_.find(form.Name()) == nullptr) add(form.Name(), make(form, hand_, more...));
         }));
     }
 

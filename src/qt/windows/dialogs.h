@@ -4,6 +4,7 @@
 #include <QWidget>
 
 #include "forms/forms.h"
+#include "qt/print/printing.h"
 #include "qt/surface/user_hand.h"
 
 namespace velmora::qt {
@@ -15,8 +16,8 @@ QWidget* makeProgressWindow(Icon0& form, UserHand& hand);
 QWidget* makeRecycleBinWindow(Icon1& form, UserHand& hand);
 QWidget* makeDriveWindow(FrmIndDri& form, UserHand& hand);
 QWidget* makeNotifyWindow(FrmNotify& form, UserHand& hand);
-QWidget* makeDriveInfoWindow(DlgDriveInfo& form, UserHand& hand);
-QWidget* makeHistoryWindow(FrmHistory& form, UserHand& hand);
+QWidget* makeDriveInfoWindow(DlgDriveInfo& form, UserHand& hand, Printing& printing);
+QWidget* makeHistoryWindow(FrmHistory& form, UserHand& hand, Printing& printing);
 QWidget* makeWizardWindow(FrmWizard& form, UserHand& hand);
 
 }  // namespace velmora::qt

@@ -123,14 +123,21 @@ QWidget* makeAttributePanel(DlgDriveInfo& form, UserHand& hand) {
 
 }  // namespace
 
-QWidget* makeDriveInfoWindow(DlgDriveInfo& form, UserHand& hand) {
+QWidget* makeDriveInfoWindow(DlgDriveInfo& form, UserHand& hand, Printing& printing) {
     auto* content = column({heading(form.Label6), paragraph(form.Label5)});
     content->addSpacing(gap);
     content->addLayout(
         row({makeChoice(form.Combo1, hand), makeButton(form.cmdHistory, hand), nullptr}));
     content->addWidget(makeCaption(form.lblDesc, true));
     content->addSpacing(gap / 2);
-    for (Chart& chart : form.MSChart1) content->addWidget(new ChartView(chart, hand), 1);
+    const auto words = [&form] {
+        return PrintedWords{shown(form.Combo1.Text()), {shown(form.lblDesc.Caption())}};
+    };
+    for (Chart& chart : form.MSChart1) {
+        auto* view = new ChartView(chart, hand);
+        view->offerPrinting(printing, hand, words);
+        content->addWidget(view, 1);
+    }
     content->addWidget(makePartitionPanel(form, hand), 1);
     content->addWidget(makeAttributePanel(form, hand), 1);
     QPushButton* ok = makeButton(form.cmdOK, hand);
