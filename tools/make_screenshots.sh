@@ -13,7 +13,8 @@
 # machine in memory, so the pictures are the same on every machine with the same fonts.
 #
 # Each picture counts as a test, and the last line of the output counts them. A picture fails that
-# shows nothing, that another run has and this one hasn't, or that the help page misses.
+# shows nothing, that hasn't the size of its scale, that another run has and this one hasn't, or that
+# the help page misses.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 source "$root/tools/setup.sh"
@@ -58,6 +59,11 @@ shrink() {
         [[ $(identify -format %k "$2") -ge $least_colours ]]
 }
 
+# The folder of a scale, in that of 100 %.
+folder_of() {
+    if [[ $2 == 100 ]]; then printf '%s\n' "$1"; else printf '%s\n' "$1/$2"; fi
+}
+
 # Prints the names of a folder's pictures of a look, without look and ending.
 names_in() {
     local path
@@ -70,14 +76,24 @@ names_in() {
 # Every run has the pictures of the first one on this machine.
 expected_names=
 
-# Puts the pictures that a run has left in a folder into another one, and counts them.
+# Whether a picture is about as much wider than that of 100 % as its scale says.
+has_scale() {
+    local width plain
+    width=$(identify -format %w "$1")
+    plain=$(identify -format %w "$2")
+    [[ $((width * 100)) -ge $((plain * $3 * 9 / 10)) ]]
+}
+
+# Puts the pictures that a run has left in a folder into the one for its scale, and counts them.
 publish() {
-    local taken=$1 folder=$2 look=$3 name
+    local taken=$1 plain=$2 scale=$3 look=$4 folder name
+    folder=$(folder_of "$plain" "$scale")
     mkdir -p "$folder"
     rm -f "$folder"/*-"$look".png
     expected_names=${expected_names:-$(names_in "$taken" "$look")}
     for name in $expected_names; do
-        if shrink "$taken/$name-$look.png" "$folder/$name-$look.png"; then
+        if shrink "$taken/$name-$look.png" "$folder/$name-$look.png" &&
+            has_scale "$folder/$name-$look.png" "$plain/$name-$look.png" "$scale"; then
             passed=$((passed + 1))
         else
             fail "${folder#"$root/"}/$name-$look.png"
@@ -88,29 +104,33 @@ publish() {
     done
 }
 
-# take FOLDER COMMAND...: all scales and looks; the command is called with a folder and a look.
+# take FOLDER COMMAND...: all scales and looks, each added to the command with its scale.
 take() {
-    local folder=$1 scale look into taken=$root/build/screenshots
+    local plain=$1 scale look taken=$root/build/screenshots
     shift
     for scale in "${scales[@]}"; do
-        into=$folder
-        [[ $scale == 100 ]] || into=$folder/$scale
         for look in "${looks[@]}"; do
             rm -rf "$taken"
             mkdir -p "$taken"
-            if ! QT_SCALE_FACTOR=$((scale / 100)).$((scale % 100)) \
-                timeout "$longest_run" "$@" "$look" </dev/null >"$taken/output" 2>&1; then
+            if ! timeout "$longest_run" "$@" "$look" $((scale / 100)).$((scale % 100)) \
+                </dev/null >"$taken/output" 2>&1; then
                 cat "$taken/output"
-                fail "the run for ${into#"$root/"}, $look"
+                fail "the run for ${plain#"$root/"}, $scale %, $look"
             fi
-            publish "$taken" "$into" "$look"
+            publish "$taken" "$plain" "$scale" "$look"
         done
     done
     rm -rf "$taken"
 }
 
+# The screen of the offscreen platform is small unless a file says otherwise.
 take_native() {
-    QT_QPA_PLATFORM=offscreen take "$target" "$root/build/dev/$program" "$root/build/screenshots"
+    local screen=$root/build/screen.json
+    printf '{"screens": [{"name": "large", "x": 0, "y": 0, "width": %d, "height": %d,
+        "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]}\n' \
+        "${display_size%x*}" "${display_size#*x}" >"$screen"
+    QT_QPA_PLATFORM=offscreen:configfile=$screen \
+        take "$target" "$root/build/dev/$program" "$root/build/screenshots"
 }
 
 take_under_wine() {

@@ -1,4 +1,5 @@
-// velmora-screenshots FOLDER [light|dark]: takes a screenshot of every page and window.
+// velmora-screenshots FOLDER [light|dark [SCALE]]: takes a screenshot of every page and window. A
+// scale of 2 makes everything twice as large.
 #include <QApplication>
 #include <QDir>
 #include <QMenu>
@@ -278,6 +279,8 @@ void history(WindowRig& rig, Screenshots& screenshots) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    // Here, since Wine passes no variable of Qt on.
+    if (argc > 3) qputenv("QT_SCALE_FACTOR", argv[3]);
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setStyle(new velmora::qt::LegibleStyle(QStringLiteral("Fusion")));
