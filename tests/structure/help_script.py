@@ -23,6 +23,9 @@ QUERIES = [
     # A heading above a part counts as its own words.
     ("known oddities pause", ["odd-pause-check", "odd-pause-action"], ["act-pause", "tray-menu"]),
     ("  mail   server  ", ["mail-account"], ["keys"]),
+    ("How do I unlock it with the password?", ["lock"], ["mail-account", "tray-icon"]),
+    ("what do the alerts mean", ["alerts-texts"], ["page-programs"]),
+    ("to the", ["start-watch"], []),
     # The last one finds nothing.
     ("velociraptor", [], ["start", "odd-ticks", "keys"]),
 ]
