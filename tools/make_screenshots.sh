@@ -152,7 +152,7 @@ furnish_help_page() {
     local path name
     mkdir -p "$help_folder"
     rm -f "$help_folder"/*.png
-    for path in $(grep -o 'help/[a-z0-9-]*\.png' "$root/dist/velmora.html" | sort -u); do
+    while read -r path; do
         name=${path#help/}
         if [[ -f $target/$name ]]; then
             cp "$target/$name" "$help_folder/$name"
@@ -160,7 +160,7 @@ furnish_help_page() {
         else
             fail "the help page's $path: no such picture was taken"
         fi
-    done
+    done < <(grep -o 'help/[a-z0-9-]*\.png' "$root/dist/velmora.html" | sort -u)
 }
 
 clean_up() {
