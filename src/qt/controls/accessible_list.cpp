@@ -1,12 +1,11 @@
 #include "qt/controls/accessible_list.h"
 
 #include <QAccessibleWidget>
-#include <QHash>
 #include <QHeaderView>
 #include <QPersistentModelIndex>
-#include <QPointer>
 #include <QTreeView>
 
+#include "qt/controls/accessible_part.h"
 #include "qt/controls/check_list.h"
 #include "qt/controls/list_view_widget.h"
 
@@ -23,42 +22,22 @@ int headerRows(const QAbstractItemView& view) {
     return headerOf(view) == nullptr ? 0 : 1;
 }
 
-// What a cell and a heading have in common: they are parts of a list and have no widget.
-class ListPart : public QAccessibleInterface {
-  public:
-    explicit ListPart(QAbstractItemView* view) : view_(view) {}
-
-    QObject* object() const override { return nullptr; }
-    QAccessibleInterface* parent() const override {
-        return QAccessible::queryAccessibleInterface(view_);
-    }
-    QAccessibleInterface* child(int) const override { return nullptr; }
-    int childCount() const override { return 0; }
-    int indexOfChild(const QAccessibleInterface*) const override { return -1; }
-    QAccessibleInterface* childAt(int, int) const override { return nullptr; }
-    void setText(QAccessible::Text, const QString&) override {}
-    QWindow* window() const override {
-        return view_ == nullptr ? nullptr : view_->window()->windowHandle();
-    }
-
-  protected:
-    QPointer<QAbstractItemView> view_;
-};
+using ListPart = AccessiblePart<QAbstractItemView>;
 
 class ListHeading : public ListPart {
   public:
     ListHeading(QAbstractItemView* view, int column) : ListPart(view), column_(column) {}
 
     bool isValid() const override {
-        return view_ != nullptr && column_ < view_->model()->columnCount();
+        return owner() != nullptr && column_ < owner()->model()->columnCount();
     }
     QString text(QAccessible::Text kind) const override {
         if (kind != QAccessible::Name || !isValid()) return {};
-        return view_->model()->headerData(column_, Qt::Horizontal, Qt::DisplayRole).toString();
+        return owner()->model()->headerData(column_, Qt::Horizontal, Qt::DisplayRole).toString();
     }
     QRect rect() const override {
         if (!isValid()) return {};
-        const QHeaderView* header = headerOf(*view_);
+        const QHeaderView* header = headerOf(*owner());
         const QPoint corner(header->sectionViewportPosition(column_), 0);
         return {header->viewport()->mapToGlobal(corner),
                 QSize(header->sectionSize(column_), header->height())};
@@ -66,7 +45,7 @@ class ListHeading : public ListPart {
     QAccessible::Role role() const override { return QAccessible::ColumnHeader; }
     QAccessible::State state() const override {
         QAccessible::State all;
-        all.invisible = isValid() && !headerOf(*view_)->isVisible();
+        all.invisible = isValid() && !headerOf(*owner())->isVisible();
         return all;
     }
     int column() const { return column_; }
@@ -93,7 +72,7 @@ class ListCell : public ListPart,
                 return nullptr;
         }
     }
-    bool isValid() const override { return view_ != nullptr && index_.isValid(); }
+    bool isValid() const override { return owner() != nullptr && index_.isValid(); }
     QString text(QAccessible::Text kind) const override {
         if (!isValid()) return {};
         switch (kind) {
@@ -107,12 +86,12 @@ class ListCell : public ListPart,
     }
     QRect rect() const override {
         if (!isValid()) return {};
-        const QRect place = view_->visualRect(index_);
-        return {view_->viewport()->mapToGlobal(place.topLeft()), place.size()};
+        const QRect place = owner()->visualRect(index_);
+        return {owner()->viewport()->mapToGlobal(place.topLeft()), place.size()};
     }
     QAccessible::Role role() const override {
-        return view_ != nullptr && headerOf(*view_) != nullptr ? QAccessible::Cell
-                                                               : QAccessible::ListItem;
+        return owner() != nullptr && headerOf(*owner()) != nullptr ? QAccessible::Cell
+                                                                   : QAccessible::ListItem;
     }
     QAccessible::State state() const override {
         QAccessible::State all;
@@ -123,20 +102,20 @@ class ListCell : public ListPart,
         all.selectable = true;
         all.focusable = true;
         all.selected = isSelected();
-        all.extSelectable = view_->selectionMode() == QAbstractItemView::ExtendedSelection;
-        all.focused = view_->hasFocus() && view_->currentIndex() == index_;
+        all.extSelectable = owner()->selectionMode() == QAbstractItemView::ExtendedSelection;
+        all.focused = owner()->hasFocus() && owner()->currentIndex() == index_;
         all.checkable = isTicked().isValid();
         all.checked = isTicked().toInt() == Qt::Checked;
-        all.invisible = !view_->isVisible() || view_->visualRect(index_).isEmpty();
-        all.offscreen = !view_->viewport()->rect().intersects(view_->visualRect(index_));
+        all.invisible = !owner()->isVisible() || owner()->visualRect(index_).isEmpty();
+        all.offscreen = !owner()->viewport()->rect().intersects(owner()->visualRect(index_));
         return all;
     }
 
     bool isSelected() const override {
-        return isValid() && view_->selectionModel()->isSelected(index_);
+        return isValid() && owner()->selectionModel()->isSelected(index_);
     }
     QList<QAccessibleInterface*> columnHeaderCells() const override {
-        if (!isValid() || headerRows(*view_) == 0) return {};
+        if (!isValid() || headerRows(*owner()) == 0) return {};
         return {parent()->child(index_.column())};
     }
     QList<QAccessibleInterface*> rowHeaderCells() const override { return {}; }
@@ -154,11 +133,11 @@ class ListCell : public ListPart,
     void doAction(const QString& name) override {
         if (!isValid()) return;
         if (name == setFocusAction()) {
-            view_->setFocus();
-            view_->setCurrentIndex(index_);
-        } else if (name == toggleAction() && view_->isEnabled() && isTicked().isValid()) {
+            owner()->setFocus();
+            owner()->setCurrentIndex(index_);
+        } else if (name == toggleAction() && owner()->isEnabled() && isTicked().isValid()) {
             const bool on = isTicked().toInt() == Qt::Checked;
-            view_->model()->setData(index_, on ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
+            owner()->model()->setData(index_, on ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
         }
     }
     QStringList keyBindingsForAction(const QString& name) const override {
@@ -178,11 +157,6 @@ class AccessibleList : public QAccessibleWidget, public QAccessibleTableInterfac
     explicit AccessibleList(QAbstractItemView* view)
         : QAccessibleWidget(view,
                             headerOf(*view) == nullptr ? QAccessible::List : QAccessible::Table) {}
-    ~AccessibleList() override {
-        forgetCells([](const ListCell&) { return true; });
-        forgetHeadings();
-    }
-
     void* interface_cast(QAccessible::InterfaceType kind) override {
         if (kind == QAccessible::TableInterface) {
             return static_cast<QAccessibleTableInterface*>(this);
@@ -200,7 +174,8 @@ class AccessibleList : public QAccessibleWidget, public QAccessibleTableInterfac
         if (number < 0 || number >= childCount()) return nullptr;
         const int column = number % columnCount();
         const int row = number / columnCount() - headerRows(*view());
-        return row < 0 ? heading(column) : cellAt(row, column);
+        if (row >= 0) return cellAt(row, column);
+        return headings_.find(column, [&] { return new ListHeading(view(), column); });
     }
     int indexOfChild(const QAccessibleInterface* part) const override {
         if (const auto* cell = dynamic_cast<const ListCell*>(part)) {
@@ -253,8 +228,8 @@ class AccessibleList : public QAccessibleWidget, public QAccessibleTableInterfac
 
     // A cell stays with its row wherever that goes.
     void modelChange(QAccessibleTableModelChangeEvent*) override {
-        forgetCells([](const ListCell& cell) { return !cell.isValid(); });
-        if (static_cast<int>(headings_.size()) != columnCount()) forgetHeadings();
+        cells_.forget([](const ListCell& cell) { return !cell.isValid(); });
+        headings_.forget([](const ListHeading& heading) { return !heading.isValid(); });
     }
 
   private:
@@ -274,39 +249,12 @@ class AccessibleList : public QAccessibleWidget, public QAccessibleTableInterfac
 
     QAccessibleInterface* cellOf(const QModelIndex& index) const {
         if (!index.isValid()) return nullptr;
-        const QPersistentModelIndex key(index);
-        const auto known = cells_.constFind(key);
-        if (known != cells_.constEnd()) return QAccessible::accessibleInterface(*known);
-        auto* cell = new ListCell(view(), index);
-        cells_.insert(key, QAccessible::registerAccessibleInterface(cell));
-        return cell;
-    }
-    QAccessibleInterface* heading(int column) const {
-        while (static_cast<int>(headings_.size()) < columnCount()) {
-            auto* made = new ListHeading(view(), static_cast<int>(headings_.size()));
-            headings_.push_back(QAccessible::registerAccessibleInterface(made));
-        }
-        return QAccessible::accessibleInterface(headings_[static_cast<std::size_t>(column)]);
-    }
-    template <typename Which>
-    void forgetCells(Which which) {
-        for (auto each = cells_.begin(); each != cells_.end();) {
-            const auto* cell = static_cast<ListCell*>(QAccessible::accessibleInterface(*each));
-            if (cell != nullptr && !which(*cell)) {
-                ++each;
-                continue;
-            }
-            if (cell != nullptr) QAccessible::deleteAccessibleInterface(*each);
-            each = cells_.erase(each);
-        }
-    }
-    void forgetHeadings() {
-        for (const QAccessible::Id id : headings_) QAccessible::deleteAccessibleInterface(id);
-        headings_.clear();
+        return cells_.find(QPersistentModelIndex(index),
+                           [&] { return new ListCell(view(), index); });
     }
 
-    mutable QHash<QPersistentModelIndex, QAccessible::Id> cells_;
-    mutable std::vector<QAccessible::Id> headings_;
+    mutable AccessibleParts<QPersistentModelIndex, ListCell> cells_;
+    mutable AccessibleParts<int, ListHeading> headings_;
 };
 
 QAccessibleInterface* makeListInterface(const QString&, QObject* object) {

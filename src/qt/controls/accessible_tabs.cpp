@@ -1,10 +1,9 @@
 #include "qt/controls/accessible_tabs.h"
 
 #include <QAccessibleWidget>
-#include <QPointer>
 #include <QTabBar>
-#include <vector>
 
+#include "qt/controls/accessible_part.h"
 #include "qt/controls/label_tabs.h"
 
 namespace velmora::qt {
@@ -39,34 +38,22 @@ class AccessibleTab : public QAccessibleWidget {
 };
 
 // A tab of a tab bar, which has no widget of its own.
-class AccessibleBarTab : public QAccessibleInterface, public QAccessibleActionInterface {
+class AccessibleBarTab : public AccessiblePart<QTabBar>, public QAccessibleActionInterface {
   public:
-    AccessibleBarTab(QTabBar* bar, int number) : bar_(bar), number_(number) {}
+    AccessibleBarTab(QTabBar* bar, int number) : AccessiblePart(bar), number_(number) {}
 
     void* interface_cast(QAccessible::InterfaceType kind) override {
         return kind == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface*>(this)
                                                     : nullptr;
     }
-    bool isValid() const override { return bar_ != nullptr && number_ < bar_->count(); }
-    QObject* object() const override { return nullptr; }
-    QWindow* window() const override {
-        return bar_ == nullptr ? nullptr : bar_->window()->windowHandle();
-    }
-    QAccessibleInterface* parent() const override {
-        return QAccessible::queryAccessibleInterface(bar_);
-    }
-    QAccessibleInterface* child(int) const override { return nullptr; }
-    int childCount() const override { return 0; }
-    int indexOfChild(const QAccessibleInterface*) const override { return -1; }
-    QAccessibleInterface* childAt(int, int) const override { return nullptr; }
+    bool isValid() const override { return owner() != nullptr && number_ < owner()->count(); }
     QString text(QAccessible::Text kind) const override {
-        return kind == QAccessible::Name && isValid() ? bar_->tabText(number_) : QString();
+        return kind == QAccessible::Name && isValid() ? owner()->tabText(number_) : QString();
     }
-    void setText(QAccessible::Text, const QString&) override {}
     QRect rect() const override {
         if (!isValid()) return {};
-        const QRect place = bar_->tabRect(number_);
-        return {bar_->mapToGlobal(place.topLeft()), place.size()};
+        const QRect place = owner()->tabRect(number_);
+        return {owner()->mapToGlobal(place.topLeft()), place.size()};
     }
     QAccessible::Role role() const override { return QAccessible::PageTab; }
     QAccessible::State state() const override {
@@ -75,39 +62,31 @@ class AccessibleBarTab : public QAccessibleInterface, public QAccessibleActionIn
         if (all.invalid) return all;
         all.focusable = true;
         all.selectable = true;
-        all.selected = bar_->currentIndex() == number_;
-        all.focused = all.selected && bar_->hasFocus();
-        all.disabled = !bar_->isEnabled();
-        all.invisible = !bar_->isVisible();
+        all.selected = owner()->currentIndex() == number_;
+        all.focused = all.selected && owner()->hasFocus();
+        all.disabled = !owner()->isEnabled();
+        all.invisible = !owner()->isVisible();
         return all;
     }
     QStringList actionNames() const override { return {pressAction()}; }
     void doAction(const QString& name) override {
-        if (name == pressAction() && isValid() && bar_->isEnabled()) bar_->setCurrentIndex(number_);
+        if (name == pressAction() && isValid() && owner()->isEnabled())
+            owner()->setCurrentIndex(number_);
     }
     QStringList keyBindingsForAction(const QString&) const override { return {}; }
     int number() const { return number_; }
 
   private:
-    QPointer<QTabBar> bar_;
     int number_;
 };
 
 class AccessibleBar : public QAccessibleWidget {
   public:
     explicit AccessibleBar(QTabBar* bar) : QAccessibleWidget(bar, QAccessible::PageTabList) {}
-    ~AccessibleBar() override {
-        for (const QAccessible::Id id : tabs_) QAccessible::deleteAccessibleInterface(id);
-    }
-
     int childCount() const override { return bar()->count(); }
     QAccessibleInterface* child(int number) const override {
         if (number < 0 || number >= childCount()) return nullptr;
-        while (static_cast<int>(tabs_.size()) <= number) {
-            auto* tab = new AccessibleBarTab(bar(), static_cast<int>(tabs_.size()));
-            tabs_.push_back(QAccessible::registerAccessibleInterface(tab));
-        }
-        return QAccessible::accessibleInterface(tabs_[static_cast<std::size_t>(number)]);
+        return tabs_.find(number, [&] { return new AccessibleBarTab(bar(), number); });
     }
     int indexOfChild(const QAccessibleInterface* part) const override {
         const auto* tab = dynamic_cast<const AccessibleBarTab*>(part);
@@ -123,7 +102,7 @@ class AccessibleBar : public QAccessibleWidget {
   private:
     QTabBar* bar() const { return static_cast<QTabBar*>(widget()); }
 
-    mutable std::vector<QAccessible::Id> tabs_;
+    mutable AccessibleParts<int, AccessibleBarTab> tabs_;
 };
 
 QAccessibleInterface* makeTabInterface(const QString&, QObject* object) {

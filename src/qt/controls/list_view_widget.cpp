@@ -349,14 +349,14 @@ void ListViewWidget::tickSelected() {
 // A screen reader is told of the list, and then of the row in it.
 void ListViewWidget::focusInEvent(QFocusEvent* event) {
     QTreeView::focusInEvent(event);
-    if (!QAccessible::isActive()) return;
-    const auto report = [this] {
-        if (!hasFocus() || !currentIndex().isValid()) return;
-        QAccessibleEvent focus(this, QAccessible::Focus);
-        focus.setChild(accessibleChild(*this, currentIndex()));
-        QAccessible::updateAccessibility(&focus);
-    };
-    QMetaObject::invokeMethod(this, report, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, &ListViewWidget::reportCurrent, Qt::QueuedConnection);
+}
+
+void ListViewWidget::reportCurrent() {
+    if (!QAccessible::isActive() || !hasFocus() || !currentIndex().isValid()) return;
+    QAccessibleEvent focus(this, QAccessible::Focus);
+    focus.setChild(accessibleChild(*this, currentIndex()));
+    QAccessible::updateAccessibility(&focus);
 }
 
 // By the menu key only: the mouse's right button is reported when it is released.

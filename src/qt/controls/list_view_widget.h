@@ -51,6 +51,7 @@ class ListViewWidget : public QTreeView {
     void showEnabled();
     bool takesKey(const QKeyEvent& event);
     void tickSelected();
+    void reportCurrent();
     void showColumns();
     void showSortMark();
     void fitColumns();
