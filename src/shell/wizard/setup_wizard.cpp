@@ -51,7 +51,8 @@ void SetupWizard::mirrorField(Mine& mine, Theirs& theirs) {
 
 void SetupWizard::mirrorWatch(Host& host, const Regional& regional) {
     Form1& form1 = forms_.form1;
-    mirror<WatchedRowsMirror>(form_.ListView1, form1.ListView1, parts_.monitor.watchListCommands());
+    mirror<WatchedRowsMirror>(form_.ListView1, form1.ListView1, form1.Timer1,
+                              parts_.monitor.watchListCommands());
     mirror<SpaceMirror>(form_, form1, parts_.monitor.minimumSpace());
     mirror<ActionsMirror>(form_.lstAct, form1.lstAct, parts_.alerts.actionListRules());
     mirrorField(form_.chkCustTime, form1.chkCustTime);

@@ -55,7 +55,9 @@ void WatchedRowsMirror::write() {
     tickRows(now);
     removeRows(now);
     asRead_ = now;
+    const bool ran = timer_.Enabled();
     for (const Added& added : additions) add(added);
+    if (ran) timer_.setEnabled(true);
 }
 
 // Those of the rows as they were read that are still there and have another tick now.

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "controls/list_view.h"
+#include "controls/timer.h"
 #include "monitor/watch_list_commands.h"
 #include "shell/wizard/mirror.h"
 
@@ -13,14 +14,16 @@ namespace velmora {
 
 class WatchedRowsMirror final : public Mirror {
   public:
-    WatchedRowsMirror(ListView& mine, ListView& theirs, WatchListCommands& commands)
-        : mine_(mine), theirs_(theirs), commands_(commands) {}
+    /// `timer` is the watch's own.
+    WatchedRowsMirror(ListView& mine, ListView& theirs, Timer& timer, WatchListCommands& commands)
+        : mine_(mine), theirs_(theirs), timer_(timer), commands_(commands) {}
 
     /// Gives the wizard's list its columns too.
     void read() override;
     bool touched() const override;
     /// Ticks, removes, then adds, by the steps of the watch list's own commands. Asks first while a
-    /// check runs; refused then, it stays touched.
+    /// check runs; refused then, it stays touched. A watch that runs goes on, also when a path
+    /// isn't found.
     void write() override;
 
   private:
@@ -41,6 +44,7 @@ class WatchedRowsMirror final : public Mirror {
 
     ListView& mine_;
     ListView& theirs_;
+    Timer& timer_;
     WatchListCommands& commands_;
     Ticks asRead_;
 };

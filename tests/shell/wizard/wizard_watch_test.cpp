@@ -141,6 +141,19 @@ TEST_F(WizardWatchTest, AMissingPathIsReportedAndStaysListed) {
     EXPECT_TRUE(form1.Timer1.Enabled());
 }
 
+// By themselves the steps of adding leave the timer off then, and nobody would be warned any more.
+TEST_F(WizardWatchTest, AWatchThatRunsGoesOnWhenAPathIsMissing) {
+    add("X:\\gone");
+    apply();
+    EXPECT_EQ(watched.Count(), 4);
+    EXPECT_TRUE(form1.Timer1.Enabled());
+    add("X:\\gone too");
+    form1.Timer1.setEnabled(false);
+    apply();
+    EXPECT_EQ(watched.Count(), 5);
+    EXPECT_FALSE(form1.Timer1.Enabled());
+}
+
 TEST_F(WizardWatchTest, AFailureLeavesARowWithoutFiguresAndNoAlert) {
     machine.log.failCall(1, 76);
     add("D:\\data");
