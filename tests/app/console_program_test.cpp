@@ -42,6 +42,25 @@ TEST_F(ConsoleProgram, ListsTheDrivesAtItsStart) {
     EXPECT_EQ(run("get ListView1\nget Form1.Visible\n"), (Lines{"1", "True"}));
 }
 
+TEST_F(ConsoleProgram, FollowsTheWizardByItsFields) {
+    EXPECT_EQ(run("click Toolbar1(2)\n"
+                  "get frmWizard.lblOp\n"
+                  "click frmWizard.cmdProgress\n"
+                  "get frmWizard.Frame1(1)\n"
+                  "get frmWizard.Frame1(1).Width\n"
+                  "get frmWizard.Frame1(1).Height\n"
+                  "set frmWizard.Frame1(1).Width 10\n"
+                  "tick frmWizard.ListView1 1 on\n"
+                  "get frmWizard.Frame1(0).Visible\n"
+                  "get ListView1\n"
+                  "click frmWizard.cmdOK\n"
+                  "rows ListView1\n"
+                  "get frmWizard.Visible\n"),
+              (Lines{"ok", "Options: 1/10", "ok", "Drives and Paths to Watch", "11600", "4350",
+                     "error: can only be read: frmWizard.Frame1(1).Width", "ok", "False", "1", "ok",
+                     "1 [x] C:\\ | 48,828,125 KB | 97,656,250 KB |  | ", "1 row(s)", "False"}));
+}
+
 TEST_F(ConsoleProgram, ReadsLinesWithEitherLineEndAndALastOneWithout) {
     EXPECT_EQ(run("get txtAmt\r\n\r\n \t\r\nget Form1\n\nget txtAmt"),
               (Lines{"50", "Velmora", "50"}));

@@ -51,6 +51,11 @@ TEST_F(GetSetTest, ReadsTheDesignValuesOfEveryKindOfField) {
         {"StatusBar1(1).Picture", "0"},
         {"Toolbar1(2)", "Wizard Settings"},
         {"Icon0.fraProgress.Visible", "False"},
+        {"Frame8.Left", "0"},
+        {"Frame8.Top", "600"},
+        {"Frame8.Width", "8030"},
+        {"Frame8.Height", "2700"},
+        {"frmWizard.Frame1(6)", "Specified Files"},
         {"Form1", "Velmora"},
         {"Form1.Visible", "False"},
     };
