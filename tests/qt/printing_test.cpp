@@ -47,6 +47,20 @@ TEST_F(PrintingTest, TheBarsArePrintedWithTheirRowsAndTheDate) {
     }
 }
 
+TEST_F(PrintingTest, TheUsualKeysPrintTheChartThatIsShown) {
+    openDriveInfo();
+    QWidget* window = program->window("dlgDriveInfo");
+    QTest::keyClick(window, Qt::Key_P, Qt::ControlModifier);
+    settle();
+    EXPECT_EQ(tray.asked, 1);
+    EXPECT_EQ(tray.title, "Free Space By Drive(s)");
+    program->forms().dlgDriveInfo.Combo1.userChoose(drive_view::attributes);
+    settle();
+    QTest::keyClick(window, Qt::Key_P, Qt::ControlModifier);
+    settle();
+    EXPECT_EQ(tray.asked, 1);
+}
+
 TEST_F(PrintingTest, ThePieIsPrintedWithItsShares) {
     openDriveInfo();
     program->forms().dlgDriveInfo.Combo1.userChoose(drive_view::distribution);

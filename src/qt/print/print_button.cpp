@@ -1,5 +1,6 @@
 #include "qt/print/print_button.h"
 
+#include <QShortcut>
 #include <utility>
 
 namespace velmora::qt {
@@ -10,6 +11,8 @@ QPushButton* makePrintButton(Printing& printing, UserHand& hand, std::function<P
     button->setToolTip(QStringLiteral("Print the chart with its values"));
     button->setAutoDefault(false);
     if (!printing.isOffered()) button->hide();
+    auto* keys = new QShortcut(QKeySequence::Print, button);
+    QObject::connect(keys, &QShortcut::activated, button, &QPushButton::click);
     QObject::connect(button, &QPushButton::clicked, button,
                      [button, &printing, &hand, what = std::move(what)] {
                          hand.does([&] { printing.print(button->window(), what()); });
