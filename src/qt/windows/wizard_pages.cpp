@@ -17,7 +17,7 @@ namespace {
 
 // In pixels.
 constexpr int numberWidth = 120;
-constexpr int portWidth = 70;
+constexpr int smallNumberWidth = 70;
 constexpr int indent = 22;  // of what belongs to a check box
 
 constexpr int pathColumn = 0;
@@ -42,7 +42,7 @@ class EnterInBox : public QObject {
     UserHand& hand_;
 };
 
-ListViewWidget* makeList(ListView& list, UserHand& hand, const ListViewWidget::Look& look) {
+ListViewWidget* makePageList(ListView& list, UserHand& hand, const ListViewWidget::Look& look) {
     return new ListViewWidget(
         list, [](const std::string&) { return QIcon(); }, look, hand);
 }
@@ -72,8 +72,8 @@ QLayout* indented(QLayout* content) {
 }
 
 QLayout* makeDrivesPage(FrmWizard& form, UserHand& hand) {
-    auto* content = column({makeList(
-        form.ListView1, hand, {.ticks = true, .stretchedColumn = pathColumn})});
+    auto* content = column(
+        {makePageList(form.ListView1, hand, {.ticks = true, .stretchedColumn = pathColumn})});
     content->addLayout(
         row({makeButton(form.cmdLVAdd, hand), makeButton(form.cmdLVRemove, hand), nullptr}));
     return content;
@@ -116,7 +116,7 @@ QLayout* makeProgramsPage(FrmWizard& form, UserHand& hand) {
     content->addLayout(
         row({makeWideBox(form.cboProg, hand), makeIconButton(form.cmdPBrowse, Glyph::browse, hand),
              makeButton(form.cmdPAdd, hand)}));
-    content->addWidget(makeList(form.LVProg, hand, {.stretchedColumn = programPathColumn}), 1);
+    content->addWidget(makePageList(form.LVProg, hand, {.stretchedColumn = programPathColumn}), 1);
     content->addLayout(row({makeButton(form.cmdPRem, hand), nullptr}));
     return content;
 }
@@ -124,8 +124,8 @@ QLayout* makeProgramsPage(FrmWizard& form, UserHand& hand) {
 QLayout* makeFilesPage(FrmWizard& form, UserHand& hand) {
     auto* content = column({});
     content->addLayout(row({makeWideBox(form.cboFile, hand), makeButton(form.cmdFAdd, hand)}));
-    content->addWidget(makeList(form.LVFile, hand, {.stretchedColumn = -1, .preferred = {260, 70}}),
-                       1);
+    content->addWidget(
+        makePageList(form.LVFile, hand, {.stretchedColumn = -1, .preferred = {260, 70}}), 1);
     content->addLayout(row({makeButton(form.cmdFRem, hand), nullptr}));
     content->addWidget(sectionHeading(form.lblFileQuestion));
     for (CheckBox& kind : form.chkFileKind) content->addWidget(makeCheckBox(kind, hand));
@@ -144,7 +144,7 @@ QLayout* makeTimesPage(FrmWizard& form, UserHand& hand) {
         ends->addWidget(time);
     }
     ends->addStretch(1);
-    QLineEdit* seconds = makeNarrowEdit(form.txtTime, portWidth, hand);
+    QLineEdit* seconds = makeNarrowEdit(form.txtTime, smallNumberWidth, hand);
     auto* content = column({});
     content->addLayout(row(
         {labelFor(form.lblInterval, seconds), seconds, makeUpDown(form.UpDown1, hand), nullptr}));
@@ -173,7 +173,7 @@ QLayout* makeServer(FrmWizard& form, UserHand& hand) {
     QComboBox* encryption = makeChoice(form.cboEncryption, hand);
     QLabel* hint = makeCaption(form.lblPortHint);
     hint->setForegroundRole(QPalette::PlaceholderText);
-    return row({makeNarrowEdit(form.txtMailPort, portWidth, hand), hint, nullptr,
+    return row({makeNarrowEdit(form.txtMailPort, smallNumberWidth, hand), hint, nullptr,
                 labelFor(form.lblMail[mail_word::encryption], encryption), encryption});
 }
 
