@@ -5,6 +5,7 @@
 #include <initializer_list>
 #include <utility>
 
+#include "qt/controls/accessible_caption.h"
 #include "qt/controls/watch_list_view.h"
 #include "qt/icons/glyph.h"
 #include "qt/surface/text.h"
@@ -48,7 +49,8 @@ QColor moodColour(Mood mood, const QPalette& palette) {
 }  // namespace
 
 WatchBanner::WatchBanner(Form1& form, const UserHand& hand, QWidget* parent)
-    : QFrame(parent), form_(form), hand_(hand), picture_(new QLabel), text_(new QLabel) {
+    : QFrame(parent), form_(form), hand_(hand), picture_(new QLabel), text_(new CaptionLabel) {
+    makeCaptionsAccessible();
     setObjectName(QStringLiteral("WatchBanner"));
     auto* content = row({picture_, text_});
     content->setContentsMargins(gap + 6, gap, gap, gap);
