@@ -299,9 +299,12 @@ TEST_F(AccessibilityTest, RowsTellTheirState) {
     EXPECT_EQ(state(1), "not watched");
     for (int i = 1; i <= 3; ++i) rows.userTick(i, true);
     EXPECT_EQ(state(1), "not checked yet");
-    rows.ListItems(1).setReportIcon(1, "alert");
-    rows.ListItems(2).setReportIcon(1, "ok");
-    rows.ListItems(3).setReportIcon(1, "ok");
+    for (int i = 1; i <= 3; ++i) {
+        rows.ListItems(i).setReportIcon(1, i == 1 ? "alert" : "ok");
+        rows.ListItems(i).setSubItems(4, "03/14 15:10:26");
+    }
+    // Far above the minimum.
+    form1().txtSpace.setText("1000");
     rows.ListItems(3).setSubItems(1, "N/A, drive not ready");
     settle();
     EXPECT_EQ(state(1), "short of space");

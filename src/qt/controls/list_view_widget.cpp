@@ -220,6 +220,7 @@ void ListViewWidget::initViewItemOption(QStyleOptionViewItem* option) const {
 // What was published while the list was hidden is fitted now.
 void ListViewWidget::showEvent(QShowEvent* event) {
     QTreeView::showEvent(event);
+    noteWidths();
     fitColumns();
 }
 
