@@ -64,7 +64,7 @@ class Job {
             return result;
         }
         if (device_.endDoc()) return {};
-        const PrintResult result = device_.failure();
+        PrintResult result = device_.failure();
         device_.abortDoc();
         return result;
     }
