@@ -107,9 +107,11 @@ class PicturePrinter final : public velmora::qt::PrintSystem {
         constexpr double margin = 57;
         const int count = pages.layOut({width - 2 * margin, height - 2 * margin});
         for (int page = 0; page < count; ++page) {
-            QImage image(QSizeF(width, height).toSize(), QImage::Format_RGB32);
+            const double scale = qApp->devicePixelRatio();
+            QImage image((QSizeF(width, height) * scale).toSize(), QImage::Format_RGB32);
             image.fill(Qt::white);
             QPainter painter(&image);
+            painter.scale(scale, scale);
             painter.translate(margin, margin);
             pages.paint(painter, page);
             const QString path = path_.arg(++printed_);
