@@ -129,9 +129,10 @@ void decode() {
         }
     });
     close(zeros);
-    std::printf("a boot sector decoded and dumped: %.0f ns, %zu rows and digits in all; 512 bytes "
-                "read: %.0f ns: %.1f times\n",
-                decoding / rounds * 1e9, made, reading / rounds * 1e9, decoding / reading);
+    std::printf(
+        "a boot sector decoded and dumped: %.0f ns, %zu rows and digits in all; 512 bytes "
+        "read: %.0f ns: %.1f times\n",
+        decoding / rounds * 1e9, made, reading / rounds * 1e9, decoding / reading);
 }
 
 void fillWatchList(ListView& list, int count) {
@@ -169,8 +170,9 @@ int inspect(WindowProgram& program) {
             dialog.Show();
             settle();
         });
-        std::printf("drive information opened with %d rows: %.1f ms, a plain table of them: %.1f ms\n",
-                    count, opening * 1000, plainTable(count) * 1000);
+        std::printf(
+            "drive information opened with %d rows: %.1f ms, a plain table of them: %.1f ms\n",
+            count, opening * 1000, plainTable(count) * 1000);
         if (count == 1) dialog.unloadNow();
     }
     QWidget* window = program.window("dlgDriveInfo");

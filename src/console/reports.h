@@ -21,8 +21,7 @@ struct Report {
 class Reports {
   public:
     /// All must outlive it.
-    Reports(Inventory& inventory, MessageContent& content, Platform& platform,
-            const Form1& form1)
+    Reports(Inventory& inventory, MessageContent& content, Platform& platform, const Form1& form1)
         : inventory_(inventory), content_(content), platform_(platform), form1_(form1) {}
 
     /// The report that the words name. CommandError when they name none, or it can't be made.

@@ -1,5 +1,5 @@
-// How much of a watched row's drive is used, and what that means: read from the fields, for those who
-// show it. Nothing is measured here and nothing is decided by it.
+// How much of a watched row's drive is used, and what that means: read from the fields, for those
+// who show it. Nothing is measured here and nothing is decided by it.
 #pragma once
 
 #include <optional>

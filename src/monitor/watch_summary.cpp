@@ -38,8 +38,8 @@ void append(std::string& list, const std::string& entry) {
 // "2 of 5 short of space, 1 not available", the most serious first; empty when nothing is wrong.
 std::string troubles(const Counts& counts) {
     std::string all;
-    for (const RowState state : {RowState::shortOfSpace, RowState::unavailable,
-                                 RowState::noMinimum, RowState::nearShortage}) {
+    for (const RowState state : {RowState::shortOfSpace, RowState::unavailable, RowState::noMinimum,
+                                 RowState::nearShortage}) {
         const int count = counts.of(state);
         if (count == 0) continue;
         const std::string words = std::to_string(count) +

@@ -149,10 +149,9 @@ TEST_F(ConsoleReports, TheWatchIsToldAsAWholeAndByRow) {
     EXPECT_EQ(run("report watch"),
               "1 of 2 not available\nC:\\      ok, 87.5 % used\nD:\\data  not available\n");
     run("json on");
-    EXPECT_EQ(run("report watch"),
-              R"({"ok":[{"Path":"C:\\","State":"ok","Used":"87.5"},)"
-              R"({"Path":"D:\\data","State":"not available","Used":""}]})"
-              "\n");
+    EXPECT_EQ(run("report watch"), R"({"ok":[{"Path":"C:\\","State":"ok","Used":"87.5"},)"
+                                   R"({"Path":"D:\\data","State":"not available","Used":""}]})"
+                                   "\n");
     run("json off");
     EXPECT_TRUE(refuses("report watch C:"));
 }

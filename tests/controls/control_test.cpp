@@ -55,9 +55,9 @@ TEST_F(ControlTest, ShowsItsPropertiesForReadingOnly) {
     EXPECT_EQ(get(control, "Tag"), "note");
     EXPECT_EQ(get(control, "ToolTipText"), "tip");
     control.setBounds({.Left = 1, .Top = 2, .Width = 3, .Height = 4});
-    EXPECT_EQ(get(control, "Left") + get(control, "Top") + get(control, "Width") +
-                  get(control, "Height"),
-              "1234");
+    EXPECT_EQ(
+        get(control, "Left") + get(control, "Top") + get(control, "Width") + get(control, "Height"),
+        "1234");
     for (const char* name :
          {"Enabled", "Visible", "Tag", "ToolTipText", "Left", "Top", "Width", "Height"}) {
         EXPECT_TRUE(readOnly(control, name)) << name;

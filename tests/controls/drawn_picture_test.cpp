@@ -22,10 +22,8 @@ TEST_F(DrawnPictureTest, KeepsWhatIsDrawnInItsOrderAndColours) {
     picture.Rectangle(7, 8, 9, 10);
     picture.TextOut(11, 12, "Free");
     ASSERT_EQ(picture.shapes().size(), 3U);
-    EXPECT_EQ(picture.shapes()[0],
-              (DrawnShape{Kind::wedge, 1, 2, 3, 4, 5, 6, 0xFF, ""}));
-    EXPECT_EQ(picture.shapes()[1],
-              (DrawnShape{Kind::rectangle, 7, 8, 9, 10, 0, 0, 0xFF00, ""}));
+    EXPECT_EQ(picture.shapes()[0], (DrawnShape{Kind::wedge, 1, 2, 3, 4, 5, 6, 0xFF, ""}));
+    EXPECT_EQ(picture.shapes()[1], (DrawnShape{Kind::rectangle, 7, 8, 9, 10, 0, 0, 0xFF00, ""}));
     EXPECT_EQ(picture.shapes()[2], (DrawnShape{Kind::text, 11, 12, 0, 0, 0, 0, 0, "Free"}));
 }
 

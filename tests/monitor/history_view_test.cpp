@@ -110,9 +110,9 @@ TEST(HistoryView, AtFirstAllPathsAreShownEachWithItsTrigger) {
     rig.machine.tick += 30'000;
     rig.open();
     EXPECT_EQ(rig.window.cboPath.Text(), "All paths");
-    EXPECT_EQ(rig.window.chtHistory.lines(),
-              (std::vector<LineChart::Line>{{"C:\\", {{-30, 1000}}, 400},
-                                            {"D:\\", {{-30, 1000}}, 800}}));
+    EXPECT_EQ(
+        rig.window.chtHistory.lines(),
+        (std::vector<LineChart::Line>{{"C:\\", {{-30, 1000}}, 400}, {"D:\\", {{-30, 1000}}, 800}}));
     EXPECT_EQ(rig.window.lblEstimate.Caption(), "");
 }
 

@@ -11,10 +11,10 @@
 #include <memory>
 #include <set>
 
+#include "qt/colours/colours.h"
 #include "qt/controls/chart_colours.h"
 #include "qt/controls/chart_data.h"
 #include "qt/controls/chart_face.h"
-#include "qt/controls/colours.h"
 
 namespace velmora::tests {
 namespace {

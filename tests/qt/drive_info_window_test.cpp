@@ -8,9 +8,9 @@
 #include <QTableWidget>
 #include <QToolTip>
 
+#include "qt/colours/colours.h"
 #include "qt/controls/chart_colours.h"
 #include "qt/controls/chart_view.h"
-#include "qt/controls/colours.h"
 #include "qt/paint_counter.h"
 #include "qt/window_test.h"
 

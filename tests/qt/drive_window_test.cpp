@@ -2,7 +2,7 @@
 #include <QComboBox>
 #include <QSlider>
 
-#include "qt/controls/colours.h"
+#include "qt/colours/colours.h"
 #include "qt/controls/gauge_widget.h"
 #include "qt/controls/lamps_widget.h"
 #include "qt/controls/picture_widget.h"

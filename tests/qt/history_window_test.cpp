@@ -101,8 +101,8 @@ TEST_F(HistoryWindowTest, EachPathHasALineATriggerAndAName) {
 }
 
 TEST_F(HistoryWindowTest, TheNearestLineSaysItsNameAndItsFigure) {
-    form().chtHistory.show({{"C:\\", {{-100, 1000}, {0, 1000}}, {}},
-                            {"D:\\", {{-100, 500}, {0, 300}}, {}}});
+    form().chtHistory.show(
+        {{"C:\\", {{-100, 1000}, {0, 1000}}, {}}, {"D:\\", {{-100, 500}, {0, 300}}, {}}});
     settle();
     EXPECT_EQ(hintAt(chart()->placeOf({0, 320})), "D:\\\nnow: 300 KB");
     EXPECT_EQ(hintAt(chart()->placeOf({-100, 900})), "C:\\\n1 minute ago: 1,000 KB");

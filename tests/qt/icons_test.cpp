@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "qt/controls/colours.h"
+#include "qt/colours/colours.h"
 #include "qt/icons/glyph.h"
 #include "qt/icons/program_icon.h"
 

@@ -6,8 +6,8 @@
 #include <QToolTip>
 #include <cmath>
 
-#include "qt/controls/colours.h"
-#include "qt/controls/identity.h"
+#include "qt/colours/colours.h"
+#include "qt/colours/identity.h"
 #include "qt/icons/glyph.h"
 #include "qt/window_test.h"
 #include "qt/windows/watch_banner.h"
@@ -16,10 +16,9 @@
 namespace velmora::tests {
 namespace {
 
-constexpr RowState allStates[] = {RowState::notWatched,   RowState::notChecked,
-                                  RowState::unavailable,  RowState::noMinimum,
-                                  RowState::shortOfSpace, RowState::nearShortage,
-                                  RowState::fine};
+constexpr RowState allStates[] = {
+    RowState::notWatched,   RowState::notChecked,   RowState::unavailable, RowState::noMinimum,
+    RowState::shortOfSpace, RowState::nearShortage, RowState::fine};
 
 TEST(SpaceBarLayout, TheUsedPartAndTheMarkLieWithinTheTrack) {
     const QRectF cell(100, 50, 206, 30);
@@ -62,9 +61,9 @@ TEST(UsageWords, SayKBAndGBTheMinimumAndTheState) {
 TEST(UsageWords, SayNoMoreThanIsKnown) {
     EXPECT_EQ(qt::usageInWords({.state = RowState::unavailable}, Regional{}).toStdString(),
               "Not available");
-    EXPECT_EQ(qt::usageInWords({.state = RowState::noMinimum, .freeKB = 512}, Regional{})
-                  .toStdString(),
-              "512 KB free\nWithout a minimum");
+    EXPECT_EQ(
+        qt::usageInWords({.state = RowState::noMinimum, .freeKB = 512}, Regional{}).toStdString(),
+        "512 KB free\nWithout a minimum");
     EXPECT_EQ(qt::usageInWords({.freeKB = 1024, .totalKB = 2048, .triggerKB = 1}, Regional{})
                   .toStdString(),
               "1,024 KB free of 2,048 KB\n1.0 MB of 2.0 MB, 50.0 % used\n"
@@ -86,8 +85,8 @@ TEST(StateColours, StandOutAndDiffer) {
                       3);
         }
         std::set<QRgb> told;
-        for (const RowState state : {RowState::shortOfSpace, RowState::nearShortage,
-                                     RowState::fine, RowState::notWatched}) {
+        for (const RowState state : {RowState::shortOfSpace, RowState::nearShortage, RowState::fine,
+                                     RowState::notWatched}) {
             told.insert(qt::stateColour(state, palette).rgb());
         }
         EXPECT_EQ(told.size(), 4U);
@@ -97,9 +96,9 @@ TEST(StateColours, StandOutAndDiffer) {
 TEST(Identity, SelectionsHaveTheProgramsColoursAndCanBeRead) {
     for (const QPalette& palette : {QPalette(QColor(239, 239, 239)), darkColours()}) {
         const QPalette own = qt::withIdentity(palette);
-        EXPECT_GE(qt::contrast(own.color(QPalette::Highlight),
-                               own.color(QPalette::HighlightedText)),
-                  4.5);
+        EXPECT_GE(
+            qt::contrast(own.color(QPalette::Highlight), own.color(QPalette::HighlightedText)),
+            4.5);
         EXPECT_GE(qt::contrast(own.color(QPalette::Highlight), own.color(QPalette::Base)), 3);
         EXPECT_EQ(own.color(QPalette::Window), palette.color(QPalette::Window));
         EXPECT_GE(qt::contrast(qt::rimColour(own), own.color(QPalette::Window)), 3);
@@ -128,9 +127,7 @@ struct WatchListViewTest : WindowTest {
         settle();
     }
     qt::WatchBanner* banner() { return find<qt::WatchBanner>("WatchBanner"); }
-    std::string bannerText() {
-        return find<QLabel>("WatchBanner.Text")->text().toStdString();
-    }
+    std::string bannerText() { return find<QLabel>("WatchBanner.Text")->text().toStdString(); }
     std::string hintAt(int row, int column) {
         const QPoint place = cell(row, column);
         QHelpEvent event(QEvent::ToolTip, place, list()->viewport()->mapToGlobal(place));
@@ -186,7 +183,8 @@ TEST_F(WatchListViewTest, AWideWindowHasItsHeadingsInALine) {
     window()->resize(538, 607);
     settle();
     EXPECT_EQ(heading(5), "Time Last\nChecked");
-    EXPECT_EQ(list()->model()
+    EXPECT_EQ(list()
+                  ->model()
                   ->headerData(4, Qt::Horizontal, Qt::AccessibleTextRole)
                   .toString()
                   .toStdString(),
@@ -223,8 +221,9 @@ TEST_F(WatchListViewTest, AToolTipSaysAllOfARow) {
     form1().txtSpace.setText("1000");
     furnish(1, "2,500 KB", "10,000 KB");
     settle();
-    EXPECT_EQ(hintAt(1, 2), "C:\\\n2,500 KB free of 10,000 KB\n2.4 MB of 9.8 MB, 75.0 % used\n"
-                            "Minimum: 1,000 KB (1.0 MB)\nOk");
+    EXPECT_EQ(hintAt(1, 2),
+              "C:\\\n2,500 KB free of 10,000 KB\n2.4 MB of 9.8 MB, 75.0 % used\n"
+              "Minimum: 1,000 KB (1.0 MB)\nOk");
     EXPECT_TRUE(hintAt(1, 5).starts_with("C:\\\nTime Last Checked: 03/14 15:10:26\n2,500 KB"));
     at(1).setFreeSpace("N/A check drive or media");
     settle();

@@ -12,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-#include "qt/controls/identity.h"
+#include "qt/colours/identity.h"
 #include "qt/controls/legible_style.h"
 #include "qt/system/print_system.h"
 #include "qt/window_rig.h"

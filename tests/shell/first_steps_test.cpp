@@ -22,7 +22,8 @@ TEST_F(FirstStepsTest, TheWizardIsOfferedAtTheFirstStart) {
     const FirstSteps steps(form1, state());
     EXPECT_TRUE(offered());
     int opened = 0;
-    form1.Toolbar1.ButtonClick.connect([&](int button) { opened += button == tool::wizard ? 1 : 0; });
+    form1.Toolbar1.ButtonClick.connect(
+        [&](int button) { opened += button == tool::wizard ? 1 : 0; });
     form1.cmdSetUp.userClick();
     EXPECT_EQ(opened, 1);
     EXPECT_TRUE(offered());

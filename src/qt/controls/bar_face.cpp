@@ -145,8 +145,7 @@ void BarFace::paintLegend(QPainter& painter, const QPalette& palette) const {
                     seriesColour(static_cast<int>(i), palette.color(QPalette::Base)));
         painter.setPen(palette.color(QPalette::Text));
         entry.setLeft(entry.left() + swatchWidth(painter.font()));
-        paintShortened(painter, entry, Qt::AlignVCenter,
-                       data_.columns[static_cast<qsizetype>(i)]);
+        paintShortened(painter, entry, Qt::AlignVCenter, data_.columns[static_cast<qsizetype>(i)]);
     }
 }
 

@@ -89,9 +89,8 @@ void StatusView::addPanel(int number) {
     panel->setObjectName(QStringLiteral("%1(%2)").arg(fieldName(field_)).arg(number));
     panel->setAccessibleName(fieldWords(QStringLiteral("Form1"), panel->objectName()));
     addWidget(panel, number == field_.PanelCount() ? 2 : 3);
-    follow(field_.PanelChanged, panel, [this, panel, number] {
-        panel->setText(shown(field_.Panels(number).Text));
-    });
+    follow(field_.PanelChanged, panel,
+           [this, panel, number] { panel->setText(shown(field_.Panels(number).Text)); });
 }
 
 void StatusView::showPicture() {

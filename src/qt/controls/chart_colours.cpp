@@ -4,7 +4,7 @@
 #include <iterator>
 #include <numeric>
 
-#include "qt/controls/colours.h"
+#include "qt/colours/colours.h"
 
 namespace velmora::qt {
 

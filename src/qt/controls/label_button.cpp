@@ -6,7 +6,7 @@
 #include <QPainter>
 #include <QPainterPath>
 
-#include "qt/controls/colours.h"
+#include "qt/colours/colours.h"
 #include "qt/controls/legible_style.h"
 #include "qt/surface/field.h"
 #include "qt/surface/text.h"
@@ -134,7 +134,8 @@ void LabelButton::paintPicture(QPainter& painter, const QColor& colour) {
     tint.setCompositionMode(QPainter::CompositionMode_SourceIn);
     tint.fillRect(picture.rect(), colour);
     tint.end();
-    painter.drawPixmap(QPoint((width() - labelPicture) / 2, (height() - labelPicture) / 2), picture);
+    painter.drawPixmap(QPoint((width() - labelPicture) / 2, (height() - labelPicture) / 2),
+                       picture);
 }
 
 void LabelButton::keyPressEvent(QKeyEvent* event) {

@@ -2,7 +2,7 @@
 
 #include <QPainter>
 
-#include "qt/controls/colours.h"
+#include "qt/colours/colours.h"
 #include "qt/surface/field.h"
 #include "qt/surface/text.h"
 

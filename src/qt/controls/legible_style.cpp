@@ -4,7 +4,7 @@
 #include <QStyleOption>
 #include <algorithm>
 
-#include "qt/controls/identity.h"
+#include "qt/colours/identity.h"
 #include "qt/icons/glyph.h"
 
 namespace velmora::qt {

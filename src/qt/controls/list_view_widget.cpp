@@ -159,8 +159,8 @@ std::vector<ColumnNeed> ListViewWidget::columnNeeds(bool headingsInOneLine) cons
                         .isEmpty = model_->rowCount() > 0 && !isFilled_[place]};
         if (column == look_.stretchedColumn) {
             need.isEmpty = false;
-            need.least = std::max(need.least,
-                                  fontMetrics().averageCharWidth() * look_.stretchedLetters);
+            need.least =
+                std::max(need.least, fontMetrics().averageCharWidth() * look_.stretchedLetters);
         }
         needs.push_back(need);
     }

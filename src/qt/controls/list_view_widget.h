@@ -70,7 +70,7 @@ class ListViewWidget : public QTreeView {
     bool showingSelection_ = false;
     bool selectionWaits_ = false;  // the user's, still to be reported
     int shownColumns_ = 0;
-    std::vector<int> widest_;    // the greatest width that a column's texts have had
+    std::vector<int> widest_;     // the greatest width that a column's texts have had
     std::vector<bool> isFilled_;  // whether a column has ever had a text
     bool fitting_ = false;
     bool sizedByUser_ = false;

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "qt/controls/colours.h"
+#include "qt/colours/colours.h"
 #include "qt/surface/field.h"
 #include "qt/surface/text.h"
 

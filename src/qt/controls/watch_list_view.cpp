@@ -6,10 +6,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "qt/colours/colours.h"
+#include "qt/colours/identity.h"
 #include "qt/controls/chart_data.h"
 #include "qt/controls/chart_paint.h"
-#include "qt/controls/colours.h"
-#include "qt/controls/identity.h"
 #include "qt/icons/glyph_colours.h"
 #include "qt/surface/text.h"
 
@@ -78,10 +78,10 @@ QString usageInWords(const RowUsage& usage, const Regional& regional) {
         words = kilobytes(*usage.freeKB, regional) + QStringLiteral(" free");
         if (usage.totalKB) {
             words += QStringLiteral(" of ") + kilobytes(*usage.totalKB, regional);
-            words += QStringLiteral("\n%1 of %2, %3 used")
-                         .arg(shortSize(*usage.freeKB, regional),
-                              shortSize(*usage.totalKB, regional),
-                              share(*usage.usedShare(), 1, regional));
+            words +=
+                QStringLiteral("\n%1 of %2, %3 used")
+                    .arg(shortSize(*usage.freeKB, regional), shortSize(*usage.totalKB, regional),
+                         share(*usage.usedShare(), 1, regional));
         }
         words += minimumInWords(usage, regional) + QLatin1Char('\n');
     }
@@ -206,8 +206,10 @@ QString WatchCells::explain(const QModelIndex& index) const {
     if (!host.isEmpty()) words += QStringLiteral("  ") + host;
     const QString cell = index.data().toString();
     if (index.column() > freeColumn && !cell.isEmpty()) {
-        words += QStringLiteral("\n%1: %2").arg(
-            model_.headerData(index.column(), Qt::Horizontal, Qt::ToolTipRole).toString(), cell);
+        words +=
+            QStringLiteral("\n%1: %2")
+                .arg(model_.headerData(index.column(), Qt::Horizontal, Qt::ToolTipRole).toString(),
+                     cell);
     } else if (index.column() == freeColumn && !usage->freeKB && !cell.isEmpty()) {
         words += QLatin1Char('\n') + cell;
     }
@@ -227,10 +229,11 @@ ListViewWidget* makeWatchListView(Form1& form, ListViewModel::Pictures pictures,
         {.ticks = true,
          .stretchedColumn = pathColumn,
          .preferred = {400, 150},
-         .rowWords = [&form, &hand](const ListItem& row) {
-             return QString::fromLatin1(
-                 wordsFor(usageOf(ConstWatchRow(row), form, hand.regional()).state));
-         }},
+         .rowWords =
+             [&form, &hand](const ListItem& row) {
+                 return QString::fromLatin1(
+                     wordsFor(usageOf(ConstWatchRow(row), form, hand.regional()).state));
+             }},
         hand);
     list->setItemDelegate(new WatchCells(form, hand, *list));
     return list;

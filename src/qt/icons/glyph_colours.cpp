@@ -4,8 +4,8 @@
 #include <QProxyStyle>
 #include <cmath>
 
-#include "qt/controls/colours.h"
-#include "qt/controls/identity.h"
+#include "qt/colours/colours.h"
+#include "qt/colours/identity.h"
 
 namespace velmora::qt {
 namespace {

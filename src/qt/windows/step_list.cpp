@@ -4,7 +4,7 @@
 #include <QPainter>
 
 #include "forms/label_colours.h"
-#include "qt/controls/colours.h"
+#include "qt/colours/colours.h"
 #include "qt/icons/program_icon.h"
 #include "qt/surface/field.h"
 #include "qt/surface/refresher.h"

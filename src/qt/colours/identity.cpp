@@ -1,7 +1,6 @@
-#include "qt/controls/identity.h"
+#include "qt/colours/identity.h"
 
-#include "forms/label_colours.h"
-#include "qt/controls/colours.h"
+#include "qt/colours/colours.h"
 
 namespace velmora::qt {
 

@@ -1,4 +1,4 @@
-#include "qt/controls/colours.h"
+#include "qt/colours/colours.h"
 
 #include <algorithm>
 #include <cmath>
