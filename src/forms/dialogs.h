@@ -96,7 +96,7 @@ class FrmLock : public Form {
     Label Label1{*this, "Label1", "Password Entry to (Un) Lock program:"};
     TextBox Text1{*this, "Text1"};  ///< password entry
     std::array<CommandButton, 2> Command1{
-        {{*this, "Command1", "Lock", 0}, {*this, "Command1", "Cancel", 1}}};
+        {{*this, "Command1", "Lock", 0}, {*this, "Command1", "Close", 1}}};
 };
 
 /// The about box.

@@ -68,17 +68,22 @@ void ProgramLock::Text1_KeyPress(int keyAscii) {
 
 void ProgramLock::Command1_Click(int index) {
     FrmLock& form = forms_.frmLock;
-    if (form.Text1.empty()) {
-        host_.MsgBox({.text = "A password must be entered."});
-        return;
-    }
-    if (index != 0) return;
+    const bool isEmpty = form.Text1.empty();
+    if (isEmpty) host_.MsgBox({.text = "A password must be entered."});
+    if (index != 0) return close();
+    if (isEmpty) return;
     const std::string& word = form.Command1[0].Caption();
     if (word == lockWord) {
         lock();
     } else if (word == unlockWord) {
         unlock();
     }
+}
+
+// Open or locked, the program stays as it is.
+void ProgramLock::close() {
+    forms_.frmLock.Text1.setText("");
+    forms_.frmLock.Hide();
 }
 
 void ProgramLock::lock() {

@@ -20,13 +20,15 @@ class ProgramLock {
     ProgramLock(const ProgramLock&) = delete;
     ProgramLock& operator=(const ProgramLock&) = delete;
 
-    /// Locks or unlocks, as the caption of button 0 says.
+    /// Button 0 locks or unlocks, as its caption says; any other closes the lock's window and
+    /// changes nothing. Both ask for a password when none is entered.
     void Command1_Click(int index);
     /// `keyAscii` 13 is Enter.
     void Text1_KeyPress(int keyAscii);
 
   private:
     void Form_Load();
+    void close();
     void lock();
     void unlock();
     void takePassword();

@@ -85,17 +85,38 @@ TEST_F(ProgramLockTest, AnEmptyPasswordIsRefusedByEveryButton) {
     EXPECT_EQ(host.boxes[0].buttons, BoxButtons::ok);
     EXPECT_EQ(host.boxes[0].title, "Velmora");
     EXPECT_FALSE(globals.bLocked);
+}
+
+TEST_F(ProgramLockTest, AnEmptyPasswordKeepsTheWindowOfTheFirstButton) {
+    prcSrvFrm(forms);
+    press(0);
     EXPECT_TRUE(form.Visible());
 }
 
-TEST_F(ProgramLockTest, TheOtherButtonDoesNothing) {
+TEST_F(ProgramLockTest, TheOtherButtonClosesTheWindowAsItSaysAndNothingElse) {
+    EXPECT_EQ(form.Command1[1].Caption(), "Close");
+    for (const bool locked : {false, true}) {
+        globals.bLocked = locked;
+        globals.sLockPassword = "abc";
+        form1.setVisible(!locked);
+        prcSrvFrm(forms);
+        form.Text1.setText("abc");
+        press(1);
+        EXPECT_TRUE(host.boxes.empty());
+        EXPECT_FALSE(form.Visible());
+        EXPECT_EQ(form.Text1.Text(), "");
+        EXPECT_EQ(globals.bLocked, locked);
+        EXPECT_EQ(globals.sLockPassword, "abc");
+        EXPECT_EQ(form1.Visible(), !locked);
+    }
+}
+
+TEST_F(ProgramLockTest, WithoutAPasswordTheOtherButtonAsksForOneAndClosesTheWindow) {
     prcSrvFrm(forms);
-    form.Text1.setText("abc");
+    host.onBox = [this](const Box&) { EXPECT_TRUE(form.Visible()); };
     press(1);
-    EXPECT_TRUE(host.boxes.empty());
-    EXPECT_TRUE(form.Visible());
-    EXPECT_EQ(form.Text1.Text(), "abc");
-    EXPECT_FALSE(globals.bLocked);
+    EXPECT_EQ(boxTexts(), Texts{"A password must be entered."});
+    EXPECT_FALSE(form.Visible());
 }
 
 TEST_F(ProgramLockTest, ACaptionThatIsNeitherWordDoesNothing) {
