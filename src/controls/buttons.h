@@ -127,8 +127,8 @@ class MenuItem : public Clickable {
     bool separates() const { return Caption() == separator; }
     bool Checked() const { return checked_; }
     void setChecked(bool checked);
-    /// Shows the items below this one as a menu at the pointer. Returns at once: a check that
-    /// yielded to the click goes on while the menu is open.
+    /// Shows the items below this one as a menu, at what the user has used. Returns at once: a
+    /// check that yielded to the click goes on while the menu is open.
     void PopUp() { PoppedUp(); }
     Notice<> PoppedUp;
     /// The menu that was popped up has been closed.

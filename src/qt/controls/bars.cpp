@@ -8,6 +8,7 @@
 #include "qt/icons/glyph.h"
 #include "qt/surface/field.h"
 #include "qt/surface/field_words.h"
+#include "qt/surface/menu_place.h"
 #include "qt/surface/text.h"
 
 namespace velmora::qt {
@@ -35,8 +36,10 @@ QToolButton* makeBarButton(ToolBar& field, int number, UserHand& hand) {
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::StrongFocus);
     button->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Expanding);
-    QObject::connect(button, &QToolButton::clicked, button,
-                     [&field, &hand, number] { hand.does([&] { field.userClickPart(number); }); });
+    QObject::connect(button, &QToolButton::clicked, button, [button, &field, &hand, number] {
+        const MenuPlace place(*button);
+        hand.does([&] { field.userClickPart(number); });
+    });
     follow(field.ButtonChanged, button, [button, &field, number] {
         const ToolBar::Button& state = field.Buttons(number);
         button->setText(shown(state.Caption));

@@ -10,6 +10,7 @@
 #include "qt/controls/accessible_list.h"
 #include "qt/controls/file_drops.h"
 #include "qt/surface/field.h"
+#include "qt/surface/menu_place.h"
 #include "qt/surface/text.h"
 
 namespace velmora::qt {
@@ -285,8 +286,9 @@ void ListViewWidget::mouseMoveEvent(QMouseEvent* event) {
 
 void ListViewWidget::mouseReleaseEvent(QMouseEvent* event) {
     QTreeView::mouseReleaseEvent(event);
-    if (isHeld_) return;
-    if (event->button() == Qt::RightButton) hand_.does([this] { list_.RightClick(); });
+    if (isHeld_ || event->button() != Qt::RightButton) return;
+    const MenuPlace place(event->globalPosition().toPoint());
+    hand_.does([this] { list_.RightClick(); });
 }
 
 void ListViewWidget::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -362,9 +364,10 @@ void ListViewWidget::reportCurrent() {
 
 // By the menu key only: the mouse's right button is reported when it is released.
 void ListViewWidget::contextMenuEvent(QContextMenuEvent* event) {
-    const bool isByKey = event->reason() != QContextMenuEvent::Mouse;
-    if (isByKey && !isHeld_) hand_.does([this] { list_.RightClick(); });
     event->accept();
+    if (isHeld_ || event->reason() == QContextMenuEvent::Mouse) return;
+    const MenuPlace place(*viewport(), visualRect(currentIndex()));
+    hand_.does([this] { list_.RightClick(); });
 }
 
 }  // namespace velmora::qt

@@ -1,9 +1,7 @@
 #include "qt/controls/menus.h"
 
-#include <QApplication>
-#include <QCursor>
-
 #include "qt/surface/field.h"
+#include "qt/surface/menu_place.h"
 #include "qt/surface/text.h"
 
 namespace velmora::qt {
@@ -47,21 +45,12 @@ void fill(QMenu* menu, MenuItem& field, UserHand& hand) {
     for (MenuItem* item : field.items()) addItem(menu, *item, hand);
 }
 
-QPoint popUpPlace() {
-    const QWidget* focused = QApplication::focusWidget();
-    const QWidget* below = QApplication::topLevelAt(QCursor::pos());
-    // Over another window of the program the menu would seem to belong to that one; over none the
-    // pointer is at an icon of the notification area.
-    const bool atPointer = focused == nullptr || below == nullptr || below == focused->window();
-    return atPointer ? QCursor::pos() : focused->mapToGlobal(QPoint(0, focused->height()));
-}
-
 // Shows itself when its field is popped up.
 class PopUpMenu : public QMenu {
   public:
     PopUpMenu(MenuItem& field, QWidget* owner, std::function<void()> shown)
         : QMenu(owner), poppedUp_(field.PoppedUp.connect([this, shown = std::move(shown)] {
-              popup(popUpPlace());
+              popup(MenuPlace::of(sizeHint(), parentWidget()));
               shown();
           })) {}
 

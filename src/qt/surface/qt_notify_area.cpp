@@ -1,8 +1,11 @@
 #include "qt/surface/qt_notify_area.h"
 
 #include <QApplication>
+#include <QCursor>
+#include <QScreen>
 
 #include "qt/icons/program_icon.h"
+#include "qt/surface/menu_place.h"
 #include "qt/surface/text.h"
 
 namespace velmora::qt {
@@ -20,6 +23,16 @@ QIcon iconOfKey(const std::string& key) {
     // The icons of the forms that a paused watch shows.
     if (key == "Icon0" || key == "Icon1") return paused;
     return program;
+}
+
+// Many desktops don't tell where an icon is; the click was there then. Over a window of the program
+// it can't have been: a key was used, or the desktop tells no place of the pointer either.
+QRect placeOf(const QSystemTrayIcon& icon) {
+    const QRect known = icon.geometry();
+    if (!known.isEmpty()) return known;
+    const QPoint pointer = QCursor::pos();
+    if (QApplication::topLevelAt(pointer) == nullptr) return {pointer, QSize(1, 1)};
+    return {QGuiApplication::primaryScreen()->availableGeometry().bottomRight(), QSize(1, 1)};
 }
 
 }  // namespace
@@ -61,7 +74,7 @@ void QtNotifyArea::activated(const std::string& form, QSystemTrayIcon::Activatio
             message_(form, leftDoubleClick);
             break;
         case QSystemTrayIcon::Context:
-            message_(form, rightButtonUp);
+            openMenu(form);
             break;
         case QSystemTrayIcon::Trigger:
             if (isSecondClick(form)) message_(form, leftDoubleClick);
@@ -69,6 +82,12 @@ void QtNotifyArea::activated(const std::string& form, QSystemTrayIcon::Activatio
         default:
             break;
     }
+}
+
+// A question may come first, after which the pointer is anywhere.
+void QtNotifyArea::openMenu(const std::string& form) {
+    const MenuPlace place(placeOf(*icons_[form].icon));
+    message_(form, rightButtonUp);
 }
 
 // Many desktops report only single clicks.

@@ -47,6 +47,7 @@ class QtNotifyArea final : public NotifyArea {
 
     void add(const NotifyIconData& data);
     void activated(const std::string& form, QSystemTrayIcon::ActivationReason reason);
+    void openMenu(const std::string& form);
     bool isSecondClick(const std::string& form);
     static void show(Shown& shown, const NotifyIconData& data);
 

@@ -3,6 +3,7 @@
 #include <QContextMenuEvent>
 #include <QEvent>
 #include <QToolBar>
+#include <optional>
 
 #include "forms/form_numbers.h"
 #include "qt/controls/activity_view.h"
@@ -15,6 +16,7 @@
 #include "qt/controls/watch_list_view.h"
 #include "qt/icons/program_icon.h"
 #include "qt/surface/field.h"
+#include "qt/surface/menu_place.h"
 #include "qt/windows/form_binding.h"
 #include "qt/windows/layouts.h"
 #include "qt/windows/panels.h"
@@ -94,8 +96,10 @@ QWidget* MainWindow::makeMenuButton() {
     button->setFocusPolicy(Qt::StrongFocus);
     button->setToolTip(QStringLiteral("Menu"));
     button->setAccessibleName(QStringLiteral("Main menu"));
-    connect(button, &QToolButton::clicked, this,
-            [this] { hand_.does([this] { form_.mnuPopUp.PopUp(); }); });
+    connect(button, &QToolButton::clicked, this, [this, button] {
+        const MenuPlace place(*button);
+        hand_.does([this] { form_.mnuPopUp.PopUp(); });
+    });
     return button;
 }
 
@@ -188,8 +192,11 @@ void MainWindow::addMenus() {
 
 // For widgets without their own menu.
 void MainWindow::contextMenuEvent(QContextMenuEvent* event) {
-    hand_.does([this] { form_.mnuPopUp.PopUp(); });
     event->accept();
+    // By the key it comes below the widget that has the focus.
+    std::optional<MenuPlace> place;
+    if (event->reason() == QContextMenuEvent::Mouse) place.emplace(event->globalPos());
+    hand_.does([this] { form_.mnuPopUp.PopUp(); });
 }
 
 void MainWindow::reportHeights() {
