@@ -112,6 +112,7 @@ Form1::Form1()
     Toolbar1.setBounds({0, 0, 8030, 600});
     Command6.setToolTipText("End Program");
     Command7.setVisible(false);
+    fraTrayNote.setVisible(false);
 }
 
 }  // namespace velmora

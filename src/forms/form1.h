@@ -76,6 +76,14 @@ class Form1 : public Form,
     CommandButton Command1{*this, "Command1", "Show/Refresh Drive(s)"};
     CommandButton Command6{*this, "Command6", " (X)"};
     CommandButton Command7{*this, "Command7"};
+
+    /// Visible until it was read: on a desktop without a notification area a hidden window is
+    /// minimised.
+    Frame fraTrayNote{*this, "fraTrayNote"};
+    Label lblTrayNote{*this, "lblTrayNote",
+                      "No icon stands in a notification area: the window is minimised instead of "
+                      "hidden."};
+    CommandButton cmdTrayNote{*this, "cmdTrayNote", "OK"};  ///< it was read
 };
 
 }  // namespace velmora

@@ -5,11 +5,15 @@
 namespace velmora {
 
 namespace {
-constexpr int detailPanel = 2;
-}
 
-Reachability::Reachability(Forms& forms, NotifyArea& notifyArea)
-    : forms_(forms), notifyArea_(notifyArea) {
+// Kept once the note was read, in this run or an earlier one.
+constexpr const char* readNote = "tray-note-read";
+
+}  // namespace
+
+Reachability::Reachability(Forms& forms, NotifyArea& notifyArea, UserState& state)
+    : forms_(forms), notifyArea_(notifyArea), state_(state) {
+    forms.form1.cmdTrayNote.Click.connect([this] { takeNote(); });
     forms.form1.Hidden.connect([this] { keep(); });
     forms.frmLock.Hidden.connect([this] { keep(); });
     forms.form1.Raised.connect([this] { restore(forms_.form1); });
@@ -39,9 +43,17 @@ void Reachability::restore(Form& form) {
 void Reachability::minimise() {
     forms_.form1.setState(WindowState::minimised);
     forms_.form1.setVisible(true);
-    if (noteShown_) return;
-    noteShown_ = true;
-    forms_.form1.StatusBar1.setPanelText(detailPanel, note);
+    showNote();
+}
+
+void Reachability::showNote() {
+    if (!wasRead_ && !state_.read(readNote)) forms_.form1.fraTrayNote.setVisible(true);
+}
+
+void Reachability::takeNote() {
+    forms_.form1.fraTrayNote.setVisible(false);
+    wasRead_ = true;
+    state_.write(readNote, "");
 }
 
 }  // namespace velmora

@@ -4,28 +4,28 @@
 
 #include "forms/forms.h"
 #include "platform/notify_area.h"
+#include "platform/user_state.h"
 
 namespace velmora {
 
 class Reachability {
   public:
-    /// Connects to the main window's and the lock's hiding and showing.
-    Reachability(Forms& forms, NotifyArea& notifyArea);
+    /// Connects to the main window's and the lock's hiding and showing, and to the note's button.
+    Reachability(Forms& forms, NotifyArea& notifyArea, UserState& state);
     Reachability(const Reachability&) = delete;
     Reachability& operator=(const Reachability&) = delete;
-
-    /// What the status bar says the first time.
-    static constexpr const char* note =
-        "No icon stands in a notification area: the window is minimised instead of hidden.";
 
   private:
     void keep();
     void minimise();
+    void showNote();
+    void takeNote();
     void restore(Form& form);
 
     Forms& forms_;
     NotifyArea& notifyArea_;
-    bool noteShown_ = false;
+    UserState& state_;
+    bool wasRead_ = false;  // in this run, also where nothing can be kept
 };
 
 }  // namespace velmora

@@ -7,7 +7,7 @@ Shell::Shell(Forms& forms, Platform& platform, const Surface& surface, Parts par
     : lock_(forms, surface.host, parts.desktop.tray()),
       aboutBox_(forms.frmAbout, platform, surface.host, version),
       recycleBin_(forms.icon1, platform.shell32),
-      reachability_(forms, surface.notifyArea),
+      reachability_(forms, surface.notifyArea, platform.userState),
       driveView_(forms, platform, surface.host, parts.monitor.driveMeter()),
       layout_(forms.form1),
       tabs_(forms.form1, forms.frmNotify, layout_),

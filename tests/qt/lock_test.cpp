@@ -191,6 +191,17 @@ TEST_F(LockTest, AnEmptyEntryIsRefusedByBothButtons) {
         EXPECT_EQ(boxes.lastText(), "A password must be entered.");
     }
     EXPECT_FALSE(locked());
+    EXPECT_FALSE(lockWindow()->isVisible());
+}
+
+TEST_F(LockTest, TheSecondButtonClosesTheWindowAndLeavesTheProgramOpen) {
+    chooseFromIcon("mnuLock");
+    EXPECT_EQ(find<QPushButton>("Command1(1)", "frmLock")->text(), "Close");
+    type("abc");
+    press(1);
+    EXPECT_FALSE(lockWindow()->isVisible());
+    EXPECT_FALSE(locked());
+    EXPECT_TRUE(entry()->text().isEmpty());
 }
 
 // Many desktops report only single clicks.

@@ -92,23 +92,33 @@ TEST_F(MainWindowTest, HideTwiceRestoresTheWindowAndClearsTheTick) {
     EXPECT_FALSE(window()->isMinimized());
 }
 
-TEST_F(MainWindowTest, ClosingWithoutANotificationAreaMinimisesAndSaysSoOnce) {
+TEST_F(MainWindowTest, ClosingWithoutANotificationAreaMinimisesAndSaysSoUntilItWasRead) {
     ASSERT_FALSE(program->notifyArea().available());
     window()->close();
     settle();
     EXPECT_TRUE(window()->isVisible());
     EXPECT_TRUE(window()->isMinimized());
-    EXPECT_EQ(form1().StatusBar1.Panels(2).Text, Reachability::note);
-    EXPECT_EQ(find("StatusBar1(2)")->property("text").toString().toStdString(), Reachability::note);
 
     window()->showNormal();
     settle();
     EXPECT_EQ(form1().State(), WindowState::normal);
-    form1().StatusBar1.setPanelText(2, "something else");
+    auto* note = find<QLabel>("lblTrayNote");
+    ASSERT_NE(note, nullptr);
+    EXPECT_TRUE(note->isVisible());
+    EXPECT_EQ(note->text().toStdString(), form1().lblTrayNote.Caption());
+    // Whole, on as many lines as it needs.
+    EXPECT_GE(note->height(), note->heightForWidth(note->width()));
+    EXPECT_TRUE(window()->rect().contains(
+        QRect(find("cmdTrayNote")->mapTo(window(), QPoint()), find("cmdTrayNote")->size())));
+
+    click("cmdTrayNote");
+    EXPECT_FALSE(note->isVisible());
     window()->close();
     settle();
     EXPECT_TRUE(window()->isMinimized());
-    EXPECT_EQ(form1().StatusBar1.Panels(2).Text, "something else");
+    window()->showNormal();
+    settle();
+    EXPECT_FALSE(note->isVisible());
     EXPECT_FALSE(ended);
 }
 

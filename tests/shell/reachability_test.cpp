@@ -13,17 +13,18 @@ struct ReachabilityTest : testing::Test {
     Forms forms;
     Form1& form1 = forms.form1;
     FrmLock& lock = forms.frmLock;
-    Reachability reachability{forms, notifyArea};
+    fake::FakeUserState state;
+    Reachability reachability{forms, notifyArea, state};
 
     ReachabilityTest() { form1.Show(); }
-    const std::string& detail() { return form1.StatusBar1.Panels(2).Text; }
+    bool noteIsShown() { return form1.fraTrayNote.Visible(); }
 };
 
 TEST_F(ReachabilityTest, WithANotificationAreaAClosedWindowHides) {
     form1.userClose();
     EXPECT_FALSE(form1.Visible());
     EXPECT_EQ(form1.State(), WindowState::normal);
-    EXPECT_EQ(detail(), "");
+    EXPECT_FALSE(noteIsShown());
 }
 
 TEST_F(ReachabilityTest, WithANotificationAreaAShownWindowKeepsItsState) {
@@ -32,19 +33,57 @@ TEST_F(ReachabilityTest, WithANotificationAreaAShownWindowKeepsItsState) {
     EXPECT_EQ(form1.State(), WindowState::minimised);
 }
 
-TEST_F(ReachabilityTest, WithoutOneAClosedWindowIsMinimisedWithOneMessage) {
+TEST_F(ReachabilityTest, WithoutOneAClosedWindowIsMinimisedWithANote) {
     notifyArea.present = false;
+    EXPECT_FALSE(noteIsShown());
     form1.userClose();
     EXPECT_TRUE(form1.Visible());
     EXPECT_EQ(form1.State(), WindowState::minimised);
-    EXPECT_EQ(detail(),
+    EXPECT_TRUE(noteIsShown());
+    EXPECT_EQ(form1.lblTrayNote.Caption(),
               "No icon stands in a notification area: the window is minimised instead of hidden.");
+    EXPECT_EQ(form1.StatusBar1.Panels(2).Text, "");
+}
 
-    form1.StatusBar1.setPanelText(2, "Watching.");
+TEST_F(ReachabilityTest, TheNoteStaysUntilItWasReadAndNeverComesBack) {
+    notifyArea.present = false;
+    form1.userClose();
+    form1.Show();
     form1.Hide();
-    EXPECT_TRUE(form1.Visible());
+    EXPECT_TRUE(noteIsShown());
+
+    form1.cmdTrayNote.userClick();
+    EXPECT_FALSE(noteIsShown());
+    form1.Hide();
     EXPECT_EQ(form1.State(), WindowState::minimised);
-    EXPECT_EQ(detail(), "Watching.");
+    EXPECT_FALSE(noteIsShown());
+
+    Forms later;
+    const Reachability laterRun(later, notifyArea, state);
+    later.form1.Show();
+    later.form1.Hide();
+    EXPECT_EQ(later.form1.State(), WindowState::minimised);
+    EXPECT_FALSE(later.form1.fraTrayNote.Visible());
+}
+
+TEST_F(ReachabilityTest, AReadNoteIsGoneForThisRunAlsoWhereNothingCanBeKept) {
+    notifyArea.present = false;
+    state.hasFolder = false;
+    form1.Hide();
+    form1.cmdTrayNote.userClick();
+    form1.Show();
+    form1.Hide();
+    EXPECT_FALSE(noteIsShown());
+}
+
+TEST_F(ReachabilityTest, AnUnreadNoteComesAgainInTheNextRun) {
+    notifyArea.present = false;
+    form1.Hide();
+    Forms later;
+    const Reachability laterRun(later, notifyArea, state);
+    later.form1.Show();
+    later.form1.Hide();
+    EXPECT_TRUE(later.form1.fraTrayNote.Visible());
 }
 
 TEST_F(ReachabilityTest, WithoutOneAWindowShownAgainIsRestored) {
@@ -76,7 +115,7 @@ TEST_F(ReachabilityTest, LockedWithoutOneOnlyTheLockStays) {
     EXPECT_EQ(lock.State(), WindowState::minimised);
     EXPECT_EQ(lock.Command1[0].Caption(), "Unlock");
     EXPECT_EQ(lock.lblLock.Caption(), "The program is Locked.  Enter password to unlock.");
-    EXPECT_EQ(detail(), "");
+    EXPECT_FALSE(noteIsShown());
 
     lock.setState(WindowState::normal);
     lock.userClose();

@@ -58,6 +58,7 @@ MainWindow::MainWindow(Form1& form, const QtShellIcons& icons, QtUser32& user32,
     auto* pages = row({makeTabs(), makePages()});
     pages->setSpacing(0);
     content->addLayout(pages, 4);
+    content->addWidget(makeTrayNote(form, hand));
     setCentralWidget(around(content));
     auto* status = new StatusView(form.StatusBar1);
     setStatusBar(status);

@@ -19,4 +19,7 @@ QWidget* makeConfigPanel(Form1& form, UserHand& hand);
 /// "Overview": how the watch is going.
 QWidget* makeOverviewPanel(Form1& form, UserHand& hand);
 
+/// The note about a missing notification area, which stays until it was read.
+QWidget* makeTrayNote(Form1& form, UserHand& hand);
+
 }  // namespace velmora::qt
