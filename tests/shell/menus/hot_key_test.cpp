@@ -24,9 +24,9 @@ TEST(HotKey, KeysWithModifiersEndATextInAnyCase) {
                              "Open Alt+DEL", "Open Ctrl+Shift+Alt+X", "Open CTRL++"}) {
         EXPECT_EQ(hotKeyPosition(text), 6U) << text;
     }
-    for (const char* text :
-         {"Open CTRL+", "Open ALT+ ", "Open CTRL+SHIFT+", "Open XCTRL+O", "Open CTRL", "CTRL+O",
-          "OpenCTRL+O", "Open CTRL-O", "Open +O", "Open CTRL+O now"}) {
+    for (const char* text : {"Open CTRL+", "Open ALT+ ", "Open CTRL+SHIFT+", "Open XCTRL+O",
+                             "Open CTRL", "CTRL+O", "OpenCTRL+O", "Open CTRL-O", "Open CTRLO",
+                             "Sing Alto", "Open SHIFTO", "Open +O", "Open CTRL+O now"}) {
         EXPECT_EQ(hotKeyPosition(text), 0U) << text;
     }
 }

@@ -63,6 +63,7 @@ TEST(SideBarKeys, EachKeyInEachSpellingSetsItsField) {
         {"|FCOLOR:&HFF8000&", {.foreColour = 0xFF8000}},
         {"|FCOLOR:&Hff8000", {.foreColour = 0xFF8000}},
         {"|FCOLOR:-2147483633", {.foreColour = 0x8000000F}},
+        {"|FCOLOR:-2147483648", {.foreColour = 0x80000000}},
         {"|FCOLOR:2147483663", {.foreColour = 0x8000000F}},
         {"|FCOLOR:&H8000000F&", {.foreColour = 0x8000000F}},
         {"|WIDTH:1", {.width = 1}},
