@@ -20,6 +20,10 @@ TEST(BadCaptions, AGroupThatIsNotUnderstoodIsShownWhole) {
     }
 }
 
+TEST(BadCaptions, LinesBreakInAGroupThatIsShown) {
+    EXPECT_EQ(parseCaption("{IMG:x<BR!>}"), MenuCaption{.text = "{IMG:x\r\n}"});
+}
+
 TEST(BadCaptions, AGroupThatIsNotClosedIsText) {
     EXPECT_EQ(parseCaption("{IMG:3 Open"), MenuCaption{.text = "{IMG:3 Open"});
     EXPECT_EQ(parseCaption("{IMG:3|TIP:a"), (MenuCaption{.text = "{IMG:3", .tip = "a"}));
