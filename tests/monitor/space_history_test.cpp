@@ -49,6 +49,8 @@ TEST(SpaceRingTest, HoldsGreatSizes) {
     EXPECT_EQ(ring.at(1).freeKB, 4'294'967'295);
     EXPECT_EQ(ring.at(2).freeKB, 4'294'967'296);
     EXPECT_EQ(ring.at(3).freeKB, 0);
+    ring.add({.seconds = 4'000'000'004, .freeKB = 0x1p50});
+    EXPECT_EQ(ring.at(4).freeKB, 0x1p48 - 1);
 }
 
 TEST(SpaceHistoryTest, KeepsPathsInAnyLetterCase) {
