@@ -59,8 +59,8 @@ class Newcomer(unittest.TestCase):
         self.program.desktop.press("Return")
 
     def tick_first_drive(self):
-        self.press_in("tree", DRIVES, "Home", "space")
-        wait_for(lambda: "checked" in self.user.find(WIZARD, "tree item", "C:\\")["states"],
+        self.press_in("table", DRIVES, "Home", "space")
+        wait_for(lambda: "checked" in self.user.find(WIZARD, "table cell", "C:\\")["states"],
                  "the tick")
 
     def test_has_a_watched_drive_and_a_finished_check_within_a_minute(self):
@@ -81,7 +81,7 @@ class Newcomer(unittest.TestCase):
                          f"the step after {step}")
         self.user.press(WIZARD, "OK")
         wait_for(lambda: not self.shows("Options: 10/10"), "the wizard gone")
-        row = self.user.find(window.TITLE, "tree item", "C:\\")
+        row = self.user.find(window.TITLE, "table cell", "C:\\")
         self.assertIn("checked", row["states"])
         wait_for(lambda: self.user.find(window.TITLE, None, "Counter")["description"]
                  == "Times Checked: 1", "the first check")
@@ -97,5 +97,5 @@ class Newcomer(unittest.TestCase):
         self.tick_first_drive()
         self.user.press(WIZARD, "Close")
         wait_for(lambda: not self.shows("Close"), "the wizard gone")
-        row = self.user.find(window.TITLE, "tree item", "C:\\")
+        row = self.user.find(window.TITLE, "table cell", "C:\\")
         self.assertNotIn("checked", row["states"])
