@@ -2,9 +2,16 @@
 
 namespace velmora {
 
+namespace {
+
+// Milliseconds after the last of many small moves.
+constexpr int untilPlacesAreKept = 1000;
+
+}  // namespace
+
 WindowProgram::WindowProgram(Machine& machine, std::function<void(int)> ended,
                              std::unique_ptr<qt::PrintSystem> printers)
-    : host_(machine, hand_),
+    : host_(machine, hand_, names_),
       user32_(names_),
       shellIcons_(machine),
       notifyArea_([this](const std::string& form, int message) { answerIcon(form, message); }),
@@ -14,16 +21,34 @@ WindowProgram::WindowProgram(Machine& machine, std::function<void(int)> ended,
                 [&clock = machine.platform().clock] { return clock.Now(); }),
       core_(forms_, machine.platform(), {host_, notifyArea_, user32_, shellIcons_, workArea_}),
       firstSteps_(forms_.form1, machine.platform().userState),
+      places_(forms_, machine.platform().userState),
       windows_(forms_, shellIcons_, user32_, hand_, names_, printing_) {
     hand_.setHost(host_);
     hand_.setPaths([&machine](const std::string& path) { return machine.toDrivePath(path); },
                    [&machine](const std::string& path) { return machine.toHostPath(path); });
     hand_.setRegional(machine.platform().regional);
-    hand_.whenEnded(std::move(ended));
+    hand_.whenEnded([this, ended = std::move(ended)](int status) {
+        places_.keep();
+        ended(status);
+    });
+    keepPlacesSoon();
+}
+
+// A move of a window by hand is many moves.
+void WindowProgram::keepPlacesSoon() {
+    keepPlaces_.setSingleShot(true);
+    keepPlaces_.setInterval(untilPlacesAreKept);
+    QObject::connect(&keepPlaces_, &QTimer::timeout, &keepPlaces_, [this] { places_.keep(); });
+    for (Form* form : places_.windows()) {
+        placesChanged_.emplace_back(form->Changed.connect([this] { keepPlaces_.start(); }));
+    }
 }
 
 void WindowProgram::load() {
-    hand_.does([this] { core_.load(); });
+    hand_.does([this] {
+        core_.load();
+        places_.afterStart();
+    });
 }
 
 // An icon reports a message as the pointer's place over its form, in twips.

@@ -1,8 +1,10 @@
 // The program with its window: forms and subsystems with Qt's surface.
 #pragma once
 
+#include <QTimer>
 #include <functional>
 #include <memory>
+#include <vector>
 
 #include "app/core.h"
 #include "qt/print/printing.h"
@@ -15,6 +17,7 @@
 #include "qt/surface/user_hand.h"
 #include "qt/windows/all_windows.h"
 #include "shell/first_steps.h"
+#include "shell/window_places.h"
 
 namespace velmora {
 
@@ -42,11 +45,12 @@ class WindowProgram {
 
   private:
     void answerIcon(const std::string& form, int message);
+    void keepPlacesSoon();
 
     Forms forms_;
     qt::UserHand hand_;
-    qt::QtHost host_;
     qt::WindowsByName names_;
+    qt::QtHost host_;
     qt::QtUser32 user32_;
     qt::QtShellIcons shellIcons_;
     qt::QtNotifyArea notifyArea_;
@@ -55,7 +59,10 @@ class WindowProgram {
     qt::Printing printing_;
     Core core_;
     FirstSteps firstSteps_;
+    WindowPlaces places_;
     qt::AllWindows windows_;
+    QTimer keepPlaces_;
+    std::vector<ScopedConnection> placesChanged_;
 };
 
 }  // namespace velmora

@@ -42,7 +42,8 @@ void Form::unloadNow() {
 }
 
 void Form::moveTo(int left, int top) {
-    if (left_ == left && top_ == top) return;
+    if (placed_ && left_ == left && top_ == top) return;
+    placed_ = true;
     left_ = left;
     top_ = top;
     Changed();

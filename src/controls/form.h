@@ -33,12 +33,18 @@ class Form {
     void unloadNow();
     int Left() const { return left_; }
     int Top() const { return top_; }
+    /// Gives it a place on the screen: the program's own, or the one that the user has chosen.
     void moveTo(int left, int top);
+    /// Whether it has a place; without one its view finds it.
+    bool isPlaced() const { return placed_; }
     int Height() const { return height_; }
     int Width() const { return width_; }
     /// Fires Resize when the user or the program changes the size. The size of the normal state is
     /// kept while the form is minimised or maximised, and comes back with it.
     void setSize(int width, int height);
+    /// The size of the normal state; 0 before it had one.
+    int NormalHeight() const { return normalHeight_; }
+    int NormalWidth() const { return normalWidth_; }
     WindowState State() const { return state_; }
     void setState(WindowState state);
 
@@ -76,6 +82,7 @@ class Form {
     bool visible_ = false;
     bool loaded_ = false;
     bool hiddenWhileLoading_ = false;
+    bool placed_ = false;
     int left_ = 0;
     int top_ = 0;
     int width_ = 0;

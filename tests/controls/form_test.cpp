@@ -127,5 +127,23 @@ TEST_F(FormTest, ReportsWhenItWasShownAndHidden) {
     EXPECT_EQ(fired, "LSRRHSR");
 }
 
+TEST_F(FormTest, IsPlacedOnceItWasMovedAlsoToTheUpperLeftCorner) {
+    EXPECT_FALSE(form.isPlaced());
+    form.moveTo(0, 0);
+    EXPECT_TRUE(form.isPlaced());
+    EXPECT_EQ(changes, 1);
+    form.moveTo(0, 0);
+    EXPECT_EQ(changes, 1);
+}
+
+TEST_F(FormTest, TheNormalSizeIsTheOneBeforeItWasMaximised) {
+    EXPECT_EQ(form.NormalWidth(), 0);
+    form.setSize(900, 600);
+    form.setState(WindowState::maximised);
+    form.setSize(3000, 2000);
+    EXPECT_EQ(form.NormalWidth(), 900);
+    EXPECT_EQ(form.NormalHeight(), 600);
+}
+
 }  // namespace
 }  // namespace velmora::tests

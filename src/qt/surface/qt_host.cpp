@@ -98,16 +98,25 @@ std::string oneOrSeveral(const std::vector<std::string>& paths) {
 
 }  // namespace
 
-QtHost::QtHost(Machine& machine, UserHand& hand)
+QtHost::QtHost(Machine& machine, UserHand& hand, const WindowsByName& windows)
     : machine_(machine),
       hand_(hand),
+      windows_(windows),
       shellLinks_(machine.platform().shell32, machine.platform().wscriptShell) {
     sinceYield_.start();
 }
 
+// The window that the user works with, or the main window when that is another program's. Without
+// one, a box comes in the middle of the screen.
+QWidget* QtHost::owner() const {
+    if (QWidget* active = QApplication::activeWindow()) return active;
+    QWidget* main = windows_.find("Form1");
+    return main != nullptr && main->isVisible() && !main->isMinimized() ? main : nullptr;
+}
+
 BoxAnswer QtHost::MsgBox(const Box& box) {
     QMessageBox dialog(shownIcon(box.icon), shown(box.title), shownLines(box.text),
-                       shownButtons(box.buttons), QApplication::activeWindow());
+                       shownButtons(box.buttons), owner());
     dialog.setTextFormat(Qt::PlainText);
     dialog.setEscapeButton(escape(box.buttons));
     dialog.setObjectName(QStringLiteral("MsgBox"));
@@ -125,14 +134,13 @@ std::string QtHost::BrowseForFolder(const std::string& title) {
     }();
     hand_.throwWhenEnded();
     if (chosen) return *chosen;
-    const QString path =
-        QFileDialog::getExistingDirectory(QApplication::activeWindow(), shown(title));
+    const QString path = QFileDialog::getExistingDirectory(owner(), shown(title));
     hand_.throwWhenEnded();
     return path.isEmpty() ? std::string{} : machine_.toDrivePath(typed(path));
 }
 
 std::string QtHost::OpenFileDialog(const FileDialog& asked) {
-    QFileDialog dialog(QApplication::activeWindow(), shown(asked.DialogTitle),
+    QFileDialog dialog(owner(), shown(asked.DialogTitle),
                        shown(machine_.toHostPath(asked.InitDir)));
     dialog.setObjectName(QStringLiteral("FileDialog"));
     const bool takesSeveral = (asked.Flags & file_dialog::allowMultiselect) != 0;

@@ -8,13 +8,15 @@
 #include "platform/host.h"
 #include "platform/platform.h"
 #include "qt/surface/user_hand.h"
+#include "qt/surface/windows_by_name.h"
 
 namespace velmora::qt {
 
 class QtHost final : public Host {
   public:
-    /// `machine` turns the paths of Qt's own dialogs into drive paths.
-    QtHost(Machine& machine, UserHand& hand);
+    /// `machine` turns the paths of Qt's own dialogs into drive paths. `windows` are those over
+    /// which boxes come.
+    QtHost(Machine& machine, UserHand& hand, const WindowsByName& windows);
 
     BoxAnswer MsgBox(const Box& box) override;
     /// The system's own folder dialog where there is one, Qt's otherwise.
@@ -28,8 +30,11 @@ class QtHost final : public Host {
     void DoEvents() override;
 
   private:
+    QWidget* owner() const;
+
     Machine& machine_;
     UserHand& hand_;
+    const WindowsByName& windows_;
     ShellLinks shellLinks_;
     QElapsedTimer sinceYield_;
 };

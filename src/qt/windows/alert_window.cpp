@@ -43,7 +43,7 @@ QWidget* makeAlertWindow(DlgAlert& form, UserHand& hand) {
                             button(form.lblAl[alert_button::explorer], hand),
                             button(form.lblAl[alert_button::action], hand),
                             button(form.lblAl[alert_button::ok], hand)}));
-    return dialog(form, content, hand, {.sized = true});
+    return dialog(form, content, hand, {.sized = true, .role = WindowRole::notice});
 }
 
 }  // namespace velmora::qt

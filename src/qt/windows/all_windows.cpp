@@ -1,6 +1,7 @@
 #include "qt/windows/all_windows.h"
 
 #include "qt/windows/dialogs.h"
+#include "qt/windows/form_binding.h"
 #include "qt/windows/main_window.h"
 #include "qt/windows/shortcuts.h"
 
@@ -26,6 +27,8 @@ void AllWindows::add(const std::string& form, QWidget* window) {
     windows_.emplace_back(window);
     if (form != forms_.form1.Name()) addHelpKey(window, forms_.form1, hand_);
     names_.add(form, window);
+    // The first is the main window.
+    FormBinding::of(window)->setMain(windows_.front().get());
 }
 
 AllWindows::~AllWindows() = default;

@@ -3,18 +3,14 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QPushButton>
-#include <algorithm>
 #include <utility>
 
 #include "qt/surface/text.h"
+#include "qt/windows/twips.h"
 
 namespace velmora::qt {
 
 namespace {
-
-int pixels(int twips) {
-    return (twips + twipsPerPixel / 2) / twipsPerPixel;
-}
 
 WindowState stateOf(const QWidget* window) {
     if (window->isMinimized()) return WindowState::minimised;
@@ -24,63 +20,73 @@ WindowState stateOf(const QWidget* window) {
 }  // namespace
 
 FormBinding::FormBinding(QWidget* window, Form& form, UserHand& hand, WindowKind kind)
-    : QObject(window), window_(window), form_(form), hand_(hand), kind_(kind), refresher_(nullptr) {
+    : QObject(window),
+      window_(window),
+      form_(form),
+      hand_(hand),
+      kind_(kind),
+      place_(*window, form, kind.role, kind.sized || kind.keepsPlace),
+      refresher_(nullptr) {
     window->setObjectName(shown(form.Name()));
     refresher_ = follow(form.Changed, this, [this] { refresh(); });
     raised_ = form.Raised.connect([this] { raise(); });
     window->installEventFilter(this);
 }
 
+FormBinding* FormBinding::of(const QWidget* window) {
+    return window->findChild<FormBinding*>(QString(), Qt::FindDirectChildrenOnly);
+}
+
 void FormBinding::raise() {
     // The program has placed the form before it shows it, and means that place.
-    if (std::exchange(isDragged_, false)) placeAgain();
+    if (std::exchange(isDragged_, false)) place_.showAgain();
     // A hidden window has to be shown before it can come to the front.
     refresher_->refreshNow();
     window_->raise();
-    window_->activateWindow();
+    if (kind_.role != WindowRole::notice) window_->activateWindow();
 }
 
 void FormBinding::refresh() {
     window_->setWindowTitle(shown(form_.Caption()).trimmed());
+    applying_ = true;
+    if (form_.Visible() && !window_->isVisible()) prepareShowing();
     // The state first: a window that is no longer maximised returns to its earlier size, which may
     // differ from the form's.
-    applying_ = true;
     showVisibility();
     if (kind_.sized) showSize();
+    if (window_->isVisible()) place_.show();
     applying_ = false;
-    showPlace();
+}
+
+// The window comes at once as it stays.
+void FormBinding::prepareShowing() {
+    if (kind_.sized) showSize();
+    if (!window_->testAttribute(Qt::WA_Resized)) window_->adjustSize();
+    place_.beforeShowing();
+}
+
+QSize FormBinding::formSize() const {
+    return {form_.Width(), form_.Height()};
 }
 
 void FormBinding::showSize() {
-    const QSize size(pixels(form_.Width()), pixels(form_.Height()));
-    if (form_.Width() == 0 || form_.Height() == 0 || window_->isMaximized() ||
-        window_->isFullScreen()) {
-        return;
-    }
-    if (window_->size() == size) return;
+    const QSize twips = formSize();
+    if (twips.isEmpty() || window_->isMaximized() || window_->isFullScreen()) return;
+    // The window has that size, or had it a moment ago: a window system may report sizes late.
+    if (twips == chosen_) return;
+    chosen_.reset();
+    const QSize pixels(pixelsOf(twips.width()), pixelsOf(twips.height()));
+    resizeTo(pixels.boundedTo(place_.room()));
+    given_ = {twips, window_->size()};
+}
+
+void FormBinding::resizeTo(const QSize& size) {
     const QSize before = window_->size();
+    if (before == size) return;
     window_->resize(size);
     const bool waited = std::exchange(isWaiting_, window_->size() != size);
     // It was placed while it was larger.
-    if (waited && window_->size() != before) placeAgain();
-}
-
-void FormBinding::placeAgain() {
-    place_ = {};
-}
-
-// Only where the program puts a form; otherwise the window system finds a place. A window of
-// another size than its form keeps the form's lower right corner.
-void FormBinding::showPlace() {
-    const QPoint place(form_.Left(), form_.Top());
-    if (place == place_ || !window_->isVisible()) return;
-    place_ = place;
-    applying_ = true;
-    const QSize frame = window_->frameGeometry().size();
-    const int right = pixels(form_.Left() + form_.Width());
-    const int bottom = pixels(form_.Top() + form_.Height());
-    window_->move(std::max(0, right - frame.width()), std::max(0, bottom - frame.height()));
-    applying_ = false;
+    if (waited && window_->size() != before) place_.showAgain();
 }
 
 void FormBinding::showVisibility() {
@@ -110,12 +116,16 @@ bool FormBinding::eventFilter(QObject*, QEvent* event) {
             event->ignore();
             return true;
         case QEvent::KeyPress:
-            return kind_.dialog && takesKey(static_cast<QKeyEvent*>(event)->key());
+            return kind_.role != WindowRole::main &&
+                   takesKey(static_cast<QKeyEvent*>(event)->key());
         case QEvent::Resize:
             if (kind_.sized && !applying_) reportSize();
             return false;
         case QEvent::Move:
-            if (!applying_ && window_->isVisible()) isDragged_ = true;
+            if (!applying_ && window_->isVisible()) reportMove();
+            return false;
+        case QEvent::Paint:
+            takeFrame();
             return false;
         case QEvent::LayoutRequest:
             // Hidden panels may allow a size that the window could not have before.
@@ -145,15 +155,34 @@ bool FormBinding::takesKey(int key) {
 }
 
 // Several sizes in twips are the same in pixels: the form keeps its own when it fits the pixels.
+// Back at the size that the program gave it, the form has that one to the twip, also when the
+// screen had no room for all of it.
 void FormBinding::reportSize() {
-    const QSize size = window_->size();
-    const bool sameWidth = pixels(form_.Width()) == size.width();
-    const bool sameHeight = pixels(form_.Height()) == size.height();
-    if (form_.Width() == 0 || (sameWidth && sameHeight)) return;
-    hand_.does([&] {
-        form_.setSize(sameWidth ? form_.Width() : size.width() * twipsPerPixel,
-                      sameHeight ? form_.Height() : size.height() * twipsPerPixel);
-    });
+    const QSize now = window_->size();
+    const QSize before = formSize();
+    if (before.isEmpty()) return;
+    const auto twipsOf = [](int pixels, int given, int givenTwips, int formTwips) {
+        if (pixels == given) return givenTwips;
+        return pixels == pixelsOf(formTwips) ? formTwips : pixels * twipsPerPixel;
+    };
+    const QSize twips(
+        twipsOf(now.width(), given_.pixels.width(), given_.twips.width(), before.width()),
+        twipsOf(now.height(), given_.pixels.height(), given_.twips.height(), before.height()));
+    if (twips == before) return;
+    chosen_ = twips == given_.twips ? std::nullopt : std::optional(twips);
+    hand_.does([&] { form_.setSize(twips.width(), twips.height()); });
+}
+
+void FormBinding::reportMove() {
+    isDragged_ = true;
+    if (kind_.role != WindowRole::notice) place_.takeMove(hand_);
+}
+
+// Its size and place were found without the frame, which the window system makes later.
+void FormBinding::takeFrame() {
+    if (!place_.frameChanged() || !form_.Visible()) return;
+    place_.showAgain();
+    refresher_->touch();
 }
 
 void FormBinding::reportState() {

@@ -15,6 +15,17 @@ Layout* makeLayout() {
     return layout;
 }
 
+QScrollArea* scrollAreaOf(QWidget* page) {
+    auto* area = new QScrollArea;
+    area->setWidget(page);
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    // Transparent: a theme may give the area the colour of lists.
+    area->viewport()->setAutoFillBackground(false);
+    page->setAutoFillBackground(false);
+    return area;
+}
+
 }  // namespace
 
 QGroupBox* group(const QString& heading, QLayout* content) {
@@ -56,17 +67,18 @@ QLabel* wordFor(const QString& word, QWidget* widget) {
 }
 
 QScrollArea* scrolled(QWidget* page) {
-    auto* area = new QScrollArea;
     page->setMaximumWidth(widestPage);
-    area->setWidget(page);
-    area->setWidgetResizable(true);
-    area->setFrameShape(QFrame::NoFrame);
+    auto* area = scrollAreaOf(page);
     // What has the focus on the page is scrolled to, and passes on the keys that scroll.
     area->setFocusPolicy(Qt::NoFocus);
     area->setAccessibleName(QStringLiteral("Page"));
-    // Transparent: a theme may give the area the colour of lists.
-    area->viewport()->setAutoFillBackground(false);
-    page->setAutoFillBackground(false);
+    return area;
+}
+
+QScrollArea* yielding(QWidget* part) {
+    auto* area = scrollAreaOf(part);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     return area;
 }
 

@@ -27,6 +27,9 @@ void setShown(QWidget* piece, bool isShown);
 QLabel* wordFor(const QString& word, QWidget* widget);
 /// A page that scrolls when the window is too small for it.
 QScrollArea* scrolled(QWidget* page);
+/// A part of a window that lets the window be lower than the part needs, and scrolls up and down
+/// then. It takes no keyboard: what it holds comes into view with the focus.
+QScrollArea* yielding(QWidget* part);
 /// A widget around a layout, without margins.
 QWidget* around(QLayout* layout);
 

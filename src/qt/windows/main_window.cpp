@@ -57,7 +57,7 @@ MainWindow::MainWindow(Form1& form, const QtShellIcons& icons, QtUser32& user32,
     content->addWidget(watchList_, 3);
     auto* pages = row({makeTabs(), makePages()});
     pages->setSpacing(0);
-    content->addLayout(pages, 4);
+    content->addWidget(makeLowerPart(pages), 4);
     content->addWidget(makeTrayNote(form, hand));
     setCentralWidget(around(content));
     auto* status = new StatusView(form.StatusBar1);
@@ -70,7 +70,14 @@ MainWindow::MainWindow(Form1& form, const QtShellIcons& icons, QtUser32& user32,
     addMenus();
     addShortcuts(this, form, hand);
     findChild<QWidget*>(fieldName(form.ListView1))->setFocus();
-    new FormBinding(this, form, hand, {.sized = true, .dialog = false});
+    new FormBinding(this, form, hand, {.sized = true, .role = WindowRole::main});
+}
+
+// On a low screen it scrolls, so that the status bar stays in view.
+QWidget* MainWindow::makeLowerPart(QLayout* pages) {
+    QWidget* lower = yielding(around(pages));
+    follow(form_.Frame1.Changed, lower, [this, lower] { setShown(lower, form_.Frame1.Visible()); });
+    return lower;
 }
 
 void MainWindow::addToolBar() {

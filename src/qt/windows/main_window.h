@@ -24,6 +24,7 @@ class MainWindow : public QMainWindow {
   private:
     QWidget* makeWatchList(const QtShellIcons& icons);
     QWidget* makeWatchListButtons();
+    QWidget* makeLowerPart(QLayout* pages);
     QWidget* makeTabs();
     QWidget* makePages();
     QWidget* makeMenuButton();

@@ -118,7 +118,7 @@ QWidget* makeNotifyWindow(FrmNotify& form, UserHand& hand) {
     content->addLayout(
         row({makeButton(form.Command1, hand), nullptr, makeButton(form.cmdApply, hand),
              makeButton(form.cmdOK, hand), makeButton(form.cmdCancel, hand)}));
-    return dialog(form, content, hand);
+    return dialog(form, content, hand, {.keepsPlace = true});
 }
 
 }  // namespace velmora::qt
