@@ -15,7 +15,7 @@ build_packages=(build-essential cmake ninja-build ccache pkg-config nlohmann-jso
 test_packages=(googletest libssl-dev libfuse3-dev fuse3 libz-mingw-w64-dev python3
     gcc-mingw-w64-x86-64-posix g++-mingw-w64-x86-64-posix wine wine64 e2fsprogs mount
     dosfstools ntfs-3g exfatprogs exfat-fuse fusefat mtools
-    xvfb openbox xdotool imagemagick mujs python3-aiosmtpd s-nail openssl systemd-journal-remote
+    xvfb openbox trayer xdotool imagemagick mujs python3-aiosmtpd s-nail openssl systemd-journal-remote
     dbus python3-dbus python3-gi at-spi2-core)
 
 # What checks the sources and searches with libFuzzer.

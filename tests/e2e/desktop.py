@@ -37,9 +37,10 @@ def wait_for(look, what):
 
 
 class Desktop:
-    """An X server with a window manager."""
+    """An X server with a window manager. `size` is that of its screen in pixels."""
 
-    def __init__(self):
+    def __init__(self, size=(1280, 1024)):
+        self.size = size
         missing = [tool for tool in NEEDED if not shutil.which(tool)]
         if missing:
             raise Unavailable("not installed: " + ", ".join(missing))
@@ -62,7 +63,7 @@ class Desktop:
         """Starts it on a free display, whose number it writes to a pipe when it is ready."""
         reading, writing = os.pipe()
         try:
-            self._start("Xvfb", "-displayfd", str(writing), "-screen", "0", "1280x1024x24",
+            self._start("Xvfb", "-displayfd", str(writing), "-screen", "0", "%dx%dx24" % self.size,
                         "-nolisten", "tcp", pass_fds=[writing])
         finally:
             os.close(writing)
@@ -87,11 +88,42 @@ class Desktop:
         """The visible windows whose whole title matches a pattern."""
         return self.xdotool("search", "--onlyvisible", "--name", f"^{title}$").split()
 
+    def windows_of(self, program):
+        """All visible windows of a program, also menus, which have no title."""
+        return [Window(self, each) for each in self.xdotool(
+            "search", "--onlyvisible", "--classname", f"^{program}$").split()]
+
     def window(self, title, *others):
         """Waits for a window with such a title that is none of `others`."""
         known = {other.identity for other in others}
         found = wait_for(lambda: set(self.windows(title)) - known, f"a window {title}")
         return Window(self, found.pop())
+
+    def start_tray(self):
+        """Starts a notification area in the lower right corner; gives its process."""
+        if not shutil.which("trayer"):
+            raise Unavailable("not installed: trayer")
+        self._start("trayer", "--edge", "bottom", "--align", "right", "--widthtype", "request",
+                    "--height", "32", "--SetDockType", "true", "--SetPartialStrut", "true")
+        return self.processes[-1]
+
+    def stop(self, process):
+        process.terminate()
+        process.wait(PATIENCE)
+        self.processes.remove(process)
+
+    def point(self, x, y, *clicks):
+        """Moves the pointer to a place on the screen and clicks there."""
+        self.xdotool("mousemove", str(x), str(y), *clicks)
+
+    def pointer(self):
+        """Where the pointer is."""
+        place = self.xdotool("getmouselocation", "--shell")
+        return tuple(int(re.search(rf"^{name}=(\d+)$", place, re.M).group(1)) for name in "XY")
+
+    def active(self):
+        """The identity of the window that has the keyboard."""
+        return self.xdotool("getactivewindow")
 
     def press(self, key):
         """Presses a key for the active window."""
@@ -126,11 +158,23 @@ class Window:
     def shown(self):
         return self.identity in self.desktop.windows(".*")
 
+    def _geometry(self, *names):
+        geometry = self.desktop.xdotool("getwindowgeometry", "--shell", self.identity)
+        return tuple(int(re.search(rf"^{name}=(-?\d+)$", geometry, re.M).group(1))
+                     for name in names)
+
     def size(self):
         """Width and height of the content, in pixels."""
-        geometry = self.desktop.xdotool("getwindowgeometry", "--shell", self.identity)
-        return tuple(int(re.search(rf"^{name}=(\d+)$", geometry, re.M).group(1))
-                     for name in ("WIDTH", "HEIGHT"))
+        return self._geometry("WIDTH", "HEIGHT")
+
+    def place(self):
+        """The upper left corner of the content on the screen."""
+        self.desktop.xdotool("mousemove", "--window", self.identity, "0", "0")
+        return self.desktop.pointer()
+
+    def middle(self):
+        (left, top), (width, height) = self.place(), self.size()
+        return left + width // 2, top + height // 2
 
     def activate(self):
         def active():

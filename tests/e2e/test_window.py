@@ -35,6 +35,8 @@ class Steps:
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="velmora-e2e-"))
         self.addCleanup(shutil.rmtree, self.folder, ignore_errors=True)
         self.copy = window.copy(self.variables[0], self.folder)
+        # Under Wine all tests have the same user.
+        shutil.rmtree(window.state_folder(self.windows, self.folder), ignore_errors=True)
         self.settings = self.folder / "set.dat"
         self.log = self.folder / "log.dat"
 

@@ -21,8 +21,8 @@ class Program:
     """The program at `path`, which keeps its user's files in the folder `home`. `more` is put into
     its environment."""
 
-    def __init__(self, windows, path, home, more=None):
-        self.desktop = desktop.shared()
+    def __init__(self, windows, path, home, more=None, screen=None):
+        self.desktop = screen or desktop.shared()
         environment = {**os.environ, **self.desktop.environment, "HOME": str(home),
                        "XDG_RUNTIME_DIR": str(home), **(more or {})}
         environment.pop("QT_QPA_PLATFORM", None)
@@ -50,6 +50,15 @@ class Program:
         if self.process.poll() is None:
             self.process.kill()
         self.process.wait()
+
+
+def state_folder(windows, home):
+    """Where the program keeps what it remembers for its user."""
+    if not windows:
+        return pathlib.Path(home, ".local/state/velmora")
+    users = pathlib.Path(os.environ["WINEPREFIX"], "drive_c/users")
+    user = next(each for each in users.iterdir() if each.name != "Public")
+    return user / "AppData/Local/Velmora"
 
 
 def runner(windows):

@@ -60,6 +60,7 @@ void FormBinding::refresh() {
 
 // The window comes at once as it stays.
 void FormBinding::prepareShowing() {
+    window_->winId();  // with its handle, some window systems tell its frame
     if (kind_.sized) showSize();
     if (!window_->testAttribute(Qt::WA_Resized)) window_->adjustSize();
     place_.beforeShowing();
@@ -75,9 +76,20 @@ void FormBinding::showSize() {
     // The window has that size, or had it a moment ago: a window system may report sizes late.
     if (twips == chosen_) return;
     chosen_.reset();
+    const QSize room = place_.room();
+    if (isShownAs(twips, room)) return;
+    const QSize before = window_->size();
     const QSize pixels(pixelsOf(twips.width()), pixelsOf(twips.height()));
-    resizeTo(pixels.boundedTo(place_.room()));
+    resizeTo(pixels.boundedTo(room));
+    if (twips != given_.twips) late_.expect(before);
     given_ = {twips, window_->size()};
+}
+
+// It doesn't grow by itself when there is more room than was known at first: its lower edge could
+// leave the screen.
+bool FormBinding::isShownAs(const QSize& twips, const QSize& room) const {
+    return window_->isVisible() && !isWaiting_ && twips == given_.twips &&
+           window_->size() == given_.pixels && given_.pixels.boundedTo(room) == given_.pixels;
 }
 
 void FormBinding::resizeTo(const QSize& size) {
@@ -161,6 +173,7 @@ void FormBinding::reportSize() {
     const QSize now = window_->size();
     const QSize before = formSize();
     if (before.isEmpty()) return;
+    if (late_.is(now)) return refresher_->touch();
     const auto twipsOf = [](int pixels, int given, int givenTwips, int formTwips) {
         if (pixels == given) return givenTwips;
         return pixels == pixelsOf(formTwips) ? formTwips : pixels * twipsPerPixel;

@@ -9,6 +9,7 @@
 #include "qt/surface/refresher.h"
 #include "qt/surface/user_hand.h"
 #include "qt/windows/form_place.h"
+#include "qt/windows/late_size.h"
 
 namespace velmora::qt {
 
@@ -40,6 +41,7 @@ class FormBinding : public QObject {
     void showVisibility();
     void showSize();
     void resizeTo(const QSize& size);
+    bool isShownAs(const QSize& twips, const QSize& room) const;
     QSize formSize() const;
     void reportSize();
     void reportMove();
@@ -58,6 +60,7 @@ class FormBinding : public QObject {
         QSize twips;
         QSize pixels;
     } given_;
+    LateSize late_;
     bool isDragged_ = false;  // the user has moved the window since the program has placed it
     bool applying_ = false;   // the window is being changed to the form's size or place
     bool isWaiting_ = false;  // the window could not get that size yet

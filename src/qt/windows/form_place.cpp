@@ -65,6 +65,8 @@ void FormPlace::show() {
 // window manager likes, unless the program has given its place. The handle alone knows that the
 // place is the frame's as long as there is no frame.
 void FormPlace::moveTo(const QPoint& corner) {
+    // Another request would also ask for the size once more, which may be on its way to another.
+    if (window_.isVisible() && window_.pos() == corner) return;
     QWindow* handle = handleOf(window_);
     window_.move(corner);
     handle->setFramePosition(corner);
