@@ -45,6 +45,7 @@ class WatchListCommands {
     bool mayDisturbCheck();
     /// Adds that path as "(..)" does one that was chosen. An error ends it with an alert.
     void add(const std::string& path);
+    DroppedFolders& droppedFolders() { return droppedFolders_; }
 
   private:
     void connect();

@@ -265,5 +265,62 @@ TEST_F(IndividualTest, ClearingFindsTheColumnByItsHeaderTheSameWay) {
     EXPECT_TRUE(rig.form1.txtSpace.Enabled());
 }
 
+TEST_F(UnitTest, ATakenSettingIsTheUnitThenTheNumberWithoutAMessage) {
+    rig.form1.OpDriv[0].choose();
+    type("50000");
+    rig.clearRecords();
+    rig.minimumSpace.take({.unit = 1, .space = "15", .slider = 35});
+    EXPECT_TRUE(rig.form1.OpDriv[1].Value());
+    EXPECT_EQ(space(), "15");
+    EXPECT_EQ(header(), "Trigger S( %)");
+    EXPECT_EQ(rig.form1.Slider1.Value(), 35);
+    EXPECT_TRUE(rig.form1.Slider1.Visible());
+    EXPECT_EQ(messages(), Texts{});
+    rig.minimumSpace.take({.unit = 0, .space = "2500000"});
+    EXPECT_TRUE(rig.form1.OpDriv[0].Value());
+    EXPECT_EQ(mb(), "2500.0 MB");
+    EXPECT_EQ(header(), "Trigger S(KB)");
+    EXPECT_EQ(messages(), Texts{});
+    choosePercent();
+    EXPECT_EQ(messages(), Texts{"Cannot set over 100%"});
+}
+
+TEST_F(UnitTest, ATakenUnitThatIsSetAlreadyIsNoClick) {
+    type("70");
+    int clicks = 0;
+    for (OptionButton& unit : rig.form1.OpDriv) unit.Click.connect([&] { ++clicks; });
+    rig.minimumSpace.take({.unit = 0, .space = "80"});
+    EXPECT_EQ(clicks, 0);
+    EXPECT_EQ(space(), "80");
+}
+
+TEST_F(IndividualTest, TakenItIsSwitchedWithoutAMessage) {
+    rig.row("C:\\");
+    type("900");
+    rig.clearRecords();
+    rig.minimumSpace.takeIndividual(1);
+    EXPECT_EQ(trigger(1), "900");
+    EXPECT_FALSE(rig.form1.txtSpace.Enabled());
+    EXPECT_EQ(messages(), Texts{});
+    rig.minimumSpace.takeIndividual(0);
+    EXPECT_EQ(trigger(1), "");
+    rig.form1.chkDrive.userClick();
+    EXPECT_EQ(messages().size(), 1u);
+}
+
+TEST_F(UnitTest, WithoutItsRulesTheFieldsTakeAnyValue) {
+    rig.minimumSpace.disconnect();
+    choosePercent();
+    type("abc");
+    rig.form1.chkDrive.userClick();
+    EXPECT_EQ(space(), "abc");
+    EXPECT_TRUE(rig.form1.txtSpace.Enabled());
+    EXPECT_EQ(messages(), Texts{});
+    rig.minimumSpace.connect();
+    rig.minimumSpace.connect();
+    type("abd");
+    EXPECT_EQ(messages(), Texts{"Please input only numbers."});
+}
+
 }  // namespace
 }  // namespace velmora::tests

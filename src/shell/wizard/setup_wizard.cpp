@@ -18,7 +18,7 @@ SetupWizard::SetupWizard(Forms& forms, Platform& platform, Host& host, Parts par
       parts_(parts),
       steps_(forms.frmWizard),
       proposals_(forms.frmWizard),
-      rules_(forms, platform, host, parts.alerts.files(), parts.monitor.watchList()) {
+      rules_(forms, platform, host, parts.alerts.files(), parts.monitor) {
     // The rows first: the rules for the minimum space and for the actions look at them.
     mirrorWatch(host, platform.regional);
     mirrorLists();

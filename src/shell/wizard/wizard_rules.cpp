@@ -12,12 +12,12 @@
 namespace velmora {
 
 WizardRules::WizardRules(Forms& forms, Platform& platform, Host& host, FileList& files,
-                         WatchList& watchList)
+                         Monitor& monitor)
     : form_(forms.frmWizard),
       platform_(platform),
       host_(host),
       files_(files),
-      watchList_(watchList),
+      monitor_(monitor),
       minimumSpace_({.space = form_.txtFreeSpace,
                      .OpDriv = form_.OpDriv,
                      .chkDrive = form_.chkDrive,
@@ -65,10 +65,11 @@ void WizardRules::showReasons() {
 
 void WizardRules::connectWatchList() {
     ListView& list = form_.ListView1;
-    list.ItemCheck.connect([this](ListItem&) { watchList_.prcLVBold(form_.ListView1); });
+    list.ItemCheck.connect([this](ListItem&) { monitor_.watchList().prcLVBold(form_.ListView1); });
     list.ColumnClick.connect([&list](int column) { prcSortColumn(list, column); });
     list.Drop.connect([this](const std::vector<std::string>& paths) {
-        for (const std::string& path : paths) addPath(path);
+        DroppedFolders& dropped = monitor_.watchListCommands().droppedFolders();
+        for (const std::string& path : dropped.toWatch(paths)) addPath(path);
     });
     form_.cmdLVAdd.Click.connect([this] { browseForPath(); });
     form_.cmdLVRemove.Click.connect([&list] { WatchList::removeSelected(list); });

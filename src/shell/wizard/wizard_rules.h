@@ -10,7 +10,7 @@
 #include "alerts/lists/program_list.h"
 #include "forms/forms.h"
 #include "monitor/minimum_space.h"
-#include "monitor/watch_list.h"
+#include "monitor/monitor.h"
 #include "notify/recipients.h"
 #include "platform/host.h"
 #include "platform/platform.h"
@@ -19,8 +19,7 @@ namespace velmora {
 
 class WizardRules {
   public:
-    WizardRules(Forms& forms, Platform& platform, Host& host, FileList& files,
-                WatchList& watchList);
+    WizardRules(Forms& forms, Platform& platform, Host& host, FileList& files, Monitor& monitor);
     WizardRules(const WizardRules&) = delete;
     WizardRules& operator=(const WizardRules&) = delete;
 
@@ -46,7 +45,7 @@ class WizardRules {
     Platform& platform_;
     Host& host_;
     FileList& files_;
-    WatchList& watchList_;
+    Monitor& monitor_;
     MinimumSpace minimumSpace_;
     ActionListRules actions_;
     ProgramList programs_;

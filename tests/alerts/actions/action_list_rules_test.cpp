@@ -181,5 +181,45 @@ TEST_F(ActionListRulesTest, AClickWithDeletingAloneKeepsIt) {
     EXPECT_FALSE(form1.txtDrive.Enabled());
 }
 
+TEST_F(ActionListRulesTest, TakenTicksAreClicksThoseThatGoFirst) {
+    rules.take({{act::remove, true}, {act::sound, true}});
+    EXPECT_EQ(ticked(), "2 5");
+    std::string fired;
+    list.ItemCheck.connect([&](int index) { fired += std::to_string(index) + " "; });
+    list.Click.connect([&] { fired += "click "; });
+    rules.take({{act::move, true}, {act::remove, false}, {act::sound, true}});
+    EXPECT_EQ(ticked(), "1 5");
+    EXPECT_EQ(fired, "2 click 1 click ");
+    EXPECT_TRUE(form1.txtDrive.Enabled());
+    EXPECT_EQ(boxes(), "");
+}
+
+TEST_F(ActionListRulesTest, TakenTicksFollowTheRulesButAskForNoMailSettings) {
+    rules.take({{act::mail, true}, {act::autoMove, true}});
+    EXPECT_EQ(ticked(), "8");
+    EXPECT_EQ(boxes(),
+              "You must have two or more listed drive/path(s) that are functionally ready to "
+              "select this option.");
+    EXPECT_FALSE(forms.frmNotify.Visible());
+    host.boxes.clear();
+    list.userTick(act::mail, false);
+    list.userTick(act::mail, true);
+    EXPECT_EQ(boxes(), "Please review your email settings. Open Notification Settings?");
+}
+
+TEST_F(ActionListRulesTest, WithoutItsRulesAListTakesAnyTicks) {
+    rules.disconnect();
+    for (const int index : {act::move, act::remove, act::autoMove, act::mail}) {
+        list.userTick(index, true);
+    }
+    EXPECT_EQ(ticked(), "1 2 4 8");
+    EXPECT_EQ(boxes(), "");
+    rules.connect();
+    rules.connect();
+    list.userTick(act::recycle, true);
+    EXPECT_EQ(ticked(), "3 4 8");
+    EXPECT_EQ(host.boxes.size(), 2u);
+}
+
 }  // namespace
 }  // namespace velmora::tests

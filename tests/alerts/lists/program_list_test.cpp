@@ -159,6 +159,7 @@ TEST_F(ProgramListTest, BrowsePutsTheChosenFileIntoTheBox) {
     ASSERT_EQ(host.fileDialogs.size(), 1u);
     EXPECT_EQ(host.fileDialogs[0].Filter, "All Files (*.*)|*.*");
     EXPECT_EQ(host.fileDialogs[0].Flags & file_dialog::allowMultiselect, 0);
+    EXPECT_EQ(host.dialogs, Texts{"Choose File/Folder |c:\\"});
     click(program_button::browse);  // dismissed
     EXPECT_EQ(box.Text(), "C:\\data\\tool.exe");
     EXPECT_EQ(rows.Count(), 0);

@@ -63,6 +63,23 @@ TEST_F(WizardRulesTest, BackToKilobytesTheNumberFollowsTheUnit) {
     EXPECT_EQ(watched.ColumnHeaders(4).Text, "Trigger S(KB)");
 }
 
+TEST_F(WizardRulesTest, AllOfTheMinimumSpaceIsShownWhenTheWizardOpens) {
+    form1.txtSpace.setText("2500000");
+    reopen();
+    EXPECT_EQ(wizard.lblMB.Caption(), "2500.0 MB");
+    EXPECT_EQ(wizard.lblGB.Caption(), "2.5 GB");
+    EXPECT_FALSE(wizard.Slider1.Visible());
+    form1.txtSpace.setText("30");
+    form1.OpDriv[1].userClick();
+    form1.Slider1.userScroll(45);
+    reopen();
+    EXPECT_TRUE(wizard.OpDriv[1].Value());
+    EXPECT_EQ(wizard.txtFreeSpace.Text(), "45");
+    EXPECT_EQ(wizard.Slider1.Value(), 45);
+    EXPECT_TRUE(wizard.Slider1.Visible());
+    EXPECT_EQ(wizard.lblMB.Caption(), "");
+}
+
 TEST_F(WizardRulesTest, TheUnitAloneGoesThereToo) {
     form1.txtSpace.setText("40");
     reopen();
@@ -271,6 +288,12 @@ TEST_F(WizardRulesTest, AProgramIsAddedToBoxAndListAndRemovedFromBoth) {
     apply();
     EXPECT_EQ(tagsOf(form1.LVProg), Words{"D:\\a.bin"});
     EXPECT_EQ(entriesOf(form1.cboProg), Words{"D:\\a.bin"});
+    // A row without an entry takes none with it.
+    wizard.LVProg.userDrop({"D:\\tool.exe", "D:\\b.bin"});
+    wizard.LVProg.userSelect({2});
+    wizard.cmdPRem.userClick();
+    EXPECT_EQ(tagsOf(wizard.LVProg), (Words{"D:\\a.bin", "D:\\b.bin"}));
+    EXPECT_EQ(entriesOf(wizard.cboProg), Words{"D:\\a.bin"});
     EXPECT_EQ(said(), Words{});
 }
 

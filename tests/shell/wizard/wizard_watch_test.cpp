@@ -131,6 +131,17 @@ TEST_F(WizardWatchTest, APathThatIsListedIsTickedAndNotListedTwice) {
 TEST_F(WizardWatchTest, PathsCanBeDropped) {
     list.userDrop({"D:\\data", "E:\\"});
     EXPECT_EQ(rowsOf(list), (Words{"C:\\", "D:\\", "*E:\\", "*D:\\data"}));
+    EXPECT_EQ(said(), Words{});
+}
+
+TEST_F(WizardWatchTest, OfADroppedFileTheFolderIsOffered) {
+    machine.files["D:\\data\\file.txt"] = "";
+    list.userDrop({"D:\\data\\file.txt"});
+    EXPECT_EQ(said().size(), 1u);
+    EXPECT_EQ(list.Count(), 3);
+    host.answers = {BoxAnswer::yes};
+    list.userDrop({"D:\\data\\file.txt"});
+    EXPECT_EQ(rowsOf(list), (Words{"C:\\", "D:\\", "E:\\", "*D:\\data"}));
 }
 
 TEST_F(WizardWatchTest, AMissingPathIsReportedAndStaysListed) {
