@@ -13,7 +13,7 @@ LIBRARY = "libatspi.so.0"
 NEEDED_FILES = ("/usr/share/dbus-1/services/org.a11y.Bus.service",)
 
 # Numbers of states in the interface's own list.
-STATES = {"checked": 4, "enabled": 8, "focusable": 11, "focused": 12, "selectable": 22, "selected": 23,
+STATES = {"checked": 4, "enabled": 8, "expanded": 10, "focusable": 11, "focused": 12, "selectable": 22, "selected": 23,
           "showing": 25}
 
 # Deeper than any window, against a tree that has become a circle.
@@ -171,6 +171,15 @@ class Accessible:
             if "showing" in child.states():
                 yield child
                 yield from child.descendants(depth + 1)
+
+    def shown(self):
+        return "showing" in self.states()
+
+    def window(self, title):
+        """Waits for this program's window of that title."""
+        return desktop.wait_for(
+            lambda: next((each for each in self.children() if each.name == title and each.shown()), None),
+            f"a window {title!r} for assistive tools")
 
     def find(self, role, name):
         """Waits for the shown object of that role and name within it."""

@@ -6,8 +6,7 @@ import tempfile
 import time
 import unittest
 
-import assistive
-import desktop
+import accessibility
 import window
 from desktop import wait_for
 
@@ -25,77 +24,80 @@ STEPS = ("Welcome", "Drives and Paths to Watch", "Size in (KB) or Percentage",
 class Newcomer(unittest.TestCase):
     def setUp(self):
         window.needs("VELMORA_WINDOW")
+        try:
+            bus = accessibility.shared()
+        except accessibility.Unavailable as why:
+            self.skipTest(str(why))
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="velmora-e2e-"))
         self.addCleanup(shutil.rmtree, self.folder, ignore_errors=True)
-        try:
-            self.user = assistive.Assistive(self.folder)
-        except desktop.Unavailable as why:
-            self.skipTest(str(why))
-        self.addCleanup(self.user.close)
         copy = window.copy("VELMORA_WINDOW", self.folder)
         # As it is delivered.
         shutil.copy2(pathlib.Path(__file__).parents[2] / "dist" / "set.dat", self.folder)
         self.begun = time.monotonic()
-        self.program = window.Program(False, copy, self.folder, self.user.environment)
+        self.program = window.Program(False, copy, self.folder, bus.environment)
         self.addCleanup(self.program.close)
+        self.screen = bus.program(self.program.process)
+        self.main = self.screen.window(window.TITLE)
 
-    def shows(self, name):
-        return self.user.ask(window=WIZARD, role=None, name=name)
+    def open_wizard(self):
+        self.main.find("push button", "Wizard Settings").act("Press")
+        self.wizard = self.screen.window(WIZARD)
 
-    def press_in(self, role, name, *keys):
-        """Gives something the keyboard and presses keys."""
-        self.user.do("focus", WIZARD, role, name)
-        wait_for(lambda: "focused" in self.user.find(WIZARD, role, name)["states"],
-                 f"the keyboard in {name}")
+    def wait_for_state(self, what, state):
+        wait_for(lambda: state in what.states(), f"{what.name!r} {state}")
+
+    def press(self, *keys):
         for key in keys:
             self.program.desktop.press(key)
 
-    def choose_last(self, box):
-        """Opens the box, which then has the keyboard."""
-        self.user.do("Press", WIZARD, "combo box", box)
-        wait_for(lambda: "expanded" in self.user.find(WIZARD, "combo box", box)["states"],
-                 f"the open box {box}")
-        self.program.desktop.press("End")
-        self.program.desktop.press("Return")
+    def choose_last(self, name):
+        box = self.wizard.find("combo box", name)
+        box.act("Press")
+        self.wait_for_state(box, "expanded")
+        self.press("End", "Return")
 
     def tick_first_drive(self):
-        self.press_in("table", DRIVES, "Home", "space")
-        wait_for(lambda: "checked" in self.user.find(WIZARD, "table cell", "C:\\")["states"],
-                 "the tick")
+        drives = self.wizard.find("table", DRIVES)
+        drives.act("SetFocus")
+        self.wait_for_state(drives, "focused")
+        self.press("Home", "space")
+        self.wait_for_state(drives.find("table cell", "C:\\"), "checked")
+
+    def watched_row(self):
+        table = self.main.find("table", "Watched drives and paths")
+        return table.find("table cell", "C:\\")
 
     def test_has_a_watched_drive_and_a_finished_check_within_a_minute(self):
-        self.user.press(window.TITLE, "Wizard Settings")
-        passed = []
-        for step in STEPS:
-            self.user.find(WIZARD, None, step)
-            passed.append(step)
-            if step == STEPS[1]:
+        self.open_wizard()
+        for number, step in enumerate(STEPS, 1):
+            self.wizard.find("label", f"Options: {number}/10")
+            self.wizard.find("label", step)
+            if number == 2:
                 self.tick_first_drive()
-            if step == STEPS[7]:
+            if number == 8:
                 self.choose_last("Connection speed")
-                wait_for(lambda: self.user.find(WIZARD, "text", SECONDS)["value"] == "30",
-                         "the proposed interval")
+                seconds = self.wizard.find("text", SECONDS)
+                wait_for(lambda box=seconds: box.text() == "30", "the proposed interval")
             if step != STEPS[-1]:
-                self.user.press(WIZARD, "Next")
-                wait_for(lambda number=len(passed) + 1: self.shows(f"Options: {number}/10"),
-                         f"the step after {step}")
-        self.user.press(WIZARD, "OK")
-        wait_for(lambda: not self.shows("Options: 10/10"), "the wizard gone")
-        row = self.user.find(window.TITLE, "table cell", "C:\\")
-        self.assertIn("checked", row["states"])
-        wait_for(lambda: self.user.find(window.TITLE, None, "Counter")["description"]
-                 == "Times Checked: 1", "the first check")
+                self.wizard.find("push button", "Next").act("Press")
+        self.wizard.find("push button", "OK").act("Press")
+        wait_for(lambda: not self.wizard.shown(), "the wizard gone")
+        self.assertIn("checked", self.watched_row().states())
+        counter = self.main.find("label", "Counter")
+        wait_for(lambda: counter.description == "Times Checked: 1", "the first check")
         self.assertLess(time.monotonic() - self.begun, MINUTE)
 
     def test_the_step_list_says_where_one_is_and_close_leaves_all_as_it_was(self):
-        self.user.press(window.TITLE, "Wizard Settings")
+        self.open_wizard()
         for number, step in enumerate(STEPS, 1):
-            shown = self.user.find(WIZARD, "push button", step)
-            self.assertEqual(shown["description"], f"Step {number} of 10" +
-                             (", shown" if number == 1 else ""))
-        self.user.press(WIZARD, STEPS[1])
+            self.assertEqual(self.wizard.find("push button", step).description,
+                             f"Step {number} of 10" + (", shown" if number == 1 else ""))
+        self.wizard.find("push button", STEPS[1]).act("Press")
         self.tick_first_drive()
-        self.user.press(WIZARD, "Close")
-        wait_for(lambda: not self.shows("Close"), "the wizard gone")
-        row = self.user.find(window.TITLE, "table cell", "C:\\")
-        self.assertNotIn("checked", row["states"])
+        self.wizard.find("push button", "Close").act("Press")
+        wait_for(lambda: not self.wizard.shown(), "the wizard gone")
+        self.assertNotIn("checked", self.watched_row().states())
+
+
+if __name__ == "__main__":
+    unittest.main()
