@@ -136,6 +136,15 @@ TEST_F(AccessibilityTest, ATabIsPressedByAScreenReader) {
     EXPECT_FALSE(interfaceOf(find("lblTab(0)"))->state().selected);
 }
 
+TEST_F(AccessibilityTest, ASmallWindowIsADialog) {
+    program->forms().frmAbout.Show();
+    settle();
+    QAccessibleInterface* about = interfaceOf(find("prcDraw", "frmAbout")->window());
+    ASSERT_NE(about, nullptr);
+    EXPECT_EQ(about->role(), QAccessible::Dialog);
+    EXPECT_EQ(about->text(QAccessible::Name), "About Velmora");
+}
+
 TEST_F(AccessibilityTest, TheMailSettingsPagesAreTabs) {
     program->forms().frmNotify.Show();
     settle();

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -134,10 +135,27 @@ TEST_F(PasswordEditTest, NoOtherWayOfEditingLeavesDotsWithoutCharacters) {
     edit.setCursorPosition(1);
     edit.del();
     EXPECT_EQ(static_cast<std::size_t>(edit.text().size()), field.textLength());
+    const std::string present = field.Text();
     edit.insert("clear text");
     EXPECT_EQ(static_cast<std::size_t>(edit.text().size()), field.textLength());
     EXPECT_FALSE(edit.text().contains("clear"));
+    EXPECT_EQ(field.Text(), present.substr(0, 1) + "clear text" + present.substr(1));
     EXPECT_EQ(QApplication::clipboard()->text(), "before");
+}
+
+TEST_F(PasswordEditTest, WhatAnAssistiveToolSetsReachesTheField) {
+    QAccessibleInterface* seen = QAccessible::queryAccessibleInterface(&edit);
+    seen->setText(QAccessible::Value, "secret");
+    expect("secret", 6);
+    const QString dots(6, QChar(0x25CF));
+    seen->setText(QAccessible::Value, dots.left(2) + QString::fromUtf8("X\xc3\xa4") + dots.mid(2));
+    expect("seX\xc3\xa4" "cret", 4);
+    seen->setText(QAccessible::Value, dots.left(1) + "o" + dots.left(1));
+    expect("sot", 2);
+    seen->setText(QAccessible::Value, dots.left(5) + "q");
+    expect("sotq", 4);
+    seen->setText(QAccessible::Value, dots.left(2));
+    expect("sotq", 2);
 }
 
 TEST_F(PasswordEditTest, TheFieldClearedByTheProgramShowsEmpty) {

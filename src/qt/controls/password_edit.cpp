@@ -74,8 +74,7 @@ PasswordEdit::PasswordEdit(TextBox& field, UserHand& hand, QWidget* parent)
     setEchoMode(Password);
     setAttribute(Qt::WA_InputMethodEnabled, false);
     bindField(this, field, [this] { showDots(); });
-    // Any other way of editing the line is undone: it could only change the dots.
-    connect(this, &QLineEdit::textEdited, this, [this] { showDots(); });
+    connect(this, &QLineEdit::textChanged, this, [this] { takeOver(); });
 }
 
 void PasswordEdit::showDots() {
@@ -84,6 +83,23 @@ void PasswordEdit::showDots() {
     const int caret = std::min<int>(cursorPosition(), static_cast<int>(dots.size()));
     setText(dots);
     setCursorPosition(caret);
+}
+
+// An assistive tool sets the text of the line, or inserts into it: the dots before and behind stand
+// for the characters that stay. Fewer or more dots alone don't tell which characters are meant.
+void PasswordEdit::takeOver() {
+    QString shown = text();
+    const auto isTyped = [](QChar character) { return character != dot; };
+    const auto first = std::find_if(shown.cbegin(), shown.cend(), isTyped);
+    if (first != shown.cend()) {
+        const auto end = std::find_if(shown.crbegin(), shown.crend(), isTyped).base();
+        const int held = static_cast<int>(field_.textLength());
+        const int before = std::min(static_cast<int>(first - shown.cbegin()), held);
+        const int behind = std::min(static_cast<int>(shown.cend() - end), held - before);
+        replace(before, held - before - behind, QString(first, static_cast<qsizetype>(end - first)));
+        shown.fill(QChar());
+    }
+    showDots();
 }
 
 void PasswordEdit::replace(int start, int length, const QString& characters) {

@@ -27,6 +27,8 @@ class PasswordEdit : public QLineEdit {
     /// Replaces `length` characters from `start` on.
     void replace(int start, int length, const QString& characters);
     void showDots();
+    /// Gives the field what something else than the keyboard has put into the line.
+    void takeOver();
 
     TextBox& field_;
     UserHand& hand_;

@@ -1,13 +1,29 @@
 #include "qt/windows/dialog_pieces.h"
 
+#include <QAccessibleWidget>
+
 #include "qt/controls/buttons.h"
 #include "qt/icons/program_icon.h"
 #include "qt/windows/layouts.h"
 
 namespace velmora::qt {
 
+namespace {
+
+// Qt's own dialogs end at keys that the fields decide about, and a plain widget is no dialog to a
+// screen reader.
+class DialogWindow : public QWidget {};
+
+QAccessibleInterface* makeDialogInterface(const QString&, QObject* object) {
+    auto* window = dynamic_cast<DialogWindow*>(object);
+    return window == nullptr ? nullptr : new QAccessibleWidget(window, QAccessible::Dialog);
+}
+
+}  // namespace
+
 QWidget* dialog(Form& form, QLayout* content, UserHand& hand, WindowKind kind) {
-    auto* window = new QWidget;
+    QAccessible::installFactory(makeDialogInterface);
+    auto* window = new DialogWindow;
     window->setWindowIcon(programIcon());
     content->setContentsMargins(2 * gap, 2 * gap, 2 * gap, 2 * gap);
     window->setLayout(content);

@@ -102,6 +102,15 @@ QPushButton* makeFootButton(CommandButton& field, UserHand& hand) {
     return button;
 }
 
+// With room for one digit more: the window stays as wide when the number of the step grows.
+QLabel* makeCounter(Label& field) {
+    QLabel* label = makeCaption(field);
+    label->ensurePolished();
+    label->setMinimumWidth(label->sizeHint().width() +
+                           label->fontMetrics().horizontalAdvance(QLatin1Char('0')));
+    return label;
+}
+
 QFrame* makeLine() {
     auto* line = new QFrame;
     line->setFrameShape(QFrame::HLine);
@@ -124,7 +133,7 @@ QWidget* makeWizardWindow(FrmWizard& form, UserHand& hand) {
     QPushButton* finish = makeFootButton(form.cmdOK, hand);
     keepDefault(form, next, finish);
     for (QWidget* page : pages) new FocusOnShow(page, next);
-    auto* foot = row({makeCaption(form.lblOp), nullptr, back, next});
+    auto* foot = row({makeCounter(form.lblOp), nullptr, back, next});
     foot->addSpacing(2 * gap);
     for (QWidget* button :
          {finish, makeFootButton(form.cmdApply, hand), makeFootButton(form.cmdCancel, hand),
