@@ -14,6 +14,8 @@ struct WatchSummary {
 
     Mood mood = Mood::neutral;
     std::string text;
+    /// The paths of what is most serious in `text`, three at most: "D:\, E:\ and 2 more".
+    std::string paths;
     int watched = 0;  ///< ticked rows
 };
 

@@ -12,7 +12,7 @@ namespace {
 constexpr const char* fileName = "windows";
 
 // The words behind the size in a line.
-constexpr const char* at = "at";  // before the upper left corner
+constexpr const char* cornerWord = "at";  // before the upper left corner
 constexpr const char* maximised = "maximised";
 constexpr const char* compact = "compact";
 
@@ -51,7 +51,7 @@ std::map<std::string, WindowPlaces::Place> WindowPlaces::placesIn(const std::str
         for (std::string word; isSound && fields >> word;) {
             if (word == maximised) place.isMaximised = true;
             if (word == compact) place.isCompact = true;
-            if (word != at) continue;
+            if (word != cornerWord) continue;
             Corner corner;
             fields >> corner.left >> corner.top;
             isSound =
@@ -68,7 +68,7 @@ std::string WindowPlaces::textOfPlaces() const {
     for (const auto& [name, place] : places_) {
         text << name << ' ' << place.width << ' ' << place.height;
         if (place.corner)
-            text << ' ' << at << ' ' << place.corner->left << ' ' << place.corner->top;
+            text << ' ' << cornerWord << ' ' << place.corner->left << ' ' << place.corner->top;
         if (place.isMaximised) text << ' ' << maximised;
         if (place.isCompact) text << ' ' << compact;
         text << '\n';

@@ -151,6 +151,24 @@ TEST(WatchSummaryTest, CountsWhatIsWrongTheWorstFirst) {
     EXPECT_EQ(rig.summary().mood, Mood::bad);
 }
 
+TEST(WatchSummaryTest, NamesThePathsOfWhatIsMostSerious) {
+    UsageRig rig;
+    rig.add("C:\\", "5,000 KB");
+    EXPECT_EQ(rig.summary().paths, "");
+    rig.add("D:\\", "1,100 KB");
+    EXPECT_EQ(rig.summary().paths, "D:\\");
+    rig.add("E:\\", "N/A, drive not ready");
+    EXPECT_EQ(rig.summary().paths, "E:\\");
+    rig.add("F:\\", "10 KB");
+    rig.add("G:\\", "10 KB");
+    rig.add("H:\\", "10 KB");
+    EXPECT_EQ(rig.summary().paths, "F:\\, G:\\, H:\\");
+    rig.add("I:\\", "10 KB");
+    EXPECT_EQ(rig.summary().paths, "F:\\, G:\\, H:\\ and 1 more");
+    rig.form1.cmdPause.setCaption(watch_caption::start);
+    EXPECT_EQ(rig.summary().paths, "F:\\, G:\\, H:\\ and 1 more");
+}
+
 TEST(WatchSummaryTest, ARowThatWasNotCheckedIsNotFine) {
     UsageRig rig;
     rig.add("C:\\", "5,000 KB").setLastChecked("");

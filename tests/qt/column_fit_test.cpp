@@ -37,6 +37,7 @@ TEST(ColumnFit, TheShareIsKeptAlsoWhereLessIsWanted) {
 
 TEST(ColumnFit, NoHeadingIsCutHoweverNarrowTheRoom) {
     EXPECT_EQ(fittedWidths({{300, 90}, {100, 60}, {100, 60}}, 100, 0, 0.35), (Widths{90, 60, 60}));
+    EXPECT_EQ(fittedWidths({{50, 20}, {100, 40}}, 80, -1, 0.35), (Widths{50, 100}));
     EXPECT_EQ(fittedWidths({{10, 90}, {10, 60}}, 500, -1, 0), (Widths{90, 60}));
 }
 

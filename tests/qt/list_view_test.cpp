@@ -2,7 +2,9 @@
 #include <QContextMenuEvent>
 #include <QCursor>
 #include <QHeaderView>
+#include <set>
 
+#include "qt/controls/list_view_widget.h"
 #include "qt/window_test.h"
 
 namespace velmora::tests {
@@ -325,6 +327,33 @@ TEST_F(ListViewTest, AHeadersTextFollowsTheField) {
     field().setColumnText(4, "Trigger ( %)");
     settle();
     EXPECT_EQ(list()->model()->headerData(3, Qt::Horizontal).toString(), "Trigger ( %)");
+}
+
+TEST_F(ListViewTest, AnEmptyListSaysWhatItIsFor) {
+    click("lblSpectab(0)");
+    auto* programs = find<qt::ListViewWidget>("LVProg");
+    const auto colours = [programs] {
+        settle();
+        const QImage picture = programs->viewport()->grab().toImage();
+        std::set<QRgb> all;
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x) all.insert(picture.pixel(x, y));
+        }
+        return all.size();
+    };
+    programs->clearFocus();
+    EXPECT_GT(colours(), 2U);
+    form1().LVProg.Add();
+    EXPECT_LE(colours(), 2U);
+}
+
+TEST_F(ListViewTest, RowsHaveRoomAboveAndBelowTheirText) {
+    click("lblSpectab(0)");
+    form1().LVProg.Add("notepad.exe");
+    settle();
+    auto* programs = find<qt::ListViewWidget>("LVProg");
+    EXPECT_GE(programs->visualRect(programs->model()->index(0, 0)).height(),
+              programs->fontMetrics().height() + 6);
 }
 
 }  // namespace

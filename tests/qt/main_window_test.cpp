@@ -1,4 +1,6 @@
 // The frame of the main window, by clicks on its own widgets.
+#include <QToolButton>
+
 #include "qt/window_test.h"
 
 namespace velmora::tests {
@@ -148,6 +150,23 @@ TEST_F(MainWindowTest, FromTheFullViewAMaximisedWindowBecomesCompactAndBackAgain
     click("Toolbar1(5)");
     EXPECT_EQ(form1().Toolbar1.Buttons(tool::view).Caption, "View -");
     EXPECT_EQ(form1().Height(), 9100);
+}
+
+TEST_F(MainWindowTest, PicturesAtTheRightHaveWordsWhereThereIsRoom) {
+    const auto isWorded = [this](const char* name) {
+        return find<QToolButton>(name)->toolButtonStyle() == Qt::ToolButtonTextUnderIcon;
+    };
+    const char* names[] = {"mnuPopUp.Button", "Command9", "Command6"};
+    window()->resize(639, 607);
+    settle();
+    for (const char* name : names) EXPECT_FALSE(isWorded(name)) << name;
+    window()->resize(640, 607);
+    settle();
+    for (const char* name : names) {
+        EXPECT_TRUE(isWorded(name)) << name;
+        EXPECT_GE(find(name)->width(), find(name)->sizeHint().width()) << name;
+    }
+    EXPECT_EQ(find<QToolButton>("Command6")->text(), "Exit");
 }
 
 }  // namespace

@@ -268,7 +268,7 @@ TEST_F(WatchListViewTest, TheBannerFollowsTheWatch) {
     EXPECT_EQ(bannerText(), "3 watched, all fine");
     at(1).setFreeSpace("10 KB");
     settle();
-    EXPECT_EQ(bannerText(), "1 of 3 short of space");
+    EXPECT_EQ(bannerText(), "1 of 3 short of space: C:\\");
     form1().txtSpace.setText("5");
     settle();
     EXPECT_EQ(bannerText(), "3 watched, all fine");

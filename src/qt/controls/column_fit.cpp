@@ -27,13 +27,14 @@ std::vector<int> fittedWidths(const std::vector<ColumnNeed>& needs, int room, in
         widths.push_back(width);
         over += width;
     }
+    if (stretched < 0) return widths;
     for (std::size_t i = needs.size(); i-- > 0 && over > 0;) {
         if (static_cast<int>(i) == stretched || needs[i].isEmpty) continue;
         const int given = std::clamp(widths[i] - needs[i].least, 0, over);
         widths[i] -= given;
         over -= given;
     }
-    if (stretched >= 0 && over < 0) widths[static_cast<std::size_t>(stretched)] -= over;
+    if (over < 0) widths[static_cast<std::size_t>(stretched)] -= over;
     return widths;
 }
 

@@ -15,7 +15,8 @@ struct ColumnNeed {
 /// Widths in a room of that many pixels. A column without texts takes none. Each other column has
 /// what it wants, and the stretched one (its number from 0, -1 for none) takes what is left, at
 /// least `stretchedShare` of the room. Where that is too much, columns shrink from the last one on,
-/// none below its least; the result may be wider than the room.
+/// none below its least; the result may be wider than the room. Without a stretched column none
+/// shrinks: such a list has many columns alike, and is scrolled.
 std::vector<int> fittedWidths(const std::vector<ColumnNeed>& needs, int room, int stretched,
                               double stretchedShare);
 

@@ -4,9 +4,12 @@
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QScopedValueRollback>
+#include <QStyledItemDelegate>
 #include <algorithm>
 
+#include "qt/colours/colours.h"
 #include "qt/controls/accessible_list.h"
 #include "qt/controls/file_drops.h"
 #include "qt/surface/field.h"
@@ -20,6 +23,9 @@ namespace {
 // Pixels: the space between the texts of two columns, and beside a heading.
 constexpr int columnGap = 4;
 constexpr int headingMargin = 6;
+// Pixels above and below the text of a row, together, and around the words of an empty list.
+constexpr int rowMargin = 6;
+constexpr int emptyMargin = 12;
 
 // Keys that only move within a list.
 bool movesAlong(int key) {
@@ -38,6 +44,15 @@ bool movesAlong(int key) {
     }
 }
 
+class RoomyRows : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        const QSize size = QStyledItemDelegate::sizeHint(option, index);
+        return size.expandedTo({0, option.fontMetrics.height() + rowMargin});
+    }
+};
+
 }  // namespace
 
 ListViewWidget::ListViewWidget(ListView& list, ListViewModel::Pictures pictures, const Look& look,
@@ -51,6 +66,7 @@ ListViewWidget::ListViewWidget(ListView& list, ListViewModel::Pictures pictures,
     model_->setRowWords(look.rowWords);
     makeAccessible(*this);
     setModel(model_);
+    setItemDelegate(new RoomyRows(this));
     setRootIsDecorated(false);
     setUniformRowHeights(true);
     setAllColumnsShowFocus(true);
@@ -223,6 +239,16 @@ void ListViewWidget::showEvent(QShowEvent* event) {
     QTreeView::showEvent(event);
     noteWidths();
     fitColumns();
+}
+
+void ListViewWidget::paintEvent(QPaintEvent* event) {
+    QTreeView::paintEvent(event);
+    if (model_->rowCount() > 0 || look_.emptyWords.isEmpty()) return;
+    QPainter painter(viewport());
+    painter.setPen(quietInk(palette()));
+    const QMargins around(emptyMargin, emptyMargin, emptyMargin, emptyMargin);
+    painter.drawText(viewport()->rect().marginsRemoved(around), Qt::AlignCenter | Qt::TextWordWrap,
+                     look_.emptyWords);
 }
 
 void ListViewWidget::showSortMark() {

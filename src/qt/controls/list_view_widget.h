@@ -22,6 +22,7 @@ class ListViewWidget : public QTreeView {
         int stretchedLetters = 10;
         QSize preferred{300, 120};
         ListViewModel::RowWords rowWords{};  ///< the state of a row, for a screen reader
+        QString emptyWords{};                ///< what is shown in a list without rows
     };
 
     ListViewWidget(ListView& list, ListViewModel::Pictures pictures, const Look& look,
@@ -40,6 +41,7 @@ class ListViewWidget : public QTreeView {
     void focusInEvent(QFocusEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void selectionChanged(const QItemSelection& selected,
                           const QItemSelection& deselected) override;
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,

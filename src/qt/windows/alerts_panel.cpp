@@ -21,7 +21,10 @@ constexpr int alertColumn = 2;
 QWidget* makeAlertList(Form1& form, UserHand& hand) {
     auto* list = new ListViewWidget(
         form.LVAlert, [](const std::string&) { return QIcon(); },
-        {.stretchedColumn = alertColumn, .preferred = {300, 120}}, hand);
+        {.stretchedColumn = alertColumn,
+         .preferred = {300, 120},
+         .emptyWords = QStringLiteral("No alerts")},
+        hand);
     list->setTextElideMode(Qt::ElideRight);
     return list;
 }

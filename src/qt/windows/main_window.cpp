@@ -29,6 +29,8 @@ namespace velmora::qt {
 namespace {
 
 constexpr double listScale = 0.9;
+// The width at which all buttons of the tool bar have room for words.
+constexpr int widthWithWords = 640;
 // The least width by the resize rules, even if the fonts need more.
 constexpr int leastWidth = form1_size::leastWidth / twipsPerPixel;
 
@@ -83,9 +85,10 @@ QWidget* MainWindow::makeLowerPart(QLayout* pages) {
 void MainWindow::addToolBar() {
     toolBar_ = makeToolBar(form_.Toolbar1, hand_);
     toolBar_->addWidget(stretch());
-    toolBar_->addWidget(makeMenuButton());
-    toolBar_->addWidget(makeIconButton(form_.Command9, Glyph::translucent, hand_));
-    toolBar_->addWidget(makeIconButton(form_.Command6, Glyph::exit, hand_));
+    addAside(makeMenuButton(), QStringLiteral("Menu"));
+    addAside(makeIconButton(form_.Command9, Glyph::translucent, hand_),
+             QStringLiteral("See-through"));
+    addAside(makeIconButton(form_.Command6, Glyph::exit, hand_), QStringLiteral("Exit"));
     const auto buttons = toolBar_->findChildren<QToolButton*>(Qt::FindDirectChildrenOnly);
     std::vector<QWidget*> stops;
     for (QToolButton* button : buttons) {
@@ -95,8 +98,24 @@ void MainWindow::addToolBar() {
     QMainWindow::addToolBar(Qt::TopToolBarArea, toolBar_);
 }
 
+// A picture at the right end, with words below it where the bar has room for them.
+void MainWindow::addAside(QToolButton* button, const QString& words) {
+    button->setText(words);
+    button->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Expanding);
+    toolBar_->addWidget(button);
+    aside_.push_back(button);
+}
+
+void MainWindow::showWordsAside() {
+    const auto style =
+        width() >= widthWithWords ? Qt::ToolButtonTextUnderIcon : Qt::ToolButtonIconOnly;
+    for (QToolButton* button : aside_) {
+        if (button->toolButtonStyle() != style) button->setToolButtonStyle(style);
+    }
+}
+
 // The menu of the icon, also for desktops without a notification area.
-QWidget* MainWindow::makeMenuButton() {
+QToolButton* MainWindow::makeMenuButton() {
     auto* button = new QToolButton;
     button->setObjectName(QStringLiteral("mnuPopUp.Button"));
     button->setIcon(glyphIcon(Glyph::menu));
@@ -219,6 +238,7 @@ void MainWindow::reportHeights() {
 
 void MainWindow::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
+    showWordsAside();
     reportHeights();
 }
 

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QToolButton>
+#include <vector>
 
 #include "forms/form1.h"
 #include "qt/surface/qt_shell_icons.h"
@@ -27,7 +29,9 @@ class MainWindow : public QMainWindow {
     QWidget* makeLowerPart(QLayout* pages);
     QWidget* makeTabs();
     QWidget* makePages();
-    QWidget* makeMenuButton();
+    QToolButton* makeMenuButton();
+    void addAside(QToolButton* button, const QString& words);
+    void showWordsAside();
     void addToolBar();
     void addMenus();
     void placeTriggerEntry();
@@ -39,6 +43,7 @@ class MainWindow : public QMainWindow {
     QtUser32& user32_;
     UserHand& hand_;
     QToolBar* toolBar_ = nullptr;
+    std::vector<QToolButton*> aside_;
     QWidget* watchList_ = nullptr;
     WatchBanner* banner_ = nullptr;
 };

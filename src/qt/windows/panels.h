@@ -8,6 +8,12 @@
 
 namespace velmora::qt {
 
+/// What is said in a list without rows, in the main window and in the wizard.
+inline constexpr const char* noPrograms =
+    "No programs listed. The action \"Run specified programs(s)\" runs those that are.";
+inline constexpr const char* noFiles =
+    "No files listed. What is listed here may be moved, deleted or sent to the recycle bin.";
+
 /// "Spec.": programs, path and space, files, each with a tab of an inner strip.
 QWidget* makeSpecifiedPanel(Form1& form, UserHand& hand);
 /// "Options": what is to happen on a shortage, which events count, when to check.

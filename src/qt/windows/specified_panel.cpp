@@ -31,10 +31,14 @@ QWidget* makeLabelButtons(std::span<Label> labels, UserHand& hand) {
     return all;
 }
 
-ListViewWidget* makeList(ListView& list, UserHand& hand, int stretchedColumn) {
+ListViewWidget* makeList(ListView& list, UserHand& hand, int stretchedColumn,
+                         const char* emptyWords) {
     return new ListViewWidget(
         list, [](const std::string&) { return QIcon(); },
-        {.stretchedColumn = stretchedColumn, .preferred = {260, 100}}, hand);
+        {.stretchedColumn = stretchedColumn,
+         .preferred = {260, 100},
+         .emptyWords = QString::fromLatin1(emptyWords)},
+        hand);
 }
 
 QWidget* makePrograms(Form1& form, UserHand& hand) {
@@ -42,7 +46,7 @@ QWidget* makePrograms(Form1& form, UserHand& hand) {
     entry->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     auto* page = column({});
     page->addLayout(row({entry, makeButton(form.cmdPAdd, hand)}));
-    page->addWidget(makeList(form.LVProg, hand, programPath), 1);
+    page->addWidget(makeList(form.LVProg, hand, programPath, noPrograms), 1);
     page->addWidget(
         makeLabelButtons(std::span(form.Label5).first(program_button::checkUpdates), hand));
     return around(page);
@@ -52,7 +56,7 @@ QWidget* makeFiles(Form1& form, UserHand& hand) {
     auto* entry = makeComboBox(form.cboFile, hand);
     entry->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     auto* page = column({entry});
-    page->addWidget(makeList(form.LVFile, hand, -1), 1);
+    page->addWidget(makeList(form.LVFile, hand, -1, noFiles), 1);
     page->addWidget(makeLabelButtons(form.lblSF, hand));
     return around(page);
 }

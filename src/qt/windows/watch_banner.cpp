@@ -97,7 +97,8 @@ void WatchBanner::addAction(QWidget* action) {
 
 void WatchBanner::refresh() {
     summary_ = summaryOf(form_, hand_.regional());
-    text_->setText(shown(summary_.text));
+    const bool isNamed = !summary_.paths.empty();
+    text_->setText(shown(isNamed ? summary_.text + ": " + summary_.paths : summary_.text));
     text_->setAccessibleDescription(text_->text());
     picture_->setPixmap(glyphIcon(pictureFor(summary_)).pixmap(bannerPicture));
     update();

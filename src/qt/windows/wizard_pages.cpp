@@ -10,6 +10,7 @@
 #include "qt/controls/list_view_widget.h"
 #include "qt/windows/dialog_pieces.h"
 #include "qt/windows/layouts.h"
+#include "qt/windows/panels.h"
 
 namespace velmora::qt {
 
@@ -116,7 +117,10 @@ QLayout* makeProgramsPage(FrmWizard& form, UserHand& hand) {
     content->addLayout(
         row({makeWideBox(form.cboProg, hand), makeIconButton(form.cmdPBrowse, Glyph::browse, hand),
              makeButton(form.cmdPAdd, hand)}));
-    content->addWidget(makePageList(form.LVProg, hand, {.stretchedColumn = programPathColumn}), 1);
+    content->addWidget(makePageList(form.LVProg, hand,
+                                    {.stretchedColumn = programPathColumn,
+                                     .emptyWords = QString::fromLatin1(noPrograms)}),
+                       1);
     content->addLayout(row({makeButton(form.cmdPRem, hand), nullptr}));
     return content;
 }
@@ -124,8 +128,11 @@ QLayout* makeProgramsPage(FrmWizard& form, UserHand& hand) {
 QLayout* makeFilesPage(FrmWizard& form, UserHand& hand) {
     auto* content = column({});
     content->addLayout(row({makeWideBox(form.cboFile, hand), makeButton(form.cmdFAdd, hand)}));
-    content->addWidget(
-        makePageList(form.LVFile, hand, {.stretchedColumn = -1, .preferred = {260, 70}}), 1);
+    content->addWidget(makePageList(form.LVFile, hand,
+                                    {.stretchedColumn = -1,
+                                     .preferred = {260, 70},
+                                     .emptyWords = QString::fromLatin1(noFiles)}),
+                       1);
     content->addLayout(row({makeButton(form.cmdFRem, hand), nullptr}));
     content->addWidget(sectionHeading(form.lblFileQuestion));
     for (CheckBox& kind : form.chkFileKind) content->addWidget(makeCheckBox(kind, hand));
