@@ -149,7 +149,10 @@ TEST_F(PasswordEditTest, WhatAnAssistiveToolSetsReachesTheField) {
     expect("secret", 6);
     const QString dots(6, QChar(0x25CF));
     seen->setText(QAccessible::Value, dots.left(2) + QString::fromUtf8("X\xc3\xa4") + dots.mid(2));
-    expect("seX\xc3\xa4" "cret", 4);
+    expect(
+        "seX\xc3\xa4"
+        "cret",
+        4);
     seen->setText(QAccessible::Value, dots.left(1) + "o" + dots.left(1));
     expect("sot", 2);
     seen->setText(QAccessible::Value, dots.left(5) + "q");
