@@ -20,7 +20,7 @@ SHORT_OF_SPACE = scrambled("chkLog=1", "chkAutoSave=1", "txtTime=10\r\n", "minsp
 QUIET = scrambled("chkLog=1", "txtTime=3600\r\n", "minspace=4711\r\n", "custtime=0\r\n")
 
 # Places in the main window, in pixels: a row of the watch list, and a button from the edges.
-A_ROW = (60, 95)
+A_ROW = (60, 134)
 SAVE_SET = (-45, -41)
 
 # A screenshot of controls and texts has more colours; a window that wasn't drawn has one.

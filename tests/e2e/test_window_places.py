@@ -15,7 +15,7 @@ QUIET = scrambled("txtTime=3600\r\n", "custtime=0\r\n")
 ALARMED = scrambled("txtTime=10\r\n", "minspace=2000000000\r\n", "lstAct=1\r\n")
 
 # Places in the main window, in pixels.
-A_ROW = (60, 88)
+A_ROW = (60, 134)
 FUNCTIONS = (258, 30)
 
 # What the window manager puts around a window, at most.

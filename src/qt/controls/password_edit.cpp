@@ -96,7 +96,8 @@ void PasswordEdit::takeOver() {
         const int held = static_cast<int>(field_.textLength());
         const int before = std::min(static_cast<int>(first - shown.cbegin()), held);
         const int behind = std::min(static_cast<int>(shown.cend() - end), held - before);
-        replace(before, held - before - behind, QString(first, static_cast<qsizetype>(end - first)));
+        replace(before, held - before - behind,
+                QString(first, static_cast<qsizetype>(end - first)));
         shown.fill(QChar());
     }
     showDots();
