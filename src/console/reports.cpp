@@ -145,7 +145,7 @@ Report Reports::watch() {
     const ListView& list = form1_.ListView1;
     const std::size_t widest = widestPath(list);
     Report report{.fields = Control::Table()};
-    report.text = summaryOf(form1_, platform_.regional).text + std::string(lineEnd);
+    report.text = summaryOf(forms_, platform_.regional).text + std::string(lineEnd);
     for (int i = 1; i <= list.Count(); ++i) {
         const ConstWatchRow row(list.ListItems(i));
         const RowUsage usage = usageOf(row, form1_, platform_.regional);

@@ -21,8 +21,12 @@ struct Report {
 class Reports {
   public:
     /// All must outlive it.
-    Reports(Inventory& inventory, MessageContent& content, Platform& platform, const Form1& form1)
-        : inventory_(inventory), content_(content), platform_(platform), form1_(form1) {}
+    Reports(Inventory& inventory, MessageContent& content, Platform& platform, const Forms& forms)
+        : inventory_(inventory),
+          content_(content),
+          platform_(platform),
+          forms_(forms),
+          form1_(forms.form1) {}
 
     /// The report that the words name. CommandError when they name none, or it can't be made.
     Report make(Words& words);
@@ -37,6 +41,7 @@ class Reports {
     Inventory& inventory_;
     MessageContent& content_;
     Platform& platform_;
+    const Forms& forms_;
     const Form1& form1_;
 };
 

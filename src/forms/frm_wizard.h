@@ -147,6 +147,7 @@ class FrmWizard : public Form {
     TextBox txtMailPort{*this, "txtMailPort"};
     Label lblPortHint{*this, "lblPortHint", "Most Outgoing Mail uses port 25"};
     ComboBox cboEncryption{*this, "cboEncryption"};
+    Label lblEncryptionWhy{*this, "lblEncryptionWhy"};  ///< why no encryption is possible
     TextBox txtYourEmail{*this, "txtYourEmail"};
     TextBox txtUser{*this, "txtUser"};
     TextBox txtPass{*this, "txtPass"};

@@ -4,7 +4,6 @@
 #include <array>
 #include <iterator>
 
-#include "base/text.h"
 #include "monitor/row_usage.h"
 
 namespace velmora {
@@ -82,13 +81,14 @@ Mood moodOf(const Counts& counts) {
     return unknown > 0 ? Mood::neutral : Mood::good;
 }
 
-bool isRunning(const Form1& form1) {
-    return contains(lowerCase(form1.cmdPause.Caption()), "pause");
+bool isRunning(const Forms& forms) {
+    return forms.globals.bChecking || forms.form1.Timer1.Enabled();
 }
 
 }  // namespace
 
-WatchSummary summaryOf(const Form1& form1, const Regional& regional) {
+WatchSummary summaryOf(const Forms& forms, const Regional& regional) {
+    const Form1& form1 = forms.form1;
     const Counts counts(form1, regional);
     WatchSummary summary{.text = {}, .paths = {}, .watched = counts.watched()};
     if (counts.watched() == 0) {
@@ -97,7 +97,7 @@ WatchSummary summaryOf(const Form1& form1, const Regional& regional) {
     }
     const std::string wrong = troubles(counts);
     summary.paths = pathsInTrouble(counts);
-    if (!isRunning(form1)) {
+    if (!isRunning(forms)) {
         summary.mood = Mood::warning;
         summary.text = "Paused";
         if (!wrong.empty()) append(summary.text, wrong);

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "base/regional.h"
-#include "forms/form1.h"
+#include "forms/forms.h"
 
 namespace velmora {
 
@@ -19,6 +19,7 @@ struct WatchSummary {
     int watched = 0;  ///< ticked rows
 };
 
-WatchSummary summaryOf(const Form1& form1, const Regional& regional);
+/// A watch is paused unless a check is running or its timer is.
+WatchSummary summaryOf(const Forms& forms, const Regional& regional);
 
 }  // namespace velmora

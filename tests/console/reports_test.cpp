@@ -138,7 +138,7 @@ TEST_F(ConsoleReports, TheWatchIsToldAsAWholeAndByRow) {
     EXPECT_EQ(run("report watch"), "Nothing is watched yet: tick a drive\n");
     addWatchColumns(form1.ListView1);
     form1.txtSpace.setText("100");
-    form1.cmdPause.setCaption(watch_caption::pause);
+    form1.Timer1.setEnabled(true);
     for (const auto& [path, free] : {std::pair{"C:\\", "500 KB"}, {"D:\\data", "N/A"}}) {
         WatchRow row(form1.ListView1.Add(path));
         row.setFreeSpace(free);

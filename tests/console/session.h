@@ -57,7 +57,7 @@ struct Session {
         }};
     Inventory inventory{machine.platform(), host};
     MessageContent content{forms, machine.platform(), host, inventory};
-    console::Reports reports{inventory, content, machine.platform(), form1};
+    console::Reports reports{inventory, content, machine.platform(), forms};
     console::Commands commands{
         forms, host, output, waiting, later, reports, [](const std::string& path) {
             return "drive path of " + path;

@@ -42,6 +42,20 @@ TEST_F(FrmWizardTest, TheStepsHaveTheirNamesInOrderAlsoInTheirList) {
     }
 }
 
+TEST_F(FrmWizardTest, FieldsHaveTheNamesOfThoseThatTheyStandFor) {
+    for (const char* name : {"cboFile", "cboProg", "cmdPAdd", "cmdPRem", "lstAct", "txtDrive",
+                             "txtFileType", "txtFreeSpace", "chkCustTime", "lblOp", "cmdProgress",
+                             "cmdReverse", "cmdApply", "cmdOK", "cmdCancel", "cmdHelp"}) {
+        EXPECT_NE(form.find(name), nullptr) << name;
+    }
+    const std::pair<const char*, int> arrays[] = {
+        {"Frame1", 10}, {"chkop", 5}, {"OpDriv", 2}, {"DTTime1", 2}};
+    for (const auto& [name, count] : arrays) {
+        for (int i = 0; i < count; ++i) EXPECT_NE(form.find(name, i), nullptr) << name << i;
+        EXPECT_EQ(form.find(name, count), nullptr) << name;
+    }
+}
+
 TEST_F(FrmWizardTest, EveryPlaceOfAStepIsThatOfItsName) {
     const auto nameOf = [this](int step) {
         return form.Frame1[static_cast<std::size_t>(step)].Caption();

@@ -12,7 +12,7 @@ struct UsageRig : Rig {
     UsageRig() {
         addWatchColumns(list);
         form1.txtSpace.setText("1000");
-        form1.cmdPause.setCaption(watch_caption::pause);
+        form1.Timer1.setEnabled(true);
     }
     /// A ticked row that a check has reached.
     WatchRow add(const std::string& path, const std::string& free,
@@ -25,7 +25,7 @@ struct UsageRig : Rig {
         return added;
     }
     RowUsage usage(const WatchRow& row) { return usageOf(row, form1, platform.regional); }
-    WatchSummary summary() { return summaryOf(form1, platform.regional); }
+    WatchSummary summary() { return summaryOf(forms, platform.regional); }
 };
 
 using Mood = WatchSummary::Mood;
@@ -122,7 +122,7 @@ TEST(WatchSummaryTest, WithoutATickNothingIsWatched) {
     EXPECT_EQ(rig.summary().text, "Nothing is watched yet: tick a drive");
     EXPECT_EQ(rig.summary().mood, Mood::neutral);
     EXPECT_EQ(rig.summary().watched, 0);
-    rig.form1.cmdPause.setCaption(watch_caption::start);
+    rig.form1.Timer1.setEnabled(false);
     EXPECT_EQ(rig.summary().text, "Nothing is watched yet: tick a drive");
 }
 
@@ -165,7 +165,7 @@ TEST(WatchSummaryTest, NamesThePathsOfWhatIsMostSerious) {
     EXPECT_EQ(rig.summary().paths, "F:\\, G:\\, H:\\");
     rig.add("I:\\", "10 KB");
     EXPECT_EQ(rig.summary().paths, "F:\\, G:\\, H:\\ and 1 more");
-    rig.form1.cmdPause.setCaption(watch_caption::start);
+    rig.form1.Timer1.setEnabled(false);
     EXPECT_EQ(rig.summary().paths, "F:\\, G:\\, H:\\ and 1 more");
 }
 
@@ -185,11 +185,25 @@ TEST(WatchSummaryTest, ARowThatWasNotCheckedIsNotFine) {
 TEST(WatchSummaryTest, APausedWatchSaysSoFirst) {
     UsageRig rig;
     rig.add("C:\\", "5,000 KB");
-    rig.form1.cmdPause.setCaption(watch_caption::start);
+    rig.form1.Timer1.setEnabled(false);
     EXPECT_EQ(rig.summary().text, "Paused");
     EXPECT_EQ(rig.summary().mood, Mood::warning);
     rig.add("D:\\", "10 KB");
     EXPECT_EQ(rig.summary().text, "Paused, 1 of 2 short of space");
+    // The timer is off while a check runs.
+    rig.forms.globals.bChecking = true;
+    EXPECT_EQ(rig.summary().text, "1 of 2 short of space");
+}
+
+TEST(WatchSummaryTest, TheTimerDecidesAndNotTheCaptionOfTheButton) {
+    UsageRig rig;
+    rig.add("C:\\", "5,000 KB");
+    rig.form1.cmdPause.setCaption(watch_caption::pause);
+    rig.form1.Timer1.setEnabled(false);
+    EXPECT_EQ(rig.summary().text, "Paused");
+    rig.form1.cmdPause.setCaption(watch_caption::start);
+    rig.form1.Timer1.setEnabled(true);
+    EXPECT_EQ(rig.summary().text, "1 watched, all fine");
 }
 
 }  // namespace

@@ -177,18 +177,17 @@ TEST_F(KeyboardTest, EscapeClosesTheSmallWindowsFromWhereverTheKeyboardIs) {
 }
 
 // So few that a page is left in a moment; what belongs together is one stop.
-TEST_F(KeyboardTest, NoPageOfTheMainWindowHasManyStops) {
+TEST_F(KeyboardTest, NoPageHasManyStops) {
     constexpr std::size_t most = 24;
     for (int i = 1; i <= form1().ListView1.Count(); ++i) form1().ListView1.userTick(i, true);
     form1().chkCustTime.setValue(1);
     form1().cboFile.AddItem("C:\\a");
     for (const Page& page : pages()) {
-        if (page.form != "Form1") continue;
         const std::vector<QWidget*> stops = focusable(show(page));
         std::string names;
         for (const QWidget* stop : stops) names += nameOf(stop) + " ";
         EXPECT_LE(stops.size(), most) << names;
-        EXPECT_GE(stops.size(), 6u) << names;
+        EXPECT_GE(stops.size(), page.form == "Form1" ? 6u : 1u) << names;
     }
 }
 

@@ -329,6 +329,28 @@ TEST_F(ListViewTest, AHeadersTextFollowsTheField) {
     EXPECT_EQ(list()->model()->headerData(3, Qt::Horizontal).toString(), "Trigger ( %)");
 }
 
+TEST_F(ListViewTest, ALongTextIsCutInTheMiddleAndShownWholeBesideThePointer) {
+    for (const auto* each : window()->findChildren<qt::ListViewWidget*>()) {
+        const bool isText = each->objectName() == "LVAlert";
+        EXPECT_EQ(each->textElideMode(), isText ? Qt::ElideRight : Qt::ElideMiddle)
+            << each->objectName().toStdString();
+    }
+}
+
+TEST_F(ListViewTest, AColumnIsWideEnoughForTheRowsThatComeIntoView) {
+    field().Clear();
+    for (int i = 0; i < 200; ++i) field().Add("C:\\" + std::to_string(i));
+    for (int i = 1; i <= 200; ++i)
+        field().ListItems(i).setSubItems(1, i < 150 ? "1 KB" : "123,456,789,012 KB");
+    settle();
+    const int before = list()->columnWidth(1);
+    list()->scrollToBottom();
+    settle();
+    EXPECT_GT(list()->columnWidth(1), before);
+    EXPECT_GE(list()->columnWidth(1),
+              list()->fontMetrics().horizontalAdvance("123,456,789,012 KB"));
+}
+
 TEST_F(ListViewTest, AnEmptyListSaysWhatItIsFor) {
     click("lblSpectab(0)");
     auto* programs = find<qt::ListViewWidget>("LVProg");

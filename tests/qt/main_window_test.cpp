@@ -1,6 +1,10 @@
 // The frame of the main window, by clicks on its own widgets.
+#include <QScrollArea>
+#include <QStyle>
 #include <QToolButton>
 
+#include "qt/controls/legible_style.h"
+#include "qt/icons/glyph.h"
 #include "qt/window_test.h"
 
 namespace velmora::tests {
@@ -150,6 +154,41 @@ TEST_F(MainWindowTest, FromTheFullViewAMaximisedWindowBecomesCompactAndBackAgain
     click("Toolbar1(5)");
     EXPECT_EQ(form1().Toolbar1.Buttons(tool::view).Caption, "View -");
     EXPECT_EQ(form1().Height(), 9100);
+}
+
+TEST_F(MainWindowTest, TheButtonBesideTheLineOpensTheWizard) {
+    click("cmdSetUp");
+    EXPECT_TRUE(program->forms().frmWizard.Visible());
+}
+
+TEST_F(MainWindowTest, ALargeWindowGivesItsRoomToTheWatchListAndNotToText) {
+    window()->resize(538, 607);
+    settle();
+    const int height = find("ListView1")->height();
+    window()->resize(1600, 1000);
+    for (int page = 0; page < 5; ++page) {
+        click(QStringLiteral("lblTab(%1)").arg(page));
+        settle();
+        EXPECT_GT(find("ListView1")->height(), height) << page;
+        for (const auto* area : window()->findChildren<QScrollArea*>()) {
+            if (!area->isVisible() || area->accessibleName() != "Page") continue;
+            EXPECT_LE(area->widget()->width(), 960) << page;
+        }
+    }
+}
+
+TEST_F(MainWindowTest, MessageBoxesHaveTheProgramsOwnPictures) {
+    const std::pair<QStyle::StandardPixmap, qt::Glyph> pictures[] = {
+        {QStyle::SP_MessageBoxQuestion, qt::Glyph::question},
+        {QStyle::SP_MessageBoxInformation, qt::Glyph::information},
+        {QStyle::SP_MessageBoxWarning, qt::Glyph::stateAlert},
+        {QStyle::SP_MessageBoxCritical, qt::Glyph::critical}};
+    const qt::LegibleStyle style;
+    for (const auto& [picture, glyph] : pictures) {
+        EXPECT_EQ(style.standardIcon(picture, nullptr, nullptr).pixmap(32).toImage(),
+                  qt::glyphIcon(glyph).pixmap(32).toImage())
+            << picture;
+    }
 }
 
 TEST_F(MainWindowTest, PicturesAtTheRightHaveWordsWhereThereIsRoom) {

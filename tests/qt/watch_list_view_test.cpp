@@ -263,7 +263,7 @@ TEST_F(WatchListViewTest, TheLogIsNamedAsTheHostDoes) {
 TEST_F(WatchListViewTest, TheBannerFollowsTheWatch) {
     EXPECT_EQ(bannerText(), "Nothing is watched yet: tick a drive");
     furnishAll();
-    form1().cmdPause.setCaption(watch_caption::pause);
+    form1().Timer1.setEnabled(true);
     settle();
     EXPECT_EQ(bannerText(), "3 watched, all fine");
     at(1).setFreeSpace("10 KB");
@@ -272,7 +272,7 @@ TEST_F(WatchListViewTest, TheBannerFollowsTheWatch) {
     form1().txtSpace.setText("5");
     settle();
     EXPECT_EQ(bannerText(), "3 watched, all fine");
-    form1().cmdPause.setCaption(watch_caption::start);
+    form1().Timer1.setEnabled(false);
     settle();
     EXPECT_EQ(bannerText(), "Paused");
     form1().ListView1.Clear();
@@ -289,7 +289,7 @@ TEST_F(WatchListViewTest, TheStatusPictureIsNeutralUntilAllIsFine) {
     };
     EXPECT_TRUE(shows(qt::Glyph::stateNeutral));
     furnishAll();
-    form1().cmdPause.setCaption(watch_caption::pause);
+    form1().Timer1.setEnabled(true);
     settle();
     EXPECT_TRUE(shows(qt::Glyph::stateOk));
     at(1).setFreeSpace("10 KB");

@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <algorithm>
 
@@ -77,6 +78,8 @@ ListViewWidget::ListViewWidget(ListView& list, ListViewModel::Pictures pictures,
     setTextElideMode(Qt::ElideMiddle);
     setMouseTracking(true);
     header()->setStretchLastSection(false);
+    // Rows out of view are measured when they come into view: a long list is published often.
+    header()->setResizeContentsPrecision(0);
     header()->setTextElideMode(Qt::ElideRight);
     header()->setSectionResizeMode(QHeaderView::Interactive);
     header()->setSectionsMovable(false);
@@ -118,6 +121,10 @@ void ListViewWidget::connectField() {
     connect(header(), &QHeaderView::sectionResized, this, [this] {
         // By the user's hand: the widths stay from now on.
         if (!fitting_ && QGuiApplication::mouseButtons() != Qt::NoButton) sizedByUser_ = true;
+    });
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
+        noteWidths();
+        fitColumns();
     });
     follow(list_.SelectionChanged, this, [this] { showSelection(); });
     takeDrops(viewport(), list_, hand_);

@@ -10,7 +10,7 @@ namespace velmora::qt {
 AllWindows::AllWindows(Forms& forms, const QtShellIcons& icons, QtUser32& user32, UserHand& hand,
                        WindowsByName& names, Printing& printing)
     : forms_(forms), hand_(hand), names_(names) {
-    add(forms.form1.Name(), new MainWindow(forms.form1, icons, user32, hand));
+    add(forms.form1.Name(), new MainWindow(forms, icons, user32, hand));
     addWhenLoaded(forms.frmLock, makeLockWindow);
     addWhenLoaded(forms.frmAbout, makeAboutWindow);
     addWhenLoaded(forms.dlgAlert, makeAlertWindow);

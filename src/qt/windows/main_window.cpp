@@ -48,8 +48,8 @@ QWidget* stretch() {
 
 }  // namespace
 
-MainWindow::MainWindow(Form1& form, const QtShellIcons& icons, QtUser32& user32, UserHand& hand)
-    : form_(form), user32_(user32), hand_(hand) {
+MainWindow::MainWindow(Forms& forms, const QtShellIcons& icons, QtUser32& user32, UserHand& hand)
+    : forms_(forms), form_(forms.form1), user32_(user32), hand_(hand) {
     setWindowIcon(programIcon());
     setMinimumWidth(leastWidth);
     addToolBar();
@@ -60,9 +60,9 @@ MainWindow::MainWindow(Form1& form, const QtShellIcons& icons, QtUser32& user32,
     auto* pages = row({makeTabs(), makePages()});
     pages->setSpacing(0);
     content->addWidget(makeLowerPart(pages), 4);
-    content->addWidget(makeTrayNote(form, hand));
+    content->addWidget(makeTrayNote(form_, hand));
     setCentralWidget(around(content));
-    auto* status = new StatusView(form.StatusBar1);
+    auto* status = new StatusView(form_.StatusBar1);
     setStatusBar(status);
     const auto showMood = [this, status] {
         status->setFine(banner_->summary().mood == WatchSummary::Mood::good);
@@ -70,9 +70,9 @@ MainWindow::MainWindow(Form1& form, const QtShellIcons& icons, QtUser32& user32,
     connect(banner_, &WatchBanner::changed, status, showMood);
     showMood();
     addMenus();
-    addShortcuts(this, form, hand);
-    findChild<QWidget*>(fieldName(form.ListView1))->setFocus();
-    new FormBinding(this, form, hand, {.sized = true, .role = WindowRole::main});
+    addShortcuts(this, form_, hand);
+    findChild<QWidget*>(fieldName(form_.ListView1))->setFocus();
+    new FormBinding(this, form_, hand, {.sized = true, .role = WindowRole::main});
 }
 
 // On a low screen it scrolls, so that the status bar stays in view.
@@ -131,7 +131,7 @@ QToolButton* MainWindow::makeMenuButton() {
 }
 
 QWidget* MainWindow::makeWatchList(const QtShellIcons& icons) {
-    banner_ = new WatchBanner(form_, hand_);
+    banner_ = new WatchBanner(forms_, hand_);
     banner_->addAction(makeButton(form_.cmdSetUp, hand_));
     ListViewWidget* list = makeWatchListView(
         form_, [&icons](const std::string& key) { return rowPicture(key, icons); }, hand_);

@@ -5,7 +5,7 @@
 #include <QToolButton>
 #include <vector>
 
-#include "forms/form1.h"
+#include "forms/forms.h"
 #include "qt/surface/qt_shell_icons.h"
 #include "qt/surface/qt_user32.h"
 #include "qt/surface/user_hand.h"
@@ -16,7 +16,7 @@ namespace velmora::qt {
 class MainWindow : public QMainWindow {
     Q_OBJECT
   public:
-    MainWindow(Form1& form, const QtShellIcons& icons, QtUser32& user32, UserHand& hand);
+    MainWindow(Forms& forms, const QtShellIcons& icons, QtUser32& user32, UserHand& hand);
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -39,6 +39,7 @@ class MainWindow : public QMainWindow {
     /// compact view.
     void reportHeights();
 
+    Forms& forms_;
     Form1& form_;
     QtUser32& user32_;
     UserHand& hand_;

@@ -1,7 +1,8 @@
 #include "qt/windows/watch_banner.h"
 
-#include <QMetaObject>
 #include <QPainter>
+#include <QTimer>
+#include <algorithm>
 #include <initializer_list>
 #include <utility>
 
@@ -21,6 +22,7 @@ constexpr int bannerPicture = 18;
 constexpr double stripWidth = 4;
 constexpr double bannerCorner = 4;
 constexpr float groundStrength = 0.12F;
+constexpr qint64 restFactor = 10;
 
 Glyph pictureFor(const WatchSummary& summary) {
     switch (summary.mood) {
@@ -48,8 +50,8 @@ QColor moodColour(Mood mood, const QPalette& palette) {
 
 }  // namespace
 
-WatchBanner::WatchBanner(Form1& form, const UserHand& hand, QWidget* parent)
-    : QFrame(parent), form_(form), hand_(hand), picture_(new QLabel), text_(new CaptionLabel) {
+WatchBanner::WatchBanner(Forms& forms, const UserHand& hand, QWidget* parent)
+    : QFrame(parent), forms_(forms), hand_(hand), picture_(new QLabel), text_(new CaptionLabel) {
     makeCaptionsAccessible();
     setObjectName(QStringLiteral("WatchBanner"));
     auto* content = row({picture_, text_});
@@ -63,7 +65,7 @@ WatchBanner::WatchBanner(Form1& form, const UserHand& hand, QWidget* parent)
     text_->setFont(font);
     text_->setObjectName(QStringLiteral("WatchBanner.Text"));
     text_->setAccessibleName(QStringLiteral("State of the watch"));
-    followFields(form);
+    followFields(forms.form1);
     refresh();
 }
 
@@ -73,22 +75,23 @@ void WatchBanner::followFields(Form1& form) {
     keep(form.ListView1.RowInserted.connect([this](int) { touch(); }));
     keep(form.ListView1.RowRemoved.connect([this](int) { touch(); }));
     keep(form.ListView1.RowsReset.connect([this] { touch(); }));
-    for (Control* control : std::initializer_list<Control*>{&form.cmdPause, &form.txtSpace,
+    // A check that begins or ends tells so in the status bar.
+    keep(form.StatusBar1.PanelChanged.connect([this](int) { touch(); }));
+    for (Control* control : std::initializer_list<Control*>{&form.Timer1, &form.txtSpace,
                                                             &form.chkDrive, &form.OpDriv[1]}) {
         keep(control->Changed.connect([this] { touch(); }));
     }
 }
 
-// A check changes every row: all changes are read at once when the event loop runs.
+// A check changes every row: all changes are read at once when the event loop runs. Reading a long
+// list takes its time, of which this takes a tenth at most.
 void WatchBanner::touch() {
     if (std::exchange(touched_, true)) return;
-    QMetaObject::invokeMethod(
-        this,
-        [this] {
-            touched_ = false;
-            if (connections_.front().connected()) refresh();
-        },
-        Qt::QueuedConnection);
+    const qint64 pause = restFactor * cost_ - sinceRead_.elapsed();
+    QTimer::singleShot(static_cast<int>(std::max<qint64>(0, pause)), this, [this] {
+        touched_ = false;
+        if (connections_.front().connected()) refresh();
+    });
 }
 
 void WatchBanner::addAction(QWidget* action) {
@@ -96,7 +99,9 @@ void WatchBanner::addAction(QWidget* action) {
 }
 
 void WatchBanner::refresh() {
-    summary_ = summaryOf(form_, hand_.regional());
+    sinceRead_.start();
+    summary_ = summaryOf(forms_, hand_.regional());
+    cost_ = sinceRead_.elapsed();
     const bool isNamed = !summary_.paths.empty();
     text_->setText(shown(isNamed ? summary_.text + ": " + summary_.paths : summary_.text));
     text_->setAccessibleDescription(text_->text());

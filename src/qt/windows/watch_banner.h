@@ -1,11 +1,12 @@
 // The line above the watch list that says how the watch stands.
 #pragma once
 
+#include <QElapsedTimer>
 #include <QFrame>
 #include <QLabel>
 #include <vector>
 
-#include "forms/form1.h"
+#include "forms/forms.h"
 #include "monitor/watch_summary.h"
 #include "qt/surface/user_hand.h"
 
@@ -14,7 +15,7 @@ namespace velmora::qt {
 class WatchBanner : public QFrame {
     Q_OBJECT
   public:
-    WatchBanner(Form1& form, const UserHand& hand, QWidget* parent = nullptr);
+    WatchBanner(Forms& forms, const UserHand& hand, QWidget* parent = nullptr);
 
     const WatchSummary& summary() const { return summary_; }
     /// Adds a widget at its end.
@@ -31,12 +32,14 @@ class WatchBanner : public QFrame {
     void touch();
     void refresh();
 
-    const Form1& form_;
+    const Forms& forms_;
     const UserHand& hand_;
     WatchSummary summary_;
     QLabel* picture_;
     QLabel* text_;
     bool touched_ = false;
+    QElapsedTimer sinceRead_;  // the fields
+    qint64 cost_ = 0;          // of the last reading, in milliseconds
     std::vector<ScopedConnection> connections_;
 };
 

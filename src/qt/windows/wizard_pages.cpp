@@ -195,6 +195,7 @@ QLayout* makeMailPage(FrmWizard& form, UserHand& hand) {
     };
     add(mail_word::server, form.txtMailServer);
     fields->addRow(makeCaption(form.lblMail[mail_word::port]), makeServer(form, hand));
+    fields->addRow(makeCaption(form.lblEncryptionWhy, true));
     add(mail_word::address, form.txtYourEmail);
     add(mail_word::user, form.txtUser);
     add(mail_word::password, form.txtPass);

@@ -70,7 +70,7 @@ void Proposals::answerKinds() {
     types_.make(
         proposedTypes(kinds[file_kind::media].ticked(), kinds[file_kind::internet].ticked()),
         "Proposed: types of files that can be spared. What you use often is left out, and "
-        "documents and databases always are.");
+        "documents and databases always are. The list is kept; no action goes by it yet.");
 }
 
 void Proposals::answerSpeed() {

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "forms/form_numbers.h"
+#include "monitor/watch_times.h"
 #include "persist/settings_file.h"
 #include "shell/help_question.h"
 #include "shell/wizard/list_mirrors.h"
@@ -55,6 +57,7 @@ void SetupWizard::mirrorWatch(Host& host, const Regional& regional) {
                               parts_.monitor.watchListCommands());
     mirror<SpaceMirror>(form_, form1, parts_.monitor.minimumSpace());
     mirror<ActionsMirror>(form_.lstAct, form1.lstAct, parts_.alerts.actionListRules());
+    actions_ = mirrors_.back().get();
     mirrorField(form_.chkCustTime, form1.chkCustTime);
     for (std::size_t i = 0; i < form_.DTTime1.size(); ++i) {
         mirrorField(form_.DTTime1[i], form1.DTTime1[i]);
@@ -99,8 +102,9 @@ void SetupWizard::Form_Load() {
     prcSettingW(settings_order::read);
 }
 
+// A closed wizard has read nothing, or has forgotten it: what its fields contain was discarded.
 void SetupWizard::prcSettingW(std::int16_t bSet) {
-    if (bSet == settings_order::write) {
+    if (bSet == settings_order::write && form_.Visible()) {
         for (const auto& each : mirrors_) each->write();
     } else if (bSet == settings_order::read) {
         readMirrors([](const Mirror&) { return true; });
@@ -113,14 +117,25 @@ void SetupWizard::readMirrors(Choice isRead) {
     for (const auto& each : mirrors_) {
         if (isRead(*each)) each->read();
     }
-    form_.txtDrive.setEnabled(forms_.form1.txtDrive.Enabled());
-    for (std::size_t i = 0; i < form_.DTTime1.size(); ++i) {
-        form_.DTTime1[i].setEnabled(forms_.form1.DTTime1[i].Enabled());
-    }
+    // Ticks of the wizard that were not applied yet have rules of their own.
+    if (!actions_->touched()) form_.txtDrive.setEnabled(forms_.form1.txtDrive.Enabled());
+    enableWatchTimes(form_.chkCustTime, form_.DTTime1);
+    readEncryptionOffer();
     rules_.connect();
 }
 
+void SetupWizard::readEncryptionOffer() {
+    const ComboBox& theirs = forms_.frmNotify.cboEncryption;
+    const bool isPossible = theirs.ToolTipText().empty();
+    const bool isChosen = form_.cboEncryption.Text() != mail_encryption::none;
+    // One that the settings brought can be taken back.
+    form_.cboEncryption.setEnabled(isPossible || isChosen);
+    form_.lblEncryptionWhy.setCaption(theirs.ToolTipText());
+    form_.lblEncryptionWhy.setVisible(!isPossible);
+}
+
 void SetupWizard::cmdApply_Click() {
+    if (!form_.Visible()) return;
     prcSettingW(settings_order::write);
     // Rules of the main window may have changed what was written.
     readUntouched();

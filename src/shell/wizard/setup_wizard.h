@@ -32,8 +32,8 @@ class SetupWizard {
     SetupWizard& operator=(const SetupWizard&) = delete;
 
     void Form_Load();
-    /// Writes the wizard's values with `settings_order::write`, reads them with
-    /// `settings_order::read`; nothing with any other number. No file is touched.
+    /// Writes the wizard's values with `settings_order::write`, unless it is closed, and reads them
+    /// with `settings_order::read`; nothing with any other number. No file is touched.
     void prcSettingW(std::int16_t bSet);
     void cmdApply_Click();
     void cmdOK_Click();
@@ -52,6 +52,8 @@ class SetupWizard {
     template <typename Choice>
     void readMirrors(Choice isRead);
     void readUntouched();
+    /// Whether encryption can be chosen, and why not.
+    void readEncryptionOffer();
 
     Forms& forms_;
     FrmWizard& form_;
@@ -62,6 +64,7 @@ class SetupWizard {
     Proposals proposals_;
     WizardRules rules_;
     std::vector<std::unique_ptr<Mirror>> mirrors_;  // in the order of writing
+    const Mirror* actions_ = nullptr;
 };
 
 }  // namespace velmora

@@ -85,6 +85,41 @@ TEST_F(RichWizardTest, ASettingInPercentAndForEachRowIsKeptToo) {
     EXPECT_EQ(said(), Words{});
 }
 
+TEST_F(RichWizardTest, AClosedWizardAppliesNothing) {
+    wizard.txtDrive.setText("D:\\");
+    wizard.txtMailServer.setText("other.example.com");
+    wizard.cmdCancel.userClick();
+    form1.txtDrive.setText("E:\\later\\");
+    mail.txtMailServer.setText("later.example.com");
+    const std::string before = contentBesidesWizard(forms);
+    wizard.chkop[0].Click();
+    wizard.chkop[0].setValue(1);
+    wizard.cmdApply.Click();
+    EXPECT_EQ(contentBesidesWizard(forms), before);
+    wizard.cmdOK.Click();
+    EXPECT_EQ(contentBesidesWizard(forms), before);
+}
+
+TEST(UnopenedWizardTest, ApplyAndOkChangeNothing) {
+    WizardRig rig(WizardRig::Opened::no);
+    ASSERT_FALSE(rig.wizard.Visible());
+    const std::string before = contentBesidesWizard(rig.forms);
+    rig.wizard.cmdApply.Click();
+    rig.wizard.cmdOK.Click();
+    EXPECT_EQ(contentBesidesWizard(rig.forms), before);
+}
+
+TEST_F(RichWizardTest, OkClosesAlsoWhenTheWatchListWasRefused) {
+    forms.globals.bChecking = true;
+    wizard.ListView1.userTick(2, true);
+    wizard.txtMailSubj.setText("new");
+    host.answers = {BoxAnswer::no};
+    wizard.cmdOK.userClick();
+    EXPECT_FALSE(wizard.Visible());
+    EXPECT_EQ(rowsOf(watched), (Words{"*C:\\", "D:\\", "*E:\\", "\\\\nas\\backup"}));
+    EXPECT_EQ(mail.txtMailSubj.Text(), "new");
+}
+
 TEST_F(RichWizardTest, CancelLeavesNoTrace) {
     const std::string before = contentBesidesWizard(forms);
     const std::string file = saved();

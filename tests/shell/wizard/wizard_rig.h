@@ -55,7 +55,16 @@ struct WizardRig {
     const std::string settingsPath = "C:\\Program Files\\Velmora\\set.dat";
 
     /// `settings` are plain lines besides those of an interval of a minute and 50000 KB.
-    explicit WizardRig(const std::vector<std::string>& settings = {}) {
+    explicit WizardRig(const std::vector<std::string>& settings = {})
+        : WizardRig(Opened::no, settings) {
+        open();
+        host.boxes.clear();
+        machine.log.clear();
+    }
+
+    enum class Opened { no };
+    /// The same before the wizard was ever opened.
+    explicit WizardRig(Opened, const std::vector<std::string>& settings = {}) {
         machine.drives["C:"] = {100'000.0 * 1024, 200'000.0 * 1024};
         machine.drives["D:"] = {3'000.0 * 1024, 400'000.0 * 1024};
         machine.drives["E:"] = {.ready = false};
@@ -67,7 +76,6 @@ struct WizardRig {
         monitor.lifeCycle().Form_Load();
         alerts.afterLoad();
         notify.afterLoad();
-        open();
         host.boxes.clear();
         machine.log.clear();
     }

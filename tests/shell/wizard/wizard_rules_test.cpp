@@ -254,6 +254,36 @@ TEST_F(WizardRulesTest, WhatARuleDisablesSaysWhy) {
               "step \"Action on Space Shortage\".");
 }
 
+TEST_F(WizardRulesTest, TheMailSettingsBesideItLeaveTheRulesOfTicksThatWereNotApplied) {
+    wizard.chkCustTime.userClick();
+    wizard.lstAct.userTick(act::alert, true);
+    wizard.lstAct.userTick(act::move, true);
+    form1.txtDrive.setEnabled(false);
+    mail.Show();
+    mail.Hide();
+    EXPECT_TRUE(wizard.DTTime1[0].Enabled());
+    EXPECT_TRUE(wizard.DTTime1[1].Enabled());
+    EXPECT_FALSE(wizard.lblTimeWhy.Visible());
+    EXPECT_TRUE(wizard.txtDrive.Enabled());
+    EXPECT_FALSE(wizard.lblDriveWhy.Visible());
+}
+
+TEST_F(WizardRulesTest, EncryptionThatIsImpossibleSaysWhy) {
+    EXPECT_TRUE(wizard.cboEncryption.Enabled());
+    EXPECT_FALSE(wizard.lblEncryptionWhy.Visible());
+    mail.cboEncryption.setToolTipText("no library");
+    mail.cboEncryption.setEnabled(false);
+    reopen();
+    EXPECT_FALSE(wizard.cboEncryption.Enabled());
+    EXPECT_TRUE(wizard.lblEncryptionWhy.Visible());
+    EXPECT_EQ(wizard.lblEncryptionWhy.Caption(), "no library");
+    // One that the settings brought can be taken back.
+    mail.cboEncryption.setText(mail_encryption::tls);
+    reopen();
+    EXPECT_TRUE(wizard.cboEncryption.Enabled());
+    EXPECT_TRUE(wizard.lblEncryptionWhy.Visible());
+}
+
 TEST_F(WizardRulesTest, ThePathIsThatOfAChosenFile) {
     host.paths = {"D:\\data\\file.txt", ""};
     wizard.cmdFolder.userClick();
