@@ -70,8 +70,7 @@ int runConsole(Machine& machine, std::istream& input, std::ostream& stream,
     console::Waiting waiting(host, timers, later, platform.clock, output, sleep);
     const console::EventReport report(core.alerts().Raised, forms.form1.StatusBar1,
                                       forms.frmNotify.StatusTxt, output, waiting);
-    console::Reports reports(core.notify().inventory(), core.notify().content(), platform,
-                             forms);
+    console::Reports reports(core.notify().inventory(), core.notify().content(), platform, forms);
     console::Commands commands(
         forms, host, output, waiting, later, reports,
         [&machine](const std::string& path) { return machine.toDrivePath(path); });
