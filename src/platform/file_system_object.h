@@ -60,8 +60,9 @@ class File : public PathEntry {};
 class Folder : public PathEntry {
   public:
     /// How many files and folders lie in it, hidden ones included, without those further below.
-    /// Links count as what they point to. The first question counts both, later ones answer from
-    /// that. Error 76 when the folder can't be read within the deadline.
+    /// Links count as what they point to; pipes, sockets and devices are neither. The first
+    /// question counts both, later ones answer from that. Error 76 when the folder can't be read
+    /// within the deadline.
     virtual double FilesCount() = 0;
     virtual double SubFoldersCount() = 0;
     /// Removes the folder and all that is in it, with `force` also what is read-only. No link is

@@ -25,8 +25,8 @@ class TextFiles {
     /// Bytes in the file. Error 53 when there is none.
     virtual double FileLen(const std::string& path) = 0;
     /// Removes the file: a link as the link that it is, and none is followed on the way to it.
-    /// Error 53 when there is none, 75 when it is read-only or no file, 70 when it is in use or may
-    /// not be removed.
+    /// Error 53 when there is none, 75 when it is read-only or a folder, 70 when it is in use, may
+    /// not be removed or is neither file nor folder, as a pipe or a device.
     virtual void remove(const std::string& path) = 0;
 };
 

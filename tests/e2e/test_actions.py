@@ -232,6 +232,20 @@ class Native(Actions, OwnNative, ConsoleCase):
     # The link itself is removed, not what it points to.
     gone_with_a_link = ["old"]
 
+    def test_a_pipe_is_no_file_and_nothing_deletes_or_recycles_it(self):
+        self.begin(8)
+        os.mkfifo(self.mounts[0].folder / "pipe")
+        self.before = self.trees()
+        self.console.run("answer yes")
+        self.list_files("pipe")
+        self.assertIn("does not exists", self.console.boxes()[0]["text"])
+        self.console.run("select LVFile 1")
+        self.console.run("click lblSF(3)")
+        texts = self.texts(each for each in self.console.events if each["event"] == "alert")
+        self.assertEqual(
+            texts, [f"- No Folder Found or No Content in Folder: {self.roots[0]}pipe"])
+        self.assertEqual(self.trees(), self.before)
+
     def test_the_recycled_file_lies_in_the_trash_of_its_own_drive(self):
         self.begin(8)
         others = [f"other {number}.bin" for number in range(1, 10)]

@@ -21,6 +21,9 @@ def state_of(path):
         return ("link", os.readlink(path))
     if stat.S_ISDIR(status.st_mode):
         return ("folder", stat.S_IMODE(status.st_mode))
+    # A pipe would keep its reader waiting.
+    if not stat.S_ISREG(status.st_mode):
+        return ("special", stat.S_IFMT(status.st_mode))
     return ("file", stat.S_IMODE(status.st_mode), path.read_bytes())
 
 

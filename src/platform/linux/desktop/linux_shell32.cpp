@@ -105,7 +105,7 @@ std::int32_t LinuxShell32::ShellExecuteA(const std::string&, const std::string& 
     if (isDiskCleaner(file)) return openDiskCleaner();
     const std::string hostPath = volumes_.hostPathOf(file);
     const FileKind kind = volumes_.kindOf(hostPath);
-    if (kind == FileKind::none) return notFound;
+    if (kind != FileKind::file && kind != FileKind::folder) return notFound;
     if (kind == FileKind::file && lowerCase(operation) == "open" && isProgram(hostPath))
         return run(hostPath, parameters, folderOf(hostPath)) ? taken : notAllowed;
     return hasTakenOrder(programs_.run({"xdg-open", hostPath})) ? taken : notFound;

@@ -16,13 +16,15 @@ namespace {
 
 void count(int folder, const dirent64& entry, EntryCounts& counts) {
     if (isDots(entry.d_name)) return;
-    bool isFolder = entry.d_type == DT_DIR;
+    unsigned char kind = entry.d_type;
     // Some filesystems leave the kinds out of their listings.
-    if (entry.d_type == DT_LNK || entry.d_type == DT_UNKNOWN) {
+    if (kind == DT_LNK || kind == DT_UNKNOWN) {
         struct stat status {};
-        isFolder = fstatat(folder, entry.d_name, &status, 0) == 0 && S_ISDIR(status.st_mode);
+        const bool leadsSomewhere = fstatat(folder, entry.d_name, &status, 0) == 0;
+        kind = leadsSomewhere ? IFTODT(status.st_mode) : DT_REG;
     }
-    ++(isFolder ? counts.folders : counts.files);
+    if (kind == DT_DIR) ++counts.folders;
+    if (kind == DT_REG) ++counts.files;
 }
 
 // The reading functions of the runtime allocate memory, which a forked child may not.

@@ -6,7 +6,7 @@
 namespace velmora::linuxhost {
 
 struct EntryCounts {
-    std::uint64_t files = 0;    ///< everything but folders
+    std::uint64_t files = 0;    ///< without pipes, sockets and devices
     std::uint64_t folders = 0;  ///< without "." and ".."
 };
 

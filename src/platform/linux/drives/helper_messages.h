@@ -14,11 +14,12 @@ namespace velmora::linuxhost {
 
 enum class HelperQuestion : std::uint32_t { space, status, entries, listing };
 
-enum class FileKind { none, folder, file };
+/// `other` is what must never be taken for a file: a pipe, a socket, a device.
+enum class FileKind { none, folder, file, other };
 
-/// Whatever is no folder counts as a file.
 inline FileKind kindOf(const struct statx& status) {
-    return S_ISDIR(status.stx_mode) ? FileKind::folder : FileKind::file;
+    if (S_ISDIR(status.stx_mode)) return FileKind::folder;
+    return S_ISREG(status.stx_mode) ? FileKind::file : FileKind::other;
 }
 
 struct HelperRequest {

@@ -51,7 +51,7 @@ class Volumes {
     /// The status of what lies at an absolute path of the host, of a link that of what it points
     /// to; nothing also when its drive doesn't answer in time.
     std::optional<struct statx> statusOf(const std::string& hostPath);
-    /// Whether a file or a folder lies there; none likewise.
+    /// What lies there; none likewise.
     FileKind kindOf(const std::string& hostPath);
     /// What lies in the folder at that path; nothing when it can't be read in time.
     std::optional<EntryCounts> entriesOf(const std::string& hostPath);

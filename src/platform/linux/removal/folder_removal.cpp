@@ -84,8 +84,10 @@ int removeFolder(Volumes& volumes, const std::string& hostPath, bool force) {
 int statusToRemove(const OpenedParent& parent, const std::string& path, struct stat& status) {
     if (!parent.isOpen()) return parent.failure();
     if (const int failure = parent.readStatus(status); failure != 0) return failure;
+    if (S_ISDIR(status.st_mode)) return 0;
     // Only a folder's path may end in a separator.
-    return endsInSeparator(path) && !S_ISDIR(status.st_mode) ? ENOENT : 0;
+    if (endsInSeparator(path)) return ENOENT;
+    return S_ISREG(status.st_mode) || S_ISLNK(status.st_mode) ? 0 : EACCES;
 }
 
 int removeFile(const OpenedParent& parent, const struct stat& status) {

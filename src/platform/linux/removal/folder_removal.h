@@ -16,8 +16,8 @@ int removeFolder(Volumes& volumes, const std::string& hostPath, bool force);
 int removeFolder(const OpenedParent& parent, bool force);
 
 /// Reads the status of the entry that a drive path names in its parent folder, of a link that of
-/// the link itself. 0, or the errno: why the parent isn't open, and ENOENT where a path that ends
-/// in a separator leads to no folder.
+/// the link itself. 0, or the errno: why the parent isn't open, ENOENT where a path that ends in a
+/// separator leads to no folder, and EACCES for a pipe, a socket or a device, which is no file.
 int statusToRemove(const OpenedParent& parent, const std::string& path, struct stat& status);
 
 /// Removes a file, or a link as itself, whose status has just been read. 0, or the errno: EROFS for

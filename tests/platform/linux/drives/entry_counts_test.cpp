@@ -42,8 +42,11 @@ TEST_F(EntryCountsTest, ALinkThatLeadsNowhereIsAFile) {
     expectCounts(2, 0);
 }
 
-TEST_F(EntryCountsTest, PipesAreFilesAndDontKeepTheCallerWaiting) {
+TEST_F(EntryCountsTest, PipesAreNoFilesAndDontKeepTheCallerWaiting) {
     ASSERT_EQ(mkfifo(within("pipe").c_str(), 0600), 0);
+    expectCounts(0, 0);
+    fs::create_symlink("pipe", within("to a pipe"));
+    std::ofstream(within("file")) << "x";
     expectCounts(1, 0);
 }
 
