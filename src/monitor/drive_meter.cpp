@@ -1,6 +1,7 @@
 #include "monitor/drive_meter.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "base/convert.h"
 #include "base/runtime_error.h"
@@ -10,11 +11,11 @@ namespace velmora {
 
 namespace {
 
-// The gauges are upside down: their zero is at the top.
+// The gauges are upside down: their zero is at the top. Without a figure to show one is cleared.
 template <typename Gauge>
-void point(Gauge& gauge, double part, double whole) {
+void point(Gauge& gauge, std::optional<double> part, double whole) {
     const double highest = gauge.Max();
-    const double value = highest - part / whole * highest;
+    const double value = part && whole > 0 ? highest - *part / whole * highest : highest;
     gauge.setValue(toInteger(std::clamp<double>(value, gauge.Min(), highest)));
 }
 
@@ -50,12 +51,20 @@ void DriveMeter::prcSrvMeter(ListItem& item) {
     const ConstWatchRow row(item);
     if (!row.isReadyForGauges()) return;
     const double total = row.totalKBOrZero(regional_);
-    if (total <= 0) return;
-    const double trigger = triggerKB(row, total);
-    point(frmIndDri_.VScroll1, trigger, total);
-    point(frmIndDri_.VMeter1, trigger, total);
-    point(frmIndDri_.VMeter2, row.freeKBOrZero(regional_), total);
+    showShares(triggerKB(row, total), readKilobytes(row.freeSpace(), regional_), total);
     listFigures(row);
+}
+
+void DriveMeter::clear() {
+    showShares(std::nullopt, std::nullopt, 0);
+    frmIndDri_.ListView1.Clear();
+}
+
+void DriveMeter::showShares(std::optional<double> triggerKB, std::optional<double> freeKB,
+                            double totalKB) {
+    point(frmIndDri_.VScroll1, triggerKB, totalKB);
+    point(frmIndDri_.VMeter1, triggerKB, totalKB);
+    point(frmIndDri_.VMeter2, freeKB, totalKB);
 }
 
 void DriveMeter::prcSrvMeterPreSet(const std::string&) {
@@ -68,11 +77,11 @@ void DriveMeter::prcSrvMeterPreSet(const std::string&) {
     }
 }
 
-// A trigger that isn't set counts as 0.
-double DriveMeter::triggerKB(const ConstWatchRow& row, double totalKB) const {
+std::optional<double> DriveMeter::triggerKB(const ConstWatchRow& row, double totalKB) const {
     const std::string& text = form1_.chkDrive.ticked() ? row.trigger() : form1_.txtSpace.Text();
-    const double trigger = readNumber(text, regional_).value_or(0);
-    return form1_.OpDriv[1].Value() ? trigger / 100 * totalKB : trigger;
+    auto trigger = readNumber(text, regional_);
+    if (trigger && form1_.OpDriv[1].Value()) *trigger *= totalKB / 100;
+    return trigger;
 }
 
 void DriveMeter::listFigures(const ConstWatchRow& row) {

@@ -2,6 +2,7 @@
 // take, and the drive's figures in a list.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "base/regional.h"
@@ -23,15 +24,19 @@ class DriveMeter {
     void prcShowfrmIndDri(const std::string& path);
     /// The same without bringing the view to the front.
     void showPath(const std::string& path);
-    /// Shows the figures of that row of the watch list. Draws nothing for a row that isn't
-    /// available or has no total size. Never fails: a value beyond a gauge's range is shown at its
-    /// end, and a folder that can't be read is "N/A".
+    /// Shows the figures of that row of the watch list. Draws nothing for a row whose free space
+    /// says that it isn't ready. Never fails: a figure that the row doesn't have clears its gauge,
+    /// a value beyond a gauge's range is shown at its end, and a folder that can't be read is
+    /// "N/A".
     void prcSrvMeter(ListItem& row);
+    /// Shows no figures.
+    void clear();
     /// Shows the row of the view's present drive, while the view is visible. `strDri` isn't used.
     void prcSrvMeterPreSet(const std::string& strDri);
 
   private:
-    double triggerKB(const ConstWatchRow& row, double totalKB) const;
+    std::optional<double> triggerKB(const ConstWatchRow& row, double totalKB) const;
+    void showShares(std::optional<double> triggerKB, std::optional<double> freeKB, double totalKB);
     void offerPaths();
     void listFigures(const ConstWatchRow& row);
 

@@ -54,7 +54,7 @@ bool ConstWatchRow::isMeasured() const {
 }
 
 bool ConstWatchRow::isReadyForGauges() const {
-    return isAvailable() && !contains(lowerCase(freeSpace()), "not ready");
+    return !contains(lowerCase(freeSpace()), "not ready");
 }
 
 bool ConstWatchRow::isAvailableForTip() const {

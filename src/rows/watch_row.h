@@ -54,7 +54,7 @@ class ConstWatchRow {
     bool isAvailable() const;
     /// It is available and not empty.
     bool isMeasured() const;
-    /// For the gauges: it holds neither "n/a" nor "not ready", in capitals or not.
+    /// For the gauges: it doesn't hold "not ready", in capitals or not.
     bool isReadyForGauges() const;
     /// For the tray tip: it doesn't hold "N/A" in capitals.
     bool isAvailableForTip() const;

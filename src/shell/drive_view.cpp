@@ -60,6 +60,7 @@ void DriveView::beginPath() {
         form_.picPie.describe({}, {}, {});
     }
     form_.ProgressBar1.setValue(0);
+    driveMeter_.clear();
     VScroll1_Change();
 }
 
@@ -150,8 +151,9 @@ void DriveView::Combo1_Click() {
         ListItem& each = form1_.ListView1.ListItems(i);
         each.setSelected(&each == row);
     }
-    driveMeter_.prcSrvMeter(*row);
+    // A drive that can't be read is shown without a pie, and with the figures of its row.
     resumeNext([this] { prcUpdateThis(); });
+    driveMeter_.prcSrvMeter(*row);
 }
 
 double DriveView::totalKB() {

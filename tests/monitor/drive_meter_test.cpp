@@ -182,20 +182,45 @@ TEST(DriveMeter, AFolderThatCanNotBeReadHasNoCounts) {
               (Texts{"Size=1,000 KB", "Free Space=500 KB", "Folders=N/A", "Files=N/A"}));
 }
 
-TEST(DriveMeter, DrawsNothingForARowThatIsNotAvailableOrHasNoSize) {
+TEST(DriveMeter, DrawsNothingForARowThatIsNotReady) {
     MeterRig rig;
     rig.show("500 KB", "1,000 KB");
     const Texts before = rig.lines();
     rig.machine.log.clear();
     rig.form1.txtSpace.setText("900");
-    for (const char* text : {"N/A, drive not ready", "N/A, drive not ready.", "Drive Not Ready",
-                             "N/A check drive or media", "n/a"}) {
+    for (const char* text : {"N/A, drive not ready", "N/A, drive not ready.", "Drive Not Ready"}) {
         rig.show(text, "1,000 KB");
     }
-    for (const char* total : {"0 KB", "", "unknown", "-5 KB"}) rig.show("700 KB", total);
     EXPECT_EQ(rig.values(), (Values{80, 40, 25}));
     EXPECT_EQ(rig.lines(), before);
     EXPECT_EQ(rig.machine.log.count(), 0);
+}
+
+// Its first check leaves a folder without a free space of its own.
+TEST(DriveMeter, ShowsAFolderAfterItsFirstCheckWithoutItsFreeSpace) {
+    MeterRig rig;
+    rig.show("500 KB", "1,000 KB");
+    rig.machine.folders = {"c:\\data", "c:\\data\\a"};
+    rig.machine.files = {{"C:\\data\\1", ""}};
+    for (const char* text : {"N/A check drive or media", "n/a", "", "soon"}) {
+        rig.view.VMeter2.setValue(25);
+        rig.meter.prcSrvMeter(rig.measured(text, "400 KB", "C:\\data"));
+        EXPECT_EQ(rig.values(), (Values{50, 25, 50})) << text;
+        EXPECT_EQ(rig.view.VMeter2.Label1(), "0%") << text;
+        EXPECT_EQ(rig.lines(), (Texts{"Size=400 KB", std::string("Free Space=") + text, "Folders=1",
+                                      "Files=1"}));
+    }
+}
+
+TEST(DriveMeter, WithoutATotalSizeAllGaugesAreClear) {
+    MeterRig rig;
+    for (const char* total : {"0 KB", "", "unknown", "-5 KB"}) {
+        rig.show("500 KB", "1,000 KB");
+        rig.show("700 KB", total);
+        EXPECT_EQ(rig.values(), (Values{100, 50, 50})) << total;
+        EXPECT_EQ(rig.lines()[0], std::string("Size=") + total);
+        EXPECT_EQ(rig.lines()[1], "Free Space=700 KB");
+    }
 }
 
 struct VisibleMeter : MeterRig {

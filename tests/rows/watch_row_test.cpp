@@ -113,10 +113,11 @@ TEST_F(WatchRowTest, EachReaderHasItsRuleOfWhatIsAvailable) {
         bool available, measured, readyForGauges, availableForTip;
     } cases[] = {{"12 KB", true, true, true, true},
                  {"", true, false, true, true},
-                 {"N/A", false, false, false, false},
+                 {"N/A", false, false, true, false},
                  {"N/A, drive not ready", false, false, false, false},
-                 {"was n/a once", false, false, false, true},
-                 {"N/a", false, false, false, true},
+                 {"N/A check drive or media", false, false, true, false},
+                 {"was n/a once", false, false, true, true},
+                 {"N/a", false, false, true, true},
                  {"drive Not Ready", true, true, false, true}};
     ListItem& item = list.Add("C:\\");
     const ConstWatchRow row(item);

@@ -89,6 +89,30 @@ TEST_F(DriveViewTest, ADriveWithNothingUsedHasNoMedia) {
     EXPECT_EQ(names(), std::vector<std::string>{"No Media=0"});
 }
 
+TEST_F(DriveViewTest, AFolderAfterItsFirstCheckHasItsOwnFigures) {
+    form1.txtSpace.setText("200");
+    meter.prcShowfrmIndDri("C:\\");
+    addRow("D:\\old", "N/A check drive or media", "2,000 KB");
+    view.Combo1.setText("D:\\old");
+    view.Combo1.Click();
+    EXPECT_EQ(view.VMeter1.Label1(), "10%");
+    EXPECT_EQ(view.VMeter2.Label1(), "0%");
+    EXPECT_EQ(view.ListView1.ListItems(1).SubItems(1), "2,000 KB");
+}
+
+TEST_F(DriveViewTest, NoFigureOfTheDriveBeforeStaysForOneThatIsNotReady) {
+    form1.txtSpace.setText("200");
+    meter.prcShowfrmIndDri("C:\\");
+    machine.drives["E:"] = {.freeBytes = 0, .totalBytes = 0, .ready = false};
+    addRow("E:\\", "N/A, drive not ready", "1,000 KB");
+    view.Combo1.setText("E:\\");
+    view.Combo1.Click();
+    EXPECT_EQ(view.VMeter1.Label1(), "0%");
+    EXPECT_EQ(view.VMeter2.Label1(), "0%");
+    EXPECT_EQ(view.ListView1.Count(), 0);
+    EXPECT_EQ(view.Text1.Text(), "0");
+}
+
 TEST_F(DriveViewTest, UnchangedFiguresPaintNothing) {
     meter.prcShowfrmIndDri("C:\\");
     EXPECT_EQ(view.picPie.paintings(), 1);
