@@ -23,6 +23,7 @@
 #include "platform/linux/settings/linux_user_state.h"
 #include "platform/linux/system/linux_clock.h"
 #include "platform/linux/volumes/linux_raw_volumes.h"
+#include "platform/linux/system/listed_times.h"
 #include "platform/network/mail_client.h"
 #include "platform/network/polled_socket.h"
 #include "platform/platform.h"
@@ -62,8 +63,9 @@ class LinuxMachine final : public Machine {
   private:
     Volumes volumes_;
     LinuxFileSystemObject fso_{volumes_};
-    LinuxKernel32 kernel32_{volumes_};
-    LinuxClock clock_;
+    ListedTimes listedTimes_;
+    LinuxKernel32 kernel32_{volumes_, &listedTimes_};
+    LinuxClock clock_{&listedTimes_};
     LinuxTextFiles files_{volumes_};
     LinuxAdvapi32 advapi32_{volumes_};
     LinuxShell32 shell32_{volumes_};

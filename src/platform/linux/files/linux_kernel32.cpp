@@ -1,5 +1,7 @@
 #include "platform/linux/files/linux_kernel32.h"
 
+#include <time.h>
+
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
@@ -7,10 +9,22 @@
 
 #include "platform/linux/moving/move_file.h"
 #include "platform/linux/paths/path_mapping.h"
+#include "platform/linux/system/file_time.h"
 #include "platform/linux/system/memory_status.h"
 #include "platform/linux/system/system_errors.h"
 
 namespace velmora::linuxhost {
+
+namespace {
+
+// An hour from now: what changes while a folder is listed has an earlier time.
+std::uint64_t latestTimeOfInterest() {
+    timespec now{};
+    clock_gettime(CLOCK_REALTIME, &now);
+    return fileTimeOf(now.tv_sec + 3600, now.tv_nsec);
+}
+
+}  // namespace
 
 std::uint32_t LinuxKernel32::GetLogicalDriveStringsA(std::uint32_t length, std::string& buffer) {
     std::string roots;
@@ -69,8 +83,12 @@ FindHandle LinuxKernel32::FindFirstFileA(const std::string& pattern, FindData& e
     const auto listing =
         listings_.try_emplace(++lastListing_, folder, !volumes_.isMountPoint(folder), asksServer)
             .first;
+    if (listed_) listed_->begin(latestTimeOfInterest());
     lastError_ = listing->second.next(entry);
-    if (lastError_ == 0) return lastListing_;
+    if (lastError_ == 0) {
+        noteTimes(entry);
+        return lastListing_;
+    }
     listings_.erase(listing);
     if (lastError_ == noMoreFiles) lastError_ = code::fileNotFound;
     return 0;
@@ -79,7 +97,14 @@ FindHandle LinuxKernel32::FindFirstFileA(const std::string& pattern, FindData& e
 bool LinuxKernel32::FindNextFileA(FindHandle listing, FindData& entry) {
     const auto found = listings_.find(listing);
     lastError_ = found == listings_.end() ? code::invalidHandle : found->second.next(entry);
+    if (lastError_ == 0) noteTimes(entry);
     return lastError_ == 0;
+}
+
+void LinuxKernel32::noteTimes(const FindData& entry) {
+    if (!listed_) return;
+    listed_->add(entry.ftLastWriteTime);
+    listed_->add(entry.ftCreationTime);
 }
 
 std::int32_t LinuxKernel32::MoveFileA(const std::string& from, const std::string& to) {

@@ -8,12 +8,15 @@
 #include "platform/kernel32.h"
 #include "platform/linux/drives/volumes.h"
 #include "platform/linux/files/linux_find.h"
+#include "platform/linux/system/listed_times.h"
 
 namespace velmora::linuxhost {
 
 class LinuxKernel32 final : public Kernel32 {
   public:
-    explicit LinuxKernel32(Volumes& volumes) : volumes_(volumes) {}
+    /// `listed` takes the times of what is listed; it must outlive this object. It may be null.
+    explicit LinuxKernel32(Volumes& volumes, ListedTimes* listed = nullptr)
+        : volumes_(volumes), listed_(listed) {}
     std::uint32_t GetLogicalDriveStringsA(std::uint32_t length, std::string& buffer) override;
     std::string GetWindowsDirectoryA() override;
     /// Of this host's environment, where names have a case.
@@ -37,7 +40,10 @@ class LinuxKernel32 final : public Kernel32 {
     bool FindCloseChangeNotification(std::uint32_t) override { return false; }
 
   private:
+    void noteTimes(const FindData& entry);
+
     Volumes& volumes_;
+    ListedTimes* listed_;
     std::uint32_t lastError_ = 0;
     std::map<FindHandle, FolderListing> listings_;
     FindHandle lastListing_ = 0;

@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 
 namespace velmora::linuxhost {
@@ -26,13 +27,14 @@ bool becomeNobody() {
 }  // namespace
 
 bool letCallsFail(long number, int failure) {
-    // The sanitizers try whether memory can be read by writing 16 bytes of it into a pipe.
-    const unsigned spared = number == SYS_write ? 16 : 0xFFFFFFFF;
+    // The sanitizers try whether memory can be read by writing 16 bytes of it into a pipe. What
+    // stands in the place of a length that a call doesn't have is left over from another.
+    const std::uint8_t sparesThese = number == SYS_write ? 1 : 0;
     sock_filter filter[] = {
         BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
         BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, static_cast<unsigned>(number), 0, 3),
         BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, args[2])),
-        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, spared, 1, 0),
+        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, 16, sparesThese, 0),
         BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | static_cast<unsigned>(failure)),
         BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW)};
     sock_fprog program{6, filter};
