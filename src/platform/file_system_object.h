@@ -97,6 +97,11 @@ class FileSystemObject {
     virtual std::unique_ptr<Folder> GetFolder(const std::string& path) = 0;
     /// Error 53 when there is no such file.
     virtual std::unique_ptr<File> GetFile(const std::string& path) = 0;
+
+    /// A path that was typed, with the links above its last name resolved, since nothing is moved
+    /// or removed through a link; the last name stays, also as a link. The path as it is where
+    /// there is no link or its folder can't be reached. On Windows no link is resolved.
+    virtual std::string WithoutLinks(const std::string& path) { return path; }
 };
 
 /// What GetDriveName gives, for backends.

@@ -60,7 +60,7 @@ class Machine {
     virtual Platform& platform() = 0;
     /// A path of the host, as a dialog or the command line gives it, as a drive path, with the
     /// links above it resolved: nothing is moved or removed through a link. A path that already is
-    /// one comes back as it is.
+    /// one comes back as `WithoutLinks` gives it.
     virtual std::string toDrivePath(const std::string& hostPath) = 0;
     /// The reverse, for handing a path to the host.
     virtual std::string toHostPath(const std::string& drivePath) = 0;

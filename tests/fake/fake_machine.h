@@ -126,6 +126,9 @@ class FakeMachine final : public Machine {
     }
     std::string toHostPath(const std::string& drivePath) override { return drivePath; }
 
+    /// What lies behind the links above a path's last name; without it there are no links.
+    std::function<std::string(const std::string&)> withoutLinks;
+
     /// How paths of the host become drive paths; without it they stay as they are.
     std::function<std::string(const std::string&)> drivePathOf;
 

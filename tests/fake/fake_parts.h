@@ -48,6 +48,9 @@ struct FakeMachine::Disks final : FileSystemObject, Kernel32, Clock, TextFiles {
     bool FileExists(const std::string& path) override;
     std::unique_ptr<Folder> GetFolder(const std::string& path) override;
     std::unique_ptr<File> GetFile(const std::string& path) override;
+    std::string WithoutLinks(const std::string& path) override {
+        return machine.withoutLinks ? machine.withoutLinks(path) : path;
+    }
 
     FindHandle FindFirstFileA(const std::string& pattern, FindData& entry) override;
     bool FindNextFileA(FindHandle listing, FindData& entry) override;

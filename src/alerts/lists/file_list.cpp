@@ -82,7 +82,7 @@ std::vector<std::string> FileList::GetFiles(ListView& lvFile, const ComboBox& cb
         objDlg.Filter = "All Files (*.*)|*.*";
         strFile = host_.OpenFileDialog(objDlg);
     } else if (const std::string bare = withoutLineEnds(text); fso_.FileExists(bare)) {
-        strFile = bare;
+        strFile = fso_.WithoutLinks(bare);
     }
     return addChosen(lvFile, strFile);
 }
@@ -111,7 +111,7 @@ void FileList::prcAddItem2LV(ListView& lv, const ComboBox& cbo) {
         std::string path = trim(piece);
         if (path.empty()) continue;
         if (!contains(path, ":") && !folder.empty()) path = joined(folder, path);
-        path = replaceAll(path, "\\\\", "\\");
+        path = fso_.WithoutLinks(replaceAll(path, "\\\\", "\\"));
         addOrAsk(lv, path);
         folder = fso_.FolderExists(path) ? path : parentFolderOf(path);
     }

@@ -50,7 +50,8 @@ class LinuxMachine final : public Machine {
     Platform& platform() override { return platform_; }
 
     std::string toDrivePath(const std::string& hostPath) override {
-        if (hostPath.empty() || !driveNameOf(hostPath).empty()) return hostPath;
+        if (hostPath.empty()) return {};
+        if (!driveNameOf(hostPath).empty()) return fso_.WithoutLinks(hostPath);
         const bool isAbsolute = hostPath[0] == '/';
         const std::string path = isAbsolute ? hostPath : workingFolder() + '/' + hostPath;
         // Removing and moving refuse links in a path, so they are resolved here.

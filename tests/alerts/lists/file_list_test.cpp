@@ -53,6 +53,19 @@ TEST_F(FileRowsTest, AFileFillsEveryColumn) {
     EXPECT_EQ(ConstListedFile(row).bytes(), "2000000");
 }
 
+TEST_F(FileRowsTest, LinksInATypedPathAreResolved) {
+    file("C:\\real\\a.txt");
+    machine.withoutLinks = [](const std::string& path) {
+        return replaceAll(path, "C:\\way\\", "C:\\real\\");
+    };
+    file("C:\\way\\a.txt");
+    form1.cboFile.setText("C:\\way\\a.txt\r\n");
+    EXPECT_EQ(chosen(), Texts{"C:\\real\\a.txt"});
+    form1.cboFile.setText("C:\\way\\a.txt; C:\\real\\a.txt");
+    files.prcAddItem2LV(list, form1.cboFile);
+    EXPECT_EQ(tags(), Texts(3, "C:\\real\\a.txt"));
+}
+
 TEST_F(FileRowsTest, DatesAndSizesHaveTheRegionalForm) {
     Regional& regional = machine.platform().regional;
     regional = {.digitGroup = ".",

@@ -10,6 +10,8 @@
 #include <filesystem>
 #include <system_error>
 
+#include "platform/linux/paths/path_mapping.h"
+
 namespace velmora::linuxhost {
 
 namespace {
@@ -95,6 +97,15 @@ std::string withoutLinksAbove(const std::string& hostPath, Volumes& volumes) {
     const fs::path real = fs::canonical(folder, failure);
     if (failure) return hostPath;
     return isWhole ? real.string() : (real / name).string();
+}
+
+std::string drivePathWithoutLinks(const std::string& path, Volumes& volumes) {
+    const std::string hostPath = volumes.hostPathOf(path);
+    if (hostPath.empty()) return path;
+    const std::string real = withoutLinksAbove(hostPath, volumes);
+    if (real == hostPath) return path;
+    const std::string realPath = drivePathOf(real, volumes.roots());
+    return realPath.empty() ? path : realPath;
 }
 
 }  // namespace velmora::linuxhost

@@ -45,4 +45,7 @@ UniqueFd walkWithoutLinks(const std::string& path, int& failure);
 /// it is a link. The path as it is when its parent folder can't be reached.
 std::string withoutLinksAbove(const std::string& hostPath, Volumes& volumes);
 
+/// The same for a drive path, which stays as it is written where there is no link.
+std::string drivePathWithoutLinks(const std::string& path, Volumes& volumes);
+
 }  // namespace velmora::linuxhost

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/runtime_error.h"
+#include "platform/linux/entries/opened_parent.h"
 #include "platform/linux/files/linux_entries.h"
 #include "platform/linux/paths/path_mapping.h"
 #include "platform/measured_drive.h"
@@ -60,6 +61,10 @@ std::unique_ptr<File> LinuxFileSystemObject::GetFile(const std::string& path) {
     MappedPath mapped = mapDrivePath(path, volumes_.roots());
     if (!isFile(path, mapped.onHost)) throw RuntimeError(error::fileNotFound);
     return makeFile(volumes_, std::move(mapped.onDrive), std::move(mapped.onHost));
+}
+
+std::string LinuxFileSystemObject::WithoutLinks(const std::string& path) {
+    return drivePathWithoutLinks(path, volumes_);
 }
 
 }  // namespace velmora::linuxhost

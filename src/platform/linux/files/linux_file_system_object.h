@@ -20,6 +20,7 @@ class LinuxFileSystemObject final : public FileSystemObject {
     bool FileExists(const std::string& path) override;
     std::unique_ptr<Folder> GetFolder(const std::string& path) override;
     std::unique_ptr<File> GetFile(const std::string& path) override;
+    std::string WithoutLinks(const std::string& path) override;
 
   private:
     /// Whether a drive path, which is that path of the host, names a file.

@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "base/text.h"
+#include "platform/file_system_object.h"
 #include "platform/linux/entries/opened_parent.h"
 #include "platform/linux/paths/path_mapping.h"
 #include "platform/linux/paths/path_names.h"
@@ -14,6 +15,7 @@ namespace {
 
 std::string asDrivePath(const std::string& argument, Volumes& volumes) {
     if (argument.empty()) return {};
+    if (!driveNameOf(argument).empty()) return drivePathWithoutLinks(argument, volumes);
     const std::string path = argument[0] == '/' ? argument : workingFolder() + '/' + argument;
     if (volumes.kindOf(path) == FileKind::none) return {};
     return drivePathOf(withoutLinksAbove(path, volumes), volumes.roots());

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <functional>
 
 #include "platform/linux/support/child_process.h"
 #include "platform/linux/support/scratch_tree.h"
@@ -79,6 +80,26 @@ TEST_F(OpenedParentTest, AHostPathIsMappedToWhereItReallyLies) {
     EXPECT_EQ(mapped(at("work/to outside/jewel")), in("outside/precious/jewel"));
     EXPECT_EQ(mapped(at("way/deep/../a.txt")), in("work/a.txt"));
     EXPECT_EQ(mapped(at("way/new file")), in("work/new file"));
+}
+
+TEST_F(OpenedParentTest, ATypedDrivePathIsMappedToWhereItReallyLies) {
+    const auto machine = openMachine();
+    for (const auto& typed :
+         {std::function([&](const std::string& path) { return fso_.WithoutLinks(path); }),
+          std::function([&](const std::string& path) { return machine->toDrivePath(path); })}) {
+        EXPECT_EQ(typed(in("way") + "\\a.txt"), in("work/a.txt"));
+        EXPECT_EQ(typed(in("way") + "/to inside\\deeper"), in("work/deep/deeper"));
+        EXPECT_EQ(typed(in("work/to outside") + "\\new"), in("outside/precious/new"));
+    }
+    // A path of this machine can be typed too.
+    EXPECT_EQ(fso_.WithoutLinks(at("way/a.txt")), in("work/a.txt"));
+}
+
+TEST_F(OpenedParentTest, ATypedPathWithoutLinksStaysAsItIsWritten) {
+    for (const std::string& path :
+         {in("work") + "\\\\deep/./b.txt", in("work/to outside"), in("work/dangling"),
+          in("missing") + "\\x\\", std::string("Q:\\x"), std::string("c:\\"), std::string()})
+        EXPECT_EQ(fso_.WithoutLinks(path), path);
 }
 
 TEST_F(OpenedParentTest, ALinkItselfKeepsItsPath) {

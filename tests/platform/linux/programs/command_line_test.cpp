@@ -50,6 +50,15 @@ TEST_F(CommandLineTest, ARelativePathBelongsToTheWorkingFolder) {
     EXPECT_EQ(text, path + ' ' + path + " \"nowhere\"");
 }
 
+TEST_F(CommandLineTest, LinksAboveAPathAreResolvedInBothForms) {
+    std::filesystem::create_directory(folder_ / "real");
+    std::filesystem::create_directory_symlink("real", folder_ / "way");
+    std::ofstream(folder_ / "real/file") << "x";
+    const std::string path = '"' + drivePath(folder_ / "real/file") + '"';
+    EXPECT_EQ(textOf({folder_ / "way/file", drivePath(folder_ / "way") + "\\file"}),
+              path + ' ' + path);
+}
+
 TEST_F(CommandLineTest, AQuoteInANameComesBackFromItsDrivePath) {
     const std::string path = folder_ / "the \"quoted\" one";
     std::ofstream(path) << "x";
