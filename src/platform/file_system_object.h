@@ -110,6 +110,9 @@ std::string driveNameOf(const std::string& path);
 /// What GetFileName gives, likewise.
 std::string fileNameOf(const std::string& path);
 
+/// Whether a path begins at a drive or a root. Any other begins at the working folder.
+bool beginsAtRoot(const std::string& path);
+
 /// Whether a path ends in "\" or "/".
 bool endsInSeparator(const std::string& path);
 

@@ -4,6 +4,10 @@
 
 namespace velmora {
 
+SeriesAnswer Host::MsgBoxOfSeries(const Box& box, const std::string& /*offer*/) {
+    return {.answer = MsgBox(box)};
+}
+
 BoxAnswer cancellingAnswer(BoxButtons buttons) {
     switch (buttons) {
         case BoxButtons::okCancel:

@@ -16,6 +16,14 @@ struct Box {
     BoxIcon icon = BoxIcon::none;
     BoxButtons buttons = BoxButtons::ok;
     std::string title = "Velmora";
+    /// What a window says below the text; nothing else shows it.
+    std::string detail = {};
+};
+
+/// The answer to a question that is asked for each of several things.
+struct SeriesAnswer {
+    BoxAnswer answer = BoxAnswer::ok;
+    bool isForTheRest = false;  ///< the user wants no further question of the series
 };
 
 /// The common file dialog for opening.
@@ -45,6 +53,12 @@ class Host {
     /// Shows a box and waits for its answer. Dismissing it counts as the cancelling answer: No for
     /// Yes and No, Cancel where there is one, OK for OK alone.
     virtual BoxAnswer MsgBox(const Box& box) = 0;
+    /// The same for one of a series of boxes. A window offers, in the words of `offer`, to take the
+    /// answer for all that follow; elsewhere each is answered by itself.
+    virtual SeriesAnswer MsgBoxOfSeries(const Box& box, const std::string& offer);
+    /// Begins and ends a time in which the program answers nobody: a window shows it by its
+    /// pointer. Each beginning needs its end; see Busy.
+    virtual void ShowBusy(bool /*isBusy*/) {}
     /// The folder browser; a drive path, empty when dismissed.
     virtual std::string BrowseForFolder(const std::string& title) = 0;
     /// The file dialog. Gives a drive path, empty when dismissed; when several files may be chosen
@@ -58,6 +72,18 @@ class Host {
     /// run-time error that none of their handlers takes ends the program here; it never reaches
     /// the caller.
     virtual void DoEvents() = 0;
+};
+
+/// The program is busy while this exists.
+class Busy {
+  public:
+    explicit Busy(Host& host) : host_(host) { host_.ShowBusy(true); }
+    ~Busy() { host_.ShowBusy(false); }
+    Busy(const Busy&) = delete;
+    Busy& operator=(const Busy&) = delete;
+
+  private:
+    Host& host_;
 };
 
 /// The answer that dismissing such a box gives.

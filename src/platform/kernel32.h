@@ -108,10 +108,11 @@ class Kernel32 {
     }
 
     /// Moves a file or folder to a new path, whose folder must exist; nothing may lie at it yet, so
-    /// that a folder's own path is refused. A file goes to another drive too, as a copy with its
-    /// times, and is removed here only when the copy is whole; a folder does not. A link is moved
-    /// as the link that it is, and none is followed on the way to either path. 1 when it was moved,
-    /// 0 otherwise: then everything is where it was.
+    /// that a folder's own path is refused. The new path begins at a drive or a root: what is moved
+    /// by mistake must not end in the program's working folder. A file goes to another drive too,
+    /// as a copy with its times, and is removed here only when the copy is whole; a folder does
+    /// not. A link is moved as the link that it is, and none is followed on the way to either path.
+    /// 1 when it was moved, 0 otherwise: then everything is where it was.
     virtual std::int32_t MoveFileA(const std::string& from, const std::string& to) = 0;
 
     /// Notifications of changes in a folder. A handle that isn't one makes each of them fail.

@@ -37,6 +37,10 @@ std::string fileNameOf(const std::string& path) {
     return separator == std::string::npos ? rest : rest.substr(separator + 1);
 }
 
+bool beginsAtRoot(const std::string& path) {
+    return path.starts_with('\\') || path.starts_with('/') || !driveNameOf(path).empty();
+}
+
 bool endsInSeparator(const std::string& path) {
     return path.ends_with('\\') || path.ends_with('/');
 }

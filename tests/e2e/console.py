@@ -5,6 +5,7 @@ import os
 import queue
 import subprocess
 import threading
+import time
 
 # How long a reply may take at most; a check with a drive that doesn't answer takes seconds.
 PATIENCE = 60
@@ -99,6 +100,14 @@ class Console:
 
     def boxes(self):
         return [event for event in self.events if event["event"] == "box"]
+
+    def wait_for_noise(self, text):
+        """Waits until standard error has a line with the text."""
+        deadline = time.monotonic() + PATIENCE
+        while not any(line and text in line for line in list(self.noise)):
+            if time.monotonic() > deadline:
+                raise ConsoleError(f"no line with {text!r} on standard error: {self.noise}")
+            time.sleep(0.01)
 
     def end(self):
         """Ends the input and returns the exit status."""

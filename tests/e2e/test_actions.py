@@ -2,6 +2,7 @@
 else is touched."""
 
 import os
+import pathlib
 import re
 
 import filesystems
@@ -206,6 +207,20 @@ class Actions:
                       "and try again.", [box["text"] for box in self.console.boxes()])
         self.assertEqual(self.trees(), self.before)
 
+    def test_an_empty_specified_path_moves_nothing_to_the_working_folder(self):
+        self.begin(8)
+        self.fill("large.bin")
+        self.list_files("large.bin")
+        self.console.set("txtDrive.Text", "")
+        self.console.run("select LVFile 1")
+        self.console.run("answer yes")
+        self.console.run("click lblSF(2)")
+        self.assertIn("File was moved unsuccessfully, check for sufficient resources (disk space) "
+                      "and try again.", [box["text"] for box in self.console.boxes()])
+        self.assertEqual(self.listed(), [])
+        self.assertEqual(self.trees(), self.before)
+        self.assertFalse(pathlib.Path("large.bin").exists())
+
     def test_events_report_what_changed_since_the_last_check(self):
         self.begin(8)
         self.console.set("txtSpace.Text", "1")
@@ -231,6 +246,70 @@ class Native(Actions, OwnNative, ConsoleCase):
 
     # The link itself is removed, not what it points to.
     gone_with_a_link = ["old"]
+
+    def test_links_in_typed_paths_lead_to_where_they_lie(self):
+        self.begin(8, 16)
+        real, other = (mounted.folder for mounted in self.mounts)
+        (real / "real").mkdir()
+        (real / "way").symlink_to("real")
+        (other / "to real").symlink_to(real / "real")
+        (other / "file.bin").write_bytes(b"content")
+        self.console.set("cboFile.Text", self.roots[1] + "file.bin")
+        self.console.run("click lblSF(0)")
+        self.console.set("txtDrive.Text", self.roots[0] + "way\\")
+        self.console.run("select LVFile 1")
+        self.console.run("answer yes")
+        self.console.run("click lblSF(2)")
+        self.assertEqual((real / "real" / "file.bin").read_bytes(), b"content")
+        self.assertFalse((other / "file.bin").exists())
+
+        self.console.set("cboFile.Text", self.roots[1] + "to real\\file.bin")
+        self.console.run("click lblSF(0)")
+        self.assertEqual([row["Tag"] for row in self.console.rows("LVFile")],
+                         [self.roots[0] + "real\\file.bin"])
+        self.console.run("select LVFile 1")
+        self.console.run("click lblSF(3)")
+        self.assertEqual(list((real / "real").iterdir()), [])
+        self.assertTrue((other / "to real").is_symlink())
+
+    def test_a_file_of_dots_goes_to_the_trash_as_any_other(self):
+        self.begin(8)
+        self.fill("...", "next.bin", "another.bin")
+        # The alert names the file in the row with the number of the drive's row.
+        self.list_files("...", *["next.bin"] * 9)
+        self.console.run(f"tick lstAct {RECYCLE} on")
+        self.console.check()
+        self.assertEqual(self.listed(), ["next.bin"] * 9)
+        trash = f".Trash-{os.getuid()}"
+        self.assertEqual(without(tree(self.mounts[0].folder), trash),
+                         without(self.before[0], "..."))
+        self.assertEqual(len(list((self.mounts[0].folder / trash / "files").iterdir())), 1)
+
+    def test_the_next_start_removes_what_a_killed_move_has_left(self):
+        self.begin(8)
+        left = self.mounts[0].folder / ".velmora-4194999-1"
+        left.write_bytes(b"half")
+        notes = self.folder / ".local" / "state" / "velmora"
+        notes.mkdir(parents=True, exist_ok=True)
+        notes.chmod(0o700)
+        (notes / "moving-4194999-1").write_text(str(left), encoding="utf-8")
+        self.console.close()
+        self.launch()
+        self.assertFalse(left.exists())
+        self.assertEqual(list(notes.glob("moving-*")), [])
+        self.assertEqual(self.trees(), self.before)
+
+    def test_delete_all_says_why_it_ends_at_a_missing_file(self):
+        self.begin(8)
+        self.console.run("answer yes")
+        self.list_files("gone.bin")
+        self.console.run("answer no")
+        self.console.run("click lblSF(5)")
+        gone = self.roots[0] + "gone.bin"
+        self.assertEqual(self.console.boxes()[-1]["text"], "file does not exits: " + gone)
+        self.assertEqual(self.listed(), ["gone.bin"])
+        self.console.end()
+        self.console.wait_for_noise(gone + ': "Delete All" ends here')
 
     def test_a_pipe_is_no_file_and_nothing_deletes_or_recycles_it(self):
         self.begin(8)

@@ -21,6 +21,15 @@ class FakeHost final : public Host {
         answers.pop_front();
         return answer;
     }
+    SeriesAnswer MsgBoxOfSeries(const Box& box, const std::string& offer) override {
+        offers.push_back(offer);
+        const bool isForTheRest = takesOffer && takesOffer(box);
+        return {.answer = MsgBox(box), .isForTheRest = isForTheRest};
+    }
+    void ShowBusy(bool isBusy) override {
+        busy += isBusy ? 1 : -1;
+        if (isBusy) ++timesBusy;
+    }
     std::string BrowseForFolder(const std::string& title) override {
         dialogs.push_back(title);
         if (onDialog) onDialog(title);
@@ -45,6 +54,11 @@ class FakeHost final : public Host {
     std::vector<std::string> dialogs;     ///< titles of the dialogs shown
     std::vector<FileDialog> fileDialogs;  ///< the file dialogs among them, whole
     std::vector<std::string> notes;
+    std::vector<std::string> offers;  ///< to take an answer for the rest of a series
+    /// Whether the user takes such an offer; without it none is taken.
+    std::function<bool(const Box&)> takesOffer;
+    int busy = 0;  ///< times that have begun and not ended
+    int timesBusy = 0;
     int beeps = 0;
     int yields = 0;
     std::function<void(int)> onYield;  ///< gets the number of the yield, from 1

@@ -1,4 +1,5 @@
 // The lists of files and programs by hand: dialogs, buttons, drops and the menu.
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
@@ -138,6 +139,53 @@ TEST_F(SpecifiedFilesTest, DeleteAllOffersThreeAnswers) {
     click("lblSF(5)");
     EXPECT_TRUE(tags().empty());
     EXPECT_EQ(machine.files.count(tag("a.txt")), 0u);
+}
+
+TEST_F(SpecifiedFilesTest, TheQuestionNamesThePlaceAndOffersItsAnswerForTheRest) {
+    chooseAfterClick("lblSF(0)", {"b c.txt", "a.txt", "\u00E9.txt"});
+    machine.folders.insert("c:\\keep");
+    form1().txtDrive.setText("C:\\keep\\");
+    QString detail;
+    QString offer;
+    boxes.onBox = [&](QMessageBox& box) {
+        detail = box.informativeText();
+        offer = box.checkBox()->text();
+        QTest::mouseClick(box.checkBox(), Qt::LeftButton);
+        QTest::mouseClick(box.button(QMessageBox::Yes), Qt::LeftButton);
+    };
+    click("lblSF(6)");
+    EXPECT_EQ(detail, "Yes moves it to: C:\\keep\\\u00E9.txt");
+    EXPECT_EQ(offer, "Do the same with the other 2 files");
+    EXPECT_EQ(boxes.seen.size(), 1u);
+    EXPECT_EQ(machine.moved.size(), 3u);
+    EXPECT_TRUE(tags().empty());
+}
+
+TEST_F(SpecifiedFilesTest, WithoutTheOfferEachRowIsAskedAbout) {
+    chooseAfterClick("lblSF(0)", {"b c.txt", "a.txt"});
+    machine.folders.insert("c:\\keep");
+    form1().txtDrive.setText("C:\\keep\\");
+    boxes.answers = {QMessageBox::Yes, QMessageBox::Yes};
+    click("lblSF(6)");
+    EXPECT_EQ(boxes.seen.size(), 2u);
+    EXPECT_EQ(machine.moved.size(), 2u);
+}
+
+TEST_F(SpecifiedFilesTest, ThePointerShowsThatAFileMoves) {
+    chooseAfterClick("lblSF(0)", {"a.txt"});
+    machine.folders.insert("c:\\keep");
+    form1().txtDrive.setText("C:\\keep\\");
+    form1().LVFile.userSelect({1});
+    settle();
+    Qt::CursorShape during = Qt::ArrowCursor;
+    machine.onCall = [&](const std::string& call) {
+        const QCursor* pointer = QApplication::overrideCursor();
+        if (call.starts_with("MoveFileA") && pointer != nullptr) during = pointer->shape();
+    };
+    boxes.answers = {QMessageBox::Yes};
+    click("lblSF(2)");
+    EXPECT_EQ(during, Qt::WaitCursor);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
 TEST_F(SpecifiedFilesTest, TheSpecifiedPathIsTheFolderOfAChosenFile) {

@@ -42,8 +42,9 @@ class ManualOperations {
     /// Sets the specified path to the folder of a file that is chosen.
     void cmdFolder_Click();
     /// Asks where to, moves the file of the selected row and removes the row, moved or not.
-    void cmdMove_Click() { moveSelected(1); }
-    /// The same for each row from the last to the first.
+    void cmdMove_Click();
+    /// The same for each row from the last to the first. Where the host offers it, one answer is
+    /// taken for all rows that follow.
     void cmdMoveAll_Click();
     /// Deletes the file or folder of the selected row at once, removes the row and runs one tick of
     /// the check.
@@ -59,8 +60,14 @@ class ManualOperations {
     int placeOf(const Subject& subject) const { return placeOfRow(list_, subject); }
     void removeRow(const Subject& subject) { removeListedRow(list_, subject); }
 
-    void moveSelected(int expected);
-    std::optional<std::string> askDestination();
+    struct MoveRun;
+    void moveSelected(int expected, MoveRun& run);
+    void moveFile(const Subject& subject, const std::string& destination, MoveRun& run);
+    std::optional<std::string> askDestination(int expected, MoveRun& run);
+    std::optional<std::string> destinationOf(BoxAnswer answer, const std::string& specified);
+    std::string whereTo(const std::string& destination, int expected);
+    std::string newPath(const std::string& destination, const std::string& tag);
+    SeriesAnswer askAbout(const Box& box, const MoveRun& run, const std::string& offer);
     void selectOnly(int index);
 
     std::string remove(const std::string& tag);

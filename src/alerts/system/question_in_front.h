@@ -8,13 +8,18 @@
 namespace velmora {
 
 /// Asks while staying on top is switched off. It is switched on again even after an error.
-inline BoxAnswer askInFront(StayOnTop& stayOnTop, Host& host, const Box& question) {
+template <typename Ask>
+auto askInFront(StayOnTop& stayOnTop, const Ask& ask) {
     ScopeGuard afterFailure([&] { stayOnTop.restore(); });
     stayOnTop.drop();
-    const BoxAnswer answer = host.MsgBox(question);
+    const auto answer = ask();
     afterFailure.dismiss();
     stayOnTop.restore();
     return answer;
+}
+
+inline BoxAnswer askInFront(StayOnTop& stayOnTop, Host& host, const Box& question) {
+    return askInFront(stayOnTop, [&] { return host.MsgBox(question); });
 }
 
 }  // namespace velmora

@@ -115,12 +115,34 @@ QWidget* QtHost::owner() const {
 }
 
 BoxAnswer QtHost::MsgBox(const Box& box) {
+    return show(box, nullptr);
+}
+
+SeriesAnswer QtHost::MsgBoxOfSeries(const Box& box, const std::string& words) {
+    QCheckBox offer(shown(words));
+    const BoxAnswer answer = show(box, &offer);
+    return {.answer = answer, .isForTheRest = offer.isChecked()};
+}
+
+void QtHost::ShowBusy(bool isBusy) {
+    if (isBusy) {
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    } else {
+        QApplication::restoreOverrideCursor();
+    }
+}
+
+// `offer` is null or stands below the text; it stays the caller's.
+BoxAnswer QtHost::show(const Box& box, QCheckBox* offer) {
     QMessageBox dialog(shownIcon(box.icon), shown(box.title), shownLines(box.text),
                        shownButtons(box.buttons), owner());
     dialog.setTextFormat(Qt::PlainText);
+    dialog.setInformativeText(shownLines(box.detail));
     dialog.setEscapeButton(escape(box.buttons));
     dialog.setObjectName(QStringLiteral("MsgBox"));
+    if (offer != nullptr) dialog.setCheckBox(offer);
     const BoxAnswer answer = answerOf(dialog.exec(), box.buttons);
+    if (offer != nullptr) offer->setParent(nullptr);
     // The program may have ended while the box was open.
     hand_.throwWhenEnded();
     return answer;

@@ -1,6 +1,7 @@
 // The user in front of a window: boxes, dialogs, and the yields of a long handler.
 #pragma once
 
+#include <QCheckBox>
 #include <QElapsedTimer>
 #include <functional>
 
@@ -19,6 +20,8 @@ class QtHost final : public Host {
     QtHost(Machine& machine, UserHand& hand, const WindowsByName& windows);
 
     BoxAnswer MsgBox(const Box& box) override;
+    SeriesAnswer MsgBoxOfSeries(const Box& box, const std::string& offer) override;
+    void ShowBusy(bool isBusy) override;
     /// The system's own folder dialog where there is one, Qt's otherwise.
     std::string BrowseForFolder(const std::string& title) override;
     std::string OpenFileDialog(const FileDialog& dialog) override;
@@ -31,6 +34,7 @@ class QtHost final : public Host {
 
   private:
     QWidget* owner() const;
+    BoxAnswer show(const Box& box, QCheckBox* offer);
 
     Machine& machine_;
     UserHand& hand_;

@@ -1,5 +1,6 @@
 // Moving the specified files by hand, and the path to which they are moved.
 #include "alerts/lists/lists_rig.h"
+#include "base/text.h"
 
 namespace velmora::tests {
 namespace {
@@ -128,6 +129,60 @@ TEST_F(ManualMoveTest, ABrowsedPathThatIsNoFolderLeavesTheDestinationEmpty) {
     host.paths = {"E:\\gone"};
     move({BoxAnswer::no});
     EXPECT_EQ(machine.log.countOf("MoveFileA C:\\a.txt > a.txt"), 1);
+}
+
+TEST_F(ManualMoveTest, AnEmptySpecifiedPathIsAFailedMove) {
+    listedFile("C:\\a.txt", true);
+    form1.txtDrive.setText("\r\n");
+    move();
+    EXPECT_EQ(said().back(), moveFailure);
+    EXPECT_TRUE(machine.moved.empty());
+    EXPECT_EQ(alertRows(), Texts{mediumAlert("- Failed Moved File: C:\\a.txt")});
+    EXPECT_EQ(list.Count(), 0);
+}
+
+TEST_F(ManualMoveTest, TheQuestionNamesThePlaceThatYesMeans) {
+    listedFile("C:\\data\\b.txt", true);
+    const auto detailFor = [this](const std::string& path) {
+        forget();
+        form1.txtDrive.setText(path);
+        move({BoxAnswer::no});
+        return host.boxes.at(0).detail;
+    };
+    EXPECT_EQ(detailFor("E:\\spare\\"), "Yes moves it to: E:\\spare\\b.txt");
+    EXPECT_EQ(detailFor("E:\\spare"), "Yes moves it to: E:\\spareb.txt");
+    EXPECT_EQ(detailFor("E:\\gone\r\n"), "Yes moves it to: E:\\goneb.txt");
+    EXPECT_EQ(detailFor("\\\\host\\share\\x\\"), "Yes moves it to: \\\\host\\share\\x\\b.txt");
+    for (const char* nowhere : {"", "\r\n", "spare\\", "."})
+        EXPECT_EQ(detailFor(nowhere), "Yes moves nothing: the specified path names no folder.");
+    list.ListItems(1).setSelected(false);
+    EXPECT_EQ(detailFor("E:\\spare\\"), "");
+}
+
+TEST_F(ManualMoveTest, LinksInTheTypedPathLeadToWhereItLies) {
+    listedFile("C:\\a.txt", true);
+    machine.folders.insert("e:\\real");
+    machine.withoutLinks = [](const std::string& path) {
+        return replaceAll(path, "E:\\way\\", "E:\\real\\");
+    };
+    form1.txtDrive.setText("E:\\way\\");
+    move();
+    EXPECT_EQ(host.boxes[0].detail, "Yes moves it to: E:\\real\\a.txt");
+    EXPECT_EQ(said(), Texts{replaceAll(moveQuestion, "spare", "way")});
+    EXPECT_EQ(machine.moved.at(0).second, "E:\\real\\a.txt");
+}
+
+TEST_F(ManualMoveTest, TheProgramIsBusyWhileAFileMovesAndNotWhileItAsks) {
+    listedFile("C:\\a.txt", true);
+    int busyAtMove = 0;
+    machine.onCall = [&](const std::string& call) {
+        if (call.starts_with("MoveFileA")) busyAtMove = host.busy;
+    };
+    host.onBox = [&](const Box&) { EXPECT_EQ(host.busy, 0); };
+    machine.diskFull = true;
+    move();
+    EXPECT_EQ(busyAtMove, 1);
+    EXPECT_EQ(host.busy, 0);
 }
 
 TEST_F(ManualMoveTest, NoAndACancelledBrowserMoveNothingAndRaiseNoAlert) {
@@ -303,6 +358,76 @@ TEST_F(ManualMoveTest, AllGoesOnAfterAMissingFileAndACancelledBrowser) {
     EXPECT_EQ(tags(), (Texts{"C:\\gone", "C:\\b"}));
     EXPECT_EQ(machine.moved.size(), 2u);
     EXPECT_EQ(machine.moved[1].first, "C:\\a");
+}
+
+TEST_F(ManualMoveTest, EachQuestionButTheLastOffersItsAnswerForTheRest) {
+    for (const char* tag : {"C:\\a", "C:\\b", "C:\\c"}) listedFile(tag);
+    host.answers = {BoxAnswer::yes, BoxAnswer::yes, BoxAnswer::yes};
+    form1.cmdMoveAll.userClick();
+    EXPECT_EQ(host.offers,
+              (Texts{"Do the same with the other 2 files", "Do the same with the other file"}));
+    EXPECT_EQ(said(), Texts(3, moveQuestion));
+}
+
+TEST_F(ManualMoveTest, AYesThatIsTakenForTheRestMovesThemWithoutAQuestion) {
+    for (const char* tag : {"C:\\a", "C:\\b", "C:\\c"}) listedFile(tag);
+    host.answers = {BoxAnswer::yes, BoxAnswer::yes};
+    host.takesOffer = [](const Box& box) { return box.detail.ends_with("\\b"); };
+    form1.cmdMoveAll.userClick();
+    EXPECT_EQ(said(), Texts(2, moveQuestion));
+    EXPECT_EQ(
+        machine.moved,
+        (std::vector<std::pair<std::string, std::string>>{
+            {"C:\\c", "E:\\spare\\c"}, {"C:\\b", "E:\\spare\\b"}, {"C:\\a", "E:\\spare\\a"}}));
+    EXPECT_EQ(alertRows().size(), 3u);
+    EXPECT_EQ(list.Count(), 0);
+}
+
+TEST_F(ManualMoveTest, TheFolderChosenForTheRestIsAskedForOnce) {
+    for (const char* tag : {"C:\\a", "C:\\b", "C:\\c"}) listedFile(tag);
+    machine.folders.insert("e:\\other\\");
+    machine.folders.insert("e:\\other");
+    host.answers = {BoxAnswer::no};
+    host.paths = {"E:\\other\\"};
+    host.takesOffer = [](const Box&) { return true; };
+    form1.cmdMoveAll.userClick();
+    EXPECT_EQ(host.dialogs, Texts{"Select Folder/Path"});
+    ASSERT_EQ(machine.moved.size(), 3u);
+    EXPECT_EQ(machine.moved[2].second, "E:\\other\\a");
+}
+
+TEST_F(ManualMoveTest, ACancelledBrowserForTheRestMovesNothingAndAsksNoMore) {
+    for (const char* tag : {"C:\\a", "C:\\b", "C:\\c"}) listedFile(tag);
+    host.answers = {BoxAnswer::no};
+    host.takesOffer = [](const Box&) { return true; };
+    form1.cmdMoveAll.userClick();
+    EXPECT_EQ(said(), Texts{moveQuestion});
+    EXPECT_EQ(list.Count(), 3);
+    expectNothingMoved();
+}
+
+TEST_F(ManualMoveTest, FailuresAreToldOnceWhereTheUserWantsIt) {
+    for (const char* tag : {"C:\\a", "C:\\b", "C:\\c"}) listedFile(tag);
+    machine.diskFull = true;
+    host.answers = {BoxAnswer::yes, BoxAnswer::ok};
+    host.takesOffer = [](const Box&) { return true; };
+    form1.cmdMoveAll.userClick();
+    EXPECT_EQ(said(), (Texts{moveQuestion, moveFailure}));
+    EXPECT_EQ(host.offers, (Texts{"Do the same with the other 2 files",
+                                  "Don't show this again for the other 2 files"}));
+    EXPECT_EQ(alertRows().size(), 3u);
+    EXPECT_EQ(list.Count(), 0);
+}
+
+TEST_F(ManualMoveTest, AnAnswerForTheRestIsForgottenAtTheNextRun) {
+    for (const char* tag : {"C:\\a", "C:\\b"}) listedFile(tag);
+    host.answers = {BoxAnswer::yes, BoxAnswer::yes, BoxAnswer::yes};
+    host.takesOffer = [](const Box&) { return true; };
+    form1.cmdMoveAll.userClick();
+    for (const char* tag : {"C:\\d", "C:\\e"}) listedFile(tag);
+    host.takesOffer = {};
+    form1.cmdMoveAll.userClick();
+    EXPECT_EQ(said(), Texts(3, moveQuestion));
 }
 
 TEST_F(ManualMoveTest, AllOnAnEmptyListIsReported) {

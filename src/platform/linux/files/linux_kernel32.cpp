@@ -116,7 +116,7 @@ std::int32_t LinuxKernel32::MoveFileA(const std::string& from, const std::string
     };
     if (source.empty() || isNoFolder(from, source)) {
         lastError_ = code::fileNotFound;
-    } else if (target.empty() ||
+    } else if (target.empty() || !beginsAtRoot(to) ||
                (isNoFolder(to, target) && volumes_.kindOf(source) != FileKind::folder)) {
         lastError_ = code::pathNotFound;
     } else {

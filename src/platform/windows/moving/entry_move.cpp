@@ -1,5 +1,6 @@
 #include "platform/windows/moving/entry_move.h"
 
+#include "platform/file_system_object.h"
 #include "platform/windows/entries/opened_entry.h"
 #include "platform/windows/moving/drive_move.h"
 #include "platform/windows/paths/exact_path.h"
@@ -41,6 +42,7 @@ DWORD moveEntry(const std::string& from, const std::string& to) {
     OpenedEntry::Facts facts;
     EntryKind kind{};
     if (const DWORD failure = lookAt(source, facts, kind)) return failure;
+    if (!beginsAtRoot(to)) return ERROR_PATH_NOT_FOUND;
     if (const DWORD failure = hold(to, ERROR_ALREADY_EXISTS, target)) return failure;
     if (const DWORD failure = requireNothingAt(target)) return failure;
     if (MoveFileExW(source.path.text().c_str(), target.path.text().c_str(), 0))
