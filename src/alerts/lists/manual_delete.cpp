@@ -88,11 +88,18 @@ bool ManualOperations::deleteListed(const ListedRow& subject, bool toBin) {
 }
 
 // Also removes the first entry of the combo box, whichever it is. An empty combo box ends the run,
-// after its message, with the row in place.
+// after its message, with the row in place; the reason is beside the message, which doesn't say it.
 bool ManualOperations::dropMissing(const ListedRow& subject) {
-    say("file does not exits: " + subject.path);
-    if (parts_.form1.cboFile.ListCount() == 0) return false;
-    parts_.form1.cboFile.RemoveItem(0);
+    ComboBox& box = parts_.form1.cboFile;
+    const std::string reason =
+        box.ListCount() > 0
+            ? std::string{}
+            : "\"Delete All\" ends here: the box of files is empty, so that no entry "
+              "can be removed with the row. Remove the row, then start again.";
+    parts_.host.MsgBox({.text = "file does not exits: " + subject.path, .detail = reason});
+    if (!reason.empty()) parts_.host.Note(subject.path + ": " + reason);
+    if (box.ListCount() == 0) return false;
+    box.RemoveItem(0);
     removeRow(subject);
     return true;
 }

@@ -363,6 +363,26 @@ TEST_F(ManualDeleteTest, AMissingFileWithAnEmptyBoxEndsTheRunOfAll) {
     EXPECT_EQ(tags(), (Texts{"C:\\a", "C:\\gone"}));
     EXPECT_EQ(machine.files.size(), 1u);
     EXPECT_TRUE(alertRows().empty());
+    const std::string reason =
+        "\"Delete All\" ends here: the box of files is empty, so that no entry can be removed with "
+        "the row. Remove the row, then start again.";
+    EXPECT_EQ(host.boxes.back().detail, reason);
+    EXPECT_EQ(host.notes, Texts{"C:\\gone: " + reason});
+}
+
+TEST_F(ManualDeleteTest, AMissingFileIsDroppedWithoutAReasonWhileTheBoxHasEntries) {
+    row("C:\\gone 1");
+    row("C:\\gone 2");
+    listedFile("C:\\a");
+    form1.cboFile.AddItem("C:\\one");
+    removeAll({BoxAnswer::no});
+    // The box's one entry goes with the first of the missing ones; the next ends the run.
+    EXPECT_EQ(said(), (Texts{binQuestion, "file does not exits: C:\\gone 2",
+                             "file does not exits: C:\\gone 1"}));
+    EXPECT_EQ(host.boxes[1].detail, "");
+    EXPECT_EQ(host.notes.size(), 1u);
+    EXPECT_EQ(tags(), Texts{"C:\\gone 1"});
+    EXPECT_TRUE(machine.files.empty());
 }
 
 struct RefusedDeletion : ManualDeleteTest {
