@@ -27,21 +27,25 @@ std::string tidyPart(std::string part) {
     return part;
 }
 
-// Whether the path certainly names something below the root of a drive: not the root itself in any
-// spelling, no path with "..", no name without a folder.
-bool isBelowRoot(const std::string& given) {
+// What a path says of the place that it names.
+enum class Place {
+    refused,    // the root of a drive, a path with "..", a name without a folder
+    belowRoot,  // certainly below the root of a drive
+    dotsAlone,  // the root where the system drops dots and blanks, elsewhere something below it
+};
+
+Place placeOf(const std::string& given) {
     const std::string path = replaceAll(given, "/", "\\");
     const std::string drive = driveNameOf(path);
     // After a device's prefix the root of a share has other parts.
     const bool isDevice = path.starts_with("\\\\?\\") || path.starts_with("\\\\.\\");
-    if (isDevice || drive.empty() || parentFolderOf(path).empty()) return false;
-    const std::string rest = path.substr(drive.size());
-    bool named = false;
-    for (const std::string& part : split(rest, "\\")) {
-        if (trim(part) == "..") return false;
-        named = named || !tidyPart(part).empty();
+    if (isDevice || drive.empty() || parentFolderOf(path).empty()) return Place::refused;
+    Place place = Place::dotsAlone;
+    for (const std::string& part : split(path.substr(drive.size()), "\\")) {
+        if (trim(part) == "..") return Place::refused;
+        if (!tidyPart(part).empty()) place = Place::belowRoot;
     }
-    return named;
+    return place;
 }
 
 }  // namespace
@@ -71,6 +75,13 @@ void SystemActions::prcCleanMan(const std::string& strDrive, const std::string& 
 bool SystemActions::isPattern(const std::string& path) {
     if (path.find_first_of("*?") == std::string::npos) return false;
     return !platform_.fso.FileExists(path) && !platform_.fso.FolderExists(path);
+}
+
+// No root is a file.
+bool SystemActions::isBelowRoot(const std::string& path) {
+    const Place place = placeOf(path);
+    return place == Place::belowRoot ||
+           (place == Place::dotsAlone && platform_.fso.FileExists(path));
 }
 
 void SystemActions::prcSendToBin(const std::string& strFile, std::int32_t lngFlags) {

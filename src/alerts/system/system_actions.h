@@ -42,6 +42,7 @@ class SystemActions {
 
   private:
     bool isPattern(const std::string& path);
+    bool isBelowRoot(const std::string& path);
 
     Form1& form1_;
     Platform& platform_;

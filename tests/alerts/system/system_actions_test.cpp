@@ -183,6 +183,18 @@ TEST_F(SystemActionsTest, PathsBelowARootArePassedToTheShellUnchanged) {
     }
 }
 
+// A root is never a file, so what is one lies below it, where the system takes such names.
+TEST_F(SystemActionsTest, AFileWithANameOfDotsGoesToTheBin) {
+    for (const char* path : {"D:\\...", "D:\\....", "D:\\. ."}) {
+        machine.files[path] = "x";
+        actions.prcSendToBin(path, file_operation::allowUndo);
+        EXPECT_EQ(machine.recycled.back(), path);
+    }
+    machine.folders.insert("d:\\.....");
+    EXPECT_EQ(errorOf([&] { actions.prcSendToBin("D:\\.....", file_operation::allowUndo); }),
+              error::permissionDenied);
+}
+
 TEST_F(SystemActionsTest, ARefusalOfTheBinIsIgnored) {
     for (const int code : {2, 5, 1223}) {
         machine.operationResult = code;

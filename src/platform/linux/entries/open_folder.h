@@ -25,6 +25,7 @@ class OpenFolder {
     bool isOpen() const { return fd_.isOpen(); }
     /// Why it isn't open, an errno.
     int failure() const { return failure_; }
+    void close() { fd_.reset(); }
 
   private:
     explicit OpenFolder(int fd);

@@ -29,8 +29,8 @@ using EntryFilter = std::function<bool(const std::string& name)>;
 
 /// Removes the entries that the filter accepts, folders with their contents at any depth, and
 /// continues with the others where one can't be removed. 0, or the errno of the first failure:
-/// EXDEV for a mount in it. With `force` folders in it that their owner may not write are removed
-/// too.
+/// EXDEV for a mount in it, ESTALE when folders were moved meanwhile. With `force` folders in it
+/// that their owner may not write are removed too. What stays keeps its place and its name.
 int removeEntries(const OpenFolder& folder, const EntryFilter& filter, bool force = true);
 
 /// The filter that takes every entry.

@@ -124,10 +124,37 @@ TEST_F(TreeRemoval, ItGoesAsDeepAsTheFoldersDo) {
     EXPECT_EQ(left(), Listing{});
 }
 
-TEST_F(TreeRemoval, ItGoesAsDeepWhereNothingCanBeRenamedWithoutReplacing) {
+TEST_F(TreeRemoval, NothingIsRenamedOnTheWay) {
     makeDeep(scratch_ / "in", 200);
-    EXPECT_EQ(withoutCall(SYS_renameat2, EINVAL, [&] { return removeAll(); }), 0);
+    for (const long call : {SYS_renameat2, SYS_renameat})
+        EXPECT_EQ(withoutCall(call, EIO, [&] { return removeAll(); }), 0);
     EXPECT_EQ(left(), Listing{});
+}
+
+TEST_F(TreeRemoval, WhatStaysFarDownKeepsItsPlace) {
+    if (const std::string reason = whyNoMounting(); !reason.empty()) GTEST_SKIP() << reason;
+    constexpr int levels = 150;
+    makeDeep(scratch_ / "in", levels);
+    std::string deepest = scratch_ / "in";
+    for (int level = 0; level < levels; ++level) deepest += "/deeper";
+    fs::create_directory(deepest + "/mount");
+    fs::create_directory(deepest + "/gone");
+    ASSERT_EQ(chmod((scratch_ / "in/deeper").c_str(), 0555), 0);
+    ASSERT_EQ(
+        mount((scratch_ / "outside").c_str(), (deepest + "/mount").c_str(), "", MS_BIND, nullptr),
+        0);
+    const int failure = removeAll();
+    umount2((deepest + "/mount").c_str(), MNT_DETACH);
+    EXPECT_EQ(failure, EXDEV);
+    Listing expected;
+    std::string path;
+    for (int level = 0; level < levels; ++level) expected.insert(path += "deeper/");
+    expected.insert(path + "mount/");
+    EXPECT_EQ(left(), expected);
+    EXPECT_EQ(outside(), outside_);
+    struct stat status {};
+    ASSERT_EQ(stat((scratch_ / "in/deeper").c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 07777, 0555U);
 }
 
 TEST_F(TreeRemoval, AMountIsNotEnteredAndTheRestGoes) {
