@@ -12,6 +12,7 @@
 #include "platform/linux/files/linux_text_files.h"
 #include "platform/linux/inventory/linux_processes.h"
 #include "platform/linux/inventory/linux_wmi.h"
+#include "platform/linux/moving/left_copies.h"
 #include "platform/linux/network/linux_internet.h"
 #include "platform/linux/network/linux_rasapi32.h"
 #include "platform/linux/network/linux_sockets.h"
@@ -22,8 +23,8 @@
 #include "platform/linux/settings/linux_regional.h"
 #include "platform/linux/settings/linux_user_state.h"
 #include "platform/linux/system/linux_clock.h"
-#include "platform/linux/volumes/linux_raw_volumes.h"
 #include "platform/linux/system/listed_times.h"
+#include "platform/linux/volumes/linux_raw_volumes.h"
 #include "platform/network/mail_client.h"
 #include "platform/network/polled_socket.h"
 #include "platform/platform.h"
@@ -47,6 +48,8 @@ Application ownApplication(Volumes& volumes) {
 
 class LinuxMachine final : public Machine {
   public:
+    LinuxMachine() { removeLeftCopies(volumes_); }
+
     Platform& platform() override { return platform_; }
 
     std::string toDrivePath(const std::string& hostPath) override {

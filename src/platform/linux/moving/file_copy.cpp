@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "platform/linux/entries/rename_entry.h"
+#include "platform/linux/moving/left_copies.h"
 #include "platform/linux/system/unique_fd.h"
 #include "platform/linux/system/write_all.h"
 
@@ -142,15 +143,20 @@ int copyUnnamed(int from, int toFolder, const std::string& to, CopiedEntry& copi
 
 std::string temporaryName() {
     static unsigned number = 0;
-    return ".velmora-" + std::to_string(getpid()) + '-' + std::to_string(++number);
+    return temporaryCopy + std::to_string(getpid()) + '-' + std::to_string(++number);
 }
 
 // A copy under a temporary name, so that it isn't taken for the whole file. 0, or the errno.
 int copyUnderTemporaryName(int from, int toFolder, const std::string& temporary,
                            const std::string& to, CopiedEntry& copied) {
+    CopyNote note(toFolder, temporary);
     UniqueFd copy(openat(toFolder, temporary.c_str(),
                          O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
-    if (!copy.isOpen()) return errno == EEXIST ? temporaryNameTaken : errno;
+    if (!copy.isOpen()) {
+        const int failure = errno;
+        note.forget();
+        return failure == EEXIST ? temporaryNameTaken : failure;
+    }
     struct stat status {};
     if (fstat(copy.get(), &status) != 0) return errno;
     copied.copy = identityOf(status);

@@ -1,0 +1,179 @@
+// Copies that a killed move leaves under their temporary names, on filesystems without unnamed
+// files.
+#include "platform/linux/moving/left_copies.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <linux/filter.h>
+#include <linux/seccomp.h>
+#include <sys/prctl.h>
+#include <sys/resource.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstddef>
+#include <filesystem>
+#include <fstream>
+#include <set>
+#include <string>
+
+#include "platform/linux/moving/move_elsewhere.h"
+#include "platform/linux/support/child_process.h"
+
+namespace velmora::linuxhost {
+namespace {
+
+namespace fs = std::filesystem;
+
+// From here on no filesystem of this process makes files without a name.
+bool refuseUnnamedFiles() {
+    constexpr unsigned unnamed = O_TMPFILE & ~O_DIRECTORY;
+    sock_filter filter[] = {BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+                            BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_openat, 0, 3),
+                            BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, args[2])),
+                            BPF_JUMP(BPF_JMP | BPF_JSET | BPF_K, unnamed, 0, 1),
+                            BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | EOPNOTSUPP),
+                            BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW)};
+    sock_fprog program{6, filter};
+    return prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 &&
+           prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program) == 0;
+}
+
+// The kernel ends a process that writes more than this into one file.
+void endAtBytes(rlim_t most) {
+    const rlimit limit{most, most};
+    setrlimit(RLIMIT_FSIZE, &limit);
+    const rlimit noCore{0, 0};
+    setrlimit(RLIMIT_CORE, &noCore);
+}
+
+class LeftCopies : public MoveElsewhere {
+  protected:
+    using Names = std::set<std::string>;
+
+    static constexpr std::uintmax_t megabyte = 1024 * 1024;
+
+    /// What lies in the other folder but the file that was there before.
+    Names made() {
+        Names names;
+        for (const auto& entry : fs::directory_iterator(elsewhere_))
+            names.insert(entry.path().filename());
+        names.erase("there already");
+        return names;
+    }
+    std::size_t notes() {
+        const std::string folder = userFolder_ / ".local/state/velmora";
+        if (!fs::exists(folder)) return 0;
+        return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder), {}));
+    }
+    int moveWithoutUnnamed(const std::string& name) {
+        return inChild([&] {
+            if (!refuseUnnamedFiles()) return 99;
+            Volumes volumes;
+            LinuxKernel32 kernel32(volumes);
+            return kernel32.MoveFileA(in(name), there("x")) == 1
+                       ? 0
+                       : static_cast<int>(kernel32.GetLastError() % 90);
+        });
+    }
+    /// A move of three megabytes whose process ends in the middle. Its temporary name.
+    std::string killedMove() {
+        std::ofstream(at("work/large")) << std::string(3 * megabyte, 'x');
+        inChild([&] {
+            if (!refuseUnnamedFiles()) return 99;
+            Volumes volumes;
+            LinuxKernel32 kernel32(volumes);
+            endAtBytes(megabyte);
+            return kernel32.MoveFileA(in("work/large"), there("x"));
+        });
+        const Names left = made();
+        EXPECT_EQ(left.size(), 1u);
+        return left.empty() ? std::string() : *left.begin();
+    }
+    void start() { openMachine(); }
+};
+
+TEST_F(LeftCopies, TheNextStartRemovesWhatAKilledMoveHasLeft) {
+    const std::string name = killedMove();
+    EXPECT_TRUE(name.starts_with(".velmora-")) << name;
+    EXPECT_EQ(fs::file_size(elsewhere_ + '/' + name), megabyte);
+    EXPECT_EQ(notes(), 1u);
+    start();
+    EXPECT_EQ(made(), Names{});
+    EXPECT_EQ(notes(), 0u);
+    EXPECT_EQ(contentsOf(at("work/large")), std::string(3 * megabyte, 'x'));
+}
+
+TEST_F(LeftCopies, AMoveThatEndsLeavesNoNote) {
+    EXPECT_EQ(moveWithoutUnnamed("work/a.txt"), 0);
+    EXPECT_EQ(made(), Names{"x"});
+    EXPECT_EQ(contentsOf(elsewhere_ + "/x"), "content of work/a.txt");
+    EXPECT_EQ(moveWithoutUnnamed("work/.hidden"), 3);  // 183 of 90
+    EXPECT_EQ(made(), Names{"x"});
+    EXPECT_EQ(notes(), 0u);
+}
+
+TEST_F(LeftCopies, TheCopyOfAProcessThatLivesIsLeftAlone) {
+    const int folder = open(elsewhere_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    const std::string copy = elsewhere_ + "/.velmora-1-1";
+    {
+        const CopyNote note(folder, ".velmora-1-1");
+        std::ofstream(copy) << "half";
+        start();
+        EXPECT_EQ(contentsOf(copy), "half");
+        EXPECT_EQ(notes(), 1u);
+    }
+    close(folder);
+    // The object has gone without its copy, as when the disk has failed.
+    EXPECT_EQ(notes(), 1u);
+    start();
+    EXPECT_FALSE(fs::exists(copy));
+    EXPECT_EQ(notes(), 0u);
+}
+
+TEST_F(LeftCopies, OnlyAFileOfSuchANameGoes) {
+    const std::string state = userFolder_ / ".local/state/velmora";
+    fs::create_directories(state);
+    fs::permissions(state, fs::perms::owner_all);
+    const auto note = [&](int number, const std::string& name) {
+        std::ofstream(state + "/moving-1-" + std::to_string(number)) << elsewhere_ << '/' << name;
+    };
+    fs::create_directory(elsewhere_ + "/.velmora-1-1");
+    fs::create_symlink("there already", elsewhere_ + "/.velmora-1-2");
+    std::ofstream(elsewhere_ + "/.velmora-1-3") << "two names";
+    fs::create_hard_link(elsewhere_ + "/.velmora-1-3", elsewhere_ + "/other");
+    note(1, ".velmora-1-1");
+    note(2, ".velmora-1-2");
+    note(3, ".velmora-1-3");
+    note(4, "there already");
+    fs::create_directory_symlink(elsewhere_, at("target/way"));
+    std::ofstream(elsewhere_ + "/.velmora-1-5") << "through a link";
+    std::ofstream(state + "/moving-1-5") << at("target/way/.velmora-1-5");
+    std::ofstream(state + "/another") << "kept";
+    const TreeListing before = listTree(elsewhere_);
+    start();
+    EXPECT_EQ(listTree(elsewhere_), before);
+    EXPECT_TRUE(fs::exists(state + "/another"));
+}
+
+TEST_F(LeftCopies, APlaceThatIsAwayIsRemembered) {
+    const std::string name = killedMove();
+    fs::rename(elsewhere_, elsewhere_ + " away");
+    start();
+    EXPECT_EQ(notes(), 1u);
+    fs::rename(elsewhere_ + " away", elsewhere_);
+    start();
+    EXPECT_EQ(made(), Names{});
+    EXPECT_EQ(notes(), 0u);
+}
+
+TEST_F(LeftCopies, AMoveThatCanNotBeNotedIsMadeAllTheSame) {
+    fs::create_directories(userFolder_ / ".local");
+    std::ofstream(userFolder_ / ".local/state") << "no folder";
+    EXPECT_EQ(moveWithoutUnnamed("work/a.txt"), 0);
+    EXPECT_EQ(made(), Names{"x"});
+}
+
+}  // namespace
+}  // namespace velmora::linuxhost
