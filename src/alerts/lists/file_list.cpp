@@ -50,6 +50,8 @@ void FileList::showFile(ListedFile row, const std::string& path) {
 
 void FileList::showFolder(ListedFile row, const std::string& path) {
     const auto folder = fso_.GetFolder(path);
+    // A whole drive may take a while to measure.
+    const Busy busy(host_);
     resumeNext([&] {
         const double bytes = folder->Size();
         row.setSize(folderSizeText(bytes, regional_), toText(bytes, regional_));

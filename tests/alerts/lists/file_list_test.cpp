@@ -53,6 +53,19 @@ TEST_F(FileRowsTest, AFileFillsEveryColumn) {
     EXPECT_EQ(ConstListedFile(row).bytes(), "2000000");
 }
 
+TEST_F(FileRowsTest, TheProgramIsBusyWhileADroppedFolderIsMeasured) {
+    fullFolder("C:\\data\\old");
+    row("C:\\other");
+    int busyAtMeasure = 0;
+    machine.onCall = [&](const std::string& call) {
+        if (call.starts_with("Size ")) busyAtMeasure = host.busy;
+    };
+    files.addDropped(list, {"C:\\data\\old"});
+    EXPECT_EQ(busyAtMeasure, 1);
+    EXPECT_EQ(host.busy, 0);
+    EXPECT_EQ(host.timesBusy, 1);
+}
+
 TEST_F(FileRowsTest, LinksInATypedPathAreResolved) {
     file("C:\\real\\a.txt");
     machine.withoutLinks = [](const std::string& path) {

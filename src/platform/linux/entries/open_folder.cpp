@@ -2,6 +2,7 @@
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <sys/sysmacros.h>
 
 #include <cerrno>
 #include <fstream>
@@ -66,7 +67,7 @@ int statEntry(int folder, const std::string& name, struct statx& status) {
     return statx(folder, name.c_str(), flags, wanted, &status) == 0 ? 0 : errno;
 }
 
-int mountIdOf(int folder, MountId& mount) {
+int mountIdOf(int folder, MountId& mount, EntryIdentity* identity) {
     struct statx status {};
     if (const int failure = statEntry(folder, "", status); failure != 0) return failure;
     const bool hasNumber = (status.stx_mask & STATX_MNT_ID) != 0;
@@ -74,6 +75,7 @@ int mountIdOf(int folder, MountId& mount) {
         hasNumber ? std::optional<std::uint64_t>(status.stx_mnt_id) : mountNumberOf(folder);
     if (!number) return EXDEV;
     mount = {status.stx_dev_major, status.stx_dev_minor, *number};
+    if (identity) *identity = {makedev(status.stx_dev_major, status.stx_dev_minor), status.stx_ino};
     return 0;
 }
 

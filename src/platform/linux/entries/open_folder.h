@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/linux/entries/own_entry.h"
 #include "platform/linux/system/unique_fd.h"
 
 namespace velmora::linuxhost {
@@ -43,8 +44,8 @@ struct MountId {
 };
 
 /// 0, or the errno: EXDEV where the system doesn't report the mount, since then no other mount
-/// could be recognized.
-int mountIdOf(int folder, MountId& mount);
+/// could be recognized. `identity` takes what the folder is, if it isn't null.
+int mountIdOf(int folder, MountId& mount, EntryIdentity* identity = nullptr);
 /// The number of an open file's mount, for kernels whose statx doesn't report it; nothing where it
 /// can't be read.
 std::optional<std::uint64_t> mountNumberOf(int fd);

@@ -111,11 +111,12 @@ class LinuxFolder final : public LinuxEntry<Folder, FileKind::folder> {
         // The path of the folder itself may end in a link, as with all other properties.
         const OpenFolder folder(status_.hostPath() + "/.");
         double size = 0;
+        const auto add = [&](const struct statx& each) {
+            if (S_ISREG(each.stx_mode)) size += static_cast<double>(each.stx_size);
+            return true;
+        };
         const int failure =
-            !folder.isOpen() ? folder.failure() : walkTree(folder, [&](const struct statx& each) {
-                if (S_ISREG(each.stx_mode)) size += static_cast<double>(each.stx_size);
-                return true;
-            });
+            folder.isOpen() ? walkTree(folder, add, Visited::files) : folder.failure();
         if (failure != 0) throw RuntimeError(errorOfEntry(failure));
         return size;
     }

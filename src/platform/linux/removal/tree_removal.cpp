@@ -5,44 +5,27 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstddef>
-#include <deque>
 #include <optional>
 #include <utility>
 #include <vector>
 
-#include "platform/linux/entries/own_entry.h"
+#include "platform/linux/entries/folder_stack.h"
 
 namespace velmora::linuxhost {
 
 namespace {
 
-// The most folders open at once. One that is closed meanwhile is opened again from the folder in
-// it.
-constexpr std::size_t mostOpen = 64;
-
 // A folder that is being emptied.
 struct Level {
-    Level(OpenFolder opened, std::string nameThere, bool force)
-        : folder(std::move(opened)), name(std::move(nameThere)) {
-        struct stat status {};
-        if (fstat(folder.fd(), &status) == 0) identity = identityOf(status);
-        // The folder may be write-protected; where this fails, the removal reports it.
-        if (force) rights.emplace(folder);
-    }
-    Level(const Level&) = delete;
-    Level& operator=(const Level&) = delete;
-
-    OpenFolder folder;
-    std::string name;  // in the folder above
-    EntryIdentity identity;
-    std::optional<TemporaryRights> rights;
+    std::string name;                     // in the folder above
     std::vector<std::string> names = {};  // that are still to be removed
+    // Where they can't be given, the removal reports it.
+    std::optional<TemporaryRights> rights = {};
 };
 
 class Removal {
   public:
-    Removal(const OpenFolder& top, bool force) : top_(top), force_(force) {
+    Removal(const OpenFolder& top, bool force) : top_(top), force_(force), folders_(top) {
         note(mountIdOf(top.fd(), mount_));
     }
 
@@ -53,7 +36,7 @@ class Removal {
         note(namesIn(top_, names));
         for (const std::string& name : names) {
             if (!filter(name)) continue;
-            remove(top_, name);
+            remove(name);
             while (!levels_.empty()) goOn();
         }
     }
@@ -68,11 +51,12 @@ class Removal {
         if (names.empty()) return leave();
         const std::string name = std::move(names.back());
         names.pop_back();
-        remove(levels_.back().folder, name);
+        remove(name);
     }
 
-    // A folder with something in it becomes the innermost level.
-    void remove(const OpenFolder& parent, const std::string& name) {
+    // In the innermost folder. One with something in it becomes the innermost.
+    void remove(const std::string& name) {
+        const OpenFolder& parent = folders_.innermost();
         if (unlinkat(parent.fd(), name.c_str(), 0) == 0) return;
         const int failure = errno;
         struct statx status {};
@@ -80,10 +64,11 @@ class Removal {
             return note(unseen == ENOENT ? 0 : unseen);
         if (!S_ISDIR(status.stx_mode)) return note(failure);
         if (!mayBeOn(status, mount_)) return note(EXDEV);
-        enter(parent, name);
+        enter(name);
     }
 
-    void enter(const OpenFolder& parent, const std::string& name) {
+    void enter(const std::string& name) {
+        const OpenFolder& parent = folders_.innermost();
         OpenFolder folder(parent, name);
         if (!folder.isOpen()) {
             // One that may not be read may still be empty.
@@ -93,54 +78,43 @@ class Removal {
         MountId mount;
         if (const int failure = mountIdOf(folder.fd(), mount); failure != 0) return note(failure);
         if (!(mount == mount_)) return note(EXDEV);
-        if (levels_.size() >= mostOpen) levels_[levels_.size() - mostOpen].folder.close();
-        Level& level = levels_.emplace_back(std::move(folder), name, force_);
-        note(namesIn(level.folder, level.names));
+        struct stat status {};
+        if (fstat(folder.fd(), &status) != 0) return note(errno);
+        const OpenFolder& entered = folders_.enter(std::move(folder), identityOf(status));
+        Level& level = levels_.emplace_back(Level{.name = name});
+        if (force_) level.rights.emplace(entered);
+        note(namesIn(entered, level.names));
     }
 
     void leave() {
-        const Level& done = levels_.back();
-        const int failure = openAbove();
-        if (failure != 0) {
+        if (const int failure = folders_.openAbove(); failure != 0) {
             // The folder was moved away: what is above it isn't known any more.
             note(failure);
             while (!levels_.empty()) keep();
             return;
         }
-        const OpenFolder& above = levels_.size() > 1 ? levels_[levels_.size() - 2].folder : top_;
         // Where something in it has stayed, its failure was noted before this one.
-        if (unlinkat(above.fd(), done.name.c_str(), AT_REMOVEDIR) == 0) {
-            levels_.pop_back();
-        } else {
+        if (unlinkat(folders_.above().fd(), levels_.back().name.c_str(), AT_REMOVEDIR) != 0) {
             note(errno);
             keep();
+            return;
         }
-    }
-
-    // The folder above the innermost one, if it was closed meanwhile. 0, or the errno.
-    int openAbove() {
-        if (levels_.size() < 2) return 0;
-        Level& above = levels_[levels_.size() - 2];
-        if (above.folder.isOpen()) return 0;
-        OpenFolder opened(levels_.back().folder, "..");
-        struct stat status {};
-        if (!opened.isOpen()) return opened.failure();
-        if (fstat(opened.fd(), &status) != 0) return errno;
-        if (!(identityOf(status) == above.identity)) return ESTALE;
-        above.folder = std::move(opened);
-        return 0;
+        levels_.pop_back();
+        folders_.leave();
     }
 
     void keep() {
-        const Level& kept = levels_.back();
-        if (kept.rights && kept.folder.isOpen()) kept.rights->restore();
+        const auto& rights = levels_.back().rights;
+        if (rights && folders_.innermost().isOpen()) rights->restore();
         levels_.pop_back();
+        folders_.leave();
     }
 
     const OpenFolder& top_;
     const bool force_;
     MountId mount_;
-    std::deque<Level> levels_;  // their addresses stay
+    FolderStack folders_;
+    std::vector<Level> levels_;  // of the entered folders
     int failure_ = 0;
 };
 
