@@ -311,6 +311,23 @@ class Native(Actions, OwnNative, ConsoleCase):
         self.console.end()
         self.console.wait_for_noise(gone + ': "Delete All" ends here')
 
+    def test_why_a_file_is_not_in_the_bin_is_said_on_standard_error(self):
+        self.begin(8)
+        self.fill("a.bin")
+        # No trash can be made where a file has its name.
+        (self.mounts[0].folder / f".Trash-{os.getuid()}").write_bytes(b"")
+        self.before = self.trees()
+        self.list_files("a.bin")
+        self.console.run("answer yes")
+        self.console.run("click lblSF(5)")
+        texts = self.texts(each for each in self.console.events if each["event"] == "alert")
+        self.assertEqual(texts, [f"- Sended File to Recycle Bin: {self.roots[0]}a.bin"])
+        self.assertEqual(self.listed(), [])
+        self.assertEqual(self.trees(), self.before)
+        self.console.end()
+        self.console.wait_for_noise(f"Not sent to the recycle bin: {self.roots[0]}a.bin: it may "
+                                    "not be removed, or its drive has no recycle bin (5)")
+
     def test_a_pipe_is_no_file_and_nothing_deletes_or_recycles_it(self):
         self.begin(8)
         os.mkfifo(self.mounts[0].folder / "pipe")

@@ -1,6 +1,7 @@
 #include "alerts/actions/file_actions.h"
 
 #include "alerts/lists/listed_rows.h"
+#include "alerts/system/failed_recycling.h"
 #include "base/convert.h"
 #include "base/drive_text.h"
 #include "base/runtime_error.h"
@@ -86,8 +87,9 @@ std::string FileActions::remove(const std::string& strFile, const std::string& s
 }
 
 std::string FileActions::recycle(const std::string& strFile) {
-    parts_.system.prcSendToBin(strFile, file_operation::allowUndo);
+    const std::int32_t code = parts_.system.prcSendToBin(strFile, file_operation::allowUndo);
     raiseFileReport(parts_, "Auto Send File to Recycle Bin: " + strFile);
+    noteFailedRecycling(parts_.host, strFile, code);
     return file_result::handled;
 }
 

@@ -1,7 +1,9 @@
 #include "alerts/actions/small_actions.h"
 
 #include "alerts/lists/listed_rows.h"
+#include "alerts/system/failed_recycling.h"
 #include "base/convert.h"
+#include "base/scope_guard.h"
 #include "base/text.h"
 #include "forms/action_entries.h"
 #include "platform/show_window.h"
@@ -20,8 +22,10 @@ void SmallActions::recycle(Shortage& shortage) {
     ListView& files = parts_.forms.form1.LVFile;
     const ListedRow first = listedRow(files, 1);
     // The shell may ask the user while handlers run: the row may have another index afterwards.
-    parts_.system.prcSendToBin(first.path, file_operation::allowUndo);
+    const std::int32_t code = parts_.system.prcSendToBin(first.path, file_operation::allowUndo);
     removeListedRow(files, first);
+    // Behind the alert, also where that fails.
+    const ScopeGuard tell([&] { noteFailedRecycling(parts_.host, first.path, code); });
     // The short row's index in the list of files: it names another file than the one sent.
     raiseNote(
         parts_, shortage,

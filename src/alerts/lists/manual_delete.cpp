@@ -3,6 +3,7 @@
 #include "alerts/lists/listed_folder.h"
 #include "alerts/lists/listed_rows.h"
 #include "alerts/lists/manual_operations.h"
+#include "alerts/system/failed_recycling.h"
 #include "base/runtime_error.h"
 #include "base/text.h"
 #include "rows/size_text.h"
@@ -74,8 +75,10 @@ bool ManualOperations::deleteListed(const ListedRow& subject, bool toBin) {
     try {
         if (!parts_.platform.fso.FileExists(tag)) return dropMissing(subject);
         if (toBin) {
-            parts_.systemActions.prcSendToBin(tag, file_operation::allowUndo);
+            const std::int32_t code =
+                parts_.systemActions.prcSendToBin(tag, file_operation::allowUndo);
             raise(rating::medium, "- Sended File to Recycle Bin: " + tag);
+            noteFailedRecycling(parts_.host, tag, code);
         } else {
             parts_.platform.files.remove(tag);
             raise(rating::medium, "- Deleted File: " + tag);

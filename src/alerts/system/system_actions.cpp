@@ -84,7 +84,7 @@ bool SystemActions::isBelowRoot(const std::string& path) {
            (place == Place::dotsAlone && platform_.fso.FileExists(path));
 }
 
-void SystemActions::prcSendToBin(const std::string& strFile, std::int32_t lngFlags) {
+std::int32_t SystemActions::prcSendToBin(const std::string& strFile, std::int32_t lngFlags) {
     // The shell takes a list with a NUL after each path: a NUL inside a path would make two paths
     // of it.
     const bool isOne = strFile.find('\0') == std::string::npos;
@@ -95,7 +95,7 @@ void SystemActions::prcSendToBin(const std::string& strFile, std::int32_t lngFla
                                   .wFunc = file_operation::remove,
                                   .pFrom = strFile + '\0',
                                   .fFlags = static_cast<std::uint16_t>(lngFlags)};
-    platform_.shell32.SHFileOperationA(operation);
+    return platform_.shell32.SHFileOperationA(operation);
 }
 
 std::int16_t SystemActions::prcPlaySound(const std::string& strFile, std::int32_t lngFlags) {

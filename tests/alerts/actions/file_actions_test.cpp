@@ -127,6 +127,14 @@ TEST_F(FileActionsTest, RecyclingIsAlwaysHandled) {
     EXPECT_EQ(panel(1), "File Action on: C:\\gone");
 }
 
+TEST_F(FileActionsTest, WhyAFileIsNotInTheBinIsNotedBehindItsReport) {
+    file("C:\\a", 1);
+    machine.operationResult = 112;
+    EXPECT_EQ(perform(act::recycle, "C:\\a"), "1");
+    EXPECT_EQ(alert(1), medium("Auto Send File to Recycle Bin: C:\\a"));
+    EXPECT_EQ(host.notes, Calls{"Not sent to the recycle bin: C:\\a: the disk is full (112)"});
+}
+
 TEST_F(FileActionsTest, AutoMoveComparesKBWithKB) {
     // 1000 KB are free.
     file("C:\\fits", 1000 * KB - 1);

@@ -30,6 +30,7 @@ TEST_F(SmallActionsTest, TheFirstListedFileGoesToTheBinWhicheverDriveItLiesOn) {
     EXPECT_EQ(machine.log.calls(), Calls{"SHFileOperationA 3 64 D:\\1"});
     EXPECT_EQ(machine.recycled, Calls{"D:\\1"});
     EXPECT_EQ(listed(), "C:\\2");
+    EXPECT_TRUE(host.notes.empty());
 }
 
 TEST_F(SmallActionsTest, TheNoteOfTheBinNamesTheFileAtTheShortRowsOwnIndex) {
@@ -65,6 +66,15 @@ TEST_F(SmallActionsTest, TheBinsResultIsIgnored) {
     EXPECT_EQ(listed(), "C:\\2");
     EXPECT_TRUE(exists("C:\\1"));
     EXPECT_EQ(alert(1), note("Auto send file to recycle bin: C:\\2"));
+    EXPECT_EQ(host.notes, Calls{"Not sent to the recycle bin: C:\\1: it was cancelled (1223)"});
+}
+
+TEST_F(SmallActionsTest, AFailureOfTheBinIsNotedAlsoWhereTheAlertFails) {
+    machine.operationResult = 5;
+    listFile("C:\\1");
+    EXPECT_EQ(errorOf(act::recycle), error::indexOutOfBounds);
+    EXPECT_EQ(host.notes, Calls{"Not sent to the recycle bin: C:\\1: it may not be removed, or its "
+                                "drive has no recycle bin (5)"});
 }
 
 TEST_F(SmallActionsTest, ADrivesRootIsNeverSentToTheBin) {

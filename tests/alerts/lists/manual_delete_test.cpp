@@ -324,6 +324,8 @@ TEST_F(ManualDeleteTest, TheAnswerOfTheBinIsIgnored) {
     EXPECT_EQ(alertRows(), Texts{mediumAlert("- Sended File to Recycle Bin: C:\\a")});
     EXPECT_EQ(list.Count(), 0);
     EXPECT_EQ(machine.files.size(), 1u);
+    EXPECT_EQ(host.notes, Texts{"Not sent to the recycle bin: C:\\a: it may not be removed, or its "
+                                "drive has no recycle bin (5)"});
 }
 
 TEST_F(ManualDeleteTest, AllShowsOneMessageForAMissingFileRemovesItsRowAndGoesOn) {

@@ -1,0 +1,32 @@
+// Why a file isn't in the recycle bin.
+#include "alerts/system/failed_recycling.h"
+
+#include <gtest/gtest.h>
+
+#include "fake/fake_host.h"
+
+namespace velmora::tests {
+namespace {
+
+TEST(FailedRecycling, SaysThePathTheReasonAndTheCode) {
+    EXPECT_EQ(whyNotRecycled("C:\\a", 0), "");
+    EXPECT_EQ(whyNotRecycled("C:\\a", 2),
+              "Not sent to the recycle bin: C:\\a: it is not there (2)");
+    EXPECT_EQ(whyNotRecycled("C:\\a", 32),
+              "Not sent to the recycle bin: C:\\a: a program has it open (32)");
+    EXPECT_EQ(whyNotRecycled("C:\\a", 206),
+              "Not sent to the recycle bin: C:\\a: its path is too long (206)");
+    EXPECT_EQ(whyNotRecycled("C:\\a", 87),
+              "Not sent to the recycle bin: C:\\a: the system refused it (87)");
+}
+
+TEST(FailedRecycling, ASuccessIsNotNoted) {
+    fake::FakeHost host;
+    noteFailedRecycling(host, "C:\\a", 0);
+    EXPECT_TRUE(host.notes.empty());
+    noteFailedRecycling(host, "C:\\a", 2);
+    EXPECT_EQ(host.notes.size(), 1u);
+}
+
+}  // namespace
+}  // namespace velmora::tests
