@@ -103,6 +103,24 @@ TEST(CustomWatchTime, AWatchThatRunsIsNotToggledAtTheStartButTheStartIsWritten) 
     EXPECT_EQ(rig.calls, Texts{"alert dialog"});
 }
 
+// The times differ by seconds alone: neither is moved on, and both lie in the present minute.
+TEST(CustomWatchTime, AStartAndAnEndInOneMinuteStartTheWatchAndPauseIt) {
+    for (const bool watchesBefore : {false, true}) {
+        CustomRig rig;
+        rig.form1.DTTime1[0].setValue(today(10, 0, 5));
+        rig.form1.DTTime1[1].setValue(today(10, 0, 50));
+        if (watchesBefore) rig.form1.cmdPause.Click();
+        rig.minute(today(10, 0, 20));
+        EXPECT_FALSE(rig.watching());
+        EXPECT_FALSE(rig.form1.Timer1.Enabled());
+        EXPECT_EQ(rig.alertTexts(), (Texts{pausedAlert, startedAlert}));
+        const std::string& journal = rig.form1.txtAlert.Text();
+        EXPECT_TRUE(journal.starts_with("Velmora Paused by Custom Watch Time: ")) << journal;
+        EXPECT_NE(journal.find("Velmora Started by Custom Watch Time: "), std::string::npos);
+        EXPECT_EQ(rig.form1.DTTime1[1].Value(), today(10, 0, 50));
+    }
+}
+
 TEST(CustomWatchTime, ACaptionWithNeitherWordIsNotToggled) {
     CustomRig rig;
     rig.form1.cmdPause.setCaption("start");

@@ -14,6 +14,44 @@ TEST(RowCheck, LastCheckedIsMonthDayAndTime) {
     EXPECT_EQ(rig.at(1).lastChecked(), "11/05 06:07:08");
 }
 
+TEST(RowCheck, LastCheckedIsTheTimeOfEachCheck) {
+    CheckRig rig;
+    rig.watch("C:\\", 5000);
+    rig.check();
+    EXPECT_EQ(rig.at(1).lastChecked(), "03/14 15:09:26");
+    rig.machine.now = {2026, 3, 14, 15, 9, 27};
+    rig.check();
+    EXPECT_EQ(rig.at(1).lastChecked(), "03/14 15:09:27");
+    rig.machine.now = {2026, 3, 15, 15, 9, 27};
+    rig.check();
+    EXPECT_EQ(rig.at(1).lastChecked(), "03/15 15:09:27");
+}
+
+TEST(RowCheck, EachRowHasItsOwnTimeWithinACheck) {
+    CheckRig rig;
+    rig.watch("C:\\", 5000);
+    rig.watch("D:\\", 5000);
+    rig.watch("E:\\", 5000);
+    rig.machine.onCall = [&](const std::string& call) {
+        if (call == "FreeSpace D:") rig.machine.now.second = 59;
+    };
+    rig.check();
+    EXPECT_EQ(rig.at(1).lastChecked(), "03/14 15:09:26");
+    EXPECT_EQ(rig.at(2).lastChecked(), "03/14 15:09:59");
+    EXPECT_EQ(rig.at(3).lastChecked(), "03/14 15:09:59");
+}
+
+TEST(RowCheck, TheStampOfARowIsThatOfItsLastUpdate) {
+    CheckRig rig;
+    rig.watch("C:\\", 5000);
+    rig.at(1).setFreeSpace("1 KB");
+    rig.check();
+    EXPECT_EQ(rig.at(1).stamp(), "3/14/2026 3:09:26 PM");
+    rig.machine.now = {2026, 3, 14, 15, 10, 26};
+    rig.check();
+    EXPECT_EQ(rig.at(1).stamp(), "3/14/2026 3:10:26 PM");
+}
+
 TEST(RowCheck, EventsComeFirstThenTheFiguresThenTheShortage) {
     RecordedCheck rig;
     rig.watch("C:\\", 5);

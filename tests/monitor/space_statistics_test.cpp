@@ -44,6 +44,24 @@ TEST(SpaceRate, AThousandKilobytesInTenSecondsAreShownAsZero) {
     EXPECT_EQ(rig.rate(), "0");
 }
 
+TEST(SpaceRate, AFirstIntervalOfOneSecondIsKept) {
+    StatisticsRig rig;
+    rig.form1.txtTime.setText("1");
+    rig.change("1000000", "1010240");
+    EXPECT_EQ(rig.rate(), "10");  // 10240 / 1 / 1024
+    rig.form1.txtTime.setText("10");
+    EXPECT_EQ(rig.rate(), "10");
+}
+
+TEST(SpaceRate, AFirstIntervalBelowOneSecondIsReadAgain) {
+    StatisticsRig rig;
+    rig.form1.txtTime.setText("0");
+    rig.change("1000000", "1010240");
+    EXPECT_EQ(rig.rate(), "10");
+    rig.form1.txtTime.setText("10");
+    EXPECT_EQ(rig.rate(), "1");
+}
+
 TEST(SpaceRate, IsDividedBy1024OnceMoreAndRoundedToAWholeNumber) {
     struct Case {
         const char* now;
