@@ -4,6 +4,7 @@ else is touched."""
 import os
 import pathlib
 import re
+import time
 
 import filesystems
 from cases import ConsoleCase, OwnNative, OwnWindows, WindowsCase
@@ -298,6 +299,39 @@ class Native(Actions, OwnNative, ConsoleCase):
         self.assertFalse(left.exists())
         self.assertEqual(list(notes.glob("moving-*")), [])
         self.assertEqual(self.trees(), self.before)
+
+    def kill_in_the_middle_of_a_move(self, content):
+        """Whether the program was killed before the move was done."""
+        source = self.mounts[0].folder / "large.bin"
+        source.write_bytes(content)
+        self.list_files("large.bin")
+        self.console.set("txtDrive.Text", self.roots[1])
+        self.console.run("select LVFile 1")
+        self.console.run("answer yes")
+        target = self.mounts[1].folder
+        free = os.statvfs(target).f_bfree
+        self.console.send("click lblSF(2)")
+        deadline = time.monotonic() + 30
+        while source.exists() and os.statvfs(target).f_bfree > free - 1000:
+            self.assertLess(time.monotonic(), deadline, "nothing was moved")
+        self.console.close()
+        return source.exists()
+
+    def test_a_kill_in_the_middle_of_a_move_loses_nothing_and_leaves_nothing(self):
+        content = os.urandom(KB * KB) * 48
+        for _ in range(10):
+            self.begin(64, 64)
+            if self.kill_in_the_middle_of_a_move(content):
+                break
+        else:
+            self.skipTest("each move was done before the program could be killed")
+        self.assertEqual((self.mounts[0].folder / "large.bin").read_bytes(), content)
+        self.launch()
+        left = [path for path in self.mounts[1].folder.iterdir() if path.name != "large.bin"]
+        self.assertEqual(left, [])
+        # A copy that has its name is whole: the program was killed before it removed the source.
+        for copy in self.mounts[1].folder.iterdir():
+            self.assertEqual(copy.read_bytes(), content)
 
     def test_delete_all_says_why_it_ends_at_a_missing_file(self):
         self.begin(8)

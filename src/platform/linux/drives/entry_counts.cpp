@@ -21,7 +21,8 @@ void count(int folder, const dirent64& entry, EntryCounts& counts) {
     if (kind == DT_LNK || kind == DT_UNKNOWN) {
         struct stat status {};
         const bool leadsSomewhere = fstatat(folder, entry.d_name, &status, 0) == 0;
-        kind = leadsSomewhere ? IFTODT(status.st_mode) : DT_REG;
+        kind = leadsSomewhere ? static_cast<unsigned char>(IFTODT(status.st_mode))
+                              : static_cast<unsigned char>(DT_REG);
     }
     if (kind == DT_DIR) ++counts.folders;
     if (kind == DT_REG) ++counts.files;
