@@ -24,7 +24,7 @@ namespace velmora::linuxhost {
 
 namespace {
 
-constexpr std::string_view noteName = "moving-";
+constexpr std::string_view noteNameStart = "moving-";
 constexpr std::time_t longestMemory = 30L * 24 * 3600;
 // A note without a path may be one that another process is just beginning to write.
 constexpr std::time_t timeToWrite = 60;
@@ -42,14 +42,14 @@ std::string pathOf(int folder) {
                                       : std::string{};
 }
 
-bool lock(const UniqueFd& file) {
+bool lockNote(const UniqueFd& file) {
     return flock(file.get(), LOCK_EX | LOCK_NB) == 0;
 }
 
 UniqueFd makeNote(int folder, std::string& name) {
     UniqueFd note;
     for (int number = 1; !note.isOpen() && number <= 100; ++number) {
-        name = std::string(noteName) + std::to_string(getpid()) + '-' + std::to_string(number);
+        name = std::string(noteNameStart) + std::to_string(getpid()) + '-' + std::to_string(number);
         constexpr int flags = O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
         note = UniqueFd(openat(folder, name.c_str(), flags, S_IRUSR | S_IWUSR));
         if (!note.isOpen() && errno != EEXIST) return note;
@@ -57,7 +57,7 @@ UniqueFd makeNote(int folder, std::string& name) {
     return note;
 }
 
-bool isRegular(int file, struct stat& status) {
+bool isRegularFile(int file, struct stat& status) {
     return fstat(file, &status) == 0 && S_ISREG(status.st_mode);
 }
 
@@ -75,7 +75,7 @@ void follow(Volumes& volumes, int folder, const std::string& name) {
     const UniqueFd note(openat(folder, name.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
     struct stat status {};
     // Its process lives.
-    if (!note.isOpen() || !isRegular(note.get(), status) || !lock(note)) return;
+    if (!note.isOpen() || !isRegularFile(note.get(), status) || !lockNote(note)) return;
     std::string path;
     if (readWhole(note.get(), PATH_MAX, path) != 0) return;
     const std::time_t age = std::time(nullptr) - status.st_mtime;
@@ -92,7 +92,7 @@ CopyNote::CopyNote(int folder, std::string name) : folder_(folder), name_(std::m
     note_ = makeNote(state_.get(), file_);
     const std::string path = (place == "/" ? place : place + '/') + name_;
     std::string_view rest = path;
-    if (note_.isOpen() && lock(note_) && writeAll(note_.get(), rest) == 0) return;
+    if (note_.isOpen() && lockNote(note_) && writeAll(note_.get(), rest) == 0) return;
     if (note_.isOpen()) forget();
     file_.clear();
 }
@@ -113,7 +113,7 @@ void removeLeftCopies(Volumes& volumes) {
     std::vector<std::string> names;
     static_cast<void>(namesIn(OpenFolder(state.get(), "."), names));
     for (const std::string& name : names) {
-        if (name.starts_with(noteName)) follow(volumes, state.get(), name);
+        if (name.starts_with(noteNameStart)) follow(volumes, state.get(), name);
     }
 }
 

@@ -20,6 +20,7 @@
 
 #include "platform/linux/moving/move_elsewhere.h"
 #include "platform/linux/support/child_process.h"
+#include "platform/platform.h"
 
 namespace velmora::linuxhost {
 namespace {
