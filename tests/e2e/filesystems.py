@@ -107,6 +107,20 @@ class Tmpfs(Mount):
         self.mounted = True
 
 
+class Ramfs(Mount):
+    """One that dates its files by the steps of the kernel's clock. It has no size, and so is no
+    drive."""
+
+    def __init__(self):
+        super().__init__()
+        try:
+            run("mount", "-t", "ramfs", "ramfs", str(self.folder))
+        except Unavailable:
+            self.close()
+            raise
+        self.mounted = True
+
+
 class Loop(Mount):
     """An ext4 in a file, mounted through a loop device."""
 

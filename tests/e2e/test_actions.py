@@ -209,6 +209,8 @@ class Actions:
         self.assertEqual(self.trees(), self.before)
 
     def test_an_empty_specified_path_moves_nothing_to_the_working_folder(self):
+        self.addCleanup(os.chdir, os.getcwd())
+        os.chdir(self.folder)
         self.begin(8)
         self.fill("large.bin")
         self.list_files("large.bin")
@@ -375,6 +377,23 @@ class Native(Actions, OwnNative, ConsoleCase):
         self.assertEqual(
             texts, [f"- No Folder Found or No Content in Folder: {self.roots[0]}pipe"])
         self.assertEqual(self.trees(), self.before)
+
+    def test_a_change_right_after_a_check_is_reported_once(self):
+        ramfs = self.mount(filesystems.Ramfs)
+        self.launch()
+        folder = self.console.add(str(ramfs.folder))["Text"]
+        self.console.watch_only(folder)
+        self.console.set("txtSpace.Text", "0")
+        self.console.run(f"tick lstEvt {MODIFICATION} on")
+        self.console.check()
+        for number in range(20):
+            (ramfs.folder / f"{number}.txt").write_bytes(b"x")
+            texts = self.texts(self.console.check())
+            self.assertEqual(len(texts), 1)
+            self.assertIn(f"  {folder}\\{number}.txt\r\n", texts[0])
+            if number > 0:
+                self.assertNotIn(f"  {folder}\\{number - 1}.txt\r\n", texts[0])
+        self.assertEqual(self.texts(self.console.check()), [])
 
     def test_the_recycled_file_lies_in_the_trash_of_its_own_drive(self):
         self.begin(8)
