@@ -1,7 +1,10 @@
 #include "monitor/drive_meter.h"
 
 #include <algorithm>
+#include <array>
 #include <optional>
+#include <string>
+#include <utility>
 
 #include "base/convert.h"
 #include "base/runtime_error.h"
@@ -17,6 +20,17 @@ void point(Gauge& gauge, std::optional<double> part, double whole) {
     const double highest = gauge.Max();
     const double value = part && whole > 0 ? highest - *part / whole * highest : highest;
     gauge.setValue(toInteger(std::clamp<double>(value, gauge.Min(), highest)));
+}
+
+using Figures = std::array<std::pair<const char*, std::string>, 4>;
+
+bool lists(const ListView& list, const Figures& figures) {
+    if (list.Count() != static_cast<int>(figures.size())) return false;
+    for (std::size_t i = 0; i < figures.size(); ++i) {
+        const ListItem& line = list.ListItems(static_cast<int>(i) + 1);
+        if (line.Text() != figures[i].first || line.SubItems(1) != figures[i].second) return false;
+    }
+    return true;
 }
 
 }  // namespace
@@ -48,21 +62,37 @@ void DriveMeter::offerPaths() {
 }
 
 void DriveMeter::prcSrvMeter(ListItem& item) {
+    showRow(item, true);
+}
+
+// A bar that the user has moved and not applied stays where it is.
+void DriveMeter::refresh(ListItem& item) {
+    showRow(item, frmIndDri_.VScroll1.Value() == barPlace_);
+}
+
+void DriveMeter::showRow(ListItem& item, bool movesBar) {
     const ConstWatchRow row(item);
     if (!row.isReadyForGauges()) return;
     const double total = row.totalKBOrZero(regional_);
-    showShares(triggerKB(row, total), readKilobytes(row.freeSpace(), regional_), total);
+    const auto trigger = triggerKB(row, total);
+    if (movesBar) moveBar(trigger, total);
+    showShares(trigger, readKilobytes(row.freeSpace(), regional_), total);
     listFigures(row);
 }
 
+void DriveMeter::moveBar(std::optional<double> triggerKB, double totalKB) {
+    point(frmIndDri_.VScroll1, triggerKB, totalKB);
+    barPlace_ = frmIndDri_.VScroll1.Value();
+}
+
 void DriveMeter::clear() {
+    moveBar(std::nullopt, 0);
     showShares(std::nullopt, std::nullopt, 0);
     frmIndDri_.ListView1.Clear();
 }
 
 void DriveMeter::showShares(std::optional<double> triggerKB, std::optional<double> freeKB,
                             double totalKB) {
-    point(frmIndDri_.VScroll1, triggerKB, totalKB);
     point(frmIndDri_.VMeter1, triggerKB, totalKB);
     point(frmIndDri_.VMeter2, freeKB, totalKB);
 }
@@ -84,25 +114,23 @@ std::optional<double> DriveMeter::triggerKB(const ConstWatchRow& row, double tot
     return trigger;
 }
 
+// The list is left alone where it has the figures already: it would lose its place and flicker.
 void DriveMeter::listFigures(const ConstWatchRow& row) {
-    ListView& list = frmIndDri_.ListView1;
-    list.Clear();
-    const auto add = [&list](const char* property, const std::string& value) {
-        list.Add(property).setSubItems(1, value);
-    };
-    add("Size", row.totalSize());
-    add("Free Space", row.freeSpace());
-    std::string folders = notAvailable;
-    std::string files = notAvailable;
+    Figures figures{{{"Size", row.totalSize()},
+                     {"Free Space", row.freeSpace()},
+                     {"Folders", notAvailable},
+                     {"Files", notAvailable}}};
     try {
         const auto folder = fso_.GetFolder(row.path());
-        folders = toText(folder->SubFoldersCount(), regional_);
-        files = toText(folder->FilesCount(), regional_);
+        figures[2].second = toText(folder->SubFoldersCount(), regional_);
+        figures[3].second = toText(folder->FilesCount(), regional_);
     } catch (const RuntimeError&) {
         // The drive may be there without the folder.
     }
-    add("Folders", folders);
-    add("Files", files);
+    ListView& list = frmIndDri_.ListView1;
+    if (lists(list, figures)) return;
+    list.Clear();
+    for (const auto& [property, value] : figures) list.Add(property).setSubItems(1, value);
 }
 
 }  // namespace velmora

@@ -29,6 +29,8 @@ class DriveMeter {
     /// a value beyond a gauge's range is shown at its end, and a folder that can't be read is
     /// "N/A".
     void prcSrvMeter(ListItem& row);
+    /// The same, but `VScroll1` stays where the user has moved it.
+    void refresh(ListItem& row);
     /// Shows no figures.
     void clear();
     /// Shows the row of the view's present drive, while the view is visible. `strDri` isn't used.
@@ -36,6 +38,8 @@ class DriveMeter {
 
   private:
     std::optional<double> triggerKB(const ConstWatchRow& row, double totalKB) const;
+    void showRow(ListItem& item, bool movesBar);
+    void moveBar(std::optional<double> triggerKB, double totalKB);
     void showShares(std::optional<double> triggerKB, std::optional<double> freeKB, double totalKB);
     void offerPaths();
     void listFigures(const ConstWatchRow& row);
@@ -44,6 +48,7 @@ class DriveMeter {
     FrmIndDri& frmIndDri_;
     FileSystemObject& fso_;
     const Regional& regional_;
+    int barPlace_ = 0;  // where VScroll1 was put last
 };
 
 }  // namespace velmora

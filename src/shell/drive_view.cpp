@@ -97,7 +97,7 @@ void DriveView::prcUpdateThis() {
     draw(reading);
     const int share = static_cast<int>(std::clamp(reading.usedShare, 0.0, whole));
     form_.ProgressBar1.setValue(share);
-    if (ListItem* row = shownRow()) driveMeter_.prcSrvMeter(*row);
+    if (ListItem* row = shownRow()) driveMeter_.refresh(*row);
 }
 
 void DriveView::fillPie(const Reading& reading) {
@@ -140,7 +140,7 @@ void DriveView::Timer1_Timer() {
     }
     // In its place: nothing comes to the front by itself.
     driveMeter_.showPath(path);
-    driveMeter_.prcSrvMeter(*row);
+    driveMeter_.refresh(*row);
     prcUpdateThis();
 }
 

@@ -43,6 +43,14 @@ struct DriveViewTest : testing::Test {
         }
         return all;
     }
+    std::vector<Colour> colours() {
+        std::vector<Colour> all;
+        const Control::Table rows = view.picPie.table().value();
+        for (const auto& row : rows) {
+            all.push_back(static_cast<Colour>(std::get<std::int64_t>(row[2].second)));
+        }
+        return all;
+    }
     std::string trigger(int row) { return ConstWatchRow(form1.ListView1.ListItems(row)).trigger(); }
     void answerYes() { host.answers.push_back(BoxAnswer::yes); }
 };
@@ -56,6 +64,7 @@ TEST_F(DriveViewTest, ShowsTheUsedShareAndThePie) {
     EXPECT_EQ(view.picPie.Title(), "40.0% Used");
     EXPECT_EQ(view.picPie.Second(), "Total(1,000)");
     EXPECT_EQ(names(), (std::vector<std::string>{"Free=600", "Used=400"}));
+    EXPECT_EQ(colours(), (std::vector<Colour>{0xFF0000, 255}));
     EXPECT_EQ(view.ProgressBar1.Value(), 40);
     EXPECT_EQ(driveView.aPaths(), std::vector<std::string>{"C:\\"});
 }
@@ -75,6 +84,7 @@ TEST_F(DriveViewTest, ItsGaugesAndListHaveTheFiguresOfTheRow) {
 TEST_F(DriveViewTest, AFullDriveIsOneSegment) {
     meter.prcShowfrmIndDri("D:\\data");
     EXPECT_EQ(names(), std::vector<std::string>{"Media Full=1000"});
+    EXPECT_EQ(colours(), std::vector<Colour>{255});
     EXPECT_EQ(view.lblP.Caption(), "D:\\data  100.0% Used");
     EXPECT_EQ(view.ProgressBar1.Value(), 100);
 }
@@ -83,10 +93,28 @@ TEST_F(DriveViewTest, ADriveWithNothingUsedHasNoMedia) {
     machine.drives["C:"] = {1000, 1000};
     meter.prcShowfrmIndDri("C:\\");
     EXPECT_EQ(names(), std::vector<std::string>{"No Media=0"});
+    EXPECT_EQ(colours(), std::vector<Colour>{255});
     EXPECT_EQ(view.picPie.Title(), ".0% Used");
     machine.drives["C:"] = {0, 0};
     driveView.prcUpdateThis();
     EXPECT_EQ(names(), std::vector<std::string>{"No Media=0"});
+}
+
+TEST_F(DriveViewTest, ADriveWithMoreFreeThanItHoldsIsFullMedia) {
+    machine.drives["C:"] = {1500, 1000};
+    meter.prcShowfrmIndDri("C:\\");
+    EXPECT_EQ(names(), std::vector<std::string>{"Media Full=-500"});
+    EXPECT_EQ(colours(), std::vector<Colour>{255});
+    EXPECT_EQ(view.ProgressBar1.Value(), 0);
+}
+
+TEST_F(DriveViewTest, ItSaysThatItIsLoading) {
+    std::vector<std::string> captions;
+    const auto connection =
+        view.lblP.Changed.connect([&] { captions.push_back(view.lblP.Caption()); });
+    meter.prcShowfrmIndDri("C:\\");
+    EXPECT_EQ(captions,
+              (std::vector<std::string>{"C:\\", "Loading...", "C:\\", "C:\\  40.0% Used"}));
 }
 
 TEST_F(DriveViewTest, AFolderAfterItsFirstCheckHasItsOwnFigures) {
@@ -111,6 +139,63 @@ TEST_F(DriveViewTest, NoFigureOfTheDriveBeforeStaysForOneThatIsNotReady) {
     EXPECT_EQ(view.VMeter2.Label1(), "0%");
     EXPECT_EQ(view.ListView1.Count(), 0);
     EXPECT_EQ(view.Text1.Text(), "0");
+}
+
+// The scroll bar begins at its top, where 100 percent are.
+TEST_F(DriveViewTest, ADriveThatIsNotReadyOffersNoMinimumAtTheFirstShowing) {
+    machine.drives["C:"].ready = false;
+    WatchRow(form1.ListView1.ListItems(1)).setFreeSpace("N/A, drive not ready");
+    meter.prcShowfrmIndDri("C:\\");
+    meter.prcSrvMeter(form1.ListView1.ListItems(1));
+    EXPECT_EQ(view.VMeter1.Level(), 0);
+    EXPECT_EQ(view.VMeter2.Level(), 0);
+    EXPECT_EQ(view.ListView1.Count(), 0);
+    EXPECT_EQ(view.VScroll1.Value(), 100);
+    EXPECT_EQ(view.Text1.Text(), "0");
+}
+
+TEST_F(DriveViewTest, APlaceThatIsNotAppliedStaysAtTheTimer) {
+    form1.txtSpace.setText("200");
+    meter.prcShowfrmIndDri("C:\\");
+    view.VScroll1.userScroll(75);
+    view.Timer1.Tick();
+    EXPECT_EQ(view.VScroll1.Value(), 75);
+    EXPECT_EQ(view.Text1.Text(), "25");
+    EXPECT_EQ(view.VMeter1.Label1(), "20%");
+    machine.drives["C:"] = {500, 1000};  // which draws the view anew
+    view.Timer1.Tick();
+    EXPECT_EQ(view.Text1.Text(), "25");
+    view.Combo1.userChoose(1);
+    view.Combo1.userChoose(0);
+    EXPECT_EQ(view.Text1.Text(), "20");
+    view.VScroll1.userScroll(75);
+    meter.prcSrvMeterPreSet("");
+    EXPECT_EQ(view.Text1.Text(), "20");
+}
+
+TEST_F(DriveViewTest, AnUntouchedScrollBarFollowsTheTrigger) {
+    form1.txtSpace.setText("200");
+    meter.prcShowfrmIndDri("C:\\");
+    view.Text1.setText("33");  // typed
+    view.Timer1.Tick();
+    EXPECT_EQ(view.Text1.Text(), "33");
+    form1.txtSpace.setText("300");
+    view.Timer1.Tick();
+    EXPECT_EQ(view.VScroll1.Value(), 70);
+    EXPECT_EQ(view.VMeter1.Label1(), "30%");
+}
+
+TEST_F(DriveViewTest, AnUnchangedListIsLeftAlone) {
+    meter.prcShowfrmIndDri("C:\\");
+    int changes = 0;
+    const auto reset = view.ListView1.RowsReset.connect([&] { ++changes; });
+    const auto inserted = view.ListView1.RowInserted.connect([&](int) { ++changes; });
+    for (int i = 0; i < 5; ++i) view.Timer1.Tick();
+    EXPECT_EQ(changes, 0);
+    WatchRow(form1.ListView1.ListItems(1)).setFreeSpace("599 KB");
+    view.Timer1.Tick();
+    EXPECT_GT(changes, 0);
+    EXPECT_EQ(view.ListView1.ListItems(2).SubItems(1), "599 KB");
 }
 
 TEST_F(DriveViewTest, UnchangedFiguresPaintNothing) {
