@@ -7,9 +7,11 @@
 #include <map>
 
 #include "base/format_number.h"
+#include "base/runtime_error.h"
 #include "base/text.h"
 #include "console/caption_report.h"
 #include "console/target.h"
+#include "inspect/charts/drive_charts.h"
 #include "inspect/drive_attributes.h"
 #include "inspect/sectors/volume_reading.h"
 #include "monitor/row_usage.h"
@@ -53,6 +55,15 @@ std::size_t widestPath(const ListView& list) {
 std::string percentOf(const std::optional<double>& share, const Regional& regional) {
     if (!share) return {};
     return FormatNumber(*share * 100, 1, Grouping::regional, regional);
+}
+
+// Empty where a size isn't a number: the pie has no sum then.
+std::string pieCaption(const ListView& list, const Regional& regional) {
+    try {
+        return distributionCaption(totalFreeKB(list, regional)) + std::string(lineEnd);
+    } catch (const RuntimeError&) {
+        return {};
+    }
 }
 
 }  // namespace
@@ -137,6 +148,7 @@ Report Reports::chart() {
                                   {"Free Space", row.freeSpace()},
                                   {"Total Space", row.totalSize()}});
     }
+    report.text += pieCaption(list, platform_.regional);
     return report;
 }
 

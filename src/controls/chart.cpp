@@ -130,9 +130,13 @@ std::optional<Control::Table> Chart::table() const {
     for (int row = 1; row <= RowCount(); ++row) {
         auto& cells = rows.emplace_back();
         cells.emplace_back("RowLabel", rowLabel(row));
+        std::string all;
         for (int column = 1; column <= ColumnCount(); ++column) {
-            cells.emplace_back(columnLabel(column), toText(data(row, column), Regional{}));
+            const std::string value = toText(data(row, column), Regional{});
+            cells.emplace_back(columnLabel(column), value);
+            all += (column == 1 ? "" : " ") + value;
         }
+        cells.emplace_back("Data", all);
     }
     return rows;
 }

@@ -51,7 +51,8 @@ class Chart : public Control {
 
     std::string mainProperty() const override { return "RowCount"; }
     Properties properties() override;
-    /// A row of the grid each: "RowLabel", then a value named after each column.
+    /// A row of the grid each: "RowLabel", a value named after each column, and "Data" with all
+    /// values in their order, since two columns may have the same name.
     std::optional<Table> table() const override;
 
   private:

@@ -58,7 +58,6 @@ void DriveInfo::Form_Load() {
     form_.lvInfo.Clear();
     form_.txtBytes.setText("");
     form_.txtChar.setText("");
-    space_ = {};
     form_.Combo1.setListIndex(-1);
     form_.Combo1.setListIndex(drive_view::freeSpace);
 }
@@ -136,9 +135,10 @@ void DriveInfo::cboDrives_Click() {
     const std::string drive = left(form_.cboDrives.Text(), 2);
     const char* type = driveTypeName(platform_.rawVolumes.GetDriveTypeA(drive));
     if (type != nullptr) form_.lblInfo[0].setCaption(type);
-    // A drive that doesn't answer leaves the numbers of the last one.
-    platform_.rawVolumes.GetDiskFreeSpaceA(drive, space_);
-    const std::vector<std::string> texts = spaceTexts(space_, platform_.regional);
+    // A drive that doesn't answer leaves what is shown.
+    DiskFreeSpace space;
+    if (!platform_.rawVolumes.GetDiskFreeSpaceA(drive, space)) return;
+    const std::vector<std::string> texts = spaceTexts(space, platform_.regional);
     for (std::size_t i = 0; i < texts.size(); ++i) form_.lblInfo[i + 1].setCaption(texts[i]);
 }
 

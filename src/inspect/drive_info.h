@@ -42,7 +42,6 @@ class DriveInfo {
     Platform& platform_;
     DriveCharts charts_;
     BootSectorReader reader_;
-    DiskFreeSpace space_;  // of the last drive that answered
 };
 
 }  // namespace velmora

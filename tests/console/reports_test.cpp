@@ -131,7 +131,32 @@ TEST_F(ConsoleReports, TheChartIsATable) {
     }
     EXPECT_EQ(run("report chart"),
               "C:\\      Free Space 100 KB  Total Space 200 KB\n"
-              "D:\\data  Free Space 100 KB  Total Space 200 KB\n");
+              "D:\\data  Free Space 100 KB  Total Space 200 KB\n"
+              "Total Free Space Distribution (KB): 200\n");
+}
+
+TEST_F(ConsoleReports, TheChartLeavesOutOfItsSumWhatIsNotAvailable) {
+    addWatchColumns(form1.ListView1);
+    for (const char* free : {"N/A, drive not ready", "2,500 KB"}) {
+        WatchRow row(form1.ListView1.Add("C:\\"));
+        row.setFreeSpace(free);
+        row.setTotalSize("4,000 KB");
+    }
+    EXPECT_EQ(run("report chart"),
+              "C:\\  Free Space N/A, drive not ready  Total Space 4,000 KB\n"
+              "C:\\  Free Space 2,500 KB  Total Space 4,000 KB\n"
+              "Total Free Space Distribution (MB): 2\n");
+    run("json on");
+    EXPECT_EQ(run("report chart"),
+              R"({"ok":[{"RowLabel":"C:\\","Free Space":"N/A, drive not ready",)"
+              R"("Total Space":"4,000 KB"},)"
+              R"({"RowLabel":"C:\\","Free Space":"2,500 KB","Total Space":"4,000 KB"}]})"
+              "\n");
+    run("json off");
+    WatchRow(form1.ListView1.ListItems(1)).setFreeSpace("unknown");
+    EXPECT_EQ(run("report chart"),
+              "C:\\  Free Space unknown  Total Space 4,000 KB\n"
+              "C:\\  Free Space 2,500 KB  Total Space 4,000 KB\n");
 }
 
 TEST_F(ConsoleReports, TheWatchIsToldAsAWholeAndByRow) {
@@ -165,13 +190,42 @@ TEST_F(ConsoleReports, ChartsAndPicturesHaveRows) {
     chart.setRowLabel("C:\\");
     chart.setColumnLabel("Free Space");
     chart.setData(5);
-    EXPECT_EQ(run("rows dlgDriveInfo.MSChart1(0)"), "RowLabel C:\\ | Free Space 5\n1 row(s)\n");
+    EXPECT_EQ(run("rows dlgDriveInfo.MSChart1(0)"),
+              "RowLabel C:\\ | Free Space 5 | Data 5\n1 row(s)\n");
     EXPECT_EQ(run("get dlgDriveInfo.MSChart1(0).ColumnLabel(1)"), "Free Space\n");
     EXPECT_EQ(run("rows frmIndDri.picPie"), "0 row(s)\n");
     run("json on");
     EXPECT_EQ(run("rows dlgDriveInfo.MSChart1(0)"),
-              R"({"ok":[{"RowLabel":"C:\\","Free Space":"5"}]})"
+              R"({"ok":[{"RowLabel":"C:\\","Free Space":"5","Data":"5"}]})"
               "\n");
+}
+
+// In JSON the second of two equal names would take the place of the first.
+TEST_F(ConsoleReports, NoValueOfAChartIsLostToAnEqualLabel) {
+    Chart& chart = forms.dlgDriveInfo.MSChart1[1];
+    chart.setRowCount(1);
+    chart.setColumnCount(2);
+    chart.setRow(1);
+    chart.setRowLabel("Sum");
+    for (int column = 1; column <= 2; ++column) {
+        chart.setColumn(column);
+        chart.setColumnLabel("C:\\");
+        chart.setData(column * 10);
+    }
+    run("json on");
+    EXPECT_TRUE(run("rows dlgDriveInfo.MSChart1(1)")
+                    .ends_with(R"("Data":"10 20"}]})"
+                               "\n"));
+}
+
+TEST_F(ConsoleReports, AGaugeIsReadByName) {
+    EXPECT_EQ(run("set frmIndDri.VMeter2.Value 20"), "ok\n");
+    EXPECT_EQ(run("get frmIndDri.VMeter2"), "20\n");
+    EXPECT_EQ(run("get frmIndDri.VMeter2.Value"), "20\n");
+    EXPECT_EQ(run("get frmIndDri.VMeter2.Level"), "30\n");
+    EXPECT_EQ(run("get frmIndDri.VMeter2.Label1"), "60%\n");
+    EXPECT_TRUE(refuses("set frmIndDri.VMeter2.Level 3"));
+    EXPECT_TRUE(refuses("set frmIndDri.VMeter2.Value 51"));
 }
 
 }  // namespace

@@ -91,10 +91,12 @@ TEST_F(ChartTest, IsATableOfItsRows) {
     fill();
     EXPECT_EQ(*chart.table(), (Control::Table{{{"RowLabel", std::string("row 1")},
                                                {"column 1", std::string("11")},
-                                               {"column 2", std::string("12")}},
+                                               {"column 2", std::string("12")},
+                                               {"Data", std::string("11 12")}},
                                               {{"RowLabel", std::string("row 2")},
                                                {"column 1", std::string("21")},
-                                               {"column 2", std::string("22")}}}));
+                                               {"column 2", std::string("22")},
+                                               {"Data", std::string("21 22")}}}));
 }
 
 TEST_F(ChartTest, ItsPropertiesCanBeReadByName) {

@@ -124,6 +124,22 @@ TEST_F(DriveInfoTest, MoreThan2TBOfFreeSpaceStopTheSum) {
     EXPECT_EQ(form.MSChart1[1].data(1, 2), 2e9);
 }
 
+TEST_F(DriveInfoTest, TheSumIsOfWholeNumbers) {
+    const auto captionFor = [this](const char* first, const char* second) {
+        list.Clear();
+        addRow("C:\\", first, "10 KB");
+        addRow("D:\\", second, "10 KB");
+        form.Show();
+        form.Combo1.userChoose(1);
+        return caption();
+    };
+    const std::string begin = "Total Free Space Distribution (KB): ";
+    EXPECT_EQ(captionFor("1.7 KB", "1.7 KB"), begin + "4");
+    EXPECT_EQ(captionFor("1.4 KB", "1.4 KB"), begin + "2");
+    EXPECT_EQ(captionFor("2.5 KB", "3.5 KB"), begin + "6");  // halves go to the even number
+    EXPECT_EQ(form.MSChart1[1].data(1, 2), 3.5);
+}
+
 TEST_F(DriveInfoTest, AnEmptyWatchListHasNoRowsAndNoColumns) {
     form.Show();
     EXPECT_EQ(form.MSChart1[0].RowCount(), 0);
@@ -140,6 +156,14 @@ TEST_F(DriveInfoTest, ARowThatIsNoNumberIsARunTimeError) {
     EXPECT_EQ(errorOf([this] { form.Combo1.userChoose(1); }), error::typeMismatch);
 }
 
+TEST_F(DriveInfoTest, ATotalThatIsNoNumberIsOneForTheBars) {
+    form.Show();
+    addRow("C:\\", "100 KB", "unknown");
+    EXPECT_EQ(errorOf([this] { form.Combo1.userChoose(0); }), error::typeMismatch);
+    EXPECT_EQ(errorOf([this] { form.Combo1.userChoose(1); }), 0);
+    EXPECT_EQ(caption(), "Total Free Space Distribution (KB): 100");
+}
+
 TEST_F(DriveInfoTest, ThePanelsTakeTheirPlaceFromTheDialog) {
     form.Show();
     form.setSize(9000, 7000);
@@ -150,6 +174,7 @@ TEST_F(DriveInfoTest, ThePanelsTakeTheirPlaceFromTheDialog) {
     const Bounds chart = form.MSChart1[0].bounds();
     const Bounds expected{chart.Left + 550, chart.Top, 6200, 5000};
     EXPECT_EQ(form.frmPart.bounds(), expected);
+    EXPECT_TRUE(machine.rawVolumes.calls.empty());  // nothing is read before a choice
     form.Combo1.userChoose(3);
     EXPECT_EQ(visible(), Names{"attributes"});
     EXPECT_EQ(form.lblDesc.Caption(),
@@ -186,6 +211,25 @@ TEST_F(DriveInfoTest, EachSelectionOfTheAttributesAppendsTheDrives) {
               (Names{"GetDriveTypeA D:", "GetDiskFreeSpaceA D:", "GetDriveTypeA C:",
                      "GetDiskFreeSpaceA C:", "GetDriveTypeA D:", "GetDiskFreeSpaceA D:"}));
     EXPECT_EQ(machine.log.countOf("GetLogicalDriveStringsA 105"), 3);  // the first for drvDrive
+}
+
+TEST_F(DriveInfoTest, DrivesAreListedInUpperCaseUpToTheLastLetter) {
+    for (const int count : {2, 24, 25, 26}) {
+        machine.drives.clear();
+        Names expected;
+        for (int i = 0; i < count; ++i) {
+            machine.drives[{static_cast<char>('a' + i), ':'}] = {1, 2};
+            expected.push_back({static_cast<char>('A' + i), ':'});
+        }
+        form.Show();
+        form.Combo1.userChoose(3);
+        Names listed;
+        for (int i = 0; i < form.cboDrives.ListCount(); ++i) {
+            listed.push_back(form.cboDrives.List(i));
+        }
+        EXPECT_EQ(listed, expected);
+        form.cmdOK.userClick();
+    }
 }
 
 TEST_F(DriveInfoTest, AMachineWithOneDriveHasNoSecondEntry) {
@@ -234,6 +278,16 @@ TEST_F(DriveInfoTest, ADriveThatDoesNotAnswerLeavesTheLastNumbers) {
     EXPECT_EQ(form.lblInfo[6].Caption(), "2");
 }
 
+TEST_F(DriveInfoTest, BeforeTheFirstAnswerThereAreNoNumbers) {
+    machine.rawVolumes.volumes["D:"].answers = false;
+    form.Show();
+    form.Combo1.userChoose(3);
+    EXPECT_EQ(form.lblInfo[0].Caption(), "Fixed");
+    for (std::size_t i = 1; i < form.lblInfo.size(); ++i) {
+        EXPECT_EQ(form.lblInfo[i].Caption(), "") << i;
+    }
+}
+
 TEST_F(DriveInfoTest, TheDialogClosesTheVolumeWhenItUnloads) {
     machine.rawVolumes.volumes["C:"].bytes = std::string(512, 'x');
     const auto readAndClose = [this](const auto& close) {
@@ -277,16 +331,42 @@ TEST_F(DriveInfoTest, ALoadedDialogIsNew) {
 
 TEST_F(DriveInfoTest, TheTextsOfTheDialog) {
     EXPECT_EQ(form.Caption(), "Advance Data Display - Velmora");
+    EXPECT_EQ(form.Label6.Caption(), "Advance Data Display");
+    EXPECT_EQ(form.Label5.Caption(),
+              "The information visualized here provides a different perspective into the current "
+              "free space and drive settings.  The information can help the user in make better "
+              "informed decisions into managing their free space.");
     EXPECT_EQ(form.lblHelp.Caption(), "Press F1 for help.");
+    EXPECT_EQ(form.cmdEnter.Caption(), "&Enter");
     EXPECT_EQ(form.lblDrive.Caption(), "Partition:");
     EXPECT_EQ(form.Label3.Caption(), "First 512 Bytes of partition:");
     EXPECT_EQ(form.frmPart.Caption(), "Drive Partition Info.");
     EXPECT_EQ(form.fraPartInfo.Caption(), "Partition Info, obtained directly from boot record");
     EXPECT_EQ(form.lvInfo.ColumnHeaders(1).Text, "");
     EXPECT_EQ(form.Combo1.List(0), "Free Space By Drive(s)");
+    EXPECT_EQ(form.lvInfo.ColumnHeaders(2).Text, "");
+    EXPECT_EQ(form.Combo1.ListCount(), 4);
+    EXPECT_EQ(form.Combo1.List(1), "Total Free Space Distribution");
+    EXPECT_EQ(form.Combo1.List(2), "Drive Partition Info.");
     EXPECT_EQ(form.Combo1.List(3), "Drive Attribute Info.");
+    const char* const captions[] = {
+        "Available Drives:", "Drive Type:",     "Sectors per Cluster:", "Bytes per Sector:",
+        "Free Clusters:",    "Total Clusters:", "Total Free Space:",    "Total Drive Space:"};
+    for (std::size_t i = 0; i < form.lblCaption.size(); ++i) {
+        EXPECT_EQ(form.lblCaption[i].Caption(), captions[i]);
+    }
+    EXPECT_EQ(form.Frame1.Caption(), "Free Space Data");
+    EXPECT_EQ(form.Frame2.Caption(), "Top 10");
+    EXPECT_EQ(form.lblTime.Caption(), "Elapsed Time:");
+    EXPECT_EQ(form.Label2.Caption(), "Rate of Change:");
+    EXPECT_EQ(form.Label1.Caption(), "Free Space on First Start:");
+    EXPECT_EQ(form.lblFreeSpNow.Caption(), "Free Space Now:");
+    for (const Label* value :
+         {&form.lblNTime, &form.lblNRate, &form.lblNFreeStart, &form.lblNFreeSpaceNow}) {
+        EXPECT_EQ(value->Caption(), ":") << value->Name();
+    }
     EXPECT_EQ(form.lblSpaceChangeOpen.Caption(), "Label1");
-    EXPECT_EQ(form.lblNRate.Caption(), ":");
+    EXPECT_EQ(form.lblSpaceLastUpdate.Caption(), "Label1");
     EXPECT_FALSE(form.Frame2.Visible());
 }
 
@@ -304,6 +384,18 @@ TEST_F(DriveInfoTest, RatesAreTakenFromTheSecondsOfTheMinute) {
     EXPECT_EQ(form.lbl1.Caption(), "Change Rate Since Last Update (KB/sec.) :-250");
     EXPECT_EQ(form.lblSpaceChangeOpen.Caption(), "5000");
     EXPECT_EQ(form.lblSpaceLastUpdate.Caption(), "-1000");
+}
+
+TEST_F(DriveInfoTest, RatesAreWholeNumbers) {
+    addRow("C:\\", "110 KB", "9,000 KB");
+    forms.globals.lngStartFreeKB = 100;  // 10 KB in 4 s
+    forms.globals.lngRefreshedKB = 96;   // 14 KB in 4 s
+    machine.now = {2026, 3, 14, 15, 10, 30};
+    forms.globals.dtAppStart = {2026, 3, 14, 15, 10, 26};
+    forms.globals.dtRefreshed = {2026, 3, 14, 15, 10, 26};
+    info.prcSpaceChangeRates();
+    EXPECT_EQ(form.lbl0.Caption(), "Change Rate Since Open (KB/sec.) :2");
+    EXPECT_EQ(form.lbl1.Caption(), "Change Rate Since Last Update (KB/sec.) :4");
 }
 
 TEST_F(DriveInfoTest, AWholeMinuteIsADivisionByZero) {

@@ -13,6 +13,17 @@ constexpr int sizes = 1;
 
 }  // namespace
 
+std::int32_t totalFreeKB(const ListView& watchList, const Regional& regional) {
+    double total = 0;
+    for (int i = 1; i <= watchList.Count(); ++i) {
+        const ConstWatchRow row(watchList.ListItems(i));
+        if (!row.isAvailable()) continue;
+        // There are drives of more than 2 TB.
+        total = withinLong(total + withinLong(roundTiesToEven(row.freeKB(regional))));
+    }
+    return static_cast<std::int32_t>(total);
+}
+
 std::string distributionCaption(std::int32_t totalKB) {
     constexpr std::int32_t mostKB = 1000;
     const std::string caption = "Total Free Space Distribution ";
@@ -60,16 +71,13 @@ void DriveCharts::prcDistributionChart() {
     chart.setColumnCount(watchList_.Count());
     chart.setChartType(chart_type::pie2D);
     chart.setRow(1);
-    std::int32_t total = 0;  // stops at the greatest number: there are drives of more than 2 TB
     for (int i = 1; i <= watchList_.Count(); ++i) {
         const ConstWatchRow row(watchList_.ListItems(i));
         chart.setColumn(i);
         chart.setColumnLabel(row.path());
-        const double free = row.isAvailable() ? row.freeKB(regional_) : 0;
-        chart.setData(free);
-        total = static_cast<std::int32_t>(withinLong(total + free));
+        chart.setData(row.isAvailable() ? row.freeKB(regional_) : 0);
     }
-    chart.setRowLabel(distributionCaption(total));
+    chart.setRowLabel(distributionCaption(totalFreeKB(watchList_, regional_)));
 }
 
 }  // namespace velmora

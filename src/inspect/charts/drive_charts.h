@@ -31,6 +31,9 @@ class DriveCharts {
     const Regional& regional_;
 };
 
+/// The free space of all rows that are available in KB, each rounded to a whole number. It stops at
+/// the greatest 32-bit number. Error 13 when a size is no number.
+std::int32_t totalFreeKB(const ListView& watchList, const Regional& regional);
 /// The caption of the pie: up to 1000 in KB, else in MB of 1000 KB each.
 std::string distributionCaption(std::int32_t totalKB);
 
