@@ -86,6 +86,23 @@ TEST_F(Meter2Test, KeepsItsPropertiesInTheContainersBag) {
     EXPECT_EQ(other.Value(), 7);
 }
 
+TEST_F(Meter2Test, ItsPropertiesCanBeReadAndSetByName) {
+    const auto property = [this](const std::string& name) {
+        for (const Property& each : meter.properties()) {
+            if (each.name == name) return each;
+        }
+        ADD_FAILURE() << name;
+        return Property{};
+    };
+    EXPECT_EQ(meter.mainProperty(), "Value");
+    property("Value").set("38");
+    EXPECT_EQ(property("Value").get(), PropertyValue{std::int64_t{38}});
+    EXPECT_EQ(property("Level").get(), PropertyValue{std::int64_t{12}});
+    EXPECT_EQ(property("Label1").get(), PropertyValue{std::string("24%")});
+    EXPECT_FALSE(property("Level").set);
+    EXPECT_FALSE(property("Label1").set);
+}
+
 TEST_F(Meter2Test, TheContainerChoosesItsSize) {
     meter.setBounds({10, 20, 300, 4000});
     EXPECT_EQ(meter.bounds(), (Bounds{10, 20, 300, 4000}));
@@ -116,6 +133,28 @@ struct LampsTest : testing::Test {
         return count;
     }
 };
+
+TEST_F(LampsTest, BeginsWithAllLampsOff) {
+    CtlDigital made(form, "ctlDigital2");
+    EXPECT_EQ(made.litLamps(), 0);
+    for (int i = 1; i <= 10; ++i) EXPECT_EQ(made.picLED(i), 0U) << i;
+    EXPECT_EQ(made.switchings(), 0);
+}
+
+TEST_F(LampsTest, ItsPropertiesCanBeReadByName) {
+    lamps.setTxtSpeed("42");
+    lamps.setCurrentValue(300);
+    std::vector<std::string> values;
+    for (const Property& each : lamps.properties()) {
+        if (each.name == "CurrentValue" || each.name == "MaxVal" || each.name == "Lit") {
+            values.push_back(each.name + " " + std::to_string(std::get<std::int64_t>(each.get())));
+        } else if (each.name == "txtSpeed") {
+            values.push_back(each.name + " " + std::get<std::string>(each.get()));
+        }
+    }
+    EXPECT_EQ(values, (std::vector<std::string>{"CurrentValue 300", "MaxVal 1000", "Lit 3",
+                                                "txtSpeed 42"}));
+}
 
 TEST_F(LampsTest, ALampLightsForEachTenth) {
     const std::pair<double, int> cases[] = {{0, 0},   {49, 0},   {51, 1},   {100, 1},

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <limits>
 #include <map>
 #include <string>
 #include <vector>
@@ -20,6 +21,8 @@ struct FakeVolume {
     bool answers = true;  ///< whether GetDiskFreeSpaceA does
     bool opens = true;
     bool reads = true;
+    int goodReads = std::numeric_limits<int>::max();  ///< later ones fill the buffer and fail
+    bool isNamed = true;                              ///< whether GetVolumeInformationA answers
 };
 
 class FakeRawVolumes final : public RawVolumes {
@@ -45,7 +48,7 @@ class FakeRawVolumes final : public RawVolumes {
         buffer.replace(0, part.size(), part);
         place += part.size();
         read = static_cast<std::uint32_t>(part.size());
-        return true;
+        return volumes[open->second.drive].goodReads-- > 0;
     }
     std::uint32_t SetFilePointer(VolumeHandle volume, std::int32_t low, std::int32_t high,
                                  std::uint32_t method) override {
@@ -65,7 +68,8 @@ class FakeRawVolumes final : public RawVolumes {
                                std::string& fileSystemName) override {
         calls.push_back("GetVolumeInformationA " + root);
         const auto found = volumes.find(root.substr(0, 2));
-        if (found == volumes.end()) return false;
+        nameBuffers.assign({volumeName, fileSystemName});
+        if (found == volumes.end() || !found->second.isNamed) return false;
         const std::string label = found->second.label + '\0';
         const std::string name = found->second.fileSystem + '\0';
         volumeName.replace(0, label.size(), label);
@@ -88,6 +92,7 @@ class FakeRawVolumes final : public RawVolumes {
     std::map<std::string, FakeVolume> volumes;  ///< by drive ("C:")
     std::string reason;                         ///< what failure() says
     std::vector<std::string> calls;
+    std::vector<std::string> nameBuffers;  ///< both as the last GetVolumeInformationA got them
     int openHandles() const { return static_cast<int>(open_.size()); }
 
   private:

@@ -113,6 +113,73 @@ TEST_F(ReaderTest, AShortBlockOfInformationAddsNothing) {
     EXPECT_FALSE(form.txtBytes.Text().empty());
 }
 
+TEST_F(ReaderTest, AFailingReadOfTheBlockOfInformationAddsNothing) {
+    volumes.volumes["E:"].goodReads = 1;
+    read(2);
+    EXPECT_EQ(volumes.calls.back(), "ReadFile 1 512");
+    EXPECT_EQ(form.lvInfo.Count(), 21);
+    EXPECT_EQ(label(21), "FAT name");
+    EXPECT_TRUE(host.boxes.empty());
+    EXPECT_FALSE(form.txtBytes.Text().empty());
+}
+
+TEST_F(ReaderTest, AReadThatFillsTheBufferAndFailsIsNone) {
+    volumes.volumes["C:"].goodReads = 0;
+    read(0);
+    ASSERT_EQ(host.boxes.size(), 1U);
+    EXPECT_EQ(host.boxes[0].text, "Error reading the drive.");
+    EXPECT_EQ(form.lvInfo.Count(), 0);
+    EXPECT_EQ(form.txtBytes.Text(), "");
+}
+
+TEST_F(ReaderTest, TheNameIsTakenFromABufferOfBlanks) {
+    read(0);
+    EXPECT_EQ(volumes.nameBuffers, (Lines{std::string(16, ' '), std::string(16, ' ')}));
+    EXPECT_EQ(reader.fFileSystemName("D:"), "FAT16");
+    volumes.volumes["C:"].isNamed = false;
+    EXPECT_EQ(reader.fFileSystemName("C:"), std::string(16, ' '));
+    read(0);
+    EXPECT_EQ(form.lvInfo.Count(), 0);
+    EXPECT_EQ(form.txtBytes.Text().size(), 512 * 3 - 1 + 63U);
+    EXPECT_TRUE(host.boxes.empty());
+}
+
+TEST_F(ReaderTest, ADriveIsTheFirstTwoCharactersOfItsEntry) {
+    reader.offerDrives({"C:", "D: [DATA]"});
+    volumes.calls.clear();
+    read(1);
+    EXPECT_EQ(volumes.calls, (Lines{R"(CreateFileA \\.\D: 2147483648 3 3)", "ReadFile 1 512",
+                                    R"(GetVolumeInformationA D:\)"}));
+    EXPECT_EQ(form.lvInfo.Count(), 14);
+}
+
+// The name of the file system is asked for anew, of the chosen drive.
+TEST_F(ReaderTest, AnotherDriveIsDecodedLikeTheChosenOne) {
+    reader.prcReadBootSector("D:");
+    EXPECT_EQ(volumes.calls, (Lines{R"(CreateFileA \\.\D: 2147483648 3 3)", "ReadFile 1 512",
+                                    R"(GetVolumeInformationA C:\)"}));
+    EXPECT_EQ(form.lvInfo.Count(), 12);
+    EXPECT_TRUE(form.txtBytes.Text().starts_with("00 00 00 6D 6B 66 73 2E"));
+}
+
+TEST_F(ReaderTest, ALetterThatGetsAnotherVolumeShowsThat) {
+    read(0);
+    volumes.volumes["C:"] = {.bytes = fat16Sector(), .fileSystem = "FAT16"};
+    volumes.calls.clear();
+    read(0);
+    EXPECT_EQ(volumes.calls[0], "CloseHandle 1");
+    EXPECT_EQ(volumes.calls[1], R"(CreateFileA \\.\C: 2147483648 3 3)");
+    EXPECT_EQ(form.lvInfo.Count(), 14);
+    EXPECT_EQ(value(1), "mkfs.fat");
+    EXPECT_TRUE(form.txtBytes.Text().starts_with("00 00 00 6D 6B 66 73 2E"));
+    volumes.volumes.erase("C:");
+    read(0);
+    ASSERT_EQ(host.boxes.size(), 1U);
+    EXPECT_TRUE(host.boxes[0].text.starts_with("Error opening the drive."));
+    EXPECT_EQ(volumes.openHandles(), 0);
+    EXPECT_EQ(closings, 1);
+}
+
 TEST_F(ReaderTest, AnUnknownFileSystemGivesADumpAlone) {
     for (const char* name : {"", "FAT", "CDFS", "ext4"}) {
         volumes.volumes["C:"].fileSystem = name;

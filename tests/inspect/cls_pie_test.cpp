@@ -124,6 +124,26 @@ TEST_F(PieTest, TheTwoTextsHaveTheirPlaces) {
     EXPECT_EQ(texts[1].top, 80);
 }
 
+TEST_F(PieTest, EachLegendComesBeforeItsWedgeAndTheTextsAtTheEnd) {
+    const auto kinds = [this] {
+        std::vector<Kind> all;
+        for (const DrawnShape& shape : picture.shapes()) all.push_back(shape.kind);
+        return all;
+    };
+    pie.AddSegment(1, "a", 1);
+    pie.AddSegment(2, "b", 2);
+    pie.AddSegment(1, "c", 3);
+    draw();
+    EXPECT_EQ(kinds(), (std::vector<Kind>{Kind::rectangle, Kind::text, Kind::wedge,  //
+                                          Kind::rectangle, Kind::text, Kind::wedge,  //
+                                          Kind::rectangle, Kind::text, Kind::wedge,  //
+                                          Kind::text, Kind::text}));
+    EXPECT_EQ(picture.shapes()[9].text, "36.5% Used");
+    draw(false);
+    EXPECT_EQ(kinds(),
+              (std::vector<Kind>{Kind::wedge, Kind::wedge, Kind::wedge, Kind::text, Kind::text}));
+}
+
 TEST_F(PieTest, ValuesWithoutASumEndTheDrawing) {
     pie.AddSegment(0, "a", 1);
     pie.AddSegment(0, "b", 2);

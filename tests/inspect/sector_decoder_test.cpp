@@ -68,6 +68,17 @@ TEST(SectorDecoder, Fat32HasMoreRows) {
                           {"FAT name", "FAT32   "}}));
 }
 
+// The second byte of the word in the sector plays no part in it.
+TEST(SectorDecoder, TheNumberBeforeThePointIsNotTheSectors) {
+    int asInSector = 0;
+    for (unsigned high = 0; high < 256; ++high) {
+        const Rows rows = decoded(MadeSector().number(42, 2, high << 8 | 7), "FAT32");
+        EXPECT_TRUE(rows[13].value.ends_with(".7")) << rows[13].value;
+        asInSector += rows[13].value == std::to_string(high) + ".7" ? 1 : 0;
+    }
+    EXPECT_LT(asInSector, 256);
+}
+
 TEST(SectorDecoder, TheFlagsOfFat32AreInTheLowByte) {
     const auto flags = [](std::uint64_t word) {
         const Rows rows = decoded(MadeSector().number(40, 2, word), "FAT32");
@@ -108,6 +119,49 @@ TEST(SectorDecoder, ASectorOfZerosIsDecoded) {
     EXPECT_EQ(rows[11], (SectorRow{"Serial number", "0"}));
     EXPECT_EQ(rows[12].value, std::string(11, '\0'));
     for (const std::size_t i : {1, 2, 3, 4, 6, 7, 8, 9, 10}) EXPECT_EQ(rows[i].value, "0") << i;
+}
+
+TEST(SectorDecoder, ASectorOfZerosIsDecodedAsFat32) {
+    Rows rows = decoded(MadeSector(), "FAT32");
+    ASSERT_EQ(rows.size(), 21U);
+    EXPECT_TRUE(rows[13].value.ends_with(".0"));
+    rows.erase(rows.begin() + 13);
+    const std::string eight(8, '\0');
+    EXPECT_EQ(rows, (Rows{{"OEM name", eight},
+                          {"Bytes per Sector", "0"},
+                          {"Sectors per cluster", "0"},
+                          {"Reserved sectors", "0"},
+                          {"Number of copies of FAT", "0"},
+                          {"Media Descriptor", "00"},
+                          {"Sectors per track", "0"},
+                          {"Number of heads", "0"},
+                          {"Number of hidden sectors", "0"},
+                          {"Number of sectors", "0"},
+                          {"Number of sectors per FAT", "0"},
+                          {"Active FAT copy", "0"},
+                          {"FAT mirroring enabled", "False"},
+                          {"Root Directory cluster number", "0"},
+                          {"File System Information sector", "0"},
+                          {"Backup boot sector number", "0"},
+                          {"Drive number", "0"},
+                          {"Serial number", "0"},
+                          {"Volume name", std::string(11, '\0')},
+                          {"FAT name", eight}}));
+}
+
+TEST(SectorDecoder, ASectorOfZerosIsDecodedAsNtfs) {
+    EXPECT_EQ(decoded(MadeSector(), "NTFS"), (Rows{{"OEM name", std::string(8, '\0')},
+                                                   {"Bytes per Sector", "0"},
+                                                   {"Sectors per cluster", "0"},
+                                                   {"Media descriptor", "00"},
+                                                   {"Sectors per track", "0"},
+                                                   {"Number of heads", "0"},
+                                                   {"Sectors in storage unit", "0"},
+                                                   {"LCN of MFT data attribute", "0"},
+                                                   {"LCN of MFT mirror data attribute", "0"},
+                                                   {"File record size", "0 clusters"},
+                                                   {"Index buffer size", "0 clusters"},
+                                                   {"Volume serial number", "0"}}));
 }
 
 TEST(SectorDecoder, OtherNamesHaveNoRecord) {

@@ -47,6 +47,35 @@ TEST(HistoryView, TakesWatchedRowsThatAreAvailable) {
     EXPECT_EQ(rig.machine.log.count(), 0);
 }
 
+TEST(HistoryView, EachCheckKeepsTheFreeSpaceOfItsRows) {
+    CheckRig rig;
+    rig.watch("C:\\", 5000);
+    rig.watch("D:\\", 7000);
+    rig.row("E:\\", false);
+    for (int i = 1; i <= 3; ++i) rig.at(i).setFreeSpace("1 KB");
+    rig.check();
+    rig.machine.drives["D:"].freeBytes = 6000 * KB;
+    rig.check();
+    const SpaceHistory& history = rig.historyView.history();
+    ASSERT_EQ(history.paths(), (std::vector<std::string>{"C:\\", "D:\\"}));
+    ASSERT_EQ(history.of("D:\\")->size(), 2U);
+    EXPECT_EQ(history.of("D:\\")->at(0).freeKB, 7000);
+    EXPECT_EQ(history.of("D:\\")->at(1).freeKB, 6000);
+}
+
+// The second row gets the first one's KB as its percentage, which closes the check there.
+TEST(HistoryView, ACheckThatStopsKeepsTheRowsBeforeIt) {
+    CheckRig rig;
+    rig.watch("C:\\", 5000, 10000);
+    rig.watch("D:\\", 5, 10000);
+    rig.watch("E:\\", 5, 10000);
+    for (int i = 1; i <= 3; ++i) rig.at(i).setFreeSpace("4 KB");
+    rig.usePercent("10");
+    rig.check();
+    ASSERT_EQ(rig.host.boxes.size(), 1U);
+    EXPECT_EQ(rig.historyView.history().paths(), std::vector<std::string>{"C:\\"});
+}
+
 TEST(HistoryView, ShowsThePointsOfAPathAndItsTrigger) {
     HistoryRig rig;
     rig.form1.txtSpace.setText("200");
