@@ -89,8 +89,7 @@ bool LinuxRawVolumes::GetVolumeInformationA(const std::string& root, std::string
     std::string name;
     if (const auto source = blockDeviceOf(*mount)) {
         OpenDevice device(*source, deadline_);
-        const auto names = device.open() ? device.probe() : std::nullopt;
-        if (names) {
+        if (const auto names = device.openAndProbe()) {
             label = names->label;
             name = fileSystemNameOf(*names);
         }

@@ -41,10 +41,14 @@ bool OpenDevice::ask(const DeviceRequest& request, Clock::time_point end) {
 }
 
 bool OpenDevice::open() {
+    return openBy(Clock::now() + deadline_);
+}
+
+bool OpenDevice::openBy(Clock::time_point end) {
     DeviceRequest request{.question = DeviceQuestion::open};
     if (path_.size() >= sizeof request.path) return fail(inWords(path_, "opened", ENAMETOOLONG));
     std::memcpy(request.path, path_.c_str(), path_.size() + 1);
-    if (!ask(request, Clock::now() + deadline_)) return false;
+    if (!ask(request, end)) return false;
     return reply_.error == 0 || fail(inWords(path_, "opened", reply_.error));
 }
 
@@ -68,7 +72,16 @@ std::optional<std::string> OpenDevice::read(std::uint64_t position, std::uint32_
 }
 
 std::optional<FileSystemNames> OpenDevice::probe() {
-    if (!ask({.question = DeviceQuestion::probe}, Clock::now() + deadline_)) return std::nullopt;
+    return probeBy(Clock::now() + deadline_);
+}
+
+std::optional<FileSystemNames> OpenDevice::openAndProbe() {
+    const auto end = Clock::now() + deadline_;
+    return openBy(end) ? probeBy(end) : std::nullopt;
+}
+
+std::optional<FileSystemNames> OpenDevice::probeBy(Clock::time_point end) {
+    if (!ask({.question = DeviceQuestion::probe}, end)) return std::nullopt;
     if (reply_.error == 0) return reply_.names;
     fail(inWords(path_, "read", reply_.error));
     return std::nullopt;

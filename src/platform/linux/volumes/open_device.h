@@ -32,10 +32,14 @@ class OpenDevice {
     std::optional<std::string> read(std::uint64_t position, std::uint32_t bytes);
     /// What file system lies on it; nothing on failure.
     std::optional<FileSystemNames> probe();
+    /// Opens it and tells that, both within one deadline.
+    std::optional<FileSystemNames> openAndProbe();
 
   private:
     using Clock = std::chrono::steady_clock;
     bool ask(const DeviceRequest& request, Clock::time_point end);
+    bool openBy(Clock::time_point end);
+    std::optional<FileSystemNames> probeBy(Clock::time_point end);
     bool fail(const std::string& why);
 
     std::string path_;

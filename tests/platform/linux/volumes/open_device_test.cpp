@@ -1,13 +1,17 @@
 // Devices that don't answer or go away.
 #include "platform/linux/volumes/open_device.h"
 
+#include <signal.h>
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
+#include <unistd.h>
 
 #include <chrono>
 #include <filesystem>
 #include <memory>
+#include <thread>
 
+#include "base/scope_guard.h"
 #include "platform/linux/support/hung_filesystem.h"
 #include "platform/linux/support/mounting.h"
 #include "platform/linux/volumes/block_device.h"
@@ -63,6 +67,27 @@ TEST_F(SlowDevice, CostsTheDeadlineOnceAndThenNothing) {
     server_->answerFromNowOn();
 }
 
+TEST_F(SlowDevice, OpeningAndProbingShareOneDeadline) {
+    constexpr auto deadline = 1000ms;
+    device_ = std::make_unique<OpenDevice>(disk_->device(), deadline);
+    ASSERT_TRUE(device_->open()) << device_->failure();
+    // The process takes most of the deadline to open it once more.
+    const pid_t process = device_->process();
+    kill(process, SIGSTOP);
+    const auto start = steady_clock::now();
+    std::thread waking([process, end = start + deadline * 3 / 4] {
+        std::this_thread::sleep_until(end);
+        kill(process, SIGCONT);
+    });
+    EXPECT_FALSE(device_->openAndProbe());
+    const auto taken = steady_clock::now() - start;
+    waking.join();
+    EXPECT_GE(taken, deadline);
+    EXPECT_LT(taken, deadline * 3 / 2);
+    EXPECT_EQ(device_->failure(), disk_->device() + " doesn't answer");
+    server_->answerFromNowOn();
+}
+
 TEST_F(SlowDevice, IsReadOnceItAnswers) {
     server_->answerFromNowOn();
     EXPECT_EQ(device_->read(0, 512), std::string(512, '\0'));
@@ -97,6 +122,34 @@ TEST(BlockDevice, IsFoundByItsNumberWhereTheSourceIsNoDevice) {
     EXPECT_EQ(blockDeviceOf(mountOf("0:50", disk.device())), disk.device());
     EXPECT_EQ(blockDeviceOf(mountOf("0:50", "/dev/null")), std::nullopt);
     EXPECT_EQ(blockDeviceOf(mountOf("0:50", disk.image())), std::nullopt);
+}
+
+// As logical and encrypted volumes are mounted: by a link below a folder of devices.
+TEST(BlockDevice, IsFoundByALinkBelowAFolderOfDevices) {
+    SKIP_FOR(whyNoLoopDisk("mkfs.ext4 losetup"));
+    const LoopDisk disk("mkfs.ext4 -q -F", "8M");
+    const std::string folder = "/dev/velmora-test-" + std::to_string(getpid());
+    if (mkdir(folder.c_str(), 0700) != 0) GTEST_SKIP() << "no folder can be made in /dev";
+    const ScopeGuard cleanUp([&] { std::filesystem::remove_all(folder); });
+    const std::string link = folder + "/group-data";
+    ASSERT_EQ(symlink(disk.device().c_str(), link.c_str()), 0);
+    struct stat status {};
+    ASSERT_EQ(stat(disk.device().c_str(), &status), 0);
+    const std::string number =
+        std::to_string(major(status.st_rdev)) + ':' + std::to_string(minor(status.st_rdev));
+    EXPECT_EQ(blockDeviceOf(mountOf(number, link)), link);
+    EXPECT_EQ(blockDeviceOf(mountOf("0:50", link)), link);
+    OpenDevice device(link, 5s);
+    const auto names = device.openAndProbe();
+    ASSERT_TRUE(names) << device.failure();
+    EXPECT_STREQ(names->type, "ext4");
+    EXPECT_EQ(logicalSectorSize(link), logicalSectorSize(disk.device()));
+    // The volume behind the link is another one by now, or the link is gone.
+    ASSERT_EQ(unlink(link.c_str()), 0);
+    ASSERT_EQ(symlink("/dev/null", link.c_str()), 0);
+    EXPECT_EQ(blockDeviceOf(mountOf(number, link)), disk.device());
+    ASSERT_EQ(unlink(link.c_str()), 0);
+    EXPECT_EQ(blockDeviceOf(mountOf(number, link)), disk.device());
 }
 
 }  // namespace
