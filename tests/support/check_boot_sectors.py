@@ -3,11 +3,11 @@
 
     check_boot_sectors.py READ_IMAGE [NUMBER]
 
-Makes so many images (40) of FAT12, FAT16, FAT32 and NTFS with different sizes of clusters, labels,
-serial numbers and media, and some of exFAT, ext4, zeros and random bytes. The rows that READ_IMAGE
-prints are compared with what minfo, ntfsinfo and blkid say, where they say something. Images are
-the same at each run. A tool that is missing takes its images with it, which is printed. With
-500 as the number it is a thorough search for half a minute.
+Makes so many images (40) of FAT12, FAT16, FAT32 and NTFS with all sizes of clusters up to 64 KB,
+different labels, serial numbers and media, and some of exFAT, ext4, zeros and random bytes. The
+rows that READ_IMAGE prints are compared with what minfo, ntfsinfo and blkid say, where they say
+something. Images are the same at each run. A tool that is missing takes its images with it, which
+is printed. With 500 as the number it is a thorough search for ten seconds or so.
 """
 
 import pathlib
@@ -20,8 +20,14 @@ import tempfile
 
 KB = 1024
 SYSTEM_FOLDERS = "/usr/sbin:/sbin:/usr/bin:/bin"
-FAT_SIZES = {12: (2, (1, 2, 4, 8)), 16: (40, (2, 4, 8, 16)), 32: (40, (1, 2, 4, 8))}  # MB, sectors in a cluster
+SMALL = 8 * KB * KB
+SECTOR = 512
+FAT_CLUSTERS = {12: 1000, 16: 5000, 32: 66000}  # what each of them can count, and the one before it can't
+SECTORS_IN_CLUSTER = (1, 2, 4, 8, 16, 32, 64, 128)
+NTFS_CLUSTERS = (512, 1024, 2048, 4096, 8192, 16384, 32768, 65536)  # bytes
+FLAGS_AND_VERSION = 40  # where these two words of FAT32 are
 NO_LABEL = "NO NAME"
+VERSION = "Drive Version"
 
 
 def tool(name):
@@ -33,9 +39,10 @@ def run(*command):
                           errors="replace").stdout
 
 
-def sized(path, megabytes):
+def sized(path, size):
+    """An image of so many bytes, which take no room on the disk."""
     with path.open("wb") as image:
-        image.truncate(megabytes * KB * KB)
+        image.truncate(size)
 
 
 class Fat:
@@ -43,10 +50,9 @@ class Fat:
 
     def __init__(self, path, chance):
         self.bits = chance.choice((12, 16, 32))
-        megabytes, clusters = FAT_SIZES[self.bits]
-        sized(path, megabytes)
+        self.cluster = chance.choice(SECTORS_IN_CLUSTER)
+        sized(path, FAT_CLUSTERS[self.bits] * self.cluster * SECTOR + KB * KB)
         self.label = chance.choice(("", "A", "TWO WORDS", "ELEVENCHARS"))
-        self.cluster = chance.choice(clusters)
         self.serial = chance.getrandbits(32)
         self.hidden = chance.choice((0, 63, 2048))
         self.media = chance.choice((0xF0, 0xF8, 0xFA))
@@ -54,6 +60,11 @@ class Fat:
                    str(self.hidden), "-M", f"0x{self.media:X}", "-f", str(chance.choice((1, 2)))]
         run(*command, *(["-n", self.label] if self.label else []), str(path))
         self.name = f"FAT{self.bits}"
+        if self.bits == 32:
+            # No maker writes anything but 0 there.
+            with path.open("r+b") as image:
+                image.seek(FLAGS_AND_VERSION)
+                image.write(chance.randbytes(4))
 
     def expected(self, path):
         said = run("minfo", "-i", str(path), "::").split("bootsector information")[1]
@@ -81,6 +92,7 @@ class Fat:
             rows |= {"Number of sectors per FAT": value("Big fatlen"),
                      "Active FAT copy": flags & 15,
                      "FAT mirroring enabled": bool(flags & 128),
+                     VERSION: value("FS version", 16) & 255,
                      "Root Directory cluster number": value("rootCluster"),
                      "File System Information sector": value("infoSector location"),
                      "Backup boot sector number": value("backup boot sector"),
@@ -101,8 +113,8 @@ class Ntfs:
     rows = 12
 
     def __init__(self, path, chance):
-        sized(path, 8)
-        self.cluster = chance.choice((512, 1024, 4096, 65536))
+        sized(path, SMALL)
+        self.cluster = chance.choice(NTFS_CLUSTERS)
         run("mkntfs", "-F", "-Q", "-q", "-c", str(self.cluster), "-p", str(chance.choice((0, 63))), "-H", "16", "-S",
             "63", "-s", "512", "-L", chance.choice(("", "A b c")), str(path))
 
@@ -120,12 +132,20 @@ class Ntfs:
                 "Sectors per cluster": sectors,
                 "LCN of MFT data attribute": value("LCN of Data Attribute for FILE_MFT"),
                 "LCN of MFT mirror data attribute": value("LCN of Data Attribute for File_MFTMirr"),
-                "Sectors in storage unit": 8 * KB * KB // 512 - 1,
+                "Sectors in storage unit": SMALL // SECTOR - 1,
+                "File record size": self.in_clusters(value("MFT Record Size")),
+                "Index buffer size": self.in_clusters(value("Index Block Size")),
                 "OEM name": "NTFS    ",
                 "Media descriptor": "F8",
                 "Sectors per track": 63,
                 "Number of heads": 16,
                 "Volume serial number": f"{int(serial[8:], 16):X}"}
+
+
+    def in_clusters(self, size):
+        """A size that is less than a cluster is stored as the power of two, negative, in one byte."""
+        stored = size // self.cluster if size >= self.cluster else 257 - size.bit_length()
+        return f"{stored} clusters"
 
 
 class Other:
@@ -134,7 +154,7 @@ class Other:
     rows = 0
 
     def __init__(self, path, name, *maker):
-        sized(path, 8)
+        sized(path, SMALL)
         self.name = name
         if maker:
             run(*maker, str(path))
@@ -196,6 +216,9 @@ def faults(image, path, rows):
     if len(rows) != image.rows:
         yield f"{len(rows)} rows instead of {image.rows}"
     shown = dict(rows)
+    # The number before the point is one of the running process.
+    if VERSION in shown:
+        shown[VERSION] = shown[VERSION].split(".")[1]
     for label, value in image.expected(path).items():
         if shown.get(label) != str(value):
             yield f"{label}: {shown.get(label)!r} instead of {str(value)!r}"
