@@ -10,6 +10,7 @@
 #include "persist/scramble.h"
 #include "rows/alert_row.h"
 #include "rows/listed_file.h"
+#include "rows/watch_row.h"
 
 namespace velmora {
 namespace {
@@ -200,6 +201,32 @@ TEST_F(CoreTest, OkOfTheMailSettingsSetsTheGauges) {
     forms.frmIndDri.VMeter2.setValue(0);
     forms.frmNotify.cmdOK.userClick();
     EXPECT_EQ(forms.frmIndDri.VMeter2.Value(), 0);
+}
+
+// The choice of individual values fills all rows, which must come before the row's own value.
+TEST_F(CoreTest, ApplyingAMinimumFillsTheOtherRowsWithTheCommonOne) {
+    machine.drives["D:"] = {50e9, 100e9};
+    machine.drives["E:"] = {50e9, 100e9};
+    core.load();
+    Form1& form1 = forms.form1;
+    form1.txtSpace.setText("7");
+    form1.ListView1.userSelect({2});
+    form1.ListView1.userDoubleClickOn(2, 1);
+    FrmIndDri& view = forms.frmIndDri;
+    ASSERT_TRUE(view.Visible());
+    view.Option1[1].userClick();
+    view.Text1.setText("300");
+    host.boxes.clear();
+    host.answers = {BoxAnswer::yes};
+    view.Command3.userClick();
+    const auto trigger = [&form1](int row) {
+        return ConstWatchRow(form1.ListView1.ListItems(row)).trigger();
+    };
+    EXPECT_EQ(trigger(1), "7");
+    EXPECT_EQ(trigger(2), "300");
+    EXPECT_EQ(trigger(3), "7");
+    EXPECT_TRUE(form1.chkDrive.ticked());
+    EXPECT_FALSE(form1.txtSpace.Enabled());
 }
 
 TEST_F(CoreTest, AShortageSendsTheMail) {
