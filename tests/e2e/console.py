@@ -43,6 +43,13 @@ class Console:
             raise EOFError("the console has ended:\n" + "\n".join(filter(None, self.noise)))
         return line
 
+    def noise_with(self, text):
+        """Waits until the console has said that on standard error; returns what it has said."""
+        end = time.monotonic() + PATIENCE
+        while text not in self.noise and time.monotonic() < end:
+            time.sleep(0.05)
+        return list(self.noise)
+
     def send(self, line):
         """Sends a line without waiting for its reply."""
         data = line if isinstance(line, bytes) else line.encode("utf-8")

@@ -178,5 +178,6 @@ class Volumes(ConsoleCase):
         self.assertEqual(self.rows_of_the_dialog(), [])
         self.assertEqual([box["text"] for box in self.console.boxes()][-1],
                          "Error opening the drive.\r\nClose some applications and try again.")
-        self.assertEqual(self.console.get("dlgDriveInfo.lblReason.Caption"),
-                         f"{self.drive} has no block device (tmpfs)")
+        reason = f"{self.drive} has no block device (tmpfs)"
+        self.assertEqual(self.console.get("dlgDriveInfo.lblReason.Caption"), reason)
+        self.assertIn(reason, self.console.noise_with(reason))
