@@ -7,14 +7,19 @@
 #include <QFontMetricsF>
 #include <QImage>
 #include <QPainter>
+#include <QPalette>
+#include <algorithm>
 #include <cmath>
 #include <memory>
 #include <set>
+#include <tuple>
+#include <vector>
 
 #include "qt/colours/colours.h"
 #include "qt/controls/chart_colours.h"
 #include "qt/controls/chart_data.h"
 #include "qt/controls/chart_face.h"
+#include "qt/text_recorder.h"
 
 namespace velmora::tests {
 namespace {
@@ -153,6 +158,56 @@ TEST(BarLegend, NoEntryIsMissing) {
                 << width << " " << column;
         }
     }
+}
+
+/// How many times the usual font, and how many rows.
+class BarAxis : public testing::TestWithParam<std::tuple<double, int>> {};
+
+INSTANTIATE_TEST_SUITE_P(Fonts, BarAxis,
+                         testing::Combine(testing::Values(1.0, 1.5, 2.0), testing::Values(1, 200)));
+
+// Drives of 16 TB in a chart as wide as the dialog.
+TEST_P(BarAxis, ItsNumbersAreKilobytesInGroupsAndNoneTouchesAnother) {
+    constexpr double sixteenTB = 17'179'869'184;  // KB
+    constexpr double width = 900;
+    const auto [scale, rows] = GetParam();
+    qt::ChartData data;
+    data.showLegend = true;
+    for (int i = 1; i <= rows; ++i) {
+        data.rows << QStringLiteral("\\\\server\\share %1").arg(i);
+        data.values.push_back({sixteenTB / 2, sixteenTB});
+    }
+    data.columns = {QStringLiteral("Free Space"), QStringLiteral("Total Space")};
+    data.axisTitles = {QStringLiteral("Drive/Path"), QStringLiteral("Free Space MB")};
+    QFont font;
+    font.setPointSizeF(font.pointSizeF() * scale);
+    const auto face = qt::makeBarFace(data, Regional{});
+    TextRecorder page;
+    QPainter painter(&page);
+    painter.setFont(font);
+    face->layOut({width, 400}, painter.font());
+    face->paint(painter, {.palette = QPalette(Qt::white)});
+    painter.end();
+
+    std::vector<TextRecorder::Word> ticks;
+    double baseline = 0;
+    for (const TextRecorder::Word& word : page.words) {
+        if (word.text == QLatin1String("0")) baseline = word.place.y();
+    }
+    for (const TextRecorder::Word& word : page.words) {
+        if (word.place.y() == baseline) ticks.push_back(word);
+    }
+    std::ranges::sort(ticks, {}, [](const TextRecorder::Word& word) { return word.place.x(); });
+    ASSERT_GE(ticks.size(), 2U);
+    EXPECT_EQ(ticks.front().text, QStringLiteral("0"));
+    EXPECT_TRUE(page.has(QStringLiteral("10,000,000,000"))) << page.texts().join(' ').toStdString();
+    for (std::size_t i = 1; i < ticks.size(); ++i) {
+        EXPECT_GT(ticks[i].place.x(), ticks[i - 1].place.x() + ticks[i - 1].width)
+            << ticks[i].text.toStdString();
+        EXPECT_TRUE(ticks[i].text.endsWith(QLatin1String(",000,000,000")));
+    }
+    EXPECT_GE(ticks.front().place.x(), 0);
+    EXPECT_LE(ticks.back().place.x() + ticks.back().width, width);
 }
 
 TEST(ChartColours, TheGreatestTenHaveColoursOfTheirOwn) {

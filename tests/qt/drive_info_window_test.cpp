@@ -204,6 +204,26 @@ TEST_F(DriveInfoWindowTest, CopyGivesAPictureAndLinesWithTabs) {
     EXPECT_GT(picture.height() / picture.devicePixelRatio(), 200 * 14);
 }
 
+TEST_F(DriveInfoWindowTest, CopyOfThePieGivesAPictureAndItsShares) {
+    view(drive_view::distribution);
+    Chart& field = form().MSChart1[1];
+    for (int i = 1; i <= 3; ++i) {
+        field.setColumn(i);
+        field.setData(i * 1000);
+    }
+    settle();
+    QGuiApplication::clipboard()->clear();
+    click("MSChart1(1).Copy", "dlgDriveInfo");
+    const QMimeData* copied = QGuiApplication::clipboard()->mimeData();
+    EXPECT_EQ(copied->text().toStdString(),
+              "Name\tKB\tShare\nC:\\\t1000\t16.7 %\nD:\\\t2000\t33.3 %\n"
+              "E:\\\t3000\t50.0 %\n");
+    ASSERT_TRUE(copied->hasImage());
+    const auto picture = qvariant_cast<QImage>(copied->imageData());
+    const QColor third = qt::wedgeColours({1000, 2000, 3000}, Qt::white)[2];
+    EXPECT_GT(pixelsOf(picture, third), 1000);
+}
+
 TEST_F(DriveInfoWindowTest, AnUnchangedChartIsNotPaintedAgain) {
     chart(3, 10, 20);
     PaintCounter paints(bars()->viewport());

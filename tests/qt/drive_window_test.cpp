@@ -5,6 +5,7 @@
 #include "qt/colours/colours.h"
 #include "qt/controls/gauge_widget.h"
 #include "qt/controls/lamps_widget.h"
+#include "qt/controls/list_view_widget.h"
 #include "qt/controls/picture_widget.h"
 #include "qt/paint_counter.h"
 #include "qt/window_test.h"
@@ -66,12 +67,20 @@ TEST_F(DriveWindowTest, UnchangedFiguresPaintNothing) {
     settle();
     PaintCounter gauge(part("VMeter2"));
     PaintCounter picture(part("picPie"));
+    PaintCounter trigger(part("VMeter1"));
+    PaintCounter figures(part<qt::ListViewWidget>("ListView1")->viewport());
+    PaintCounter share(part("ProgressBar1"));
+    PaintCounter path(part("lblP"));
     form().VMeter2.setValue(form().VMeter2.Value());
     form().VMeter2.ShowLevel();
     form().Timer1.Tick();
     settle();
     EXPECT_EQ(gauge.count, 0);
     EXPECT_EQ(picture.count, 0);
+    EXPECT_EQ(trigger.count, 0);
+    EXPECT_EQ(figures.count, 0);
+    EXPECT_EQ(share.count, 0);
+    EXPECT_EQ(path.count, 0);
     form().VMeter2.setValue(form().VMeter2.Value() == 7 ? 8 : 7);
     settle();
     EXPECT_GT(gauge.count, 0);
