@@ -17,6 +17,7 @@ class QuietHost final : public Host {
     BoxAnswer MsgBox(const Box& box) override {
         return answer.value_or(cancellingAnswer(box.buttons));
     }
+    void Tell(const Box&) override {}
     std::string BrowseForFolder(const std::string&) override { return {}; }
     std::string OpenFileDialog(const FileDialog&) override { return {}; }
     void Beep() override {}

@@ -3,10 +3,11 @@
 namespace velmora {
 
 Alerts::Alerts(Forms& forms, Platform& platform, const Surface& surface, Window window)
-    : list_(forms, platform, surface.notifyArea),
+    : logFile_(platform),
+      list_(forms, platform, logFile_, surface.notifyArea),
       dialog_(forms.form1, forms.dlgAlert, surface.workArea),
       systemActions_(forms.form1, platform, surface.user32),
-      log_(forms.form1, platform, surface.host, window.stayOnTop),
+      log_(forms.form1, platform, logFile_, surface.host, window.stayOnTop),
       soundButtons_(forms.form1, platform, surface.host, systemActions_),
       dialogHiding_(forms.dlgAlert, window.translucency, log_),
       dialogOptions_(forms.form1, forms.dlgAlert, platform, surface.host),

@@ -46,6 +46,7 @@ class Alerts {
     void afterLoad();
 
   private:
+    LogFile logFile_;
     AlertList list_;
     AlertDialogWindow dialog_;
     SystemActions systemActions_;

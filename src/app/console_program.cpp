@@ -50,6 +50,12 @@ void obey(std::istream& input, console::Output& output, console::Commands& comma
     output.flush();
 }
 
+// A start that fails still ends the program: there is nothing yet that could go on.
+void keepRunning(Machine& machine, console::ConsoleHost& host) {
+    if (!machine.platform().app.Options.keepRunning) return;
+    host.keepRunning([&machine](const std::string& path) { return machine.toHostPath(path); });
+}
+
 }  // namespace
 
 int runConsole(Machine& machine, std::istream& input, std::ostream& stream,
@@ -81,6 +87,7 @@ int runConsole(Machine& machine, std::istream& input, std::ostream& stream,
         stream << greeting;
         output.flush();
         host.guarded([&core] { core.load(); });
+        keepRunning(machine, host);
         obey(input, output, commands, stream);
     } catch (const ProgramEnd& end) {
         status = end.status;

@@ -19,6 +19,7 @@ WindowProgram::WindowProgram(Machine& machine, std::function<void(int)> ended,
           forms_, [&clock = machine.platform().clock] { return clock.GetTickCount(); }, hand_),
       printing_(std::move(printers), host_, hand_,
                 [&clock = machine.platform().clock] { return clock.Now(); }),
+      keepsRunning_(machine.platform().app.Options.keepRunning),
       core_(forms_, machine.platform(), {host_, notifyArea_, user32_, shellIcons_, workArea_}),
       firstSteps_(forms_.form1, machine.platform().userState),
       places_(forms_, machine.platform().userState),
@@ -48,6 +49,8 @@ void WindowProgram::load() {
     hand_.does([this] {
         core_.load();
         places_.afterStart();
+        // A start that fails still ends the program: there is nothing yet that could go on.
+        if (keepsRunning_) hand_.keepRunning();
     });
 }
 

@@ -57,6 +57,7 @@ class WindowProgram {
     qt::QtWorkArea workArea_;
     qt::QtTimers timers_;
     qt::Printing printing_;
+    bool keepsRunning_;
     Core core_;
     FirstSteps firstSteps_;
     WindowPlaces places_;

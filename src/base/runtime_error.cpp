@@ -53,6 +53,16 @@ RuntimeError::RuntimeError(int number) : RuntimeError(number, errorDescription(n
 RuntimeError::RuntimeError(int number, std::string description)
     : number_(number), description_(std::move(description)) {}
 
+void RuntimeError::noteAttempt(std::string_view tried, std::string_view file) {
+    if (!tried_.empty()) return;
+    tried_ = tried;
+    file_ = file;
+}
+
+void RuntimeError::noteHandler(std::string_view handler) {
+    if (handler_.empty()) handler_ = handler;
+}
+
 RuntimeError currentRuntimeError() {
     try {
         throw;

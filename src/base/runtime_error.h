@@ -4,6 +4,8 @@
 
 #include <exception>
 #include <string>
+#include <string_view>
+#include <utility>
 
 namespace velmora {
 
@@ -42,10 +44,34 @@ class RuntimeError : public std::exception {
     const std::string& description() const noexcept { return description_; }
     const char* what() const noexcept override { return description_.c_str(); }
 
+    /// What was tried when the error came: words such as "save the journal", the drive path of the
+    /// file that it was about, and the handler that it began in. Each is empty while nobody has
+    /// said it.
+    const std::string& tried() const noexcept { return tried_; }
+    const std::string& file() const noexcept { return file_; }
+    const std::string& handler() const noexcept { return handler_; }
+    /// Says so. What was said before stays: the step nearest to the error knows it best.
+    void noteAttempt(std::string_view tried, std::string_view file);
+    void noteHandler(std::string_view handler);
+
   private:
     int number_;
     std::string description_;
+    std::string tried_;
+    std::string file_;
+    std::string handler_;
 };
+
+/// Runs a step; a run-time error of it leaves with what was tried, and on which file.
+template <typename Step>
+auto attempt(std::string_view tried, std::string_view file, Step&& step) {
+    try {
+        return std::forward<Step>(step)();
+    } catch (RuntimeError& failure) {
+        failure.noteAttempt(tried, file);
+        throw;
+    }
+}
 
 /// The exception being handled as a run-time error: itself when it is one, 7 for exhausted memory,
 /// and otherwise 5 with the exception's own words (the classic ones if it has none). To be called

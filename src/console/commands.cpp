@@ -25,6 +25,11 @@ Kind& controlOf(Forms& forms, const std::string& name, const char* what) {
     return *control;
 }
 
+// The command without its values, among which a password can be.
+std::string handlerOf(const std::string& command, Words arguments) {
+    return arguments.atEnd() ? command : command + " " + arguments.next();
+}
+
 int readIndex(const std::string& text) {
     return static_cast<int>(readWhole(text, 0, 1 << 30));
 }
@@ -60,16 +65,26 @@ void Commands::run(std::string_view line) {
     try {
         Words words(line);
         if (words.atEnd()) return;
-        const std::string name = lowerCase(words.next());
-        const auto found = handlers().find(name);
-        if (found == handlers().end()) throw CommandError("unknown command: " + name);
-        (this->*found->second)(words);
+        obey(lowerCase(words.next()), words);
     } catch (const CommandError& failure) {
         output_.error(failure.what());
     } catch (const Refused& refusal) {
         output_.error(refusal.what());
-    } catch (const std::exception&) {
-        host_.endByRuntimeError();
+    } catch (const std::exception& failure) {
+        host_.failed();
+        output_.error(failure.what());
+    }
+}
+
+void Commands::obey(const std::string& name, Words& words) {
+    const auto found = handlers().find(name);
+    if (found == handlers().end()) throw CommandError("unknown command: " + name);
+    const Words arguments = words;
+    try {
+        (this->*found->second)(words);
+    } catch (RuntimeError& failure) {
+        failure.noteHandler(handlerOf(name, arguments));
+        throw;
     }
 }
 
@@ -195,7 +210,7 @@ void Commands::drop(Words& words) {
 void Commands::fire(Words& words) {
     Timer& timer = controlOf<Timer>(forms_, words.next(), "timer");
     words.end();
-    timer.Tick();
+    timer.fire();
     output_.ok();
 }
 

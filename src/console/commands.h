@@ -24,10 +24,12 @@ class Commands {
              LaterCommands& later, Reports& reports, ToDrivePath path);
 
     /// Carries out one line and replies. A line that can't be carried out gets an error reply and
-    /// changes nothing; a blank one gets none. A run-time error of the program ends it.
+    /// changes nothing; a blank one gets none. A run-time error of the program ends it, or is the
+    /// reply where it keeps running.
     void run(std::string_view line);
 
   private:
+    void obey(const std::string& name, Words& words);
     using Handler = void (Commands::*)(Words&);
     static const std::map<std::string, Handler>& handlers();
 

@@ -2,6 +2,7 @@
 
 #include <iostream>
 
+#include "base/text.h"
 #include "console/words.h"
 
 namespace velmora::console {
@@ -22,6 +23,17 @@ bool offers(BoxButtons buttons, BoxAnswer answer) {
     return false;
 }
 
+// "Run-time error '61': Disk full. Tried: ..." out of the lines of a box.
+std::string oneLineOf(const std::string& text) {
+    std::string line;
+    for (const std::string& each : split(text, lineEnd)) {
+        if (each.empty()) continue;
+        if (!line.empty()) line += line.ends_with(':') || line.ends_with('.') ? " " : ". ";
+        line += each;
+    }
+    return line;
+}
+
 }  // namespace
 
 BoxAnswer ConsoleHost::MsgBox(const Box& box) {
@@ -32,6 +44,11 @@ BoxAnswer ConsoleHost::MsgBox(const Box& box) {
     }
     output_.box(box, answer);
     return answer;
+}
+
+void ConsoleHost::Tell(const Box& box) {
+    output_.box(box, cancellingAnswer(box.buttons));
+    Note(oneLineOf(box.text));
 }
 
 std::string ConsoleHost::nextText() {
@@ -78,8 +95,13 @@ void ConsoleHost::guarded(const std::function<void()>& handler) {
     try {
         handler();
     } catch (const std::exception&) {
-        endByRuntimeError();
+        failed();
     }
+}
+
+void ConsoleHost::failed() {
+    if (!toHostPath_) endByRuntimeError();
+    Tell(survivedErrorBox(toHostPath_));
 }
 
 void ConsoleHost::endByRuntimeError() {

@@ -25,26 +25,36 @@ class ConsoleHost final : public Host {
     void queueText(std::string text) { texts_.push_back(std::move(text)); }
 
     BoxAnswer MsgBox(const Box& box) override;
+    /// The box as an event, and its text in one line on standard error.
+    void Tell(const Box& box) override;
     std::string BrowseForFolder(const std::string& title) override;
     std::string OpenFileDialog(const FileDialog& dialog) override;
     void Beep() override;
     void Note(const std::string& text) override;
     void DoEvents() override;
 
-    /// Runs a handler; a run-time error that it doesn't handle ends the program.
+    using PathConversion = std::function<std::string(const std::string&)>;
+    /// From now on a run-time error that no handler takes is told, and the program goes on.
+    /// `toHostPath` gives a drive path as the user knows it.
+    void keepRunning(PathConversion toHostPath) { toHostPath_ = std::move(toHostPath); }
+
+    /// Runs a handler; a run-time error that it doesn't handle ends the program, unless it keeps
+    /// running.
     void guarded(const std::function<void()>& handler);
-    /// Runs the due timers and commands; a run-time error that reaches this far ends the program.
+    /// Runs the due timers and commands; an error that reaches this far is treated as above.
     void fireTimers();
-    /// Reports the unhandled run-time error in flight and ends the program with status 1. For catch
-    /// blocks only.
-    [[noreturn]] void endByRuntimeError();
+    /// Tells the unhandled run-time error in flight; ends the program with status 1 unless it keeps
+    /// running. For catch blocks only.
+    void failed();
 
   private:
     std::string nextText();
+    [[noreturn]] void endByRuntimeError();
 
     Output& output_;
     TimerQueue& timers_;
     LaterCommands& later_;
+    PathConversion toHostPath_;  // empty while an error ends the program
     std::deque<BoxAnswer> answers_;
     std::deque<std::string> texts_;
 };

@@ -32,6 +32,7 @@ class Captioned : public Control {
     void setBackColor(Colour value);
 
     std::string mainProperty() const override { return "Caption"; }
+    std::string shownWords() const override { return caption_; }
     Properties properties() override;
 
   private:

@@ -68,4 +68,10 @@ std::string Control::fullName() const {
     return index_ < 0 ? name_ : name_ + "(" + std::to_string(index_) + ")";
 }
 
+std::string namedFor(const Control& control) {
+    const std::string name = control.form().Name() + "." + control.fullName();
+    const std::string words = control.shownWords();
+    return words.empty() ? name : "\"" + words + "\", " + name;
+}
+
 }  // namespace velmora

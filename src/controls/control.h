@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/runtime_error.h"
 #include "controls/event.h"
 #include "controls/property.h"
 
@@ -73,11 +74,14 @@ class Control {
     virtual void userClick();
     virtual void userDoubleClick();
 
+    /// "name" or "name(index)".
+    std::string fullName() const;
+    /// The words by which a user knows it; empty where it shows none.
+    virtual std::string shownWords() const { return {}; }
+
   protected:
     /// Throws Refused when the control is disabled.
     void refuseWhenDisabled() const;
-    /// "name" or "name(index)".
-    std::string fullName() const;
 
   private:
     Form& form_;
@@ -89,5 +93,19 @@ class Control {
     std::string toolTip_;
     Bounds bounds_;
 };
+
+/// Its name as messages give it: the form, the name, and the caption where it has one.
+std::string namedFor(const Control& control);
+
+/// Runs a handler of a control; a run-time error of it leaves with the control's name.
+template <typename Handler>
+void inHandlerOf(const Control& control, Handler&& handler) {
+    try {
+        std::forward<Handler>(handler)();
+    } catch (RuntimeError& failure) {
+        failure.noteHandler(namedFor(control));
+        throw;
+    }
+}
 
 }  // namespace velmora

@@ -1,5 +1,7 @@
 #include "controls/timer.h"
 
+#include <exception>
+
 #include "base/runtime_error.h"
 
 namespace velmora {
@@ -19,6 +21,16 @@ void Timer::setEnabled(bool enabled) {
     if (Enabled() == enabled) return;
     Control::setEnabled(enabled);
     Restarted();
+}
+
+void Timer::fire() {
+    const bool wasOn = Enabled();
+    try {
+        Tick();
+    } catch (const std::exception&) {
+        setEnabled(Enabled() || wasOn);
+        throw;
+    }
 }
 
 Properties Timer::properties() {

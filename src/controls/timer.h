@@ -21,6 +21,9 @@ class Timer : public Control {
 
     /// The timer's tick.
     Event<> Tick;
+    /// Runs the tick, as the message loop does. When a handler fails, a timer that was on before is
+    /// on again: a handler that switches its timer off meanwhile must not end it by an error.
+    void fire();
     /// The count restarts or the timer is switched on or off: for the message loop.
     Notice<> Restarted;
 

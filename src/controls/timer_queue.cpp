@@ -27,7 +27,7 @@ void TimerQueue::fire(std::size_t place) {
     entry.firing = true;
     entry.due = now_() + entry.timer->Interval();
     const Firing guard{*this, place};
-    entry.timer->Tick();
+    inHandlerOf(*entry.timer, [&entry] { entry.timer->fire(); });
 }
 
 int TimerQueue::fireDue() {

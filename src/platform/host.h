@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 namespace velmora {
@@ -59,6 +60,9 @@ class Host {
     /// Begins and ends a time in which the program answers nobody: a window shows it by its
     /// pointer. Each beginning needs its end; see Busy.
     virtual void ShowBusy(bool /*isBusy*/) {}
+    /// Shows what happened and doesn't wait: the program goes on, with a user in front of it or
+    /// without. Where there is standard error to read, one line says the same.
+    virtual void Tell(const Box& box) = 0;
     /// The folder browser; a drive path, empty when dismissed.
     virtual std::string BrowseForFolder(const std::string& title) = 0;
     /// The file dialog. Gives a drive path, empty when dismissed; when several files may be chosen
@@ -90,5 +94,8 @@ class Busy {
 BoxAnswer cancellingAnswer(BoxButtons buttons);
 /// The box for the error being handled, which nothing has handled before. For catch blocks only.
 Box runTimeErrorBox();
+/// The same for a program that keeps running: it also says what was tried and on which file, by the
+/// host's name for it. For catch blocks only.
+Box survivedErrorBox(const std::function<std::string(const std::string&)>& toHostPath);
 
 }  // namespace velmora

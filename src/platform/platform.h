@@ -15,6 +15,7 @@
 #include "platform/raw_volumes.h"
 #include "platform/shell32.h"
 #include "platform/smtp_client.h"
+#include "platform/start_options.h"
 #include "platform/text_files.h"
 #include "platform/user_state.h"
 #include "platform/winmm.h"
@@ -28,7 +29,8 @@ namespace velmora {
 struct Application {
     std::string Path;     ///< drive path of its folder, without a back-slash at the end
     std::string EXEName;  ///< name of the executable without extension
-    std::string Command;  ///< the command line after the program's name, each path in quotes
+    std::string Command;  ///< the command line after the options, each path in quotes
+    StartOptions Options = {};
 };
 
 struct Platform {

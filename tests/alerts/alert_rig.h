@@ -21,7 +21,8 @@ struct AlertRig {
     Forms forms;
     Form1& form1 = forms.form1;
     ListView& list = forms.form1.LVAlert;
-    AlertList alerts{forms, machine.platform(), notifyArea};
+    LogFile logFile{machine.platform()};
+    AlertList alerts{forms, machine.platform(), logFile, notifyArea};
     ListItem& row;
 
     AlertRig() : row(watchRow()) {}

@@ -108,5 +108,34 @@ TEST_F(ConsoleHostTest, LetsTheProgramsOwnEndPass) {
     EXPECT_EQ(statusOf([] {}), -1);
 }
 
+TEST_F(ConsoleHostTest, AProgramThatKeepsRunningTellsTheErrorAndGoesOn) {
+    host.keepRunning([](const std::string& path) { return "host's " + path; });
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(statusOf([] { attempt("save", "C:\\a", [] { throw RuntimeError(61); }); }), -1);
+    EXPECT_EQ(
+        testing::internal::GetCapturedStderr(),
+        "Run-time error '61': Disk full. Tried: save. File: host's C:\\a. The watch goes on.\n");
+    EXPECT_EQ(statusOf([] { throw ProgramEnd{3}; }), 3);
+}
+
+TEST_F(ConsoleHostTest, AFailingTimerStaysOnAndTheOthersRun) {
+    host.keepRunning([](const std::string& path) { return path; });
+    int failed = 0;
+    int ran = 0;
+    form1.tmrStat.Tick.connect([&] {
+        ++failed;
+        form1.tmrStat.setEnabled(false);
+        throw RuntimeError(error::diskFull);
+    });
+    form1.TimerCust.Tick.connect([&] { ++ran; });
+    testing::internal::CaptureStderr();
+    run("wait 120");
+    EXPECT_EQ(failed, 20);
+    EXPECT_EQ(ran, 2);
+    EXPECT_TRUE(form1.tmrStat.Enabled());
+    EXPECT_NE(testing::internal::GetCapturedStderr().find("Tried: Form1.tmrStat"),
+              std::string::npos);
+}
+
 }  // namespace
 }  // namespace velmora::console

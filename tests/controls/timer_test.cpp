@@ -36,6 +36,26 @@ TEST_F(TimerTest, RestartsWhenItIsSwitched) {
     EXPECT_EQ(restarts, 1);
 }
 
+TEST_F(TimerTest, IsOnAgainAfterAFailedHandlerThatSwitchedItOff) {
+    timer.setEnabled(true);
+    timer.Tick.connect([this] {
+        timer.setEnabled(false);
+        throw RuntimeError(error::diskFull);
+    });
+    EXPECT_EQ(errorOf([&] { timer.fire(); }), error::diskFull);
+    EXPECT_TRUE(timer.Enabled());
+}
+
+TEST_F(TimerTest, IsLeftAsTheHandlerLeftItOtherwise) {
+    timer.Tick.connect([this] { timer.setEnabled(false); });
+    timer.setEnabled(true);
+    timer.fire();
+    EXPECT_FALSE(timer.Enabled());
+    timer.Tick.connect([] { throw RuntimeError(error::diskFull); });
+    EXPECT_EQ(errorOf([&] { timer.fire(); }), error::diskFull);
+    EXPECT_FALSE(timer.Enabled()) << "it was off when the handler began";
+}
+
 TEST_F(TimerTest, TakesNoNegativeInterval) {
     EXPECT_EQ(errorOf([&] { timer.setInterval(-1); }), error::invalidPropertyValue);
     timer.setInterval(0);

@@ -30,6 +30,7 @@ class FakeHost final : public Host {
         busy += isBusy ? 1 : -1;
         if (isBusy) ++timesBusy;
     }
+    void Tell(const Box& box) override { told.push_back(box); }
     std::string BrowseForFolder(const std::string& title) override {
         dialogs.push_back(title);
         if (onDialog) onDialog(title);
@@ -51,6 +52,7 @@ class FakeHost final : public Host {
     std::deque<BoxAnswer> answers;  ///< for the next boxes; the cancelling answer when used up
     std::deque<std::string> paths;  ///< for the next dialogs; empty when used up
     std::vector<Box> boxes;
+    std::vector<Box> told;                ///< those that wait for nobody
     std::vector<std::string> dialogs;     ///< titles of the dialogs shown
     std::vector<FileDialog> fileDialogs;  ///< the file dialogs among them, whole
     std::vector<std::string> notes;

@@ -53,9 +53,10 @@ struct Rig {
     ListView& list = forms.form1.ListView1;
     Platform& platform = machine.platform();
 
-    AlertList alerts{forms, platform, notifyArea};
+    LogFile logFile{platform};
+    AlertList alerts{forms, platform, logFile, notifyArea};
     AlertDialogWindow alertDialog{form1, forms.dlgAlert, screen};
-    JournalLog log{form1, platform, host, onTop};
+    JournalLog log{form1, platform, logFile, host, onTop};
     SystemActions systemActions{form1, platform, user32};
     FileList fileList{platform.fso, platform.regional, host};
     ActionTable actions = recordingActions();

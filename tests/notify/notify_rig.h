@@ -25,7 +25,8 @@ struct NotifyRig {
     Form1& form1 = forms.form1;
     FrmNotify& form = forms.frmNotify;
     Platform& platform = machine.platform();
-    AlertList alerts{forms, platform, notifyArea};
+    LogFile logFile{platform};
+    AlertList alerts{forms, platform, logFile, notifyArea};
     Inventory inventory{platform, host};
     MessageContent content{forms, platform, host, inventory};
 

@@ -112,5 +112,67 @@ TEST_F(ProgramEndTest, AnErrorInTheMiddleOfACheckIsTheChecksOwn) {
     EXPECT_EQ(ended, 1);
 }
 
+struct KeepRunningTest : WindowTest {
+    KeepRunningTest() {
+        machine.platform().app.Options.keepRunning = true;
+        start();
+        form1().cmdAdv.Click.connect(
+            [this] { attempt("count", "C:\\x.dat", [this] { throw RuntimeError(number); }); });
+        click("lblTab(4)");
+    }
+
+    QMessageBox* told() {
+        for (QWidget* widget : QApplication::topLevelWidgets()) {
+            if (widget->objectName() == "ToldBox" && widget->isVisible())
+                return qobject_cast<QMessageBox*>(widget);
+        }
+        return nullptr;
+    }
+    int number = error::diskFull;
+};
+
+TEST_F(KeepRunningTest, AnErrorShowsItsBoxAndTheProgramGoesOn) {
+    click("cmdAdv");
+    ASSERT_NE(told(), nullptr);
+    EXPECT_EQ(told()->icon(), QMessageBox::Critical);
+    EXPECT_FALSE(told()->isModal());
+    EXPECT_EQ(told()->text().toStdString(),
+              "Run-time error '61':\nDisk full\n\nTried: count (\"" + form1().cmdAdv.Caption() +
+                  "\", Form1.cmdAdv)\nFile: C:\\x.dat\nThe watch goes on.");
+    EXPECT_FALSE(ended);
+    tick();
+    EXPECT_TRUE(form1().Timer1.Enabled());
+}
+
+TEST_F(KeepRunningTest, ErrorsCollectInOneBoxEachOnceAndTheNewestFirst) {
+    click("cmdAdv");
+    click("cmdAdv");
+    number = error::permissionDenied;
+    click("cmdAdv");
+    ASSERT_NE(told(), nullptr);
+    const QString text = told()->text();
+    EXPECT_EQ(text.count("Run-time error"), 2) << text.toStdString();
+    EXPECT_LT(text.indexOf("'70'"), text.indexOf("'61'"));
+    told()->button(QMessageBox::Ok)->click();
+    settle();
+    EXPECT_EQ(told(), nullptr);
+    click("cmdAdv");
+    ASSERT_NE(told(), nullptr);
+    EXPECT_EQ(told()->text().count("Run-time error"), 1);
+}
+
+TEST_F(KeepRunningTest, AnErrorInTheMiddleOfACheckDoesntHoldTheCheck) {
+    duringCheck([this] { click("cmdAdv"); });
+    EXPECT_NE(told(), nullptr);
+    EXPECT_EQ(form1().StatusBar1.Panels(3).Text, "Times Checked: 1");
+}
+
+TEST_F(KeepRunningTest, AFailedStartEndsAsEver) {
+    program.reset();
+    boxes.answers = {QMessageBox::Ok};
+    EXPECT_EQ(runUntilEnded([this] { start(""); }), 1);
+    EXPECT_TRUE(boxes.lastText().starts_with("Run-time error '13':")) << boxes.lastText();
+}
+
 }  // namespace
 }  // namespace velmora::tests

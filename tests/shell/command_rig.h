@@ -28,7 +28,8 @@ struct CommandRig {
     Form1& form1 = forms.form1;
     ListView& list = forms.form1.ListView1;
     Texts shown;  ///< the forms that were shown, in order
-    AlertList alerts{forms, machine.platform(), surface.notifyArea};
+    LogFile logFile{machine.platform()};
+    AlertList alerts{forms, machine.platform(), logFile, surface.notifyArea};
     SystemActions systemActions{form1, machine.platform(), surface.user32};
     DriveMeter driveMeter{form1, forms.frmIndDri, machine.platform().fso,
                           machine.platform().regional};

@@ -3,6 +3,7 @@
 #include <array>
 #include <string_view>
 
+#include "base/runtime_error.h"
 #include "base/text.h"
 #include "forms/form_numbers.h"
 #include "platform/show_window.h"
@@ -57,7 +58,9 @@ void AlertDialogOptions::lblAct_Click(std::size_t index) {
 
 void AlertDialogOptions::startSorbane() {
     const std::string& folder = platform_.app.Path;
-    platform_.files.writeOver(folder + "\\clen.dat", driveInAlert().append(lineEnd));
+    const std::string path = folder + "\\clen.dat";
+    attempt("hand the drive to the cleaner", path,
+            [&] { platform_.files.writeOver(path, driveInAlert().append(lineEnd)); });
     platform_.shell32.ShellExecuteA(form1_.Name(), "open", folder + "\\sorbane.exe", "", "",
                                     normalWindow);
 }

@@ -1,5 +1,6 @@
 #include "alerts/journal/alert_list.h"
 
+#include "alerts/journal/alert_time.h"
 #include "base/convert.h"
 #include "base/text.h"
 #include "forms/sort_column.h"
@@ -8,9 +9,10 @@
 
 namespace velmora {
 
-AlertList::AlertList(Forms& forms, Platform& platform, NotifyArea& notifyArea)
-    : forms_(forms), platform_(platform), notifyArea_(notifyArea) {
+AlertList::AlertList(Forms& forms, Platform& platform, LogFile& log, NotifyArea& notifyArea)
+    : forms_(forms), platform_(platform), log_(log), notifyArea_(notifyArea) {
     Form1& form1 = forms_.form1;
+    log_.Trouble.connect([this](const LogTrouble& trouble) { raise(trouble); });
     form1.UpDown3.Change.connect([this] { UpDown3_Change(); });
     form1.LVAlert.ColumnClick.connect(
         [&form1](int clicked) { prcSortColumn(form1.LVAlert, clicked); });
@@ -60,7 +62,12 @@ void AlertList::appendToLog(const ListItem& item, const std::string& strAlert) {
     const std::string& path = form1.lblLog.Caption();
     if (!platform_.fso.FileExists(path)) return;
     const ConstAlertRow row(item);
-    platform_.files.appendLine(path, row.time() + " | " + row.rating() + " | " + strAlert);
+    log_.appendLine(path, row.time() + " | " + row.rating() + " | " + strAlert);
+}
+
+void AlertList::raise(const LogTrouble& trouble) {
+    prcAlertInfo(Format(platform_.clock.Now(), alert_time::minutes), trouble.rating, trouble.text,
+                 {}, nullptr);
 }
 
 void AlertList::prcLVLimit(std::int32_t lngLimit, ListView& lvList) {

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 
+#include "alerts/journal/log_file.h"
 #include "forms/forms.h"
 #include "platform/notify_area.h"
 #include "platform/platform.h"
@@ -13,11 +14,6 @@ namespace velmora {
 
 /// Follows each piece of the texts that alerts and journal collect.
 inline constexpr const char* pieceEnd = "\r\n.\r\n";
-
-namespace rating {
-inline constexpr const char* high = "High";
-inline constexpr const char* medium = "Medium";
-}  // namespace rating
 
 /// The four flags that callers hand over with an alert. Only the fourth has an effect: 1 starts the
 /// tray's blinking, with any rating.
@@ -34,7 +30,7 @@ inline constexpr AlertFlags checkFlags{1, 1, 0, 0};
 class AlertList {
   public:
     /// Connects its handlers to the forms, which must outlive it like the rest.
-    AlertList(Forms& forms, Platform& platform, NotifyArea& notifyArea);
+    AlertList(Forms& forms, Platform& platform, LogFile& log, NotifyArea& notifyArea);
     AlertList(const AlertList&) = delete;
     AlertList& operator=(const AlertList&) = delete;
 
@@ -59,10 +55,12 @@ class AlertList {
     static bool isRepeat(ListItem& item, const std::string& strAlert);
     void count(const std::string& strRating);
     void appendToLog(const ListItem& item, const std::string& strAlert);
+    void raise(const LogTrouble& trouble);
     void UpDown3_Change();
 
     Forms& forms_;
     Platform& platform_;
+    LogFile& log_;
     NotifyArea& notifyArea_;
 };
 

@@ -5,6 +5,7 @@
 
 #include "alerts/system/question_in_front.h"
 #include "base/convert.h"
+#include "base/runtime_error.h"
 #include "base/text.h"
 #include "platform/show_window.h"
 
@@ -24,8 +25,9 @@ constexpr std::size_t deleteLog = 3;
 
 }  // namespace
 
-JournalLog::JournalLog(Form1& form1, Platform& platform, Host& host, StayOnTop& stayOnTop)
-    : form1_(form1), platform_(platform), host_(host), stayOnTop_(stayOnTop) {
+JournalLog::JournalLog(Form1& form1, Platform& platform, LogFile& log, Host& host,
+                       StayOnTop& stayOnTop)
+    : form1_(form1), platform_(platform), log_(log), host_(host), stayOnTop_(stayOnTop) {
     form1_.txtAlert.setTag("0");
     form1_.lblAl[button::save].Click.connect([this] { Save_Click(); });
     form1_.lblAl[button::openLog].Click.connect([this] { OpenLog_Click(); });
@@ -35,19 +37,21 @@ JournalLog::JournalLog(Form1& form1, Platform& platform, Host& host, StayOnTop& 
 
 void JournalLog::saveNewEntries() {
     if (!form1_.chkAutoSave.ticked()) return;
+    if (!log_.writeWaiting()) return;
+    if (isJournalOwed_) prcSaveLog();
     TextBox& journal = form1_.txtAlert;
     const double saved = toDouble(journal.Tag(), platform_.regional);
     const std::size_t total = journal.textLength();
     if (saved >= static_cast<double>(total)) return;
     const double added = static_cast<double>(total) - std::max(saved, 0.0);
-    platform_.files.appendLine(form1_.lblLog.Caption(),
-                               journal.front(static_cast<std::size_t>(added)));
+    if (!log_.appendBlock(form1_.lblLog.Caption(), journal.front(static_cast<std::size_t>(added))))
+        return;
     journal.setTag(toText(static_cast<std::int64_t>(total)));
 }
 
 void JournalLog::prcSaveLog() {
     if (!form1_.chkAutoSave.ticked()) return;
-    platform_.files.appendLine(platform_.app.Path + "\\log.dat", form1_.txtAlert.Text());
+    isJournalOwed_ = !log_.appendBlock(platform_.app.Path + "\\log.dat", form1_.txtAlert.Text());
 }
 
 std::string JournalLog::prcSetEvt(std::int16_t iEvent, const std::string& strMessage) {
@@ -58,7 +62,8 @@ std::string JournalLog::prcSetEvt(std::int16_t iEvent, const std::string& strMes
     script += lineEnd;
     script += "objShell.LogEvent EVENT_SUCCESS, " + strMessage;
     script += lineEnd;
-    platform_.files.writeOver(path, replaceAll(script, "'", "\""));
+    attempt("write the script for the system's event log", path,
+            [&] { platform_.files.writeOver(path, replaceAll(script, "'", "\"")); });
     const std::int32_t answer =
         platform_.shell32.ShellExecuteA(form1_.Name(), "open", path, "0", "", normalWindow);
     return answer == orderTaken ? "1" : "0";
@@ -67,11 +72,15 @@ std::string JournalLog::prcSetEvt(std::int16_t iEvent, const std::string& strMes
 // The mark stays: the next save at the end of a check can write the same entries once more.
 void JournalLog::Save_Click() {
     if (!isAgreed("Save the current Log content?")) return;
-    platform_.files.appendLine(form1_.lblLog.Caption(), form1_.txtAlert.Text());
+    const std::string& path = form1_.lblLog.Caption();
+    attempt("save the journal", path,
+            [&] { platform_.files.appendLine(path, form1_.txtAlert.Text()); });
 }
 
 void JournalLog::OpenLog_Click() {
-    platform_.shell32.Shell("Notepad.exe " + form1_.lblLog.Caption(), normalWindow);
+    const std::string& path = form1_.lblLog.Caption();
+    attempt("open the log file", path,
+            [&] { platform_.shell32.Shell("Notepad.exe " + path, normalWindow); });
 }
 
 // The counters and the mark stay: they count all alerts raised and the length saved so far.
@@ -82,7 +91,10 @@ void JournalLog::Clear_Click() {
 
 void JournalLog::DeleteLog_Click() {
     if (!isAgreed("Proceeding will delete the log file.  Are you sure?")) return;
-    platform_.files.remove(form1_.lblLog.Caption());
+    const std::string& path = form1_.lblLog.Caption();
+    attempt("delete the log file", path, [&] { platform_.files.remove(path); });
+    log_.forgetWaiting();
+    isJournalOwed_ = false;
 }
 
 bool JournalLog::isAgreed(const std::string& question) {

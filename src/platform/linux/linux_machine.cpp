@@ -41,9 +41,11 @@ Application ownApplication(Volumes& volumes) {
     if (slash == std::string::npos) return {};
     std::string folder = drivePathOf(path.substr(0, slash), volumes.roots());
     if (folder.ends_with('\\')) folder.pop_back();
-    return {.Path = folder,
-            .EXEName = withoutExtension(path.substr(slash + 1)),
-            .Command = ownCommand(volumes)};
+    Application app{.Path = folder,
+                    .EXEName = withoutExtension(path.substr(slash + 1)),
+                    .Command = ownCommand(volumes)};
+    app.Options = takeStartOptions(app.Command);
+    return app;
 }
 
 class LinuxMachine final : public Machine {

@@ -48,11 +48,13 @@ std::wstring executablePath() {
 Application ownApplication() {
     const std::string path = withoutLongPrefix(toUtf8(executablePath()));
     const auto slash = path.rfind('\\');
-    const std::string command = toUtf8(afterName(GetCommandLineW()));
-    if (slash == std::string::npos) return {.Path = "", .EXEName = path, .Command = command};
+    std::string command = toUtf8(afterName(GetCommandLineW()));
+    const StartOptions options = takeStartOptions(command);
+    if (slash == std::string::npos)
+        return {.Path = "", .EXEName = path, .Command = command, .Options = options};
     std::string name = path.substr(slash + 1);
     name.resize(std::min(name.rfind('.'), name.size()));
-    return {.Path = path.substr(0, slash), .EXEName = name, .Command = command};
+    return {.Path = path.substr(0, slash), .EXEName = name, .Command = command, .Options = options};
 }
 
 class WindowsMachine final : public Machine {

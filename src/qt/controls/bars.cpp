@@ -38,7 +38,7 @@ QToolButton* makeBarButton(ToolBar& field, int number, UserHand& hand) {
     button->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Expanding);
     QObject::connect(button, &QToolButton::clicked, button, [button, &field, &hand, number] {
         const MenuPlace place(*button);
-        hand.does([&] { field.userClickPart(number); });
+        hand.does(field, [&] { field.userClickPart(number); });
     });
     follow(field.ButtonChanged, button, [button, &field, number] {
         const ToolBar::Button& state = field.Buttons(number);

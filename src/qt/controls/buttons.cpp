@@ -19,7 +19,7 @@ class ShowsField : public Button {
 template <typename Field>
 void clickField(QAbstractButton* button, Field& field, UserHand& hand, Refresher* refresher) {
     QObject::connect(button, &QAbstractButton::clicked, button, [&field, &hand, refresher] {
-        hand.does([&field] { field.userClick(); });
+        hand.does(field, [&field] { field.userClick(); });
         refresher->refreshNow();
     });
 }
@@ -31,7 +31,7 @@ void toggleField(QAbstractButton* button, Field& field, UserHand& hand, Refreshe
     QObject::connect(button, &QAbstractButton::toggled, button,
                      [&field, &hand, refresher, isOn](bool on) {
                          if (!refresher->fieldExists() || on == isOn(field)) return;
-                         hand.does([&field] { field.userClick(); });
+                         hand.does(field, [&field] { field.userClick(); });
                          refresher->refreshNow();
                      });
 }

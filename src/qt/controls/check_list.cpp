@@ -20,14 +20,14 @@ CheckList::CheckList(ListBox& field, UserHand& hand, QWidget* parent)
         const bool on = item->checkState() == Qt::Checked;
         if (field_.Selected(index) == on) return;
         hasTicked_ = true;
-        hand.does([&] { field_.userTick(index, on); });
+        hand.does(field_, [&] { field_.userTick(index, on); });
         // A rule of the list may have unticked it, or others.
         refresher->refreshNow();
         reportTick(*this, this->model()->index(index, 0));
     });
     // A click on an entry's text ticks nothing, but it is a click too.
     connect(this, &QListWidget::itemClicked, this, [this, &hand] {
-        if (!hasTicked_) hand.does([this] { field_.userClick(); });
+        if (!hasTicked_) hand.does(field_, [this] { field_.userClick(); });
     });
 }
 

@@ -25,7 +25,7 @@ class FocusWatch : public QObject {
     }
     bool eventFilter(QObject*, QEvent* event) override {
         if (event->type() == QEvent::FocusOut && refresher_.fieldExists()) {
-            hand_.does([this] { field_.loseFocus(); });
+            hand_.does(field_, [this] { field_.loseFocus(); });
         }
         return false;
     }
@@ -67,9 +67,10 @@ void showEntries(QComboBox* box, const ComboBox& field) {
 class ArrowPair : public QWidget {
   public:
     ArrowPair(UpDown& field, UserHand& hand) {
-        up_ = addArrow(Qt::UpArrow, [&field, &hand] { hand.does([&field] { field.userUp(); }); });
-        down_ =
-            addArrow(Qt::DownArrow, [&field, &hand] { hand.does([&field] { field.userDown(); }); });
+        up_ = addArrow(Qt::UpArrow,
+                       [&field, &hand] { hand.does(field, [&field] { field.userUp(); }); });
+        down_ = addArrow(Qt::DownArrow,
+                         [&field, &hand] { hand.does(field, [&field] { field.userDown(); }); });
         auto* layout = new QVBoxLayout(this);
         layout->setContentsMargins(0, 0, 0, 0);
         layout->setSpacing(0);
@@ -136,11 +137,12 @@ QLineEdit* makeLineEdit(TextBox& field, UserHand& hand) {
     // Also by a screen reader, which does not type.
     QObject::connect(edit, &QLineEdit::textChanged, edit,
                      [&field, &hand, refresher](const QString& text) {
-                         hand.does([&] { field.setText(typed(text)); });
+                         hand.does(field, [&] { field.setText(typed(text)); });
                          refresher->touch();
                      });
-    QObject::connect(edit, &QLineEdit::returnPressed, edit,
-                     [&field, &hand] { hand.does([&field] { field.KeyPress(key::enter); }); });
+    QObject::connect(edit, &QLineEdit::returnPressed, edit, [&field, &hand] {
+        hand.does(field, [&field] { field.KeyPress(key::enter); });
+    });
     return edit;
 }
 
@@ -154,7 +156,7 @@ QSlider* makeSlider(Slider& field, UserHand& hand) {
         slider->setValue(field.Value());
     });
     QObject::connect(slider, &QSlider::valueChanged, slider, [&field, &hand](int value) {
-        hand.does([&field, value] { field.userScroll(value); });
+        hand.does(field, [&field, value] { field.userScroll(value); });
     });
     return slider;
 }
@@ -169,7 +171,7 @@ QSlider* makeUprightSlider(Slider& field, UserHand& hand) {
         slider->setValue(field.Max() - field.Value());
     });
     QObject::connect(slider, &QSlider::valueChanged, slider, [&field, &hand](int value) {
-        hand.does([&field, value] { field.userScroll(field.Max() - value); });
+        hand.does(field, [&field, value] { field.userScroll(field.Max() - value); });
     });
     return slider;
 }
@@ -184,7 +186,7 @@ QTimeEdit* makeTimeEdit(DatePicker& field, const QString& picture, UserHand& han
     });
     QObject::connect(edit, &QTimeEdit::timeChanged, edit,
                      [&field, &hand, refresher](const QTime& time) {
-                         hand.does([&] { field.setValue(withTime(field.Value(), time)); });
+                         hand.does(field, [&] { field.setValue(withTime(field.Value(), time)); });
                          refresher->touch();
                      });
     return edit;
@@ -208,15 +210,16 @@ QComboBox* makeComboBox(ComboBox& field, UserHand& hand) {
     }
     QObject::connect(box, &QComboBox::currentTextChanged, box,
                      [&field, &hand](const QString& text) {
-                         hand.does([&field, &text] { field.setText(typed(text)); });
+                         hand.does(field, [&field, &text] { field.setText(typed(text)); });
                      });
     QObject::connect(box, &QComboBox::activated, box, [&field, &hand](int index) {
-        hand.does([&field, index] {
+        hand.does(field, [&field, index] {
             if (index < field.ListCount()) field.userChoose(index);
         });
     });
-    QObject::connect(box->lineEdit(), &QLineEdit::returnPressed, box,
-                     [&field, &hand] { hand.does([&field] { field.KeyPress(key::enter); }); });
+    QObject::connect(box->lineEdit(), &QLineEdit::returnPressed, box, [&field, &hand] {
+        hand.does(field, [&field] { field.KeyPress(key::enter); });
+    });
     return box;
 }
 
@@ -230,7 +233,7 @@ QComboBox* makeChoice(ComboBox& field, UserHand& hand) {
                                                     : box->findText(shown(field.Text())));
     });
     QObject::connect(box, &QComboBox::activated, box, [&field, &hand, refresher](int index) {
-        hand.does([&field, index] {
+        hand.does(field, [&field, index] {
             if (index < field.ListCount()) field.userChoose(index);
         });
         refresher->touch();
@@ -248,7 +251,8 @@ QPlainTextEdit* makeTextEdit(TextBox& field, UserHand& hand) {
         if (edit->toPlainText() != text) edit->setPlainText(text);
     });
     QObject::connect(edit, &QPlainTextEdit::textChanged, edit, [edit, &field, &hand, refresher] {
-        hand.does([&] { field.setText(replaceAll(typed(edit->toPlainText()), "\n", lineEnd)); });
+        hand.does(field,
+                  [&] { field.setText(replaceAll(typed(edit->toPlainText()), "\n", lineEnd)); });
         refresher->touch();
     });
     return edit;

@@ -40,11 +40,11 @@ LabelButton::LabelButton(Label& label, UserHand& hand, Shape shape, QWidget* par
         update();
     });
     connect(this, &QAbstractButton::pressed, this,
-            [this] { hand_.does([this] { label_.MouseDown(); }); });
+            [this] { hand_.does(label_, [this] { label_.MouseDown(); }); });
     connect(this, &QAbstractButton::released, this,
-            [this] { hand_.does([this] { label_.MouseUp(); }); });
+            [this] { hand_.does(label_, [this] { label_.MouseUp(); }); });
     connect(this, &QAbstractButton::clicked, this,
-            [this] { hand_.does([this] { label_.Click(); }); });
+            [this] { hand_.does(label_, [this] { label_.Click(); }); });
 }
 
 void LabelButton::setPicture(Glyph glyph) {
@@ -147,7 +147,7 @@ void LabelButton::keyPressEvent(QKeyEvent* event) {
 }
 
 void LabelButton::mouseMoveEvent(QMouseEvent* event) {
-    hand_.does([this] { label_.MouseMove(); });
+    hand_.does(label_, [this] { label_.MouseMove(); });
     QAbstractButton::mouseMoveEvent(event);
 }
 

@@ -99,7 +99,7 @@ ListViewWidget::ListViewWidget(ListView& list, ListViewModel::Pictures pictures,
 
 void ListViewWidget::connectField() {
     connect(model_, &ListViewModel::ticked, this, [this](int row, bool on) {
-        hand_.does([&] { list_.userTick(row, on); });
+        hand_.does(list_, [&] { list_.userTick(row, on); });
         reportTick(*this, model_->indexOf(row));
     });
     connect(model_, &ListViewModel::published, this, [this](bool reset, int onTop) {
@@ -115,7 +115,7 @@ void ListViewWidget::connectField() {
         }
     });
     connect(header(), &QHeaderView::sectionClicked, this, [this](int column) {
-        hand_.does([&] { list_.userClickPart(column + 1); });
+        hand_.does(list_, [&] { list_.userClickPart(column + 1); });
         showSortMark();
     });
     connect(header(), &QHeaderView::sectionResized, this, [this] {
@@ -295,7 +295,7 @@ void ListViewWidget::reportSelection() {
     std::vector<int> rows;
     for (const QModelIndex& index : selectionModel()->selectedRows())
         rows.push_back(index.row() + 1);
-    hand_.does([&] { list_.userSelect(rows); });
+    hand_.does(list_, [&] { list_.userSelect(rows); });
     if (isHeld_) showSelection();
 }
 
@@ -309,7 +309,7 @@ void ListViewWidget::pointTo(const QPoint& place) {
         x = static_cast<float>(list_.columnLeft(column) + list_.ColumnHeaders(column).Width / 2);
         y = static_cast<float>(list_.rowTop(index.row() + 1) + ListView::rowHeight / 2);
     }
-    hand_.does([&] { list_.MouseMove(x, y); });
+    hand_.does(list_, [&] { list_.MouseMove(x, y); });
 }
 
 void ListViewWidget::mouseMoveEvent(QMouseEvent* event) {
@@ -321,7 +321,7 @@ void ListViewWidget::mouseReleaseEvent(QMouseEvent* event) {
     QTreeView::mouseReleaseEvent(event);
     if (isHeld_ || event->button() != Qt::RightButton) return;
     const MenuPlace place(event->globalPosition().toPoint());
-    hand_.does([this] { list_.RightClick(); });
+    hand_.does(list_, [this] { list_.RightClick(); });
 }
 
 void ListViewWidget::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -329,7 +329,7 @@ void ListViewWidget::mouseDoubleClickEvent(QMouseEvent* event) {
     pointTo(event->position().toPoint());
     QTreeView::mouseDoubleClickEvent(event);
     if (event->button() == Qt::LeftButton && indexAt(event->position().toPoint()).isValid()) {
-        hand_.does([this] { list_.DblClick(); });
+        hand_.does(list_, [this] { list_.DblClick(); });
     }
 }
 
@@ -350,7 +350,7 @@ bool ListViewWidget::takesKey(const QKeyEvent& event) {
         case Qt::Key_Enter:
             if (!list_.DblClick.connected()) return false;
             pointTo(visualRect(currentIndex()).center());
-            hand_.does([this] { list_.DblClick(); });
+            hand_.does(list_, [this] { list_.DblClick(); });
             return true;
         case Qt::Key_Space:
             if (!look_.ticks) return false;
@@ -400,7 +400,7 @@ void ListViewWidget::contextMenuEvent(QContextMenuEvent* event) {
     event->accept();
     if (isHeld_ || event->reason() == QContextMenuEvent::Mouse) return;
     const MenuPlace place(*viewport(), visualRect(currentIndex()));
-    hand_.does([this] { list_.RightClick(); });
+    hand_.does(list_, [this] { list_.RightClick(); });
 }
 
 }  // namespace velmora::qt

@@ -19,7 +19,7 @@ void addItem(QMenu* menu, MenuItem& item, UserHand& hand) {
     if (item.items().empty()) {
         action = menu->addAction(QString());
         QObject::connect(action, &QAction::triggered, action,
-                         [&item, &hand] { hand.does([&item] { item.userClick(); }); });
+                         [&item, &hand] { hand.does(item, [&item] { item.userClick(); }); });
     } else {
         auto* below = new QMenu(menu);
         action = menu->addMenu(below);
@@ -64,7 +64,7 @@ QMenu* makeMenu(MenuItem& field, UserHand& hand, QWidget* owner, std::function<v
     auto* menu = new PopUpMenu(field, owner, std::move(shown));
     fill(menu, field, hand);
     QObject::connect(menu, &QMenu::aboutToHide, menu,
-                     [&field, &hand] { hand.does([&field] { field.Closed(); }); });
+                     [&field, &hand] { hand.does(field, [&field] { field.Closed(); }); });
     return menu;
 }
 

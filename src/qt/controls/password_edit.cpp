@@ -116,7 +116,7 @@ void PasswordEdit::replace(int start, int length, const QString& characters) {
     whole.append(present, to);
     const int caret =
         start + static_cast<int>(velmora::length(std::string_view(whole).substr(from, end - from)));
-    hand_.does([&] { field_.setText(whole); });
+    hand_.does(field_, [&] { field_.setText(whole); });
     wipe(whole);
     showDots();
     setCursorPosition(caret);
@@ -147,7 +147,7 @@ void PasswordEdit::paste() {
 
 void PasswordEdit::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        hand_.does([this] { field_.KeyPress(key::enter); });
+        hand_.does(field_, [this] { field_.KeyPress(key::enter); });
     } else if (event->matches(QKeySequence::Paste)) {
         paste();
     } else if (event->matches(QKeySequence::Copy) || event->matches(QKeySequence::Cut) ||

@@ -44,7 +44,7 @@ QTabWidget* makeTabs(TabStrip& strip, std::initializer_list<QWidget*> pages, Use
     });
     tabs->tabBar()->setAccessibleName(tabs->accessibleName());
     QObject::connect(tabs, &QTabWidget::currentChanged, tabs, [&strip, &hand](int index) {
-        hand.does([&strip, index] { strip.userClickPart(index + 1); });
+        hand.does(strip, [&strip, index] { strip.userClickPart(index + 1); });
     });
     return tabs;
 }

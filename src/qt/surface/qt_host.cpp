@@ -6,6 +6,7 @@
 
 #include <vector>
 
+#include "qt/surface/box_look.h"
 #include "qt/surface/no_input.h"
 #include "qt/surface/text.h"
 
@@ -15,34 +16,6 @@ namespace {
 
 // The time of a frame on the screen: more frequent yields would not be noticed.
 constexpr qint64 yieldInterval = 16;
-
-QMessageBox::Icon shownIcon(BoxIcon icon) {
-    switch (icon) {
-        case BoxIcon::critical:
-            return QMessageBox::Critical;
-        case BoxIcon::question:
-            return QMessageBox::Question;
-        case BoxIcon::information:
-            return QMessageBox::Information;
-        case BoxIcon::none:
-            break;
-    }
-    return QMessageBox::NoIcon;
-}
-
-QMessageBox::StandardButtons shownButtons(BoxButtons buttons) {
-    switch (buttons) {
-        case BoxButtons::okCancel:
-            return QMessageBox::Ok | QMessageBox::Cancel;
-        case BoxButtons::yesNo:
-            return QMessageBox::Yes | QMessageBox::No;
-        case BoxButtons::yesNoCancel:
-            return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
-        case BoxButtons::ok:
-            break;
-    }
-    return QMessageBox::Ok;
-}
 
 BoxAnswer answerOf(int button, BoxButtons buttons) {
     switch (button) {
@@ -146,6 +119,10 @@ BoxAnswer QtHost::show(const Box& box, QCheckBox* offer) {
     // The program may have ended while the box was open.
     hand_.throwWhenEnded();
     return answer;
+}
+
+void QtHost::Tell(const Box& box) {
+    told_.tell(box, owner());
 }
 
 std::string QtHost::BrowseForFolder(const std::string& title) {

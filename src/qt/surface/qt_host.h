@@ -8,6 +8,7 @@
 #include "persist/shell_links.h"
 #include "platform/host.h"
 #include "platform/platform.h"
+#include "qt/surface/told_boxes.h"
 #include "qt/surface/user_hand.h"
 #include "qt/surface/windows_by_name.h"
 
@@ -22,6 +23,7 @@ class QtHost final : public Host {
     BoxAnswer MsgBox(const Box& box) override;
     SeriesAnswer MsgBoxOfSeries(const Box& box, const std::string& offer) override;
     void ShowBusy(bool isBusy) override;
+    void Tell(const Box& box) override;
     /// The system's own folder dialog where there is one, Qt's otherwise.
     std::string BrowseForFolder(const std::string& title) override;
     std::string OpenFileDialog(const FileDialog& dialog) override;
@@ -40,6 +42,7 @@ class QtHost final : public Host {
     UserHand& hand_;
     const WindowsByName& windows_;
     ShellLinks shellLinks_;
+    ToldBoxes told_;
     QElapsedTimer sinceYield_;
 };
 

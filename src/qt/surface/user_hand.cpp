@@ -13,12 +13,25 @@ void UserHand::does(const std::function<void()>& what) {
         } catch (const Refused&) {
             return;
         } catch (const std::exception&) {
-            host_->MsgBox(runTimeErrorBox());
-            throw ProgramEnd{1};
+            failed();
         }
     } catch (const ProgramEnd& programEnd) {
         end(programEnd.status);
     }
+}
+
+void UserHand::does(const Control& control, const std::function<void()>& what) {
+    does([&] { inHandlerOf(control, what); });
+}
+
+// The box of a program that goes on waits for nobody: a check can be in progress below.
+void UserHand::failed() {
+    if (keepsRunning_) {
+        return host_->Tell(
+            survivedErrorBox([this](const std::string& path) { return hostPathOf(path); }));
+    }
+    host_->MsgBox(runTimeErrorBox());
+    throw ProgramEnd{1};
 }
 
 void UserHand::end(int status) {

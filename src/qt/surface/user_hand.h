@@ -7,6 +7,7 @@
 #include <string>
 
 #include "base/regional.h"
+#include "controls/control.h"
 #include "platform/host.h"
 
 namespace velmora::qt {
@@ -43,9 +44,14 @@ class UserHand {
     void setRegional(const Regional& regional) { regional_ = regional; }
     const Regional& regional() const { return regional_; }
 
+    /// From now on a run-time error that no handler takes is told, and the program goes on.
+    void keepRunning() { keepsRunning_ = true; }
+
+    /// Runs a handler of a control, as below.
+    void does(const Control& control, const std::function<void()>& what);
     /// Runs a handler. A refusal is dropped: nothing has changed, and the view shows the field as
     /// it is. A run-time error that no handler has caught shows its box and ends the program with
-    /// status 1. Does nothing once the program has ended.
+    /// status 1, unless it keeps running. Does nothing once the program has ended.
     void does(const std::function<void()>& what);
 
     /// The exit status once the program has ended.
@@ -54,6 +60,7 @@ class UserHand {
     void throwWhenEnded() const;
 
   private:
+    void failed();
     void end(int status);
 
     Host* host_ = nullptr;
@@ -62,6 +69,7 @@ class UserHand {
     PathConversion toHostPath_;
     Regional regional_;
     std::optional<int> ended_;
+    bool keepsRunning_ = false;
 };
 
 }  // namespace velmora::qt

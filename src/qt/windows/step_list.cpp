@@ -62,7 +62,7 @@ StepButton::StepButton(Label& label, std::span<Frame> steps, UserHand& hand, QWi
     });
     for (Frame& step : steps_) follow(step.Changed, this, [this] { showState(); });
     connect(this, &QAbstractButton::clicked, this,
-            [this, &hand] { hand.does([this] { label_.userClick(); }); });
+            [this, &hand] { hand.does(label_, [this] { label_.userClick(); }); });
 }
 
 int StepButton::shownStep() const {

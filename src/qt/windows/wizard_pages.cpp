@@ -34,7 +34,7 @@ class EnterInBox : public QObject {
 
     bool eventFilter(QObject*, QEvent* event) override {
         if (!isEnterKey(event)) return false;
-        hand_.does([this] { field_.KeyPress(key::enter); });
+        hand_.does(field_, [this] { field_.KeyPress(key::enter); });
         return true;
     }
 

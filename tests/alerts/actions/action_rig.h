@@ -33,7 +33,8 @@ struct ActionRig {
     Form1& form1 = forms.form1;
     ListView& list = forms.form1.ListView1;
     ListView& files = forms.form1.LVFile;
-    AlertList alerts{forms, machine.platform(), notifyArea};
+    LogFile logFile{machine.platform()};
+    AlertList alerts{forms, machine.platform(), logFile, notifyArea};
     SystemActions system{form1, machine.platform(), user32};
     ActionParts parts{.forms = forms,
                       .platform = machine.platform(),

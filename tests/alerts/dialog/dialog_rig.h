@@ -34,7 +34,8 @@ struct DialogRig {
     Forms forms;
     Form1& form1 = forms.form1;
     DlgAlert& dialog = forms.dlgAlert;
-    JournalLog log{form1, machine.platform(), host, onTop};
+    LogFile logFile{machine.platform()};
+    JournalLog log{form1, machine.platform(), logFile, host, onTop};
     AlertDialogWindow window{form1, dialog, screen};
     AlertDialogHiding hiding{dialog, glass, log};
     AlertDialogOptions options{form1, dialog, machine.platform(), host};

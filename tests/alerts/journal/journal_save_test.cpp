@@ -103,7 +103,7 @@ TEST(JournalSave, WithAutoSaveOffNothingReachesTheFileByItselfButTheButtonStillS
 TEST(JournalSave, AMissingFileIsNotCreatedByAnAlertLineButByTheSaveAtTheEndOfACheck) {
     LogRig rig;
     fake::FakeNotifyArea notifyArea;
-    AlertList alerts{rig.forms, rig.machine.platform(), notifyArea};
+    AlertList alerts{rig.forms, rig.machine.platform(), rig.logFile, notifyArea};
     alerts.prcAlertInfo("20260314 15:09", rating::high, "text", {}, nullptr);
     EXPECT_FALSE(rig.hasFile());
     rig.enter("1");
@@ -117,7 +117,7 @@ TEST(JournalSave, AMissingFileIsNotCreatedByAnAlertLineButByTheSaveAtTheEndOfACh
 TEST(JournalSave, AnEntryWithLineBreaksStaysWholeInTheAlertLine) {
     LogRig rig;
     fake::FakeNotifyArea notifyArea;
-    AlertList alerts{rig.forms, rig.machine.platform(), notifyArea};
+    AlertList alerts{rig.forms, rig.machine.platform(), rig.logFile, notifyArea};
     rig.machine.files[rig.path] = "";
     alerts.prcAlertInfo("03/14/26 15:09:26", rating::high, "one\r\n.\r\ntwo", {}, nullptr);
     EXPECT_EQ(rig.file(), "03/14/26 15:09:26 | High | one\r\n.\r\ntwo\r\n");

@@ -26,7 +26,8 @@ struct LogRig {
     Forms forms;
     Form1& form1 = forms.form1;
     TextBox& journal = forms.form1.txtAlert;
-    JournalLog log{forms.form1, machine.platform(), host, onTop};
+    LogFile logFile{machine.platform()};
+    JournalLog log{forms.form1, machine.platform(), logFile, host, onTop};
     const std::string path = "C:\\Program Files\\Velmora\\log.dat";
 
     LogRig() {

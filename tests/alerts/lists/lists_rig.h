@@ -32,7 +32,8 @@ struct ListsRig {
     Form1& form1 = forms.form1;
     ListView& list = forms.form1.LVFile;
     ListView& programRows = forms.form1.LVProg;
-    AlertList alerts{forms, machine.platform(), notifyArea};
+    LogFile logFile{machine.platform()};
+    AlertList alerts{forms, machine.platform(), logFile, notifyArea};
     SystemActions systemActions{form1, machine.platform(), user32};
     FileList files{machine.platform().fso, machine.platform().regional, host};
     FileListButtons buttons{form1, host, files, systemActions};

@@ -8,6 +8,7 @@
 #include "platform/linux/entries/opened_parent.h"
 #include "platform/linux/paths/path_mapping.h"
 #include "platform/linux/paths/path_names.h"
+#include "platform/start_options.h"
 
 namespace velmora::linuxhost {
 
@@ -36,8 +37,10 @@ std::vector<std::string> argumentsIn(std::string_view commandLine) {
 
 std::string commandText(const std::vector<std::string>& arguments, Volumes& volumes) {
     std::string text;
+    bool arePaths = false;
     for (const std::string& argument : arguments) {
-        std::string path = asDrivePath(argument, volumes);
+        arePaths = arePaths || !isStartOption(argument);
+        std::string path = arePaths ? asDrivePath(argument, volumes) : argument;
         if (path.empty()) path = replaceAll(argument, "\"", toDriveNames("\""));
         text += (text.empty() ? "\"" : " \"") + path + '"';
     }

@@ -14,9 +14,9 @@ namespace velmora::linuxhost {
 /// program's name.
 std::vector<std::string> argumentsIn(std::string_view commandLine);
 
-/// Each argument in double quotes, blanks between them. One that names something that is there
-/// becomes its drive path; in any other a double quote is carried as in drive paths, so that
-/// splitting at the quotes gives every argument whole.
+/// Each argument in double quotes, blanks between them. Options stay as they are; one behind them
+/// that names something that is there becomes its drive path; in any other a double quote is
+/// carried as in drive paths, so that splitting at the quotes gives every argument whole.
 std::string commandText(const std::vector<std::string>& arguments, Volumes& volumes);
 
 /// The text for this process.

@@ -40,6 +40,15 @@ TEST_F(CommandLineTest, WhatIsThereBecomesADrivePathInQuotes) {
     EXPECT_EQ(textOf({"/"}), "\"C:\\\"");
 }
 
+TEST_F(CommandLineTest, AnOptionInFrontStaysAlsoWhereAFileHasItsName) {
+    std::ofstream(folder_ / "--keep-running") << "x";
+    const auto before = std::filesystem::current_path();
+    std::filesystem::current_path(folder_.path());
+    const std::string text = textOf({"--keep-running", "a", "--keep-running"});
+    std::filesystem::current_path(before);
+    EXPECT_EQ(text, "\"--keep-running\" \"a\" \"" + drivePath(folder_ / "--keep-running") + '"');
+}
+
 TEST_F(CommandLineTest, ARelativePathBelongsToTheWorkingFolder) {
     std::ofstream(folder_ / "here") << "x";
     const auto before = std::filesystem::current_path();

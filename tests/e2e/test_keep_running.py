@@ -1,0 +1,142 @@
+"""A program that keeps running: errors of a full disk are told, and the watch goes on."""
+
+import pathlib
+import shutil
+import time
+
+import filesystems
+from cases import ConsoleCase, OwnNative, OwnWindows, WindowsCase
+from console import PATIENCE, Console, ConsoleError
+from settings import plain_lines, scrambled
+
+ROOT = pathlib.Path(__file__).parents[2]
+OPTION = "--keep-running"
+
+
+class Survivor:
+    """The console with the option, in `self.console`."""
+
+    option = [OPTION]
+
+    def launch(self, *paths):
+        self.console = Console([*self.command(), *self.option, *paths], self.environment())
+        self.addCleanup(self.console.close)
+
+    def refused(self, line):
+        with self.assertRaises(ConsoleError):
+            self.console.run(line)
+
+    def errors(self):
+        """Standard error of a console that has ended, to its end."""
+        deadline = time.monotonic() + PATIENCE
+        while None not in self.console.noise and time.monotonic() < deadline:
+            time.sleep(0.01)
+        return "\n".join(filter(None, self.console.noise))
+
+
+class Anywhere(Survivor):
+    def test_an_error_is_a_box_and_a_line_and_the_watch_goes_on(self):
+        self.put_settings(scrambled("txtTime=60\r\n"))
+        self.launch()
+        self.console.set("txtAmt.Text", "many")
+        self.refused("click UpDown3.up")
+        box = self.console.boxes()[-1]
+        self.assertEqual(box["icon"], "critical")
+        self.assertTrue(box["text"].startswith("Run-time error '13':\r\nType mismatch"), box)
+        self.assertIn("click UpDown3.up", box["text"])
+        self.assertEqual(self.console.end(), 0)
+        self.assertIn("Run-time error '13': Type mismatch. Tried: click UpDown3.up", self.errors())
+
+    def test_without_the_option_it_ends(self):
+        self.option = []
+        self.put_settings(scrambled("txtTime=60\r\n"))
+        self.launch()
+        self.console.set("txtAmt.Text", "many")
+        with self.assertRaises(EOFError):
+            self.console.run("click UpDown3.up")
+        self.assertEqual(self.console.process.wait(60), 1)
+
+    def test_behind_the_first_path_the_word_is_a_path(self):
+        self.put_settings(scrambled("txtTime=60\r\n"))
+        self.launch("a.txt", OPTION)
+        self.assertEqual(len(self.console.rows("LVFile")), len(self.expected_rows()))
+        self.console.set("txtAmt.Text", "many")
+        self.refused("click UpDown3.up")
+
+
+class Native(Anywhere, OwnNative, ConsoleCase):
+    def expected_rows(self):
+        return ["a.txt", OPTION]
+
+    def full_program_folder(self):
+        """The program in a tmpfs of 1 MB, with its settings and an empty log."""
+        mounted = self.mount(filesystems.Tmpfs, 1)
+        shutil.copy(ROOT / "dist" / "set.dat", mounted.folder / "set.dat")
+        (mounted.folder / "log.dat").touch()
+        self.program = self.bound(mounted)
+        return mounted
+
+    def bound(self, mounted):
+        place = mounted.folder / "velmora-console"
+        program = filesystems.Bound(self.program, place)
+        self.addCleanup(program.close)
+        return place
+
+    def test_a_program_folder_on_a_full_disk_keeps_the_watch_alive(self):
+        mounted = self.full_program_folder()
+        rubbish = mounted.folder / "rubbish.bin"
+        rubbish.write_bytes(b"x" * 300 * filesystems.KB)
+        mounted.fill_up()
+        log = mounted.folder / "log.dat"
+        self.launch(str(rubbish))
+        row = self.console.add(str(mounted.folder))
+        self.console.watch_only(row["Text"])
+        self.console.set("txtSpace.Text", "100")
+        self.console.run("set chkAutoSave.Value on")
+
+        # Start, shortage and log: the disk is full, the check comes to its end.
+        alerts = [alert["text"] for alert in self.console.check()]
+        self.assertTrue(any("Space Shortage" in text for text in alerts), alerts)
+        self.assertEqual(sum("Log file can't be written: Disk full" in text for text in alerts), 1)
+        self.assertFalse(any(text.startswith("Error:") for text in alerts), alerts)
+        self.assertEqual(self.console.get("StatusBar1(3)"), "Times Checked: 1")
+        self.assertEqual(log.read_bytes(), b"")
+
+        # The countdown of the dialog saves the journal; opening the log has no opener; both are told.
+        self.console.run("menu mnuShowAl")
+        self.console.run("set dlgAlert.chkAutoHide.Value on")
+        for _ in range(10):
+            self.console.run("fire dlgAlert.Timer1")
+        self.assertEqual(self.console.get("dlgAlert.Visible"), False)
+        self.assertEqual(self.console.get("dlgAlert.Timer1.Enabled"), True)
+        self.console.run("answer yes")
+        self.refused("click lblAl(0)")
+        self.assertIn("save the journal", self.console.boxes()[-1]["text"])
+        self.assertIn(str(log), self.console.boxes()[-1]["text"])
+
+        # The action makes room, and all that waited is written.
+        self.console.run("tick lstAct 2 on")
+        self.console.check()
+        self.assertFalse(rubbish.exists())
+        self.assertEqual(self.console.get("StatusBar1(3)"), "Times Checked: 2")
+        written = log.read_text("utf-8")
+        first = written.index("| High |  - ALERT: Space Shortage")
+        self.assertLess(first, written.index("Log file can't be written"))
+        self.assertEqual(self.console.end(), 0)
+
+    def test_an_open_log_without_an_opener_does_not_end_it(self):
+        self.put_settings(scrambled("txtTime=60\r\n"))
+        for name in ("tool", "sh"):
+            (self.folder / name).mkdir()
+        environment = {**self.environment(), "PATH": str(self.folder / "tool")}
+        self.environment = lambda: environment
+        self.launch()
+        self.refused("click lblAl(1)")
+        self.assertIn("open the log file", self.console.boxes()[-1]["text"])
+        self.assertEqual(self.console.get("txtAmt"), "50")
+
+
+class Windows(Anywhere, OwnWindows, WindowsCase):
+    def expected_rows(self):
+        # One text with several paths in quotes, which lies between them.
+        return ["a.txt " + OPTION]

@@ -1,0 +1,60 @@
+// The options in front of the paths of a command line.
+#include "platform/start_options.h"
+
+#include <gtest/gtest.h>
+
+#include <utility>
+
+namespace velmora::tests {
+namespace {
+
+struct Taken {
+    StartOptions options;
+    std::string rest;
+};
+
+Taken taken(std::string command) {
+    const StartOptions options = takeStartOptions(command);
+    return {.options = options, .rest = std::move(command)};
+}
+
+TEST(StartOptions, AnEmptyLineHasNone) {
+    EXPECT_FALSE(taken("").options.keepRunning);
+    EXPECT_EQ(taken("").rest, "");
+}
+
+TEST(StartOptions, AWordInFrontIsTakenBareAndInQuotes) {
+    for (const char* line :
+         {"--keep-running", "\"--keep-running\"", "--keep-running  ",
+          "--keep-running --keep-running", "\"--keep-running\" --keep-running"}) {
+        EXPECT_TRUE(taken(line).options.keepRunning) << line;
+        EXPECT_EQ(taken(line).rest, "") << line;
+    }
+}
+
+TEST(StartOptions, ThePathsBehindItStayAsTheyAre) {
+    EXPECT_EQ(taken("--keep-running \"C:\\a b\" \"D:\\c\"").rest, "\"C:\\a b\" \"D:\\c\"");
+    EXPECT_EQ(taken("\"--keep-running\"\t\"C:\\a\"").rest, "\"C:\\a\"");
+    EXPECT_EQ(taken("--keep-running C:\\a  b").rest, "C:\\a  b");
+    EXPECT_EQ(taken("--keep-running\"C:\\a\"").rest, "\"C:\\a\"");
+}
+
+TEST(StartOptions, BehindTheFirstPathEverythingIsAPath) {
+    for (const char* line :
+         {"\"C:\\a\" \"--keep-running\"", "C:\\a --keep-running", "\"\" --keep-running"}) {
+        EXPECT_FALSE(taken(line).options.keepRunning) << line;
+        EXPECT_EQ(taken(line).rest, line);
+    }
+}
+
+TEST(StartOptions, AnyOtherWordIsAPath) {
+    for (const char* line :
+         {"--keep", "--keep-running-on", "-keep-running", "--Keep-Running", "--keep-running=1",
+          "\"--keep-running \"", "\"--keep-running C:\\a\"", "--", "keep-running"}) {
+        EXPECT_FALSE(taken(line).options.keepRunning) << line;
+        EXPECT_EQ(taken(line).rest, line);
+    }
+}
+
+}  // namespace
+}  // namespace velmora::tests
