@@ -1,10 +1,20 @@
 // Text files as the runtime's file statements treat them: opened, written and closed in one step.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
 namespace velmora {
+
+/// What writing over a file can do beside.
+struct Overwriting {
+    bool reservesRoom = false;  ///< takes the room before the first byte: a full disk leaves the
+                                ///< old content whole
+};
+
+/// Blank lines of so many bytes; a reader of fields passes over them.
+std::string blankLines(std::size_t size);
 
 class TextFiles {
   public:
@@ -19,9 +29,14 @@ class TextFiles {
     virtual std::string readAll(const std::string& path) = 0;
     /// Makes `content` the whole content of the file, creating it if need be. Written over the old
     /// content in place and then cut to length, with no second file, so that a disk without a free
-    /// byte can still take a content that isn't longer than the old one. Errors as appendLine; a
-    /// full disk leaves a cut file.
-    virtual void writeOver(const std::string& path, std::string_view content) = 0;
+    /// byte can still take a content that isn't longer than the old one. Until it is cut, blank
+    /// lines follow the content in place of the rest of the old one: who is killed in between
+    /// leaves no line of the old. It is on the disk when this returns. Errors as appendLine; a full
+    /// disk leaves a cut file.
+    void writeOver(const std::string& path, std::string_view content) {
+        writeOver(path, content, Overwriting{});
+    }
+    virtual void writeOver(const std::string& path, std::string_view content, Overwriting how) = 0;
     /// Bytes in the file. Error 53 when there is none.
     virtual double FileLen(const std::string& path) = 0;
     /// Removes the file: a link as the link that it is, and none is followed on the way to it.

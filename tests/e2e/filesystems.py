@@ -122,9 +122,9 @@ class Ramfs(Mount):
 
 
 class Loop(Mount):
-    """An ext4 in a file, mounted through a loop device."""
+    """An ext4 in a file, mounted through a loop device; `options` are those of its making."""
 
-    def __init__(self, megabytes=16):
+    def __init__(self, megabytes=16, *options):
         super().__init__()
         handle, image = tempfile.mkstemp(prefix="velmora-e2e-", suffix=".img")
         os.truncate(handle, megabytes * KB * KB)
@@ -132,7 +132,7 @@ class Loop(Mount):
         self.image = image
         try:
             # No blocks reserved for root, who runs these tests.
-            run("mkfs.ext4", "-q", "-F", "-m", "0", image)
+            run("mkfs.ext4", "-q", "-F", "-m", "0", *options, image)
             run("mount", "-o", "loop", image, str(self.folder))
         except Unavailable:
             self.close()

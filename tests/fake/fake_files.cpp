@@ -36,10 +36,12 @@ std::string FakeMachine::Disks::readAll(const std::string& path) {
     return file->second;
 }
 
-void FakeMachine::Disks::writeOver(const std::string& path, std::string_view content) {
+void FakeMachine::Disks::writeOver(const std::string& path, std::string_view content,
+                                   Overwriting how) {
     machine.record("writeOver " + path);
     std::string& old = openForWriting(path);
     const auto room = machine.diskFull ? old.size() : content.size();
+    if (how.reservesRoom && content.size() > room) throw RuntimeError(error::diskFull);
     old = content.substr(0, room);
     if (content.size() > room) throw RuntimeError(error::diskFull);
 }

@@ -76,7 +76,8 @@ struct FakeMachine::Disks final : FileSystemObject, Kernel32, Clock, TextFiles {
 
     void appendLine(const std::string& path, std::string_view text) override;
     std::string readAll(const std::string& path) override;
-    void writeOver(const std::string& path, std::string_view content) override;
+    using TextFiles::writeOver;
+    void writeOver(const std::string& path, std::string_view content, Overwriting how) override;
     double FileLen(const std::string& path) override;
     void remove(const std::string& path) override;
 

@@ -81,6 +81,15 @@ TEST_P(TextFilesContract, NothingOfTheOldContentStaysAfterTheNew) {
     }
 }
 
+TEST_P(TextFilesContract, WithRoomReservedItIsWrittenAsEver) {
+    const std::string path = inScratch("set.dat");
+    for (const auto size : {10'000, 20'000, 5, 1, 0, 3}) {
+        const std::string content(static_cast<std::size_t>(size), 'c');
+        files().writeOver(path, content, {.reservesRoom = true});
+        EXPECT_EQ(files().readAll(path), content);
+    }
+}
+
 TEST_P(TextFilesContract, AnEmptyFileIsReadAsNothing) {
     subject->makeFile(inScratch("empty"), "");
     EXPECT_EQ(files().readAll(inScratch("empty")), "");

@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 
 #include "base/runtime_error.h"
@@ -16,6 +17,12 @@
 namespace velmora::linuxhost {
 
 namespace {
+
+std::string paddedTo(std::size_t size, std::string_view content) {
+    std::string padded(content);
+    if (content.size() < size) padded += blankLines(size - content.size());
+    return padded;
+}
 
 class OpenFile {
   public:
@@ -58,6 +65,32 @@ class OpenFile {
         return !isRegular() || ftruncate(fd_.get(), size) == 0 ? 0 : errno;
     }
 
+    /// Writes the content in place of the old one; 0, or the errno.
+    int writeOver(std::string_view content) const {
+        const std::string padded = paddedTo(sizeNow(), content);
+        std::string_view rest = padded;
+        const int failure = write(rest);
+        const std::size_t written = padded.size() - rest.size();
+        const int cutFailure = cutTo(static_cast<off_t>(std::min(written, content.size())));
+        return failure != 0 ? failure : cutFailure;
+    }
+
+    /// Takes the room for a content of that size; 0, or the errno with the file as it was.
+    int reserve(std::size_t size) const {
+        if (!isRegular() || size == 0) return 0;
+        int failure = 0;
+        do {
+            const bool isTaken =
+                fallocate(fd_.get(), FALLOC_FL_KEEP_SIZE, 0, static_cast<off_t>(size)) == 0;
+            failure = isTaken ? 0 : errno;
+        } while (failure == EINTR);
+        const bool isUnknown = failure == EOPNOTSUPP || failure == ENOSYS || failure == EINVAL;
+        return isUnknown ? growTo(size) : failure;
+    }
+
+    /// To the disk; 0, or the errno. Devices and pipes can't be asked.
+    int sync() const { return !isRegular() || fsync(fd_.get()) == 0 ? 0 : errno; }
+
     /// Some filesystems report only now that the disk is full.
     void close() {
         if (const int failure = fd_.close(); failure != 0)
@@ -65,6 +98,25 @@ class OpenFile {
     }
 
   private:
+    /// Another program may have written meanwhile.
+    std::size_t sizeNow() const {
+        struct stat status {};
+        const bool isKnown = isRegular() && fstat(fd_.get(), &status) == 0;
+        return isKnown ? static_cast<std::size_t>(status.st_size) : 0;
+    }
+
+    // For filesystems that can't reserve: blank lines behind the old content take the room.
+    int growTo(std::size_t size) const {
+        const std::size_t old = sizeNow();
+        if (size <= old) return 0;
+        const std::string lines = blankLines(size - old);
+        std::string_view rest = lines;
+        int failure = lseek(fd_.get(), 0, SEEK_END) >= 0 ? write(rest) : errno;
+        if (failure != 0) static_cast<void>(cutTo(static_cast<off_t>(old)));
+        if (failure == 0 && lseek(fd_.get(), 0, SEEK_SET) < 0) failure = errno;
+        return failure;
+    }
+
     struct stat status_ {};
     UniqueFd fd_;
     int failure_;
@@ -110,12 +162,12 @@ std::string LinuxTextFiles::readAll(const std::string& path) {
     return file.readToEnd();
 }
 
-void LinuxTextFiles::writeOver(const std::string& path, std::string_view content) {
+void LinuxTextFiles::writeOver(const std::string& path, std::string_view content, Overwriting how) {
     OpenFile file(hostPathOrError(path), O_WRONLY | O_CREAT);
-    std::string_view rest = content;
-    int failure = file.orError().write(rest);
-    const int cutFailure = file.cutTo(static_cast<off_t>(content.size() - rest.size()));
-    if (failure == 0) failure = cutFailure;
+    file.orError();
+    int failure = how.reservesRoom ? file.reserve(content.size()) : 0;
+    if (failure == 0) failure = file.writeOver(content);
+    if (failure == 0) failure = file.sync();
     if (failure != 0) throw RuntimeError(runtimeErrorOf(failure));
     file.close();
 }

@@ -14,7 +14,8 @@ class LinuxTextFiles final : public TextFiles {
     explicit LinuxTextFiles(Volumes& volumes) : volumes_(volumes) {}
     void appendLine(const std::string& path, std::string_view text) override;
     std::string readAll(const std::string& path) override;
-    void writeOver(const std::string& path, std::string_view content) override;
+    using TextFiles::writeOver;
+    void writeOver(const std::string& path, std::string_view content, Overwriting how) override;
     double FileLen(const std::string& path) override;
     /// A file that its owner may not write is read-only.
     void remove(const std::string& path) override;

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <limits>
 #include <utility>
 
@@ -63,6 +64,37 @@ class OpenFile {
         return isCut ? ERROR_SUCCESS : GetLastError();
     }
 
+    /// Writes the content in place of the old one, in one write, and cuts it.
+    DWORD writeOver(std::string_view content, LONGLONG oldSize) {
+        std::string padded(content);
+        const auto old = static_cast<std::size_t>(oldSize);
+        if (content.size() < old) padded += blankLines(old - content.size());
+        std::string_view rest = padded;
+        const DWORD failure = write(rest);
+        const std::size_t written = padded.size() - rest.size();
+        const DWORD cutFailure = cutTo(sizeOf(std::min(written, content.size())));
+        return failure != ERROR_SUCCESS ? failure : cutFailure;
+    }
+
+    /// Takes the room for a content of that size by blank lines behind the old one; where it isn't
+    /// there, the file stays as it was.
+    DWORD growTo(std::size_t size, LARGE_INTEGER oldEnd) {
+        const auto old = static_cast<std::size_t>(oldEnd.QuadPart);
+        if (size <= old) return ERROR_SUCCESS;
+        const std::string lines = blankLines(size - old);
+        std::string_view rest = lines;
+        const DWORD failure = write(rest);
+        if (failure != ERROR_SUCCESS) cutTo(oldEnd);
+        return failure;
+    }
+
+    DWORD goToBegin() {
+        return SetFilePointerEx(handle_.get(), {}, nullptr, FILE_BEGIN) ? ERROR_SUCCESS
+                                                                        : GetLastError();
+    }
+
+    DWORD sync() { return FlushFileBuffers(handle_.get()) ? ERROR_SUCCESS : GetLastError(); }
+
     std::string readToEnd() {
         std::string content;
         constexpr auto anySize = std::numeric_limits<std::size_t>::max();
@@ -72,6 +104,12 @@ class OpenFile {
     }
 
   private:
+    static LARGE_INTEGER sizeOf(std::size_t size) {
+        LARGE_INTEGER large{};
+        large.QuadPart = static_cast<LONGLONG>(size);
+        return large;
+    }
+
     UniqueHandle handle_;
 };
 
@@ -109,14 +147,14 @@ std::string WindowsTextFiles::readAll(const std::string& path) {
     return OpenFile(openToRead(systemPathOrError(path))).readToEnd();
 }
 
-void WindowsTextFiles::writeOver(const std::string& path, std::string_view content) {
+void WindowsTextFiles::writeOver(const std::string& path, std::string_view content,
+                                 Overwriting how) {
     OpenFile file(openToWrite(systemPathOrError(path)));
-    std::string_view rest = content;
-    DWORD failure = file.write(rest);
-    LARGE_INTEGER size{};
-    size.QuadPart = static_cast<LONGLONG>(content.size() - rest.size());
-    const DWORD cutFailure = file.cutTo(size);
-    if (failure == ERROR_SUCCESS) failure = cutFailure;
+    const LARGE_INTEGER oldEnd = file.goToEnd();
+    DWORD failure = how.reservesRoom ? file.growTo(content.size(), oldEnd) : ERROR_SUCCESS;
+    if (failure == ERROR_SUCCESS) failure = file.goToBegin();
+    if (failure == ERROR_SUCCESS) failure = file.writeOver(content, oldEnd.QuadPart);
+    if (failure == ERROR_SUCCESS) failure = file.sync();
     if (failure != ERROR_SUCCESS) throw RuntimeError(errorOfWriting(failure));
 }
 

@@ -12,7 +12,8 @@ class WindowsTextFiles final : public TextFiles {
   public:
     void appendLine(const std::string& path, std::string_view text) override;
     std::string readAll(const std::string& path) override;
-    void writeOver(const std::string& path, std::string_view content) override;
+    using TextFiles::writeOver;
+    void writeOver(const std::string& path, std::string_view content, Overwriting how) override;
     double FileLen(const std::string& path) override;
     void remove(const std::string& path) override;
 };

@@ -37,6 +37,14 @@ bool mountExt4(const TestFolder& folder, const std::string& mountPoint) {
     return std::system(("{ " + make + "; } >/dev/null 2>&1").c_str()) == 0;
 }
 
+// Without extents room can't be reserved.
+bool mountOlder(const TestFolder& folder, const std::string& mountPoint) {
+    const std::string image = folder / "image";
+    const std::string make = "mkfs.ext4 -q -b 1024 -m 0 -O ^has_journal,^extent,^64bit " + image +
+                             " 1M && mount -o loop " + image + ' ' + mountPoint;
+    return std::system(("{ " + make + "; } >/dev/null 2>&1").c_str()) == 0;
+}
+
 class FullDisk : public testing::TestWithParam<SmallFilesystem> {
   protected:
     void SetUp() override {
@@ -74,7 +82,8 @@ class FullDisk : public testing::TestWithParam<SmallFilesystem> {
 
 INSTANTIATE_TEST_SUITE_P(Filesystems, FullDisk,
                          testing::Values(SmallFilesystem{"Tmpfs", mountTmpfs},
-                                         SmallFilesystem{"Ext4", mountExt4}),
+                                         SmallFilesystem{"Ext4", mountExt4},
+                                         SmallFilesystem{"Older", mountOlder}),
                          [](const auto& filesystem) { return filesystem.param.name; });
 
 TEST_P(FullDisk, AContentThatIsNotLongerThanTheOldIsTaken) {
@@ -96,6 +105,30 @@ TEST_P(FullDisk, ALongerContentIsError61AndLeavesACutFile) {
     EXPECT_GT(cut.size(), 0u);
     EXPECT_LT(cut.size(), longer.size());
     EXPECT_EQ(cut, longer.substr(0, cut.size()));
+}
+
+TEST_P(FullDisk, WithItsRoomReservedALongerContentLeavesTheOldWhole) {
+    const std::string old(100'000, 'o');
+    files_.writeOver(path_, old);
+    fill();
+    const auto reserving = [&](std::size_t size) {
+        return errorOf(
+            [&] { files_.writeOver(path_, std::string(size, 'n'), {.reservesRoom = true}); });
+    };
+    EXPECT_EQ(reserving(200'000), error::diskFull);
+    EXPECT_EQ(files_.readAll(path_), old);
+    EXPECT_EQ(reserving(old.size()), 0);
+    EXPECT_EQ(files_.readAll(path_), std::string(old.size(), 'n'));
+}
+
+TEST_P(FullDisk, NoReservedRoomIsKept) {
+    const auto freeBytes = [this] { return std::filesystem::space(mountPoint_).free; };
+    files_.writeOver(path_, "old");
+    const auto before = freeBytes();
+    files_.writeOver(path_, std::string(100'000, 'n'), {.reservesRoom = true});
+    EXPECT_LT(freeBytes(), before);
+    files_.writeOver(path_, "new", {.reservesRoom = true});
+    EXPECT_EQ(freeBytes(), before);
 }
 
 TEST_P(FullDisk, NothingOfALineStays) {

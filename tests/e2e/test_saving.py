@@ -1,0 +1,174 @@
+"""The settings file while it is written: kills, a full disk, two programs at once."""
+
+import fcntl
+import os
+import pathlib
+import random
+import shutil
+import signal
+import subprocess
+import time
+
+import filesystems
+import shims
+from cases import ConsoleCase, OwnNative, OwnWindows, WindowsCase
+from console import PATIENCE, ConsoleError, Console
+from settings import plain_lines, scrambled
+
+ROOT = pathlib.Path(__file__).parents[2]
+START = scrambled("txtTime=60\r\n", "minspace=50000\r\n")
+SHORT = ["set frmNotify.txtCustMsg.Text short", "tick lstAct 2 off"]
+# Several pages of memory, with the action that deletes in its tail.
+LONG = ["set frmNotify.txtCustMsg.Text " + "long " * 1500, "tick lstAct 2 on"]
+SAVE = "click Command8"
+KILLS = 40
+SECONDS_OF_TWO_WRITERS = 3
+
+
+def whole_lines(content):
+    """The lines that a reader takes: blank ones say nothing."""
+    return [line for line in plain_lines(content.replace(b" \r\n", b"\r\n")) if line]
+
+
+class Saving:
+    def settings_after(self, *lines):
+        """What the program saves after these commands."""
+        self.put_settings(START)
+        return self.saved_again(*lines)
+
+    def saved_again(self, *lines):
+        """The same over the settings that are there."""
+        done = subprocess.run(self.command(), input="\n".join([*lines, SAVE, ""]).encode(),
+                              timeout=PATIENCE, capture_output=True, check=False,
+                              env=self.environment())
+        self.assertEqual(done.returncode, 0, done.stdout)
+        return whole_lines(self.settings.read_bytes())
+
+    def both(self):
+        """What it saves with a long and with a short content, whatever was saved before."""
+        long, short = self.settings_after(*LONG), self.settings_after(*SHORT)
+        self.assertNotEqual(long, short)
+        return long, short
+
+    def saver(self, lines, times):
+        """A program that saves over and over; it has begun when this returns."""
+        process = subprocess.Popen(self.command(), stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                                   stderr=subprocess.DEVNULL, env=self.environment())
+        self.addCleanup(process.stdout.close)
+        self.addCleanup(process.wait)
+        self.addCleanup(process.kill)
+        process.stdout.readline()
+        try:
+            process.stdin.write("\n".join([*lines * times, "get txtAmt", ""]).encode())
+            process.stdin.close()
+        except BrokenPipeError:
+            pass
+        return process
+
+    def test_kills_at_any_moment_leave_one_of_both_whole(self):
+        both = self.both()
+        dice = random.Random(1)
+        seen = set()
+        for _ in range(self.kills):
+            self.put_settings(START)
+            process = self.saver([*LONG, SAVE, *SHORT, SAVE], 15)
+            before = START
+            deadline = time.monotonic() + PATIENCE
+            while before == START and time.monotonic() < deadline:
+                before = self.settings.read_bytes()
+            time.sleep(dice.uniform(0, self.longest_life))
+            process.send_signal(signal.SIGKILL)
+            process.wait(PATIENCE)
+            self.after_kill(process)
+            left = whole_lines(self.settings.read_bytes())
+            self.assertIn(left, both)
+            seen.add(both.index(left))
+        self.assertEqual(seen, {0, 1}, "the kills must come at different moments")
+
+    def after_kill(self, process):
+        pass
+
+
+class Native(Saving, OwnNative, ConsoleCase):
+    kills = KILLS
+    longest_life = 0.02
+
+    def killed_at(self, call):
+        """Saves the short content over the long one, killed at that call. Returns the file before and after
+        it, and as it should be."""
+        self.assertIn("lstAct=2\r\n", self.settings_after(*LONG))
+        before = self.settings.read_bytes()
+        self.saved_again(*SHORT)
+        wanted = self.settings.read_bytes()
+        self.put_settings(before)
+        try:
+            shim = shims.ending_at(call, self.folder)
+        except shims.Unavailable as why:
+            self.skipTest(str(why))
+        done = subprocess.run(self.command(), input="\n".join([*SHORT, SAVE, ""]).encode(),
+                              timeout=PATIENCE, capture_output=True, check=False,
+                              env={**self.environment(), **shim})
+        self.assertEqual(done.returncode, -signal.SIGKILL)
+        return before, self.settings.read_bytes(), wanted
+
+    def test_a_kill_between_write_and_cut_leaves_nothing_of_the_old_settings(self):
+        before, left, wanted = self.killed_at("ftruncate")
+        self.assertEqual(len(left), len(before))
+        self.assertTrue(left.startswith(wanted))
+        self.assertEqual(left[len(wanted):].replace(b"\r\n", b"").strip(b" "), b"")
+        self.launch()
+        self.assertFalse(any(entry["Checked"] for entry in self.console.rows("lstAct")))
+        self.assertEqual(self.console.get("frmNotify.txtCustMsg"), "short")
+
+    def test_what_is_on_its_way_to_the_disk_is_cut_already(self):
+        _, left, wanted = self.killed_at("fsync")
+        self.assertEqual(left, wanted)
+
+    def on_a_full_disk(self, mounted, *options):
+        """Tries to save the long content where there is no room for it."""
+        settings = mounted.folder / "set.dat"
+        shutil.copy(ROOT / "dist" / "set.dat", settings)
+        place = mounted.folder / "velmora-console"
+        program = filesystems.Bound(self.program, place)
+        self.addCleanup(program.close)
+        mounted.fill_up()
+        before = settings.read_bytes()
+        self.console = Console([str(place), *options], self.environment())
+        self.addCleanup(self.console.close)
+        for line in LONG:
+            self.console.run(line)
+        return settings, before
+
+    def keeps_its_settings(self, mounted):
+        settings, before = self.on_a_full_disk(mounted, "--keep-running")
+        for _ in range(2):
+            with self.assertRaises(ConsoleError):
+                self.console.run(SAVE)
+            self.assertEqual(settings.read_bytes(), before)
+        box = self.console.boxes()[-1]["text"]
+        for word in ("'61'", "save the settings", str(settings)):
+            self.assertIn(word, box)
+        (mounted.folder / "filler").unlink()
+        self.console.run(SAVE)
+        self.assertIn("lstAct=2\r\n", plain_lines(settings.read_bytes()))
+
+    def test_a_full_tmpfs_leaves_the_old_settings_of_a_program_that_keeps_running(self):
+        self.keeps_its_settings(self.mount(filesystems.Tmpfs, 1))
+
+    def test_a_full_disk_leaves_them_too(self):
+        self.keeps_its_settings(self.mount(filesystems.Loop, 1))
+
+    def test_and_so_does_one_that_can_not_reserve(self):
+        self.keeps_its_settings(self.mount(filesystems.Loop, 1, "-O", "^has_journal,^extent,^64bit"))
+
+    def test_started_plainly_it_ends_with_a_cut_file(self):
+        settings, _ = self.on_a_full_disk(self.mount(filesystems.Tmpfs, 1))
+        with self.assertRaises(EOFError):
+            self.console.run(SAVE)
+        self.assertEqual(self.console.process.wait(PATIENCE), 1)
+        self.assertEqual(settings.stat().st_size, 4096)
+
+
+class Windows(Saving, OwnWindows, WindowsCase):
+    kills = 5
+    longest_life = 0.1
