@@ -19,7 +19,13 @@ void SettingsFile::prcSettings(std::int16_t bSet) {
 
 void SettingsFile::write() {
     std::string text;
-    const auto store = [&] { platform_.files.writeOver(forms_.globals.strSettings, text); };
+    const std::string& path = forms_.globals.strSettings;
+    const auto store = [&] {
+        attempt("save the settings", path, [&] {
+            platform_.files.writeOver(path, text,
+                                      {.reservesRoom = platform_.app.Options.keepRunning});
+        });
+    };
     try {
         appendSettings(text, forms_, platform_.regional, host_);
     } catch (const RuntimeError&) {

@@ -34,6 +34,40 @@ TEST_F(SettingsFailureTest, ALockedFileIsRefusedBothWays) {
     EXPECT_EQ(form1.txtTime.Text(), "0");
 }
 
+TEST_F(SettingsFailureTest, AFullDiskCutsTheFileOfAProgramThatWasStartedPlainly) {
+    machine.files[path] = fileOf({"txtTime=60"});
+    machine.diskFull = true;
+    form1.txtTime.setText("60");
+    EXPECT_EQ(run(1), error::diskFull);
+    EXPECT_NE(content(), fileOf({"txtTime=60"}));
+}
+
+TEST_F(SettingsFailureTest, AFullDiskLeavesTheFileOfOneThatKeepsRunning) {
+    machine.platform().app.Options.keepRunning = true;
+    machine.files[path] = fileOf({"txtTime=60"});
+    machine.diskFull = true;
+    form1.txtTime.setText("60");
+    try {
+        settings.prcSettings(1);
+        FAIL();
+    } catch (const RuntimeError& failure) {
+        EXPECT_EQ(failure.number(), error::diskFull);
+        EXPECT_EQ(failure.tried(), "save the settings");
+        EXPECT_EQ(failure.file(), path);
+    }
+    EXPECT_EQ(content(), fileOf({"txtTime=60"}));
+}
+
+// What follows the content until the file is cut.
+TEST_F(SettingsFailureTest, BlankLinesBehindTheContentSayNothing) {
+    for (std::size_t size = 0; size < 6; ++size) {
+        EXPECT_EQ(blankLines(size).size(), size);
+        SettingsRig rig;
+        EXPECT_EQ(rig.readBytes(fileOf({"txtTime=60"}) + blankLines(size)), 0) << size;
+        EXPECT_EQ(rig.form1.txtTime.Text(), "60");
+    }
+}
+
 TEST_F(SettingsFailureTest, AnEmptyFileFailsByItsMissingInterval) {
     EXPECT_EQ(readBytes(""), error::typeMismatch);
     EXPECT_EQ(readBytes("\r\n\r\n"), error::typeMismatch);
