@@ -39,7 +39,8 @@ class Program {
     /// The number of the error, 0 for none.
     int read(std::string_view content) {
         try {
-            readSettings(content, forms, machine.platform());
+            std::size_t place = 0;
+            readSettings(content, {.forms = forms, .platform = machine.platform()}, place);
         } catch (const RuntimeError& failure) {
             return failure.number();
         }

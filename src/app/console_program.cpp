@@ -4,6 +4,8 @@
 #include <string_view>
 
 #include "app/core.h"
+#include "app/start.h"
+#include "base/text.h"
 #include "console/commands.h"
 #include "console/console_host.h"
 #include "console/console_notify_area.h"
@@ -50,8 +52,25 @@ void obey(std::istream& input, console::Output& output, console::Commands& comma
     output.flush();
 }
 
-// A start that fails still ends the program: there is nothing yet that could go on.
-void keepRunning(Machine& machine, console::ConsoleHost& host) {
+// What a start that failed leaves to say, after its box.
+void noteFailure(Core& core, Machine& machine, Host& host) {
+    const auto why = whySettingsFailed(core, machine);
+    if (!why) return;
+    for (const std::string& line : split(*why, lineEnd)) host.Note(line);
+    if (core.persist().recovery().hasCopy()) {
+        host.Note("Start with --restore-settings to put them back.");
+    }
+}
+
+// A start that fails ends the program, also one that is to keep running: there is nothing yet that
+// could go on.
+void start(Core& core, Machine& machine, console::ConsoleHost& host) {
+    try {
+        host.guarded([&] { startProgram(core, machine, host); });
+    } catch (const ProgramEnd&) {
+        noteFailure(core, machine, host);
+        throw;
+    }
     if (!machine.platform().app.Options.keepRunning) return;
     host.keepRunning([&machine](const std::string& path) { return machine.toHostPath(path); });
 }
@@ -76,6 +95,11 @@ int runConsole(Machine& machine, std::istream& input, std::ostream& stream,
     console::Waiting waiting(host, timers, later, platform.clock, output, sleep);
     const console::EventReport report(core.alerts().Raised, forms.form1.StatusBar1,
                                       forms.frmNotify.StatusTxt, output, waiting);
+    const ScopedConnection hints =
+        core.persist().settingsFile().Hinted.connect([&output, &host](const SettingsHint& hint) {
+            output.hint(hint.field, hint.text, hint.endsStart);
+            host.Note(hint.text);
+        });
     console::Reports reports(core.notify().inventory(), core.notify().content(), platform, forms);
     console::Commands commands(
         forms, host, output, waiting, later, reports,
@@ -86,8 +110,7 @@ int runConsole(Machine& machine, std::istream& input, std::ostream& stream,
     try {
         stream << greeting;
         output.flush();
-        host.guarded([&core] { core.load(); });
-        keepRunning(machine, host);
+        start(core, machine, host);
         obey(input, output, commands, stream);
     } catch (const ProgramEnd& end) {
         status = end.status;

@@ -23,6 +23,7 @@ class Core {
     /// Builds the running state.
     void load();
     AlertList& alerts() { return alerts_.list(); }
+    Persist& persist() { return persist_; }
     Notify& notify() { return notify_; }
 
   private:

@@ -1,9 +1,28 @@
 #include <QApplication>
+#include <QProcess>
 #include <cstdlib>
 
 #include "app/window_program.h"
 #include "qt/controls/legible_style.h"
 #include "qt/icons/program_icon.h"
+
+namespace {
+
+// With the same arguments, but without the option that puts other settings in place.
+void startAgain() {
+    QStringList arguments = QApplication::arguments().mid(1);
+    qsizetype option = 0;
+    while (option < arguments.size() && velmora::isStartOption(arguments[option].toStdString())) {
+        if (arguments[option] == QLatin1String("--restore-settings")) {
+            arguments.removeAt(option);
+        } else {
+            ++option;
+        }
+    }
+    QProcess::startDetached(QApplication::applicationFilePath(), arguments);
+}
+
+}  // namespace
 
 int main(int argc, char* argv[]) {
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
@@ -23,6 +42,7 @@ int main(int argc, char* argv[]) {
         status = ended;
         QApplication::exit(ended);
     });
+    program.whenRestored(startAgain);
     program.load();
     const int result = status ? *status : QApplication::exec();
     // Otherwise the icons would stay in the notification area.

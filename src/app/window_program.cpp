@@ -1,5 +1,7 @@
 #include "app/window_program.h"
 
+#include "app/start.h"
+
 namespace velmora {
 
 namespace {
@@ -11,7 +13,8 @@ constexpr int untilPlacesAreKept = 1000;
 
 WindowProgram::WindowProgram(Machine& machine, std::function<void(int)> ended,
                              std::unique_ptr<qt::PrintSystem> printers)
-    : host_(machine, hand_, names_),
+    : machine_(machine),
+      host_(machine, hand_, names_),
       user32_(names_),
       shellIcons_(machine),
       notifyArea_([this](const std::string& form, int message) { answerIcon(form, message); }),
@@ -19,7 +22,6 @@ WindowProgram::WindowProgram(Machine& machine, std::function<void(int)> ended,
           forms_, [&clock = machine.platform().clock] { return clock.GetTickCount(); }, hand_),
       printing_(std::move(printers), host_, hand_,
                 [&clock = machine.platform().clock] { return clock.Now(); }),
-      keepsRunning_(machine.platform().app.Options.keepRunning),
       core_(forms_, machine.platform(), {host_, notifyArea_, user32_, shellIcons_, workArea_}),
       firstSteps_(forms_.form1, machine.platform().userState),
       places_(forms_, machine.platform().userState),
@@ -47,11 +49,36 @@ void WindowProgram::keepPlacesSoon() {
 
 void WindowProgram::load() {
     hand_.does([this] {
-        core_.load();
+        start();
         places_.afterStart();
-        // A start that fails still ends the program: there is nothing yet that could go on.
-        if (keepsRunning_) hand_.keepRunning();
+        if (machine_.platform().app.Options.keepRunning) hand_.keepRunning();
     });
+}
+
+// A start that fails ends the program, also one that is to keep running: there is nothing yet that
+// could go on.
+void WindowProgram::start() {
+    try {
+        startProgram(core_, machine_, host_);
+    } catch (const std::exception&) {
+        host_.MsgBox(runTimeErrorBox());
+        offerSettings();
+        throw ProgramEnd{1};
+    }
+}
+
+void WindowProgram::offerSettings() {
+    const auto why = whySettingsFailed(core_, machine_);
+    if (!why) return;
+    if (!core_.persist().recovery().hasCopy()) {
+        host_.MsgBox({.text = *why});
+        return;
+    }
+    const Box question{.text = *why + "\r\n\r\nPut them back and start again?",
+                       .buttons = BoxButtons::yesNo};
+    if (host_.MsgBox(question) != BoxAnswer::yes) return;
+    restoreSettings(core_, machine_);
+    if (startAgain_) startAgain_();
 }
 
 // An icon reports a message as the pointer's place over its form, in twips.

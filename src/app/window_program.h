@@ -30,6 +30,10 @@ class WindowProgram {
     WindowProgram(const WindowProgram&) = delete;
     WindowProgram& operator=(const WindowProgram&) = delete;
 
+    /// What starts the program anew, for a user who has put his settings back after a start that
+    /// failed.
+    void whenRestored(std::function<void()> startAgain) { startAgain_ = std::move(startAgain); }
+
     /// Builds the running state and shows the window.
     void load();
 
@@ -44,9 +48,13 @@ class WindowProgram {
     QWidget* window(const std::string& form) { return names_.find(form); }
 
   private:
+    void start();
+    void offerSettings();
     void answerIcon(const std::string& form, int message);
     void keepPlacesSoon();
 
+    Machine& machine_;
+    std::function<void()> startAgain_;
     Forms forms_;
     qt::UserHand hand_;
     qt::WindowsByName names_;
@@ -57,7 +65,6 @@ class WindowProgram {
     qt::QtWorkArea workArea_;
     qt::QtTimers timers_;
     qt::Printing printing_;
-    bool keepsRunning_;
     Core core_;
     FirstSteps firstSteps_;
     WindowPlaces places_;

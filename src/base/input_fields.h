@@ -19,6 +19,8 @@ class InputFields {
     explicit InputFields(std::string_view text) : text_(text) {}
 
     bool atEnd() const { return at_ >= text_.size(); }
+    /// Where the next field begins in the text, with the blanks before it.
+    std::size_t place() const { return at_; }
     /// The next field, empty at the end.
     std::string next();
 

@@ -171,6 +171,11 @@ void Output::box(const Box& box, BoxAnswer answer) {
          " | " + buttonsName(box.buttons) + " -> " + answerName(answer));
 }
 
+void Output::hint(const std::string& field, const std::string& text, bool endsStart) {
+    if (json_) return event("hint", {{"field", field}, {"text", text}, {"endsStart", endsStart}});
+    line("hint: " + readable(field) + " | " + readable(text));
+}
+
 void Output::status(int panel, const std::string& text) {
     if (json_) return event("status", {{"panel", std::int64_t{panel}}, {"text", text}});
     if (watch_) line("status " + std::to_string(panel) + ": " + readable(text));

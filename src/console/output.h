@@ -43,6 +43,8 @@ class Output {
     // Events.
     void alert(const ListItem& item);
     void box(const Box& box, BoxAnswer answer);
+    /// A field that was saved and doesn't come back as it is.
+    void hint(const std::string& field, const std::string& text, bool endsStart);
     void status(int panel, const std::string& text);
     /// An operation handed to the system's shell.
     void shell(const std::string& operation, const JsonFields& details);

@@ -113,6 +113,7 @@ Form1::Form1()
     Command6.setToolTipText("End Program");
     Command7.setVisible(false);
     fraTrayNote.setVisible(false);
+    fraHint.setVisible(false);
 }
 
 }  // namespace velmora

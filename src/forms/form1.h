@@ -84,6 +84,11 @@ class Form1 : public Form,
                       "No icon stands in a notification area: the window is minimised instead of "
                       "hidden."};
     CommandButton cmdTrayNote{*this, "cmdTrayNote", "OK"};  ///< it was read
+
+    /// Visible until it was read: settings that were saved and won't come back as they are.
+    Frame fraHint{*this, "fraHint"};
+    Label lblHint{*this, "lblHint"};
+    CommandButton cmdHint{*this, "cmdHint", "OK"};  ///< it was read
 };
 
 }  // namespace velmora

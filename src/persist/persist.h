@@ -4,6 +4,8 @@
 
 #include "forms/forms.h"
 #include "persist/options.h"
+#include "persist/recovery/hint_note.h"
+#include "persist/recovery/settings_recovery.h"
 #include "persist/registry.h"
 #include "persist/settings_file.h"
 #include "persist/shell_links.h"
@@ -18,10 +20,14 @@ class Persist {
     Persist(Forms& forms, Platform& platform, Host& host);
 
     SettingsFile& settingsFile() { return settingsFile_; }
+    SettingsRecovery& recovery() { return recovery_; }
+    HintNote& hintNote() { return hintNote_; }
     ShellLinks& shellLinks() { return shellLinks_; }
 
   private:
     SettingsFile settingsFile_;
+    SettingsRecovery recovery_;
+    HintNote hintNote_;
     ShellLinks shellLinks_;
     Registry registry_;
     Options options_;

@@ -1,7 +1,10 @@
 #include "persist/settings_file.h"
 
+#include <functional>
+
 #include "base/convert.h"
 #include "base/runtime_error.h"
+#include "persist/recovery/key_words.h"
 #include "persist/settings_reader.h"
 #include "persist/settings_writer.h"
 
@@ -11,10 +14,30 @@ void SettingsFile::prcSettings(std::int16_t bSet) {
     if (bSet == settings_order::write) {
         write();
     } else if (bSet == settings_order::read) {
-        readSettings(platform_.files.readAll(forms_.globals.strSettings), forms_, platform_);
+        read();
     }
+    checkInterval();
+    if (bSet == settings_order::read) fault_.reset();
+}
+
+void SettingsFile::checkInterval() {
     TextBox& txtTime = forms_.form1.txtTime;
     if (toDouble(txtTime.Text(), platform_.regional) <= 0) txtTime.setText("5");
+}
+
+void SettingsFile::read() {
+    fault_ = SettingsFault{};
+    contentRead_ = platform_.files.readAll(forms_.globals.strSettings);
+    std::size_t place = 0;
+    try {
+        readSettings(contentRead_, {.forms = forms_, .platform = platform_}, place);
+    } catch (const RuntimeError&) {
+        fault_ = SettingsFault{.key = keyOfLineAt(contentRead_, place),
+                               .line = lineNumberAt(contentRead_, place)};
+        throw;
+    }
+    // All that can still be wrong is the interval.
+    fault_->key = "txtTime=";
 }
 
 void SettingsFile::write() {
@@ -33,6 +56,16 @@ void SettingsFile::write() {
         throw;
     }
     store();
+    hintAbout(text);
+}
+
+// Each check can save the same once more.
+void SettingsFile::hintAbout(const std::string& written) {
+    const std::size_t sum = std::hash<std::string>{}(written);
+    if (!Hinted.connected() || std::exchange(sumHinted_, sum) == sum) return;
+    for (const SettingsHint& hint : readBack(written, forms_, platform_, host_)) {
+        if (hinted_.emplace(hint.field, hint.endsStart).second) Hinted(hint);
+    }
 }
 
 }  // namespace velmora

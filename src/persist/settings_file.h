@@ -2,8 +2,15 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
+#include <set>
+#include <string>
+#include <utility>
 
+#include "controls/event.h"
 #include "forms/forms.h"
+#include "persist/recovery/read_back.h"
+#include "persist/recovery/settings_fault.h"
 #include "platform/host.h"
 #include "platform/platform.h"
 
@@ -24,16 +31,32 @@ class SettingsFile {
     /// Finally an interval of 0 or less becomes "5"; error 13 when it is no number. Errors of the
     /// file (53 when it is missing) and of its values go to the caller. A value that can't be
     /// written leaves a file of the lines before it. Writing yields.
+    /// What was written is then read back in memory, see Hinted.
     void prcSettings(std::int16_t bSet);
     /// Does nothing; saving goes through prcSettings.
     void prcSaveSettings() {}
 
+    /// What a reading that failed could not read; nothing after one that succeeded.
+    const std::optional<SettingsFault>& fault() const { return fault_; }
+    /// The content of the last reading, once: it holds a password.
+    std::string takeContentRead() { return std::exchange(contentRead_, {}); }
+
+    /// A field that was saved doesn't come back as it is: once for each field and how it ends.
+    Event<const SettingsHint&> Hinted;
+
   private:
     void write();
+    void read();
+    void checkInterval();
+    void hintAbout(const std::string& written);
 
     Forms& forms_;
     Platform& platform_;
     Host& host_;
+    std::optional<SettingsFault> fault_;
+    std::string contentRead_;
+    std::size_t sumHinted_ = 0;  // of the last content that was read back
+    std::set<std::pair<std::string, bool>> hinted_;
 };
 
 }  // namespace velmora

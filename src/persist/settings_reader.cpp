@@ -26,10 +26,10 @@ void readLine(const std::string& line, const SettingsTarget& to) {
 
 }  // namespace
 
-void readSettings(std::string_view content, Forms& forms, Platform& platform) {
-    const SettingsTarget to{.forms = forms, .platform = platform};
+void readSettings(std::string_view content, const SettingsTarget& to, std::size_t& place) {
     InputFields fields(content);
     while (!fields.atEnd()) {
+        place = fields.place();
         const std::string field = fields.next();
         if (!field.empty()) readLine(trim(asUtf8(prcDe(trim(field)))), to);
     }

@@ -13,6 +13,7 @@ struct Option {
 
 constexpr Option known[] = {
     {"--keep-running", &StartOptions::keepRunning},
+    {"--restore-settings", &StartOptions::restoreSettings},
 };
 
 const Option* find(std::string_view word) {

@@ -7,7 +7,8 @@
 namespace velmora {
 
 struct StartOptions {
-    bool keepRunning = false;  ///< "--keep-running": an error that nobody takes doesn't end it
+    bool keepRunning = false;      ///< "--keep-running": an error that nobody takes doesn't end it
+    bool restoreSettings = false;  ///< "--restore-settings": begins with the last good ones
 };
 
 /// Whether an argument in front of the first path is an option.

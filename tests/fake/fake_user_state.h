@@ -22,6 +22,8 @@ class FakeUserState final : public UserState {
         return true;
     }
 
+    std::string placeOf(const std::string& name) override { return "the user's " + name; }
+
     std::map<std::string, std::string> kept;
     int writes = 0;         ///< those that were done
     bool hasFolder = true;  ///< the folder can be made and is the user's own

@@ -22,11 +22,46 @@ TEST_F(ProgramEndTest, AnErrorThatNoHandlerCatchesShowsItsBoxAndEndsWithOne) {
 
 TEST_F(ProgramEndTest, SettingsWithoutAnIntervalEndTheStartInTheSameWay) {
     program.reset();
-    boxes.answers = {QMessageBox::Ok};
+    machine.userState.kept.clear();
+    boxes.answers = {QMessageBox::Ok, QMessageBox::Ok};
     const int result = runUntilEnded([this] { start(""); });
-    EXPECT_TRUE(boxes.lastText().starts_with("Run-time error '13':")) << boxes.lastText();
+    ASSERT_EQ(boxes.seen.size(), 2u);
+    EXPECT_TRUE(boxes.seen[0].text.starts_with("Run-time error '13':")) << boxes.seen[0].text;
+    EXPECT_EQ(boxes.seen[1].icon, QMessageBox::NoIcon);
+    EXPECT_TRUE(boxes.seen[1].text.starts_with("The settings can't be read: "))
+        << boxes.seen[1].text;
     EXPECT_EQ(ended, 1);
     EXPECT_EQ(result, 1);
+}
+
+TEST_F(ProgramEndTest, TheLastGoodSettingsArePutBackByAButton) {
+    const std::string good = machine.files[settingsPath];
+    program.reset();
+    boxes.answers = {QMessageBox::Ok, QMessageBox::Yes};
+    EXPECT_EQ(runUntilEnded([this] { start(""); }), 1);
+    ASSERT_EQ(boxes.seen.size(), 2u);
+    EXPECT_TRUE(boxes.seen[1].text.ends_with("Put them back and start again?"));
+    EXPECT_EQ(machine.files[settingsPath], good);
+    EXPECT_EQ(startsAgain, 1);
+}
+
+TEST_F(ProgramEndTest, WithoutAYesTheFileStays) {
+    program.reset();
+    boxes.answers = {QMessageBox::Ok, QMessageBox::No};
+    EXPECT_EQ(runUntilEnded([this] { start(""); }), 1);
+    EXPECT_EQ(machine.files[settingsPath], "");
+    EXPECT_EQ(startsAgain, 0);
+}
+
+TEST_F(ProgramEndTest, ASaveThatWontComeBackIsNamedUnderTheBanner) {
+    EXPECT_FALSE(find("fraHint")->isVisible());
+    program->forms().frmNotify.txtMailSubj.setText("one+two");
+    program->core().persist().settingsFile().prcSettings(1);
+    settle();
+    EXPECT_TRUE(find("fraHint")->isVisible());
+    EXPECT_TRUE(find<QLabel>("lblHint")->text().contains("frmNotify.txtMailSubj"));
+    click("cmdHint");
+    EXPECT_FALSE(find("fraHint")->isVisible());
 }
 
 TEST_F(ProgramEndTest, NothingHappensAfterTheEnd) {
@@ -169,9 +204,9 @@ TEST_F(KeepRunningTest, AnErrorInTheMiddleOfACheckDoesntHoldTheCheck) {
 
 TEST_F(KeepRunningTest, AFailedStartEndsAsEver) {
     program.reset();
-    boxes.answers = {QMessageBox::Ok};
+    boxes.answers = {QMessageBox::Ok, QMessageBox::No};
     EXPECT_EQ(runUntilEnded([this] { start(""); }), 1);
-    EXPECT_TRUE(boxes.lastText().starts_with("Run-time error '13':")) << boxes.lastText();
+    EXPECT_TRUE(boxes.seen[0].text.starts_with("Run-time error '13':")) << boxes.seen[0].text;
 }
 
 }  // namespace

@@ -7,7 +7,7 @@
 namespace velmora::tests {
 
 void WindowRig::start(const std::string& settings) {
-    machine.files["C:\\Program Files\\Velmora\\set.dat"] = settings;
+    machine.files[settingsPath] = settings;
     program = std::make_unique<WindowProgram>(
         machine,
         [this](int status) {
@@ -16,6 +16,7 @@ void WindowRig::start(const std::string& settings) {
             if (QThread::currentThread()->loopLevel() > 0) QApplication::exit(status);
         },
         makePrinters());
+    program->whenRestored([this] { ++startsAgain; });
     program->load();
     settle();
 }

@@ -24,6 +24,7 @@ struct SettingsSource {
 struct SettingsTarget {
     Forms& forms;
     Platform& platform;
+    bool rehearses = false;  ///< only to see what would come of it: the machine isn't asked
 };
 
 struct SettingsField {

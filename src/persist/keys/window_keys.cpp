@@ -15,7 +15,7 @@ constexpr SettingsField soundFile{
         },
     .set =
         [](const SettingsTarget& to, const std::string& value) {
-            const bool exists = to.platform.fso.FileExists(value);
+            const bool exists = to.rehearses || to.platform.fso.FileExists(value);
             to.forms.form1.txtAudio[index].setText(
                 exists ? value
                        : to.platform.kernel32.GetWindowsDirectoryA() + "\\media\\chimes.wav");

@@ -72,6 +72,7 @@ constexpr FieldWords table[] = {
     {"Form1.cmdPlay(1)", "Play the second sound"},
     {"Form1.Command6", "End the program"},
     {"Form1.cmdTrayNote", "Close the note about the notification area"},
+    {"Form1.cmdHint", "Close the note about the settings"},
     {"Form1.Command9", "Make the window translucent"},
     {"Form1.lblTab(0)", "Specified options"},
     {"Form1.lblTab(1)", "Program options"},

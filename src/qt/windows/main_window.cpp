@@ -60,7 +60,7 @@ MainWindow::MainWindow(Forms& forms, const QtShellIcons& icons, QtUser32& user32
     auto* pages = row({makeTabs(), makePages()});
     pages->setSpacing(0);
     content->addWidget(makeLowerPart(pages), 4);
-    content->addWidget(makeTrayNote(form_, hand));
+    content->addWidget(makeNote(form_.fraTrayNote, form_.lblTrayNote, form_.cmdTrayNote, hand));
     setCentralWidget(around(content));
     auto* status = new StatusView(form_.StatusBar1);
     setStatusBar(status);
@@ -140,7 +140,8 @@ QWidget* MainWindow::makeWatchList(const QtShellIcons& icons) {
     QFont smaller = list->font();
     smaller.setPointSizeF(smaller.pointSizeF() * listScale);
     list->setFont(smaller);
-    auto* content = column({banner_, list, makeWatchListButtons()});
+    auto* hint = makeNote(form_.fraHint, form_.lblHint, form_.cmdHint, hand_);
+    auto* content = column({banner_, hint, list, makeWatchListButtons()});
     auto* frame = around(content);
     bindField(frame, form_.Frame8, [] {});
     placeTriggerEntry();

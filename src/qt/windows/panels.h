@@ -25,7 +25,7 @@ QWidget* makeConfigPanel(Form1& form, UserHand& hand);
 /// "Overview": how the watch is going.
 QWidget* makeOverviewPanel(Form1& form, UserHand& hand);
 
-/// The note about a missing notification area, which stays until it was read.
-QWidget* makeTrayNote(Form1& form, UserHand& hand);
+/// A note that stays until it was read: its frame, its words and the button that closes it.
+QWidget* makeNote(Frame& frame, Label& words, CommandButton& close, UserHand& hand);
 
 }  // namespace velmora::qt

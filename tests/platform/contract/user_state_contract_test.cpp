@@ -21,6 +21,10 @@ TEST_P(UserStateContract, WhatWasWrittenIsReadByItsName) {
     EXPECT_EQ(state().read("notes"), std::nullopt);
 }
 
+TEST_P(UserStateContract, APlaceIsNamedByTheFile) {
+    EXPECT_TRUE(state().placeOf("set-1.dat").ends_with("set-1.dat"));
+}
+
 TEST_P(UserStateContract, ANewContentTakesThePlaceOfTheOld) {
     for (const char* content : {"a long first content", "short", "", "again"}) {
         EXPECT_TRUE(state().write("place", content));

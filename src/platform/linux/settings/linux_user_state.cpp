@@ -61,4 +61,8 @@ bool LinuxUserState::write(const std::string& name, std::string_view content) {
     return isDone;
 }
 
+std::string LinuxUserState::placeOf(const std::string& name) {
+    return ownFolder() + '/' + name;
+}
+
 }  // namespace velmora::linuxhost

@@ -90,4 +90,9 @@ bool WindowsUserState::write(const std::string& name, std::string_view content) 
     return isDone;
 }
 
+std::string WindowsUserState::placeOf(const std::string& name) {
+    const std::string local = toUtf8(variable(L"LOCALAPPDATA"));
+    return local.empty() ? std::string{} : local + R"(\Velmora\)" + name;
+}
+
 }  // namespace velmora::windows

@@ -1,4 +1,4 @@
-// The note about a missing notification area.
+// Notes in the main window.
 #include "qt/controls/buttons.h"
 #include "qt/surface/field.h"
 #include "qt/windows/layouts.h"
@@ -6,15 +6,15 @@
 
 namespace velmora::qt {
 
-QWidget* makeTrayNote(Form1& form, UserHand& hand) {
+QWidget* makeNote(Frame& frame, Label& words, CommandButton& close, UserHand& hand) {
     auto* note = row({});
-    note->addWidget(makeCaption(form.lblTrayNote, true), 1);
-    note->addWidget(makeButton(form.cmdTrayNote, hand));
+    note->addWidget(makeCaption(words, true), 1);
+    note->addWidget(makeButton(close, hand));
     note->setContentsMargins(gap, gap, gap, gap);
     auto* strip = new QFrame;
     strip->setLayout(note);
     strip->setFrameShape(QFrame::StyledPanel);
-    bindField(strip, form.fraTrayNote, [] {});
+    bindField(strip, frame, [] {});
     return strip;
 }
 

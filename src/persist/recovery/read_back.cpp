@@ -1,0 +1,153 @@
+#include "persist/recovery/read_back.h"
+
+#include <algorithm>
+
+#include "base/convert.h"
+#include "base/drive_text.h"
+#include "base/runtime_error.h"
+#include "base/text.h"
+#include "persist/keys/settings_keys.h"
+#include "persist/recovery/key_words.h"
+#include "persist/settings_reader.h"
+
+namespace velmora {
+
+namespace {
+
+using Values = std::vector<std::string>;
+
+constexpr std::string_view recipients = "notcboEmail=";
+constexpr std::string_view interval = "custtimeDTPI=";
+constexpr std::string_view seconds = "txtTime=";  // the same, as it is read
+constexpr std::string_view secondSound = "txtAudio1=";
+
+// The entries of a list that is written as one line.
+Values entriesOf(const SettingsKey& key, const FrmNotify& form) {
+    Values entries;
+    if (key.key == recipients) {
+        for (int i = 0; i < form.cboNotEmail.ListCount(); ++i) {
+            entries.push_back(form.cboNotEmail.List(i));
+        }
+        return entries;
+    }
+    const ListBox& list = key.key == "notlstTime=" ? form.lstNotTime : form.lstNotContent;
+    for (int i = 0; i < list.ListCount(); ++i) {
+        if (list.Selected(i)) entries.push_back(list.List(i));
+    }
+    return entries;
+}
+
+// The line ends that a value gains on its way are no part of it.
+Values valuesOf(const SettingsKey& key, const SettingsSource& from) {
+    Values values =
+        key.line == SettingsLine::run ? entriesOf(key, from.forms.frmNotify) : key.field.get(from);
+    for (std::string& value : values) value = withoutLineEnds(value);
+    return values;
+}
+
+bool anyHolds(const Values& values, std::string_view text) {
+    return std::any_of(values.begin(), values.end(),
+                       [&](const std::string& value) { return contains(value, text); });
+}
+
+// A key in a value takes the line when it is tried before the line's own, which itself is cut out.
+std::string_view keyIn(const Values& values, const SettingsKey& own) {
+    for (const SettingsKey* key : settingsKeysToRead()) {
+        const auto searched = key->searched.empty() ? key->key : key->searched;
+        if (anyHolds(values, searched)) return searched;
+        if (key->key == own.key) break;
+    }
+    return {};
+}
+
+bool endsInBlank(const Values& values) {
+    return std::any_of(values.begin(), values.end(),
+                       [](const std::string& value) { return value.ends_with(' '); });
+}
+
+std::string adviceFor(const SettingsKey& key, const Values& values) {
+    if (key.key == interval || key.key == seconds) {
+        return "Kept are 10 to 59 seconds, whole minutes up to 59 and whole hours, saved by hand "
+               "once the countdown has begun anew.";
+    }
+    if (key.key == secondSound) return "It is the system's chimes after each start.";
+    if (key.line == SettingsLine::run && values.size() > 1) {
+        return key.key == recipients ? "Keep one address." : "Tick one entry at most.";
+    }
+    if (anyHolds(values, "+")) return "Take \"+\" out of it.";
+    if (anyHolds(values, "\t")) return "Take the tab out of it.";
+    if (const auto found = keyIn(values, key); !found.empty()) {
+        return "Take \"" + std::string(found) + "\" out of it.";
+    }
+    return endsInBlank(values) ? "Take the blank from its end." : "Change it.";
+}
+
+SettingsHint hintFor(const SettingsKey& key, const Values& values, bool endsStart) {
+    const KeyWords words = wordsOf(key.key);
+    const std::string name = std::string(words.words) + " (" + std::string(words.field) + ")";
+    const std::string what = endsStart
+                                 ? "The next start would end at " + name
+                                 : "After the next start this is not as you saved it: " + name;
+    return {.field = std::string(words.field),
+            .text = what + ". " + adviceFor(key, values),
+            .endsStart = endsStart};
+}
+
+const SettingsKey* writtenKey(std::string_view name) {
+    for (const SettingsKey* key : settingsKeysToWrite()) {
+        if (key->key == name) return key;
+    }
+    return nullptr;
+}
+
+SettingsHint faultHint(std::string_view content, std::size_t place, const SettingsSource& from) {
+    const SettingsKey* key = writtenKey(keyOfLineAt(content, place));
+    if (key != nullptr) return hintFor(*key, valuesOf(*key, from), true);
+    return {.field = "",
+            .text = "The next start would end at line " +
+                    std::to_string(lineNumberAt(content, place)) + " of the settings file.",
+            .endsStart = true};
+}
+
+bool isCompared(const SettingsKey& key) {
+    // Ticks of the watch list never come back; whether a sound exists is for the start to ask.
+    return key.key != "path=" && key.key != "txtAudio0=" && key.key != secondSound &&
+           key.key != seconds;
+}
+
+bool isLostSound(const SettingsKey& key, const Values& values) {
+    constexpr const char* chimes = "\\media\\chimes.wav";
+    return key.key == secondSound && !values[0].empty() && !values[0].ends_with(chimes);
+}
+
+// The check that follows the reading: error 13 without an interval.
+void readAsAStart(std::string_view content, const SettingsTarget& to, std::size_t& place) {
+    readSettings(content, to, place);
+    place = content.size();
+    toDouble(to.forms.form1.txtTime.Text(), to.platform.regional);
+}
+
+}  // namespace
+
+std::vector<SettingsHint> readBack(std::string_view content, const Forms& forms, Platform& platform,
+                                   Host& host) {
+    Forms back;
+    const SettingsSource now{.forms = forms, .regional = platform.regional, .host = host};
+    const SettingsSource then{.forms = back, .regional = platform.regional, .host = host};
+    std::size_t place = 0;
+    try {
+        readAsAStart(content, {.forms = back, .platform = platform, .rehearses = true}, place);
+    } catch (const RuntimeError&) {
+        return {faultHint(content, place, now)};
+    }
+    std::vector<SettingsHint> hints;
+    for (const SettingsKey* key : settingsKeysToWrite()) {
+        const Values values = valuesOf(*key, now);
+        const bool isChanged =
+            isCompared(*key) ? values != valuesOf(*key, then) : isLostSound(*key, values);
+        if (isChanged) hints.push_back(hintFor(*key, values, false));
+    }
+    return hints;
+}
+
+}  // namespace velmora

@@ -1,0 +1,95 @@
+// Settings that end the start, in the console program as a whole.
+#include <gtest/gtest.h>
+
+#include "console_session.h"
+
+namespace velmora::tests {
+namespace {
+
+struct Recovery : testing::Test, ConsoleSession {
+    std::vector<std::string> run(const std::string& input) {
+        testing::internal::CaptureStderr();
+        auto lines = ConsoleSession::run(input);
+        errors = testing::internal::GetCapturedStderr();
+        return lines;
+    }
+    std::string& settings() { return machine.files["C:\\Program Files\\Velmora\\set.dat"]; }
+    bool said(const std::string& text) { return errors.find(text) != std::string::npos; }
+
+    const std::string broken = prcEn("txtTime=60\r\n") + "\r\n" + prcEn("lstAct=99") + "\r\n";
+    std::string errors;
+};
+
+TEST_F(Recovery, AStartThatFailsNamesFileLineAndCopyAfterItsBox) {
+    const std::string good = settings();
+    run("");
+    ASSERT_EQ(machine.userState.kept.size(), 1u);
+    EXPECT_EQ(machine.userState.kept.begin()->second, good);
+    settings() = broken;
+    const auto lines = run("get txtAmt\n");
+    EXPECT_EQ(lines.back(),
+              "box: Velmora | critical | $\"Run-time error '13':\\r\\nType "
+              "mismatch\" | ok -> ok");
+    EXPECT_EQ(status, 1);
+    EXPECT_EQ(settings(), broken);
+    EXPECT_TRUE(said("The settings can't be read: C:\\Program Files\\Velmora\\set.dat\n"));
+    EXPECT_TRUE(said("Line 2 can't be read: lstAct= (the actions, lstAct).\n"));
+    EXPECT_TRUE(said(machine.userState.kept.begin()->first));
+    EXPECT_TRUE(said("Start with --restore-settings to put them back.\n"));
+}
+
+TEST_F(Recovery, TheOptionPutsTheLastGoodOnesBackAndStarts) {
+    const std::string good = settings();
+    run("");
+    settings() = broken;
+    machine.platform().app.Options.restoreSettings = true;
+    const auto lines = run("get lblHint\nget fraHint.Visible\n");
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(settings(), good);
+    EXPECT_TRUE(said("Settings were put back"));
+    EXPECT_TRUE(lines.front().starts_with("Settings were put back")) << lines.front();
+    EXPECT_EQ(lines.back(), "True");
+}
+
+TEST_F(Recovery, AStartThatFailsKeepsNoCopyAndOffersNone) {
+    settings() = broken;
+    run("");
+    EXPECT_TRUE(machine.userState.kept.empty());
+    EXPECT_TRUE(said("There is no good copy."));
+    EXPECT_FALSE(said("--restore-settings"));
+}
+
+TEST_F(Recovery, TheEndOfAStartedProgramSaysNothingOfIt) {
+    machine.startError = 53;
+    run("click lblAl(1)\n");
+    EXPECT_EQ(status, 1);
+    EXPECT_EQ(errors, "");
+}
+
+TEST_F(Recovery, ASaveThatWouldEndTheNextStartIsAHintEventAndALine) {
+    const auto lines =
+        run("json on\ntick frmNotify.lstNotTime 1 on\n"
+            "tick frmNotify.lstNotTime 3 on\nclick Command8\nclick Command8\n"
+            "get fraHint.Visible\nclick cmdHint\nget fraHint.Visible\n");
+    const std::string text =
+        "The next start would end at the send times of the mail (frmNotify.lstNotTime). Tick one "
+        "entry at most.";
+    EXPECT_EQ(countOf(lines, R"({"event":"hint","field":"frmNotify.lstNotTime","text":")" + text +
+                                 R"(","endsStart":true})"),
+              1);
+    EXPECT_EQ(errors, text + "\n");
+    EXPECT_EQ(lines[lines.size() - 3], R"({"ok":true})");
+    EXPECT_EQ(lines.back(), R"({"ok":false})");
+}
+
+TEST_F(Recovery, ForAReaderOfLinesAHintIsALine) {
+    const auto lines = run("set frmNotify.txtMailSubj.Text a+b\nclick Command8\n");
+    EXPECT_EQ(countOf(lines,
+                      "hint: frmNotify.txtMailSubj | After the next start this is not as "
+                      "you saved it: the subject of the mail (frmNotify.txtMailSubj). Take "
+                      "\"+\" out of it."),
+              1);
+}
+
+}  // namespace
+}  // namespace velmora::tests

@@ -1,0 +1,181 @@
+// What a save tells about the next start.
+#include <gtest/gtest.h>
+
+#include "persist/settings_rig.h"
+
+namespace velmora::tests {
+namespace {
+
+struct ReadBackTest : testing::Test, SettingsRig {
+    ReadBackTest() {
+        form1.txtTime.setText("60");
+        form1.DTPInterval.setMinute(1);
+        settings.Hinted.connect([this](const SettingsHint& hint) { hints.push_back(hint); });
+    }
+
+    /// Saves; the fields that were hinted at, those that would end the start with a "!".
+    Lines save() {
+        hints.clear();
+        write();
+        Lines fields;
+        for (const SettingsHint& hint : hints) {
+            fields.push_back(hint.field + (hint.endsStart ? "!" : ""));
+        }
+        return fields;
+    }
+    /// The error of the next start.
+    int nextStart() {
+        SettingsRig next;
+        return next.readBytes(content());
+    }
+    bool advises(const std::string& words) {
+        return hints.size() == 1 && contains(hints[0].text, words);
+    }
+    std::vector<SettingsHint> hints;
+};
+
+TEST_F(ReadBackTest, SettingsThatComeBackGiveNoHint) {
+    EXPECT_EQ(save(), Lines{});
+    form1.txtSpace.setText("50000");
+    form1.txtDrive.setText("D:\\target");
+    form1.chkCustTime.setValue(1);
+    form1.cboFile.AddItem("C:\\größe.log");
+    form1.lstAct.setSelected(2, true);
+    form1.lstAct.setSelected(5, true);
+    form1.lstEvt.setSelected(1, true);
+    notify.txtPass.setText("p\"a,s's! w");
+    notify.cboNotEmail.AddItem("a@x");
+    notify.lstNotTime.setSelected(3, true);
+    notify.lstNotContent.setSelected(0, true);
+    notify.txtCustMsg.setText("one\r\ntwo ");
+    notify.txtCustMsg.setText("one\r\ntwo");
+    row("C:\\", true);
+    EXPECT_EQ(save(), Lines{}) << testing::PrintToString(hints.empty() ? "" : hints[0].text);
+}
+
+TEST_F(ReadBackTest, TwoSendTimesEndTheNextStart) {
+    notify.lstNotTime.setSelected(1, true);
+    notify.lstNotTime.setSelected(3, true);
+    EXPECT_EQ(save(), Lines{"frmNotify.lstNotTime!"});
+    EXPECT_TRUE(advises("Tick one entry at most."));
+    EXPECT_EQ(nextStart(), error::typeMismatch);
+}
+
+TEST_F(ReadBackTest, TwoSectionsDoToo) {
+    notify.lstNotContent.setSelected(1, true);
+    notify.lstNotContent.setSelected(3, true);
+    EXPECT_EQ(save(), Lines{"frmNotify.lstNotContent!"});
+    EXPECT_EQ(nextStart(), error::typeMismatch);
+}
+
+TEST_F(ReadBackTest, APasswordThatSwallowsTheLinesBehindItIsNamed) {
+    notify.txtPass.setText("abc+!def");
+    EXPECT_EQ(save(), Lines{"frmNotify.txtPass!"});
+    EXPECT_TRUE(advises("Take \"+\" out of it."));
+    EXPECT_FALSE(contains(hints[0].text, "abc"));
+    EXPECT_NE(nextStart(), 0);
+}
+
+TEST_F(ReadBackTest, AMessageThatHoldsAKeyIsNamed) {
+    notify.txtCustMsg.setText("our custtime=late");
+    EXPECT_EQ(save(), Lines{"frmNotify.txtCustMsg!"});
+    EXPECT_TRUE(advises("Take \"custtime=\" out of it."));
+    EXPECT_EQ(nextStart(), error::typeMismatch);
+}
+
+TEST_F(ReadBackTest, AMissingIntervalIsNamed) {
+    form1.txtTime.setText("");
+    EXPECT_EQ(save(), Lines{"DTPInterval!"});
+    EXPECT_TRUE(advises("whole minutes up to 59"));
+}
+
+TEST_F(ReadBackTest, WhatComesBackChangedIsNamedAsSuch) {
+    notify.txtMailSubj.setText("one+two");
+    EXPECT_EQ(save(), Lines{"frmNotify.txtMailSubj"});
+    EXPECT_TRUE(advises("Take \"+\" out of it."));
+    EXPECT_EQ(nextStart(), 0);
+}
+
+TEST_F(ReadBackTest, EachCauseHasItsAdvice) {
+    notify.txtMailServer.setText("mail\tserver");
+    EXPECT_EQ(save(), Lines{"frmNotify.txtMailServer"});
+    EXPECT_TRUE(advises("Take the tab out of it."));
+    notify.txtMailServer.setText("");
+    notify.txtUser.setText("user ");
+    EXPECT_EQ(save(), Lines{"frmNotify.txtUser"});
+    EXPECT_TRUE(advises("Take the blank from its end."));
+    notify.txtUser.setText("");
+    notify.txtCustMsg.setText("see path=C:\\");
+    EXPECT_EQ(save(), Lines{"frmNotify.txtCustMsg"});
+    EXPECT_TRUE(advises("Take \"path=\" out of it."));
+    notify.txtCustMsg.setText("");
+    form1.txtSpace.setText("50 000 KB");
+    EXPECT_EQ(save(), Lines{"txtSpace"});
+    EXPECT_TRUE(advises("Change it."));
+}
+
+TEST_F(ReadBackTest, SeveralRecipientsComeBackAsOneEntry) {
+    notify.cboNotEmail.AddItem("a@x");
+    notify.cboNotEmail.AddItem("b@x");
+    EXPECT_EQ(save(), Lines{"frmNotify.cboNotEmail"});
+    EXPECT_TRUE(advises("Keep one address."));
+}
+
+TEST_F(ReadBackTest, AnIntervalThatTheFileCantHoldIsNamed) {
+    form1.DTPInterval.setHour(1);
+    form1.DTPInterval.setMinute(30);
+    form1.txtTime.setText("5400");
+    EXPECT_EQ(save(), Lines{"DTPInterval"});
+    EXPECT_TRUE(advises("whole minutes up to 59"));
+}
+
+TEST_F(ReadBackTest, AnIntervalThatIsNotTakenYetIsNamed) {
+    form1.DTPInterval.setMinute(5);
+    EXPECT_EQ(save(), Lines{"DTPInterval"}) << "the countdown has not taken it";
+}
+
+TEST_F(ReadBackTest, TheSecondSoundIsNamedOnlyWhereOneIsLost) {
+    form1.txtAudio[1].setText("C:\\Windows\\media\\chimes.wav");
+    EXPECT_EQ(save(), Lines{});
+    form1.txtAudio[1].setText("C:\\ring.wav");
+    EXPECT_EQ(save(), Lines{"txtAudio(1)"});
+}
+
+TEST_F(ReadBackTest, EachFieldIsNamedOnceAStart) {
+    notify.txtMailSubj.setText("one+two");
+    EXPECT_EQ(save().size(), 1u);
+    EXPECT_EQ(save(), Lines{});
+    notify.txtMailSubj.setText("three+four");
+    EXPECT_EQ(save(), Lines{});
+    notify.txtMailSubj.setText("five+!six");
+    EXPECT_EQ(save(), Lines{"frmNotify.txtMailSubj!"}) << "once more, since it has become worse";
+}
+
+TEST_F(ReadBackTest, TheSaveItselfIsWhatItAlwaysWas) {
+    notify.txtMailSubj.setText("one+two");
+    notify.lstNotTime.setSelected(1, true);
+    notify.lstNotTime.setSelected(3, true);
+    machine.log.clear();
+    EXPECT_EQ(write(), 0);
+    EXPECT_EQ(machine.log.calls(), Lines{"writeOver " + path}) << "the machine isn't asked";
+    EXPECT_TRUE(host.boxes.empty());
+    SettingsRig other;
+    other.form1.txtTime.setText("60");
+    other.form1.DTPInterval.setMinute(1);
+    other.notify.txtMailSubj.setText("one+two");
+    other.notify.lstNotTime.setSelected(1, true);
+    other.notify.lstNotTime.setSelected(3, true);
+    other.write();
+    EXPECT_EQ(content(), other.content());
+}
+
+TEST_F(ReadBackTest, NothingOfTheProgramChanges) {
+    form1.cboFile.AddItem("C:\\f");
+    notify.cboNotEmail.AddItem("a@x");
+    save();
+    EXPECT_EQ(entries(form1.cboFile), Lines{"C:\\f"});
+    EXPECT_EQ(entries(notify.cboNotEmail), Lines{"a@x"});
+}
+
+}  // namespace
+}  // namespace velmora::tests
