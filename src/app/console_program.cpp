@@ -65,6 +65,10 @@ void noteFailure(Core& core, Machine& machine, Host& host) {
 // A start that fails ends the program, also one that is to keep running: there is nothing yet that
 // could go on.
 void start(Core& core, Machine& machine, console::ConsoleHost& host) {
+    if (!machine.platform().otherStarts.holdFolder()) {
+        host.Note("Another watch runs on this folder: " +
+                  machine.toHostPath(machine.platform().app.Path));
+    }
     try {
         host.guarded([&] { startProgram(core, machine, host); });
     } catch (const ProgramEnd&) {

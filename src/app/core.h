@@ -25,6 +25,7 @@ class Core {
     AlertList& alerts() { return alerts_.list(); }
     Persist& persist() { return persist_; }
     Notify& notify() { return notify_; }
+    SecondStart& secondStart() { return shell_.secondStart(); }
 
   private:
     // Each is built from those above it.

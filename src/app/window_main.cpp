@@ -1,7 +1,10 @@
 #include <QApplication>
 #include <QProcess>
 #include <cstdlib>
+#include <string>
+#include <vector>
 
+#include "app/single_start.h"
 #include "app/window_program.h"
 #include "qt/controls/legible_style.h"
 #include "qt/icons/program_icon.h"
@@ -37,13 +40,33 @@ int main(int argc, char* argv[]) {
     QApplication::setQuitOnLastWindowClosed(false);
 
     const auto machine = velmora::openMachine();
+    velmora::WindowProgram* started = nullptr;
+    std::vector<std::string> early;  // taken before the program was there
+    const auto takeLater = [&](const std::string& command) {
+        const auto take = [&started, &early, command] {
+            if (started == nullptr) {
+                early.push_back(command);
+            } else {
+                started->take(command);
+            }
+        };
+        QMetaObject::invokeMethod(&application, take, Qt::QueuedConnection);
+    };
+    if (velmora::isHandedOver(machine->platform(), takeLater)) std::_Exit(0);
+    machine->platform().otherStarts.holdFolder();
+
     std::optional<int> status;
     velmora::WindowProgram program(*machine, [&status](int ended) {
         status = ended;
         QApplication::exit(ended);
     });
-    program.whenRestored(startAgain);
+    program.whenRestored([&machine] {
+        machine->platform().otherStarts.release();
+        startAgain();
+    });
     program.load();
+    started = &program;
+    for (const std::string& command : early) program.take(command);
     const int result = status ? *status : QApplication::exec();
     // Otherwise the icons would stay in the notification area.
     program.notifyArea().clear();

@@ -67,6 +67,10 @@ void WindowProgram::start() {
     }
 }
 
+void WindowProgram::take(const std::string& command) {
+    hand_.does([&] { core_.secondStart().take(command); });
+}
+
 void WindowProgram::offerSettings() {
     const auto why = whySettingsFailed(core_, machine_);
     if (!why) return;

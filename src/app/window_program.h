@@ -37,6 +37,9 @@ class WindowProgram {
     /// Builds the running state and shows the window.
     void load();
 
+    /// A later start hands its command line over.
+    void take(const std::string& command);
+
     /// Processes events, as a long handler does.
     void yield() { host_.DoEvents(); }
 

@@ -43,6 +43,7 @@ class Monitor {
     Monitor(Forms& forms, Platform& platform, const Surface& surface, Parts parts, Window window);
 
     LifeCycle& lifeCycle() { return lifeCycle_; }
+    CommandLine& commandLine() { return commandLine_; }
     DriveMeter& driveMeter() { return driveMeter_; }
     WatchList& watchList() { return watchList_; }
     WatchListCommands& watchListCommands() { return watchListCommands_; }

@@ -10,6 +10,7 @@
 #include "platform/file_system_object.h"
 #include "platform/internet_transfer.h"
 #include "platform/kernel32.h"
+#include "platform/other_starts.h"
 #include "platform/processes.h"
 #include "platform/rasapi32.h"
 #include "platform/raw_volumes.h"
@@ -50,6 +51,7 @@ struct Platform {
     Wmi& wmi;
     RawVolumes& rawVolumes;
     UserState& userState;
+    OtherStarts& otherStarts;
     Regional regional;
     Application app;
 };

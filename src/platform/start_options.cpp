@@ -13,6 +13,7 @@ struct Option {
 
 constexpr Option known[] = {
     {"--keep-running", &StartOptions::keepRunning},
+    {"--single", &StartOptions::single},
     {"--restore-settings", &StartOptions::restoreSettings},
 };
 

@@ -8,6 +8,7 @@ namespace velmora {
 
 struct StartOptions {
     bool keepRunning = false;      ///< "--keep-running": an error that nobody takes doesn't end it
+    bool single = false;           ///< "--single": a program that runs already takes over
     bool restoreSettings = false;  ///< "--restore-settings": begins with the last good ones
 };
 

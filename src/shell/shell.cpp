@@ -21,6 +21,7 @@ Shell::Shell(Forms& forms, Platform& platform, const Surface& surface, Parts par
                      .aboutBox = aboutBox_,
                      .recycleBin = recycleBin_}),
       buttonCommands_(forms.form1, forms.dlgDriveInfo, aboutBox_, parts.persist.settingsFile()),
-      wizard_(forms, platform, surface.host, {.alerts = parts.alerts, .monitor = parts.monitor}) {}
+      wizard_(forms, platform, surface.host, {.alerts = parts.alerts, .monitor = parts.monitor}),
+      secondStart_(forms, platform.app, parts.monitor.commandLine(), surface.user32) {}
 
 }  // namespace velmora

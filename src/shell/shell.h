@@ -17,6 +17,7 @@
 #include "shell/program_lock.h"
 #include "shell/reachability.h"
 #include "shell/recycle_bin_view.h"
+#include "shell/second_start.h"
 #include "shell/tab_selection.h"
 #include "shell/tool_bar_commands.h"
 #include "shell/window_layout.h"
@@ -39,6 +40,8 @@ class Shell {
     Shell(Forms& forms, Platform& platform, const Surface& surface, Parts parts,
           const std::string& version);
 
+    SecondStart& secondStart() { return secondStart_; }
+
   private:
     ProgramLock lock_;
     AboutBox aboutBox_;
@@ -52,6 +55,7 @@ class Shell {
     MenuCommands menuCommands_;
     ButtonCommands buttonCommands_;
     SetupWizard wizard_;
+    SecondStart secondStart_;
 };
 
 }  // namespace velmora

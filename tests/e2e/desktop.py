@@ -182,6 +182,9 @@ class Window:
             return self.desktop.xdotool("getactivewindow") == self.identity
         wait_for(active, f"the window {self.title()} in front")
 
+    def minimise(self):
+        self.desktop.xdotool("windowminimize", self.identity)
+
     def press(self, key):
         self.activate()
         self.desktop.press(key)

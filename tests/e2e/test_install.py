@@ -74,10 +74,10 @@ class Native(Installed, unittest.TestCase):
         window.needs(self.window_variable)
         entry = (self.prefix / "share/applications/velmora.desktop").read_text("utf-8")
         start = next(line for line in entry.splitlines() if line.startswith("Exec="))
-        program, option, files = shlex.split(start.removeprefix("Exec="))
+        program, *options, files = shlex.split(start.removeprefix("Exec="))
         self.assertEqual(pathlib.Path(program), self.path("velmora"))
         self.assertTrue(os.access(program, os.X_OK))
-        self.assertEqual((option, files), ("--keep-running", "%F"))
+        self.assertEqual((options, files), (["--keep-running", "--single"], "%F"))
         self.assertIn("Icon=velmora\n", entry)
         for size in SIZES:
             icon = self.prefix / f"share/icons/hicolor/{size}x{size}/apps/velmora.png"

@@ -26,8 +26,9 @@ SECONDS_OF_TWO_WRITERS = 3
 
 
 def whole_lines(content):
-    """The lines that a reader takes: blank ones say nothing."""
-    return [line for line in plain_lines(content.replace(b" \r\n", b"\r\n")) if line]
+    """The lines that a reader takes: blank ones say nothing. Values gain a line end by each saving."""
+    lines = plain_lines(content.replace(b" \r\n", b"\r\n"))
+    return [line.rstrip("\r\n") for line in lines if line]
 
 
 class Saving:
@@ -79,24 +80,60 @@ class Saving:
             time.sleep(dice.uniform(0, self.longest_life))
             process.send_signal(signal.SIGKILL)
             process.wait(PATIENCE)
-            self.after_kill(process)
             left = whole_lines(self.settings.read_bytes())
             self.assertIn(left, both)
             seen.add(both.index(left))
         self.assertEqual(seen, {0, 1}, "the kills must come at different moments")
 
-    def after_kill(self, process):
-        pass
+    def test_two_programs_that_save_at_once_leave_whole_settings(self):
+        self.allowed = (*self.both(), whole_lines(START))
+        self.put_settings(START)
+        writers = [self.saver([*lines, SAVE], 40) for lines in (LONG, SHORT)]
+        end = time.monotonic() + self.longest_race
+        while time.monotonic() < end and any(writer.poll() is None for writer in writers):
+            self.look()
+        for writer in writers:
+            writer.kill()
+            writer.wait(PATIENCE)
+        left = self.settings.read_bytes()
+        self.assertNotIn(b"\0", left)
+        self.assertIn(whole_lines(left), self.allowed)
+        self.launch()
+
+    def look(self):
+        """What another program finds meanwhile."""
+        self.assertNotIn(b"\0", self.settings.read_bytes())
 
 
 class Native(Saving, OwnNative, ConsoleCase):
     kills = KILLS
     longest_life = 0.02
+    longest_race = SECONDS_OF_TWO_WRITERS
+
+    def look(self):
+        """As the program reads: while nobody writes, each content is whole."""
+        with self.settings.open("rb") as settings:
+            fcntl.flock(settings, fcntl.LOCK_SH)
+            content = settings.read()
+        self.assertNotIn(b"\0", content)
+        self.assertIn(whole_lines(content), self.allowed)
+
+    def test_the_console_tells_of_another_watch_on_its_folder(self):
+        self.put_settings(START)
+        self.launch()
+        second = subprocess.run(self.command(), input=b"get txtAmt\n", timeout=PATIENCE,
+                                capture_output=True, check=False, env=self.environment())
+        self.assertEqual(second.returncode, 0)
+        self.assertIn(f"Another watch runs on this folder: {self.folder}", second.stderr.decode())
+        self.console.close()
+        third = subprocess.run(self.command(), input=b"get txtAmt\n", timeout=PATIENCE,
+                               capture_output=True, check=False, env=self.environment())
+        self.assertNotIn("Another watch", third.stderr.decode())
 
     def killed_at(self, call):
         """Saves the short content over the long one, killed at that call. Returns the file before and after
         it, and as it should be."""
-        self.assertIn("lstAct=2\r\n", self.settings_after(*LONG))
+        self.assertIn("lstAct=2", self.settings_after(*LONG))
         before = self.settings.read_bytes()
         self.saved_again(*SHORT)
         wanted = self.settings.read_bytes()
@@ -172,3 +209,4 @@ class Native(Saving, OwnNative, ConsoleCase):
 class Windows(Saving, OwnWindows, WindowsCase):
     kills = 5
     longest_life = 0.1
+    longest_race = 10

@@ -77,6 +77,17 @@ class Steps:
         self.screenshot(self.window, "paused")
         self.end()
 
+    def test_a_second_start_is_taken_over_by_the_first(self):
+        self.start(QUIET)
+        with_path = self.folder / "one.log"
+        with_path.write_text("x", encoding="utf-8")
+        self.window.minimise()
+        wait_for(lambda: not self.window.shown(), "the minimised window")
+        self.assertEqual(self.program.start_again("--single", str(with_path)), 0)
+        wait_for(self.window.shown, "the window of the first start")
+        self.assertIsNone(self.program.process.poll())
+        self.end()
+
     def test_a_ticked_drive_that_is_short_of_space_raises_the_alert(self):
         self.log.write_bytes(b"")
         self.start(SHORT_OF_SPACE)

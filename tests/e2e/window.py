@@ -28,13 +28,19 @@ class Program:
         environment.pop("QT_QPA_PLATFORM", None)
         # Processes that Wine leaves running outlive the tests and complain once the desktop is gone.
         noise = subprocess.DEVNULL if windows else None
-        self.process = subprocess.Popen([*runner(windows), str(path)], env=environment,
-                                        stdin=subprocess.DEVNULL, stderr=noise)
+        self.command = [*runner(windows), str(path)]
+        self.options = {"env": environment, "stdin": subprocess.DEVNULL, "stderr": noise}
+        self.process = subprocess.Popen(self.command, **self.options)
         try:
             self.window = self.desktop.window(TITLE)
         except BaseException:
             self.close()
             raise
+
+    def start_again(self, *arguments):
+        """Starts the program once more and returns the exit status of the second start."""
+        return subprocess.run([*self.command, *arguments], timeout=desktop.PATIENCE, check=False,
+                              **self.options).returncode
 
     def ask_for_the_end(self):
         """Clicks the exit button and returns the box with the question."""

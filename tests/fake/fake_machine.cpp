@@ -181,6 +181,7 @@ FakeMachine::FakeMachine()
                 .wmi = wmi,
                 .rawVolumes = rawVolumes,
                 .userState = userState,
+                .otherStarts = otherStarts,
                 .regional = {},
                 .app = {.Path = programFolder(), .EXEName = "velmora", .Command = ""}} {
     folders = {keyOf(programFolder()), keyOf(specialFolders[9]), keyOf(windowsFolder)};

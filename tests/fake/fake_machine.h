@@ -28,6 +28,7 @@
 
 #include "fake/fake_inventory.h"
 #include "fake/fake_network.h"
+#include "fake/fake_other_starts.h"
 #include "fake/fake_user_state.h"
 #include "fake/fake_volumes.h"
 #include "platform/notify_area.h"
@@ -209,6 +210,7 @@ class FakeMachine final : public Machine {
     FakeProcesses processes;
     FakeRawVolumes rawVolumes;
     FakeUserState userState;
+    FakeOtherStarts otherStarts;
     /// The version that GetVersionExA reports: of the class that lists no processes.
     OsVersionInfo version{.dwMajorVersion = 10, .dwPlatformId = os_version::windowsNT};
     /// What programs write, by their command lines. One without an entry isn't there: error 53.

@@ -32,6 +32,15 @@ TEST(StartOptions, AWordInFrontIsTakenBareAndInQuotes) {
     }
 }
 
+TEST(StartOptions, EachWordSetsItsOwn) {
+    const Taken all = taken("--single \"--restore-settings\" --keep-running \"C:\\a\"");
+    EXPECT_TRUE(all.options.single && all.options.restoreSettings && all.options.keepRunning);
+    EXPECT_EQ(all.rest, "\"C:\\a\"");
+    const StartOptions one = taken("--single").options;
+    EXPECT_TRUE(one.single && !one.restoreSettings && !one.keepRunning);
+    EXPECT_TRUE(taken("--restore-settings").options.restoreSettings);
+}
+
 TEST(StartOptions, ThePathsBehindItStayAsTheyAre) {
     EXPECT_EQ(taken("--keep-running \"C:\\a b\" \"D:\\c\"").rest, "\"C:\\a b\" \"D:\\c\"");
     EXPECT_EQ(taken("\"--keep-running\"\t\"C:\\a\"").rest, "\"C:\\a\"");

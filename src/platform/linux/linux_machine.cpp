@@ -22,6 +22,7 @@
 #include "platform/linux/settings/linux_advapi32.h"
 #include "platform/linux/settings/linux_regional.h"
 #include "platform/linux/settings/linux_user_state.h"
+#include "platform/linux/starts/linux_other_starts.h"
 #include "platform/linux/system/linux_clock.h"
 #include "platform/linux/system/listed_times.h"
 #include "platform/linux/volumes/linux_raw_volumes.h"
@@ -34,6 +35,11 @@ namespace velmora {
 namespace linuxhost {
 
 namespace {
+
+std::string ownFolder() {
+    const std::string path = executablePath();
+    return path.substr(0, path.rfind('/') + 1);
+}
 
 Application ownApplication(Volumes& volumes) {
     const std::string path = executablePath();
@@ -85,6 +91,7 @@ class LinuxMachine final : public Machine {
     LinuxWmi wmi_{hostSources()};
     LinuxRawVolumes rawVolumes_{volumes_};
     LinuxUserState userState_;
+    LinuxOtherStarts otherStarts_{ownFolder()};
     Platform platform_{.fso = fso_,
                        .kernel32 = kernel32_,
                        .clock = clock_,
@@ -101,6 +108,7 @@ class LinuxMachine final : public Machine {
                        .wmi = wmi_,
                        .rawVolumes = rawVolumes_,
                        .userState = userState_,
+                       .otherStarts = otherStarts_,
                        .regional = userRegional(),
                        .app = ownApplication(volumes_)};
 };

@@ -22,6 +22,7 @@
 #include "platform/windows/settings/windows_advapi32.h"
 #include "platform/windows/settings/windows_regional.h"
 #include "platform/windows/settings/windows_user_state.h"
+#include "platform/windows/starts/windows_other_starts.h"
 #include "platform/windows/system/utf16.h"
 #include "platform/windows/system/windows_clock.h"
 #include "platform/windows/volumes/windows_raw_volumes.h"
@@ -55,6 +56,10 @@ Application ownApplication() {
     std::string name = path.substr(slash + 1);
     name.resize(std::min(name.rfind('.'), name.size()));
     return {.Path = path.substr(0, slash), .EXEName = name, .Command = command, .Options = options};
+}
+
+std::string ownFolder() {
+    return ownApplication().Path;
 }
 
 class WindowsMachine final : public Machine {
@@ -92,6 +97,7 @@ class WindowsMachine final : public Machine {
     WindowsWmi wmi_;
     WindowsRawVolumes rawVolumes_{questions_};
     WindowsUserState userState_;
+    WindowsOtherStarts otherStarts_{ownFolder()};
     Platform platform_{.fso = fso_,
                        .kernel32 = kernel32_,
                        .clock = clock_,
@@ -108,6 +114,7 @@ class WindowsMachine final : public Machine {
                        .wmi = wmi_,
                        .rawVolumes = rawVolumes_,
                        .userState = userState_,
+                       .otherStarts = otherStarts_,
                        .regional = userRegional(),
                        .app = ownApplication()};
 };

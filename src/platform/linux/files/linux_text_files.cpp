@@ -9,6 +9,7 @@
 
 #include "base/runtime_error.h"
 #include "base/text.h"
+#include "platform/linux/files/file_lock.h"
 #include "platform/linux/removal/folder_removal.h"
 #include "platform/linux/system/system_errors.h"
 #include "platform/linux/system/unique_fd.h"
@@ -74,6 +75,9 @@ class OpenFile {
         const int cutFailure = cutTo(static_cast<off_t>(std::min(written, content.size())));
         return failure != 0 ? failure : cutFailure;
     }
+
+    /// Keeps other programs from the file until it is closed; 0, or the errno.
+    int lock(LockKind kind) const { return isRegular() ? lockFile(fd_.get(), kind) : 0; }
 
     /// Takes the room for a content of that size; 0, or the errno with the file as it was.
     int reserve(std::size_t size) const {
@@ -159,13 +163,16 @@ std::string LinuxTextFiles::readAll(const std::string& path) {
     if (file.isFolder()) throw RuntimeError(error::pathFileAccess);
     // A device may never come to an end.
     if (!file.isRegular()) throw RuntimeError(error::deviceIo);
+    // One that a stopped program holds for ever is read as it is.
+    static_cast<void>(file.lock(LockKind::shared));
     return file.readToEnd();
 }
 
 void LinuxTextFiles::writeOver(const std::string& path, std::string_view content, Overwriting how) {
     OpenFile file(hostPathOrError(path), O_WRONLY | O_CREAT);
     file.orError();
-    int failure = how.reservesRoom ? file.reserve(content.size()) : 0;
+    int failure = file.lock(LockKind::exclusive);
+    if (failure == 0 && how.reservesRoom) failure = file.reserve(content.size());
     if (failure == 0) failure = file.writeOver(content);
     if (failure == 0) failure = file.sync();
     if (failure != 0) throw RuntimeError(runtimeErrorOf(failure));

@@ -3,7 +3,9 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <chrono>
 #include <limits>
+#include <thread>
 #include <utility>
 
 #include "base/runtime_error.h"
@@ -95,12 +97,19 @@ class OpenFile {
 
     DWORD sync() { return FlushFileBuffers(handle_.get()) ? ERROR_SUCCESS : GetLastError(); }
 
-    std::string readToEnd() {
-        std::string content;
+    /// Keeps readers away until it is closed, where the system can.
+    void lock() {
+        OVERLAPPED begin{};
+        LockFileEx(handle_.get(), LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, MAXDWORD,
+                   MAXDWORD, &begin);
+    }
+
+    /// 0, or why the file couldn't be read.
+    DWORD readToEnd(std::string& content) {
+        content.clear();
         constexpr auto anySize = std::numeric_limits<std::size_t>::max();
-        if (readWhole(handle_.get(), anySize, content) != ERROR_SUCCESS)
-            throw RuntimeError(error::deviceIo);
-        return content;
+        const DWORD failure = goToBegin();
+        return failure != ERROR_SUCCESS ? failure : readWhole(handle_.get(), anySize, content);
     }
 
   private:
@@ -120,6 +129,27 @@ UniqueHandle openToWrite(const std::wstring& path) {
                                     OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!handle.isOpen()) throw RuntimeError(errorOfOpening(GetLastError(), path));
     return handle;
+}
+
+using namespace std::chrono_literals;
+
+// How long another program is waited for that writes the same file.
+constexpr auto longestWait = 2s;
+constexpr auto pause = 5ms;
+
+// The same, waiting for a program that writes over the file now.
+UniqueHandle openInTurn(const std::wstring& path) {
+    const auto end = std::chrono::steady_clock::now() + longestWait;
+    while (true) {
+        UniqueHandle handle(CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                                        OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+        if (handle.isOpen()) return handle;
+        const DWORD failure = GetLastError();
+        const bool waits =
+            failure == ERROR_SHARING_VIOLATION && std::chrono::steady_clock::now() < end;
+        if (!waits) throw RuntimeError(errorOfOpening(failure, path));
+        std::this_thread::sleep_for(pause);
+    }
 }
 
 UniqueHandle openToRead(const std::wstring& path) {
@@ -144,12 +174,23 @@ void WindowsTextFiles::appendLine(const std::string& path, std::string_view text
 }
 
 std::string WindowsTextFiles::readAll(const std::string& path) {
-    return OpenFile(openToRead(systemPathOrError(path))).readToEnd();
+    OpenFile file(openToRead(systemPathOrError(path)));
+    const auto end = std::chrono::steady_clock::now() + longestWait;
+    std::string content;
+    while (const DWORD failure = file.readToEnd(content)) {
+        // Another program writes it now.
+        const bool waits =
+            failure == ERROR_LOCK_VIOLATION && std::chrono::steady_clock::now() < end;
+        if (!waits) throw RuntimeError(error::deviceIo);
+        std::this_thread::sleep_for(pause);
+    }
+    return content;
 }
 
 void WindowsTextFiles::writeOver(const std::string& path, std::string_view content,
                                  Overwriting how) {
-    OpenFile file(openToWrite(systemPathOrError(path)));
+    OpenFile file(openInTurn(systemPathOrError(path)));
+    file.lock();
     const LARGE_INTEGER oldEnd = file.goToEnd();
     DWORD failure = how.reservesRoom ? file.growTo(content.size(), oldEnd) : ERROR_SUCCESS;
     if (failure == ERROR_SUCCESS) failure = file.goToBegin();

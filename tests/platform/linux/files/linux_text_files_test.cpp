@@ -1,16 +1,21 @@
 #include "platform/linux/files/linux_text_files.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <csignal>
 #include <filesystem>
 #include <fstream>
+#include <future>
 
 #include "base/errors.h"
 #include "platform/linux/support/test_folder.h"
+#include "platform/linux/system/unique_fd.h"
 
 namespace velmora::linuxhost {
 namespace {
@@ -64,6 +69,29 @@ TEST_F(LinuxTextFilesTest, AFileInPlaceOfAFolderIsError76) {
 TEST_F(LinuxTextFilesTest, ARunningProgramIsInUse) {
     EXPECT_EQ(errorOfAppending(std::filesystem::read_symlink("/proc/self/exe")),
               error::permissionDenied);
+}
+
+TEST_F(LinuxTextFilesTest, AWriterWaitsForTheOneBefore) {
+    const std::string path = folder_ / "set.dat";
+    files_.writeOver(drivePath(path), "old");
+    const UniqueFd other(open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    ASSERT_EQ(flock(other.get(), LOCK_EX), 0);
+    auto writing =
+        std::async(std::launch::async, [&] { files_.writeOver(drivePath(path), "new"); });
+    EXPECT_EQ(writing.wait_for(std::chrono::milliseconds(50)), std::future_status::timeout);
+    EXPECT_EQ(contentsOf(path), "old");
+    flock(other.get(), LOCK_UN);
+    writing.get();
+    EXPECT_EQ(contentsOf(path), "new");
+}
+
+TEST_F(LinuxTextFilesTest, AWriterThatNeverEndsKeepsNobodyForEver) {
+    const std::string path = folder_ / "set.dat";
+    files_.writeOver(drivePath(path), "old");
+    const UniqueFd other(open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    ASSERT_EQ(flock(other.get(), LOCK_EX), 0);
+    EXPECT_EQ(errorOf([&] { files_.writeOver(drivePath(path), "new"); }), error::permissionDenied);
+    EXPECT_EQ(files_.readAll(drivePath(path)), "old");
 }
 
 TEST_F(LinuxTextFilesTest, AFileThatMayNotBeWrittenIsError70) {

@@ -1,0 +1,149 @@
+#include "platform/linux/starts/linux_other_starts.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/eventfd.h>
+#include <sys/file.h>
+#include <sys/socket.h>
+#include <sys/time.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstddef>
+#include <utility>
+
+#include "platform/path_sum.h"
+
+namespace velmora::linuxhost {
+
+namespace {
+
+constexpr timeval patience{.tv_sec = 2, .tv_usec = 0};
+constexpr std::string_view isTaken = "taken";
+
+struct Address {
+    sockaddr_un name{};
+    socklen_t size = 0;
+};
+
+// Without a file: it is gone with the program that has it, also with one that was killed.
+Address addressOf(const std::string& folder) {
+    const std::string text = "velmora-" + std::to_string(geteuid()) + "-" + sumOfPath(folder);
+    Address address;
+    address.name.sun_family = AF_UNIX;
+    text.copy(address.name.sun_path + 1, text.size());
+    address.size = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + 1 + text.size());
+    return address;
+}
+
+UniqueFd openSocket() {
+    return UniqueFd(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+}
+
+// Any user could have the name.
+bool isOfThisUser(int socket) {
+    ucred other{};
+    socklen_t size = sizeof other;
+    return getsockopt(socket, SOL_SOCKET, SO_PEERCRED, &other, &size) == 0 &&
+           other.uid == geteuid();
+}
+
+void waitAtMost(int socket) {
+    setsockopt(socket, SOL_SOCKET, SO_RCVTIMEO, &patience, sizeof patience);
+    setsockopt(socket, SOL_SOCKET, SO_SNDTIMEO, &patience, sizeof patience);
+}
+
+// To its end; false when it doesn't come in time or is too long.
+bool readToEnd(int socket, std::string& text) {
+    char piece[4096];
+    while (text.size() <= mostHandedOver) {
+        const auto got = recv(socket, piece, sizeof piece, 0);
+        if (got < 0 && errno == EINTR) continue;
+        if (got < 0) return false;
+        if (got == 0) return true;
+        text.append(piece, static_cast<std::size_t>(got));
+    }
+    return false;
+}
+
+bool sendAll(int socket, std::string_view text) {
+    while (!text.empty()) {
+        const auto sent = send(socket, text.data(), text.size(), MSG_NOSIGNAL);
+        if (sent < 0 && errno == EINTR) continue;
+        if (sent <= 0) return false;
+        text.remove_prefix(static_cast<std::size_t>(sent));
+    }
+    return true;
+}
+
+void takeOne(const UniqueFd& start, const OtherStarts::Taken& taken) {
+    waitAtMost(start.get());
+    std::string command;
+    if (!isOfThisUser(start.get()) || !readToEnd(start.get(), command)) return;
+    taken(command);
+    sendAll(start.get(), isTaken);
+}
+
+}  // namespace
+
+void LinuxOtherStarts::stopListening() {
+    if (!listener_.joinable()) return;
+    eventfd_write(end_.get(), 1);
+    listener_.join();
+    socket_.reset();
+}
+
+void LinuxOtherStarts::release() {
+    stopListening();
+    watched_.reset();
+}
+
+bool LinuxOtherStarts::holdFolder() {
+    watched_.reset(open(folder_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!watched_.isOpen()) return true;
+    // A filesystem without locks can't tell of others.
+    return flock(watched_.get(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+}
+
+bool LinuxOtherStarts::listen(Taken taken) {
+    const Address address = addressOf(folder_);
+    UniqueFd socket = openSocket();
+    const bool isFirst =
+        socket.isOpen() &&
+        bind(socket.get(), reinterpret_cast<const sockaddr*>(&address.name), address.size) == 0 &&
+        ::listen(socket.get(), SOMAXCONN) == 0;
+    if (!isFirst) return false;
+    end_.reset(eventfd(0, EFD_CLOEXEC));
+    if (!end_.isOpen()) return false;
+    socket_ = std::move(socket);
+    listener_ = std::thread([this, taken = std::move(taken)] { takeStarts(taken); });
+    return true;
+}
+
+void LinuxOtherStarts::takeStarts(const Taken& taken) const {
+    pollfd waiting[] = {{.fd = socket_.get(), .events = POLLIN, .revents = 0},
+                        {.fd = end_.get(), .events = POLLIN, .revents = 0}};
+    while (true) {
+        if (poll(waiting, 2, -1) < 0 && errno != EINTR) return;
+        if (waiting[1].revents != 0) return;
+        if ((waiting[0].revents & POLLIN) == 0) continue;
+        const UniqueFd start(accept4(socket_.get(), nullptr, nullptr, SOCK_CLOEXEC));
+        if (start.isOpen()) takeOne(start, taken);
+    }
+}
+
+bool LinuxOtherStarts::handOver(const std::string& command) {
+    const Address address = addressOf(folder_);
+    const UniqueFd socket = openSocket();
+    if (!socket.isOpen()) return false;
+    waitAtMost(socket.get());
+    if (connect(socket.get(), reinterpret_cast<const sockaddr*>(&address.name), address.size) != 0)
+        return false;
+    std::string answer;
+    return isOfThisUser(socket.get()) && sendAll(socket.get(), command) &&
+           shutdown(socket.get(), SHUT_WR) == 0 && readToEnd(socket.get(), answer) &&
+           answer == isTaken;
+}
+
+}  // namespace velmora::linuxhost

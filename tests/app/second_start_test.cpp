@@ -1,0 +1,120 @@
+// Later starts: what is handed over to a program that runs, and what it does with it.
+#include <gtest/gtest.h>
+
+#include "app/core.h"
+#include "app/single_start.h"
+#include "console_session.h"
+#include "fake/fake_surface.h"
+#include "rows/listed_file.h"
+
+namespace velmora::tests {
+namespace {
+
+struct SecondStartTest : testing::Test {
+    SecondStartTest() {
+        machine.drives["C:"] = {50e9, 100e9};
+        machine.files["C:\\Program Files\\Velmora\\set.dat"] = prcEn("txtTime=60\r\n") + "\r\n";
+        core.load();
+        surface.user32.calls.clear();
+    }
+    bool isInFront(const std::string& form) {
+        return surface.user32.countOf("SetForegroundWindow " + form) == 1;
+    }
+    std::vector<std::string> listed() {
+        std::vector<std::string> paths;
+        for (int i = 1; i <= forms.form1.LVFile.Count(); ++i) {
+            paths.push_back(ConstListedFile(forms.form1.LVFile.ListItems(i)).path());
+        }
+        return paths;
+    }
+
+    fake::FakeMachine machine;
+    fake::FakeSurface surface;
+    Forms forms;
+    Core core{forms, machine.platform(), surface.all()};
+};
+
+TEST_F(SecondStartTest, ItsPathsJoinTheListAndTheWindowComesToTheFront) {
+    forms.form1.Hide();
+    forms.form1.mnuHide.setChecked(true);
+    core.secondStart().take("\"C:\\a.log\" \"C:\\b.log\"");
+    EXPECT_EQ(listed(), (std::vector<std::string>{"C:\\a.log", "C:\\b.log"}));
+    EXPECT_TRUE(forms.form1.Visible());
+    EXPECT_FALSE(forms.form1.mnuHide.Checked());
+    EXPECT_TRUE(isInFront("Form1"));
+    core.secondStart().take("\"C:\\c.log\"");
+    EXPECT_EQ(listed().size(), 3u) << "those of the start before aren't added again";
+}
+
+TEST_F(SecondStartTest, AMinimisedWindowIsRestored) {
+    forms.form1.setState(WindowState::minimised);
+    core.secondStart().take("");
+    EXPECT_EQ(forms.form1.State(), WindowState::normal);
+    EXPECT_TRUE(listed().empty());
+}
+
+TEST_F(SecondStartTest, WhileItIsLockedTheLockComesToTheFront) {
+    forms.globals.bLocked = true;
+    forms.form1.Hide();
+    core.secondStart().take("\"C:\\a.log\"");
+    EXPECT_FALSE(forms.form1.Visible());
+    EXPECT_TRUE(forms.frmLock.Visible());
+    EXPECT_TRUE(isInFront("frmLock"));
+    EXPECT_EQ(listed().size(), 1u);
+}
+
+struct SingleStart : testing::Test {
+    bool handedOver() {
+        machine.platform().app.Command = "\"C:\\a\"";
+        return isHandedOver(machine.platform(),
+                            [this](const std::string& command) { taken.push_back(command); });
+    }
+    fake::FakeMachine machine;
+    std::vector<std::string> taken;
+};
+
+TEST_F(SingleStart, TheFirstStartTakesThoseAfterIt) {
+    machine.platform().app.Options.single = true;
+    EXPECT_FALSE(handedOver());
+    EXPECT_TRUE(machine.otherStarts.start("later"));
+    EXPECT_EQ(taken, std::vector<std::string>{"later"});
+}
+
+TEST_F(SingleStart, ASecondOneIsHandedOver) {
+    machine.platform().app.Options.single = true;
+    machine.otherStarts.answers = true;
+    EXPECT_TRUE(handedOver());
+    EXPECT_EQ(machine.otherStarts.handedOver, std::vector<std::string>{"\"C:\\a\""});
+    EXPECT_FALSE(machine.otherStarts.start("later")) << "it listens no more";
+}
+
+TEST_F(SingleStart, StartedPlainlyItIsAProgramOfItsOwn) {
+    machine.otherStarts.answers = true;
+    EXPECT_FALSE(handedOver());
+    EXPECT_TRUE(machine.otherStarts.handedOver.empty());
+}
+
+TEST_F(SingleStart, AProgramThatDoesNotAnswerKeepsNobodyFromStarting) {
+    machine.platform().app.Options.single = true;
+    machine.otherStarts.isTakenByAnother = true;
+    EXPECT_FALSE(handedOver());
+}
+
+struct SecondWatch : testing::Test, ConsoleSession {
+    std::string errorsOf(const std::string& input) {
+        testing::internal::CaptureStderr();
+        run(input);
+        return testing::internal::GetCapturedStderr();
+    }
+};
+
+TEST_F(SecondWatch, TheConsoleTellsOfAnother) {
+    EXPECT_EQ(errorsOf("get txtAmt\n"), "");
+    machine.otherStarts.isFolderFree = false;
+    EXPECT_EQ(errorsOf("get txtAmt\n"),
+              "Another watch runs on this folder: C:\\Program Files\\Velmora\n");
+    EXPECT_EQ(status, 0);
+}
+
+}  // namespace
+}  // namespace velmora::tests
