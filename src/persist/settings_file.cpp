@@ -45,8 +45,8 @@ void SettingsFile::write() {
     const std::string& path = forms_.globals.strSettings;
     const auto store = [&] {
         attempt("save the settings", path, [&] {
-            platform_.files.writeOver(path, text,
-                                      {.reservesRoom = platform_.app.Options.keepRunning});
+            platform_.files.writeOver(
+                path, text, {.reservesRoom = platform_.app.Options.keepRunning, .isPrivate = true});
         });
     };
     try {

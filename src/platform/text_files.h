@@ -11,6 +11,7 @@ namespace velmora {
 struct Overwriting {
     bool reservesRoom = false;  ///< takes the room before the first byte: a full disk leaves the
                                 ///< old content whole
+    bool isPrivate = false;  ///< nobody but the user may read it; on Windows one that is made anew
 };
 
 /// Blank lines of so many bytes; a reader of fields passes over them.

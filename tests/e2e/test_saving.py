@@ -118,6 +118,12 @@ class Native(Saving, OwnNative, ConsoleCase):
         self.assertNotIn(b"\0", content)
         self.assertIn(whole_lines(content), self.allowed)
 
+    def test_saved_settings_are_the_users_alone(self):
+        self.put_settings(START)
+        self.settings.chmod(0o644)
+        self.saved_again(*SHORT)
+        self.assertEqual(self.settings.stat().st_mode & 0o7777, 0o600)
+
     def test_the_console_tells_of_another_watch_on_its_folder(self):
         self.put_settings(START)
         self.launch()

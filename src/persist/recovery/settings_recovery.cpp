@@ -35,8 +35,9 @@ std::string SettingsRecovery::restore(const PathConversion& toHostPath) {
     const std::string file = toHostPath(path());
     if (!copy) return "There is no other good copy of the settings: " + file;
     const std::string kept = old ? copies_.keepReplaced(path(), *old) : std::string{};
-    attempt("put the settings back", path(),
-            [&] { platform_.files.writeOver(path(), copy->content, {.reservesRoom = true}); });
+    attempt("put the settings back", path(), [&] {
+        platform_.files.writeOver(path(), copy->content, {.reservesRoom = true, .isPrivate = true});
+    });
     std::string done = "Settings were put back: " + file + ", from " + copy->place + ".";
     if (!kept.empty()) done += " What they replace lies in " + kept + ".";
     return done;

@@ -19,6 +19,9 @@ namespace velmora::linuxhost {
 
 namespace {
 
+constexpr mode_t othersRights = S_IRWXG | S_IRWXO;
+constexpr mode_t ownRights = S_IRUSR | S_IWUSR;
+
 std::string paddedTo(std::size_t size, std::string_view content) {
     std::string padded(content);
     if (content.size() < size) padded += blankLines(size - content.size());
@@ -27,9 +30,10 @@ std::string paddedTo(std::size_t size, std::string_view content) {
 
 class OpenFile {
   public:
-    OpenFile(const std::string& path, int flags)
+    /// `mode` is for a file that is made.
+    OpenFile(const std::string& path, int flags, mode_t mode = 0666)
         // A pipe whose other end isn't open must not keep the program waiting.
-        : fd_(open(path.c_str(), flags | O_CLOEXEC | O_NOCTTY | O_NONBLOCK, 0666)),
+        : fd_(open(path.c_str(), flags | O_CLOEXEC | O_NOCTTY | O_NONBLOCK, mode)),
           failure_(fd_.isOpen() && fstat(fd_.get(), &status_) == 0 ? 0 : errno) {}
 
     /// Why it couldn't be opened, as errno; 0 when it was.
@@ -74,6 +78,14 @@ class OpenFile {
         const std::size_t written = padded.size() - rest.size();
         const int cutFailure = cutTo(static_cast<off_t>(std::min(written, content.size())));
         return failure != 0 ? failure : cutFailure;
+    }
+
+    /// Takes the rights of all others away. On a filesystem without rights, and on another user's
+    /// file, they stay.
+    void makePrivate() const {
+        const bool isOpenToOthers = (status_.st_mode & othersRights) != 0;
+        if (isRegular() && isOpenToOthers && status_.st_uid == geteuid())
+            static_cast<void>(fchmod(fd_.get(), status_.st_mode & ownRights));
     }
 
     /// Keeps other programs from the file until it is closed; 0, or the errno.
@@ -169,8 +181,9 @@ std::string LinuxTextFiles::readAll(const std::string& path) {
 }
 
 void LinuxTextFiles::writeOver(const std::string& path, std::string_view content, Overwriting how) {
-    OpenFile file(hostPathOrError(path), O_WRONLY | O_CREAT);
+    OpenFile file(hostPathOrError(path), O_WRONLY | O_CREAT, how.isPrivate ? 0600 : 0666);
     file.orError();
+    if (how.isPrivate) file.makePrivate();
     int failure = file.lock(LockKind::exclusive);
     if (failure == 0 && how.reservesRoom) failure = file.reserve(content.size());
     if (failure == 0) failure = file.writeOver(content);

@@ -12,6 +12,7 @@
 #include "base/text.h"
 #include "platform/windows/entries/entry_facts.h"
 #include "platform/windows/removal/removal.h"
+#include "platform/windows/system/private_security.h"
 #include "platform/windows/system/system_errors.h"
 #include "platform/windows/system/unique_handle.h"
 #include "platform/windows/system/utf16.h"
@@ -138,10 +139,10 @@ constexpr auto longestWait = 2s;
 constexpr auto pause = 5ms;
 
 // The same, waiting for a program that writes over the file now.
-UniqueHandle openInTurn(const std::wstring& path) {
+UniqueHandle openInTurn(const std::wstring& path, SECURITY_ATTRIBUTES* whenMade) {
     const auto end = std::chrono::steady_clock::now() + longestWait;
     while (true) {
-        UniqueHandle handle(CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+        UniqueHandle handle(CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, whenMade,
                                         OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
         if (handle.isOpen()) return handle;
         const DWORD failure = GetLastError();
@@ -189,7 +190,9 @@ std::string WindowsTextFiles::readAll(const std::string& path) {
 
 void WindowsTextFiles::writeOver(const std::string& path, std::string_view content,
                                  Overwriting how) {
-    OpenFile file(openInTurn(systemPathOrError(path)));
+    PrivateSecurity security;
+    const bool isPrivate = how.isPrivate && security.failure() == ERROR_SUCCESS;
+    OpenFile file(openInTurn(systemPathOrError(path), isPrivate ? security.attributes() : nullptr));
     file.lock();
     const LARGE_INTEGER oldEnd = file.goToEnd();
     DWORD failure = how.reservesRoom ? file.growTo(content.size(), oldEnd) : ERROR_SUCCESS;

@@ -94,6 +94,21 @@ TEST_F(LinuxTextFilesTest, AWriterThatNeverEndsKeepsNobodyForEver) {
     EXPECT_EQ(files_.readAll(drivePath(path)), "old");
 }
 
+TEST_F(LinuxTextFilesTest, WhatIsPrivateIsReadByTheUserAlone) {
+    const auto modeOf = [](const std::string& path) {
+        struct stat status {};
+        return stat(path.c_str(), &status) == 0 ? status.st_mode & 07777 : 0;
+    };
+    const mode_t before = umask(022);
+    files_.writeOver(drivePath(folder_ / "new"), "x", {.isPrivate = true});
+    files_.writeOver(drivePath(folder_ / "open"), "x");
+    umask(before);
+    EXPECT_EQ(modeOf(folder_ / "new"), 0600u);
+    EXPECT_EQ(modeOf(folder_ / "open"), 0644u);
+    files_.writeOver(drivePath(folder_ / "open"), "y", {.isPrivate = true});
+    EXPECT_EQ(modeOf(folder_ / "open"), 0600u);
+}
+
 TEST_F(LinuxTextFilesTest, AFileThatMayNotBeWrittenIsError70) {
     if (geteuid() == 0) GTEST_SKIP() << "root may write every file";
     std::ofstream(folder_ / "log") << "x";

@@ -9,6 +9,7 @@
 #include <set>
 #include <string>
 
+#include "platform/windows/files/windows_text_files.h"
 #include "platform/windows/support/environment.h"
 #include "platform/windows/support/scratch_tree.h"
 
@@ -17,6 +18,7 @@ namespace {
 
 using velmora::windows::Environment;
 using velmora::windows::ScratchFolder;
+using velmora::windows::WindowsTextFiles;
 using velmora::windows::WindowsUserState;
 
 std::wstring textOfSid(PSID sid) {
@@ -155,6 +157,19 @@ TEST_F(WindowsUserStateTest, AFolderThatWentIsMadeAgain) {
     EXPECT_EQ(state_.read("place"), std::nullopt);
     EXPECT_TRUE(state_.write("place", "y"));
     EXPECT_EQ(state_.read("place"), "y");
+}
+
+// The settings hold a password.
+TEST(PrivateFile, OneThatIsMadeAnewIsTheUsersOwnAndOneThatIsThereKeepsItsRights) {
+    const ScratchFolder folder;
+    WindowsTextFiles files;
+    files.writeOver(folder / "new", "x", {.isPrivate = true});
+    EXPECT_EQ(whoMay(folder / "new"), (std::set<std::wstring>{ownSid(), L"S-1-5-18"}));
+    files.writeOver(folder / "old", "x");
+    openToEverybody(folder / "old");
+    files.writeOver(folder / "old", "y", {.isPrivate = true});
+    EXPECT_EQ(whoMay(folder / "old").count(L"S-1-1-0"), 1u);
+    EXPECT_EQ(files.readAll(folder / "new") + files.readAll(folder / "old"), "xy");
 }
 
 }  // namespace
