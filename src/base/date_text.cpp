@@ -100,7 +100,10 @@ bool readDatePart(Cursor& cursor, DateOrder order, std::string_view mark, DateTi
 
 /// The time, with nothing after it.
 bool readTimePart(Cursor& cursor, const Regional& regional, DateTime& value) {
-    const auto between = [&] { return cursor.mark(regional.timeSeparator) || cursor.mark(":"); };
+    // Settings may have been saved where times are written in the other way.
+    const auto between = [&] {
+        return cursor.mark(regional.timeSeparator) || cursor.mark(":") || cursor.mark(".");
+    };
     if (!cursor.number(1, 2, value.hour) || !between() || !cursor.number(2, 2, value.minute))
         return false;
     if (between() && !cursor.number(2, 2, value.second)) return false;

@@ -122,5 +122,23 @@ TEST(ReadDate, RefusesOtherText) {
         EXPECT_FALSE(readDate(text, unitedStates)) << text;
 }
 
+TEST(ReadDate, TimesOfOtherCountriesAreReadInEachForm) {
+    for (const char* separator : {":", ".", "-"}) {
+        Regional regional;
+        regional.timeSeparator = separator;
+        for (const char* text : {"13.05.09", "13:05:09"}) {
+            const auto value = readDate(text, regional);
+            ASSERT_TRUE(value) << separator << text;
+            EXPECT_EQ(value->hour, 13);
+            EXPECT_EQ(value->minute, 5);
+            EXPECT_EQ(value->second, 9);
+        }
+        EXPECT_TRUE(readDate("1.05.09 PM", regional)) << separator;
+        for (const char* text : {"0.5", "25.00.00", "1.2.3", "12."}) {
+            EXPECT_FALSE(readDate(text, regional)) << separator << text;
+        }
+    }
+}
+
 }  // namespace
 }  // namespace velmora

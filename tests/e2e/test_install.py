@@ -11,6 +11,7 @@ import unittest
 
 import window
 
+ROOT = pathlib.Path(__file__).parents[2]
 SIZES = (16, 20, 24, 32, 40, 48, 64, 128, 256)
 
 
@@ -63,6 +64,24 @@ class Installed:
         self.install()
         self.assertEqual((self.folder / "set.dat").read_bytes(), b"saved")
         self.assertTrue((self.folder / "velmora.html").exists())
+
+
+class BuildTree(unittest.TestCase):
+    def test_settings_that_were_deleted_come_back_with_the_next_build(self):
+        build = os.environ.get("VELMORA_BUILD")
+        if not build:
+            self.skipTest("VELMORA_BUILD is not set")
+        settings = pathlib.Path(build, "src/app/set.dat")
+        kept = settings.read_bytes() if settings.exists() else None
+        if kept is not None:
+            self.addCleanup(settings.write_bytes, kept)
+        make = ["cmake", "--build", build, "--target", "velmora_settings"]
+        settings.unlink(missing_ok=True)
+        subprocess.run(make, check=True, stdout=subprocess.DEVNULL)
+        self.assertEqual(settings.read_bytes(), (ROOT / "dist/set.dat").read_bytes())
+        settings.write_bytes(b"saved")
+        subprocess.run(make, check=True, stdout=subprocess.DEVNULL)
+        self.assertEqual(settings.read_bytes(), b"saved")
 
 
 class Native(Installed, unittest.TestCase):

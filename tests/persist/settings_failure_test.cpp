@@ -58,6 +58,19 @@ TEST_F(SettingsFailureTest, AFullDiskLeavesTheFileOfOneThatKeepsRunning) {
     EXPECT_EQ(content(), fileOf({"txtTime=60"}));
 }
 
+TEST_F(SettingsFailureTest, TimesOfAnotherCountryDontEndTheStart) {
+    for (const char* separator : {":", "."}) {
+        SettingsRig rig;
+        rig.machine.platform().regional.timeSeparator = separator;
+        EXPECT_EQ(
+            rig.read({"custtimebegin=12.30.00", "custtimeend=18:45:10", "notDTPicker1=7.05.09"}),
+            0);
+        EXPECT_EQ(rig.form1.DTTime1[0].Hour(), 12);
+        EXPECT_EQ(rig.form1.DTTime1[1].Minute(), 45);
+        EXPECT_EQ(rig.notify.DTPicker1.Second(), 9);
+    }
+}
+
 // What follows the content until the file is cut.
 TEST_F(SettingsFailureTest, BlankLinesBehindTheContentSayNothing) {
     for (std::size_t size = 0; size < 6; ++size) {
