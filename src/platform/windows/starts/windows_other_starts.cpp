@@ -26,14 +26,54 @@ std::wstring ofThisSession(const std::wstring& name) {
     return name + L"-" + std::to_wstring(session) + L"-" + user;
 }
 
+// One call on the pipe that may take its time.
+class PipeCall {
+  public:
+    explicit PipeCall(HANDLE pipe)
+        : pipe_(pipe), done_(CreateEventW(nullptr, TRUE, FALSE, nullptr)) {
+        call_.hEvent = done_.get();
+    }
+    PipeCall(const PipeCall&) = delete;
+    PipeCall& operator=(const PipeCall&) = delete;
+
+    OVERLAPPED* call() { return &call_; }
+
+    /// Waits for the end of a call whose result is `begun`; `end` or the time gives it up.
+    bool finished(BOOL begun, HANDLE end, DWORD milliseconds) {
+        if (!begun && GetLastError() == ERROR_PIPE_CONNECTED) return true;
+        if (!begun && GetLastError() != ERROR_IO_PENDING) return false;
+        const HANDLE either[] = {done_.get(), end};
+        if (WaitForMultipleObjects(2, either, FALSE, milliseconds) != WAIT_OBJECT_0)
+            CancelIo(pipe_);
+        return GetOverlappedResult(pipe_, &call_, &count_, TRUE) != FALSE;
+    }
+    DWORD count() const { return count_; }
+
+  private:
+    HANDLE pipe_;
+    UniqueHandle done_;
+    OVERLAPPED call_{};
+    DWORD count_ = 0;
+};
+
 // One message, of any length up to the most that is handed over.
-bool readMessage(HANDLE pipe, std::string& text) {
+bool readMessage(HANDLE pipe, HANDLE end, std::string& text) {
     text.resize(mostHandedOver);
-    DWORD got = 0;
-    const bool isRead =
-        ReadFile(pipe, text.data(), static_cast<DWORD>(text.size()), &got, nullptr) != FALSE;
-    text.resize(isRead ? got : 0);
+    PipeCall call(pipe);
+    const BOOL begun =
+        ReadFile(pipe, text.data(), static_cast<DWORD>(text.size()), nullptr, call.call());
+    const bool isRead = call.finished(begun, end, patience);
+    text.resize(isRead ? call.count() : 0);
     return isRead;
+}
+
+void answer(HANDLE pipe, HANDLE end) {
+    PipeCall call(pipe);
+    const BOOL begun =
+        WriteFile(pipe, isTaken.data(), static_cast<DWORD>(isTaken.size()), nullptr, call.call());
+    std::string rest;
+    // What isn't read yet would be lost with the connection: the other end closes it.
+    if (call.finished(begun, end, patience)) readMessage(pipe, end, rest);
 }
 
 }  // namespace
@@ -44,14 +84,11 @@ WindowsOtherStarts::WindowsOtherStarts(const std::string& folder) {
     pipeName_ = ofThisSession(L"\\\\.\\pipe\\velmora-" + sum);
 }
 
-// The listener waits in a call that only a client ends.
 void WindowsOtherStarts::stopListening() {
     if (!listener_.joinable()) return;
-    isEnding_ = true;
-    handOver(".");
+    SetEvent(end_.get());
     listener_.join();
     pipe_.reset();
-    isEnding_ = false;
 }
 
 void WindowsOtherStarts::release() {
@@ -63,35 +100,37 @@ bool WindowsOtherStarts::holdFolder() {
     watched_.reset(CreateMutexW(nullptr, FALSE, mutexName_.c_str()));
     const DWORD failure = GetLastError();
     // One of another user may not be opened.
-    return failure != ERROR_ALREADY_EXISTS && failure != ERROR_ACCESS_DENIED;
+    const bool isHeld = failure == ERROR_ALREADY_EXISTS || failure == ERROR_ACCESS_DENIED;
+    // It is there as long as anybody has it open.
+    if (isHeld) watched_.reset();
+    return !isHeld;
 }
 
 bool WindowsOtherStarts::listen(Taken taken) {
     PrivateSecurity security;
     if (security.failure() != ERROR_SUCCESS) return false;
     pipe_.reset(CreateNamedPipeW(
-        pipeName_.c_str(), PIPE_ACCESS_DUPLEX | FILE_FLAG_FIRST_PIPE_INSTANCE,
+        pipeName_.c_str(),
+        PIPE_ACCESS_DUPLEX | FILE_FLAG_FIRST_PIPE_INSTANCE | FILE_FLAG_OVERLAPPED,
         PIPE_TYPE_MESSAGE | PIPE_READMODE_MESSAGE | PIPE_WAIT | PIPE_REJECT_REMOTE_CLIENTS, 1, 4096,
         4096, patience, security.attributes()));
-    if (!pipe_.isOpen()) return false;
+    end_.reset(CreateEventW(nullptr, TRUE, FALSE, nullptr));
+    if (!pipe_.isOpen() || !end_.isOpen()) return false;
     listener_ = std::thread([this, taken = std::move(taken)] { takeStarts(taken); });
     return true;
 }
 
 void WindowsOtherStarts::takeStarts(const Taken& taken) {
-    while (!isEnding_) {
-        const bool isConnected =
-            ConnectNamedPipe(pipe_.get(), nullptr) || GetLastError() == ERROR_PIPE_CONNECTED;
+    while (WaitForSingleObject(end_.get(), 0) == WAIT_TIMEOUT) {
+        PipeCall call(pipe_.get());
+        const BOOL begun = ConnectNamedPipe(pipe_.get(), call.call());
         std::string command;
-        if (isConnected && readMessage(pipe_.get(), command)) {
-            if (!isEnding_) taken(command);
-            DWORD written = 0;
-            WriteFile(pipe_.get(), isTaken.data(), static_cast<DWORD>(isTaken.size()), &written,
-                      nullptr);
-            FlushFileBuffers(pipe_.get());
+        if (call.finished(begun, end_.get(), INFINITE) &&
+            readMessage(pipe_.get(), end_.get(), command)) {
+            taken(command);
+            answer(pipe_.get(), end_.get());
         }
         DisconnectNamedPipe(pipe_.get());
-        if (!isConnected) return;
     }
 }
 

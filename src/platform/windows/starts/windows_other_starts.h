@@ -2,7 +2,6 @@
 // command lines of later starts.
 #pragma once
 
-#include <atomic>
 #include <string>
 #include <thread>
 
@@ -32,7 +31,7 @@ class WindowsOtherStarts final : public OtherStarts {
     std::wstring pipeName_;
     UniqueHandle watched_;
     UniqueHandle pipe_;
-    std::atomic<bool> isEnding_ = false;
+    UniqueHandle end_;  // set once the listening is to end
     std::thread listener_;
 };
 
