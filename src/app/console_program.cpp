@@ -5,7 +5,6 @@
 
 #include "app/core.h"
 #include "app/start.h"
-#include "base/text.h"
 #include "console/commands.h"
 #include "console/console_host.h"
 #include "console/console_notify_area.h"
@@ -52,16 +51,6 @@ void obey(std::istream& input, console::Output& output, console::Commands& comma
     output.flush();
 }
 
-// What a start that failed leaves to say, after its box.
-void noteFailure(Core& core, Machine& machine, Host& host) {
-    const auto why = whySettingsFailed(core, machine);
-    if (!why) return;
-    for (const std::string& line : split(*why, lineEnd)) host.Note(line);
-    if (core.persist().recovery().hasCopy()) {
-        host.Note("Start with --restore-settings to put them back.");
-    }
-}
-
 // A start that fails ends the program, also one that is to keep running: there is nothing yet that
 // could go on.
 void start(Core& core, Machine& machine, console::ConsoleHost& host) {
@@ -72,7 +61,7 @@ void start(Core& core, Machine& machine, console::ConsoleHost& host) {
     try {
         host.guarded([&] { startProgram(core, machine, host); });
     } catch (const ProgramEnd&) {
-        noteFailure(core, machine, host);
+        noteSettingsFailure(core, machine, [&host](const std::string& line) { host.Note(line); });
         throw;
     }
     if (!machine.platform().app.Options.keepRunning) return;

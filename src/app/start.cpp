@@ -1,5 +1,7 @@
 #include "app/start.h"
 
+#include "base/text.h"
+
 namespace velmora {
 
 namespace {
@@ -30,6 +32,16 @@ std::optional<std::string> whySettingsFailed(Core& core, Machine& machine) {
     const auto& fault = core.persist().settingsFile().fault();
     if (!fault) return std::nullopt;
     return core.persist().recovery().explain(*fault, hostPathsOf(machine));
+}
+
+void noteSettingsFailure(Core& core, Machine& machine,
+                         const std::function<void(const std::string& line)>& note) {
+    const auto why = whySettingsFailed(core, machine);
+    if (!why) return;
+    for (const std::string& line : split(*why, lineEnd)) note(line);
+    if (core.persist().recovery().hasCopy()) {
+        note("Start with --restore-settings to put them back.");
+    }
 }
 
 }  // namespace velmora

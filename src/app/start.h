@@ -1,6 +1,7 @@
 // The start of the program with its settings, and the way back from settings that end it.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -19,5 +20,9 @@ std::string restoreSettings(Core& core, Machine& machine);
 /// After a start that failed: what a user has to know about the settings, in lines; nothing when
 /// they were not the reason.
 std::optional<std::string> whySettingsFailed(Core& core, Machine& machine);
+
+/// Says the same line by line, with the option that helps where there is a good copy.
+void noteSettingsFailure(Core& core, Machine& machine,
+                         const std::function<void(const std::string& line)>& note);
 
 }  // namespace velmora

@@ -1,5 +1,7 @@
 #include "app/window_program.h"
 
+#include <iostream>
+
 #include "app/start.h"
 
 namespace velmora {
@@ -62,6 +64,8 @@ void WindowProgram::start() {
         startProgram(core_, machine_, host_);
     } catch (const std::exception&) {
         host_.MsgBox(runTimeErrorBox());
+        noteSettingsFailure(core_, machine_,
+                            [](const std::string& line) { std::cerr << line << '\n'; });
         offerSettings();
         throw ProgramEnd{1};
     }

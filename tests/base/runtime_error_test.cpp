@@ -103,5 +103,25 @@ TEST(CurrentRuntimeError, IsFiveWithTheClassicWordsForSomethingThatHasNone) {
     EXPECT_EQ(failure.description(), "Invalid procedure call or argument");
 }
 
+TEST(RuntimeErrorAttempt, TheStepNearestToTheErrorSaysWhatWasTried) {
+    try {
+        attempt("save all", "C:\\outer", [] {
+            attempt("save one", "C:\\inner", [] { throw RuntimeError(error::diskFull); });
+        });
+        FAIL();
+    } catch (RuntimeError& failure) {
+        failure.noteHandler("a button");
+        failure.noteHandler("a timer");
+        EXPECT_EQ(failure.tried(), "save one");
+        EXPECT_EQ(failure.file(), "C:\\inner");
+        EXPECT_EQ(failure.handler(), "a button");
+        EXPECT_EQ(failure.number(), error::diskFull);
+    }
+}
+
+TEST(RuntimeErrorAttempt, AStepThatSucceedsGivesItsResult) {
+    EXPECT_EQ(attempt("count", "", [] { return 3; }), 3);
+}
+
 }  // namespace
 }  // namespace velmora

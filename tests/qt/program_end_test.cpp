@@ -38,7 +38,10 @@ TEST_F(ProgramEndTest, TheLastGoodSettingsArePutBackByAButton) {
     const std::string good = machine.files[settingsPath];
     program.reset();
     boxes.answers = {QMessageBox::Ok, QMessageBox::Yes};
+    testing::internal::CaptureStderr();
     EXPECT_EQ(runUntilEnded([this] { start(""); }), 1);
+    const std::string errors = testing::internal::GetCapturedStderr();
+    EXPECT_NE(errors.find("Start with --restore-settings to put them back.\n"), errors.npos);
     ASSERT_EQ(boxes.seen.size(), 2u);
     EXPECT_TRUE(boxes.seen[1].text.ends_with("Put them back and start again?"));
     EXPECT_EQ(machine.files[settingsPath], good);
