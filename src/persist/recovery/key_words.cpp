@@ -12,7 +12,7 @@ namespace velmora {
 
 namespace {
 
-constexpr KeyWords known[] = {
+constexpr KeyWords wordsOfKeys[] = {
     {"chkUpdate=", "chkUpdate", "Automatically Check for updates"},
     {"updateauto=", "chkUpdate", "Automatically Check for updates"},
     {"chkStartUp=", "chkStartUp", "Run on Start Up"},
@@ -75,9 +75,10 @@ std::string decoded(const std::string& line) {
 }  // namespace
 
 KeyWords wordsOf(std::string_view key) {
-    const auto* found = std::find_if(std::begin(known), std::end(known),
+    const auto* found = std::find_if(std::begin(wordsOfKeys), std::end(wordsOfKeys),
                                      [key](const KeyWords& each) { return each.key == key; });
-    return found != std::end(known) ? *found : KeyWords{.key = key, .field = key, .words = key};
+    return found != std::end(wordsOfKeys) ? *found
+                                          : KeyWords{.key = key, .field = key, .words = key};
 }
 
 std::string keyOfLineAt(std::string_view content, std::size_t place) {

@@ -16,15 +16,15 @@ namespace {
 
 using Values = std::vector<std::string>;
 
-constexpr std::string_view recipients = "notcboEmail=";
-constexpr std::string_view interval = "custtimeDTPI=";
-constexpr std::string_view seconds = "txtTime=";  // the same, as it is read
-constexpr std::string_view secondSound = "txtAudio1=";
+constexpr std::string_view recipientsKey = "notcboEmail=";
+constexpr std::string_view intervalKey = "custtimeDTPI=";
+constexpr std::string_view secondsKey = "txtTime=";  // the same, as it is read
+constexpr std::string_view secondSoundKey = "txtAudio1=";
 
 // The entries of a list that is written as one line.
 Values entriesOf(const SettingsKey& key, const FrmNotify& form) {
     Values entries;
-    if (key.key == recipients) {
+    if (key.key == recipientsKey) {
         for (int i = 0; i < form.cboNotEmail.ListCount(); ++i) {
             entries.push_back(form.cboNotEmail.List(i));
         }
@@ -66,13 +66,13 @@ bool endsInBlank(const Values& values) {
 }
 
 std::string adviceFor(const SettingsKey& key, const Values& values) {
-    if (key.key == interval || key.key == seconds) {
+    if (key.key == intervalKey || key.key == secondsKey) {
         return "Kept are 10 to 59 seconds, whole minutes up to 59 and whole hours, saved by hand "
                "once the countdown has begun anew.";
     }
-    if (key.key == secondSound) return "It is the system's chimes after each start.";
+    if (key.key == secondSoundKey) return "It is the system's chimes after each start.";
     if (key.line == SettingsLine::run && values.size() > 1) {
-        return key.key == recipients ? "Keep one address." : "Tick one entry at most.";
+        return key.key == recipientsKey ? "Keep one address." : "Tick one entry at most.";
     }
     if (anyHolds(values, "+")) return "Take \"+\" out of it.";
     if (anyHolds(values, "\t")) return "Take the tab out of it.";
@@ -111,13 +111,13 @@ SettingsHint faultHint(std::string_view content, std::size_t place, const Settin
 
 bool isCompared(const SettingsKey& key) {
     // Ticks of the watch list never come back; whether a sound exists is for the start to ask.
-    return key.key != "path=" && key.key != "txtAudio0=" && key.key != secondSound &&
-           key.key != seconds;
+    return key.key != "path=" && key.key != "txtAudio0=" && key.key != secondSoundKey &&
+           key.key != secondsKey;
 }
 
 bool isLostSound(const SettingsKey& key, const Values& values) {
     constexpr const char* chimes = "\\media\\chimes.wav";
-    return key.key == secondSound && !values[0].empty() && !values[0].ends_with(chimes);
+    return key.key == secondSoundKey && !values[0].empty() && !values[0].ends_with(chimes);
 }
 
 // The check that follows the reading: error 13 without an interval.

@@ -20,7 +20,7 @@ namespace velmora::linuxhost {
 namespace {
 
 constexpr timeval patience{.tv_sec = 2, .tv_usec = 0};
-constexpr std::string_view isTaken = "taken";
+constexpr std::string_view takenAnswer = "taken";
 
 struct Address {
     sockaddr_un name{};
@@ -82,7 +82,7 @@ void takeOne(const UniqueFd& start, const OtherStarts::Taken& taken) {
     std::string command;
     if (!isOfThisUser(start.get()) || !readToEnd(start.get(), command)) return;
     taken(command);
-    sendAll(start.get(), isTaken);
+    sendAll(start.get(), takenAnswer);
 }
 
 }  // namespace
@@ -143,7 +143,7 @@ bool LinuxOtherStarts::handOver(const std::string& command) {
     std::string answer;
     return isOfThisUser(socket.get()) && sendAll(socket.get(), command) &&
            shutdown(socket.get(), SHUT_WR) == 0 && readToEnd(socket.get(), answer) &&
-           answer == isTaken;
+           answer == takenAnswer;
 }
 
 }  // namespace velmora::linuxhost
