@@ -17,7 +17,8 @@ class HostFiles final : public velmora::TextFiles {
         if (!stream) throw velmora::RuntimeError(velmora::error::fileNotFound);
         return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
     }
-    void writeOver(const std::string& path, std::string_view content) override {
+    void writeOver(const std::string& path, std::string_view content,
+                   velmora::Overwriting) override {
         std::ofstream stream(path, std::ios::binary);
         stream.write(content.data(), static_cast<std::streamsize>(content.size()));
     }
