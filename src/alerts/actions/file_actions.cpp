@@ -89,7 +89,7 @@ std::string FileActions::remove(const std::string& strFile, const std::string& s
 std::string FileActions::recycle(const std::string& strFile) {
     const std::int32_t code = parts_.system.prcSendToBin(strFile, file_operation::allowUndo);
     raiseFileReport(parts_, "Auto Send File to Recycle Bin: " + strFile);
-    noteFailedRecycling(parts_.host, strFile, code);
+    noteFailedRecycling(parts_.host, parts_.platform, parts_.alerts, strFile, code);
     return file_result::handled;
 }
 

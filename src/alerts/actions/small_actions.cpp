@@ -25,7 +25,9 @@ void SmallActions::recycle(Shortage& shortage) {
     const std::int32_t code = parts_.system.prcSendToBin(first.path, file_operation::allowUndo);
     removeListedRow(files, first);
     // Behind the alert, also where that fails.
-    const ScopeGuard tell([&] { noteFailedRecycling(parts_.host, first.path, code); });
+    const ScopeGuard tell([&] {
+        noteFailedRecycling(parts_.host, parts_.platform, parts_.alerts, first.path, code);
+    });
     // The short row's index in the list of files: it names another file than the one sent.
     raiseNote(
         parts_, shortage,

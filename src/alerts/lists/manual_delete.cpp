@@ -78,7 +78,7 @@ bool ManualOperations::deleteListed(const ListedRow& subject, bool toBin) {
             const std::int32_t code =
                 parts_.systemActions.prcSendToBin(tag, file_operation::allowUndo);
             raise(rating::medium, "- Sended File to Recycle Bin: " + tag);
-            noteFailedRecycling(parts_.host, tag, code);
+            noteFailedRecycling(parts_.host, parts_.platform, parts_.alerts, tag, code);
         } else {
             parts_.platform.files.remove(tag);
             raise(rating::medium, "- Deleted File: " + tag);

@@ -1,5 +1,8 @@
 #include "alerts/system/failed_recycling.h"
 
+#include "alerts/journal/alert_time.h"
+#include "base/resume_next.h"
+
 namespace velmora {
 
 namespace {
@@ -32,8 +35,16 @@ std::string whyNotRecycled(const std::string& path, std::int32_t code) {
            std::to_string(code) + ")";
 }
 
-void noteFailedRecycling(Host& host, const std::string& path, std::int32_t code) {
-    if (code != 0) host.Note(whyNotRecycled(path, code));
+void noteFailedRecycling(Host& host, Platform& platform, AlertList& alerts, const std::string& path,
+                         std::int32_t code) {
+    if (code == 0) return;
+    const std::string why = whyNotRecycled(path, code);
+    host.Note(why);
+    if (!platform.app.Options.keepRunning) return;
+    resumeNext([&] {
+        alerts.prcAlertInfo(Format(platform.clock.Now(), alert_time::minutes), rating::high, why,
+                            {}, nullptr);
+    });
 }
 
 }  // namespace velmora

@@ -133,6 +133,24 @@ TEST_F(FileActionsTest, WhyAFileIsNotInTheBinIsNotedBehindItsReport) {
     EXPECT_EQ(perform(act::recycle, "C:\\a"), "1");
     EXPECT_EQ(alert(1), medium("Auto Send File to Recycle Bin: C:\\a"));
     EXPECT_EQ(host.notes, Calls{"Not sent to the recycle bin: C:\\a: the disk is full (112)"});
+    EXPECT_EQ(form1.LVAlert.Count(), 1);
+}
+
+TEST_F(FileActionsTest, AProgramThatKeepsRunningAlsoAlertsOfAFileThatIsNotInTheBin) {
+    machine.platform().app.Options.keepRunning = true;
+    file("C:\\a", 1);
+    machine.operationResult = 112;
+    EXPECT_EQ(perform(act::recycle, "C:\\a"), "1");
+    ASSERT_EQ(form1.LVAlert.Count(), 2);
+    EXPECT_EQ(alert(2), medium("Auto Send File to Recycle Bin: C:\\a"));
+    const std::string behind = alert(1);
+    EXPECT_NE(behind.find("High"), std::string::npos) << behind;
+    EXPECT_NE(behind.find("Not sent to the recycle bin: C:\\a: the disk is full (112)"),
+              std::string::npos)
+        << behind;
+    machine.operationResult = 0;
+    perform(act::recycle, "C:\\a");
+    EXPECT_EQ(form1.LVAlert.Count(), 3);
 }
 
 TEST_F(FileActionsTest, AutoMoveComparesKBWithKB) {

@@ -3,8 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include "fake/fake_host.h"
-
 namespace velmora::tests {
 namespace {
 
@@ -18,14 +16,6 @@ TEST(FailedRecycling, SaysThePathTheReasonAndTheCode) {
               "Not sent to the recycle bin: C:\\a: its path is too long (206)");
     EXPECT_EQ(whyNotRecycled("C:\\a", 87),
               "Not sent to the recycle bin: C:\\a: the system refused it (87)");
-}
-
-TEST(FailedRecycling, ASuccessIsNotNoted) {
-    fake::FakeHost host;
-    noteFailedRecycling(host, "C:\\a", 0);
-    EXPECT_TRUE(host.notes.empty());
-    noteFailedRecycling(host, "C:\\a", 2);
-    EXPECT_EQ(host.notes.size(), 1u);
 }
 
 }  // namespace
