@@ -38,7 +38,10 @@ std::string fileNameOf(const std::string& path) {
 }
 
 bool beginsAtRoot(const std::string& path) {
-    return path.starts_with('\\') || path.starts_with('/') || !driveNameOf(path).empty();
+    // A letter alone means the drive's own working folder.
+    const std::string rest = path.substr(driveNameOf(path).size());
+    return path.starts_with('\\') || path.starts_with('/') ||
+           (rest.size() < path.size() && (rest.starts_with('\\') || rest.starts_with('/')));
 }
 
 bool endsInSeparator(const std::string& path) {

@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QLabel>
 #include <QTemporaryDir>
 #include <algorithm>
 
@@ -149,6 +150,9 @@ TEST_F(SpecifiedFilesTest, TheQuestionNamesThePlaceAndOffersItsAnswerForTheRest)
     QString offer;
     boxes.onBox = [&](QMessageBox& box) {
         detail = box.informativeText();
+        auto* label = box.findChild<QLabel*>("qt_msgbox_informativelabel");
+        ASSERT_NE(label, nullptr);
+        EXPECT_EQ(label->textFormat(), Qt::PlainText);
         offer = box.checkBox()->text();
         QTest::mouseClick(box.checkBox(), Qt::LeftButton);
         QTest::mouseClick(box.button(QMessageBox::Yes), Qt::LeftButton);

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QLabel>
 #include <QMessageBox>
 
 #include <vector>
@@ -111,6 +112,10 @@ BoxAnswer QtHost::show(const Box& box, QCheckBox* offer) {
                        shownButtons(box.buttons), owner());
     dialog.setTextFormat(Qt::PlainText);
     dialog.setInformativeText(shownLines(box.detail));
+    // Which has a label of its own, and may contain the name of any file.
+    if (auto* detail = dialog.findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel"))) {
+        detail->setTextFormat(Qt::PlainText);
+    }
     dialog.setEscapeButton(escape(box.buttons));
     dialog.setObjectName(QStringLiteral("MsgBox"));
     if (offer != nullptr) dialog.setCheckBox(offer);

@@ -153,7 +153,7 @@ TEST_F(ManualMoveTest, TheQuestionNamesThePlaceThatYesMeans) {
     EXPECT_EQ(detailFor("E:\\spare"), "Yes moves it to: E:\\spareb.txt");
     EXPECT_EQ(detailFor("E:\\gone\r\n"), "Yes moves it to: E:\\goneb.txt");
     EXPECT_EQ(detailFor("\\\\host\\share\\x\\"), "Yes moves it to: \\\\host\\share\\x\\b.txt");
-    for (const char* nowhere : {"", "\r\n", "spare\\", "."})
+    for (const char* nowhere : {"", "\r\n", "spare\\", ".", "E:"})
         EXPECT_EQ(detailFor(nowhere), "Yes moves nothing: the specified path names no folder.");
     list.ListItems(1).setSelected(false);
     EXPECT_EQ(detailFor("E:\\spare\\"), "");

@@ -35,6 +35,11 @@ TEST_P(MovesContract, NothingGoesToTheWorkingFolder) {
         EXPECT_EQ(platform().kernel32.GetLastError(), 3u) << to;
     }
     EXPECT_EQ(subject->readFile(from_), "content");
+    // A letter without a separator means the drive's own working folder.
+    const std::string letter = from_.substr(0, 2);
+    ASSERT_EQ(letter.back(), ':');
+    EXPECT_FALSE(move(letter + "velmora-moved.txt"));
+    EXPECT_EQ(platform().kernel32.GetLastError(), 3u);
     EXPECT_FALSE(std::filesystem::exists("velmora-moved.txt"));
     EXPECT_FALSE(std::filesystem::exists("../velmora-moved.txt"));
 }

@@ -5,6 +5,7 @@
 #include <chrono>
 #include <memory>
 
+#include "base/runtime_error.h"
 #include "notify/inventory_properties.h"
 #include "platform/windows/inventory/wmi_rig.h"
 #include "platform/windows/support/own_handles.h"
