@@ -38,10 +38,12 @@ std::string fileNameOf(const std::string& path) {
 }
 
 bool beginsAtRoot(const std::string& path) {
-    // A letter alone means the drive's own working folder.
-    const std::string rest = path.substr(driveNameOf(path).size());
-    return path.starts_with('\\') || path.starts_with('/') ||
-           (rest.size() < path.size() && (rest.starts_with('\\') || rest.starts_with('/')));
+    if (path.starts_with('\\') || path.starts_with('/')) return true;
+    const std::string drive = driveNameOf(path);
+    if (drive.empty()) return false;
+    // A name right behind a letter is one in the drive's own working folder.
+    const std::string rest = path.substr(drive.size());
+    return rest.empty() || rest.starts_with('\\') || rest.starts_with('/');
 }
 
 bool endsInSeparator(const std::string& path) {

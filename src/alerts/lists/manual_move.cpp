@@ -93,8 +93,9 @@ SeriesAnswer ManualOperations::askAbout(const Box& box, const MoveRun& run,
 std::string ManualOperations::whereTo(const std::string& destination, int expected) {
     const auto subject = subjectAt(selectedRow(list_, expected));
     if (!subject || subject->path.empty()) return {};
-    if (!beginsAtRoot(destination)) return "Yes moves nothing: the specified path names no folder.";
-    return "Yes moves it to: " + newPath(destination, subject->path);
+    const std::string place = newPath(destination, subject->path);
+    if (!beginsAtRoot(place)) return "Yes moves nothing: the specified path names no folder.";
+    return "Yes moves it to: " + place;
 }
 
 // The name is put straight behind what was typed or chosen. Links in it lead to where it lies.
