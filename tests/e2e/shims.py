@@ -1,5 +1,6 @@
 """Libraries loaded in front of the system's, which end a program at a chosen call."""
 
+import os
 import pathlib
 import shutil
 import subprocess
@@ -44,7 +45,9 @@ def ending_at(call, folder):
     library = pathlib.Path(folder, "shim.so")
     if not library.exists():
         _compile(library)
-    return {"LD_PRELOAD": str(library), "VELMORA_END_AT": call}
+    # The sanitizer's own library need not come first.
+    sanitizer = ":".join(filter(None, [os.environ.get("ASAN_OPTIONS"), "verify_asan_link_order=0"]))
+    return {"LD_PRELOAD": str(library), "VELMORA_END_AT": call, "ASAN_OPTIONS": sanitizer}
 
 
 def _compile(library):

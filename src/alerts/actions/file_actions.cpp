@@ -1,7 +1,7 @@
 #include "alerts/actions/file_actions.h"
 
+#include "alerts/journal/failed_recycling.h"
 #include "alerts/lists/listed_rows.h"
-#include "alerts/system/failed_recycling.h"
 #include "base/convert.h"
 #include "base/drive_text.h"
 #include "base/runtime_error.h"

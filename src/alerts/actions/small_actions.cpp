@@ -1,7 +1,7 @@
 #include "alerts/actions/small_actions.h"
 
+#include "alerts/journal/failed_recycling.h"
 #include "alerts/lists/listed_rows.h"
-#include "alerts/system/failed_recycling.h"
 #include "base/convert.h"
 #include "base/scope_guard.h"
 #include "base/text.h"

@@ -1,9 +1,9 @@
 // Deleting the specified files by hand.
+#include "alerts/journal/failed_recycling.h"
 #include "alerts/lists/file_list.h"
 #include "alerts/lists/listed_folder.h"
 #include "alerts/lists/listed_rows.h"
 #include "alerts/lists/manual_operations.h"
-#include "alerts/system/failed_recycling.h"
 #include "base/runtime_error.h"
 #include "base/text.h"
 #include "rows/size_text.h"

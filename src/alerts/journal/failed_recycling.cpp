@@ -1,4 +1,4 @@
-#include "alerts/system/failed_recycling.h"
+#include "alerts/journal/failed_recycling.h"
 
 #include "alerts/journal/alert_time.h"
 #include "base/resume_next.h"

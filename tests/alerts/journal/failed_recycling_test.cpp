@@ -1,5 +1,5 @@
 // Why a file isn't in the recycle bin.
-#include "alerts/system/failed_recycling.h"
+#include "alerts/journal/failed_recycling.h"
 
 #include <gtest/gtest.h>
 
