@@ -28,7 +28,7 @@ std::vector<SpacePoint> pointsOf(const SpaceRing& ring) {
 }
 
 std::vector<SpacePoint> thinned(const SpaceRing& ring, std::size_t most) {
-    const std::vector<SpacePoint> all = pointsOf(ring);
+    std::vector<SpacePoint> all = pointsOf(ring);
     if (all.size() <= most) return all;
     const std::size_t inner = all.size() - 2;
     const std::size_t stretches = (most - 2) / 2;

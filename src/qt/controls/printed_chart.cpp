@@ -68,9 +68,11 @@ std::vector<double> PrintedFace::layOut(const QSizeF& room) {
     const double row = rowHeight();
     rowsOfPiece_ = std::max(1.0, std::floor((room.height() - beside) / row));
     pieces_.clear();
-    for (double rest = face_->partCount(); rest > 0; rest -= rowsOfPiece_) {
+    double rest = face_->partCount();
+    while (rest > 0) {
         const double rows = std::min(rest, rowsOfPiece_) * row;
         pieces_.push_back(beside + (isPie_ ? std::max(rows, leastPie) : rows));
+        rest -= rowsOfPiece_;
     }
     return pieces_;
 }

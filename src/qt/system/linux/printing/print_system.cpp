@@ -39,7 +39,7 @@ class QtPrintSystem final : public PrintSystem {
         dialog.setFromTo(1, 1);
         if (dialog.exec() != QDialog::Accepted) return {.end = PrintEnd::cancelled};
         QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-        const PrintResult result = printTo(printer, pages);
+        PrintResult result = printTo(printer, pages);
         QGuiApplication::restoreOverrideCursor();
         return result;
     }
