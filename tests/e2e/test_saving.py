@@ -88,7 +88,7 @@ class Saving:
                 life /= 2
             process.send_signal(signal.SIGKILL)
             process.wait(PATIENCE)
-            left = whole_lines(self.settings.read_bytes())
+            left = whole_lines(self.content_left())
             self.assertIn(left, both)
             seen.add(both.index(left))
         self.assertGreaterEqual(hits, self.kills)
@@ -115,11 +115,15 @@ class Native(Saving, OwnNative, ConsoleCase):
     longest_life = 0.02
     longest_race = SECONDS_OF_TWO_WRITERS
 
-    def look(self):
-        """As the program reads: while nobody writes, each content is whole."""
+    def content_left(self):
+        """As the program reads: when nobody writes any more."""
         with self.settings.open("rb") as settings:
             fcntl.flock(settings, fcntl.LOCK_SH)
-            content = settings.read()
+            return settings.read()
+
+    def look(self):
+        """While nobody writes, each content is whole."""
+        content = self.content_left()
         self.assertNotIn(b"\0", content)
         self.assertIn(whole_lines(content), self.allowed)
 
@@ -141,7 +145,7 @@ class Native(Saving, OwnNative, ConsoleCase):
                                capture_output=True, check=False, env=self.environment())
         self.assertNotIn("Another watch", third.stderr.decode())
 
-    def killed_at(self, call):
+    def killed_at(self, call, **how):
         """Saves the short content over the long one, killed at that call. Returns the file before and after
         it, and as it should be."""
         self.assertIn("lstAct=2", self.settings_after(*LONG))
@@ -150,16 +154,24 @@ class Native(Saving, OwnNative, ConsoleCase):
         wanted = self.settings.read_bytes()
         self.put_settings(before)
         try:
-            shim = shims.ending_at(call, self.folder)
+            shim = shims.ending_at(call, self.folder, **how)
         except shims.Unavailable as why:
             self.skipTest(str(why))
         done = subprocess.run(self.command(), input="\n".join([*SHORT, SAVE, ""]).encode(),
                               timeout=PATIENCE, capture_output=True, check=False,
                               env={**self.environment(), **shim})
         self.assertEqual(done.returncode, -signal.SIGKILL)
-        return before, self.settings.read_bytes(), wanted
+        return before, self.content_left(), wanted
 
-    def test_a_kill_between_write_and_cut_leaves_nothing_of_the_old_settings(self):
+    def test_a_kill_between_two_pages_of_a_write_leaves_the_new_settings(self):
+        _, left, wanted = self.killed_at("write", children=False)
+        self.assertEqual(left, wanted)
+
+    def test_so_does_a_kill_between_write_and_cut(self):
+        _, left, wanted = self.killed_at("ftruncate", children=False)
+        self.assertEqual(left, wanted)
+
+    def test_an_end_of_all_between_write_and_cut_leaves_nothing_of_the_old_settings(self):
         before, left, wanted = self.killed_at("ftruncate")
         self.assertEqual(len(left), len(before))
         self.assertTrue(left.startswith(wanted))
@@ -221,6 +233,9 @@ class Windows(Saving, OwnWindows, WindowsCase):
     kills = 5
     longest_life = 0.1
     longest_race = 5
+
+    def content_left(self):
+        return self.settings.read_bytes()
 
     def look(self):
         """Wine's locks are its own: a reader from outside can come in the middle."""

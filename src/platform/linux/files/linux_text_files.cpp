@@ -4,11 +4,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 
 #include "base/runtime_error.h"
 #include "base/text.h"
+#include "platform/linux/files/apart_write.h"
 #include "platform/linux/files/file_lock.h"
 #include "platform/linux/removal/folder_removal.h"
 #include "platform/linux/system/system_errors.h"
@@ -70,14 +70,12 @@ class OpenFile {
         return !isRegular() || ftruncate(fd_.get(), size) == 0 ? 0 : errno;
     }
 
-    /// Writes the content in place of the old one; 0, or the errno.
+    /// Writes the content in place of the old one and to the disk; 0, or the errno. Devices and
+    /// pipes have neither an end nor a disk.
     int writeOver(std::string_view content) const {
-        const std::string padded = paddedTo(sizeNow(), content);
-        std::string_view rest = padded;
-        const int failure = write(rest);
-        const std::size_t written = padded.size() - rest.size();
-        const int cutFailure = cutTo(static_cast<off_t>(std::min(written, content.size())));
-        return failure != 0 ? failure : cutFailure;
+        if (isRegular())
+            return writeApart(fd_.get(), paddedTo(sizeNow(), content), content.size());
+        return write(content);
     }
 
     /// Takes the rights of all others away. On a filesystem without rights, and on another user's
@@ -103,9 +101,6 @@ class OpenFile {
         const bool isUnknown = failure == EOPNOTSUPP || failure == ENOSYS || failure == EINVAL;
         return isUnknown ? growTo(size) : failure;
     }
-
-    /// To the disk; 0, or the errno. Devices and pipes can't be asked.
-    int sync() const { return !isRegular() || fsync(fd_.get()) == 0 ? 0 : errno; }
 
     /// Some filesystems report only now that the disk is full.
     void close() {
@@ -187,7 +182,6 @@ void LinuxTextFiles::writeOver(const std::string& path, std::string_view content
     int failure = file.lock(LockKind::exclusive);
     if (failure == 0 && how.reservesRoom) failure = file.reserve(content.size());
     if (failure == 0) failure = file.writeOver(content);
-    if (failure == 0) failure = file.sync();
     if (failure != 0) throw RuntimeError(runtimeErrorOf(failure));
     file.close();
 }
