@@ -73,8 +73,7 @@ class OpenFile {
     /// Writes the content in place of the old one and to the disk; 0, or the errno. Devices and
     /// pipes have neither an end nor a disk.
     int writeOver(std::string_view content) const {
-        if (isRegular())
-            return writeApart(fd_.get(), paddedTo(sizeNow(), content), content.size());
+        if (isRegular()) return writeApart(fd_.get(), paddedTo(sizeNow(), content), content.size());
         return write(content);
     }
 
