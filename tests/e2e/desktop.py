@@ -9,6 +9,7 @@ import re
 import select
 import shutil
 import subprocess
+import tempfile
 import time
 
 SCREENSHOTS = pathlib.Path(__file__).parents[2] / "build" / "screenshots"
@@ -45,9 +46,10 @@ class Desktop:
         if missing:
             raise Unavailable("not installed: " + ", ".join(missing))
         self.processes = []
+        self.files = []
         try:
             self.environment = {"DISPLAY": ":" + self._start_server()}
-            self._start("openbox", "--sm-disable")
+            self._start("openbox", "--sm-disable", *self._without_animation())
             wait_for(lambda: self.xdotool("get_desktop"), "the window manager")
         except BaseException:
             self.close()
@@ -73,6 +75,22 @@ class Desktop:
         if not number:
             raise AssertionError("Xvfb does not start")
         return number
+
+    def _without_animation(self):
+        """Options for the window manager: a window that comes back is at its place at once. Otherwise
+        it glides there, and a click meets nothing."""
+        usual = pathlib.Path("/etc/xdg/openbox/rc.xml")
+        if not usual.exists():
+            return []
+        animated = "<animateIconify>yes<"
+        content = usual.read_text(encoding="utf-8")
+        if animated not in content:
+            return []
+        # The manager reads it once, when it starts.
+        with tempfile.NamedTemporaryFile("w", suffix=".xml", encoding="utf-8", delete=False) as own:
+            own.write(content.replace(animated, "<animateIconify>no<"))
+        self.files.append(pathlib.Path(own.name))
+        return ["--config-file", own.name]
 
     def run(self, *command):
         return subprocess.run(command, env={**os.environ, **self.environment}, timeout=PATIENCE,
@@ -133,6 +151,8 @@ class Desktop:
         for process in reversed(self.processes):
             process.terminate()
             process.wait(PATIENCE)
+        for file in self.files:
+            file.unlink()
 
 
 # The size in pixels, the number of colours, and a hash of the pixels.

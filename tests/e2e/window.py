@@ -1,6 +1,5 @@
 """The program with its window, driven as a user does."""
 
-import itertools
 import os
 import pathlib
 import shutil
@@ -16,9 +15,6 @@ PAUSED = "Velmora - Watching Paused."
 
 # The exit button, in pixels from the right edge and from the top.
 EXIT_BUTTON = (-24, 28)
-
-# How often the question is looked for before the button is clicked once more.
-LOOKS_PER_CLICK = 50
 
 
 class Program:
@@ -48,15 +44,8 @@ class Program:
 
     def ask_for_the_end(self):
         """Clicks the exit button and returns the box with the question."""
-        # A click on a window that has just come back may be lost.
-        looks = itertools.count()
-
-        def box():
-            found = set(self.desktop.windows("Velmora")) - {self.window.identity}
-            if not found and next(looks) % LOOKS_PER_CLICK == 0:
-                self.window.click(*EXIT_BUTTON)
-            return found
-        return desktop.Window(self.desktop, desktop.wait_for(box, "the question").pop())
+        self.window.click(*EXIT_BUTTON)
+        return self.desktop.window("Velmora", self.window)
 
     def end(self):
         """Ends the program and returns its exit status."""
