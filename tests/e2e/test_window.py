@@ -1,8 +1,5 @@
 """The program with its window, driven on a desktop, natively and under Wine."""
 
-import pathlib
-import shutil
-import tempfile
 import unittest
 
 import desktop
@@ -31,20 +28,8 @@ class Steps:
     """The same on this machine and under Wine."""
 
     def setUp(self):
-        window.needs(*self.variables)
-        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="velmora-e2e-"))
-        self.addCleanup(shutil.rmtree, self.folder, ignore_errors=True)
-        self.copy = window.copy(self.variables[0], self.folder)
-        # Under Wine all tests have the same user.
-        shutil.rmtree(window.state_folder(self.windows, self.folder), ignore_errors=True)
-        self.settings = self.folder / "set.dat"
+        super().setUp()
         self.log = self.folder / "log.dat"
-
-    def start(self, settings):
-        self.settings.write_bytes(settings)
-        self.program = window.Program(self.windows, self.copy, self.folder)
-        self.addCleanup(self.program.close)
-        self.window = self.program.window
 
     def screenshot(self, shown, name, unlike=None, moving=False):
         kind = "windows" if self.windows else "native"
@@ -140,11 +125,9 @@ class Steps:
         self.end()
 
 
-class Native(Steps, unittest.TestCase):
-    windows = False
-    variables = ("VELMORA_WINDOW",)
+class Native(Steps, window.OwnNative, unittest.TestCase):
+    pass
 
 
-class Windows(Steps, unittest.TestCase):
-    windows = True
-    variables = ("VELMORA_WINDOW_WINDOWS", "VELMORA_WINE")
+class Windows(Steps, window.OwnWindows, unittest.TestCase):
+    pass

@@ -1,8 +1,6 @@
 """Where the program's windows and menus are on a desktop, and which of them has the keyboard."""
 
-import pathlib
 import shutil
-import tempfile
 import unittest
 
 import desktop
@@ -25,19 +23,8 @@ FRAME = 40
 class Steps:
     """The same on this machine and under Wine."""
 
-    def setUp(self):
-        window.needs(*self.variables)
-        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="velmora-e2e-"))
-        self.addCleanup(shutil.rmtree, self.folder, ignore_errors=True)
-        self.copy = window.copy(self.variables[0], self.folder)
-        self.state = window.state_folder(self.windows, self.folder)
-        shutil.rmtree(self.state, ignore_errors=True)
-
     def start(self, settings=QUIET, screen=None, **variables):
-        (self.folder / "set.dat").write_bytes(settings)
-        self.program = window.Program(self.windows, self.copy, self.folder, variables, screen)
-        self.addCleanup(self.program.close)
-        self.window = self.program.window
+        super().start(settings, screen, **variables)
         self.desktop = self.program.desktop
 
     def end(self):
@@ -119,10 +106,7 @@ class Steps:
             shutil.rmtree(self.state)
 
 
-class Native(Steps, unittest.TestCase):
-    windows = False
-    variables = ("VELMORA_WINDOW",)
-
+class Native(Steps, window.OwnNative, unittest.TestCase):
     def popped_up(self):
         """The menu that is open: it has no title of its own, and is higher than an icon."""
         return wait_for(lambda: next((each for each in self.desktop.windows_of("velmora")
@@ -179,6 +163,5 @@ class Native(Steps, unittest.TestCase):
         self.end()
 
 
-class Windows(Steps, unittest.TestCase):
-    windows = True
-    variables = ("VELMORA_WINDOW_WINDOWS", "VELMORA_WINE")
+class Windows(Steps, window.OwnWindows, unittest.TestCase):
+    pass

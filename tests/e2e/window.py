@@ -4,6 +4,7 @@ import os
 import pathlib
 import shutil
 import subprocess
+import tempfile
 import unittest
 
 import desktop
@@ -91,3 +92,34 @@ def copy(variable, folder):
         place.parent.mkdir(exist_ok=True)
         place.symlink_to(library)
     return pathlib.Path(shutil.copy2(built, folder / built.name))
+
+
+class OwnProgram:
+    """Each test has a copy of the program in its own folder, in `self.copy`. The class says in
+    `windows` and `variables` which one."""
+
+    def setUp(self):
+        needs(*self.variables)
+        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="velmora-e2e-"))
+        self.addCleanup(shutil.rmtree, self.folder, ignore_errors=True)
+        self.copy = copy(self.variables[0], self.folder)
+        # Under Wine all tests have the same user.
+        self.state = state_folder(self.windows, self.folder)
+        shutil.rmtree(self.state, ignore_errors=True)
+        self.settings = self.folder / "set.dat"
+
+    def start(self, settings, screen=None, **variables):
+        self.settings.write_bytes(settings)
+        self.program = Program(self.windows, self.copy, self.folder, variables, screen)
+        self.addCleanup(self.program.close)
+        self.window = self.program.window
+
+
+class OwnNative(OwnProgram):
+    windows = False
+    variables = ("VELMORA_WINDOW",)
+
+
+class OwnWindows(OwnProgram):
+    windows = True
+    variables = ("VELMORA_WINDOW_WINDOWS", "VELMORA_WINE")
