@@ -88,6 +88,13 @@ class OpenFile {
     /// Keeps other programs from the file until it is closed; 0, or the errno.
     int lock(LockKind kind) const { return isRegular() ? lockFile(fd_.get(), kind) : 0; }
 
+    /// In bytes, 0 for a device. Another program may have written since it was opened.
+    std::size_t sizeNow() const {
+        struct stat status {};
+        const bool isKnown = isRegular() && fstat(fd_.get(), &status) == 0;
+        return isKnown ? static_cast<std::size_t>(status.st_size) : 0;
+    }
+
     /// Takes the room for a content of that size; 0, or the errno with the file as it was.
     int reserve(std::size_t size) const {
         if (!isRegular() || size == 0) return 0;
@@ -108,13 +115,6 @@ class OpenFile {
     }
 
   private:
-    /// Another program may have written meanwhile.
-    std::size_t sizeNow() const {
-        struct stat status {};
-        const bool isKnown = isRegular() && fstat(fd_.get(), &status) == 0;
-        return isKnown ? static_cast<std::size_t>(status.st_size) : 0;
-    }
-
     // For filesystems that can't reserve: blank lines behind the old content take the room.
     int growTo(std::size_t size) const {
         const std::size_t old = sizeNow();
@@ -153,10 +153,13 @@ void LinuxTextFiles::appendLine(const std::string& path, std::string_view text) 
     std::string line(text);
     line += lineEnd;
     OpenFile file(hostPathOrError(path), O_WRONLY | O_APPEND | O_CREAT);
+    // One that another program holds for ever takes the line all the same.
+    static_cast<void>(file.orError().lock(LockKind::exclusive));
+    const auto old = static_cast<off_t>(file.sizeNow());
     std::string_view rest = line;
-    if (const int failure = file.orError().write(rest); failure != 0) {
+    if (const int failure = file.write(rest); failure != 0) {
         // When even that fails, the first failure is still the one to report.
-        static_cast<void>(file.cutTo(file.sizeAtFirst()));
+        static_cast<void>(file.cutTo(old));
         throw RuntimeError(runtimeErrorOf(failure));
     }
     file.close();

@@ -123,25 +123,20 @@ class OpenFile {
     UniqueHandle handle_;
 };
 
-// A file open for writing, made if need be. Other programs may read it meanwhile, but not write.
-UniqueHandle openToWrite(const std::wstring& path) {
-    // Appending rights alone would not allow to cut a half-written line off again.
-    UniqueHandle handle(CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
-                                    OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (!handle.isOpen()) throw RuntimeError(errorOfOpening(GetLastError(), path));
-    return handle;
-}
-
 using namespace std::chrono_literals;
 
-// How long another program is waited for that writes the same file.
+// How long another program is waited for that writes the same file: a whole content, or a line.
 constexpr auto longestWait = 2s;
+constexpr auto longestWaitForLine = 200ms;
 constexpr auto pause = 5ms;
 
-// The same, waiting for a program that writes over the file now.
-UniqueHandle openInTurn(const std::wstring& path, SECURITY_ATTRIBUTES* whenMade) {
-    const auto end = std::chrono::steady_clock::now() + longestWait;
+// A file open for writing, made if need be. Other programs may read it meanwhile, but not write;
+// one that writes now is waited for.
+UniqueHandle openInTurn(const std::wstring& path, SECURITY_ATTRIBUTES* whenMade,
+                        std::chrono::milliseconds wait) {
+    const auto end = std::chrono::steady_clock::now() + wait;
     while (true) {
+        // Appending rights alone would not allow to cut a half-written line off again.
         UniqueHandle handle(CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, whenMade,
                                         OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
         if (handle.isOpen()) return handle;
@@ -165,7 +160,7 @@ UniqueHandle openToRead(const std::wstring& path) {
 void WindowsTextFiles::appendLine(const std::string& path, std::string_view text) {
     std::string line(text);
     line += lineEnd;
-    OpenFile file(openToWrite(systemPathOrError(path)));
+    OpenFile file(openInTurn(systemPathOrError(path), nullptr, longestWaitForLine));
     const LARGE_INTEGER oldEnd = file.goToEnd();
     std::string_view rest = line;
     if (const DWORD failure = file.write(rest); failure != ERROR_SUCCESS) {
@@ -192,7 +187,8 @@ void WindowsTextFiles::writeOver(const std::string& path, std::string_view conte
                                  Overwriting how) {
     PrivateSecurity security;
     const bool isPrivate = how.isPrivate && security.failure() == ERROR_SUCCESS;
-    OpenFile file(openInTurn(systemPathOrError(path), isPrivate ? security.attributes() : nullptr));
+    OpenFile file(openInTurn(systemPathOrError(path), isPrivate ? security.attributes() : nullptr,
+                             longestWait));
     file.lock();
     const LARGE_INTEGER oldEnd = file.goToEnd();
     DWORD failure = how.reservesRoom ? file.growTo(content.size(), oldEnd) : ERROR_SUCCESS;

@@ -45,20 +45,58 @@ TEST_F(LinuxTextFilesTest, AFullDiskIsError61) {
     EXPECT_EQ(errorOfAppending("/dev/full"), error::diskFull);
 }
 
+// A limit on file sizes stops a write in the middle, as a full disk does.
+class FilesOfAHundredBytes {
+  public:
+    FilesOfAHundredBytes() {
+        getrlimit(RLIMIT_FSIZE, &before_);
+        const rlimit small{100, before_.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &small);
+    }
+    ~FilesOfAHundredBytes() {
+        setrlimit(RLIMIT_FSIZE, &before_);
+        std::signal(SIGXFSZ, handler_);
+    }
+    FilesOfAHundredBytes(const FilesOfAHundredBytes&) = delete;
+    FilesOfAHundredBytes& operator=(const FilesOfAHundredBytes&) = delete;
+
+  private:
+    rlimit before_{};
+    sighandler_t handler_ = std::signal(SIGXFSZ, SIG_IGN);
+};
+
 TEST_F(LinuxTextFilesTest, NothingOfALineStaysThatCouldNotBeWrittenWhole) {
     const std::string path = folder_ / "log";
     std::ofstream(path) << "before\r\n";
-    // A limit on file sizes stops the writing in the middle, as a full disk does.
-    rlimit before{};
-    getrlimit(RLIMIT_FSIZE, &before);
-    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit small{100, before.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &small);
-    const int number = errorOf([&] { files_.appendLine(drivePath(path), std::string(500, 'x')); });
-    setrlimit(RLIMIT_FSIZE, &before);
-    std::signal(SIGXFSZ, handler);
-    EXPECT_EQ(number, error::deviceIo);
+    const FilesOfAHundredBytes limit;
+    EXPECT_EQ(errorOf([&] { files_.appendLine(drivePath(path), std::string(500, 'x')); }),
+              error::deviceIo);
     EXPECT_EQ(contentsOf(path), "before\r\n");
+}
+
+TEST_F(LinuxTextFilesTest, NothingOldStaysBehindAContentThatWasCutShort) {
+    const std::string path = folder_ / "set.dat";
+    std::ofstream(path) << std::string(500, 'o');
+    const FilesOfAHundredBytes limit;
+    EXPECT_EQ(errorOf([&] { files_.writeOver(drivePath(path), std::string(200, 'n')); }),
+              error::deviceIo);
+    EXPECT_EQ(contentsOf(path), std::string(100, 'n'));
+}
+
+TEST_F(LinuxTextFilesTest, TheLinesOfAnotherProgramStay) {
+    const std::string path = folder_ / "log";
+    std::ofstream(path) << "before\r\n";
+    const FilesOfAHundredBytes limit;
+    const UniqueFd other(open(path.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC));
+    ASSERT_EQ(flock(other.get(), LOCK_EX), 0);
+    auto writing = std::async(std::launch::async, [&] {
+        return errorOf([&] { files_.appendLine(drivePath(path), std::string(500, 'x')); });
+    });
+    EXPECT_EQ(writing.wait_for(std::chrono::milliseconds(50)), std::future_status::timeout);
+    ASSERT_EQ(write(other.get(), "other\r\n", 7), 7);
+    flock(other.get(), LOCK_UN);
+    EXPECT_EQ(writing.get(), error::deviceIo);
+    EXPECT_EQ(contentsOf(path), "before\r\nother\r\n");
 }
 
 TEST_F(LinuxTextFilesTest, AFileInPlaceOfAFolderIsError76) {
