@@ -6,6 +6,7 @@
 #include "base/format_number.h"
 #include "base/input_fields.h"
 #include "base/resume_next.h"
+#include "base/runtime_error.h"
 #include "forms/form_numbers.h"
 #include "notify/report_text.h"
 
@@ -127,7 +128,8 @@ std::string MessageContent::prcNotOpenCustFile() {
     const std::string path = trim(named);
     std::string text = "File Contents: " + named + endLine() + report::rule + endLine();
     if (platform_.fso.FileExists(path)) {
-        const std::string content = platform_.files.readAll(path);
+        const std::string content = attempt("read the file for the mail", path,
+                                            [&] { return platform_.files.readAll(path); });
         InputFields fields(content);
         while (!fields.atEnd()) text += fields.next() + endLine();
     } else {

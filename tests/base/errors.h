@@ -1,6 +1,8 @@
 // Expecting run-time errors in tests.
 #pragma once
 
+#include <string>
+
 #include "base/runtime_error.h"
 
 namespace velmora {
@@ -14,6 +16,17 @@ int errorOf(Statement&& statement) {
         return failure.number();
     }
     return 0;
+}
+
+/// What was tried when the statement raised a run-time error, with the file, and a blank between.
+template <typename Statement>
+std::string attemptOf(Statement&& statement) {
+    try {
+        statement();
+    } catch (const RuntimeError& failure) {
+        return failure.tried() + " " + failure.file();
+    }
+    return "";
 }
 
 }  // namespace velmora

@@ -59,6 +59,7 @@ TEST_F(CustomFileTest, AMissingFileIsToldInPlaceOfItsContent) {
 TEST_F(CustomFileTest, AFileThatCanNotBeReadIsAnError) {
     machine.lockedFiles["C:\\notes.txt"] = error::permissionDenied;
     EXPECT_EQ(errorOf([this] { sectionOf("one"); }), error::permissionDenied);
+    EXPECT_EQ(attemptOf([this] { sectionOf("one"); }), "read the file for the mail C:\\notes.txt");
 }
 
 TEST_F(CustomFileTest, TheSectionIsPartOfTheBody) {

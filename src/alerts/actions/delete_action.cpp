@@ -1,6 +1,7 @@
 #include "alerts/actions/delete_action.h"
 
 #include "alerts/lists/listed_folder.h"
+#include "base/runtime_error.h"
 #include "base/scope_guard.h"
 #include "base/text.h"
 #include "rows/listed_file.h"
@@ -75,7 +76,7 @@ void DeleteAction::deleteFolder(Shortage& shortage, int place) {
 void DeleteAction::deleteFile(Shortage& shortage, int place) {
     ListView& files = parts_.forms.form1.LVFile;
     const std::string path = ConstListedFile(files.ListItems(place)).path();
-    parts_.platform.files.remove(path);
+    attempt("delete the file", path, [&] { parts_.platform.files.remove(path); });
     const std::string deleted = "Auto Deleted Specified File: " + path;
     shortage.strAlert +=
         pieceEnd + deleted + " Size: " + ConstListedFile(files.ListItems(place)).size();

@@ -40,7 +40,7 @@ std::string FileActions::prcFileActOption(std::int16_t& iAct, std::string& strFi
 // Compares free KB with the file's bytes: this is the rule.
 std::string FileActions::move(const std::string& strFile, const std::string& strPath) {
     const double freeKB = availableKB(strPath);
-    const double bytes = parts_.platform.files.FileLen(strFile);
+    const double bytes = sizeOf(strFile);
     if (freeKB <= bytes) return file_result::notHandled;
     const bool moved = moveAndReport(strFile, strPath, bytes);
     return moved ? file_result::handled : file_result::notHandled;
@@ -51,7 +51,7 @@ std::string FileActions::autoMove(const std::string& strFile, const std::string&
     FileSystemObject& fso = parts_.platform.fso;
     if (!fso.DriveExists(strPath) && !fso.FolderExists(strPath)) return file_result::noTarget;
     const double freeKB = availableKB(strPath);
-    const double bytes = parts_.platform.files.FileLen(strFile);
+    const double bytes = sizeOf(strFile);
     if (bytes / 1024 >= freeKB) return file_result::notHandled;
     StatusBar& status = parts_.forms.form1.StatusBar1;
     const std::string before = status.Panels(2).Text;
@@ -59,6 +59,11 @@ std::string FileActions::autoMove(const std::string& strFile, const std::string&
     if (!moveAndReport(strFile, strPath, bytes)) return file_result::notHandled;
     status.setPanelText(2, before);
     return file_result::handled;
+}
+
+double FileActions::sizeOf(const std::string& strFile) {
+    return attempt("measure the file", strFile,
+                   [&] { return parts_.platform.files.FileLen(strFile); });
 }
 
 double FileActions::availableKB(const std::string& strPath) {
@@ -80,8 +85,8 @@ bool FileActions::moveAndReport(const std::string& strFile, const std::string& s
 
 std::string FileActions::remove(const std::string& strFile, const std::string& strPath) {
     if (!parts_.platform.fso.FileExists(strFile)) return file_result::notHandled;
-    const double bytes = parts_.platform.files.FileLen(strFile);
-    parts_.platform.files.remove(strFile);
+    const double bytes = sizeOf(strFile);
+    attempt("delete the file", strFile, [&] { parts_.platform.files.remove(strFile); });
     report("Auto Deleted File: ", strFile, strPath, bytes);
     return file_result::handled;
 }

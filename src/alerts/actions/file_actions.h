@@ -42,6 +42,8 @@ class FileActions {
     std::string autoMove(const std::string& strFile, const std::string& strPath);
     std::string remove(const std::string& strFile, const std::string& strPath);
     std::string recycle(const std::string& strFile);
+    /// In bytes.
+    double sizeOf(const std::string& strFile);
     double availableKB(const std::string& strPath);
     bool moveAndReport(const std::string& strFile, const std::string& strPath, double bytes);
     void report(const std::string& what, const std::string& strFile, const std::string& strPath,

@@ -1,6 +1,7 @@
 #include "alerts/actions/move_action.h"
 
 #include "base/drive_text.h"
+#include "base/runtime_error.h"
 #include "base/text.h"
 #include "rows/listed_file.h"
 
@@ -45,7 +46,8 @@ void MoveAction::take(Shortage& shortage, int place, const std::string& strPath)
 
 bool MoveAction::hasRoomFor(const std::string& file, const std::string& strPath) {
     const double available = parts_.platform.fso.GetDrive(strPath)->AvailableSpace();
-    return available > parts_.platform.files.FileLen(file);
+    return available >
+           attempt("measure the file", file, [&] { return parts_.platform.files.FileLen(file); });
 }
 
 }  // namespace velmora

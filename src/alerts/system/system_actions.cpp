@@ -108,7 +108,8 @@ std::string SystemActions::prcRunListedProg() {
     for (int i = 0; i < cboProg.ListCount(); ++i) {
         const std::string& entry = cboProg.List(i);
         if (platform_.fso.FileExists(entry)) {
-            platform_.shell32.Shell(asCommand(entry), normalWindow);
+            attempt("run the program", entry,
+                    [&] { platform_.shell32.Shell(asCommand(entry), normalWindow); });
             account += " - Specified Program Executed: ";
         } else {
             account += " - Specified Program Execution Failed (File Does Not Exist): ";

@@ -205,6 +205,15 @@ TEST_F(SystemActionsTest, ARefusalOfTheBinIsIgnored) {
     EXPECT_TRUE(machine.recycled.empty());
 }
 
+TEST_F(SystemActionsTest, AListedProgramThatDoesNotStartIsNamed) {
+    machine.files["C:\\one.exe"] = "x";
+    forms.form1.cboProg.AddItem("C:\\one.exe");
+    machine.onCall = [](const std::string& call) {
+        if (call.starts_with("Shell ")) throw RuntimeError(error::fileNotFound);
+    };
+    EXPECT_EQ(attemptOf([&] { actions.prcRunListedProg(); }), "run the program C:\\one.exe");
+}
+
 TEST_F(SystemActionsTest, ASoundIsPlayedWithItsFlagsAndReturnsItsSuccess) {
     EXPECT_EQ(actions.prcPlaySound("C:\\a.wav", 2), 1);
     EXPECT_EQ(machine.played.back(), (std::pair<std::string, std::int32_t>{"C:\\a.wav", 2}));
