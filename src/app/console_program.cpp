@@ -96,7 +96,8 @@ int runConsole(Machine& machine, std::istream& input, std::ostream& stream,
     console::Reports reports(core.notify().inventory(), core.notify().content(), platform, forms);
     console::Commands commands(
         forms, host, output, waiting, later, reports,
-        [&machine](const std::string& path) { return machine.toDrivePath(path); });
+        {.toDrivePath = [&machine](const std::string& path) { return machine.toDrivePath(path); },
+         .RefreshDrive = [&core] { core.watchList().RefreshDrive(); }});
     later.setRun([&commands](const std::string& line) { commands.run(line); });
 
     int status = 0;

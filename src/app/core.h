@@ -24,6 +24,7 @@ class Core {
     void load();
     AlertList& alerts() { return alerts_.list(); }
     Persist& persist() { return persist_; }
+    WatchList& watchList() { return monitor_.watchList(); }
     Notify& notify() { return notify_; }
     SecondStart& secondStart() { return shell_.secondStart(); }
 

@@ -5,6 +5,8 @@
 #include "base/convert.h"
 #include "base/runtime_error.h"
 #include "base/text.h"
+#include "console/field_list.h"
+#include "console/nearest_name.h"
 #include "console/target.h"
 #include "controls/buttons.h"
 #include "controls/pickers.h"
@@ -37,26 +39,29 @@ int readIndex(const std::string& text) {
 }  // namespace
 
 Commands::Commands(Forms& forms, ConsoleHost& host, Output& output, Waiting& waiting,
-                   LaterCommands& later, Reports& reports, ToDrivePath path)
+                   LaterCommands& later, Reports& reports, Program program)
     : forms_(forms),
       host_(host),
       output_(output),
       waiting_(waiting),
       later_(later),
       reports_(reports),
-      toDrivePath_(std::move(path)) {}
+      program_(std::move(program)) {}
 
 const std::map<std::string, Commands::Handler>& Commands::handlers() {
     static const std::map<std::string, Handler> all{
-        {"get", &Commands::get},       {"set", &Commands::set},
-        {"click", &Commands::click},   {"doubleclick", &Commands::doubleClick},
-        {"menu", &Commands::menu},     {"tick", &Commands::tick},
-        {"select", &Commands::select}, {"rows", &Commands::rows},
-        {"drop", &Commands::drop},     {"fire", &Commands::fire},
-        {"answer", &Commands::answer}, {"wait", &Commands::wait},
-        {"json", &Commands::json},     {"watch", &Commands::watch},
-        {"help", &Commands::help},     {"exit", &Commands::exit},
-        {"after", &Commands::after},   {"report", &Commands::report},
+        {"get", &Commands::get},         {"set", &Commands::set},
+        {"click", &Commands::click},     {"doubleclick", &Commands::doubleClick},
+        {"menu", &Commands::menu},       {"tick", &Commands::tick},
+        {"select", &Commands::select},   {"rows", &Commands::rows},
+        {"drop", &Commands::drop},       {"fire", &Commands::fire},
+        {"answer", &Commands::answer},   {"wait", &Commands::wait},
+        {"json", &Commands::json},       {"watch", &Commands::watch},
+        {"help", &Commands::help},       {"exit", &Commands::exit},
+        {"after", &Commands::after},     {"report", &Commands::report},
+        {"at", &Commands::at},           {"row", &Commands::row},
+        {"fields", &Commands::fields},   {"status", &Commands::status},
+        {"refresh", &Commands::refresh},
     };
     return all;
 }
@@ -78,7 +83,9 @@ void Commands::run(std::string_view line) {
 
 void Commands::obey(const std::string& name, Words& words) {
     const auto found = handlers().find(name);
-    if (found == handlers().end()) throw CommandError("unknown command: " + name);
+    if (found == handlers().end()) {
+        throw CommandError("unknown command: " + name + didYouMean(name, names()));
+    }
     const Words arguments = words;
     try {
         (this->*found->second)(words);
@@ -86,6 +93,12 @@ void Commands::obey(const std::string& name, Words& words) {
         failure.noteHandler(handlerOf(name, arguments));
         throw;
     }
+}
+
+std::vector<std::string> Commands::names() const {
+    std::vector<std::string> all;
+    for (const auto& [name, handler] : handlers()) all.push_back(name);
+    return all;
 }
 
 void Commands::get(Words& words) {
@@ -124,16 +137,29 @@ void Commands::click(Words& words) {
     output_.ok();
 }
 
+// A number in brackets is a column, as for the other commands; a row has a word of its own.
 void Commands::doubleClick(Words& words) {
-    const Target target = resolveControl(forms_, words.next());
+    const std::string name = words.next();
+    const Target target = resolveControl(forms_, name);
+    std::optional<int> row;
+    if (!words.atEnd()) {
+        if (lowerCase(words.next()) != "row") throw CommandError("row and a number may follow");
+        row = readIndex(words.next());
+    }
     words.end();
     auto* list = dynamic_cast<ListView*>(target.control);
     if (list != nullptr && target.part) {
-        // Pressing the button selects the row under the pointer first.
-        list->userSelect({*target.part});
-        list->userDoubleClickOn(*target.part, 1);
-    } else {
+        throw CommandError("a column can't be double-clicked; a row: doubleclick " + list->Name() +
+                           " row " + std::to_string(*target.part));
+    }
+    if (!row) {
         target.control->userDoubleClick();
+    } else if (list == nullptr) {
+        throw CommandError("not a list of rows: " + name);
+    } else {
+        // Pressing the button selects the row under the pointer first.
+        list->userSelect({*row});
+        list->userDoubleClickOn(*row, 1);
     }
     output_.ok();
 }
@@ -192,11 +218,41 @@ void Commands::rows(Words& words) {
     }
 }
 
+void Commands::row(Words& words) {
+    const ListView& list = listView(words.next());
+    const int index = readIndex(words.next());
+    words.end();
+    if (index < 1 || index > list.Count()) {
+        throw CommandError("no row of that number: " + std::to_string(index));
+    }
+    output_.row(list, index);
+}
+
+void Commands::fields(Words& words) {
+    const std::string pattern = words.atEnd() ? "" : words.value();
+    const Report found = fieldList(forms_, pattern);
+    if (found.fields->empty())
+        throw CommandError("no field of that name or with that word: " + pattern);
+    output_.report(found.text, found.fields);
+}
+
+void Commands::status(Words& words) {
+    words.end();
+    const Report screen = reports_.status();
+    output_.report(screen.text, screen.fields);
+}
+
+void Commands::refresh(Words& words) {
+    words.end();
+    program_.RefreshDrive();
+    output_.ok();
+}
+
 void Commands::drop(Words& words) {
     Control& control = controlOf<Control>(forms_, words.next(), "list");
     std::vector<std::string> paths = words.all();
     if (paths.empty()) throw CommandError("a path is missing");
-    for (std::string& path : paths) path = toDrivePath_(path);
+    for (std::string& path : paths) path = program_.toDrivePath(path);
     if (auto* list = dynamic_cast<ListView*>(&control)) {
         list->userDrop(paths);
     } else if (auto* box = dynamic_cast<ComboBox*>(&control)) {
@@ -255,17 +311,22 @@ void Commands::answer(Words& words) {
     if (!path && kind != "text") throw CommandError("unknown answer: " + kind);
     if (texts.empty()) throw CommandError("a text is missing");
     if (kind == "files") {
-        for (std::string& text : texts) text = toDrivePath_(text);
+        for (std::string& text : texts) text = program_.toDrivePath(text);
         host_.queueText(chosenFiles(texts));
         return output_.ok();
     }
-    for (std::string& text : texts) host_.queueText(path ? toDrivePath_(text) : text);
+    for (std::string& text : texts) host_.queueText(path ? program_.toDrivePath(text) : text);
     output_.ok();
 }
 
 void Commands::wait(Words& words) {
     const std::string span = words.next();
-    if (lowerCase(span) == "until") return waitUntil(words.value());
+    if (lowerCase(span) == "until") {
+        Words alert = words;
+        if (!alert.atEnd() && lowerCase(alert.next()) == "alert" && !alert.atEnd())
+            return waitUntilAlert(alert.value());
+        return waitUntil(words.value());
+    }
     words.end();
     if (lowerCase(span) == "forever") waiting_.forever();
     waiting_.forSeconds(readSeconds(span));
@@ -277,6 +338,15 @@ void Commands::after(Words& words) {
     std::string line = words.value();
     if (line.empty()) throw CommandError("a command is missing");
     later_.add(std::llround(seconds * 1000), std::move(line));
+    output_.ok();
+}
+
+void Commands::at(Words& words) {
+    if (lowerCase(words.next()) != "yield") throw CommandError("at yield NUMBER COMMAND");
+    const auto count = readWhole(words.next(), 1, 1 << 30);
+    std::string line = words.value();
+    if (line.empty()) throw CommandError("a command is missing");
+    later_.addAtYield(count, std::move(line));
     output_.ok();
 }
 
@@ -296,6 +366,11 @@ void Commands::waitUntil(const std::string& text) {
     output_.ok();
 }
 
+void Commands::waitUntilAlert(const std::string& text) {
+    if (!waiting_.untilAlert(text)) throw CommandError("no such alert within 600 s: " + text);
+    output_.ok();
+}
+
 void Commands::json(Words& words) {
     const bool on = readSwitch(words.next());
     words.end();
@@ -311,8 +386,14 @@ void Commands::watch(Words& words) {
 }
 
 void Commands::help(Words& words) {
+    if (words.atEnd()) return output_.text(helpText());
+    const std::string command = lowerCase(words.next());
     words.end();
-    output_.text(helpText());
+    const std::string lines = helpOf(command);
+    if (lines.empty()) {
+        throw CommandError("unknown command: " + command + didYouMean(command, names()));
+    }
+    output_.text(lines);
 }
 
 void Commands::exit(Words& words) {

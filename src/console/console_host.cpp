@@ -82,6 +82,7 @@ void ConsoleHost::Note(const std::string& text) {
 
 void ConsoleHost::DoEvents() {
     fireTimers();
+    guarded([this] { later_.yielded(); });
 }
 
 void ConsoleHost::fireTimers() {

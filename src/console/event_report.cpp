@@ -18,7 +18,7 @@ EventReport::EventReport(Notice<const ListItem&>& alertRaised, StatusBar& status
 
 void EventReport::reportAlert(const ListItem& row) {
     output_.alert(row);
-    waiting_.seen(ConstAlertRow(row).text());
+    waiting_.seenInAlert(ConstAlertRow(row).text());
 }
 
 // When only the picture of a panel has changed, its text isn't reported again.

@@ -16,13 +16,16 @@ Json toJson(const PropertyValue& value) {
     return std::visit([](const auto& held) { return Json(held); }, value);
 }
 
+template <typename Value>
+Json ofSubItems(const ListItem& row, const Value& value) {
+    Json all = Json::array();
+    for (int i = 1; i <= row.SubItemCount(); ++i) all.push_back(value(row.ListSubItems(i)));
+    return all;
+}
+
 Json rowObject(const ListItem& row) {
-    Json subItems = Json::array();
-    Json subTags = Json::array();
-    for (int i = 1; i <= row.SubItemCount(); ++i) {
-        subItems.push_back(row.SubItems(i));
-        subTags.push_back(row.ListSubItems(i).Tag());
-    }
+    const Json subItems = ofSubItems(row, [](const ListSubItem& sub) { return sub.Text; });
+    const Json subTags = ofSubItems(row, [](const ListSubItem& sub) { return sub.Tag(); });
     return {{"Text", row.Text()},         {"SubItems", subItems},     {"Checked", row.Checked()},
             {"Selected", row.Selected()}, {"Bold", row.Bold()},       {"Tag", row.Tag()},
             {"SubTags", subTags},         {"ReportIcon", iconOf(row)}};
@@ -57,6 +60,14 @@ const std::string& iconOf(const ListItem& row) {
         if (!icon.empty()) return icon;
     }
     return none;
+}
+
+std::string jsonRow(const ListItem& row) {
+    Json object = rowObject(row);
+    object["SmallIcon"] = row.SmallIcon();
+    object["SubKeys"] = ofSubItems(row, [](const ListSubItem& sub) { return sub.Key(); });
+    object["SubIcons"] = ofSubItems(row, [](const ListSubItem& sub) { return sub.ReportIcon(); });
+    return dump(object);
 }
 
 std::string jsonRows(const ListView& list) {

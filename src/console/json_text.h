@@ -24,6 +24,8 @@ std::string jsonObject(const JsonFields& fields);
 
 /// The first icon that a column of the row shows; empty for none.
 const std::string& iconOf(const ListItem& row);
+/// A row with its keys and icons too.
+std::string jsonRow(const ListItem& row);
 /// The rows of a list, one object a row.
 std::string jsonRows(const ListView& list);
 

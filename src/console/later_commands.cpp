@@ -17,6 +17,18 @@ void LaterCommands::runDue() {
     }
 }
 
+void LaterCommands::addAtYield(std::int64_t count, std::string line) {
+    atYields_.emplace(yields_ + count, std::move(line));
+}
+
+void LaterCommands::yielded() {
+    ++yields_;
+    while (run_ && !atYields_.empty() && atYields_.begin()->first <= yields_) {
+        const auto next = atYields_.extract(atYields_.begin());
+        run_(next.mapped());
+    }
+}
+
 std::optional<std::int64_t> LaterCommands::untilNext() const {
     if (lines_.empty()) return std::nullopt;
     return std::max<std::int64_t>(0, lines_.begin()->first - clock_.GetTickCount());

@@ -20,9 +20,13 @@ class LaterCommands {
     /// Whoever carries a line out; until it is set, lines wait.
     void setRun(Run run) { run_ = std::move(run); }
     void add(std::int64_t milliseconds, std::string line);
+    /// At the yield of that number from now, from 1.
+    void addAtYield(std::int64_t count, std::string line);
     /// Runs those that are due, in the order of their times. A command may yield: one that is due
     /// meanwhile runs then.
     void runDue();
+    /// The program yields: runs those that waited for this yield.
+    void yielded();
     /// Milliseconds until the next one is due (0 when one is); nothing when there is none.
     std::optional<std::int64_t> untilNext() const;
 
@@ -30,6 +34,8 @@ class LaterCommands {
     Clock& clock_;
     Run run_;
     std::multimap<std::int64_t, std::string> lines_;  // by the time at which they are due
+    std::int64_t yields_ = 0;
+    std::multimap<std::int64_t, std::string> atYields_;  // by the number of the yield
 };
 
 }  // namespace velmora::console

@@ -80,6 +80,24 @@ void Output::rows(const ListView& list) {
     line(std::to_string(list.Count()) + " row(s)");
 }
 
+void Output::row(const ListView& list, int index) {
+    const ListItem& row = list.ListItems(index);
+    if (json_) return line(R"({"ok":)" + jsonRow(row) + "}");
+    line(rowLine(list, index));
+    const auto tell = [this](const std::string& what, const std::string& value) {
+        if (!value.empty()) line("    " + what + " " + readable(value));
+    };
+    tell("Tag", row.Tag());
+    tell("SmallIcon", row.SmallIcon());
+    for (int i = 1; i <= row.SubItemCount(); ++i) {
+        const ListSubItem& sub = row.ListSubItems(i);
+        const std::string place = "(" + std::to_string(i) + ")";
+        tell("Tag" + place, sub.Tag());
+        tell("Key" + place, sub.Key());
+        tell("ReportIcon" + place, sub.ReportIcon());
+    }
+}
+
 std::string Output::rowLine(const ListView& list, int index) const {
     const ListItem& row = list.ListItems(index);
     std::string text = std::to_string(index) + " " + tick(row.Checked()) + readable(row.Text());

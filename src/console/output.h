@@ -29,6 +29,8 @@ class Output {
     void value(const PropertyValue& value);
     void error(const std::string& message);
     void rows(const ListView& list);
+    /// One row with all that it carries: tags, keys and icons.
+    void row(const ListView& list, int index);
     /// The entries of a check list or combo box: text, and the tick where there is one.
     void entries(const ListBox& list);
     void entries(const ComboBox& list);

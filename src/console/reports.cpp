@@ -10,6 +10,7 @@
 #include "base/runtime_error.h"
 #include "base/text.h"
 #include "console/caption_report.h"
+#include "console/status_report.h"
 #include "console/target.h"
 #include "inspect/charts/drive_charts.h"
 #include "inspect/drive_attributes.h"
@@ -96,6 +97,10 @@ Report Reports::make(Words& words) {
     const auto found = others.find(name);
     if (found == others.end()) throw CommandError("unknown report: " + name);
     return {.text = found->second()};
+}
+
+Report Reports::status() {
+    return statusReport(forms_, platform_.regional);
 }
 
 Report Reports::ntEvents(Words& words) {

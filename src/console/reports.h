@@ -1,22 +1,16 @@
 // The reports of the program, for a reader who wants to see one without a mail or a window.
 #pragma once
 
-#include <optional>
 #include <string>
 
+#include "console/report.h"
 #include "console/words.h"
-#include "controls/control.h"
 #include "forms/form1.h"
 #include "notify/inventory.h"
 #include "notify/message_content.h"
 #include "platform/platform.h"
 
 namespace velmora::console {
-
-struct Report {
-    std::string text = {};                      ///< line ends CR LF
-    std::optional<Control::Table> fields = {};  ///< for a program, where it has fields
-};
 
 class Reports {
   public:
@@ -30,6 +24,8 @@ class Reports {
 
     /// The report that the words name. CommandError when they name none, or it can't be made.
     Report make(Words& words);
+    /// The watch on one screen: its state, the next check, and each row with its figures.
+    Report status();
 
   private:
     Report ntEvents(Words& words);

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/text.h"
+#include "console/nearest_name.h"
 #include "console/words.h"
 #include "controls/control.h"
 
@@ -42,8 +43,24 @@ bool setControl(Target& target, const Piece& piece) {
     return target.control != nullptr;
 }
 
-[[noreturn]] void unknown(const std::string& what, const std::string& name) {
-    throw CommandError("no " + what + " of that name: " + name);
+[[noreturn]] void unknown(const std::string& what, const std::string& name,
+                          const std::vector<std::string>& candidates = {}) {
+    throw CommandError("no " + what + " of that name: " + name + didYouMean(name, candidates));
+}
+
+std::vector<std::string> namesOf(const Properties& properties) {
+    std::vector<std::string> all;
+    for (const Property& each : properties) all.push_back(each.name);
+    return all;
+}
+
+// A control of a form, or a form where none has been named.
+std::vector<std::string> namesIn(Forms& forms, const Form& form, bool isNamed) {
+    std::vector<std::string> all;
+    for (const Control* each : form.controls()) all.push_back(each->fullName());
+    if (isNamed) return all;
+    for (const Form* each : forms.all()) all.push_back(each->Name());
+    return all;
 }
 
 }  // namespace
@@ -63,7 +80,7 @@ Property Target::find() const {
     for (Property& candidate : properties()) {
         if (lowerCase(candidate.name) == key) return candidate;
     }
-    unknown("property", wanted);
+    unknown("property", wanted, namesOf(properties()));
 }
 
 Target resolve(Forms& forms, const std::string& name) {
@@ -80,7 +97,7 @@ Target resolve(Forms& forms, const std::string& name) {
             ++at;
         } else if (at == 0 || texts.size() == 3) {
             // After a form alone, the name may be that of a property of the form.
-            unknown("control", texts[at]);
+            unknown("control", texts[at], namesIn(forms, *target.form, at > 0));
         }
     }
     if (at < texts.size()) target.property = texts[at++];

@@ -23,15 +23,28 @@ void Waiting::forever() {
 }
 
 bool Waiting::until(const std::string& text) {
-    awaited_ = text;
-    run(clock_.GetTickCount() + untilLimit, [this] { return !awaited_; });
-    const bool found = !awaited_;
-    awaited_.reset();
+    return untilSeen(awaited_, text);
+}
+
+bool Waiting::untilAlert(const std::string& text) {
+    return untilSeen(awaitedAlert_, text);
+}
+
+bool Waiting::untilSeen(std::optional<std::string>& awaited, const std::string& text) {
+    awaited = text;
+    run(clock_.GetTickCount() + untilLimit, [&awaited] { return !awaited; });
+    const bool found = !awaited;
+    awaited.reset();
     return found;
 }
 
 void Waiting::seen(const std::string& text) {
     if (awaited_ && contains(text, *awaited_)) awaited_.reset();
+}
+
+void Waiting::seenInAlert(const std::string& text) {
+    seen(text);
+    if (awaitedAlert_ && contains(text, *awaitedAlert_)) awaitedAlert_.reset();
 }
 
 void Waiting::run(std::optional<std::int64_t> end, const std::function<bool()>& done) {

@@ -30,8 +30,12 @@ class Waiting {
     [[noreturn]] void forever();
     /// Waits until `seen` is called with a text that holds `text`; false after the limit of 600 s.
     bool until(const std::string& text);
-    /// A status panel or a new alert shows this.
+    /// The same for a new alert alone.
+    bool untilAlert(const std::string& text);
+    /// A status panel shows this.
     void seen(const std::string& text);
+    /// A new alert holds this.
+    void seenInAlert(const std::string& text);
 
   private:
     // Runs timers until the condition holds or the time is up.
@@ -43,7 +47,9 @@ class Waiting {
     Clock& clock_;
     Output& output_;
     Sleep sleep_;
+    bool untilSeen(std::optional<std::string>& awaited, const std::string& text);
     std::optional<std::string> awaited_;
+    std::optional<std::string> awaitedAlert_;
 };
 
 }  // namespace velmora::console

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "base/runtime_error.h"
+#include "rows/watch_columns.h"
 #include "session.h"
 
 namespace velmora::console {
@@ -30,12 +31,34 @@ TEST_F(CommandsTest, ThatAreUnknownGetAnError) {
 }
 
 TEST_F(CommandsTest, WithTooFewWordsGetAnError) {
-    for (const char* line :
-         {"get",         "set",         "click",          "doubleclick", "menu",
-          "tick",        "tick lstAct", "tick lstAct 1",  "select",      "select ListView1",
-          "rows",        "drop",        "drop ListView1", "fire",        "answer",
-          "answer text", "answer file", "answer folder",  "wait",        "wait until",
-          "json",        "watch"}) {
+    for (const char* line : {"get",
+                             "set",
+                             "click",
+                             "doubleclick",
+                             "menu",
+                             "tick",
+                             "tick lstAct",
+                             "tick lstAct 1",
+                             "select",
+                             "select ListView1",
+                             "rows",
+                             "drop",
+                             "drop ListView1",
+                             "fire",
+                             "answer",
+                             "answer text",
+                             "answer file",
+                             "answer folder",
+                             "wait",
+                             "wait until",
+                             "json",
+                             "watch",
+                             "row",
+                             "row LVFile",
+                             "at",
+                             "at yield",
+                             "at yield 1",
+                             "wait until"}) {
         EXPECT_TRUE(refuses(line)) << line;
     }
 }
@@ -45,9 +68,10 @@ TEST_F(CommandsTest, WithTooManyWordsGetAnErrorAndDoNothing) {
     form1.mnuExit.Click.connect([this] { done += "exit"; });
     form1.Timer1.Tick.connect([this] { done += "tick"; });
     for (const char* line :
-         {"get txtAmt x", "click lblDP(0) x", "doubleclick ListView1 1 x", "menu mnuExit x",
-          "tick lstAct 1 on x", "rows lstAct x", "fire Timer1 x", "answer yes no", "wait 5 x",
-          "wait forever x", "json on x", "watch on x", "help x", "exit x"}) {
+         {"get txtAmt x", "click lblDP(0) x", "doubleclick ListView1 row 1 x", "row ListView1 1 x",
+          "status x", "refresh x", "menu mnuExit x", "tick lstAct 1 on x", "rows lstAct x",
+          "fire Timer1 x", "answer yes no", "wait 5 x", "wait forever x", "json on x", "watch on x",
+          "help get x", "exit x"}) {
         EXPECT_TRUE(refuses(line)) << line;
     }
     EXPECT_EQ(done, "");
@@ -98,10 +122,14 @@ TEST_F(CommandsTest, DoubleClickNeedsASelectedRowOrARow) {
     form1.LVAlert.Add("a");
     form1.LVAlert.Add("b");
     EXPECT_TRUE(refuses("doubleclick LVAlert"));
-    EXPECT_EQ(run("doubleclick LVAlert(2)"), "ok\n");
+    EXPECT_EQ(run("doubleclick LVAlert row 2"), "ok\n");
     EXPECT_EQ(run("doubleclick LVAlert"), "ok\n");
     EXPECT_EQ(done, "bb");
-    EXPECT_TRUE(refuses("doubleclick LVAlert(3)"));
+    EXPECT_TRUE(refuses("doubleclick LVAlert row 3"));
+    EXPECT_EQ(run("doubleclick LVAlert(2)"),
+              "error: a column can't be double-clicked; a row: doubleclick LVAlert row 2\n");
+    EXPECT_TRUE(refuses("doubleclick LVAlert line 2"));
+    EXPECT_TRUE(refuses("doubleclick txtSpace row 1"));
     EXPECT_TRUE(refuses("doubleclick lblDP(0)"));
     EXPECT_TRUE(refuses("doubleclick Form1"));
 }
@@ -250,11 +278,63 @@ TEST_F(CommandsTest, SwitchToJsonWithTheReplyAndBack) {
     EXPECT_TRUE(refuses("json perhaps"));
 }
 
+TEST_F(CommandsTest, HelpOfOneCommandHasItsLinesAlone) {
+    EXPECT_EQ(run("help tick"),
+              "tick LIST INDEX on|off        tick an entry of a check list (from 0) or a row "
+              "(from 1)\n");
+    EXPECT_EQ(run("help ROW"),
+              "row LIST N                    print one row with its tags, keys and icons\n");
+    const std::string report = run("help report");
+    EXPECT_TRUE(report.starts_with("report NAME "));
+    EXPECT_NE(report.find("netstat"), std::string::npos);
+    EXPECT_EQ(report.find("\nwatch on"), std::string::npos);
+    EXPECT_EQ(run("help nonsense"), "error: unknown command: nonsense\n");
+}
+
+TEST_F(CommandsTest, RefreshListsTheDrivesAnew) {
+    EXPECT_EQ(run("refresh"), "ok\n");
+    EXPECT_EQ(refreshed, 1);
+}
+
+TEST_F(CommandsTest, ARowIsPrintedWithAllThatItCarries) {
+    addWatchColumns(form1.ListView1);
+    ListItem& row = form1.ListView1.Add("C:\\");
+    EXPECT_EQ(run("row ListView1 1"), "1 [ ] C:\\ |  |  |  | \n");
+    row.setTag("a tag");
+    row.setSmallIcon("drive");
+    row.setSubItems(1, "5 KB");
+    row.setSubTag(1, "first");
+    row.setSubKey(1, "key");
+    row.setReportIcon(1, "alert");
+    row.setSubTag(3, "third");
+    EXPECT_EQ(run("row ListView1 1"),
+              "1 [ ] C:\\ | 5 KB |  |  |  <alert>\n"
+              "    Tag a tag\n    SmallIcon drive\n"
+              "    Tag(1) first\n    Key(1) key\n    ReportIcon(1) alert\n"
+              "    Tag(3) third\n");
+    run("json on");
+    EXPECT_EQ(run("row ListView1 1"),
+              R"({"ok":{"Text":"C:\\","SubItems":["5 KB","","",""],"Checked":false,)"
+              R"("Selected":false,"Bold":false,"Tag":"a tag","SubTags":["first","","third",""],)"
+              R"("ReportIcon":"alert","SmallIcon":"drive","SubKeys":["key","","",""],)"
+              R"("SubIcons":["alert","","",""]}})"
+              "\n");
+}
+
+TEST_F(CommandsTest, ARowThatIsNotThereIsAnError) {
+    form1.ListView1.Add("C:\\");
+    for (const char* line :
+         {"row ListView1 0", "row ListView1 2", "row lstAct 0", "row ListView1 x"}) {
+        EXPECT_TRUE(refuses(line)) << line;
+    }
+}
+
 TEST_F(CommandsTest, HelpNamesEveryCommand) {
     const std::string help = run("help");
     for (const char* name :
-         {"get", "set", "click", "doubleclick", "menu", "tick", "select", "rows", "drop", "fire",
-          "answer", "wait", "report", "watch", "json", "help", "exit"}) {
+         {"get",  "set",  "click",  "doubleclick", "menu",    "tick",  "select", "rows",
+          "drop", "fire", "answer", "wait",        "report",  "watch", "json",   "help",
+          "exit", "row",  "fields", "status",      "refresh", "at",    "after"}) {
         EXPECT_TRUE(("\n" + help).find("\n" + std::string(name) + " ") != std::string::npos)
             << name;
     }

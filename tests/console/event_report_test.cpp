@@ -57,6 +57,30 @@ TEST_F(EventReportTest, LetsAWaitForAnAlertEnd) {
     EXPECT_TRUE(waiting.until("Short"));
 }
 
+TEST_F(EventReportTest, AWaitForAnAlertPassesOverAPanelThatSaysTheSame) {
+    Timer timer{form1, "tmrTest", 2000, true};
+    timers.add(timer);
+    int ticks = 0;
+    timer.Tick.connect([&] {
+        ++ticks;
+        if (ticks == 1) form1.StatusBar1.setPanelText(2, "Short of space");
+        if (ticks == 2) forms.frmNotify.StatusTxt.setText("Short of space");
+        if (ticks == 3) raised(alert());
+    });
+    EXPECT_TRUE(run("wait until alert of space").ends_with("ok\n"));
+    EXPECT_EQ(slept, 6000);
+    // One that was there before is none.
+    EXPECT_TRUE(run("wait until alert of space")
+                    .ends_with("error: no such alert within 600 s: of space\n"));
+    EXPECT_EQ(slept, 606'000);
+}
+
+TEST_F(EventReportTest, AWaitForTheWordAlertAloneIsForAText) {
+    form1.StatusBar1.setPanelText(2, "no alert");
+    EXPECT_TRUE(run("wait until alert").ends_with("ok\n"));
+    EXPECT_EQ(slept, 0);
+}
+
 TEST_F(EventReportTest, ReportsNothingAfterItsEnd) {
     report.reset();
     raised(alert());

@@ -208,7 +208,7 @@ TEST_F(GetSetTest, RefusesToSetOrClickADisabledField) {
                              "tick lstAct 0 on",
                              "tick ListView1 1 on",
                              "select ListView1 1",
-                             "doubleclick ListView1(1)",
+                             "doubleclick ListView1 row 1",
                              "drop ListView1 /a",
                              "exit"}) {
         const std::string reply = run(line);

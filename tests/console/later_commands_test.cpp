@@ -28,6 +28,44 @@ TEST(LaterCommands, ACommandRunsAtTheFirstYieldAfterItsTime) {
     EXPECT_TRUE(session.ran("17"));
 }
 
+TEST(LaterCommands, ACommandRunsAtTheYieldOfItsNumber) {
+    LaterSession session;
+    session.host.DoEvents();
+    EXPECT_EQ(session.run("at yield 3 set txtSpace.Text 17"), "ok\n");
+    session.host.DoEvents();
+    session.host.DoEvents();
+    EXPECT_FALSE(session.ran("17"));
+    session.host.DoEvents();
+    EXPECT_TRUE(session.ran("17"));
+    session.forms.form1.txtSpace.setText("own");
+    session.host.DoEvents();
+    EXPECT_TRUE(session.ran("own"));
+}
+
+TEST(LaterCommands, AWaitIsNoYield) {
+    LaterSession session;
+    session.run("at yield 1 set txtSpace.Text 17");
+    session.run("wait 2");
+    EXPECT_FALSE(session.ran("17"));
+}
+
+TEST(LaterCommands, AYieldWithinACommandCountsToo) {
+    LaterSession session;
+    session.form1.lblDP[0].Click.connect([&session] { session.host.DoEvents(); });
+    session.run("at yield 1 click lblDP(0)");
+    session.run("at yield 2 set txtSpace.Text 17");
+    session.host.DoEvents();
+    EXPECT_TRUE(session.ran("17"));
+}
+
+TEST(LaterCommands, AYieldHasANumberFromOne) {
+    LaterSession session;
+    for (const char* line : {"at yield 0 exit", "at yield -1 exit", "at yield many exit",
+                             "at yield 1", "at once exit"}) {
+        EXPECT_TRUE(session.refuses(line)) << line;
+    }
+}
+
 TEST(LaterCommands, AWaitDoesNotOversleepThem) {
     LaterSession session;
     session.commands.run("after 0.25 set txtSpace.Text 17");

@@ -59,9 +59,15 @@ struct Session {
     MessageContent content{forms, machine.platform(), host, inventory};
     console::Reports reports{inventory, content, machine.platform(), forms};
     console::Commands commands{
-        forms, host, output, waiting, later, reports, [](const std::string& path) {
-            return "drive path of " + path;
-        }};
+        forms,
+        host,
+        output,
+        waiting,
+        later,
+        reports,
+        {.toDrivePath = [](const std::string& path) { return "drive path of " + path; },
+         .RefreshDrive = [this] { ++refreshed; }}};
+    int refreshed = 0;
 };
 
 }  // namespace velmora::tests

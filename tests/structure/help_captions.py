@@ -80,7 +80,9 @@ def files(src, folder):
 def visible_captions(src):
     """The captions of all fields, and the words that the windows put beside them; each once."""
     found = []
-    for path in (*files(src, "forms"), src / "rows/watch_columns.cpp"):
+    # Words for those who can't see a field stand beside no field.
+    shown = [path for path in files(src, "forms") if path.stem != "field_words"]
+    for path in (*shown, src / "rows/watch_columns.cpp"):
         found += captions_in(source(path), IN_FORMS)
     for path in files(src, "qt/windows"):
         found += captions_in(source(path), IN_WINDOWS)

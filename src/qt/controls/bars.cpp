@@ -3,11 +3,11 @@
 #include <QHBoxLayout>
 #include <QToolButton>
 
+#include "forms/field_words.h"
 #include "forms/form_numbers.h"
 #include "qt/controls/elided_label.h"
 #include "qt/icons/glyph.h"
 #include "qt/surface/field.h"
-#include "qt/surface/field_words.h"
 #include "qt/surface/menu_place.h"
 #include "qt/surface/text.h"
 
@@ -90,7 +90,7 @@ StatusView::StatusView(StatusBar& field, QWidget* parent)
 void StatusView::addPanel(int number) {
     auto* panel = new ElidedLabel;
     panel->setObjectName(QStringLiteral("%1(%2)").arg(fieldName(field_)).arg(number));
-    panel->setAccessibleName(fieldWords(QStringLiteral("Form1"), panel->objectName()));
+    panel->setAccessibleName(shown(std::string(fieldWords("Form1", typed(panel->objectName())))));
     addWidget(panel, number == field_.PanelCount() ? 2 : 3);
     follow(field_.PanelChanged, panel,
            [this, panel, number] { panel->setText(shown(field_.Panels(number).Text)); });

@@ -1,7 +1,7 @@
 #include "qt/surface/field.h"
 
 #include "controls/form.h"
-#include "qt/surface/field_words.h"
+#include "forms/field_words.h"
 #include "qt/surface/text.h"
 
 namespace velmora::qt {
@@ -15,7 +15,8 @@ Refresher* bindField(QWidget* widget, Control& control, std::function<void()> re
                      WhenDisabled whenDisabled) {
     const QString name = fieldName(control);
     widget->setObjectName(name);
-    widget->setAccessibleName(fieldWords(shown(control.form().Name()), name));
+    widget->setAccessibleName(
+        shown(std::string(fieldWords(control.form().Name(), control.fullName()))));
     const bool follows = whenDisabled == WhenDisabled::isDisabled;
     return follow(control.Changed, widget, [=, &control, refresh = std::move(refresh)] {
         if (follows) widget->setEnabled(control.Enabled());

@@ -1,8 +1,9 @@
-#include "qt/surface/field_words.h"
+#include "forms/field_words.h"
 
-#include <QHash>
+#include <string>
+#include <unordered_map>
 
-namespace velmora::qt {
+namespace velmora {
 
 namespace {
 
@@ -204,19 +205,22 @@ constexpr FieldWords table[] = {
     {"frmNotify.txtPort", "Port of the proxy server"},
 };
 
-QHash<QString, QString> wordsByField() {
-    QHash<QString, QString> all;
-    for (const FieldWords& entry : table) {
-        all.insert(QString::fromUtf8(entry.field), QString::fromUtf8(entry.words));
-    }
+using Words = std::unordered_map<std::string, std::string_view>;
+
+Words wordsByField() {
+    Words all;
+    for (const FieldWords& entry : table) all.emplace(entry.field, entry.words);
     return all;
 }
 
 }  // namespace
 
-QString fieldWords(const QString& form, const QString& field) {
-    static const QHash<QString, QString> all = wordsByField();
-    return all.value(form + QLatin1Char('.') + field);
+std::string_view fieldWords(std::string_view form, std::string_view field) {
+    static const Words all = wordsByField();
+    std::string name(form);
+    name.append(".").append(field);
+    const auto found = all.find(name);
+    return found == all.end() ? std::string_view() : found->second;
 }
 
-}  // namespace velmora::qt
+}  // namespace velmora

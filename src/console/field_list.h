@@ -1,0 +1,16 @@
+// The fields of the forms by name, for those who look for one.
+#pragma once
+
+#include <string>
+
+#include "console/report.h"
+#include "forms/forms.h"
+
+namespace velmora::console {
+
+/// The fields whose name or words contain the pattern, in any letter case; all of them for an empty
+/// one. A pattern with "*" or "?" is compared with the whole name. A line each: the name as `get`
+/// takes it, the value, the words. A password is shown as dots.
+Report fieldList(Forms& forms, const std::string& pattern);
+
+}  // namespace velmora::console
