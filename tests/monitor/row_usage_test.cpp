@@ -48,6 +48,15 @@ TEST(RowUsageTest, SharesStayWithinTheWhole) {
     EXPECT_EQ(*rig.usage(row).shareAtTrigger(), 0);
 }
 
+TEST(RowUsageTest, AMinimumOfNothingIsReachedNowhere) {
+    UsageRig rig;
+    const WatchRow row = rig.add("C:\\", "500 KB");
+    rig.form1.txtSpace.setText("0");
+    EXPECT_FALSE(rig.usage(row).shareAtTrigger());
+    rig.form1.txtSpace.setText("1");
+    EXPECT_TRUE(rig.usage(row).shareAtTrigger());
+}
+
 TEST(RowUsageTest, WithoutASizeThereIsNoShare) {
     UsageRig rig;
     for (const char* total : {"", "0 KB", "N/A"}) {

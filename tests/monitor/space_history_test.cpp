@@ -133,6 +133,11 @@ TEST(FullEstimate, WhatDoesNotFallSteadilyMakesNone) {
     EXPECT_TRUE(none([](std::int64_t s) {
         return s < 18 * hours ? 900'000 - 10 * s : 252'000 + 15 * (s - 18 * hours);
     }));
+    // It lost nothing in the second quarter of the day, though a line fits well.
+    EXPECT_TRUE(none([](std::int64_t s) {
+        return s < 12 * hours ? 1'900'000 - 10 * (s % (6 * hours))
+                              : 1'584'000 - 10 * (s - 12 * hours);
+    }));
     // The end is more than a year away.
     EXPECT_TRUE(none([](std::int64_t s) { return 4'000'000'000 - s; }));
 }

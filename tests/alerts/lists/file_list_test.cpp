@@ -216,6 +216,12 @@ TEST_F(FileRowsTest, ThreeChosenFilesGetThreeRowsInTheDialogsOrder) {
     EXPECT_EQ(tags(), all);
 }
 
+TEST_F(FileRowsTest, TheFolderOfChosenFilesIsNoNameItself) {
+    for (const char* name : {"a", "b", "c"}) file(std::string("C:\\data\\") + name);
+    host.paths = {std::string("C:\\data\0b\0c", 11)};
+    EXPECT_EQ(chosen(), (Texts{"C:\\data\\b", "C:\\data\\c"}));
+}
+
 TEST_F(FileRowsTest, ChosenFilesOfARootGetNoSecondBackSlash) {
     file("C:\\a.txt");
     file("C:\\b.txt");
