@@ -17,6 +17,7 @@ class FakeUserState final : public UserState {
     }
     bool write(const std::string& name, std::string_view content) override {
         if (!hasFolder || !isUserStateName(name) || content.size() > mostUserState) return false;
+        if (writesUntilFull && writes >= *writesUntilFull) return false;
         kept[name] = content;
         ++writes;
         return true;
@@ -27,6 +28,8 @@ class FakeUserState final : public UserState {
     std::map<std::string, std::string> kept;
     int writes = 0;         ///< those that were done
     bool hasFolder = true;  ///< the folder can be made and is the user's own
+    /// After as many writes there is no room for more.
+    std::optional<int> writesUntilFull;
 };
 
 }  // namespace velmora::fake
