@@ -65,6 +65,19 @@ TEST_F(Recovery, FromStartToStartTheOptionGoesFurtherBack) {
     EXPECT_EQ(settings(), oldest);
 }
 
+TEST_F(Recovery, ACopyIsFoundWhenTheDriveHasAnotherLetter) {
+    const std::string good = settings();
+    run("");
+    machine.drives["D:"] = {50e9, 100e9};
+    machine.platform().app.Path = "D:\\Velmora";
+    machine.folders.insert("d:\\velmora");
+    machine.files["D:\\Velmora\\set.dat"] = broken;
+    machine.platform().app.Options.restoreSettings = true;
+    run("");
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(machine.files["D:\\Velmora\\set.dat"], good);
+}
+
 TEST_F(Recovery, ACopyThatEndedAStartIsPassedOver) {
     const std::string good = settings();
     run("");

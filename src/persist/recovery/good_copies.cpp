@@ -2,24 +2,23 @@
 
 #include <utility>
 
-#include "base/text.h"
 #include "base/text_sum.h"
 
 namespace velmora {
 
 namespace {
 
-std::string nameFor(const std::string& settingsPath) {
-    return "set-" + sumOfText(lowerCase(settingsPath));
+std::string nameFor(const std::string& folderKey) {
+    return "set-" + sumOfText(folderKey);
 }
 
 }  // namespace
 
-GoodCopies::GoodCopies(UserState& state, const std::string& settingsPath)
+GoodCopies::GoodCopies(UserState& state, const std::string& folderKey)
     : state_(state),
-      marksName_(nameFor(settingsPath) + "-turns.txt"),
-      copies_(state, nameFor(settingsPath)),
-      replaced_(state, nameFor(settingsPath) + "-replaced") {}
+      marksName_(nameFor(folderKey) + "-turns.txt"),
+      copies_(state, nameFor(folderKey)),
+      replaced_(state, nameFor(folderKey) + "-replaced") {}
 
 void GoodCopies::keep(const std::string& content) {
     copies_.keep(content);

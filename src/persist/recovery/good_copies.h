@@ -13,8 +13,8 @@ namespace velmora {
 
 class GoodCopies {
   public:
-    /// The settings of one program folder are told from those of another by the file's path.
-    GoodCopies(UserState& state, const std::string& settingsPath);
+    /// The settings of one program folder are told from those of another by its key.
+    GoodCopies(UserState& state, const std::string& folderKey);
 
     using Copy = KeptFiles::Kept;
 

@@ -22,7 +22,7 @@ class SettingsRecovery {
     using PathConversion = std::function<std::string(const std::string&)>;
 
     explicit SettingsRecovery(Platform& platform)
-        : platform_(platform), copies_(platform.userState, path()) {}
+        : platform_(platform), copies_(platform.userState, platform.app.FolderKey) {}
 
     /// Keeps the content with which the program has started.
     void keep(const std::string& content) { copies_.keep(content); }

@@ -11,7 +11,7 @@
 namespace velmora::tests {
 namespace {
 
-constexpr const char* here = "C:\\Velmora\\set.dat";
+constexpr const char* here = "/opt/velmora/";
 
 struct GoodCopiesTest : testing::Test {
     using Present = std::optional<std::string>;
@@ -60,14 +60,14 @@ TEST_F(GoodCopiesTest, TheSameOnceMoreKeepsNothing) {
     EXPECT_EQ(next("b"), "a");
 }
 
-TEST_F(GoodCopiesTest, EachFileHasItsOwnInAnySpellingOfItsPath) {
-    GoodCopies other(state, "D:\\set.dat");
+TEST_F(GoodCopiesTest, EachFolderHasItsOwn) {
+    GoodCopies other(state, "/opt/Velmora/");
     copies.keep("a");
     other.keep("b");
     EXPECT_EQ(next(), "a");
     EXPECT_EQ(other.next(std::nullopt)->content, "b");
-    EXPECT_EQ(GoodCopies(state, "c:\\VELMORA\\SET.DAT").next(std::nullopt)->content, "a");
-    EXPECT_FALSE(GoodCopies(state, "E:\\set.dat").next(std::nullopt));
+    EXPECT_EQ(GoodCopies(state, here).next(std::nullopt)->content, "a");
+    EXPECT_FALSE(GoodCopies(state, "/srv/").next(std::nullopt));
 }
 
 TEST_F(GoodCopiesTest, ACopyTellsWhereItLies) {
@@ -166,7 +166,7 @@ TEST_F(GoodCopiesTest, WhatIsNoCopyHasNoMark) {
 }
 
 TEST_F(GoodCopiesTest, EachFolderHasItsOwnMarks) {
-    GoodCopies other(state, "D:\\set.dat");
+    GoodCopies other(state, "/srv/");
     copies.keep("a");
     other.keep("a");
     copies.endedStart("a");
