@@ -109,7 +109,7 @@ class Native(Recovery, OwnNative, ConsoleCase):
         self.run_to_the_end()
         self.put_settings(b"broken")
         folder = self.folder / ".local/state/velmora"
-        name = next(folder.glob("set-*-1.dat")).name.replace("-1.dat", "-replaced-1.dat")
+        name = next(folder.glob("set-*-1.dat")).name.replace("-1.dat", "-replaced-0.dat")
         (folder / name).mkdir()
         failed = self.run_to_the_end("--restore-settings")
         self.assertEqual(failed.returncode, 1)

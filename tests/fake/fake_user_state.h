@@ -2,7 +2,9 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "platform/user_state.h"
 
@@ -22,7 +24,17 @@ class FakeUserState final : public UserState {
         ++writes;
         return true;
     }
-
+    bool move(const std::string& from, const std::string& to) override {
+        const auto found = kept.find(from);
+        const bool isAllowed = hasFolder && isUserStateName(from) && isUserStateName(to);
+        if (!isAllowed || found == kept.end()) return false;
+        if (movesUntilStuck && moves >= *movesUntilStuck) return false;
+        ++moves;
+        if (from == to) return true;
+        kept[to] = found->second;
+        kept.erase(from);
+        return true;
+    }
     std::string placeOf(const std::string& name) override { return "the user's " + name; }
 
     std::map<std::string, std::string> kept;
@@ -30,6 +42,9 @@ class FakeUserState final : public UserState {
     bool hasFolder = true;  ///< the folder can be made and is the user's own
     /// After as many writes there is no room for more.
     std::optional<int> writesUntilFull;
+    int moves = 0;  ///< those that were done
+    /// After as many moves no more can be done.
+    std::optional<int> movesUntilStuck;
 };
 
 }  // namespace velmora::fake

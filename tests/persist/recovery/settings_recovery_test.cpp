@@ -31,7 +31,9 @@ struct RecoveryTest : testing::Test, SettingsRig {
         return "none";
     }
     /// The name of a kept file, by its end.
-    std::string nameOf(const std::string& end) { return "set-" + sumOfText(machine.platform().app.FolderKey) + end; }
+    std::string nameOf(const std::string& end) {
+        return "set-" + sumOfText(machine.platform().app.FolderKey) + end;
+    }
 
     SettingsRecovery recovery{machine.platform()};
 };
