@@ -1,5 +1,7 @@
 #include "app/start.h"
 
+#include <exception>
+
 #include "base/text.h"
 
 namespace velmora {
@@ -12,20 +14,26 @@ SettingsRecovery::PathConversion hostPathsOf(Machine& machine) {
 
 }  // namespace
 
-std::string restoreSettings(Core& core, Machine& machine) {
+Restored restoreSettings(Core& core, Machine& machine) {
     return core.persist().recovery().restore(hostPathsOf(machine));
 }
 
 void startProgram(Core& core, Machine& machine, Host& host) {
-    std::optional<std::string> restored;
+    std::optional<Restored> restored;
     if (machine.platform().app.Options.restoreSettings) {
         restored = restoreSettings(core, machine);
-        host.Note(*restored);
+        host.Note(restored->text);
     }
-    core.load();
     Persist& persist = core.persist();
+    try {
+        core.load();
+    } catch (const std::exception&) {
+        SettingsFile& settings = persist.settingsFile();
+        if (settings.fault()) persist.recovery().endedStart(settings.takeContentRead());
+        throw;
+    }
     persist.recovery().keep(persist.settingsFile().takeContentRead());
-    if (restored) persist.hintNote().say(*restored);
+    if (restored) persist.hintNote().say(restored->text);
 }
 
 std::optional<std::string> whySettingsFailed(Core& core, Machine& machine) {

@@ -11,11 +11,11 @@ namespace velmora {
 
 /// Builds the running state. Where the command line asks for it, the last good settings are put
 /// back first, and `host` is told. Settings that the program has started with are kept as a good
-/// copy.
+/// copy; those that ended the start are one no more.
 void startProgram(Core& core, Machine& machine, Host& host);
 
 /// Puts the last good settings back; says what was done.
-std::string restoreSettings(Core& core, Machine& machine);
+Restored restoreSettings(Core& core, Machine& machine);
 
 /// After a start that failed: what a user has to know about the settings, in lines; nothing when
 /// they were not the reason.

@@ -85,7 +85,11 @@ void WindowProgram::offerSettings() {
     const Box question{.text = *why + "\r\n\r\nPut them back and start again?",
                        .buttons = BoxButtons::yesNo};
     if (host_.MsgBox(question) != BoxAnswer::yes) return;
-    restoreSettings(core_, machine_);
+    const Restored restored = restoreSettings(core_, machine_);
+    if (!restored.isDone) {
+        host_.MsgBox({.text = restored.text});
+        return;
+    }
     if (startAgain_) startAgain_();
 }
 

@@ -175,8 +175,22 @@ void CheckCycle::closeCheck(int i) {
 void CheckCycle::saveAtClosing() {
     Form1& form1 = forms_.form1;
     form1.Timer1.setEnabled(true);
-    if (form1.chkSaveSet.ticked()) parts_.settings.prcSettings(settings_order::write);
+    const std::exception_ptr failure = saveSettings();
     if (form1.chkAutoSave.ticked()) parts_.log.saveNewEntries();
+    if (failure) std::rethrow_exception(failure);
+}
+
+// In a program that keeps running the log is saved whatever becomes of the settings; the failure is
+// given, and reaches the fault path after it.
+std::exception_ptr CheckCycle::saveSettings() {
+    if (!forms_.form1.chkSaveSet.ticked()) return nullptr;
+    try {
+        parts_.settings.prcSettings(settings_order::write);
+    } catch (const std::exception&) {
+        if (!parts_.options.keepRunning) throw;
+        return std::current_exception();
+    }
+    return nullptr;
 }
 
 // How every tick ends, whether it waited, checked or failed.

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstdint>
+#include <exception>
 
 #include "alerts/journal/alert_list.h"
 #include "alerts/journal/journal_log.h"
@@ -19,6 +20,7 @@
 #include "persist/settings_file.h"
 #include "platform/clock.h"
 #include "platform/host.h"
+#include "platform/start_options.h"
 
 namespace velmora {
 
@@ -31,6 +33,7 @@ struct CheckParts {
     SpaceStatistics& statistics;
     HistoryView& history;
     RowIcons& rowIcons;
+    const StartOptions& options;
 };
 
 class CheckCycle {
@@ -54,6 +57,7 @@ class CheckCycle {
     void showProgress(const std::string& text);
     void closeCheck(int i);
     void saveAtClosing();
+    std::exception_ptr saveSettings();
     void closeTick();
     void reportErrorLimit();
     bool retryAfter(const RuntimeError& failure, std::int16_t& intErrCount);

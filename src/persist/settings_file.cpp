@@ -49,22 +49,31 @@ void SettingsFile::write() {
                 path, text, {.reservesRoom = platform_.app.Options.keepRunning, .isPrivate = true});
         });
     };
+    std::string_view key;
     try {
-        appendSettings(text, forms_, platform_.regional, host_);
-    } catch (const RuntimeError&) {
-        store();
+        appendSettings(text, forms_, platform_.regional, host_, key);
+    } catch (RuntimeError& failure) {
+        const bool isAllKept = platform_.app.Options.keepRunning;
+        if (!isAllKept) store();
+        hint(unwritable(key, failure.number(), isAllKept));
+        failure.noteAttempt(
+            "save the settings; " + std::string(key) + " " + whyUnwritable(failure.number()), path);
         throw;
     }
     store();
     hintAbout(text);
 }
 
+void SettingsFile::hint(const SettingsHint& about) {
+    if (hinted_.emplace(about.field, about.endsStart, about.isSaved).second) Hinted(about);
+}
+
 // Each check can save the same once more.
 void SettingsFile::hintAbout(const std::string& written) {
     const std::size_t sum = std::hash<std::string>{}(written);
     if (!Hinted.connected() || std::exchange(sumHinted_, sum) == sum) return;
-    for (const SettingsHint& hint : readBack(written, forms_, platform_, host_)) {
-        if (hinted_.emplace(hint.field, hint.endsStart).second) Hinted(hint);
+    for (const SettingsHint& each : readBack(written, forms_, platform_, host_)) {
+        hint(each);
     }
 }
 

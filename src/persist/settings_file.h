@@ -5,6 +5,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <tuple>
 #include <utility>
 
 #include "controls/event.h"
@@ -30,8 +31,9 @@ class SettingsFile {
     /// 1 writes the file of `Globals::strSettings`, 2 reads it; any other number touches no file.
     /// Finally an interval of 0 or less becomes "5"; error 13 when it is no number. Errors of the
     /// file (53 when it is missing) and of its values go to the caller. A value that can't be
-    /// written leaves a file of the lines before it. Writing yields.
-    /// What was written is then read back in memory, see Hinted.
+    /// written leaves a file of the lines before it; a program that keeps running leaves the file
+    /// as it was, and its error names the key. Writing yields. What was written is then read back
+    /// in memory, see Hinted.
     void prcSettings(std::int16_t bSet);
     /// Does nothing; saving goes through prcSettings.
     void prcSaveSettings() {}
@@ -41,13 +43,14 @@ class SettingsFile {
     /// The content of the last reading, once: it holds a password.
     std::string takeContentRead() { return std::exchange(contentRead_, {}); }
 
-    /// A field that was saved doesn't come back as it is: once for each field and how it ends.
+    /// A field can't be saved, or doesn't come back as it is: once for each field and how it ends.
     Event<const SettingsHint&> Hinted;
 
   private:
     void write();
     void read();
     void checkInterval();
+    void hint(const SettingsHint& about);
     void hintAbout(const std::string& written);
 
     Forms& forms_;
@@ -56,7 +59,7 @@ class SettingsFile {
     std::optional<SettingsFault> fault_;
     std::string contentRead_;
     std::size_t sumHinted_ = 0;  // of the last content that was read back
-    std::set<std::pair<std::string, bool>> hinted_;
+    std::set<std::tuple<std::string, bool, bool>> hinted_;
 };
 
 }  // namespace velmora

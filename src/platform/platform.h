@@ -32,6 +32,9 @@ struct Application {
     std::string EXEName;  ///< name of the executable without extension
     std::string Command;  ///< the command line after the options, each path in quotes
     StartOptions Options = {};
+    /// Tells its folder from any other, the same at every start: drives can have other letters by
+    /// then, and where case doesn't count there is one spelling.
+    std::string FolderKey = {};
 };
 
 struct Platform {

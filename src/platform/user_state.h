@@ -27,6 +27,9 @@ class UserState {
     /// Keeps `content` under the name. A failure, also for one that is too great, gives false and
     /// leaves what was kept before; no reader ever sees a part of a content.
     virtual bool write(const std::string& name, std::string_view content) = 0;
+    /// Keeps under the name `to` what is kept under `from`, in place of what is there. Needs no
+    /// room. A failure, also when there is nothing to move, gives false and changes nothing.
+    virtual bool move(const std::string& from, const std::string& to) = 0;
     /// The file of that name as the host writes it, whether it is there or not: for words to a
     /// user. Empty where there is no folder.
     virtual std::string placeOf(const std::string& name) = 0;

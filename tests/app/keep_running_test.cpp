@@ -90,6 +90,20 @@ TEST_F(KeepRunning, OnAFullDiskTheActionsOfACheckRun) {
     EXPECT_EQ(machine.files.count("C:\\rubbish.bin"), 0u) << testing::PrintToString(lines);
 }
 
+TEST_F(KeepRunning, AValueThatCantBeWrittenIsNamedAndTheFileStaysWhole) {
+    const std::string before = machine.files[folder + "set.dat"];
+    const auto lines = run("set frmNotify.txtCustMsg.Text " + std::string(33'000, 'm') +
+                           "\nclick Command8\nget lblHint\n");
+    EXPECT_TRUE(printed(lines,
+                        "Tried: save the settings; notCustMsg= is too long: a line can have 32767 "
+                        "bytes (click Command8)"));
+    EXPECT_TRUE(lines.back().find("The settings were not saved: the custom message of the mail "
+                                  "(frmNotify.txtCustMsg)") != std::string::npos)
+        << lines.back();
+    EXPECT_EQ(machine.files[folder + "set.dat"], before);
+    EXPECT_EQ(status, 0);
+}
+
 TEST_F(KeepRunning, TheCountdownOfTheDialogSavesItsJournalLater) {
     machine.files[folder + "log.dat"] = "";
     machine.diskFull = true;

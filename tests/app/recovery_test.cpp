@@ -51,6 +51,67 @@ TEST_F(Recovery, TheOptionPutsTheLastGoodOnesBackAndStarts) {
     EXPECT_EQ(lines.back(), "True");
 }
 
+TEST_F(Recovery, FromStartToStartTheOptionGoesFurtherBack) {
+    const std::string oldest = settings();
+    run("");
+    const std::string newer = oldest + prcEn("notEmailSubj=newer") + "\r\n";
+    settings() = newer;
+    run("");
+    settings() = broken;
+    machine.platform().app.Options.restoreSettings = true;
+    run("");
+    EXPECT_EQ(settings(), newer);
+    run("");
+    EXPECT_EQ(settings(), oldest);
+}
+
+TEST_F(Recovery, ACopyIsFoundWhenTheDriveHasAnotherLetter) {
+    const std::string good = settings();
+    run("");
+    machine.drives["D:"] = {50e9, 100e9};
+    machine.platform().app.Path = "D:\\Velmora";
+    machine.folders.insert("d:\\velmora");
+    machine.files["D:\\Velmora\\set.dat"] = broken;
+    machine.platform().app.Options.restoreSettings = true;
+    run("");
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(machine.files["D:\\Velmora\\set.dat"], good);
+}
+
+TEST_F(Recovery, ACopyThatEndedAStartIsPassedOver) {
+    const std::string good = settings();
+    run("");
+    const std::string once = good + prcEn("lstAct=2") + "\r\n";
+    settings() = once;
+    run("");
+    // As on a machine of another regional form: what was good ends the start.
+    settings() = broken;
+    for (auto& [name, content] : machine.userState.kept) {
+        if (content == once) content = broken + once;
+    }
+    machine.platform().app.Options.restoreSettings = true;
+    run("");
+    EXPECT_EQ(status, 1);
+    EXPECT_EQ(settings(), broken + once);
+    EXPECT_TRUE(said("Start with --restore-settings to put them back."));
+    run("");
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(settings(), good);
+}
+
+TEST_F(Recovery, WhatCantBeKeptFirstIsNotReplacedAndTheStartEnds) {
+    run("");
+    settings() = broken;
+    machine.platform().app.Options.restoreSettings = true;
+    machine.userState.writesUntilFull = machine.userState.writes;
+    const auto lines = run("get txtAmt\n");
+    EXPECT_EQ(status, 1);
+    EXPECT_NE(lines.back().find("Settings were not put back, and nothing was changed"),
+              std::string::npos)
+        << lines.back();
+    EXPECT_EQ(settings(), broken);
+}
+
 TEST_F(Recovery, AStartThatFailsKeepsNoCopyAndOffersNone) {
     settings() = broken;
     run("");

@@ -56,6 +56,18 @@ class Anywhere(Survivor):
             self.console.run("click UpDown3.up")
         self.assertEqual(self.console.process.wait(60), 1)
 
+    def test_a_value_that_cant_be_written_is_named_and_the_settings_stay_whole(self):
+        settings = scrambled("txtTime=60\r\n", "minspace=50000\r\n")
+        self.put_settings(settings)
+        self.launch()
+        self.console.set("frmNotify.txtCustMsg.Text", "m" * 33_000)
+        self.refused("click Command8")
+        self.assertIn("notCustMsg= is too long", self.console.boxes()[-1]["text"])
+        self.assertEqual(self.settings.read_bytes(), settings)
+        self.console.set("frmNotify.txtCustMsg.Text", "short")
+        self.console.run("click Command8")
+        self.assertIn("notCustMsg=short", plain_lines(self.settings.read_bytes()))
+
     def test_behind_the_first_path_the_word_is_a_path(self):
         self.put_settings(scrambled("txtTime=60\r\n"))
         self.launch("a.txt", OPTION)

@@ -57,7 +57,7 @@ class Recovery:
                 self.assertEqual(self.settings.read_bytes(), START)
                 said = back.stderr.decode()
                 self.assertIn("Settings were put back", said)
-                kept = next(word for word in said.split() if word.endswith("-replaced.dat."))
+                kept = next(word for word in said.split() if word.endswith("-replaced-1.dat."))
                 self.assertEqual(self.host_path(kept.rstrip(".")).read_bytes(), broken)
 
     def test_a_missing_file_is_put_back_too(self):
@@ -67,6 +67,21 @@ class Recovery:
         self.assertEqual(self.run_to_the_end().returncode, 1)
         self.assertEqual(self.run_to_the_end("--restore-settings").returncode, 0)
         self.assertEqual(self.settings.read_bytes(), START)
+
+    def test_restoring_again_goes_further_back_and_everything_that_was_replaced_is_kept(self):
+        starts = [START + scrambled(f"notEmailSubj=number {number}") for number in range(3)]
+        for content in starts:
+            self.put_settings(content)
+            self.assertEqual(self.run_to_the_end().returncode, 0)
+        self.put_settings(b"broken")
+        for content in reversed(starts):
+            back = self.run_to_the_end("--restore-settings")
+            self.assertEqual(back.returncode, 0, back.stderr)
+            self.assertEqual(self.settings.read_bytes(), content)
+            place = back.stderr.decode().strip().split()[-1].rstrip(".")
+            replaced = b"broken" if content == starts[-1] else starts[starts.index(content) + 1]
+            self.assertIn(replaced, [path.read_bytes() for path in
+                                     self.host_path(place).parent.glob("set-*.dat")])
 
     def test_without_a_copy_the_start_ends_as_ever(self):
         self.put_settings(b"")
@@ -88,6 +103,18 @@ class Native(Recovery, OwnNative, ConsoleCase):
         self.assertEqual(len(copies), 1)
         self.assertEqual(folder.stat().st_mode & 0o777, 0o700)
         self.assertEqual(copies[0].stat().st_mode & 0o777, 0o600)
+
+    def test_what_cant_be_kept_is_not_replaced(self):
+        self.put_settings(START)
+        self.run_to_the_end()
+        self.put_settings(b"broken")
+        folder = self.folder / ".local/state/velmora"
+        name = next(folder.glob("set-*-1.dat")).name.replace("-1.dat", "-replaced-0.dat")
+        (folder / name).mkdir()
+        failed = self.run_to_the_end("--restore-settings")
+        self.assertEqual(failed.returncode, 1)
+        self.assertIn("Settings were not put back, and nothing was changed", failed.stdout.decode())
+        self.assertEqual(self.settings.read_bytes(), b"broken")
 
     def test_five_are_kept(self):
         for number in range(7):

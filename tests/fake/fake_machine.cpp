@@ -183,7 +183,10 @@ FakeMachine::FakeMachine()
                 .userState = userState,
                 .otherStarts = otherStarts,
                 .regional = {},
-                .app = {.Path = programFolder(), .EXEName = "velmora", .Command = ""}} {
+                .app = {.Path = programFolder(),
+                        .EXEName = "velmora",
+                        .Command = "",
+                        .FolderKey = programFolder()}} {
     folders = {keyOf(programFolder()), keyOf(specialFolders[9]), keyOf(windowsFolder)};
     runKey();
 }

@@ -1,4 +1,6 @@
 // How a check closes: the status, the saving, and the end of its tick.
+#include "base/runtime_error.h"
+#include "base/text.h"
 #include "monitor/recorded_check.h"
 
 namespace velmora::tests {
@@ -75,6 +77,41 @@ TEST(CheckClosing, SettingsAreSavedBeforeTheLogAndOnlyWhenAskedFor) {
     rig.clearRecords();
     rig.check();
     EXPECT_EQ(rig.calls, joined({endOfPass, {"log saved"}, {"spin.avi"}, statistics}));
+}
+
+struct FailingSettings : RecordedCheck {
+    FailingSettings() {
+        machine.files[log()] = "";
+        machine.lockedFiles[platform.app.Path + "\\set.dat"] = error::diskFull;
+        form1.txtAlert.prepend("entry");
+        form1.chkSaveSet.setValue(1);
+        form1.chkAutoSave.setValue(1);
+        setInterval(0, 0, 5);  // one tick checks, and the retry waits
+    }
+    std::string log() { return platform.app.Path + "\\log.dat"; }
+    bool logHolds(const std::string& text) { return contains(machine.files[log()], text); }
+};
+
+TEST(CheckClosing, SettingsThatCantBeSavedEndThePlainCheckBeforeItsLog) {
+    FailingSettings rig;
+    rig.tick();
+    EXPECT_EQ(rig.alertTexts(), Texts{"Error: Disk full"});
+    EXPECT_FALSE(rig.logHolds("entry"));
+    rig.expectRest();
+}
+
+TEST(CheckClosing, AProgramThatKeepsRunningSavesTheLogAllTheSame) {
+    FailingSettings rig;
+    rig.platform.app.Options.keepRunning = true;
+    rig.tick();
+    EXPECT_TRUE(rig.logHolds("entry"));
+    EXPECT_EQ(rig.alertTexts(), Texts{"Error: Disk full"});
+    EXPECT_LT(rig.machine.files[rig.log()].find("entry"),
+              rig.machine.files[rig.log()].find("Error: Disk full"))
+        << "the failure is told after the log is saved";
+    EXPECT_EQ(rig.count("settings saved"), 1);
+    EXPECT_EQ(rig.timesChecked(), 1);
+    rig.expectRest();
 }
 
 TEST(CheckClosing, TheTimerRunsAgainBeforeAnythingIsSaved) {

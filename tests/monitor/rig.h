@@ -102,7 +102,8 @@ struct Rig {
                            .settings = settings,
                            .statistics = statistics,
                            .history = historyView,
-                           .rowIcons = rowIcons}};
+                           .rowIcons = rowIcons,
+                           .options = platform.app.Options}};
     WatchControl watchControl{forms,
                               platform.clock,
                               platform.regional,

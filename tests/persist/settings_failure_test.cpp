@@ -262,6 +262,68 @@ TEST_F(SettingsFailureTest, AFileThatCantBeWrittenIsReportedInFrontOfAValueThatC
     EXPECT_EQ(write(), error::permissionDenied);
 }
 
+TEST_F(SettingsFailureTest, AProgramThatKeepsRunningLeavesTheFileWholeAndNamesTheKey) {
+    form1.txtTime.setText("60");
+    machine.files[path] = "old";
+    machine.platform().app.Options.keepRunning = true;
+    const auto failure = [this] {
+        try {
+            settings.prcSettings(settings_order::write);
+        } catch (const RuntimeError& error) {
+            return std::to_string(error.number()) + " " + error.tried() + " | " + error.file();
+        }
+        return std::string("none");
+    };
+    form1.cboFile.AddItem("C:\\a\xFF");
+    EXPECT_EQ(
+        failure(),
+        "5 save the settings; cboFile= holds a byte 255, which the file can't hold | " + path);
+    form1.cboFile.Clear();
+    notify.txtCustMsg.setText(std::string(32767 - 10, 'm'));
+    EXPECT_EQ(
+        failure(),
+        "6 save the settings; notCustMsg= is too long: a line can have 32767 bytes | " + path);
+    EXPECT_EQ(content(), "old");
+    EXPECT_EQ(machine.log.countOf("writeOver"), 0);
+    notify.txtCustMsg.setText("");
+    EXPECT_EQ(failure(), "none");
+    EXPECT_NE(content(), "old");
+}
+
+TEST_F(SettingsFailureTest, WhatCantBeWrittenIsHintedAtOnceAStart) {
+    form1.txtTime.setText("60");
+    std::vector<SettingsHint> hints;
+    settings.Hinted.connect([&](const SettingsHint& hint) { hints.push_back(hint); });
+    notify.txtUser.setText("a\xFF");
+    write();
+    write();
+    EXPECT_EQ(hints, (std::vector<SettingsHint>{
+                         {.field = "frmNotify.txtUser",
+                          .text = "The settings were only saved up to here: the account of the "
+                                  "mail (frmNotify.txtUser) holds a byte 255, which the file "
+                                  "can't hold. Change it.",
+                          .isSaved = false}}));
+    hints.clear();
+    machine.platform().app.Options.keepRunning = true;
+    notify.txtUser.setText("");
+    notify.txtPass.setText("a\xFF");
+    write();
+    ASSERT_EQ(hints.size(), 1u);
+    EXPECT_TRUE(hints[0].text.starts_with("The settings were not saved: the password of the mail"))
+        << hints[0].text;
+}
+
+TEST_F(SettingsFailureTest, AHintOfAValueThatCantBeWrittenDoesNotSilenceTheOthersOfItsField) {
+    form1.txtTime.setText("60");
+    Lines hinted;
+    settings.Hinted.connect([&](const SettingsHint& hint) { hinted.push_back(hint.field); });
+    notify.txtUser.setText("a\xFF");
+    write();
+    notify.txtUser.setText("a+b");
+    write();
+    EXPECT_EQ(hinted, (Lines{"frmNotify.txtUser", "frmNotify.txtUser"}));
+}
+
 TEST_F(SettingsFailureTest, AValueWithByte254IsWritten) {
     form1.txtTime.setText("60");
     notify.txtUser.setText("a\xFE");

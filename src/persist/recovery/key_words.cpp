@@ -81,6 +81,11 @@ KeyWords wordsOf(std::string_view key) {
                                           : KeyWords{.key = key, .field = key, .words = key};
 }
 
+std::string whyUnwritable(int number) {
+    if (number == error::overflow) return "is too long: a line can have 32767 bytes";
+    return "holds a byte 255, which the file can't hold";
+}
+
 std::string keyOfLineAt(std::string_view content, std::size_t place) {
     const std::string line = decoded(trim(std::string(lineAt(content, place))));
     for (const SettingsKey* key : settingsKeysToRead()) {

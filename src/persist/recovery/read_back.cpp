@@ -82,9 +82,13 @@ std::string adviceFor(const SettingsKey& key, const Values& values) {
     return endsInBlank(values) ? "Take the blank from its end." : "Change it.";
 }
 
+std::string nameOf(const KeyWords& words) {
+    return std::string(words.words) + " (" + std::string(words.field) + ")";
+}
+
 SettingsHint hintFor(const SettingsKey& key, const Values& values, bool endsStart) {
     const KeyWords words = wordsOf(key.key);
-    const std::string name = std::string(words.words) + " (" + std::string(words.field) + ")";
+    const std::string name = nameOf(words);
     const std::string what = endsStart
                                  ? "The next start would end at " + name
                                  : "After the next start this is not as you saved it: " + name;
@@ -128,6 +132,15 @@ void readAsAStart(std::string_view content, const SettingsTarget& to, std::size_
 }
 
 }  // namespace
+
+SettingsHint unwritable(std::string_view key, int number, bool isAllKept) {
+    const KeyWords words = wordsOf(key);
+    const std::string what =
+        isAllKept ? "The settings were not saved" : "The settings were only saved up to here";
+    return {.field = std::string(words.field),
+            .text = what + ": " + nameOf(words) + " " + whyUnwritable(number) + ". Change it.",
+            .isSaved = false};
+}
 
 std::vector<SettingsHint> readBack(std::string_view content, const Forms& forms, Platform& platform,
                                    Host& host) {

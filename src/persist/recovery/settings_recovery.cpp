@@ -18,10 +18,15 @@ std::string lineInWords(const SettingsFault& fault) {
     return fault.line > 0 ? line + ": " + what + "." : "No line holds a number for " + what + ".";
 }
 
+std::string notPutBack(const std::string& file, const std::string& why) {
+    return "Settings were not put back, and nothing was changed: " + file +
+           " can't be kept first (" + why + ").";
+}
+
 }  // namespace
 
-// A file that can't be read is as good as none here.
-std::optional<std::string> SettingsRecovery::present() {
+// For words to a user a file that can't be read is as good as none.
+std::optional<std::string> SettingsRecovery::readable() {
     try {
         return platform_.files.readAll(path());
     } catch (const RuntimeError&) {
@@ -29,25 +34,46 @@ std::optional<std::string> SettingsRecovery::present() {
     }
 }
 
-std::string SettingsRecovery::restore(const PathConversion& toHostPath) {
-    const auto old = present();
-    const auto copy = copies_.newestOtherThan(path(), old);
+// Nothing where there is no file. One that can't be read can't be kept either.
+std::optional<std::string> SettingsRecovery::present(const std::string& file) {
+    try {
+        return platform_.files.readAll(path());
+    } catch (const RuntimeError& failure) {
+        if (failure.number() == error::fileNotFound) return std::nullopt;
+        throw RuntimeError(failure.number(), notPutBack(file, failure.description()));
+    }
+}
+
+std::string SettingsRecovery::keepFirst(const std::string& content, const std::string& file) {
+    const std::string kept = copies_.keepReplaced(content);
+    if (kept.empty()) {
+        throw RuntimeError(error::pathFileAccess,
+                           notPutBack(file, copies_.placeOfReplaced() + " can't be written"));
+    }
+    return kept;
+}
+
+Restored SettingsRecovery::restore(const PathConversion& toHostPath) {
     const std::string file = toHostPath(path());
-    if (!copy) return "There is no other good copy of the settings: " + file;
-    const std::string kept = old ? copies_.keepReplaced(path(), *old) : std::string{};
+    const auto old = present(file);
+    const auto copy = copies_.next(old);
+    if (!copy) return {.text = "There is no other good copy of the settings: " + file};
+    // An empty file holds nothing to keep.
+    const std::string kept = old.value_or("").empty() ? std::string{} : keepFirst(*old, file);
     attempt("put the settings back", path(), [&] {
         platform_.files.writeOver(path(), copy->content, {.reservesRoom = true, .isPrivate = true});
     });
+    copies_.wasPutBack(copy->content, old);
     std::string done = "Settings were put back: " + file + ", from " + copy->place + ".";
     if (!kept.empty()) done += " What they replace lies in " + kept + ".";
-    return done;
+    return {.isDone = true, .text = done};
 }
 
 std::string SettingsRecovery::explain(const SettingsFault& fault,
                                       const PathConversion& toHostPath) {
     std::string text = "The settings can't be read: " + toHostPath(path());
     text.append(lineEnd).append(lineInWords(fault)).append(lineEnd);
-    if (const auto copy = copies_.newestOtherThan(path(), present())) {
+    if (const auto copy = copies_.next(readable())) {
         return text + "The last settings that the program started with lie in " + copy->place + ".";
     }
     return text +

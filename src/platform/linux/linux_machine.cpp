@@ -49,7 +49,8 @@ Application ownApplication(Volumes& volumes) {
     if (folder.ends_with('\\')) folder.pop_back();
     Application app{.Path = folder,
                     .EXEName = withoutExtension(path.substr(slash + 1)),
-                    .Command = ownCommand(volumes)};
+                    .Command = ownCommand(volumes),
+                    .FolderKey = ownFolder()};
     app.Options = takeStartOptions(app.Command);
     return app;
 }

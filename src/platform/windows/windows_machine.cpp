@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "base/text.h"
 #include "platform/network/mail_client.h"
 #include "platform/network/polled_socket.h"
 #include "platform/platform.h"
@@ -55,7 +56,12 @@ Application ownApplication() {
         return {.Path = "", .EXEName = path, .Command = command, .Options = options};
     std::string name = path.substr(slash + 1);
     name.resize(std::min(name.rfind('.'), name.size()));
-    return {.Path = path.substr(0, slash), .EXEName = name, .Command = command, .Options = options};
+    const std::string folder = path.substr(0, slash);
+    return {.Path = folder,
+            .EXEName = name,
+            .Command = command,
+            .Options = options,
+            .FolderKey = lowerCase(folder)};
 }
 
 std::string ownFolder() {

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "base/text_sum.h"
 #include "persist/settings_rig.h"
 
 namespace velmora::tests {
@@ -19,6 +20,20 @@ struct RecoveryTest : testing::Test, SettingsRig {
         return split(recovery.explain(settings.fault().value_or(SettingsFault{}), asHost), "\r\n");
     }
     std::string lineOfFault(const std::optional<std::string>& bytes) { return explained(bytes)[1]; }
+
+    /// The error of a restore: its number and its words.
+    std::string failureOfRestore() {
+        try {
+            recovery.restore(asHost);
+        } catch (const RuntimeError& failure) {
+            return std::to_string(failure.number()) + " " + failure.description();
+        }
+        return "none";
+    }
+    /// The name of a kept file, by its end.
+    std::string nameOf(const std::string& end) {
+        return "set-" + sumOfText(machine.platform().app.FolderKey) + end;
+    }
 
     SettingsRecovery recovery{machine.platform()};
 };
@@ -70,10 +85,11 @@ TEST_F(RecoveryTest, ThePlaceOfTheLastGoodCopyIsSaid) {
 TEST_F(RecoveryTest, RestoringPutsTheCopyBackAndKeepsWhatItReplaces) {
     recovery.keep("good");
     machine.files[path] = "broken";
-    const std::string done = recovery.restore(asHost);
+    const auto [isDone, done] = recovery.restore(asHost);
+    EXPECT_TRUE(isDone);
     EXPECT_EQ(content(), "good");
     EXPECT_TRUE(done.starts_with("Settings were put back: host's " + path + ", from the user's "));
-    EXPECT_TRUE(contains(done, "-replaced.dat"));
+    EXPECT_TRUE(contains(done, "-replaced-1.dat"));
     bool isKept = false;
     for (const auto& [name, kept] : machine.userState.kept) isKept = isKept || kept == "broken";
     EXPECT_TRUE(isKept);
@@ -87,11 +103,11 @@ TEST_F(RecoveryTest, AMissingFileIsRestoredToo) {
 
 TEST_F(RecoveryTest, WithoutACopyTheFileStays) {
     machine.files[path] = "broken";
-    EXPECT_EQ(recovery.restore(asHost),
+    EXPECT_EQ(recovery.restore(asHost).text,
               "There is no other good copy of the settings: host's " + path);
     EXPECT_EQ(content(), "broken");
     recovery.keep("broken");
-    recovery.restore(asHost);
+    EXPECT_FALSE(recovery.restore(asHost).isDone);
     EXPECT_EQ(content(), "broken");
 }
 
@@ -107,6 +123,87 @@ TEST_F(RecoveryTest, AFullDiskLeavesTheFileAndSaysWhatWasTried) {
         EXPECT_EQ(failure.tried(), "put the settings back");
     }
     EXPECT_EQ(content(), "broken");
+}
+
+TEST_F(RecoveryTest, WhatCantBeKeptIsNotReplaced) {
+    recovery.keep("good");
+    machine.files[path] = "broken";
+    machine.userState.writesUntilFull = machine.userState.writes;
+    EXPECT_EQ(failureOfRestore(),
+              "75 Settings were not put back, and nothing was changed: host's " + path +
+                  " can't be kept first (the user's " + nameOf("-replaced-1.dat") +
+                  " can't be written).");
+    EXPECT_EQ(content(), "broken");
+    EXPECT_EQ(machine.log.countOf("writeOver"), 0);
+}
+
+TEST_F(RecoveryTest, AFileThatCantBeReadIsNotReplacedEither) {
+    recovery.keep("good");
+    machine.files[path] = "broken";
+    machine.lockedFiles[path] = error::permissionDenied;
+    EXPECT_EQ(failureOfRestore(),
+              "70 Settings were not put back, and nothing was changed: host's " + path +
+                  " can't be kept first (Permission denied).");
+    machine.lockedFiles.clear();
+    EXPECT_EQ(content(), "broken");
+}
+
+TEST_F(RecoveryTest, ACopyThatIsReplacedNeedsNoRoom) {
+    recovery.keep("older");
+    recovery.keep("good");
+    machine.files[path] = "good";
+    machine.userState.writesUntilFull = machine.userState.writes;
+    EXPECT_TRUE(recovery.restore(asHost).isDone);
+    EXPECT_EQ(content(), "older");
+}
+
+TEST_F(RecoveryTest, AnEmptyFileHoldsNothingToKeep) {
+    recovery.keep("good");
+    machine.files[path] = "";
+    machine.userState.writesUntilFull = machine.userState.writes;
+    EXPECT_TRUE(recovery.restore(asHost).isDone);
+    EXPECT_EQ(content(), "good");
+}
+
+TEST_F(RecoveryTest, SeveralThatWereReplacedAreKept) {
+    recovery.keep("good");
+    for (const char* each : {"first broken", "second broken"}) {
+        machine.files[path] = each;
+        recovery.restore(asHost);
+    }
+    EXPECT_EQ(machine.userState.read(nameOf("-replaced-1.dat")), "second broken");
+    EXPECT_EQ(machine.userState.read(nameOf("-replaced-2.dat")), "first broken");
+}
+
+TEST_F(RecoveryTest, RestoringAgainGoesFurtherBack) {
+    for (const char* each : {"oldest", "older", "good"}) recovery.keep(each);
+    machine.files[path] = "broken";
+    Lines put;
+    for (int i = 0; i < 3; ++i) {
+        recovery.restore(asHost);
+        put.push_back(content());
+    }
+    EXPECT_EQ(put, (Lines{"good", "older", "oldest"}));
+}
+
+TEST_F(RecoveryTest, ACopyThatEndedTheStartIsPutBackNoMore) {
+    recovery.keep("good");
+    EXPECT_TRUE(recovery.hasCopy());
+    recovery.endedStart("good");
+    EXPECT_FALSE(recovery.hasCopy());
+    machine.files[path] = "broken";
+    EXPECT_FALSE(recovery.restore(asHost).isDone);
+    EXPECT_EQ(content(), "broken");
+}
+
+TEST_F(RecoveryTest, AFailedWriteGivesTheCopyNoTurn) {
+    recovery.keep("older");
+    recovery.keep("good");
+    machine.files[path] = "broken";
+    machine.log.failCall(2, error::deviceIo);
+    EXPECT_EQ(failureOfRestore(), "57 Device I/O error");
+    recovery.restore(asHost);
+    EXPECT_EQ(content(), "good");
 }
 
 }  // namespace

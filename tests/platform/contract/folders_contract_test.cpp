@@ -113,6 +113,7 @@ TEST_P(FoldersContract, TheProgramLiesInAFolder) {
     EXPECT_FALSE(app.EXEName.empty());
     EXPECT_EQ(app.EXEName.find('\\'), std::string::npos);
     EXPECT_EQ(app.EXEName.find(".exe"), std::string::npos);
+    EXPECT_FALSE(app.FolderKey.empty());
 }
 
 }  // namespace

@@ -32,6 +32,25 @@ TEST_P(UserStateContract, ANewContentTakesThePlaceOfTheOld) {
     }
 }
 
+TEST_P(UserStateContract, WhatIsMovedTakesThePlaceOfTheOther) {
+    EXPECT_TRUE(state().write("from", "new"));
+    EXPECT_TRUE(state().write("to", "old"));
+    EXPECT_TRUE(state().move("from", "to"));
+    EXPECT_EQ(state().read("to"), "new");
+    EXPECT_EQ(state().read("from"), std::nullopt);
+    EXPECT_TRUE(state().move("to", "third"));
+    EXPECT_EQ(state().read("third"), "new");
+}
+
+TEST_P(UserStateContract, AMoveThatFailsChangesNothing) {
+    EXPECT_FALSE(state().move("from", "to"));
+    EXPECT_TRUE(state().write("to", "old"));
+    EXPECT_FALSE(state().move("from", "to"));
+    EXPECT_FALSE(state().move("to", "../to"));
+    EXPECT_FALSE(state().move("a/b", "to"));
+    EXPECT_EQ(state().read("to"), "old");
+}
+
 TEST_P(UserStateContract, EveryByteIsKept) {
     std::string bytes;
     for (int round = 0; round < 9'000; ++round) {

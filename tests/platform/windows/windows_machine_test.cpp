@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include "base/text.h"
 #include "platform/platform.h"
 #include "platform/windows/programs/command_line.h"
 #include "platform/windows/settings/windows_regional.h"
@@ -16,6 +17,7 @@ TEST(WindowsMachine, KnowsWhereTheProgramLies) {
     const Application app = machine->platform().app;
     EXPECT_EQ(app.EXEName, "test_platform");
     EXPECT_FALSE(app.Path.ends_with('\\'));
+    EXPECT_EQ(app.FolderKey, lowerCase(app.Path));
     EXPECT_TRUE(machine->platform().fso.FileExists(app.Path + '\\' + app.EXEName + ".exe"));
 }
 

@@ -61,6 +61,13 @@ bool LinuxUserState::write(const std::string& name, std::string_view content) {
     return isDone;
 }
 
+bool LinuxUserState::move(const std::string& from, const std::string& to) {
+    UniqueFd folder;
+    return isUserStateName(from) && isUserStateName(to) &&
+           openPrivateFolder(ownFolder(), folder) == 0 &&
+           renameat(folder.get(), from.c_str(), folder.get(), to.c_str()) == 0;
+}
+
 std::string LinuxUserState::placeOf(const std::string& name) {
     return ownFolder() + '/' + name;
 }

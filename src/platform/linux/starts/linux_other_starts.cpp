@@ -13,7 +13,7 @@
 #include <cstddef>
 #include <utility>
 
-#include "platform/path_sum.h"
+#include "base/text_sum.h"
 
 namespace velmora::linuxhost {
 
@@ -29,7 +29,7 @@ struct Address {
 
 // Without a file: it is gone with the program that has it, also with one that was killed.
 Address addressOf(const std::string& folder) {
-    const std::string text = "velmora-" + std::to_string(geteuid()) + "-" + sumOfPath(folder);
+    const std::string text = "velmora-" + std::to_string(geteuid()) + "-" + sumOfText(folder);
     Address address;
     address.name.sun_family = AF_UNIX;
     text.copy(address.name.sun_path + 1, text.size());

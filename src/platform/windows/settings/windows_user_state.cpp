@@ -53,6 +53,11 @@ bool fill(const std::wstring& path, std::string_view content) {
            FlushFileBuffers(file.get());
 }
 
+bool putInPlace(const std::wstring& from, const std::wstring& to) {
+    constexpr DWORD flags = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
+    return MoveFileExW(from.c_str(), to.c_str(), flags) != 0;
+}
+
 // Itself, and no link.
 bool openFile(const OpenedEntry& folder, const std::string& name, OpenedEntry& file) {
     const std::wstring wide = toUtf16(name);
@@ -83,11 +88,17 @@ bool WindowsUserState::write(const std::string& name, std::string_view content) 
     // behind is taken over.
     const std::wstring beside =
         pathIn(*path, '.' + name + '.' + std::to_string(GetCurrentProcessId()));
-    constexpr DWORD flags = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
-    const bool isDone =
-        fill(beside, content) && MoveFileExW(beside.c_str(), pathIn(*path, name).c_str(), flags);
+    const bool isDone = fill(beside, content) && putInPlace(beside, pathIn(*path, name));
     if (!isDone) DeleteFileW(beside.c_str());
     return isDone;
+}
+
+bool WindowsUserState::move(const std::string& from, const std::string& to) {
+    const auto path = ownFolder();
+    OpenedEntry folder;
+    return isUserStateName(from) && isUserStateName(to) &&
+           openFolder(path, WhenMissing::fail, folder) &&
+           putInPlace(pathIn(*path, from), pathIn(*path, to));
 }
 
 std::string WindowsUserState::placeOf(const std::string& name) {

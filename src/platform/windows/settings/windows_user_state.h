@@ -9,6 +9,7 @@ class WindowsUserState final : public UserState {
   public:
     std::optional<std::string> read(const std::string& name) override;
     bool write(const std::string& name, std::string_view content) override;
+    bool move(const std::string& from, const std::string& to) override;
     std::string placeOf(const std::string& name) override;
 };
 

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "base/text.h"
-#include "platform/path_sum.h"
+#include "base/text_sum.h"
 #include "platform/windows/system/private_security.h"
 #include "platform/windows/system/utf16.h"
 
@@ -79,7 +79,7 @@ void answer(HANDLE pipe, HANDLE end) {
 }  // namespace
 
 WindowsOtherStarts::WindowsOtherStarts(const std::string& folder) {
-    const std::wstring sum = toUtf16(sumOfPath(lowerCase(folder)));
+    const std::wstring sum = toUtf16(sumOfText(lowerCase(folder)));
     mutexName_ = L"Global\\Velmora-" + sum;
     pipeName_ = ofThisSession(L"\\\\.\\pipe\\velmora-" + sum);
 }
