@@ -71,8 +71,8 @@ void WindowProgram::start() {
     }
 }
 
-void WindowProgram::take(const std::string& command) {
-    hand_.does([&] { core_.secondStart().take(command); });
+void WindowProgram::take(const std::string& forOthers) {
+    hand_.does([&] { core_.secondStart().take(machine_.toCommand(forOthers)); });
 }
 
 void WindowProgram::offerSettings() {

@@ -37,8 +37,8 @@ class WindowProgram {
     /// Builds the running state and shows the window.
     void load();
 
-    /// A later start hands its command line over.
-    void take(const std::string& command);
+    /// A later start hands its command line over, as `Application::ForOthers` has it.
+    void take(const std::string& forOthers);
 
     /// Processes events, as a long handler does.
     void yield() { host_.DoEvents(); }

@@ -32,6 +32,8 @@ struct Application {
     std::string EXEName;  ///< name of the executable without extension
     std::string Command;  ///< the command line after the options, each path in quotes
     StartOptions Options = {};
+    /// The command line for a running program that takes this start, in the backend's own form.
+    std::string ForOthers = {};
 };
 
 struct Platform {
@@ -68,6 +70,8 @@ class Machine {
     virtual std::string toDrivePath(const std::string& hostPath) = 0;
     /// The reverse, for handing a path to the host.
     virtual std::string toHostPath(const std::string& drivePath) = 0;
+    /// The command line of a later start, as `Application::Command` would have it in this program.
+    virtual std::string toCommand(const std::string& forOthers) = 0;
 };
 
 std::unique_ptr<Machine> openMachine();

@@ -65,7 +65,7 @@ TEST_F(SecondStartTest, WhileItIsLockedTheLockComesToTheFront) {
 
 struct SingleStart : testing::Test {
     bool handedOver() {
-        machine.platform().app.Command = "\"C:\\a\"";
+        machine.platform().app.ForOthers = "/c/a";
         return isHandedOver(machine.platform(),
                             [this](const std::string& command) { taken.push_back(command); });
     }
@@ -84,7 +84,7 @@ TEST_F(SingleStart, ASecondOneIsHandedOver) {
     machine.platform().app.Options.single = true;
     machine.otherStarts.answers = true;
     EXPECT_TRUE(handedOver());
-    EXPECT_EQ(machine.otherStarts.handedOver, std::vector<std::string>{"\"C:\\a\""});
+    EXPECT_EQ(machine.otherStarts.handedOver, std::vector<std::string>{"/c/a"});
     EXPECT_FALSE(machine.otherStarts.start("later")) << "it listens no more";
 }
 

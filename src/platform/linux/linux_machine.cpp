@@ -49,7 +49,8 @@ Application ownApplication(Volumes& volumes) {
     if (folder.ends_with('\\')) folder.pop_back();
     Application app{.Path = folder,
                     .EXEName = withoutExtension(path.substr(slash + 1)),
-                    .Command = ownCommand(volumes)};
+                    .Command = ownCommand(volumes),
+                    .ForOthers = ownTextForOthers(volumes)};
     app.Options = takeStartOptions(app.Command);
     return app;
 }
@@ -70,6 +71,9 @@ class LinuxMachine final : public Machine {
     }
     std::string toHostPath(const std::string& drivePath) override {
         return volumes_.hostPathOf(drivePath);
+    }
+    std::string toCommand(const std::string& forOthers) override {
+        return commandFromOther(forOthers, volumes_);
     }
 
   private:
