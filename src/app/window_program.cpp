@@ -63,6 +63,7 @@ void WindowProgram::start() {
     try {
         startProgram(core_, machine_, host_);
     } catch (const std::exception&) {
+        hand_.failing();
         host_.MsgBox(runTimeErrorBox());
         noteSettingsFailure(core_, machine_,
                             [](const std::string& line) { std::cerr << line << '\n'; });

@@ -34,6 +34,9 @@ class WindowProgram {
     /// failed.
     void whenRestored(std::function<void()> startAgain) { startAgain_ = std::move(startAgain); }
 
+    /// Runs before the box of an error that ends the program: it takes nothing over any more.
+    void whenFailing(std::function<void()> failing) { hand_.whenFailing(std::move(failing)); }
+
     /// Builds the running state and shows the window.
     void load();
 
