@@ -71,13 +71,15 @@ void start(Core& core, Machine& machine, console::ConsoleHost& host) {
 }  // namespace
 
 int runConsole(Machine& machine, std::istream& input, std::ostream& stream,
-               const console::Waiting::Sleep& sleep) {
+               const console::Waiting::Sleep& sleep,
+               const console::Output::IsReaderGone& isReaderGone) {
     Platform& platform = machine.platform();
     Forms forms;
     TimerQueue timers([&platform] { return platform.clock.GetTickCount(); });
     addTimers(forms, timers);
 
     console::Output output(stream);
+    if (platform.app.Options.keepRunning) output.keepRunning(isReaderGone);
     console::LaterCommands later(platform.clock);
     console::ConsoleHost host(output, timers, later);
     console::ConsoleNotifyArea notifyArea(output);

@@ -1,9 +1,13 @@
 #include <QApplication>
+#include <QMessageBox>
 #include <QProcess>
 #include <cstdlib>
+#include <iostream>
+#include <memory>
+#include <optional>
 #include <string>
-#include <vector>
 
+#include "app/later_starts.h"
 #include "app/single_start.h"
 #include "app/window_program.h"
 #include "qt/controls/legible_style.h"
@@ -25,6 +29,13 @@ void startAgain() {
     QProcess::startDetached(QApplication::applicationFilePath(), arguments);
 }
 
+[[noreturn]] void refuse() {
+    std::cerr << velmora::whyRefused << '\n';
+    QMessageBox::warning(nullptr, QStringLiteral("Velmora"),
+                         QString::fromUtf8(velmora::whyRefused));
+    std::_Exit(1);
+}
+
 }  // namespace
 
 int main(int argc, char* argv[]) {
@@ -40,33 +51,30 @@ int main(int argc, char* argv[]) {
     QApplication::setQuitOnLastWindowClosed(false);
 
     const auto machine = velmora::openMachine();
-    velmora::WindowProgram* started = nullptr;
-    std::vector<std::string> early;  // taken before the program was there
-    const auto takeLater = [&](const std::string& command) {
-        const auto take = [&started, &early, command] {
-            if (started == nullptr) {
-                early.push_back(command);
-            } else {
-                started->take(command);
-            }
-        };
+    velmora::LaterStarts laterStarts([&] {
+        const auto take = [&laterStarts] { laterStarts.takeWaiting(); };
         QMetaObject::invokeMethod(&application, take, Qt::QueuedConnection);
-    };
-    if (velmora::isHandedOver(machine->platform(), takeLater)) std::_Exit(0);
+    });
+    const auto as = velmora::startAs(machine->platform(), [&laterStarts](const std::string& start) {
+        return laterStarts.offer(start);
+    });
+    if (as == velmora::StartAs::handedOver) std::_Exit(0);
+    if (as == velmora::StartAs::refused) refuse();
     machine->platform().otherStarts.holdFolder();
 
     std::optional<int> status;
-    velmora::WindowProgram program(*machine, [&status](int ended) {
+    velmora::WindowProgram program(*machine, [&](int ended) {
+        laterStarts.close();
         status = ended;
         QApplication::exit(ended);
     });
+    program.whenFailing([&laterStarts] { laterStarts.close(); });
     program.whenRestored([&machine] {
         machine->platform().otherStarts.release();
         startAgain();
     });
     program.load();
-    started = &program;
-    for (const std::string& command : early) program.take(command);
+    laterStarts.open([&program](const std::string& start) { program.take(start); });
     const int result = status ? *status : QApplication::exec();
     // Otherwise the icons would stay in the notification area.
     program.notifyArea().clear();

@@ -63,6 +63,7 @@ void WindowProgram::start() {
     try {
         startProgram(core_, machine_, host_);
     } catch (const std::exception&) {
+        hand_.failing();
         host_.MsgBox(runTimeErrorBox());
         noteSettingsFailure(core_, machine_,
                             [](const std::string& line) { std::cerr << line << '\n'; });
@@ -71,8 +72,8 @@ void WindowProgram::start() {
     }
 }
 
-void WindowProgram::take(const std::string& command) {
-    hand_.does([&] { core_.secondStart().take(command); });
+void WindowProgram::take(const std::string& forOthers) {
+    hand_.does([&] { core_.secondStart().take(machine_.toCommand(forOthers)); });
 }
 
 void WindowProgram::offerSettings() {

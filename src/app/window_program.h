@@ -34,11 +34,14 @@ class WindowProgram {
     /// failed.
     void whenRestored(std::function<void()> startAgain) { startAgain_ = std::move(startAgain); }
 
+    /// Runs before the box of an error that ends the program: it takes nothing over any more.
+    void whenFailing(std::function<void()> failing) { hand_.whenFailing(std::move(failing)); }
+
     /// Builds the running state and shows the window.
     void load();
 
-    /// A later start hands its command line over.
-    void take(const std::string& command);
+    /// A later start hands its command line over, as `Application::ForOthers` has it.
+    void take(const std::string& forOthers);
 
     /// Processes events, as a long handler does.
     void yield() { host_.DoEvents(); }

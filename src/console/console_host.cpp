@@ -77,6 +77,8 @@ void ConsoleHost::Beep() {
 }
 
 void ConsoleHost::Note(const std::string& text) {
+    // One line that a full disk didn't take must not be the last.
+    std::cerr.clear();
     std::cerr << readable(text) << '\n';
 }
 

@@ -209,7 +209,9 @@ void Output::shell(const std::string& operation, const JsonFields& details) {
 }
 
 void Output::flush() {
-    if (!stream_.flush()) throw ProgramEnd{1};
+    if (stream_.flush()) return;
+    if (!isReaderGone_ || isReaderGone_()) throw ProgramEnd{1};
+    stream_.clear();
 }
 
 void Output::event(const std::string& name, JsonFields fields) {

@@ -2,8 +2,10 @@
 // or, one object a line, for a program.
 #pragma once
 
+#include <functional>
 #include <ostream>
 #include <string>
+#include <utility>
 
 #include "console/json_text.h"
 #include "controls/list_box.h"
@@ -51,8 +53,13 @@ class Output {
     /// An operation handed to the system's shell.
     void shell(const std::string& operation, const JsonFields& details);
 
-    /// Flushes the output. Ends the program with status 1 when its reader is gone: its user could
-    /// neither see what the program does nor stop it.
+    using IsReaderGone = std::function<bool()>;
+    /// From now on only a reader who is gone ends the program. What a full disk doesn't take is
+    /// lost, and the program goes on.
+    void keepRunning(IsReaderGone isReaderGone) { isReaderGone_ = std::move(isReaderGone); }
+
+    /// Flushes the output. Ends the program with status 1 when it takes nothing, as when its reader
+    /// is gone: its user could neither see what the program does nor stop it.
     void flush();
 
   private:
@@ -61,6 +68,7 @@ class Output {
     std::string rowLine(const ListView& list, int index) const;
 
     std::ostream& stream_;
+    IsReaderGone isReaderGone_;  // empty while any failure ends the program
     bool json_ = false;
     bool watch_ = false;
 };

@@ -35,6 +35,8 @@ struct Application {
     /// Tells its folder from any other, the same at every start: drives can have other letters by
     /// then, and where case doesn't count there is one spelling.
     std::string FolderKey = {};
+    /// The command line for a running program that takes this start, in the backend's own form.
+    std::string ForOthers = {};
 };
 
 struct Platform {
@@ -71,6 +73,8 @@ class Machine {
     virtual std::string toDrivePath(const std::string& hostPath) = 0;
     /// The reverse, for handing a path to the host.
     virtual std::string toHostPath(const std::string& drivePath) = 0;
+    /// The command line of a later start, as `Application::Command` would have it in this program.
+    virtual std::string toCommand(const std::string& forOthers) = 0;
 };
 
 std::unique_ptr<Machine> openMachine();

@@ -64,40 +64,63 @@ TEST_F(SecondStartTest, WhileItIsLockedTheLockComesToTheFront) {
 }
 
 struct SingleStart : testing::Test {
-    bool handedOver() {
-        machine.platform().app.Command = "\"C:\\a\"";
-        return isHandedOver(machine.platform(),
-                            [this](const std::string& command) { taken.push_back(command); });
+    SingleStart() {
+        machine.platform().app.Options.single = true;
+        machine.platform().app.ForOthers = "/c/a";
+    }
+    StartAs started() {
+        return startAs(machine.platform(), [this](const std::string& command) {
+            taken.push_back(command);
+            return true;
+        });
     }
     fake::FakeMachine machine;
     std::vector<std::string> taken;
 };
 
 TEST_F(SingleStart, TheFirstStartTakesThoseAfterIt) {
-    machine.platform().app.Options.single = true;
-    EXPECT_FALSE(handedOver());
+    EXPECT_EQ(started(), StartAs::ownProgram);
     EXPECT_TRUE(machine.otherStarts.start("later"));
     EXPECT_EQ(taken, std::vector<std::string>{"later"});
 }
 
 TEST_F(SingleStart, ASecondOneIsHandedOver) {
-    machine.platform().app.Options.single = true;
     machine.otherStarts.answers = true;
-    EXPECT_TRUE(handedOver());
-    EXPECT_EQ(machine.otherStarts.handedOver, std::vector<std::string>{"\"C:\\a\""});
+    EXPECT_EQ(started(), StartAs::handedOver);
+    EXPECT_EQ(machine.otherStarts.handedOver, std::vector<std::string>{"/c/a"});
     EXPECT_FALSE(machine.otherStarts.start("later")) << "it listens no more";
 }
 
 TEST_F(SingleStart, StartedPlainlyItIsAProgramOfItsOwn) {
+    machine.platform().app.Options.single = false;
     machine.otherStarts.answers = true;
-    EXPECT_FALSE(handedOver());
+    EXPECT_EQ(started(), StartAs::ownProgram);
     EXPECT_TRUE(machine.otherStarts.handedOver.empty());
 }
 
-TEST_F(SingleStart, AProgramThatDoesNotAnswerKeepsNobodyFromStarting) {
-    machine.platform().app.Options.single = true;
+TEST_F(SingleStart, AProgramThatDoesNotTakeItKeepsNobodyFromStarting) {
     machine.otherStarts.isTakenByAnother = true;
-    EXPECT_FALSE(handedOver());
+    EXPECT_EQ(started(), StartAs::ownProgram);
+}
+
+TEST_F(SingleStart, OfTwoAtOnceTheSlowerOneIsHandedOver) {
+    machine.otherStarts.isTakenByAnother = true;
+    machine.otherStarts.answersOnceAsked = true;
+    EXPECT_EQ(started(), StartAs::handedOver);
+    EXPECT_EQ(machine.otherStarts.handedOver, std::vector<std::string>{"/c/a"});
+}
+
+TEST_F(SingleStart, RestoringSettingsBesideARunningProgramIsRefused) {
+    machine.platform().app.Options.restoreSettings = true;
+    machine.otherStarts.answers = true;
+    EXPECT_EQ(started(), StartAs::refused);
+    EXPECT_EQ(machine.otherStarts.handedOver, std::vector<std::string>{""})
+        << "it comes to the front, and takes no paths of a start that did nothing";
+}
+
+TEST_F(SingleStart, RestoringSettingsOfAProgramThatTakesNothingGoesOn) {
+    machine.platform().app.Options.restoreSettings = true;
+    EXPECT_EQ(started(), StartAs::ownProgram);
 }
 
 struct SecondWatch : testing::Test, ConsoleSession {

@@ -2,6 +2,7 @@
 
 import pathlib
 import shutil
+import subprocess
 import time
 
 import filesystems
@@ -79,6 +80,46 @@ class Anywhere(Survivor):
 class Native(Anywhere, OwnNative, ConsoleCase):
     def expected_rows(self):
         return ["a.txt", OPTION]
+
+    def start_into(self, output, errors):
+        """Starts the program with its output into these."""
+        program = subprocess.Popen(self.command() + self.option, stdin=subprocess.PIPE,
+                                   stdout=output, stderr=errors, env=self.environment())
+        self.addCleanup(program.wait)
+        self.addCleanup(program.kill)
+        return program
+
+    def test_a_full_disk_behind_the_output_does_not_end_it(self):
+        self.put_settings(scrambled("txtTime=60\r\n"))
+        commands = b"get txtAmt\nset txtAmt.Text many\nclick UpDown3.up\n"
+        with open("/dev/full", "wb") as full:
+            program = self.start_into(full, full)
+            program.communicate(commands, timeout=PATIENCE)
+            self.assertEqual(program.returncode, 0)
+            program = self.start_into(full, subprocess.PIPE)
+            _, errors = program.communicate(commands, timeout=PATIENCE)
+            self.assertIn(b"Run-time error '13'", errors)
+            self.option = []
+            program = self.start_into(full, subprocess.PIPE)
+            program.communicate(timeout=PATIENCE)
+            self.assertEqual(program.returncode, 1)
+
+    def test_a_disk_that_has_room_again_takes_the_output_again(self):
+        mounted = self.mount(filesystems.Tmpfs, 1)
+        self.put_settings(scrambled("txtTime=60\r\n"))
+        events = mounted.folder / "events"
+        with open(events, "wb") as output:
+            mounted.fill_up()
+            program = self.start_into(output, subprocess.PIPE)
+        program.stdin.write(b"get txtAmt\nset txtAmt.Text many\nclick UpDown3.up\n")
+        program.stdin.flush()
+        # The line is said once the disk has refused the replies before it.
+        self.assertIn(b"Run-time error '13'", program.stderr.readline())
+        self.assertEqual(events.read_bytes(), b"")
+        (mounted.folder / "filler").unlink()
+        program.communicate(b"set txtAmt.Text 49\nget txtAmt\n", timeout=PATIENCE)
+        self.assertEqual(program.returncode, 0)
+        self.assertTrue(events.read_bytes().endswith(b"49\n"), events.read_bytes())
 
     def full_program_folder(self):
         """The program in a tmpfs of 1 MB, with its settings and an empty log."""

@@ -1,5 +1,7 @@
 """The program with its window, driven on a desktop, natively and under Wine."""
 
+import os
+import subprocess
 import unittest
 
 import desktop
@@ -72,6 +74,44 @@ class Steps:
         wait_for(self.window.shown, "the window of the first start")
         self.assertIsNone(self.program.process.poll())
         self.end()
+
+    def started_beside(self, *arguments, errors=None):
+        """One more start, once a second window with the program's title is there."""
+        screen = desktop.shared()
+        environment = {**os.environ, **screen.environment, "HOME": str(self.folder),
+                       "XDG_RUNTIME_DIR": str(self.folder)}
+        environment.pop("QT_QPA_PLATFORM", None)
+        before = set(screen.windows(window.TITLE))
+        noise = errors or (subprocess.DEVNULL if self.windows else None)
+        program = subprocess.Popen([*window.runner(self.windows), str(self.copy), *arguments],
+                                   env=environment, stdin=subprocess.DEVNULL, stderr=noise)
+        self.addCleanup(program.wait)
+        self.addCleanup(program.kill)
+        new = wait_for(lambda: set(screen.windows(window.TITLE)) - before, "one more window")
+        return program, desktop.Window(screen, new.pop())
+
+    def test_putting_settings_back_beside_a_running_program_is_refused(self):
+        self.start(QUIET)
+        # What Wine leaves running would hold the pipe.
+        pipe = None if self.windows else subprocess.PIPE
+        second, box = self.started_beside("--single", "--restore-settings", errors=pipe)
+        self.screenshot(box, "refused")
+        box.press("Return")
+        _, errors = second.communicate(timeout=desktop.PATIENCE)
+        self.assertEqual(second.returncode, 1)
+        if not self.windows:
+            self.assertIn(b"End it first, then start with --restore-settings again.", errors)
+        self.assertEqual(self.settings.read_bytes(), QUIET)
+        self.end()
+
+    def test_a_start_beside_one_that_has_failed_is_a_program_of_its_own(self):
+        self.settings.write_bytes(b"")
+        first, box = self.started_beside()
+        self.settings.write_bytes(QUIET)
+        second, _ = self.started_beside("--single")
+        self.assertIsNone(second.poll())
+        self.assertIsNone(first.poll())
+        box.press("Return")
 
     def test_a_ticked_drive_that_is_short_of_space_raises_the_alert(self):
         self.log.write_bytes(b"")

@@ -126,12 +126,18 @@ class FakeMachine final : public Machine {
         return drivePathOf ? drivePathOf(hostPath) : hostPath;
     }
     std::string toHostPath(const std::string& drivePath) override { return drivePath; }
+    std::string toCommand(const std::string& forOthers) override {
+        return commandOf ? commandOf(forOthers) : forOthers;
+    }
 
     /// What lies behind the links above a path's last name; without it there are no links.
     std::function<std::string(const std::string&)> withoutLinks;
 
     /// How paths of the host become drive paths; without it they stay as they are.
     std::function<std::string(const std::string&)> drivePathOf;
+
+    /// What becomes of a later start's command line; without it, it stays as it is.
+    std::function<std::string(const std::string&)> commandOf;
 
     /// Drives by their Path ("C:" or "\\host\share"), in the order of their names. A drive letter
     /// also appears among the logical drives; a share does not.

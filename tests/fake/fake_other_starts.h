@@ -13,7 +13,10 @@ class FakeOtherStarts final : public OtherStarts {
   public:
     bool holdFolder() override { return isFolderFree; }
     bool listen(Taken taken) override {
-        if (isTakenByAnother) return false;
+        if (isTakenByAnother) {
+            answers = answers || answersOnceAsked;
+            return false;
+        }
         taken_ = std::move(taken);
         return true;
     }
@@ -23,15 +26,13 @@ class FakeOtherStarts final : public OtherStarts {
         return true;
     }
     void release() override { taken_ = {}; }
-    /// A later start hands its command line over; false when nobody listens.
-    bool start(const std::string& command) {
-        if (taken_) taken_(command);
-        return static_cast<bool>(taken_);
-    }
+    /// A later start hands its command line over; false when nobody takes it.
+    bool start(const std::string& command) { return taken_ && taken_(command); }
 
     bool isFolderFree = true;       ///< no other program watches it
     bool isTakenByAnother = false;  ///< another program takes command lines
     bool answers = false;           ///< that program takes what it is handed
+    bool answersOnceAsked = false;  ///< it does so from the attempt to listen on
     std::vector<std::string> handedOver;
 
   private:

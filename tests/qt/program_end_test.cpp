@@ -20,6 +20,27 @@ TEST_F(ProgramEndTest, AnErrorThatNoHandlerCatchesShowsItsBoxAndEndsWithOne) {
     EXPECT_EQ(result, 1);
 }
 
+// A start that is handed over behind the box would be lost with the program.
+TEST_F(ProgramEndTest, NothingIsTakenOverFromTheBoxOfAnErrorOn) {
+    std::optional<std::size_t> boxesBefore;
+    whenFailing = [&] { boxesBefore = boxes.seen.size(); };
+    form1().cmdAdv.Click.connect([] { throw RuntimeError(error::typeMismatch); });
+    boxes.answers = {QMessageBox::Ok};
+    click("lblTab(4)");
+    runUntilEnded([this] { click("cmdAdv"); });
+    EXPECT_EQ(boxesBefore, 0u);
+}
+
+TEST_F(ProgramEndTest, NorFromTheBoxOfAStartThatFails) {
+    program.reset();
+    machine.userState.kept.clear();
+    boxes.answers = {QMessageBox::Ok, QMessageBox::Ok};
+    std::optional<std::size_t> boxesBefore;
+    whenFailing = [&] { boxesBefore = boxes.seen.size(); };
+    runUntilEnded([this] { start(""); });
+    EXPECT_EQ(boxesBefore, 0u);
+}
+
 TEST_F(ProgramEndTest, SettingsWithoutAnIntervalEndTheStartInTheSameWay) {
     program.reset();
     machine.userState.kept.clear();

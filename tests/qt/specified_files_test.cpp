@@ -63,6 +63,14 @@ struct SpecifiedFilesTest : WindowTest {
     QFileDialog::FileMode mode = QFileDialog::AnyFile;
 };
 
+TEST_F(SpecifiedFilesTest, ALaterStartsPathsComeAsThisMachineNamesThem) {
+    machine.commandOf = [](const std::string& handedOver) {
+        return "\"D:\\" + handedOver + "\" \"D:\\other\"";
+    };
+    program->take("a.log");
+    EXPECT_EQ(tags(), (std::vector<std::string>{"D:\\a.log", "D:\\other"}));
+}
+
 TEST_F(SpecifiedFilesTest, AddLetsOneFileBeChosen) {
     chooseAfterClick("lblSF(0)", {"a.txt"});
     EXPECT_EQ(title, "Choose File/Folder ");

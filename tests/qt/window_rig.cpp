@@ -17,6 +17,9 @@ void WindowRig::start(const std::string& settings) {
         },
         makePrinters());
     program->whenRestored([this] { ++startsAgain; });
+    program->whenFailing([this] {
+        if (whenFailing) whenFailing();
+    });
     program->load();
     settle();
 }

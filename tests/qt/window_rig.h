@@ -36,7 +36,8 @@ struct WindowRig {
         return std::make_unique<PaperTraySystem>(tray);
     };
     std::optional<int> ended;
-    int startsAgain = 0;  ///< how often the program has asked to be started again
+    std::function<void()> whenFailing;  ///< runs before the box of an error that ends the program
+    int startsAgain = 0;                ///< how often the program has asked to be started again
     const std::string settingsPath = "C:\\Program Files\\Velmora\\set.dat";
     std::unique_ptr<WindowProgram> program;
 

@@ -4,7 +4,7 @@
 
 namespace velmora {
 
-void prepareStreams() {
+void prepareSystemStreams() {
     // A reader that goes away ends the program through a failed write, not by surprise in a check.
     std::signal(SIGPIPE, SIG_IGN);
 }

@@ -7,7 +7,7 @@
 
 namespace velmora {
 
-void prepareStreams() {
+void prepareSystemStreams() {
     SetConsoleCP(CP_UTF8);
     SetConsoleOutputCP(CP_UTF8);
     _setmode(_fileno(stdin), _O_BINARY);

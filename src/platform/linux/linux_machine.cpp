@@ -50,7 +50,8 @@ Application ownApplication(Volumes& volumes) {
     Application app{.Path = folder,
                     .EXEName = withoutExtension(path.substr(slash + 1)),
                     .Command = ownCommand(volumes),
-                    .FolderKey = ownFolder()};
+                    .FolderKey = ownFolder(),
+                    .ForOthers = ownTextForOthers(volumes)};
     app.Options = takeStartOptions(app.Command);
     return app;
 }
@@ -71,6 +72,9 @@ class LinuxMachine final : public Machine {
     }
     std::string toHostPath(const std::string& drivePath) override {
         return volumes_.hostPathOf(drivePath);
+    }
+    std::string toCommand(const std::string& forOthers) override {
+        return commandFromOther(forOthers, volumes_);
     }
 
   private:

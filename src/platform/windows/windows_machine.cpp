@@ -52,16 +52,15 @@ Application ownApplication() {
     const auto slash = path.rfind('\\');
     std::string command = toUtf8(afterName(GetCommandLineW()));
     const StartOptions options = takeStartOptions(command);
-    if (slash == std::string::npos)
-        return {.Path = "", .EXEName = path, .Command = command, .Options = options};
+    Application app{
+        .Path = "", .EXEName = path, .Command = command, .Options = options, .ForOthers = command};
+    if (slash == std::string::npos) return app;
     std::string name = path.substr(slash + 1);
     name.resize(std::min(name.rfind('.'), name.size()));
-    const std::string folder = path.substr(0, slash);
-    return {.Path = folder,
-            .EXEName = name,
-            .Command = command,
-            .Options = options,
-            .FolderKey = lowerCase(folder)};
+    app.Path = path.substr(0, slash);
+    app.FolderKey = lowerCase(app.Path);
+    app.EXEName = name;
+    return app;
 }
 
 std::string ownFolder() {
@@ -83,6 +82,8 @@ class WindowsMachine final : public Machine {
         return withoutLongPrefix(path);
     }
     std::string toHostPath(const std::string& drivePath) override { return drivePath; }
+    // Of the same session, and so with the same letters.
+    std::string toCommand(const std::string& forOthers) override { return forOthers; }
 
   private:
     // Shared by all interfaces, so that only one question a drive is pending.

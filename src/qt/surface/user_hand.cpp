@@ -30,6 +30,7 @@ void UserHand::failed() {
         return host_->Tell(
             survivedErrorBox([this](const std::string& path) { return hostPathOf(path); }));
     }
+    failing();
     host_->MsgBox(runTimeErrorBox());
     throw ProgramEnd{1};
 }

@@ -23,6 +23,13 @@ class UserHand {
     /// Runs once when the program ends; takes the exit status.
     void whenEnded(std::function<void(int)> ended) { whenEnded_ = std::move(ended); }
 
+    /// Runs before the box of an error that ends the program.
+    void whenFailing(std::function<void()> failing) { whenFailing_ = std::move(failing); }
+    /// To be called before such a box by who shows it.
+    void failing() const {
+        if (whenFailing_) whenFailing_();
+    }
+
     using PathConversion = std::function<std::string(const std::string&)>;
     /// Converts a path of this machine to a drive path, and back; without it, paths stay as they
     /// are.
@@ -65,6 +72,7 @@ class UserHand {
 
     Host* host_ = nullptr;
     std::function<void(int)> whenEnded_;
+    std::function<void()> whenFailing_;
     PathConversion toDrivePath_;
     PathConversion toHostPath_;
     Regional regional_;

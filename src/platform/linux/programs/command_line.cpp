@@ -14,23 +14,48 @@ namespace velmora::linuxhost {
 
 namespace {
 
-std::string asDrivePath(const std::string& argument, Volumes& volumes) {
-    if (argument.empty()) return {};
-    if (!driveNameOf(argument).empty()) return drivePathWithoutLinks(argument, volumes);
-    const std::string path = argument[0] == '/' ? argument : workingFolder() + '/' + argument;
-    if (volumes.kindOf(path) == FileKind::none) return {};
+// Where on this host a path lies; empty for a drive path.
+std::string placeOf(const std::string& argument) {
+    if (argument.empty() || !driveNameOf(argument).empty()) return {};
+    return argument[0] == '/' ? argument : workingFolder() + '/' + argument;
+}
+
+std::string drivePathOfPlace(const std::string& path, Volumes& volumes) {
+    if (path.empty() || volumes.kindOf(path) == FileKind::none) return {};
     return drivePathOf(withoutLinksAbove(path, volumes), volumes.roots());
+}
+
+std::string asDrivePath(const std::string& argument, Volumes& volumes) {
+    if (!driveNameOf(argument).empty()) return drivePathWithoutLinks(argument, volumes);
+    return drivePathOfPlace(placeOf(argument), volumes);
+}
+
+void appendQuoted(std::string& text, const std::string& path, const std::string& argument) {
+    const std::string shown = path.empty() ? replaceAll(argument, "\"", toDriveNames("\"")) : path;
+    text += (text.empty() ? "\"" : " \"") + shown + '"';
+}
+
+// Each is closed by a NUL.
+std::vector<std::string> closedTexts(std::string_view text) {
+    std::vector<std::string> texts;
+    while (!text.empty()) {
+        const auto end = text.find('\0');
+        texts.emplace_back(text.substr(0, end));
+        text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
+    }
+    return texts;
+}
+
+std::vector<std::string> ownArguments() {
+    std::ifstream file("/proc/self/cmdline", std::ios::binary);
+    const std::string commandLine{std::istreambuf_iterator<char>(file), {}};
+    return argumentsIn(commandLine);
 }
 
 }  // namespace
 
 std::vector<std::string> argumentsIn(std::string_view commandLine) {
-    std::vector<std::string> arguments;
-    while (!commandLine.empty()) {
-        const auto end = commandLine.find('\0');
-        arguments.emplace_back(commandLine.substr(0, end));
-        commandLine.remove_prefix(end == std::string_view::npos ? commandLine.size() : end + 1);
-    }
+    std::vector<std::string> arguments = closedTexts(commandLine);
     if (!arguments.empty()) arguments.erase(arguments.begin());
     return arguments;
 }
@@ -40,17 +65,40 @@ std::string commandText(const std::vector<std::string>& arguments, Volumes& volu
     bool arePaths = false;
     for (const std::string& argument : arguments) {
         arePaths = arePaths || !isStartOption(argument);
-        std::string path = arePaths ? asDrivePath(argument, volumes) : argument;
-        if (path.empty()) path = replaceAll(argument, "\"", toDriveNames("\""));
-        text += (text.empty() ? "\"" : " \"") + path + '"';
+        appendQuoted(text, arePaths ? asDrivePath(argument, volumes) : argument, argument);
     }
     return text;
 }
 
 std::string ownCommand(Volumes& volumes) {
-    std::ifstream file("/proc/self/cmdline", std::ios::binary);
-    const std::string commandLine{std::istreambuf_iterator<char>(file), {}};
-    return commandText(argumentsIn(commandLine), volumes);
+    return commandText(ownArguments(), volumes);
+}
+
+std::string textForOthers(const std::vector<std::string>& arguments, Volumes& volumes) {
+    std::string text;
+    bool arePaths = false;
+    for (const std::string& argument : arguments) {
+        arePaths = arePaths || !isStartOption(argument);
+        if (!arePaths) continue;
+        const std::string place = placeOf(argument);
+        const bool isThere = !place.empty() && volumes.kindOf(place) != FileKind::none;
+        text += (isThere ? place : argument) + '\0';
+    }
+    return text;
+}
+
+std::string ownTextForOthers(Volumes& volumes) {
+    return textForOthers(ownArguments(), volumes);
+}
+
+std::string commandFromOther(std::string_view text, Volumes& volumes) {
+    std::string command;
+    for (const std::string& argument : closedTexts(text)) {
+        const bool isRelative = driveNameOf(argument).empty() && !argument.starts_with('/');
+        appendQuoted(command, isRelative ? std::string{} : asDrivePath(argument, volumes),
+                     argument);
+    }
+    return command;
 }
 
 }  // namespace velmora::linuxhost

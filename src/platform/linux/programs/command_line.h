@@ -22,4 +22,17 @@ std::string commandText(const std::vector<std::string>& arguments, Volumes& volu
 /// The text for this process.
 std::string ownCommand(Volumes& volumes);
 
+/// The arguments behind the options for another process, whose drives can have other letters and
+/// whose working folder is another one: each closed by a NUL, what is there as its whole path on
+/// this host. The rest stays as it is, drive paths too: their letters are those that the user sees
+/// in the other process's window.
+std::string textForOthers(const std::vector<std::string>& arguments, Volumes& volumes);
+
+/// The text of this process for others.
+std::string ownTextForOthers(Volumes& volumes);
+
+/// What `commandText` would give in this process for the text of another one. A path that isn't a
+/// whole one was not found there and isn't looked for here.
+std::string commandFromOther(std::string_view text, Volumes& volumes);
+
 }  // namespace velmora::linuxhost

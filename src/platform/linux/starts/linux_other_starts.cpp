@@ -11,6 +11,8 @@
 
 #include <cerrno>
 #include <cstddef>
+#include <cstdlib>
+#include <string_view>
 #include <utility>
 
 #include "base/text_sum.h"
@@ -19,7 +21,9 @@ namespace velmora::linuxhost {
 
 namespace {
 
-constexpr timeval patience{.tv_sec = 2, .tv_usec = 0};
+constexpr timeval patience{.tv_sec = handOverPatience.count(), .tv_usec = 0};
+// Until it is tried again to take a start for which there was no room.
+constexpr int retryTime = 1000;  // milliseconds
 constexpr std::string_view takenAnswer = "taken";
 
 struct Address {
@@ -28,8 +32,9 @@ struct Address {
 };
 
 // Without a file: it is gone with the program that has it, also with one that was killed.
-Address addressOf(const std::string& folder) {
-    const std::string text = "velmora-" + std::to_string(geteuid()) + "-" + sumOfText(folder);
+Address addressOf(const std::string& folder, const std::string& display) {
+    const std::string sum = sumOfText(folder + '\0' + display);
+    const std::string text = "velmora-" + std::to_string(geteuid()) + "-" + sum;
     Address address;
     address.name.sun_family = AF_UNIX;
     text.copy(address.name.sun_path + 1, text.size());
@@ -81,11 +86,31 @@ void takeOne(const UniqueFd& start, const OtherStarts::Taken& taken) {
     waitAtMost(start.get());
     std::string command;
     if (!isOfThisUser(start.get()) || !readToEnd(start.get(), command)) return;
-    taken(command);
-    sendAll(start.get(), takenAnswer);
+    if (taken(command)) sendAll(start.get(), takenAnswer);
+}
+
+std::string environmentOf(const char* name) {
+    const char* value = std::getenv(name);
+    return value == nullptr ? std::string{} : std::string(value);
+}
+
+UniqueFd openSpare() {
+    return UniqueFd(open("/dev/null", O_RDONLY | O_CLOEXEC));
+}
+
+UniqueFd acceptFrom(int socket) {
+    return UniqueFd(accept4(socket, nullptr, nullptr, SOCK_CLOEXEC));
 }
 
 }  // namespace
+
+std::string displayOfSession() {
+    const std::string wayland = environmentOf("WAYLAND_DISPLAY");
+    if (!wayland.empty()) return wayland;
+    const std::string display = environmentOf("DISPLAY");
+    // ":0.1" is another screen of ":0".
+    return display.substr(0, display.find('.', display.rfind(':') + 1));
+}
 
 void LinuxOtherStarts::stopListening() {
     if (!listener_.joinable()) return;
@@ -107,7 +132,7 @@ bool LinuxOtherStarts::holdFolder() {
 }
 
 bool LinuxOtherStarts::listen(Taken taken) {
-    const Address address = addressOf(folder_);
+    const Address address = addressOf(folder_, display_);
     UniqueFd socket = openSocket();
     const bool isFirst =
         socket.isOpen() &&
@@ -117,24 +142,38 @@ bool LinuxOtherStarts::listen(Taken taken) {
     end_.reset(eventfd(0, EFD_CLOEXEC));
     if (!end_.isOpen()) return false;
     socket_ = std::move(socket);
+    spare_ = openSpare();
     listener_ = std::thread([this, taken = std::move(taken)] { takeStarts(taken); });
     return true;
 }
 
-void LinuxOtherStarts::takeStarts(const Taken& taken) const {
+// With no descriptor left, a start that waits would wake this thread again and again: it is sent
+// away, and starts by itself.
+bool LinuxOtherStarts::sendAway() {
+    spare_.reset();
+    const bool isGone = acceptFrom(socket_.get()).isOpen();
+    spare_ = openSpare();
+    return isGone;
+}
+
+void LinuxOtherStarts::takeStarts(const Taken& taken) {
     pollfd waiting[] = {{.fd = socket_.get(), .events = POLLIN, .revents = 0},
                         {.fd = end_.get(), .events = POLLIN, .revents = 0}};
     while (true) {
         if (poll(waiting, 2, -1) < 0 && errno != EINTR) return;
         if (waiting[1].revents != 0) return;
         if ((waiting[0].revents & POLLIN) == 0) continue;
-        const UniqueFd start(accept4(socket_.get(), nullptr, nullptr, SOCK_CLOEXEC));
-        if (start.isOpen()) takeOne(start, taken);
+        const UniqueFd start = acceptFrom(socket_.get());
+        if (start.isOpen()) {
+            takeOne(start, taken);
+        } else if (!sendAway()) {
+            poll(&waiting[1], 1, retryTime);
+        }
     }
 }
 
 bool LinuxOtherStarts::handOver(const std::string& command) {
-    const Address address = addressOf(folder_);
+    const Address address = addressOf(folder_, display_);
     const UniqueFd socket = openSocket();
     if (!socket.isOpen()) return false;
     waitAtMost(socket.get());

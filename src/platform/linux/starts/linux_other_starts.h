@@ -4,16 +4,23 @@
 
 #include <string>
 #include <thread>
+#include <utility>
 
 #include "platform/linux/system/unique_fd.h"
 #include "platform/other_starts.h"
 
 namespace velmora::linuxhost {
 
+/// The display on which this process shows windows, by its environment; empty without one. A start
+/// on another display is another user's, or one for other eyes.
+std::string displayOfSession();
+
 class LinuxOtherStarts final : public OtherStarts {
   public:
-    /// `folder` is the program's own, as a path of the host.
-    explicit LinuxOtherStarts(std::string folder) : folder_(std::move(folder)) {}
+    /// `folder` is the program's own, as a path of the host. Command lines come from starts on the
+    /// same display only.
+    explicit LinuxOtherStarts(std::string folder, std::string display = displayOfSession())
+        : folder_(std::move(folder)), display_(std::move(display)) {}
     ~LinuxOtherStarts() override { stopListening(); }
     LinuxOtherStarts(const LinuxOtherStarts&) = delete;
     LinuxOtherStarts& operator=(const LinuxOtherStarts&) = delete;
@@ -25,12 +32,15 @@ class LinuxOtherStarts final : public OtherStarts {
 
   private:
     void stopListening();
-    void takeStarts(const Taken& taken) const;
+    void takeStarts(const Taken& taken);
+    bool sendAway();
 
     std::string folder_;
+    std::string display_;
     UniqueFd watched_;
     UniqueFd socket_;
-    UniqueFd end_;  // readable once the listening is to end
+    UniqueFd end_;    // readable once the listening is to end
+    UniqueFd spare_;  // given up where there is no other descriptor
     std::thread listener_;
 };
 

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <chrono>
 #include <utility>
 
 #include "base/text.h"
@@ -13,7 +14,7 @@ namespace velmora::windows {
 
 namespace {
 
-constexpr DWORD patience = 2000;  // milliseconds
+constexpr DWORD patience = static_cast<DWORD>(std::chrono::milliseconds(handOverPatience).count());
 constexpr std::string_view isTaken = "taken";
 
 // A window of another session can't come to the front of this one.
@@ -127,8 +128,7 @@ void WindowsOtherStarts::takeStarts(const Taken& taken) {
         std::string command;
         if (call.finished(begun, end_.get(), INFINITE) &&
             readMessage(pipe_.get(), end_.get(), command)) {
-            taken(command);
-            answer(pipe_.get(), end_.get());
+            if (taken(command)) answer(pipe_.get(), end_.get());
         }
         DisconnectNamedPipe(pipe_.get());
     }

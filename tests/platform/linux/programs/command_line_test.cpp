@@ -7,6 +7,7 @@
 #include <fstream>
 
 #include "platform/linux/paths/path_mapping.h"
+#include "platform/linux/support/mounting.h"
 #include "platform/linux/support/test_folder.h"
 
 namespace velmora::linuxhost {
@@ -24,6 +25,19 @@ class CommandLineTest : public testing::Test {
 
     TestFolder folder_;
     Volumes volumes_;
+};
+
+// One start's arguments as another program has them.
+struct HandedOver : CommandLineTest {
+    std::string throughOthers(const Arguments& arguments) {
+        const std::string text = textForOthers(arguments, volumes_);
+        const auto before = std::filesystem::current_path();
+        std::filesystem::current_path("/");
+        Volumes others;
+        std::string command = commandFromOther(text, others);
+        std::filesystem::current_path(before);
+        return command;
+    }
 };
 
 TEST(CommandLine, ArgumentsFollowTheProgramsName) {
@@ -80,6 +94,45 @@ TEST_F(CommandLineTest, OtherArgumentsStayButForTheirQuotes) {
     EXPECT_EQ(textOf({"/hidden", "D:\\data", "", "say \"hi\""}),
               "\"/hidden\" \"D:\\data\" \"\" \"say \uF022hi\uF022\"");
     EXPECT_EQ(textOf({}), "");
+}
+
+TEST_F(HandedOver, PathsBelongToTheWorkingFolderOfTheirStart) {
+    std::ofstream(folder_ / "here") << "x";
+    const auto before = std::filesystem::current_path();
+    std::filesystem::current_path(folder_.path());
+    const std::string command = throughOthers({"--single", "here", "nowhere", "tmp"});
+    std::filesystem::current_path(before);
+    EXPECT_EQ(command, '"' + drivePath(folder_ / "here") + "\" \"nowhere\" \"tmp\"")
+        << "what wasn't found there isn't found in the other's folder either";
+}
+
+TEST_F(HandedOver, NamesAndOtherArgumentsComeWhole) {
+    std::filesystem::create_directory(folder_ / "real");
+    std::filesystem::create_directory_symlink("real", folder_ / "way");
+    const std::string name = "a \"quoted\" \\ \xFF name\n";
+    std::ofstream(folder_ / ("real/" + name)) << "x";
+    EXPECT_EQ(
+        throughOthers({folder_ / ("way/" + name), "/", "C:\\data", "/hidden", "", "say \"hi\""}),
+        '"' + drivePath(folder_ / ("real/" + name)) +
+            "\" \"C:\\\" \"C:\\data\" \"/hidden\" \"\" \"say \uF022hi\uF022\"");
+    EXPECT_EQ(throughOthers({"--single"}), "");
+}
+
+TEST_F(MountingTest, APathHandedOverHasTheLetterOfTheProgramThatTakesIt) {
+    TestMount former;
+    ASSERT_TRUE(former.mountTmpfs("size=64k"));
+    Volumes running;
+    const std::string letters = running.letters();
+    TestMount drive;
+    ASSERT_TRUE(drive.mountTmpfs("size=64k"));
+    std::ofstream(drive.path() + "/file") << "x";
+    ASSERT_GT(running.letters().size(), letters.size());
+    former.unmount();
+    Volumes later;
+    const std::string path = drive.path() + "/file";
+    const std::string here = drivePathOf(path, running.roots());
+    ASSERT_NE(drivePathOf(path, later.roots()), here) << "the letters must differ";
+    EXPECT_EQ(commandFromOther(textForOthers({path}, later), running), '"' + here + '"');
 }
 
 TEST_F(CommandLineTest, TheProcesssOwnArgumentsAreTaken) {

@@ -1,6 +1,14 @@
 #include "platform/linux/starts/linux_other_starts.h"
 
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <string>
+#include <vector>
+
+#include "platform/linux/support/environment.h"
 #include "platform/linux/support/test_folder.h"
+#include "platform/linux/system/unique_fd.h"
 #include "platform/other_starts_cases.h"
 
 namespace velmora::linuxhost {
@@ -27,12 +35,78 @@ TEST_F(LinuxStarts, SeveralFollowEachOther) {
     severalFollowEachOther();
 }
 
+TEST_F(LinuxStarts, WhatIsNotTakenGetsNoAnswer) {
+    whatIsNotTakenGetsNoAnswer();
+}
+
 TEST_F(LinuxStarts, OnlyOneListens) {
     onlyOneListens();
 }
 
 TEST_F(LinuxStarts, WithoutAListenerNothingIsHandedOver) {
     withoutAListenerNothingIsHandedOver();
+}
+
+constexpr auto takeAny = [](const std::string&) { return true; };
+
+TEST_F(LinuxStarts, AStartOnAnotherDisplayIsNotTaken) {
+    LinuxOtherStarts first(folder(), ":0");
+    ASSERT_TRUE(first.listen(takeAny));
+    EXPECT_FALSE(LinuxOtherStarts(folder(), ":1").handOver("a"));
+    EXPECT_FALSE(LinuxOtherStarts(folder(), "").handOver("a"));
+    EXPECT_TRUE(LinuxOtherStarts(folder(), ":0").handOver("a"));
+    LinuxOtherStarts other(folder(), ":1");
+    EXPECT_TRUE(other.listen(takeAny)) << "each display has a program of its own";
+}
+
+TEST(DisplayOfSession, IsTheOneThatWindowsComeTo) {
+    const Environment wayland("WAYLAND_DISPLAY", "wayland-1");
+    const Environment display("DISPLAY", ":0");
+    EXPECT_EQ(displayOfSession(), "wayland-1");
+    const Environment none("WAYLAND_DISPLAY", "");
+    EXPECT_EQ(displayOfSession(), ":0");
+    const Environment screen("DISPLAY", "a.host:10.1");
+    EXPECT_EQ(displayOfSession(), "a.host:10") << "the host's name has points too";
+}
+
+// Takes all descriptors of this process but those that are open.
+class NoDescriptors {
+  public:
+    NoDescriptors() {
+        getrlimit(RLIMIT_NOFILE, &before_);
+        rlimit few = before_;
+        few.rlim_cur = 256;
+        setrlimit(RLIMIT_NOFILE, &few);
+        for (int taken = 0; taken >= 0;) {
+            taken = dup(STDERR_FILENO);
+            if (taken >= 0) taken_.emplace_back(taken);
+        }
+    }
+    ~NoDescriptors() { setrlimit(RLIMIT_NOFILE, &before_); }
+    NoDescriptors(const NoDescriptors&) = delete;
+    NoDescriptors& operator=(const NoDescriptors&) = delete;
+    void giveOne() { taken_.pop_back(); }
+
+  private:
+    rlimit before_{};
+    std::vector<UniqueFd> taken_;
+};
+
+TEST_F(LinuxStarts, WithoutADescriptorAStartIsSentAwayAtOnce) {
+    LinuxOtherStarts first(folder());
+    std::vector<std::string> got;
+    ASSERT_TRUE(first.listen([&got](const std::string& command) {
+        got.push_back(command);
+        return true;
+    }));
+    {
+        NoDescriptors none;
+        none.giveOne();  // for the start's own end
+        EXPECT_FALSE(LinuxOtherStarts(folder()).handOver("a"));
+    }
+    EXPECT_TRUE(LinuxOtherStarts(folder()).handOver("b")) << "the next one is taken";
+    first.release();
+    EXPECT_EQ(got, std::vector<std::string>{"b"});
 }
 
 }  // namespace

@@ -30,6 +30,10 @@ TEST_F(WindowsStarts, SeveralFollowEachOther) {
     severalFollowEachOther();
 }
 
+TEST_F(WindowsStarts, WhatIsNotTakenGetsNoAnswer) {
+    whatIsNotTakenGetsNoAnswer();
+}
+
 TEST_F(WindowsStarts, OnlyOneListens) {
     onlyOneListens();
 }
