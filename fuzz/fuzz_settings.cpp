@@ -49,7 +49,8 @@ class Program {
 
     std::string written() {
         std::string text;
-        appendSettings(text, forms, machine.platform().regional, host);
+        std::string_view key;
+        appendSettings(text, forms, machine.platform().regional, host, key);
         return text;
     }
 
