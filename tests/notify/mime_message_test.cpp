@@ -268,6 +268,18 @@ TEST(MimeMessage, ARefusedAddressIsNamedInWords) {
     EXPECT_EQ(reason(), "the sender's address is empty");
 }
 
+TEST(MimeMessage, ALineOfSendersNameAndAddressHas998BytesAtMost) {
+    MimeSource given = source();
+    given.displayName = std::string(890, 'n');
+    const auto foldsAt = [&](std::size_t addressSize) {
+        given.sender = std::string(addressSize - 2, 'a') + "@b";
+        return contains(mimeMessage(given), "n\"\r\n <a");
+    };
+    // Beside the address: 6 for the header's name, 892 in quotes, a blank, 2 for < and >.
+    EXPECT_FALSE(foldsAt(97));
+    EXPECT_TRUE(foldsAt(98));
+}
+
 TEST(MimeMessage, TheBodyHasLinesOf57Bytes) {
     std::string full;
     for (int i = 0; i < 19; ++i) full += "YWFh";
