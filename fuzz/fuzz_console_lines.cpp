@@ -26,10 +26,11 @@ int runOn(const std::string& input, std::string& printed) {
     std::istringstream in(input);
     std::ostringstream out;
     int sleeps = 0;
-    const int status = runConsole(machine, in, out, [&](std::int64_t milliseconds) {
+    const auto sleep = [&](std::int64_t milliseconds) {
         if (++sleeps > mostSleeps) throw ProgramEnd{0};
         machine.advance(milliseconds);
-    });
+    };
+    const int status = runConsole(machine, {.input = in, .output = out, .sleep = sleep});
     printed = out.str();
     return status;
 }

@@ -4,17 +4,36 @@
 #include <thread>
 
 #include "app/console_program.h"
+#include "app/end_request.h"
+#include "app/option_answers.h"
 #include "app/streams.h"
+
+namespace {
+
+int runOn(velmora::Machine& machine) {
+    const velmora::StartOptions& options = machine.platform().app.Options;
+    if (const auto answered =
+            velmora::answerOptions(options, velmora::ProgramKind::console, std::cout, std::cerr))
+        return *answered;
+    // A script or a user at a terminal ends in the usual ways.
+    if (options.watch) velmora::noteEndRequests();
+    const auto sleep = [](std::int64_t ms) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(ms));
+    };
+    return velmora::runConsole(machine, {.input = std::cin,
+                                         .output = std::cout,
+                                         .sleep = sleep,
+                                         .isReaderGone = velmora::isReaderGone,
+                                         .isEndRequested = velmora::isEndRequested});
+}
+
+}  // namespace
 
 int main() {
     velmora::prepareStreams();
     std::cin.tie(nullptr);
     const auto machine = velmora::openMachine();
-    const auto sleep = [](std::int64_t ms) {
-        std::this_thread::sleep_for(std::chrono::milliseconds(ms));
-    };
-    const int status =
-        velmora::runConsole(*machine, std::cin, std::cout, sleep, velmora::isReaderGone);
+    const int status = runOn(*machine);
     // At once, without waiting for a drive that doesn't answer.
     std::cout.flush();
     std::_Exit(status);

@@ -1,9 +1,13 @@
 #include "app/console_program.h"
 
+#include <filesystem>
+#include <fstream>
+#include <iostream>
 #include <string>
 #include <string_view>
 
 #include "app/core.h"
+#include "app/option_answers.h"
 #include "app/start.h"
 #include "console/commands.h"
 #include "console/console_host.h"
@@ -31,14 +35,14 @@ void dropByteOrderMark(std::string& line) {
     if (line.starts_with(mark)) line.erase(0, mark.size());
 }
 
-void obey(std::istream& input, console::Output& output, console::Commands& commands,
-          std::ostream& stream) {
+// Returns whether there was anything to read.
+bool obey(std::istream& input, console::Output& output, console::Commands& commands) {
     std::string line;
     bool any = false;
     for (;;) {
         output.flush();
         const console::LineRead read = console::readLine(input, line);
-        if (read == console::LineRead::end) break;
+        if (read == console::LineRead::end) return any;
         if (!any) dropByteOrderMark(line);
         any = true;
         if (read == console::LineRead::tooLong) {
@@ -47,8 +51,26 @@ void obey(std::istream& input, console::Output& output, console::Commands& comma
             commands.run(line);
         }
     }
-    if (!any) stream << usage;
-    output.flush();
+}
+
+// The path as it was typed, in UTF-8.
+std::ifstream openScript(const std::string& path) {
+    const std::u8string name(path.begin(), path.end());
+    return std::ifstream(std::filesystem::path(name), std::ios::binary);
+}
+
+// As the user who exits and confirms it: the settings and the log are treated as told.
+[[noreturn]] void endByRequest(console::ConsoleHost& host, Forms& forms) {
+    host.answerOnly(BoxAnswer::ok);
+    host.guarded([&forms] {
+        try {
+            forms.form1.mnuExit.userClick();
+        } catch (const Refused&) {
+            return;
+        }
+    });
+    // A lock keeps the window open; who ends the process isn't kept.
+    throw ProgramEnd{0};
 }
 
 // A start that fails ends the program, also one that is to keep running: there is nothing yet that
@@ -70,16 +92,25 @@ void start(Core& core, Machine& machine, console::ConsoleHost& host) {
 
 }  // namespace
 
-int runConsole(Machine& machine, std::istream& input, std::ostream& stream,
-               const console::Waiting::Sleep& sleep,
-               const console::Output::IsReaderGone& isReaderGone) {
+int runConsole(Machine& machine, const ConsoleStreams& streams) {
     Platform& platform = machine.platform();
+    const StartOptions& options = platform.app.Options;
+    std::ostream& stream = streams.output;
+    std::ifstream script;
+    if (!options.script.empty()) {
+        script = openScript(options.script);
+        if (!script) {
+            std::cerr << "velmora-console: the script can't be read: " << options.script << '\n';
+            return exit_status::wrongOptions;
+        }
+    }
     Forms forms;
     TimerQueue timers([&platform] { return platform.clock.GetTickCount(); });
     addTimers(forms, timers);
 
     console::Output output(stream);
-    if (platform.app.Options.keepRunning) output.keepRunning(isReaderGone);
+    output.setJson(options.json);
+    if (options.keepRunning) output.keepRunning(streams.isReaderGone);
     console::LaterCommands later(platform.clock);
     console::ConsoleHost host(output, timers, later);
     console::ConsoleNotifyArea notifyArea(output);
@@ -87,7 +118,7 @@ int runConsole(Machine& machine, std::istream& input, std::ostream& stream,
     console::ConsoleShellIcons shellIcons;
     console::ConsoleWorkArea workArea;
     Core core(forms, platform, {host, notifyArea, user32, shellIcons, workArea});
-    console::Waiting waiting(host, timers, later, platform.clock, output, sleep);
+    console::Waiting waiting(host, timers, later, platform.clock, output, streams.sleep);
     const console::EventReport report(core.alerts().Raised, forms.form1.StatusBar1,
                                       forms.frmNotify.StatusTxt, output, waiting);
     const ScopedConnection hints =
@@ -104,10 +135,20 @@ int runConsole(Machine& machine, std::istream& input, std::ostream& stream,
 
     int status = 0;
     try {
-        stream << greeting;
+        if (!options.json && !options.watch && options.script.empty()) stream << greeting;
         output.flush();
         start(core, machine, host);
-        obey(input, output, commands, stream);
+        const bool isScript = !options.script.empty();
+        if (isScript) {
+            obey(script, output, commands);
+            if (output.errors() > 0) status = exit_status::failedCommand;
+        }
+        if (options.watch) {
+            waiting.untilTrue(streams.isEndRequested);
+            endByRequest(host, forms);
+        }
+        if (!isScript && !obey(streams.input, output, commands)) stream << usage;
+        output.flush();
     } catch (const ProgramEnd& end) {
         status = end.status;
     }

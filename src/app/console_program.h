@@ -2,6 +2,7 @@
 // machine in memory.
 #pragma once
 
+#include <functional>
 #include <istream>
 #include <ostream>
 
@@ -11,11 +12,19 @@
 
 namespace velmora {
 
-/// Runs until the input ends or the program does; returns the exit status. A program that keeps
-/// running asks of an output that takes nothing whether its reader is gone, which ends it.
-int runConsole(
-    Machine& machine, std::istream& input, std::ostream& output,
-    const console::Waiting::Sleep& sleep,
-    const console::Output::IsReaderGone& isReaderGone = [] { return true; });
+/// Where the console reads and writes, and what it asks of the process it runs in.
+struct ConsoleStreams {
+    std::istream& input;
+    std::ostream& output;
+    console::Waiting::Sleep sleep;
+    /// Asked by a program that keeps running when its output takes nothing.
+    console::Output::IsReaderGone isReaderGone = [] { return true; };
+    /// Asked under --watch: whether the program is to end.
+    std::function<bool()> isEndRequested = [] { return false; };
+};
+
+/// Runs until the input or the script ends, the program does, or, under --watch, somebody asks for
+/// the end; returns the exit status.
+int runConsole(Machine& machine, const ConsoleStreams& streams);
 
 }  // namespace velmora

@@ -5,9 +5,11 @@
 #include <iostream>
 #include <memory>
 #include <optional>
+#include <sstream>
 #include <string>
 
 #include "app/later_starts.h"
+#include "app/option_answers.h"
 #include "app/single_start.h"
 #include "app/window_program.h"
 #include "qt/controls/legible_style.h"
@@ -19,14 +21,30 @@ namespace {
 void startAgain() {
     QStringList arguments = QApplication::arguments().mid(1);
     qsizetype option = 0;
-    while (option < arguments.size() && velmora::isStartOption(arguments[option].toStdString())) {
+    while (option < arguments.size()) {
+        const std::size_t length = velmora::startOptionLength(arguments[option].toStdString());
+        if (length == 0) break;
         if (arguments[option] == QLatin1String("--restore-settings")) {
             arguments.removeAt(option);
         } else {
-            ++option;
+            option += static_cast<qsizetype>(length);
         }
     }
     QProcess::startDetached(QApplication::applicationFilePath(), arguments);
+}
+
+// On Windows a program with windows has no standard output.
+void answerOptions(const velmora::StartOptions& options) {
+    std::ostringstream said;
+    const auto status = velmora::answerOptions(options, velmora::ProgramKind::window, said, said);
+    if (!status) return;
+#ifdef _WIN32
+    QMessageBox::information(nullptr, QStringLiteral("Velmora"),
+                             QString::fromStdString(said.str()));
+#else
+    (*status == 0 ? std::cout : std::cerr) << said.str() << std::flush;
+#endif
+    std::_Exit(*status);
 }
 
 [[noreturn]] void refuse() {
@@ -51,6 +69,7 @@ int main(int argc, char* argv[]) {
     QApplication::setQuitOnLastWindowClosed(false);
 
     const auto machine = velmora::openMachine();
+    answerOptions(machine->platform().app.Options);
     velmora::LaterStarts laterStarts([&] {
         const auto take = [&laterStarts] { laterStarts.takeWaiting(); };
         QMetaObject::invokeMethod(&application, take, Qt::QueuedConnection);

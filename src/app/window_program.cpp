@@ -53,6 +53,8 @@ void WindowProgram::load() {
     hand_.does([this] {
         start();
         places_.afterStart();
+        if (machine_.platform().app.Options.minimized)
+            forms_.form1.setState(WindowState::minimised);
         if (machine_.platform().app.Options.keepRunning) hand_.keepRunning();
     });
 }

@@ -21,6 +21,8 @@ class ConsoleHost final : public Host {
 
     /// An answer for the next question that offers it. Boxes with a single button take none.
     void queueAnswer(BoxAnswer answer) { answers_.push_back(answer); }
+    /// The same for the next question alone: what is queued is dropped.
+    void answerOnly(BoxAnswer answer) { answers_ = {answer}; }
     /// A drive path or text for the next dialog.
     void queueText(std::string text) { texts_.push_back(std::move(text)); }
 

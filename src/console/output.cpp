@@ -71,6 +71,7 @@ void Output::value(const PropertyValue& value) {
 }
 
 void Output::error(const std::string& message) {
+    ++errors_;
     line(json_ ? jsonObject({{"error", message}}) : "error: " + readable(message));
 }
 

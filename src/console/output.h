@@ -30,6 +30,8 @@ class Output {
     void ok();
     void value(const PropertyValue& value);
     void error(const std::string& message);
+    /// How many replies were errors.
+    int errors() const { return errors_; }
     void rows(const ListView& list);
     /// One row with all that it carries: tags, keys and icons.
     void row(const ListView& list, int index);
@@ -71,6 +73,7 @@ class Output {
     IsReaderGone isReaderGone_;  // empty while any failure ends the program
     bool json_ = false;
     bool watch_ = false;
+    int errors_ = 0;
 };
 
 }  // namespace velmora::console

@@ -22,6 +22,10 @@ void Waiting::forever() {
     for (;;) run(std::nullopt, [] { return false; });
 }
 
+void Waiting::untilTrue(const std::function<bool()>& isTrue) {
+    run(std::nullopt, isTrue);
+}
+
 bool Waiting::until(const std::string& text) {
     return untilSeen(awaited_, text);
 }

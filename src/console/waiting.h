@@ -28,6 +28,8 @@ class Waiting {
 
     void forSeconds(double seconds);
     [[noreturn]] void forever();
+    /// Looks at least once a second.
+    void untilTrue(const std::function<bool()>& isTrue);
     /// Waits until `seen` is called with a text that holds `text`; false after the limit of 600 s.
     bool until(const std::string& text);
     /// The same for a new alert alone.

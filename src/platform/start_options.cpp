@@ -8,13 +8,21 @@ namespace {
 
 struct Option {
     std::string_view word;
-    bool StartOptions::*flag;
+    bool StartOptions::*flag = nullptr;
+    std::string StartOptions::*value = nullptr;  // instead of the flag
+    const char* needs = "";                      // what the value is
 };
 
 constexpr Option known[] = {
-    {"--keep-running", &StartOptions::keepRunning},
-    {"--single", &StartOptions::single},
-    {"--restore-settings", &StartOptions::restoreSettings},
+    {.word = "--keep-running", .flag = &StartOptions::keepRunning},
+    {.word = "--single", .flag = &StartOptions::single},
+    {.word = "--restore-settings", .flag = &StartOptions::restoreSettings},
+    {.word = "--minimized", .flag = &StartOptions::minimized},
+    {.word = "--json", .flag = &StartOptions::json},
+    {.word = "--watch", .flag = &StartOptions::watch},
+    {.word = "--help", .flag = &StartOptions::help},
+    {.word = "--version", .flag = &StartOptions::version},
+    {.word = "--script", .value = &StartOptions::script, .needs = "a file"},
 };
 
 const Option* find(std::string_view word) {
@@ -39,19 +47,33 @@ FirstWord firstWordOf(std::string_view command) {
     return {.text = command.substr(0, end), .after = after};
 }
 
+// Takes the first word off.
+std::string takeWord(std::string& command) {
+    const FirstWord word = firstWordOf(command);
+    std::string text(word.text);
+    command = std::string(word.after);
+    return text;
+}
+
 }  // namespace
 
-bool isStartOption(std::string_view word) {
-    return find(word) != nullptr;
+std::size_t startOptionLength(std::string_view word) {
+    const Option* option = find(word);
+    if (option == nullptr) return 0;
+    return option->value == nullptr ? 1 : 2;
 }
 
 StartOptions takeStartOptions(std::string& command) {
     StartOptions options;
-    FirstWord word = firstWordOf(command);
-    while (const Option* option = find(word.text)) {
-        options.*option->flag = true;
-        command = std::string(word.after);
-        word = firstWordOf(command);
+    while (const Option* option = find(firstWordOf(command).text)) {
+        takeWord(command);
+        if (option->flag != nullptr) {
+            options.*option->flag = true;
+            continue;
+        }
+        options.*option->value = takeWord(command);
+        if ((options.*option->value).empty())
+            options.fault = std::string(option->word) + " needs " + option->needs + '.';
     }
     return options;
 }

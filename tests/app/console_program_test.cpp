@@ -22,7 +22,7 @@ constexpr const char* notTyped =
 TEST_F(ConsoleProgram, GreetsWithOneLineAndEndsWithTheInput) {
     std::istringstream in("get txtAmt\n");
     std::ostringstream out;
-    EXPECT_EQ(runConsole(machine, in, out, [](std::int64_t) {}), 0);
+    EXPECT_EQ(runConsole(machine, {.input = in, .output = out, .sleep = [](std::int64_t) {}}), 0);
     EXPECT_EQ(
         out.str(),
         "Velmora console. Type help for the commands, wait forever to keep watch.\n"
@@ -231,7 +231,10 @@ TEST_F(ConsoleProgram, EndsWithStatus1WhenItsReaderIsGone) {
         std::istringstream in("json on\nwait forever\n");
         ClosingPipe pipe(bytes);
         std::ostream out(&pipe);
-        EXPECT_EQ(runConsole(machine, in, out, [this](std::int64_t ms) { machine.advance(ms); }), 1)
+        EXPECT_EQ(runConsole(machine, {.input = in,
+                                       .output = out,
+                                       .sleep = [this](std::int64_t ms) { machine.advance(ms); }}),
+                  1)
             << bytes;
     }
 }

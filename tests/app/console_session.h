@@ -24,7 +24,9 @@ struct ConsoleSession {
     std::vector<std::string> run(const std::string& input) {
         std::istringstream in(input);
         std::ostringstream out;
-        status = runConsole(machine, in, out, [this](std::int64_t ms) { machine.advance(ms); });
+        status = runConsole(machine, {.input = in, .output = out, .sleep = [this](std::int64_t ms) {
+                                          machine.advance(ms);
+                                      }});
         std::vector<std::string> lines;
         std::istringstream printed(out.str());
         for (std::string line; std::getline(printed, line);) lines.push_back(line);

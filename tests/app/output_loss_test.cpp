@@ -87,7 +87,10 @@ struct ConsoleOutputLoss : OutputLoss, ConsoleSession {
             machine.advance(ms);
             place.room = roomLater.value_or(place.room);
         };
-        return runConsole(machine, in, stream, sleep, [this] { return buffer.isReaderGone(); });
+        return runConsole(machine,
+                          {.input = in, .output = stream, .sleep = sleep, .isReaderGone = [this] {
+                               return buffer.isReaderGone();
+                           }});
     }
     std::optional<std::size_t> roomLater;  // once the program has waited
 };

@@ -1,11 +1,13 @@
 """The console itself: its replies, the texts it carries, how it ends."""
 
-import subprocess
 import os
+import signal
+import subprocess
 import unittest
 
-from cases import ConsoleCase, WindowsCase
-from console import ConsoleError
+from cases import ConsoleCase, OwnNative, WindowsCase
+from console import PATIENCE, ConsoleError
+from settings import scrambled
 
 
 class Lines:
@@ -83,6 +85,69 @@ class Lines:
         alerts = [event for event in self.console.events if event["event"] == "alert"]
         self.assertEqual(len(alerts), 1)
         self.assertEqual(self.console.get("Timer1.Enabled"), True)
+
+
+class Options(OwnNative, ConsoleCase):
+    """The console's options, as a service uses them."""
+
+    def started(self, *options):
+        return subprocess.Popen([*self.command(), *options], stdin=subprocess.DEVNULL,
+                                stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+                                env=self.environment())
+
+    def test_a_watch_ends_cleanly_by_a_signal_and_saves_its_log(self):
+        self.put_settings(scrambled("txtTime=10\r\n", "minspace=2000000000\r\n", "chkLog=1",
+                                    "chkAutoSave=1"))
+        script = self.folder / "script"
+        script.write_text("tick ListView1 1 on\nfire Timer1\nwait until alert Space Shortage\n",
+                          encoding="utf-8")
+        watch = self.started("--watch", "--script", str(script))
+        self.addCleanup(watch.stdout.close)
+        self.addCleanup(watch.stderr.close)
+        self.addCleanup(watch.wait)
+        self.addCleanup(watch.kill)
+        lines = [watch.stdout.readline() for _ in range(2)]
+        while not lines[-1].startswith(b"alert:"):
+            lines.append(watch.stdout.readline())
+            self.assertTrue(lines[-1], lines)
+        watch.send_signal(signal.SIGTERM)
+        rest, _ = watch.communicate(timeout=PATIENCE)
+        self.assertEqual(watch.returncode, 0)
+        self.assertIn(b"box: Velmora | question | Exit the program? | ok cancel -> ok\n", rest)
+        log = (self.folder / "log.dat").read_bytes()
+        self.assertIn(b"ALERT: Space Shortage < 2000000000 KB", log)
+
+    def test_a_second_signal_does_not_wait(self):
+        self.put_settings(scrambled("txtTime=3600\r\n"))
+        watch = self.started("--watch")
+        self.addCleanup(watch.stdout.close)
+        self.addCleanup(watch.stderr.close)
+        watch.stdout.readline()
+        for _ in range(2):
+            watch.send_signal(signal.SIGINT)
+        self.assertIn(watch.wait(PATIENCE), (0, -signal.SIGINT))
+
+    def test_help_and_version_are_printed_and_wrong_options_refused(self):
+        for option, status, said in (("--version", 0, b"velmora-console 1."),
+                                     ("--help", 0, b"Usage: velmora-console"),
+                                     ("--script", 2, b"--script needs a file.")):
+            asked = self.started(option)
+            out, errors = asked.communicate(timeout=PATIENCE)
+            self.assertEqual(asked.returncode, status)
+            self.assertIn(said, errors if status else out)
+
+    def test_a_script_from_a_pipe_tells_its_failure_by_the_status(self):
+        self.put_settings(scrambled("txtTime=3600\r\n"))
+        reading, writing = os.pipe()
+        os.write(writing, b"get txtAmt\nnonsense\n")
+        os.close(writing)
+        asked = subprocess.run([*self.command(), "--json", "--script", f"/dev/fd/{reading}"],
+                               pass_fds=[reading], stdin=subprocess.DEVNULL, capture_output=True,
+                               timeout=PATIENCE, check=False, env=self.environment())
+        os.close(reading)
+        self.assertEqual(asked.returncode, 3)
+        self.assertEqual([b'{"ok":"50"}', b'{"error":"unknown command: nonsense"}'],
+                         asked.stdout.splitlines()[-2:])
 
 
 class NativeLines(Lines, ConsoleCase):

@@ -41,6 +41,43 @@ TEST(StartOptions, EachWordSetsItsOwn) {
     EXPECT_TRUE(taken("--restore-settings").options.restoreSettings);
 }
 
+TEST(StartOptions, TheConsolesAndTheWindowsWordsAreTakenByBoth) {
+    const StartOptions options = taken("--minimized --json --watch --help --version").options;
+    EXPECT_TRUE(options.minimized && options.json && options.watch && options.help &&
+                options.version);
+    const StartOptions none = taken("--keep-running").options;
+    EXPECT_FALSE(none.minimized || none.json || none.watch || none.help || none.version);
+}
+
+TEST(StartOptions, AScriptIsTheWordBehindItsOption) {
+    for (const char* line : {"--script \"a b.txt\" --json \"C:\\a\"",
+                             "\"--script\" \"a b.txt\" \"--json\" \"C:\\a\""}) {
+        const Taken both = taken(line);
+        EXPECT_EQ(both.options.script, "a b.txt");
+        EXPECT_TRUE(both.options.json);
+        EXPECT_EQ(both.options.fault, "");
+        EXPECT_EQ(both.rest, "\"C:\\a\"");
+    }
+    // Whatever it is.
+    EXPECT_EQ(taken("--script --json").options.script, "--json");
+    EXPECT_FALSE(taken("--script --json").options.json);
+    EXPECT_EQ(taken("--script one --script two").options.script, "two");
+}
+
+TEST(StartOptions, AnOptionWithoutItsWordIsAFault) {
+    for (const char* line : {"--script", "--script \"\"", "--json --script "}) {
+        EXPECT_EQ(taken(line).options.fault, "--script needs a file.") << line;
+    }
+}
+
+TEST(StartOptions, EachWordHasItsLength) {
+    EXPECT_EQ(startOptionLength("--json"), 1U);
+    EXPECT_EQ(startOptionLength("--script"), 2U);
+    for (const char* word : {"", "--", "--jso", "--jsonx", "C:\\a"}) {
+        EXPECT_EQ(startOptionLength(word), 0U) << word;
+    }
+}
+
 TEST(StartOptions, ThePathsBehindItStayAsTheyAre) {
     EXPECT_EQ(taken("--keep-running \"C:\\a b\" \"D:\\c\"").rest, "\"C:\\a b\" \"D:\\c\"");
     EXPECT_EQ(taken("\"--keep-running\"\t\"C:\\a\"").rest, "\"C:\\a\"");

@@ -1,5 +1,6 @@
 #include "platform/linux/programs/command_line.h"
 
+#include <algorithm>
 #include <fstream>
 #include <iterator>
 
@@ -46,6 +47,17 @@ std::vector<std::string> closedTexts(std::string_view text) {
     return texts;
 }
 
+// How many arguments the options in front of the first path take.
+std::size_t wordsOfOptions(const std::vector<std::string>& arguments) {
+    std::size_t count = 0;
+    while (count < arguments.size()) {
+        const std::size_t length = startOptionLength(arguments[count]);
+        if (length == 0) break;
+        count += length;
+    }
+    return std::min(count, arguments.size());
+}
+
 std::vector<std::string> ownArguments() {
     std::ifstream file("/proc/self/cmdline", std::ios::binary);
     const std::string commandLine{std::istreambuf_iterator<char>(file), {}};
@@ -62,10 +74,10 @@ std::vector<std::string> argumentsIn(std::string_view commandLine) {
 
 std::string commandText(const std::vector<std::string>& arguments, Volumes& volumes) {
     std::string text;
-    bool arePaths = false;
-    for (const std::string& argument : arguments) {
-        arePaths = arePaths || !isStartOption(argument);
-        appendQuoted(text, arePaths ? asDrivePath(argument, volumes) : argument, argument);
+    const std::size_t firstPath = wordsOfOptions(arguments);
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        const std::string& argument = arguments[i];
+        appendQuoted(text, i < firstPath ? "" : asDrivePath(argument, volumes), argument);
     }
     return text;
 }
@@ -76,10 +88,8 @@ std::string ownCommand(Volumes& volumes) {
 
 std::string textForOthers(const std::vector<std::string>& arguments, Volumes& volumes) {
     std::string text;
-    bool arePaths = false;
-    for (const std::string& argument : arguments) {
-        arePaths = arePaths || !isStartOption(argument);
-        if (!arePaths) continue;
+    for (std::size_t i = wordsOfOptions(arguments); i < arguments.size(); ++i) {
+        const std::string& argument = arguments[i];
         const std::string place = placeOf(argument);
         const bool isThere = !place.empty() && volumes.kindOf(place) != FileKind::none;
         text += (isThere ? place : argument) + '\0';

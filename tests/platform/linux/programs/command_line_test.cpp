@@ -58,6 +58,10 @@ TEST_F(CommandLineTest, AnOptionInFrontStaysAlsoWhereAFileHasItsName) {
     std::ofstream(folder_ / "--keep-running") << "x";
     const auto before = std::filesystem::current_path();
     std::filesystem::current_path(folder_.path());
+    // The file of a script isn't one of the paths.
+    std::ofstream(folder_ / "script") << "x";
+    EXPECT_EQ(textOf({"--script", "script", "--json"}), "\"--script\" \"script\" \"--json\"");
+    EXPECT_EQ(textOf({"--json", "--script"}), "\"--json\" \"--script\"");
     const std::string text = textOf({"--keep-running", "a", "--keep-running"});
     std::filesystem::current_path(before);
     EXPECT_EQ(text, "\"--keep-running\" \"a\" \"" + drivePath(folder_ / "--keep-running") + '"');
@@ -116,6 +120,7 @@ TEST_F(HandedOver, NamesAndOtherArgumentsComeWhole) {
         '"' + drivePath(folder_ / ("real/" + name)) +
             "\" \"C:\\\" \"C:\\data\" \"/hidden\" \"\" \"say \uF022hi\uF022\"");
     EXPECT_EQ(throughOthers({"--single"}), "");
+    EXPECT_EQ(throughOthers({"--script", "/tmp", "--json"}), "");
 }
 
 TEST_F(MountingTest, APathHandedOverHasTheLetterOfTheProgramThatTakesIt) {

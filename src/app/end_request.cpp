@@ -1,0 +1,31 @@
+#include "app/end_request.h"
+
+#include <csignal>
+
+namespace velmora {
+
+namespace {
+
+volatile std::sig_atomic_t isRequested = 0;
+
+void note(int signal) {
+    isRequested = 1;
+    // Whoever asks twice doesn't want to wait.
+    std::signal(signal, SIG_DFL);
+}
+
+}  // namespace
+
+void noteEndRequests() {
+    std::signal(SIGTERM, note);
+    std::signal(SIGINT, note);
+#ifdef SIGBREAK
+    std::signal(SIGBREAK, note);
+#endif
+}
+
+bool isEndRequested() {
+    return isRequested != 0;
+}
+
+}  // namespace velmora
