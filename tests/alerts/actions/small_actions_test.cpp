@@ -77,6 +77,33 @@ TEST_F(SmallActionsTest, AFailureOfTheBinIsNotedAlsoWhereTheAlertFails) {
                                 "drive has no recycle bin (5)"});
 }
 
+TEST_F(SmallActionsTest, InAProgramThatKeepsRunningAFailureOfTheBinIsAnAlertBehindTheReport) {
+    machine.platform().app.Options.keepRunning = true;
+    machine.operationResult = 5;
+    const std::string why =
+        "Not sent to the recycle bin: C:\\1: it may not be removed, or its drive "
+        "has no recycle bin (5)";
+    listFile("C:\\1");
+    listFile("C:\\2");
+    run(act::recycle);
+    EXPECT_EQ(alertCount(), 2);
+    EXPECT_EQ(alert(2), note("Auto send file to recycle bin: C:\\2"));
+    const ConstAlertRow added(forms.form1.LVAlert.ListItems(1));
+    EXPECT_EQ(added.time(), minutes);
+    EXPECT_EQ(added.rating(), rating::high);
+    EXPECT_EQ(added.text(), why);
+    EXPECT_EQ(host.notes, Calls{why});
+}
+
+TEST_F(SmallActionsTest, ThereIsNoSuchAlertAfterASuccess) {
+    machine.platform().app.Options.keepRunning = true;
+    listFile("C:\\1");
+    listFile("C:\\2");
+    run(act::recycle);
+    EXPECT_EQ(alertCount(), 1);
+    EXPECT_TRUE(host.notes.empty());
+}
+
 TEST_F(SmallActionsTest, ADrivesRootIsNeverSentToTheBin) {
     listMissing("D:\\");
     listFile("C:\\2");
