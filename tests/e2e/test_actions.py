@@ -292,6 +292,19 @@ class Native(Actions, OwnNative, ConsoleCase):
                          without(self.before[0], "..."))
         self.assertEqual(len(list((self.mounts[0].folder / trash / "files").iterdir())), 1)
 
+    def test_a_folder_of_dots_is_passed_over_and_the_next_file_goes(self):
+        self.begin(8)
+        self.fill("next.bin", "another.bin")
+        (self.mounts[0].folder / "...").mkdir()
+        self.list_files("...", *["next.bin"] * 10)
+        self.console.run(f"tick lstAct {RECYCLE} on")
+        self.console.check()
+        self.assertEqual(self.listed(), ["next.bin"] * 10)
+        self.console.check()
+        self.assertEqual(self.listed(), ["next.bin"] * 9)
+        self.assertTrue((self.mounts[0].folder / "...").is_dir())
+        self.assertFalse((self.mounts[0].folder / "next.bin").exists())
+
     def test_the_next_start_removes_what_a_killed_move_has_left(self):
         self.begin(8)
         left = self.mounts[0].folder / ".velmora-4194999-1"
