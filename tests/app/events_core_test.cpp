@@ -1,20 +1,19 @@
 // Events, actions and the log in the wired program.
 #include <gtest/gtest.h>
 
-#include "app/core.h"
-#include "fake/fake_machine.h"
-#include "fake/fake_surface.h"
-#include "persist/scramble.h"
+#include <cstdint>
+#include <string>
+#include <vector>
+
 #include "rows/alert_row.h"
 #include "rows/watch_row.h"
+#include "wired_rig.h"
 
-namespace velmora {
+namespace velmora::tests {
 namespace {
 
-struct WiredEvents : testing::Test {
+struct WiredEvents : testing::Test, WiredRig {
     WiredEvents() {
-        machine.drives["C:"] = {50e9, 100e9};
-        machine.files["C:\\Program Files\\Velmora\\set.dat"] = prcEn("txtTime=60\r\n") + "\r\n";
         core.load();
         forms.form1.ListView1.userTick(1, true);
         forms.form1.DTPInterval.setMinute(0);
@@ -27,11 +26,6 @@ struct WiredEvents : testing::Test {
             texts.push_back(ConstAlertRow(list.ListItems(i)).text());
         return texts;
     }
-
-    fake::FakeMachine machine;
-    fake::FakeSurface surface;
-    Forms forms;
-    Core core{forms, machine.platform(), surface.all()};
 };
 
 TEST_F(WiredEvents, FreeSpaceThatDoesNotChangeIsReported) {
@@ -96,4 +90,4 @@ TEST_F(WiredEvents, WithItsTextEmptiedTheDialogOpensAgainForTheSameActionText) {
 }
 
 }  // namespace
-}  // namespace velmora
+}  // namespace velmora::tests

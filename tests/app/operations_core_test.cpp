@@ -1,27 +1,19 @@
 // Operations by hand and the alert dialog in the whole program, beside checks that really run.
-#include "app/core.h"
-
 #include <algorithm>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
-#include "fake/fake_machine.h"
-#include "fake/fake_surface.h"
-#include "persist/scramble.h"
 #include "rows/listed_file.h"
+#include "wired_rig.h"
 
-namespace velmora {
+namespace velmora::tests {
 namespace {
 
-const std::string programFolder = "C:\\Program Files\\Velmora";
-
-struct OperationsCoreTest : testing::Test {
+struct OperationsCoreTest : testing::Test, WiredRig {
     OperationsCoreTest() {
-        machine.drives["C:"] = {50e9, 100e9};
         machine.drives["D:"] = {50e9, 100e9};
-        machine.files[programFolder + "\\set.dat"] = prcEn("txtTime=60\r\n") + "\r\n";
         form1.StatusBar1.PanelChanged.connect([this](int index) {
             if (index == 2) secondPanel.push_back(form1.StatusBar1.Panels(2).Text);
         });
@@ -55,15 +47,11 @@ struct OperationsCoreTest : testing::Test {
         return log == machine.files.end() ? "none" : log->second;
     }
 
-    fake::FakeMachine machine;
-    fake::FakeSurface surface;
     fake::FakeHost& host = surface.host;
-    Forms forms;
     Form1& form1 = forms.form1;
     DlgAlert& dialog = forms.dlgAlert;
     /// All texts of the second panel in their order.
     std::vector<std::string> secondPanel;
-    Core core{forms, machine.platform(), surface.all()};
 };
 
 TEST_F(OperationsCoreTest, ADeletionByHandRunsATickThatWaits) {
@@ -163,4 +151,4 @@ TEST_F(OperationsCoreTest, TheDialogsCountdownHidesItAndWritesTheJournalASecondT
 }
 
 }  // namespace
-}  // namespace velmora
+}  // namespace velmora::tests

@@ -1,19 +1,19 @@
 // Later starts: what is handed over to a program that runs, and what it does with it.
 #include <gtest/gtest.h>
 
-#include "app/core.h"
+#include <string>
+#include <vector>
+
 #include "app/single_start.h"
 #include "console_session.h"
-#include "fake/fake_surface.h"
 #include "rows/listed_file.h"
+#include "wired_rig.h"
 
 namespace velmora::tests {
 namespace {
 
-struct SecondStartTest : testing::Test {
+struct SecondStartTest : testing::Test, WiredRig {
     SecondStartTest() {
-        machine.drives["C:"] = {50e9, 100e9};
-        machine.files["C:\\Program Files\\Velmora\\set.dat"] = prcEn("txtTime=60\r\n") + "\r\n";
         core.load();
         surface.user32.calls.clear();
     }
@@ -27,11 +27,6 @@ struct SecondStartTest : testing::Test {
         }
         return paths;
     }
-
-    fake::FakeMachine machine;
-    fake::FakeSurface surface;
-    Forms forms;
-    Core core{forms, machine.platform(), surface.all()};
 };
 
 TEST_F(SecondStartTest, ItsPathsJoinTheListAndTheWindowComesToTheFront) {

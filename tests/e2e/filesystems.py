@@ -121,19 +121,20 @@ class Ramfs(Mount):
         self.mounted = True
 
 
-class Loop(Mount):
-    """An ext4 in a file, mounted through a loop device; `options` are those of its making."""
+class Image(Mount):
+    """A filesystem in a file."""
 
-    def __init__(self, megabytes=16, *options):
+    def __init__(self, megabytes):
         super().__init__()
-        handle, image = tempfile.mkstemp(prefix="velmora-e2e-", suffix=".img")
+        handle, self.image = tempfile.mkstemp(prefix="velmora-e2e-", suffix=".img")
         os.truncate(handle, megabytes * KB * KB)
         os.close(handle)
-        self.image = image
+
+    def made(self, *commands):
+        """Makes and mounts it by commands."""
         try:
-            # No blocks reserved for root, who runs these tests.
-            run("mkfs.ext4", "-q", "-F", "-m", "0", *options, image)
-            run("mount", "-o", "loop", image, str(self.folder))
+            for command in commands:
+                run(*command)
         except Unavailable:
             self.close()
             raise
@@ -142,6 +143,38 @@ class Loop(Mount):
     def close(self):
         super().close()
         pathlib.Path(self.image).unlink(missing_ok=True)
+
+
+class Loop(Image):
+    """An ext4 in a file, mounted through a loop device; `options` are those of its making."""
+
+    def __init__(self, megabytes=16, *options):
+        super().__init__(megabytes)
+        # No blocks reserved for root, who runs these tests.
+        self.made(("mkfs.ext4", "-q", "-F", "-m", "0", *options, self.image),
+                  ("mount", "-o", "loop", self.image, str(self.folder)))
+
+
+class WithoutUnnamedFiles(Image):
+    """An exFAT in a file, served by a program: it makes no files without a name, has no links and
+    can't rename without replacing."""
+
+    def __init__(self, megabytes=16):
+        super().__init__(megabytes)
+        self.device = None
+        try:
+            run("mkfs.exfat", self.image)
+            self.device = run("losetup", "-f", "--show", self.image).strip()
+        except Unavailable:
+            self.close()
+            raise
+        self.made(("mount.exfat-fuse", self.device, str(self.folder)))
+
+    def close(self):
+        super().close()
+        if self.device is not None:
+            subprocess.run(["losetup", "-d", self.device], check=False, capture_output=True)
+            self.device = None
 
 
 class Hung(Mount):

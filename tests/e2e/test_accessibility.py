@@ -76,6 +76,17 @@ class Accessibility(unittest.TestCase):
             chosen = [tab.name for tab in strip.children() if "selected" in tab.states()]
             self.assertEqual(chosen, [PAGES[page]])
 
+    def test_a_later_starts_file_is_listed(self):
+        self.start(QUIET)
+        listed = self.folder / "one.log"
+        listed.write_text("x", encoding="utf-8")
+        self.assertEqual(self.program.start_again("--single", str(listed)), 0)
+        self.go_to("Files")
+
+        def names():
+            return [each.name for each in self.screen.descendants() if each.role == "table cell"]
+        wait_for(lambda: "one.log" in names(), "the row of the file")
+
     def test_figures_are_read_with_their_words(self):
         self.start(QUIET)
         self.go_to("Overview")

@@ -18,11 +18,19 @@ constexpr const char* cleanerSet = "12";
 
 }  // namespace
 
+// A path that is never sent counts as one that the system has refused: its row must not keep those
+// behind it from their turn.
+std::int32_t SmallActions::sendToBin(const std::string& path) {
+    constexpr std::int32_t accessDenied = 5;
+    if (!parts_.system.maySendToBin(path)) return accessDenied;
+    return parts_.system.prcSendToBin(path, file_operation::allowUndo);
+}
+
 void SmallActions::recycle(Shortage& shortage) {
     ListView& files = parts_.forms.form1.LVFile;
     const ListedRow first = listedRow(files, 1);
     // The shell may ask the user while handlers run: the row may have another index afterwards.
-    const std::int32_t code = parts_.system.prcSendToBin(first.path, file_operation::allowUndo);
+    const std::int32_t code = sendToBin(first.path);
     removeListedRow(files, first);
     // Behind the alert, also where that fails.
     const ScopeGuard tell([&] {

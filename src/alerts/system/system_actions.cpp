@@ -84,13 +84,15 @@ bool SystemActions::isBelowRoot(const std::string& path) {
            (place == Place::dotsAlone && platform_.fso.FileExists(path));
 }
 
-std::int32_t SystemActions::prcSendToBin(const std::string& strFile, std::int32_t lngFlags) {
+bool SystemActions::maySendToBin(const std::string& path) {
     // The shell takes a list with a NUL after each path: a NUL inside a path would make two paths
     // of it.
-    const bool isOne = strFile.find('\0') == std::string::npos;
-    if (!isOne || !isBelowRoot(strFile) || isPattern(strFile)) {
-        throw RuntimeError(error::permissionDenied);
-    }
+    const bool isOne = path.find('\0') == std::string::npos;
+    return isOne && isBelowRoot(path) && !isPattern(path);
+}
+
+std::int32_t SystemActions::prcSendToBin(const std::string& strFile, std::int32_t lngFlags) {
+    if (!maySendToBin(strFile)) throw RuntimeError(error::permissionDenied);
     const FileOperation operation{.owner = {},
                                   .wFunc = file_operation::remove,
                                   .pFrom = strFile + '\0',

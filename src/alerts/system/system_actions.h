@@ -26,11 +26,13 @@ class SystemActions {
     /// Starts the disk cleaner for a drive, with the options that the system has stored under that
     /// number; either may be empty. Its result is ignored.
     void prcCleanMan(const std::string& strDrive, const std::string& strSage);
+    /// Whether it may: not the root of a drive in any spelling, a path with "..", one without a
+    /// folder in front of its name, and a pattern of names that the shell would take for many
+    /// files.
+    bool maySendToBin(const std::string& path);
     /// Sends a file or folder to the recycle bin, and gives the shell's code, 0 for success. All
     /// callers pass `file_operation::allowUndo`, and report a success whatever the code. Error 70,
-    /// and nothing is asked of the shell, for the root of a drive in any spelling, a path with
-    /// "..", one without a folder in front of its name, and a pattern of names that the shell would
-    /// take for many files.
+    /// and nothing is asked of the shell, for what may not be sent.
     std::int32_t prcSendToBin(const std::string& strFile, std::int32_t lngFlags);
     /// Plays a sound and returns when it has ended; not 0 when it was played.
     std::int16_t prcPlaySound(const std::string& strFile, std::int32_t lngFlags);

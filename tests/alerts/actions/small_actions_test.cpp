@@ -77,33 +77,67 @@ TEST_F(SmallActionsTest, AFailureOfTheBinIsNotedAlsoWhereTheAlertFails) {
                                 "drive has no recycle bin (5)"});
 }
 
-TEST_F(SmallActionsTest, ADrivesRootIsNeverSentToTheBin) {
-    listMissing("D:\\");
-    listFile("C:\\2");
-    EXPECT_EQ(errorOf(act::recycle), error::permissionDenied);
-    EXPECT_TRUE(machine.operations.empty());
-    EXPECT_EQ(listed(), "D:\\ C:\\2");
-    EXPECT_EQ(alertCount(), 0);
-}
-
-TEST_F(SmallActionsTest, ASharesRootIsNeverSentToTheBinInAnySpelling) {
-    listFile("C:\\2");
-    for (const char* path : {"\\\\server\\share", "//server/share", "\\\\server/share/",
-                             "\\\\?\\UNC\\server\\share", "\\\\.\\C:\\2", "\\\\server"}) {
-        ListedFile(files.ListItems(1)).setPath(path);
-        EXPECT_EQ(errorOf(act::recycle), error::permissionDenied) << path;
-    }
-    EXPECT_TRUE(machine.operations.empty());
-}
-
-TEST_F(SmallActionsTest, APathThatContainsANulIsNeverSplitInTwo) {
+TEST_F(SmallActionsTest, InAProgramThatKeepsRunningAFailureOfTheBinIsAnAlertBehindTheReport) {
+    machine.platform().app.Options.keepRunning = true;
+    machine.operationResult = 5;
+    const std::string why =
+        "Not sent to the recycle bin: C:\\1: it may not be removed, or its drive "
+        "has no recycle bin (5)";
     listFile("C:\\1");
     listFile("C:\\2");
-    ListedFile(files.ListItems(1)).setPath(std::string("C:\\1\0C:\\2", 9));
-    EXPECT_EQ(errorOf(act::recycle), error::permissionDenied);
+    run(act::recycle);
+    EXPECT_EQ(alertCount(), 2);
+    EXPECT_EQ(alert(2), note("Auto send file to recycle bin: C:\\2"));
+    const ConstAlertRow added(forms.form1.LVAlert.ListItems(1));
+    EXPECT_EQ(added.time(), minutes);
+    EXPECT_EQ(added.rating(), rating::high);
+    EXPECT_EQ(added.text(), why);
+    EXPECT_EQ(host.notes, Calls{why});
+}
+
+TEST_F(SmallActionsTest, ThereIsNoSuchAlertAfterASuccess) {
+    machine.platform().app.Options.keepRunning = true;
+    listFile("C:\\1");
+    listFile("C:\\2");
+    run(act::recycle);
+    EXPECT_EQ(alertCount(), 1);
+    EXPECT_TRUE(host.notes.empty());
+}
+
+TEST_F(SmallActionsTest, ADrivesRootIsNeverSentToTheBinAndKeepsNoOtherFromItsTurn) {
+    listMissing("D:\\");
+    for (const char* path : {"C:\\2", "C:\\3"}) listFile(path);
+    run(act::recycle);
     EXPECT_TRUE(machine.operations.empty());
-    EXPECT_TRUE(exists("C:\\1"));
+    EXPECT_EQ(listed(), "C:\\2 C:\\3");
+    EXPECT_EQ(alert(1), note("Auto send file to recycle bin: C:\\2"));
+    EXPECT_EQ(host.notes, Calls{"Not sent to the recycle bin: D:\\: it may not be removed, or its "
+                                "drive has no recycle bin (5)"});
+    run(act::recycle);
+    EXPECT_EQ(machine.recycled, Calls{"C:\\2"});
+}
+
+// None of them is sent, and the row behind each has its turn at the next check.
+TEST_F(SmallActionsTest, WhatIsNeverSentToTheBinIsPassedOverInAnySpelling) {
+    machine.folders.insert("c:\\...");
+    machine.files["C:\\data\\..\\2"] = "x";
+    const std::string twoPaths("C:\\2\0C:\\3", 9);
+    for (const std::string& path :
+         {std::string("\\\\server\\share"), std::string("//server/share"),
+          std::string("\\\\server/share/"), std::string("\\\\?\\UNC\\server\\share"),
+          std::string("\\\\.\\C:\\2"), std::string("\\\\server"), std::string("C:\\..."),
+          std::string("C:\\data\\..\\2"), std::string("C:\\*"), std::string("2"), twoPaths}) {
+        files.Clear();
+        listMissing(path);
+        for (const char* next : {"C:\\2", "C:\\3"}) listFile(next);
+        host.notes.clear();
+        EXPECT_EQ(errorOf(act::recycle), 0) << path;
+        EXPECT_EQ(listed(), "C:\\2 C:\\3") << path;
+        EXPECT_EQ(host.notes.size(), 1u) << path;
+    }
+    EXPECT_TRUE(machine.operations.empty());
     EXPECT_TRUE(exists("C:\\2"));
+    EXPECT_TRUE(exists("C:\\3"));
 }
 
 TEST_F(SmallActionsTest, TheRowOfTheSentFileIsRemovedEvenIfTheListWasSortedMeanwhile) {

@@ -328,6 +328,25 @@ TEST_F(ManualDeleteTest, TheAnswerOfTheBinIsIgnored) {
                                 "drive has no recycle bin (5)"});
 }
 
+TEST_F(ManualDeleteTest, InAProgramThatKeepsRunningEachFailureOfTheBinIsAnAlertBehindItsReport) {
+    machine.platform().app.Options.keepRunning = true;
+    for (const char* tag : {"C:\\a", "C:\\b"}) listedFile(tag);
+    machine.operationResult = 32;
+    removeAll({BoxAnswer::yes});
+    const auto why = [](const std::string& tag) {
+        return "Not sent to the recycle bin: " + tag + ": a program has it open (32)";
+    };
+    const Texts rows = alertRows();
+    ASSERT_EQ(rows.size(), 4u);
+    EXPECT_NE(rows[0].find(why("C:\\a")), std::string::npos) << rows[0];
+    EXPECT_NE(rows[0].find("High"), std::string::npos) << rows[0];
+    EXPECT_EQ(rows[1], mediumAlert("- Sended File to Recycle Bin: C:\\a"));
+    EXPECT_NE(rows[2].find(why("C:\\b")), std::string::npos) << rows[2];
+    EXPECT_EQ(rows[3], mediumAlert("- Sended File to Recycle Bin: C:\\b"));
+    EXPECT_EQ(host.notes, (Texts{why("C:\\b"), why("C:\\a")}));
+    EXPECT_EQ(list.Count(), 0);
+}
+
 TEST_F(ManualDeleteTest, AllShowsOneMessageForAMissingFileRemovesItsRowAndGoesOn) {
     for (const BoxAnswer answer : {BoxAnswer::yes, BoxAnswer::no}) {
         ListsRig rig;

@@ -141,6 +141,27 @@ TEST_F(ManualMoveTest, AnEmptySpecifiedPathIsAFailedMove) {
     EXPECT_EQ(list.Count(), 0);
 }
 
+TEST_F(ManualMoveTest, SoIsOneOfBlanks) {
+    listedFile("C:\\a.txt", true);
+    form1.txtDrive.setText("   ");
+    move();
+    EXPECT_EQ(machine.log.countOf("MoveFileA C:\\a.txt >    a.txt"), 1);
+    EXPECT_EQ(said().back(), moveFailure);
+    EXPECT_TRUE(machine.moved.empty());
+    EXPECT_EQ(alertRows(), Texts{mediumAlert("- Failed Moved File: C:\\a.txt")});
+}
+
+TEST_F(ManualMoveTest, LinksInABrowsedFolderLeadToWhereItLies) {
+    listedFile("C:\\a.txt", true);
+    for (const char* folder : {"e:\\way", "e:\\way\\", "e:\\real"}) machine.folders.insert(folder);
+    machine.withoutLinks = [](const std::string& path) {
+        return replaceAll(path, "E:\\way\\", "E:\\real\\");
+    };
+    host.paths = {"E:\\way\\"};
+    move({BoxAnswer::no});
+    EXPECT_EQ(machine.moved.at(0).second, "E:\\real\\a.txt");
+}
+
 TEST_F(ManualMoveTest, TheQuestionNamesThePlaceThatYesMeans) {
     listedFile("C:\\data\\b.txt", true);
     const auto detailFor = [this](const std::string& path) {
@@ -153,7 +174,7 @@ TEST_F(ManualMoveTest, TheQuestionNamesThePlaceThatYesMeans) {
     EXPECT_EQ(detailFor("E:\\spare"), "Yes moves it to: E:\\spareb.txt");
     EXPECT_EQ(detailFor("E:\\gone\r\n"), "Yes moves it to: E:\\goneb.txt");
     EXPECT_EQ(detailFor("\\\\host\\share\\x\\"), "Yes moves it to: \\\\host\\share\\x\\b.txt");
-    for (const char* nowhere : {"", "\r\n", "spare\\", ".", "E:"})
+    for (const char* nowhere : {"", "   ", " \r\n", "\r\n", "spare\\", ".", "E:"})
         EXPECT_EQ(detailFor(nowhere), "Yes moves nothing: the specified path names no folder.");
     list.ListItems(1).setSelected(false);
     EXPECT_EQ(detailFor("E:\\spare\\"), "");

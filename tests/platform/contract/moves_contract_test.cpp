@@ -29,8 +29,8 @@ TEST_P(MovesContract, AFolderWithoutABackSlashBecomesAPartOfTheName) {
 
 TEST_P(MovesContract, NothingGoesToTheWorkingFolder) {
     subject->makeFolder(inScratch("keep"));
-    for (const char* to : {"velmora-moved.txt", ".\\velmora-moved.txt", "..\\velmora-moved.txt", "",
-                           ".", "keep\\velmora-moved.txt"}) {
+    for (const char* to : {"velmora-moved.txt", ".\\velmora-moved.txt", "..\\velmora-moved.txt",
+                           "   velmora-moved.txt", "", ".", "keep\\velmora-moved.txt"}) {
         EXPECT_FALSE(move(to)) << to;
         EXPECT_EQ(platform().kernel32.GetLastError(), 3u) << to;
     }
@@ -41,6 +41,7 @@ TEST_P(MovesContract, NothingGoesToTheWorkingFolder) {
     EXPECT_FALSE(move(letter + "velmora-moved.txt"));
     EXPECT_EQ(platform().kernel32.GetLastError(), 3u);
     EXPECT_FALSE(std::filesystem::exists("velmora-moved.txt"));
+    EXPECT_FALSE(std::filesystem::exists("   velmora-moved.txt"));
     EXPECT_FALSE(std::filesystem::exists("../velmora-moved.txt"));
 }
 

@@ -25,6 +25,17 @@ int makeFile(int folder, const std::string& name, struct stat& made) {
     return file.isOpen() && fstat(file.get(), &made) == 0 ? 0 : errno;
 }
 
+// Without replacing anything.
+int renameToFree(int fromFolder, const std::string& from, int toFolder, const std::string& to) {
+    constexpr auto how = RENAME_NOREPLACE;
+    return renameat2(fromFolder, from.c_str(), toFolder, to.c_str(), how) == 0 ? 0 : errno;
+}
+
+// The answers of network and foreign filesystems that can't rename so.
+bool isUnknown(int failure) {
+    return failure == EINVAL || failure == ENOSYS;
+}
+
 // Whether the entry that holds the name is still the one made here, with nothing in it.
 bool isUntouched(int folder, const std::string& name, const struct stat& made) {
     struct stat now {};
@@ -51,11 +62,18 @@ int renameOverOwnEntry(int fromFolder, const std::string& from, int toFolder,
 }
 
 int renameInto(int fromFolder, const std::string& from, int toFolder, const std::string& to) {
-    if (renameat2(fromFolder, from.c_str(), toFolder, to.c_str(), RENAME_NOREPLACE) == 0) return 0;
-    const int failure = errno;
-    // The answers of network and foreign filesystems that don't know the flag.
-    if (failure != EINVAL && failure != ENOSYS) return failure;
-    return renameOverOwnEntry(fromFolder, from, toFolder, to);
+    const int failure = renameToFree(fromFolder, from, toFolder, to);
+    return isUnknown(failure) ? renameOverOwnEntry(fromFolder, from, toFolder, to) : failure;
+}
+
+int renameOwnFile(int folder, const std::string& from, const std::string& to) {
+    const int failure = renameToFree(folder, from, folder, to);
+    if (!isUnknown(failure)) return failure;
+    if (linkat(folder, from.c_str(), folder, to.c_str(), 0) != 0)
+        return errno == EEXIST ? EEXIST : renameOverOwnEntry(folder, from, folder, to);
+    // It has its name, whatever becomes of the former one.
+    unlinkat(folder, from.c_str(), 0);
+    return 0;
 }
 
 }  // namespace velmora::linuxhost

@@ -1,7 +1,5 @@
 #include "platform/linux/files/linux_kernel32.h"
 
-#include <time.h>
-
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
@@ -9,22 +7,10 @@
 
 #include "platform/linux/moving/move_file.h"
 #include "platform/linux/paths/path_mapping.h"
-#include "platform/linux/system/file_time.h"
 #include "platform/linux/system/memory_status.h"
 #include "platform/linux/system/system_errors.h"
 
 namespace velmora::linuxhost {
-
-namespace {
-
-// An hour from now: what changes while a folder is listed has an earlier time.
-std::uint64_t latestTimeOfInterest() {
-    timespec now{};
-    clock_gettime(CLOCK_REALTIME, &now);
-    return fileTimeOf(now.tv_sec + 3600, now.tv_nsec);
-}
-
-}  // namespace
 
 std::uint32_t LinuxKernel32::GetLogicalDriveStringsA(std::uint32_t length, std::string& buffer) {
     std::string roots;
@@ -83,7 +69,7 @@ FindHandle LinuxKernel32::FindFirstFileA(const std::string& pattern, FindData& e
     const auto listing =
         listings_.try_emplace(++lastListing_, folder, !volumes_.isMountPoint(folder), asksServer)
             .first;
-    if (listed_) listed_->begin(latestTimeOfInterest());
+    if (listed_) listed_->begin();
     lastError_ = listing->second.next(entry);
     if (lastError_ == 0) {
         noteTimes(entry);

@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "platform/linux/entries/rename_entry.h"
+#include "platform/linux/moving/clock_step.h"
 #include "platform/linux/moving/left_copies.h"
 #include "platform/linux/system/unique_fd.h"
 #include "platform/linux/system/write_all.h"
@@ -110,10 +111,8 @@ int copyMetadata(int from, int to, const struct stat& status) {
     return futimens(to, times) == 0 ? 0 : errno;
 }
 
-bool isSame(const struct stat& one, const struct stat& other) {
-    return one.st_dev == other.st_dev && one.st_ino == other.st_ino &&
-           one.st_size == other.st_size && one.st_mtim.tv_sec == other.st_mtim.tv_sec &&
-           one.st_mtim.tv_nsec == other.st_mtim.tv_nsec;
+bool isSameTime(const timespec& one, const timespec& other) {
+    return one.tv_sec == other.tv_sec && one.tv_nsec == other.tv_nsec;
 }
 
 int copyInto(int from, const struct stat& status, int to) {
@@ -122,7 +121,7 @@ int copyInto(int from, const struct stat& status, int to) {
     if (fsync(to) != 0) return errno;
     struct stat now {};
     if (fstat(from, &now) != 0) return errno;
-    return isSame(now, status) ? 0 : EBUSY;
+    return isUnchanged(now, status) ? 0 : EBUSY;
 }
 
 // A nameless file in the folder, which the system removes if this process ends. 0, or the errno.
@@ -141,11 +140,6 @@ int copyUnnamed(int from, int toFolder, const std::string& to, CopiedEntry& copi
     return failure;
 }
 
-std::string temporaryName() {
-    static unsigned number = 0;
-    return temporaryCopy + std::to_string(getpid()) + '-' + std::to_string(++number);
-}
-
 // A copy under a temporary name, so that it isn't taken for the whole file. 0, or the errno.
 int copyUnderTemporaryName(int from, int toFolder, const std::string& temporary,
                            const std::string& to, CopiedEntry& copied) {
@@ -162,7 +156,7 @@ int copyUnderTemporaryName(int from, int toFolder, const std::string& temporary,
     copied.copy = identityOf(status);
     int failure = copyInto(from, copied.source, copy.get());
     if (const int atClose = copy.close(); failure == 0) failure = atClose;
-    if (failure == 0) failure = renameInto(toFolder, temporary, toFolder, to);
+    if (failure == 0) failure = renameOwnFile(toFolder, temporary, to);
     if (failure != 0) removeOwn(toFolder, temporary, copied.copy);
     return failure;
 }
@@ -174,11 +168,14 @@ int copyFile(int fromFolder, const std::string& from, int toFolder, const std::s
     if (fstat(source.get(), &copied.source) != 0) return errno;
     if (!S_ISREG(copied.source.st_mode)) return EXDEV;
     if (isHeldForWriting(source.get())) return EBUSY;
+    // So that what is written from here on shows in the times.
+    waitForNextStep(copied.source.st_ctim);
+    if (fstat(source.get(), &copied.source) != 0) return errno;
     int failure = copyUnnamed(source.get(), toFolder, to, copied);
     if (failure != noUnnamedFiles) return failure;
     failure = temporaryNameTaken;
     for (int tries = 0; failure == temporaryNameTaken && tries < 100; ++tries)
-        failure = copyUnderTemporaryName(source.get(), toFolder, temporaryName(), to, copied);
+        failure = copyUnderTemporaryName(source.get(), toFolder, temporaryCopyName(), to, copied);
     return failure == temporaryNameTaken ? EEXIST : failure;
 }
 
@@ -202,6 +199,15 @@ int copyLink(int fromFolder, const std::string& from, int toFolder, const std::s
 }
 
 }  // namespace
+
+bool isSameFile(const struct stat& one, const struct stat& other) {
+    return identityOf(one) == identityOf(other) && one.st_size == other.st_size;
+}
+
+bool isUnchanged(const struct stat& one, const struct stat& other) {
+    return isSameFile(one, other) && isSameTime(one.st_mtim, other.st_mtim) &&
+           isSameTime(one.st_ctim, other.st_ctim);
+}
 
 int copyEntry(int fromFolder, const std::string& from, int toFolder, const std::string& to,
               CopiedEntry& copied) {

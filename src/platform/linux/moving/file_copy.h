@@ -24,6 +24,11 @@ struct CopiedEntry {
 int copyEntry(int fromFolder, const std::string& from, int toFolder, const std::string& to,
               CopiedEntry& copied);
 
+/// Whether both are of one file of the same size.
+bool isSameFile(const struct stat& one, const struct stat& other);
+/// Whether the file hasn't been written to between them either, by its times.
+bool isUnchanged(const struct stat& one, const struct stat& other);
+
 /// Whether a program holds the file at the name open for writing; false where that isn't known.
 bool isOpenForWriting(int folder, const std::string& name);
 

@@ -3,11 +3,13 @@
 #include <fcntl.h>
 #include <limits.h>
 #include <sys/file.h>
+#include <sys/random.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
+#include <cstdint>
 #include <ctime>
 #include <string_view>
 #include <utility>
@@ -42,8 +44,26 @@ std::string pathOf(int folder) {
                                       : std::string{};
 }
 
+// Whether no living process holds it.
 bool lockNote(const UniqueFd& file) {
     return flock(file.get(), LOCK_EX | LOCK_NB) == 0;
+}
+
+// A start that looks at all notes holds it for a moment.
+bool lockOwnNote(const UniqueFd& file) {
+    while (flock(file.get(), LOCK_EX) != 0) {
+        if (errno != EINTR) return false;
+    }
+    return true;
+}
+
+std::uint64_t anyNumber() {
+    std::uint64_t number = 0;
+    if (getrandom(&number, sizeof number, 0) == sizeof number) return number;
+    timespec now{};
+    clock_gettime(CLOCK_REALTIME, &now);
+    return static_cast<std::uint64_t>(now.tv_sec) * 1'000'000'000 +
+           static_cast<std::uint64_t>(now.tv_nsec);
 }
 
 UniqueFd makeNote(int folder, std::string& name) {
@@ -67,7 +87,7 @@ bool isRemoved(Volumes& volumes, const std::string& path) {
     struct stat status {};
     if (!parent.isOpen() || parent.readStatus(status) != 0) return false;
     const bool isCopy =
-        S_ISREG(status.st_mode) && status.st_nlink == 1 && parent.name().starts_with(temporaryCopy);
+        S_ISREG(status.st_mode) && status.st_nlink <= 2 && parent.name().starts_with(temporaryCopy);
     return !isCopy || unlinkat(parent.fd(), parent.name().c_str(), 0) == 0;
 }
 
@@ -86,13 +106,20 @@ void follow(Volumes& volumes, int folder, const std::string& name) {
 
 }  // namespace
 
+std::string temporaryCopyName() {
+    static const std::string own =
+        temporaryCopy + std::to_string(getpid()) + '-' + std::to_string(anyNumber()) + '-';
+    static unsigned number = 0;
+    return own + std::to_string(++number);
+}
+
 CopyNote::CopyNote(int folder, std::string name) : folder_(folder), name_(std::move(name)) {
     const std::string place = pathOf(folder);
     if (place.empty() || makePrivateFolder(notesFolder(), state_) != 0) return;
     note_ = makeNote(state_.get(), file_);
     const std::string path = (place == "/" ? place : place + '/') + name_;
     std::string_view rest = path;
-    if (note_.isOpen() && lockNote(note_) && writeAll(note_.get(), rest) == 0) return;
+    if (note_.isOpen() && lockOwnNote(note_) && writeAll(note_.get(), rest) == 0) return;
     if (note_.isOpen()) forget();
     file_.clear();
 }

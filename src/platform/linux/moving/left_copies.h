@@ -13,6 +13,10 @@ namespace velmora::linuxhost {
 /// The temporary names of copies begin so.
 inline constexpr const char* temporaryCopy = ".velmora-";
 
+/// A name for a copy that no other process has given or will give, also not one that gets the same
+/// number later: an old note of that one must not lead to this copy.
+std::string temporaryCopyName();
+
 /// Notes that a copy is being made at that name in the folder, as long as this object and its
 /// process live. A copy that can't be noted is made all the same.
 class CopyNote {

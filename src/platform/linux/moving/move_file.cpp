@@ -16,19 +16,6 @@ namespace velmora::linuxhost {
 
 namespace {
 
-bool isSameTime(const timespec& one, const timespec& other) {
-    return one.tv_sec == other.tv_sec && one.tv_nsec == other.tv_nsec;
-}
-
-bool isSameFile(const struct stat& one, const struct stat& other) {
-    return identityOf(one) == identityOf(other) && one.st_size == other.st_size;
-}
-
-bool isUnchanged(const struct stat& one, const struct stat& other) {
-    return isSameFile(one, other) && isSameTime(one.st_mtim, other.st_mtim) &&
-           isSameTime(one.st_ctim, other.st_ctim);
-}
-
 int syncFolder(int folder) {
     const UniqueFd listing(openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     // A folder that takes entries but may not be read can't be synchronized by itself.

@@ -1,6 +1,8 @@
 // Times in the other system's form.
 #pragma once
 
+#include <time.h>
+
 #include <cstdint>
 
 namespace velmora::linuxhost {
@@ -13,6 +15,14 @@ inline std::uint64_t fileTimeOf(std::int64_t seconds, std::int64_t nanoseconds) 
     // Unsigned: a time far ahead must not overflow.
     return static_cast<std::uint64_t>(seconds) * 10'000'000 +
            static_cast<std::uint64_t>(nanoseconds / 100);
+}
+
+/// Now, by the clock that the kernel dates files by, which goes in steps; it can also give them a
+/// later time in the same step.
+inline std::uint64_t timeOfFiles() {
+    timespec now{};
+    clock_gettime(CLOCK_REALTIME_COARSE, &now);
+    return fileTimeOf(now.tv_sec, now.tv_nsec);
 }
 
 }  // namespace velmora::linuxhost

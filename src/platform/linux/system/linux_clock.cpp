@@ -8,17 +8,6 @@
 
 namespace velmora::linuxhost {
 
-namespace {
-
-// The kernel dates files by this clock, which goes in steps, or by a later time in the same step.
-std::uint64_t timeOfFiles() {
-    timespec now{};
-    clock_gettime(CLOCK_REALTIME_COARSE, &now);
-    return fileTimeOf(now.tv_sec, now.tv_nsec);
-}
-
-}  // namespace
-
 DateTime LinuxClock::Now() {
     timespec now{};
     clock_gettime(CLOCK_REALTIME_COARSE, &now);
@@ -48,12 +37,11 @@ std::int64_t LinuxClock::GetTickCount() {
 }
 
 std::uint64_t LinuxClock::GetSystemTimeAsFileTime() {
-    constexpr std::uint64_t longestStep = 1'000'000;  // 100 ms
     constexpr timespec moment{.tv_sec = 0, .tv_nsec = 200'000};
     const std::uint64_t newest = listed_ ? listed_->newest() : 0;
     std::uint64_t now = timeOfFiles();
     // A change after this call and the listed one could have the same time otherwise.
-    while (newest >= now && newest - now < longestStep) {
+    while (newest >= now && newest - now <= ListedTimes::longestStep) {
         nanosleep(&moment, nullptr);
         now = timeOfFiles();
     }

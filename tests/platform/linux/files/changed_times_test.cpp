@@ -8,10 +8,13 @@
 
 #include <cstdint>
 #include <fstream>
+#include <iostream>
 #include <string>
 #include <vector>
 
+#include "platform/linux/support/loop_disk.h"
 #include "platform/linux/support/mounting.h"
+#include "support/wait.h"
 
 namespace velmora::linuxhost {
 namespace {
@@ -64,6 +67,38 @@ TEST_F(ChangedTimes, SoItIsOnAFilesystemThatDatesByTheClocksSteps) {
     ASSERT_EQ(::mount("ramfs", folder.path().c_str(), "ramfs", 0, nullptr), 0);
     expectEachChangeOnce(folder.path());
     umount2(folder.path().c_str(), MNT_DETACH);
+}
+
+TEST_F(ChangedTimes, FilesOfTheFutureDoNotHideWhatChangesBesideThem) {
+    const TestFolder folder;
+    ASSERT_EQ(::mount("ramfs", folder.path().c_str(), "ramfs", 0, nullptr), 0);
+    std::ofstream(folder / ".ahead") << "x";
+    const timespec ahead{.tv_sec = time(nullptr) + 600, .tv_nsec = 0};
+    const timespec times[] = {ahead, ahead};
+    ASSERT_EQ(utimensat(AT_FDCWD, (folder / ".ahead").c_str(), times, 0), 0);
+    expectEachChangeOnce(folder.path());
+    umount2(folder.path().c_str(), MNT_DETACH);
+}
+
+// A change in the very second of a scan has the time of that second's beginning there.
+TEST_F(ChangedTimes, WhereWholeSecondsAreKeptAChangeInALaterSecondIsSeenOnce) {
+    const std::string whyNot = whyNoLoopDisk("mkfs.ext3");
+    if (!whyNot.empty()) {
+        std::cout << "skipped: " << whyNot << '\n';
+        GTEST_SKIP() << whyNot;
+    }
+    LoopDisk disk("mkfs.ext3 -q -F -I 128", "8M");
+    ASSERT_TRUE(disk.mount("mount -t ext3"));
+    const std::string file = disk.path() + "/file";
+    std::ofstream(file) << "x";
+    newer(disk.path(), 0);
+    std::uint64_t reference = now();
+    constexpr std::uint64_t second = 10'000'000;
+    ASSERT_TRUE(waitUntil([&] { return now() / second > reference / second; }));
+    std::ofstream(file, std::ios::app) << "x";
+    EXPECT_EQ(newer(disk.path(), reference), std::vector<std::string>{"file"});
+    reference = now();
+    EXPECT_EQ(newer(disk.path(), reference), std::vector<std::string>{});
 }
 
 TEST_F(ChangedTimes, AFileOfTheFutureIsNotWaitedFor) {

@@ -123,6 +123,20 @@ TEST_F(LinuxTextFilesTest, AWriterWaitsForTheOneBefore) {
     EXPECT_EQ(contentsOf(path), "new");
 }
 
+TEST_F(LinuxTextFilesTest, AReaderWaitsForAWriterAndNotForAnotherReader) {
+    const std::string path = folder_ / "set.dat";
+    files_.writeOver(drivePath(path), "old");
+    const UniqueFd other(open(path.c_str(), O_RDWR | O_CLOEXEC));
+    ASSERT_EQ(flock(other.get(), LOCK_SH), 0);
+    EXPECT_EQ(files_.readAll(drivePath(path)), "old");
+    ASSERT_EQ(flock(other.get(), LOCK_EX), 0);
+    auto reading = std::async(std::launch::async, [&] { return files_.readAll(drivePath(path)); });
+    EXPECT_EQ(reading.wait_for(std::chrono::milliseconds(50)), std::future_status::timeout);
+    ASSERT_EQ(pwrite(other.get(), "new", 3, 0), 3);
+    flock(other.get(), LOCK_UN);
+    EXPECT_EQ(reading.get(), "new");
+}
+
 TEST_F(LinuxTextFilesTest, AWriterThatNeverEndsKeepsNobodyForEver) {
     const std::string path = folder_ / "set.dat";
     files_.writeOver(drivePath(path), "old");

@@ -8,18 +8,22 @@
 #include <linux/seccomp.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstddef>
+#include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <set>
 #include <string>
 
+#include "platform/linux/moving/file_copy.h"
 #include "platform/linux/moving/move_elsewhere.h"
 #include "platform/linux/support/child_process.h"
+#include "platform/linux/system/unique_fd.h"
 #include "platform/platform.h"
 
 namespace velmora::linuxhost {
@@ -41,12 +45,28 @@ bool refuseUnnamedFiles() {
            prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program) == 0;
 }
 
+bool killAtCall(unsigned number) {
+    sock_filter filter[] = {BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+                            BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, number, 0, 1),
+                            BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_KILL_PROCESS),
+                            BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW)};
+    sock_fprog program{4, filter};
+    return prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program) == 0;
+}
+
 // The kernel ends a process that writes more than this into one file.
 void endAtBytes(rlim_t most) {
     const rlimit limit{most, most};
     setrlimit(RLIMIT_FSIZE, &limit);
     const rlimit noCore{0, 0};
     setrlimit(RLIMIT_CORE, &noCore);
+}
+
+// Where nothing renames without replacing, and a process that renames or removes is killed.
+int killAtRename() {
+    const bool isReady = refuseUnnamedFiles() && letCallsFail(SYS_renameat2, EINVAL) &&
+                         killAtCall(SYS_renameat) && killAtCall(SYS_unlinkat);
+    return isReady ? 0 : 99;
 }
 
 class LeftCopies : public MoveElsewhere {
@@ -93,6 +113,22 @@ class LeftCopies : public MoveElsewhere {
         return left.empty() ? std::string() : *left.begin();
     }
     void start() { openMachine(); }
+    /// The folder of the notes, made as the program makes it.
+    std::string stateFolder() {
+        const std::string state = userFolder_ / ".local/state/velmora";
+        fs::create_directories(state);
+        fs::permissions(state, fs::perms::owner_all);
+        return state;
+    }
+    /// A note of a process that lives no more, last written so many seconds ago.
+    std::string writeNote(const std::string& name, const std::string& path, std::time_t age = 0) {
+        const std::string note = stateFolder() + '/' + name;
+        std::ofstream(note) << path;
+        const timespec then{.tv_sec = std::time(nullptr) - age, .tv_nsec = 0};
+        const timespec times[] = {then, then};
+        EXPECT_EQ(utimensat(AT_FDCWD, note.c_str(), times, 0), 0);
+        return note;
+    }
 };
 
 TEST_F(LeftCopies, TheNextStartRemovesWhatAKilledMoveHasLeft) {
@@ -134,16 +170,15 @@ TEST_F(LeftCopies, TheCopyOfAProcessThatLivesIsLeftAlone) {
 }
 
 TEST_F(LeftCopies, OnlyAFileOfSuchANameGoes) {
-    const std::string state = userFolder_ / ".local/state/velmora";
-    fs::create_directories(state);
-    fs::permissions(state, fs::perms::owner_all);
+    const std::string state = stateFolder();
     const auto note = [&](int number, const std::string& name) {
         std::ofstream(state + "/moving-1-" + std::to_string(number)) << elsewhere_ << '/' << name;
     };
     fs::create_directory(elsewhere_ + "/.velmora-1-1");
     fs::create_symlink("there already", elsewhere_ + "/.velmora-1-2");
-    std::ofstream(elsewhere_ + "/.velmora-1-3") << "two names";
+    std::ofstream(elsewhere_ + "/.velmora-1-3") << "three names";
     fs::create_hard_link(elsewhere_ + "/.velmora-1-3", elsewhere_ + "/other");
+    fs::create_hard_link(elsewhere_ + "/.velmora-1-3", elsewhere_ + "/third");
     note(1, ".velmora-1-1");
     note(2, ".velmora-1-2");
     note(3, ".velmora-1-3");
@@ -166,6 +201,82 @@ TEST_F(LeftCopies, APlaceThatIsAwayIsRemembered) {
     fs::rename(elsewhere_ + " away", elsewhere_);
     start();
     EXPECT_EQ(made(), Names{});
+    EXPECT_EQ(notes(), 0u);
+}
+
+TEST_F(LeftCopies, APlaceThatStaysAwayIsForgottenAfterAMonth) {
+    constexpr std::time_t day = 24 * 3600;
+    const std::string away = elsewhere_ + " away/.velmora-1-1";
+    const std::string kept = writeNote("moving-1-1", away, 30 * day - 600);
+    const std::string forgotten = writeNote("moving-1-2", away, 30 * day + 600);
+    start();
+    EXPECT_TRUE(fs::exists(kept));
+    EXPECT_FALSE(fs::exists(forgotten));
+}
+
+TEST_F(LeftCopies, ANoteWithoutAPathMayJustBeWrittenAndGoesAfterAMinute) {
+    const std::string fresh = writeNote("moving-1-1", "", 30);
+    const std::string old = writeNote("moving-1-2", "", 90);
+    start();
+    EXPECT_TRUE(fs::exists(fresh));
+    EXPECT_FALSE(fs::exists(old));
+}
+
+TEST_F(LeftCopies, AnOldNoteOfAProcessWithThisNumberLeadsToNoLiveCopy) {
+    const std::string process = std::to_string(getpid());
+    for (int i = 1; i <= 20; ++i) {
+        const std::string number = std::to_string(i);
+        const std::string old = temporaryCopy + process + '-' + number;
+        writeNote("moving-" + process + '-' + number, elsewhere_ + '/' + old);
+    }
+    const int folder = open(elsewhere_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    const std::string name = temporaryCopyName();
+    const CopyNote note(folder, name);
+    std::ofstream(elsewhere_ + '/' + name) << "half";
+    start();
+    EXPECT_EQ(contentsOf(elsewhere_ + '/' + name), "half");
+    EXPECT_EQ(notes(), 21u);
+    close(folder);
+}
+
+TEST_F(LeftCopies, NoNameIsGivenTwice) {
+    const std::string one = temporaryCopyName();
+    EXPECT_TRUE(one.starts_with(temporaryCopy + std::to_string(getpid()) + '-')) << one;
+    EXPECT_NE(one, temporaryCopyName());
+}
+
+TEST_F(LeftCopies, AKillWhileTheCopyGetsItsNameLeavesNoEmptyFile) {
+    inChild([&] {
+        constexpr int flags = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
+        const UniqueFd from(open(at("work").c_str(), flags));
+        const UniqueFd to(open(elsewhere_.c_str(), flags));
+        CopiedEntry copied;
+        if (const int failure = killAtRename(); failure != 0) return failure;
+        return copyEntry(from.get(), "a.txt", to.get(), "x", copied);
+    });
+    EXPECT_EQ(contentsOf(elsewhere_ + "/x"), "content of work/a.txt");
+    EXPECT_EQ(made().size(), 2u);
+    start();
+    EXPECT_EQ(made(), Names{"x"});
+    EXPECT_EQ(contentsOf(elsewhere_ + "/x"), "content of work/a.txt");
+    EXPECT_EQ(contentsOf(at("work/a.txt")), "content of work/a.txt");
+    EXPECT_EQ(notes(), 0u);
+}
+
+TEST_F(LeftCopies, WhereNothingRenamesToAFreeNameNothingIsReplaced) {
+    const auto moveThere = [&](const std::string& from, const std::string& to) {
+        return inChild([&] {
+            Volumes volumes;
+            LinuxKernel32 kernel32(volumes);
+            if (!refuseUnnamedFiles() || !letCallsFail(SYS_renameat2, EINVAL)) return 99;
+            return kernel32.MoveFileA(in(from), there(to)) == 1 ? 0 : 1;
+        });
+    };
+    EXPECT_EQ(moveThere("work/a.txt", "there already"), 1);
+    EXPECT_EQ(contentsOf(elsewhere_ + "/there already"), "before");
+    EXPECT_EQ(made(), Names{});
+    EXPECT_EQ(moveThere("work/a.txt", "x"), 0);
+    EXPECT_EQ(made(), Names{"x"});
     EXPECT_EQ(notes(), 0u);
 }
 

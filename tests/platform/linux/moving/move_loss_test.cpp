@@ -13,6 +13,7 @@
 #include "platform/linux/moving/move_elsewhere.h"
 #include "platform/linux/moving/move_file.h"
 #include "platform/linux/support/child_process.h"
+#include "platform/linux/support/loop_disk.h"
 
 namespace velmora::linuxhost {
 namespace {
@@ -129,6 +130,41 @@ TEST_F(MoveLoss, WhatIsWrittenAfterTheCopyStaysWithTheFile) {
         ASSERT_EQ(utimensat(AT_FDCWD, at("work/a.txt").c_str(), times, 0), 0);
     });
     EXPECT_EQ(contentsOf(at("work/a.txt")), "CONTENT of work/a.txtmore");
+}
+
+// Writes as many bytes as were there.
+void rewrite(const std::string& path, char with) {
+    struct stat status {};
+    ASSERT_EQ(stat(path.c_str(), &status), 0);
+    std::fstream(path) << std::string(static_cast<std::size_t>(status.st_size), with);
+}
+
+TEST_F(MoveLoss, ARewriteWithinAStepOfTheClockIsSeen) {
+    for (int round = 0; round < 50; ++round) {
+        make("work/a.txt");
+        expectKept(32, {}, [&] { rewrite(at("work/a.txt"), 'n'); });
+    }
+}
+
+TEST_F(MoveLoss, ItIsSeenOnAFilesystemThatKeepsWholeSecondsToo) {
+    const std::string whyNot = whyNoLoopDisk("mkfs.ext3");
+    if (!whyNot.empty()) {
+        std::cout << "skipped: " << whyNot << '\n';
+        GTEST_SKIP() << whyNot;
+    }
+    LoopDisk disk("mkfs.ext3 -q -F -I 128", "8M");
+    ASSERT_TRUE(disk.attach());
+    ASSERT_TRUE(disk.mount("mount -t ext3"));
+    const std::string source = disk.path() + "/file";
+    std::ofstream(source) << "content";
+    MoveSteps steps;
+    steps.whenCopied = [&] {
+        rewrite(source, 'n');
+        return 0;
+    };
+    EXPECT_EQ(moveFile(volumes_, source, elsewhere_ + "/x", steps), 32u);
+    EXPECT_EQ(contentsOf(source), "nnnnnnn");
+    EXPECT_FALSE(fs::exists(elsewhere_ + "/x"));
 }
 
 TEST_F(MoveLoss, AFileThatTakesTheNameDuringTheCopyStaysAndNoCopyRemains) {

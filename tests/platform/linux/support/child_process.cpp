@@ -4,10 +4,12 @@
 #include <linux/filter.h>
 #include <linux/seccomp.h>
 #include <sys/prctl.h>
+#include <sys/ptrace.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
@@ -70,6 +72,28 @@ void giveToNobody(const std::string& folder) {
 
 int asNobody(const std::function<int()>& step) {
     return inChild([&] { return becomeNobody() ? step() : noCondition; });
+}
+
+std::optional<int> callsOf(long number, const std::function<int()>& step) {
+    const pid_t child = fork();
+    if (child == 0) {
+        if (ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) != 0) _exit(noCondition);
+        raise(SIGSTOP);
+        _exit(step());
+    }
+    int calls = 0;
+    int status = 0;
+    waitpid(child, &status, 0);
+    ptrace(PTRACE_SETOPTIONS, child, nullptr, PTRACE_O_TRACESYSGOOD);
+    ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);
+    while (waitpid(child, &status, 0) == child && WIFSTOPPED(status)) {
+        __ptrace_syscall_info call{};
+        ptrace(PTRACE_GET_SYSCALL_INFO, child, sizeof call, &call);
+        const bool isEntry = call.op == PTRACE_SYSCALL_INFO_ENTRY;
+        if (isEntry && call.entry.nr == static_cast<std::uint64_t>(number)) ++calls;
+        ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);
+    }
+    return WIFEXITED(status) && WEXITSTATUS(status) == 0 ? std::optional(calls) : std::nullopt;
 }
 
 int withoutCall(long number, int failure, const std::function<int()>& step) {

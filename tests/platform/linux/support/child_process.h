@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace velmora::linuxhost {
@@ -18,6 +19,9 @@ void giveToNobody(const std::string& folder);
 
 /// The same where every use of a system call fails with the errno.
 int withoutCall(long number, int failure, const std::function<int()>& step);
+
+/// How often the step, run in a child, uses a system call; nothing when that can't be counted.
+std::optional<int> callsOf(long number, const std::function<int()>& step);
 
 /// From here on every use of a system call fails in this process, which must be a child of that
 /// kind. Whether that could be made.

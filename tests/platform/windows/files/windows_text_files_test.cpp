@@ -3,6 +3,9 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <chrono>
+#include <future>
+#include <iostream>
 #include <string>
 
 #include "base/errors.h"
@@ -35,6 +38,18 @@ class OtherProgram {
     bool deleteFile() const {
         FILE_DISPOSITION_INFO deleted{TRUE};
         return SetFileInformationByHandle(handle_, FileDispositionInfo, &deleted, sizeof deleted);
+    }
+    bool lock() const {
+        OVERLAPPED begin{};
+        return LockFileEx(handle_, LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, MAXDWORD,
+                          MAXDWORD, &begin);
+    }
+    /// Whether the lock keeps others from reading, which not every system's locks do.
+    static bool keepsReadersAway(const std::string& path) {
+        char byte = 0;
+        DWORD count = 0;
+        OtherProgram reader(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE);
+        return !ReadFile(reader.handle_, &byte, 1, &count, nullptr);
     }
     void close() {
         if (isOpen()) CloseHandle(handle_);
@@ -128,6 +143,51 @@ TEST(WindowsTextFiles, AFileThatSomebodyElseWritesIsStillRead) {
     EXPECT_EQ(files.readAll(folder / "set.dat"), "content");
     EXPECT_EQ(errorOf([&] { files.writeOver(folder / "set.dat", "x"); }), error::permissionDenied);
     EXPECT_EQ(errorOf([&] { files.remove(folder / "set.dat"); }), error::permissionDenied);
+}
+
+TEST(WindowsTextFiles, AWriterWaitsForTheOneBefore) {
+    const ScratchFolder folder;
+    WindowsTextFiles files;
+    files.writeOver(folder / "set.dat", "old");
+    OtherProgram other(folder / "set.dat", GENERIC_WRITE, FILE_SHARE_READ);
+    ASSERT_TRUE(other.isOpen());
+    auto writing =
+        std::async(std::launch::async, [&] { files.writeOver(folder / "set.dat", "new"); });
+    EXPECT_EQ(writing.wait_for(std::chrono::milliseconds(50)), std::future_status::timeout);
+    EXPECT_EQ(contentsOf(folder / "set.dat"), "old");
+    other.close();
+    writing.get();
+    EXPECT_EQ(contentsOf(folder / "set.dat"), "new");
+}
+
+TEST(WindowsTextFiles, AReaderWaitsForAWriterThatHasLockedTheFile) {
+    const ScratchFolder folder;
+    WindowsTextFiles files;
+    files.writeOver(folder / "set.dat", "content");
+    OtherProgram other(folder / "set.dat", GENERIC_WRITE, FILE_SHARE_READ);
+    ASSERT_TRUE(other.lock());
+    if (!OtherProgram::keepsReadersAway(folder / "set.dat")) {
+        std::cout << "skipped: locks keep nobody away here\n";
+        GTEST_SKIP() << "locks keep nobody away here";
+    }
+    auto reading =
+        std::async(std::launch::async, [&] { return files.readAll(folder / "set.dat"); });
+    EXPECT_EQ(reading.wait_for(std::chrono::milliseconds(50)), std::future_status::timeout);
+    other.close();
+    EXPECT_EQ(reading.get(), "content");
+}
+
+TEST(WindowsTextFiles, AFileThatStaysLockedIsNotReadForEver) {
+    const ScratchFolder folder;
+    WindowsTextFiles files;
+    files.writeOver(folder / "set.dat", "content");
+    const OtherProgram other(folder / "set.dat", GENERIC_WRITE, FILE_SHARE_READ);
+    ASSERT_TRUE(other.lock());
+    if (!OtherProgram::keepsReadersAway(folder / "set.dat")) {
+        std::cout << "skipped: locks keep nobody away here\n";
+        GTEST_SKIP() << "locks keep nobody away here";
+    }
+    EXPECT_EQ(errorOf([&] { files.readAll(folder / "set.dat"); }), error::deviceIo);
 }
 
 TEST(WindowsTextFiles, AFileThatSomebodyElseHoldsForHimselfIsNotRead) {
