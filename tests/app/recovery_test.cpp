@@ -128,6 +128,7 @@ TEST_F(Recovery, TheEndOfAStartedProgramSaysNothingOfIt) {
 }
 
 TEST_F(Recovery, ASaveThatWouldEndTheNextStartIsAHintEventAndALine) {
+    settings() += prcEn("minspace=50000\r\n") + "\r\n";
     const auto lines =
         run("json on\ntick frmNotify.lstNotTime 1 on\n"
             "tick frmNotify.lstNotTime 3 on\nclick Command8\nclick Command8\n"
@@ -141,6 +142,16 @@ TEST_F(Recovery, ASaveThatWouldEndTheNextStartIsAHintEventAndALine) {
     EXPECT_EQ(errors, text + "\n");
     EXPECT_EQ(lines[lines.size() - 3], R"({"ok":true})");
     EXPECT_EQ(lines.back(), R"({"ok":false})");
+}
+
+TEST_F(Recovery, AnEmptyMinimumIsToldWhenItIsSaved) {
+    const auto lines = run("click Command8\n");
+    EXPECT_EQ(countOf(lines,
+                      "hint: txtSpace | After the next start this is not as you saved it: the "
+                      "minimum space (txtSpace). Without a number the start asks for one and takes "
+                      "1."),
+              1);
+    EXPECT_TRUE(said("(txtSpace)"));
 }
 
 TEST_F(Recovery, ForAReaderOfLinesAHintIsALine) {

@@ -1,6 +1,8 @@
 #include "persist/recovery/read_back.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <iterator>
 
 #include "base/convert.h"
 #include "base/drive_text.h"
@@ -19,7 +21,12 @@ using Values = std::vector<std::string>;
 constexpr std::string_view recipientsKey = "notcboEmail=";
 constexpr std::string_view intervalKey = "custtimeDTPI=";
 constexpr std::string_view secondsKey = "txtTime=";  // the same, as it is read
+constexpr std::string_view firstSoundKey = "txtAudio0=";
 constexpr std::string_view secondSoundKey = "txtAudio1=";
+constexpr std::string_view minimumKey = "minspace=";
+constexpr std::string_view pathKey = "path=";
+constexpr std::string_view securityKey = "smtpSecurity=";
+constexpr std::string_view watchTimeKeys[] = {"custtimebegin=", "custtimeend="};
 
 // The entries of a list that is written as one line.
 Values entriesOf(const SettingsKey& key, const FrmNotify& form) {
@@ -65,12 +72,30 @@ bool endsInBlank(const Values& values) {
                        [](const std::string& value) { return value.ends_with(' '); });
 }
 
+bool isWatchTime(const SettingsKey& key) {
+    return std::find(std::begin(watchTimeKeys), std::end(watchTimeKeys), key.key) !=
+           std::end(watchTimeKeys);
+}
+
+// For a key that has no line now.
+std::string adviceWithoutLine(const SettingsKey& key) {
+    if (!isWatchTime(key)) return "Change it.";
+    return "It is saved only while the custom watch time (chkCustTime) is ticked.";
+}
+
 std::string adviceFor(const SettingsKey& key, const Values& values) {
     if (key.key == intervalKey || key.key == secondsKey) {
         return "Kept are 10 to 59 seconds, whole minutes up to 59 and whole hours, saved by hand "
                "once the countdown has begun anew.";
     }
     if (key.key == secondSoundKey) return "It is the system's chimes after each start.";
+    if (values.empty()) return adviceWithoutLine(key);
+    if (values[0].empty() && key.key == minimumKey) {
+        return "Without a number the start asks for one and takes 1.";
+    }
+    if (values[0].empty() && key.key == firstSoundKey) {
+        return "Without a file it is the system's chimes after each start.";
+    }
     if (key.line == SettingsLine::run && values.size() > 1) {
         return key.key == recipientsKey ? "Keep one address." : "Tick one entry at most.";
     }
@@ -113,15 +138,32 @@ SettingsHint faultHint(std::string_view content, std::size_t place, const Settin
             .endsStart = true};
 }
 
-bool isCompared(const SettingsKey& key) {
-    // Ticks of the watch list never come back; whether a sound exists is for the start to ask.
-    return key.key != "path=" && key.key != "txtAudio0=" && key.key != secondSoundKey &&
-           key.key != secondsKey;
+bool isChimes(const std::string& sound) {
+    constexpr const char* chimes = "\\media\\chimes.wav";
+    return sound.ends_with(chimes);
 }
 
-bool isLostSound(const SettingsKey& key, const Values& values) {
-    constexpr const char* chimes = "\\media\\chimes.wav";
-    return key.key == secondSoundKey && !values[0].empty() && !values[0].ends_with(chimes);
+// What the start makes of a value that the file does hold, and of one that it doesn't.
+bool staysAtTheStart(const SettingsKey& key, const Forms& now, const SettingsSource& then) {
+    const Form1& back = then.forms.form1;
+    if (key.key == firstSoundKey) return !now.form1.txtAudio[0].empty();
+    if (key.key == minimumKey) return isNumeric(back.txtSpace.Text(), then.regional);
+    if (key.key == securityKey) {
+        return now.frmNotify.cboEncryption.Text() == then.forms.frmNotify.cboEncryption.Text();
+    }
+    for (std::size_t i = 0; i < std::size(watchTimeKeys); ++i) {
+        if (key.key != watchTimeKeys[i] || now.form1.chkCustTime.ticked()) continue;
+        return now.form1.DTTime1[i].Value() == back.DTTime1[i].Value();
+    }
+    return true;
+}
+
+bool comesBack(const SettingsKey& key, const SettingsSource& now, const SettingsSource& then) {
+    // The ticks of the watch list never do; the seconds are named by the picker.
+    if (key.key == pathKey || key.key == secondsKey) return true;
+    const Values values = valuesOf(key, now);
+    if (key.key == secondSoundKey) return isChimes(values[0]);
+    return values == valuesOf(key, then) && staysAtTheStart(key, now.forms, then);
 }
 
 // The check that follows the reading: error 13 without an interval.
@@ -155,10 +197,7 @@ std::vector<SettingsHint> readBack(std::string_view content, const Forms& forms,
     }
     std::vector<SettingsHint> hints;
     for (const SettingsKey* key : settingsKeysToWrite()) {
-        const Values values = valuesOf(*key, now);
-        const bool isChanged =
-            isCompared(*key) ? values != valuesOf(*key, then) : isLostSound(*key, values);
-        if (isChanged) hints.push_back(hintFor(*key, values, false));
+        if (!comesBack(*key, now, then)) hints.push_back(hintFor(*key, valuesOf(*key, now), false));
     }
     return hints;
 }

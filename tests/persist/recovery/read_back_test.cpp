@@ -10,6 +10,8 @@ struct ReadBackTest : testing::Test, SettingsRig {
     ReadBackTest() {
         form1.txtTime.setText("60");
         form1.DTPInterval.setMinute(1);
+        form1.txtSpace.setText("50000");
+        for (TextBox& sound : form1.txtAudio) sound.setText("C:\\Windows\\media\\chimes.wav");
         settings.Hinted.connect([this](const SettingsHint& hint) { hints.push_back(hint); });
     }
 
@@ -141,6 +143,56 @@ TEST_F(ReadBackTest, TheSecondSoundIsNamedOnlyWhereOneIsLost) {
     EXPECT_EQ(save(), Lines{"txtAudio(1)"});
 }
 
+TEST_F(ReadBackTest, AMinimumThatTheStartAsksForIsNamed) {
+    form1.txtSpace.setText("");
+    EXPECT_EQ(save(), Lines{"txtSpace"});
+    EXPECT_TRUE(advises("Without a number the start asks for one and takes 1."));
+}
+
+TEST_F(ReadBackTest, AMinimumThatIsNoNumberIsNamedToo) {
+    form1.txtSpace.setText("much");
+    EXPECT_EQ(save(), Lines{"txtSpace"});
+}
+
+TEST_F(ReadBackTest, AnEmptySoundIsNamed) {
+    form1.txtAudio[0].setText("");
+    EXPECT_EQ(save(), Lines{"txtAudio(0)"});
+    EXPECT_TRUE(advises("Without a file it is the system's chimes after each start."));
+    form1.txtAudio[0].setText("C:\\ring.wav");
+    form1.txtAudio[1].setText("");
+    EXPECT_EQ(save(), Lines{"txtAudio(1)"});
+}
+
+TEST_F(ReadBackTest, ASoundThatTheFileCutsIsNamed) {
+    form1.txtAudio[0].setText("C:\\a+b.wav");
+    EXPECT_EQ(save(), Lines{"txtAudio(0)"});
+    EXPECT_TRUE(advises("Take \"+\" out of it."));
+}
+
+TEST_F(ReadBackTest, TimesThatAreNotSavedAreNamedWhenTheyDiffer) {
+    form1.DTTime1[0].setHour(9);
+    EXPECT_EQ(save(), Lines{"DTTime1(0)"});
+    EXPECT_TRUE(advises("only while the custom watch time (chkCustTime) is ticked"));
+    form1.DTTime1[1].setHour(18);
+    form1.chkCustTime.setValue(1);
+    EXPECT_EQ(save(), Lines{});
+    form1.chkCustTime.setValue(0);
+    EXPECT_EQ(save(), Lines{"DTTime1(1)"}) << "the first one was named before";
+}
+
+TEST_F(ReadBackTest, AnEncryptionThatHasNoLineIsNamed) {
+    notify.cboEncryption.setText("no such thing!");
+    EXPECT_EQ(save(), Lines{"frmNotify.cboEncryption"});
+    EXPECT_TRUE(advises("Change it."));
+}
+
+TEST_F(ReadBackTest, AFieldThatAnotherOnesValueChangesIsNamed) {
+    notify.txtMailSubj.setText("notEmail=b");
+    EXPECT_EQ(save(), (Lines{"frmNotify.txtYourEmail", "frmNotify.txtMailSubj"}));
+    EXPECT_TRUE(contains(hints[0].text, "Change it."));
+    EXPECT_TRUE(contains(hints[1].text, "Take \"notEmail=\" out of it."));
+}
+
 TEST_F(ReadBackTest, EachFieldIsNamedOnceAStart) {
     notify.txtMailSubj.setText("one+two");
     EXPECT_EQ(save().size(), 1u);
@@ -162,6 +214,10 @@ TEST_F(ReadBackTest, TheSaveItselfIsWhatItAlwaysWas) {
     SettingsRig other;
     other.form1.txtTime.setText("60");
     other.form1.DTPInterval.setMinute(1);
+    other.form1.txtSpace.setText("50000");
+    for (std::size_t i = 0; i < 2; ++i) {
+        other.form1.txtAudio[i].setText(form1.txtAudio[i].Text());
+    }
     other.notify.txtMailSubj.setText("one+two");
     other.notify.lstNotTime.setSelected(1, true);
     other.notify.lstNotTime.setSelected(3, true);
