@@ -4,6 +4,7 @@
 
 #include "base/convert.h"
 #include "base/runtime_error.h"
+#include "persist/recovery/hint_words.h"
 #include "persist/recovery/key_words.h"
 #include "persist/settings_reader.h"
 #include "persist/settings_writer.h"
@@ -49,19 +50,20 @@ void SettingsFile::write() {
                 path, text, {.reservesRoom = platform_.app.Options.keepRunning, .isPrivate = true});
         });
     };
-    std::string_view key;
+    std::vector<WrittenLine> lines;
     try {
-        appendSettings(text, forms_, platform_.regional, host_, key);
+        appendSettings(text, forms_, platform_.regional, host_, lines);
     } catch (RuntimeError& failure) {
         const bool isAllKept = platform_.app.Options.keepRunning;
         if (!isAllKept) store();
+        const std::string key(lines.back().key);
         hint(unwritable(key, failure.number(), isAllKept));
-        failure.noteAttempt(
-            "save the settings; " + std::string(key) + " " + whyUnwritable(failure.number()), path);
+        failure.noteAttempt("save the settings; " + key + " " + whyUnwritable(failure.number()),
+                            path);
         throw;
     }
     store();
-    hintAbout(text);
+    hintAbout(text, lines);
 }
 
 void SettingsFile::hint(const SettingsHint& about) {
@@ -69,10 +71,10 @@ void SettingsFile::hint(const SettingsHint& about) {
 }
 
 // Each check can save the same once more.
-void SettingsFile::hintAbout(const std::string& written) {
+void SettingsFile::hintAbout(const std::string& written, const std::vector<WrittenLine>& lines) {
     const std::size_t sum = std::hash<std::string>{}(written);
     if (!Hinted.connected() || std::exchange(sumHinted_, sum) == sum) return;
-    for (const SettingsHint& each : readBack(written, forms_, platform_, host_)) {
+    for (const SettingsHint& each : readBack(written, lines, forms_, platform_, host_)) {
         hint(each);
     }
 }

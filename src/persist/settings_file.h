@@ -7,11 +7,13 @@
 #include <string>
 #include <tuple>
 #include <utility>
+#include <vector>
 
 #include "controls/event.h"
 #include "forms/forms.h"
 #include "persist/recovery/read_back.h"
 #include "persist/recovery/settings_fault.h"
+#include "persist/settings_writer.h"
 #include "platform/host.h"
 #include "platform/platform.h"
 
@@ -51,7 +53,7 @@ class SettingsFile {
     void read();
     void checkInterval();
     void hint(const SettingsHint& about);
-    void hintAbout(const std::string& written);
+    void hintAbout(const std::string& written, const std::vector<WrittenLine>& lines);
 
     Forms& forms_;
     Platform& platform_;

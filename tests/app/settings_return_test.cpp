@@ -266,5 +266,28 @@ TEST_F(SettingsReturn, WhatComesBackChangedWasNamed) {
     EXPECT_GT(compared, 150);
 }
 
+TEST_F(SettingsReturn, TheStartSucceedsOnceEachTrapThatWasNamedIsMended) {
+    const std::string first = machine.files[path];
+    std::mt19937 random(11);
+    int mended = 0;
+    for (int round = 0; round < 400; ++round) {
+        machine.files[path] = first;
+        ProgramRun run(machine);
+        run.core.load();
+        const std::string changes = changeSome(run, random) + changeSome(run, random);
+        const auto named = save(run);
+        if (!anyEndsTheStart(named)) continue;
+        ++mended;
+        for (const Field& field : fields) {
+            if (named.contains("!" + field.name)) field.mend(run.forms);
+        }
+        save(run);
+        ProgramRun next(machine);
+        EXPECT_EQ(errorOf([&] { next.core.load(); }), 0)
+            << changes << testing::PrintToString(named);
+    }
+    EXPECT_GT(mended, 100);
+}
+
 }  // namespace
 }  // namespace velmora::tests

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "forms/forms.h"
+#include "persist/settings_writer.h"
 #include "platform/host.h"
 #include "platform/platform.h"
 
@@ -21,13 +22,10 @@ struct SettingsHint {
     bool operator==(const SettingsHint&) const = default;
 };
 
-/// What is said of a field that can't be written, by the error that told it. `isAllKept` when the
-/// file was left as it was; it ends before the field otherwise.
-SettingsHint unwritable(std::string_view key, int number, bool isAllKept);
-
-/// Reads the content into forms of its own and compares them with `forms`. Nothing of the program
-/// or of the machine changes.
-std::vector<SettingsHint> readBack(std::string_view content, const Forms& forms, Platform& platform,
-                                   Host& host);
+/// Reads the content, which has these lines, into forms of its own and compares them with `forms`.
+/// Names first each field that would end the next start, then those that would come back changed
+/// if it didn't. Nothing of the program or of the machine changes.
+std::vector<SettingsHint> readBack(std::string_view content, const std::vector<WrittenLine>& lines,
+                                   const Forms& forms, Platform& platform, Host& host);
 
 }  // namespace velmora

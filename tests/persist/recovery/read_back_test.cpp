@@ -85,6 +85,44 @@ TEST_F(ReadBackTest, AMessageThatHoldsAKeyIsNamed) {
     EXPECT_EQ(nextStart(), error::typeMismatch);
 }
 
+TEST_F(ReadBackTest, EachTrapIsNamed) {
+    notify.txtPass.setText("abc+!def");
+    notify.lstNotTime.setSelected(1, true);
+    notify.lstNotTime.setSelected(3, true);
+    notify.txtCustMsg.setText("our custtime=late");
+    EXPECT_EQ(save(),
+              (Lines{"frmNotify.txtPass!", "frmNotify.lstNotTime!", "frmNotify.txtCustMsg!"}));
+    EXPECT_TRUE(contains(hints[0].text, "Take \"+\" out of it."));
+    EXPECT_TRUE(contains(hints[1].text, "Tick one entry at most."));
+    EXPECT_TRUE(contains(hints[2].text, "Take \"custtime=\" out of it."));
+}
+
+TEST_F(ReadBackTest, WhatComesBackChangedIsNamedBehindTheTraps) {
+    notify.txtMailSubj.setText("one+two");
+    notify.lstNotTime.setSelected(1, true);
+    notify.lstNotTime.setSelected(3, true);
+    EXPECT_EQ(save(), (Lines{"frmNotify.lstNotTime!", "frmNotify.txtMailSubj"}));
+}
+
+TEST_F(ReadBackTest, ATrapBehindATabIsNamedByItsField) {
+    notify.txtPass.setText("a\tcusttime=x");
+    EXPECT_EQ(save(), Lines{"frmNotify.txtPass!"});
+    EXPECT_TRUE(advises("Take the tab out of it."));
+}
+
+TEST_F(ReadBackTest, AMissingIntervalIsNoReasonToSearchNoFurther) {
+    form1.txtTime.setText("");
+    notify.lstNotContent.setSelected(1, true);
+    notify.lstNotContent.setSelected(3, true);
+    EXPECT_EQ(save(), (Lines{"DTPInterval!", "frmNotify.lstNotContent!"}));
+}
+
+TEST_F(ReadBackTest, AnIntervalWhoseLineAnotherKeyTakesIsNamed) {
+    form1.txtTime.setText("7 minspace=60");
+    EXPECT_EQ(save(), Lines{"DTPInterval!"});
+    EXPECT_EQ(nextStart(), error::typeMismatch);
+}
+
 TEST_F(ReadBackTest, AMissingIntervalIsNamed) {
     form1.txtTime.setText("");
     EXPECT_EQ(save(), Lines{"DTPInterval!"});
