@@ -88,11 +88,10 @@ int runConsole(Machine& machine, std::istream& input, std::ostream& stream,
     console::Waiting waiting(host, timers, later, platform.clock, output, sleep);
     const console::EventReport report(core.alerts().Raised, forms.form1.StatusBar1,
                                       forms.frmNotify.StatusTxt, output, waiting);
-    const ScopedConnection hints =
-        core.persist().settingsFile().Hinted.connect([&output, &host](const SettingsHint& hint) {
-            output.hint(hint.field, hint.text, hint.endsStart);
-            host.Note(hint.text);
-        });
+    const ScopedConnection hints = forms.hints.Said.connect([&output, &host](const Hint& hint) {
+        output.hint(hint.field, hint.text, hint.endsStart);
+        host.Note(hint.text);
+    });
     console::Reports reports(core.notify().inventory(), core.notify().content(), platform, forms);
     console::Commands commands(
         forms, host, output, waiting, later, reports,

@@ -57,7 +57,7 @@ void SettingsFile::write() {
         const bool isAllKept = platform_.app.Options.keepRunning;
         if (!isAllKept) store();
         const std::string key(lines.back().key);
-        hint(unwritable(key, failure.number(), isAllKept));
+        forms_.hints.say(unwritable(key, failure.number(), isAllKept));
         failure.noteAttempt("save the settings; " + key + " " + whyUnwritable(failure.number()),
                             path);
         throw;
@@ -66,16 +66,12 @@ void SettingsFile::write() {
     hintAbout(text, lines);
 }
 
-void SettingsFile::hint(const SettingsHint& about) {
-    if (hinted_.emplace(about.field, about.endsStart, about.isSaved).second) Hinted(about);
-}
-
 // Each check can save the same once more.
 void SettingsFile::hintAbout(const std::string& written, const std::vector<WrittenLine>& lines) {
     const std::size_t sum = std::hash<std::string>{}(written);
-    if (!Hinted.connected() || std::exchange(sumHinted_, sum) == sum) return;
-    for (const SettingsHint& each : readBack(written, lines, forms_, platform_, host_)) {
-        hint(each);
+    if (!forms_.hints.Said.connected() || std::exchange(sumHinted_, sum) == sum) return;
+    for (const Hint& each : readBack(written, lines, forms_, platform_, host_)) {
+        forms_.hints.say(each);
     }
 }
 

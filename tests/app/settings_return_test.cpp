@@ -197,10 +197,8 @@ struct SettingsReturn : testing::Test {
     /// Saves the fields of a run; the names of those that are hinted at.
     static std::set<std::string> save(ProgramRun& run) {
         std::set<std::string> named;
-        const ScopedConnection hints =
-            run.core.persist().settingsFile().Hinted.connect([&named](const SettingsHint& hint) {
-                named.insert((hint.endsStart ? "!" : "") + hint.field);
-            });
+        const ScopedConnection hints = run.forms.hints.Said.connect(
+            [&named](const Hint& hint) { named.insert((hint.endsStart ? "!" : "") + hint.field); });
         run.forms.form1.txtTime.setText(std::to_string(run.forms.form1.DTPInterval.Hour() * 3600 +
                                                        run.forms.form1.DTPInterval.Minute() * 60 +
                                                        run.forms.form1.DTPInterval.Second()));

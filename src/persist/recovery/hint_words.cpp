@@ -99,7 +99,7 @@ Values valuesOf(const SettingsKey& key, const SettingsSource& from) {
     return values;
 }
 
-SettingsHint hintFor(const SettingsKey& key, const Values& values, bool endsStart) {
+Hint hintFor(const SettingsKey& key, const Values& values, bool endsStart) {
     const KeyWords words = wordsOf(key.key);
     const std::string name = nameOf(words);
     const std::string what = endsStart
@@ -110,13 +110,13 @@ SettingsHint hintFor(const SettingsKey& key, const Values& values, bool endsStar
             .endsStart = endsStart};
 }
 
-SettingsHint unwritable(std::string_view key, int number, bool isAllKept) {
+Hint unwritable(std::string_view key, int number, bool isAllKept) {
     const KeyWords words = wordsOf(key);
     const std::string what =
         isAllKept ? "The settings were not saved" : "The settings were only saved up to here";
     return {.field = std::string(words.field),
             .text = what + ": " + nameOf(words) + " " + whyUnwritable(number) + ". Change it.",
-            .isSaved = false};
+            .about = HintAbout::saving};
 }
 
 }  // namespace velmora

@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "forms/hints.h"
 #include "persist/keys/settings_key.h"
-#include "persist/recovery/read_back.h"
 
 namespace velmora {
 
@@ -28,11 +28,10 @@ inline constexpr std::string_view watchTimes[] = {"custtimebegin=", "custtimeend
 std::vector<std::string> valuesOf(const SettingsKey& key, const SettingsSource& from);
 
 /// The hint about a field with these values.
-SettingsHint hintFor(const SettingsKey& key, const std::vector<std::string>& values,
-                     bool endsStart);
+Hint hintFor(const SettingsKey& key, const std::vector<std::string>& values, bool endsStart);
 
 /// What is said of a field that can't be written, by the error that told it. `isAllKept` when the
 /// file was left as it was; it ends before the field otherwise.
-SettingsHint unwritable(std::string_view key, int number, bool isAllKept);
+Hint unwritable(std::string_view key, int number, bool isAllKept);
 
 }  // namespace velmora

@@ -88,10 +88,10 @@ bool hasInterval(const Forms& forms, const Regional& regional) {
 
 }  // namespace
 
-std::vector<SettingsHint> readBack(std::string_view content, const std::vector<WrittenLine>& lines,
-                                   const Forms& forms, Platform& platform, Host& host) {
+std::vector<Hint> readBack(std::string_view content, const std::vector<WrittenLine>& lines,
+                           const Forms& forms, Platform& platform, Host& host) {
     const SettingsSource now{.forms = forms, .regional = platform.regional, .host = host};
-    std::vector<SettingsHint> hints;
+    std::vector<Hint> hints;
     std::set<std::string_view> named;
     const auto name = [&](const SettingsKey& key, bool endsStart) {
         if (!named.insert(wordsOf(key.key).field).second) return;

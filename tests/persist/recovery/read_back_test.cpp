@@ -12,7 +12,7 @@ struct ReadBackTest : testing::Test, SettingsRig {
         form1.DTPInterval.setMinute(1);
         form1.txtSpace.setText("50000");
         for (TextBox& sound : form1.txtAudio) sound.setText("C:\\Windows\\media\\chimes.wav");
-        settings.Hinted.connect([this](const SettingsHint& hint) { hints.push_back(hint); });
+        forms.hints.Said.connect([this](const Hint& hint) { hints.push_back(hint); });
     }
 
     /// Saves; the fields that were hinted at, those that would end the start with a "!".
@@ -20,7 +20,7 @@ struct ReadBackTest : testing::Test, SettingsRig {
         hints.clear();
         write();
         Lines fields;
-        for (const SettingsHint& hint : hints) {
+        for (const Hint& hint : hints) {
             fields.push_back(hint.field + (hint.endsStart ? "!" : ""));
         }
         return fields;
@@ -33,7 +33,7 @@ struct ReadBackTest : testing::Test, SettingsRig {
     bool advises(const std::string& words) {
         return hints.size() == 1 && contains(hints[0].text, words);
     }
-    std::vector<SettingsHint> hints;
+    std::vector<Hint> hints;
 };
 
 TEST_F(ReadBackTest, SettingsThatComeBackGiveNoHint) {
