@@ -52,20 +52,22 @@ void obey(std::istream& input, console::Output& output, console::Commands& comma
 }
 
 // A start that fails ends the program, also one that is to keep running: there is nothing yet that
-// could go on.
+// could go on. Timers can fire during the start: an error of theirs is not one of the start.
 void start(Core& core, Machine& machine, console::ConsoleHost& host) {
     if (!machine.platform().otherStarts.holdFolder()) {
         host.Note("Another watch runs on this folder: " +
                   machine.toHostPath(machine.platform().app.Path));
     }
-    try {
-        host.guarded([&] { startProgram(core, machine, host); });
-    } catch (const ProgramEnd&) {
-        noteSettingsFailure(core, machine, [&host](const std::string& line) { host.Note(line); });
-        throw;
+    if (machine.platform().app.Options.keepRunning) {
+        host.keepRunning([&machine](const std::string& path) { return machine.toHostPath(path); });
     }
-    if (!machine.platform().app.Options.keepRunning) return;
-    host.keepRunning([&machine](const std::string& path) { return machine.toHostPath(path); });
+    try {
+        startProgram(core, machine, host);
+    } catch (const std::exception&) {
+        host.MsgBox(runTimeErrorBox());
+        noteSettingsFailure(core, machine, [&host](const std::string& line) { host.Note(line); });
+        throw ProgramEnd{1};
+    }
 }
 
 }  // namespace
