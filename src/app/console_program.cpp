@@ -74,20 +74,22 @@ std::ifstream openScript(const std::string& path) {
 }
 
 // A start that fails ends the program, also one that is to keep running: there is nothing yet that
-// could go on.
+// could go on. Timers can fire during the start: an error of theirs is not one of the start.
 void start(Core& core, Machine& machine, console::ConsoleHost& host) {
     if (!machine.platform().otherStarts.holdFolder()) {
         host.Note("Another watch runs on this folder: " +
                   machine.toHostPath(machine.platform().app.Path));
     }
-    try {
-        host.guarded([&] { startProgram(core, machine, host); });
-    } catch (const ProgramEnd&) {
-        noteSettingsFailure(core, machine, [&host](const std::string& line) { host.Note(line); });
-        throw;
+    if (machine.platform().app.Options.keepRunning) {
+        host.keepRunning([&machine](const std::string& path) { return machine.toHostPath(path); });
     }
-    if (!machine.platform().app.Options.keepRunning) return;
-    host.keepRunning([&machine](const std::string& path) { return machine.toHostPath(path); });
+    try {
+        startProgram(core, machine, host);
+    } catch (const std::exception&) {
+        host.MsgBox(runTimeErrorBox());
+        noteSettingsFailure(core, machine, [&host](const std::string& line) { host.Note(line); });
+        throw ProgramEnd{1};
+    }
 }
 
 }  // namespace
@@ -121,11 +123,10 @@ int runConsole(Machine& machine, const ConsoleStreams& streams) {
     console::Waiting waiting(host, timers, later, platform.clock, output, streams.sleep);
     const console::EventReport report(core.alerts().Raised, forms.form1.StatusBar1,
                                       forms.frmNotify.StatusTxt, output, waiting);
-    const ScopedConnection hints =
-        core.persist().settingsFile().Hinted.connect([&output, &host](const SettingsHint& hint) {
-            output.hint(hint.field, hint.text, hint.endsStart);
-            host.Note(hint.text);
-        });
+    const ScopedConnection hints = forms.hints.Said.connect([&output, &host](const Hint& hint) {
+        output.hint(hint.field, hint.text, hint.endsStart);
+        host.Note(hint.text);
+    });
     console::Reports reports(core.notify().inventory(), core.notify().content(), platform, forms);
     console::Commands commands(
         forms, host, output, waiting, later, reports,

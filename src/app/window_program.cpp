@@ -49,13 +49,14 @@ void WindowProgram::keepPlacesSoon() {
     }
 }
 
+// Timers can fire during the start: an error of theirs is not one of the start.
 void WindowProgram::load() {
+    if (machine_.platform().app.Options.keepRunning) hand_.keepRunning();
     hand_.does([this] {
         start();
         places_.afterStart();
         if (machine_.platform().app.Options.minimized)
             forms_.form1.setState(WindowState::minimised);
-        if (machine_.platform().app.Options.keepRunning) hand_.keepRunning();
     });
 }
 
@@ -88,9 +89,14 @@ void WindowProgram::offerSettings() {
     const Box question{.text = *why + "\r\n\r\nPut them back and start again?",
                        .buttons = BoxButtons::yesNo};
     if (host_.MsgBox(question) != BoxAnswer::yes) return;
-    const Restored restored = restoreSettings(core_, machine_);
-    if (!restored.isDone) {
-        host_.MsgBox({.text = restored.text});
+    try {
+        const Restored restored = restoreSettings(core_, machine_);
+        if (!restored.isDone) {
+            host_.MsgBox({.text = restored.text});
+            return;
+        }
+    } catch (const std::exception&) {
+        host_.MsgBox(runTimeErrorBox());
         return;
     }
     if (startAgain_) startAgain_();

@@ -13,6 +13,7 @@
 #include "forms/frm_ind_dri.h"
 #include "forms/frm_notify.h"
 #include "forms/frm_wizard.h"
+#include "forms/hints.h"
 
 namespace velmora {
 
@@ -63,6 +64,7 @@ struct Forms {
     FrmWaitTest frmWaitTest;
     FrmHistory frmHistory;
     Globals globals;
+    Hints hints;
 
     std::vector<Form*> all();
     /// The form of that name, in any letter case; null when there is none.

@@ -4,6 +4,7 @@
 
 #include "base/convert.h"
 #include "base/runtime_error.h"
+#include "persist/recovery/hint_words.h"
 #include "persist/recovery/key_words.h"
 #include "persist/settings_reader.h"
 #include "persist/settings_writer.h"
@@ -49,31 +50,28 @@ void SettingsFile::write() {
                 path, text, {.reservesRoom = platform_.app.Options.keepRunning, .isPrivate = true});
         });
     };
-    std::string_view key;
+    std::vector<WrittenLine> lines;
     try {
-        appendSettings(text, forms_, platform_.regional, host_, key);
+        appendSettings(text, forms_, platform_.regional, host_, lines);
     } catch (RuntimeError& failure) {
         const bool isAllKept = platform_.app.Options.keepRunning;
         if (!isAllKept) store();
-        hint(unwritable(key, failure.number(), isAllKept));
-        failure.noteAttempt(
-            "save the settings; " + std::string(key) + " " + whyUnwritable(failure.number()), path);
+        const std::string key(lines.back().key);
+        forms_.hints.say(unwritable(key, failure.number(), isAllKept));
+        failure.noteAttempt("save the settings; " + key + " " + whyUnwritable(failure.number()),
+                            path);
         throw;
     }
     store();
-    hintAbout(text);
-}
-
-void SettingsFile::hint(const SettingsHint& about) {
-    if (hinted_.emplace(about.field, about.endsStart, about.isSaved).second) Hinted(about);
+    hintAbout(text, lines);
 }
 
 // Each check can save the same once more.
-void SettingsFile::hintAbout(const std::string& written) {
+void SettingsFile::hintAbout(const std::string& written, const std::vector<WrittenLine>& lines) {
     const std::size_t sum = std::hash<std::string>{}(written);
-    if (!Hinted.connected() || std::exchange(sumHinted_, sum) == sum) return;
-    for (const SettingsHint& each : readBack(written, forms_, platform_, host_)) {
-        hint(each);
+    if (!forms_.hints.Said.connected() || std::exchange(sumHinted_, sum) == sum) return;
+    for (const Hint& each : readBack(written, lines, forms_, platform_, host_)) {
+        forms_.hints.say(each);
     }
 }
 

@@ -3,15 +3,14 @@
 
 #include <cstdint>
 #include <optional>
-#include <set>
 #include <string>
-#include <tuple>
 #include <utility>
+#include <vector>
 
-#include "controls/event.h"
 #include "forms/forms.h"
 #include "persist/recovery/read_back.h"
 #include "persist/recovery/settings_fault.h"
+#include "persist/settings_writer.h"
 #include "platform/host.h"
 #include "platform/platform.h"
 
@@ -43,15 +42,11 @@ class SettingsFile {
     /// The content of the last reading, once: it holds a password.
     std::string takeContentRead() { return std::exchange(contentRead_, {}); }
 
-    /// A field can't be saved, or doesn't come back as it is: once for each field and how it ends.
-    Event<const SettingsHint&> Hinted;
-
   private:
     void write();
     void read();
     void checkInterval();
-    void hint(const SettingsHint& about);
-    void hintAbout(const std::string& written);
+    void hintAbout(const std::string& written, const std::vector<WrittenLine>& lines);
 
     Forms& forms_;
     Platform& platform_;
@@ -59,7 +54,6 @@ class SettingsFile {
     std::optional<SettingsFault> fault_;
     std::string contentRead_;
     std::size_t sumHinted_ = 0;  // of the last content that was read back
-    std::set<std::tuple<std::string, bool, bool>> hinted_;
 };
 
 }  // namespace velmora

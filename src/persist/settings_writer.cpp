@@ -17,12 +17,12 @@ std::string plainLine(const SettingsKey& key, const std::string& value) {
 }  // namespace
 
 void appendSettings(std::string& text, const Forms& forms, const Regional& regional, Host& host,
-                    std::string_view& key) {
+                    std::vector<WrittenLine>& lines) {
     const SettingsSource from{.forms = forms, .regional = regional, .host = host};
-    for (const SettingsKey* each : settingsKeysToWrite()) {
-        key = each->key;
-        for (const std::string& value : each->field.get(from)) {
-            text.append(prcEn(plainLine(*each, value))).append(lineEnd);
+    for (const SettingsKey* key : settingsKeysToWrite()) {
+        for (const std::string& value : key->field.get(from)) {
+            lines.push_back({.place = text.size(), .key = key->key});
+            text.append(prcEn(plainLine(*key, value))).append(lineEnd);
         }
     }
 }

@@ -1,8 +1,10 @@
 // The content of the settings file, out of the fields.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/regional.h"
 #include "forms/forms.h"
@@ -10,10 +12,16 @@
 
 namespace velmora {
 
+/// A line of the file that was written.
+struct WrittenLine {
+    std::size_t place = 0;  ///< where it begins
+    std::string_view key;
+};
+
 /// Appends all lines in their order to `text`, each scrambled and closed by CR LF. Errors 5 and 6
-/// as prcEn; `text` holds the lines before the failing one then, and `key` is that of the failing
-/// one. Yields as prcLstContent.
+/// as prcEn; `text` holds the lines before the failing one then, which is the last of `lines`.
+/// Yields as prcLstContent.
 void appendSettings(std::string& text, const Forms& forms, const Regional& regional, Host& host,
-                    std::string_view& key);
+                    std::vector<WrittenLine>& lines);
 
 }  // namespace velmora

@@ -18,6 +18,7 @@ struct Recovery : testing::Test, ConsoleSession {
 
     const std::string broken = prcEn("txtTime=60\r\n") + "\r\n" + prcEn("lstAct=99") + "\r\n";
     std::string errors;
+    bool isGone = false;
 };
 
 TEST_F(Recovery, AStartThatFailsNamesFileLineAndCopyAfterItsBox) {
@@ -128,6 +129,7 @@ TEST_F(Recovery, TheEndOfAStartedProgramSaysNothingOfIt) {
 }
 
 TEST_F(Recovery, ASaveThatWouldEndTheNextStartIsAHintEventAndALine) {
+    settings() += prcEn("minspace=50000\r\n") + "\r\n";
     const auto lines =
         run("json on\ntick frmNotify.lstNotTime 1 on\n"
             "tick frmNotify.lstNotTime 3 on\nclick Command8\nclick Command8\n"
@@ -141,6 +143,40 @@ TEST_F(Recovery, ASaveThatWouldEndTheNextStartIsAHintEventAndALine) {
     EXPECT_EQ(errors, text + "\n");
     EXPECT_EQ(lines[lines.size() - 3], R"({"ok":true})");
     EXPECT_EQ(lines.back(), R"({"ok":false})");
+}
+
+TEST_F(Recovery, AnEmptyMinimumIsToldWhenItIsSaved) {
+    const auto lines = run("click Command8\n");
+    EXPECT_EQ(countOf(lines,
+                      "hint: txtSpace | After the next start this is not as you saved it: the "
+                      "minimum space (txtSpace). Without a number the start asks for one and takes "
+                      "1."),
+              1);
+    EXPECT_TRUE(said("(txtSpace)"));
+}
+
+TEST_F(Recovery, TheEndOfDeleteAllAtAMissingFileIsAHintToo) {
+    machine.files["C:\\gone"] = "x";
+    machine.platform().app.Command = "\"C:\\gone\"";
+    machine.onCall = [this](const std::string& call) {
+        if (call.starts_with("FileExists C:\\gone") && isGone) machine.files.erase("C:\\gone");
+        if (call.starts_with("FileExists C:\\gone")) isGone = true;
+    };
+    const auto lines =
+        run("json on\nanswer no\nclick cmdDeleteAll\nanswer no\nclick cmdDeleteAll\nget "
+            "fraHint.Visible\nget lblHint\n");
+    const std::string text =
+        "\"Delete All\" ends at a file that is missing: the box of files (cboFile) is empty, so "
+        "that "
+        "no entry can be removed with the row. Remove the row, then start again.";
+    EXPECT_EQ(errors, text + "\n");
+    int events = 0;
+    for (const std::string& line : lines) {
+        if (line.starts_with(R"({"event":"hint","field":"cboFile",)")) ++events;
+    }
+    EXPECT_EQ(events, 1) << testing::PrintToString(lines);
+    EXPECT_EQ(lines[lines.size() - 2], R"({"ok":true})");
+    EXPECT_NE(lines.back().find("Remove the row, then start again."), std::string::npos);
 }
 
 TEST_F(Recovery, ForAReaderOfLinesAHintIsALine) {

@@ -377,7 +377,7 @@ class Native(Actions, OwnNative, ConsoleCase):
         self.assertEqual(self.console.boxes()[-1]["text"], "file does not exits: " + gone)
         self.assertEqual(self.listed(), ["gone.bin"])
         self.console.end()
-        self.console.wait_for_noise(gone + ': "Delete All" ends here')
+        self.console.wait_for_noise('"Delete All" ends at a file that is missing')
 
     def test_why_a_file_is_not_in_the_bin_is_said_on_standard_error(self):
         self.begin(8)

@@ -292,17 +292,18 @@ TEST_F(SettingsFailureTest, AProgramThatKeepsRunningLeavesTheFileWholeAndNamesTh
 
 TEST_F(SettingsFailureTest, WhatCantBeWrittenIsHintedAtOnceAStart) {
     form1.txtTime.setText("60");
-    std::vector<SettingsHint> hints;
-    settings.Hinted.connect([&](const SettingsHint& hint) { hints.push_back(hint); });
+    std::vector<Hint> hints;
+    forms.hints.Said.connect([&](const Hint& hint) { hints.push_back(hint); });
     notify.txtUser.setText("a\xFF");
     write();
     write();
-    EXPECT_EQ(hints, (std::vector<SettingsHint>{
-                         {.field = "frmNotify.txtUser",
-                          .text = "The settings were only saved up to here: the account of the "
-                                  "mail (frmNotify.txtUser) holds a byte 255, which the file "
-                                  "can't hold. Change it.",
-                          .isSaved = false}}));
+    EXPECT_EQ(
+        hints,
+        (std::vector<Hint>{{.field = "frmNotify.txtUser",
+                            .text = "The settings were only saved up to here: the account of the "
+                                    "mail (frmNotify.txtUser) holds a byte 255, which the file "
+                                    "can't hold. Change it.",
+                            .about = HintAbout::saving}}));
     hints.clear();
     machine.platform().app.Options.keepRunning = true;
     notify.txtUser.setText("");
@@ -316,7 +317,9 @@ TEST_F(SettingsFailureTest, WhatCantBeWrittenIsHintedAtOnceAStart) {
 TEST_F(SettingsFailureTest, AHintOfAValueThatCantBeWrittenDoesNotSilenceTheOthersOfItsField) {
     form1.txtTime.setText("60");
     Lines hinted;
-    settings.Hinted.connect([&](const SettingsHint& hint) { hinted.push_back(hint.field); });
+    forms.hints.Said.connect([&](const Hint& hint) {
+        if (hint.field == "frmNotify.txtUser") hinted.push_back(hint.field);
+    });
     notify.txtUser.setText("a\xFF");
     write();
     notify.txtUser.setText("a+b");

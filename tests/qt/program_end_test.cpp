@@ -69,6 +69,24 @@ TEST_F(ProgramEndTest, TheLastGoodSettingsArePutBackByAButton) {
     EXPECT_EQ(startsAgain, 1);
 }
 
+TEST_F(ProgramEndTest, SettingsThatCantBeKeptFirstAreNotReplacedAndThatIsSaid) {
+    for (const bool keepsRunning : {false, true}) {
+        program.reset();
+        boxes.seen.clear();
+        ended.reset();
+        machine.platform().app.Options.keepRunning = keepsRunning;
+        machine.userState.writesUntilFull = 0;
+        boxes.answers = {QMessageBox::Ok, QMessageBox::Yes, QMessageBox::Ok};
+        EXPECT_EQ(runUntilEnded([this] { start("broken"); }), 1);
+        ASSERT_EQ(boxes.seen.size(), 3u);
+        EXPECT_NE(boxes.seen[2].text.find("Settings were not put back, and nothing was changed"),
+                  std::string::npos)
+            << boxes.seen[2].text;
+        EXPECT_EQ(machine.files[settingsPath], "broken");
+        EXPECT_EQ(startsAgain, 0);
+    }
+}
+
 TEST_F(ProgramEndTest, WithoutAYesTheFileStays) {
     program.reset();
     boxes.answers = {QMessageBox::Ok, QMessageBox::No};
@@ -169,6 +187,39 @@ TEST_F(ProgramEndTest, AnErrorInTheMiddleOfACheckIsTheChecksOwn) {
     });
     EXPECT_TRUE(boxes.lastText().starts_with("Run-time error '13':"));
     EXPECT_EQ(ended, 1);
+}
+
+/// While the settings are read, another handler fails.
+struct FailureInTheStart : WindowTest {
+    FailureInTheStart() {
+        machine.onCall = [this](const std::string& call) {
+            if (!program || !call.ends_with("\\set.dat")) return;
+            program->hand().does([] { throw RuntimeError(error::diskFull); });
+        };
+    }
+};
+
+TEST_F(FailureInTheStart, EndsThePlainProgram) {
+    boxes.answers = {QMessageBox::Ok};
+    EXPECT_EQ(runUntilEnded([this] { start(); }), 1);
+    ASSERT_EQ(boxes.seen.size(), 1u);
+    EXPECT_TRUE(boxes.seen[0].text.starts_with("Run-time error '61':"));
+}
+
+TEST_F(FailureInTheStart, IsSurvivedByAProgramThatKeepsRunning) {
+    machine.platform().app.Options.keepRunning = true;
+    start();
+    EXPECT_FALSE(ended);
+    EXPECT_TRUE(boxes.seen.empty());
+    EXPECT_TRUE(form1().Visible());
+}
+
+TEST_F(FailureInTheStart, LeavesAStartThatFailsItsToldEnd) {
+    machine.platform().app.Options.keepRunning = true;
+    boxes.answers = {QMessageBox::Ok, QMessageBox::Ok};
+    EXPECT_EQ(runUntilEnded([this] { start(""); }), 1);
+    ASSERT_EQ(boxes.seen.size(), 2u);
+    EXPECT_TRUE(boxes.seen[0].text.starts_with("Run-time error '13':"));
 }
 
 struct KeepRunningTest : WindowTest {

@@ -12,6 +12,11 @@ namespace velmora {
 
 namespace {
 
+constexpr const char* whyAllEnds =
+    "\"Delete All\" ends at a file that is missing: the box of files (cboFile) is empty, so that "
+    "no "
+    "entry can be removed with the row. Remove the row, then start again.";
+
 bool isAccessError(const RuntimeError& failure) {
     return failure.number() == error::permissionDenied || failure.number() == error::pathFileAccess;
 }
@@ -94,13 +99,10 @@ bool ManualOperations::deleteListed(const ListedRow& subject, bool toBin) {
 // after its message, with the row in place; the reason is beside the message, which doesn't say it.
 bool ManualOperations::dropMissing(const ListedRow& subject) {
     ComboBox& box = parts_.form1.cboFile;
-    const std::string reason =
-        box.ListCount() > 0
-            ? std::string{}
-            : "\"Delete All\" ends here: the box of files is empty, so that no entry "
-              "can be removed with the row. Remove the row, then start again.";
+    const bool isLast = box.ListCount() == 0;
+    const std::string reason = isLast ? whyAllEnds : "";
     parts_.host.MsgBox({.text = "file does not exits: " + subject.path, .detail = reason});
-    if (!reason.empty()) parts_.host.Note(subject.path + ": " + reason);
+    if (isLast) parts_.hints.say({.field = "cboFile", .text = reason, .about = HintAbout::working});
     if (box.ListCount() == 0) return false;
     box.RemoveItem(0);
     removeRow(subject);

@@ -13,6 +13,7 @@
 #include "base/runtime_error.h"
 #include "forms/dialogs.h"
 #include "forms/form1.h"
+#include "forms/hints.h"
 #include "platform/host.h"
 #include "platform/platform.h"
 
@@ -28,6 +29,7 @@ struct ManualParts {
     SystemActions& systemActions;
     AlertDialogWindow& alertDialog;
     StayOnTop& stayOnTop;
+    Hints& hints;
 };
 
 /// An operation on a file reports by alert list, journal and alert dialog, and goes on when the log

@@ -4,8 +4,8 @@
 
 namespace velmora {
 
-HintNote::HintNote(Form1& form1, SettingsFile& settings) : form1_(form1) {
-    settings.Hinted.connect([this](const SettingsHint& hint) { say(hint.text); });
+HintNote::HintNote(Form1& form1, Hints& hints) : form1_(form1) {
+    hints.Said.connect([this](const Hint& hint) { say(hint.text); });
     form1.cmdHint.Click.connect([this] { take(); });
 }
 

@@ -1,15 +1,15 @@
-// The note about settings that don't come back as they were saved.
+// The note that shows what a user should know about fields.
 #pragma once
 
 #include "forms/form1.h"
-#include "persist/settings_file.h"
+#include "forms/hints.h"
 
 namespace velmora {
 
 class HintNote {
   public:
     /// Connects to the hints and to the note's button.
-    HintNote(Form1& form1, SettingsFile& settings);
+    HintNote(Form1& form1, Hints& hints);
     HintNote(const HintNote&) = delete;
     HintNote& operator=(const HintNote&) = delete;
 

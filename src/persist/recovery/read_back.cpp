@@ -1,12 +1,16 @@
 #include "persist/recovery/read_back.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <iterator>
+#include <memory>
+#include <set>
 
 #include "base/convert.h"
-#include "base/drive_text.h"
 #include "base/runtime_error.h"
 #include "base/text.h"
 #include "persist/keys/settings_keys.h"
+#include "persist/recovery/hint_words.h"
 #include "persist/recovery/key_words.h"
 #include "persist/settings_reader.h"
 
@@ -14,151 +18,98 @@ namespace velmora {
 
 namespace {
 
-using Values = std::vector<std::string>;
+const SettingsKey& writtenKey(std::string_view name) {
+    const SettingsKeys& keys = settingsKeysToWrite();
+    return **std::find_if(keys.begin(), keys.end(),
+                          [name](const SettingsKey* key) { return key->key == name; });
+}
 
-constexpr std::string_view recipientsKey = "notcboEmail=";
-constexpr std::string_view intervalKey = "custtimeDTPI=";
-constexpr std::string_view secondsKey = "txtTime=";  // the same, as it is read
-constexpr std::string_view secondSoundKey = "txtAudio1=";
+bool isChimes(const std::string& sound) {
+    constexpr const char* chimes = "\\media\\chimes.wav";
+    return sound.ends_with(chimes);
+}
 
-// The entries of a list that is written as one line.
-Values entriesOf(const SettingsKey& key, const FrmNotify& form) {
-    Values entries;
-    if (key.key == recipientsKey) {
-        for (int i = 0; i < form.cboNotEmail.ListCount(); ++i) {
-            entries.push_back(form.cboNotEmail.List(i));
-        }
-        return entries;
+// What the start makes of a value that the file does hold, and of one that it doesn't.
+bool staysAtTheStart(const SettingsKey& key, const Forms& now, const SettingsSource& then) {
+    const Form1& back = then.forms.form1;
+    if (key.key == settings_keys::firstSound) return !now.form1.txtAudio[0].empty();
+    if (key.key == settings_keys::minimum) return isNumeric(back.txtSpace.Text(), then.regional);
+    if (key.key == settings_keys::security) {
+        return now.frmNotify.cboEncryption.Text() == then.forms.frmNotify.cboEncryption.Text();
     }
-    const ListBox& list = key.key == "notlstTime=" ? form.lstNotTime : form.lstNotContent;
-    for (int i = 0; i < list.ListCount(); ++i) {
-        if (list.Selected(i)) entries.push_back(list.List(i));
+    for (std::size_t i = 0; i < std::size(settings_keys::watchTimes); ++i) {
+        if (key.key != settings_keys::watchTimes[i] || now.form1.chkCustTime.ticked()) continue;
+        return now.form1.DTTime1[i].Value() == back.DTTime1[i].Value();
     }
-    return entries;
+    return true;
 }
 
-// The line ends that a value gains on its way are no part of it.
-Values valuesOf(const SettingsKey& key, const SettingsSource& from) {
-    Values values =
-        key.line == SettingsLine::run ? entriesOf(key, from.forms.frmNotify) : key.field.get(from);
-    for (std::string& value : values) value = withoutLineEnds(value);
-    return values;
+bool comesBack(const SettingsKey& key, const SettingsSource& now, const SettingsSource& then) {
+    // The ticks of the watch list never do; the seconds are named by the picker.
+    if (key.key == settings_keys::paths || key.key == settings_keys::seconds) return true;
+    const auto values = valuesOf(key, now);
+    if (key.key == settings_keys::secondSound) return isChimes(values[0]);
+    return values == valuesOf(key, then) && staysAtTheStart(key, now.forms, then);
 }
 
-bool anyHolds(const Values& values, std::string_view text) {
-    return std::any_of(values.begin(), values.end(),
-                       [&](const std::string& value) { return contains(value, text); });
+using WrittenLines = std::vector<WrittenLine>;
+
+// The line that holds a place of the text.
+WrittenLines::const_iterator lineAt(const WrittenLines& lines, std::size_t place) {
+    const auto isBehind = [](std::size_t at, const WrittenLine& line) { return at < line.place; };
+    return std::prev(std::upper_bound(std::next(lines.begin()), lines.end(), place, isBehind));
 }
 
-// A key in a value takes the line when it is tried before the line's own, which itself is cut out.
-std::string_view keyIn(const Values& values, const SettingsKey& own) {
-    for (const SettingsKey* key : settingsKeysToRead()) {
-        const auto searched = key->searched.empty() ? key->key : key->searched;
-        if (anyHolds(values, searched)) return searched;
-        if (key->key == own.key) break;
+// A blank line is passed over by the reader, and the others stay where they are.
+void blankOut(std::string& text, const WrittenLines& lines, WrittenLines::const_iterator line) {
+    const auto next = std::next(line);
+    const std::size_t end = next == lines.end() ? text.size() : next->place;
+    const std::size_t size = end - line->place - lineEnd.size();
+    text.replace(line->place, size, size, ' ');
+}
+
+// The key of the line at which a start would end, which is blank afterwards; empty when none does.
+std::string_view takeTrap(std::string& text, const WrittenLines& lines, const SettingsTarget& to) {
+    std::size_t place = 0;
+    try {
+        readSettings(text, to, place);
+    } catch (const RuntimeError&) {
+        const auto line = lineAt(lines, place);
+        blankOut(text, lines, line);
+        return line->key;
     }
     return {};
 }
 
-bool endsInBlank(const Values& values) {
-    return std::any_of(values.begin(), values.end(),
-                       [](const std::string& value) { return value.ends_with(' '); });
-}
-
-std::string adviceFor(const SettingsKey& key, const Values& values) {
-    if (key.key == intervalKey || key.key == secondsKey) {
-        return "Kept are 10 to 59 seconds, whole minutes up to 59 and whole hours, saved by hand "
-               "once the countdown has begun anew.";
-    }
-    if (key.key == secondSoundKey) return "It is the system's chimes after each start.";
-    if (key.line == SettingsLine::run && values.size() > 1) {
-        return key.key == recipientsKey ? "Keep one address." : "Tick one entry at most.";
-    }
-    if (anyHolds(values, "+")) return "Take \"+\" out of it.";
-    if (anyHolds(values, "\t")) return "Take the tab out of it.";
-    if (const auto found = keyIn(values, key); !found.empty()) {
-        return "Take \"" + std::string(found) + "\" out of it.";
-    }
-    return endsInBlank(values) ? "Take the blank from its end." : "Change it.";
-}
-
-std::string nameOf(const KeyWords& words) {
-    return std::string(words.words) + " (" + std::string(words.field) + ")";
-}
-
-SettingsHint hintFor(const SettingsKey& key, const Values& values, bool endsStart) {
-    const KeyWords words = wordsOf(key.key);
-    const std::string name = nameOf(words);
-    const std::string what = endsStart
-                                 ? "The next start would end at " + name
-                                 : "After the next start this is not as you saved it: " + name;
-    return {.field = std::string(words.field),
-            .text = what + ". " + adviceFor(key, values),
-            .endsStart = endsStart};
-}
-
-const SettingsKey* writtenKey(std::string_view name) {
-    for (const SettingsKey* key : settingsKeysToWrite()) {
-        if (key->key == name) return key;
-    }
-    return nullptr;
-}
-
-SettingsHint faultHint(std::string_view content, std::size_t place, const SettingsSource& from) {
-    const SettingsKey* key = writtenKey(keyOfLineAt(content, place));
-    if (key != nullptr) return hintFor(*key, valuesOf(*key, from), true);
-    return {.field = "",
-            .text = "The next start would end at line " +
-                    std::to_string(lineNumberAt(content, place)) + " of the settings file.",
-            .endsStart = true};
-}
-
-bool isCompared(const SettingsKey& key) {
-    // Ticks of the watch list never come back; whether a sound exists is for the start to ask.
-    return key.key != "path=" && key.key != "txtAudio0=" && key.key != secondSoundKey &&
-           key.key != secondsKey;
-}
-
-bool isLostSound(const SettingsKey& key, const Values& values) {
-    constexpr const char* chimes = "\\media\\chimes.wav";
-    return key.key == secondSoundKey && !values[0].empty() && !values[0].ends_with(chimes);
-}
-
 // The check that follows the reading: error 13 without an interval.
-void readAsAStart(std::string_view content, const SettingsTarget& to, std::size_t& place) {
-    readSettings(content, to, place);
-    place = content.size();
-    toDouble(to.forms.form1.txtTime.Text(), to.platform.regional);
+bool hasInterval(const Forms& forms, const Regional& regional) {
+    return isNumeric(forms.form1.txtTime.Text(), regional);
 }
 
 }  // namespace
 
-SettingsHint unwritable(std::string_view key, int number, bool isAllKept) {
-    const KeyWords words = wordsOf(key);
-    const std::string what =
-        isAllKept ? "The settings were not saved" : "The settings were only saved up to here";
-    return {.field = std::string(words.field),
-            .text = what + ": " + nameOf(words) + " " + whyUnwritable(number) + ". Change it.",
-            .isSaved = false};
-}
-
-std::vector<SettingsHint> readBack(std::string_view content, const Forms& forms, Platform& platform,
-                                   Host& host) {
-    Forms back;
+std::vector<Hint> readBack(std::string_view content, const std::vector<WrittenLine>& lines,
+                           const Forms& forms, Platform& platform, Host& host) {
     const SettingsSource now{.forms = forms, .regional = platform.regional, .host = host};
-    const SettingsSource then{.forms = back, .regional = platform.regional, .host = host};
-    std::size_t place = 0;
-    try {
-        readAsAStart(content, {.forms = back, .platform = platform, .rehearses = true}, place);
-    } catch (const RuntimeError&) {
-        return {faultHint(content, place, now)};
+    std::vector<Hint> hints;
+    std::set<std::string_view> named;
+    const auto name = [&](const SettingsKey& key, bool endsStart) {
+        if (!named.insert(wordsOf(key.key).field).second) return;
+        hints.push_back(hintFor(key, valuesOf(key, now), endsStart));
+    };
+    std::string text(content);
+    auto back = std::make_unique<Forms>();
+    const auto trap = [&] {
+        return takeTrap(text, lines, {.forms = *back, .platform = platform, .rehearses = true});
+    };
+    for (auto key = trap(); !key.empty(); key = trap()) {
+        name(writtenKey(key), true);
+        back = std::make_unique<Forms>();
     }
-    std::vector<SettingsHint> hints;
+    if (!hasInterval(*back, platform.regional)) name(writtenKey(settings_keys::seconds), true);
+    const SettingsSource then{.forms = *back, .regional = platform.regional, .host = host};
     for (const SettingsKey* key : settingsKeysToWrite()) {
-        const Values values = valuesOf(*key, now);
-        const bool isChanged =
-            isCompared(*key) ? values != valuesOf(*key, then) : isLostSound(*key, values);
-        if (isChanged) hints.push_back(hintFor(*key, values, false));
+        if (!comesBack(*key, now, then)) name(*key, false);
     }
     return hints;
 }

@@ -48,7 +48,8 @@ struct ListsRig {
                              .alerts = alerts,
                              .systemActions = systemActions,
                              .alertDialog = dialog,
-                             .stayOnTop = onTop}};
+                             .stayOnTop = onTop,
+                             .hints = forms.hints}};
 
     ListsRig() {
         machine.drives["C:"] = {1e9, 2e9};

@@ -10,6 +10,10 @@ const std::string binQuestion =
     "Do you want to delete files or put in recycle bin? Yes = Recycle Bin, No = Permanent Deletion";
 
 struct ManualDeleteTest : testing::Test, ListsRig {
+    ManualDeleteTest() {
+        forms.hints.Said.connect([this](const Hint& hint) { hints.push_back(hint); });
+    }
+    std::vector<Hint> hints;
     void remove() { form1.cmdDelete.userClick(); }
     void removeAll(std::deque<BoxAnswer> answers) {
         host.answers = std::move(answers);
@@ -385,10 +389,17 @@ TEST_F(ManualDeleteTest, AMissingFileWithAnEmptyBoxEndsTheRunOfAll) {
     EXPECT_EQ(machine.files.size(), 1u);
     EXPECT_TRUE(alertRows().empty());
     const std::string reason =
-        "\"Delete All\" ends here: the box of files is empty, so that no entry can be removed with "
-        "the row. Remove the row, then start again.";
+        "\"Delete All\" ends at a file that is missing: the box of files (cboFile) is empty, so "
+        "that "
+        "no entry can be removed with the row. Remove the row, then start again.";
     EXPECT_EQ(host.boxes.back().detail, reason);
-    EXPECT_EQ(host.notes, Texts{"C:\\gone: " + reason});
+    EXPECT_EQ(
+        hints,
+        (std::vector<Hint>{{.field = "cboFile", .text = reason, .about = HintAbout::working}}));
+    EXPECT_TRUE(host.notes.empty()) << "the console says the hint";
+    removeAll({BoxAnswer::no});
+    EXPECT_EQ(hints.size(), 1u) << "once a start";
+    EXPECT_EQ(host.boxes.back().detail, reason);
 }
 
 TEST_F(ManualDeleteTest, AMissingFileIsDroppedWithoutAReasonWhileTheBoxHasEntries) {
@@ -401,7 +412,7 @@ TEST_F(ManualDeleteTest, AMissingFileIsDroppedWithoutAReasonWhileTheBoxHasEntrie
     EXPECT_EQ(said(), (Texts{binQuestion, "file does not exits: C:\\gone 2",
                              "file does not exits: C:\\gone 1"}));
     EXPECT_EQ(host.boxes[1].detail, "");
-    EXPECT_EQ(host.notes.size(), 1u);
+    EXPECT_EQ(hints.size(), 1u);
     EXPECT_EQ(tags(), Texts{"C:\\gone 1"});
     EXPECT_TRUE(machine.files.empty());
 }

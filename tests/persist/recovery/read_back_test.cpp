@@ -10,7 +10,9 @@ struct ReadBackTest : testing::Test, SettingsRig {
     ReadBackTest() {
         form1.txtTime.setText("60");
         form1.DTPInterval.setMinute(1);
-        settings.Hinted.connect([this](const SettingsHint& hint) { hints.push_back(hint); });
+        form1.txtSpace.setText("50000");
+        for (TextBox& sound : form1.txtAudio) sound.setText("C:\\Windows\\media\\chimes.wav");
+        forms.hints.Said.connect([this](const Hint& hint) { hints.push_back(hint); });
     }
 
     /// Saves; the fields that were hinted at, those that would end the start with a "!".
@@ -18,7 +20,7 @@ struct ReadBackTest : testing::Test, SettingsRig {
         hints.clear();
         write();
         Lines fields;
-        for (const SettingsHint& hint : hints) {
+        for (const Hint& hint : hints) {
             fields.push_back(hint.field + (hint.endsStart ? "!" : ""));
         }
         return fields;
@@ -31,7 +33,7 @@ struct ReadBackTest : testing::Test, SettingsRig {
     bool advises(const std::string& words) {
         return hints.size() == 1 && contains(hints[0].text, words);
     }
-    std::vector<SettingsHint> hints;
+    std::vector<Hint> hints;
 };
 
 TEST_F(ReadBackTest, SettingsThatComeBackGiveNoHint) {
@@ -80,6 +82,44 @@ TEST_F(ReadBackTest, AMessageThatHoldsAKeyIsNamed) {
     notify.txtCustMsg.setText("our custtime=late");
     EXPECT_EQ(save(), Lines{"frmNotify.txtCustMsg!"});
     EXPECT_TRUE(advises("Take \"custtime=\" out of it."));
+    EXPECT_EQ(nextStart(), error::typeMismatch);
+}
+
+TEST_F(ReadBackTest, EachTrapIsNamed) {
+    notify.txtPass.setText("abc+!def");
+    notify.lstNotTime.setSelected(1, true);
+    notify.lstNotTime.setSelected(3, true);
+    notify.txtCustMsg.setText("our custtime=late");
+    EXPECT_EQ(save(),
+              (Lines{"frmNotify.txtPass!", "frmNotify.lstNotTime!", "frmNotify.txtCustMsg!"}));
+    EXPECT_TRUE(contains(hints[0].text, "Take \"+\" out of it."));
+    EXPECT_TRUE(contains(hints[1].text, "Tick one entry at most."));
+    EXPECT_TRUE(contains(hints[2].text, "Take \"custtime=\" out of it."));
+}
+
+TEST_F(ReadBackTest, WhatComesBackChangedIsNamedBehindTheTraps) {
+    notify.txtMailSubj.setText("one+two");
+    notify.lstNotTime.setSelected(1, true);
+    notify.lstNotTime.setSelected(3, true);
+    EXPECT_EQ(save(), (Lines{"frmNotify.lstNotTime!", "frmNotify.txtMailSubj"}));
+}
+
+TEST_F(ReadBackTest, ATrapBehindATabIsNamedByItsField) {
+    notify.txtPass.setText("a\tcusttime=x");
+    EXPECT_EQ(save(), Lines{"frmNotify.txtPass!"});
+    EXPECT_TRUE(advises("Take the tab out of it."));
+}
+
+TEST_F(ReadBackTest, AMissingIntervalIsNoReasonToSearchNoFurther) {
+    form1.txtTime.setText("");
+    notify.lstNotContent.setSelected(1, true);
+    notify.lstNotContent.setSelected(3, true);
+    EXPECT_EQ(save(), (Lines{"DTPInterval!", "frmNotify.lstNotContent!"}));
+}
+
+TEST_F(ReadBackTest, AnIntervalWhoseLineAnotherKeyTakesIsNamed) {
+    form1.txtTime.setText("7 minspace=60");
+    EXPECT_EQ(save(), Lines{"DTPInterval!"});
     EXPECT_EQ(nextStart(), error::typeMismatch);
 }
 
@@ -141,6 +181,56 @@ TEST_F(ReadBackTest, TheSecondSoundIsNamedOnlyWhereOneIsLost) {
     EXPECT_EQ(save(), Lines{"txtAudio(1)"});
 }
 
+TEST_F(ReadBackTest, AMinimumThatTheStartAsksForIsNamed) {
+    form1.txtSpace.setText("");
+    EXPECT_EQ(save(), Lines{"txtSpace"});
+    EXPECT_TRUE(advises("Without a number the start asks for one and takes 1."));
+}
+
+TEST_F(ReadBackTest, AMinimumThatIsNoNumberIsNamedToo) {
+    form1.txtSpace.setText("much");
+    EXPECT_EQ(save(), Lines{"txtSpace"});
+}
+
+TEST_F(ReadBackTest, AnEmptySoundIsNamed) {
+    form1.txtAudio[0].setText("");
+    EXPECT_EQ(save(), Lines{"txtAudio(0)"});
+    EXPECT_TRUE(advises("Without a file it is the system's chimes after each start."));
+    form1.txtAudio[0].setText("C:\\ring.wav");
+    form1.txtAudio[1].setText("");
+    EXPECT_EQ(save(), Lines{"txtAudio(1)"});
+}
+
+TEST_F(ReadBackTest, ASoundThatTheFileCutsIsNamed) {
+    form1.txtAudio[0].setText("C:\\a+b.wav");
+    EXPECT_EQ(save(), Lines{"txtAudio(0)"});
+    EXPECT_TRUE(advises("Take \"+\" out of it."));
+}
+
+TEST_F(ReadBackTest, TimesThatAreNotSavedAreNamedWhenTheyDiffer) {
+    form1.DTTime1[0].setHour(9);
+    EXPECT_EQ(save(), Lines{"DTTime1(0)"});
+    EXPECT_TRUE(advises("only while the custom watch time (chkCustTime) is ticked"));
+    form1.DTTime1[1].setHour(18);
+    form1.chkCustTime.setValue(1);
+    EXPECT_EQ(save(), Lines{});
+    form1.chkCustTime.setValue(0);
+    EXPECT_EQ(save(), Lines{"DTTime1(1)"}) << "the first one was named before";
+}
+
+TEST_F(ReadBackTest, AnEncryptionThatHasNoLineIsNamed) {
+    notify.cboEncryption.setText("no such thing!");
+    EXPECT_EQ(save(), Lines{"frmNotify.cboEncryption"});
+    EXPECT_TRUE(advises("Change it."));
+}
+
+TEST_F(ReadBackTest, AFieldThatAnotherOnesValueChangesIsNamed) {
+    notify.txtMailSubj.setText("notEmail=b");
+    EXPECT_EQ(save(), (Lines{"frmNotify.txtYourEmail", "frmNotify.txtMailSubj"}));
+    EXPECT_TRUE(contains(hints[0].text, "Change it."));
+    EXPECT_TRUE(contains(hints[1].text, "Take \"notEmail=\" out of it."));
+}
+
 TEST_F(ReadBackTest, EachFieldIsNamedOnceAStart) {
     notify.txtMailSubj.setText("one+two");
     EXPECT_EQ(save().size(), 1u);
@@ -162,6 +252,10 @@ TEST_F(ReadBackTest, TheSaveItselfIsWhatItAlwaysWas) {
     SettingsRig other;
     other.form1.txtTime.setText("60");
     other.form1.DTPInterval.setMinute(1);
+    other.form1.txtSpace.setText("50000");
+    for (std::size_t i = 0; i < 2; ++i) {
+        other.form1.txtAudio[i].setText(form1.txtAudio[i].Text());
+    }
     other.notify.txtMailSubj.setText("one+two");
     other.notify.lstNotTime.setSelected(1, true);
     other.notify.lstNotTime.setSelected(3, true);
