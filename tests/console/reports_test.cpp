@@ -106,6 +106,18 @@ TEST_F(ConsoleReports, ABootSectorIsShownWithItsDump) {
     EXPECT_NE(fields.find(R"("First 512 Bytes of partition":"00 00 00 4E)"), std::string::npos);
 }
 
+TEST_F(ConsoleReports, TheInformationBlockOfFat32FollowsAtItsPlace) {
+    std::string disk(2048, '\0');
+    disk[48] = 2;  // not as a number of a sector: the reader's position is in bytes
+    disk[2 + 488] = 17;
+    disk[2 + 492] = 18;
+    machine.rawVolumes.volumes["C:"] = {.bytes = disk, .fileSystem = "FAT32"};
+    const std::string block = "Last known free cluster: 17\nStarting free cluster: 18\n";
+    EXPECT_NE(run("report bootsector C:").find(block), std::string::npos);
+    machine.rawVolumes.volumes["C:"].fileSystem = "FAT";
+    EXPECT_EQ(run("report bootsector C:").find("free cluster"), std::string::npos);
+}
+
 TEST_F(ConsoleReports, ADriveThatCannotBeReadIsAnErrorWithItsReason) {
     machine.rawVolumes.reason = "no right to read it";
     EXPECT_EQ(run("report bootsector C:"),

@@ -313,10 +313,11 @@ TEST_F(DriveInfoTest, AFailingOpenUnloadsTheDialog) {
 }
 
 TEST_F(DriveInfoTest, ALoadedDialogIsNew) {
-    machine.rawVolumes.volumes["C:"].bytes = std::string(512, 'x');
+    machine.rawVolumes.volumes["C:"] = {.bytes = std::string(512, 'x'), .fileSystem = "NTFS"};
     form.Show();
     form.Combo1.userChoose(3);
     form.cmdEnter.userClick();
+    EXPECT_GT(form.lvInfo.Count(), 0);
     form.cmdOK.userClick();
     form.Show();
     EXPECT_EQ(form.Combo1.ListIndex(), 0);
