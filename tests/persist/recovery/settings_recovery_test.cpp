@@ -56,6 +56,11 @@ TEST_F(RecoveryTest, TheLineIsThatInWhichTheTroubleBegan) {
               "frmNotify.lstNotTime).");
 }
 
+TEST_F(RecoveryTest, TheFirstLineIsNamedToo) {
+    EXPECT_EQ(lineOfFault(fileOf({"chkLog=x", "txtTime=60"})),
+              "Line 1 can't be read: chkLog= (Show Log, chkLog).");
+}
+
 TEST_F(RecoveryTest, ALineWithoutAKeyHasItsNumber) {
     EXPECT_EQ(lineOfFault(fileOf({"txtTime=60"}) + std::string("\0\r\n", 3)),
               "Line 2 can't be read.");
