@@ -105,7 +105,7 @@ UniqueFd acceptFrom(int socket) {
 }  // namespace
 
 std::string displayOfSession() {
-    const std::string wayland = environmentOf("WAYLAND_DISPLAY");
+    std::string wayland = environmentOf("WAYLAND_DISPLAY");
     if (!wayland.empty()) return wayland;
     const std::string display = environmentOf("DISPLAY");
     // ":0.1" is another screen of ":0".
