@@ -49,8 +49,8 @@ class Program {
 
     std::string written() {
         std::string text;
-        std::string_view key;
-        appendSettings(text, forms, machine.platform().regional, host, key);
+        std::vector<WrittenLine> lines;
+        appendSettings(text, forms, machine.platform().regional, host, lines);
         return text;
     }
 

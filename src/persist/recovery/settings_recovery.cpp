@@ -45,7 +45,7 @@ std::optional<std::string> SettingsRecovery::present(const std::string& file) {
 }
 
 std::string SettingsRecovery::keepFirst(const std::string& content, const std::string& file) {
-    const std::string kept = copies_.keepReplaced(content);
+    std::string kept = copies_.keepReplaced(content);
     if (kept.empty()) {
         throw RuntimeError(error::pathFileAccess,
                            notPutBack(file, copies_.placeOfReplaced() + " can't be written"));
