@@ -23,7 +23,13 @@ start_wine() {
     wine_started=yes
     rm -f "$WINEPREFIX/known-surroundings"
     # A prefix without this file is incomplete.
-    [[ ! -f $WINEPREFIX/made ]] || return 0
+    [[ -f $WINEPREFIX/made ]] || make_prefix || return 1
+    # Until it is told to end: one that ends by itself between two programs can take the second
+    # one with it.
+    "$wineserver" -p </dev/null >/dev/null 2>&1 || true
+}
+
+make_prefix() {
     rm -rf "$WINEPREFIX"
     say "Making a Wine prefix"
     timeout 300 "$wine" wineboot -i </dev/null >"$root/build/wineboot.log" 2>&1 &&
