@@ -75,8 +75,9 @@ class Steps:
         self.assertIsNone(self.program.process.poll())
         self.end()
 
-    def started_beside(self, *arguments, errors=None):
-        """One more start, once a second window with the program's title is there."""
+    def started_beside(self, *arguments, errors=None, windows=1):
+        """One more start, once so many more windows with the program's title are there, and the
+        smallest of them."""
         screen = desktop.shared()
         environment = {**os.environ, **screen.environment, "HOME": str(self.folder),
                        "XDG_RUNTIME_DIR": str(self.folder)}
@@ -87,8 +88,12 @@ class Steps:
                                    env=environment, stdin=subprocess.DEVNULL, stderr=noise)
         self.addCleanup(program.wait)
         self.addCleanup(program.kill)
-        new = wait_for(lambda: set(screen.windows(window.TITLE)) - before, "one more window")
-        return program, desktop.Window(screen, new.pop())
+
+        def new():
+            found = set(screen.windows(window.TITLE)) - before
+            return found if len(found) >= windows else None
+        shown = [desktop.Window(screen, each) for each in wait_for(new, f"{windows} more windows")]
+        return program, min(shown, key=lambda each: each.size()[1])
 
     def test_putting_settings_back_beside_a_running_program_is_refused(self):
         self.start(QUIET)
@@ -106,7 +111,8 @@ class Steps:
 
     def test_a_start_beside_one_that_has_failed_is_a_program_of_its_own(self):
         self.settings.write_bytes(b"")
-        first, box = self.started_beside()
+        # The box of the failure, over the main window.
+        first, box = self.started_beside(windows=2)
         self.settings.write_bytes(QUIET)
         second, _ = self.started_beside("--single")
         self.assertIsNone(second.poll())
