@@ -322,9 +322,7 @@ void Commands::answer(Words& words) {
 void Commands::wait(Words& words) {
     const std::string span = words.next();
     if (lowerCase(span) == "until") {
-        Words alert = words;
-        if (!alert.atEnd() && lowerCase(alert.next()) == "alert" && !alert.atEnd())
-            return waitUntilAlert(alert.value());
+        if (words.take("alert")) return waitUntilAlert(words.value());
         return waitUntil(words.value());
     }
     words.end();

@@ -17,25 +17,29 @@ std::string nameOf(const Forms& forms, const Control& control) {
     return isMain ? control.fullName() : control.form().Name() + "." + control.fullName();
 }
 
-// "*" stands for any characters, "?" for one.
+// "*" stands for any characters, "?" for one. Only the last star is tried anew: the characters that
+// an earlier one could take, the last can take too.
 bool matches(std::string_view name, std::string_view pattern) {
-    if (pattern.empty()) return name.empty();
-    if (pattern.front() == '*') {
-        const std::string_view rest = pattern.substr(1);
-        return matches(name, rest) || (!name.empty() && matches(name.substr(1), pattern));
+    constexpr auto none = std::string_view::npos;
+    std::size_t at = 0;
+    std::size_t in = 0;
+    std::size_t star = none;
+    std::size_t taken = 0;
+    while (at < name.size()) {
+        if (in < pattern.size() && pattern[in] == '*') {
+            star = in++;
+            taken = at;
+        } else if (in < pattern.size() && (pattern[in] == '?' || pattern[in] == name[at])) {
+            ++in;
+            ++at;
+        } else if (star != none) {
+            in = star + 1;
+            at = ++taken;
+        } else {
+            return false;
+        }
     }
-    const bool isSame =
-        !name.empty() && (pattern.front() == '?' || pattern.front() == name.front());
-    return isSame && matches(name.substr(1), pattern.substr(1));
-}
-
-// Several "*" side by side say no more than one, and would be tried in every combination.
-std::string withoutRepeatedStars(const std::string& pattern) {
-    std::string all;
-    for (const char c : pattern) {
-        if (c != '*' || !all.ends_with('*')) all += c;
-    }
-    return all;
+    return pattern.find_first_not_of('*', in) == none;
 }
 
 bool isWanted(const std::string& name, const std::string& words, const std::string& pattern) {
@@ -67,7 +71,7 @@ std::string wordsOf(const Control& control) {
 }  // namespace
 
 Report fieldList(Forms& forms, const std::string& pattern) {
-    const std::string wanted = withoutRepeatedStars(lowerCase(pattern));
+    const std::string wanted = lowerCase(pattern);
     Report report{.fields = Control::Table()};
     for (Form* form : forms.all()) {
         for (Control* control : form->controls()) {

@@ -10,7 +10,7 @@ namespace velmora::console {
 
 /// The fields whose name or words contain the pattern, in any letter case; all of them for an empty
 /// one. A pattern with "*" or "?" is compared with the whole name. A line each: the name as `get`
-/// takes it, the value, the words. A password is shown as dots.
+/// takes it, the value, the words. A password is shown as stars.
 Report fieldList(Forms& forms, const std::string& pattern);
 
 }  // namespace velmora::console

@@ -39,6 +39,15 @@ void Words::skipBlanks() {
     while (!rest_.empty() && isBlank(rest_.front())) rest_.remove_prefix(1);
 }
 
+bool Words::take(std::string_view word) {
+    const std::string_view first = rest_.substr(0, rest_.find_first_of(" \t"));
+    const bool isLast = rest_.find_first_not_of(" \t", first.size()) == std::string_view::npos;
+    if (isLast || lowerCase(first) != word) return false;
+    rest_.remove_prefix(first.size());
+    skipBlanks();
+    return true;
+}
+
 std::string Words::next() {
     if (rest_.empty()) throw CommandError("something is missing at the end of the line");
     std::string word;

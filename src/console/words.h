@@ -27,6 +27,9 @@ class Words {
     bool atEnd() const { return rest_.empty(); }
     /// The next word without its quotes; CommandError when there is none or a quote isn't closed.
     std::string next();
+    /// Takes the next word off when it is this one, without quotes and in any letter case, and more
+    /// follows it.
+    bool take(std::string_view word);
     /// All that is left, as one value: the rest of the line unchanged, or decoded when it is of the
     /// form $"...". May be empty.
     std::string value();

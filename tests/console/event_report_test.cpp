@@ -75,9 +75,18 @@ TEST_F(EventReportTest, AWaitForAnAlertPassesOverAPanelThatSaysTheSame) {
     EXPECT_EQ(slept, 606'000);
 }
 
+TEST_F(EventReportTest, AWaitTakesItsTextAsItStands) {
+    form1.StatusBar1.setPanelText(2, "say \"alert\"x and alert here");
+    for (const char* text : {"\"alert\"x and", "\"alert", "$\"alert here\""}) {
+        EXPECT_TRUE(run("wait until " + std::string(text)).ends_with("ok\n")) << text;
+    }
+    EXPECT_EQ(slept, 0);
+}
+
 TEST_F(EventReportTest, AWaitForTheWordAlertAloneIsForAText) {
-    form1.StatusBar1.setPanelText(2, "no alert");
+    form1.StatusBar1.setPanelText(2, "no alert\t");
     EXPECT_TRUE(run("wait until alert").ends_with("ok\n"));
+    EXPECT_TRUE(run("wait until alert\t").ends_with("ok\n"));
     EXPECT_EQ(slept, 0);
 }
 

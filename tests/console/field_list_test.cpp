@@ -55,7 +55,12 @@ TEST_F(FieldListTest, AStarStandsForAnyCharactersAndAQuestionMarkForOne) {
     EXPECT_EQ(found("lblDP(*)"), "lblDP(0) lblDP(1) lblDP(2) lblDP(3) lblDP(4)");
     EXPECT_EQ(found("txtam*"), "txtAmt");
     EXPECT_EQ(found("tam*"), "");
-    // Each star more would try every combination.
+    EXPECT_EQ(found("t*t*a?t"), "txtAmt");
+    EXPECT_EQ(found("*fy.*t*mt*"), "frmNotify.txtCustEvtAmt");
+    // Not in every combination.
+    std::string many;
+    for (int i = 0; i < 40; ++i) many += "*?";
+    EXPECT_EQ(found(many + "!"), "");
     EXPECT_EQ(found(std::string(2000, '*') + "!"), "");
 }
 

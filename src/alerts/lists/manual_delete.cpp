@@ -13,9 +13,8 @@ namespace velmora {
 namespace {
 
 constexpr const char* whyAllEnds =
-    "\"Delete All\" ends at a file that is missing: the box of files (cboFile) is empty, so that "
-    "no "
-    "entry can be removed with the row. Remove the row, then start again.";
+    "\"Delete All\" ends at a file that is missing: the box of files (cboFile) is empty, so "
+    "that no entry can be removed with the row. Remove the row, then start again.";
 
 bool isAccessError(const RuntimeError& failure) {
     return failure.number() == error::permissionDenied || failure.number() == error::pathFileAccess;
