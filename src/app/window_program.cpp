@@ -55,8 +55,14 @@ void WindowProgram::load() {
     hand_.does([this] {
         start();
         places_.afterStart();
-        if (machine_.platform().app.Options.minimized)
-            forms_.form1.setState(WindowState::minimised);
+    });
+    if (machine_.platform().app.Options.minimized) minimiseOnceShown();
+}
+
+// Its first showing brings the window in front.
+void WindowProgram::minimiseOnceShown() {
+    QTimer::singleShot(0, &keepPlaces_, [this] {
+        hand_.does([this] { forms_.form1.setState(WindowState::minimised); });
     });
 }
 

@@ -56,6 +56,7 @@ class WindowProgram {
   private:
     void start();
     void offerSettings();
+    void minimiseOnceShown();
     void answerIcon(const std::string& form, int message);
     void keepPlacesSoon();
 

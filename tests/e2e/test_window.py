@@ -172,7 +172,23 @@ class Steps:
 
 
 class Native(Steps, window.OwnNative, unittest.TestCase):
-    pass
+    def test_it_begins_minimised_when_asked_and_a_later_start_shows_it(self):
+        self.settings.write_bytes(QUIET)
+        screen = desktop.shared()
+        environment = {**os.environ, **screen.environment, "HOME": str(self.folder),
+                       "XDG_RUNTIME_DIR": str(self.folder)}
+        environment.pop("QT_QPA_PLATFORM", None)
+        first = subprocess.Popen([str(self.copy), "--minimized"], env=environment,
+                                 stdin=subprocess.DEVNULL)
+        self.addCleanup(first.wait)
+        self.addCleanup(first.kill)
+        wait_for((self.state / "windows").exists, "the end of the start, and its place kept")
+        self.assertEqual(screen.windows(window.TITLE), [])
+        second = subprocess.run([str(self.copy), "--single"], env=environment, check=False,
+                                stdin=subprocess.DEVNULL, timeout=desktop.PATIENCE)
+        self.assertEqual(second.returncode, 0)
+        wait_for(lambda: screen.windows(window.TITLE), "the window")
+        self.assertIsNone(first.poll())
 
 
 class Windows(Steps, window.OwnWindows, unittest.TestCase):
