@@ -6,6 +6,7 @@
 #include "app/console_program.h"
 #include "app/end_request.h"
 #include "app/option_answers.h"
+#include "app/service_manager.h"
 #include "app/streams.h"
 
 namespace {
@@ -24,7 +25,8 @@ int runOn(velmora::Machine& machine) {
                                          .output = std::cout,
                                          .sleep = sleep,
                                          .isReaderGone = velmora::isReaderGone,
-                                         .isEndRequested = velmora::isEndRequested});
+                                         .isEndRequested = velmora::isEndRequested,
+                                         .manager = velmora::serviceManagerOfProcess()});
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <istream>
 #include <ostream>
 
+#include "app/service_manager.h"
 #include "console/output.h"
 #include "console/waiting.h"
 #include "platform/platform.h"
@@ -21,6 +22,8 @@ struct ConsoleStreams {
     console::Output::IsReaderGone isReaderGone = [] { return true; };
     /// Asked under --watch: whether the program is to end.
     std::function<bool()> isEndRequested = [] { return false; };
+    /// Told under --watch.
+    ServiceManager manager = {};
 };
 
 /// Runs until the input or the script ends, the program does, or, under --watch, somebody asks for
