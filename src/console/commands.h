@@ -65,6 +65,7 @@ class Commands {
     void waitUntilAlert(const std::string& text);
     std::vector<std::string> names() const;
     ListView& listView(const std::string& name);
+    int rowOf(const ListView& list, const std::string& which) const;
 
     Forms& forms_;
     ConsoleHost& host_;
