@@ -1,0 +1,136 @@
+"""The Debian package installed, used by people, upgraded, removed and purged, in a root of its own."""
+
+import shutil
+import tempfile
+import unittest
+
+import debian_package as debian
+from private_root import PrivateRoot
+
+USERS = ("anna", "bert")
+
+# What dpkg and its triggers keep for themselves.
+OTHERS = ("/var/lib/dpkg", "/var/log", "/var/cache", "/var/lib/systemd", "/usr/share/applications/mimeinfo.cache",
+          "/usr/share/icons/hicolor/icon-theme.cache")
+
+DATA = ".local/share/velmora"
+
+
+class Installed(unittest.TestCase):
+    """One root for all tests of the class, with the package in it."""
+
+    @classmethod
+    def setUpClass(cls):
+        debian.needs_package()
+        cls.root = PrivateRoot()
+        cls.addClassCleanup(cls.root.close)
+        cls.folder = tempfile.mkdtemp(prefix="velmora-deb-", dir="/tmp")
+        cls.addClassCleanup(shutil.rmtree, cls.folder)
+        for user in USERS:
+            cls.root.run("useradd", "--create-home", user)
+        cls.before = cls.root.files()
+        # Bind mounts of a container lie over some files; dpkg must not meet them.
+        cls.install(debian.package())
+
+    @classmethod
+    def install(cls, package):
+        copy = shutil.copy(package, cls.folder)
+        cls.root.run("dpkg", "--install", copy)
+
+    def as_user(self, user, *words, **options):
+        return self.root.run("runuser", "-u", user, "--", "env", "-u", "XDG_DATA_HOME", "-u", "XDG_STATE_HOME",
+                             "-u", "XDG_CONFIG_HOME", f"HOME=/home/{user}", *words, **options)
+
+    def console(self, user, *lines, options=()):
+        """What the console prints for these lines."""
+        return self.as_user(user, "velmora-console", *options, input="\n".join([*lines, ""])).stdout
+
+    def data(self, user, name=""):
+        return self.root.file(f"/home/{user}/{DATA}/{name}")
+
+
+class Use(Installed):
+    def test_the_programs_are_in_the_search_path(self):
+        for name in ("velmora", "velmora-console"):
+            printed = self.as_user("anna", "env", "QT_QPA_PLATFORM=offscreen", name, "--version").stdout
+            self.assertEqual(printed.strip(), f"{name} {debian.field('Version')}")
+
+    def test_the_manual_page_is_found(self):
+        debian.needs_tool("man")
+        for name in ("velmora", "velmora-console"):
+            self.assertEqual(self.as_user("anna", "man", "--where", name).stdout.strip(),
+                             f"/usr/share/man/man1/{name}.1.gz")
+
+    def test_the_settings_lie_in_the_users_own_folder_which_nobody_else_can_read(self):
+        installed = self.root.file("/usr/lib/velmora/set.dat").read_bytes()
+        self.console("anna", "set txtSpace.Text 4711", "click Command8")
+        folder = self.data("anna")
+        self.assertEqual(oct(folder.stat().st_mode & 0o7777), oct(0o700))
+        self.assertNotEqual((folder / "set.dat").read_bytes(), installed)
+        self.assertEqual(self.root.file("/usr/lib/velmora/set.dat").read_bytes(), installed)
+        self.assertIn("\n4711\n", self.console("anna", "get txtSpace"))
+
+    def test_two_users_share_nothing(self):
+        self.console("anna", "set txtSpace.Text 4711", "click Command8")
+        self.assertIn("\n50000\n", self.console("bert", "get txtSpace"))
+        self.console("bert", "set txtSpace.Text 42", "click Command8")
+        self.assertIn("\n4711\n", self.console("anna", "get txtSpace"))
+        refused = self.as_user("bert", "cat", f"/home/anna/{DATA}/set.dat", check=False)
+        self.assertIn("Permission denied", refused.stderr)
+
+    def test_the_window_starts_for_a_user(self):
+        # It ends when its time is up: 124 says so.
+        done = self.as_user("bert", "env", "QT_QPA_PLATFORM=offscreen", "timeout", "10", "velmora",
+                            "--keep-running", "--single", check=False)
+        self.assertEqual((done.returncode, done.stderr), (124, ""))
+        self.assertTrue(self.data("bert", "set.dat").exists())
+
+
+class Units(Installed):
+    def test_systemd_takes_both(self):
+        debian.needs_tool("systemd-analyze")
+        unit = "/usr/lib/systemd/{}/velmora.service"
+        done = self.root.run("systemd-analyze", "verify", unit.format("system"))
+        self.assertEqual(done.stderr, "")
+        done = self.root.run("env", "XDG_RUNTIME_DIR=/run", "systemd-analyze", "--user", "verify",
+                             unit.format("user"))
+        self.assertEqual(done.stderr, "")
+
+    def test_neither_is_enabled(self):
+        links = self.root.shell("find /etc/systemd /run/systemd -name 'velmora*' 2>/dev/null || true")
+        self.assertEqual(links, "")
+
+
+class Life(Installed):
+    """From the installation to the purge."""
+
+    def test_an_upgrade_keeps_the_settings_and_a_purge_leaves_nothing(self):
+        self.console("anna", "set txtSpace.Text 4711", "click Command8")
+        saved = self.data("anna", "set.dat").read_bytes()
+        self.root.shell("mkdir -p /var/lib/velmora && cp /usr/lib/velmora/set.dat /var/lib/velmora/")
+        # As "systemctl enable" does.
+        enabled = "/etc/systemd/system/multi-user.target.wants/velmora.service"
+        self.root.run("ln", "-s", "/usr/lib/systemd/system/velmora.service", enabled)
+
+        later = debian.later_version(self.folder, debian.field("Version") + "+1")
+        self.install(later)
+        self.assertIn(debian.field("Version") + "+1",
+                      self.root.run("dpkg-query", "-W", "-f", "${Version}", "velmora").stdout)
+        self.assertEqual(self.data("anna", "set.dat").read_bytes(), saved)
+        self.assertIn("\n4711\n", self.console("anna", "get txtSpace"))
+        self.assertTrue(self.root.file("/var/lib/velmora/set.dat").exists())
+
+        self.root.run("dpkg", "--remove", "velmora")
+        self.assertNotIn("/usr/lib/velmora", self.root.files())
+        self.assertTrue(self.root.file("/var/lib/velmora/set.dat").exists())
+        self.assertTrue(self.root.file(enabled).is_symlink())
+
+        self.root.run("dpkg", "--purge", "velmora")
+        left = {path for path in self.root.files() - self.before
+                if not path.startswith((*OTHERS, "/home/"))}
+        self.assertEqual(left, set())
+        self.assertEqual(self.data("anna", "set.dat").read_bytes(), saved)
+
+
+if __name__ == "__main__":
+    unittest.main()
