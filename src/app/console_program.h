@@ -6,6 +6,7 @@
 #include <istream>
 #include <ostream>
 
+#include "app/line_editor.h"
 #include "app/service_manager.h"
 #include "console/output.h"
 #include "console/waiting.h"
@@ -22,6 +23,8 @@ struct ConsoleStreams {
     console::Output::IsReaderGone isReaderGone = [] { return true; };
     /// Asked under --watch: whether the program is to end.
     std::function<bool()> isEndRequested = [] { return false; };
+    /// Reads the commands instead of the input; none where no user sits in front of it.
+    LineEditor editor = {};
     /// Told under --watch.
     ServiceManager manager = {};
 };

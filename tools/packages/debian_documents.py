@@ -71,7 +71,7 @@ def options_in(usage):
     """The options that a program's help lists: pairs of the words and what they do."""
     options = []
     for line in usage.splitlines():
-        first = re.fullmatch(r"  (--\S+(?: \S+)?)(?:  +(.*))?", line)
+        first = re.fullmatch(r"  (--[a-z-]+(?: [A-Z]+)?)(?: +(.*))?", line)
         if first:
             options.append((first.group(1), first.group(2) or ""))
         elif options and re.match(r" {10,}\S", line):
