@@ -39,7 +39,7 @@ class PrivateRoot:
 
     def command(self, *words):
         """The command line that runs a program in there, as root in the root folder."""
-        return ["nsenter", "--target", self.inside, "--mount", "--pid", "--root", "--wd=/",
+        return ["nsenter", "--target", self.inside, "--mount", "--pid", "--root", "env", "--chdir=/",
                 *(str(word) for word in words)]
 
     def run(self, *words, check=True, **options):
