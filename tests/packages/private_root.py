@@ -26,16 +26,21 @@ class PrivateRoot:
         if self.holder.stdout.readline().strip() != READY:
             self.close()
             raise unittest.SkipTest("no root of its own can be made here")
-        self.inside = str(self._inside())
+        # The first process of the namespace still sees the machine's root, with the layers in it.
+        first, *_, last = self._descendants()
+        self.inside = str(last)
+        self.layer = pathlib.Path(f"/proc/{first}/root{self.base}/upper")
 
-    def _inside(self):
-        """The process that holds the root open, by its number on this machine."""
+    def _descendants(self):
+        """The processes below the holder, each the parent of the next, by their numbers on this machine."""
         process = self.holder.pid
+        found = []
         while True:
             children = pathlib.Path(f"/proc/{process}/task/{process}/children").read_text("ascii").split()
             if not children:
-                return process
+                return found
             process = int(children[0])
+            found.append(process)
 
     def command(self, *words):
         """The command line that runs a program in there, as root in the root folder."""
@@ -58,9 +63,10 @@ class PrivateRoot:
         """The path under which this machine sees a file in there."""
         return pathlib.Path(f"/proc/{self.inside}/root{path}")
 
-    def files(self):
-        """Every path in there on the root's own file system."""
-        return set(self.run("find", "/", "-xdev", "-path", "/tmp", "-prune", "-o", "-print").stdout.splitlines())
+    def added(self):
+        """Every path in there that the machine itself doesn't have."""
+        inside = ("/" + str(path.relative_to(self.layer)) for path in self.layer.rglob("*"))
+        return {path for path in inside if os.path.lexists(self.file(path)) and not os.path.lexists(path)}
 
     def close(self):
         self.holder.kill()

@@ -18,9 +18,10 @@ CREDENTIALS = struct.Struct("iII")  # process, user, group
 
 
 class Unit:
-    """The settings of a unit file."""
+    """The settings of a unit file, with the folders of its user in place of the specifiers."""
 
-    def __init__(self, text):
+    def __init__(self, text, config="/etc"):
+        text = text.replace("%E", config)
         self.settings = {}
         for name, value in re.findall(r"^([A-Za-z]+)=(.*)$", text, re.M):
             self.settings.setdefault(name, []).append(value)
@@ -41,26 +42,31 @@ class Unit:
 
     def rights(self):
         """A command line in front of the unit's own that takes the rights that the unit takes."""
-        kept = [name.removeprefix("CAP_").lower() for name in self.one("CapabilityBoundingSet").split()]
-        words = ["setpriv", "--inh-caps=-all", "--bounding-set=" + ",".join(["-all", *("+" + name for name in kept)])]
+        words = ["setpriv", "--inh-caps=-all"]
+        for names in self.all("CapabilityBoundingSet"):
+            kept = ["+" + name.removeprefix("CAP_").lower() for name in names.split()]
+            words.append("--bounding-set=" + ",".join(["-all", *kept]))
         return [*words, "--no-new-privs"] if self.one("NoNewPrivileges") == "yes" else words
 
 
 class Service:
     """A running service. `messages` are pairs of what was told and by which process."""
 
-    def __init__(self, root, unit, watchdog):
+    def __init__(self, root, unit, watchdog, user="root", environment=()):
         self.folder = tempfile.mkdtemp(prefix="velmora-notify-", dir="/tmp")
         place = os.path.join(self.folder, "notify")
         self.socket = socket.socket(socket.AF_UNIX, socket.SOCK_DGRAM)
         self.socket.setsockopt(socket.SOL_SOCKET, socket.SO_PASSCRED, 1)
         self.socket.bind(place)
+        os.chmod(self.folder, 0o755)
+        os.chmod(place, 0o666)
         self.messages = []
         self.ended = False
         threading.Thread(target=self._listen, daemon=True).start()
-        environment = {**unit.environment(), "NOTIFY_SOCKET": place, "WATCHDOG_USEC": str(watchdog * 1_000_000)}
-        words = ["env", "-i", *(f"{name}={value}" for name, value in environment.items()),
-                 *unit.rights(), *unit.command()]
+        environment = {**unit.environment(), **dict(environment), "NOTIFY_SOCKET": place,
+                       "WATCHDOG_USEC": str(watchdog * 1_000_000)}
+        words = ["setpriv", f"--reuid={user}", f"--regid={user}", "--init-groups", "env", "-i",
+                 *(f"{name}={value}" for name, value in environment.items()), *unit.rights(), *unit.command()]
         with open(os.path.join(self.folder, "output"), "wb") as output:
             self.process = subprocess.Popen(root.command(*words), stdin=subprocess.DEVNULL, stdout=output,
                                             stderr=subprocess.STDOUT)

@@ -1,6 +1,7 @@
 """The Debian package installed, used by people, upgraded, removed and purged, in a root of its own."""
 
 import shutil
+import signal
 import subprocess
 import tempfile
 import unittest
@@ -8,6 +9,7 @@ import unittest
 import debian_package as debian
 from desktop import wait_for
 from private_root import PrivateRoot
+from service_manager import Service, Unit
 
 USERS = ("anna", "bert", "cora")
 
@@ -30,7 +32,7 @@ class Installed(unittest.TestCase):
         cls.addClassCleanup(shutil.rmtree, cls.folder)
         for user in USERS:
             cls.root.run("useradd", "--create-home", user)
-        cls.before = cls.root.files()
+        cls.before = cls.root.added()
         # Bind mounts of a container lie over some files; dpkg must not meet them.
         cls.install(debian.package())
 
@@ -111,6 +113,20 @@ class Use(Installed):
         links = self.root.shell("find /etc/systemd /run/systemd -name 'velmora*' 2>/dev/null || true")
         self.assertEqual(links, "")
 
+    def test_the_users_service_watches_with_the_users_own_settings(self):
+        debian.needs_tool("setpriv")
+        config = "/home/bert/.config"
+        self.root.shell(f"mkdir -p {config}/velmora && echo 'set txtSpace.Text 77' > {config}/velmora/start.txt")
+        unit = Unit(self.root.file("/usr/lib/systemd/user/velmora.service").read_text("utf-8"), config)
+        self.assertEqual(unit.one("ConditionPathExists"), f"{config}/velmora/start.txt")
+        service = Service(self.root, unit, 60, user="bert", environment={"HOME": "/home/bert"})
+        self.addCleanup(service.close)
+        service.wait_for("READY=1")
+        self.assertNotIn("error:", service.output())
+        self.assertEqual(service.send(signal.SIGTERM), 0)
+        self.assertEqual(self.data("bert", "set.dat").stat().st_uid,
+                         int(self.root.run("id", "-u", "bert").stdout))
+
 
 class Life(Installed):
     """From the installation to the purge."""
@@ -118,6 +134,7 @@ class Life(Installed):
     def test_an_upgrade_keeps_the_settings_and_a_purge_leaves_nothing(self):
         self.console("anna", "set txtSpace.Text 4711", "click Command8")
         saved = self.data("anna", "set.dat").read_bytes()
+        self.assertLess({"/usr/lib/velmora", "/usr/bin/velmora", "/etc/velmora/start.txt"}, self.root.added())
         self.root.shell("mkdir -p /var/lib/velmora && cp /usr/lib/velmora/set.dat /var/lib/velmora/")
         # As "systemctl enable" does.
         enabled = "/etc/systemd/system/multi-user.target.wants/velmora.service"
@@ -132,12 +149,12 @@ class Life(Installed):
         self.assertTrue(self.root.file("/var/lib/velmora/set.dat").exists())
 
         self.root.run("dpkg", "--remove", "velmora")
-        self.assertNotIn("/usr/lib/velmora", self.root.files())
+        self.assertNotIn("/usr/lib/velmora", self.root.added())
         self.assertTrue(self.root.file("/var/lib/velmora/set.dat").exists())
         self.assertTrue(self.root.file(enabled).is_symlink())
 
         self.root.run("dpkg", "--purge", "velmora")
-        left = {path for path in self.root.files() - self.before
+        left = {path for path in self.root.added() - self.before
                 if not path.startswith((*OTHERS, "/home/"))}
         self.assertEqual(left, set())
         self.assertEqual(self.data("anna", "set.dat").read_bytes(), saved)
