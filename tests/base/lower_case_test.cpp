@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <string>
+
 #include "base/text.h"
 
 namespace velmora {
@@ -22,6 +25,35 @@ TEST(LowerCase, LowersTheLettersOfEveryScriptThatHasCapitals) {
         {"ԱՖ", "աֆ"},                  // Armenian
     };
     for (const auto& [text, expected] : cases) EXPECT_EQ(lowerCase(text), expected);
+}
+
+std::string utf8Of(char32_t letter) {
+    const auto part = [letter](int shift) {
+        return static_cast<char>(0x80 | (letter >> shift & 0x3F));
+    };
+    if (letter < 0x800) return {static_cast<char>(0xC0 | letter >> 6), part(0)};
+    return {static_cast<char>(0xE0 | letter >> 12), part(6), part(0)};
+}
+
+// The sum is over the simple mappings in the file UnicodeData.txt of Unicode, as Python's
+// unicodedata gives them.
+TEST(LowerCase, FollowsUnicodeForLatinGreekCyrillicAndArmenian) {
+    std::uint64_t sum = 1469598103934665603ULL;
+    int changed = 0;
+    const auto add = [&sum](const std::string& text) {
+        for (const char byte : text)
+            sum = (sum ^ static_cast<unsigned char>(byte)) * 1099511628211ULL;
+    };
+    for (char32_t letter = 0x80; letter < 0x2000; ++letter) {
+        const std::string capital = utf8Of(letter);
+        const std::string small = lowerCase(capital);
+        if (small == capital) continue;
+        ++changed;
+        add(capital);
+        add(small);
+    }
+    EXPECT_EQ(changed, 663);
+    EXPECT_EQ(sum, 16193116534912966965ULL);
 }
 
 TEST(LowerCase, LeavesEverythingElseAsItIs) {

@@ -107,6 +107,10 @@ TEST(ReadNumber, RefusesValuesBeyondADoubleAndTakesTooSmallOnesForZero) {
                    {std::string(400, '0') + "7", 7},
                    {"1" + std::string(400, '0') + "E-400", 1}},
                   unitedStates);
+    // Its exponent alone doesn't tell on which end a value lies.
+    const std::string zeros(700, '0');
+    EXPECT_EQ(readNumber("0." + zeros + "1e100", Regional{}), 0.0);
+    EXPECT_EQ(readNumber("1" + zeros + "e-100", Regional{}), std::nullopt);
 }
 
 }  // namespace
