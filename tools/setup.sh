@@ -19,7 +19,7 @@ test_packages=(googletest libssl-dev libfuse3-dev fuse3 libz-mingw-w64-dev pytho
     dbus python3-dbus python3-gi at-spi2-core)
 
 # What makes the packages that users install, and checks them.
-package_packages=(nsis dpkg-dev fakeroot lintian desktop-file-utils appstream)
+package_packages=(nsis dpkg-dev fakeroot lintian desktop-file-utils appstream man-db)
 
 # What checks the sources and searches with libFuzzer.
 clang_packages=(clang clang-format clang-tidy libclang-rt-dev)

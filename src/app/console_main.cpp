@@ -8,6 +8,7 @@
 #include "app/end_request.h"
 #include "app/line_editor.h"
 #include "app/option_answers.h"
+#include "app/service_manager.h"
 #include "app/streams.h"
 
 namespace {
@@ -32,7 +33,8 @@ int runOn(velmora::Machine& machine) {
                   .sleep = sleep,
                   .isReaderGone = velmora::isReaderGone,
                   .isEndRequested = velmora::isEndRequested,
-                  .editor = isForUser ? velmora::terminalEditor() : velmora::LineEditor{}});
+                  .editor = isForUser ? velmora::terminalEditor() : velmora::LineEditor{},
+                  .manager = velmora::serviceManagerOfProcess()});
 }
 
 }  // namespace

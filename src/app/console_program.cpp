@@ -12,6 +12,7 @@
 #include "app/core.h"
 #include "app/metrics_file.h"
 #include "app/option_answers.h"
+#include "app/service_notice.h"
 #include "app/start.h"
 #include "console/commands.h"
 #include "console/completion.h"
@@ -22,6 +23,7 @@
 #include "console/line_reader.h"
 #include "console/output.h"
 #include "console/reports.h"
+#include "monitor/watch_summary.h"
 
 namespace velmora {
 
@@ -128,6 +130,12 @@ void start(Core& core, Machine& machine, console::ConsoleHost& host) {
     }
 }
 
+// For the service manager: "1 of 2 short of space: D:\".
+std::string statusOf(const Forms& forms, const Regional& regional) {
+    const WatchSummary summary = summaryOf(forms, regional);
+    return summary.paths.empty() ? summary.text : summary.text + ": " + summary.paths;
+}
+
 }  // namespace
 
 int runConsole(Machine& machine, const ConsoleStreams& streams) {
@@ -172,6 +180,9 @@ int runConsole(Machine& machine, const ConsoleStreams& streams) {
          .RefreshDrive = [&core] { core.watchList().RefreshDrive(); }});
     later.setRun([&commands](const std::string& line) { commands.run(line); });
 
+    ServiceNotice service(streams.manager, platform.clock,
+                          [&] { return statusOf(forms, platform.regional); });
+
     int status = 0;
     try {
         if (!options.json && !options.watch && options.script.empty()) stream << greeting;
@@ -183,7 +194,9 @@ int runConsole(Machine& machine, const ConsoleStreams& streams) {
             if (output.errors() > 0) status = exit_status::failedCommand;
         }
         if (options.watch) {
+            service.ready();
             waiting.forever();
+            service.stopping();
             endByRequest(host, forms);
         }
         const bool isAnswered = isScript || obey(typedLines(streams, forms), output, commands);

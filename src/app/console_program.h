@@ -7,6 +7,7 @@
 #include <ostream>
 
 #include "app/line_editor.h"
+#include "app/service_manager.h"
 #include "console/output.h"
 #include "console/waiting.h"
 #include "platform/platform.h"
@@ -24,6 +25,8 @@ struct ConsoleStreams {
     std::function<bool()> isEndRequested = [] { return false; };
     /// Reads the commands instead of the input; none where no user sits in front of it.
     LineEditor editor = {};
+    /// Told under --watch.
+    ServiceManager manager = {};
 };
 
 /// Runs until the input or the script ends, the program does, or, under --watch, somebody asks for

@@ -36,6 +36,12 @@ int readIndex(const std::string& text) {
     return static_cast<int>(readWhole(text, 0, 1 << 30));
 }
 
+// The root of a drive is "D:\" in a list and "D:" elsewhere.
+std::string withoutLastBackslash(std::string path) {
+    if (path.ends_with('\\')) path.pop_back();
+    return path;
+}
+
 }  // namespace
 
 Commands::Commands(Forms& forms, ConsoleHost& host, Output& output, Waiting& waiting,
@@ -70,6 +76,7 @@ void Commands::run(std::string_view line) {
     try {
         Words words(line);
         if (words.atEnd()) return;
+        if (line.find_first_not_of(" \t") == line.find('#')) return;  // a remark
         obey(lowerCase(words.next()), words);
     } catch (const CommandError& failure) {
         output_.error(failure.what());
@@ -173,17 +180,27 @@ void Commands::menu(Words& words) {
 
 void Commands::tick(Words& words) {
     Control& control = controlOf<Control>(forms_, words.next(), "list");
-    const int index = readIndex(words.next());
+    const std::string which = words.next();
     const bool on = readSwitch(words.next());
     words.end();
     if (auto* rows = dynamic_cast<ListView*>(&control)) {
-        rows->userTick(index, on);
+        rows->userTick(rowOf(*rows, which), on);
     } else if (auto* entries = dynamic_cast<ListBox*>(&control)) {
-        entries->userTick(index, on);
+        entries->userTick(readIndex(which), on);
     } else {
         throw CommandError("not a list: " + control.Name());
     }
     output_.ok();
+}
+
+// A script names a row by its path: the numbers change with the drives of the machine.
+int Commands::rowOf(const ListView& list, const std::string& which) const {
+    if (which.find_first_of("/\\:") == std::string::npos) return readIndex(which);
+    const std::string path = withoutLastBackslash(program_.toDrivePath(which));
+    for (int i = 1; i <= list.Count(); ++i) {
+        if (withoutLastBackslash(list.ListItems(i).Text()) == path) return i;
+    }
+    throw CommandError("no row of that path: " + which);
 }
 
 ListView& Commands::listView(const std::string& name) {

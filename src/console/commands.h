@@ -68,6 +68,7 @@ class Commands {
     void waitUntil(const std::string& text);
     void waitUntilAlert(const std::string& text);
     ListView& listView(const std::string& name);
+    int rowOf(const ListView& list, const std::string& which) const;
 
     Forms& forms_;
     ConsoleHost& host_;

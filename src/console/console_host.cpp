@@ -4,6 +4,7 @@
 
 #include "base/text.h"
 #include "console/words.h"
+#include "platform/work_steps.h"
 
 namespace velmora::console {
 
@@ -88,6 +89,7 @@ void ConsoleHost::DoEvents() {
 }
 
 void ConsoleHost::fireTimers() {
+    noteWorkStep();
     guarded([this] {
         timers_.fireDue();
         later_.runDue();

@@ -12,6 +12,7 @@ doubleclick CONTROL           double-click it; a list: its selected row
 doubleclick LIST row N        double-click this row
 menu NAME                     choose a menu entry
 tick LIST INDEX on|off        tick an entry of a check list (from 0) or a row (from 1)
+tick LIST "PATH" on|off       tick the row of this path
 select LIST INDEX... | none   select rows
 rows LIST                     print the rows
 row LIST N                    print one row with its tags, keys and icons

@@ -154,6 +154,28 @@ TEST_F(CommandsTest, TickCountsEntriesFromZeroAndRowsFromOne) {
     EXPECT_FALSE(form1.ListView1.ListItems(1).Checked());
 }
 
+TEST_F(CommandsTest, ARowIsTickedByItsPathWhereverItStands) {
+    for (const char* text : {"a", "drive path of /srv", "drive path of D:\\"})
+        form1.ListView1.Add(text);
+    form1.ListView1.ItemCheck.connect([this](ListItem& row) { done += row.Text() + '|'; });
+    EXPECT_EQ(run("tick ListView1 /srv on"), "ok\n");
+    EXPECT_EQ(run("tick ListView1 D: on"), "ok\n");
+    EXPECT_EQ(run("tick ListView1 \"D:\\\" off"), "ok\n");
+    EXPECT_EQ(done, "drive path of /srv|drive path of D:\\|drive path of D:\\|");
+    EXPECT_TRUE(form1.ListView1.ListItems(2).Checked());
+    EXPECT_FALSE(form1.ListView1.ListItems(3).Checked());
+    EXPECT_EQ(run("tick ListView1 /sr on"), "error: no row of that path: /sr\n");
+    EXPECT_TRUE(refuses("tick lstAct /srv on"));
+}
+
+TEST_F(CommandsTest, RemarksAreNoCommands) {
+    form1.ListView1.Add("a");
+    EXPECT_EQ(run("# tick ListView1 1 on"), "");
+    EXPECT_EQ(run("  #"), "");
+    EXPECT_FALSE(form1.ListView1.ListItems(1).Checked());
+    EXPECT_TRUE(refuses("tick # 1 on"));
+}
+
 TEST_F(CommandsTest, TickRefusesWhatIsntThere) {
     form1.ListView1.Add("a");
     for (const char* line :
@@ -281,7 +303,8 @@ TEST_F(CommandsTest, SwitchToJsonWithTheReplyAndBack) {
 TEST_F(CommandsTest, HelpOfOneCommandHasItsLinesAlone) {
     EXPECT_EQ(run("help tick"),
               "tick LIST INDEX on|off        tick an entry of a check list (from 0) or a row "
-              "(from 1)\n");
+              "(from 1)\n"
+              "tick LIST \"PATH\" on|off       tick the row of this path\n");
     EXPECT_EQ(run("help ROW"),
               "row LIST N                    print one row with its tags, keys and icons\n");
     const std::string report = run("help report");

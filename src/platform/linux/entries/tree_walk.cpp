@@ -17,6 +17,7 @@
 #include "platform/linux/drives/mount_table.h"
 #include "platform/linux/entries/folder_stack.h"
 #include "platform/linux/paths/path_names.h"
+#include "platform/work_steps.h"
 
 namespace velmora::linuxhost {
 
@@ -68,6 +69,7 @@ class Walk {
             if (size < 0 && errno == EINTR) continue;
             if (size < 0) failure_ = errno;
             if (size <= 0) return;
+            noteWorkStep();
             for (ssize_t at = 0; isGoing() && at < size;) {
                 const auto& entry = *reinterpret_cast<const dirent64*>(buffer_.data() + at);
                 at += entry.d_reclen;

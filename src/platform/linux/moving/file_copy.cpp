@@ -19,6 +19,7 @@
 #include "platform/linux/moving/left_copies.h"
 #include "platform/linux/system/unique_fd.h"
 #include "platform/linux/system/write_all.h"
+#include "platform/work_steps.h"
 
 namespace velmora::linuxhost {
 
@@ -53,6 +54,7 @@ int copyPiece(int from, int to, off_t at, off_t end, std::vector<char>& buffer) 
         std::string_view bytes(buffer.data(), static_cast<std::size_t>(got));
         if (const int failure = writeAll(to, bytes); failure != 0) return failure;
         at += got;
+        noteWorkStep();
     }
     return 0;
 }

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/linux/entries/folder_stack.h"
+#include "platform/work_steps.h"
 
 namespace velmora::linuxhost {
 
@@ -56,6 +57,7 @@ class Removal {
 
     // In the innermost folder. One with something in it becomes the innermost.
     void remove(const std::string& name) {
+        noteWorkStep();
         const OpenFolder& parent = folders_.innermost();
         if (unlinkat(parent.fd(), name.c_str(), 0) == 0) return;
         const int failure = errno;

@@ -4,6 +4,8 @@
 #include <sys/prctl.h>
 #include <unistd.h>
 
+#include "platform/work_steps.h"
+
 namespace velmora::linuxhost {
 
 namespace {
@@ -54,6 +56,8 @@ void giveUpFiles(int socket) {
 [[noreturn]] void runChild(int socket, const char* name, const std::function<void()>& body) {
     leaveSession(name);
     giveUpFiles(socket);
+    // Its work is no sign of life of the program.
+    hearWorkSteps({});
     try {
         body();
     } catch (...) {

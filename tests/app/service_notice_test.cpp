@@ -1,0 +1,158 @@
+// What a watch tells the service manager, by the clock of a machine in memory.
+#include "app/service_notice.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "base/runtime_error.h"
+#include "console_session.h"
+#include "platform/work_steps.h"
+
+namespace velmora::tests {
+namespace {
+
+using Messages = std::vector<std::string>;
+
+struct ServiceNoticeTest : testing::Test {
+    ServiceManager manager(std::int64_t watchdog) {
+        return {.send = [this](const std::string& lines) { sent.push_back(lines); },
+                .watchdog = watchdog};
+    }
+    void stepAfter(std::int64_t ms) {
+        machine.advance(ms);
+        noteWorkStep();
+    }
+
+    fake::FakeMachine machine;
+    Messages sent;
+    std::string state = "2 watched";
+    ServiceNotice notice{manager(10'000), machine.platform().clock, [this] { return state; }};
+};
+
+TEST_F(ServiceNoticeTest, ItIsReadyWithItsStatus) {
+    notice.ready();
+    EXPECT_EQ(sent, Messages{"READY=1\nSTATUS=2 watched"});
+}
+
+TEST_F(ServiceNoticeTest, ASignOfLifeComesTwiceInTheTimeOfTheWatchdog) {
+    notice.ready();
+    sent.clear();
+    stepAfter(4'999);
+    EXPECT_EQ(sent, Messages{});
+    stepAfter(1);
+    EXPECT_EQ(sent, Messages{"WATCHDOG=1"});
+    stepAfter(4'999);
+    EXPECT_EQ(sent, Messages{"WATCHDOG=1"});
+    stepAfter(1);
+    EXPECT_EQ(sent, (Messages{"WATCHDOG=1", "WATCHDOG=1"}));
+}
+
+TEST_F(ServiceNoticeTest, WithoutAStepThereIsNone) {
+    notice.ready();
+    sent.clear();
+    machine.advance(60'000);
+    EXPECT_EQ(sent, Messages{});
+}
+
+TEST_F(ServiceNoticeTest, BeforeItIsReadyThereIsNone) {
+    stepAfter(60'000);
+    EXPECT_EQ(sent, Messages{});
+}
+
+TEST_F(ServiceNoticeTest, WithoutAWatchdogThereIsNone) {
+    ServiceNotice unwatched(manager(0), machine.platform().clock, [this] { return state; });
+    unwatched.ready();
+    sent.clear();
+    stepAfter(60'000);
+    EXPECT_EQ(sent, Messages{});
+}
+
+TEST_F(ServiceNoticeTest, AChangedStatusIsToldWithinASecondAndOnce) {
+    notice.ready();
+    sent.clear();
+    state = "1 of 2 short of space";
+    stepAfter(999);
+    EXPECT_EQ(sent, Messages{});
+    stepAfter(1);
+    EXPECT_EQ(sent, Messages{"STATUS=1 of 2 short of space"});
+    stepAfter(1'000);
+    EXPECT_EQ(sent.size(), 1u);
+}
+
+TEST_F(ServiceNoticeTest, AStatusIsOneLine) {
+    state = "folder\nREADY=0\r\nend";
+    notice.ready();
+    EXPECT_EQ(sent, Messages{"READY=1\nSTATUS=folder READY=0  end"});
+}
+
+TEST_F(ServiceNoticeTest, AStatusThatCanNotBeHadEndsNoWork) {
+    bool fails = false;
+    ServiceNotice failing(manager(0), machine.platform().clock, [&]() -> std::string {
+        if (fails) throw RuntimeError(error::typeMismatch);
+        return "fine";
+    });
+    failing.ready();
+    sent.clear();
+    fails = true;
+    EXPECT_NO_THROW(stepAfter(1'000));
+    EXPECT_EQ(sent, Messages{});
+}
+
+TEST_F(ServiceNoticeTest, TheEndIsToldAndSignsOfLifeGoOn) {
+    notice.ready();
+    sent.clear();
+    notice.stopping();
+    stepAfter(5'000);
+    EXPECT_EQ(sent, (Messages{"STOPPING=1", "WATCHDOG=1"}));
+}
+
+TEST_F(ServiceNoticeTest, WithoutAManagerNothingIsSaid) {
+    ServiceNotice alone({}, machine.platform().clock, [this] { return state; });
+    alone.ready();
+    stepAfter(60'000);
+    alone.stopping();
+    EXPECT_EQ(sent, Messages{});
+}
+
+// The whole console on a machine in memory.
+struct ServiceWatch : testing::Test {
+    ServiceWatch() {
+        machine.drives["C:"] = {50e9, 100e9};
+        machine.files["C:\\Program Files\\Velmora\\set.dat"] = prcEn("txtTime=60\r\n") + "\r\n";
+    }
+    /// Ends a watch after so many looks, at least one a second.
+    void run(const std::string& input, int looks) {
+        std::istringstream in(input);
+        std::ostringstream out;
+        const auto send = [this](const std::string& lines) { sent.push_back(lines); };
+        runConsole(machine, {.input = in,
+                             .output = out,
+                             .sleep = [this](std::int64_t ms) { machine.advance(ms); },
+                             .isEndRequested = [&] { return looks-- <= 0; },
+                             .manager = {.send = send, .watchdog = 20'000}});
+    }
+
+    fake::FakeMachine machine;
+    Messages sent;
+};
+
+TEST_F(ServiceWatch, ItBeginsAndEndsWithItsMessages) {
+    machine.platform().app.Options.watch = true;
+    run("", 31);
+    ASSERT_GE(sent.size(), 3u);
+    EXPECT_EQ(sent.front(), "READY=1\nSTATUS=Nothing is watched yet: tick a drive");
+    EXPECT_EQ(countOf(sent, "WATCHDOG=1"), static_cast<int>(machine.tick / 10'000));
+    EXPECT_GE(machine.tick, 20'000);
+    EXPECT_EQ(sent.back(), "STOPPING=1");
+}
+
+TEST_F(ServiceWatch, CommandsAreNoWatch) {
+    run("wait 60\n", 0);
+    EXPECT_EQ(sent, Messages{});
+}
+
+}  // namespace
+}  // namespace velmora::tests
