@@ -7,7 +7,7 @@ export CCACHE_NOHASHDIR=1
 
 # What a build needs.
 build_packages=(build-essential cmake ninja-build ccache pkg-config nlohmann-json3-dev zlib1g-dev
-    libcurl4-openssl-dev libsystemd-dev libblkid-dev qt6-base-dev)
+    libcurl4-openssl-dev libsystemd-dev libblkid-dev libedit-dev qt6-base-dev)
 
 # What the tests need besides: libraries, the cross compiler, Wine, tools that make file systems to
 # test on, tools that show windows, operate them and take screenshots, and one that runs the script of
@@ -15,7 +15,7 @@ build_packages=(build-essential cmake ninja-build ccache pkg-config nlohmann-jso
 test_packages=(googletest libssl-dev libfuse3-dev fuse3 libz-mingw-w64-dev python3
     gcc-mingw-w64-x86-64-posix g++-mingw-w64-x86-64-posix wine wine64 e2fsprogs mount
     dosfstools ntfs-3g exfatprogs exfat-fuse fusefat mtools
-    xvfb openbox trayer xdotool imagemagick mujs python3-aiosmtpd s-nail openssl systemd-journal-remote
+    xvfb openbox trayer xdotool imagemagick mujs python3-aiosmtpd python3-prometheus-client s-nail openssl systemd-journal-remote
     dbus python3-dbus python3-gi at-spi2-core)
 
 # What makes the packages that users install, and checks them.

@@ -4,7 +4,9 @@
 #include <thread>
 
 #include "app/console_program.h"
+#include "app/data_folder.h"
 #include "app/end_request.h"
+#include "app/line_editor.h"
 #include "app/option_answers.h"
 #include "app/streams.h"
 
@@ -15,16 +17,22 @@ int runOn(velmora::Machine& machine) {
     if (const auto answered =
             velmora::answerOptions(options, velmora::ProgramKind::console, std::cout, std::cerr))
         return *answered;
+    if (const auto failed =
+            velmora::prepareDataFolder(machine, velmora::ProgramKind::console, std::cerr))
+        return *failed;
     // A script or a user at a terminal ends in the usual ways.
     if (options.watch) velmora::noteEndRequests();
     const auto sleep = [](std::int64_t ms) {
         std::this_thread::sleep_for(std::chrono::milliseconds(ms));
     };
-    return velmora::runConsole(machine, {.input = std::cin,
-                                         .output = std::cout,
-                                         .sleep = sleep,
-                                         .isReaderGone = velmora::isReaderGone,
-                                         .isEndRequested = velmora::isEndRequested});
+    const bool isForUser = !options.watch && !options.json && options.script.empty();
+    return velmora::runConsole(
+        machine, {.input = std::cin,
+                  .output = std::cout,
+                  .sleep = sleep,
+                  .isReaderGone = velmora::isReaderGone,
+                  .isEndRequested = velmora::isEndRequested,
+                  .editor = isForUser ? velmora::terminalEditor() : velmora::LineEditor{}});
 }
 
 }  // namespace

@@ -2,14 +2,17 @@
 
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iostream>
 #include <string>
 #include <string_view>
 
 #include "app/core.h"
+#include "app/metrics_file.h"
 #include "app/option_answers.h"
 #include "app/start.h"
 #include "console/commands.h"
+#include "console/completion.h"
 #include "console/console_host.h"
 #include "console/console_notify_area.h"
 #include "console/console_surface.h"
@@ -35,13 +38,28 @@ void dropByteOrderMark(std::string& line) {
     if (line.starts_with(mark)) line.erase(0, mark.size());
 }
 
+using ReadLine = std::function<console::LineRead(std::string& line)>;
+
+ReadLine linesOf(std::istream& input) {
+    return [&input](std::string& line) { return console::readLine(input, line); };
+}
+
+// What a user types, with the help of an editor where there is one.
+ReadLine typedLines(const ConsoleStreams& streams, Forms& forms) {
+    if (!streams.editor) return linesOf(streams.input);
+    return [&editor = streams.editor, &forms](std::string& line) {
+        return editor(
+            line, [&forms](std::string_view text) { return console::completionsOf(forms, text); });
+    };
+}
+
 // Returns whether there was anything to read.
-bool obey(std::istream& input, console::Output& output, console::Commands& commands) {
+bool obey(const ReadLine& readLine, console::Output& output, console::Commands& commands) {
     std::string line;
     bool any = false;
     for (;;) {
         output.flush();
-        const console::LineRead read = console::readLine(input, line);
+        const console::LineRead read = readLine(line);
         if (read == console::LineRead::end) return any;
         if (!any) dropByteOrderMark(line);
         any = true;
@@ -78,7 +96,7 @@ std::ifstream openScript(const std::string& path) {
 void start(Core& core, Machine& machine, console::ConsoleHost& host) {
     if (!machine.platform().otherStarts.holdFolder()) {
         host.Note("Another watch runs on this folder: " +
-                  machine.toHostPath(machine.platform().app.Path));
+                  machine.toHostPath(machine.platform().app.DataPath));
     }
     if (machine.platform().app.Options.keepRunning) {
         host.keepRunning([&machine](const std::string& path) { return machine.toHostPath(path); });
@@ -127,6 +145,8 @@ int runConsole(Machine& machine, const ConsoleStreams& streams) {
         output.hint(hint.field, hint.text, hint.endsStart);
         host.Note(hint.text);
     });
+    const MetricsFile metrics(core, forms, platform,
+                              [&host](const std::string& line) { host.Note(line); });
     console::Reports reports(core.notify().inventory(), core.notify().content(), platform, forms);
     console::Commands commands(
         forms, host, output, waiting, later, reports,
@@ -141,14 +161,14 @@ int runConsole(Machine& machine, const ConsoleStreams& streams) {
         start(core, machine, host);
         const bool isScript = !options.script.empty();
         if (isScript) {
-            obey(script, output, commands);
+            obey(linesOf(script), output, commands);
             if (output.errors() > 0) status = exit_status::failedCommand;
         }
         if (options.watch) {
             waiting.untilTrue(streams.isEndRequested);
             endByRequest(host, forms);
         }
-        if (!isScript && !obey(streams.input, output, commands)) stream << usage;
+        if (!isScript && !obey(typedLines(streams, forms), output, commands)) stream << usage;
         output.flush();
     } catch (const ProgramEnd& end) {
         status = end.status;

@@ -6,6 +6,7 @@
 #include <istream>
 #include <ostream>
 
+#include "app/line_editor.h"
 #include "console/output.h"
 #include "console/waiting.h"
 #include "platform/platform.h"
@@ -21,6 +22,8 @@ struct ConsoleStreams {
     console::Output::IsReaderGone isReaderGone = [] { return true; };
     /// Asked under --watch: whether the program is to end.
     std::function<bool()> isEndRequested = [] { return false; };
+    /// Reads the commands instead of the input; none where no user sits in front of it.
+    LineEditor editor = {};
 };
 
 /// Runs until the input or the script ends, the program does, or, under --watch, somebody asks for

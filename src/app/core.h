@@ -25,6 +25,7 @@ class Core {
     AlertList& alerts() { return alerts_.list(); }
     Persist& persist() { return persist_; }
     WatchList& watchList() { return monitor_.watchList(); }
+    CheckCycle& checkCycle() { return monitor_.checkCycle(); }
     Notify& notify() { return notify_; }
     SecondStart& secondStart() { return shell_.secondStart(); }
 

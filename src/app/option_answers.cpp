@@ -12,6 +12,8 @@ Each PATH joins the specified files.
   --keep-running      an error is told, and the watch goes on
   --single            a program that runs already takes the paths and comes to the front
   --minimized         begin minimised
+  --settings FOLDER   keep settings and log in this folder; where it has none, they begin anew
+  --metrics-file FILE write the figures of the watch after each check, as OpenMetrics text
   --restore-settings  begin with the last settings that the program could start with
   --help              print this and end
   --version           print the version and end
@@ -28,6 +30,8 @@ specified files.
   --watch             watch until the program is ended by a signal; no commands are read
   --script FILE       read the commands from a file; with --watch, watch after them
   --json              begin with replies and events as JSON
+  --settings FOLDER   keep settings and log in this folder; where it has none, they begin anew
+  --metrics-file FILE write the figures of the watch after each check, as OpenMetrics text
   --keep-running      an error is told, and the watch goes on
   --restore-settings  begin with the last settings that the program could start with
   --help              print this and end
@@ -38,11 +42,11 @@ run-time error; 2 for wrong options; 3 when a command of a script failed.
 Options stand in front of the first path; everything else is a path.
 )";
 
+}  // namespace
+
 const char* nameOf(ProgramKind kind) {
     return kind == ProgramKind::window ? "velmora" : "velmora-console";
 }
-
-}  // namespace
 
 std::optional<int> answerOptions(const StartOptions& options, ProgramKind kind,
                                  std::ostream& output, std::ostream& errors) {

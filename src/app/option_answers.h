@@ -11,6 +11,9 @@ namespace velmora {
 /// Which of the programs answers.
 enum class ProgramKind { window, console };
 
+/// The program's name, as users type it.
+const char* nameOf(ProgramKind kind);
+
 namespace exit_status {
 inline constexpr int wrongOptions = 2;
 inline constexpr int failedCommand = 3;  ///< of a script

@@ -8,6 +8,7 @@
 #include <sstream>
 #include <string>
 
+#include "app/data_folder.h"
 #include "app/later_starts.h"
 #include "app/option_answers.h"
 #include "app/single_start.h"
@@ -34,17 +35,24 @@ void startAgain() {
 }
 
 // On Windows a program with windows has no standard output.
-void answerOptions(const velmora::StartOptions& options) {
-    std::ostringstream said;
-    const auto status = velmora::answerOptions(options, velmora::ProgramKind::window, said, said);
-    if (!status) return;
+[[noreturn]] void endWith(int status, const std::ostringstream& said) {
 #ifdef _WIN32
     QMessageBox::information(nullptr, QStringLiteral("Velmora"),
                              QString::fromStdString(said.str()));
 #else
-    (*status == 0 ? std::cout : std::cerr) << said.str() << std::flush;
+    (status == 0 ? std::cout : std::cerr) << said.str() << std::flush;
 #endif
-    std::_Exit(*status);
+    std::_Exit(status);
+}
+
+// Ends the program where there is nothing to start.
+void endOrGoOn(velmora::Machine& machine) {
+    constexpr auto kind = velmora::ProgramKind::window;
+    std::ostringstream said;
+    const auto& options = machine.platform().app.Options;
+    if (const auto status = velmora::answerOptions(options, kind, said, said))
+        endWith(*status, said);
+    if (const auto status = velmora::prepareDataFolder(machine, kind, said)) endWith(*status, said);
 }
 
 [[noreturn]] void refuse() {
@@ -69,7 +77,7 @@ int main(int argc, char* argv[]) {
     QApplication::setQuitOnLastWindowClosed(false);
 
     const auto machine = velmora::openMachine();
-    answerOptions(machine->platform().app.Options);
+    endOrGoOn(*machine);
     velmora::LaterStarts laterStarts([&] {
         const auto take = [&laterStarts] { laterStarts.takeWaiting(); };
         QMetaObject::invokeMethod(&application, take, Qt::QueuedConnection);

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "app/core.h"
+#include "app/metrics_file.h"
 #include "qt/print/printing.h"
 #include "qt/surface/qt_host.h"
 #include "qt/surface/qt_notify_area.h"
@@ -74,6 +75,7 @@ class WindowProgram {
     qt::Printing printing_;
     Core core_;
     FirstSteps firstSteps_;
+    MetricsFile metrics_;
     WindowPlaces places_;
     qt::AllWindows windows_;
     QTimer keepPlaces_;

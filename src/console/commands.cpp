@@ -95,7 +95,7 @@ void Commands::obey(const std::string& name, Words& words) {
     }
 }
 
-std::vector<std::string> Commands::names() const {
+std::vector<std::string> Commands::names() {
     std::vector<std::string> all;
     for (const auto& [name, handler] : handlers()) all.push_back(name);
     return all;

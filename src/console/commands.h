@@ -5,6 +5,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "console/console_host.h"
 #include "console/output.h"
@@ -32,6 +33,9 @@ class Commands {
     /// changes nothing; a blank one gets none. A run-time error of the program ends it, or is the
     /// reply where it keeps running.
     void run(std::string_view line);
+
+    /// The names of all commands, sorted.
+    static std::vector<std::string> names();
 
   private:
     void obey(const std::string& name, Words& words);
@@ -63,7 +67,6 @@ class Commands {
     void exit(Words& words);
     void waitUntil(const std::string& text);
     void waitUntilAlert(const std::string& text);
-    std::vector<std::string> names() const;
     ListView& listView(const std::string& name);
 
     Forms& forms_;

@@ -11,12 +11,6 @@ namespace {
 
 constexpr std::size_t longestValue = 60;
 
-// As `get` takes it: the main window needs no name.
-std::string nameOf(const Forms& forms, const Control& control) {
-    const bool isMain = &control.form() == &forms.form1;
-    return isMain ? control.fullName() : control.form().Name() + "." + control.fullName();
-}
-
 // "*" stands for any characters, "?" for one. Only the last star is tried anew: the characters that
 // an earlier one could take, the last can take too.
 bool matches(std::string_view name, std::string_view pattern) {
@@ -70,12 +64,18 @@ std::string wordsOf(const Control& control) {
 
 }  // namespace
 
+// The main window needs no name.
+std::string fieldName(const Forms& forms, const Control& control) {
+    const bool isMain = &control.form() == &forms.form1;
+    return isMain ? control.fullName() : control.form().Name() + "." + control.fullName();
+}
+
 Report fieldList(Forms& forms, const std::string& pattern) {
     const std::string wanted = lowerCase(pattern);
     Report report{.fields = Control::Table()};
     for (Form* form : forms.all()) {
         for (Control* control : form->controls()) {
-            const std::string name = nameOf(forms, *control);
+            const std::string name = fieldName(forms, *control);
             const std::string words = wordsOf(*control);
             if (!isWanted(name, words, wanted)) continue;
             const PropertyValue value = valueOf(*control);

@@ -8,6 +8,9 @@
 
 namespace velmora::console {
 
+/// The name of a field as `get` takes it: "txtSpace", "frmNotify.txtFrom".
+std::string fieldName(const Forms& forms, const Control& control);
+
 /// The fields whose name or words contain the pattern, in any letter case; all of them for an empty
 /// one. A pattern with "*" or "?" is compared with the whole name. A line each: the name as `get`
 /// takes it, the value, the words. A password is shown as stars.

@@ -161,6 +161,7 @@ void CheckCycle::closeCheck(int i) {
     status.setPanelText(2, "Checked: " + Format(clock_.Now(), "hh:mm:ss mm/dd"));
     status.setPanelText(3, "Times Checked: " + toText(forms_.globals.lngTimesChecked));
     status.setPanelPicture(1, image::ready);
+    Checked();
     if (form1.chkLogTimeMon.ticked()) {
         // After a full pass `i` is one past the last row: this fails then and ends the tick.
         parts_.alerts.prcAlertInfo(Format(clock_.Now(), alert_time::seconds), rating::medium,

@@ -12,6 +12,7 @@
 #include "alerts/journal/journal_log.h"
 #include "base/regional.h"
 #include "base/runtime_error.h"
+#include "controls/event.h"
 #include "forms/forms.h"
 #include "monitor/history/history_view.h"
 #include "monitor/ports.h"
@@ -42,6 +43,10 @@ class CheckCycle {
     CheckCycle(Forms& forms, Clock& clock, const Regional& regional, Host& host, CheckParts parts);
     CheckCycle(const CheckCycle&) = delete;
     CheckCycle& operator=(const CheckCycle&) = delete;
+
+    /// A check has ended and is counted; what follows a check is still to come. Errors of its
+    /// handlers end the check as those of its own steps.
+    Notice<> Checked;
 
     /// One tick: counts down, or checks when the interval is due. Never throws a run-time error.
     void Timer1_Timer();

@@ -23,7 +23,7 @@ LifeCycle::LifeCycle(Forms& forms, Platform& platform, Host& host, LifeCyclePart
 void LifeCycle::Form_Load() {
     Form1& form1 = forms_.form1;
     forms_.globals.lastFileTime = platform_.clock.GetSystemTimeAsFileTime();
-    forms_.globals.strSettings = platform_.app.Path + "\\set.dat";
+    forms_.globals.strSettings = platform_.app.DataPath + "\\set.dat";
     addWatchColumns(forms_.form1.ListView1);
     // The list is empty: this only shows the countdown.
     parts_.checkCycle.Timer1_Timer();
@@ -38,7 +38,7 @@ void LifeCycle::Form_Load() {
     noteStart();
     forms_.sysWorkSystray.Hide();
     form1.setSize(form1_size::startWidth, form1_size::fullHeight);
-    form1.lblLog.setCaption(platform_.app.Path + "\\log.dat");
+    form1.lblLog.setCaption(platform_.app.DataPath + "\\log.dat");
     form1.lblTab[0].Click();
     form1.lblSpectab[0].Click();
     form1.OpDriv[0].choose();

@@ -48,6 +48,7 @@ class Monitor {
     WatchList& watchList() { return watchList_; }
     WatchListCommands& watchListCommands() { return watchListCommands_; }
     MinimumSpace& minimumSpace() { return minimumSpace_; }
+    CheckCycle& checkCycle() { return checkCycle_; }
 
   private:
     SpaceStatistics statistics_;

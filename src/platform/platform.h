@@ -7,6 +7,7 @@
 #include "base/regional.h"
 #include "platform/advapi32.h"
 #include "platform/clock.h"
+#include "platform/data_folder.h"
 #include "platform/file_system_object.h"
 #include "platform/internet_transfer.h"
 #include "platform/kernel32.h"
@@ -32,7 +33,9 @@ struct Application {
     std::string EXEName;  ///< name of the executable without extension
     std::string Command;  ///< the command line after the options, each path in quotes
     StartOptions Options = {};
-    /// Tells its folder from any other, the same at every start: drives can have other letters by
+    /// Drive path of the folder with set.dat, log.dat and clen.dat, likewise; `Path` or another.
+    std::string DataPath = {};
+    /// Tells that folder from any other, the same at every start: drives can have other letters by
     /// then, and where case doesn't count there is one spelling.
     std::string FolderKey = {};
     /// The command line for a running program that takes this start, in the backend's own form.
@@ -75,6 +78,10 @@ class Machine {
     virtual std::string toHostPath(const std::string& drivePath) = 0;
     /// The command line of a later start, as `Application::Command` would have it in this program.
     virtual std::string toCommand(const std::string& forOthers) = 0;
+    /// Makes the folder of `Application::DataPath` where it is missing, for its user alone, and
+    /// lays a copy of the program's set.dat into it where it has none. A folder that was chosen is
+    /// made within one that is there only. Nothing is done to the program's own folder.
+    virtual DataFolderState prepareDataFolder() = 0;
 };
 
 std::unique_ptr<Machine> openMachine();

@@ -22,6 +22,8 @@ constexpr Option known[] = {
     {.word = "--watch", .flag = &StartOptions::watch},
     {.word = "--help", .flag = &StartOptions::help},
     {.word = "--version", .flag = &StartOptions::version},
+    {.word = "--settings", .value = &StartOptions::settings, .needs = "a folder"},
+    {.word = "--metrics-file", .value = &StartOptions::metricsFile, .needs = "a file"},
     {.word = "--script", .value = &StartOptions::script, .needs = "a file"},
 };
 

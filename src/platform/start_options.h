@@ -17,6 +17,8 @@ struct StartOptions {
     bool help = false;             ///< "--help"
     bool version = false;          ///< "--version"
     std::string script = {};       ///< "--script FILE": the console's commands, as it was typed
+    std::string settings = {};     ///< "--settings FOLDER": of set.dat and log.dat, likewise
+    std::string metricsFile = {};  ///< "--metrics-file FILE": gets the figures, likewise
     std::string fault = {};        ///< what is wrong with the options; empty when nothing is
 };
 

@@ -42,7 +42,8 @@ TEST(OptionAnswers, HelpNamesTheOptionsOfTheProgram) {
     EXPECT_EQ(window.failed, "");
     const Answer console = answerTo({.help = true, .version = true}, ProgramKind::console);
     EXPECT_EQ(console.status, 0);
-    for (const char* word : {"--keep-running", "--restore-settings", "--help", "--version"}) {
+    for (const char* word : {"--keep-running", "--settings FOLDER", "--metrics-file FILE",
+                             "--restore-settings", "--help", "--version"}) {
         EXPECT_NE(window.printed.find(word), std::string::npos) << word;
         EXPECT_NE(console.printed.find(word), std::string::npos) << word;
     }

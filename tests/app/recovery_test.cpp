@@ -70,7 +70,7 @@ TEST_F(Recovery, ACopyIsFoundWhenTheDriveHasAnotherLetter) {
     const std::string good = settings();
     run("");
     machine.drives["D:"] = {50e9, 100e9};
-    machine.platform().app.Path = "D:\\Velmora";
+    machine.platform().app.DataPath = "D:\\Velmora";
     machine.folders.insert("d:\\velmora");
     machine.files["D:\\Velmora\\set.dat"] = broken;
     machine.platform().app.Options.restoreSettings = true;

@@ -186,6 +186,7 @@ FakeMachine::FakeMachine()
                 .app = {.Path = programFolder(),
                         .EXEName = "velmora",
                         .Command = "",
+                        .DataPath = programFolder(),
                         .FolderKey = programFolder()}} {
     folders = {keyOf(programFolder()), keyOf(specialFolders[9]), keyOf(windowsFolder)};
     runKey();

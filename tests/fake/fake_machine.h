@@ -130,6 +130,11 @@ class FakeMachine final : public Machine {
         return commandOf ? commandOf(forOthers) : forOthers;
     }
 
+    DataFolderState prepareDataFolder() override { return dataFolder; }
+
+    /// How the folder with the program's files is prepared.
+    DataFolderState dataFolder = DataFolderState::ready;
+
     /// What lies behind the links above a path's last name; without it there are no links.
     std::function<std::string(const std::string&)> withoutLinks;
 

@@ -64,6 +64,18 @@ TEST(StartOptions, AScriptIsTheWordBehindItsOption) {
     EXPECT_EQ(taken("--script one --script two").options.script, "two");
 }
 
+TEST(StartOptions, TheFolderOfTheSettingsAndTheMetricsLikewise) {
+    const Taken folder = taken("--settings \"a b\" --single \"C:\\a\"");
+    EXPECT_EQ(folder.options.settings, "a b");
+    EXPECT_TRUE(folder.options.single);
+    EXPECT_EQ(folder.options.script, "");
+    EXPECT_EQ(folder.rest, "\"C:\\a\"");
+    EXPECT_EQ(taken("--settings").options.fault, "--settings needs a folder.");
+    EXPECT_EQ(startOptionLength("--settings"), 2U);
+    EXPECT_EQ(taken("--metrics-file \"a b\" x").options.metricsFile, "a b");
+    EXPECT_EQ(taken("--metrics-file").options.fault, "--metrics-file needs a file.");
+}
+
 TEST(StartOptions, AnOptionWithoutItsWordIsAFault) {
     for (const char* line : {"--script", "--script \"\"", "--json --script "}) {
         EXPECT_EQ(taken(line).options.fault, "--script needs a file.") << line;

@@ -57,11 +57,11 @@ void AlertDialogOptions::lblAct_Click(std::size_t index) {
 }
 
 void AlertDialogOptions::startSorbane() {
-    const std::string& folder = platform_.app.Path;
-    const std::string path = folder + "\\clen.dat";
+    const Application& app = platform_.app;
+    const std::string path = app.DataPath + "\\clen.dat";
     attempt("hand the drive to the cleaner", path,
             [&] { platform_.files.writeOver(path, driveInAlert().append(lineEnd)); });
-    platform_.shell32.ShellExecuteA(form1_.Name(), "open", folder + "\\sorbane.exe", "", "",
+    platform_.shell32.ShellExecuteA(form1_.Name(), "open", app.Path + "\\sorbane.exe", "", "",
                                     normalWindow);
 }
 

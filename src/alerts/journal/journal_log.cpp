@@ -51,11 +51,12 @@ void JournalLog::saveNewEntries() {
 
 void JournalLog::prcSaveLog() {
     if (!form1_.chkAutoSave.ticked()) return;
-    isJournalOwed_ = !log_.appendBlock(platform_.app.Path + "\\log.dat", form1_.txtAlert.Text());
+    isJournalOwed_ =
+        !log_.appendBlock(platform_.app.DataPath + "\\log.dat", form1_.txtAlert.Text());
 }
 
 std::string JournalLog::prcSetEvt(std::int16_t iEvent, const std::string& strMessage) {
-    const std::string path = platform_.app.Path + "\\tmpLogNTEvt.vbs";
+    const std::string path = platform_.app.DataPath + "\\tmpLogNTEvt.vbs";
     std::string script = "Const EVENT_SUCCESS = " + toText(std::int64_t{iEvent});
     script += lineEnd;
     script += "Set objShell = Wscript.CreateObject('Wscript.Shell')";

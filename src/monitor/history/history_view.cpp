@@ -135,7 +135,7 @@ std::optional<double> HistoryView::triggerOf(const std::string& path) const {
 
 // One file with all paths, beside the log.
 void HistoryView::cmdExport_Click() {
-    const std::string file = platform_.app.Path + fileName;
+    const std::string file = platform_.app.DataPath + fileName;
     const std::int64_t present = now();
     const std::int64_t clock = toSeconds(platform_.clock.Now());
     std::string content = "Time,Path,Free KB\r\n";

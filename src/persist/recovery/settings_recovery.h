@@ -40,7 +40,7 @@ class SettingsRecovery {
     std::string explain(const SettingsFault& fault, const PathConversion& toHostPath);
 
   private:
-    std::string path() const { return platform_.app.Path + "\\set.dat"; }
+    std::string path() const { return platform_.app.DataPath + "\\set.dat"; }
     std::optional<std::string> present(const std::string& file);
     std::optional<std::string> readable();
     std::string keepFirst(const std::string& content, const std::string& file);

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <memory>
 #include <string>
 
@@ -17,9 +18,11 @@
 #include "platform/linux/network/linux_rasapi32.h"
 #include "platform/linux/network/linux_sockets.h"
 #include "platform/linux/paths/path_mapping.h"
+#include "platform/linux/paths/path_names.h"
 #include "platform/linux/programs/command_line.h"
 #include "platform/linux/programs/program_file.h"
 #include "platform/linux/settings/linux_advapi32.h"
+#include "platform/linux/settings/linux_data_folder.h"
 #include "platform/linux/settings/linux_regional.h"
 #include "platform/linux/settings/linux_user_state.h"
 #include "platform/linux/starts/linux_other_starts.h"
@@ -36,21 +39,30 @@ namespace linuxhost {
 
 namespace {
 
+// Of the host, without a slash at the end.
 std::string ownFolder() {
     const std::string path = executablePath();
-    return path.substr(0, path.rfind('/') + 1);
+    return path.substr(0, std::min(path.rfind('/'), path.size()));
+}
+
+// As applications name folders: without a back-slash at the end.
+std::string asFolder(const std::string& hostPath, Volumes& volumes) {
+    std::string folder = drivePathOf(hostPath, volumes.roots());
+    if (folder.ends_with('\\')) folder.pop_back();
+    return folder;
+}
+
+// As it was typed, or the place of a drive path.
+std::string chosenFolder(const StartOptions& options, Volumes& volumes) {
+    const std::string& typed = options.settings;
+    return driveNameOf(typed).empty() ? toHostNames(typed) : volumes.hostPathOf(typed);
 }
 
 Application ownApplication(Volumes& volumes) {
     const std::string path = executablePath();
-    const auto slash = path.rfind('/');
-    if (slash == std::string::npos) return {};
-    std::string folder = drivePathOf(path.substr(0, slash), volumes.roots());
-    if (folder.ends_with('\\')) folder.pop_back();
-    Application app{.Path = folder,
-                    .EXEName = withoutExtension(path.substr(slash + 1)),
+    Application app{.Path = asFolder(ownFolder(), volumes),
+                    .EXEName = withoutExtension(path.substr(path.rfind('/') + 1)),
                     .Command = ownCommand(volumes),
-                    .FolderKey = ownFolder(),
                     .ForOthers = ownTextForOthers(volumes)};
     app.Options = takeStartOptions(app.Command);
     return app;
@@ -58,7 +70,12 @@ Application ownApplication(Volumes& volumes) {
 
 class LinuxMachine final : public Machine {
   public:
-    LinuxMachine() { removeLeftCopies(volumes_); }
+    LinuxMachine() {
+        const std::string folder = chooseDataFolder(dataFolders_);
+        platform_.app.DataPath = asFolder(folder, volumes_);
+        platform_.app.FolderKey = folder + '/';
+        removeLeftCopies(volumes_);
+    }
 
     Platform& platform() override { return platform_; }
 
@@ -76,9 +93,14 @@ class LinuxMachine final : public Machine {
     std::string toCommand(const std::string& forOthers) override {
         return commandFromOther(forOthers, volumes_);
     }
+    DataFolderState prepareDataFolder() override {
+        return linuxhost::prepareDataFolder(dataFolders_);
+    }
 
   private:
     Volumes volumes_;
+    Application app_ = ownApplication(volumes_);
+    DataFolders dataFolders_ = dataFoldersOf(ownFolder(), chosenFolder(app_.Options, volumes_));
     LinuxFileSystemObject fso_{volumes_};
     ListedTimes listedTimes_;
     LinuxKernel32 kernel32_{volumes_, &listedTimes_};
@@ -96,7 +118,7 @@ class LinuxMachine final : public Machine {
     LinuxWmi wmi_{hostSources()};
     LinuxRawVolumes rawVolumes_{volumes_};
     LinuxUserState userState_;
-    LinuxOtherStarts otherStarts_{ownFolder()};
+    LinuxOtherStarts otherStarts_{chooseDataFolder(dataFolders_) + '/'};
     Platform platform_{.fso = fso_,
                        .kernel32 = kernel32_,
                        .clock = clock_,
@@ -115,7 +137,7 @@ class LinuxMachine final : public Machine {
                        .userState = userState_,
                        .otherStarts = otherStarts_,
                        .regional = userRegional(),
-                       .app = ownApplication(volumes_)};
+                       .app = app_};
 };
 
 }  // namespace

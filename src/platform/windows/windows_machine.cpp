@@ -21,6 +21,7 @@
 #include "platform/windows/network/windows_sockets.h"
 #include "platform/windows/programs/command_line.h"
 #include "platform/windows/settings/windows_advapi32.h"
+#include "platform/windows/settings/windows_data_folder.h"
 #include "platform/windows/settings/windows_regional.h"
 #include "platform/windows/settings/windows_user_state.h"
 #include "platform/windows/starts/windows_other_starts.h"
@@ -58,13 +59,8 @@ Application ownApplication() {
     std::string name = path.substr(slash + 1);
     name.resize(std::min(name.rfind('.'), name.size()));
     app.Path = path.substr(0, slash);
-    app.FolderKey = lowerCase(app.Path);
     app.EXEName = name;
     return app;
-}
-
-std::string ownFolder() {
-    return ownApplication().Path;
 }
 
 class WindowsMachine final : public Machine {
@@ -72,6 +68,8 @@ class WindowsMachine final : public Machine {
     WindowsMachine() {
         // A drive without a medium is an answer; the system must not open a box that asks for one.
         SetErrorMode(GetErrorMode() | SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
+        platform_.app.DataPath = chooseDataFolder(dataFolders_);
+        platform_.app.FolderKey = lowerCase(platform_.app.DataPath);
     }
 
     Platform& platform() override { return platform_; }
@@ -84,8 +82,13 @@ class WindowsMachine final : public Machine {
     std::string toHostPath(const std::string& drivePath) override { return drivePath; }
     // Of the same session, and so with the same letters.
     std::string toCommand(const std::string& forOthers) override { return forOthers; }
+    DataFolderState prepareDataFolder() override {
+        return windows::prepareDataFolder(dataFolders_);
+    }
 
   private:
+    Application app_ = ownApplication();
+    DataFolders dataFolders_ = dataFoldersOf(app_.Path, app_.Options.settings);
     // Shared by all interfaces, so that only one question a drive is pending.
     std::shared_ptr<DriveQuestions> questions_ = std::make_shared<DriveQuestions>(driveDeadline);
     WindowsFileSystemObject fso_{questions_};
@@ -104,7 +107,7 @@ class WindowsMachine final : public Machine {
     WindowsWmi wmi_;
     WindowsRawVolumes rawVolumes_{questions_};
     WindowsUserState userState_;
-    WindowsOtherStarts otherStarts_{ownFolder()};
+    WindowsOtherStarts otherStarts_{chooseDataFolder(dataFolders_)};
     Platform platform_{.fso = fso_,
                        .kernel32 = kernel32_,
                        .clock = clock_,
@@ -123,7 +126,7 @@ class WindowsMachine final : public Machine {
                        .userState = userState_,
                        .otherStarts = otherStarts_,
                        .regional = userRegional(),
-                       .app = ownApplication()};
+                       .app = app_};
 };
 
 }  // namespace

@@ -193,6 +193,19 @@ TEST(EventScript, HasThreeLinesWithDoubleQuotesThroughout) {
     EXPECT_EQ(rig.steps, (Steps{"writeOver " + script, "ShellExecuteA open " + script}));
 }
 
+TEST(EventScript, LiesWithTheLog) {
+    LogRig rig;
+    rig.machine.platform().app.DataPath = "C:\\data";
+    rig.machine.folders.insert("c:\\data");
+    EXPECT_EQ(rig.log.prcSetEvt(4, "x"), "1");
+    EXPECT_EQ(rig.machine.files.count("C:\\data\\tmpLogNTEvt.vbs"), 1U);
+    EXPECT_EQ(rig.machine.files.count("C:\\Program Files\\Velmora\\tmpLogNTEvt.vbs"), 0U);
+    rig.enter("an entry");
+    rig.log.prcSaveLog();
+    EXPECT_EQ(rig.machine.files.count("C:\\data\\log.dat"), 1U);
+    EXPECT_EQ(rig.machine.files.count(rig.path), 0U);
+}
+
 TEST(EventScript, AnyAnswerButOneGivesNoAndKeepsTheScript) {
     const std::string script = "C:\\Program Files\\Velmora\\tmpLogNTEvt.vbs";
     for (const int answer : {2, 33, 41, 43}) {

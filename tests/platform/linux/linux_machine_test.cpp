@@ -10,7 +10,11 @@ namespace {
 
 TEST(LinuxMachine, TellsItsFolderByAKeyWithoutALetter) {
     const auto program = std::filesystem::read_symlink("/proc/self/exe");
-    EXPECT_EQ(openMachine()->platform().app.FolderKey, program.parent_path().string() + '/');
+    const auto machine = openMachine();
+    const Application& app = machine->platform().app;
+    EXPECT_EQ(app.FolderKey, program.parent_path().string() + '/');
+    EXPECT_EQ(app.DataPath, app.Path);
+    EXPECT_FALSE(app.DataPath.empty());
 }
 
 }  // namespace

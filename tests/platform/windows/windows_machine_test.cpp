@@ -17,6 +17,7 @@ TEST(WindowsMachine, KnowsWhereTheProgramLies) {
     const Application app = machine->platform().app;
     EXPECT_EQ(app.EXEName, "test_platform");
     EXPECT_FALSE(app.Path.ends_with('\\'));
+    EXPECT_EQ(app.DataPath, app.Path);
     EXPECT_EQ(app.FolderKey, lowerCase(app.Path));
     EXPECT_TRUE(machine->platform().fso.FileExists(app.Path + '\\' + app.EXEName + ".exe"));
 }

@@ -9,6 +9,7 @@
 #include "platform/windows/entries/opened_entry.h"
 #include "platform/windows/entries/private_folder.h"
 #include "platform/windows/paths/exact_path.h"
+#include "platform/windows/system/environment.h"
 #include "platform/windows/system/private_security.h"
 #include "platform/windows/system/unique_handle.h"
 #include "platform/windows/system/utf16.h"
@@ -18,18 +19,9 @@ namespace velmora::windows {
 
 namespace {
 
-// Empty when the user has no such folder.
-std::wstring variable(const wchar_t* name) {
-    std::wstring value(GetEnvironmentVariableW(name, nullptr, 0), L'\0');
-    const DWORD length =
-        GetEnvironmentVariableW(name, value.data(), static_cast<DWORD>(value.size()));
-    value.resize(length < value.size() ? length : 0);
-    return value;
-}
-
 // Asked each time: the folder may have been removed meanwhile.
 std::optional<ExactPath> ownFolder() {
-    const std::string local = toUtf8(variable(L"LOCALAPPDATA"));
+    const std::string local = toUtf8(environmentVariable(L"LOCALAPPDATA"));
     return local.empty() ? std::nullopt : exactPath(local + R"(\Velmora)");
 }
 
@@ -102,7 +94,7 @@ bool WindowsUserState::move(const std::string& from, const std::string& to) {
 }
 
 std::string WindowsUserState::placeOf(const std::string& name) {
-    const std::string local = toUtf8(variable(L"LOCALAPPDATA"));
+    const std::string local = toUtf8(environmentVariable(L"LOCALAPPDATA"));
     return local.empty() ? std::string{} : local + R"(\Velmora\)" + name;
 }
 

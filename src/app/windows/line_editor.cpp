@@ -1,0 +1,10 @@
+#include "app/line_editor.h"
+
+namespace velmora {
+
+// The console of the system edits lines and keeps its own history.
+LineEditor terminalEditor() {
+    return {};
+}
+
+}  // namespace velmora

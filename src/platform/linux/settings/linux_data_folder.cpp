@@ -1,0 +1,105 @@
+#include "platform/linux/settings/linux_data_folder.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstddef>
+#include <cstdio>
+#include <filesystem>
+#include <string_view>
+#include <system_error>
+
+#include "platform/linux/entries/private_folder.h"
+#include "platform/linux/paths/path_mapping.h"
+#include "platform/linux/paths/user_folders.h"
+#include "platform/linux/system/read_whole.h"
+#include "platform/linux/system/unique_fd.h"
+#include "platform/linux/system/write_all.h"
+
+namespace velmora::linuxhost {
+
+namespace {
+
+constexpr const char* settingsName = "set.dat";
+constexpr std::size_t mostSettings = 64 * 1024 * 1024;  // bytes
+
+bool isThere(const std::string& path) {
+    struct stat status {};
+    return stat(path.c_str(), &status) == 0;
+}
+
+UniqueFd openFolder(const std::string& path) {
+    return UniqueFd(open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+}
+
+std::string withoutLinks(const std::string& path) {
+    std::error_code failure;
+    const auto resolved = std::filesystem::weakly_canonical(path, failure);
+    std::string text = failure ? path : resolved.string();
+    while (text.size() > 1 && text.ends_with('/')) text.pop_back();
+    return text;
+}
+
+bool make(const DataFolders& folders, const std::string& path) {
+    UniqueFd made;
+    if (!folders.chosen.empty()) return mkdir(path.c_str(), S_IRWXU) == 0;
+    return makePrivateFolder(path, made) == 0;
+}
+
+// To the disk before it gets its name: after a power failure it is whole or isn't there.
+bool fill(int file, std::string_view content) {
+    return file >= 0 && writeAll(file, content) == 0 && fdatasync(file) == 0;
+}
+
+// Of two programs that begin at once the first one's stay. A filesystem without links has only the
+// name to give.
+bool putInPlace(int folder, const char* made) {
+    if (linkat(folder, made, folder, settingsName, 0) == 0 || errno == EEXIST) return true;
+    return renameat(folder, made, folder, settingsName) == 0;
+}
+
+bool layFirst(int folder, std::string_view content) {
+    // By its number no other run of the program writes to the same file.
+    const std::string made = std::string(".set.dat.") + std::to_string(getpid());
+    constexpr int flags = O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC;
+    // They may hold a password later.
+    const UniqueFd file(openat(folder, made.c_str(), flags, S_IRUSR | S_IWUSR));
+    const bool isDone = fill(file.get(), content) && putInPlace(folder, made.c_str());
+    unlinkat(folder, made.c_str(), 0);
+    return isDone;
+}
+
+}  // namespace
+
+DataFolders dataFoldersOf(const std::string& program, const std::string& chosen) {
+    DataFolders folders{.program = program};
+    folders.isInstalled = isThere(program + '/' + installedMarker);
+    if (folders.isInstalled) folders.ofUser = withoutLinks(dataFolder() + "/velmora");
+    if (chosen.empty()) return folders;
+    folders.chosen =
+        withoutLinks(chosen.starts_with('/') ? chosen : workingFolder() + '/' + chosen);
+    return folders;
+}
+
+DataFolderState prepareDataFolder(const DataFolders& folders) {
+    const std::string path = chooseDataFolder(folders);
+    if (path == folders.program) return DataFolderState::ready;
+    if (!isThere(path) && !make(folders, path)) return DataFolderState::notMade;
+    const UniqueFd folder = openFolder(path);
+    if (!folder.isOpen()) return DataFolderState::notMade;
+    struct stat status {};
+    if (fstatat(folder.get(), settingsName, &status, AT_SYMLINK_NOFOLLOW) == 0)
+        return DataFolderState::ready;
+    const std::string first = folders.program + '/' + settingsName;
+    const UniqueFd source(open(first.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    // Without them the start says what is missing.
+    if (!source.isOpen() && errno == ENOENT) return DataFolderState::ready;
+    std::string content;
+    const bool isDone = source.isOpen() && readWhole(source.get(), mostSettings, content) == 0 &&
+                        layFirst(folder.get(), content);
+    return isDone ? DataFolderState::ready : DataFolderState::notFilled;
+}
+
+}  // namespace velmora::linuxhost

@@ -1,0 +1,119 @@
+#include "platform/windows/settings/windows_data_folder.h"
+
+#include <windows.h>
+// After the one above, which it needs.
+#include <winternl.h>
+
+#include <cstddef>
+#include <string_view>
+
+#include "base/text.h"
+#include "platform/windows/entries/private_folder.h"
+#include "platform/windows/paths/exact_path.h"
+#include "platform/windows/system/environment.h"
+#include "platform/windows/system/private_security.h"
+#include "platform/windows/system/unique_handle.h"
+#include "platform/windows/system/utf16.h"
+#include "platform/windows/system/whole_file.h"
+
+namespace velmora::windows {
+
+namespace {
+
+constexpr const char* settingsName = R"(\set.dat)";
+constexpr std::size_t mostSettings = 64 * 1024 * 1024;  // bytes
+
+std::wstring hostPath(const std::string& path) {
+    const auto exact = exactPath(path);
+    return exact ? exact->text() : std::wstring{};
+}
+
+DWORD attributesOf(const std::string& path) {
+    return GetFileAttributesW(hostPath(path).c_str());
+}
+
+bool isFolder(const std::string& path) {
+    const DWORD attributes = attributesOf(path);
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+// Whole, from the working folder on.
+std::string wholePath(const std::string& typed) {
+    const std::wstring wide = toUtf16(typed);
+    std::wstring whole(GetFullPathNameW(wide.c_str(), 0, nullptr, nullptr), L'\0');
+    const DWORD length =
+        GetFullPathNameW(wide.c_str(), static_cast<DWORD>(whole.size()), whole.data(), nullptr);
+    whole.resize(length < whole.size() ? length : 0);
+    std::string path = withoutLongPrefix(toUtf8(whole));
+    if (path.ends_with('\\') && !path.ends_with(":\\")) path.pop_back();
+    return path;
+}
+
+bool make(const std::string& path) {
+    const auto exact = exactPath(path);
+    OpenedEntry folder;
+    return exact && openPrivateFolder(*exact, WhenMissing::make, folder) == ERROR_SUCCESS;
+}
+
+bool readFirst(const std::string& path, std::string& content, DWORD& failure) {
+    const UniqueHandle file(CreateFileW(hostPath(path).c_str(), GENERIC_READ,
+                                        FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                        nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    failure = file.isOpen() ? readWhole(file.get(), mostSettings, content) : GetLastError();
+    return failure == ERROR_SUCCESS;
+}
+
+// To the disk before it gets its name: after a power failure it is whole or isn't there.
+bool fill(const std::wstring& path, std::string_view content) {
+    PrivateSecurity security;
+    if (security.failure() != ERROR_SUCCESS) return false;
+    // They may hold a password later.
+    const UniqueHandle file(CreateFileW(path.c_str(), GENERIC_WRITE, 0, security.attributes(),
+                                        CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+    return file.isOpen() && writeAll(file.get(), content) == ERROR_SUCCESS &&
+           FlushFileBuffers(file.get());
+}
+
+// Of two programs that begin at once the first one's stay.
+bool putInPlace(const std::wstring& from, const std::wstring& to) {
+    return MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_WRITE_THROUGH) != 0 ||
+           GetLastError() == ERROR_ALREADY_EXISTS || GetLastError() == ERROR_FILE_EXISTS;
+}
+
+bool layFirst(const std::string& folder, std::string_view content) {
+    // By its number no other run of the program writes to the same file.
+    const std::wstring made =
+        hostPath(folder + R"(\.set.dat.)" + std::to_string(GetCurrentProcessId()));
+    const bool isDone = fill(made, content) && putInPlace(made, hostPath(folder + settingsName));
+    DeleteFileW(made.c_str());
+    return isDone;
+}
+
+}  // namespace
+
+DataFolders dataFoldersOf(const std::string& program, const std::string& chosen) {
+    DataFolders folders{.program = program};
+    folders.isInstalled = attributesOf(program + '\\' + installedMarker) != INVALID_FILE_ATTRIBUTES;
+    const std::string local = toUtf8(environmentVariable(L"LOCALAPPDATA"));
+    if (folders.isInstalled && !local.empty()) folders.ofUser = local + R"(\Velmora)";
+    if (!chosen.empty()) folders.chosen = wholePath(chosen);
+    return folders;
+}
+
+DataFolderState prepareDataFolder(const DataFolders& folders) {
+    const std::string folder = chooseDataFolder(folders);
+    if (folder == folders.program) return DataFolderState::ready;
+    if (!isFolder(folder) && !make(folder)) return DataFolderState::notMade;
+    if (attributesOf(folder + settingsName) != INVALID_FILE_ATTRIBUTES)
+        return DataFolderState::ready;
+    std::string content;
+    DWORD failure = 0;
+    if (!readFirst(folders.program + settingsName, content, failure)) {
+        // Without them the start says what is missing.
+        return failure == ERROR_FILE_NOT_FOUND ? DataFolderState::ready
+                                               : DataFolderState::notFilled;
+    }
+    return layFirst(folder, content) ? DataFolderState::ready : DataFolderState::notFilled;
+}
+
+}  // namespace velmora::windows
