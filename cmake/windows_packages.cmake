@@ -23,4 +23,5 @@ endif()
 add_executable(velmora-close WIN32 EXCLUDE_FROM_ALL ${PROJECT_SOURCE_DIR}/src/app/windows/close_running.cpp)
 # It is unpacked for each installation, and lies in the uninstaller again.
 target_compile_options(velmora-close PRIVATE -Os)
-target_link_libraries(velmora-close PRIVATE shell32)
+target_include_directories(velmora-close PRIVATE ${PROJECT_SOURCE_DIR}/src)
+target_link_libraries(velmora-close PRIVATE shell32 psapi)

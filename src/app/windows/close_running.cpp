@@ -1,90 +1,109 @@
 // Asks the programs of an installed folder to close, for the installer:
 //   velmora-close FOLDER [SECONDS]
-// Windows of these programs get the wish to close, as if their user had closed them: the program
-// asks its own question. A console belongs to whoever sits before it. Nothing is ended by force.
-// SECONDS is how long to wait, 0 to 3600; without it nothing is asked. The status is 0 when none of
-// the programs runs (any more), 1 when one does, 2 for wrong arguments.
+// A window asks its user before it ends, a console that keeps watch ends by itself, and one with a
+// prompt belongs to whoever sits before it. Nothing is ended by force. SECONDS is how long to wait,
+// 0 to 3600; without it nothing is asked. The status is 0 when none of the programs runs (any
+// more), 1 when one does, 2 for wrong arguments.
 #include <windows.h>
-// After the one above, which it needs.
+// After the one above, which they need.
+#include <psapi.h>
 #include <shellapi.h>
 
 #include <string>
 #include <vector>
 
+#include "app/windows/close_wish_name.h"
+
 namespace {
 
+using Paths = std::vector<std::wstring>;
+
 constexpr const wchar_t* programs[] = {L"velmora.exe", L"velmora-console.exe"};
+constexpr DWORD everyoneElse = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 constexpr DWORD pause = 200;
 constexpr unsigned long longestWait = 3600;
+constexpr std::size_t longestPath = 32768;
+constexpr std::size_t mostProcesses = 65536;
+
+HANDLE openFile(const std::wstring& path, DWORD access) {
+    return CreateFileW(path.c_str(), access, everyoneElse, nullptr, OPEN_EXISTING,
+                       FILE_ATTRIBUTE_NORMAL, nullptr);
+}
 
 // The file of a running program can't be opened for writing, in whatever session it runs.
 bool isRunning(const std::wstring& path) {
-    const HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE,
-                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    const HANDLE file = openFile(path, GENERIC_WRITE);
     if (file == INVALID_HANDLE_VALUE) return GetLastError() == ERROR_SHARING_VIOLATION;
     CloseHandle(file);
     return false;
 }
 
-bool isAnyRunning(const std::vector<std::wstring>& paths) {
+bool isAnyRunning(const Paths& paths) {
     for (const std::wstring& path : paths) {
         if (isRunning(path)) return true;
     }
     return false;
 }
 
+bool factsOf(const std::wstring& path, BY_HANDLE_FILE_INFORMATION& facts) {
+    const HANDLE file = openFile(path, 0);
+    if (file == INVALID_HANDLE_VALUE) return false;
+    const bool areKnown = GetFileInformationByHandle(file, &facts);
+    CloseHandle(file);
+    return areKnown;
+}
+
+// A path can be written in several ways.
 bool isSameFile(const std::wstring& one, const std::wstring& other) {
-    const auto open = [](const std::wstring& path) {
-        return CreateFileW(path.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                           nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-    };
-    const HANDLE first = open(one);
-    const HANDLE second = open(other);
     BY_HANDLE_FILE_INFORMATION a{};
     BY_HANDLE_FILE_INFORMATION b{};
-    // A path can be written in several ways.
-    const bool areKnown =
-        GetFileInformationByHandle(first, &a) && GetFileInformationByHandle(second, &b);
-    if (first != INVALID_HANDLE_VALUE) CloseHandle(first);
-    if (second != INVALID_HANDLE_VALUE) CloseHandle(second);
-    return areKnown && a.dwVolumeSerialNumber == b.dwVolumeSerialNumber &&
+    return factsOf(one, a) && factsOf(other, b) &&
+           a.dwVolumeSerialNumber == b.dwVolumeSerialNumber &&
            a.nFileIndexHigh == b.nFileIndexHigh && a.nFileIndexLow == b.nFileIndexLow;
 }
 
-std::wstring programOf(HWND window) {
-    DWORD number = 0;
-    GetWindowThreadProcessId(window, &number);
+// Empty for one that may not be asked.
+std::wstring programOf(DWORD number) {
     const HANDLE process = OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, number);
     if (!process) return {};
-    std::wstring path(32768, L'\0');
-    DWORD length = static_cast<DWORD>(path.size());
+    std::wstring path(longestPath, L'\0');
+    auto length = static_cast<DWORD>(path.size());
     if (!QueryFullProcessImageNameW(process, 0, path.data(), &length)) length = 0;
     CloseHandle(process);
     path.resize(length);
     return path;
 }
 
-// The main window, shown or hidden: others belong to it, or have other titles.
-bool isMainWindow(HWND window) {
-    wchar_t title[16] = L"";
-    GetWindowTextW(window, title, 16);
-    return GetWindow(window, GW_OWNER) == nullptr && std::wstring(title).starts_with(L"Velmora");
-}
-
-BOOL CALLBACK askToClose(HWND window, LPARAM paths) {
-    if (!isMainWindow(window)) return TRUE;
-    const std::wstring program = programOf(window);
-    for (const std::wstring& path : *reinterpret_cast<const std::vector<std::wstring>*>(paths)) {
-        if (program.empty() || !isSameFile(program, path)) continue;
-        // This program was started by the user, so the question may come to the front.
-        AllowSetForegroundWindow(ASFW_ANY);
-        PostMessageW(window, WM_CLOSE, 0, 0);
+bool isOneOf(const std::wstring& program, const Paths& paths) {
+    for (const std::wstring& path : paths) {
+        if (!program.empty() && isSameFile(program, path)) return true;
     }
-    return TRUE;
+    return false;
 }
 
-bool waitForTheEnd(const std::vector<std::wstring>& paths, unsigned long seconds) {
+void wishForClose(DWORD process) {
+    const std::wstring name = velmora::windows::closeWishName(process);
+    const HANDLE wish = OpenEventW(EVENT_MODIFY_STATE, FALSE, name.c_str());
+    if (!wish) return;
+    // The installer is in front now, and the question is to get there.
+    AllowSetForegroundWindow(process);
+    SetEvent(wish);
+    CloseHandle(wish);
+}
+
+void askToClose(const Paths& paths) {
+    std::vector<DWORD> processes(mostProcesses);
+    DWORD size = 0;
+    if (!EnumProcesses(processes.data(), static_cast<DWORD>(processes.size() * sizeof(DWORD)),
+                       &size))
+        return;
+    processes.resize(size / sizeof(DWORD));
+    for (const DWORD process : processes) {
+        if (isOneOf(programOf(process), paths)) wishForClose(process);
+    }
+}
+
+bool waitForTheEnd(const Paths& paths, unsigned long seconds) {
     const ULONGLONG end = GetTickCount64() + seconds * 1000ULL;
     while (isAnyRunning(paths)) {
         if (GetTickCount64() >= end) return false;
@@ -105,9 +124,8 @@ int main() {
         seconds = wcstoul(words[2], &rest, 10);
         if (rest == words[2] || *rest != L'\0' || seconds > longestWait) return 2;
     }
-    std::vector<std::wstring> paths;
+    Paths paths;
     for (const wchar_t* name : programs) paths.push_back(words[1] + (L'\\' + std::wstring(name)));
-    if (count == 3 && isAnyRunning(paths))
-        EnumWindows(askToClose, reinterpret_cast<LPARAM>(&paths));
+    if (count == 3 && isAnyRunning(paths)) askToClose(paths);
     return waitForTheEnd(paths, seconds) ? 0 : 1;
 }
