@@ -61,7 +61,7 @@ class Installation(unittest.TestCase):
     def clean_up(self):
         shutil.rmtree(self.users, ignore_errors=True)
         if self.folder.exists():
-            self.uninstall("/SETTINGS")
+            self.uninstall("/SETTINGS", SHORT_WAIT)
 
     def install(self, *words):
         on_drive_z = "Z:" + str(setup).replace("/", "\\")
@@ -81,14 +81,23 @@ class Installation(unittest.TestCase):
         return machine.values(RUN).get("Velmora")
 
     def start_window(self):
-        """The window, as the start menu starts it."""
-        program = window.Program(True, "start", machine.user(), arguments=("/wait", rf"{MENU}\Velmora.lnk"))
-        self.addCleanup(self.end_by_force, program)
+        program = window.Program(True, self.folder / "velmora.exe", machine.user(),
+                                 arguments=OPTIONS.split())
+        self.addCleanup(self.end_by_force, program.process)
         return program
 
-    def end_by_force(self, program):
-        if program.process.poll() is None:
-            program.close()
+    def use_the_start_menu(self):
+        """Starts the window and ends it. What starts the shortcut ends at once."""
+        self.addCleanup(machine.stop)
+        program = window.Program(True, "start", machine.user(), arguments=[rf"{MENU}\Velmora.lnk"])
+        program.ask_for_the_end().press("Return")
+        desktop.wait_for(lambda: not program.desktop.windows("Velmora.*"), "the end of the program")
+        program.close()
+
+    def end_by_force(self, process):
+        if process.poll() is None:
+            process.kill()
+            process.wait()
             machine.stop()
 
     def start_console(self):
@@ -114,8 +123,7 @@ class Installation(unittest.TestCase):
         self.assertIsNone(self.autostart())
         installed = tree(self.folder)
 
-        program = self.start_window()
-        self.assertEqual(program.end(), 0)
+        self.use_the_start_menu()
         running = self.start_console()
         self.assertEqual(running.get("txtSpace"), "50000")
         row = running.add("C:\\")
@@ -130,16 +138,17 @@ class Installation(unittest.TestCase):
         self.assertEqual(tree(self.folder), installed)
         kept = tree(self.users)
 
-        # As "Apps" does it: the uninstaller goes on in a copy of itself.
-        quiet = machine.values(APPS)["QuietUninstallString"]
-        self.assertEqual(quiet, rf'"{PROGRAMS}\uninstall.exe" /S')
-        self.assertEqual(machine.run(self.folder / "uninstall.exe", "/S"), 0)
-        desktop.wait_for(lambda: not self.folder.exists(), "end of the uninstaller")
-        desktop.wait_for(lambda: not machine.values(APPS), "end of the entry in Apps")
+        self.remove_as_apps_does()
         self.assertFalse(self.send_to.exists())
         self.assertEqual(tree(self.users), kept)
         shutil.rmtree(self.users)
         self.assertEqual(machine.traces(), [])
+
+    def remove_as_apps_does(self):
+        """The uninstaller goes on in a copy of itself."""
+        self.assertEqual(machine.run_line(machine.values(APPS)["QuietUninstallString"]), 0)
+        desktop.wait_for(lambda: not self.folder.exists(), "end of the uninstaller")
+        desktop.wait_for(lambda: not machine.values(APPS), "end of the entry in Apps")
 
     def check_entry_in_apps(self):
         entry = machine.values(APPS)
@@ -206,6 +215,15 @@ class Installation(unittest.TestCase):
         self.assertEqual((self.users / "set.dat").read_bytes(), saved)
         shutil.rmtree(self.folder)
 
+    def test_a_console_that_keeps_watch_ends_when_it_is_asked(self):
+        self.assertEqual(self.install(), 0)
+        running = machine.start(self.folder / "velmora-console.exe", "--keep-running", "--watch")
+        self.addCleanup(self.end_by_force, running)
+        # The first of its events: it watches.
+        self.assertTrue(running.stdout.readline())
+        self.assertEqual(self.install(LONG_WAIT), 0)
+        self.assertEqual(running.wait(PATIENCE), 0)
+
     def test_asked_for_it_the_uninstaller_takes_the_settings_along(self):
         self.assertEqual(self.install(), 0)
         self.save_settings()
@@ -224,8 +242,13 @@ class Installation(unittest.TestCase):
         running.run("set chkStartUp.Value on")
         self.assertEqual(running.end(), 0)
         self.assertTrue(self.autostart().startswith(rf"{PROGRAMS}\velmora"))
-        self.assertEqual(self.uninstall(), 0)
+        self.remove_as_apps_does()
         self.assertIsNone(self.autostart())
+        # Switched off there, it is empty.
+        self.assertEqual(self.install(), 0)
+        machine.set_value(RUN, "Velmora", "")
+        self.assertEqual(self.uninstall(), 0)
+        self.assertNotIn("Velmora", machine.values(RUN))
 
     def test_the_start_of_another_copy_stays(self):
         other = r"C:\elsewhere\velmora"

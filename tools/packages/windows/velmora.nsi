@@ -62,6 +62,7 @@ Var same      ; whether two files are the same
 !insertmacro MUI_PAGE_FINISH
 
 !insertmacro MUI_UNPAGE_CONFIRM
+!define MUI_PAGE_CUSTOMFUNCTION_SHOW un.hideSpace
 !insertmacro MUI_UNPAGE_COMPONENTS
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_LANGUAGE "English"
@@ -73,20 +74,25 @@ Var same      ; whether two files are the same
 Function ${un}closePrograms
     InitPluginsDir
     File "/oname=$PLUGINSDIR\velmora-close.exe" "${PARTS}\velmora-close.exe"
+    DetailPrint "Looking whether Velmora runs"
+    SetDetailsPrint none
     ExecWait '"$PLUGINSDIR\velmora-close.exe" "$0"' $1
+    SetDetailsPrint lastused
     ${If} $1 == 0
         Return
     ${EndIf}
     ${If} ${Silent}
         ExecWait '"$PLUGINSDIR\velmora-close.exe" "$0" $wait' $1
     ${Else}
-        ; As often as the person likes. Only a "no" or a forgotten program is waited for.
+        ; As often as the person likes.
         ${Do}
-            MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "Velmora is running.$\r$\n$\r$\nOn Retry it is asked to close; please answer its question. A console is ended by its command exit. Another user of this computer may have it open, too.$\r$\n$\r$\nOn Cancel nothing is changed." IDRETRY ask${un}
+            MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "Velmora is running.$\r$\n$\r$\nRetry asks it to close; please answer its question. End a console with its command exit. Another user of this computer may have it open, too.$\r$\n$\r$\nCancel leaves everything as it is." IDRETRY ask${un}
             ${ExitDo}
             ask${un}:
             DetailPrint "Waiting for Velmora to close"
-            ExecWait '"$PLUGINSDIR\velmora-close.exe" "$0" 10' $1
+            SetDetailsPrint none
+            ExecWait '"$PLUGINSDIR\velmora-close.exe" "$0" 20' $1
+            SetDetailsPrint lastused
         ${LoopUntil} $1 == 0
     ${EndIf}
     ${If} $1 != 0
@@ -110,6 +116,14 @@ Function ${un}readAutostart
     StrCpy $3 $3 $4
     ${If} $3 == "$2\velmora"
         StrCpy $1 "yes"
+    ${EndIf}
+FunctionEnd
+
+; A folder that was told may end in a back-slash. So does the uninstaller's.
+Function ${un}trimFolder
+    StrCpy $0 $INSTDIR 1 -1
+    ${If} $0 == "\"
+        StrCpy $INSTDIR $INSTDIR -1
     ${EndIf}
 FunctionEnd
 
@@ -284,6 +298,7 @@ SectionEnd
 Function .onInit
     SetRegView 64
     Call readWait
+    Call trimFolder
     ReadRegStr $former HKLM "${APPS_KEY}" "InstallLocation"
     ${If} $INSTDIR == ""
         StrCpy $INSTDIR $former
@@ -341,6 +356,13 @@ Function un.compareFiles
     FileClose $3
 FunctionEnd
 
+; A removal needs no space.
+Function un.hideSpace
+    FindWindow $0 "#32770" "" $HWNDPARENT
+    GetDlgItem $1 $0 1023
+    ShowWindow $1 ${SW_HIDE}
+FunctionEnd
+
 Section "un.Velmora" unsectionProgram
     SectionIn RO
     StrCpy $0 $INSTDIR
@@ -385,6 +407,7 @@ Section /o "un.My settings and log" unsectionSettings
     Delete "$INSTDIR\set.dat"
     Delete "$INSTDIR\log.dat"
     Delete "$INSTDIR\clen.dat"
+    Delete "$INSTDIR\history.csv"
     RMDir "$INSTDIR"
 SectionEnd
 
@@ -396,6 +419,7 @@ SectionEnd
 Function un.onInit
     SetRegView 64
     Call un.readWait
+    Call un.trimFolder
     ${GetParameters} $0
     ClearErrors
     ${GetOptions} $0 "/SETTINGS" $1
