@@ -1,5 +1,5 @@
 # Shell functions that run Windows programs under Wine, in a prefix of the build folder.
-# To be sourced, with `root` set to the project's folder.
+# To be sourced, with `root` set to the project's folder. VELMORA_WINE_PREFIX may name another prefix.
 
 # The 64-bit loader itself: the front-end of the distribution complains about a missing 32-bit one.
 wine=/usr/lib/wine/wine64

@@ -1,6 +1,7 @@
 """The installer for Windows under Wine: installed, started, updated, removed without a trace."""
 
 import shutil
+import subprocess
 import unittest
 import zipfile
 
@@ -217,7 +218,9 @@ class Installation(unittest.TestCase):
 
     def test_a_console_that_keeps_watch_ends_when_it_is_asked(self):
         self.assertEqual(self.install(), 0)
-        running = machine.start(self.folder / "velmora-console.exe", "--keep-running", "--watch")
+        running = machine.start(self.folder / "velmora-console.exe", "--keep-running", "--watch",
+                                output=subprocess.PIPE)
+        self.addCleanup(running.stdout.close)
         self.addCleanup(self.end_by_force, running)
         # The first of its events: it watches.
         self.assertTrue(running.stdout.readline())

@@ -52,7 +52,8 @@ class Machine:
         except desktop.Unavailable as why:
             raise unittest.SkipTest(str(why)) from why
         self.before = dict(os.environ)
-        os.environ["VELMORA_WINE_PREFIX"] = str(PREFIX)
+        for name in ("WINEPREFIX", "VELMORA_WINE_PREFIX"):
+            os.environ[name] = str(PREFIX)
         os.environ.update(self.desktop.environment)
         if PREFIX.exists() and self.traces():
             shutil.rmtree(PREFIX)
@@ -86,10 +87,10 @@ class Machine:
         subprocess.run(["bash", "-c", words, "bash", str(ROOT)], stdin=subprocess.DEVNULL,
                        capture_output=True, timeout=PATIENCE, check=False)
 
-    def start(self, *words):
+    def start(self, *words, output=subprocess.DEVNULL):
         """Starts a program of Windows, by its path on the host, and gives its process."""
         return subprocess.Popen([self.wine, *map(str, words)], stdin=subprocess.DEVNULL,
-                                stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+                                stdout=output, stderr=subprocess.DEVNULL)
 
     def run(self, *words):
         """The status of a program of Windows that has ended."""
@@ -107,7 +108,7 @@ class Machine:
 
     def output(self, *words):
         """What a program of Windows prints; empty when it fails."""
-        process = self.start(*words)
+        process = self.start(*words, output=subprocess.PIPE)
         said = process.communicate(timeout=PATIENCE)[0].decode("utf-8", "replace")
         return said if process.returncode == 0 else ""
 
