@@ -216,6 +216,50 @@ class Installation(unittest.TestCase):
         self.assertEqual((self.users / "set.dat").read_bytes(), saved)
         shutil.rmtree(self.folder)
 
+    def open_installer(self):
+        """Through its pages to the point where it begins; gives its process and its window."""
+        process = machine.start(setup)
+        self.addCleanup(self.end_by_force, process)
+        pages = machine.desktop.window("Velmora Setup")
+        picture = None
+        for page in ("welcome", "components", "folder"):
+            picture = pages.screenshot("installer-" + page, picture)
+            pages.press("Return")
+        return process, pages
+
+    def press_away(self, pages):
+        """Whether a window is gone, by Return."""
+        if machine.desktop.active() == pages.identity:
+            machine.desktop.press("Return")
+        return not pages.shown()
+
+    def test_by_hand_the_person_is_told_and_tries_again(self):
+        self.assertEqual(self.install(), 0)
+        page = self.folder / "velmora.html"
+        page.write_bytes(b"old")
+        program = self.start_window()
+        setup_process, pages = self.open_installer()
+        # Cancel, in the box and on the page.
+        machine.desktop.window("Velmora Setup", pages).press("Escape")
+        pages.press("Escape")
+        self.assertEqual(setup_process.wait(PATIENCE), STILL_RUNNING)
+        self.assertEqual(page.read_bytes(), b"old")
+
+        setup_process, pages = self.open_installer()
+        # Retry.
+        machine.desktop.window("Velmora Setup", pages).press("Return")
+        machine.desktop.window("Velmora", program.window).press("Return")
+        self.assertEqual(program.process.wait(PATIENCE), 0)
+        # On the last page it is started again, by the desktop.
+        self.addCleanup(machine.stop)
+        desktop.wait_for(lambda: self.press_away(pages), "end of the installer")
+        self.assertEqual(setup_process.wait(PATIENCE), 0)
+        self.assertGreater(page.stat().st_size, 1000)
+        started = machine.desktop.window("Velmora")
+        started.click(*window.EXIT_BUTTON)
+        machine.desktop.window("Velmora", started).press("Return")
+        desktop.wait_for(lambda: not machine.desktop.windows("Velmora.*"), "end of the program")
+
     def test_a_console_that_keeps_watch_ends_when_it_is_asked(self):
         self.assertEqual(self.install(), 0)
         running = machine.start(self.folder / "velmora-console.exe", "--keep-running", "--watch",
