@@ -41,6 +41,4 @@ function(velmora_install_qt_beside program folder)
         set(COMPILER \"${CMAKE_CXX_COMPILER}\")
         set(OBJDUMP \"${CMAKE_OBJDUMP}\")
         include(\"${PROJECT_SOURCE_DIR}/cmake/put_qt_beside.cmake\")")
-    # Qt's licences are installed with its DLLs.
-    install(DIRECTORY ${VELMORA_WINDOWS_QT_ROOT}/licenses/ DESTINATION ${folder}/qt-licenses OPTIONAL)
 endfunction()

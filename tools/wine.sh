@@ -1,5 +1,5 @@
 # Shell functions that run Windows programs under Wine, in a prefix of the build folder.
-# To be sourced, with `root` set to the project's folder.
+# To be sourced, with `root` set to the project's folder. VELMORA_WINE_PREFIX may name another prefix.
 
 # The 64-bit loader itself: the front-end of the distribution complains about a missing 32-bit one.
 wine=/usr/lib/wine/wine64
@@ -13,7 +13,7 @@ wine_started=no
 # the user's desktop don't change, and no debugger writes over the output of a program that crashes.
 start_wine() {
     [[ $wine_started == no ]] || return 0
-    export WINEPREFIX=$root/build/wine
+    export WINEPREFIX=${VELMORA_WINE_PREFIX:-$root/build/wine}
     export WINEDEBUG=-all
     export WINEDLLOVERRIDES='mscoree=;mshtml=;winemenubuilder.exe=d;winedbg.exe=d'
     # Wine's recycle bin is the trash of the user's desktop; the tests have one of their own.

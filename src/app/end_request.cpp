@@ -2,6 +2,8 @@
 
 #include <csignal>
 
+#include "app/close_wish.h"
+
 namespace velmora {
 
 namespace {
@@ -22,9 +24,11 @@ void noteEndRequests() {
 #ifdef SIGBREAK
     std::signal(SIGBREAK, note);
 #endif
+    openToCloseWishes();
 }
 
 bool isEndRequested() {
+    if (takeCloseWish()) isRequested = 1;
     return isRequested != 0;
 }
 

@@ -1,10 +1,10 @@
 // The wish from outside that the program ends: a signal of the service manager, of a terminal or of
-// the system's shutdown.
+// the system's shutdown, or the wish of an installer.
 #pragma once
 
 namespace velmora {
 
-/// From now on the first such signal is noted instead of ending the program; the next one ends it.
+/// From now on the first such wish is noted; a signal after it ends the program.
 void noteEndRequests();
 
 /// Whether one has come.

@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QMessageBox>
 #include <QProcess>
+#include <QTimer>
 #include <cstdlib>
 #include <iostream>
 #include <memory>
@@ -8,6 +9,7 @@
 #include <sstream>
 #include <string>
 
+#include "app/close_wish.h"
 #include "app/data_folder.h"
 #include "app/later_starts.h"
 #include "app/option_answers.h"
@@ -53,6 +55,18 @@ void endOrGoOn(velmora::Machine& machine) {
     if (const auto status = velmora::answerOptions(options, kind, said, said))
         endWith(*status, said);
     if (const auto status = velmora::prepareDataFolder(machine, kind, said)) endWith(*status, said);
+}
+
+// Milliseconds.
+constexpr int betweenLooks = 500;
+
+// Looks now and then whether an installer wishes the program to close.
+void hearCloseWishes(QTimer& looks, velmora::WindowProgram& program) {
+    if (!velmora::openToCloseWishes()) return;
+    QObject::connect(&looks, &QTimer::timeout, &looks, [&program] {
+        if (velmora::takeCloseWish()) program.askToEnd();
+    });
+    looks.start(betweenLooks);
 }
 
 [[noreturn]] void refuse() {
@@ -108,6 +122,8 @@ int main(int argc, char* argv[]) {
     });
     program.load();
     laterStarts.open([&program](const std::string& start) { program.take(start); });
+    QTimer looks;
+    hearCloseWishes(looks, program);
     const int result = status ? *status : QApplication::exec();
     // Otherwise the icons would stay in the notification area.
     program.notifyArea().clear();

@@ -1,5 +1,6 @@
 #include "app/window_program.h"
 
+#include <QApplication>
 #include <iostream>
 
 #include "app/start.h"
@@ -84,6 +85,14 @@ void WindowProgram::start() {
 
 void WindowProgram::take(const std::string& forOthers) {
     hand_.does([&] { core_.secondStart().take(machine_.toCommand(forOthers)); });
+}
+
+void WindowProgram::askToEnd() {
+    if (QApplication::activeModalWidget() != nullptr) return;
+    hand_.does([this] {
+        core_.secondStart().comeToFront();
+        if (!forms_.globals.bLocked) forms_.form1.mnuExit.userClick();
+    });
 }
 
 void WindowProgram::offerSettings() {

@@ -44,6 +44,10 @@ class WindowProgram {
     /// A later start hands its command line over, as `Application::ForOthers` has it.
     void take(const std::string& forOthers);
 
+    /// Comes to the front and asks whether to end, as the exit button does. Not while a box or a
+    /// dialog waits for its answer, nor when the program is locked.
+    void askToEnd();
+
     /// Processes events, as a long handler does.
     void yield() { host_.DoEvents(); }
 

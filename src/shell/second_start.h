@@ -19,10 +19,9 @@ class SecondStart {
     /// Takes the paths of a command line into the specified files and brings the main window to the
     /// front, or the lock's window while the program is locked.
     void take(const std::string& command);
-
-  private:
     void comeToFront();
 
+  private:
     Forms& forms_;
     Application& app_;
     CommandLine& commandLine_;

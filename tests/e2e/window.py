@@ -19,17 +19,17 @@ EXIT_BUTTON = (-24, 28)
 
 
 class Program:
-    """The program at `path`, which keeps its user's files in the folder `home`. `more` is put into
-    its environment."""
+    """The program at `path`, started with `arguments`, which keeps its user's files in the folder
+    `home`. `more` is put into its environment."""
 
-    def __init__(self, windows, path, home, more=None, screen=None):
+    def __init__(self, windows, path, home, more=None, screen=None, arguments=()):
         self.desktop = screen or desktop.shared()
         environment = {**os.environ, **self.desktop.environment, "HOME": str(home),
                        "XDG_RUNTIME_DIR": str(home), **(more or {})}
         environment.pop("QT_QPA_PLATFORM", None)
         # Processes that Wine leaves running outlive the tests and complain once the desktop is gone.
         noise = subprocess.DEVNULL if windows else None
-        self.command = [*runner(windows), str(path)]
+        self.command = [*runner(windows), str(path), *arguments]
         self.options = {"env": environment, "stdin": subprocess.DEVNULL, "stderr": noise}
         self.process = subprocess.Popen(self.command, **self.options)
         try:

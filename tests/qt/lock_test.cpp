@@ -54,6 +54,17 @@ TEST_F(LockTest, APasswordOfTwentyFiveCharactersIsAcceptedAndOneMoreIsNot) {
     EXPECT_EQ(program->forms().globals.sLockPassword, std::string(25, 'p'));
 }
 
+TEST_F(LockTest, AWishToCloseShowsTheLockAndAsksNothing) {
+    lockWith("right");
+    const std::size_t before = boxes.seen.size();
+    program->askToEnd();
+    settle();
+    EXPECT_EQ(boxes.seen.size(), before);
+    EXPECT_FALSE(window()->isVisible());
+    EXPECT_TRUE(lockWindow()->isVisible());
+    EXPECT_FALSE(ended);
+}
+
 TEST_F(LockTest, AWrongPasswordChangesNothing) {
     lockWith("right");
     type("wrong");

@@ -20,6 +20,29 @@ TEST_F(ProgramEndTest, AnErrorThatNoHandlerCatchesShowsItsBoxAndEndsWithOne) {
     EXPECT_EQ(result, 1);
 }
 
+TEST_F(ProgramEndTest, WhoWishesItToCloseHasTheExitQuestionAsked) {
+    boxes.answers = {QMessageBox::Cancel};
+    form1().Hide();
+    program->askToEnd();
+    ASSERT_EQ(boxes.seen.size(), 1u);
+    EXPECT_EQ(boxes.seen[0].text, "Exit the program?");
+    EXPECT_TRUE(form1().Visible());
+    EXPECT_FALSE(ended);
+    boxes.answers = {QMessageBox::Ok};
+    EXPECT_EQ(runUntilEnded([this] { program->askToEnd(); }), 0);
+    EXPECT_EQ(ended, 0);
+}
+
+TEST_F(ProgramEndTest, TheWishIsntHeardWhileAnotherBoxWaits) {
+    boxes.onBox = [this](QMessageBox& box) {
+        program->askToEnd();
+        box.button(QMessageBox::Cancel)->click();
+    };
+    program->askToEnd();
+    EXPECT_EQ(boxes.seen.size(), 1u);
+    EXPECT_FALSE(ended);
+}
+
 // A start that is handed over behind the box would be lost with the program.
 TEST_F(ProgramEndTest, NothingIsTakenOverFromTheBoxOfAnErrorOn) {
     std::optional<std::size_t> boxesBefore;
