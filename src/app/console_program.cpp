@@ -6,6 +6,8 @@
 #include <iostream>
 #include <string>
 #include <string_view>
+#include <system_error>
+#include <utility>
 
 #include "app/core.h"
 #include "app/metrics_file.h"
@@ -46,6 +48,13 @@ ReadLine linesOf(std::istream& input) {
     return [&input](std::string& line) { return console::readLine(input, line); };
 }
 
+// None once the end is asked for.
+ReadLine endedBy(const std::function<bool()>& isEndRequested, ReadLine readLine) {
+    return [&isEndRequested, readLine = std::move(readLine)](std::string& line) {
+        return isEndRequested() ? console::LineRead::end : readLine(line);
+    };
+}
+
 // What a user types, with the help of an editor where there is one.
 ReadLine typedLines(const ConsoleStreams& streams, Forms& forms) {
     if (!streams.editor) return linesOf(streams.input);
@@ -53,6 +62,11 @@ ReadLine typedLines(const ConsoleStreams& streams, Forms& forms) {
         return editor(
             line, [&forms](std::string_view text) { return console::completionsOf(forms, text); });
     };
+}
+
+ReadLine scriptLines(std::istream& script, const ConsoleStreams& streams,
+                     const StartOptions& options) {
+    return options.watch ? endedBy(streams.isEndRequested, linesOf(script)) : linesOf(script);
 }
 
 // Returns whether there was anything to read.
@@ -75,8 +89,12 @@ bool obey(const ReadLine& readLine, console::Output& output, console::Commands& 
 
 // The path as it was typed, in UTF-8.
 std::ifstream openScript(const std::string& path) {
-    const std::u8string name(path.begin(), path.end());
-    return std::ifstream(std::filesystem::path(name), std::ios::binary);
+    const std::filesystem::path name(std::u8string(path.begin(), path.end()));
+    std::ifstream script(name, std::ios::binary);
+    std::error_code unknown;
+    // On some systems a folder can be opened.
+    if (std::filesystem::is_directory(name, unknown)) script.setstate(std::ios::failbit);
+    return script;
 }
 
 // As the user who exits and confirms it: the settings and the log are treated as told.
@@ -147,14 +165,14 @@ int runConsole(Machine& machine, const ConsoleStreams& streams) {
     console::ConsoleWorkArea workArea;
     Core core(forms, platform, {host, notifyArea, user32, shellIcons, workArea});
     console::Waiting waiting(host, timers, later, platform.clock, output, streams.sleep);
+    if (options.watch) waiting.endWith(streams.isEndRequested);
     const console::EventReport report(core.alerts().Raised, forms.form1.StatusBar1,
                                       forms.frmNotify.StatusTxt, output, waiting);
     const ScopedConnection hints = forms.hints.Said.connect([&output, &host](const Hint& hint) {
         output.hint(hint.field, hint.text, hint.endsStart);
         host.Note(hint.text);
     });
-    const MetricsFile metrics(core, forms, platform,
-                              [&host](const std::string& line) { host.Note(line); });
+    const MetricsFile metrics(core, forms, platform);
     console::Reports reports(core.notify().inventory(), core.notify().content(), platform, forms);
     console::Commands commands(
         forms, host, output, waiting, later, reports,
@@ -172,16 +190,17 @@ int runConsole(Machine& machine, const ConsoleStreams& streams) {
         start(core, machine, host);
         const bool isScript = !options.script.empty();
         if (isScript) {
-            obey(linesOf(script), output, commands);
+            obey(scriptLines(script, streams, options), output, commands);
             if (output.errors() > 0) status = exit_status::failedCommand;
         }
         if (options.watch) {
             service.ready();
-            waiting.untilTrue(streams.isEndRequested);
+            waiting.forever();
             service.stopping();
             endByRequest(host, forms);
         }
-        if (!isScript && !obey(typedLines(streams, forms), output, commands)) stream << usage;
+        const bool isAnswered = isScript || obey(typedLines(streams, forms), output, commands);
+        if (!isAnswered && !options.json) stream << usage;
         output.flush();
     } catch (const ProgramEnd& end) {
         status = end.status;

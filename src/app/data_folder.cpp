@@ -15,7 +15,9 @@ const char* faultOf(DataFolderState state) {
 std::optional<int> prepareDataFolder(Machine& machine, ProgramKind kind, std::ostream& errors) {
     const DataFolderState state = machine.prepareDataFolder();
     if (state == DataFolderState::ready) return std::nullopt;
-    const std::string folder = machine.toHostPath(machine.platform().app.DataPath);
+    const Application& app = machine.platform().app;
+    const std::string& typed = app.Options.settings;
+    const std::string folder = typed.empty() ? machine.toHostPath(app.DataPath) : typed;
     errors << nameOf(kind) << ": " << faultOf(state) << folder << '\n';
     return exit_status::wrongOptions;
 }

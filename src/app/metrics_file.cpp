@@ -1,8 +1,8 @@
 #include "app/metrics_file.h"
 
 #include <fstream>
+#include <string>
 #include <system_error>
-#include <utility>
 
 #include "monitor/metrics.h"
 
@@ -32,7 +32,7 @@ std::int64_t secondsSince1970(std::uint64_t fileTime) {
 bool writeTo(const std::filesystem::path& path, const std::string& text) {
     // Not through a link that somebody has put there.
     std::error_code missing;
-    std::filesystem::remove(path, missing);
+    if (!std::filesystem::is_directory(path, missing)) std::filesystem::remove(path, missing);
     std::ofstream file(path, std::ios::binary | std::ios::trunc);
     file << text;
     file.close();
@@ -41,10 +41,9 @@ bool writeTo(const std::filesystem::path& path, const std::string& text) {
 
 }  // namespace
 
-MetricsFile::MetricsFile(Core& core, const Forms& forms, Platform& platform, Note note)
+MetricsFile::MetricsFile(Core& core, Forms& forms, Platform& platform)
     : forms_(forms),
       platform_(platform),
-      note_(std::move(note)),
       path_(pathOf(platform.app.Options.metricsFile)),
       beside_(partOf(path_)) {
     if (path_.empty()) return;
@@ -52,11 +51,10 @@ MetricsFile::MetricsFile(Core& core, const Forms& forms, Platform& platform, Not
 }
 
 void MetricsFile::write() {
-    const bool isWritten = replace();
-    if (!isWritten && !isFailing_) {
-        note_("The metrics can't be written: " + platform_.app.Options.metricsFile);
-    }
-    isFailing_ = !isWritten;
+    if (replace()) return;
+    forms_.hints.say({.field = "--metrics-file",
+                      .text = "The metrics can't be written: " + platform_.app.Options.metricsFile,
+                      .about = HintAbout::working});
 }
 
 bool MetricsFile::replace() {

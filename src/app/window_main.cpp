@@ -65,6 +65,11 @@ void endOrGoOn(velmora::Machine& machine) {
 }  // namespace
 
 int main(int argc, char* argv[]) {
+    const auto machine = velmora::openMachine();
+#ifndef _WIN32
+    // A text needs no display.
+    endOrGoOn(*machine);
+#endif
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
         Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QApplication application(argc, argv);
@@ -76,8 +81,9 @@ int main(int argc, char* argv[]) {
     // Hidden is a normal state of every window.
     QApplication::setQuitOnLastWindowClosed(false);
 
-    const auto machine = velmora::openMachine();
+#ifdef _WIN32
     endOrGoOn(*machine);
+#endif
     velmora::LaterStarts laterStarts([&] {
         const auto take = [&laterStarts] { laterStarts.takeWaiting(); };
         QMetaObject::invokeMethod(&application, take, Qt::QueuedConnection);

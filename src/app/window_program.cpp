@@ -26,8 +26,7 @@ WindowProgram::WindowProgram(Machine& machine, std::function<void(int)> ended,
                 [&clock = machine.platform().clock] { return clock.Now(); }),
       core_(forms_, machine.platform(), {host_, notifyArea_, user32_, shellIcons_, workArea_}),
       firstSteps_(forms_.form1, machine.platform().userState),
-      metrics_(core_, forms_, machine.platform(),
-               [](const std::string& line) { std::cerr << line << '\n'; }),
+      metrics_(core_, forms_, machine.platform()),
       places_(forms_, machine.platform().userState),
       windows_(forms_, shellIcons_, user32_, hand_, names_, printing_) {
     hand_.setHost(host_);

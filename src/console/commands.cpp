@@ -256,7 +256,7 @@ void Commands::fields(Words& words) {
 void Commands::status(Words& words) {
     words.end();
     const Report screen = reports_.status();
-    output_.report(screen.text, screen.fields);
+    output_.report(screen.text, screen.fields, screen.about);
 }
 
 void Commands::refresh(Words& words) {
@@ -343,8 +343,11 @@ void Commands::wait(Words& words) {
         return waitUntil(words.value());
     }
     words.end();
-    if (lowerCase(span) == "forever") waiting_.forever();
-    waiting_.forSeconds(readSeconds(span));
+    if (lowerCase(span) == "forever") {
+        waiting_.forever();
+    } else {
+        waiting_.forSeconds(readSeconds(span));
+    }
     output_.ok();
 }
 

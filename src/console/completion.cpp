@@ -116,8 +116,8 @@ Texts propertiesFor(Forms& forms, const std::string& last, bool isToBeSet) {
         for (const Property& property : resolve(forms, name).properties()) {
             if (!isToBeSet || property.set) names.push_back(name + '.' + property.name);
         }
-    } catch (const CommandError&) {
-        // A form and its point are the beginning of a field.
+    } catch (const std::exception&) {
+        // A form and its point are the beginning of a field; and not every field has parts.
         return {};
     }
     return names;

@@ -54,6 +54,12 @@ const char* tick(bool ticked) {
     return ticked ? "[x] " : "[ ] ";
 }
 
+std::string jsonObjects(const Control::Table& rows) {
+    std::string objects;
+    for (const auto& row : rows) objects += (objects.empty() ? "" : ",") + jsonObject(row);
+    return objects;
+}
+
 }  // namespace
 
 std::string plainValue(const PropertyValue& value) {
@@ -139,9 +145,7 @@ void Output::entries(const ComboBox& list) {
 
 void Output::table(const Control::Table& rows) {
     if (json_) {
-        std::string objects;
-        for (const auto& row : rows) objects += (objects.empty() ? "" : ",") + jsonObject(row);
-        return line(R"({"ok":[)" + objects + "]}");
+        return line(R"({"ok":[)" + jsonObjects(rows) + "]}");
     }
     for (const auto& row : rows) {
         std::string text;
@@ -161,7 +165,13 @@ void Output::text(const std::string& lines) {
     line(lines);
 }
 
-void Output::report(const std::string& text, const std::optional<Control::Table>& fields) {
+void Output::report(const std::string& text, const std::optional<Control::Table>& fields,
+                    const JsonFields& about) {
+    if (json_ && fields && !about.empty()) {
+        std::string object = jsonObject(about);
+        object.pop_back();
+        return line(R"({"ok":)" + object + R"(,"Rows":[)" + jsonObjects(*fields) + "]}}");
+    }
     if (json_) return fields ? table(*fields) : value(text);
     std::vector<std::string> lines = split(text, lineEnd);
     if (lines.size() > 1 && lines.back().empty()) lines.pop_back();

@@ -43,8 +43,10 @@ class Output {
     /// Lines for a person; one text for a program.
     void text(const std::string& lines);
     /// The same for a text of the machine, with CR LF as line ends: a line with control characters
-    /// is escaped for a person. A program gets the fields instead, where there are any.
-    void report(const std::string& text, const std::optional<Control::Table>& fields = {});
+    /// is escaped for a person. A program gets the fields instead, where there are any; with
+    /// something about all of them, that and the fields as "Rows".
+    void report(const std::string& text, const std::optional<Control::Table>& fields = {},
+                const JsonFields& about = {});
 
     // Events.
     void alert(const ListItem& item);

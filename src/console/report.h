@@ -11,6 +11,7 @@ namespace velmora::console {
 struct Report {
     std::string text = {};                      ///< line ends CR LF
     std::optional<Control::Table> fields = {};  ///< for a program, where it has fields
+    Control::Table::value_type about = {};      ///< for a program: what holds for all rows
 };
 
 }  // namespace velmora::console

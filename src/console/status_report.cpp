@@ -65,8 +65,10 @@ Report statusReport(const Forms& forms, const Regional& regional) {
         for (std::size_t j = 0; j < heading.size(); ++j)
             fields.emplace_back(heading[j], lines.back()[j]);
     }
-    report.text = summaryOf(forms, regional).text + std::string(lineEnd);
-    report.text += forms.form1.StatusBar1.Panels(1).Text + std::string(lineEnd);
+    const std::string summary = summaryOf(forms, regional).text;
+    const std::string& next = forms.form1.StatusBar1.Panels(1).Text;
+    report.about = {{"Summary", summary}, {"Activity", next}};
+    report.text = summary + std::string(lineEnd) + next + std::string(lineEnd);
     if (list.Count() > 0) report.text += aligned(lines);
     return report;
 }

@@ -54,6 +54,12 @@ std::vector<std::string> namesOf(const Properties& properties) {
     return all;
 }
 
+bool isProperty(Form& form, const std::string& name) {
+    const std::vector<std::string> all = namesOf(form.properties());
+    return std::any_of(all.begin(), all.end(),
+                       [&](const std::string& each) { return lowerCase(each) == lowerCase(name); });
+}
+
 // A control of a form, or a form where none has been named.
 std::vector<std::string> namesIn(Forms& forms, const Form& form, bool isNamed) {
     std::vector<std::string> all;
@@ -98,6 +104,10 @@ Target resolve(Forms& forms, const std::string& name) {
         } else if (at == 0 || texts.size() == 3) {
             // After a form alone, the name may be that of a property of the form.
             unknown("control", texts[at], namesIn(forms, *target.form, at > 0));
+        } else if (!isProperty(*target.form, texts[at])) {
+            std::vector<std::string> all = namesIn(forms, *target.form, true);
+            for (const std::string& each : namesOf(target.form->properties())) all.push_back(each);
+            unknown("control or property", texts[at], all);
         }
     }
     if (at < texts.size()) target.property = texts[at++];

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/scope_guard.h"
 #include "base/text.h"
 
 namespace velmora::console {
@@ -19,42 +20,41 @@ void Waiting::forSeconds(double seconds) {
 }
 
 void Waiting::forever() {
-    for (;;) run(std::nullopt, [] { return false; });
-}
-
-void Waiting::untilTrue(const std::function<bool()>& isTrue) {
-    run(std::nullopt, isTrue);
+    run(std::nullopt, [] { return false; });
 }
 
 bool Waiting::until(const std::string& text) {
-    return untilSeen(awaited_, text);
+    return untilSeen({.text = text});
 }
 
 bool Waiting::untilAlert(const std::string& text) {
-    return untilSeen(awaitedAlert_, text);
+    return untilSeen({.text = text, .inAlert = true});
 }
 
-bool Waiting::untilSeen(std::optional<std::string>& awaited, const std::string& text) {
-    awaited = text;
-    run(clock_.GetTickCount() + untilLimit, [&awaited] { return !awaited; });
-    const bool found = !awaited;
-    awaited.reset();
-    return found;
+bool Waiting::untilSeen(Awaited awaited) {
+    awaited_.push_back(&awaited);
+    const ScopeGuard forget([this] { awaited_.pop_back(); });
+    run(clock_.GetTickCount() + untilLimit, [&awaited] { return awaited.isSeen; });
+    return awaited.isSeen;
 }
 
 void Waiting::seen(const std::string& text) {
-    if (awaited_ && contains(text, *awaited_)) awaited_.reset();
+    for (Awaited* each : awaited_) {
+        if (!each->inAlert && contains(text, each->text)) each->isSeen = true;
+    }
 }
 
 void Waiting::seenInAlert(const std::string& text) {
     seen(text);
-    if (awaitedAlert_ && contains(text, *awaitedAlert_)) awaitedAlert_.reset();
+    for (Awaited* each : awaited_) {
+        if (each->inAlert && contains(text, each->text)) each->isSeen = true;
+    }
 }
 
 void Waiting::run(std::optional<std::int64_t> end, const std::function<bool()>& done) {
     for (;;) {
         host_.fireTimers();
-        if (done()) return;
+        if (done() || isEndRequested_()) return;
         std::int64_t rest = timers_.untilNext().value_or(nap);
         rest = std::min(rest, later_.untilNext().value_or(nap));
         if (end) {

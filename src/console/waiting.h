@@ -5,6 +5,8 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "console/console_host.h"
 #include "controls/timer_queue.h"
@@ -26,11 +28,16 @@ class Waiting {
           output_(output),
           sleep_(std::move(sleep)) {}
 
+    using IsEndRequested = std::function<bool()>;
+    /// Every wait ends once somebody asks for the end of the program, and those to come end at
+    /// once. It is asked at least once a second.
+    void endWith(IsEndRequested isEndRequested) { isEndRequested_ = std::move(isEndRequested); }
+
     void forSeconds(double seconds);
-    [[noreturn]] void forever();
-    /// Looks at least once a second.
-    void untilTrue(const std::function<bool()>& isTrue);
+    /// Until the end is asked for.
+    void forever();
     /// Waits until `seen` is called with a text that holds `text`; false after the limit of 600 s.
+    /// Waits can begin within each other; each has a text of its own.
     bool until(const std::string& text);
     /// The same for a new alert alone.
     bool untilAlert(const std::string& text);
@@ -49,9 +56,14 @@ class Waiting {
     Clock& clock_;
     Output& output_;
     Sleep sleep_;
-    bool untilSeen(std::optional<std::string>& awaited, const std::string& text);
-    std::optional<std::string> awaited_;
-    std::optional<std::string> awaitedAlert_;
+    IsEndRequested isEndRequested_ = [] { return false; };
+    struct Awaited {
+        std::string text = {};
+        bool inAlert = false;
+        bool isSeen = false;
+    };
+    bool untilSeen(Awaited awaited);
+    std::vector<Awaited*> awaited_;  // the innermost wait last
 };
 
 }  // namespace velmora::console

@@ -4,8 +4,7 @@ namespace velmora {
 
 std::string chooseDataFolder(const DataFolders& folders) {
     if (!folders.chosen.empty()) return folders.chosen;
-    const bool isOfUser = folders.isInstalled && !folders.ofUser.empty();
-    return isOfUser ? folders.ofUser : folders.program;
+    return folders.isInstalled ? folders.ofUser : folders.program;
 }
 
 }  // namespace velmora

@@ -14,11 +14,13 @@ inline constexpr const char* installedMarker = "velmora.installed";
 struct DataFolders {
     std::string program;       ///< of the executable
     std::string chosen = {};   ///< by "--settings"; empty without it
+    bool isUnknown = false;    ///< one was chosen that is no folder of this machine
     std::string ofUser = {};   ///< the user's own for such files; empty when the user has none
     bool isInstalled = false;  ///< the marker lies beside the executable
 };
 
-/// The chosen one; else the user's own for an installed program; else that of the program.
+/// The chosen one; else the user's own for an installed program, empty for a user who has none;
+/// else that of the program.
 std::string chooseDataFolder(const DataFolders& folders);
 
 enum class DataFolderState {

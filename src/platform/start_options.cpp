@@ -11,6 +11,7 @@ struct Option {
     bool StartOptions::*flag = nullptr;
     std::string StartOptions::*value = nullptr;  // instead of the flag
     const char* needs = "";                      // what the value is
+    bool isMade = false;  // where it is missing: an option in its place is a slip
 };
 
 constexpr Option known[] = {
@@ -22,8 +23,11 @@ constexpr Option known[] = {
     {.word = "--watch", .flag = &StartOptions::watch},
     {.word = "--help", .flag = &StartOptions::help},
     {.word = "--version", .flag = &StartOptions::version},
-    {.word = "--settings", .value = &StartOptions::settings, .needs = "a folder"},
-    {.word = "--metrics-file", .value = &StartOptions::metricsFile, .needs = "a file"},
+    {.word = "--settings", .value = &StartOptions::settings, .needs = "a folder", .isMade = true},
+    {.word = "--metrics-file",
+     .value = &StartOptions::metricsFile,
+     .needs = "a file",
+     .isMade = true},
     {.word = "--script", .value = &StartOptions::script, .needs = "a file"},
 };
 
@@ -74,7 +78,8 @@ StartOptions takeStartOptions(std::string& command) {
             continue;
         }
         options.*option->value = takeWord(command);
-        if ((options.*option->value).empty())
+        const std::string& value = options.*option->value;
+        if (value.empty() || (option->isMade && find(value) != nullptr))
             options.fault = std::string(option->word) + " needs " + option->needs + '.';
     }
     return options;

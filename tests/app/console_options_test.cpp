@@ -126,6 +126,28 @@ TEST_F(ConsoleOptions, AScriptComesBeforeTheWatch) {
     EXPECT_EQ(status, 0);
 }
 
+TEST_F(ConsoleOptions, ARequestEndsAScriptThatWaits) {
+    script("wait forever\nget txtAmt\n");
+    options().watch = true;
+    const std::string printed = run("", 5);
+    EXPECT_TRUE(has(printed, "Exit the program? | ok cancel -> ok\n"));
+    EXPECT_FALSE(has(printed, "50\n"));
+    EXPECT_EQ(status, 0);
+}
+
+TEST_F(ConsoleOptions, AFolderIsNoScript) {
+    options().script = std::filesystem::temp_directory_path().string();
+    EXPECT_EQ(run(), "");
+    EXPECT_EQ(status, 2);
+}
+
+TEST_F(ConsoleOptions, NothingToReadIsNoReplyInJson) {
+    options().json = true;
+    EXPECT_FALSE(has(run(), "Nothing to read"));
+    options().json = false;
+    EXPECT_TRUE(has(run(), "Nothing to read"));
+}
+
 TEST_F(ConsoleOptions, ARequestEndsALockedProgramToo) {
     script("set frmLock.Text1.Text secret\nclick frmLock.Command1(0)\n");
     options().watch = true;

@@ -42,6 +42,15 @@ TEST(DataFolderAtTheStart, OneThatCannotServeIsNamed) {
     EXPECT_EQ(full.failed, "velmora: The first settings can't be written to the folder D:\\data\n");
 }
 
+TEST(DataFolderAtTheStart, AChosenOneIsNamedAsItWasTyped) {
+    fake::FakeMachine machine;
+    machine.dataFolder = DataFolderState::notMade;
+    machine.platform().app.Options.settings = "X:\\none";
+    std::ostringstream errors;
+    EXPECT_EQ(prepareDataFolder(machine, ProgramKind::console, errors), 2);
+    EXPECT_TRUE(errors.str().ends_with("can't be made: X:\\none\n"));
+}
+
 struct DataFolderRig : testing::Test {
     DataFolderRig() {
         machine.drives["C:"] = {50e9, 100e9};

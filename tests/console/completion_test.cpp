@@ -45,6 +45,8 @@ TEST_F(CompletionTest, BehindThePointStandProperties) {
     EXPECT_TRUE(offers("get txtSpace.", "txtSpace.Visible"));
     EXPECT_TRUE(offers("get frmNotify.txtCustMsg.", "frmNotify.txtCustMsg.Text"));
     EXPECT_EQ(of("get nothing.te"), Found{});
+    EXPECT_EQ(of("get txtAmt(1)."), Found{});
+    EXPECT_EQ(of("get StatusBar1(99)."), Found{});
     EXPECT_EQ(of("click txtSpace."), Found{});
 }
 

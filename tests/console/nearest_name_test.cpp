@@ -53,6 +53,12 @@ TEST_F(MisspeltTest, AFieldGetsTheNearestOne) {
               "error: no control of that name: txtAmmt. Did you mean txtAmt?\n");
     EXPECT_EQ(run("get frmNotify.txtMailServr.Text"),
               "error: no control of that name: txtMailServr. Did you mean txtMailServer?\n");
+    EXPECT_EQ(run("get frmNotify.txtCustMg"),
+              "error: no control or property of that name: txtCustMg. Did you mean txtCustMsg?\n");
+    EXPECT_EQ(run("click frmNotify.txtCustMg"),
+              "error: no control or property of that name: txtCustMg. Did you mean txtCustMsg?\n");
+    EXPECT_EQ(run("get frmNotify.Captoin"),
+              "error: no control or property of that name: Captoin. Did you mean Caption?\n");
     EXPECT_EQ(run("get lblDP(9)"),
               "error: no control of that name: lblDP(9). Did you mean lblDP(0)?\n");
 }

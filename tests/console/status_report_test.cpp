@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "console/session.h"
+#include "monitor/watch_summary.h"
 #include "rows/watch_columns.h"
 #include "rows/watch_row.h"
 
@@ -53,9 +54,14 @@ TEST_F(StatusReportTest, NoLineEndsInBlanks) {
 TEST_F(StatusReportTest, AProgramGetsAnObjectForEachRow) {
     watch("C:\\", "600 KB", "1,000 KB");
     run("json on");
-    EXPECT_EQ(run("status"), R"({"ok":[{"Path":"C:\\","State":"not watched","Free Space":"600 KB",)"
-                             R"("Total Space":"1,000 KB","Used":"40.0 %","Minimum":"50,000 KB"}]})"
-                             "\n");
+    form1.StatusBar1.setPanelText(1, "Ready. Check in: 5 (sec.)");
+    const std::string summary = summaryOf(forms, Regional{}).text;
+    EXPECT_EQ(run("status"),
+              R"({"ok":{"Summary":")" + summary +
+                  R"x(","Activity":"Ready. Check in: 5 (sec.)",)x"
+                  R"("Rows":[{"Path":"C:\\","State":"not watched","Free Space":"600 KB",)"
+                  R"("Total Space":"1,000 KB","Used":"40.0 %","Minimum":"50,000 KB"}]}})"
+                  "\n");
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
+
 #include "base/runtime_error.h"
 #include "session.h"
 
@@ -103,6 +105,39 @@ TEST_F(WaitingTest, ForeverEndsWithTheProgramOnly) {
     });
     EXPECT_THROW(waiting.forever(), ProgramEnd);
     EXPECT_EQ(slept, 2'000'000);
+}
+
+TEST_F(WaitingTest, EndsOnceTheEndIsAskedFor) {
+    waiting.endWith([this] { return ticks >= 3; });
+    waiting.forever();
+    EXPECT_EQ(ticks, 3);
+    waiting.forSeconds(1000);
+    EXPECT_FALSE(waiting.until("never"));
+    EXPECT_LE(ticks, 5);
+}
+
+TEST_F(WaitingTest, AWaitWithinAnotherHasATextOfItsOwn) {
+    std::optional<bool> inner;
+    Timer other{form1, "tmrOther", 3000, true};
+    timers.add(other);
+    other.Tick.connect([&] {
+        if (!inner) inner = waiting.until("inner");
+    });
+    timer.Tick.connect([&] {
+        if (ticks == 2) waiting.seen("inner");
+        if (ticks == 4) waiting.seen("outer");
+    });
+    EXPECT_TRUE(waiting.until("outer"));
+    EXPECT_EQ(inner, true);
+    EXPECT_EQ(ticks, 4);
+}
+
+TEST_F(WaitingTest, AWaitWithinAnotherThatFindsNothingLeavesTheOuterOne) {
+    timer.Tick.connect([&] {
+        if (ticks != 1) return;
+        EXPECT_FALSE(waiting.untilAlert("inner"));
+    });
+    EXPECT_FALSE(waiting.untilAlert("outer"));
 }
 
 TEST_F(WaitingTest, EndsTheProgramByATimersRunTimeError) {

@@ -24,14 +24,16 @@ class DataFolder:
     def lay_marker(self):
         (self.folder / "velmora.installed").touch()
 
-    def run_with(self, *options, lines=(), **environment):
-        """The finished program."""
-        return subprocess.run([*self.command(), *options], input="\n".join([*lines, ""]).encode(),
-                              timeout=PATIENCE, capture_output=True, check=False,
-                              env={**self.environment(), **environment})
+    def run_with(self, *options, lines=()):
+        return self.finished([*self.command(), *options], self.environment(), lines)
 
-    def save_with(self, *options, **environment):
-        done = self.run_with(*options, lines=SAVE, **environment)
+    def finished(self, command, environment, lines):
+        """The program after these lines."""
+        return subprocess.run(command, input="\n".join([*lines, ""]).encode(), timeout=PATIENCE,
+                              capture_output=True, check=False, env=environment)
+
+    def save_with(self, *options):
+        done = self.run_with(*options, lines=SAVE)
         self.assertEqual(done.returncode, 0, done.stderr)
 
     def test_beside_the_program_as_long_as_nothing_else_is_said(self):
@@ -47,6 +49,26 @@ class DataFolder:
         self.assertIn(b"777", done.stdout)
         self.assertIn(b"two words\\log.dat", done.stdout)
 
+    def test_each_folder_has_its_own_way_back(self):
+        chosen = self.folder / "chosen"
+        self.save_with("--settings", self.typed(chosen))
+        good = (chosen / "set.dat").read_bytes()
+        for folder in (self.folder, chosen):
+            options = [] if folder == self.folder else ["--settings", self.typed(folder)]
+            self.assertEqual(self.run_with(*options).returncode, 0)
+            (folder / "set.dat").write_bytes(b"broken")
+        for folder, first in ((chosen, good), (self.folder, FIRST)):
+            options = [] if folder == self.folder else ["--settings", self.typed(folder)]
+            back = self.run_with(*options, "--restore-settings")
+            self.assertEqual(back.returncode, 0, back.stderr)
+            self.assertEqual((folder / "set.dat").read_bytes(), first)
+
+    def test_a_drive_that_is_not_there_is_no_reason_to_take_another_folder(self):
+        done = self.run_with("--settings", "Q:\\none", lines=SAVE)
+        self.assertEqual(done.returncode, 2)
+        self.assertIn(b"Q:\\none", done.stderr)
+        self.assertEqual(self.settings.read_bytes(), FIRST)
+
     def test_a_folder_that_cannot_be_made_is_named(self):
         done = self.run_with("--settings", self.typed(self.folder / "none" / "below"))
         self.assertEqual(done.returncode, 2)
@@ -56,24 +78,29 @@ class DataFolder:
 
     def test_two_users_of_an_installed_program_do_not_share(self):
         self.lay_marker()
-        users = [self.user(name) for name in ("one", "two")]
-        self.save_with(**users[0][0])
-        done = self.run_with(lines=["get txtSpace"], **users[1][0])
-        self.assertIn(b"50000", done.stdout)
-        self.assertEqual(saved(users[0][1] / "set.dat"), "minspace=777")
-        self.assertEqual((users[1][1] / "set.dat").read_bytes(), FIRST)
+        one, two = self.home("one"), self.home("two")
+        self.run_as(one, SAVE)
+        self.assertIn(b"50000", self.run_as(two, ["get txtSpace"]).stdout)
+        self.assertIn(b"777", self.run_as(one, ["get txtSpace"]).stdout)
+        self.assertEqual(saved(self.folder_of(one) / "set.dat"), "minspace=777")
+        self.assertEqual((self.folder_of(two) / "set.dat").read_bytes(), FIRST)
         self.assertEqual(self.settings.read_bytes(), FIRST)
+
+    def home(self, name):
+        home = self.folder / name
+        home.mkdir()
+        return home
 
 
 class Native(DataFolder, OwnNative, ConsoleCase):
     def typed(self, path):
         return str(path)
 
-    def user(self, name):
-        """What a user's environment has, and his folder for the program."""
-        home = self.folder / name
-        home.mkdir()
-        return {"HOME": str(home)}, home / ".local/share/velmora"
+    def run_as(self, home, lines):
+        return self.finished(self.command(), {**self.environment(), "HOME": str(home)}, lines)
+
+    def folder_of(self, home):
+        return home / ".local/share/velmora"
 
     def test_two_watches_on_one_program_are_told_apart(self):
         self.launch()
@@ -86,7 +113,11 @@ class Windows(DataFolder, OwnWindows, WindowsCase):
     def typed(self, path):
         return "Z:" + str(path).replace("/", "\\")
 
-    def user(self, name):
-        home = self.folder / name
-        home.mkdir()
-        return {"LOCALAPPDATA": self.typed(home)}, home / "Velmora"
+    def run_as(self, home, lines):
+        # Wine itself sets the variable at each start.
+        line = f"set LOCALAPPDATA={self.typed(home)}&& {self.typed(self.program)}"
+        command = [self.runner(), "cmd", "/c", line]
+        return self.finished(command, self.environment(), lines)
+
+    def folder_of(self, home):
+        return home / "Velmora"

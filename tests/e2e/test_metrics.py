@@ -35,9 +35,7 @@ class Metrics:
         return {(name, path): value for name, path, value in json.loads(read.stdout)}
 
     def test_a_check_writes_what_its_rows_show(self):
-        folder = self.folder / 'a "b" \\' if not self.windows else self.folder / "a b"
-        folder.mkdir()
-        row = self.console.add(self.typed(folder))["Text"]
+        row = self.console.rows()[0]["Text"]
         self.console.watch_only(row)
         self.assertFalse(self.file.exists())
         self.console.check()
@@ -47,7 +45,7 @@ class Metrics:
         self.assertEqual(figures[("velmora_short_of_space", row)], 0)
         self.assertEqual(figures[("velmora_minimum_bytes", row)], 1024)
         # As the row shows it, in whole KB.
-        shown = self.console.rows()[self.console.row_number(row) - 1]["SubItems"][0]
+        shown = self.console.rows()[0]["SubItems"][0]
         kilobytes = float(shown.replace(",", "").removesuffix(" KB"))
         self.assertTrue(math.isclose(figures[("velmora_free_bytes", row)], kilobytes * 1024))
 
@@ -62,14 +60,17 @@ class Metrics:
 
 
 class Native(Metrics, OwnNative, ConsoleCase):
-    windows = False
-
     def typed(self, path):
         return str(path)
 
+    def test_a_label_is_read_back_as_it_was(self):
+        folder = self.folder / r'a "b" \ \n ö'
+        folder.mkdir()
+        row = self.console.add(str(folder))["Text"]
+        self.console.check()
+        self.assertEqual(self.figures()[("velmora_watched", row)], 0)
+
 
 class Windows(Metrics, OwnWindows, WindowsCase):
-    windows = True
-
     def typed(self, path):
         return "Z:" + str(path).replace("/", "\\")

@@ -73,6 +73,7 @@ TEST(StartOptions, TheFolderOfTheSettingsAndTheMetricsLikewise) {
     EXPECT_EQ(taken("--settings").options.fault, "--settings needs a folder.");
     EXPECT_EQ(startOptionLength("--settings"), 2U);
     EXPECT_EQ(taken("--metrics-file \"a b\" x").options.metricsFile, "a b");
+    EXPECT_EQ(taken("--settings --version").options.fault, "--settings needs a folder.");
     EXPECT_EQ(taken("--metrics-file").options.fault, "--metrics-file needs a file.");
 }
 

@@ -9,6 +9,7 @@
 #include <clocale>
 #include <cstdlib>
 #include <cstring>
+#include <exception>
 #include <memory>
 #endif
 
@@ -44,8 +45,14 @@ char** complete(const char* word, int, int end) {
     // Otherwise it would go on with the names of files in the working folder.
     rl_attempted_completion_over = 1;
     Reading& current = reading();
-    current.found = (*current.completions)(std::string_view(rl_line_buffer).substr(0, end));
+    current.found.clear();
     current.next = 0;
+    try {
+        current.found = (*current.completions)(std::string_view(rl_line_buffer).substr(0, end));
+    } catch (const std::exception&) {
+        // No exception can pass through libedit; a line without help can still be typed.
+        return nullptr;
+    }
     return current.found.empty() ? nullptr : rl_completion_matches(word, nextMatch);
 }
 

@@ -52,10 +52,23 @@ std::string asFolder(const std::string& hostPath, Volumes& volumes) {
     return folder;
 }
 
-// As it was typed, or the place of a drive path.
-std::string chosenFolder(const StartOptions& options, Volumes& volumes) {
-    const std::string& typed = options.settings;
+// A path of the command line as the host has it, also one that was typed as a drive path; empty for
+// one on a drive that isn't there.
+std::string hostPathOfTyped(const std::string& typed, Volumes& volumes) {
     return driveNameOf(typed).empty() ? toHostNames(typed) : volumes.hostPathOf(typed);
+}
+
+// Files stay as they were typed where no drive has them: it is said then that they can't be opened.
+std::string fileOfTyped(const std::string& typed, Volumes& volumes) {
+    const std::string path = hostPathOfTyped(typed, volumes);
+    return path.empty() ? typed : path;
+}
+
+DataFolders ownDataFolders(const StartOptions& options, Volumes& volumes) {
+    const std::string chosen = hostPathOfTyped(options.settings, volumes);
+    DataFolders folders = dataFoldersOf(ownFolder(), chosen);
+    if (chosen.empty() && !options.settings.empty()) folders.isUnknown = true;
+    return folders;
 }
 
 Application ownApplication(Volumes& volumes) {
@@ -65,6 +78,8 @@ Application ownApplication(Volumes& volumes) {
                     .Command = ownCommand(volumes),
                     .ForOthers = ownTextForOthers(volumes)};
     app.Options = takeStartOptions(app.Command);
+    for (std::string* file : {&app.Options.script, &app.Options.metricsFile})
+        *file = fileOfTyped(*file, volumes);
     return app;
 }
 
@@ -100,7 +115,7 @@ class LinuxMachine final : public Machine {
   private:
     Volumes volumes_;
     Application app_ = ownApplication(volumes_);
-    DataFolders dataFolders_ = dataFoldersOf(ownFolder(), chosenFolder(app_.Options, volumes_));
+    DataFolders dataFolders_ = ownDataFolders(app_.Options, volumes_);
     LinuxFileSystemObject fso_{volumes_};
     ListedTimes listedTimes_;
     LinuxKernel32 kernel32_{volumes_, &listedTimes_};

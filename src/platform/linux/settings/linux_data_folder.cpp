@@ -10,9 +10,9 @@
 #include <filesystem>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
 #include "platform/linux/entries/private_folder.h"
-#include "platform/linux/paths/path_mapping.h"
 #include "platform/linux/paths/user_folders.h"
 #include "platform/linux/system/read_whole.h"
 #include "platform/linux/system/unique_fd.h"
@@ -42,10 +42,23 @@ std::string withoutLinks(const std::string& path) {
     return text;
 }
 
-bool make(const DataFolders& folders, const std::string& path) {
-    UniqueFd made;
-    if (!folders.chosen.empty()) return mkdir(path.c_str(), S_IRWXU) == 0;
-    return makePrivateFolder(path, made) == 0;
+// One user's settings are no other's, also when a program with all rights has that user's home.
+bool isOfThisUser(const UniqueFd& folder) {
+    struct stat status {};
+    return fstat(folder.get(), &status) == 0 && status.st_uid == geteuid();
+}
+
+bool make(const std::string& path) {
+    return mkdir(path.c_str(), S_IRWXU) == 0 || errno == EEXIST;
+}
+
+UniqueFd openOrMake(const DataFolders& folders, const std::string& path) {
+    if (!folders.chosen.empty()) {
+        return isThere(path) || make(path) ? openFolder(path) : UniqueFd();
+    }
+    UniqueFd folder = openFolder(path);
+    if (!folder.isOpen()) makePrivateFolder(path, folder);
+    return folder.isOpen() && isOfThisUser(folder) ? std::move(folder) : UniqueFd();
 }
 
 // To the disk before it gets its name: after a power failure it is whole or isn't there.
@@ -53,11 +66,13 @@ bool fill(int file, std::string_view content) {
     return file >= 0 && writeAll(file, content) == 0 && fdatasync(file) == 0;
 }
 
-// Of two programs that begin at once the first one's stay. A filesystem without links has only the
-// name to give.
+// Of two programs that begin at once the first one's stay. A filesystem that knows neither way has
+// only the name to give.
 bool putInPlace(int folder, const char* made) {
     if (linkat(folder, made, folder, settingsName, 0) == 0 || errno == EEXIST) return true;
-    return renameat(folder, made, folder, settingsName) == 0;
+    const int failure = renameat2(folder, made, folder, settingsName, RENAME_NOREPLACE);
+    if (failure == 0 || errno == EEXIST) return true;
+    return errno == EINVAL && renameat(folder, made, folder, settingsName) == 0;
 }
 
 bool layFirst(int folder, std::string_view content) {
@@ -78,16 +93,19 @@ DataFolders dataFoldersOf(const std::string& program, const std::string& chosen)
     folders.isInstalled = isThere(program + '/' + installedMarker);
     if (folders.isInstalled) folders.ofUser = withoutLinks(dataFolder() + "/velmora");
     if (chosen.empty()) return folders;
-    folders.chosen =
-        withoutLinks(chosen.starts_with('/') ? chosen : workingFolder() + '/' + chosen);
+    std::error_code failure;
+    const auto whole = std::filesystem::absolute(chosen, failure);
+    // The working folder can be gone.
+    folders.isUnknown = static_cast<bool>(failure);
+    if (!failure) folders.chosen = withoutLinks(whole.string());
     return folders;
 }
 
 DataFolderState prepareDataFolder(const DataFolders& folders) {
     const std::string path = chooseDataFolder(folders);
+    if (folders.isUnknown || path.empty()) return DataFolderState::notMade;
     if (path == folders.program) return DataFolderState::ready;
-    if (!isThere(path) && !make(folders, path)) return DataFolderState::notMade;
-    const UniqueFd folder = openFolder(path);
+    const UniqueFd folder = openOrMake(folders, path);
     if (!folder.isOpen()) return DataFolderState::notMade;
     struct stat status {};
     if (fstatat(folder.get(), settingsName, &status, AT_SYMLINK_NOFOLLOW) == 0)

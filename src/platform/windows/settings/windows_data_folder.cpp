@@ -1,7 +1,8 @@
 #include "platform/windows/settings/windows_data_folder.h"
 
 #include <windows.h>
-// After the one above, which it needs.
+// After the one above, which they need.
+#include <shlobj.h>
 #include <winternl.h>
 
 #include <cstddef>
@@ -33,7 +34,7 @@ DWORD attributesOf(const std::string& path) {
 }
 
 bool isFolder(const std::string& path) {
-    const DWORD attributes = attributesOf(path);
+    const DWORD attributes = attributesOf(path + '\\');
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
@@ -45,8 +46,17 @@ std::string wholePath(const std::string& typed) {
         GetFullPathNameW(wide.c_str(), static_cast<DWORD>(whole.size()), whole.data(), nullptr);
     whole.resize(length < whole.size() ? length : 0);
     std::string path = withoutLongPrefix(toUtf8(whole));
-    if (path.ends_with('\\') && !path.ends_with(":\\")) path.pop_back();
+    if (path.ends_with('\\')) path.pop_back();
     return path;
+}
+
+// The variable can be missing in the environment of a service.
+std::string localFolder() {
+    const std::string local = toUtf8(environmentVariable(L"LOCALAPPDATA"));
+    if (!local.empty()) return local;
+    wchar_t path[MAX_PATH] = L"";
+    const HRESULT found = SHGetFolderPathW(nullptr, CSIDL_LOCAL_APPDATA, nullptr, 0, path);
+    return SUCCEEDED(found) ? toUtf8(path) : std::string{};
 }
 
 bool make(const std::string& path) {
@@ -94,14 +104,17 @@ bool layFirst(const std::string& folder, std::string_view content) {
 DataFolders dataFoldersOf(const std::string& program, const std::string& chosen) {
     DataFolders folders{.program = program};
     folders.isInstalled = attributesOf(program + '\\' + installedMarker) != INVALID_FILE_ATTRIBUTES;
-    const std::string local = toUtf8(environmentVariable(L"LOCALAPPDATA"));
-    if (folders.isInstalled && !local.empty()) folders.ofUser = local + R"(\Velmora)";
-    if (!chosen.empty()) folders.chosen = wholePath(chosen);
+    const std::string local = folders.isInstalled ? localFolder() : std::string{};
+    if (!local.empty()) folders.ofUser = local + R"(\Velmora)";
+    if (chosen.empty()) return folders;
+    folders.chosen = wholePath(chosen);
+    folders.isUnknown = folders.chosen.empty();
     return folders;
 }
 
 DataFolderState prepareDataFolder(const DataFolders& folders) {
     const std::string folder = chooseDataFolder(folders);
+    if (folders.isUnknown || folder.empty()) return DataFolderState::notMade;
     if (folder == folders.program) return DataFolderState::ready;
     if (!isFolder(folder) && !make(folder)) return DataFolderState::notMade;
     if (attributesOf(folder + settingsName) != INVALID_FILE_ATTRIBUTES)

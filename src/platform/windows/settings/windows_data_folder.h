@@ -1,5 +1,4 @@
-// The folder with what the program saves, on this host. Paths have no back-slash at the end, but
-// for a drive's root.
+// The folder with what the program saves, on this host. Paths have no back-slash at the end.
 #pragma once
 
 #include <string>
