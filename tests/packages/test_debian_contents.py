@@ -1,7 +1,6 @@
 """What the Debian package contains, and what the tools for packages say of it."""
 
 import gzip
-import os
 import pathlib
 import re
 import shutil
@@ -109,8 +108,7 @@ class Documents(Unpacked):
 
     def test_the_manual_pages_have_the_options_of_help(self):
         for name in PROGRAMS:
-            usage = debian.said_by(self.file(f"/usr/lib/velmora/{name}"), "--help",
-                                   env={**os.environ, "QT_QPA_PLATFORM": "offscreen"})
+            usage = debian.said_by(self.file(f"/usr/lib/velmora/{name}"), "--help")
             told = set(re.findall(r"^  (--[a-z-]+)", usage, re.M))
             page = gzip.decompress(self.file(f"/usr/share/man/man1/{name}.1.gz").read_bytes()).decode()
             options = page.split(".SH OPTIONS", 1)[1].split("\n.SH ", 1)[0].replace("\\-", "-")

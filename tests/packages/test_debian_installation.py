@@ -1,5 +1,7 @@
 """The Debian package installed, used by people, upgraded, removed and purged, in a root of its own."""
 
+import os
+import pathlib
 import shutil
 import signal
 import subprocess
@@ -17,6 +19,8 @@ USERS = ("anna", "bert", "cora")
 OTHERS = ("/var/lib/dpkg", "/var/log", "/var/cache", "/var/lib/systemd", "/usr/share/applications/mimeinfo.cache",
           "/usr/share/icons/hicolor/icon-theme.cache")
 
+RELOAD = "systemctl --system daemon-reload"
+
 DATA = ".local/share/velmora"
 
 
@@ -32,15 +36,25 @@ class Installed(unittest.TestCase):
         cls.addClassCleanup(shutil.rmtree, cls.folder)
         for user in USERS:
             cls.root.run("useradd", "--create-home", user)
+        cls.prepare()
         cls.before = cls.root.added()
         # Bind mounts of a container lie over some files; dpkg must not meet them.
         cls.install(debian.package())
 
     @classmethod
+    def prepare(cls):
+        """What is done before the installation."""
+
+    @classmethod
     def install(cls, package):
         # The folder of the packages may be a mount of this machine.
         copy = shutil.copy(package, cls.folder + "/install.deb")
-        cls.root.run("dpkg", "--install", copy)
+        cls.root.run("dpkg", "--install", copy, env=cls.system())
+
+    @staticmethod
+    def system():
+        """The environment of an administrator."""
+        return {**os.environ, "PATH": "/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin"}
 
     @staticmethod
     def users_own(user, *words):
@@ -129,9 +143,25 @@ class Use(Installed):
 
 
 class Life(Installed):
-    """From the installation to the purge."""
+    """From the installation to the purge, as on a system that runs systemd."""
+
+    @classmethod
+    def prepare(cls):
+        cls.log = pathlib.Path(cls.folder, "called")
+        for name in ("systemctl", "deb-systemd-invoke"):
+            cls.root.shell(f"""
+printf '%s\\n' '#!/bin/sh' 'echo {name} "$@" >>{cls.log}' >/usr/local/bin/{name}
+chmod 755 /usr/local/bin/{name}
+mkdir -p /run/systemd/system""")
+
+    def called(self):
+        """What was asked of the service manager since the last call."""
+        lines = self.log.read_text("utf-8").splitlines()
+        self.log.write_text("")
+        return lines
 
     def test_an_upgrade_keeps_the_settings_and_a_purge_leaves_nothing(self):
+        self.assertEqual(self.called(), [RELOAD])
         self.console("anna", "set txtSpace.Text 4711", "click Command8")
         saved = self.data("anna", "set.dat").read_bytes()
         self.assertLess({"/usr/lib/velmora", "/usr/bin/velmora", "/etc/velmora/start.txt"}, self.root.added())
@@ -142,18 +172,22 @@ class Life(Installed):
 
         later = debian.later_version(self.folder, debian.field("Version") + "+1")
         self.install(later)
+        # The old package's script comes first.
+        self.assertEqual(self.called(), [RELOAD, RELOAD, "deb-systemd-invoke try-restart velmora.service"])
         self.assertIn(debian.field("Version") + "+1",
                       self.root.run("dpkg-query", "-W", "-f", "${Version}", "velmora").stdout)
         self.assertEqual(self.data("anna", "set.dat").read_bytes(), saved)
         self.assertIn("\n4711\n", self.console("anna", "get txtSpace"))
         self.assertTrue(self.root.file("/var/lib/velmora/set.dat").exists())
 
-        self.root.run("dpkg", "--remove", "velmora")
+        self.root.run("dpkg", "--remove", "velmora", env=self.system())
+        self.assertEqual(self.called(), ["deb-systemd-invoke stop velmora.service", RELOAD])
         self.assertNotIn("/usr/lib/velmora", self.root.added())
         self.assertTrue(self.root.file("/var/lib/velmora/set.dat").exists())
         self.assertTrue(self.root.file(enabled).is_symlink())
 
-        self.root.run("dpkg", "--purge", "velmora")
+        self.root.run("dpkg", "--purge", "velmora", env=self.system())
+        self.assertEqual(self.called(), [RELOAD])
         left = {path for path in self.root.added() - self.before
                 if not path.startswith((*OTHERS, "/home/"))}
         self.assertEqual(left, set())

@@ -61,10 +61,8 @@ def change_log(text, version, maintainer, when):
 
 
 def usage_of(program):
-    # The window program looks for a display before it reads its options.
-    environment = {**os.environ, "QT_QPA_PLATFORM": "offscreen"}
     return subprocess.run([program, "--help"], check=True, capture_output=True, text=True,
-                          env=environment, stdin=subprocess.DEVNULL).stdout
+                          stdin=subprocess.DEVNULL).stdout
 
 
 def options_in(usage):
