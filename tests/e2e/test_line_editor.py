@@ -4,6 +4,7 @@ import os
 import pty
 import select
 import subprocess
+import termios
 import time
 
 from cases import ConsoleCase, OwnNative
@@ -42,6 +43,13 @@ class Terminal(OwnNative, ConsoleCase):
     def type(self, text):
         os.write(self.terminal, text)
 
+    def wait_until_it_edits(self):
+        """Before that the terminal edits the line itself."""
+        end = time.monotonic() + PATIENCE
+        while termios.tcgetattr(self.terminal)[3] & termios.ICANON:
+            self.assertLess(time.monotonic(), end)
+            time.sleep(0.01)
+
     def skip_without_editor(self):
         linked = subprocess.run(["ldd", str(self.program)], capture_output=True, text=True,
                                 check=False).stdout
@@ -54,7 +62,7 @@ class Terminal(OwnNative, ConsoleCase):
     def test_names_complete_themselves(self):
         self.skip_without_editor()
         self.start_at_terminal()
-        self.read_until(b"> ")
+        self.wait_until_it_edits()
         self.type(b"ge\ttxtSp\t\n")
         # The minimum in the settings: only the whole name gives it.
         self.read_until(b"50000")
@@ -65,6 +73,7 @@ class Terminal(OwnNative, ConsoleCase):
         self.type(b"get txtSpace\n")
         self.read_until(b"50000")
         self.read_until(b"> ")
+        self.wait_until_it_edits()
         # Up; then another name in place of the last letters.
         self.type(b"\x1b[A" + b"\x7f" * 5 + b"Time\n")
         self.read_until(b"60")
