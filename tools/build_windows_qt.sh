@@ -32,9 +32,15 @@ fetch_sources() {
     local suite
     suite=$(. /etc/os-release && printf '%s' "$VERSION_CODENAME")
     local mirror=${VELMORA_DEBIAN_MIRROR:-http://deb.debian.org/debian}
+    # A run that was ended may have unpacked a part.
+    rm -rf "$work/fetched"
     mkdir -p "$work/apt/lists/partial" "$work/apt/cache/archives/partial" "$work/fetched"
-    printf 'deb-src [signed-by=/usr/share/keyrings/debian-archive-keyring.gpg] %s %s main\n' \
-        "$mirror" "$suite" >"$work/apt/sources.list"
+    local key='[signed-by=/usr/share/keyrings/debian-archive-keyring.gpg]'
+    {
+        printf 'deb-src %s %s %s main\n' "$key" "$mirror" "$suite"
+        printf 'deb-src %s %s %s-updates main\n' "$key" "$mirror" "$suite"
+        printf 'deb-src %s %s-security %s-security main\n' "$key" "$mirror" "$suite"
+    } >"$work/apt/sources.list"
     local own=(-o Dir::Etc::SourceList="$work/apt/sources.list" -o Dir::Etc::SourceParts=/dev/null
         -o Dir::State::Lists="$work/apt/lists" -o Dir::Cache="$work/apt/cache"
         -o APT::Sandbox::User=)

@@ -180,8 +180,9 @@ int runConsole(Machine& machine, const ConsoleStreams& streams) {
          .RefreshDrive = [&core] { core.watchList().RefreshDrive(); }});
     later.setRun([&commands](const std::string& line) { commands.run(line); });
 
-    ServiceNotice service(streams.manager, platform.clock,
-                          [&] { return statusOf(forms, platform.regional); });
+    ServiceNotice service(
+        options.watch ? streams.manager : ServiceManager{}, platform.clock,
+        [&] { return statusOf(forms, platform.regional); }, streams.isEndRequested);
 
     int status = 0;
     try {
@@ -203,7 +204,7 @@ int runConsole(Machine& machine, const ConsoleStreams& streams) {
         if (!isAnswered && !options.json) stream << usage;
         output.flush();
     } catch (const ProgramEnd& end) {
-        status = end.status;
+        if (end.status != 0) status = end.status;
     }
     stream.flush();
     return status;

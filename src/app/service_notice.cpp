@@ -10,7 +10,10 @@ namespace velmora {
 
 namespace {
 
-constexpr std::int64_t betweenLooks = 1000;
+constexpr std::int64_t betweenLooks = 1000;    // milliseconds
+constexpr std::int64_t betweenSigns = 60'000;  // where no watchdog says how often
+// From the moment at which it is sent, in microseconds.
+constexpr const char* moreTime = "EXTEND_TIMEOUT_USEC=300000000";
 
 // A line feed would end the value.
 std::string inOneLine(std::string text) {
@@ -22,8 +25,16 @@ std::string inOneLine(std::string text) {
 }  // namespace
 
 ServiceNotice::ServiceNotice(ServiceManager manager, Clock& clock,
-                             std::function<std::string()> status)
-    : manager_(std::move(manager)), clock_(clock), status_(std::move(status)) {}
+                             std::function<std::string()> status,
+                             std::function<bool()> isEndRequested)
+    : manager_(std::move(manager)),
+      clock_(clock),
+      status_(std::move(status)),
+      isEndRequested_(std::move(isEndRequested)) {
+    if (!manager_.send) return;
+    lastLook_ = lastSign_ = clock_.GetTickCount();
+    hearWorkSteps([this] { goOn(); });
+}
 
 ServiceNotice::~ServiceNotice() {
     hearWorkSteps({});
@@ -33,23 +44,32 @@ void ServiceNotice::ready() {
     if (!manager_.send) return;
     lastLook_ = lastSign_ = clock_.GetTickCount();
     toldStatus_ = inOneLine(status_());
+    phase_ = Phase::watching;
     manager_.send("READY=1\nSTATUS=" + toldStatus_);
-    hearWorkSteps([this] { goOn(); });
 }
 
 void ServiceNotice::stopping() {
-    if (manager_.send) manager_.send("STOPPING=1");
+    if (!manager_.send || phase_ == Phase::ending) return;
+    phase_ = Phase::ending;
+    manager_.send("STOPPING=1");
 }
 
 void ServiceNotice::goOn() {
     const std::int64_t now = clock_.GetTickCount();
-    if (manager_.watchdog > 0 && now - lastSign_ >= manager_.watchdog / 2) {
-        lastSign_ = now;
-        manager_.send("WATCHDOG=1");
-    }
-    if (now - lastLook_ < betweenLooks) return;
+    giveSign(now);
+    if (phase_ != Phase::watching || now - lastLook_ < betweenLooks) return;
     lastLook_ = now;
+    if (isEndRequested_()) return stopping();
     tellStatus();
+}
+
+// The start and the end have a time limit of their own beside the watchdog's.
+void ServiceNotice::giveSign(std::int64_t now) {
+    const std::int64_t time = manager_.watchdog > 0 ? manager_.watchdog / 2 : betweenSigns;
+    if (now - lastSign_ < time) return;
+    lastSign_ = now;
+    if (phase_ != Phase::watching) manager_.send(moreTime);
+    if (manager_.watchdog > 0) manager_.send("WATCHDOG=1");
 }
 
 // In the middle of any work, which must not end by it: a field can't be read while it changes.

@@ -13,26 +13,34 @@ namespace velmora {
 
 class ServiceNotice {
   public:
-    /// `status` gives the state of the watch in words.
-    ServiceNotice(ServiceManager manager, Clock& clock, std::function<std::string()> status);
+    /// `status` gives the state of the watch in words; `isEndRequested` is asked at most once a
+    /// second. From now on each step of the program's work is a chance for a sign of life, twice in
+    /// the time of the watchdog. During the start and the end it asks for more time too.
+    ServiceNotice(
+        ServiceManager manager, Clock& clock, std::function<std::string()> status,
+        std::function<bool()> isEndRequested = [] { return false; });
     ~ServiceNotice();
     ServiceNotice(const ServiceNotice&) = delete;
     ServiceNotice& operator=(const ServiceNotice&) = delete;
 
-    /// The settings are loaded and the watch begins. From now on each step of the program's work
-    /// is a chance for a sign of life, twice in the time of the watchdog, and a changed status is
-    /// told within a second.
+    /// The settings are loaded and the watch begins. From now on a changed status is told within a
+    /// second, and so is the end once somebody asks for it, also in the middle of a check.
     void ready();
-    /// The end begins; what is still done for it gives signs of life as before.
+    /// The end begins, unless that was told already.
     void stopping();
 
   private:
+    enum class Phase { starting, watching, ending };
+
     void goOn();
+    void giveSign(std::int64_t now);
     void tellStatus();
 
     ServiceManager manager_;
     Clock& clock_;
     std::function<std::string()> status_;
+    std::function<bool()> isEndRequested_;
+    Phase phase_ = Phase::starting;
     std::string toldStatus_;
     std::int64_t lastLook_ = 0;  // at the status
     std::int64_t lastSign_ = 0;

@@ -135,6 +135,13 @@ TEST_F(ConsoleOptions, ARequestEndsAScriptThatWaits) {
     EXPECT_EQ(status, 0);
 }
 
+TEST_F(ConsoleOptions, AFailedCommandBeforeTheWatchShowsAtItsEnd) {
+    script("nonsense\n");
+    options().watch = true;
+    run("", 5);
+    EXPECT_EQ(status, 3);
+}
+
 TEST_F(ConsoleOptions, AFolderIsNoScript) {
     options().script = std::filesystem::temp_directory_path().string();
     EXPECT_EQ(run(), "");

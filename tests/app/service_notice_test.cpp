@@ -57,9 +57,39 @@ TEST_F(ServiceNoticeTest, WithoutAStepThereIsNone) {
     EXPECT_EQ(sent, Messages{});
 }
 
-TEST_F(ServiceNoticeTest, BeforeItIsReadyThereIsNone) {
-    stepAfter(60'000);
+TEST_F(ServiceNoticeTest, ALongStartAsksForMoreTime) {
+    stepAfter(4'999);
     EXPECT_EQ(sent, Messages{});
+    stepAfter(1);
+    EXPECT_EQ(sent, (Messages{"EXTEND_TIMEOUT_USEC=300000000", "WATCHDOG=1"}));
+    notice.ready();
+    sent.clear();
+    stepAfter(5'000);
+    EXPECT_EQ(sent, Messages{"WATCHDOG=1"});
+}
+
+TEST_F(ServiceNoticeTest, AStartWithoutAWatchdogAsksOnceAMinute) {
+    ServiceNotice unwatched(manager(0), machine.platform().clock, [this] { return state; });
+    stepAfter(59'999);
+    EXPECT_EQ(sent, Messages{});
+    stepAfter(1);
+    EXPECT_EQ(sent, Messages{"EXTEND_TIMEOUT_USEC=300000000"});
+}
+
+// A signal can come in the middle of a long move.
+TEST_F(ServiceNoticeTest, AnEndThatIsAskedForIsToldDuringTheWork) {
+    bool isRequested = false;
+    ServiceNotice ending(
+        manager(10'000), machine.platform().clock, [this] { return state; },
+        [&] { return isRequested; });
+    ending.ready();
+    sent.clear();
+    isRequested = true;
+    stepAfter(1'000);
+    EXPECT_EQ(sent, Messages{"STOPPING=1"});
+    stepAfter(4'000);
+    ending.stopping();
+    EXPECT_EQ(sent, (Messages{"STOPPING=1", "EXTEND_TIMEOUT_USEC=300000000", "WATCHDOG=1"}));
 }
 
 TEST_F(ServiceNoticeTest, WithoutAWatchdogThereIsNone) {
@@ -106,15 +136,21 @@ TEST_F(ServiceNoticeTest, TheEndIsToldAndSignsOfLifeGoOn) {
     sent.clear();
     notice.stopping();
     stepAfter(5'000);
-    EXPECT_EQ(sent, (Messages{"STOPPING=1", "WATCHDOG=1"}));
+    EXPECT_EQ(sent, (Messages{"STOPPING=1", "EXTEND_TIMEOUT_USEC=300000000", "WATCHDOG=1"}));
 }
 
-TEST_F(ServiceNoticeTest, WithoutAManagerNothingIsSaid) {
-    ServiceNotice alone({}, machine.platform().clock, [this] { return state; });
+TEST(ServiceNotice, WithoutAManagerNothingIsAsked) {
+    fake::FakeMachine machine;
+    int asked = 0;
+    ServiceNotice alone({}, machine.platform().clock, [&asked] {
+        ++asked;
+        return std::string();
+    });
     alone.ready();
-    stepAfter(60'000);
+    machine.advance(60'000);
+    noteWorkStep();
     alone.stopping();
-    EXPECT_EQ(sent, Messages{});
+    EXPECT_EQ(asked, 0);
 }
 
 // The whole console on a machine in memory.
@@ -141,7 +177,7 @@ struct ServiceWatch : testing::Test {
 
 TEST_F(ServiceWatch, ItBeginsAndEndsWithItsMessages) {
     machine.platform().app.Options.watch = true;
-    run("", 31);
+    run("", 62);
     ASSERT_GE(sent.size(), 3u);
     EXPECT_EQ(sent.front(), "READY=1\nSTATUS=Nothing is watched yet: tick a drive");
     EXPECT_EQ(countOf(sent, "WATCHDOG=1"), static_cast<int>(machine.tick / 10'000));

@@ -97,6 +97,9 @@ class Documents(Unpacked):
                          .replace("\n .\n", "\n").split())
         licence = (ROOT / "LICENSE").read_text("utf-8").split("\n\n", 2)[2]
         self.assertIn(" ".join(licence.split()), words)
+        # What is compiled in.
+        self.assertIn("nlohmann-json", words)
+        self.assertIn("Copyright 2013-2022 Niels Lohmann", words)
 
     def test_the_manual_pages_have_no_faults(self):
         debian.needs_tool("man")
