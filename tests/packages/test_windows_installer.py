@@ -271,6 +271,22 @@ class Installation(unittest.TestCase):
         self.assertEqual(self.install(LONG_WAIT), 0)
         self.assertEqual(running.wait(PATIENCE), 0)
 
+    def test_another_path_to_the_same_folder_is_an_update(self):
+        self.assertEqual(self.install("/AUTOSTART=1"), 0)
+        page = self.folder / "velmora.html"
+        page.write_bytes(b"old")
+        alias = machine.path(r"C:\alias")
+        alias.symlink_to(self.folder, target_is_directory=True)
+        self.addCleanup(alias.unlink)
+        self.assertEqual(self.install(r"/D=C:\alias"), 0)
+        self.assertEqual(files_below(self.folder), portable_files() | OF_THE_INSTALLER)
+        self.assertGreater(page.stat().st_size, 1000)
+        self.check_entry_in_apps()
+        self.check_start_menu()
+        self.assertEqual(self.autostart(), AUTOSTART)
+        self.assertEqual(self.uninstall(), 0)
+        self.assertEqual(machine.traces(), [])
+
     def test_asked_for_it_the_uninstaller_takes_the_settings_along(self):
         self.assertEqual(self.install(), 0)
         self.save_settings()

@@ -33,11 +33,12 @@ VIAddVersionKey "LegalCopyright" "The Velmora developers"
 !define RUN_KEY "Software\Microsoft\Windows\CurrentVersion\Run"
 !define RUN_VALUE "Velmora"
 !define MENU "$SMPROGRAMS\Velmora"
+!define NOT_WRITTEN 2
 !define STILL_RUNNING 3
 
 Var wait      ; how long a silent run waits for a running program, in seconds
 Var former    ; the folder of an installation that is there already, or nothing
-Var same      ; whether two files are the same
+Var same      ; whether two files or folders are the same
 
 !define MUI_ICON "${ROOT}\dist\icons\velmora.ico"
 !define MUI_UNICON "${ROOT}\dist\icons\velmora.ico"
@@ -226,9 +227,38 @@ Function trimLine
     Exch $R0
 FunctionEnd
 
+; Two paths can lead to one folder, by a link or a mapped drive: a file laid by the one is seen by the
+; other, and gone with it. Then the installation stays where it is known to be.
+Function knowFormerFolder
+    ${If} $former == ""
+    ${OrIf} $former == $INSTDIR
+    ${OrIfNot} ${FileExists} "$former\*.*"
+    ${OrIfNot} ${FileExists} "$INSTDIR\*.*"
+        Return
+    ${EndIf}
+    ClearErrors
+    GetTempFileName $0 $INSTDIR
+    ${If} ${Errors}
+        SetErrorLevel ${NOT_WRITTEN}
+        Abort "Nothing can be written into $INSTDIR, and nothing was changed."
+    ${EndIf}
+    ${GetFileName} $0 $1
+    StrCpy $same "no"
+    ${If} ${FileExists} "$former\$1"
+        StrCpy $same "yes"
+    ${EndIf}
+    Delete $0
+    ${If} $same == "yes"
+    ${AndIfNot} ${FileExists} "$former\$1"
+        StrCpy $INSTDIR $former
+        StrCpy $former ""
+    ${EndIf}
+FunctionEnd
+
 Section "Velmora" sectionProgram
     SectionIn RO
     SetShellVarContext all
+    Call knowFormerFolder
     StrCpy $0 $INSTDIR
     Call closePrograms
     ${If} $former != ""
