@@ -25,6 +25,11 @@ OF_THE_INSTALLER = {"velmora.installed", "uninstall.exe"}
 STILL_RUNNING = 3
 # Settings that differ from the installed ones.
 SETTINGS = scrambled("txtTime=60\r\n", "minspace=77777\r\n")
+# What the program can leave in the folder of its user, the last ones when it is ended meanwhile.
+WRITTEN = ("set.dat", "log.dat", "clen.dat", "history.csv", "tmpLogNTEvt.vbs", "windows", "watched",
+           "tray-note-read", "set-0123456789abcdef-1.dat", "set-0123456789abcdef-replaced-0.dat",
+           "set-0123456789abcdef-turns.txt", ".set.dat.4711", ".windows.4711",
+           ".set-0123456789abcdef-0.dat.4711", ".set-0123456789abcdef-turns.txt.4711")
 # Seconds in which nobody answers.
 SHORT_WAIT = "/WAIT=2"
 LONG_WAIT = f"/WAIT={PATIENCE}"
@@ -288,6 +293,19 @@ class Installation(unittest.TestCase):
         self.assertEqual(machine.traces(), [])
 
     def test_asked_for_it_the_uninstaller_takes_the_settings_along(self):
+        self.assertEqual(self.install(), 0)
+        self.save_settings()
+        for name in WRITTEN:
+            (self.users / name).write_bytes(b"the program's")
+        mine = {"letter.txt", "settings.dat", "windows.txt", "set-mine.dat", "set-mine-turns.txt", "deeper/set.dat"}
+        for name in mine:
+            (self.users / name).parent.mkdir(exist_ok=True)
+            (self.users / name).write_bytes(b"somebody's")
+        self.assertEqual(self.uninstall("/SETTINGS"), 0)
+        self.assertFalse(self.folder.exists())
+        self.assertEqual(files_below(self.users), mine)
+        # With nothing of somebody else the folder goes, too.
+        shutil.rmtree(self.users)
         self.assertEqual(self.install(), 0)
         self.save_settings()
         self.assertEqual(self.uninstall("/SETTINGS"), 0)

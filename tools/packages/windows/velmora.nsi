@@ -386,6 +386,32 @@ Function un.compareFiles
     FileClose $3
 FunctionEnd
 
+; What the program writes for its user into the folder $0, and what it leaves there when it is
+; ended meanwhile. By name: the folder may hold files of somebody else.
+Function un.removeWritten
+    Delete "$0\set.dat"
+    Delete "$0\.set.dat.*"
+    Delete "$0\log.dat"
+    Delete "$0\clen.dat"
+    Delete "$0\history.csv"
+    Delete "$0\tmpLogNTEvt.vbs"
+FunctionEnd
+
+; What it remembers for its user in the folder $0: notes, places of windows, copies of settings. The
+; names of the latter have the sum of a path, in 16 digits.
+Function un.removeRemembered
+    Delete "$0\watched"
+    Delete "$0\.watched.*"
+    Delete "$0\tray-note-read"
+    Delete "$0\.tray-note-read.*"
+    Delete "$0\windows"
+    Delete "$0\.windows.*"
+    Delete "$0\set-????????????????-*.dat"
+    Delete "$0\.set-????????????????-*.dat.*"
+    Delete "$0\set-????????????????-turns.txt"
+    Delete "$0\.set-????????????????-turns.txt.*"
+FunctionEnd
+
 ; A removal needs no space.
 Function un.hideSpace
     FindWindow $0 "#32770" "" $HWNDPARENT
@@ -431,19 +457,18 @@ SectionEnd
 
 Section /o "un.My settings and log" unsectionSettings
     SetShellVarContext current
-    ; Files alone: what may lie deeper isn't the program's.
-    Delete "$LOCALAPPDATA\Velmora\*.*"
-    RMDir "$LOCALAPPDATA\Velmora"
-    Delete "$INSTDIR\set.dat"
-    Delete "$INSTDIR\log.dat"
-    Delete "$INSTDIR\clen.dat"
-    Delete "$INSTDIR\history.csv"
-    RMDir "$INSTDIR"
+    StrCpy $0 "$LOCALAPPDATA\Velmora"
+    Call un.removeWritten
+    Call un.removeRemembered
+    RMDir $0
+    StrCpy $0 $INSTDIR
+    Call un.removeWritten
+    RMDir $0
 SectionEnd
 
 !insertmacro MUI_UNFUNCTION_DESCRIPTION_BEGIN
     !insertmacro MUI_DESCRIPTION_TEXT ${unsectionProgram} "Everything that was installed."
-    !insertmacro MUI_DESCRIPTION_TEXT ${unsectionSettings} "What to watch, the log and the kept copies of the user who is logged on. Other users keep theirs."
+    !insertmacro MUI_DESCRIPTION_TEXT ${unsectionSettings} "What to watch, the log and the kept copies of the account that removes it. Other accounts keep theirs."
 !insertmacro MUI_UNFUNCTION_DESCRIPTION_END
 
 Function un.onInit
