@@ -23,6 +23,7 @@ OPTIONS = "--keep-running --single"
 # What is laid beside what the portable program has.
 OF_THE_INSTALLER = {"velmora.installed", "uninstall.exe"}
 STILL_RUNNING = 3
+FORMER_STAYS = 4
 # Settings that differ from the installed ones.
 SETTINGS = scrambled("txtTime=60\r\n", "minspace=77777\r\n")
 # What the program can leave in the folder of its user, the last ones when it is ended meanwhile.
@@ -289,6 +290,25 @@ class Installation(unittest.TestCase):
         self.check_entry_in_apps()
         self.check_start_menu()
         self.assertEqual(self.autostart(), AUTOSTART)
+        self.assertEqual(self.uninstall(), 0)
+        self.assertEqual(machine.traces(), [])
+
+    def test_a_former_installation_that_cannot_be_removed_keeps_its_uninstaller(self):
+        self.assertEqual(self.install(), 0)
+        uninstaller = self.folder / "uninstall.exe"
+        sound = uninstaller.read_bytes()
+        place = r"C:\my tools"
+        # One that ends with another status, and one that doesn't start.
+        for unsound in ((self.folder / "velmora-console.exe").read_bytes(), b"damaged"):
+            uninstaller.write_bytes(unsound)
+            before = tree(self.folder)
+            self.assertEqual(self.install(f"/D={place}"), FORMER_STAYS)
+            self.assertEqual(tree(self.folder), before)
+            self.assertEqual(files_below(machine.path(place)), portable_files() | OF_THE_INSTALLER)
+            self.assertEqual(machine.values(APPS)["InstallLocation"], place)
+            self.assertEqual(self.uninstall(place=place), 0)
+            machine.set_value(APPS, "InstallLocation", PROGRAMS)
+        uninstaller.write_bytes(sound)
         self.assertEqual(self.uninstall(), 0)
         self.assertEqual(machine.traces(), [])
 

@@ -5,7 +5,9 @@
 ; Silent:  velmora-VERSION-win64.exe /S [/AUTOSTART=1|0] [/WAIT=SECONDS] [/D=FOLDER]
 ;          uninstall.exe /S [/SETTINGS] [/WAIT=SECONDS] [_?=FOLDER]
 ; Status:  0 done; 1 cancelled; 2 something could not be written; 3 Velmora runs and didn't close,
-;          nothing has changed. An uninstaller without _?= works in a copy of itself and gives 0.
+;          nothing has changed; 4 installed, but the installation in another folder, which it
+;          replaces, couldn't be removed. An uninstaller without _?= works in a copy of itself and
+;          gives 0.
 
 Target amd64-unicode
 ManifestDPIAware true
@@ -35,6 +37,7 @@ VIAddVersionKey "LegalCopyright" "The Velmora developers"
 !define MENU "$SMPROGRAMS\Velmora"
 !define NOT_WRITTEN 2
 !define STILL_RUNNING 3
+!define FORMER_STAYS 4
 
 Var wait      ; how long a silent run waits for a running program, in seconds
 Var former    ; the folder of an installation that is there already, or nothing
@@ -255,6 +258,25 @@ Function knowFormerFolder
     ${EndIf}
 FunctionEnd
 
+; The installation in the folder $former. One that can't be removed keeps its uninstaller, so that
+; it can be removed later.
+Function removeFormer
+    ${IfNot} ${FileExists} "$former\uninstall.exe"
+        Return
+    ${EndIf}
+    ClearErrors
+    ExecWait '"$former\uninstall.exe" /S _?=$former' $0
+    ${IfNot} ${Errors}
+    ${AndIf} $0 == 0
+        Delete "$former\uninstall.exe"
+        RMDir "$former"
+        Return
+    ${EndIf}
+    SetErrorLevel ${FORMER_STAYS}
+    DetailPrint "Not removed: $former"
+    MessageBox MB_OK|MB_ICONEXCLAMATION "Velmora is installed in $INSTDIR, but the earlier installation couldn't be removed from $former.$\r$\n$\r$\nOnce Velmora is closed there, $former\uninstall.exe removes it." /SD IDOK
+FunctionEnd
+
 Section "Velmora" sectionProgram
     SectionIn RO
     SetShellVarContext all
@@ -282,9 +304,7 @@ Section "Velmora" sectionProgram
 
     ${If} $former != ""
     ${AndIf} $former != $INSTDIR
-        ExecWait '"$former\uninstall.exe" /S _?=$former'
-        Delete "$former\uninstall.exe"
-        RMDir "$former"
+        Call removeFormer
     ${EndIf}
 
     WriteRegStr HKLM "${APPS_KEY}" "DisplayName" "Velmora"
