@@ -23,8 +23,14 @@ OPTIONS = "--keep-running --single"
 # What is laid beside what the portable program has.
 OF_THE_INSTALLER = {"velmora.installed", "uninstall.exe"}
 STILL_RUNNING = 3
+FORMER_STAYS = 4
 # Settings that differ from the installed ones.
 SETTINGS = scrambled("txtTime=60\r\n", "minspace=77777\r\n")
+# What the program can leave in the folder of its user, the last ones when it is ended meanwhile.
+WRITTEN = ("set.dat", "log.dat", "clen.dat", "history.csv", "tmpLogNTEvt.vbs", "windows", "watched",
+           "tray-note-read", "set-0123456789abcdef-1.dat", "set-0123456789abcdef-replaced-0.dat",
+           "set-0123456789abcdef-turns.txt", ".set.dat.4711", ".windows.4711",
+           ".set-0123456789abcdef-0.dat.4711", ".set-0123456789abcdef-turns.txt.4711")
 # Seconds in which nobody answers.
 SHORT_WAIT = "/WAIT=2"
 LONG_WAIT = f"/WAIT={PATIENCE}"
@@ -271,7 +277,55 @@ class Installation(unittest.TestCase):
         self.assertEqual(self.install(LONG_WAIT), 0)
         self.assertEqual(running.wait(PATIENCE), 0)
 
+    def test_another_path_to_the_same_folder_is_an_update(self):
+        self.assertEqual(self.install("/AUTOSTART=1"), 0)
+        page = self.folder / "velmora.html"
+        page.write_bytes(b"old")
+        alias = machine.path(r"C:\alias")
+        alias.symlink_to(self.folder, target_is_directory=True)
+        self.addCleanup(alias.unlink)
+        self.assertEqual(self.install(r"/D=C:\alias"), 0)
+        self.assertEqual(files_below(self.folder), portable_files() | OF_THE_INSTALLER)
+        self.assertGreater(page.stat().st_size, 1000)
+        self.check_entry_in_apps()
+        self.check_start_menu()
+        self.assertEqual(self.autostart(), AUTOSTART)
+        self.assertEqual(self.uninstall(), 0)
+        self.assertEqual(machine.traces(), [])
+
+    def test_a_former_installation_that_cannot_be_removed_keeps_its_uninstaller(self):
+        self.assertEqual(self.install(), 0)
+        uninstaller = self.folder / "uninstall.exe"
+        sound = uninstaller.read_bytes()
+        place = r"C:\my tools"
+        # One that ends with another status, and one that doesn't start.
+        for unsound in ((self.folder / "velmora-console.exe").read_bytes(), b"damaged"):
+            uninstaller.write_bytes(unsound)
+            before = tree(self.folder)
+            self.assertEqual(self.install(f"/D={place}"), FORMER_STAYS)
+            self.assertEqual(tree(self.folder), before)
+            self.assertEqual(files_below(machine.path(place)), portable_files() | OF_THE_INSTALLER)
+            self.assertEqual(machine.values(APPS)["InstallLocation"], place)
+            self.assertEqual(self.uninstall(place=place), 0)
+            machine.set_value(APPS, "InstallLocation", PROGRAMS)
+        uninstaller.write_bytes(sound)
+        self.assertEqual(self.uninstall(), 0)
+        self.assertEqual(machine.traces(), [])
+
     def test_asked_for_it_the_uninstaller_takes_the_settings_along(self):
+        self.assertEqual(self.install(), 0)
+        self.save_settings()
+        for name in WRITTEN:
+            (self.users / name).write_bytes(b"the program's")
+        mine = {"letter.txt", "settings.dat", "windows.txt", "set-mine.dat", "set-mine-turns.txt", "deeper/set.dat"}
+        for name in mine:
+            (self.users / name).parent.mkdir(exist_ok=True)
+            (self.users / name).write_bytes(b"somebody's")
+        self.assertEqual(self.uninstall("/SETTINGS"), 0)
+        self.assertFalse(self.folder.exists())
+        self.assertEqual(files_below(self.users), mine)
+        # With nothing of somebody else the folder goes, too.
+        shutil.rmtree(self.users)
         self.assertEqual(self.install(), 0)
         self.save_settings()
         self.assertEqual(self.uninstall("/SETTINGS"), 0)

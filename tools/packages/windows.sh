@@ -15,6 +15,8 @@ make_windows_packages() {
     version=$(sed -n 's/^CMAKE_PROJECT_VERSION:STATIC=//p' "$root/build/windows/CMakeCache.txt")
     name=velmora-$version-win64
     stage_windows_files
+    # Those of another version, too: whoever takes a package takes this one.
+    rm -f "$packages"/velmora-*-win64.*
     make_windows_zip "$name" "$version"
     make_windows_installer "$name" "$version"
 }
@@ -30,7 +32,6 @@ stage_windows_files() {
 # Without the marker of an installation: the settings lie beside the programs.
 make_windows_zip() {
     local folder=$packages/windows/velmora-$2
-    rm -f "$packages/$1.zip"
     mv "$packages/windows/velmora" "$folder"
     (cd "$packages/windows" && cmake -E tar cf "$packages/$1.zip" --format=zip "velmora-$2")
     mv "$folder" "$packages/windows/velmora"

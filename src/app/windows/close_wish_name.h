@@ -7,7 +7,8 @@
 
 namespace velmora::windows {
 
-/// The event of the process with that number, in whatever session it runs.
+/// The event of the process with that number, in whatever session it runs. It can be set by the
+/// process's user, administrators and the system.
 inline std::wstring closeWishName(DWORD process) {
     return L"Global\\Velmora-close-" + std::to_wstring(process);
 }

@@ -5,7 +5,9 @@
 ; Silent:  velmora-VERSION-win64.exe /S [/AUTOSTART=1|0] [/WAIT=SECONDS] [/D=FOLDER]
 ;          uninstall.exe /S [/SETTINGS] [/WAIT=SECONDS] [_?=FOLDER]
 ; Status:  0 done; 1 cancelled; 2 something could not be written; 3 Velmora runs and didn't close,
-;          nothing has changed. An uninstaller without _?= works in a copy of itself and gives 0.
+;          nothing has changed; 4 installed, but the installation in another folder, which it
+;          replaces, couldn't be removed. An uninstaller without _?= works in a copy of itself and
+;          gives 0.
 
 Target amd64-unicode
 ManifestDPIAware true
@@ -33,11 +35,13 @@ VIAddVersionKey "LegalCopyright" "The Velmora developers"
 !define RUN_KEY "Software\Microsoft\Windows\CurrentVersion\Run"
 !define RUN_VALUE "Velmora"
 !define MENU "$SMPROGRAMS\Velmora"
+!define NOT_WRITTEN 2
 !define STILL_RUNNING 3
+!define FORMER_STAYS 4
 
 Var wait      ; how long a silent run waits for a running program, in seconds
 Var former    ; the folder of an installation that is there already, or nothing
-Var same      ; whether two files are the same
+Var same      ; whether two files or folders are the same
 
 !define MUI_ICON "${ROOT}\dist\icons\velmora.ico"
 !define MUI_UNICON "${ROOT}\dist\icons\velmora.ico"
@@ -226,9 +230,57 @@ Function trimLine
     Exch $R0
 FunctionEnd
 
+; Two paths can lead to one folder, by a link or a mapped drive: a file laid by the one is seen by the
+; other, and gone with it. Then the installation stays where it is known to be.
+Function knowFormerFolder
+    ${If} $former == ""
+    ${OrIf} $former == $INSTDIR
+    ${OrIfNot} ${FileExists} "$former\*.*"
+    ${OrIfNot} ${FileExists} "$INSTDIR\*.*"
+        Return
+    ${EndIf}
+    ClearErrors
+    GetTempFileName $0 $INSTDIR
+    ${If} ${Errors}
+        SetErrorLevel ${NOT_WRITTEN}
+        Abort "Nothing can be written into $INSTDIR, and nothing was changed."
+    ${EndIf}
+    ${GetFileName} $0 $1
+    StrCpy $same "no"
+    ${If} ${FileExists} "$former\$1"
+        StrCpy $same "yes"
+    ${EndIf}
+    Delete $0
+    ${If} $same == "yes"
+    ${AndIfNot} ${FileExists} "$former\$1"
+        StrCpy $INSTDIR $former
+        StrCpy $former ""
+    ${EndIf}
+FunctionEnd
+
+; The installation in the folder $former. One that can't be removed keeps its uninstaller, so that
+; it can be removed later.
+Function removeFormer
+    ${IfNot} ${FileExists} "$former\uninstall.exe"
+        Return
+    ${EndIf}
+    ClearErrors
+    ExecWait '"$former\uninstall.exe" /S _?=$former' $0
+    ${IfNot} ${Errors}
+    ${AndIf} $0 == 0
+        Delete "$former\uninstall.exe"
+        RMDir "$former"
+        Return
+    ${EndIf}
+    SetErrorLevel ${FORMER_STAYS}
+    DetailPrint "Not removed: $former"
+    MessageBox MB_OK|MB_ICONEXCLAMATION "Velmora is installed in $INSTDIR, but the earlier installation couldn't be removed from $former.$\r$\n$\r$\nOnce Velmora is closed there, $former\uninstall.exe removes it." /SD IDOK
+FunctionEnd
+
 Section "Velmora" sectionProgram
     SectionIn RO
     SetShellVarContext all
+    Call knowFormerFolder
     StrCpy $0 $INSTDIR
     Call closePrograms
     ${If} $former != ""
@@ -252,9 +304,7 @@ Section "Velmora" sectionProgram
 
     ${If} $former != ""
     ${AndIf} $former != $INSTDIR
-        ExecWait '"$former\uninstall.exe" /S _?=$former'
-        Delete "$former\uninstall.exe"
-        RMDir "$former"
+        Call removeFormer
     ${EndIf}
 
     WriteRegStr HKLM "${APPS_KEY}" "DisplayName" "Velmora"
@@ -356,6 +406,32 @@ Function un.compareFiles
     FileClose $3
 FunctionEnd
 
+; What the program writes for its user into the folder $0, and what it leaves there when it is
+; ended meanwhile. By name: the folder may hold files of somebody else.
+Function un.removeWritten
+    Delete "$0\set.dat"
+    Delete "$0\.set.dat.*"
+    Delete "$0\log.dat"
+    Delete "$0\clen.dat"
+    Delete "$0\history.csv"
+    Delete "$0\tmpLogNTEvt.vbs"
+FunctionEnd
+
+; What it remembers for its user in the folder $0: notes, places of windows, copies of settings. The
+; names of the latter have the sum of a path, in 16 digits.
+Function un.removeRemembered
+    Delete "$0\watched"
+    Delete "$0\.watched.*"
+    Delete "$0\tray-note-read"
+    Delete "$0\.tray-note-read.*"
+    Delete "$0\windows"
+    Delete "$0\.windows.*"
+    Delete "$0\set-????????????????-*.dat"
+    Delete "$0\.set-????????????????-*.dat.*"
+    Delete "$0\set-????????????????-turns.txt"
+    Delete "$0\.set-????????????????-turns.txt.*"
+FunctionEnd
+
 ; A removal needs no space.
 Function un.hideSpace
     FindWindow $0 "#32770" "" $HWNDPARENT
@@ -401,19 +477,18 @@ SectionEnd
 
 Section /o "un.My settings and log" unsectionSettings
     SetShellVarContext current
-    ; Files alone: what may lie deeper isn't the program's.
-    Delete "$LOCALAPPDATA\Velmora\*.*"
-    RMDir "$LOCALAPPDATA\Velmora"
-    Delete "$INSTDIR\set.dat"
-    Delete "$INSTDIR\log.dat"
-    Delete "$INSTDIR\clen.dat"
-    Delete "$INSTDIR\history.csv"
-    RMDir "$INSTDIR"
+    StrCpy $0 "$LOCALAPPDATA\Velmora"
+    Call un.removeWritten
+    Call un.removeRemembered
+    RMDir $0
+    StrCpy $0 $INSTDIR
+    Call un.removeWritten
+    RMDir $0
 SectionEnd
 
 !insertmacro MUI_UNFUNCTION_DESCRIPTION_BEGIN
     !insertmacro MUI_DESCRIPTION_TEXT ${unsectionProgram} "Everything that was installed."
-    !insertmacro MUI_DESCRIPTION_TEXT ${unsectionSettings} "What to watch, the log and the kept copies of the user who is logged on. Other users keep theirs."
+    !insertmacro MUI_DESCRIPTION_TEXT ${unsectionSettings} "What to watch, the log and the kept copies of the account that removes it. Other accounts keep theirs."
 !insertmacro MUI_UNFUNCTION_DESCRIPTION_END
 
 Function un.onInit
