@@ -298,16 +298,16 @@ class Installation(unittest.TestCase):
         uninstaller = self.folder / "uninstall.exe"
         sound = uninstaller.read_bytes()
         place = r"C:\my tools"
-        # One that ends with another status, and one that doesn't start.
-        for unsound in ((self.folder / "velmora-console.exe").read_bytes(), b"damaged"):
-            uninstaller.write_bytes(unsound)
-            before = tree(self.folder)
-            self.assertEqual(self.install(f"/D={place}"), FORMER_STAYS)
-            self.assertEqual(tree(self.folder), before)
-            self.assertEqual(files_below(machine.path(place)), portable_files() | OF_THE_INSTALLER)
-            self.assertEqual(machine.values(APPS)["InstallLocation"], place)
-            self.assertEqual(self.uninstall(place=place), 0)
-            machine.set_value(APPS, "InstallLocation", PROGRAMS)
+        # A program that doesn't know these words, and ends at once with another status.
+        unsound = setup.parent / "windows" / "installer" / "velmora-close.exe"
+        uninstaller.write_bytes(unsound.read_bytes())
+        before = tree(self.folder)
+        self.assertEqual(self.install(f"/D={place}"), FORMER_STAYS)
+        self.assertEqual(tree(self.folder), before)
+        self.assertEqual(files_below(machine.path(place)), portable_files() | OF_THE_INSTALLER)
+        self.assertEqual(machine.values(APPS)["InstallLocation"], place)
+        self.assertEqual(self.uninstall(place=place), 0)
+        machine.set_value(APPS, "InstallLocation", PROGRAMS)
         uninstaller.write_bytes(sound)
         self.assertEqual(self.uninstall(), 0)
         self.assertEqual(machine.traces(), [])
