@@ -25,26 +25,29 @@ import threading
 import time
 import xml.etree.ElementTree as ET
 
+# Seconds for one program, and for a command that runs many tests of its own.
 TIME_LIMIT = 600
+COMMAND_LIMIT = 1200
 
 # How many lines of a failed program's output are shown.
 LAST_LINES = 60
 
 
 class Outcome:
-    def __init__(self, status, output):
+    def __init__(self, status, output, limit):
         self.status = status  # None when the time limit was missed
+        self.limit = limit
         self.output = output
 
     def trouble(self):
         if self.status is None:
-            return f"did not end within {TIME_LIMIT} s"
+            return f"did not end within {self.limit} s"
         if self.status < 0:
             return f"ended by {signal.Signals(-self.status).name}"
         return f"ended with status {self.status}" if self.status else ""
 
 
-def run(command, folder=None, environment=None):
+def run(command, folder=None, environment=None, limit=TIME_LIMIT):
     """Runs a command in its own session, so that a missed time limit ends its children too."""
     with tempfile.TemporaryFile() as output:
         process = subprocess.Popen(command, cwd=folder, stdin=subprocess.DEVNULL,
@@ -52,7 +55,7 @@ def run(command, folder=None, environment=None):
                                    env={**os.environ, **(environment or {})},
                                    start_new_session=True)
         try:
-            status = process.wait(TIME_LIMIT)
+            status = process.wait(limit)
         except subprocess.TimeoutExpired:
             status = None
         finally:
@@ -60,7 +63,7 @@ def run(command, folder=None, environment=None):
                 os.killpg(process.pid, signal.SIGKILL)
                 process.wait()
         output.seek(0)
-        return Outcome(status, output.read().decode(errors="replace"))
+        return Outcome(status, output.read().decode(errors="replace"), limit)
 
 
 class Report:
@@ -179,7 +182,7 @@ class Runner:
     def run_command(self, command):
         name = " ".join(os.path.basename(part) for part in command[1:])
         begin = time.monotonic()
-        outcome = run(command)
+        outcome = run(command, limit=COMMAND_LIMIT)
         print(outcome.output, end="")
         lines = outcome.output.strip().splitlines()
         outcome.output = ""  # printed already
