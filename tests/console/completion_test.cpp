@@ -106,6 +106,8 @@ TEST_F(CompletionTest, ACommandCanStandBehindADelay) {
     EXPECT_EQ(of("at yield 3 doub"), Found{"doubleclick"});
     EXPECT_EQ(of("after 5 at yield 3 fire timer1"), Found{"Timer1"});
     EXPECT_EQ(of("after "), Found{});
+    EXPECT_EQ(of("after 5"), Found{});
+    EXPECT_EQ(of("at yield 3"), Found{});
     EXPECT_EQ(of("at yield "), Found{});
 }
 
