@@ -80,6 +80,8 @@ TEST_F(CompletionTest, EachCommandHasFieldsOfItsKind) {
 }
 
 TEST_F(CompletionTest, OtherWordsThatACommandTakes) {
+    EXPECT_EQ(of("answer "),
+              (Found{"cancel", "file", "files", "folder", "no", "ok", "text", "yes"}));
     EXPECT_EQ(of("answer f"), (Found{"file", "files", "folder"}));
     EXPECT_EQ(of("wait "), (Found{"forever", "until"}));
     EXPECT_EQ(of("wait until "), Found{"alert"});
