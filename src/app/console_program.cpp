@@ -190,10 +190,7 @@ int runConsole(Machine& machine, const ConsoleStreams& streams) {
         output.flush();
         start(core, machine, host);
         const bool isScript = !options.script.empty();
-        if (isScript) {
-            obey(scriptLines(script, streams, options), output, commands);
-            if (output.errors() > 0) status = exit_status::failedCommand;
-        }
+        if (isScript) obey(scriptLines(script, streams, options), output, commands);
         if (options.watch) {
             service.ready();
             waiting.forever();
@@ -204,8 +201,10 @@ int runConsole(Machine& machine, const ConsoleStreams& streams) {
         if (!isAnswered && !options.json) stream << usage;
         output.flush();
     } catch (const ProgramEnd& end) {
-        if (end.status != 0) status = end.status;
+        status = end.status;
     }
+    const bool hasFailed = !options.script.empty() && output.errors() > 0;
+    if (hasFailed && status == 0) status = exit_status::failedCommand;
     stream.flush();
     return status;
 }

@@ -142,6 +142,12 @@ TEST_F(ConsoleOptions, AFailedCommandBeforeTheWatchShowsAtItsEnd) {
     EXPECT_EQ(status, 3);
 }
 
+TEST_F(ConsoleOptions, AFailedCommandBeforeTheExitOfAScriptShowsToo) {
+    script("nonsense\nanswer ok\nexit\n");
+    run();
+    EXPECT_EQ(status, 3);
+}
+
 TEST_F(ConsoleOptions, AFolderIsNoScript) {
     options().script = std::filesystem::temp_directory_path().string();
     EXPECT_EQ(run(), "");

@@ -14,9 +14,9 @@
 
 #include "platform/linux/entries/private_folder.h"
 #include "platform/linux/paths/user_folders.h"
+#include "platform/linux/system/private_file.h"
 #include "platform/linux/system/read_whole.h"
 #include "platform/linux/system/unique_fd.h"
-#include "platform/linux/system/write_all.h"
 
 namespace velmora::linuxhost {
 
@@ -61,11 +61,6 @@ UniqueFd openOrMake(const DataFolders& folders, const std::string& path) {
     return folder.isOpen() && isOfThisUser(folder) ? std::move(folder) : UniqueFd();
 }
 
-// To the disk before it gets its name: after a power failure it is whole or isn't there.
-bool fill(int file, std::string_view content) {
-    return file >= 0 && writeAll(file, content) == 0 && fdatasync(file) == 0;
-}
-
 // Of two programs that begin at once the first one's stay. A filesystem that knows neither way has
 // only the name to give.
 bool putInPlace(int folder, const char* made) {
@@ -78,10 +73,8 @@ bool putInPlace(int folder, const char* made) {
 bool layFirst(int folder, std::string_view content) {
     // By its number no other run of the program writes to the same file.
     const std::string made = std::string(".set.dat.") + std::to_string(getpid());
-    constexpr int flags = O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC;
-    // They may hold a password later.
-    const UniqueFd file(openat(folder, made.c_str(), flags, S_IRUSR | S_IWUSR));
-    const bool isDone = fill(file.get(), content) && putInPlace(folder, made.c_str());
+    // They may hold a password later; and after a power failure they are whole or not there.
+    const bool isDone = writePrivateFile(folder, made, content) && putInPlace(folder, made.c_str());
     unlinkat(folder, made.c_str(), 0);
     return isDone;
 }

@@ -9,9 +9,9 @@
 
 #include "platform/linux/entries/private_folder.h"
 #include "platform/linux/paths/user_folders.h"
+#include "platform/linux/system/private_file.h"
 #include "platform/linux/system/read_whole.h"
 #include "platform/linux/system/unique_fd.h"
-#include "platform/linux/system/write_all.h"
 
 namespace velmora::linuxhost {
 
@@ -25,12 +25,6 @@ std::string ownFolder() {
 bool isOwnFile(int file) {
     struct stat status {};
     return fstat(file, &status) == 0 && S_ISREG(status.st_mode) && status.st_uid == geteuid();
-}
-
-// To the disk before it takes the place of the old one: after a power failure there is one of both.
-bool fill(UniqueFd file, std::string_view content) {
-    const bool isWritten = file.isOpen() && writeAll(file.get(), content) == 0;
-    return isWritten && fdatasync(file.get()) == 0 && file.close() == 0;
 }
 
 }  // namespace
@@ -53,9 +47,8 @@ bool LinuxUserState::write(const std::string& name, std::string_view content) {
     // By its number no other run of the program writes to the same file, and one that was left
     // behind is taken over.
     const std::string beside = '.' + name + '.' + std::to_string(getpid());
-    constexpr int flags = O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC;
-    UniqueFd file(openat(folder.get(), beside.c_str(), flags, S_IRUSR | S_IWUSR));
-    const bool isDone = fill(std::move(file), content) &&
+    // After a power failure there is the old content or the new one.
+    const bool isDone = writePrivateFile(folder.get(), beside, content) &&
                         renameat(folder.get(), beside.c_str(), folder.get(), name.c_str()) == 0;
     if (!isDone) unlinkat(folder.get(), beside.c_str(), 0);
     return isDone;

@@ -12,7 +12,7 @@
 #include "platform/windows/entries/private_folder.h"
 #include "platform/windows/paths/exact_path.h"
 #include "platform/windows/system/environment.h"
-#include "platform/windows/system/private_security.h"
+#include "platform/windows/system/private_file.h"
 #include "platform/windows/system/unique_handle.h"
 #include "platform/windows/system/utf16.h"
 #include "platform/windows/system/whole_file.h"
@@ -73,17 +73,6 @@ bool readFirst(const std::string& path, std::string& content, DWORD& failure) {
     return failure == ERROR_SUCCESS;
 }
 
-// To the disk before it gets its name: after a power failure it is whole or isn't there.
-bool fill(const std::wstring& path, std::string_view content) {
-    PrivateSecurity security;
-    if (security.failure() != ERROR_SUCCESS) return false;
-    // They may hold a password later.
-    const UniqueHandle file(CreateFileW(path.c_str(), GENERIC_WRITE, 0, security.attributes(),
-                                        CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
-    return file.isOpen() && writeAll(file.get(), content) == ERROR_SUCCESS &&
-           FlushFileBuffers(file.get());
-}
-
 // Of two programs that begin at once the first one's stay.
 bool putInPlace(const std::wstring& from, const std::wstring& to) {
     return MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_WRITE_THROUGH) != 0 ||
@@ -94,7 +83,9 @@ bool layFirst(const std::string& folder, std::string_view content) {
     // By its number no other run of the program writes to the same file.
     const std::wstring made =
         hostPath(folder + R"(\.set.dat.)" + std::to_string(GetCurrentProcessId()));
-    const bool isDone = fill(made, content) && putInPlace(made, hostPath(folder + settingsName));
+    // They may hold a password later; and after a power failure they are whole or not there.
+    const bool isDone =
+        writePrivateFile(made, content) && putInPlace(made, hostPath(folder + settingsName));
     DeleteFileW(made.c_str());
     return isDone;
 }

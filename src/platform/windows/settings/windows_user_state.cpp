@@ -10,8 +10,7 @@
 #include "platform/windows/entries/private_folder.h"
 #include "platform/windows/paths/exact_path.h"
 #include "platform/windows/system/environment.h"
-#include "platform/windows/system/private_security.h"
-#include "platform/windows/system/unique_handle.h"
+#include "platform/windows/system/private_file.h"
 #include "platform/windows/system/utf16.h"
 #include "platform/windows/system/whole_file.h"
 
@@ -33,16 +32,6 @@ bool openFolder(const std::optional<ExactPath>& path, WhenMissing whenMissing,
 std::wstring pathIn(ExactPath folder, const std::string& name) {
     folder.names.push_back(toUtf16(name));
     return folder.text();
-}
-
-// To the disk before it takes the place of the old one: after a power failure there is one of both.
-bool fill(const std::wstring& path, std::string_view content) {
-    PrivateSecurity security;
-    if (security.failure() != ERROR_SUCCESS) return false;
-    const UniqueHandle file(CreateFileW(path.c_str(), GENERIC_WRITE, 0, security.attributes(),
-                                        CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
-    return file.isOpen() && writeAll(file.get(), content) == ERROR_SUCCESS &&
-           FlushFileBuffers(file.get());
 }
 
 bool putInPlace(const std::wstring& from, const std::wstring& to) {
@@ -80,7 +69,9 @@ bool WindowsUserState::write(const std::string& name, std::string_view content) 
     // behind is taken over.
     const std::wstring beside =
         pathIn(*path, '.' + name + '.' + std::to_string(GetCurrentProcessId()));
-    const bool isDone = fill(beside, content) && putInPlace(beside, pathIn(*path, name));
+    // After a power failure there is the old content or the new one.
+    const bool isDone =
+        writePrivateFile(beside, content) && putInPlace(beside, pathIn(*path, name));
     if (!isDone) DeleteFileW(beside.c_str());
     return isDone;
 }
