@@ -50,11 +50,20 @@ class Terminal(OwnNative, ConsoleCase):
             self.assertLess(time.monotonic(), end)
             time.sleep(0.01)
 
+    def edits_lines(self):
+        return "libedit" in subprocess.run(["ldd", str(self.program)], capture_output=True,
+                                           text=True, check=False).stdout
+
     def skip_without_editor(self):
-        linked = subprocess.run(["ldd", str(self.program)], capture_output=True, text=True,
-                                check=False).stdout
-        if "libedit" not in linked:
+        if not self.edits_lines():
             self.skipTest("built without libedit")
+
+    def type_the_end(self):
+        """The key that ends the input. The terminal itself takes it between two edited lines."""
+        if self.edits_lines():
+            self.read_until(b"> ")
+            self.wait_until_it_edits()
+        self.type(b"\x04")
 
     def start(self):
         """No console over pipes here."""
@@ -90,7 +99,7 @@ class Terminal(OwnNative, ConsoleCase):
         self.start_at_terminal()
         self.type(b"get txtSpace\n")
         self.read_until(b"50000")
-        self.type(b"\x04")
+        self.type_the_end()
         self.assertEqual(self.process.wait(PATIENCE), 0)
 
     def test_a_terminal_that_can_do_nothing_gets_plain_lines(self):
