@@ -1,7 +1,5 @@
-#include <chrono>
 #include <cstdlib>
 #include <iostream>
-#include <thread>
 
 #include "app/console_program.h"
 #include "app/data_folder.h"
@@ -9,6 +7,7 @@
 #include "app/line_editor.h"
 #include "app/option_answers.h"
 #include "app/service_manager.h"
+#include "app/sleep.h"
 #include "app/streams.h"
 
 namespace {
@@ -23,18 +22,16 @@ int runOn(velmora::Machine& machine) {
         return *failed;
     // A script or a user at a terminal ends in the usual ways.
     if (options.watch) velmora::noteEndRequests();
-    const auto sleep = [](std::int64_t ms) {
-        std::this_thread::sleep_for(std::chrono::milliseconds(ms));
-    };
     const bool isForUser = !options.watch && !options.json && options.script.empty();
     return velmora::runConsole(
         machine, {.input = std::cin,
                   .output = std::cout,
-                  .sleep = sleep,
+                  .sleep = velmora::sleepUnlessEnded,
                   .isReaderGone = velmora::isReaderGone,
                   .isEndRequested = velmora::isEndRequested,
                   .editor = isForUser ? velmora::terminalEditor() : velmora::LineEditor{},
-                  .manager = velmora::serviceManagerOfProcess()});
+                  .manager = velmora::serviceManagerOfProcess(),
+                  .longestSleep = velmora::longestSleep()});
 }
 
 }  // namespace

@@ -165,7 +165,10 @@ int runConsole(Machine& machine, const ConsoleStreams& streams) {
     console::ConsoleWorkArea workArea;
     Core core(forms, platform, {host, notifyArea, user32, shellIcons, workArea});
     console::Waiting waiting(host, timers, later, platform.clock, output, streams.sleep);
-    if (options.watch) waiting.endWith(streams.isEndRequested);
+    if (options.watch) {
+        waiting.endWith(streams.isEndRequested);
+        waiting.setLongestNap(streams.longestSleep);
+    }
     const console::EventReport report(core.alerts().Raised, forms.form1.StatusBar1,
                                       forms.frmNotify.StatusTxt, output, waiting);
     const ScopedConnection hints = forms.hints.Said.connect([&output, &host](const Hint& hint) {
@@ -183,6 +186,7 @@ int runConsole(Machine& machine, const ConsoleStreams& streams) {
     ServiceNotice service(
         options.watch ? streams.manager : ServiceManager{}, platform.clock,
         [&] { return statusOf(forms, platform.regional); }, streams.isEndRequested);
+    waiting.wakeFor([&service] { return service.untilNext(); });
 
     int status = 0;
     try {

@@ -2,6 +2,7 @@
 // machine in memory.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <istream>
 #include <ostream>
@@ -27,6 +28,9 @@ struct ConsoleStreams {
     LineEditor editor = {};
     /// Told under --watch.
     ServiceManager manager = {};
+    /// Milliseconds of the longest sleep under --watch. One that doesn't end early when the end is
+    /// asked for must be short.
+    std::int64_t longestSleep = 1000;
 };
 
 /// Runs until the input or the script ends, the program does, or, under --watch, somebody asks for

@@ -3,6 +3,7 @@
 #include <csignal>
 
 #include "app/close_wish.h"
+#include "app/sleep.h"
 
 namespace velmora {
 
@@ -12,6 +13,7 @@ volatile std::sig_atomic_t isRequested = 0;
 
 void note(int signal) {
     isRequested = 1;
+    endSleep();
     // Whoever asks twice doesn't want to wait.
     std::signal(signal, SIG_DFL);
 }
@@ -19,6 +21,7 @@ void note(int signal) {
 }  // namespace
 
 void noteEndRequests() {
+    prepareSleep();
     std::signal(SIGTERM, note);
     std::signal(SIGINT, note);
 #ifdef SIGBREAK

@@ -57,16 +57,29 @@ void ServiceNotice::stopping() {
 void ServiceNotice::goOn() {
     const std::int64_t now = clock_.GetTickCount();
     giveSign(now);
-    if (phase_ != Phase::watching || now - lastLook_ < betweenLooks) return;
+    if (phase_ != Phase::watching) return;
+    hasWorked_ = now - lastLook_ < betweenLooks;
+    if (hasWorked_) return;
     lastLook_ = now;
     if (isEndRequested_()) return stopping();
     tellStatus();
 }
 
+std::optional<std::int64_t> ServiceNotice::untilNext() const {
+    if (!manager_.send) return std::nullopt;
+    const std::int64_t now = clock_.GetTickCount();
+    const std::int64_t sign = lastSign_ + timeBetweenSigns() - now;
+    const std::int64_t look = hasWorked_ ? lastLook_ + betweenLooks - now : sign;
+    return std::max<std::int64_t>(1, std::min(sign, look));
+}
+
+std::int64_t ServiceNotice::timeBetweenSigns() const {
+    return manager_.watchdog > 0 ? manager_.watchdog / 2 : betweenSigns;
+}
+
 // The start and the end have a time limit of their own beside the watchdog's.
 void ServiceNotice::giveSign(std::int64_t now) {
-    const std::int64_t time = manager_.watchdog > 0 ? manager_.watchdog / 2 : betweenSigns;
-    if (now - lastSign_ < time) return;
+    if (now - lastSign_ < timeBetweenSigns()) return;
     lastSign_ = now;
     if (phase_ != Phase::watching) manager_.send(moreTime);
     if (manager_.watchdog > 0) manager_.send("WATCHDOG=1");

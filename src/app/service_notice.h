@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "app/service_manager.h"
@@ -28,11 +29,15 @@ class ServiceNotice {
     void ready();
     /// The end begins, unless that was told already.
     void stopping();
+    /// Milliseconds until there may be something to say: a sign of life, or a status that may have
+    /// changed since the last look. A step of work is to be made then. Nothing without a manager.
+    std::optional<std::int64_t> untilNext() const;
 
   private:
     enum class Phase { starting, watching, ending };
 
     void goOn();
+    std::int64_t timeBetweenSigns() const;
     void giveSign(std::int64_t now);
     void tellStatus();
 
@@ -44,6 +49,7 @@ class ServiceNotice {
     std::string toldStatus_;
     std::int64_t lastLook_ = 0;  // at the status
     std::int64_t lastSign_ = 0;
+    bool hasWorked_ = false;  // since the last look
 };
 
 }  // namespace velmora

@@ -84,24 +84,24 @@ void ConsoleHost::Note(const std::string& text) {
 }
 
 void ConsoleHost::DoEvents() {
-    fireTimers();
-    guarded([this] { later_.yielded(); });
+    DoEventsRan();
 }
 
-void ConsoleHost::fireTimers() {
+bool ConsoleHost::DoEventsRan() {
+    bool ran = fireTimers();
+    guarded([&] { ran = later_.yielded() || ran; });
+    return ran;
+}
+
+bool ConsoleHost::fireTimers() {
     noteWorkStep();
-    guarded([this] {
-        timers_.fireDue();
-        later_.runDue();
+    bool ran = true;  // unless nothing did: an error is one of something that ran
+    guarded([&] {
+        const bool fired = timers_.fireDue() > 0;
+        ran = later_.runDue() || fired;
     });
-}
-
-void ConsoleHost::guarded(const std::function<void()>& handler) {
-    try {
-        handler();
-    } catch (const std::exception&) {
-        failed();
-    }
+    if (ran) noteWorkStep();
+    return ran;
 }
 
 void ConsoleHost::failed() {

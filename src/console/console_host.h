@@ -4,8 +4,10 @@
 
 #include <cstdint>
 #include <deque>
+#include <exception>
 #include <functional>
 #include <string>
+#include <utility>
 
 #include "console/later_commands.h"
 #include "console/output.h"
@@ -34,6 +36,7 @@ class ConsoleHost final : public Host {
     void Beep() override;
     void Note(const std::string& text) override;
     void DoEvents() override;
+    bool DoEventsRan() override;
 
     using PathConversion = std::function<std::string(const std::string&)>;
     /// From now on a run-time error that no handler takes is told, and the program goes on.
@@ -42,9 +45,17 @@ class ConsoleHost final : public Host {
 
     /// Runs a handler; a run-time error that it doesn't handle ends the program, unless it keeps
     /// running.
-    void guarded(const std::function<void()>& handler);
+    template <typename Handler>
+    void guarded(Handler&& handler) {
+        try {
+            std::forward<Handler>(handler)();
+        } catch (const std::exception&) {
+            failed();
+        }
+    }
     /// Runs the due timers and commands; an error that reaches this far is treated as above.
-    void fireTimers();
+    /// Returns whether anything ran.
+    bool fireTimers();
     /// Tells the unhandled run-time error in flight; ends the program with status 1 unless it keeps
     /// running. For catch blocks only.
     void failed();

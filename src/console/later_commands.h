@@ -23,10 +23,10 @@ class LaterCommands {
     /// At the yield of that number from now, from 1.
     void addAtYield(std::int64_t count, std::string line);
     /// Runs those that are due, in the order of their times. A command may yield: one that is due
-    /// meanwhile runs then.
-    void runDue();
-    /// The program yields: runs those that waited for this yield.
-    void yielded();
+    /// meanwhile runs then. Returns whether any ran.
+    bool runDue();
+    /// The program yields: runs those that waited for this yield. Returns whether any did.
+    bool yielded();
     /// Milliseconds until the next one is due (0 when one is); nothing when there is none.
     std::optional<std::int64_t> untilNext() const;
 

@@ -10,8 +10,8 @@ namespace velmora::console {
 
 namespace {
 constexpr std::int64_t untilLimit = 600 * 1000;
-// The longest single sleep while no timer is due.
-constexpr std::int64_t nap = 1000;
+// Timers that are due within one tick of the system's clock from each other wake the program once.
+constexpr std::int64_t clockTick = 16;
 }  // namespace
 
 void Waiting::forSeconds(double seconds) {
@@ -55,8 +55,7 @@ void Waiting::run(std::optional<std::int64_t> end, const std::function<bool()>& 
     for (;;) {
         host_.fireTimers();
         if (done() || isEndRequested_()) return;
-        std::int64_t rest = timers_.untilNext().value_or(nap);
-        rest = std::min(rest, later_.untilNext().value_or(nap));
+        std::int64_t rest = untilWork();
         if (end) {
             const std::int64_t left = *end - clock_.GetTickCount();
             if (left <= 0) return;
@@ -64,8 +63,13 @@ void Waiting::run(std::optional<std::int64_t> end, const std::function<bool()>& 
         }
         if (rest <= 0) continue;
         output_.flush();
-        sleep_(std::min(rest, nap));
+        sleep_(rest);
     }
+}
+
+std::int64_t Waiting::untilWork() const {
+    return std::min({timers_.untilNext(clockTick).value_or(nap_), later_.untilNext().value_or(nap_),
+                     untilNextOther_().value_or(nap_), nap_});
 }
 
 }  // namespace velmora::console

@@ -30,8 +30,13 @@ class Waiting {
 
     using IsEndRequested = std::function<bool()>;
     /// Every wait ends once somebody asks for the end of the program, and those to come end at
-    /// once. It is asked at least once a second.
+    /// once. It is asked after each sleep: those must end early for it to be heard early.
     void endWith(IsEndRequested isEndRequested) { isEndRequested_ = std::move(isEndRequested); }
+    /// Milliseconds of the longest single sleep while no timer is due; a second unless set.
+    void setLongestNap(std::int64_t milliseconds) { nap_ = milliseconds; }
+    /// Whoever else has to be woken, and in how many milliseconds; nothing for not at all.
+    using UntilNext = std::function<std::optional<std::int64_t>()>;
+    void wakeFor(UntilNext untilNext) { untilNextOther_ = std::move(untilNext); }
 
     void forSeconds(double seconds);
     /// Until the end is asked for.
@@ -47,6 +52,7 @@ class Waiting {
     void seenInAlert(const std::string& text);
 
   private:
+    std::int64_t untilWork() const;
     // Runs timers until the condition holds or the time is up.
     void run(std::optional<std::int64_t> end, const std::function<bool()>& done);
 
@@ -57,6 +63,8 @@ class Waiting {
     Output& output_;
     Sleep sleep_;
     IsEndRequested isEndRequested_ = [] { return false; };
+    UntilNext untilNextOther_ = [] { return std::optional<std::int64_t>(); };
+    std::int64_t nap_ = 1000;
     struct Awaited {
         std::string text = {};
         bool inAlert = false;

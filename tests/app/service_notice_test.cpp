@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -131,6 +132,21 @@ TEST_F(ServiceNoticeTest, AStatusThatCanNotBeHadEndsNoWork) {
     EXPECT_EQ(sent, Messages{});
 }
 
+TEST_F(ServiceNoticeTest, ItSaysWhenItHasSomethingToSayAgain) {
+    notice.ready();
+    EXPECT_EQ(notice.untilNext(), 5'000);
+    // Work that may have changed the status, which was looked at less than a second ago.
+    stepAfter(300);
+    EXPECT_EQ(notice.untilNext(), 700);
+    state = "Paused";
+    sent.clear();
+    stepAfter(700);
+    EXPECT_EQ(sent, Messages{"STATUS=Paused"});
+    EXPECT_EQ(notice.untilNext(), 4'000);
+    stepAfter(4'000);
+    EXPECT_EQ(notice.untilNext(), 5'000);
+}
+
 TEST_F(ServiceNoticeTest, TheEndIsToldAndSignsOfLifeGoOn) {
     notice.ready();
     sent.clear();
@@ -149,6 +165,7 @@ TEST(ServiceNotice, WithoutAManagerNothingIsAsked) {
     alone.ready();
     machine.advance(60'000);
     noteWorkStep();
+    EXPECT_EQ(alone.untilNext(), std::nullopt);
     alone.stopping();
     EXPECT_EQ(asked, 0);
 }

@@ -107,6 +107,40 @@ TEST_F(WaitingTest, ForeverEndsWithTheProgramOnly) {
     EXPECT_EQ(slept, 2'000'000);
 }
 
+TEST_F(WaitingTest, TimersWithinATickOfTheClockWakeItOnce) {
+    Timer other{form1, "tmrOther", 2010, true};
+    timers.add(other);
+    std::int64_t otherTicked = 0;
+    other.Tick.connect([&] { otherTicked = machine.tick; });
+    waiting.setLongestNap(60'000);
+    int looks = 0;
+    waiting.endWith([&] { return ++looks == 2; });
+    waiting.forever();
+    EXPECT_EQ(slept, 2010);
+    EXPECT_EQ(ticks, 1);
+    EXPECT_EQ(otherTicked, machine.tick);
+}
+
+TEST_F(WaitingTest, SleepsASecondAtMostUnlessItIsToldLonger) {
+    for (Form* form : forms.all()) {
+        for (Control* control : form->controls()) {
+            if (dynamic_cast<Timer*>(control) != nullptr) control->setEnabled(false);
+        }
+    }
+    int looks = 0;
+    waiting.endWith([&] { return ++looks > 3; });
+    waiting.forever();
+    EXPECT_EQ(slept, 3000);
+    slept = looks = 0;
+    waiting.setLongestNap(60'000);
+    waiting.forever();
+    EXPECT_EQ(slept, 180'000);
+    slept = looks = 0;
+    waiting.wakeFor([] { return 250; });
+    waiting.forever();
+    EXPECT_EQ(slept, 750);
+}
+
 TEST_F(WaitingTest, EndsOnceTheEndIsAskedFor) {
     waiting.endWith([this] { return ticks >= 3; });
     waiting.forever();

@@ -1,0 +1,18 @@
+// The sleep of a console that waits, which the wish for its end can end early.
+#pragma once
+
+#include <cstdint>
+
+namespace velmora {
+
+/// From now on `endSleep` has its effect.
+void prepareSleep();
+/// Lets that many milliseconds pass, those in which the machine sleeps among them. May end early,
+/// and does so by `endSleep`, also by one that came before.
+void sleepUnlessEnded(std::int64_t milliseconds);
+/// Ends the present sleep or the next one. For signal handlers too.
+void endSleep();
+/// Milliseconds that a sleep may take without the wish for the end being heard too late.
+std::int64_t longestSleep();
+
+}  // namespace velmora
