@@ -2,9 +2,9 @@
 
 namespace velmora {
 
-void Animation::Open(std::string file) {
+void Animation::Open(const std::string& file) {
     if (file_ == file) return;
-    file_ = std::move(file);
+    file_ = file;
     Changed();
 }
 

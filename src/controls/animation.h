@@ -14,7 +14,7 @@ class Animation : public Control {
     /// Path of the open clip; empty before one is opened.
     const std::string& File() const { return file_; }
     bool Playing() const { return playing_; }
-    void Open(std::string file);
+    void Open(const std::string& file);
     void Play();
     void Stop();
 

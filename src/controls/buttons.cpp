@@ -43,19 +43,6 @@ void Label::userClick() {
     Click();
 }
 
-Properties Frame::properties() {
-    Properties all = Captioned::properties();
-    const auto add = [&](const char* name, int Bounds::*measure) {
-        all.push_back(
-            {name, [this, measure] { return PropertyValue{std::int64_t{bounds().*measure}}; }, {}});
-    };
-    add("Left", &Bounds::Left);
-    add("Top", &Bounds::Top);
-    add("Width", &Bounds::Width);
-    add("Height", &Bounds::Height);
-    return all;
-}
-
 void CheckBox::setValue(int value) {
     if (value != 0 && value != 1) throw RuntimeError(error::invalidPropertyValue);
     if (value_ == value) return;

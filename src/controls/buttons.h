@@ -71,8 +71,6 @@ class CommandButton : public Clickable {
 class Frame : public Captioned {
   public:
     using Captioned::Captioned;
-
-    Properties properties() override;
 };
 
 class CheckBox : public Clickable {

@@ -66,9 +66,15 @@ void ListItem::setText(std::string text) {
     changed();
 }
 
-void ListItem::setTag(std::string tag) {
+void ListItem::setTag(std::string_view tag) {
     if (Tag() == tag) return;
-    tag_ = tag.empty() ? nullptr : std::make_unique<std::string>(std::move(tag));
+    if (tag.empty()) {
+        tag_.reset();
+    } else if (tag_) {
+        *tag_ = tag;
+    } else {
+        tag_ = std::make_unique<std::string>(tag);
+    }
     changed();
 }
 
@@ -103,22 +109,32 @@ void ListItem::setSubItems(int index, std::string text) {
     changed();
 }
 
-void ListItem::setSubTag(int index, std::string tag) {
+// The room of the former text is used again: a check stamps each row anew.
+void ListItem::setExtra(int index, std::string ListSubItem::Extras::*field,
+                        std::string_view value) {
+    if (static_cast<std::size_t>(index) > subs_.size()) {
+        // The sub-items move, and perhaps the value with them.
+        const std::string copy(value);
+        writable(index).extras().*field = copy;
+    } else {
+        writable(index).extras().*field = value;
+    }
+    changed();
+}
+
+void ListItem::setSubTag(int index, std::string_view tag) {
     if (sub(index).Tag() == tag) return;
-    writable(index).extras().tag = std::move(tag);
-    changed();
+    setExtra(index, &ListSubItem::Extras::tag, tag);
 }
 
-void ListItem::setSubKey(int index, std::string key) {
+void ListItem::setSubKey(int index, std::string_view key) {
     if (sub(index).Key() == key) return;
-    writable(index).extras().key = std::move(key);
-    changed();
+    setExtra(index, &ListSubItem::Extras::key, key);
 }
 
-void ListItem::setReportIcon(int index, std::string icon) {
+void ListItem::setReportIcon(int index, std::string_view icon) {
     if (sub(index).ReportIcon() == icon) return;
-    writable(index).extras().icon = std::move(icon);
-    changed();
+    setExtra(index, &ListSubItem::Extras::icon, icon);
 }
 
 void ListItem::setSubBold(int index, bool bold) {

@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace velmora {
@@ -40,7 +41,7 @@ class ListItem {
     const std::string& Text() const { return text_; }
     void setText(std::string text);
     const std::string& Tag() const { return tag_ ? *tag_ : empty(); }
-    void setTag(std::string tag);
+    void setTag(std::string_view tag);
     /// Key of the image in front of the row's text; empty for none.
     const std::string& SmallIcon() const { return icon_ ? *icon_ : empty(); }
     void setSmallIcon(std::string icon);
@@ -56,15 +57,16 @@ class ListItem {
     void setSubItems(int index, std::string text);
     const ListSubItem& ListSubItems(int index) const { return sub(index); }
     int SubItemCount() const;
-    void setSubTag(int index, std::string tag);
-    void setSubKey(int index, std::string key);
-    void setReportIcon(int index, std::string icon);
+    void setSubTag(int index, std::string_view tag);
+    void setSubKey(int index, std::string_view key);
+    void setReportIcon(int index, std::string_view icon);
     void setSubBold(int index, bool bold);
 
   private:
     static const std::string& empty();
     const ListSubItem& sub(int index) const;
     ListSubItem& writable(int index);
+    void setExtra(int index, std::string ListSubItem::Extras::*field, std::string_view value);
     void checkIndex(int index) const;
     void changed();
 

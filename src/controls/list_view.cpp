@@ -1,9 +1,12 @@
 #include "controls/list_view.h"
 
-#include <algorithm>
+#include <cstddef>
+#include <utility>
+#include <vector>
 
 #include "base/runtime_error.h"
 #include "base/text.h"
+#include "controls/text_order.h"
 
 namespace velmora {
 
@@ -82,16 +85,15 @@ void ListView::sortBy(int key, int order) {
     sortOrder_ = order;
     sorted_ = true;
     // Keys first: a column that isn't there fails before a row has moved.
-    std::vector<std::pair<std::string, std::unique_ptr<ListItem>>> keyed;
-    keyed.reserve(rows_.size());
+    TextOrder keys;
     for (const auto& row : rows_) {
-        keyed.emplace_back(lowerCase(key == 0 ? row->Text() : row->SubItems(key)), nullptr);
+        keys.add(lowerCase(key == 0 ? row->Text() : row->SubItems(key)));
     }
-    for (std::size_t i = 0; i < rows_.size(); ++i) keyed[i].second = std::move(rows_[i]);
-    std::stable_sort(keyed.begin(), keyed.end(), [order](const auto& a, const auto& b) {
-        return order == 0 ? a.first < b.first : b.first < a.first;
-    });
-    for (std::size_t i = 0; i < keyed.size(); ++i) rows_[i] = std::move(keyed[i].second);
+    const std::vector<std::size_t> places = keys.sorted(order != 0);
+    // All room first, so that no row is lost where there is none.
+    std::deque<std::unique_ptr<ListItem>> sorted(rows_.size());
+    for (std::size_t i = 0; i < places.size(); ++i) sorted[i] = std::move(rows_[places[i]]);
+    rows_.swap(sorted);
     RowsReset();
 }
 

@@ -45,8 +45,20 @@ std::string TextBox::front(std::size_t characters) const {
     return taken;
 }
 
+// The index holds nothing of a masked text.
+bool TextBox::mayContain(const std::string& what) const {
+    if (masked_ || !LineIndex::knows(what)) return true;
+    if (!index_) {
+        index_.emplace();
+        for (auto piece = pieces_.rbegin(); piece != pieces_.rend(); ++piece)
+            index_->prepend(*piece);
+    }
+    return index_->mayContain(what);
+}
+
 bool TextBox::contains(const std::string& what) const {
     if (what.empty()) return true;
+    if (!mayContain(what)) return false;
     // A journal of months is looked through at each report: the search leaps over most of it, and
     // the pieces are joined only when they have become many.
     constexpr std::size_t many = 64;
@@ -76,10 +88,12 @@ void TextBox::setText(std::string text) {
         return;
     }
     length_ = length(text);
+    index_.reset();
     if (masked_) {
         replaceUnseen(text);
     } else {
-        pieces_.front() = std::move(text);
+        // A journal of months that is cleared gives its memory back, which a move would keep.
+        pieces_.front().swap(text);
     }
     Changed();
     Replaced();
@@ -96,6 +110,7 @@ void TextBox::replaceUnseen(std::string& text) {
 void TextBox::prepend(std::string text) {
     if (text.empty()) return;
     length_ += length(text);
+    if (index_) index_->prepend(text);
     pieces_.push_front(std::move(text));
     if (masked_) wipe(text);
     // The piece itself, so that nothing is joined for views that gather what is prepended.
@@ -103,6 +118,11 @@ void TextBox::prepend(std::string text) {
     Prepended(added);
     Changed();
     Change();
+}
+
+void TextBox::setMasked(bool masked) {
+    masked_ = masked;
+    index_.reset();
 }
 
 void TextBox::selectAllAndFocus() {

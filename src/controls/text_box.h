@@ -5,8 +5,10 @@
 #include <algorithm>
 #include <cstddef>
 #include <deque>
+#include <optional>
 
 #include "controls/control.h"
+#include "controls/line_index.h"
 
 namespace velmora {
 
@@ -32,8 +34,8 @@ class TextBox : public Control {
     /// Place of the caret, in characters from the front; within the text.
     std::size_t SelStart() const { return std::min(caret_, length_); }
     void setSelStart(std::size_t place) { caret_ = std::min(place, length_); }
-    /// Whether `what` occurs in the text. What was put in front last is looked at first, without
-    /// joining.
+    /// Whether `what` occurs in the text. A line with a date that doesn't is known at a cost that
+    /// doesn't grow with the text; else what was put in front last is looked at first.
     bool contains(const std::string& what) const;
 
     /// Selects the whole text and takes the focus.
@@ -41,7 +43,7 @@ class TextBox : public Control {
     bool Focused() const { return focused_; }
     /// The characters that the user types are not shown, nor given as a property.
     bool masked() const { return masked_; }
-    void setMasked(bool masked) { masked_ = masked; }
+    void setMasked(bool masked);
     /// The focus goes elsewhere; fires LostFocus if this box had it.
     void loseFocus();
 
@@ -59,9 +61,11 @@ class TextBox : public Control {
 
   private:
     void join() const;
+    bool mayContain(const std::string& what) const;
     void replaceUnseen(std::string& text);
 
     mutable std::deque<std::string> pieces_;
+    mutable std::optional<LineIndex> index_;  // from the first question on, until another text
     std::size_t length_ = 0;
     std::size_t caret_ = 0;
     bool focused_ = false;

@@ -25,21 +25,27 @@ class TimerQueue {
     /// that missed several intervals fires once, and its next interval begins now. A timer whose
     /// handler is running (a handler yielded) doesn't fire again meanwhile. Returns how many fired.
     int fireDue();
-    /// Milliseconds until the next timer is due (0 when one is); nothing when none runs.
-    std::optional<std::int64_t> untilNext() const;
+    /// Milliseconds until the next timer is due (0 when one is); nothing when none runs. Timers
+    /// that are due up to `joined` milliseconds after it are waited for, so that one awakening
+    /// serves them all.
+    std::optional<std::int64_t> untilNext(std::int64_t joined = 0) const;
 
   private:
     struct Entry {
         Timer* timer;
-        std::int64_t due;
+        std::int64_t due = 0;
         ScopedConnection restarted = {};
         bool firing = false;
     };
+    void setDue(Entry& entry);
     void fire(std::size_t entry);
     bool runs(const Entry& entry) const;
+    std::optional<std::int64_t> nextDue() const;
 
     std::function<std::int64_t()> now_;
     std::vector<Entry> entries_;
+    // No timer is due before: a check asks thousands of times, and each time the answer is no.
+    std::int64_t quietUntil_ = 0;
 };
 
 }  // namespace velmora

@@ -2,6 +2,7 @@
 
 #include <string>
 #include <unordered_map>
+#include <vector>
 
 namespace velmora {
 
@@ -221,6 +222,12 @@ std::string_view fieldWords(std::string_view form, std::string_view field) {
     name.append(".").append(field);
     const auto found = all.find(name);
     return found == all.end() ? std::string_view() : found->second;
+}
+
+std::vector<std::string> fieldsWithWords() {
+    std::vector<std::string> names;
+    for (const FieldWords& entry : table) names.emplace_back(entry.field);
+    return names;
 }
 
 }  // namespace velmora

@@ -114,6 +114,12 @@ TEST_F(TextBoxTest, HoldsAYearsJournal) {
     EXPECT_EQ(box.Text().size(), 10000000u);
 }
 
+TEST_F(TextBoxTest, ATextThatIsClearedGivesItsMemoryBack) {
+    box.setText(std::string(1'000'000, 'a'));
+    box.setText("");
+    EXPECT_LT(box.Text().capacity(), 1000u);
+}
+
 TEST_F(TextBoxTest, LosesTheFocusOnlyWhenItHasIt) {
     const Count lost(box.LostFocus);
     box.loseFocus();

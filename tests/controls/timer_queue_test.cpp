@@ -142,5 +142,42 @@ TEST_F(TimerQueueTest, AnErrorOfAHandlerLeavesTheTimerRunning) {
     EXPECT_EQ(at(5000), 1);
 }
 
+TEST_F(TimerQueueTest, AfterAQuietLookEachWayToRestartATimerIsSeen) {
+    EXPECT_EQ(at(1001), 0);
+    quick.setInterval(10);
+    EXPECT_EQ(at(1010), 0);
+    EXPECT_EQ(at(1011), 1);
+    quick.setEnabled(false);
+    EXPECT_EQ(at(1020), 0);
+    quick.setEnabled(true);
+    EXPECT_EQ(at(1029), 0);
+    EXPECT_EQ(at(1030), 1);
+    EXPECT_EQ(at(1031), 0);
+    Timer added{form, "Timer3", 5, true};
+    queue.add(added);
+    EXPECT_EQ(at(1036), 1);
+}
+
+TEST_F(TimerQueueTest, AQuietLookWithinAHandlerHidesNoTimer) {
+    // Nothing else runs, and the one that does isn't due within its own handler.
+    slow.setEnabled(false);
+    quick.Tick.connect([this] { queue.fireDue(); });
+    EXPECT_EQ(at(3000), 1);
+    EXPECT_EQ(at(5000), 1);
+}
+
+TEST_F(TimerQueueTest, JoinsTimersThatAreDueCloseTogether) {
+    slow.setInterval(2010);
+    EXPECT_EQ(queue.untilNext(), 2000);
+    EXPECT_EQ(queue.untilNext(9), 2000);
+    EXPECT_EQ(queue.untilNext(10), 2010);
+    // What is due isn't kept waiting.
+    now = 3000;
+    EXPECT_EQ(queue.untilNext(16), 0);
+    slow.setEnabled(false);
+    now = 2000;
+    EXPECT_EQ(queue.untilNext(16), 1000);
+}
+
 }  // namespace
 }  // namespace velmora::tests

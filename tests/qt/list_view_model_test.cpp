@@ -90,6 +90,19 @@ TEST_F(ListViewModelTest, ACellIsOneLine) {
     EXPECT_EQ(model->index(0, 0).data().toString(), "one two");
 }
 
+TEST_F(ListViewModelTest, OfATextOfAMegabyteTheBeginningIsShownAndAllIsKept) {
+    make();
+    std::string text = "x";
+    for (int i = 0; i < 500'000; ++i) text += "\xC3\xB6";  // o umlaut
+    field.Add(text);
+    field.Add(std::string(4000, 'y'));
+    settle();
+    const QString cell = model->index(0, 0).data().toString();
+    EXPECT_EQ(cell, "x" + QString(1999, QChar(0xF6)) + QChar(0x2026));
+    EXPECT_EQ(field.ListItems(1).Text(), text);
+    EXPECT_EQ(model->index(1, 0).data().toString(), QString(4000, 'y'));
+}
+
 TEST_F(ListViewModelTest, ColumnsThatComeLaterArePublished) {
     make();
     field.Add("row");

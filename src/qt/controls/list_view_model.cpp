@@ -4,12 +4,27 @@
 #include <QIcon>
 #include <QMetaObject>
 #include <algorithm>
+#include <cstddef>
+#include <string>
 
 #include "qt/surface/text.h"
 
 namespace velmora::qt {
 
 namespace {
+
+// A cell is one line, so nobody reads more of it; all of an alert of a megabyte would be laid out
+// at each painting.
+constexpr std::size_t mostShown = 4000;  // bytes
+
+// The row keeps the rest.
+QString beginningOf(const std::string& text) {
+    if (text.size() <= mostShown) return shown(text);
+    std::size_t end = mostShown;
+    // Not within a letter.
+    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) --end;
+    return shown(text.substr(0, end)) + QChar(u'\u2026');
+}
 
 // At its last blank.
 QString inTwoLines(QString heading) {
@@ -133,7 +148,7 @@ QVariant ListViewModel::data(const QModelIndex& index, int role) const {
 
 QVariant ListViewModel::text(const ListItem& row, int column) const {
     // A cell is one line: alerts may hold several.
-    QString line = shown(column == 0 ? row.Text() : row.SubItems(column));
+    QString line = beginningOf(column == 0 ? row.Text() : row.SubItems(column));
     return withVisibleControls(line.replace(QLatin1String("\r\n"), QLatin1String(" ")));
 }
 
