@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 
 #include "base/decimal_digits.h"
@@ -54,6 +55,10 @@ double withinLong(double value) {
 }
 
 double roundTiesToEven(double value) {
+    // Whole already, as most are.
+    constexpr double most = 1e15;
+    if (std::abs(value) < most && value == static_cast<double>(static_cast<std::int64_t>(value)))
+        return value;
     // remainder() takes ties to even in every rounding mode of the thread.
     return std::isfinite(value) ? value - std::remainder(value, 1.0) : value;
 }

@@ -3,6 +3,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <system_error>
 
 #include "base/convert.h"
@@ -129,9 +130,31 @@ class NumberReader {
     std::string plain_;  ///< digits, perhaps a point and an exponent
 };
 
+// Whole numbers with or without digit groups, which the rows of a check consist of: nothing for any
+// other text, and for one that is longer than a double's digits.
+std::optional<double> readPlain(std::string_view text, const Regional& regional) {
+    constexpr int most = 15;
+    const std::string& mark = regional.digitGroup;
+    const bool hasMark = mark.size() == 1 && mark != regional.decimalPoint;
+    std::int64_t value = 0;
+    int digits = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (isDigit(text[i])) {
+            if (++digits > most) return std::nullopt;
+            value = value * 10 + (text[i] - '0');
+        } else if (!hasMark || text[i] != mark[0] || digits == 0 || i + 1 == text.size() ||
+                   !isDigit(text[i + 1])) {
+            return std::nullopt;
+        }
+    }
+    if (digits == 0) return std::nullopt;
+    return static_cast<double>(value);
+}
+
 }  // namespace
 
 std::optional<double> readNumber(std::string_view text, const Regional& regional) {
+    if (const auto plain = readPlain(text, regional)) return plain;
     // Settings carry their line end with them; what is no part of the number is passed over.
     constexpr std::string_view around = " \t\r\n";
     const std::size_t first = text.find_first_not_of(around);

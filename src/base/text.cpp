@@ -124,9 +124,13 @@ std::string replaceAll(std::string_view text, std::string_view what, std::string
 }
 
 std::string trim(std::string_view text) {
+    return std::string(trimmed(text));
+}
+
+std::string_view trimmed(std::string_view text) {
     const std::size_t first = text.find_first_not_of(' ');
     if (first == std::string_view::npos) return {};
-    return std::string(text.substr(first, text.find_last_not_of(' ') - first + 1));
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
 std::string asciiUpperCase(std::string_view text) {

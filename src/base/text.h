@@ -39,6 +39,8 @@ std::string replaceAll(std::string_view text, std::string_view what, std::string
 
 /// Without leading and trailing blanks. Blanks only: line ends and tabs stay.
 std::string trim(std::string_view text);
+/// The same as a part of the text itself.
+std::string_view trimmed(std::string_view text);
 
 /// Lower case of every letter that has one (Latin, Greek, Cyrillic and Armenian), letter by
 /// letter: the result has as many characters as the text, though perhaps not as many bytes.

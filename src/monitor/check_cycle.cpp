@@ -1,11 +1,13 @@
 #include "monitor/check_cycle.h"
 
 #include <string>
+#include <utility>
 
 #include "alerts/journal/alert_time.h"
 #include "base/convert.h"
 #include "base/drive_text.h"
 #include "base/resume_next.h"
+#include "base/scope_guard.h"
 #include "base/text.h"
 #include "forms/form_numbers.h"
 #include "forms/start_pause.h"
@@ -107,10 +109,13 @@ int CheckCycle::walkRows(std::int32_t lngMinSpace) {
     Form1& form1 = forms_.form1;
     ListView& list = form1.ListView1;
     const int count = list.Count();
+    parts_.rowCheck.forgetReadings();
+    std::string text = std::exchange(rowText_, {});
+    const ScopeGuard keepRoom([this, &text] { rowText_ = std::move(text); });
     int i = 1;
     for (; i <= count; ++i) {
-        host_.DoEvents();
-        const std::string text = ConstWatchRow(list.ListItems(i)).path();
+        if (host_.DoEventsRan()) parts_.rowCheck.forgetReadings();
+        text = ConstWatchRow(list.ListItems(i)).path();
         form1.StatusBar1.setPanelText(2, "Checking: ", text);
         if (!forms_.globals.bChecking) {
             form1.StatusBar1.setPanelText(2, "Ready (e1): ");
@@ -157,9 +162,11 @@ void CheckCycle::closeCheck(int i) {
     forms_.globals.lngTimesChecked = addLong(forms_.globals.lngTimesChecked, 1);
 
     StatusBar& status = form1.StatusBar1;
-    status.setPanelText(1, "Ready. Check in " + form1.txtTime.Text() + " (sec.)");
-    status.setPanelText(2, "Checked: " + Format(clock_.Now(), "hh:mm:ss mm/dd"));
-    status.setPanelText(3, "Times Checked: " + toText(forms_.globals.lngTimesChecked));
+    status.setPanelText(1, "Ready. Check in ", form1.txtTime.Text() + " (sec.)");
+    status.setPanelText(2, "Checked: ", timeChecked_.of(clock_.Now(), [](const DateTime& now) {
+        return Format(now, "hh:mm:ss mm/dd");
+    }));
+    status.setPanelText(3, "Times Checked: ", toText(forms_.globals.lngTimesChecked));
     status.setPanelPicture(1, image::ready);
     Checked();
     if (form1.chkLogTimeMon.ticked()) {

@@ -7,11 +7,13 @@
 
 #include <cstdint>
 #include <exception>
+#include <string>
 
 #include "alerts/journal/alert_list.h"
 #include "alerts/journal/journal_log.h"
 #include "base/regional.h"
 #include "base/runtime_error.h"
+#include "base/time_text.h"
 #include "controls/event.h"
 #include "forms/forms.h"
 #include "monitor/history/history_view.h"
@@ -73,6 +75,8 @@ class CheckCycle {
     Host& host_;
     CheckParts parts_;
     std::int32_t lngElapsedMs_ = 0;
+    TimeText timeChecked_;
+    std::string rowText_;  // kept for the room that it has
 };
 
 }  // namespace velmora

@@ -17,34 +17,37 @@ std::string countText(double count) {
 // The tests of one row.
 struct EventPass::Pass {
     int row;
-    std::string text;  // of the row
     double freeBytes;
+    std::string text = {};  // of the row, from the first test on
     bool driveIsFound = false;
     std::string strEvents = {};
 };
 
-void EventPass::checkEvents(int row, double freeBytes) {
-    Pass pass{.row = row,
-              .text = ConstWatchRow(forms_.form1.ListView1.ListItems(row)).path(),
-              .freeBytes = freeBytes};
-    runTests(pass);
+bool EventPass::checkEvents(int row, double freeBytes) {
+    Pass pass{.row = row, .freeBytes = freeBytes};
+    const bool any = runTests(pass);
     forms_.form1.StatusBar1.setPanelText(1, "Events Listing Check Done. 1");
     if (!pass.strEvents.empty()) report(pass);
+    return any;
 }
 
-void EventPass::runTests(Pass& pass) {
+bool EventPass::runTests(Pass& pass) {
     const ListBox& events = forms_.form1.lstEvt;
     StatusBar& status = forms_.form1.StatusBar1;
+    bool any = false;
     for (int event = 0; event < events.ListCount(); ++event) {
         if (!forms_.globals.bChecking) {
             status.setPanelText(2, "Ready (e2): ");
-            return;
+            break;
         }
         status.setPanelText(1, "Events Listing Check: ", toText(event));
         if (!events.Selected(event)) continue;
+        if (!any) pass.text = ConstWatchRow(forms_.form1.ListView1.ListItems(pass.row)).path();
+        any = true;
         status.setPanelText(1, "Checking Events for: ", events.List(event));
         test(event, pass);
     }
+    return any;
 }
 
 void EventPass::test(int event, Pass& pass) {

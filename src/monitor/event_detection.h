@@ -38,8 +38,9 @@ class EventPass {
     /// The event pass over a ready row, whose check has found that many bytes free. The row is
     /// named by its index since a handler that ran in between may have removed some. Every failure
     /// of a test goes to the caller, and what the row's tests have found so far is dropped; error
-    /// 424 whenever the entry for a path that became unavailable is ticked.
-    void checkEvents(int row, double freeBytes);
+    /// 424 whenever the entry for a path that became unavailable is ticked. Returns whether there
+    /// was any test to make.
+    bool checkEvents(int row, double freeBytes);
     /// A watched row whose drive isn't ready.
     void rowNotReady(int row);
     /// Keeps the row's present figures for the next comparison and takes new ones: the free space
@@ -54,7 +55,7 @@ class EventPass {
 
   private:
     struct Pass;
-    void runTests(Pass& pass);
+    bool runTests(Pass& pass);
     void test(int event, Pass& pass);
     void testFreeSpace(int event, Pass& pass);
     void testQuantity(Pass& pass);

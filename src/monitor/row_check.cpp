@@ -1,5 +1,6 @@
 #include "monitor/row_check.h"
 
+#include <memory>
 #include <utility>
 
 #include "alerts/journal/alert_time.h"
@@ -9,13 +10,22 @@
 
 namespace velmora {
 
+// The path is a copy, since rows may go whenever handlers run.
 RowOutcome RowCheck::check(int i, std::int32_t& lngMinSpace) {
+    std::string text = std::exchange(text_, {});
+    text = ConstWatchRow(forms_.form1.ListView1.ListItems(i)).path();
+    const RowOutcome outcome = checkRow(i, text, lngMinSpace);
+    text_ = std::move(text);
+    return outcome;
+}
+
+RowOutcome RowCheck::checkRow(int i, const std::string& text, std::int32_t& lngMinSpace) {
     ListView& list = forms_.form1.ListView1;
     StatusBar& status = forms_.form1.StatusBar1;
-    const std::string text = ConstWatchRow(list.ListItems(i)).path();
     status.setPanelText(1, "Checking: ", text);
-    const auto drive = platform_.fso.GetDrive(platform_.fso.GetDriveName(trim(text)));
+    const std::shared_ptr<Drive> drive = drives_.of(text);
     if (!drive->IsReady()) {
+        drives_.forget();
         status.setPanelText(1, "Not Ready: ", text);
         WatchRow(list.ListItems(i)).setStateIcon(state_icon::none);
         parts_.events.rowNotReady(i);
@@ -29,7 +39,7 @@ RowOutcome RowCheck::check(int i, std::int32_t& lngMinSpace) {
     if (outcome != RowOutcome::done) return outcome;
 
     status.setPanelText(1, "Events Listing");
-    parts_.events.checkEvents(i, measured.freeBytes);
+    if (parts_.events.checkEvents(i, measured.freeBytes)) drives_.forget();
     status.setPanelText(1, "Events Listing Check Done. 2");
     parts_.events.prcSetPrevInfoLV(WatchRow::at(list, i, text).item(), measured.freeBytes);
     status.setPanelText(1, "Refresh Info.:");
@@ -76,6 +86,7 @@ std::string RowCheck::shortageText(const Measured& measured, std::int32_t lngMin
 void RowCheck::reportShortage(int i, const std::string& text, const Measured& measured,
                               std::int32_t lngMinSpace) {
     Form1& form1 = forms_.form1;
+    drives_.forget();
     const DateTime now = platform_.clock.Now();
     Shortage shortage{.row = i,
                       .rowText = text,

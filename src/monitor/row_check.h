@@ -11,6 +11,7 @@
 #include "base/time_text.h"
 #include "forms/forms.h"
 #include "monitor/event_detection.h"
+#include "monitor/pass_drives.h"
 #include "monitor/space_statistics.h"
 #include "platform/host.h"
 #include "platform/platform.h"
@@ -34,11 +35,17 @@ struct RowCheckParts {
 class RowCheck {
   public:
     RowCheck(Forms& forms, Platform& platform, Host& host, RowCheckParts parts)
-        : forms_(forms), platform_(platform), host_(host), parts_(parts) {}
+        : forms_(forms),
+          platform_(platform),
+          host_(host),
+          parts_(parts),
+          drives_(platform.fso, platform.clock) {}
 
     /// Checks row `i` of ListView1. `lngMinSpace` is carried from row to row: percent mode turns
     /// it into KB and leaves it so.
     RowOutcome check(int i, std::int32_t& lngMinSpace);
+    /// Something has run between two rows: no reading of a drive serves a later one.
+    void forgetReadings() { drives_.forget(); }
 
   private:
     /// The drive's answers of one check: its row and the alerts all show the same ones.
@@ -48,6 +55,7 @@ class RowCheck {
         bool bShortage = false;
     };
 
+    RowOutcome checkRow(int i, const std::string& text, std::int32_t& lngMinSpace);
     RowOutcome testTrigger(int i, std::int32_t& lngMinSpace, Measured& measured);
     bool toWholeKB(Drive& drive, std::int32_t& lngMinSpace);
     std::string shortageText(const Measured& measured, std::int32_t lngMinSpace) const;
@@ -62,7 +70,9 @@ class RowCheck {
     Platform& platform_;
     Host& host_;
     RowCheckParts parts_;
+    PassDrives drives_;
     TimeText timeChecked_;
+    std::string text_;  // of the row, kept for the room that it has
 };
 
 }  // namespace velmora

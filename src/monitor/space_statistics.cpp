@@ -32,13 +32,14 @@ std::string SpaceStatistics::prcSpaceRateChange(ListView& thisLV, const std::str
     }
     lngRateChange_ = toLong(withinLong(now - before));
     if (lngRateInterval_ < 1) lngRateInterval_ = toLong(form1_.txtTime.Text(), regional);
-    double rate = 0;
-    if (lngRateChange_ != 0) {
-        // Checks without an interval count as one second apart.
-        const double each = static_cast<double>(lngRateChange_) / std::max(1, lngRateInterval_);
-        // A rate too small for the picture leaves its point alone, which is no number.
-        rate = readNumber(Format(each, "##.##", regional), regional).value_or(0);
+    if (lngRateChange_ == 0) {
+        lngRateWhole_ = 0;
+        return "0";
     }
+    // Checks without an interval count as one second apart.
+    const double each = static_cast<double>(lngRateChange_) / std::max(1, lngRateInterval_);
+    // A rate too small for the picture leaves its point alone, which is no number.
+    const double rate = readNumber(Format(each, "##.##", regional), regional).value_or(0);
     const std::string whole = FormatNumber(rate / 1024, 0, Grouping::regional, regional);
     lngRateWhole_ = toLong(whole, regional);
     return toText(lngRateWhole_);
@@ -74,9 +75,11 @@ void SpaceStatistics::prcSrvAnimation(float clip, float play) {
     if (clip == 0 || clip == 1) {
         // Every row of a check asks for a clip; whether its file is there is looked up once.
         Clip& chosen = clips_[clip == 0 ? 0 : 1];
-        const std::string file = platform_.app.Path + chosen.name;
-        if (!chosen.exists) chosen.exists = platform_.fso.FileExists(file);
-        if (*chosen.exists) animation.Open(file);
+        if (!chosen.exists) {
+            chosen.file = platform_.app.Path + chosen.name;
+            chosen.exists = platform_.fso.FileExists(chosen.file);
+        }
+        if (*chosen.exists) animation.Open(chosen.file);
     }
     if (play == 0) animation.Stop();
     if (play == 1) animation.Play();

@@ -36,9 +36,10 @@ class SpaceStatistics {
     std::int32_t lngRateWhole_ = 0;
     struct Clip {
         const char* name;
-        std::optional<bool> exists;  // nothing before the first look
+        std::string file = {};
+        std::optional<bool> exists = {};  // nothing before the first look
     };
-    std::array<Clip, 2> clips_{{{"\\spin.avi", {}}, {"\\alert.avi", {}}}};
+    std::array<Clip, 2> clips_{{{.name = "\\spin.avi"}, {.name = "\\alert.avi"}}};
 
     Form1& form1_;
     const Globals& globals_;

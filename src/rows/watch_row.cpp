@@ -1,5 +1,8 @@
 #include "rows/watch_row.h"
 
+#include <array>
+#include <charconv>
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
@@ -27,10 +30,6 @@ std::optional<std::string> storedCount(const std::string& counts, std::string_vi
     const std::size_t end = counts.find('|', begin);
     if (end == std::string::npos) return {};
     return counts.substr(begin, end - begin);
-}
-
-std::string countText(double count) {
-    return toText(static_cast<std::int64_t>(count));
 }
 
 }  // namespace
@@ -62,11 +61,13 @@ bool ConstWatchRow::isAvailableForTip() const {
 }
 
 double ConstWatchRow::freeKB(const Regional& regional) const {
-    return toDouble(withoutUnit(freeSpace()), regional);
+    std::string room;
+    return toDouble(withoutUnit(freeSpace(), room), regional);
 }
 
 double ConstWatchRow::totalKB(const Regional& regional) const {
-    return toDouble(withoutUnit(totalSize()), regional);
+    std::string room;
+    return toDouble(withoutUnit(totalSize(), room), regional);
 }
 
 double ConstWatchRow::freeKBOrZero(const Regional& regional) const {
@@ -101,7 +102,13 @@ void WatchRow::setReading(const SpaceTexts& texts) {
 }
 
 void WatchRow::setFreeBytes(double bytes, Grouping grouping, const Regional& regional) {
-    setFreeSpace(kilobyteText(bytes, grouping, regional));
+    const KilobyteText free(bytes, grouping, regional);
+    if (freeSpace() != free.text()) setFreeSpace(std::string(free.text()));
+}
+
+void WatchRow::keepPreviousFree() {
+    std::string room;
+    setPreviousFree(withoutUnit(freeSpace(), room));
 }
 
 void WatchRow::setTotalBytes(double bytes, Grouping grouping, const Regional& regional) {
@@ -124,7 +131,18 @@ void WatchRow::markInaccessible() {
 }
 
 void WatchRow::setFolderCounts(double files, double folders) {
-    setFolderCounts(fileWord + countText(files) + "|" + folderWord + countText(folders) + "|");
+    std::array<char, 64> room;
+    char* at = room.data();
+    char* const end = at + room.size();
+    const auto put = [&](std::string_view piece) { at += piece.copy(at, piece.size()); };
+    const auto putCount = [&](std::string_view word, double count) {
+        put(word);
+        at = std::to_chars(at, end, static_cast<std::int64_t>(count)).ptr;
+        put("|");
+    };
+    putCount(fileWord, files);
+    putCount(folderWord, folders);
+    setFolderCounts(std::string_view(room.data(), static_cast<std::size_t>(at - room.data())));
 }
 
 void WatchRow::forgetFigures() {

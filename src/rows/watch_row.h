@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "base/regional.h"
@@ -74,7 +75,8 @@ class ConstWatchRow {
     double previousFreeKB(const Regional& regional) const;
     /// Whether it has the same digits as this text of a size: they are compared as texts.
     bool previousFreeIs(const std::string& size) const {
-        return previousFree() == withoutUnit(size);
+        std::string room;
+        return previousFree() == withoutUnit(size, room);
     }
 
     /// "file:N|fold:M|", "N/A" without a folder, empty when the path went missing.
@@ -138,19 +140,19 @@ class WatchRow : public ConstWatchRow {
     /// A refresh found the path missing.
     void markInaccessible();
 
-    void setPreviousFree(std::string text) { item_.setSubTag(columnFree - 1, std::move(text)); }
+    void setPreviousFree(std::string_view text) { item_.setSubTag(columnFree - 1, text); }
     /// Makes the present free space the previous one.
-    void keepPreviousFree() { setPreviousFree(withoutUnit(freeSpace())); }
-    void setFolderCounts(std::string text) { item_.setTag(std::move(text)); }
+    void keepPreviousFree();
+    void setFolderCounts(std::string_view text) { item_.setTag(text); }
     void setFolderCounts(double files, double folders);
     void setNoFolder() { setFolderCounts(notAvailable); }
     /// Empties the previous free space and the counts.
     void forgetFigures();
 
-    void setStateIcon(std::string key) { item_.setReportIcon(columnFree - 1, std::move(key)); }
-    void setStamp(std::string text) { item_.setSubKey(columnFree - 1, std::move(text)); }
-    void setFirstAlert(std::string text) { item_.setSubTag(columnChecked - 1, std::move(text)); }
-    void setInaccessibleNote(std::string text) { setFirstAlert(std::move(text)); }
+    void setStateIcon(std::string_view key) { item_.setReportIcon(columnFree - 1, key); }
+    void setStamp(std::string_view text) { item_.setSubKey(columnFree - 1, text); }
+    void setFirstAlert(std::string_view text) { item_.setSubTag(columnChecked - 1, text); }
+    void setInaccessibleNote(std::string_view text) { setFirstAlert(text); }
     void setPathIcon(std::string key) { item_.setSmallIcon(std::move(key)); }
     void setSelected(bool selected) { item_.setSelected(selected); }
 

@@ -171,6 +171,27 @@ TEST(SpaceHistoryTest, APathThatIsNotMeasuredAnyMoreMakesRoom) {
     EXPECT_EQ(history.paths().size(), 200U);
 }
 
+TEST(SpaceHistoryTest, RoomIsLookedForAgainOnceAPathCanBeForgotten) {
+    SpaceHistory history;
+    for (int i = 0; i < 200; ++i) history.add("C:\\" + std::to_string(i), {i, 1});
+    history.add("D:\\", {3599, 1});
+    EXPECT_EQ(history.of("D:\\"), nullptr);
+    // The first path was measured once more, the second is an hour old.
+    history.add("c:\\0", {3600, 1});
+    history.add("D:\\", {3600, 1});
+    EXPECT_EQ(history.of("D:\\"), nullptr);
+    history.add("D:\\", {3601, 1});
+    EXPECT_NE(history.of("D:\\"), nullptr);
+    EXPECT_EQ(history.of("C:\\1"), nullptr);
+    // Its place was taken: it is a new path.
+    history.add("C:\\1", {3601, 1});
+    EXPECT_EQ(history.of("C:\\1"), nullptr);
+    history.remove("D:\\");
+    history.add("C:\\1", {3602, 2});
+    ASSERT_NE(history.of("C:\\1"), nullptr);
+    EXPECT_EQ(history.of("C:\\1")->size(), 1U);
+}
+
 TEST(SpaceHistoryTest, TakesTenBytesAMeasure) {
     SpaceHistory history;
     for (int i = 0; i < 10'080; ++i) history.add("p", {i, 1});

@@ -28,6 +28,23 @@ TEST(KilobyteText, GroupsDigitsAsTheCallerSays) {
     EXPECT_EQ(kilobyteText(bytes, Grouping::regional, germany), "1.234.567 KB");
 }
 
+TEST(KilobyteText, TheShortWayGivesWhatTheLongOneDoes) {
+    const Regional narrowBlanks{.digitGroup = "\u202F"};
+    const Regional noMark{.digitGroup = ""};
+    for (const double bytes : {0.0, 1.0, 511.0, 512.0, 1023.0, 1024.0 * 999, 1024.0 * 1000,
+                               1024.0 * 999'999 + 511, 1024.0 * 999'999 + 512, 1024.0 * 1e6,
+                               1024.0 * 99'999'999'999 - 513, 1024.0 * 99'999'999'999 + 512,
+                               1024.0 * 1e11, 1024.0 * 123'456'789'012'345, -1536.0, 1536.5}) {
+        for (const Regional& region : {unitedStates, germany, narrowBlanks, noMark}) {
+            for (const Grouping grouping : {Grouping::regional, Grouping::none}) {
+                EXPECT_EQ(KilobyteText(bytes, grouping, region).text(),
+                          FormatNumber(bytes / 1024, 0, grouping, region) + " KB")
+                    << bytes;
+            }
+        }
+    }
+}
+
 TEST(FolderSizeText, HasUpToTwoDecimals) {
     EXPECT_EQ(folderSizeText(1536, unitedStates), "1.5 KB");
     EXPECT_EQ(folderSizeText(1536, germany), "1,5 KB");
@@ -41,6 +58,17 @@ TEST(SizeUnit, IsCutAtAnyPlace) {
     EXPECT_EQ(withoutUnit("12KB"), "12KB");
     EXPECT_EQ(withoutUnit("12 kb"), "12 kb");
     EXPECT_EQ(withoutUnit(""), "");
+}
+
+TEST(SizeUnit, AloneAtTheEndLeavesAPartOfTheText) {
+    const std::string size = "1,234 KB";
+    std::string room;
+    EXPECT_EQ(withoutUnit(size, room), "1,234");
+    EXPECT_EQ(withoutUnit(size, room).data(), size.data());
+    EXPECT_EQ(withoutUnit("12KB", room), "12KB");
+    EXPECT_EQ(room, "");
+    EXPECT_EQ(withoutUnit("1 KB2 KB", room), "12");
+    EXPECT_EQ(withoutUnit("1 KB ", room), "1 ");
 }
 
 TEST(ReadKilobytes, TakesDigitGroupsAndTheUnitOrNeither) {

@@ -1,6 +1,7 @@
 #include "monitor/history/space_history.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/text.h"
 
@@ -61,28 +62,49 @@ const SpaceRing* SpaceHistory::of(const std::string& path) const {
 }
 
 void SpaceHistory::add(const std::string& path, const SpacePoint& point) {
+    if (const auto known = asWritten_.find(path); known != asWritten_.end()) {
+        return known->second->add(point);
+    }
     const std::string key = lowerCase(path);
-    const auto found = rings_.find(key);
-    if (found != rings_.end()) return found->second.add(point);
-    if (rings_.size() == mostPaths && !dropForgotten(point.seconds)) return;
-    rings_[key].add(point);
-    paths_.push_back(path);
+    if (rings_.count(key) == 0) {
+        if (rings_.size() == mostPaths && !dropForgotten(point.seconds)) return;
+        // A path is named only once it has a measure, also where memory ends in between.
+        SpaceRing first;
+        first.add(point);
+        std::string name = path;
+        paths_.reserve(mostPaths);
+        rings_.emplace(key, std::move(first));
+        paths_.push_back(std::move(name));
+        return;
+    }
+    SpaceRing& ring = rings_[key];
+    ring.add(point);
+    // The same path may come in many ways of writing it.
+    if (asWritten_.size() >= 2 * mostPaths) asWritten_.clear();
+    asWritten_[path] = &ring;
 }
 
 // A path that wasn't measured for an hour makes room for another one.
 bool SpaceHistory::dropForgotten(std::int64_t now) {
     constexpr std::int64_t hour = 3600;
+    // Each further path of a long list asks at each check, and measures only become later.
+    if (now < nothingForgottenUntil_) return false;
+    std::int64_t earliest = now;
     for (const std::string& path : paths_) {
         const SpaceRing& ring = *of(path);
-        if (now - ring.at(ring.size() - 1).seconds < hour) continue;
+        const std::int64_t last = ring.at(ring.size() - 1).seconds;
+        earliest = std::min(earliest, last);
+        if (now - last < hour) continue;
         remove(std::string(path));
         return true;
     }
+    nothingForgottenUntil_ = earliest + hour;
     return false;
 }
 
 void SpaceHistory::remove(const std::string& path) {
     const std::string key = lowerCase(path);
+    asWritten_.clear();
     rings_.erase(key);
     std::erase_if(paths_, [&key](const std::string& each) { return lowerCase(each) == key; });
 }

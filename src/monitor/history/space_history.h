@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace velmora {
@@ -46,6 +47,10 @@ class SpaceHistory {
   public:
     static constexpr std::size_t mostPaths = 200;
 
+    SpaceHistory() = default;
+    SpaceHistory(const SpaceHistory&) = delete;
+    SpaceHistory& operator=(const SpaceHistory&) = delete;
+
     /// The measures of a path in any letter case; null when there are none.
     const SpaceRing* of(const std::string& path) const;
     /// The paths in the order of their first measure.
@@ -63,6 +68,9 @@ class SpaceHistory {
 
     std::map<std::string, SpaceRing> rings_;  // by path in lower case
     std::vector<std::string> paths_;
+    // The rings by their paths as they are written, so that a check changes no letters.
+    std::unordered_map<std::string, SpaceRing*> asWritten_;
+    std::int64_t nothingForgottenUntil_ = 0;  // seconds
 };
 
 }  // namespace velmora
