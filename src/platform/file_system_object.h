@@ -9,6 +9,7 @@
 #include <chrono>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "base/date_time.h"
 
@@ -32,6 +33,9 @@ class Drive {
     virtual double TotalSize() = 0;
     /// The same as the free space, which already leaves out what is kept for others.
     double AvailableSpace() { return FreeSpace(); }
+    /// Forgets what was measured: the next question measures anew. False for a drive that can't,
+    /// which has to be got again.
+    virtual bool renew() { return false; }
     /// "C" in upper case; empty for a share.
     std::string DriveLetter() const;
 };
@@ -104,8 +108,9 @@ class FileSystemObject {
     virtual std::string WithoutLinks(const std::string& path) { return path; }
 };
 
-/// What GetDriveName gives, for backends.
+/// What GetDriveName gives, for backends; the other one as a part of the path itself.
 std::string driveNameOf(const std::string& path);
+std::string_view driveNameIn(std::string_view path);
 
 /// What GetFileName gives, likewise.
 std::string fileNameOf(const std::string& path);

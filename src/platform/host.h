@@ -76,6 +76,11 @@ class Host {
     /// run-time error that none of their handlers takes ends the program here; it never reaches
     /// the caller.
     virtual void DoEvents() = 0;
+    /// The same. False when it is known that nothing ran meanwhile.
+    virtual bool DoEventsRan() {
+        DoEvents();
+        return true;
+    }
 };
 
 /// The program is busy while this exists.

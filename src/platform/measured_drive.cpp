@@ -8,6 +8,11 @@ namespace velmora {
 
 MeasuredDrive::MeasuredDrive(std::string path) : path_(std::move(path)) {}
 
+bool MeasuredDrive::renew() {
+    isMeasured_ = false;
+    return true;
+}
+
 const std::optional<DriveSpace>& MeasuredDrive::reading() {
     if (!std::exchange(isMeasured_, true)) reading_ = measure();
     return reading_;

@@ -20,6 +20,7 @@ class MeasuredDrive : public Drive {
     std::string Path() const final { return path_; }
     double FreeSpace() final { return readyReading().free; }
     double TotalSize() final { return readyReading().total; }
+    bool renew() final;
 
   protected:
     /// `path` is "C:" with an upper-case letter, or "\\host\share".

@@ -9,25 +9,29 @@ bool isLetter(char c) {
     return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
 }
 
-bool isShare(const std::string& path) {
-    return path.compare(0, 2, "\\\\") == 0;
+bool isShare(std::string_view path) {
+    return path.starts_with("\\\\");
 }
 
 // "\\host\share" of a path that begins so; empty when the host or the share is missing.
-std::string shareOf(const std::string& path) {
+std::string_view shareOf(std::string_view path) {
     const auto host = path.find('\\', 2);
-    if (host == std::string::npos || host == 2) return {};
+    if (host == std::string_view::npos || host == 2) return {};
     const auto end = path.find('\\', host + 1);
     const auto share = path.substr(0, end);
-    return share.size() == host + 1 ? std::string{} : share;
+    return share.size() == host + 1 ? std::string_view{} : share;
 }
 
 }  // namespace
 
-std::string driveNameOf(const std::string& path) {
+std::string_view driveNameIn(std::string_view path) {
     if (isShare(path)) return shareOf(path);
     if (path.size() >= 2 && isLetter(path[0]) && path[1] == ':') return path.substr(0, 2);
     return {};
+}
+
+std::string driveNameOf(const std::string& path) {
+    return std::string(driveNameIn(path));
 }
 
 std::string fileNameOf(const std::string& path) {

@@ -48,9 +48,14 @@ class FakeHost final : public Host {
         ++yields;
         if (onYield) onYield(yields);
     }
+    bool DoEventsRan() override {
+        DoEvents();
+        return !saysThatNothingRan;
+    }
 
-    std::deque<BoxAnswer> answers;  ///< for the next boxes; the cancelling answer when used up
-    std::deque<std::string> paths;  ///< for the next dialogs; empty when used up
+    bool saysThatNothingRan = false;  ///< of the yields
+    std::deque<BoxAnswer> answers;    ///< for the next boxes; the cancelling answer when used up
+    std::deque<std::string> paths;    ///< for the next dialogs; empty when used up
     std::vector<Box> boxes;
     std::vector<Box> told;                ///< those that wait for nobody
     std::vector<std::string> dialogs;     ///< titles of the dialogs shown

@@ -30,6 +30,16 @@ TEST(MeasuredDrive, IsMeasuredOnceAtTheFirstQuestion) {
     EXPECT_EQ(drive.measures, 1);
 }
 
+TEST(MeasuredDrive, IsMeasuredAnewOnceItIsRenewed) {
+    CountingDrive drive(DriveSpace{3, 7});
+    EXPECT_TRUE(drive.IsReady());
+    EXPECT_TRUE(drive.renew());
+    EXPECT_EQ(drive.measures, 1);
+    EXPECT_EQ(drive.FreeSpace(), 3);
+    EXPECT_EQ(drive.TotalSize(), 7);
+    EXPECT_EQ(drive.measures, 2);
+}
+
 TEST(MeasuredDrive, OneThatIsNotReadyIsError71AndNotMeasuredAgain) {
     CountingDrive drive(std::nullopt);
     EXPECT_FALSE(drive.IsReady());

@@ -1,6 +1,7 @@
 // A filesystem that doesn't answer. Its root is an empty folder whose attributes are reported at
 // once. The question about its space, the one about a name "stuck", the listing of the folder
 // "endless" and reading the file "disk" get no answer; the attributes of "endless" and "disk" do.
+// The folder "halting" lists the names "0" to "1999"; from "1000" on no attributes are told.
 //
 //   hung_fs MOUNTPOINT [CONTROL LOG [disk]]
 //
@@ -44,16 +45,33 @@ void endWithOwner() {
     kill(getpid(), SIGTERM);
 }
 
+constexpr char halting[] = "/halting";
+constexpr int haltingEntries = 2000;
+constexpr int haltingFrom = 1000;
+
+bool isInHalting(const char* path) {
+    constexpr std::size_t length = sizeof halting - 1;
+    return std::strncmp(path, halting, length) == 0 && path[length] == '/';
+}
+
+int reportFile(struct stat* status, off_t size) {
+    *status = {};
+    status->st_mode = S_IFREG | 0600;
+    status->st_nlink = 1;
+    status->st_size = size;
+    return 0;
+}
+
 int reportAttributes(const char* path, struct stat* status, fuse_file_info*) {
     if (std::strcmp(path, "/stuck") == 0) waitForRelease();
-    if (std::strcmp(path, "/disk") == 0) {
-        *status = {};
-        status->st_mode = S_IFREG | 0600;
-        status->st_nlink = 1;
-        status->st_size = diskSize;
-        return 0;
+    if (isInHalting(path)) {
+        if (std::atoi(path + sizeof halting) >= haltingFrom) waitForRelease();
+        return reportFile(status, 1);
     }
-    if (std::strcmp(path, "/") != 0 && std::strcmp(path, "/endless") != 0) return -ENOENT;
+    if (std::strcmp(path, "/disk") == 0) return reportFile(status, diskSize);
+    if (std::strcmp(path, "/") != 0 && std::strcmp(path, "/endless") != 0 &&
+        std::strcmp(path, halting) != 0)
+        return -ENOENT;
     *status = {};
     status->st_mode = S_IFDIR | 0755;
     status->st_nlink = 2;
@@ -72,9 +90,12 @@ int reportSpace(const char*, struct statvfs* space) {
     return 0;
 }
 
-int listNothing(const char* path, void*, fuse_fill_dir_t, off_t, fuse_file_info*,
+int listEntries(const char* path, void* names, fuse_fill_dir_t fill, off_t, fuse_file_info*,
                 fuse_readdir_flags) {
     if (std::strcmp(path, "/endless") == 0) waitForRelease();
+    if (std::strcmp(path, halting) != 0) return 0;
+    for (int i = 0; i < haltingEntries; ++i)
+        fill(names, std::to_string(i).c_str(), nullptr, 0, fuse_fill_dir_flags(0));
     return 0;
 }
 
@@ -105,7 +126,7 @@ int main(int argc, char** argv) {
     fuse_operations operations{};
     operations.getattr = reportAttributes;
     operations.statfs = reportSpace;
-    operations.readdir = listNothing;
+    operations.readdir = listEntries;
     operations.read = readZeros;
     operations.init = begin;
     std::string name = argv[0];

@@ -90,6 +90,7 @@ class LinuxMachine final : public Machine {
         platform_.app.DataPath = asFolder(folder, volumes_);
         platform_.app.FolderKey = folder + '/';
         removeLeftCopies(volumes_);
+        removeLeftUserState();
     }
 
     Platform& platform() override { return platform_; }

@@ -46,13 +46,19 @@ bool AskedProcess::send(const void* question, std::size_t size) {
            static_cast<ssize_t>(size);
 }
 
-AskedProcess::Received AskedProcess::receive(void* answer, std::size_t answerSize) const {
-    ssize_t size = 0;
+void AskedProcess::tell(const void* order, std::size_t size) {
+    if (socket_.isOpen()) send(order, size);
+}
+
+// `size` is that of the room and becomes that of the answer.
+AskedProcess::Received AskedProcess::receive(void* answer, std::size_t& size) const {
+    ssize_t received = 0;
     do {
-        size = recv(socket_.get(), answer, answerSize, MSG_DONTWAIT);
-    } while (size < 0 && errno == EINTR);
-    if (size == static_cast<ssize_t>(answerSize)) return Received::answer;
-    const bool isEmpty = size < 0 && (errno == EAGAIN || errno == EWOULDBLOCK);
+        received = recv(socket_.get(), answer, size, MSG_DONTWAIT);
+    } while (received < 0 && errno == EINTR);
+    size = received > 0 ? static_cast<std::size_t>(received) : 0;
+    if (received > 0) return Received::answer;
+    const bool isEmpty = received < 0 && (errno == EAGAIN || errno == EWOULDBLOCK);
     return isEmpty ? Received::nothing : Received::end;
 }
 
@@ -70,27 +76,28 @@ bool AskedProcess::waitFor(short events, std::chrono::milliseconds deadline) con
     }
 }
 
-bool AskedProcess::ask(const void* question, std::size_t size, void* answer, std::size_t answerSize,
-                       std::chrono::milliseconds deadline) {
+std::size_t AskedProcess::ask(const void* question, std::size_t size, void* answer,
+                              std::size_t answerSize, std::chrono::milliseconds deadline) {
     if (pending_) {
-        const Received late = receive(answer, answerSize);
-        if (late == Received::nothing) return false;
+        std::size_t lateSize = answerSize;
+        const Received late = receive(answer, lateSize);
+        if (late == Received::nothing) return 0;
         if (late == Received::end) stop();
         pending_ = false;
     }
-    if (!socket_.isOpen() && !start()) return false;
+    if (!socket_.isOpen() && !start()) return 0;
     if (!send(question, size)) {
         stop();
-        if (!start() || !send(question, size)) return false;
+        if (!start() || !send(question, size)) return 0;
     }
+    ++sent_;
     pending_ = true;
-    if (!waitFor(POLLIN, deadline)) return false;
+    if (!waitFor(POLLIN, deadline)) return 0;
     const Received received = receive(answer, answerSize);
-    if (received == Received::nothing) return false;
+    if (received == Received::nothing) return 0;
     pending_ = false;
-    if (received == Received::answer) return true;
-    stop();
-    return false;
+    if (received == Received::end) stop();
+    return answerSize;
 }
 
 }  // namespace velmora::linuxhost

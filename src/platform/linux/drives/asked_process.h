@@ -10,6 +10,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <cstdint>
 
 #include "platform/linux/system/unique_fd.h"
 
@@ -27,13 +28,19 @@ class AskedProcess {
     AskedProcess(const AskedProcess&) = delete;
     AskedProcess& operator=(const AskedProcess&) = delete;
 
-    /// Whether an answer of exactly `answerSize` bytes came within the deadline. No when an earlier
-    /// question is still pending, or no process can be had. The first question starts the process;
-    /// one that has died is replaced at the next question.
-    bool ask(const void* question, std::size_t size, void* answer, std::size_t answerSize,
-             std::chrono::milliseconds deadline);
+    /// How many bytes of an answer of at most `answerSize` came within the deadline. 0 when none
+    /// came, an earlier question is still pending, or no process can be had. The first question
+    /// starts the process; one that has died is replaced at the next question.
+    std::size_t ask(const void* question, std::size_t size, void* answer, std::size_t answerSize,
+                    std::chrono::milliseconds deadline);
+
+    /// Gives an order, which isn't answered, to the process if there is one. It is carried out
+    /// behind a question that is pending.
+    void tell(const void* order, std::size_t size);
 
     bool isPending() const { return pending_; }
+    /// How many questions went out.
+    std::uint64_t sent() const { return sent_; }
     /// The process's id, or -1.
     pid_t id() const { return process_; }
     /// Gives up the process, which ends as soon as what it waits for has answered it.
@@ -45,7 +52,7 @@ class AskedProcess {
     bool start();
     bool send(const void* question, std::size_t size);
     enum class Received { answer, nothing, end };
-    Received receive(void* answer, std::size_t size) const;
+    Received receive(void* answer, std::size_t& size) const;
     bool waitFor(short events, std::chrono::milliseconds deadline) const;
 
     const char* name_;
@@ -53,6 +60,7 @@ class AskedProcess {
     UniqueFd socket_;
     pid_t process_ = -1;
     bool pending_ = false;
+    std::uint64_t sent_ = 0;
 };
 
 }  // namespace velmora::linuxhost

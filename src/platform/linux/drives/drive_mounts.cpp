@@ -142,6 +142,10 @@ std::string shareOfMount(string_view type, string_view source) {
     return isAmong(colonTypes, type) ? shareOfColonForm(source) : std::string{};
 }
 
+bool isMemoryType(string_view type) {
+    return isAmong(memoryTypes, type);
+}
+
 bool isNetworkType(string_view type) {
     constexpr std::array<string_view, 10> byFuse{
         "fuse.sshfs",   "fuse.glusterfs", "fuse.rclone", "fuse.davfs2",    "fuse.s3fs",

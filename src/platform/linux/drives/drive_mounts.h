@@ -39,6 +39,8 @@ std::vector<DriveMount> driveMounts(const std::vector<Mount>& mounts,
 /// "\\host\srv_data". The top folder of a host is the share "_".
 std::string shareOfMount(std::string_view type, std::string_view source);
 
+/// Whether a filesystem of this type waits for no device or server to report what it knows.
+bool isMemoryType(std::string_view type);
 /// Whether files of a filesystem of this type lie on another machine, or outside of this one.
 bool isNetworkType(std::string_view type);
 /// Whether a filesystem of this type lies on disks of this machine without a device number of its

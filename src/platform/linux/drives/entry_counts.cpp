@@ -8,28 +8,38 @@
 #include <cerrno>
 
 #include "platform/linux/paths/path_names.h"
-#include "platform/linux/system/unique_fd.h"
 
 namespace velmora::linuxhost {
 
 namespace {
 
-void count(int folder, const dirent64& entry, EntryCounts& counts) {
+// Of what a link leads to; DT_UNKNOWN where it leads nowhere.
+unsigned char kindBehind(int folder, const char* name) {
+    struct stat status {};
+    const bool leadsSomewhere = fstatat(folder, name, &status, 0) == 0;
+    return leadsSomewhere ? static_cast<unsigned char>(IFTODT(status.st_mode))
+                          : static_cast<unsigned char>(DT_UNKNOWN);
+}
+
+void count(int folder, const dirent64& entry, CountedFolder& counted) {
     if (isDots(entry.d_name)) return;
     unsigned char kind = entry.d_type;
-    // Some filesystems leave the kinds out of their listings.
-    if (kind == DT_LNK || kind == DT_UNKNOWN) {
-        struct stat status {};
-        const bool leadsSomewhere = fstatat(folder, entry.d_name, &status, 0) == 0;
-        kind = leadsSomewhere ? static_cast<unsigned char>(IFTODT(status.st_mode))
-                              : static_cast<unsigned char>(DT_REG);
+    if (kind == DT_LNK) {
+        kind = kindBehind(folder, entry.d_name);
+        counted.links.add(entry.d_name, kind);
+        if (kind == DT_UNKNOWN) kind = DT_REG;
+    } else if (kind == DT_UNKNOWN) {
+        // Some filesystems leave the kinds out of their listings.
+        kind = kindBehind(folder, entry.d_name);
+        counted.links.leaveOut();
+        if (kind == DT_UNKNOWN) kind = DT_REG;
     }
-    if (kind == DT_DIR) ++counts.folders;
-    if (kind == DT_REG) ++counts.files;
+    if (kind == DT_DIR) ++counted.counts.folders;
+    if (kind == DT_REG) ++counted.counts.files;
 }
 
 // The reading functions of the runtime allocate memory, which a forked child may not.
-int countAll(int folder, EntryCounts& counts) {
+int countAll(int folder, CountedFolder& counted) {
     alignas(dirent64) char buffer[32 * 1024];
     while (true) {
         const ssize_t size = getdents64(folder, buffer, sizeof buffer);
@@ -38,11 +48,13 @@ int countAll(int folder, EntryCounts& counts) {
         if (size == 0) return 0;
         for (ssize_t at = 0; at < size;) {
             const auto& entry = *reinterpret_cast<const dirent64*>(buffer + at);
-            count(folder, entry, counts);
+            count(folder, entry, counted);
             at += entry.d_reclen;
         }
     }
 }
+
+}  // namespace
 
 UniqueFd openFolder(const char* path) {
     int folder = 0;
@@ -52,24 +64,17 @@ UniqueFd openFolder(const char* path) {
     return UniqueFd(folder);
 }
 
-}  // namespace
-
-int countEntries(const char* path, EntryCounts& counts) {
+// The mark is the same before and after where nothing came or went meanwhile.
+int countEntries(const char* path, CountedFolder& counted) {
     const UniqueFd folder = openFolder(path);
     if (!folder.isOpen()) return errno;
-    counts = {};
-    return countAll(folder.get(), counts);
-}
-
-int beginListing(const char* path) {
-    const UniqueFd folder = openFolder(path);
-    if (!folder.isOpen()) return errno;
-    alignas(dirent64) char buffer[32 * 1024];
-    ssize_t size = 0;
-    do {
-        size = getdents64(folder.get(), buffer, sizeof buffer);
-    } while (size < 0 && errno == EINTR);
-    return size < 0 ? errno : 0;
+    counted = {};
+    const bool isMarked = datesEveryChange(folder.get()) && readMark(folder.get(), counted.mark);
+    const int failure = countAll(folder.get(), counted);
+    FolderMark after;
+    counted.standsWithMark = isMarked && counted.links.areAll() && readMark(folder.get(), after) &&
+                             after == counted.mark;
+    return failure;
 }
 
 }  // namespace velmora::linuxhost

@@ -3,7 +3,11 @@
 #include <sys/socket.h>
 #include <sys/stat.h>
 
+#include <cstddef>
+
+#include "platform/linux/drives/helper_listings.h"
 #include "platform/linux/drives/helper_messages.h"
+#include "platform/linux/drives/listing_block.h"
 #include "platform/linux/system/forked_child.h"
 
 namespace velmora::linuxhost {
@@ -24,9 +28,10 @@ int answer(const HelperRequest& request, HelperReply& reply) {
         case HelperQuestion::status:
             return readStatus(request.path, reply.status);
         case HelperQuestion::entries:
-            return countEntries(request.path, reply.entries);
+            return countEntries(request.path, reply.counted);
         case HelperQuestion::listing:
-            return beginListing(request.path);
+        case HelperQuestion::endOfListing:
+            break;
     }
     return EINVAL;
 }
@@ -41,15 +46,35 @@ bool receive(HelperRequest& request) {
     }
 }
 
+bool reply(const void* message, std::size_t size) {
+    return ::send(socketNumber, message, size, MSG_NOSIGNAL) >= 0;
+}
+
+// False when the other end is closed.
+bool serve(const HelperRequest& request) {
+    // Large, and of this process alone.
+    static ListingBlock block;
+    switch (request.question) {
+        case HelperQuestion::listing:
+            readListing(request, block);
+            return reply(&block, block.size());
+        case HelperQuestion::endOfListing:
+            endListing(request);
+            return true;
+        default: {
+            HelperReply found;
+            found.error = answer(request, found);
+            return reply(&found, sizeof found);
+        }
+    }
+}
+
 }  // namespace
 
 void runHelper() {
     HelperRequest request;
-    while (receive(request)) {
-        HelperReply reply;
-        reply.error = answer(request, reply);
-        if (send(socketNumber, &reply, sizeof reply, MSG_NOSIGNAL) < 0) break;
-    }
+    bool goesOn = true;
+    while (goesOn && receive(request)) goesOn = serve(request);
 }
 
 }  // namespace velmora::linuxhost

@@ -12,7 +12,8 @@
 
 namespace velmora::linuxhost {
 
-enum class HelperQuestion : std::uint32_t { space, status, entries, listing };
+/// `listing` is answered by a block of entries, `endOfListing` by nothing.
+enum class HelperQuestion : std::uint32_t { space, status, entries, listing, endOfListing };
 
 /// `other` is what must never be taken for a file: a pipe, a socket, a device.
 enum class FileKind { none, folder, file, other };
@@ -24,6 +25,10 @@ inline FileKind kindOf(const struct statx& status) {
 
 struct HelperRequest {
     HelperQuestion question = HelperQuestion::space;
+    // Of a listing: its own number, and what it begins with.
+    bool isFirst = false;
+    bool hasDots = false;
+    std::uint64_t listing = 0;
     char path[PATH_MAX] = {};  // sent up to its NUL
 
     static constexpr std::size_t headSize() { return offsetof(HelperRequest, path); }
@@ -33,7 +38,7 @@ struct HelperReply {
     int error = 0;           ///< 0 or the errno
     struct statx status {};  ///< of what a link points to
     FilesystemReading reading;
-    EntryCounts entries;
+    CountedFolder counted;
 };
 
 /// The child's whole life: answers until the other end of its socket is closed. Only makes calls

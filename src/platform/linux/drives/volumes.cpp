@@ -1,10 +1,14 @@
 #include "platform/linux/drives/volumes.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <cerrno>
+#include <utility>
 
 #include "base/text.h"
+#include "platform/linux/drives/cached_path.h"
 #include "platform/linux/paths/path_names.h"
 
 namespace velmora::linuxhost {
@@ -30,7 +34,8 @@ bool isFolder(const std::string& mountPoint) {
 
 }  // namespace
 
-Volumes::Volumes(std::chrono::milliseconds deadline) : deadline_(deadline) {
+Volumes::Volumes(std::chrono::milliseconds deadline, FolderMemory::Clock now)
+    : deadline_(deadline), memory_(now) {
     reload();
 }
 
@@ -41,7 +46,13 @@ void Volumes::update() {
 }
 
 void Volumes::reload() {
-    const auto mounts = driveMounts(parseMountTable(watch_.read()), isFolder);
+    memory_.clear();
+    const auto table = parseMountTable(watch_.read());
+    memoryMounts_.clear();
+    for (const Mount& mount : table) {
+        if (isMemoryType(mount.type)) memoryMounts_.insert(static_cast<std::uint64_t>(mount.id));
+    }
+    const auto mounts = driveMounts(table, isFolder);
     std::vector<std::string> mountPoints;
     for (const DriveMount& each : mounts) mountPoints.push_back(each.mount.mountPoint);
     letters_.update(mountPoints);
@@ -167,6 +178,10 @@ bool Volumes::isMountPoint(const std::string& hostPath) {
 
 Volumes::Volume* Volumes::holderOf(const std::string& hostPath) {
     update();
+    return knownHolderOf(hostPath);
+}
+
+Volumes::Volume* Volumes::knownHolderOf(const std::string& hostPath) const {
     Volume* holder = nullptr;
     for (const auto& volume : volumes_) {
         const std::string& mountPoint = volume->drive.mount.mountPoint;
@@ -177,9 +192,26 @@ Volumes::Volume* Volumes::holderOf(const std::string& hostPath) {
     return holder;
 }
 
+// What the kernel knows of a filesystem that answers from memory needs no helper.
+Volumes::Known Volumes::knownStatus(const std::string& hostPath, struct statx& status) const {
+    const UniqueFd place = openCached(hostPath);
+    if (!place.isOpen())
+        return errno == ENOENT || errno == ENOTDIR ? Known::isNotThere : Known::nothing;
+    constexpr int flags = AT_EMPTY_PATH | AT_STATX_DONT_SYNC;
+    constexpr unsigned wanted = STATX_BASIC_STATS | STATX_BTIME;
+    const bool isRead = isInMemory(place) && statx(place.get(), "", flags, wanted, &status) == 0;
+    return isRead ? Known::status : Known::nothing;
+}
+
 std::optional<struct statx> Volumes::statusOf(const std::string& hostPath) {
     Volume* holder = holderOf(hostPath);
     if (!holder) return std::nullopt;
+    if (holder->drive.answersFromMemory && !holder->helper.isPending()) {
+        struct statx status {};
+        const Known known = knownStatus(hostPath, status);
+        if (known == Known::status) return status;
+        if (known == Known::isNotThere) return std::nullopt;
+    }
     const auto reply = holder->helper.ask(HelperQuestion::status, hostPath);
     if (!reply || reply->error != 0) return std::nullopt;
     return reply->status;
@@ -190,22 +222,58 @@ FileKind Volumes::kindOf(const std::string& hostPath) {
     return status ? linuxhost::kindOf(*status) : FileKind::none;
 }
 
-std::optional<EntryCounts> Volumes::entriesOf(const std::string& hostPath) {
+UniqueFd Volumes::openKnown(const std::string& hostPath) {
+    const Volume* holder = holderOf(hostPath);
+    if (!holder || holder->helper.isPending()) return {};
+    return memory_.open(hostPath);
+}
+
+UniqueFd Volumes::openWithoutLinks(const std::string& hostPath) {
+    const Volume* holder = holderOf(hostPath);
+    if (!holder || holder->helper.isPending()) return {};
+    UniqueFd place = openCachedWithoutLinks(hostPath);
+    return isInMemory(place) ? std::move(place) : UniqueFd();
+}
+
+std::optional<EntryCounts> Volumes::entriesOf(const std::string& hostPath, const UniqueFd& known) {
+    if (known.isOpen()) {
+        if (const auto counts = memory_.countsOf(hostPath, known.get())) return counts;
+    }
     Volume* holder = holderOf(hostPath);
     if (!holder) return std::nullopt;
+    const auto asked = memory_.moment();
     const auto reply = holder->helper.ask(HelperQuestion::entries, hostPath);
     if (!reply || reply->error != 0) return std::nullopt;
-    return reply->entries;
+    memory_.keep(hostPath, reply->counted, asked);
+    return reply->counted.counts;
 }
 
-bool Volumes::beginsListing(const std::string& hostPath) {
+bool Volumes::isInMemory(const UniqueFd& place) const {
+    struct statx status {};
+    constexpr int flags = AT_EMPTY_PATH | AT_STATX_DONT_SYNC;
+    return place.isOpen() && statx(place.get(), "", flags, STATX_MNT_ID, &status) == 0 &&
+           (status.stx_mask & STATX_MNT_ID) != 0 && memoryMounts_.count(status.stx_mnt_id) > 0;
+}
+
+// A folder that the kernel hasn't read yet may still wait for its disk. So that drive is asked for
+// it first, with its deadline; the kernel knows the folder then.
+UniqueFd Volumes::openQuick(const std::string& hostPath) {
     Volume* holder = holderOf(hostPath);
-    return holder && holder->helper.ask(HelperQuestion::listing, hostPath).has_value();
+    if (!holder || holder->helper.isPending()) return {};
+    UniqueFd place = openCached(hostPath, O_DIRECTORY);
+    if (!place.isOpen() && holder->drive.answersFromMemory &&
+        holder->helper.ask(HelperQuestion::status, hostPath))
+        place = openCached(hostPath, O_DIRECTORY);
+    return isInMemory(place) ? std::move(place) : UniqueFd();
 }
 
-bool Volumes::answersFromMemory(const std::string& hostPath) {
-    const Volume* holder = holderOf(hostPath);
-    return holder && holder->drive.answersFromMemory;
+bool Volumes::readListing(ListingQuestion& question, ListingBlock& block) {
+    Volume* holder = holderOf(question.path);
+    return holder && holder->helper.readListing(question, block);
+}
+
+void Volumes::endListing(const ListingQuestion& question) {
+    if (Volume* holder = knownHolderOf(question.path)) holder->helper.endListing(question);
 }
 
 std::vector<pid_t> Volumes::helpers() const {

@@ -10,24 +10,30 @@
 
 #include <array>
 #include <chrono>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 #include "platform/linux/drives/drive_letters.h"
 #include "platform/linux/drives/drive_mounts.h"
 #include "platform/linux/drives/entry_counts.h"
 #include "platform/linux/drives/filesystem_reading.h"
+#include "platform/linux/drives/folder_memory.h"
 #include "platform/linux/drives/helper_process.h"
 #include "platform/linux/drives/mount_watch.h"
 #include "platform/linux/paths/path_mapping.h"
+#include "platform/linux/system/unique_fd.h"
 
 namespace velmora::linuxhost {
 
 class Volumes {
   public:
-    explicit Volumes(std::chrono::milliseconds deadline = driveDeadline);
+    /// `now` is the clock by which changes of folders are dated.
+    explicit Volumes(std::chrono::milliseconds deadline = driveDeadline,
+                     FolderMemory::Clock now = changeClock);
     ~Volumes();
 
     /// What the drive ("C:" or "\\host\share") answers; nothing when it isn't mounted or doesn't
@@ -53,14 +59,23 @@ class Volumes {
     std::optional<struct statx> statusOf(const std::string& hostPath);
     /// What lies there; none likewise.
     FileKind kindOf(const std::string& hostPath);
-    /// What lies in the folder at that path; nothing when it can't be read in time.
-    std::optional<EntryCounts> entriesOf(const std::string& hostPath);
+    /// The folder at that path, as a mere place, when it is known to be there without asking its
+    /// drive; closed otherwise. It keeps its drive from being unmounted.
+    UniqueFd openKnown(const std::string& hostPath);
+    /// The folder at that path, as a mere place, when that is known without waiting and no
+    /// component of the path is a link; closed otherwise.
+    UniqueFd openWithoutLinks(const std::string& hostPath);
+    /// What lies in the folder at that path; nothing when it can't be read in time. `known` is what
+    /// the call above gave for it.
+    std::optional<EntryCounts> entriesOf(const std::string& hostPath, const UniqueFd& known = {});
 
-    /// Whether a listing of the folder at that path begins in time, with any result.
-    bool beginsListing(const std::string& hostPath);
-    /// Whether the drive that holds an absolute path of the host waits for no server; no also when
-    /// none holds it.
-    bool answersFromMemory(const std::string& hostPath);
+    /// The folder at that path, as a mere place, when it can be read without waiting for a server;
+    /// closed otherwise. Nothing is asked of a folder that may keep the asker waiting.
+    UniqueFd openQuick(const std::string& hostPath);
+    /// Whether the next entries of a listing come in time from the drive that holds it.
+    bool readListing(ListingQuestion& question, ListingBlock& block);
+    /// Closes a listing that hasn't come to its end. Never fails, since it ends in a destructor.
+    void endListing(const ListingQuestion& question);
 
     /// The ids of the helper processes that run.
     std::vector<pid_t> helpers() const;
@@ -75,14 +90,24 @@ class Volumes {
     Volume* find(const std::string& drive) const;
     /// The volume that an absolute path of the host lies in; null when none holds it.
     Volume* holderOf(const std::string& hostPath);
+    /// The same, by the mount table as it was last read.
+    Volume* knownHolderOf(const std::string& hostPath) const;
+    /// What the kernel can tell without waiting: nothing certain, that nothing lies there, or the
+    /// status, which is filled in then.
+    enum class Known { nothing, isNotThere, status };
+    Known knownStatus(const std::string& hostPath, struct statx& status) const;
+    /// Whether the opened place lies in a mount that answers from memory.
+    bool isInMemory(const UniqueFd& place) const;
     bool isUnchanged(Volume& volume, const FilesystemReading& reading);
 
     std::chrono::milliseconds deadline_;
     MountWatch watch_;
+    FolderMemory memory_;
     DriveLetters letters_;
     std::vector<std::unique_ptr<Volume>> volumes_;
-    std::vector<DriveRoot> roots_;        // as the table was last read
-    std::array<Volume*, 26> byLetter_{};  // mounted ones only
+    std::vector<DriveRoot> roots_;                    // as the table was last read
+    std::unordered_set<std::uint64_t> memoryMounts_;  // by their ids
+    std::array<Volume*, 26> byLetter_{};              // mounted ones only
 };
 
 }  // namespace velmora::linuxhost

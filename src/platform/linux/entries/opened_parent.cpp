@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "platform/linux/drives/cached_path.h"
 #include "platform/linux/paths/path_mapping.h"
 
 namespace velmora::linuxhost {
@@ -71,6 +72,8 @@ OpenedParent::OpenedParent(Volumes& volumes, const std::string& hostPath) {
     }
     name_ = hostPath.substr(slash + 1);
     const std::string folder = slash == 0 ? "/" : hostPath.substr(0, slash);
+    fd_ = volumes.openWithoutLinks(folder);
+    if (fd_.isOpen()) return;
     // Asked first, since opening would wait for a drive that doesn't answer.
     if (volumes.kindOf(folder) != FileKind::folder) {
         failure_ = ENOENT;
@@ -102,6 +105,10 @@ std::string withoutLinksAbove(const std::string& hostPath, Volumes& volumes) {
 std::string drivePathWithoutLinks(const std::string& path, Volumes& volumes) {
     const std::string hostPath = volumes.hostPathOf(path);
     if (hostPath.empty()) return path;
+    // Nearly always: it has no names with points in it, so it is the real path as it stands.
+    if (openCachedWithoutLinks(hostPath.substr(0, std::max<std::size_t>(hostPath.rfind('/'), 1)))
+            .isOpen())
+        return path;
     const std::string real = withoutLinksAbove(hostPath, volumes);
     if (real == hostPath) return path;
     const std::string realPath = drivePathOf(real, volumes.roots());

@@ -6,8 +6,6 @@
 
 #include <array>
 #include <cerrno>
-#include <fstream>
-#include <iterator>
 #include <optional>
 #include <set>
 #include <string>
@@ -17,6 +15,7 @@
 #include "platform/linux/drives/mount_table.h"
 #include "platform/linux/entries/folder_stack.h"
 #include "platform/linux/paths/path_names.h"
+#include "platform/linux/system/read_whole.h"
 #include "platform/work_steps.h"
 
 namespace velmora::linuxhost {
@@ -26,8 +25,7 @@ namespace {
 // The last names of all mount points; nothing where they can't be read. A folder of another name
 // holds no mount, and is opened without a look at it.
 std::optional<std::set<std::string>> namesOfMounts() {
-    std::ifstream file("/proc/self/mountinfo", std::ios::binary);
-    const std::string table{std::istreambuf_iterator<char>(file), {}};
+    const std::string table = contentOfFile("/proc/self/mountinfo");
     if (table.empty()) return std::nullopt;
     std::set<std::string> names;
     for (const Mount& mount : parseMountTable(table))

@@ -83,7 +83,8 @@ class LinuxFile final : public LinuxEntry<File, FileKind::file> {
 
 class LinuxFolder final : public LinuxEntry<Folder, FileKind::folder> {
   public:
-    using LinuxEntry::LinuxEntry;
+    LinuxFolder(Volumes& volumes, std::string path, std::string hostPath, UniqueFd known)
+        : LinuxEntry(volumes, std::move(path), std::move(hostPath)), known_(std::move(known)) {}
 
     double FilesCount() override { return static_cast<double>(counts().files); }
     double SubFoldersCount() override { return static_cast<double>(counts().folders); }
@@ -102,7 +103,7 @@ class LinuxFolder final : public LinuxEntry<Folder, FileKind::folder> {
 
   private:
     const EntryCounts& counts() {
-        if (!counts_) counts_ = volumes_.entriesOf(status_.hostPath());
+        if (!counts_) counts_ = volumes_.entriesOf(status_.hostPath(), std::exchange(known_, {}));
         if (!counts_) throw RuntimeError(error::pathNotFound);
         return *counts_;
     }
@@ -121,6 +122,7 @@ class LinuxFolder final : public LinuxEntry<Folder, FileKind::folder> {
         return size;
     }
 
+    UniqueFd known_;  // until the first count
     std::optional<EntryCounts> counts_;
     std::optional<double> size_;
 };
@@ -131,8 +133,10 @@ std::unique_ptr<File> makeFile(Volumes& volumes, std::string path, std::string h
     return std::make_unique<LinuxFile>(volumes, std::move(path), std::move(hostPath));
 }
 
-std::unique_ptr<Folder> makeFolder(Volumes& volumes, std::string path, std::string hostPath) {
-    return std::make_unique<LinuxFolder>(volumes, std::move(path), std::move(hostPath));
+std::unique_ptr<Folder> makeFolder(Volumes& volumes, std::string path, std::string hostPath,
+                                   UniqueFd known) {
+    return std::make_unique<LinuxFolder>(volumes, std::move(path), std::move(hostPath),
+                                         std::move(known));
 }
 
 std::string typeOfName(const std::string& name) {

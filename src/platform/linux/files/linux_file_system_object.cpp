@@ -53,8 +53,11 @@ bool LinuxFileSystemObject::FileExists(const std::string& path) {
 
 std::unique_ptr<Folder> LinuxFileSystemObject::GetFolder(const std::string& path) {
     MappedPath mapped = mapDrivePath(path, volumes_.roots());
-    if (volumes_.kindOf(mapped.onHost) != FileKind::folder) throw RuntimeError(error::pathNotFound);
-    return makeFolder(volumes_, std::move(mapped.onDrive), std::move(mapped.onHost));
+    UniqueFd known = volumes_.openKnown(mapped.onHost);
+    if (!known.isOpen() && volumes_.kindOf(mapped.onHost) != FileKind::folder)
+        throw RuntimeError(error::pathNotFound);
+    return makeFolder(volumes_, std::move(mapped.onDrive), std::move(mapped.onHost),
+                      std::move(known));
 }
 
 std::unique_ptr<File> LinuxFileSystemObject::GetFile(const std::string& path) {

@@ -1,9 +1,5 @@
-// The listing of a folder, entry by entry, with what each entry is itself. Made for folders of a
-// million entries: the kernel is asked for many names at once, and nothing is allocated for an
-// entry but what its name needs.
+// The listing of a folder, entry by entry, with what each entry is itself.
 #pragma once
-
-#include <sys/stat.h>
 
 #include <cstdint>
 #include <memory>
@@ -11,39 +7,34 @@
 #include <string_view>
 
 #include "platform/kernel32.h"
+#include "platform/linux/drives/asked_listing.h"
+#include "platform/linux/drives/folder_reader.h"
+#include "platform/linux/drives/volumes.h"
+#include "platform/linux/system/file_time.h"
 #include "platform/linux/system/unique_fd.h"
 
 namespace velmora::linuxhost {
 
 class FolderListing {
   public:
-    /// `hasDots`: whether "." and ".." come first. `asksServer`: whether times and
-    /// sizes are those of this moment even where a server has to be asked for them.
-    FolderListing(const std::string& hostPath, bool hasDots, bool asksServer = false);
+    /// Of a folder that waits for no server, opened as a mere place. `hasDots`: whether "." and
+    /// ".." come first.
+    FolderListing(const UniqueFd& place, bool hasDots);
+    /// Of a folder that may keep its reader waiting: its drive's helper reads it. The volumes must
+    /// outlive it.
+    FolderListing(Volumes& volumes, std::string hostPath, bool hasDots);
 
     /// 0 with the next entry, or else the system's code: 18 at the end; another code, once, when
-    /// the listing breaks off.
+    /// the listing breaks off: 21 when the drive has missed the deadline.
     std::uint32_t next(FindData& entry);
 
   private:
-    bool nextDots(FindData& entry);
-    bool fill(int& failure);
-    bool look(const char* name, struct statx& status) const;
-    bool describe(const char* name, unsigned char kind, FindData& entry) const;
+    int readNext(ListedEntry& entry);
 
-    UniqueFd folder_;
-    int failure_;             // why it can't be listed; 0 once that was reported
-    std::size_t listedDots_;  // how many of "." and ".." were listed
-    bool asksServer_;
-    unsigned major_ = 0;  // of the folder's filesystem
-    unsigned minor_ = 0;
-    std::unique_ptr<char[]> buffer_;
-    std::size_t at_ = 0;
-    std::size_t size_ = 0;
+    std::unique_ptr<FolderReader> reader_;
+    std::unique_ptr<AskedListing> asked_;
+    int failure_ = 0;  // why it can't be listed, until that is reported
 };
-
-/// A time in units of 100 ns since 1601-01-01 UTC; 0 for an earlier one.
-std::uint64_t fileTimeOf(const struct statx_timestamp& time);
 
 /// Sets `text` to a name of the host in the form for drive paths.
 void setDriveName(std::string& text, std::string_view name);

@@ -1,13 +1,12 @@
 #include "platform/linux/files/linux_kernel32.h"
 
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <string_view>
 
 #include "platform/linux/moving/move_file.h"
 #include "platform/linux/paths/path_mapping.h"
 #include "platform/linux/system/memory_status.h"
+#include "platform/linux/system/read_whole.h"
 #include "platform/linux/system/system_errors.h"
 
 namespace velmora::linuxhost {
@@ -51,8 +50,15 @@ std::int32_t LinuxKernel32::GetVersionExA(OsVersionInfo& version) {
 
 void LinuxKernel32::GlobalMemoryStatus(MemoryStatus& status) {
     if (status.dwLength != memory_status::recordLength) return;
-    std::ifstream file("/proc/meminfo");
-    status = memoryStatusOf({std::istreambuf_iterator<char>(file), {}});
+    status = memoryStatusOf(contentOfFile("/proc/meminfo"));
+}
+
+// Read right here where nothing can keep it waiting, and otherwise by the drive's helper.
+FolderListing LinuxKernel32::beginListing(const std::string& folder) {
+    const bool hasDots = !volumes_.isMountPoint(folder);
+    const UniqueFd place = volumes_.openQuick(folder);
+    if (place.isOpen()) return {place, hasDots};
+    return {volumes_, folder, hasDots};
 }
 
 FindHandle LinuxKernel32::FindFirstFileA(const std::string& pattern, FindData& entry) {
@@ -61,14 +67,8 @@ FindHandle LinuxKernel32::FindFirstFileA(const std::string& pattern, FindData& e
     if (!pattern.ends_with(everything)) return 0;
     const std::string folder =
         volumes_.hostPathOf(pattern.substr(0, pattern.size() - everything.size()));
-    // Asked first, since opening would wait for a drive that doesn't answer.
-    const bool asksServer = !volumes_.answersFromMemory(folder);
-    const bool canBegin =
-        asksServer ? volumes_.beginsListing(folder) : volumes_.kindOf(folder) == FileKind::folder;
-    if (!canBegin) return 0;
-    const auto listing =
-        listings_.try_emplace(++lastListing_, folder, !volumes_.isMountPoint(folder), asksServer)
-            .first;
+    if (folder.empty()) return 0;
+    const auto listing = listings_.try_emplace(++lastListing_, beginListing(folder)).first;
     if (listed_) listed_->begin();
     lastError_ = listing->second.next(entry);
     if (lastError_ == 0) {
@@ -76,6 +76,8 @@ FindHandle LinuxKernel32::FindFirstFileA(const std::string& pattern, FindData& e
         return lastListing_;
     }
     listings_.erase(listing);
+    // A drive that doesn't answer has no such folder.
+    if (lastError_ == code::notReady) lastError_ = code::pathNotFound;
     if (lastError_ == noMoreFiles) lastError_ = code::fileNotFound;
     return 0;
 }

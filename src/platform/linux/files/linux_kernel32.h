@@ -40,6 +40,7 @@ class LinuxKernel32 final : public Kernel32 {
     bool FindCloseChangeNotification(std::uint32_t) override { return false; }
 
   private:
+    FolderListing beginListing(const std::string& folder);
     void noteTimes(const FindData& entry);
 
     Volumes& volumes_;

@@ -4,11 +4,10 @@
 #include <unistd.h>
 
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <string_view>
 
 #include "base/text.h"
+#include "platform/linux/system/read_whole.h"
 
 namespace velmora::linuxhost {
 
@@ -76,8 +75,7 @@ std::string userFolderIn(const std::string& text, const std::string& key, const 
 }
 
 std::string userFolder(const std::string& key, const std::string& name) {
-    std::ifstream file(configFolder() + "/user-dirs.dirs", std::ios::binary);
-    const std::string text{std::istreambuf_iterator<char>(file), {}};
+    const std::string text = contentOfFile(configFolder() + "/user-dirs.dirs");
     const std::string path = userFolderIn(text, key, homeFolder());
     return path.empty() ? homeFolder() + '/' + name : path;
 }

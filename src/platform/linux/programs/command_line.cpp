@@ -1,8 +1,6 @@
 #include "platform/linux/programs/command_line.h"
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 
 #include "base/text.h"
 #include "platform/file_system_object.h"
@@ -58,19 +56,18 @@ std::size_t wordsOfOptions(const std::vector<std::string>& arguments) {
     return std::min(count, arguments.size());
 }
 
-std::vector<std::string> ownArguments() {
-    std::ifstream file("/proc/self/cmdline", std::ios::binary);
-    const std::string commandLine{std::istreambuf_iterator<char>(file), {}};
-    return argumentsIn(commandLine);
+std::vector<std::string>& ownArguments() {
+    static std::vector<std::string> arguments;
+    return arguments;
+}
+
+// The C library hands these over before the program begins. To read them from /proc can fail, and
+// options that are lost change which folder is written to.
+__attribute__((constructor)) void keepArguments(int count, char** words, char** /*environment*/) {
+    for (int i = 1; i < count; ++i) ownArguments().emplace_back(words[i]);
 }
 
 }  // namespace
-
-std::vector<std::string> argumentsIn(std::string_view commandLine) {
-    std::vector<std::string> arguments = closedTexts(commandLine);
-    if (!arguments.empty()) arguments.erase(arguments.begin());
-    return arguments;
-}
 
 std::string commandText(const std::vector<std::string>& arguments, Volumes& volumes) {
     std::string text;

@@ -10,10 +10,6 @@
 
 namespace velmora::linuxhost {
 
-/// The arguments in the kernel's form (each closed by a NUL, the program's name first), without the
-/// program's name.
-std::vector<std::string> argumentsIn(std::string_view commandLine);
-
 /// Each argument in double quotes, blanks between them. Options stay as they are; one behind them
 /// that names something that is there becomes its drive path; in any other a double quote is
 /// carried as in drive paths, so that splitting at the quotes gives every argument whole.

@@ -1,8 +1,6 @@
 #include "platform/linux/settings/linux_advapi32.h"
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 
 #include "base/text.h"
 #include "platform/linux/entries/replace_file.h"
@@ -10,6 +8,7 @@
 #include "platform/linux/paths/user_folders.h"
 #include "platform/linux/programs/program_file.h"
 #include "platform/linux/settings/desktop_entry.h"
+#include "platform/linux/system/read_whole.h"
 #include "platform/linux/system/system_errors.h"
 #include "platform/linux/system/user_name.h"
 
@@ -75,9 +74,7 @@ std::int32_t LinuxAdvapi32::RegQueryValueExA(RegistryKey key, const std::string&
                                              std::uint32_t& type, std::string& data) {
     if (const std::int32_t failure = check(key, queryValueRight); failure != 0) return failure;
     if (!isFileName(name)) return noSuchKey;
-    std::ifstream file(entryPath(name), std::ios::binary);
-    const std::string entry{std::istreambuf_iterator<char>(file), {}};
-    const auto program = autostartProgram(entry);
+    const auto program = autostartProgram(contentOfFile(entryPath(name)));
     if (!program) return noSuchKey;
     type = textType;
     data = program->empty() ? "" : drivePathOf(*program, volumes_.roots());

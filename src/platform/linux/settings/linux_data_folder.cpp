@@ -12,6 +12,7 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/linux/entries/left_writings.h"
 #include "platform/linux/entries/private_folder.h"
 #include "platform/linux/paths/user_folders.h"
 #include "platform/linux/system/private_file.h"
@@ -71,8 +72,7 @@ bool putInPlace(int folder, const char* made) {
 }
 
 bool layFirst(int folder, std::string_view content) {
-    // By its number no other run of the program writes to the same file.
-    const std::string made = std::string(".set.dat.") + std::to_string(getpid());
+    const std::string made = besideName(settingsName);
     // They may hold a password later; and after a power failure they are whole or not there.
     const bool isDone = writePrivateFile(folder, made, content) && putInPlace(folder, made.c_str());
     unlinkat(folder, made.c_str(), 0);
@@ -100,6 +100,7 @@ DataFolderState prepareDataFolder(const DataFolders& folders) {
     if (path == folders.program) return DataFolderState::ready;
     const UniqueFd folder = openOrMake(folders, path);
     if (!folder.isOpen()) return DataFolderState::notMade;
+    removeLeftWritings(folder.get(), settingsName);
     struct stat status {};
     if (fstatat(folder.get(), settingsName, &status, AT_SYMLINK_NOFOLLOW) == 0)
         return DataFolderState::ready;

@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <utility>
 
+#include "platform/linux/entries/left_writings.h"
 #include "platform/linux/entries/private_folder.h"
 #include "platform/linux/paths/user_folders.h"
 #include "platform/linux/system/private_file.h"
@@ -44,9 +45,7 @@ bool LinuxUserState::write(const std::string& name, std::string_view content) {
     UniqueFd folder;
     const bool isAllowed = isUserStateName(name) && content.size() <= mostUserState;
     if (!isAllowed || makePrivateFolder(ownFolder(), folder) != 0) return false;
-    // By its number no other run of the program writes to the same file, and one that was left
-    // behind is taken over.
-    const std::string beside = '.' + name + '.' + std::to_string(getpid());
+    const std::string beside = besideName(name);
     // After a power failure there is the old content or the new one.
     const bool isDone = writePrivateFile(folder.get(), beside, content) &&
                         renameat(folder.get(), beside.c_str(), folder.get(), name.c_str()) == 0;
@@ -63,6 +62,12 @@ bool LinuxUserState::move(const std::string& from, const std::string& to) {
 
 std::string LinuxUserState::placeOf(const std::string& name) {
     return ownFolder() + '/' + name;
+}
+
+void removeLeftUserState() {
+    UniqueFd folder;
+    if (openPrivateFolder(ownFolder(), folder) != 0) return;
+    removeLeftWritings(folder.get(), "");
 }
 
 }  // namespace velmora::linuxhost

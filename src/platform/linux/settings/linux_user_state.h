@@ -13,4 +13,7 @@ class LinuxUserState final : public UserState {
     std::string placeOf(const std::string& name) override;
 };
 
+/// Removes what processes have left that were ended in the middle of a `write` and live no more.
+void removeLeftUserState();
+
 }  // namespace velmora::linuxhost

@@ -1,6 +1,7 @@
 // Times in the other system's form.
 #pragma once
 
+#include <sys/stat.h>
 #include <time.h>
 
 #include <cstdint>
@@ -15,6 +16,10 @@ inline std::uint64_t fileTimeOf(std::int64_t seconds, std::int64_t nanoseconds) 
     // Unsigned: a time far ahead must not overflow.
     return static_cast<std::uint64_t>(seconds) * 10'000'000 +
            static_cast<std::uint64_t>(nanoseconds / 100);
+}
+
+inline std::uint64_t fileTimeOf(const struct statx_timestamp& time) {
+    return fileTimeOf(time.tv_sec, time.tv_nsec);
 }
 
 /// Now, by the clock that the kernel dates files by, which goes in steps; it can also give them a

@@ -28,6 +28,8 @@ class LinuxClock final : public Clock {
     const ListedTimes* listed_;
     time_t second_ = -1;  // the second of `local_`
     DateTime local_;
+    timespec tickTime_{};  // the kernel's tick of `tickCount_`
+    std::int64_t tickCount_ = 0;
 };
 
 }  // namespace velmora::linuxhost

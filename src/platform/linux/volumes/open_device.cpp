@@ -33,7 +33,7 @@ bool OpenDevice::ask(const DeviceRequest& request, Clock::time_point end) {
     const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now());
     const std::size_t size = DeviceRequest::headSize() + std::strlen(request.path) + 1;
     failure_.clear();
-    if (process_.ask(&request, size, &reply_, sizeof reply_, left)) return true;
+    if (process_.ask(&request, size, &reply_, sizeof reply_, left) == sizeof reply_) return true;
     // Another process would not have the device open.
     isGivenUp_ = true;
     process_.end();

@@ -18,10 +18,11 @@ class EntryCountsTest : public testing::Test {
   protected:
     std::string within(const std::string& name) const { return folder_.path() + "/" + name; }
     void expectCounts(std::uint64_t files, std::uint64_t folders) {
-        EntryCounts counts{77, 77};
-        EXPECT_EQ(countEntries(folder_.path().c_str(), counts), 0);
-        EXPECT_EQ(counts.files, files);
-        EXPECT_EQ(counts.folders, folders);
+        CountedFolder counted;
+        counted.counts = {77, 77};
+        EXPECT_EQ(countEntries(folder_.path().c_str(), counted), 0);
+        EXPECT_EQ(counted.counts.files, files);
+        EXPECT_EQ(counted.counts.folders, folders);
     }
 
     TestFolder folder_;
@@ -56,7 +57,7 @@ TEST_F(EntryCountsTest, NamesThatAreNoUtf8Count) {
 }
 
 TEST_F(EntryCountsTest, WhatCanNotBeReadGivesTheReason) {
-    EntryCounts counts;
+    CountedFolder counts;
     EXPECT_EQ(countEntries(within("missing").c_str(), counts), ENOENT);
     std::ofstream(within("file")) << "x";
     EXPECT_EQ(countEntries(within("file").c_str(), counts), ENOTDIR);

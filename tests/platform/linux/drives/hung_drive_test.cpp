@@ -6,8 +6,14 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
+#include <filesystem>
 #include <iostream>
+#include <sstream>
+#include <string>
+#include <system_error>
+#include <utility>
 
 #include "base/errors.h"
 #include "platform/linux/entries/open_folder.h"
@@ -127,6 +133,107 @@ TEST_F(HungDrive, AListingThatDoesNotBeginInTimeIsOfAFolderThatDoesNotExist) {
         if (listing != 0) kernel32.FindClose(listing);
         return listing != 0 || kernel32.GetLastError() == 2;
     }));
+}
+
+// How many entries come, and the code that ends them.
+std::pair<int, std::uint32_t> countListed(Kernel32& kernel32, const std::string& folder) {
+    FindData entry;
+    const FindHandle listing = kernel32.FindFirstFileA(folder + "\\*.*", entry);
+    if (listing == 0) return {0, kernel32.GetLastError()};
+    int count = 1;
+    while (kernel32.FindNextFileA(listing, entry)) ++count;
+    const std::uint32_t end = kernel32.GetLastError();
+    EXPECT_FALSE(kernel32.FindNextFileA(listing, entry));
+    EXPECT_EQ(kernel32.GetLastError(), noMoreFiles);
+    kernel32.FindClose(listing);
+    return {count, end};
+}
+
+TEST_F(HungDrive, AListingThatStopsInTheMiddleBreaksOffAfterItsDeadline) {
+    Kernel32& kernel32 = machine_->platform().kernel32;
+    const auto start = steady_clock::now();
+    const auto [count, end] = countListed(kernel32, drive_ + "\\halting");
+    EXPECT_GE(steady_clock::now() - start, 1900ms);
+    EXPECT_LT(steady_clock::now() - start, 4s);
+    EXPECT_GE(count, 2);
+    EXPECT_LE(count, 1002);
+    EXPECT_EQ(end, 21u);
+    filesystem_->answerFromNowOn();
+    // All of them, and the dots, with the helper that was kept waiting.
+    EXPECT_TRUE(waitUntil([&] {
+        return countListed(kernel32, drive_ + "\\halting") == std::pair(2002, noMoreFiles);
+    }));
+}
+
+std::size_t childProcesses() {
+    const std::string self = std::to_string(getpid());
+    const std::string children = contentsOf("/proc/self/task/" + self + "/children");
+    return static_cast<std::size_t>(std::count(children.begin(), children.end(), ' '));
+}
+
+TEST_F(HungDrive, TenThousandQuestionsAfterAListingThatStoppedKeepOneProcessWaiting) {
+    Kernel32& kernel32 = machine_->platform().kernel32;
+    EXPECT_EQ(countListed(kernel32, drive_ + "\\halting").second, 21u);
+    const auto before = childProcesses();
+    FindData entry;
+    const auto start = steady_clock::now();
+    for (int i = 0; i < 10'000; ++i) {
+        ASSERT_EQ(kernel32.FindFirstFileA(drive_ + "\\halting\\*.*", entry), 0u);
+        ASSERT_FALSE(isReady());
+        ASSERT_FALSE(fso().FolderExists(drive_ + '\\'));
+    }
+    EXPECT_LT(steady_clock::now() - start, 2s);
+    EXPECT_EQ(childProcesses(), before);
+    EXPECT_EQ(filesystem_->questions(), 0u);
+}
+
+// What the children of this process have opened below a folder.
+std::size_t openedByChildren(const std::string& folder) {
+    std::size_t count = 0;
+    std::istringstream children(
+        contentsOf("/proc/self/task/" + std::to_string(getpid()) + "/children"));
+    for (std::string child; children >> child;) {
+        std::error_code failure;
+        for (const auto& each :
+             std::filesystem::directory_iterator("/proc/" + child + "/fd", failure)) {
+            count += std::filesystem::read_symlink(each, failure).string().starts_with(folder);
+        }
+    }
+    return count;
+}
+
+// Else the drive could not be unmounted.
+TEST_F(HungDrive, AListingThatBrokeOffIsClosedOnceTheDriveAnswers) {
+    Kernel32& kernel32 = machine_->platform().kernel32;
+    EXPECT_EQ(countListed(kernel32, drive_ + "\\halting").second, 21u);
+    EXPECT_EQ(openedByChildren(filesystem_->path()), 1u);
+    filesystem_->answerFromNowOn();
+    ASSERT_TRUE(waitUntil([this] { return isReady(); }));
+    EXPECT_TRUE(waitUntil([this] { return openedByChildren(filesystem_->path()) == 0; }));
+}
+
+TEST_F(HungDrive, ACountThatIsNotAnsweredInTimeFails) {
+    const auto folder = fso().GetFolder(drive_ + "\\endless");
+    const auto start = steady_clock::now();
+    EXPECT_EQ(errorOf([&] { folder->FilesCount(); }), error::pathNotFound);
+    EXPECT_GE(steady_clock::now() - start, 1900ms);
+    EXPECT_LT(steady_clock::now() - start, 4s);
+    filesystem_->answerFromNowOn();
+    EXPECT_TRUE(waitUntil([&] {
+        return errorOf([&] { fso().GetFolder(drive_ + "\\endless")->FilesCount(); }) == 0;
+    }));
+}
+
+TEST_F(HungDrive, AListingByALinkThatLeadsToItDoesNotBlock) {
+    const TestFolder folder;
+    std::filesystem::create_directory_symlink(machine_->toHostPath(drive_ + "\\endless"),
+                                              folder / "link");
+    const std::string link = machine_->toDrivePath(folder / "link");
+    FindData entry;
+    const auto start = steady_clock::now();
+    EXPECT_EQ(machine_->platform().kernel32.FindFirstFileA(link + "\\*.*", entry), 0u);
+    EXPECT_LT(steady_clock::now() - start, 4s);
+    filesystem_->answerFromNowOn();
 }
 
 TEST_F(HungDrive, AFolderThatHoldsItIsListedAndLookedAtWithoutWaiting) {

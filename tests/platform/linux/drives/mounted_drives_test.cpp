@@ -144,8 +144,11 @@ TEST_F(MountedDrives, DrivesInMemoryAreAskedWithoutAHelper) {
     Volumes volumes;
     ASSERT_TRUE(volumes.measure("C:"));
     ASSERT_TRUE(volumes.measure(newDrive()));
-    EXPECT_TRUE(volumes.helpers().empty());
+    // The kernel knows it by heart.
     EXPECT_EQ(volumes.kindOf(mount.path()), FileKind::folder);
+    EXPECT_EQ(volumes.kindOf(mount.path() + '\0' + "x"), FileKind::none);
+    EXPECT_TRUE(volumes.helpers().empty());
+    EXPECT_TRUE(volumes.entriesOf(mount.path()));
     EXPECT_EQ(volumes.helpers().size(), 1u);
 }
 

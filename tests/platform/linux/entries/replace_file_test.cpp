@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <filesystem>
 #include <fstream>
+#include <string>
 
 #include "platform/linux/support/test_folder.h"
 
@@ -42,6 +44,27 @@ TEST(ReplaceFile, WhatCanNotBeReplacedStaysAndNothingIsLeftBeside) {
     EXPECT_EQ(entriesOf(folder.path()), 1u);
     std::ofstream(folder / "file") << "x";
     EXPECT_EQ(replaceFile(folder / "file/below", "x", 0644), ENOTDIR);
+}
+
+TEST(ReplaceFile, WhatAKilledProcessLeftGoesAndNothingElseDoes) {
+    const TestFolder folder;
+    // Greater than any number that the system gives.
+    std::ofstream(folder / ".velmora-new.2000000000") << "half";
+    std::ofstream(folder / ".other.2000000000") << "x";
+    EXPECT_EQ(replaceFile(folder / "file", "new", 0644), 0);
+    EXPECT_EQ(contentsOf(folder / "file"), "new");
+    EXPECT_FALSE(std::filesystem::exists(folder / ".velmora-new.2000000000"));
+    EXPECT_TRUE(std::filesystem::exists(folder / ".other.2000000000"));
+}
+
+TEST(ReplaceFile, WhatWasLeftUnderTheSameNumberIsNotFollowed) {
+    const TestFolder folder;
+    std::ofstream(folder / "kept") << "kept";
+    std::filesystem::create_symlink(folder / "kept",
+                                    folder / ".velmora-new." + std::to_string(getpid()));
+    EXPECT_EQ(replaceFile(folder / "file", "new", 0644), 0);
+    EXPECT_EQ(contentsOf(folder / "file"), "new");
+    EXPECT_EQ(contentsOf(folder / "kept"), "kept");
 }
 
 }  // namespace

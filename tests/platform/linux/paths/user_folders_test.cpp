@@ -44,6 +44,13 @@ TEST(UserFolders, TheUsersChoiceIsRead) {
     EXPECT_EQ(userFolder("XDG_DOCUMENTS_DIR", "Documents"), home / "Documents");
 }
 
+TEST(UserFolders, AFileOfChoicesThatCanNotBeReadLeavesTheUsualFolders) {
+    const TestFolder home;
+    const OtherUser user(home.path());
+    std::filesystem::create_directories(home / ".config/user-dirs.dirs");
+    EXPECT_EQ(userFolder("XDG_DESKTOP_DIR", "Desktop"), home / "Desktop");
+}
+
 TEST(UserFolders, TheFileOfChoicesIsTakenLineByLine) {
     const std::string key = "XDG_DESKTOP_DIR";
     const auto in = [&key](const std::string& text) { return userFolderIn(text, key, "/h"); };

@@ -40,11 +40,14 @@ struct HandedOver : CommandLineTest {
     }
 };
 
-TEST(CommandLine, ArgumentsFollowTheProgramsName) {
-    EXPECT_EQ(argumentsIn("velmora\0a\0\0two words\0"s), (Arguments{"a", "", "two words"}));
-    EXPECT_EQ(argumentsIn("velmora\0"s), Arguments{});
-    EXPECT_EQ(argumentsIn(""), Arguments{});
-    EXPECT_EQ(argumentsIn("velmora\0unclosed"s), Arguments{"unclosed"});
+// What the kernel says of this process, without the program's name.
+TEST_F(CommandLineTest, TheProgramsOwnArgumentsAreThoseOfItsStart) {
+    std::ifstream file("/proc/self/cmdline");
+    Arguments arguments;
+    for (std::string each; std::getline(file, each, '\0');) arguments.push_back(each);
+    ASSERT_FALSE(arguments.empty());
+    arguments.erase(arguments.begin());
+    EXPECT_EQ(ownCommand(volumes_), textOf(arguments));
 }
 
 TEST_F(CommandLineTest, WhatIsThereBecomesADrivePathInQuotes) {

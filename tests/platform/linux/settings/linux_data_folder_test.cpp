@@ -78,6 +78,17 @@ TEST_F(LinuxDataFolderTest, AFolderThatIsThereKeepsItsRightsAndItsSettings) {
     EXPECT_EQ(listTree(chosen_), (TreeListing{{"set.dat", "file 5 bytes: saved"}}));
 }
 
+TEST_F(LinuxDataFolderTest, WhatAKilledStartLeftGoesAndNothingElseDoes) {
+    fs::create_directory(chosen_);
+    std::ofstream(chosen_ + "/set.dat") << "mine";
+    // Greater than any number that the system gives.
+    std::ofstream(chosen_ + "/.set.dat.2000000000") << "half";
+    std::ofstream(chosen_ + "/.other.2000000000") << "x";
+    EXPECT_EQ(prepare(chosen_), DataFolderState::ready);
+    EXPECT_EQ(listTree(chosen_), (TreeListing{{".other.2000000000", "file 1 bytes: x"},
+                                              {"set.dat", "file 4 bytes: mine"}}));
+}
+
 TEST_F(LinuxDataFolderTest, ALinkInPlaceOfTheSettingsStays) {
     fs::create_directory(chosen_);
     fs::create_symlink("gone", chosen_ + "/set.dat");

@@ -175,6 +175,22 @@ TEST_F(LinuxUserStateTest, AFileThatCanNotBeFilledLeavesTheOldOne) {
     EXPECT_EQ(namesIn(folder_), std::set<std::string>{"place"});
 }
 
+TEST_F(LinuxUserStateTest, WhatAKilledProcessLeftGoesAndThatOfALivingOneStays) {
+    ASSERT_TRUE(state_.write("place", "x"));
+    // Greater than any number that the system gives.
+    const std::string left = ".place.2000000000";
+    const std::string living = ".place." + std::to_string(getpid());
+    for (const std::string& name : {left, living, std::string(".place.x")})
+        std::ofstream(folder_ + "/" + name) << "half";
+    removeLeftUserState();
+    EXPECT_EQ(namesIn(folder_), (std::set<std::string>{"place", living, ".place.x"}));
+}
+
+TEST_F(LinuxUserStateTest, NothingIsMadeWhereNothingWasLeft) {
+    removeLeftUserState();
+    EXPECT_TRUE(fs::is_empty(home_.path()));
+}
+
 TEST_F(LinuxUserStateTest, AFolderThatWentIsMadeAgain) {
     ASSERT_TRUE(state_.write("place", "x"));
     fs::remove_all(folder_);

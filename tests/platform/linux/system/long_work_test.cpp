@@ -2,7 +2,9 @@
 // hangs.
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <linux/fs.h>
 #include <poll.h>
+#include <sys/ioctl.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -38,7 +40,11 @@ TEST_F(LongWork, ACopyMakesAStepForEachMegabyte) {
     CopiedEntry copied;
     ASSERT_EQ(copyEntry(folder.fd(), "large", folder.fd(), "copy", copied), 0);
     EXPECT_EQ(std::filesystem::file_size(folder_ / "copy"), 3u << 20);
-    EXPECT_GE(steps_, 3);
+    // A filesystem that shares blocks has nothing to copy.
+    const UniqueFd one(open((folder_ / "large").c_str(), O_RDONLY | O_CLOEXEC));
+    const UniqueFd other(open((folder_ / "other").c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600));
+    const bool sharesBlocks = ioctl(other.get(), FICLONE, one.get()) == 0;
+    EXPECT_GE(steps_, sharesBlocks ? 0 : 3);
 }
 
 TEST_F(LongWork, ARemovalMakesOneForEachEntry) {
