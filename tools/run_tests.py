@@ -2,7 +2,8 @@
 """Runs test programs and counts what passed, failed and was skipped.
 
   run_tests.py --tally FILE --build FOLDER [--wine LOADER]   the tests that ctest lists in a build folder
-  run_tests.py --tally FILE --command PROGRAM ARGUMENT...    a program that counts its own tests
+  run_tests.py --tally FILE [--limit SECONDS] --command PROGRAM ARGUMENT...
+                                                             a program that counts its own tests
 
 For each program a line "passed failed skipped" is added to the tally file. GoogleTest programs are
 counted by their reports, other programs of a build folder as one test each. A program that counts
@@ -25,7 +26,8 @@ import threading
 import time
 import xml.etree.ElementTree as ET
 
-# Seconds for one program, and for a command that runs many tests of its own.
+# Seconds for one program, and for a command that runs many tests of its own unless it is told
+# another limit.
 TIME_LIMIT = 600
 COMMAND_LIMIT = 1200
 
@@ -179,10 +181,10 @@ class Runner:
         kind = self.run_gtest if program.startswith("test_") else self.run_plain
         kind(test["name"] + (" (Windows)" if self.wine else ""), command, folder, environment)
 
-    def run_command(self, command):
+    def run_command(self, command, limit):
         name = " ".join(os.path.basename(part) for part in command[1:])
         begin = time.monotonic()
-        outcome = run(command, limit=COMMAND_LIMIT)
+        outcome = run(command, limit=limit)
         print(outcome.output, end="")
         lines = outcome.output.strip().splitlines()
         outcome.output = ""  # printed already
@@ -199,6 +201,7 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__.split("\n", 1)[0])
     parser.add_argument("--tally", required=True)
     parser.add_argument("--wine")
+    parser.add_argument("--limit", type=int, default=COMMAND_LIMIT)
     what = parser.add_mutually_exclusive_group(required=True)
     what.add_argument("--build")
     what.add_argument("--command", nargs=argparse.REMAINDER)
@@ -207,7 +210,7 @@ def main():
     if options.build:
         runner.run_build(options.build)
     else:
-        runner.run_command(options.command)
+        runner.run_command(options.command, options.limit)
 
 
 if __name__ == "__main__":

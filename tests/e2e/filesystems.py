@@ -3,6 +3,7 @@
 import os
 import pathlib
 import shutil
+import signal
 import subprocess
 import tempfile
 
@@ -203,4 +204,52 @@ class Hung(Mount):
         if hasattr(self, "server"):
             self.server.kill()
             self.server.wait()
+        super().close()
+
+
+class Sshfs(Mount):
+    """A folder by way of a file server, over pipes: no network, and the server can be stopped."""
+
+    server_program = "/usr/lib/openssh/sftp-server"
+    options = "passive,attr_timeout=0,entry_timeout=0,dcache_timeout=0,no_readahead"
+
+    def __init__(self):
+        super().__init__()
+        self.shared = pathlib.Path(tempfile.mkdtemp(prefix="velmora-e2e-"))
+        self.server = self.client = None
+        if not shutil.which("sshfs") or not os.path.exists(self.server_program):
+            self.close()
+            raise Unavailable("no sshfs or no sftp-server")
+        if not os.path.exists("/dev/fuse"):
+            self.close()
+            raise Unavailable("no /dev/fuse")
+        self.server = subprocess.Popen([self.server_program], stdin=subprocess.PIPE,
+                                       stdout=subprocess.PIPE)
+        self.client = subprocess.Popen(["sshfs", "-f", "-o", self.options,
+                                        f"fileserver:{self.shared}", str(self.folder)],
+                                       stdin=self.server.stdout, stdout=self.server.stdin)
+        while not os.path.ismount(self.folder):
+            if self.client.poll() is not None:
+                self.close()
+                raise Unavailable("sshfs could not mount")
+        self.mounted = True
+
+    def stop(self):
+        """From now on it doesn't answer."""
+        os.kill(self.server.pid, signal.SIGSTOP)
+
+    def go_on(self):
+        os.kill(self.server.pid, signal.SIGCONT)
+
+    def close(self):
+        if self.server is not None:
+            self.go_on()
+        self.unmount()
+        for process in (self.client, self.server):
+            if process is not None:
+                process.kill()
+                process.wait()
+        for pipe in (self.server.stdin, self.server.stdout) if self.server else ():
+            pipe.close()
+        shutil.rmtree(self.shared, ignore_errors=True)
         super().close()

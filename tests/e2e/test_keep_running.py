@@ -9,6 +9,7 @@ import filesystems
 from cases import ConsoleCase, OwnNative, OwnWindows, WindowsCase
 from console import PATIENCE, Console, ConsoleError
 from settings import plain_lines, scrambled
+from taking_server import TakingServer
 
 ROOT = pathlib.Path(__file__).parents[2]
 OPTION = "--keep-running"
@@ -77,7 +78,81 @@ class Anywhere(Survivor):
         self.refused("click UpDown3.up")
 
 
-class Native(Anywhere, OwnNative, ConsoleCase):
+class OnAFullDisk(Survivor):
+    """The program's folder on a drive of 1 MB without a free byte. `start_on` starts it there and gives the root of that
+    drive, `path_of` a file's path as the console takes it."""
+
+    def full_program_folder(self):
+        """The program in a tmpfs of 1 MB, with its settings and an empty log."""
+        mounted = self.mount(filesystems.Tmpfs, 1)
+        shutil.copy(ROOT / "dist" / "set.dat", mounted.folder / "set.dat")
+        (mounted.folder / "log.dat").touch()
+        self.program = self.bound(mounted)
+        return mounted
+
+    def bound(self, mounted):
+        place = mounted.folder / self.program.name
+        program = filesystems.Bound(self.program, place)
+        self.addCleanup(program.close)
+        return place
+
+    def mail_account(self, server):
+        for name, value in (("txtMailServer", "127.0.0.1"), ("txtMailPort", str(server.port)),
+                            ("txtYourEmail", "<alice@test.example>"), ("cboNotEmail", "<bob@test.example>")):
+            self.console.set(f"frmNotify.{name}.Text", value)
+        self.console.run("click frmNotify.cmdAdd")
+
+    def test_start_check_alert_mail_save_and_delete_without_a_free_byte(self):
+        mounted = self.full_program_folder()
+        rubbish = mounted.folder / "rubbish.bin"
+        rubbish.write_bytes(b"x" * 300 * filesystems.KB)
+        settings, log = mounted.folder / "set.dat", mounted.folder / "log.dat"
+        mounted.fill_up()
+        self.assertEqual(mounted.free_and_total_kb()[0], 0)
+        before = settings.read_bytes()
+        server = TakingServer()
+        self.addCleanup(server.close)
+
+        # Start.
+        root = self.start_on(mounted)
+        self.console.run(f'drop LVFile "{self.path_of(rubbish, root)}"')
+        self.console.watch_only(root)
+        self.console.set("txtSpace.Text", "100")
+        self.console.run("set chkAutoSave.Value on")
+        self.mail_account(server)
+
+        # Check, alert and mail: the check comes to its end.
+        self.console.run("answer no")
+        self.console.run("tick lstAct 8 on")
+        alerts = [alert["text"] for alert in self.console.check()]
+        for text in ("Space Shortage < 100 KB", "Notfication Message Send to: <bob@test.example>",
+                     "Notification Email Sent.", "Log file can't be written: Disk full"):
+            self.assertEqual(sum(text in alert for alert in alerts), 1, alerts)
+        self.assertEqual(len(server.messages), 1)
+        self.assertEqual(self.console.get("StatusBar1(3)"), "Times Checked: 1")
+        self.assertEqual(log.read_bytes(), b"")
+
+        # Save: refused, and nothing of the file is lost.
+        self.console.set("frmNotify.txtCustMsg.Text", "long " * 1500)
+        self.refused("click Command8")
+        self.assertIn("'61'", self.console.boxes()[-1]["text"])
+        self.assertEqual(settings.read_bytes(), before)
+
+        # The action makes room: the mail, the log and the settings find it.
+        self.console.run("tick lstAct 2 on")
+        self.console.check()
+        self.assertFalse(rubbish.exists())
+        self.assertEqual(len(server.messages), 2)
+        self.assertEqual(self.console.get("Timer1.Enabled"), True)
+        self.assertEqual(self.console.get("StatusBar1(3)"), "Times Checked: 2")
+        # One alert, since the row's first one isn't raised again, and an entry of the journal for each check.
+        self.assertEqual(log.read_text("utf-8").count("Space Shortage < 100 KB"), 3)
+        self.console.run("click Command8")
+        self.assertIn("notCustMsg=" + "long " * 1500, plain_lines(settings.read_bytes()))
+        self.assertEqual(self.console.end(), 0)
+
+
+class Native(Anywhere, OnAFullDisk, OwnNative, ConsoleCase):
     def expected_rows(self):
         return ["a.txt", OPTION]
 
@@ -121,19 +196,13 @@ class Native(Anywhere, OwnNative, ConsoleCase):
         self.assertEqual(program.returncode, 0)
         self.assertTrue(events.read_bytes().endswith(b"49\n"), events.read_bytes())
 
-    def full_program_folder(self):
-        """The program in a tmpfs of 1 MB, with its settings and an empty log."""
-        mounted = self.mount(filesystems.Tmpfs, 1)
-        shutil.copy(ROOT / "dist" / "set.dat", mounted.folder / "set.dat")
-        (mounted.folder / "log.dat").touch()
-        self.program = self.bound(mounted)
-        return mounted
+    def start_on(self, mounted):
+        """Starts the program in that folder; the root of its drive."""
+        self.launch()
+        return self.drive_of(mounted)
 
-    def bound(self, mounted):
-        place = mounted.folder / "velmora-console"
-        program = filesystems.Bound(self.program, place)
-        self.addCleanup(program.close)
-        return place
+    def path_of(self, file, _):
+        return str(file)
 
     def test_a_program_folder_on_a_full_disk_keeps_the_watch_alive(self):
         mounted = self.full_program_folder()
@@ -189,7 +258,16 @@ class Native(Anywhere, OwnNative, ConsoleCase):
         self.assertEqual(self.console.get("txtAmt"), "50")
 
 
-class Windows(Anywhere, OwnWindows, WindowsCase):
+class Windows(Anywhere, OnAFullDisk, OwnWindows, WindowsCase):
+    def start_on(self, mounted):
+        root = self.give_letter(mounted)
+        self.program = root + self.program.name
+        self.launch()
+        return root
+
+    def path_of(self, file, root):
+        return root + file.name
+
     def expected_rows(self):
         # One text with several paths in quotes, which lies between them.
         return ["a.txt " + OPTION]

@@ -72,6 +72,15 @@ class Machine:
             os.environ[name] = variables[name]
         os.environ["VELMORA_WINE"] = str(ROOT / "tools" / "wine_with_drives")
         self.wine = os.environ["VELMORA_WINE"]
+        self._own_the_users_folders()
+
+    def _own_the_users_folders(self):
+        """Wine makes links to the home of whoever made the prefix, which is a test's own and goes with it. Without
+        a desktop folder no shortcut is followed."""
+        for place in self.user().iterdir():
+            if place.is_symlink():
+                place.unlink()
+                place.mkdir()
 
     def close(self):
         self.stop()
