@@ -1,11 +1,19 @@
-// A check of many watched rows with every event looked for, compared with one without events; and
-// the save of the journal's new part after a short and a long journal.
+// A check of many watched rows as it is in use, without events and with every event looked for,
+// compared with bare system calls on the same roots; and the save of the journal's new part after a
+// short and a long journal.
+#include <sched.h>
+#include <sys/mount.h>
+#include <sys/statvfs.h>
+
 #include <algorithm>
 #include <cstdio>
 #include <filesystem>
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "bare_calls.h"
 #include "bench_program.h"
 #include "rows/watch_row.h"
 #include "scratch_folder.h"
@@ -14,53 +22,112 @@ using namespace velmora;
 
 namespace {
 
-constexpr int rounds = 9;
+// Short pieces of work, as often as needed to find one that nothing has interrupted.
+int roundsOf(int rows) {
+    return rows > 1 ? 41 : 5;
+}
 
 double median(std::vector<double> values) {
     std::sort(values.begin(), values.end());
     return values[values.size() / 2];
 }
 
-// The roots of this machine's ready drives, repeated.
-void watch(bench::Program& program, int rows) {
-    ListView& list = program.forms.form1.ListView1;
+std::vector<std::string> readyRoots(bench::Program& program) {
+    const ListView& list = program.forms.form1.ListView1;
     std::vector<std::string> roots;
     for (int i = 1; i <= list.Count(); ++i) {
         const ConstWatchRow row(list.ListItems(i));
         if (row.isAvailable()) roots.push_back(row.path());
     }
-    const std::string free = ConstWatchRow(list.ListItems(1)).freeSpace();
+    return roots;
+}
+
+// These roots, repeated.
+void watch(bench::Program& program, const std::vector<std::string>& roots, int rows) {
+    ListView& list = program.forms.form1.ListView1;
     list.Clear();
     for (int i = 0; i < rows; ++i) {
         ListItem& row = list.Add(roots[static_cast<std::size_t>(i) % roots.size()]);
-        WatchRow(row).setFreeSpace(free);
+        WatchRow(row).setFreeSpace("1 KB");
         row.setChecked(true);
     }
 }
 
-double check(bench::Program& program) {
-    std::vector<double> times;
-    for (int i = 0; i < rounds; ++i) {
-        times.push_back(bench::seconds([&] { program.forms.form1.Timer1.Tick(); }));
-    }
-    return median(times);
+double check(bench::Program& program, int rows) {
+    return bench::best(roundsOf(rows), [&] { program.forms.form1.Timer1.Tick(); });
 }
 
-void measureEvents(int rows) {
-    bench::Program program;
-    program.core.load();
+// Microseconds of one bare call for each root, by the best of some rounds.
+double bare(const std::vector<std::string>& paths, int rows,
+            const std::function<void(const std::string&)>& call) {
+    const double time = bench::best(roundsOf(rows), [&] {
+        for (int i = 0; i < rows; ++i) call(paths[static_cast<std::size_t>(i) % paths.size()]);
+    });
+    return time / rows * 1e6;
+}
+
+void measureEvents(bench::Program& program, const std::vector<std::string>& roots, int rows) {
     Form1& form1 = program.forms.form1;
-    watch(program, rows);
+    watch(program, roots, rows);
     form1.txtSpace.setText("1");
     form1.DTPInterval.setMinute(0);
-    const double plain = check(program);
+    const double plain = check(program, rows) / rows * 1e6;
     // All except unavailable paths, which end a pass at the first row.
     for (int event = evt::stagnancy; event < evt::unavailable; ++event) {
         form1.lstEvt.setSelected(event, true);
     }
-    const double events = check(program);
-    std::printf("%d rows: %.1f ms a check, %.1f us a row; without events %.1f ms\n", rows,
-                events * 1e3, events / rows * 1e6, plain * 1e3);
+    const double events = check(program, rows) / rows * 1e6;
+    for (int event = evt::stagnancy; event < evt::unavailable; ++event) {
+        form1.lstEvt.setSelected(event, false);
+    }
+    std::vector<std::string> paths;
+    for (const std::string& root : roots) paths.push_back(program.machine->toHostPath(root));
+    const double space = bare(paths, rows, [](const std::string& path) {
+        struct statvfs answer {};
+        statvfs(path.c_str(), &answer);
+    });
+    const double names =
+        bare(paths, rows, [](const std::string& path) { bench::bareScan(path, false); });
+    const double times =
+        bare(paths, rows, [](const std::string& path) { bench::bareScan(path, true); });
+    std::printf("%6d %8.1f %8.2f %6.1f %8.1f %8.1f %6.2f %8.1f %6.2f\n", rows, plain, space,
+                plain / space, events, names, events / names, times, events / times);
+}
+
+// A drive that has no link in its root.
+bool mountDrive(const std::string& folder, int files) {
+    if (unshare(CLONE_NEWNS) != 0 || mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0)
+        return false;
+    if (mount("tmpfs", folder.c_str(), "tmpfs", 0, "size=100M") != 0) return false;
+    for (int i = 0; i < files; ++i) {
+        const std::string name = folder + "/file of a log " + std::to_string(i);
+        close(open(name.c_str(), O_CREAT | O_WRONLY | O_CLOEXEC, 0644));
+    }
+    return true;
+}
+
+void measureDrives() {
+    std::printf("%6s %8s %8s %6s %8s %8s %6s %8s %6s\n", "rows", "check", "statvfs", "ratio",
+                "events", "names", "ratio", "times", "ratio");
+    {
+        bench::Program program;
+        program.core.load();
+        measureEvents(program, readyRoots(program), 100);
+    }
+    for (const auto& [files, rows] : {std::pair(30, 100), std::pair(200'000, 1)}) {
+        bench::ScratchFolder scratch;
+        if (!mountDrive(scratch.path(), files)) {
+            std::printf("no drive could be mounted\n");
+            return;
+        }
+        {
+            bench::Program program;
+            program.core.load();
+            const std::string root = program.machine->toDrivePath(scratch.path());
+            measureEvents(program, {root}, rows);
+        }
+        umount2(scratch.path().c_str(), MNT_DETACH);
+    }
 }
 
 void measureLog(int entries) {
@@ -89,8 +156,10 @@ void measureLog(int entries) {
 }  // namespace
 
 int main() {
-    std::printf("\nA check with every event\n");
-    measureEvents(1000);
+    std::printf(
+        "\nA check, us a row, beside statvfs; with every event, beside a listing of the names\n"
+        "and one with the times: this machine's drives, one of 30 files, one of 200,000\n");
+    measureDrives();
     std::printf("\nThe log\n");
     for (const int entries : {10, 100000}) measureLog(entries);
 }

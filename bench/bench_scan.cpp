@@ -1,17 +1,15 @@
 // The scan of a folder for newer files, and the counts of its files and folders, compared with find
 // and with bare system calls on the same folder.
-#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <cstdio>
-#include <functional>
 #include <string>
 #include <vector>
 
+#include "bare_calls.h"
 #include "bench_program.h"
 #include "inspect/wait_test.h"
 #include "scratch_folder.h"
@@ -20,41 +18,8 @@ using namespace velmora;
 
 namespace {
 
-// Takes what the bare calls find, so that no compiler leaves them out.
-volatile std::uint64_t found = 0;
-
-// Each entry of a listing and its status, by the fewest calls.
-void bareScan(const std::string& path, bool withStatus) {
-    const int folder = open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    alignas(dirent64) static std::array<char, 64 * 1024> buffer;
-    std::uint64_t sum = 0;
-    for (;;) {
-        const ssize_t size = getdents64(folder, buffer.data(), buffer.size());
-        if (size <= 0) break;
-        for (ssize_t at = 0; at < size;) {
-            const auto& entry = *reinterpret_cast<const dirent64*>(buffer.data() + at);
-            at += entry.d_reclen;
-            ++sum;
-            if (!withStatus) continue;
-            struct statx status {};
-            statx(folder, entry.d_name, AT_SYMLINK_NOFOLLOW | AT_STATX_DONT_SYNC,
-                  STATX_BASIC_STATS | STATX_BTIME, &status);
-            sum += static_cast<std::uint64_t>(status.stx_mtime.tv_sec);
-        }
-    }
-    close(folder);
-    found = sum;
-}
-
 void run(const std::string& command) {
     if (std::system(command.c_str()) != 0) std::printf("failed: %s\n", command.c_str());
-}
-
-// The best of some rounds, to leave out the time that other programs take.
-double best(int rounds, const std::function<void()>& work) {
-    double least = bench::seconds(work);
-    for (int i = 1; i < rounds; ++i) least = std::min(least, bench::seconds(work));
-    return least;
 }
 
 // The scans raise no alert; the form around them needs a taker of alerts all the same.
@@ -85,20 +50,21 @@ void measure(int entries) {
     const auto lines = std::count(reported.begin(), reported.end(), '\n');
 
     const int rounds = entries > 500000 ? 3 : 7;
-    const double scan = best(rounds, [&] { waitTest.prcPubFindFilesByTime(drivePath); });
-    const double bare = best(rounds, [&] { bareScan(folder, true); });
+    const double scan = bench::best(rounds, [&] { waitTest.prcPubFindFilesByTime(drivePath); });
+    const double bare = bench::best(rounds, [&] { bench::bareScan(folder, true); });
     const std::string command =
         "find " + folder + " -maxdepth 1 -newer " + reference + " >/dev/null";
-    const double find = best(rounds, [&] { run(command); });
+    const double find = bench::best(rounds, [&] { run(command); });
     std::printf("%10d %6ld %11.0f %11.0f %6.2f %11.0f %6.2f\n", entries,
                 static_cast<long>(lines / 2), scan / entries * 1e9, bare / entries * 1e9,
                 scan / bare, find / entries * 1e9, scan / find);
 
-    const double count = best(rounds, [&] {
+    const double count = bench::best(rounds, [&] {
         const auto counted = program.machine->platform().fso.GetFolder(drivePath);
-        found = static_cast<std::uint64_t>(counted->FilesCount() + counted->SubFoldersCount());
+        bench::found =
+            static_cast<std::uint64_t>(counted->FilesCount() + counted->SubFoldersCount());
     });
-    const double listing = best(rounds, [&] { bareScan(folder, false); });
+    const double listing = bench::best(rounds, [&] { bench::bareScan(folder, false); });
     std::printf("%10s counts %11.0f %11.0f %6.2f\n", "", count / entries * 1e9,
                 listing / entries * 1e9, count / listing);
 }
