@@ -76,6 +76,20 @@ full.
 There is a window for workstations, and a console for servers and scripts that
 can also run as a service of systemd, which is off until it is enabled.")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# What is loaded at need is in no program's list of libraries.
+get_property(loaded GLOBAL PROPERTY VELMORA_LOADED_LIBRARIES)
+foreach(entry IN LISTS loaded)
+    string(REPLACE "=" ";" entry ${entry})
+    list(GET entry 0 library)
+    list(GET entry 1 minimum)
+    execute_process(COMMAND dpkg-query --search ${library} OUTPUT_VARIABLE owner ERROR_QUIET)
+    if(NOT owner MATCHES "^([^:]+)")
+        message(STATUS "No package owns ${library}: the Debian package will not ask for it")
+        continue()
+    endif()
+    list(APPEND CPACK_DEBIAN_PACKAGE_DEPENDS "${CMAKE_MATCH_1} (>= ${minimum})")
+endforeach()
+list(JOIN CPACK_DEBIAN_PACKAGE_DEPENDS ", " CPACK_DEBIAN_PACKAGE_DEPENDS)
 # Opens the manual and played files; plays sounds.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-utils")
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "pulseaudio-utils | alsa-utils, zenity")

@@ -85,6 +85,13 @@ class Documents(Unpacked):
             self.assertIn(".text", sections)
             self.assertNotRegex(sections, r"\.(symtab|debug_info)\b")
 
+    def test_few_libraries_are_loaded_with_the_console(self):
+        """Those of mail and of the service manager bring thirty more, and come when they are needed."""
+        dynamic = debian.said_by("readelf", "--dynamic", "--wide", self.file("/usr/lib/velmora/velmora-console"))
+        needed = re.findall(r"\(NEEDED\).*\[(.+?)\]", dynamic)
+        self.assertIn("libc.so.6", needed)
+        self.assertFalse([name for name in needed if name.startswith(("libcurl", "libsystemd"))], needed)
+
     def test_the_change_log_tells_of_this_version(self):
         text = gzip.decompress(self.file("/usr/share/doc/velmora/changelog.gz").read_bytes()).decode()
         self.assertTrue(text.startswith(f"velmora ({debian.field('Version')}) unstable; urgency="))

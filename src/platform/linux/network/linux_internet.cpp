@@ -1,16 +1,16 @@
 #include "platform/linux/network/linux_internet.h"
 
-#include <curl/curl.h>
-
 #include <algorithm>
 #include <memory>
 
+#include "platform/network/curl_calls.h"
 #include "platform/network/web_address.h"
 
 namespace velmora::linuxhost {
 
 namespace {
 
+using network::CurlCalls;
 using PageTransfer = std::unique_ptr<CURL, decltype(&curl_easy_cleanup)>;
 
 // Taking less than it was given ends the transfer.
@@ -21,11 +21,11 @@ std::size_t takePage(const char* bytes, std::size_t /*one*/, std::size_t count, 
     return taken;
 }
 
-bool preparePage(CURL* transfer, const std::string& url, std::chrono::milliseconds limit,
-                 std::string& page) {
+bool preparePage(const CurlCalls& curl, CURL* transfer, const std::string& url,
+                 std::chrono::milliseconds limit, std::string& page) {
     constexpr const char* protocols = "http,https";
-    const auto set = [transfer](CURLoption option, auto value) {
-        return curl_easy_setopt(transfer, option, value) == CURLE_OK;
+    const auto set = [&curl, transfer](CURLoption option, auto value) {
+        return curl.easySetopt(transfer, option, value) == CURLE_OK;
     };
     return set(CURLOPT_URL, url.c_str()) && set(CURLOPT_PROTOCOLS_STR, protocols) &&
            set(CURLOPT_REDIR_PROTOCOLS_STR, protocols) && set(CURLOPT_FOLLOWLOCATION, 1L) &&
@@ -37,9 +37,9 @@ bool preparePage(CURL* transfer, const std::string& url, std::chrono::millisecon
            set(CURLOPT_WRITEDATA, &page);
 }
 
-bool gotPage(CURL* transfer) {
+bool gotPage(const CurlCalls& curl, CURL* transfer) {
     long answer = 0;
-    curl_easy_getinfo(transfer, CURLINFO_RESPONSE_CODE, &answer);
+    curl.easyGetinfo(transfer, CURLINFO_RESPONSE_CODE, &answer);
     return answer >= 200 && answer < 300;
 }
 
@@ -47,13 +47,15 @@ bool gotPage(CURL* transfer) {
 
 std::string LinuxInternet::OpenURL(const std::string& url) {
     if (!network::isWebAddress(url)) return {};
-    const PageTransfer transfer(curl_easy_init(), curl_easy_cleanup);
+    const CurlCalls* const curl = network::curlCalls();
+    if (!curl) return {};
+    const PageTransfer transfer(curl->easyInit(), curl->easyCleanup);
     std::string page;
-    if (!transfer || !preparePage(transfer.get(), url, limit_, page)) return {};
-    const CURLcode result = curl_easy_perform(transfer.get());
+    if (!transfer || !preparePage(*curl, transfer.get(), url, limit_, page)) return {};
+    const CURLcode result = curl->easyPerform(transfer.get());
     const bool isWhole =
         result == CURLE_OK || (result == CURLE_WRITE_ERROR && page.size() == network::greatestPage);
-    return isWhole && gotPage(transfer.get()) ? page : "";
+    return isWhole && gotPage(*curl, transfer.get()) ? page : "";
 }
 
 }  // namespace velmora::linuxhost

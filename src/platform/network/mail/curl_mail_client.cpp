@@ -1,7 +1,5 @@
 #include "platform/network/mail/curl_mail_client.h"
 
-#include <curl/curl.h>
-
 #include <algorithm>
 #include <chrono>
 #include <condition_variable>

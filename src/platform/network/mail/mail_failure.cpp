@@ -1,8 +1,8 @@
 #include "platform/network/mail/mail_failure.h"
 
-#include <curl/curl.h>
-
 #include <algorithm>
+
+#include "platform/network/curl_calls.h"
 
 namespace velmora::network {
 
@@ -30,6 +30,12 @@ std::string certificateFailure(const MailOutcome& outcome, const SmtpMessage& me
                          outcome.words);
     }
     return withWords("The certificate of the server is not trusted", outcome.words);
+}
+
+// The library's own words for one of its codes.
+std::string wordsOf(int result) {
+    const CurlCalls* const curl = curlCalls();
+    return curl ? curl->easyStrerror(static_cast<CURLcode>(result)) : std::string();
 }
 
 std::string placeOf(const SmtpMessage& message) {
@@ -81,10 +87,8 @@ std::string failureInWords(const MailOutcome& outcome, const SmtpMessage& messag
             break;
     }
     if (!refusal.empty()) return "The mail server refuses the message: " + refusal;
-    const std::string words = outcome.words.empty()
-                                  ? curl_easy_strerror(static_cast<CURLcode>(outcome.result))
-                                  : outcome.words;
-    return withWords("The message could not be sent", words);
+    return withWords("The message could not be sent",
+                     outcome.words.empty() ? wordsOf(outcome.result) : outcome.words);
 }
 
 }  // namespace velmora::network

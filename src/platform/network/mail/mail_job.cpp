@@ -1,7 +1,5 @@
 #include "platform/network/mail/mail_job.h"
 
-#include <curl/curl.h>
-
 #include <algorithm>
 #include <array>
 #include <atomic>
@@ -11,6 +9,7 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/network/curl_calls.h"
 #include "platform/network/mail/mail_failure.h"
 
 namespace velmora::network {
@@ -71,18 +70,18 @@ std::string objectionTo(const SmtpMessage& message) {
 
 // What the library works with while it sends; it keeps pointers into it.
 struct MailJob::Transfer {
-    Transfer(const SmtpMessage& sent, const std::atomic<bool>& cancelled)
-        : message(sent), isCancelled(cancelled) {}
+    Transfer(const CurlCalls& calls, const SmtpMessage& sent, const std::atomic<bool>& cancelled)
+        : curl(calls), message(sent), isCancelled(cancelled) {}
     ~Transfer() {
-        curl_easy_cleanup(handle);
-        curl_slist_free_all(recipients);
+        curl.easyCleanup(handle);
+        curl.slistFreeAll(recipients);
     }
     Transfer(const Transfer&) = delete;
     Transfer& operator=(const Transfer&) = delete;
 
     template <typename Value>
     bool set(CURLoption option, Value value) {
-        return curl_easy_setopt(handle, option, value) == CURLE_OK;
+        return curl.easySetopt(handle, option, value) == CURLE_OK;
     }
     bool prepare();
     bool addressMessage();
@@ -106,10 +105,11 @@ struct MailJob::Transfer {
         return 0;
     }
 
+    const CurlCalls& curl;
     const SmtpMessage& message;
     const std::atomic<bool>& isCancelled;
     bool saysGoodbye = false;  // the outcome is known then, and the farewell not worth waiting for
-    CURL* handle = curl_easy_init();
+    CURL* handle = curl.easyInit();
     curl_slist* recipients = nullptr;
     std::size_t given = 0;  // bytes of the message
     ServerReplies replies;
@@ -124,7 +124,7 @@ std::size_t MailJob::Transfer::giveData(char* target, std::size_t room) {
 }
 
 bool MailJob::Transfer::addressMessage() {
-    recipients = curl_slist_append(nullptr, message.recipient.c_str());
+    recipients = curl.slistAppend(nullptr, message.recipient.c_str());
     const auto size = static_cast<curl_off_t>(message.data.size());
     return recipients && set(CURLOPT_MAIL_FROM, message.sender.c_str()) &&
            set(CURLOPT_MAIL_RCPT, recipients) && set(CURLOPT_UPLOAD, 1L) &&
@@ -167,11 +167,7 @@ bool MailJob::Transfer::prepare() {
                          set(CURLOPT_PASSWORD, message.password.text().c_str())));
 }
 
-MailJob::MailJob() {
-    static std::once_flag isStarted;
-    std::call_once(isStarted, [] { curl_global_init(CURL_GLOBAL_DEFAULT); });
-    multi_ = curl_multi_init();
-}
+MailJob::MailJob() : curl_(curlCalls()), multi_(curl_ ? curl_->multiInit() : nullptr) {}
 
 void MailJob::close() {
     void* closing = nullptr;
@@ -179,26 +175,30 @@ void MailJob::close() {
         const std::lock_guard lock(mutex_);
         std::swap(closing, multi_);
     }
-    if (closing) curl_multi_cleanup(closing);
+    if (closing) curl_->multiCleanup(closing);
 }
 
 void MailJob::cancel() {
     isCancelled_ = true;
     const std::lock_guard lock(mutex_);
-    if (multi_) curl_multi_wakeup(multi_);
+    if (multi_) curl_->multiWakeup(multi_);
 }
 
 std::string MailJob::send(SmtpMessage& message) {
-    Transfer transfer(message, isCancelled_);
+    if (!curl_) {
+        message.password.wipe();
+        return "The library that sends mail (libcurl) could not be loaded.";
+    }
+    Transfer transfer(*curl_, message, isCancelled_);
     const bool isPrepared = transfer.prepare();
     // The library has a copy of its own by now.
     message.password.wipe();
     if (!isPrepared || !multi_) return "There is not enough memory to send the message.";
-    if (curl_multi_add_handle(multi_, transfer.handle) != CURLM_OK) {
+    if (curl_->multiAddHandle(multi_, transfer.handle) != CURLM_OK) {
         return "The sending could not be begun.";
     }
     std::string failure = perform(transfer);
-    curl_multi_remove_handle(multi_, transfer.handle);
+    curl_->multiRemoveHandle(multi_, transfer.handle);
     return failure;
 }
 
@@ -206,16 +206,16 @@ std::string MailJob::perform(Transfer& transfer) {
     constexpr int longestWait = 1000;  // milliseconds; the library ends it sooner when it must
     while (true) {
         int running = 0;
-        if (curl_multi_perform(multi_, &running) != CURLM_OK) break;
+        if (curl_->multiPerform(multi_, &running) != CURLM_OK) break;
         int left = 0;
-        if (const CURLMsg* told = curl_multi_info_read(multi_, &left);
+        if (const CURLMsg* told = curl_->multiInfoRead(multi_, &left);
             told && told->msg == CURLMSG_DONE) {
             const MailOutcome outcome{.result = told->data.result,
                                       .words = transfer.words.data(),
                                       .replies = transfer.replies};
             return failureInWords(outcome, transfer.message);
         }
-        if (curl_multi_poll(multi_, nullptr, 0, longestWait, nullptr) != CURLM_OK) break;
+        if (curl_->multiPoll(multi_, nullptr, 0, longestWait, nullptr) != CURLM_OK) break;
     }
     return "The sending could not go on.";
 }

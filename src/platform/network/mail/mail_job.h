@@ -10,6 +10,8 @@
 
 namespace velmora::network {
 
+struct CurlCalls;
+
 /// Why a message can't go out at all; empty when it can. A line break in a name or an address could
 /// give the server further commands.
 std::string objectionTo(const SmtpMessage& message);
@@ -38,8 +40,9 @@ class MailJob {
 
     std::string perform(Transfer& transfer);
 
-    std::mutex mutex_;  // guards against waking what is being closed
-    void* multi_;       // the library's handle that waits for the transfer; null once closed
+    const CurlCalls* curl_;  // null where the library can't be loaded
+    std::mutex mutex_;       // guards against waking what is being closed
+    void* multi_;            // the library's handle that waits for the transfer; null once closed
     std::atomic<bool> isCancelled_ = false;
 };
 

@@ -1,10 +1,9 @@
 #include "platform/linux/inventory/systemd/journal_events.h"
 
-#include <systemd/sd-journal.h>
-
 #include <cstdlib>
 #include <string_view>
 
+#include "platform/linux/system/systemd_calls.h"
 #include "platform/linux/system/user_name.h"
 
 namespace velmora::linuxhost {
@@ -14,13 +13,14 @@ namespace {
 constexpr std::size_t greatestField = 64 * 1024;  // bytes; what is longer may be cut
 
 sd_journal* openJournalAtEnd(const std::string& file) {
+    if (!loadSystemd()) return nullptr;
     sd_journal* journal = nullptr;
     const char* files[] = {file.c_str(), nullptr};
-    const int failure = file.empty() ? sd_journal_open(&journal, SD_JOURNAL_LOCAL_ONLY)
-                                     : sd_journal_open_files(&journal, files, 0);
+    const int failure = file.empty() ? systemd().journalOpen(&journal, SD_JOURNAL_LOCAL_ONLY)
+                                     : systemd().journalOpenFiles(&journal, files, 0);
     if (failure < 0) return nullptr;
-    sd_journal_set_data_threshold(journal, greatestField);
-    sd_journal_seek_tail(journal);
+    systemd().journalSetDataThreshold(journal, greatestField);
+    systemd().journalSeekTail(journal);
     return journal;
 }
 
@@ -28,7 +28,7 @@ sd_journal* openJournalAtEnd(const std::string& file) {
 std::optional<std::string> journalField(sd_journal* journal, std::string_view name) {
     const void* bytes = nullptr;
     std::size_t size = 0;
-    if (sd_journal_get_data(journal, name.data(), &bytes, &size) < 0) return std::nullopt;
+    if (systemd().journalGetData(journal, name.data(), &bytes, &size) < 0) return std::nullopt;
     const std::string_view field(static_cast<const char*>(bytes), size);
     if (field.size() <= name.size()) return std::nullopt;
     return std::string(field.substr(name.size() + 1));
@@ -36,7 +36,7 @@ std::optional<std::string> journalField(sd_journal* journal, std::string_view na
 
 std::string cursorOf(sd_journal* journal) {
     char* cursor = nullptr;
-    if (sd_journal_get_cursor(journal, &cursor) < 0) return {};
+    if (systemd().journalGetCursor(journal, &cursor) < 0) return {};
     const std::unique_ptr<char, decltype(&std::free)> owner(cursor, &std::free);
     return cursor;
 }
@@ -47,7 +47,7 @@ JournalEntry readEntry(sd_journal* journal) {
                              "_UID", "SYSLOG_FACILITY", "PRIORITY", "_SOURCE_REALTIME_TIMESTAMP"})
         if (auto value = journalField(journal, name)) entry.fields[name] = std::move(*value);
     std::uint64_t received = 0;
-    if (sd_journal_get_realtime_usec(journal, &received) >= 0) entry.received = received;
+    if (systemd().journalGetRealtimeUsec(journal, &received) >= 0) entry.received = received;
     entry.cursor = cursorOf(journal);
     return entry;
 }
@@ -55,7 +55,7 @@ JournalEntry readEntry(sd_journal* journal) {
 }  // namespace
 
 void JournalEvents::Close::operator()(sd_journal* journal) const {
-    sd_journal_close(journal);
+    systemd().journalClose(journal);
 }
 
 JournalEvents::JournalEvents(const std::string& file) : journal_(openJournalAtEnd(file)) {}
@@ -67,7 +67,7 @@ std::string JournalEvents::userOf(std::uint32_t id) {
 }
 
 std::optional<Record> JournalEvents::next() {
-    if (!journal_ || sd_journal_previous(journal_.get()) <= 0) return std::nullopt;
+    if (!journal_ || systemd().journalPrevious(journal_.get()) <= 0) return std::nullopt;
     return journalRecord(readEntry(journal_.get()),
                          [this](std::uint32_t id) { return userOf(id); });
 }

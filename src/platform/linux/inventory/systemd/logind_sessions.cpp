@@ -1,12 +1,11 @@
 #include "platform/linux/inventory/systemd/logind_sessions.h"
 
-#include <systemd/sd-login.h>
-
 #include <cstdlib>
 #include <memory>
 #include <string>
 
 #include "platform/linux/inventory/record_text.h"
+#include "platform/linux/system/systemd_calls.h"
 #include "platform/linux/system/user_name.h"
 
 namespace velmora::linuxhost {
@@ -33,11 +32,11 @@ bool isOfAUser(const std::string& kind) {
 
 void addSession(std::vector<Login>& logins, const char* session) {
     uid_t user = 0;
-    if (!isOfAUser(fieldOf(session, sd_session_get_class)) ||
-        sd_session_get_uid(session, &user) < 0)
+    if (!isOfAUser(fieldOf(session, systemd().sessionGetClass)) ||
+        systemd().sessionGetUid(session, &user) < 0)
         return;
     const std::string name = oneLine(userName(user));
-    const std::string terminal = fieldOf(session, sd_session_get_tty);
+    const std::string terminal = fieldOf(session, systemd().sessionGetTty);
     if (!name.empty()) logins.push_back({name, terminal.empty() ? oneLine(session) : terminal});
 }
 
@@ -46,7 +45,8 @@ void addSession(std::vector<Login>& logins, const char* session) {
 std::vector<Login> logindSessions() {
     std::vector<Login> logins;
     char** sessions = nullptr;
-    if (sd_get_sessions(&sessions) < 0 || sessions == nullptr) return logins;
+    if (!loadSystemd() || systemd().getSessions(&sessions) < 0 || sessions == nullptr)
+        return logins;
     for (char** each = sessions; *each != nullptr; ++each) {
         const std::unique_ptr<char, FreeText> session(*each);
         addSession(logins, session.get());

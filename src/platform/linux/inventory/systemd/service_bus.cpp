@@ -1,10 +1,10 @@
 #include "platform/linux/inventory/systemd/service_bus.h"
 
-#include <systemd/sd-bus.h>
-
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
+
+#include "platform/linux/system/systemd_calls.h"
 
 namespace velmora::linuxhost {
 
@@ -14,19 +14,19 @@ constexpr const char* service = "org.freedesktop.systemd1";
 constexpr const char* timerInterface = "org.freedesktop.systemd1.Timer";
 
 struct Unreference {
-    void operator()(sd_bus_message* message) const { sd_bus_message_unref(message); }
+    void operator()(sd_bus_message* message) const { systemd().busMessageUnref(message); }
 };
 using BusMessage = std::unique_ptr<sd_bus_message, Unreference>;
 
 // Which units with a name like "*.timer" there are, in any state.
 BusMessage questionForTimers(sd_bus* bus) {
     sd_bus_message* message = nullptr;
-    if (sd_bus_message_new_method_call(bus, &message, service, "/org/freedesktop/systemd1",
-                                       "org.freedesktop.systemd1.Manager",
-                                       "ListUnitsByPatterns") < 0)
+    if (systemd().busMessageNewMethodCall(bus, &message, service, "/org/freedesktop/systemd1",
+                                          "org.freedesktop.systemd1.Manager",
+                                          "ListUnitsByPatterns") < 0)
         return nullptr;
     BusMessage question(message);
-    if (sd_bus_message_append(message, "asas", 0, 1, "*.timer") < 0) return nullptr;
+    if (systemd().busMessageAppend(message, "asas", 0, 1, "*.timer") < 0) return nullptr;
     return question;
 }
 
@@ -34,14 +34,14 @@ BusMessage questionForTimers(sd_bus* bus) {
 // the number, kind and object.
 std::vector<Unit> readUnits(sd_bus_message* answer) {
     std::vector<Unit> units;
-    if (sd_bus_message_enter_container(answer, 'a', "(ssssssouso)") < 0) return units;
+    if (systemd().busMessageEnterContainer(answer, 'a', "(ssssssouso)") < 0) return units;
     const char* id = nullptr;
     const char* description = nullptr;
     const char* object = nullptr;
     const char* other = nullptr;
     std::uint32_t job = 0;
-    while (sd_bus_message_read(answer, "(ssssssouso)", &id, &description, &other, &other, &other,
-                               &other, &object, &job, &other, &other) > 0)
+    while (systemd().busMessageRead(answer, "(ssssssouso)", &id, &description, &other, &other,
+                                    &other, &other, &object, &job, &other, &other) > 0)
         units.push_back({.id = id, .description = description, .object = object});
     return units;
 }
@@ -49,7 +49,7 @@ std::vector<Unit> readUnits(sd_bus_message* answer) {
 }  // namespace
 
 void ServiceBus::Close::operator()(sd_bus* bus) const {
-    sd_bus_close_unref(bus);
+    systemd().busCloseUnref(bus);
 }
 
 void ServiceBus::giveTime(std::chrono::microseconds time) {
@@ -63,21 +63,21 @@ std::uint64_t ServiceBus::timeLeft() const {
 }
 
 bool ServiceBus::isConnected() {
-    return bus_ && sd_bus_is_ready(bus_.get()) > 0;
+    return bus_ && systemd().busIsReady(bus_.get()) > 0;
 }
 
 // A call would wait for the connection, too, but much longer than for its answer.
 bool ServiceBus::connect() {
     if (bus_) return isConnected();
     sd_bus* bus = nullptr;
-    if (sd_bus_open_system(&bus) < 0) return false;
+    if (!loadSystemd() || systemd().busOpenSystem(&bus) < 0) return false;
     bus_.reset(bus);
-    while (sd_bus_is_ready(bus) == 0) {
-        const int progress = sd_bus_process(bus, nullptr);
+    while (systemd().busIsReady(bus) == 0) {
+        const int progress = systemd().busProcess(bus, nullptr);
         if (progress > 0) continue;
         const std::uint64_t left = timeLeft();
         if (progress < 0 || left == 0) return false;
-        const int wait = sd_bus_wait(bus, left);
+        const int wait = systemd().busWait(bus, left);
         if (wait < 0 && wait != -EINTR) return false;
     }
     return isConnected();
@@ -86,14 +86,14 @@ bool ServiceBus::connect() {
 // Without any time left, a call would wait as long as the library likes.
 bool ServiceBus::mayAsk() {
     const std::uint64_t left = timeLeft();
-    return isConnected() && left > 0 && sd_bus_set_method_call_timeout(bus_.get(), left) >= 0;
+    return isConnected() && left > 0 && systemd().busSetMethodCallTimeout(bus_.get(), left) >= 0;
 }
 
 std::optional<std::vector<Unit>> ServiceBus::timers() {
     if (!connect() || !mayAsk()) return std::nullopt;
     const BusMessage question = questionForTimers(bus_.get());
     sd_bus_message* answer = nullptr;
-    if (!question || sd_bus_call(bus_.get(), question.get(), 0, nullptr, &answer) < 0)
+    if (!question || systemd().busCall(bus_.get(), question.get(), 0, nullptr, &answer) < 0)
         return std::nullopt;
     const BusMessage owner(answer);
     return readUnits(answer);
@@ -101,8 +101,8 @@ std::optional<std::vector<Unit>> ServiceBus::timers() {
 
 std::optional<std::string> ServiceBus::timerText(const Unit& unit, const char* property) {
     char* text = nullptr;
-    if (!mayAsk() || sd_bus_get_property_string(bus_.get(), service, unit.object.c_str(),
-                                                timerInterface, property, nullptr, &text) < 0)
+    if (!mayAsk() || systemd().busGetPropertyString(bus_.get(), service, unit.object.c_str(),
+                                                    timerInterface, property, nullptr, &text) < 0)
         return std::nullopt;
     const std::unique_ptr<char, decltype(&std::free)> owner(text, &std::free);
     return text;
@@ -111,8 +111,8 @@ std::optional<std::string> ServiceBus::timerText(const Unit& unit, const char* p
 std::optional<std::uint64_t> ServiceBus::timerNumber(const Unit& unit, const char* property) {
     std::uint64_t number = 0;
     if (!mayAsk() ||
-        sd_bus_get_property_trivial(bus_.get(), service, unit.object.c_str(), timerInterface,
-                                    property, nullptr, 't', &number) < 0)
+        systemd().busGetPropertyTrivial(bus_.get(), service, unit.object.c_str(), timerInterface,
+                                        property, nullptr, 't', &number) < 0)
         return std::nullopt;
     return number;
 }
