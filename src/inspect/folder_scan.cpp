@@ -58,12 +58,15 @@ std::string StripNulls(const std::string& sText) {
 }
 
 std::string fFindChangedTimes(Kernel32& kernel32, const std::string& sPath, std::uint64_t Reference,
-                              std::uint64_t& Newest, std::int32_t ChangeType) {
+                              std::uint64_t& Newest, std::int32_t ChangeType,
+                              const ListingProgress& progress) {
     const std::string folder = withBackSlash(sPath);
     const std::string head = reportHead(ChangeType, folder);
     std::string report;
     Listing listing(kernel32, folder);
+    std::size_t entries = 0;
     for (bool more = listing.found(); more; more = listing.next()) {
+        if (++entries % entriesBetweenProgress == 0 && progress) progress(entries);
         const FindData& entry = listing.entry();
         std::uint64_t matching = entry.ftLastWriteTime;
         if (kernel32.CompareFileTime(matching, Reference) != 1) {

@@ -34,7 +34,9 @@ WaitTest::WaitTest(FrmWaitTest& frmWaitTest, Globals& globals, Platform& platfor
 
 std::string WaitTest::prcPubFindFilesByTime(const std::string& sPath) {
     std::uint64_t newest = 0;
-    return fFindChangedTimes(sPath, globals_.lastFileTime, newest, change::lastWrite);
+    return velmora::fFindChangedTimes(
+        platform_.kernel32, sPath, globals_.lastFileTime, newest, change::lastWrite,
+        [&](std::size_t entries) { host_.ShowListing(sPath, entries); });
 }
 
 cWatchForChanges& WaitTest::watchBy(std::unique_ptr<cWatchForChanges> watcher) {

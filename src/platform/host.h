@@ -2,6 +2,7 @@
 // answers from a list.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -60,6 +61,9 @@ class Host {
     /// Begins and ends a time in which the program answers nobody: a window shows it by its
     /// pointer. Each beginning needs its end; see Busy.
     virtual void ShowBusy(bool /*isBusy*/) {}
+    /// Said now and then in the middle of a long listing, with the entries that it has read.
+    /// Nothing of the program may run meanwhile: a window says it and draws itself.
+    virtual void ShowListing(const std::string& /*folder*/, std::size_t /*entries*/) {}
     /// Shows what happened and doesn't wait: the program goes on, with a user in front of it or
     /// without. Where there is standard error to read, one line says the same.
     virtual void Tell(const Box& box) = 0;

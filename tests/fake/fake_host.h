@@ -30,6 +30,9 @@ class FakeHost final : public Host {
         busy += isBusy ? 1 : -1;
         if (isBusy) ++timesBusy;
     }
+    void ShowListing(const std::string& folder, std::size_t entries) override {
+        listings.push_back(folder + ' ' + std::to_string(entries));
+    }
     void Tell(const Box& box) override { told.push_back(box); }
     std::string BrowseForFolder(const std::string& title) override {
         dialogs.push_back(title);
@@ -57,6 +60,7 @@ class FakeHost final : public Host {
     std::deque<BoxAnswer> answers;    ///< for the next boxes; the cancelling answer when used up
     std::deque<std::string> paths;    ///< for the next dialogs; empty when used up
     std::vector<Box> boxes;
+    std::vector<std::string> listings;    ///< "folder entries" each time that one is said
     std::vector<Box> told;                ///< those that wait for nobody
     std::vector<std::string> dialogs;     ///< titles of the dialogs shown
     std::vector<FileDialog> fileDialogs;  ///< the file dialogs among them, whole

@@ -210,5 +210,12 @@ TEST(StripNulls, GivesTheTextUpToTheFirstNulOrAllOfIt) {
     EXPECT_EQ(StripNulls(""), "");
 }
 
+TEST(ChangedTimes, ALongListingTellsHowFarItIs) {
+    WaitRig rig;
+    for (std::size_t i = 0; i < 2 * entriesBetweenProgress + 1; ++i) rig.add("old.txt");
+    EXPECT_EQ(rig.changedTimes(), "");
+    EXPECT_EQ(rig.host.listings, (std::vector<std::string>{"C:\\data 4096", "C:\\data 8192"}));
+}
+
 }  // namespace
 }  // namespace velmora::tests

@@ -1,4 +1,7 @@
 // During a long check, the window reacts.
+#include <QStatusBar>
+
+#include "qt/paint_counter.h"
 #include "qt/window_test.h"
 
 namespace velmora::tests {
@@ -76,6 +79,66 @@ TEST_F(MessageLoopTest, CancelInTheProgressWindowStopsThePass) {
     EXPECT_LT(asked, 1000);
     settle();
     EXPECT_FALSE(program->window("Icon0")->isVisible());
+}
+
+// Between two frames no event is handled, so nothing can have changed a drive.
+TEST_F(MessageLoopTest, ADriveIsMeasuredForManyRowsWhileNothingRuns) {
+    watch(1000);
+    machine.log.clear();
+    machine.advance(10'000);
+    program->timers().fireDue();
+    EXPECT_EQ(form1().ListView1.Count(), 1000);
+    EXPECT_GT(machine.log.countOf("GetDrive C:"), 0);
+    EXPECT_LT(machine.log.countOf("GetDrive C:"), 500);
+}
+
+TEST_F(MessageLoopTest, ADriveIsMeasuredAnewWhenSomethingCanHaveRun) {
+    watch(20);
+    slowDrives(17'000);  // longer than a frame
+    machine.log.clear();
+    machine.advance(10'000);
+    program->timers().fireDue();
+    EXPECT_EQ(machine.log.countOf("GetDrive C:"), 20);
+}
+
+// No handler may run within a listing, so nothing of the event loop does.
+TEST_F(MessageLoopTest, ALongListingIsSaidAndDrawnWhileNothingElseRuns) {
+    auto* bar = window()->findChild<QStatusBar*>();
+    ASSERT_NE(bar, nullptr);
+    machine.folders.insert("c:\\data");
+    machine.listings["C:\\data"].assign(20'000, {.cFileName = "a file"});
+    ListView& list = form1().ListView1;
+    list.Clear();
+    list.Add("C:\\data").setChecked(true);
+    form1().lstEvt.setSelected(evt::modification, true);
+    checkAtEachTick();
+    settle();
+    PaintCounter paints(bar);
+    bool ranBetween = false;
+    int before = 0;
+    QString said;
+    machine.onCall = [&](const std::string& call) {
+        if (!call.starts_with("FindNextFileA") || !said.isEmpty()) return;
+        if (before == 0) {
+            QTimer::singleShot(0, window(), [&] { ranBetween = said.isEmpty(); });
+            paints.count = 0;
+        }
+        ++before;
+        QElapsedTimer timer;
+        timer.start();
+        while (timer.nsecsElapsed() < 50'000) {
+        }
+        if (bar->currentMessage().isEmpty()) return;
+        said = bar->currentMessage();
+        EXPECT_GT(paints.count, 0);
+    };
+    machine.advance(10'000);
+    program->timers().fireDue();
+    EXPECT_TRUE(said.startsWith("Listing C:\\data: ")) << said.toStdString();
+    EXPECT_TRUE(said.endsWith(" entries so far")) << said.toStdString();
+    EXPECT_GE(before, 8000);  // not at once: that would be a flicker at each check
+    EXPECT_FALSE(ranBetween);
+    QTRY_VERIFY(bar->currentMessage().isEmpty());
 }
 
 TEST_F(MessageLoopTest, NoEventWaitsLongDuringACheckOfAThousandRows) {

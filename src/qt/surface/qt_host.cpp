@@ -3,8 +3,11 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QLabel>
+#include <QLocale>
 #include <QMessageBox>
+#include <QStatusBar>
 
+#include <utility>
 #include <vector>
 
 #include "qt/surface/box_look.h"
@@ -17,6 +20,9 @@ namespace {
 
 // The time of a frame on the screen: more frequent yields would not be noticed.
 constexpr qint64 yieldInterval = 16;
+
+// Milliseconds of a listing that nobody takes for a wait.
+constexpr qint64 listingInstant = 200;
 
 BoxAnswer answerOf(int button, BoxButtons buttons) {
     switch (button) {
@@ -106,6 +112,22 @@ void QtHost::ShowBusy(bool isBusy) {
     }
 }
 
+// Drawn right here, since handlers would run in the event loop. There the message goes by itself.
+void QtHost::ShowListing(const std::string& folder, std::size_t entries) {
+    const bool begins = entries <= std::exchange(entriesShown_, entries);
+    if (begins || !sinceListing_.isValid()) sinceListing_.start();
+    if (sinceListing_.elapsed() < listingInstant) return;
+    sinceListing_.start();
+    QWidget* main = windows_.find("Form1");
+    auto* bar = main != nullptr ? main->findChild<QStatusBar*>() : nullptr;
+    if (bar == nullptr || !main->isVisible()) return;
+    const QString count = QLocale().toString(static_cast<qulonglong>(entries));
+    bar->showMessage(QStringLiteral("Listing %1: %2 entries so far").arg(shown(folder), count), 1);
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        QCoreApplication::sendPostedEvents(window, QEvent::UpdateRequest);
+    }
+}
+
 // `offer` is null or stands below the text; it stays the caller's.
 BoxAnswer QtHost::show(const Box& box, QCheckBox* offer) {
     QMessageBox dialog(shownIcon(box.icon), shown(box.title), shownLines(box.text),
@@ -164,11 +186,12 @@ void QtHost::Beep() {
     QApplication::beep();
 }
 
-void QtHost::DoEvents() {
-    if (sinceYield_.elapsed() < yieldInterval) return;
+bool QtHost::DoEventsRan() {
+    if (sinceYield_.elapsed() < yieldInterval) return false;
     QApplication::processEvents();
     sinceYield_.start();
     hand_.throwWhenEnded();
+    return true;
 }
 
 }  // namespace velmora::qt

@@ -23,6 +23,8 @@ class QtHost final : public Host {
     BoxAnswer MsgBox(const Box& box) override;
     SeriesAnswer MsgBoxOfSeries(const Box& box, const std::string& offer) override;
     void ShowBusy(bool isBusy) override;
+    /// In the status bar, once the listing has taken longer than a user takes for an instant.
+    void ShowListing(const std::string& folder, std::size_t entries) override;
     void Tell(const Box& box) override;
     /// The system's own folder dialog where there is one, Qt's otherwise.
     std::string BrowseForFolder(const std::string& title) override;
@@ -32,7 +34,9 @@ class QtHost final : public Host {
     void Note(const std::string& /*text*/) override {}
     /// Processes events at most every few milliseconds: a check yields several times a row, and
     /// asking the window system each time would take longer than the check.
-    void DoEvents() override;
+    void DoEvents() override { DoEventsRan(); }
+    /// Between two times nothing runs.
+    bool DoEventsRan() override;
 
   private:
     QWidget* owner() const;
@@ -44,6 +48,8 @@ class QtHost final : public Host {
     ShellLinks shellLinks_;
     ToldBoxes told_;
     QElapsedTimer sinceYield_;
+    std::size_t entriesShown_ = 0;  // of the listing that goes on
+    QElapsedTimer sinceListing_;    // since it began, or was drawn last
 };
 
 }  // namespace velmora::qt
