@@ -64,7 +64,7 @@ SWAPS = [(re.compile(pattern), new) for pattern, new in (
     (r"\bbreak;", ";"), (r"\bcontinue;", ";"))]
 CONDITION = re.compile(r"(?<=if \()(?!constexpr)")
 NUMBER = re.compile(r"(?<![\w.\"'#])(\d+)(?![\w.\"'])")
-TEXT = re.compile(r'"((?:[^"\\]|\\.)+)"')
+TEXT = re.compile(r'"((?:[^"\\]|\\.)*)"')
 CALL = re.compile(r"^\s+[\w.:>\-\[\]()]+\([^;{}]*\);$")
 PASSED_OVER = ("//", "#", "*", "/*", "static_assert", "namespace", "using", "template")
 DECLARED = re.compile(r"(const )?auto|(const )?\w[\w:<>*& ]* \w+ =")
@@ -171,7 +171,7 @@ class Build:
         if not (self.folder / "build.ninja").exists():
             linker = ["-DCMAKE_EXE_LINKER_FLAGS=-fuse-ld=lld"] if shutil.which("ld.lld") else []
             made = run(["cmake", "-S", self.copy, "-B", self.folder, "-G", "Ninja", *linker,
-                        "-DCMAKE_BUILD_TYPE=Debug", "-DCMAKE_CXX_FLAGS_DEBUG=-O0"])
+                        "-DCMAKE_BUILD_TYPE=Debug", "-DCMAKE_CXX_FLAGS_DEBUG=-O0 -D_GLIBCXX_ASSERTIONS"])
             if made.returncode:
                 sys.exit(made.stdout[-2000:])
         rules = (self.folder / "build.ninja").read_text()

@@ -5,9 +5,11 @@
 #include <algorithm>
 #include <cctype>
 #include <set>
+#include <sstream>
 #include <string>
 #include <vector>
 
+#include "fields_page.h"
 #include "forms/forms.h"
 
 namespace velmora {
@@ -77,13 +79,32 @@ TEST_F(FieldWordsTest, ASignHasWords) {
     }
 }
 
-TEST_F(FieldWordsTest, WordsEndWithAWord) {
-    for (const std::string& name : fieldsWithWords()) {
-        const std::size_t point = name.find('.');
-        const std::string words(fieldWords(name.substr(0, point), name.substr(point + 1)));
-        ASSERT_FALSE(words.empty()) << name;
-        EXPECT_TRUE(std::isalnum(static_cast<unsigned char>(words.back())) != 0) << words;
+// "| `Form.Field` | words |" of each field, as docs/fields.md has it.
+std::string lineOfManual(const Control& control) {
+    const std::string& form = control.form().Name();
+    const std::string words(fieldWords(form, control.fullName()));
+    return "| `" + form + "." + control.fullName() + "` | " +
+           (words.empty() ? control.shownWords() : words) + " |";
+}
+
+TEST_F(FieldWordsTest, TheManualNamesEachFieldWithItsWords) {
+    std::vector<std::string> inManual;
+    std::istringstream page(tests::fieldsPage);
+    for (std::string line; std::getline(page, line);) {
+        if (line.ends_with('\r')) line.pop_back();
+        if (line.starts_with("| `")) inManual.push_back(line);
     }
+    std::size_t next = 0;
+    for (Form* form : forms.all()) {
+        for (Control* control : form->controls()) {
+            ASSERT_LT(next, inManual.size()) << lineOfManual(*control);
+            EXPECT_EQ(inManual[next++], lineOfManual(*control));
+        }
+    }
+    EXPECT_EQ(next, inManual.size());
+}
+
+TEST_F(FieldWordsTest, TheWordsOfAFieldAreFoundByItsName) {
     EXPECT_EQ(fieldWords("Form1", "ListView1"), "Watched drives and paths");
     EXPECT_EQ(fieldWords("Form1", "nothing"), "");
 }
