@@ -66,7 +66,7 @@ std::string fFindChangedTimes(Kernel32& kernel32, const std::string& sPath, std:
     Listing listing(kernel32, folder);
     std::size_t entries = 0;
     for (bool more = listing.found(); more; more = listing.next()) {
-        if (++entries % entriesBetweenProgress == 0 && progress) progress(entries);
+        if (++entries % entriesBetweenProgress == 1 && progress) progress(entries);
         const FindData& entry = listing.entry();
         std::uint64_t matching = entry.ftLastWriteTime;
         if (kernel32.CompareFileTime(matching, Reference) != 1) {

@@ -18,9 +18,9 @@ using Snapshot = std::deque<FindData>;
 /// The text up to the first NUL, or all of it.
 std::string StripNulls(const std::string& sText);
 
-/// Told the number of the entries that a listing has read, after each so many.
+/// Told the number of the entries that a listing has read: at the first and after each so many.
 using ListingProgress = std::function<void(std::size_t entries)>;
-inline constexpr std::size_t entriesBetweenProgress = 4096;
+inline constexpr std::size_t entriesBetweenProgress = 64;
 
 /// A report of two lines for every entry ("." and ".." too) that was written or, failing that,
 /// created later than `Reference`, in the order of the listing; empty when there is none or the

@@ -214,7 +214,8 @@ TEST(ChangedTimes, ALongListingTellsHowFarItIs) {
     WaitRig rig;
     for (std::size_t i = 0; i < 2 * entriesBetweenProgress + 1; ++i) rig.add("old.txt");
     EXPECT_EQ(rig.changedTimes(), "");
-    EXPECT_EQ(rig.host.listings, (std::vector<std::string>{"C:\\data 4096", "C:\\data 8192"}));
+    EXPECT_EQ(rig.host.listings,
+              (std::vector<std::string>{"C:\\data 1", "C:\\data 65", "C:\\data 129"}));
 }
 
 }  // namespace

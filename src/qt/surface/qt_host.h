@@ -23,7 +23,7 @@ class QtHost final : public Host {
     BoxAnswer MsgBox(const Box& box) override;
     SeriesAnswer MsgBoxOfSeries(const Box& box, const std::string& offer) override;
     void ShowBusy(bool isBusy) override;
-    /// In the status bar, once the listing has taken longer than a user takes for an instant.
+    /// In the status bar, once the listing has taken 200 ms, and each time that they have passed.
     void ShowListing(const std::string& folder, std::size_t entries) override;
     void Tell(const Box& box) override;
     /// The system's own folder dialog where there is one, Qt's otherwise.
