@@ -4,8 +4,9 @@ if(WIN32)
     include(${CMAKE_CURRENT_LIST_DIR}/windows_curl.cmake)
 else()
     # The first version that leaves its resolver's thread alone when it is told to.
+    set(CURL_NO_CURL_CMAKE ON)  # whose target doesn't always tell its file
     find_package(CURL 7.87 REQUIRED)
-    # Loaded with the first mail: it brings thirty libraries along, and took longer than all else that
+    # Loaded with the first mail or page: it brings thirty libraries along, and took longer than all else that
     # the console does at its start.
     include(${CMAKE_CURRENT_LIST_DIR}/loaded_library.cmake)
     get_target_property(file CURL::libcurl IMPORTED_LOCATION)

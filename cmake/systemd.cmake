@@ -8,7 +8,7 @@ endif()
 if(SYSTEMD_FOUND)
     # Loaded when it is needed, as few runs need it.
     include(${CMAKE_CURRENT_LIST_DIR}/loaded_library.cmake)
-    velmora_loaded_library(library "${SYSTEMD_LINK_LIBRARIES}" 240)
+    velmora_loaded_library(library "${SYSTEMD_LINK_LIBRARIES}" 241)
     target_include_directories(velmora_systemd SYSTEM INTERFACE ${SYSTEMD_INCLUDE_DIRS})
     target_compile_definitions(velmora_systemd INTERFACE VELMORA_HAS_SYSTEMD
         VELMORA_SYSTEMD_LIBRARY="${library}")

@@ -73,6 +73,9 @@ class Contents(unittest.TestCase):
         needed = debian.field("Depends")
         for library in ("libqt6widgets6", "libcurl4", "zlib1g", "libsystemd0", "libblkid1", "libc6"):
             self.assertRegex(needed, rf"\b{library} \(>= ")
+        # The first versions that have all functions that are called.
+        self.assertRegex(needed, r"\blibcurl4 \(>= 7\.87\)")
+        self.assertRegex(needed, r"\blibsystemd0 \(>= 241\)")
 
     def test_it_is_small(self):
         self.assertLess(debian.package().stat().st_size, 3_000_000)

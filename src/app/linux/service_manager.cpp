@@ -1,6 +1,7 @@
 #include "app/service_manager.h"
 
 #include <cstdlib>
+#include <iostream>
 
 #ifdef VELMORA_HAS_SYSTEMD
 #include "platform/linux/system/systemd_calls.h"
@@ -12,7 +13,13 @@ namespace velmora {
 
 ServiceManager serviceManagerOfProcess() {
     ServiceManager manager;
-    if (std::getenv("NOTIFY_SOCKET") == nullptr || !linuxhost::loadSystemd()) return manager;
+    if (std::getenv("NOTIFY_SOCKET") == nullptr) return manager;
+    if (!linuxhost::loadSystemd()) {
+        std::cerr
+            << "The service manager isn't told how the program stands: " VELMORA_SYSTEMD_LIBRARY
+               " could not be loaded.\n";
+        return manager;
+    }
     // The variables stay: they are read again for each message. What this program starts is not the
     // process that the manager listens to.
     manager.send = [](const std::string& lines) { linuxhost::systemd().notify(0, lines.c_str()); };

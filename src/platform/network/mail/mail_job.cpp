@@ -187,7 +187,7 @@ void MailJob::cancel() {
 std::string MailJob::send(SmtpMessage& message) {
     if (!curl_) {
         message.password.wipe();
-        return "The library that sends mail (libcurl) could not be loaded.";
+        return "The library that sends mail (libcurl) could not be made ready.";
     }
     Transfer transfer(*curl_, message, isCancelled_);
     const bool isPrepared = transfer.prepare();
