@@ -255,8 +255,8 @@ bool Volumes::isInMemory(const UniqueFd& place) const {
            (status.stx_mask & STATX_MNT_ID) != 0 && memoryMounts_.count(status.stx_mnt_id) > 0;
 }
 
-// A folder that the kernel hasn't read yet may still wait for its disk. So that drive is asked for
-// it first, with its deadline; the kernel knows the folder then.
+// The way to a folder that the kernel doesn't know may still wait for its disk. So that drive is
+// asked for it first, with its deadline; the kernel knows the way then.
 UniqueFd Volumes::openQuick(const std::string& hostPath) {
     Volume* holder = holderOf(hostPath);
     if (!holder || holder->helper.isPending()) return {};

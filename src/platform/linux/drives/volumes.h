@@ -1,7 +1,8 @@
 // The drives of this host: which there are now, and their answers.
 //
-// Drives whose sizes are in memory are asked right here, at the cost of the system call; all other
-// questions go to a helper process, one a drive. The mount table is read again only after the
+// Drives whose sizes are in memory are asked right here, at the cost of the system call, and so is
+// what the kernel or the memory of folders already knows; all other questions go to a helper
+// process, one a drive. The mount table is read again only after the
 // kernel has reported a change. Looking for that costs as much as the question itself, so for
 // drives in memory it is done every 50 ms, and between by the filesystem's identity in each answer.
 #pragma once
