@@ -40,6 +40,7 @@ void FakeMachine::Disks::writeOver(const std::string& path, std::string_view con
                                    Overwriting how) {
     machine.record("writeOver " + path);
     std::string& old = openForWriting(path);
+    if (how.isPrivate) machine.privateFiles.insert(keyOf(path));
     const auto room = machine.diskFull ? old.size() : content.size();
     if (how.reservesRoom && content.size() > room) throw RuntimeError(error::diskFull);
     old = content.substr(0, room);

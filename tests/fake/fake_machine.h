@@ -171,6 +171,8 @@ class FakeMachine final : public Machine {
     std::vector<std::pair<std::string, std::string>> moved;
     /// Open notification handles, each with the number of signals that are still to come.
     std::map<std::uint32_t, int> notifications;
+    /// Keys of the files that were written so that only their user may read them.
+    std::set<std::string> privateFiles;
     /// No file can grow: error 61. A file that isn't there is made, but stays empty.
     bool diskFull = false;
 

@@ -73,6 +73,7 @@ TEST_F(SettingsFileTest, SavingMakesNoOtherFile) {
     run(1);
     EXPECT_EQ(machine.files.size(), 1u);
     EXPECT_EQ(machine.log.calls(), Lines{"writeOver " + path});
+    EXPECT_TRUE(machine.privateFiles.contains(fake::keyOf(path)));  // the mail password is in it
 }
 
 TEST_F(SettingsFileTest, ReadingLeavesTheFileAsItIs) {

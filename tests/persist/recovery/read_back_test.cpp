@@ -56,7 +56,7 @@ TEST_F(ReadBackTest, SettingsThatComeBackGiveNoHint) {
 }
 
 TEST_F(ReadBackTest, TwoSendTimesEndTheNextStart) {
-    notify.lstNotTime.setSelected(1, true);
+    notify.lstNotTime.setSelected(0, true);
     notify.lstNotTime.setSelected(3, true);
     EXPECT_EQ(save(), Lines{"frmNotify.lstNotTime!"});
     EXPECT_TRUE(advises("Tick one entry at most."));

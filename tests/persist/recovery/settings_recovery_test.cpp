@@ -78,7 +78,9 @@ TEST_F(RecoveryTest, AReadingThatSucceedsLeavesNoFault) {
 }
 
 TEST_F(RecoveryTest, ThePlaceOfTheLastGoodCopyIsSaid) {
-    EXPECT_TRUE(contains(explained("")[2], "There is no good copy."));
+    EXPECT_EQ(explained("")[2],
+              "There is no good copy. The help says how to make a new file: velmora.html, "
+              "\"repair set.dat\".");
     EXPECT_FALSE(recovery.hasCopy());
     recovery.keep("good");
     EXPECT_EQ(explained("")[2],
@@ -93,6 +95,7 @@ TEST_F(RecoveryTest, RestoringPutsTheCopyBackAndKeepsWhatItReplaces) {
     const auto [isDone, done] = recovery.restore(asHost);
     EXPECT_TRUE(isDone);
     EXPECT_EQ(content(), "good");
+    EXPECT_TRUE(machine.privateFiles.contains(fake::keyOf(path)));  // the mail password is in it
     EXPECT_TRUE(done.starts_with("Settings were put back: host's " + path + ", from the user's "));
     EXPECT_TRUE(contains(done, "-replaced-1.dat"));
     bool isKept = false;

@@ -72,7 +72,8 @@ TEST(FileCopy, WhereBlocksCanBeSharedNothingIsCopied) {
     makeWithHole(disk.path() + "/file");
     EXPECT_EQ(copyWithin(disk.path()), 0);
     const auto calls = callsOf(SYS_copy_file_range, [&] { return copyWithin(disk.path()); });
-    EXPECT_EQ(calls.value_or(0), 0);
+    if (!calls) GTEST_SKIP() << "calls can't be counted";
+    EXPECT_EQ(*calls, 0);
 }
 
 }  // namespace
