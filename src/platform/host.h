@@ -61,9 +61,9 @@ class Host {
     /// Begins and ends a time in which the program answers nobody: a window shows it by its
     /// pointer. Each beginning needs its end; see Busy.
     virtual void ShowBusy(bool /*isBusy*/) {}
-    /// Said at the first entry of a listing and now and then while it goes on, with the entries that
-    /// it has read.
-    /// Nothing of the program may run meanwhile: a window says it and draws itself.
+    /// Said at the first entry of a listing and now and then while it goes on, with the entries
+    /// that it has read. Nothing of the program may run meanwhile: a window says it and draws
+    /// itself.
     virtual void ShowListing(const std::string& /*folder*/, std::size_t /*entries*/) {}
     /// Shows what happened and doesn't wait: the program goes on, with a user in front of it or
     /// without. Where there is standard error to read, one line says the same.
