@@ -142,7 +142,9 @@ TEST(SettingsReaderKeys, SoundAndListKeysAreFoundWithoutTheirEqualsSign) {
 
 TEST(SettingsReaderKeys, ALineWithoutAKeyIsPassedOver) {
     KeyRig rig, untouched;
-    EXPECT_EQ(rig.read({"nonsense", "key=value", "=", "custtimeDTPI=12:01:00 AM", " "}), 0);
+    EXPECT_EQ(rig.read({"nonsense", "key=value", "=", "custtimeDTPI=12:01:00 AM", " ",
+                        "txtAudio2=C:\\beep.wav", "txtAudio=C:\\beep.wav"}),
+              0);
     untouched.read({});
     EXPECT_EQ(rig.written(), untouched.written());
 }

@@ -63,10 +63,12 @@ TEST_F(ReadBackTest, TwoSendTimesEndTheNextStart) {
     EXPECT_EQ(nextStart(), error::typeMismatch);
 }
 
-TEST_F(ReadBackTest, TwoSectionsDoToo) {
-    notify.lstNotContent.setSelected(1, true);
-    notify.lstNotContent.setSelected(3, true);
+TEST_F(ReadBackTest, AllSectionsDoToo) {
+    for (int i = 0; i < notify.lstNotContent.ListCount(); ++i) {
+        notify.lstNotContent.setSelected(i, true);
+    }
     EXPECT_EQ(save(), Lines{"frmNotify.lstNotContent!"});
+    EXPECT_TRUE(advises("Tick one entry at most."));
     EXPECT_EQ(nextStart(), error::typeMismatch);
 }
 
