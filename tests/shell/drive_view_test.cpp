@@ -164,8 +164,12 @@ TEST_F(DriveViewTest, ADriveThatIsNotReadyIsShownWithoutAPie) {
 
 TEST_F(DriveViewTest, NothingOfAnotherDriveStays) {
     meter.prcShowfrmIndDri("C:\\");
+    view.Option1[1].userClick();
+    view.VScroll1.userScroll(50);
+    ASSERT_EQ(view.Text1.Text(), "500");
     machine.drives["D:"].ready = false;
     view.Combo1.userChoose(1);
+    EXPECT_EQ(view.Text1.Text(), "1000");  // half of this one
     EXPECT_TRUE(view.picPie.shapes().empty());
     EXPECT_EQ(view.picPie.Title(), "");
     EXPECT_EQ(view.ProgressBar1.Value(), 0);
