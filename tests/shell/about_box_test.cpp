@@ -87,6 +87,10 @@ TEST_F(AboutBoxTest, RunsTheProgramThatTheRegistryNames) {
     EXPECT_EQ(run(), Texts{"C:\\Tools\\msinfo32.exe"});
     EXPECT_TRUE(host.boxes.empty());
     EXPECT_EQ(machine.openKeys(), 0);
+    // Without options, and for reading alone.
+    EXPECT_EQ(machine.log.countOf("RegOpenKeyExA 2147483650 SOFTWARE\\Microsoft\\Shared "
+                                  "Tools\\MSINFO 0 131097"),
+              1);
 }
 
 TEST_F(AboutBoxTest, OtherwiseRunsTheOneInTheFolderThatTheRegistryNames) {
