@@ -127,7 +127,6 @@ Texts candidates(Forms& forms, const Typed& typed) {
     const Texts& words = typed.words;
     const std::string& command = words.front();
     if (words.size() == 1) return Commands::names();
-    if (words.size() == 3 && command == "tick") return {};
     if (words.size() == 4 && command == "tick") return {"on", "off"};
     if (words.size() == 3 && command == "select") return {"none"};
     if (words.size() == 3 && command == "doubleclick") return {"row"};

@@ -226,6 +226,26 @@ class ClosingPipe : public std::streambuf {
     int left_;
 };
 
+// Text that reaches a reader only when it is flushed.
+struct HeldText : std::stringbuf {
+    int sync() override {
+        sent = str();
+        return 0;
+    }
+    std::string sent;
+};
+
+TEST_F(ConsoleProgram, WhatWasSaidLastIsSentAlsoBeforeAnErrorEndsIt) {
+    for (const char* lines : {"get txtAmt\n", "set txtAmt.Text abc\nclick UpDown3.Up\n"}) {
+        std::istringstream in(lines);
+        HeldText held;
+        std::ostream out(&held);
+        runConsole(machine, {.input = in, .output = out, .sleep = [](std::int64_t) {}});
+        EXPECT_EQ(held.sent, held.str());
+        EXPECT_NE(held.sent, "");
+    }
+}
+
 TEST_F(ConsoleProgram, EndsWithStatus1WhenItsReaderIsGone) {
     for (const int bytes : {0, 10, 100, 1000}) {
         std::istringstream in("json on\nwait forever\n");

@@ -234,7 +234,9 @@ TEST_F(CommandsTest, FireTicksATimerNow) {
     EXPECT_EQ(run("fire frmIndDri.Timer1"), "ok\n");  // also one that is off
     EXPECT_EQ(done, "tick");
     EXPECT_EQ(slept, 0);
-    EXPECT_TRUE(refuses("fire ListView1"));
+    EXPECT_EQ(run("fire ListView1"), "error: not a timer: ListView1\n");
+    EXPECT_EQ(run("menu ListView1"), "error: not a menu entry: ListView1\n");
+    EXPECT_EQ(run("rows Timer1"), "error: not a list of rows: Timer1\n");
     EXPECT_TRUE(refuses("fire Timer1(1)"));
 }
 
@@ -248,6 +250,16 @@ TEST_F(CommandsTest, AnswerQueuesForQuestionsAndDialogs) {
     for (const char* text : {"a b", "c\nd", "drive path of /f", "drive path of /g h", ""}) {
         EXPECT_EQ(host.BrowseForFolder(""), text);
     }
+}
+
+TEST_F(CommandsTest, AnswerFilesQueuesFilesOfOneFolder) {
+    EXPECT_EQ(run("answer files C:\\a\\x.txt \"C:\\a\\y z.txt\""), "ok\n");
+    const std::string folderAndNames{"drive path of C:\\a\0x.txt\0y z.txt", 32};
+    EXPECT_EQ(host.OpenFileDialog({.Flags = file_dialog::allowMultiselect}), folderAndNames);
+    EXPECT_EQ(run("answer files C:\\a\\x.txt C:\\a\\y.txt"), "ok\n");
+    EXPECT_EQ(host.OpenFileDialog({}), "drive path of C:\\a\\x.txt");
+    EXPECT_TRUE(refuses("answer files C:\\a\\x.txt C:\\b\\y.txt"));
+    EXPECT_TRUE(refuses("answer files"));
 }
 
 TEST_F(CommandsTest, AnswerRefusesOthersAndQueuesNothing) {

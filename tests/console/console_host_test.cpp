@@ -51,6 +51,11 @@ TEST_F(ConsoleHostTest, KeepsAnAnswerThatTheQuestionDoesntOffer) {
     EXPECT_EQ(ask(BoxButtons::yesNo), BoxAnswer::yes);
 }
 
+TEST_F(ConsoleHostTest, ABeepIsSaid) {
+    host.Beep();
+    EXPECT_EQ(printed(), "shell: Beep\n");
+}
+
 TEST_F(ConsoleHostTest, SpendsNoAnswerOnABoxWithOneButton) {
     host.queueAnswer(BoxAnswer::ok);
     EXPECT_EQ(ask(BoxButtons::ok), BoxAnswer::ok);
