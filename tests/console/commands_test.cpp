@@ -341,16 +341,16 @@ TEST_F(CommandsTest, ARowIsPrintedWithAllThatItCarries) {
     row.setSubTag(1, "first");
     row.setSubKey(1, "key");
     row.setReportIcon(1, "alert");
-    row.setSubTag(3, "third");
+    row.setSubTag(4, "fourth");
     EXPECT_EQ(run("row ListView1 1"),
               "1 [ ] C:\\ | 5 KB |  |  |  <alert>\n"
               "    Tag a tag\n    SmallIcon drive\n"
               "    Tag(1) first\n    Key(1) key\n    ReportIcon(1) alert\n"
-              "    Tag(3) third\n");
+              "    Tag(4) fourth\n");
     run("json on");
     EXPECT_EQ(run("row ListView1 1"),
               R"({"ok":{"Text":"C:\\","SubItems":["5 KB","","",""],"Checked":false,)"
-              R"("Selected":false,"Bold":false,"Tag":"a tag","SubTags":["first","","third",""],)"
+              R"("Selected":false,"Bold":false,"Tag":"a tag","SubTags":["first","","","fourth"],)"
               R"("ReportIcon":"alert","SmallIcon":"drive","SubKeys":["key","","",""],)"
               R"("SubIcons":["alert","","",""]}})"
               "\n");

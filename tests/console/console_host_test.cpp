@@ -5,6 +5,7 @@
 #include <new>
 
 #include "base/runtime_error.h"
+#include "platform/work_steps.h"
 #include "session.h"
 
 namespace velmora::console {
@@ -49,6 +50,20 @@ TEST_F(ConsoleHostTest, KeepsAnAnswerThatTheQuestionDoesntOffer) {
     EXPECT_EQ(ask(BoxButtons::yesNo), BoxAnswer::no);
     EXPECT_EQ(ask(BoxButtons::okCancel), BoxAnswer::cancel);
     EXPECT_EQ(ask(BoxButtons::yesNo), BoxAnswer::yes);
+}
+
+// A turn of the loop is one; a timer that ran in it may have taken long.
+TEST_F(ConsoleHostTest, ATurnInWhichSomethingRanIsTwoStepsOfWork) {
+    int steps = 0;
+    hearWorkSteps([&] { ++steps; });
+    host.DoEvents();
+    EXPECT_EQ(steps, 1);
+    forms.form1.Timer1.setInterval(10);
+    forms.form1.Timer1.setEnabled(true);
+    machine.advance(10);
+    host.DoEvents();
+    hearWorkSteps({});
+    EXPECT_EQ(steps, 3);
 }
 
 TEST_F(ConsoleHostTest, ABeepIsSaid) {

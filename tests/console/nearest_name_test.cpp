@@ -18,6 +18,7 @@ TEST(NearestName, OneLetterInThreeMayDiffer) {
     EXPECT_EQ(nearestName("gett", known), "get");  // too many
     EXPECT_EQ(nearestName("gat", known), "get");   // wrong
     EXPECT_EQ(nearestName("gte", known), "get");   // changed with the next
+    EXPECT_EQ(nearestName("egt", known), "get");   // also the first
     EXPECT_EQ(nearestName("slct", known), "");     // two of four
     EXPECT_EQ(nearestName("selcet", known), "select");
     EXPECT_EQ(nearestName("slet", known), "set");
