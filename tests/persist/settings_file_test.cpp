@@ -4,6 +4,7 @@
 
 #include <limits>
 
+#include "fake/fake_parts.h"
 #include "settings_rig.h"
 
 namespace velmora::tests {

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "base/text_sum.h"
+#include "fake/fake_parts.h"
 #include "persist/settings_rig.h"
 
 namespace velmora::tests {
