@@ -236,7 +236,7 @@ TEST_F(CommandsTest, FireTicksATimerNow) {
     EXPECT_EQ(slept, 0);
     EXPECT_EQ(run("fire ListView1"), "error: not a timer: ListView1\n");
     EXPECT_EQ(run("menu ListView1"), "error: not a menu entry: ListView1\n");
-    EXPECT_EQ(run("rows Timer1"), "error: not a list of rows: Timer1\n");
+    EXPECT_EQ(run("rows Timer1"), "error: not a list: Timer1\n");
     EXPECT_TRUE(refuses("fire Timer1(1)"));
 }
 
