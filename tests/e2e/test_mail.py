@@ -349,5 +349,44 @@ class WindowsEncrypted(Encrypted, OwnWindows, unittest.TestCase):
         return "Z:" + path.replace("/", "\\")
 
 
+class WithoutLibraries(OwnNative, unittest.TestCase):
+    """The libraries that are loaded when they are needed can't be: a file of their name is none."""
+
+    def setUp(self):
+        super().setUp()
+        self.put_settings(SETTINGS)
+        self.broken = self.folder / "broken"
+        self.broken.mkdir()
+
+    def environment(self):
+        return {**super().environment(), "LD_LIBRARY_PATH": str(self.broken),
+                "NOTIFY_SOCKET": str(self.folder / "nobody")}
+
+    def test_a_mail_that_no_library_sends_is_told_and_the_program_goes_on(self):
+        (self.broken / "libcurl.so.4").write_text("no library", encoding="utf-8")
+        self.launch()
+        for name, value in (("txtMailServer", "localhost"), ("txtMailPort", "465"),
+                            ("txtYourEmail", "alice@other.example"), ("txtUser", "user"), ("txtPass", "pass"),
+                            ("cboEncryption", "TLS"), ("cboNotEmail", "bob@test.example")):
+            self.console.set(f"frmNotify.{name}.Text", value)
+        self.console.run("click frmNotify.cmdAdd")
+        self.console.run("answer yes")
+        self.console.run("click frmNotify.Command1")
+        alert = self.console.rows("LVAlert")[0]["SubItems"][1]
+        self.assertRegex(alert, "^Notification Message not sent to: bob@test.example .*"
+                                r"The library that sends mail \(libcurl\) could not be made ready\.")
+        self.assertEqual(self.console.get("frmNotify.txtMailServer"), "localhost")
+
+    def test_a_service_says_that_nobody_is_told_of_it(self):
+        if b"libsystemd.so.0" not in self.program.read_bytes():
+            self.skipTest("built without libsystemd")
+        (self.broken / "libsystemd.so.0").write_text("no library", encoding="utf-8")
+        self.launch()
+        said = ("The service manager isn't told how the program stands: libsystemd.so.0 "
+                "could not be loaded.")
+        self.assertIn(said, self.console.noise_with(said))
+        self.console.run("get txtAmt")
+
+
 if __name__ == "__main__":
     unittest.main()
