@@ -203,7 +203,11 @@ class Window:
         wait_for(active, f"the window {self.title()} in front")
 
     def minimise(self):
-        self.desktop.xdotool("windowminimize", self.identity)
+        """Waits until it is: a window that the manager doesn't know yet stays as it is."""
+        def minimised():
+            self.desktop.xdotool("windowminimize", self.identity)
+            return not self.shown()
+        wait_for(minimised, "minimised window")
 
     def press(self, key):
         self.activate()

@@ -69,7 +69,6 @@ class Steps:
         with_path = self.folder / "one.log"
         with_path.write_text("x", encoding="utf-8")
         self.window.minimise()
-        wait_for(lambda: not self.window.shown(), "the minimised window")
         self.assertEqual(self.program.start_again("--single", str(with_path)), 0)
         wait_for(self.window.shown, "the window of the first start")
         self.assertIsNone(self.program.process.poll())
