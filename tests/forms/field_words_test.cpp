@@ -79,12 +79,14 @@ TEST_F(FieldWordsTest, ASignHasWords) {
     }
 }
 
-// "| `Form.Field` | words |" of each field, as docs/fields.md has it.
+// "| `Form.Field` | words | what it shows instead |" of each field, as docs/fields.md has it.
 std::string lineOfManual(const Control& control) {
     const std::string& form = control.form().Name();
+    const std::string shown = control.shownWords();
     const std::string words(fieldWords(form, control.fullName()));
-    return "| `" + form + "." + control.fullName() + "` | " +
-           (words.empty() ? control.shownWords() : words) + " |";
+    const bool isSaidAsShown = words.empty() || words == shown;
+    return "| `" + form + "." + control.fullName() + "` | " + (isSaidAsShown ? shown : words) +
+           " | " + (isSaidAsShown ? "" : shown) + " |";
 }
 
 TEST_F(FieldWordsTest, TheManualNamesEachFieldWithItsWords) {
@@ -106,6 +108,9 @@ TEST_F(FieldWordsTest, TheManualNamesEachFieldWithItsWords) {
 
 TEST_F(FieldWordsTest, TheWordsOfAFieldAreFoundByItsName) {
     EXPECT_EQ(fieldWords("Form1", "ListView1"), "Watched drives and paths");
+    EXPECT_EQ(fieldWords("Form1", "StatusBar1(1)"), "Activity");
+    EXPECT_EQ(fieldWords("Form1", "StatusBar1(2)"), "Detail");
+    EXPECT_EQ(fieldWords("Form1", "StatusBar1(3)"), "Counter");
     EXPECT_EQ(fieldWords("Form1", "nothing"), "");
 }
 

@@ -122,6 +122,12 @@ TEST_F(FrmNotifyTest, TheHeadingsOfTheListsInTheMailAreTheirTags) {
     EXPECT_EQ(forms.form1.LVProg.Tag(), "Listed Specified Program(s)");
 }
 
+TEST_F(FrmNotifyTest, TheSettingsFileKnowsTheListsByTheirTags) {
+    EXPECT_EQ(form.cboNotEmail.Tag(), "notcboEmail");
+    EXPECT_EQ(form.lstNotContent.Tag(), "NotlstContent");
+    EXPECT_EQ(form.lstNotTime.Tag(), "notlstTime");
+}
+
 TEST_F(FrmNotifyTest, TheLabelForANewerVersionIsEmpty) {
     EXPECT_EQ(forms.form1.lblNewVer.Caption(), "");
     EXPECT_EQ(forms.form1.find("lblNewVer"), &forms.form1.lblNewVer);

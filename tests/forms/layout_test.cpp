@@ -33,6 +33,12 @@ TEST(Layout, OnlySizesOfFilesStandAtTheRight) {
     }
 }
 
+TEST(Layout, TheWatchListHasAMarginInItsFrame) {
+    const Forms forms;
+    EXPECT_EQ(forms.form1.Frame8.bounds(), (Bounds{0, 600, 8030, 2700}));
+    EXPECT_EQ(forms.form1.ListView1.bounds(), (Bounds{120, 240, 7880, 2100}));
+}
+
 TEST(Layout, ThePagesOfTheMainWindowLieOverEachOther) {
     const Forms forms;
     EXPECT_EQ(forms.form1.lblTabCap.bounds(), (Bounds{1320, 2900, 6210, 255}));
