@@ -10,11 +10,13 @@ import scenarios  # noqa: E402
 from fault_cases import Sweep  # noqa: E402
 
 CALLS = 3
+# Of so many, the first that a run comes to: it may make fewer calls than another.
+CHOSEN = 12
 SEED = 5
 
 
 def some(calls):
-    return random.Random(SEED).sample(calls, CALLS)
+    return random.Random(SEED).sample(calls, min(CHOSEN, len(calls)))
 
 
 class SomeFailingCalls(Sweep):
@@ -24,10 +26,10 @@ class SomeFailingCalls(Sweep):
         return call.name != "pipe2" and not call.file.startswith("pipe:")
 
     def test_check(self):
-        self.sweep(scenarios.recycling, chosen=some)
+        self.sweep(scenarios.recycling, chosen=some, enough=CALLS)
 
     def test_save(self):
-        self.sweep(scenarios.save, chosen=some)
+        self.sweep(scenarios.save, chosen=some, enough=CALLS)
 
     def test_move_to_another_drive(self):
-        self.sweep(scenarios.move_over, chosen=some)
+        self.sweep(scenarios.move_over, chosen=some, enough=CALLS)

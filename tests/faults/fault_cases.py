@@ -79,13 +79,18 @@ class Sweep(FaultCase):
 
     counts = {}
 
-    def sweep(self, make, target=filesystems.Tmpfs, chosen=list):
-        """Each of the chosen calls fails with each error that suits it."""
+    def sweep(self, make, target=filesystems.Tmpfs, chosen=list, enough=None):
+        """Each of the chosen calls fails with each error that suits it, until `enough` calls have failed.
+
+        How many calls a run makes varies a little with the time that it takes: a few are missed."""
         self.begin(make, target)
         self.assertGreater(self.base.counted, 0)
         wrong = []
-        failed = missed = 0
+        reached = failed = missed = 0
         for call in chosen(list(filter(self.is_programs, self.base.calls))):
+            if reached == enough:
+                break
+            before = failed
             for error in tracer.ERRORS[call.name]:
                 run = self.run_anew(what="fail", number=call.number, error=error)
                 if not run.calls:
@@ -93,7 +98,11 @@ class Sweep(FaultCase):
                     continue
                 failed += 1
                 wrong += [f"{errno.errorcode[error]} at {call}: {what}" for what in self.after_failure(run, error)]
-        self.assertLessEqual(missed, failed // 10)
+            reached += failed > before
+        if enough is None:
+            self.assertLessEqual(missed, failed // 10)
+        else:
+            self.assertEqual(reached, enough)
         self.counts[self.id().split(".")[-1]] = (self.base.counted, failed)
         self.assertEqual(wrong, [], "\n".join(wrong))
 
