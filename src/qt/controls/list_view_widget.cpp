@@ -12,6 +12,7 @@
 
 #include "qt/colours/colours.h"
 #include "qt/controls/accessible_list.h"
+#include "qt/controls/chart_paint.h"
 #include "qt/controls/file_drops.h"
 #include "qt/surface/field.h"
 #include "qt/surface/menu_place.h"
