@@ -36,6 +36,8 @@ SHARE = 0.97
 
 # Seconds and bytes for one test program. A broken loop can ask for all there is.
 TIME_LIMIT = 300
+# A test that takes longer, in seconds, runs after the others: most breaks are noticed before.
+LONG = 0.5
 MEMORY_LIMIT = 8 << 30
 
 # Whose tests look at a folder besides its own.
@@ -176,26 +178,51 @@ class Build:
                 sys.exit(made.stdout[-2000:])
         rules = (self.folder / "build.ninja").read_text()
         self.targets = set(re.findall(r"^build (test_\w+): phony", rules, re.M))
+        self.long_tests = {}  # by the test programs
+
+    def programs_for(self, folder):
+        names = [f"test_{name}" for name in [folder, *SEEN_BY.get(folder, "").split()]]
+        return [name for name in names if name in self.targets]
+
+    def is_built(self, target):
+        return run(["cmake", "--build", self.folder, "--target", target]).returncode == 0
+
+    def whole(self, folder):
+        """What is wrong without any break; nothing when all is well. Finds out which tests take long."""
+        for target in self.programs_for(folder):
+            if not self.is_built(target):
+                return "build"
+            report = HOME / f"{target}.json"
+            if not self.passes(target, f"--gtest_output=json:{report}"):
+                return target
+            self.long_tests[target] = [
+                f"{suite['name']}.{test['name']}" for suite in json.loads(report.read_text())["testsuites"]
+                for test in suite["testsuite"] if float(test["time"].rstrip("s")) > LONG]
+        return None
 
     def broken_by(self, folder):
         """The test program that fails now, or "build"; nothing when all pass."""
-        for name in [folder, *SEEN_BY.get(folder, "").split()]:
-            target = f"test_{name}"
-            if target not in self.targets:
-                continue
-            if run(["cmake", "--build", self.folder, "--target", target]).returncode:
+        for target in self.programs_for(folder):
+            if not self.is_built(target):
                 return "build"
-            if not self.passes(target):
+            if not self.passes_in_parts(target):
                 return target
         return None
 
-    def passes(self, target):
+    def passes_in_parts(self, target):
+        long_ones = ":".join(self.long_tests[target])
+        if not long_ones:
+            return self.passes(target)
+        return (self.passes(target, "--gtest_filter=-" + long_ones) and
+                self.passes(target, "--gtest_filter=" + long_ones))
+
+    def passes(self, target, *options):
         program = next(path for path in self.folder.rglob(target) if path.is_file())
         def limit():
             resource.setrlimit(resource.RLIMIT_AS, (MEMORY_LIMIT, MEMORY_LIMIT))
         try:
-            return run([program, "--gtest_brief=1", "--gtest_fail_fast"], cwd=self.folder, timeout=TIME_LIMIT,
-                       preexec_fn=limit).returncode == 0
+            return run([program, "--gtest_brief=1", "--gtest_fail_fast", *options], cwd=self.folder,
+                       timeout=TIME_LIMIT, preexec_fn=limit).returncode == 0
         except subprocess.TimeoutExpired:
             return False
 
@@ -251,7 +278,7 @@ def sources(given):
 def run_folder(build, results, given, count, seed):
     """Whether enough of the folder's breaks are noticed."""
     folder = pathlib.Path(given).parts[0]
-    broken = build.broken_by(folder)
+    broken = build.whole(folder)
     if broken:
         print(f"{given}: {broken} fails without any break")
         return False
