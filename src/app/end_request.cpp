@@ -21,13 +21,14 @@ void note(int signal) {
 }  // namespace
 
 void noteEndRequests() {
+    // Before the sleep, which they end.
+    openToCloseWishes();
     prepareSleep();
     std::signal(SIGTERM, note);
     std::signal(SIGINT, note);
 #ifdef SIGBREAK
     std::signal(SIGBREAK, note);
 #endif
-    openToCloseWishes();
 }
 
 bool isEndRequested() {

@@ -7,8 +7,8 @@ namespace velmora {
 
 /// From now on `endSleep` has its effect.
 void prepareSleep();
-/// Lets that many milliseconds pass, those in which the machine sleeps among them. May end early,
-/// and does so by `endSleep`, also by one that came before.
+/// Lets that many milliseconds pass, on Linux those in which the machine sleeps among them. May end
+/// early, and does so by `endSleep` and another program's wish, also by one that came before.
 void sleepUnlessEnded(std::int64_t milliseconds);
 /// Ends the present sleep or the next one. For signal handlers too.
 void endSleep();

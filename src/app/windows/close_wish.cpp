@@ -13,7 +13,8 @@ namespace velmora {
 
 namespace {
 
-// Set by others, and reset by each look. It lasts as long as the program.
+// Set by others, and reset by each look: a sleep that it ends leaves it as it is. It lasts as long
+// as the program.
 HANDLE wishes = nullptr;
 
 // Everything for the owner (OW); for administrators (BA) and the system (SY), who may install for
@@ -32,7 +33,7 @@ HANDLE makeEvent(const std::wstring& name) {
     const std::unique_ptr<void, FreeLocal> freed(descriptor);
     // Without one the system's own is taken: those of the same user can still wish.
     SECURITY_ATTRIBUTES attributes{sizeof attributes, descriptor, FALSE};
-    return CreateEventW(&attributes, FALSE, FALSE, name.c_str());
+    return CreateEventW(&attributes, TRUE, FALSE, name.c_str());
 }
 
 }  // namespace
@@ -43,7 +44,9 @@ bool openToCloseWishes() {
 }
 
 bool takeCloseWish() {
-    return wishes && WaitForSingleObject(wishes, 0) == WAIT_OBJECT_0;
+    if (!wishes || WaitForSingleObject(wishes, 0) != WAIT_OBJECT_0) return false;
+    ResetEvent(wishes);
+    return true;
 }
 
 }  // namespace velmora

@@ -1,21 +1,50 @@
 #include "app/sleep.h"
 
-#include <chrono>
-#include <thread>
+#include <windows.h>
+
+#include <algorithm>
+#include <array>
+
+#include "app/windows/close_wish_name.h"
 
 namespace velmora {
 
-void prepareSleep() {}
+namespace {
 
-void sleepUnlessEnded(std::int64_t milliseconds) {
-    std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+// Both last as long as the program. The second is there once the program listens to wishes.
+HANDLE ending = nullptr;
+HANDLE wish = nullptr;
+
+}  // namespace
+
+void prepareSleep() {
+    if (!ending) ending = CreateEventW(nullptr, FALSE, FALSE, nullptr);
+    if (!wish) {
+        const std::wstring name = windows::closeWishName(GetCurrentProcessId());
+        wish = OpenEventW(SYNCHRONIZE, FALSE, name.c_str());
+    }
 }
 
-void endSleep() {}
+void sleepUnlessEnded(std::int64_t milliseconds) {
+    if (milliseconds <= 0) return;
+    const auto time = static_cast<DWORD>(std::min<std::int64_t>(milliseconds, INFINITE - 1));
+    std::array<HANDLE, 2> awaited{};
+    DWORD count = 0;
+    for (HANDLE each : {ending, wish}) {
+        if (each) awaited[count++] = each;
+    }
+    if (count == 0) return Sleep(time);
+    WaitForMultipleObjects(count, awaited.data(), FALSE, time);
+}
 
-// A wish for the end is looked for in between.
+void endSleep() {
+    if (ending) SetEvent(ending);
+}
+
+// Time in which the machine sleeps doesn't count here: a check that falls due in it is only so
+// late.
 std::int64_t longestSleep() {
-    return 1000;
+    return ending && wish ? 10'000 : 1000;
 }
 
 }  // namespace velmora

@@ -33,8 +33,9 @@ TEST_F(SleepTest, SeveralWishesEndOneSleep) {
     for (int i = 0; i < 3; ++i) endSleep();
     EXPECT_TRUE(endsEarly());
     const auto begin = steady_clock::now();
-    sleepUnlessEnded(20);
-    EXPECT_GE(steady_clock::now() - begin, std::chrono::milliseconds(20));
+    sleepUnlessEnded(100);
+    // Some systems end a wait a step of their clock early.
+    EXPECT_GE(steady_clock::now() - begin, std::chrono::milliseconds(80));
 }
 
 TEST_F(SleepTest, NoTimeIsNoSleep) {
@@ -45,14 +46,10 @@ TEST_F(SleepTest, NoTimeIsNoSleep) {
 }
 
 TEST_F(SleepTest, AWishCanComeFromASignalHandler) {
-    std::signal(SIGUSR1, [](int) { endSleep(); });
-    std::raise(SIGUSR1);
-    std::signal(SIGUSR1, SIG_DFL);
+    std::signal(SIGTERM, [](int) { endSleep(); });
+    std::raise(SIGTERM);
+    std::signal(SIGTERM, SIG_DFL);
     EXPECT_TRUE(endsEarly());
-}
-
-TEST_F(SleepTest, ASleepThatCanBeEndedMayTakeAnHour) {
-    EXPECT_EQ(longestSleep(), 3'600'000);
 }
 
 }  // namespace
