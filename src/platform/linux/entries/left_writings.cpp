@@ -4,42 +4,33 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <charconv>
+#include <limits>
 #include <vector>
 
+#include "platform/beside_name.h"
 #include "platform/linux/entries/open_folder.h"
 
 namespace velmora::linuxhost {
 
 namespace {
 
-bool isOfDeadProcess(std::string_view number) {
-    pid_t process = 0;
-    const char* end = number.data() + number.size();
-    const auto read = std::from_chars(number.data(), end, process);
-    const bool isNumber = read.ec == std::errc() && read.ptr == end && process > 0;
-    return isNumber && kill(process, 0) != 0 && errno == ESRCH;
-}
-
-bool isLeft(std::string_view file, std::string_view name) {
-    const auto point = file.rfind('.');
-    if (!file.starts_with('.') || point == 0) return false;
-    const bool isOfName = name.empty() || file.substr(1, point - 1) == name;
-    return isOfName && isOfDeadProcess(file.substr(point + 1));
+bool isDead(std::uint32_t process) {
+    const bool isId = process <= static_cast<std::uint32_t>(std::numeric_limits<pid_t>::max());
+    return isId && kill(static_cast<pid_t>(process), 0) != 0 && errno == ESRCH;
 }
 
 }  // namespace
 
-// By its number no other process writes to the same file.
-std::string besideName(std::string_view name) {
-    return '.' + std::string(name) + '.' + std::to_string(getpid());
+std::string ownBesideName(std::string_view name) {
+    return besideName(name, static_cast<std::uint32_t>(getpid()));
 }
 
 void removeLeftWritings(int folder, std::string_view name) {
     std::vector<std::string> files;
     static_cast<void>(namesIn(OpenFolder(folder, "."), files));
     for (const std::string& file : files) {
-        if (isLeft(file, name)) unlinkat(folder, file.c_str(), 0);
+        const auto writer = writerBeside(file, name);
+        if (writer && isDead(*writer)) unlinkat(folder, file.c_str(), 0);
     }
 }
 

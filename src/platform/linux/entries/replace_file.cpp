@@ -43,7 +43,7 @@ int replaceFile(const std::string& path, std::string_view content, mode_t mode) 
     removeLeftWritings(UniqueFd(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)).get(),
                        newFile);
     // Hidden, so that no listing shows it meanwhile.
-    const std::string newPath = folder + besideName(newFile);
+    const std::string newPath = folder + ownBesideName(newFile);
     // One with this number was left by a process that had it before.
     unlink(newPath.c_str());
     constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;

@@ -72,7 +72,7 @@ bool putInPlace(int folder, const char* made) {
 }
 
 bool layFirst(int folder, std::string_view content) {
-    const std::string made = besideName(settingsName);
+    const std::string made = ownBesideName(settingsName);
     // They may hold a password later; and after a power failure they are whole or not there.
     const bool isDone = writePrivateFile(folder, made, content) && putInPlace(folder, made.c_str());
     unlinkat(folder, made.c_str(), 0);

@@ -45,7 +45,7 @@ bool LinuxUserState::write(const std::string& name, std::string_view content) {
     UniqueFd folder;
     const bool isAllowed = isUserStateName(name) && content.size() <= mostUserState;
     if (!isAllowed || makePrivateFolder(ownFolder(), folder) != 0) return false;
-    const std::string beside = besideName(name);
+    const std::string beside = ownBesideName(name);
     // After a power failure there is the old content or the new one.
     const bool isDone = writePrivateFile(folder.get(), beside, content) &&
                         renameat(folder.get(), beside.c_str(), folder.get(), name.c_str()) == 0;

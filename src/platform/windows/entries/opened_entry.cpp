@@ -144,9 +144,9 @@ bool isUnderWine() {
     return isIt;
 }
 
-DWORD OpenedEntry::openPath(const std::wstring& path) {
+DWORD OpenedEntry::openPath(const std::wstring& path, ACCESS_MASK access) {
     close();
-    handle_.reset(CreateFileW(path.c_str(), toLookAt,
+    handle_.reset(CreateFileW(path.c_str(), access | SYNCHRONIZE,
                               FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                               OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
     return handle_.isOpen() ? ERROR_SUCCESS : GetLastError();

@@ -53,8 +53,8 @@ class OpenedEntry {
     };
 
     /// A folder by its path, which may lead through links: the root of a drive, or where the user
-    /// has put a folder.
-    DWORD openPath(const std::wstring& path);
+    /// has put a folder. By default it can be looked at, but not listed.
+    DWORD openPath(const std::wstring& path, ACCESS_MASK access = FILE_READ_ATTRIBUTES);
     /// An entry of an opened folder. `options` are those of the system's native calls, `sharing`
     /// what others may do meanwhile.
     DWORD openIn(const OpenedEntry& folder, const std::wstring& name, ACCESS_MASK access,

@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "base/text.h"
+#include "platform/windows/entries/left_writings.h"
 #include "platform/windows/entries/private_folder.h"
 #include "platform/windows/paths/exact_path.h"
 #include "platform/windows/system/environment.h"
@@ -21,7 +22,8 @@ namespace velmora::windows {
 
 namespace {
 
-constexpr const char* settingsName = R"(\set.dat)";
+constexpr const char* settingsName = "set.dat";
+constexpr const char* settingsPlace = R"(\set.dat)";
 constexpr std::size_t mostSettings = 64 * 1024 * 1024;  // bytes
 
 std::wstring hostPath(const std::string& path) {
@@ -80,12 +82,10 @@ bool putInPlace(const std::wstring& from, const std::wstring& to) {
 }
 
 bool layFirst(const std::string& folder, std::string_view content) {
-    // By its number no other run of the program writes to the same file.
-    const std::wstring made =
-        hostPath(folder + R"(\.set.dat.)" + std::to_string(GetCurrentProcessId()));
+    const std::wstring made = hostPath(folder + '\\' + ownBesideName(settingsName));
     // They may hold a password later; and after a power failure they are whole or not there.
     const bool isDone =
-        writePrivateFile(made, content) && putInPlace(made, hostPath(folder + settingsName));
+        writePrivateFile(made, content) && putInPlace(made, hostPath(folder + settingsPlace));
     DeleteFileW(made.c_str());
     return isDone;
 }
@@ -108,11 +108,12 @@ DataFolderState prepareDataFolder(const DataFolders& folders) {
     if (folders.isUnknown || folder.empty()) return DataFolderState::notMade;
     if (folder == folders.program) return DataFolderState::ready;
     if (!isFolder(folder) && !make(folder)) return DataFolderState::notMade;
-    if (attributesOf(folder + settingsName) != INVALID_FILE_ATTRIBUTES)
+    removeLeftWritings(hostPath(folder), settingsName);
+    if (attributesOf(folder + settingsPlace) != INVALID_FILE_ATTRIBUTES)
         return DataFolderState::ready;
     std::string content;
     DWORD failure = 0;
-    if (!readFirst(folders.program + settingsName, content, failure)) {
+    if (!readFirst(folders.program + settingsPlace, content, failure)) {
         // Without them the start says what is missing.
         return failure == ERROR_FILE_NOT_FOUND ? DataFolderState::ready
                                                : DataFolderState::notFilled;

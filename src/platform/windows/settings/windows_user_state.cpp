@@ -6,6 +6,7 @@
 
 #include <utility>
 
+#include "platform/windows/entries/left_writings.h"
 #include "platform/windows/entries/opened_entry.h"
 #include "platform/windows/entries/private_folder.h"
 #include "platform/windows/paths/exact_path.h"
@@ -65,10 +66,7 @@ bool WindowsUserState::write(const std::string& name, std::string_view content) 
     OpenedEntry folder;
     const bool isAllowed = isUserStateName(name) && content.size() <= mostUserState;
     if (!isAllowed || !openFolder(path, WhenMissing::make, folder)) return false;
-    // By its number no other run of the program writes to the same file, and one that was left
-    // behind is taken over.
-    const std::wstring beside =
-        pathIn(*path, '.' + name + '.' + std::to_string(GetCurrentProcessId()));
+    const std::wstring beside = pathIn(*path, ownBesideName(name));
     // After a power failure there is the old content or the new one.
     const bool isDone =
         writePrivateFile(beside, content) && putInPlace(beside, pathIn(*path, name));
@@ -87,6 +85,12 @@ bool WindowsUserState::move(const std::string& from, const std::string& to) {
 std::string WindowsUserState::placeOf(const std::string& name) {
     const std::string local = toUtf8(environmentVariable(L"LOCALAPPDATA"));
     return local.empty() ? std::string{} : local + R"(\Velmora\)" + name;
+}
+
+void removeLeftUserState() {
+    const auto path = ownFolder();
+    OpenedEntry held;
+    if (openFolder(path, WhenMissing::fail, held)) removeLeftWritings(path->text(), "");
 }
 
 }  // namespace velmora::windows

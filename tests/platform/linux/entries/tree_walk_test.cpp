@@ -1,6 +1,7 @@
 // What a walk through a folder costs.
 #include "platform/linux/entries/tree_walk.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/syscall.h>
 

@@ -72,6 +72,15 @@ TEST_F(WindowsDataFolderTest, SettingsThatAreThereStay) {
     EXPECT_EQ(treeOf(chosen_), std::vector<std::string>{R"(\set.dat file 5 [saved])"});
 }
 
+TEST_F(WindowsDataFolderTest, WhatAKilledProgramBeganThereGoes) {
+    CreateDirectoryW(toUtf16(chosen_).c_str(), nullptr);
+    write(chosen_ + R"(\.set.dat.4294967288)", "half");
+    write(chosen_ + R"(\.mine.4294967288)", "somebody's");
+    EXPECT_EQ(prepare(chosen_), DataFolderState::ready);
+    EXPECT_FALSE(isThere(chosen_ + R"(\.set.dat.4294967288)"));
+    EXPECT_TRUE(isThere(chosen_ + R"(\.mine.4294967288)"));
+}
+
 TEST_F(WindowsDataFolderTest, AChosenOneIsMadeWhereTheOneAboveIsThere) {
     EXPECT_EQ(prepare(chosen_ + '\\'), DataFolderState::ready);
     EXPECT_EQ(treeOf(chosen_), std::vector<std::string>{R"(\set.dat file 5 [first])"});

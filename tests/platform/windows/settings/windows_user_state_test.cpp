@@ -82,6 +82,24 @@ TEST_F(WindowsUserStateTest, ItLiesInTheUsersLocalFolder) {
     EXPECT_EQ(treeOf(folder_), std::vector<std::string>{"\\place file 1 [x]"});
 }
 
+TEST_F(WindowsUserStateTest, WhatAKilledProcessLeftGoesAndThatOfALivingOneStays) {
+    ASSERT_TRUE(state_.write("place", "x"));
+    const std::string living = ".place." + std::to_string(GetCurrentProcessId());
+    // Greater than any number that the system gives.
+    for (const std::string& name : {std::string(".place.4294967288"), living, std::string(".x")})
+        makeFile(folder_ + '\\' + name, "half");
+    velmora::windows::removeLeftUserState();
+    EXPECT_FALSE(isThere(folder_ + "\\.place.4294967288"));
+    EXPECT_TRUE(isThere(folder_ + '\\' + living));
+    EXPECT_TRUE(isThere(folder_ + "\\.x"));
+    EXPECT_EQ(state_.read("place"), "x");
+}
+
+TEST_F(WindowsUserStateTest, NothingIsMadeWhereNothingWasLeft) {
+    velmora::windows::removeLeftUserState();
+    EXPECT_FALSE(isThere(folder_));
+}
+
 TEST_F(WindowsUserStateTest, ReadingMakesNothing) {
     EXPECT_EQ(state_.read("place"), std::nullopt);
     EXPECT_FALSE(isThere(folder_));
