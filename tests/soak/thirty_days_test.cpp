@@ -103,6 +103,7 @@ struct ThirtyDays : testing::Test {
         machine.played.clear();
         surface.host.boxes.clear();
         surface.host.notes.clear();
+        surface.host.listings.clear();
         surface.user32.calls.clear();
         surface.shellIcons.calls.clear();
         surface.notifyArea.sent.clear();
