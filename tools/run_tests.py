@@ -28,8 +28,8 @@ import xml.etree.ElementTree as ET
 
 # Seconds for one program, and for a command that runs many tests of its own unless it is told
 # another limit.
-TIME_LIMIT = 600
-COMMAND_LIMIT = 1200
+TIME_LIMIT = 1800
+COMMAND_LIMIT = 2400
 
 # How many lines of a failed program's output are shown.
 LAST_LINES = 60

@@ -29,6 +29,7 @@ def declare(library):
     pointer, text, number = ctypes.c_void_p, ctypes.c_char_p, ctypes.c_int
     functions = {
         "atspi_init": (number,),
+        "atspi_set_timeout": (None, number, number),
         "atspi_get_desktop": (pointer, number),
         "atspi_accessible_set_cache_mask": (None, pointer, number),
         "atspi_accessible_clear_cache": (None, pointer),
@@ -82,6 +83,8 @@ class Bus:
         if self.library.atspi_init() > 1:
             self.close()
             raise Unavailable("the service of accessibility does not start")
+        # Milliseconds of one call, and after the start of a program. A call that takes longer gives nothing.
+        self.library.atspi_set_timeout(3000, 15000)
 
     def program(self, process):
         """The accessible object of a program, once it is there."""

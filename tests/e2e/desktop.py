@@ -17,12 +17,27 @@ SCREENSHOTS = pathlib.Path(__file__).parents[2] / "build" / "screenshots"
 # How long to wait for something to show, and the pause between two attempts, in seconds.
 PATIENCE = 60
 PAUSE = 0.1
+# Between two clicks on something that may have missed the first.
+BETWEEN_ACTS = 8
 
 NEEDED = ("Xvfb", "openbox", "xdotool", "import", "identify")
 
 
 class Unavailable(Exception):
     """This machine lacks a tool; says which."""
+
+
+def wait_after(act, look, what):
+    """Acts and waits until the result of `look` is true. Acts again from time to time: a window that was not there
+    yet has got nothing of it."""
+    again = 0
+    def looked():
+        nonlocal again
+        if time.monotonic() >= again:
+            act()
+            again = time.monotonic() + BETWEEN_ACTS
+        return look()
+    return wait_for(looked, what)
 
 
 def wait_for(look, what):
@@ -180,8 +195,9 @@ class Window:
 
     def _geometry(self, *names):
         geometry = self.desktop.xdotool("getwindowgeometry", "--shell", self.identity)
-        return tuple(int(re.search(rf"^{name}=(-?\d+)$", geometry, re.M).group(1))
-                     for name in names)
+        found = [re.search(rf"^{name}=(-?\d+)$", geometry, re.M) for name in names]
+        # One that is gone has no size.
+        return tuple(int(each.group(1)) if each else 0 for each in found)
 
     def size(self):
         """Width and height of the content, in pixels."""
@@ -221,9 +237,9 @@ class Window:
                           str(x + width if x < 0 else x), str(y + height if y < 0 else y),
                           "click", "1")
 
-    def screenshot(self, name, unlike=None, moving=False):
-        """Saves a picture of the window once it differs from `unlike` and has stopped changing;
-        with `moving`, it need not stop."""
+    def screenshot(self, name, unlike=None, moving=False, fewest=0):
+        """Saves a picture of the window once it has more than the `fewest` colours, differs from `unlike` and has
+        stopped changing; with `moving`, it need not stop."""
         SCREENSHOTS.mkdir(parents=True, exist_ok=True)
         path = SCREENSHOTS / (name + ".png")
         last = None
@@ -232,6 +248,7 @@ class Window:
             nonlocal last
             before, last = last, self._picture(path)
             same = before and last and (moving or before.signature == last.signature)
+            same = same and last.colours > fewest
             return last if same and not (unlike and unlike.signature == last.signature) else None
         return wait_for(settled, f"the picture {name}")
 

@@ -141,10 +141,11 @@ class Handler:
         envelope.rcpt_tos.append(address)
         return "250 OK"
     async def handle_DATA(self, server, session, envelope):
-        name = "%s/new/%06d" % ({self.store!r}, next(count))
-        with open(name + ".part", "wb") as part:
-            part.write(envelope.original_content)
-        os.rename(name + ".part", name)
+        name = "%06d" % next(count)
+        part = {self.store!r} + "/" + name
+        with open(part, "wb") as file:
+            file.write(envelope.original_content)
+        os.rename(part, {self.store!r} + "/new/" + name)
         return "250 Message accepted for delivery"
 
 def check(server, session, envelope, mechanism, data):

@@ -157,7 +157,7 @@ class Mail:
         self.account(server.port, BOB)
         self.console.run("answer yes")
         self.console.run("answer ok")
-        self.console.run("after 1 exit")
+        self.console.run("after 3 exit")
         self.console.send("click frmNotify.Command1")
         self.assertEqual(self.console.process.wait(PATIENCE), 0)
         self.assertEqual(server.connections, 1)

@@ -72,7 +72,7 @@ class Saving:
         seen = set()
         hits = 0
         life = self.longest_life
-        end = time.monotonic() + PATIENCE
+        end = time.monotonic() + 5 * PATIENCE
         while (hits < self.kills or seen != {0, 1}) and time.monotonic() < end:
             self.put_settings(START)
             process = self.saver([*LONG, SAVE, *SHORT, SAVE], 15)
@@ -81,11 +81,14 @@ class Saving:
             while before == START and time.monotonic() < deadline:
                 before = self.settings.read_bytes()
             time.sleep(dice.uniform(0, life))
-            # One that had ended shows nothing: the next ones are killed earlier.
-            if process.poll() is None:
-                hits += 1
-            else:
+            # One that had ended shows nothing: the next ones are killed earlier. So long as all were in the first
+            # save, they are killed later.
+            if process.poll() is not None:
                 life /= 2
+            else:
+                hits += 1
+                if seen == {0}:
+                    life = min(2 * life, 1)
             process.send_signal(signal.SIGKILL)
             process.wait(PATIENCE)
             left = whole_lines(self.content_left())

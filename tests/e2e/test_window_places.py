@@ -111,11 +111,13 @@ class Steps:
 
 
 class Native(Steps, window.OwnNative, unittest.TestCase):
-    def popped_up(self):
+    def menu(self):
         """The menu that is open: it has no title of its own, and is higher than an icon."""
-        return wait_for(lambda: next((each for each in self.desktop.windows_of("velmora")
-                                      if each.title() == "velmora" and each.size()[1] > 60), None),
-                        "a menu")
+        return next((each for each in self.desktop.windows_of("velmora")
+                     if each.title() == "velmora" and each.size()[1] > 60), None)
+
+    def popped_up(self):
+        return wait_for(self.menu, "a menu")
 
     def open_icon(self):
         """Starts with a notification area; gives the place of the program's icon."""
@@ -151,8 +153,7 @@ class Native(Steps, window.OwnNative, unittest.TestCase):
     def test_the_icons_menu_opens_at_the_icon_and_the_window_comes_back_to_its_place(self):
         icon = self.open_icon()
         place = self.put((140, 90), (620, 660))
-        self.desktop.point(*icon, "click", "3")
-        menu = self.popped_up()
+        menu = desktop.wait_after(lambda: self.desktop.point(*icon, "click", "3"), self.menu, "the icon's menu")
         (left, top), (width, height) = menu.place(), menu.size()
         self.assertLess(icon[1] - 40, top + height)
         self.assertLessEqual(top + height, icon[1])
@@ -161,8 +162,9 @@ class Native(Steps, window.OwnNative, unittest.TestCase):
         wait_for(lambda: not menu.shown(), "the menu gone")
 
         for shown in (False, True):
-            self.desktop.point(*icon, "click", "--repeat", "2", "--delay", "80", "1")
-            wait_for(lambda: self.window.shown() == shown, f"the window shown: {shown}")
+            desktop.wait_after(
+                lambda: self.desktop.point(*icon, "click", "--repeat", "2", "--delay", "80", "1"),
+                lambda: self.window.shown() == shown, f"the window shown: {shown}")
         self.wait_for_place(self.window.place, place)
         self.end()
 

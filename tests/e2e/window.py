@@ -45,8 +45,11 @@ class Program:
 
     def ask_for_the_end(self):
         """Clicks the exit button and returns the box with the question."""
-        self.window.click(*EXIT_BUTTON)
-        return self.desktop.window("Velmora", self.window)
+        def asked():
+            others = set(self.desktop.windows("Velmora")) - {self.window.identity}
+            return desktop.Window(self.desktop, others.pop()) if others else None
+        # A window that has just come may get its size after the click.
+        return desktop.wait_after(lambda: self.window.click(*EXIT_BUTTON), asked, "the question before the end")
 
     def end(self):
         """Ends the program and returns its exit status."""

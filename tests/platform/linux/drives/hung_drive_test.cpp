@@ -58,7 +58,7 @@ TEST_F(HungDrive, CostsItsDeadlineOnceAndThenNothing) {
     for (int i = 0; i < 100; ++i) EXPECT_FALSE(isReady());
     EXPECT_EQ(errorOf([&] { fso().GetDrive(drive_)->FreeSpace(); }), error::diskNotReady);
     EXPECT_FALSE(fso().FolderExists(drive_ + '\\'));
-    EXPECT_LT(steady_clock::now() - start, 50ms);
+    EXPECT_LT(steady_clock::now() - start, 1s);
     EXPECT_EQ(filesystem_->questions(), 1u);
 
     EXPECT_TRUE(fso().GetDrive("C:")->IsReady());
@@ -92,7 +92,7 @@ TEST_F(HungDrive, AFolderOnItCanNotBeCountedAndCostsNothingFurther) {
     const auto start = steady_clock::now();
     EXPECT_EQ(errorOf([&] { folder->FilesCount(); }), error::pathNotFound);
     EXPECT_EQ(errorOf([&] { folder->SubFoldersCount(); }), error::pathNotFound);
-    EXPECT_LT(steady_clock::now() - start, 50ms);
+    EXPECT_LT(steady_clock::now() - start, 1s);
     filesystem_->answerFromNowOn();
     // Where the late answer of the pending question is gone, the folder is counted again.
     EXPECT_TRUE(waitUntil(
@@ -114,7 +114,7 @@ TEST_F(HungDrive, NothingOnItIsListedMovedOrRemovedAndNothingWaits) {
     EXPECT_EQ(platform.shell32.SHFileOperationA({"", 3, file + '\0', 64}), 2);
     EXPECT_EQ(platform.winmm.sndPlaySoundA(file, 2), 0);
     EXPECT_EQ(machine_->toDrivePath(machine_->toHostPath(file)), file);
-    EXPECT_LT(steady_clock::now() - start, 200ms);
+    EXPECT_LT(steady_clock::now() - start, 1s);
 }
 
 TEST_F(HungDrive, AListingThatDoesNotBeginInTimeIsOfAFolderThatDoesNotExist) {
@@ -182,7 +182,8 @@ TEST_F(HungDrive, TenThousandQuestionsAfterAListingThatStoppedKeepOneProcessWait
         ASSERT_FALSE(isReady());
         ASSERT_FALSE(fso().FolderExists(drive_ + '\\'));
     }
-    EXPECT_LT(steady_clock::now() - start, 2s);
+    // With a deadline each it would be hours.
+    EXPECT_LT(steady_clock::now() - start, 60s);
     EXPECT_EQ(childProcesses(), before);
     EXPECT_EQ(filesystem_->questions(), 0u);
 }

@@ -134,13 +134,13 @@ TEST_F(RecordReaderTest, AStallEndsTheProcessAndRaisesTheErrorFromThenOn) {
                                     if (place == 1) waitForEver();
                                     return numberedRecord(place);
                                 }),
-                        200ms);
+                        2s);
     const auto query = reader.begin("any");
     EXPECT_EQ(reader.next(query), numberedRecord(0));
     const auto start = steady_clock::now();
     EXPECT_EQ(errorOf([&] { reader.next(query); }), error::automation);
-    EXPECT_GE(steady_clock::now() - start, 200ms);
-    EXPECT_LT(steady_clock::now() - start, 2s);
+    EXPECT_GE(steady_clock::now() - start, 2s);
+    EXPECT_LT(steady_clock::now() - start, 20s);
     EXPECT_EQ(childrenOfThisProcess(), childrenBefore_);
     EXPECT_EQ(openDescriptors(), descriptorsBefore_);
     const auto later = steady_clock::now();
@@ -148,15 +148,15 @@ TEST_F(RecordReaderTest, AStallEndsTheProcessAndRaisesTheErrorFromThenOn) {
     EXPECT_EQ(errorOf([&] { reader.begin("any"); }), error::automation);
     EXPECT_EQ(errorOf([&] { reader.account("any"); }), error::automation);
     reader.end(query);
-    EXPECT_LT(steady_clock::now() - later, 100ms);
+    EXPECT_LT(steady_clock::now() - later, 1s);
 }
 
 TEST_F(RecordReaderTest, EachCallHasTheDeadlineOfItsOwn) {
     const auto slow = [](std::size_t place) {
-        poll(nullptr, 0, 150);
+        poll(nullptr, 0, 500);
         return numberedRecord(place);
     };
-    RecordReader reader(counted(4, slow), 400ms);
+    RecordReader reader(counted(4, slow), 1500ms);
     const auto query = reader.begin("any");
     for (std::size_t place = 0; place < 4; ++place)
         EXPECT_EQ(reader.next(query), numberedRecord(place));

@@ -93,9 +93,9 @@ TEST(ProgramOutput, AChildThatHoldsThePipeIsNotWaitedForLonger) {
 TEST(ProgramOutput, AProgramThatGoesOnWritingIsEndedInTheEnd) {
     const auto start = steady_clock::now();
     const std::string output =
-        outputOf("while :; do echo again; sleep 0.05; done", {.silence = 5s, .total = 600ms});
-    EXPECT_GE(steady_clock::now() - start, 600ms);
-    EXPECT_LT(steady_clock::now() - start, 4s);
+        outputOf("while :; do echo again; sleep 0.05; done", {.silence = 5s, .total = 3s});
+    EXPECT_GE(steady_clock::now() - start, 3s);
+    EXPECT_LT(steady_clock::now() - start, 30s);
     EXPECT_TRUE(output.starts_with("again\r\nagain\r\n"));
 }
 

@@ -45,7 +45,7 @@ class SlowDevice : public testing::Test {
             waitUntil([this] { return std::filesystem::exists(server_->path() + "/disk"); }));
         disk_ = std::make_unique<LoopDisk>(server_->path() + "/disk");
         ASSERT_NE(disk_->device(), "");
-        device_ = std::make_unique<OpenDevice>(disk_->device(), 300ms);
+        device_ = std::make_unique<OpenDevice>(disk_->device(), 1s);
         ASSERT_TRUE(device_->open()) << device_->failure();
     }
 
@@ -57,13 +57,13 @@ class SlowDevice : public testing::Test {
 TEST_F(SlowDevice, CostsTheDeadlineOnceAndThenNothing) {
     auto start = steady_clock::now();
     EXPECT_FALSE(device_->read(0, 512));
-    EXPECT_GE(steady_clock::now() - start, 290ms);
-    EXPECT_LT(steady_clock::now() - start, 3s);
+    EXPECT_GE(steady_clock::now() - start, 990ms);
+    EXPECT_LT(steady_clock::now() - start, 10s);
     EXPECT_EQ(device_->failure(), disk_->device() + " doesn't answer");
     start = steady_clock::now();
     for (int i = 0; i < 100; ++i) EXPECT_FALSE(device_->probe());
     device_.reset();
-    EXPECT_LT(steady_clock::now() - start, 200ms);
+    EXPECT_LT(steady_clock::now() - start, 900ms);
     server_->answerFromNowOn();
 }
 

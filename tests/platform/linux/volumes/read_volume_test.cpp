@@ -175,19 +175,19 @@ TEST_F(ReadVolume, AThousandLeaveNoProcessAndNoDescriptorOpen) {
 }
 
 TEST_F(ReadVolume, OneThatDoesNotAnswerCostsTheDeadlineOnce) {
-    VolumesRig rig(200ms);
+    VolumesRig rig(1s);
     const VolumeHandle volume = rig.open(drive_);
     ASSERT_EQ(volume, 1);
     const pid_t process = rig.raw.processes().at(0);
     kill(process, SIGSTOP);
     auto start = steady_clock::now();
     EXPECT_EQ(rig.read(volume, sector), "failed");
-    EXPECT_GE(steady_clock::now() - start, 190ms);
-    EXPECT_LT(steady_clock::now() - start, 2s);
+    EXPECT_GE(steady_clock::now() - start, 990ms);
+    EXPECT_LT(steady_clock::now() - start, 10s);
     EXPECT_EQ(rig.raw.failure(), disk_->device() + " doesn't answer");
     start = steady_clock::now();
     EXPECT_EQ(rig.read(volume, sector), "failed");
-    EXPECT_LT(steady_clock::now() - start, 100ms);
+    EXPECT_LT(steady_clock::now() - start, 900ms);
     EXPECT_TRUE(waitUntil([&] {
         reapLeftChildren();
         return kill(process, 0) != 0;
