@@ -34,8 +34,10 @@ HOME = ROOT / "build" / "mutants"
 EQUIVALENT = ROOT / "tests" / "structure" / "equivalent_breaks.txt"
 SHARE = 0.97
 
-# Seconds and bytes for one test program. A broken loop can ask for all there is.
-TIME_LIMIT = 300
+# Seconds and bytes for one test program. A broken loop can ask for all there is. One that has passed takes no
+# longer than so many times as long, and a minute more on a machine that is busy by then.
+TIME_LIMIT = 600
+TIMES_AS_LONG = 4
 # A test that takes longer, in seconds, runs after the others: most breaks are noticed before.
 LONG = 0.5
 MEMORY_LIMIT = 8 << 30
@@ -165,6 +167,19 @@ def copy_tree(copy):
             target.chmod(source.stat().st_mode)
 
 
+def parts_of(report):
+    """The filters of the short tests and of the long ones, with the time limit of each; none is empty."""
+    times = {f"{suite['name']}.{test['name']}": float(test["time"].rstrip("s"))
+             for suite in json.loads(report.read_text())["testsuites"] for test in suite["testsuite"]}
+    long_ones = [name for name, time in times.items() if time > LONG]
+    short_time = sum(time for time in times.values() if time <= LONG)
+    parts = [("--gtest_filter=-" + ":".join(long_ones), 60 + TIMES_AS_LONG * short_time)]
+    if long_ones:
+        long_time = sum(times[name] for name in long_ones)
+        parts.append(("--gtest_filter=" + ":".join(long_ones), 60 + TIMES_AS_LONG * long_time))
+    return parts
+
+
 class Build:
     def __init__(self):
         self.copy, self.folder = HOME / "tree", HOME / "build"
@@ -178,7 +193,7 @@ class Build:
                 sys.exit(made.stdout[-2000:])
         rules = (self.folder / "build.ninja").read_text()
         self.targets = set(re.findall(r"^build (test_\w+): phony", rules, re.M))
-        self.long_tests = {}  # by the test programs
+        self.parts = {}  # options and time limits of the parts of a test program
 
     def programs_for(self, folder):
         names = [f"test_{name}" for name in [folder, *SEEN_BY.get(folder, "").split()]]
@@ -195,9 +210,7 @@ class Build:
             report = HOME / f"{target}.json"
             if not self.passes(target, f"--gtest_output=json:{report}"):
                 return target
-            self.long_tests[target] = [
-                f"{suite['name']}.{test['name']}" for suite in json.loads(report.read_text())["testsuites"]
-                for test in suite["testsuite"] if float(test["time"].rstrip("s")) > LONG]
+            self.parts[target] = parts_of(report)
         return None
 
     def broken_by(self, folder):
@@ -210,19 +223,15 @@ class Build:
         return None
 
     def passes_in_parts(self, target):
-        long_ones = ":".join(self.long_tests[target])
-        if not long_ones:
-            return self.passes(target)
-        return (self.passes(target, "--gtest_filter=-" + long_ones) and
-                self.passes(target, "--gtest_filter=" + long_ones))
+        return all(self.passes(target, option, limit=limit) for option, limit in self.parts[target])
 
-    def passes(self, target, *options):
+    def passes(self, target, option, limit=TIME_LIMIT):
         program = next(path for path in self.folder.rglob(target) if path.is_file())
-        def limit():
+        def bound():
             resource.setrlimit(resource.RLIMIT_AS, (MEMORY_LIMIT, MEMORY_LIMIT))
         try:
-            return run([program, "--gtest_brief=1", "--gtest_fail_fast", *options], cwd=self.folder,
-                       timeout=TIME_LIMIT, preexec_fn=limit).returncode == 0
+            return run([program, "--gtest_brief=1", "--gtest_fail_fast", option], cwd=self.folder,
+                       timeout=limit, preexec_fn=bound).returncode == 0
         except subprocess.TimeoutExpired:
             return False
 
