@@ -5,6 +5,7 @@
 
 #include <future>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "platform/other_starts.h"
@@ -57,6 +58,19 @@ TEST_F(LaterStartsTest, AProgramThatEndsTakesNeitherTheWaitingNorTheNext) {
     starts.takeWaiting();
     EXPECT_FALSE(starts.offer("b"));
     EXPECT_TRUE(taken.empty());
+}
+
+// Many times, as the end can come before the start waits or after it.
+TEST(LaterStartsEnd, TheWaitingIsAnsweredWheneverTheProgramEnds) {
+    for (int i = 0; i < 200; ++i) {
+        std::promise<void> woken;
+        LaterStarts starts([&woken] { woken.set_value(); }, std::chrono::hours(1));
+        auto answer = std::async(std::launch::async, [&starts] { return starts.offer("a"); });
+        woken.get_future().wait();
+        for (int yields = i; yields > 0; --yields) std::this_thread::yield();
+        starts.close();
+        EXPECT_FALSE(answer.get());
+    }
 }
 
 TEST_F(LaterStartsTest, TheAnswerDoesNotWaitForWhatTheStartLeadsTo) {

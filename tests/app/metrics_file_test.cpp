@@ -57,7 +57,8 @@ struct MetricsFileRig : testing::Test {
     ScopedConnection said;
     void start() {
         metrics.emplace(core, forms, machine.platform());
-        said = forms.hints.Said.connect([this](const Hint& hint) { notes.push_back(hint.text); });
+        said = forms.hints.Said.connect(
+            [this](const Hint& hint) { notes.push_back(hint.field + ": " + hint.text); });
         core.load();
     }
 };
@@ -87,7 +88,8 @@ TEST_F(MetricsFileRig, OneThatCannotBeWrittenIsAHint) {
     fs::remove(folder);
     check();
     check();
-    EXPECT_EQ(notes, std::vector<std::string>{"The metrics can't be written: " + file.string()});
+    EXPECT_EQ(notes, std::vector<std::string>{"--metrics-file: The metrics can't be written: " +
+                                              file.string()});
     EXPECT_EQ(forms.globals.lngTimesChecked, 2);
     fs::create_directory(folder);
     check();

@@ -56,6 +56,12 @@ TEST_F(OutputLoss, WhatAFullDiskDoesNotTakeIsDropped) {
     EXPECT_EQ(place.text, "kept\n");
 }
 
+TEST_F(OutputLoss, ACharacterThatFindsNoRoomIsRefused) {
+    place.room = 0;
+    for (int i = 0; i < 100'000 && stream; ++i) stream.put('x');
+    EXPECT_TRUE(stream.bad());
+}
+
 TEST_F(OutputLoss, ACutLineStaysALineOfItsOwn) {
     place.room = 5;
     stream << "one\ntwo\n";
@@ -106,6 +112,13 @@ TEST_F(ConsoleOutputLoss, AFullDiskDoesNotEndAProgramThatKeepsRunning) {
 TEST_F(ConsoleOutputLoss, StartedPlainlyItEnds) {
     place.room = 0;
     EXPECT_EQ(runInto("get txtAmt\n"), 1);
+}
+
+TEST_F(ConsoleOutputLoss, TheLastWordsCountToo) {
+    EXPECT_EQ(runInto(""), 0);
+    ASSERT_TRUE(place.text.ends_with("type help.\n")) << place.text;
+    place.room = place.text.size() - 1;
+    EXPECT_EQ(runInto(""), 1);
 }
 
 TEST_F(ConsoleOutputLoss, AReaderWhoIsGoneEndsAProgramThatKeepsRunning) {

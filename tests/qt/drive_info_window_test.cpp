@@ -189,6 +189,29 @@ TEST_F(DriveInfoWindowTest, TheTableHasTheValuesOfTheChart) {
     EXPECT_TRUE(bars()->isVisible());
 }
 
+struct ForeignDigits : WindowTest {
+    ForeignDigits() {
+        machine.platform().regional = {.digitGroup = ".", .decimalPoint = ","};
+        start();
+    }
+};
+
+TEST_F(ForeignDigits, TheTableHasTheMachinesOwn) {
+    DlgDriveInfo& form = program->forms().dlgDriveInfo;
+    form.Show();
+    Chart& chart = form.MSChart1[0];
+    chart.setRowCount(1);
+    chart.setColumnCount(2);
+    chart.setRow(1);
+    chart.setColumn(1);
+    chart.setData(1234567);
+    settle();
+    click("MSChart1(0).ShowTable", "dlgDriveInfo");
+    auto* table = find<QTableWidget>("MSChart1(0).Table", "dlgDriveInfo");
+    ASSERT_NE(table, nullptr);
+    EXPECT_EQ(table->item(0, 1)->text(), "1.234.567");
+}
+
 TEST_F(DriveInfoWindowTest, CopyGivesAPictureAndLinesWithTabs) {
     chart(200, 1234567, 9876543);
     QGuiApplication::clipboard()->clear();

@@ -71,6 +71,7 @@ TEST_F(LinuxEntries, PropertiesAreReadAtTheFirstQuestion) {
     const auto goneFolder = folder("target");
     fs::remove(at("target"));
     EXPECT_EQ(errorOf([&] { goneFolder->Size(); }), error::pathNotFound);
+    EXPECT_EQ(errorOf([&] { goneFolder->Type(); }), error::pathNotFound);
     EXPECT_EQ(errorOf([&] { goneFolder->DateLastModified(); }), error::pathNotFound);
     EXPECT_EQ(errorOf([&] { goneFolder->Delete(true); }), error::pathNotFound);
 }
