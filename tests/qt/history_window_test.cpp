@@ -29,10 +29,10 @@ struct HistoryWindowTest : WindowTest {
         QApplication::sendEvent(chart(), &event);
         return QToolTip::text().toStdString();
     }
-    QColor pixel(const QPointF& place) {
-        const QImage picture = chart()->grab().toImage();
+    static QColor pixelIn(const QImage& picture, const QPointF& place) {
         return picture.pixelColor((place * picture.devicePixelRatio()).toPoint());
     }
+    QColor pixel(const QPointF& place) { return pixelIn(chart()->grab().toImage(), place); }
 };
 
 TEST_F(HistoryWindowTest, TheLineGoesFromTheOldestPointToTheNewest) {
@@ -56,7 +56,17 @@ TEST_F(HistoryWindowTest, APointAloneIsShown) {
     form().chtHistory.show({{"C:\\", {{0, 700}}, {}}});
     settle();
     const QColor line = qt::seriesColour(0, chart()->palette().color(QPalette::Base));
-    EXPECT_EQ(pixel(chart()->placeOf({0, 700})), line);
+    const QPointF place = chart()->placeOf({0, 700});
+    EXPECT_EQ(pixel(place), line);
+    // A dot of four pixels' radius has some fifty of them.
+    const QImage picture = chart()->grab().toImage();
+    int pixels = 0;
+    for (int x = -8; x <= 8; ++x) {
+        for (int y = -8; y <= 8; ++y)
+            pixels += distance(pixelIn(picture, place + QPointF(x, y)), line) < 0.15 ? 1 : 0;
+    }
+    EXPECT_GT(pixels, 30);
+    EXPECT_LT(pixels, 60);
 }
 
 TEST_F(HistoryWindowTest, AScreenReaderIsToldTheLastFigureAndTheTrigger) {

@@ -6,6 +6,9 @@
 #include "platform/windows/inventory/wmi_source.h"
 #include "platform/wmi.h"
 
+// The system's headers make another name of it, when they came after the one above.
+#undef GetObject
+
 namespace velmora::windows {
 
 /// How long a source may keep a request waiting.
