@@ -68,6 +68,12 @@ TEST(BarLayoutHeight, FewRowsFillTheRoomAndManyGoBeyondIt) {
     EXPECT_TRUE(qt::layBarRows(0, 2, room).empty());
 }
 
+TEST(WedgeLayout, NothingHasNoWedgesAndTheLeastOfAWholeHas) {
+    EXPECT_TRUE(qt::layWedges({0, -1}).empty());
+    ASSERT_EQ(qt::layWedges({0.5}).size(), 1U);
+    EXPECT_EQ(qt::layWedges({0.5})[0].span, 360);
+}
+
 TEST(WedgeLayout, EachTakesItsShareOfTheTurn) {
     const std::vector<qt::Wedge> wedges = qt::layWedges({1, 2, 0, 1});
     ASSERT_EQ(wedges.size(), 4U);

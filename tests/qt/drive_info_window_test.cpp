@@ -1,6 +1,7 @@
 // The drive information dialog: its charts with their tables, and its two panels.
 #include <QClipboard>
 #include <QComboBox>
+#include <QHeaderView>
 #include <QHelpEvent>
 #include <QMimeData>
 #include <QPlainTextEdit>
@@ -181,6 +182,7 @@ TEST_F(DriveInfoWindowTest, TheTableHasTheValuesOfTheChart) {
     ASSERT_EQ(table->rowCount(), 2);
     ASSERT_EQ(table->columnCount(), 3);
     EXPECT_EQ(table->horizontalHeaderItem(0)->text(), "Drive/Path");
+    EXPECT_FALSE(table->horizontalHeader()->highlightSections());
     EXPECT_EQ(table->horizontalHeaderItem(1)->text(), "Free Space (KB)");
     EXPECT_EQ(table->item(1, 0)->text(), "Row 2");
     EXPECT_EQ(table->item(1, 1)->text(), "1,234,567");

@@ -256,6 +256,13 @@ TEST_F(WatchListViewTest, WhereADriveIsMountedStandsBesideIt) {
     EXPECT_EQ(hintAt(2, 1).substr(0, 16), "D:\\  /srv/data\n5");
 }
 
+TEST_F(WatchListViewTest, OnlyToolTipsAreTheCells) {
+    furnishAll();
+    QHelpEvent other(QEvent::WhatsThis, {}, {});
+    EXPECT_FALSE(
+        list()->itemDelegate()->helpEvent(&other, list(), {}, list()->model()->index(0, 0)));
+}
+
 TEST_F(WatchListViewTest, TheLogIsNamedAsTheHostDoes) {
     program->hand().setPaths({}, [](const std::string&) { return std::string("/opt/log.dat"); });
     form1().lblLog.setCaption("C:\\opt\\log.dat");
