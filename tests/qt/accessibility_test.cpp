@@ -105,6 +105,25 @@ TEST_F(AccessibilityTest, TheActivityReportsWhetherItPlays) {
     EXPECT_EQ(accessible(view, QAccessible::Description), "playing");
 }
 
+TEST_F(AccessibilityTest, TheActivityIsDrawnAllAround) {
+    QWidget* view = find("Animation1");
+    form1().Animation1.Stop();
+    settle();
+    const QImage still = view->grab().toImage();
+    form1().Animation1.Play();
+    settle();
+    const QImage playing = view->grab().toImage();
+    QRect changed;
+    for (int x = 0; x < still.width(); ++x) {
+        for (int y = 0; y < still.height(); ++y) {
+            if (still.pixel(x, y) != playing.pixel(x, y)) changed |= QRect(x, y, 1, 1);
+        }
+    }
+    // Dots at six and a half pixels from the middle.
+    EXPECT_GE(changed.width(), 13);
+    EXPECT_GE(changed.height(), 13);
+}
+
 TEST_F(AccessibilityTest, TabsAreTabsOfAListAndOneIsSelected) {
     click("lblTab(0)");
     click("lblSpectab(1)");

@@ -137,6 +137,23 @@ TEST_F(ButtonsTest, ALabelButtonReportsPressReleaseAndClickAndShowsItsColours) {
     EXPECT_EQ(events.size(), 9u);
 }
 
+TEST_F(ButtonsTest, ThePictureOfALabelButtonIsInItsMiddle) {
+    const QImage face = find<qt::LabelButton>("lblDP(0)")->grab().toImage();
+    // Within the outline there is the picture alone.
+    constexpr int edge = 5;
+    const QRect inside = face.rect().adjusted(edge, edge, -edge, -edge);
+    const QColor ground = face.pixelColor(inside.left(), face.height() / 2);
+    QRect picture;
+    for (int x = inside.left(); x <= inside.right(); ++x) {
+        for (int y = inside.top(); y <= inside.bottom(); ++y) {
+            if (face.pixelColor(x, y) != ground) picture |= QRect(x, y, 1, 1);
+        }
+    }
+    EXPECT_FALSE(picture.isEmpty());
+    EXPECT_NEAR(picture.center().x(), face.rect().center().x(), 3);
+    EXPECT_NEAR(picture.center().y(), face.rect().center().y(), 3);
+}
+
 TEST_F(ButtonsTest, ADisabledFieldsWidgetDoesNothing) {
     int clicks = 0;
     form1().cmdPause.Click.connect([&] { ++clicks; });

@@ -47,6 +47,22 @@ TEST_F(EffectsTest, ALevelOutOfRangeChangesNothing) {
     }
 }
 
+TEST_F(EffectsTest, AWindowsStyleIsReadAsItWasSet) {
+    qt::WindowsByName names;
+    QWidget frame;
+    names.add("Form1", &frame);
+    qt::QtUser32 user32(names);
+    constexpr std::int32_t style = velmora::window::extendedStyle;
+    EXPECT_EQ(user32.SetWindowLongA("Form1", style, 8), 0);
+    EXPECT_EQ(user32.SetWindowLongA("Form1", style, 9), 8);
+    EXPECT_EQ(user32.GetWindowLongA("Form1", style), 9);
+    EXPECT_EQ(user32.GetWindowLongA("Form1", style + 1), 0);
+    EXPECT_EQ(user32.SetWindowLongA("Form1", style + 1, 7), 0);
+    EXPECT_EQ(user32.GetWindowLongA("Form1", style), 9);
+    EXPECT_EQ(user32.SetWindowLongA("none", style, 7), 0);
+    EXPECT_EQ(user32.GetWindowLongA("none", style), 0);
+}
+
 TEST_F(EffectsTest, TheMenusLevelsEndAtAnOpaqueWindow) {
     chooseFunction("mnuFadeH");
     EXPECT_NEAR(window()->windowOpacity(), opacity(166), opacityStep);  // 65 % of 255 is 165.75
