@@ -22,7 +22,7 @@ std::string besideName(std::string_view name, std::uint32_t process) {
 
 std::optional<std::uint32_t> writerBeside(std::string_view file, std::string_view name) {
     const auto point = file.rfind('.');
-    if (!file.starts_with('.') || point == 0) return std::nullopt;
+    if (!file.starts_with('.') || point < 2) return std::nullopt;
     const bool isOfName = name.empty() || file.substr(1, point - 1) == name;
     return isOfName ? numberIn(file.substr(point + 1)) : std::nullopt;
 }

@@ -1,5 +1,6 @@
-// The names of files that take a new content beside the old one: hidden, and with the number of the
-// process that writes them, so that no other writes to the same.
+// The names of files that take a new content beside the old one: a dot in front, which hides them
+// on Linux, and at the end the number of the process that writes them, so that no other writes to
+// the same.
 #pragma once
 
 #include <cstdint>

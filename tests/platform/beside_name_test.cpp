@@ -5,7 +5,7 @@
 namespace velmora {
 namespace {
 
-TEST(BesideName, IsHiddenAndHasTheWritersNumber) {
+TEST(BesideName, HasADotInFrontAndTheWritersNumber) {
     EXPECT_EQ(besideName("set.dat", 4711), ".set.dat.4711");
 }
 
@@ -18,9 +18,9 @@ TEST(BesideName, IsReadBackForItsOwnNameOrForAny) {
 }
 
 TEST(BesideName, OtherNamesAreNobodys) {
-    for (const char* name :
-         {"", ".", "set.dat", "set.dat.4711", ".set.dat", ".4711", ".set.dat.", ".set.dat.0",
-          ".set.dat.-1", ".set.dat.47x", ".set.dat.x", ".set.dat. 4", ".set.dat.4294967296"}) {
+    for (const char* name : {"", ".", "..", "..5", "set.dat", "set.dat.4711", ".set.dat", ".4711",
+                             ".set.dat.", ".set.dat.0", ".set.dat.-1", ".set.dat.47x", ".set.dat.x",
+                             ".set.dat. 4", ".set.dat.4294967296"}) {
         EXPECT_EQ(writerBeside(name, ""), std::nullopt) << name;
     }
 }

@@ -70,7 +70,6 @@ class WindowsMachine final : public Machine {
         SetErrorMode(GetErrorMode() | SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
         platform_.app.DataPath = chooseDataFolder(dataFolders_);
         platform_.app.FolderKey = lowerCase(platform_.app.DataPath);
-        removeLeftUserState();
     }
 
     Platform& platform() override { return platform_; }

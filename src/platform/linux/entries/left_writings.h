@@ -6,7 +6,7 @@
 
 namespace velmora::linuxhost {
 
-/// The hidden name under which this process writes what is to be put in place of `name`.
+/// The name under which this process writes what is to be put in place of `name`.
 std::string ownBesideName(std::string_view name);
 
 /// Removes such files of processes that live no more from a folder: those of `name`, or all of them

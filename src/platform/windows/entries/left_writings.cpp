@@ -37,9 +37,12 @@ void removeLeftWritings(const std::wstring& path, std::string_view name) {
         const auto writer = writerBeside(toUtf8(child.name), name);
         if (!writer || !isEnded(*writer)) continue;
         OpenedEntry file;
+        EntryKind kind{};
         constexpr ACCESS_MASK toRemove = DELETE | FILE_READ_ATTRIBUTES;
-        if (file.openIn(folder, child.name, toRemove, FILE_NON_DIRECTORY_FILE) == ERROR_SUCCESS)
-            file.remove(false);
+        const bool isFile =
+            file.openIn(folder, child.name, toRemove, FILE_NON_DIRECTORY_FILE) == ERROR_SUCCESS &&
+            file.kindIn(folder, child.name, kind) == ERROR_SUCCESS && kind == EntryKind::plain;
+        if (isFile) file.remove(false);
     }
 }
 

@@ -9,8 +9,8 @@ namespace velmora::windows {
 /// The name under which this process writes what is to be put in place of `name`.
 std::string ownBesideName(std::string_view name);
 
-/// Removes such files of processes that run no more from the folder at a path in the system's form:
-/// those of `name`, or all of them where it is empty. What can't be listed or removed stays.
+/// Removes such files of `name` from the folder at a path in the system's form, those of processes
+/// that run no more. Links, and what can't be listed or removed, stay.
 void removeLeftWritings(const std::wstring& path, std::string_view name);
 
 }  // namespace velmora::windows

@@ -6,7 +6,7 @@
 #include "platform/windows/inventory/wmi_source.h"
 #include "platform/wmi.h"
 
-// The system's headers make another name of it, when they came after the one above.
+// The system's headers define it as a macro, and may have come after the one above.
 #undef GetObject
 
 namespace velmora::windows {

@@ -23,12 +23,15 @@ namespace velmora::windows {
 namespace {
 
 constexpr const char* settingsName = "set.dat";
-constexpr const char* settingsPlace = R"(\set.dat)";
 constexpr std::size_t mostSettings = 64 * 1024 * 1024;  // bytes
 
 std::wstring hostPath(const std::string& path) {
     const auto exact = exactPath(path);
     return exact ? exact->text() : std::wstring{};
+}
+
+std::string settingsIn(const std::string& folder) {
+    return folder + '\\' + settingsName;
 }
 
 DWORD attributesOf(const std::string& path) {
@@ -85,7 +88,7 @@ bool layFirst(const std::string& folder, std::string_view content) {
     const std::wstring made = hostPath(folder + '\\' + ownBesideName(settingsName));
     // They may hold a password later; and after a power failure they are whole or not there.
     const bool isDone =
-        writePrivateFile(made, content) && putInPlace(made, hostPath(folder + settingsPlace));
+        writePrivateFile(made, content) && putInPlace(made, hostPath(settingsIn(folder)));
     DeleteFileW(made.c_str());
     return isDone;
 }
@@ -109,16 +112,17 @@ DataFolderState prepareDataFolder(const DataFolders& folders) {
     if (folder == folders.program) return DataFolderState::ready;
     if (!isFolder(folder) && !make(folder)) return DataFolderState::notMade;
     removeLeftWritings(hostPath(folder), settingsName);
-    if (attributesOf(folder + settingsPlace) != INVALID_FILE_ATTRIBUTES)
-        return DataFolderState::ready;
+    if (attributesOf(settingsIn(folder)) != INVALID_FILE_ATTRIBUTES) return DataFolderState::ready;
     std::string content;
     DWORD failure = 0;
-    if (!readFirst(folders.program + settingsPlace, content, failure)) {
+    if (!readFirst(settingsIn(folders.program), content, failure)) {
         // Without them the start says what is missing.
         return failure == ERROR_FILE_NOT_FOUND ? DataFolderState::ready
                                                : DataFolderState::notFilled;
     }
-    return layFirst(folder, content) ? DataFolderState::ready : DataFolderState::notFilled;
+    // A start on another machine may have taken the first ones, half laid, for left.
+    const bool isLaid = layFirst(folder, content) || layFirst(folder, content);
+    return isLaid ? DataFolderState::ready : DataFolderState::notFilled;
 }
 
 }  // namespace velmora::windows

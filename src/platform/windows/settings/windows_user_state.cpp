@@ -66,6 +66,8 @@ bool WindowsUserState::write(const std::string& name, std::string_view content) 
     OpenedEntry folder;
     const bool isAllowed = isUserStateName(name) && content.size() <= mostUserState;
     if (!isAllowed || !openFolder(path, WhenMissing::make, folder)) return false;
+    // Others may be somebody's: an installed program has its settings in the same folder.
+    removeLeftWritings(path->text(), name);
     const std::wstring beside = pathIn(*path, ownBesideName(name));
     // After a power failure there is the old content or the new one.
     const bool isDone =
@@ -85,12 +87,6 @@ bool WindowsUserState::move(const std::string& from, const std::string& to) {
 std::string WindowsUserState::placeOf(const std::string& name) {
     const std::string local = toUtf8(environmentVariable(L"LOCALAPPDATA"));
     return local.empty() ? std::string{} : local + R"(\Velmora\)" + name;
-}
-
-void removeLeftUserState() {
-    const auto path = ownFolder();
-    OpenedEntry held;
-    if (openFolder(path, WhenMissing::fail, held)) removeLeftWritings(path->text(), "");
 }
 
 }  // namespace velmora::windows

@@ -13,7 +13,4 @@ class WindowsUserState final : public UserState {
     std::string placeOf(const std::string& name) override;
 };
 
-/// Removes what runs of the program that were killed while they wrote have left there.
-void removeLeftUserState();
-
 }  // namespace velmora::windows

@@ -82,22 +82,20 @@ TEST_F(WindowsUserStateTest, ItLiesInTheUsersLocalFolder) {
     EXPECT_EQ(treeOf(folder_), std::vector<std::string>{"\\place file 1 [x]"});
 }
 
-TEST_F(WindowsUserStateTest, WhatAKilledProcessLeftGoesAndThatOfALivingOneStays) {
+TEST_F(WindowsUserStateTest, TheNextWritingRemovesWhatAKilledProcessLeftOfThatName) {
     ASSERT_TRUE(state_.write("place", "x"));
     const std::string living = ".place." + std::to_string(GetCurrentProcessId());
     // Greater than any number that the system gives.
-    for (const std::string& name : {std::string(".place.4294967288"), living, std::string(".x")})
+    const std::string left = ".place.4294967288";
+    const std::string others = ".mine.4294967288";
+    for (const std::string& name : {left, others, std::string("..4294967288")})
         makeFile(folder_ + '\\' + name, "half");
-    velmora::windows::removeLeftUserState();
-    EXPECT_FALSE(isThere(folder_ + "\\.place.4294967288"));
-    EXPECT_TRUE(isThere(folder_ + '\\' + living));
-    EXPECT_TRUE(isThere(folder_ + "\\.x"));
-    EXPECT_EQ(state_.read("place"), "x");
-}
-
-TEST_F(WindowsUserStateTest, NothingIsMadeWhereNothingWasLeft) {
-    velmora::windows::removeLeftUserState();
-    EXPECT_FALSE(isThere(folder_));
+    EXPECT_TRUE(state_.write("place", "y"));
+    EXPECT_FALSE(isThere(folder_ + '\\' + left));
+    EXPECT_FALSE(isThere(folder_ + '\\' + living));
+    EXPECT_TRUE(isThere(folder_ + '\\' + others));
+    EXPECT_TRUE(isThere(folder_ + "\\..4294967288"));
+    EXPECT_EQ(state_.read("place"), "y");
 }
 
 TEST_F(WindowsUserStateTest, ReadingMakesNothing) {
