@@ -41,8 +41,8 @@ void endSleep() {
     if (ending) SetEvent(ending);
 }
 
-// Time in which the machine sleeps doesn't count here: a check that falls due in it is only so
-// late.
+// Waits leave out the time in which the machine sleeps: a check that fell due then comes at most so
+// much later.
 std::int64_t longestSleep() {
     return ending && wish ? 10'000 : 1000;
 }

@@ -1,44 +1,48 @@
+// The wish of another program that a console ends, and the sleep of that console.
 #include <gtest/gtest.h>
 #include <windows.h>
 
 #include <chrono>
 
+#include "app/close_wish.h"
+#include "app/end_request.h"
 #include "app/sleep.h"
 #include "app/windows/close_wish_name.h"
 
 namespace velmora {
 namespace {
 
-// The sleep keeps its own handle to the event: with all tests in one process, it is made once.
-HANDLE wishes() {
-    static const HANDLE made =
-        CreateEventW(nullptr, TRUE, FALSE, windows::closeWishName(GetCurrentProcessId()).c_str());
-    return made;
-}
-
 struct WishedSleep : testing::Test {
     WishedSleep() {
-        EXPECT_NE(wishes(), nullptr);
-        prepareSleep();
+        noteEndRequests();
+        takeCloseWish();
     }
-    ~WishedSleep() override { ResetEvent(wishes()); }
+    // As another program does it.
+    static bool wish() {
+        const HANDLE event = OpenEventW(EVENT_MODIFY_STATE, FALSE,
+                                        windows::closeWishName(GetCurrentProcessId()).c_str());
+        const bool isSet = event && SetEvent(event);
+        CloseHandle(event);
+        return isSet;
+    }
 };
-
-TEST_F(WishedSleep, AnotherProgramsWishEndsIt) {
-    SetEvent(wishes());
-    const auto begin = std::chrono::steady_clock::now();
-    sleepUnlessEnded(60'000);
-    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(30));
-}
-
-TEST_F(WishedSleep, TheWishIsThereAfterTheSleep) {
-    SetEvent(wishes());
-    sleepUnlessEnded(60'000);
-    EXPECT_EQ(WaitForSingleObject(wishes(), 0), WAIT_OBJECT_0);
-}
 
 TEST_F(WishedSleep, MayTakeTenSeconds) {
     EXPECT_EQ(longestSleep(), 10'000);
+}
+
+TEST_F(WishedSleep, IsEndedByAWishWhichIsTakenOnceAfterIt) {
+    ASSERT_TRUE(wish());
+    const auto begin = std::chrono::steady_clock::now();
+    sleepUnlessEnded(60'000);
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(30));
+    EXPECT_TRUE(takeCloseWish());
+    EXPECT_FALSE(takeCloseWish());
+}
+
+TEST_F(WishedSleep, TheWishIsARequestForTheEnd) {
+    ASSERT_TRUE(wish());
+    EXPECT_TRUE(isEndRequested());
 }
 
 }  // namespace
