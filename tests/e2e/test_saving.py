@@ -81,19 +81,19 @@ class Saving:
             while before == START and time.monotonic() < deadline:
                 before = self.settings.read_bytes()
             time.sleep(dice.uniform(0, life))
-            # One that had ended shows nothing: the next ones are killed earlier. So long as all were in the first
-            # save, they are killed later.
-            if process.poll() is not None:
-                life /= 2
-            else:
-                hits += 1
-                if seen == {0}:
-                    life = min(2 * life, 1)
             process.send_signal(signal.SIGKILL)
-            process.wait(PATIENCE)
+            is_killed = process.wait(PATIENCE) == -signal.SIGKILL
             left = whole_lines(self.content_left())
             self.assertIn(left, both)
+            # One that had ended shows nothing: the next ones are killed earlier. So long as all were in the first
+            # save, they are killed later.
+            if not is_killed:
+                life /= 2
+                continue
+            hits += 1
             seen.add(both.index(left))
+            if seen == {0}:
+                life = min(2 * life, 1)
         self.assertGreaterEqual(hits, self.kills)
         self.assertEqual(seen, {0, 1}, "the kills must come at different moments")
 

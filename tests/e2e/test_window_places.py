@@ -38,9 +38,16 @@ class Steps:
 
     def wait_for_place(self, look, place, tolerance=3):
         """A window is there a moment before the window manager has put it at its place."""
+        seen = None
+
         def is_there():
-            return all(abs(a - b) <= tolerance for a, b in zip(look(), place))
-        wait_for(is_there, f"window at {place}")
+            nonlocal seen
+            seen = look()
+            return all(abs(a - b) <= tolerance for a, b in zip(seen, place))
+        try:
+            wait_for(is_there, f"window at {place}")
+        except AssertionError as late:
+            raise AssertionError(f"{late}, but at {seen}") from late
 
     def put(self, place, size):
         """Moves and sizes the main window, and waits until both are kept."""
@@ -97,7 +104,7 @@ class Steps:
 
     def is_within(self, screen):
         (left, top), (width, height) = self.window.place(), self.window.size()
-        return left + width <= screen[0] and top + height <= screen[1]
+        return 0 < width and left + width <= screen[0] and 0 < height and top + height <= screen[1]
 
     def test_the_window_fits_a_low_screen_and_keeps_its_own_size(self):
         for size, scale in (((1366, 768), "1.25"), ((1920, 1080), "2")):
@@ -162,9 +169,8 @@ class Native(Steps, window.OwnNative, unittest.TestCase):
         wait_for(lambda: not menu.shown(), "the menu gone")
 
         for shown in (False, True):
-            desktop.wait_after(
-                lambda: self.desktop.point(*icon, "click", "--repeat", "2", "--delay", "80", "1"),
-                lambda: self.window.shown() == shown, f"the window shown: {shown}")
+            self.desktop.point(*icon, "click", "--repeat", "2", "--delay", "80", "1")
+            wait_for(lambda: self.window.shown() == shown, f"the window shown: {shown}")
         self.wait_for_place(self.window.place, place)
         self.end()
 

