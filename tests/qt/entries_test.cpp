@@ -1,6 +1,7 @@
 // Widgets that take a text, a number or a time: they show the field, and what the user enters
 // reaches the field with its events.
 #include <QComboBox>
+#include <QPlainTextEdit>
 #include <QSlider>
 #include <QTimeEdit>
 #include <QToolButton>
@@ -43,6 +44,20 @@ TEST_F(EntriesTest, ProgramsTextDoesNotMoveTheCaretWhenItIsTheSame) {
     QTest::keyClicks(edit("txtDrive"), "ab");
     settle();
     EXPECT_EQ(edit("txtDrive")->cursorPosition(), 2);
+}
+
+TEST_F(EntriesTest, ATextOfSeveralLinesIsShownAndWritten) {
+    FrmNotify& form = program->forms().frmNotify;
+    form.Show();
+    form.txtCustMsg.setText("one\r\ntwo");
+    settle();
+    auto* message = find<QPlainTextEdit>("txtCustMsg", "frmNotify");
+    ASSERT_NE(message, nullptr);
+    EXPECT_EQ(message->toPlainText(), "one\ntwo");
+    message->moveCursor(QTextCursor::End);
+    QTest::keyClick(message, Qt::Key_Return);
+    QTest::keyClicks(message, "three");
+    EXPECT_EQ(form.txtCustMsg.Text(), "one\r\ntwo\r\nthree");
 }
 
 TEST_F(EntriesTest, EnterIsKey13) {

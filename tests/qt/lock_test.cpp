@@ -1,4 +1,6 @@
 // The icon in the notification area and the lock, by messages of the icon and typed keys.
+#include <QElapsedTimer>
+
 #include "qt/controls/password_edit.h"
 #include "qt/window_test.h"
 
@@ -225,6 +227,22 @@ TEST_F(LockTest, TwoSingleClicksOnTheIconAreADoubleClickAndOneIsNone) {
     form1().Hidden.connect([&hidden] { ++hidden; });
     onIcon(QSystemTrayIcon::Trigger);
     EXPECT_EQ(hidden, visibleBefore);
+}
+
+TEST_F(LockTest, TwoSingleClicksThatAreTooFarApartAreNone) {
+    const int usual = QApplication::doubleClickInterval();
+    QApplication::setDoubleClickInterval(0);
+    int hidden = 0;
+    form1().Hidden.connect([&hidden] { ++hidden; });
+    for (int i = 0; i < 4; ++i) {
+        onIcon(QSystemTrayIcon::Trigger);
+        QElapsedTimer since;
+        since.start();
+        EXPECT_TRUE(QTest::qWaitFor([&since] { return since.elapsed() > 1; }));
+    }
+    QApplication::setDoubleClickInterval(usual);
+    EXPECT_EQ(hidden, 0);
+    EXPECT_TRUE(form1().Visible());
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include <QTemporaryDir>
 #include <algorithm>
 
+#include "qt/surface/no_input.h"
 #include "qt/window_test.h"
 #include "rows/listed_file.h"
 #include "rows/listed_program.h"
@@ -105,6 +106,17 @@ TEST_F(SpecifiedFilesTest, TheWindowGetsNoInputWhileTheSystemsDialogIsOpen) {
     EXPECT_EQ(boxes.seen.size(), 1u);
     EXPECT_EQ(tags().size(), 1u);
     EXPECT_EQ(machine.files.count(tag("a.txt")), 1u);
+}
+
+// A box that a check opens meanwhile has to be answered.
+TEST_F(SpecifiedFilesTest, ABoxGetsItsInputAlsoWhileTheSystemsDialogIsOpen) {
+    const qt::NoInput noInput;
+    QMessageBox box(QMessageBox::Information, "Velmora", "A message", QMessageBox::Ok);
+    box.setModal(true);
+    box.show();
+    ASSERT_EQ(QApplication::activeModalWidget(), &box);
+    QTest::mouseClick(box.button(QMessageBox::Ok), Qt::LeftButton);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !box.isVisible(); }));
 }
 
 TEST_F(SpecifiedFilesTest, ADismissedDialogAddsNothing) {
