@@ -175,6 +175,12 @@ TEST_F(EntriesTest, AComboBoxOffersItsListAndTakesAnyText) {
     EXPECT_EQ(form1().cboProg.Text(), "C:\\three.exe");
 }
 
+TEST_F(EntriesTest, TheEntryOfAComboBoxIsSaidByTheBoxsName) {
+    const auto* box = find<QComboBox>("cboProg");
+    EXPECT_FALSE(box->accessibleName().isEmpty());
+    EXPECT_EQ(box->lineEdit()->accessibleName(), box->accessibleName());
+}
+
 TEST_F(EntriesTest, TheEntryOfATriggerLeavesWithTheFocus) {
     auto* entry = edit("Text1");
     EXPECT_FALSE(entry->isVisible());
