@@ -40,7 +40,9 @@ TEST_F(WishedSleep, IsEndedByAWishWhichIsTakenOnceAfterIt) {
     EXPECT_FALSE(takeCloseWish());
 }
 
+// What was requested once stays so: this one comes last.
 TEST_F(WishedSleep, TheWishIsARequestForTheEnd) {
+    ASSERT_FALSE(isEndRequested());
     ASSERT_TRUE(wish());
     EXPECT_TRUE(isEndRequested());
 }

@@ -120,9 +120,7 @@ DataFolderState prepareDataFolder(const DataFolders& folders) {
         return failure == ERROR_FILE_NOT_FOUND ? DataFolderState::ready
                                                : DataFolderState::notFilled;
     }
-    // A start on another machine may have taken the first ones, half laid, for left.
-    const bool isLaid = layFirst(folder, content) || layFirst(folder, content);
-    return isLaid ? DataFolderState::ready : DataFolderState::notFilled;
+    return layFirst(folder, content) ? DataFolderState::ready : DataFolderState::notFilled;
 }
 
 }  // namespace velmora::windows

@@ -12,6 +12,7 @@ namespace {
 
 TEST(EndRequest, ASignalIsNotedAndEndsTheSleep) {
     noteEndRequests();
+    EXPECT_FALSE(isEndRequested());
     std::raise(SIGTERM);
     const auto begin = std::chrono::steady_clock::now();
     sleepUnlessEnded(60'000);
