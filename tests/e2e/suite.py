@@ -28,11 +28,20 @@ def use_home(home):
         os.environ.pop(name, None)
 
 
-def become_alone():
-    """Goes on with mounts of its own, so that no drive of another test takes a letter meanwhile."""
+# The first process of a machine takes the ends of all whose parents are gone. A shell does that while it waits.
+FIRST_PROCESS = ["sh", "-c", '"$0" "$@"; exit $?']
+
+
+def become_alone(with_processes=False):
+    """Goes on with mounts of its own, so that no drive of another test takes a letter meanwhile.
+
+    `with_processes`: also as if no other process ran on this machine."""
     if os.environ.get(ALONE) or os.geteuid() != 0 or not shutil.which("unshare"):
         return
-    command = ["unshare", "--mount", "--propagation", "private", sys.executable, *sys.argv]
+    command = ["unshare", "--mount", "--propagation", "private"]
+    if with_processes:
+        command += ["--pid", "--fork", "--kill-child", "--mount-proc", *FIRST_PROCESS]
+    command += [sys.executable, *sys.argv]
     os.execvpe(command[0], command, {**os.environ, ALONE: "yes"})
 
 
