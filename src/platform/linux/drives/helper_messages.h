@@ -28,6 +28,7 @@ struct HelperRequest {
     // Of a listing: its own number, and what it begins with.
     bool isFirst = false;
     bool hasDots = false;
+    char unused[2] = {};  // would be sent as they happen to be otherwise
     std::uint64_t listing = 0;
     char path[PATH_MAX] = {};  // sent up to its NUL
 
