@@ -3,6 +3,7 @@
 #include <csignal>
 
 #include "app/close_wish.h"
+#include "app/console_end.h"
 #include "app/sleep.h"
 
 namespace velmora {
@@ -11,9 +12,13 @@ namespace {
 
 volatile std::sig_atomic_t isRequested = 0;
 
-void note(int signal) {
+void request() {
     isRequested = 1;
     endSleep();
+}
+
+void note(int signal) {
+    request();
     // Whoever asks twice doesn't want to wait.
     std::signal(signal, SIG_DFL);
 }
@@ -29,6 +34,8 @@ void noteEndRequests() {
 #ifdef SIGBREAK
     std::signal(SIGBREAK, note);
 #endif
+    // After the signals: what is set last is asked first.
+    noteConsoleEnd(request);
 }
 
 bool isEndRequested() {

@@ -1,6 +1,5 @@
-// The wish from outside that the program ends: a signal of the service manager, of a terminal or,
-// on Linux, of the system's shutdown, or the wish of an installer. Windows ends a console itself
-// when its window is closed or the user logs off.
+// The wish from outside that the program ends: a signal of the service manager, of a terminal or of
+// the system's shutdown, the end of its console, or the wish of an installer.
 #pragma once
 
 namespace velmora {

@@ -1,11 +1,12 @@
 """The console itself: its replies, the texts it carries, how it ends."""
 
 import os
+import pathlib
 import signal
 import subprocess
 import unittest
 
-from cases import ConsoleCase, OwnNative, WindowsCase
+from cases import ConsoleCase, OwnNative, OwnWindows, WindowsCase
 from console import PATIENCE, ConsoleError
 from settings import scrambled
 
@@ -87,15 +88,15 @@ class Lines:
         self.assertEqual(self.console.get("Timer1.Enabled"), True)
 
 
-class Options(OwnNative, ConsoleCase):
-    """The console's options, as a service uses them."""
+class Watch:
+    """A console that keeps watch, which has raised an alert that isn't in the log yet."""
 
     def started(self, *options):
         return subprocess.Popen([*self.command(), *options], stdin=subprocess.DEVNULL,
                                 stdout=subprocess.PIPE, stderr=subprocess.PIPE,
                                 env=self.environment())
 
-    def test_a_watch_ends_cleanly_by_a_signal_and_saves_its_log(self):
+    def watching(self):
         self.put_settings(scrambled("txtTime=10\r\n", "minspace=2000000000\r\n", "chkLog=1",
                                     "chkAutoSave=1"))
         script = self.folder / "script"
@@ -110,12 +111,40 @@ class Options(OwnNative, ConsoleCase):
         while not lines[-1].startswith(b"alert:"):
             lines.append(watch.stdout.readline())
             self.assertTrue(lines[-1], lines)
-        watch.send_signal(signal.SIGTERM)
+        return watch
+
+    def expect_clean_end(self, watch):
         rest, _ = watch.communicate(timeout=PATIENCE)
         self.assertEqual(watch.returncode, 0)
-        self.assertIn(b"box: Velmora | question | Exit the program? | ok cancel -> ok\n", rest)
+        self.assertIn(b"box: Velmora | question | Exit the program? | ok cancel -> ok",
+                      [line.rstrip(b"\r") for line in rest.split(b"\n")])
         log = (self.folder / "log.dat").read_bytes()
         self.assertIn(b"ALERT: Space Shortage < 2000000000 KB", log)
+
+
+class WatchUnderWine(Watch, OwnWindows, unittest.TestCase):
+    def tell(self, what):
+        teller = pathlib.Path(os.environ["VELMORA_BUILD_WINDOWS"], "tests", "end_console.exe")
+        subprocess.run([*self.command()[:1], str(teller), self.program.name, what], check=True,
+                       timeout=PATIENCE, env=self.environment())
+
+    def test_it_ends_cleanly_with_its_console_but_not_with_another_session(self):
+        # The only one of this name.
+        self.program = self.program.rename(self.folder / "velmora-closed.exe")
+        watch = self.watching()
+        self.tell("logoff")
+        self.assertIsNone(watch.poll())
+        self.tell("close")
+        self.expect_clean_end(watch)
+
+
+class Options(Watch, OwnNative, ConsoleCase):
+    """The console's options, as a service uses them."""
+
+    def test_a_watch_ends_cleanly_by_a_signal_and_saves_its_log(self):
+        watch = self.watching()
+        watch.send_signal(signal.SIGTERM)
+        self.expect_clean_end(watch)
 
     def test_a_second_signal_does_not_wait(self):
         self.put_settings(scrambled("txtTime=3600\r\n"))

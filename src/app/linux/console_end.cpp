@@ -1,0 +1,7 @@
+#include "app/console_end.h"
+
+namespace velmora {
+
+void noteConsoleEnd(void (*)()) {}
+
+}  // namespace velmora
