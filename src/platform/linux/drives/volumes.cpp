@@ -42,7 +42,7 @@ Volumes::Volumes(std::chrono::milliseconds deadline, FolderMemory::Clock now)
 Volumes::~Volumes() = default;
 
 void Volumes::update() {
-    if (watch_.hasChanged()) reload();
+    if (looks_ == 0 && watch_.hasChanged()) reload();
 }
 
 void Volumes::reload() {
@@ -198,9 +198,9 @@ Volumes::Known Volumes::knownStatus(const std::string& hostPath, struct statx& s
     if (!place.isOpen())
         return errno == ENOENT || errno == ENOTDIR ? Known::isNotThere : Known::nothing;
     constexpr int flags = AT_EMPTY_PATH | AT_STATX_DONT_SYNC;
-    constexpr unsigned wanted = STATX_BASIC_STATS | STATX_BTIME;
-    const bool isRead = isInMemory(place) && statx(place.get(), "", flags, wanted, &status) == 0;
-    return isRead ? Known::status : Known::nothing;
+    constexpr unsigned wanted = STATX_BASIC_STATS | STATX_BTIME | STATX_MNT_ID;
+    const bool isRead = statx(place.get(), "", flags, wanted, &status) == 0;
+    return isRead && isFromMemory(status) ? Known::status : Known::nothing;
 }
 
 std::optional<struct statx> Volumes::statusOf(const std::string& hostPath) {
@@ -252,7 +252,11 @@ bool Volumes::isInMemory(const UniqueFd& place) const {
     struct statx status {};
     constexpr int flags = AT_EMPTY_PATH | AT_STATX_DONT_SYNC;
     return place.isOpen() && statx(place.get(), "", flags, STATX_MNT_ID, &status) == 0 &&
-           (status.stx_mask & STATX_MNT_ID) != 0 && memoryMounts_.count(status.stx_mnt_id) > 0;
+           isFromMemory(status);
+}
+
+bool Volumes::isFromMemory(const struct statx& status) const {
+    return (status.stx_mask & STATX_MNT_ID) != 0 && memoryMounts_.count(status.stx_mnt_id) > 0;
 }
 
 // The way to a folder that the kernel doesn't know may still wait for its disk. So that drive is

@@ -37,6 +37,22 @@ class Volumes {
                      FolderMemory::Clock now = changeClock);
     ~Volumes();
 
+    /// While one lives the mount table is as it was at its start, so that all questions of one call
+    /// are answered by one state, and at the cost of one look.
+    class OneLook {
+      public:
+        explicit OneLook(Volumes& volumes) : volumes_(volumes) {
+            volumes.update();
+            ++volumes.looks_;
+        }
+        ~OneLook() { --volumes_.looks_; }
+        OneLook(const OneLook&) = delete;
+        OneLook& operator=(const OneLook&) = delete;
+
+      private:
+        Volumes& volumes_;
+    };
+
     /// What the drive ("C:" or "\\host\share") answers; nothing when it isn't mounted or doesn't
     /// answer in time.
     std::optional<FilesystemReading> measure(const std::string& drive);
@@ -99,10 +115,13 @@ class Volumes {
     Known knownStatus(const std::string& hostPath, struct statx& status) const;
     /// Whether the opened place lies in a mount that answers from memory.
     bool isInMemory(const UniqueFd& place) const;
+    /// Whether its status, which says what mount that is, was read from one.
+    bool isFromMemory(const struct statx& status) const;
     bool isUnchanged(Volume& volume, const FilesystemReading& reading);
 
     std::chrono::milliseconds deadline_;
     MountWatch watch_;
+    int looks_ = 0;  // that live
     FolderMemory memory_;
     DriveLetters letters_;
     std::vector<std::unique_ptr<Volume>> volumes_;

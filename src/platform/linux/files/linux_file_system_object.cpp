@@ -44,14 +44,17 @@ bool LinuxFileSystemObject::isFile(const std::string& path, const std::string& h
 }
 
 bool LinuxFileSystemObject::FolderExists(const std::string& path) {
+    const Volumes::OneLook look(volumes_);
     return volumes_.kindOf(volumes_.hostPathOf(path)) == FileKind::folder;
 }
 
 bool LinuxFileSystemObject::FileExists(const std::string& path) {
+    const Volumes::OneLook look(volumes_);
     return isFile(path, volumes_.hostPathOf(path));
 }
 
 std::unique_ptr<Folder> LinuxFileSystemObject::GetFolder(const std::string& path) {
+    const Volumes::OneLook look(volumes_);
     MappedPath mapped = mapDrivePath(path, volumes_.roots());
     UniqueFd known = volumes_.openKnown(mapped.onHost);
     if (!known.isOpen() && volumes_.kindOf(mapped.onHost) != FileKind::folder)
@@ -61,6 +64,7 @@ std::unique_ptr<Folder> LinuxFileSystemObject::GetFolder(const std::string& path
 }
 
 std::unique_ptr<File> LinuxFileSystemObject::GetFile(const std::string& path) {
+    const Volumes::OneLook look(volumes_);
     MappedPath mapped = mapDrivePath(path, volumes_.roots());
     if (!isFile(path, mapped.onHost)) throw RuntimeError(error::fileNotFound);
     return makeFile(volumes_, std::move(mapped.onDrive), std::move(mapped.onHost));

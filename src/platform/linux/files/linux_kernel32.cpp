@@ -96,6 +96,7 @@ void LinuxKernel32::noteTimes(const FindData& entry) {
 }
 
 std::int32_t LinuxKernel32::MoveFileA(const std::string& from, const std::string& to) {
+    const Volumes::OneLook look(volumes_);
     const std::string source = volumes_.hostPathOf(from);
     const std::string target = volumes_.hostPathOf(to);
     // Only a folder's path may end in a separator.

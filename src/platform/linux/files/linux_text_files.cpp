@@ -189,12 +189,14 @@ void LinuxTextFiles::writeOver(const std::string& path, std::string_view content
 }
 
 double LinuxTextFiles::FileLen(const std::string& path) {
+    const Volumes::OneLook look(volumes_);
     const auto status = volumes_.statusOf(volumes_.hostPathOf(path));
     if (!status || kindOf(*status) != FileKind::file) throw RuntimeError(error::fileNotFound);
     return static_cast<double>(status->stx_size);
 }
 
 void LinuxTextFiles::remove(const std::string& path) {
+    const Volumes::OneLook look(volumes_);
     const OpenedParent parent(volumes_, volumes_.hostPathOf(path));
     struct stat status {};
     int failure = statusToRemove(parent, path, status);

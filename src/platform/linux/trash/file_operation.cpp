@@ -32,7 +32,8 @@ std::uint32_t shellCodeOf(int failure) {
 // The path is mapped once and its entry looked at once; all that follows works in the opened parent
 // folder. 0, or the errno.
 int removeOne(Volumes& volumes, const std::string& path, bool allowUndo) {
-    const auto roots = volumes.roots();
+    const Volumes::OneLook look(volumes);
+    const auto& roots = volumes.roots();
     const std::string hostPath = hostPathOf(path, roots);
     const OpenedParent parent(volumes, hostPath);
     struct stat status {};

@@ -76,6 +76,22 @@ TEST_F(MountedDrives, AnUnmountedDriveIsNotReadyAndNotListedAtOnce) {
     EXPECT_FALSE(fso().FolderExists(drive + '\\'));
 }
 
+TEST_F(MountedDrives, WithinOneLookTheyAreThoseOfItsStart) {
+    Volumes volumes;
+    TestMount mount;
+    {
+        const Volumes::OneLook look(volumes);
+        ASSERT_TRUE(mount.mountTmpfs("size=8M"));
+        EXPECT_FALSE(volumes.isMountPoint(mount.path()));
+        { const Volumes::OneLook within(volumes); }
+        EXPECT_FALSE(volumes.isMountPoint(mount.path()));
+    }
+    EXPECT_TRUE(volumes.isMountPoint(mount.path()));
+    mount.unmount();
+    const Volumes::OneLook next(volumes);
+    EXPECT_FALSE(volumes.isMountPoint(mount.path()));
+}
+
 TEST_F(MountedDrives, ARemountGetsItsLetterBackAndANewMountAnother) {
     TestMount first;
     ASSERT_TRUE(first.mountTmpfs("size=8M"));
