@@ -34,6 +34,10 @@ void noteEndRequests() {
 #ifdef SIGBREAK
     std::signal(SIGBREAK, note);
 #endif
+#ifdef SIGHUP
+    // A terminal that is closed. Who starts the program to outlive its terminal has it ignored.
+    if (std::signal(SIGHUP, note) == SIG_IGN) std::signal(SIGHUP, SIG_IGN);
+#endif
     // After the signals: what is set last is asked first.
     noteConsoleEnd(request);
 }

@@ -1,9 +1,11 @@
 """The console itself: its replies, the texts it carries, how it ends."""
 
+import fcntl
 import os
 import pathlib
 import signal
 import subprocess
+import termios
 import unittest
 
 from cases import ConsoleCase, OwnNative, OwnWindows, WindowsCase
@@ -91,33 +93,38 @@ class Lines:
 class Watch:
     """A console that keeps watch, which has raised an alert that isn't in the log yet."""
 
-    def started(self, *options):
-        return subprocess.Popen([*self.command(), *options], stdin=subprocess.DEVNULL,
-                                stdout=subprocess.PIPE, stderr=subprocess.PIPE,
-                                env=self.environment())
+    def started(self, *options, **start):
+        return subprocess.Popen([*self.command(), *options], env=self.environment(),
+                                **{"stdin": subprocess.DEVNULL, "stdout": subprocess.PIPE, "stderr": subprocess.PIPE,
+                                   **start})
 
-    def watching(self):
+    def watching(self, **start):
         self.put_settings(scrambled("txtTime=10\r\n", "minspace=2000000000\r\n", "chkLog=1",
                                     "chkAutoSave=1"))
         script = self.folder / "script"
         script.write_text("tick ListView1 1 on\nfire Timer1\nwait until alert Space Shortage\n",
                           encoding="utf-8")
-        watch = self.started("--watch", "--script", str(script))
-        self.addCleanup(watch.stdout.close)
-        self.addCleanup(watch.stderr.close)
+        watch = self.started("--watch", "--script", str(script), **start)
+        for stream in filter(None, (watch.stdout, watch.stderr)):
+            self.addCleanup(stream.close)
         self.addCleanup(watch.wait)
         self.addCleanup(watch.kill)
+        return watch
+
+    def read_alert(self, watch):
         lines = [watch.stdout.readline() for _ in range(2)]
         while not lines[-1].startswith(b"alert:"):
             lines.append(watch.stdout.readline())
             self.assertTrue(lines[-1], lines)
-        return watch
 
     def expect_clean_end(self, watch):
         rest, _ = watch.communicate(timeout=PATIENCE)
         self.assertEqual(watch.returncode, 0)
         self.assertIn(b"box: Velmora | question | Exit the program? | ok cancel -> ok",
                       [line.rstrip(b"\r") for line in rest.split(b"\n")])
+        self.expect_saved()
+
+    def expect_saved(self):
         log = (self.folder / "log.dat").read_bytes()
         self.assertIn(b"ALERT: Space Shortage < 2000000000 KB", log)
 
@@ -132,8 +139,11 @@ class WatchUnderWine(Watch, OwnWindows, unittest.TestCase):
         # The only one of this name.
         self.program = self.program.rename(self.folder / "velmora-closed.exe")
         watch = self.watching()
+        self.read_alert(watch)
         self.tell("logoff")
-        self.assertIsNone(watch.poll())
+        # An end would be over in less.
+        with self.assertRaises(subprocess.TimeoutExpired):
+            watch.wait(5)
         self.tell("close")
         self.expect_clean_end(watch)
 
@@ -143,6 +153,28 @@ class Options(Watch, OwnNative, ConsoleCase):
 
     def test_a_watch_ends_cleanly_by_a_signal_and_saves_its_log(self):
         watch = self.watching()
+        self.read_alert(watch)
+        watch.send_signal(signal.SIGTERM)
+        self.expect_clean_end(watch)
+
+    def test_a_watch_ends_cleanly_when_its_terminal_is_closed(self):
+        terminal, inner = os.openpty()
+        watch = self.watching(start_new_session=True, preexec_fn=lambda: fcntl.ioctl(inner, termios.TIOCSCTTY, 0),
+                              stdin=inner, stdout=inner, stderr=inner)
+        os.close(inner)
+        seen = b""
+        while b"alert: " not in seen:
+            seen += os.read(terminal, 4096)
+        os.close(terminal)
+        self.assertEqual(watch.wait(PATIENCE), 0)
+        self.expect_saved()
+
+    def test_a_watch_that_is_to_outlive_its_terminal_does(self):
+        watch = self.watching(preexec_fn=lambda: signal.signal(signal.SIGHUP, signal.SIG_IGN))
+        self.read_alert(watch)
+        watch.send_signal(signal.SIGHUP)
+        with self.assertRaises(subprocess.TimeoutExpired):
+            watch.wait(3)
         watch.send_signal(signal.SIGTERM)
         self.expect_clean_end(watch)
 

@@ -2,8 +2,8 @@
 """Fault tests: calls of the system that fail, one by one, and kills at every moment of a step.
 
 VELMORA_CONSOLE names the console program. Tests of what is missing are skipped. With words as arguments, only tests run
-whose names hold one of them. What is mounted here is seen by nobody else, and no other process of the machine is seen
-here: the program's lists of them would be others in each run.
+whose names hold one of them. For root, what is mounted here is seen by nobody else, and no other process of the machine
+is seen here: the program's lists of them would be others in each run.
 """
 
 import os

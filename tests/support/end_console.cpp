@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr DWORD longestWait = 120'000;
+constexpr DWORD longestWait = 40'000;
 
 std::vector<DWORD> processesOf(const std::string& name) {
     std::vector<DWORD> found;
@@ -40,7 +40,7 @@ LPTHREAD_START_ROUTINE callerOfHandlers() {
 }
 
 // Whether the program has ended before its thread was done. One that ends takes the status of its
-// program, which is 0 when it ends well; one that is done has another.
+// program, which is 0 when it ends well; one that is done has another, under Wine.
 bool hasEndedFirst(HANDLE process, HANDLE thread) {
     DWORD status = 1;
     GetExitCodeThread(thread, &status);
@@ -48,15 +48,16 @@ bool hasEndedFirst(HANDLE process, HANDLE thread) {
 }
 
 bool tell(HANDLE process, DWORD event) {
-    const HANDLE thread =
-        CreateRemoteThread(process, nullptr, 0, callerOfHandlers(),
-                           reinterpret_cast<void*>(std::uintptr_t{event}), 0, nullptr);
+    const LPTHREAD_START_ROUTINE routine = callerOfHandlers();
+    if (!routine) return false;
+    const HANDLE thread = CreateRemoteThread(
+        process, nullptr, 0, routine, reinterpret_cast<void*>(std::uintptr_t{event}), 0, nullptr);
     if (!thread || WaitForSingleObject(thread, longestWait) != WAIT_OBJECT_0) return false;
-    const bool isEnded = hasEndedFirst(process, thread);
-    if (event == CTRL_LOGOFF_EVENT) return !isEnded;
+    if (event == CTRL_LOGOFF_EVENT) return WaitForSingleObject(process, 0) == WAIT_TIMEOUT;
+    if (hasEndedFirst(process, thread)) return true;
     // As the system does it.
-    if (!isEnded) TerminateProcess(process, 3);
-    return isEnded;
+    TerminateProcess(process, 3);
+    return false;
 }
 
 }  // namespace

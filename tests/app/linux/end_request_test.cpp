@@ -21,6 +21,7 @@ TEST(EndRequest, ASignalIsNotedAndEndsTheSleep) {
     // The next one ends the program.
     EXPECT_EQ(std::signal(SIGTERM, SIG_DFL), SIG_DFL);
     std::signal(SIGINT, SIG_DFL);
+    std::signal(SIGHUP, SIG_DFL);
 }
 
 }  // namespace

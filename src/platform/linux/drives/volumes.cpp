@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <cassert>
 #include <cerrno>
 #include <utility>
 
@@ -46,6 +47,7 @@ void Volumes::update() {
 }
 
 void Volumes::reload() {
+    assert(looks_ == 0);
     memory_.clear();
     const auto table = parseMountTable(watch_.read());
     memoryMounts_.clear();

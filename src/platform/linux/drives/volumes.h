@@ -38,7 +38,7 @@ class Volumes {
     ~Volumes();
 
     /// While one lives the mount table is as it was at its start, so that all questions of one call
-    /// are answered by one state, and at the cost of one look.
+    /// are answered by one state, and at the cost of one look. Nothing is measured meanwhile.
     class OneLook {
       public:
         explicit OneLook(Volumes& volumes) : volumes_(volumes) {

@@ -294,7 +294,7 @@ TEST_F(HungMachine, AListingThatHangsIsAnErrorAfterTheDeadlineAndItsProcessGoes)
         EXPECT_LT(steady_clock::now() - start, 4s);
         const auto later = steady_clock::now();
         EXPECT_EQ(errorOf([&] { services->ExecQuery(allProcesses, "WQL", 0); }), error::automation);
-        EXPECT_LT(steady_clock::now() - later, 500ms);
+        EXPECT_LT(steady_clock::now() - later, 1900ms);
     }
     EXPECT_EQ(openDescriptors(), descriptors);
     // A process within a request to the filesystem ends only when that is answered.

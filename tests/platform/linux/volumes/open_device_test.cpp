@@ -68,7 +68,7 @@ TEST_F(SlowDevice, CostsTheDeadlineOnceAndThenNothing) {
 }
 
 TEST_F(SlowDevice, OpeningAndProbingShareOneDeadline) {
-    constexpr auto deadline = 1000ms;
+    constexpr auto deadline = 3000ms;
     device_ = std::make_unique<OpenDevice>(disk_->device(), deadline);
     ASSERT_TRUE(device_->open()) << device_->failure();
     // The process takes most of the deadline to open it once more.
