@@ -31,10 +31,11 @@ TEST(KilobyteText, GroupsDigitsAsTheCallerSays) {
 TEST(KilobyteText, TheShortWayGivesWhatTheLongOneDoes) {
     const Regional narrowBlanks{.digitGroup = "\u202F"};
     const Regional noMark{.digitGroup = ""};
-    for (const double bytes : {0.0, 1.0, 511.0, 512.0, 1023.0, 1024.0 * 999, 1024.0 * 1000,
-                               1024.0 * 999'999 + 511, 1024.0 * 999'999 + 512, 1024.0 * 1e6,
-                               1024.0 * 99'999'999'999 - 513, 1024.0 * 99'999'999'999 + 512,
-                               1024.0 * 1e11, 1024.0 * 123'456'789'012'345, -1536.0, 1536.5}) {
+    for (const double bytes :
+         {0.0, 1.0, 511.0, 512.0, 1023.0, 1024.0 * 999, 1024.0 * 1000, 1024.0 * 999'999 + 511,
+          1024.0 * 999'999 + 512, 1024.0 * 1e6, 1024.0 * 99'999'999'999 - 513,
+          1024.0 * 99'999'999'999 + 512, 1024.0 * 1e11, 1024.0 * 123'456'789'012'345, -1536.0,
+          1536.5, 511.99999999999994}) {
         for (const Regional& region : {unitedStates, germany, narrowBlanks, noMark}) {
             for (const Grouping grouping : {Grouping::regional, Grouping::none}) {
                 EXPECT_EQ(KilobyteText(bytes, grouping, region).text(),
@@ -85,9 +86,17 @@ TEST(NotAvailable, IsFoundInCapitalsAndNot) {
     for (const char* text : {"N/A", "n/a", "N/a, drive", "drive: n/A"}) {
         EXPECT_TRUE(holdsNotAvailable(text)) << text;
     }
-    for (const char* text : {"", "NA", "not ready", "12 KB"}) {
+    for (const char* text : {"", "NA", "not ready", "12 KB", "n/x", "x/a", "1/2"}) {
         EXPECT_FALSE(holdsNotAvailable(text)) << text;
     }
+}
+
+TEST(NotAvailable, IsFoundBehindAnotherSlashButNotBeyondTheText) {
+    EXPECT_TRUE(holdsNotAvailable("1/2 n/a"));
+    EXPECT_TRUE(holdsNotAvailable("/ n/a"));
+    const std::string_view text = "n/a";
+    EXPECT_FALSE(holdsNotAvailable(text.substr(1)));
+    EXPECT_FALSE(holdsNotAvailable(text.substr(0, 2)));
 }
 
 }  // namespace

@@ -23,6 +23,15 @@ TEST_F(WatchColumnsTest, TheTriggersUnitTakesThePlaceOfFourCharacters) {
     EXPECT_EQ(header(), "Trigger S( %)");
 }
 
+TEST_F(WatchColumnsTest, TheTriggersMayBeTheLastColumn) {
+    for (const char* header : {"Path", "Free", "Total", "Trigger Space"}) list.addColumn({header});
+    showTriggerUnit(list, "(KB)");
+    EXPECT_EQ(header(), "Trigger S(KB)");
+    ListItem& item = list.Add("C:\\");
+    writeTriggers(list, "5");
+    EXPECT_EQ(item.SubItems(3), "5");
+}
+
 TEST_F(WatchColumnsTest, AListWithoutColumnsShowsNoUnit) {
     showTriggerUnit(list, "(KB)");
     EXPECT_EQ(list.ColumnCount(), 0);
