@@ -118,7 +118,8 @@ TEST_F(WatchRowTest, EachReaderHasItsRuleOfWhatIsAvailable) {
                  {"N/A check drive or media", false, false, true, false},
                  {"was n/a once", false, false, true, true},
                  {"N/a", false, false, true, true},
-                 {"drive Not Ready", true, true, false, true}};
+                 {"drive Not Ready", true, true, false, true},
+                 {"not read yet", true, true, true, true}};
     ListItem& item = list.Add("C:\\");
     const ConstWatchRow row(item);
     for (const auto& c : cases) {
