@@ -98,12 +98,13 @@ class Watch:
                                 **{"stdin": subprocess.DEVNULL, "stdout": subprocess.PIPE, "stderr": subprocess.PIPE,
                                    **start})
 
-    def watching(self, **start):
+    def watching(self, *later, **start):
+        """One whose script goes on with these lines once there is the alert."""
         self.put_settings(scrambled("txtTime=10\r\n", "minspace=2000000000\r\n", "chkLog=1",
                                     "chkAutoSave=1"))
         script = self.folder / "script"
-        script.write_text("tick ListView1 1 on\nfire Timer1\nwait until alert Space Shortage\n",
-                          encoding="utf-8")
+        lines = ["tick ListView1 1 on", "fire Timer1", "wait until alert Space Shortage", *later]
+        script.write_text("\n".join(lines) + "\n", encoding="utf-8")
         watch = self.started("--watch", "--script", str(script), **start)
         for stream in filter(None, (watch.stdout, watch.stderr)):
             self.addCleanup(stream.close)
@@ -112,8 +113,11 @@ class Watch:
         return watch
 
     def read_alert(self, watch):
-        lines = [watch.stdout.readline() for _ in range(2)]
-        while not lines[-1].startswith(b"alert:"):
+        self.read_to(watch, b"alert:")
+
+    def read_to(self, watch, beginning):
+        lines = [watch.stdout.readline()]
+        while not lines[-1].startswith(beginning):
             lines.append(watch.stdout.readline())
             self.assertTrue(lines[-1], lines)
 
@@ -138,12 +142,10 @@ class WatchUnderWine(Watch, OwnWindows, unittest.TestCase):
     def test_it_ends_cleanly_with_its_console_but_not_with_another_session(self):
         # The only one of this name.
         self.program = self.program.rename(self.folder / "velmora-closed.exe")
-        watch = self.watching()
+        watch = self.watching("after 15 get txtAmt")
         self.read_alert(watch)
         self.tell("logoff")
-        # An end would be over in less.
-        with self.assertRaises(subprocess.TimeoutExpired):
-            watch.wait(5)
+        self.read_to(watch, b"50")
         self.tell("close")
         self.expect_clean_end(watch)
 
@@ -162,19 +164,18 @@ class Options(Watch, OwnNative, ConsoleCase):
         watch = self.watching(start_new_session=True, preexec_fn=lambda: fcntl.ioctl(inner, termios.TIOCSCTTY, 0),
                               stdin=inner, stdout=inner, stderr=inner)
         os.close(inner)
-        seen = b""
-        while b"alert: " not in seen:
-            seen += os.read(terminal, 4096)
-        os.close(terminal)
+        with open(terminal, "rb", buffering=0) as outer:
+            while not outer.readline().startswith(b"alert:"):
+                pass
         self.assertEqual(watch.wait(PATIENCE), 0)
         self.expect_saved()
 
     def test_a_watch_that_is_to_outlive_its_terminal_does(self):
-        watch = self.watching(preexec_fn=lambda: signal.signal(signal.SIGHUP, signal.SIG_IGN))
+        watch = self.watching("after 3 get txtAmt",
+                              preexec_fn=lambda: signal.signal(signal.SIGHUP, signal.SIG_IGN))
         self.read_alert(watch)
         watch.send_signal(signal.SIGHUP)
-        with self.assertRaises(subprocess.TimeoutExpired):
-            watch.wait(3)
+        self.read_to(watch, b"50")
         watch.send_signal(signal.SIGTERM)
         self.expect_clean_end(watch)
 

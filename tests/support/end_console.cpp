@@ -1,15 +1,13 @@
 // Tells a running console program of its end, as Windows does it:
 //   end_console NAME close     the console's window is closed
 //   end_console NAME logoff    somebody has logged off
-// NAME is that of the program's file; only one such program may run. After `close` the program is
-// ended as soon as it has taken note of that, unless it has ended by itself. The status is 0 when
-// it has been told, 1 when it couldn't be.
+// NAME is that of the program's file; only one such program may run. The status is 0 when the
+// program has ended by itself before it was done with `close`, or goes on after `logoff`, else 1.
 #include <windows.h>
 // After the one above, which it needs.
 #include <tlhelp32.h>
 
 #include <cstdint>
-#include <cstdio>
 #include <string>
 #include <vector>
 

@@ -8,6 +8,8 @@ namespace {
 
 void (*noteEnd)() = nullptr;
 
+// By the system's documentation a program that has loaded user32, as this one has, hears of the
+// first of these events alone. Where it hears of the others, the signals would take them wrongly.
 BOOL WINAPI take(DWORD event) {
     switch (event) {
         case CTRL_CLOSE_EVENT:
@@ -16,7 +18,7 @@ BOOL WINAPI take(DWORD event) {
             Sleep(INFINITE);
             return TRUE;
         case CTRL_LOGOFF_EVENT:
-            // Only what runs as a service hears of it, whoever has logged off.
+            // Only what runs as a service can hear of it, whoever has logged off.
             return TRUE;
         default:
             return FALSE;

@@ -35,6 +35,8 @@ struct HelperRequest {
     static constexpr std::size_t headSize() { return offsetof(HelperRequest, path); }
 };
 
+static_assert(HelperRequest::headSize() == 16, "bytes that nobody sets would be sent");
+
 struct HelperReply {
     int error = 0;           ///< 0 or the errno
     struct statx status {};  ///< of what a link points to
