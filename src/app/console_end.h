@@ -1,7 +1,6 @@
-// The end of the console that the program runs in: its window is closed, or, for a service that
-// uses no windows at all, the machine shuts down. Windows tells that to a thread of the program's
-// own and ends the program once the thread is done, or after some seconds. Elsewhere such an end is
-// a signal.
+// The end of the console that the program runs in: its window is closed, its user logs off, or the
+// machine shuts down. Windows tells that to a thread of the program's own and ends the program once
+// the thread is done, or after some seconds. Elsewhere such an end is a signal.
 #pragma once
 
 namespace velmora {

@@ -1,6 +1,6 @@
-// The wish from outside that the program ends: a signal of the service manager, of a terminal or,
-// on Linux, of the system's shutdown, the end of its console, or the wish of an installer. Windows
-// ends it without a word when its user logs off.
+// The wish from outside that the program ends: a signal of the service manager, of a terminal or of
+// the system's shutdown, the end of its console or of its user's session, or the wish of an
+// installer.
 #pragma once
 
 namespace velmora {

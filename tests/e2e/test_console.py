@@ -139,14 +139,30 @@ class WatchUnderWine(Watch, OwnWindows, unittest.TestCase):
         subprocess.run([*self.command()[:1], str(teller), self.program.name, what], check=True,
                        timeout=PATIENCE, env=self.environment())
 
-    def test_it_ends_cleanly_with_its_console_but_not_with_another_session(self):
-        # The only one of this name.
-        self.program = self.program.rename(self.folder / "velmora-closed.exe")
+    def named_watch(self, name):
+        """The only one of this name, which shows a 50 some time after the alert."""
+        self.program = self.program.rename(self.folder / name)
         watch = self.watching("after 15 get txtAmt")
         self.read_alert(watch)
+        return watch
+
+    def test_it_ends_cleanly_with_its_console_but_not_with_another_session(self):
+        watch = self.named_watch("velmora-closed.exe")
         self.tell("logoff")
         self.read_to(watch, b"50")
         self.tell("close")
+        self.expect_clean_end(watch)
+
+    def test_it_ends_cleanly_with_its_session_once_that_ends_for_good(self):
+        watch = self.named_watch("velmora-session.exe")
+        self.tell("session-stays")
+        self.read_to(watch, b"50")
+        self.tell("session-ends")
+        self.expect_clean_end(watch)
+
+    def test_it_ends_cleanly_when_it_is_asked_to_without_force(self):
+        watch = self.named_watch("velmora-asked.exe")
+        self.tell("windows")
         self.expect_clean_end(watch)
 
 

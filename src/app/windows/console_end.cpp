@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include "app/windows/session_window.h"
+
 namespace velmora {
 
 namespace {
@@ -9,7 +11,8 @@ namespace {
 void (*noteEnd)() = nullptr;
 
 // By the system's documentation a program that has loaded user32, as this one has, hears of the
-// first of these events alone. Where it hears of the others, the signals would take them wrongly.
+// first of these events alone, and of the others by its window. Where it hears of them here, the
+// signals would take them wrongly.
 BOOL WINAPI take(DWORD event) {
     switch (event) {
         case CTRL_CLOSE_EVENT:
@@ -30,6 +33,7 @@ BOOL WINAPI take(DWORD event) {
 void noteConsoleEnd(void (*note)()) {
     noteEnd = note;
     SetConsoleCtrlHandler(take, TRUE);
+    windows::openSessionWindow(note);
 }
 
 }  // namespace velmora
