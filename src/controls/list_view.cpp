@@ -45,13 +45,10 @@ ListItem& ListView::Add(std::string text) {
 
 ListItem& ListView::Add(int index, std::string text) {
     if (index < 1 || index > Count() + 1) throw RuntimeError(error::indexOutOfBounds);
-    auto row = std::make_unique<ListItem>(*this);
-    ListItem& added = *row;
-    if (index == 1) {
-        rows_.push_front(std::move(row));
-    } else {
-        rows_.insert(rows_.begin() + (index - 1), std::move(row));
-    }
+    Made row;
+    ListItem& added = row.emplace_back(*this);
+    rows_.insert(rows_.begin() + (index - 1), row.begin());
+    made_.splice(made_.end(), row);
     RowInserted(index);
     added.setText(std::move(text));
     return added;
@@ -59,12 +56,15 @@ ListItem& ListView::Add(int index, std::string text) {
 
 void ListView::Remove(int index) {
     ListItems(index);
-    rows_.erase(rows_.begin() + (index - 1));
+    const auto place = rows_.begin() + (index - 1);
+    made_.erase(*place);
+    rows_.erase(place);
     RowRemoved(index);
 }
 
 void ListView::Clear() {
     rows_.clear();
+    made_.clear();
     RowsReset();
 }
 
@@ -91,8 +91,8 @@ void ListView::sortBy(int key, int order) {
     }
     const std::vector<std::size_t> places = keys.sorted(order != 0);
     // All room first, so that no row is lost where there is none.
-    std::deque<std::unique_ptr<ListItem>> sorted(rows_.size());
-    for (std::size_t i = 0; i < places.size(); ++i) sorted[i] = std::move(rows_[places[i]]);
+    std::deque<Made::iterator> sorted(rows_.size());
+    for (std::size_t i = 0; i < places.size(); ++i) sorted[i] = rows_[places[i]];
     rows_.swap(sorted);
     RowsReset();
 }

@@ -213,6 +213,17 @@ TEST_F(DriveInfoTest, EachSelectionOfTheAttributesAppendsTheDrives) {
     EXPECT_EQ(machine.log.countOf("GetLogicalDriveStringsA 105"), 3);  // the first for drvDrive
 }
 
+TEST_F(DriveInfoTest, ThePanelsStandBesideTheFirstChart) {
+    form.Show();
+    Bounds chart = form.MSChart1[0].bounds();
+    chart.Left += 100;
+    chart.Top += 70;
+    form.MSChart1[0].setBounds(chart);
+    form.Combo1.userChoose(3);
+    EXPECT_EQ(form.frmAD.bounds().Left, chart.Left + 550);
+    EXPECT_EQ(form.frmAD.bounds().Top, chart.Top);
+}
+
 TEST_F(DriveInfoTest, DrivesAreListedInUpperCaseUpToTheLastLetter) {
     for (const int count : {2, 24, 25, 26}) {
         machine.drives.clear();
@@ -302,6 +313,19 @@ TEST_F(DriveInfoTest, TheDialogClosesTheVolumeWhenItUnloads) {
     readAndClose([this] { form.userClose(); });
 }
 
+TEST_F(DriveInfoTest, OkHidesTheDialogBeforeItUnloads) {
+    machine.rawVolumes.volumes["C:"].bytes = std::string(512, 'x');
+    form.Show();
+    form.cmdEnter.userClick();
+    int openWhenHidden = -1;
+    ScopedConnection hidden = form.Changed.connect([&] {
+        if (!form.Visible() && openWhenHidden < 0)
+            openWhenHidden = machine.rawVolumes.openHandles();
+    });
+    form.cmdOK.userClick();
+    EXPECT_EQ(openWhenHidden, 1);
+}
+
 TEST_F(DriveInfoTest, AFailingOpenUnloadsTheDialog) {
     machine.rawVolumes.volumes["C:"].bytes = std::string(512, 'x');
     machine.rawVolumes.volumes["D:"].opens = false;
@@ -328,6 +352,9 @@ TEST_F(DriveInfoTest, ALoadedDialogIsNew) {
     EXPECT_EQ(form.txtChar.Text(), "");
     EXPECT_EQ(form.lvInfo.Count(), 0);
     EXPECT_EQ(form.drvDrive.ListCount(), 2);
+    form.cmdOK.userClick();
+    form.Show();
+    EXPECT_EQ(visible(), Names{"bars"}) << "also with the same view";
 }
 
 TEST_F(DriveInfoTest, TheTextsOfTheDialog) {

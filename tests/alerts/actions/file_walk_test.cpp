@@ -53,6 +53,18 @@ TEST_F(FileWalkTest, AGivenNameEndsTheCallAfterThePathWasFilled) {
     EXPECT_EQ(listed(), "C:\\1");
 }
 
+// Only a row that a handler adds lets the walk go on to the next.
+TEST_F(FileWalkTest, ARowOfAnotherRootIsPassedOver) {
+    listFile("C:\\1");
+    listFile("D:\\2");
+    host.onYield = [this](int yields) {
+        if (yields == 1) listFile("D:\\3");
+    };
+    walk(act::remove);
+    EXPECT_EQ(listed(), "D:\\2 D:\\3");
+    EXPECT_FALSE(exists("C:\\1"));
+}
+
 TEST_F(FileWalkTest, AnEmptyListIsNoError) {
     walk(act::move);
     EXPECT_EQ(host.yields, 0);

@@ -80,6 +80,13 @@ TEST(Sorbane, WithNoRowInAlertGetsDriveC) {
     EXPECT_EQ(rig.machine.files[rig.cleanerFile], "c:\\\r\n");
 }
 
+TEST(Sorbane, SaysWhatItTriedWhereItsFileCantBeWritten) {
+    DialogRig rig;
+    rig.machine.lockedFiles[rig.cleanerFile] = error::permissionDenied;
+    EXPECT_EQ(attemptOf([&] { rig.click("Sorbane"); }),
+              "hand the drive to the cleaner " + rig.cleanerFile);
+}
+
 TEST(Sorbane, LeavesSuggestionAndPendingOptionUnchanged) {
     DialogRig rig;
     rig.click("Move File(s)");

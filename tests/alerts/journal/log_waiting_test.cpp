@@ -84,6 +84,7 @@ TEST_F(WaitingLog, AProgramThatWasStartedPlainlyFailsAsEver) {
     EXPECT_EQ(errorOf([this] { raise("A"); }), error::diskFull);
     EXPECT_EQ(texts(), "A");
     EXPECT_EQ(logFile.waiting(), 0u);
+    EXPECT_EQ(attemptOf([this] { raise("B"); }), "write to the log file " + path);
 }
 
 struct WaitingJournal : testing::Test, LogRig {
@@ -144,6 +145,17 @@ TEST_F(WaitingJournal, LinesOfADeletedLogDontMakeItAgain) {
     click("Delete Log");
     log.saveNewEntries();
     EXPECT_FALSE(hasFile());
+}
+
+TEST_F(WaitingJournal, NobodyIsToldOfLostLinesOfADeletedLog) {
+    machine.diskFull = true;
+    for (int i = 0; i < 1001; ++i) logFile.appendLine(path, "a line");
+    machine.diskFull = false;
+    answer(BoxAnswer::yes);
+    click("Delete Log");
+    logFile.appendLine(path, "a line");
+    ASSERT_EQ(told.size(), 1u);
+    EXPECT_TRUE(told[0].starts_with("Log file can't be written")) << told[0];
 }
 
 TEST_F(WaitingJournal, SaveByHandFailsWithWhatWasTriedAndTheFile) {

@@ -343,6 +343,19 @@ TEST_F(ManualMoveTest, AllMovesFromTheLastRowToTheFirst) {
                              entry("- Moved File: C:\\c"));
 }
 
+TEST_F(ManualMoveTest, OnlyTheRowInHandIsSelected) {
+    for (const char* tag : {"C:\\a", "C:\\b", "C:\\c"}) listedFile(tag, true);
+    host.answers = {BoxAnswer::yes, BoxAnswer::yes, BoxAnswer::yes};
+    Texts selected;
+    host.onBox = [&](const Box&) {
+        for (int i = 1; i <= list.Count(); ++i) {
+            if (list.ListItems(i).Selected()) selected.push_back(list.ListItems(i).Tag());
+        }
+    };
+    form1.cmdMoveAll.userClick();
+    EXPECT_EQ(selected, (Texts{"C:\\c", "C:\\b", "C:\\a"}));
+}
+
 TEST_F(ManualMoveTest, ARowRemovedDuringMoveAllDoesNotSkipTheOthers) {
     for (const char* tag : {"C:\\a", "C:\\b", "C:\\c"}) listedFile(tag);
     host.answers = {BoxAnswer::yes, BoxAnswer::yes, BoxAnswer::yes};
