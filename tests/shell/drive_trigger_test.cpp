@@ -51,6 +51,16 @@ TEST_F(DriveTriggerTest, TheSizeIsThatOfTheShownDrive) {
     EXPECT_EQ(view.Text1.Text(), "200");
 }
 
+TEST_F(DriveTriggerTest, ASizeOfTheLeastDriveIsAPercentageToo) {
+    addRow("E:\\", "1 KB", "1 KB");
+    machine.drives["E:"] = {1, 2};
+    meter.prcShowfrmIndDri("E:\\");
+    view.Option1[1].userClick();
+    view.Text1.setText("1");
+    view.Option1[0].userClick();
+    EXPECT_EQ(view.Text1.Text(), "100");
+}
+
 // The check would round them: to nothing, or to an alarm that comes too early.
 TEST_F(DriveTriggerTest, ASizeThatIsNoWholePercentageIsRefused) {
     addRow("E:\\", "1 KB", "17,179,869,184 KB");

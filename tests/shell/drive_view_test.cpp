@@ -162,6 +162,15 @@ TEST_F(DriveViewTest, ADriveThatIsNotReadyIsShownWithoutAPie) {
     EXPECT_EQ(errorOf([this] { driveView.prcUpdateThis(); }), error::diskNotReady);
 }
 
+TEST_F(DriveViewTest, WhatWasTypedForADriveThatIsNotReadyIsNotOfferedForAnother) {
+    for (const char* drive : {"C:", "D:"}) machine.drives[drive].ready = false;
+    meter.prcShowfrmIndDri("C:\\");
+    view.Text1.setText("33");
+    view.Combo1.userChoose(1);
+    EXPECT_EQ(view.lblP.Caption(), "D:\\data");
+    EXPECT_EQ(view.Text1.Text(), "0");
+}
+
 TEST_F(DriveViewTest, NothingOfAnotherDriveStays) {
     meter.prcShowfrmIndDri("C:\\");
     view.Option1[1].userClick();

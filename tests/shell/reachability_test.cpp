@@ -66,6 +66,15 @@ TEST_F(ReachabilityTest, TheNoteStaysUntilItWasReadAndNeverComesBack) {
     EXPECT_FALSE(later.form1.fraTrayNote.Visible());
 }
 
+// A later version finds what this one has kept.
+TEST_F(ReachabilityTest, ANoteThatWasReadIsKeptByThisName) {
+    notifyArea.present = false;
+    form1.Hide();
+    EXPECT_FALSE(state.kept.contains("tray-note-read"));
+    form1.cmdTrayNote.userClick();
+    EXPECT_TRUE(state.kept.contains("tray-note-read"));
+}
+
 TEST_F(ReachabilityTest, AReadNoteIsGoneForThisRunAlsoWhereNothingCanBeKept) {
     notifyArea.present = false;
     state.hasFolder = false;

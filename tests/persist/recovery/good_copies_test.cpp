@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 
+#include "base/text_sum.h"
 #include "fake/fake_user_state.h"
 
 namespace velmora::tests {
@@ -58,6 +59,15 @@ TEST_F(GoodCopiesTest, TheSameOnceMoreKeepsNothing) {
     copies.keep("b");
     EXPECT_EQ(state.writes, writes);
     EXPECT_EQ(next("b"), "a");
+}
+
+// A later version reads what this one has written.
+TEST_F(GoodCopiesTest, WhatBecameOfThemIsAFileOfLines) {
+    startWith({"a", "b"});
+    copies.endedStart("b");
+    EXPECT_EQ(putBack(std::nullopt), "a");
+    EXPECT_EQ(state.kept["set-" + sumOfText(here) + "-turns.txt"],
+              "passed " + sumOfText("a") + "\nended " + sumOfText("b") + "\n");
 }
 
 TEST_F(GoodCopiesTest, EachFolderHasItsOwn) {

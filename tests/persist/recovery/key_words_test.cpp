@@ -42,6 +42,14 @@ TEST(KeyWords, AreThoseOfTheManual) {
     EXPECT_EQ(inManual, expected);
 }
 
+TEST(KeyWords, LinesCountFromOne) {
+    EXPECT_EQ(lineNumberAt("", 0), 1u);
+    EXPECT_EQ(lineNumberAt("a\nb\n", 0), 1u);
+    EXPECT_EQ(lineNumberAt("a\nb\n", 2), 2u);
+    EXPECT_EQ(lineNumberAt("\nb\n", 1), 2u);
+    EXPECT_EQ(lineNumberAt("a\nb\n", 100), 3u);
+}
+
 TEST(KeyWords, AnotherKeyIsItsOwnWords) {
     EXPECT_EQ(wordsOf("other=").words, "other=");
     EXPECT_EQ(wordsOf("other=").field, "other=");
