@@ -53,7 +53,7 @@ SEEN_BY = {
     "notify": "console app",
     "inspect": "console app",
     "persist": "shell app",
-    "monitor": "console app",
+    "monitor": "shell console app",
     "shell": "app console",
     "console": "app",
     "app": "console qt",

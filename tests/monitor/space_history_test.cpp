@@ -150,6 +150,14 @@ TEST(FullEstimate, ALittleNoiseDoesNoHarm) {
     EXPECT_NEAR(*estimateOf(ring), (1'000'000 - 864'000) / 10.0, 3000);
 }
 
+TEST(FullEstimate, AFallOfFewKilobytesIsOneToo) {
+    // 10, 10, 9, 9 and so on to 4 KB: one in 720 seconds.
+    const SpaceRing ring =
+        measured(72 * minutes, 6 * minutes, [](std::int64_t s) { return 10 - s / 720; });
+    ASSERT_TRUE(estimateOf(ring));
+    EXPECT_NEAR(*estimateOf(ring), 4 * 720, 200);
+}
+
 TEST(FullEstimate, TheTimeSinceTheLastMeasureCounts) {
     const SpaceRing ring =
         measured(1 * hours, 60, [](std::int64_t s) { return 1'000'000 - 10 * s; });
