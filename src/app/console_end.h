@@ -6,7 +6,8 @@
 namespace velmora {
 
 /// From now on such an end calls `note`, on another thread, and is then held up until the program
-/// has ended by itself. That another session ends is no such end.
+/// has ended by itself. That another session ends is no such end. On Windows a request to close the
+/// program's windows calls `note` too. Only the first call has an effect.
 void noteConsoleEnd(void (*note)());
 
 }  // namespace velmora

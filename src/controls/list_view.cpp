@@ -90,7 +90,6 @@ void ListView::sortBy(int key, int order) {
         keys.add(lowerCase(key == 0 ? row->Text() : row->SubItems(key)));
     }
     const std::vector<std::size_t> places = keys.sorted(order != 0);
-    // All room first, so that no row is lost where there is none.
     std::deque<Made::iterator> sorted(rows_.size());
     for (std::size_t i = 0; i < places.size(); ++i) sorted[i] = rows_[places[i]];
     rows_.swap(sorted);

@@ -32,12 +32,17 @@ TEST(CheckFault, ExhaustedMemoryIsReportedInABox) {
     rig.expectRest();
 }
 
-TEST(CheckFault, TheAlertIsInTheListWhenTheBoxOpens) {
+TEST(CheckFault, TheAlertIsInTheListAndTheRowsAreEnabledWhenTheBoxOpens) {
     FailingCheck rig(7);
     std::string first;
-    rig.host.onBox = [&](const Box&) { first = rig.alertTexts().front(); };
+    bool isEnabled = false;
+    rig.host.onBox = [&](const Box&) {
+        first = rig.alertTexts().front();
+        isEnabled = rig.form1.ListView1.Enabled();
+    };
     rig.tick();
     EXPECT_EQ(first, "Error: Out of memory");
+    EXPECT_TRUE(isEnabled) << "the list of rows";
 }
 
 TEST(CheckFault, AMissingRowAndAnInvalidCallEndTheTickWithoutABox) {

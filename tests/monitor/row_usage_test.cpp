@@ -40,6 +40,19 @@ TEST(RowUsageTest, SharesAreThoseOfTheWhole) {
     EXPECT_DOUBLE_EQ(*usage.shareAtTrigger(), 0.9);
 }
 
+TEST(RowUsageTest, TheLeastMinimumHasAShareAndNoMinimumHasNone) {
+    UsageRig rig;
+    WatchRow row = rig.add("C:\\", "2,500 KB");
+    rig.form1.chkDrive.setValue(1);
+    row.setTrigger("1");
+    EXPECT_DOUBLE_EQ(rig.usage(row).shareAtTrigger().value_or(0), 0.9999);
+    EXPECT_EQ(rig.usage(row).state, RowState::fine);
+    for (const char* none : {"0", "", "much"}) {
+        row.setTrigger(none);
+        EXPECT_FALSE(rig.usage(row).shareAtTrigger()) << none;
+    }
+}
+
 TEST(RowUsageTest, SharesStayWithinTheWhole) {
     UsageRig rig;
     const WatchRow row = rig.add("C:\\", "12,000 KB");

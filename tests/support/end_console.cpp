@@ -76,7 +76,13 @@ BOOL CALLBACK addWindow(HWND window, LPARAM list) {
     return TRUE;
 }
 
-// Those that the system tells of the end of a session: seen or not, none for messages alone.
+bool isOfSession(HWND window) {
+    wchar_t name[64]{};
+    GetClassNameW(window, name, 64);
+    return std::wstring(name) == L"VelmoraSession";
+}
+
+// Its own among those that the system tells of the end of a session, seen or not.
 std::vector<HWND> windowsOf(HANDLE process) {
     std::vector<HWND> all;
     EnumWindows(addWindow, reinterpret_cast<LPARAM>(&all));
@@ -84,12 +90,12 @@ std::vector<HWND> windowsOf(HANDLE process) {
     for (HWND window : all) {
         DWORD owner = 0;
         GetWindowThreadProcessId(window, &owner);
-        if (owner == GetProcessId(process)) found.push_back(window);
+        if (owner == GetProcessId(process) && isOfSession(window)) found.push_back(window);
     }
     return found;
 }
 
-// What each window answers; 0 for one that is still busy with it.
+// Whether there are windows, and each answers yes in time.
 bool answerAll(HANDLE process, UINT message, WPARAM word) {
     const std::vector<HWND> windows = windowsOf(process);
     bool areAll = !windows.empty();
@@ -112,9 +118,9 @@ bool staysAfterASessionThatGoesOn(HANDLE process) {
 // A window that answers has let the system go on, and its program may be ended at once.
 bool endsWithItsSession(HANDLE process) {
     if (!answerAll(process, WM_QUERYENDSESSION, 0)) return false;
-    std::vector<HWND> windows = windowsOf(process);
-    for (HWND window : windows) {
-        if (SendMessageTimeoutW(window, WM_ENDSESSION, TRUE, 0, SMTO_NORMAL, longestWait, nullptr))
+    for (HWND window : windowsOf(process)) {
+        if (SendMessageTimeoutW(window, WM_ENDSESSION, TRUE, static_cast<LPARAM>(ENDSESSION_LOGOFF),
+                                SMTO_NORMAL, longestWait, nullptr))
             return false;
     }
     return WaitForSingleObject(process, longestWait) == WAIT_OBJECT_0;

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <utility>
+
 #include "app/windows/session_window.h"
 
 namespace velmora {
@@ -21,7 +23,7 @@ BOOL WINAPI take(DWORD event) {
             Sleep(INFINITE);
             return TRUE;
         case CTRL_LOGOFF_EVENT:
-            // Only what runs as a service can hear of it, whoever has logged off.
+            // Here only a service hears of it, whoever has logged off.
             return TRUE;
         default:
             return FALSE;
@@ -31,7 +33,7 @@ BOOL WINAPI take(DWORD event) {
 }  // namespace
 
 void noteConsoleEnd(void (*note)()) {
-    noteEnd = note;
+    if (std::exchange(noteEnd, note)) return;
     SetConsoleCtrlHandler(take, TRUE);
     windows::openSessionWindow(note);
 }

@@ -8,8 +8,9 @@ namespace {
 
 void (*noteEnd)() = nullptr;
 
-LRESULT CALLBACK answer(HWND window, UINT message, WPARAM isEnding, LPARAM more) {
-    if (message == WM_ENDSESSION && isEnding) {
+LRESULT CALLBACK answer(HWND window, UINT message, WPARAM word, LPARAM more) {
+    // A word of 0 tells that the session goes on after all.
+    if (message == WM_ENDSESSION && word != 0) {
         noteEnd();
         Sleep(INFINITE);
     }
@@ -17,7 +18,7 @@ LRESULT CALLBACK answer(HWND window, UINT message, WPARAM isEnding, LPARAM more)
         noteEnd();
         return 0;
     }
-    return DefWindowProcW(window, message, isEnding, more);
+    return DefWindowProcW(window, message, word, more);
 }
 
 // One for messages alone (HWND_MESSAGE) isn't told of a session.
