@@ -76,15 +76,24 @@ TEST(DatePicture, NamesEveryMonthInEnglish) {
                                 "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
     for (int month = 1; month <= 12; ++month)
         EXPECT_EQ(Format(DateTime{2024, month, 1}, "Mmm"), shortNames[month - 1]);
-    expectDrawnDates(
-        {{afternoon, "Mmmm", "March"}, {night, "mmmm", "November"}, {night, "MMM mmm", "Nov Nov"}});
+    const char* names[] = {"January", "February", "March",     "April",   "May",      "June",
+                           "July",    "August",   "September", "October", "November", "December"};
+    for (int month = 1; month <= 12; ++month)
+        EXPECT_EQ(Format(DateTime{2024, month, 1}, "Mmmm"), names[month - 1]);
+    expectDrawnDates({{night, "mmmm", "November"},
+                      {night, "MMM mmm", "Nov Nov"},
+                      {afternoon, "mmmmm", "March3"}});  // four letters are the longest form
 }
 
 TEST(DatePicture, NamesEveryWeekdayInEnglish) {
     const char* shortNames[] = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
     for (int day = 0; day < 7; ++day)  // the 3rd of March 2024 is a Sunday
         EXPECT_EQ(Format(DateTime{2024, 3, 3 + day}, "Ddd"), shortNames[day]);
-    expectDrawnDates({{afternoon, "Dddd", "Thursday"}, {night, "DDD dddd", "Sun Sunday"}});
+    const char* names[] = {"Sunday",   "Monday", "Tuesday", "Wednesday",
+                           "Thursday", "Friday", "Saturday"};
+    for (int day = 0; day < 7; ++day)
+        EXPECT_EQ(Format(DateTime{2024, 3, 3 + day}, "Dddd"), names[day]);
+    expectDrawnDates({{night, "DDD dddd", "Sun Sunday"}});
 }
 
 TEST(DatePicture, ShowsOtherCharactersAsTheyAre) {

@@ -87,9 +87,9 @@ TEST(ReadDate, ReadsADateWithATimeAfterBlanks) {
 }
 
 TEST(ReadDate, RefusesDatesAndTimesThatDontExist) {
-    for (const char* text :
-         {"2/30/2024", "2/29/2023", "13/1/2024", "0/1/2024", "1/0/2024", "1/32/2024", "1/1/0099",
-          "24:00", "12:60", "12:00:60", "0:30 AM", "13:00 PM", "1/5/2024 25:00"})
+    for (const char* text : {"2/30/2024", "2/29/2023", "13/1/2024", "0/1/2024", "1/0/2024",
+                             "1/32/2024", "1/1/0099", "012:30", "12:030", "12:30:010", "24:00",
+                             "12:60", "12:00:60", "0:30 AM", "13:00 PM", "1/5/2024 25:00"})
         EXPECT_FALSE(readDate(text, unitedStates)) << text;
 }
 

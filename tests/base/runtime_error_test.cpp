@@ -17,6 +17,7 @@ TEST(RuntimeError, HasTheClassicDescriptionOfItsNumber) {
         {6, "Overflow"},
         {7, "Out of memory"},
         {9, "Subscript out of range"},
+        {11, "Division by zero"},
         {13, "Type mismatch"},
         {53, "File not found"},
         {57, "Device I/O error"},
