@@ -8,6 +8,7 @@ import subprocess
 import termios
 import unittest
 
+import desktop
 from cases import ConsoleCase, OwnNative, OwnWindows, WindowsCase
 from console import PATIENCE, ConsoleError
 from settings import scrambled
@@ -134,6 +135,14 @@ class Watch:
 
 
 class WatchUnderWine(Watch, OwnWindows, unittest.TestCase):
+    def environment(self):
+        # Without a display Wine makes no window, not even one that nobody sees.
+        try:
+            screen = desktop.shared()
+        except desktop.Unavailable as missing:
+            self.skipTest(str(missing))
+        return {**super().environment(), **screen.environment}
+
     def tell(self, what):
         teller = pathlib.Path(os.environ["VELMORA_BUILD_WINDOWS"], "tests", "end_console.exe")
         subprocess.run([*self.command()[:1], str(teller), self.program.name, what], check=True,
