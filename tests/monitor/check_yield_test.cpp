@@ -9,11 +9,11 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-constexpr int rows = 3;
+constexpr int disturbedRows = 3;
 constexpr int actions = 12;
 constexpr int yieldsPerRow = 1 + actions;
-constexpr int yieldsInAll = rows * yieldsPerRow;
-constexpr int yieldOfLastRow = 1 + (rows - 1) * yieldsPerRow;
+constexpr int yieldsInAll = disturbedRows * yieldsPerRow;
+constexpr int yieldOfLastRow = 1 + (disturbedRows - 1) * yieldsPerRow;
 
 // Three short rows, out of order, with two actions; `act` runs at yield `n`.
 struct DisturbedCheck : CheckRig {
@@ -63,7 +63,7 @@ struct DisturbedCheck : CheckRig {
 TEST(CheckYield, AnUndisturbedCheckYieldsBeforeEveryRowAndEveryAction) {
     DisturbedCheck rig(0, {});
     // The rate goes over all rows twice after the pass and once at the closing.
-    EXPECT_EQ(rig.host.yields, yieldsInAll + 3 * rows);
+    EXPECT_EQ(rig.host.yields, yieldsInAll + 3 * disturbedRows);
     rig.expectFinished();
 }
 
