@@ -43,9 +43,7 @@ bool isWanted(const std::string& name, const std::string& words, const std::stri
 
 PropertyValue valueOf(Control& control) {
     const auto* box = dynamic_cast<const TextBox*>(&control);
-    if (box != nullptr && (box->masked() || box->Name() == "txtPass")) {
-        return std::string(box->textLength(), '*');
-    }
+    if (box != nullptr && box->masked()) return std::string(box->textLength(), '*');
     const std::string main = control.mainProperty();
     for (const Property& property : control.properties()) {
         if (property.name == main) return property.get();

@@ -44,6 +44,22 @@ TEST_F(OutputLoss, WritesAtOnceWhatWasGatheredUntilTheFlush) {
     EXPECT_EQ(place.text.size(), 100'003u) << "a long text needs no flush";
 }
 
+TEST_F(OutputLoss, GathersLessThanSixteenKilobytes) {
+    stream << std::string(16 * 1024 - 1, 'x');
+    EXPECT_EQ(place.text.size(), 0u);
+    stream << 'x';
+    EXPECT_EQ(place.text.size(), 16u * 1024);
+}
+
+TEST_F(OutputLoss, WhatStillWaitsIsWrittenAtItsEnd) {
+    {
+        DroppingBuffer ending{[this](std::string_view bytes) { return place.write(bytes); }};
+        std::ostream(&ending) << "last words";
+        EXPECT_EQ(place.text, "");
+    }
+    EXPECT_EQ(place.text, "last words");
+}
+
 TEST_F(OutputLoss, WhatAFullDiskDoesNotTakeIsDropped) {
     place.room = 0;
     stream << "lost\n";

@@ -79,6 +79,40 @@ TEST_F(CommandsTest, WithTooManyWordsGetAnErrorAndDoNothing) {
     EXPECT_FALSE(form1.lstAct.Selected(act::move));
 }
 
+TEST_F(CommandsTest, ThatAreRefusedTellWhy) {
+    const std::pair<const char*, const char*> reasons[] = {
+        {"get", "something is missing at the end of the line"},
+        {"get \"txtAmt", "a closing quote is missing"},
+        {"get $\"txtAmt", "a closing quote is missing"},
+        {"get \"txtAmt\"x", "a blank is missing behind a closing quote"},
+        {R"(set txtAmt.Text $"\q")", "not a text with valid escapes"},
+        {"get txtAmt x", "more than the command takes: x"},
+        {"get lblDP(x)", "not an index: lblDP(x)"},
+        {"get Form1.txtAmt.Text.more", "not a name: Form1.txtAmt.Text.more"},
+        {"set txtAmt 5", "a property is missing: txtAmt"},
+        {"click Form1", "a form can't be clicked"},
+        {"click txtAmt.Text", "a control, not a property: Text"},
+        {"tick lstAct.Text 1 on", "a control, not a property: lstAct.Text"},
+        {"doubleclick LVFile line 2", "row and a number may follow"},
+        {"doubleclick txtAmt row 1", "not a list of rows: txtAmt"},
+        {"row LVFile 1", "no row of that number: 1"},
+        {"select LVFile", "an index or none is missing"},
+        {"drop LVFile", "a path is missing"},
+        {"after soon exit", "not a number of seconds: soon"},
+        {"after 5", "a command is missing"},
+        {"at yield 1", "a command is missing"},
+        {"answer text", "a text is missing"},
+        {"answer maybe", "unknown answer: maybe"},
+        {"answer yes no", "more than the command takes: no"},
+        {R"(answer files C:\a\x C:\b\y)", R"(not in the folder of the first: drive path of C:\b\y)"},
+        {"wait until", "a text is missing"},
+        {"report drive x:y", "not a drive: x:y"},
+    };
+    for (const auto& [line, reason] : reasons) {
+        EXPECT_EQ(run(line), std::string("error: ") + reason + "\n") << line;
+    }
+}
+
 TEST_F(CommandsTest, ClickRunsTheHandlerBeforeTheReply) {
     form1.lblDP[watch_button::clear].Click.connect([this] { host.MsgBox({.text = "Clear?"}); });
     EXPECT_EQ(run("click lblDP(2)"), "box: Velmora | none | Clear? | ok -> ok\nok\n");

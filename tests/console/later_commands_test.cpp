@@ -42,6 +42,12 @@ TEST(LaterCommands, ACommandRunsAtTheYieldOfItsNumber) {
     EXPECT_TRUE(session.ran("own"));
 }
 
+TEST(LaterCommands, AtTakesTheWordYield) {
+    LaterSession session;
+    EXPECT_EQ(session.run("at 3 set txtSpace.Text 17"), "error: at yield NUMBER COMMAND\n");
+    EXPECT_EQ(session.run("at YIELD 3 set txtSpace.Text 17"), "ok\n");
+}
+
 TEST(LaterCommands, AWaitIsNoYield) {
     LaterSession session;
     session.run("at yield 1 set txtSpace.Text 17");

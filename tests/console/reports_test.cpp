@@ -147,6 +147,19 @@ TEST_F(ConsoleReports, TheChartIsATable) {
               "Total Free Space Distribution (KB): 200\n");
 }
 
+TEST_F(ConsoleReports, TheLongestPathMayBeTheFirst) {
+    addWatchColumns(form1.ListView1);
+    for (const char* path : {"D:\\data", "C:\\"}) {
+        WatchRow row(form1.ListView1.Add(path));
+        row.setFreeSpace("100 KB");
+        row.setTotalSize("200 KB");
+    }
+    EXPECT_EQ(run("report chart"),
+              "D:\\data  Free Space 100 KB  Total Space 200 KB\n"
+              "C:\\      Free Space 100 KB  Total Space 200 KB\n"
+              "Total Free Space Distribution (KB): 200\n");
+}
+
 TEST_F(ConsoleReports, TheChartLeavesOutOfItsSumWhatIsNotAvailable) {
     addWatchColumns(form1.ListView1);
     for (const char* free : {"N/A, drive not ready", "2,500 KB"}) {

@@ -108,7 +108,7 @@ TEST_F(WaitingTest, ForeverEndsWithTheProgramOnly) {
 }
 
 TEST_F(WaitingTest, TimersWithinATickOfTheClockWakeItOnce) {
-    Timer other{form1, "tmrOther", 2010, true};
+    Timer other{form1, "tmrOther", 2016, true};
     timers.add(other);
     std::int64_t otherTicked = 0;
     other.Tick.connect([&] { otherTicked = machine.tick; });
@@ -116,9 +116,20 @@ TEST_F(WaitingTest, TimersWithinATickOfTheClockWakeItOnce) {
     int looks = 0;
     waiting.endWith([&] { return ++looks == 2; });
     waiting.forever();
-    EXPECT_EQ(slept, 2010);
+    EXPECT_EQ(slept, 2016);
     EXPECT_EQ(ticks, 1);
     EXPECT_EQ(otherTicked, machine.tick);
+}
+
+TEST_F(WaitingTest, TimersFurtherApartWakeItEachInItsTime) {
+    Timer other{form1, "tmrOther", 2017, true};
+    timers.add(other);
+    waiting.setLongestNap(60'000);
+    int looks = 0;
+    waiting.endWith([&] { return ++looks == 2; });
+    waiting.forever();
+    EXPECT_EQ(slept, 2000);
+    EXPECT_EQ(ticks, 1);
 }
 
 TEST_F(WaitingTest, SleepsASecondAtMostUnlessItIsToldLonger) {
