@@ -57,6 +57,16 @@ TEST(OptionAnswers, HelpNamesTheOptionsOfTheProgram) {
     }
 }
 
+TEST(OptionAnswers, HelpTellsTheExitStatusOfTheConsole) {
+    const Answer console = answerTo({.help = true}, ProgramKind::console);
+    EXPECT_NE(
+        console.printed.find(
+            "Exit status: 0 at the end of the input, after \"exit\" and after a signal under"
+            " --watch; 1 after a\nrun-time error; 2 for wrong options; 3 when a command of a script"
+            " failed.\n"),
+        std::string::npos);
+}
+
 TEST(OptionAnswers, AFaultIsToldWhateverElseIsAsked) {
     const Answer answer =
         answerTo({.help = true, .fault = "--script needs a file."}, ProgramKind::console);

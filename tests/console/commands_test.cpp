@@ -104,7 +104,8 @@ TEST_F(CommandsTest, ThatAreRefusedTellWhy) {
         {"answer text", "a text is missing"},
         {"answer maybe", "unknown answer: maybe"},
         {"answer yes no", "more than the command takes: no"},
-        {R"(answer files C:\a\x C:\b\y)", R"(not in the folder of the first: drive path of C:\b\y)"},
+        {R"(answer files C:\a\x C:\b\y)",
+         R"(not in the folder of the first: drive path of C:\b\y)"},
         {"wait until", "a text is missing"},
         {"report drive x:y", "not a drive: x:y"},
     };
