@@ -13,7 +13,7 @@ build_packages=(build-essential cmake ninja-build ccache pkg-config nlohmann-jso
 # test on, tools that show windows, operate them and take screenshots, and one that runs the script of
 # the help page.
 test_packages=(googletest libssl-dev libfuse3-dev fuse3 libz-mingw-w64-dev python3
-    gcc-mingw-w64-x86-64-posix g++-mingw-w64-x86-64-posix wine wine64 lld e2fsprogs mount
+    gcc-mingw-w64-x86-64-posix g++-mingw-w64-x86-64-posix wine wine64 e2fsprogs mount
     dosfstools ntfs-3g exfatprogs exfat-fuse fusefat mtools btrfs-progs sshfs openssh-sftp-server
     xvfb openbox trayer xdotool imagemagick mujs python3-aiosmtpd python3-prometheus-client s-nail openssl systemd-journal-remote
     dbus python3-dbus python3-gi at-spi2-core)
