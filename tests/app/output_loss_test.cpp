@@ -44,6 +44,11 @@ TEST_F(OutputLoss, WritesAtOnceWhatWasGatheredUntilTheFlush) {
     EXPECT_EQ(place.text.size(), 100'003u) << "a long text needs no flush";
 }
 
+TEST_F(OutputLoss, AFlushOfNothingIsNoFailure) {
+    EXPECT_TRUE(stream.flush());
+    EXPECT_EQ(place.text, "");
+}
+
 TEST_F(OutputLoss, GathersLessThanSixteenKilobytes) {
     stream << std::string(16 * 1024 - 1, 'x');
     EXPECT_EQ(place.text.size(), 0u);

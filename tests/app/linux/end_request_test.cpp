@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <csignal>
+#include <cstdlib>
 
 #include "app/sleep.h"
 
@@ -22,6 +23,26 @@ TEST(EndRequest, ASignalIsNotedAndEndsTheSleep) {
     EXPECT_EQ(std::signal(SIGTERM, SIG_DFL), SIG_DFL);
     std::signal(SIGINT, SIG_DFL);
     std::signal(SIGHUP, SIG_DFL);
+}
+
+// In a process of its own: others of this one have prepared it.
+TEST(EndRequestDeathTest, TheSleepIsPreparedForIt) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const auto sleepsLong = [] {
+        noteEndRequests();
+        std::exit(longestSleep() == 3'600'000 ? 0 : 1);
+    };
+    EXPECT_EXIT(sleepsLong(), testing::ExitedWithCode(0), "");
+}
+
+TEST(EndRequest, ATerminalsEndThatIsIgnoredStaysIgnored) {
+    std::signal(SIGHUP, SIG_IGN);
+    noteEndRequests();
+    EXPECT_EQ(std::signal(SIGHUP, SIG_DFL), SIG_IGN);
+    noteEndRequests();
+    EXPECT_NE(std::signal(SIGHUP, SIG_DFL), SIG_IGN);
+    std::signal(SIGTERM, SIG_DFL);
+    std::signal(SIGINT, SIG_DFL);
 }
 
 }  // namespace
