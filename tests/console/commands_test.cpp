@@ -297,6 +297,11 @@ TEST_F(CommandsTest, AnswerFilesQueuesFilesOfOneFolder) {
     EXPECT_TRUE(refuses("answer files"));
 }
 
+TEST_F(CommandsTest, TheFirstOfSeveralFilesMayHaveNoName) {
+    host.queueText({"C:\\a\0\0y.txt", 11});
+    EXPECT_EQ(host.OpenFileDialog({}), "C:\\a\\");
+}
+
 TEST_F(CommandsTest, AnswerRefusesOthersAndQueuesNothing) {
     EXPECT_TRUE(refuses("answer maybe"));
     EXPECT_TRUE(refuses("answer yes yes"));

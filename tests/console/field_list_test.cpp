@@ -81,8 +81,10 @@ TEST_F(FieldListTest, EachNameIsTakenByGet) {
 
 TEST_F(FieldListTest, PasswordsAreNotShown) {
     forms.frmNotify.txtPass.setText("secret");
+    forms.frmWizard.txtPass.setText("secrets");
     forms.frmLock.Text1.setText("hidden!");
     EXPECT_EQ(run("fields frmNotify.txtPass"), "frmNotify.txtPass = ******  (Mail password)\n");
+    EXPECT_EQ(run("fields frmWizard.txtPass").substr(0, 27), "frmWizard.txtPass = *******");
     EXPECT_EQ(run("fields frmLock.Text1").substr(0, 22), "frmLock.Text1 = ******");
     EXPECT_FALSE(contains(console::fieldList(forms, "").text, "hidden!"));
 }

@@ -16,6 +16,15 @@ struct ConsoleReports : testing::Test, Session {
             machine.wmi.classes[name];
         }
     }
+    // Rows that differ in nothing but their paths.
+    void watchAlike(std::initializer_list<const char*> paths) {
+        addWatchColumns(form1.ListView1);
+        for (const char* path : paths) {
+            WatchRow row(form1.ListView1.Add(path));
+            row.setFreeSpace("100 KB");
+            row.setTotalSize("200 KB");
+        }
+    }
 };
 
 TEST_F(ConsoleReports, AReportIsPrintedLineByLine) {
@@ -135,12 +144,7 @@ TEST_F(ConsoleReports, ADriveThatCannotBeReadIsAnErrorWithItsReason) {
 }
 
 TEST_F(ConsoleReports, TheChartIsATable) {
-    addWatchColumns(form1.ListView1);
-    for (const char* path : {"C:\\", "D:\\data"}) {
-        WatchRow row(form1.ListView1.Add(path));
-        row.setFreeSpace("100 KB");
-        row.setTotalSize("200 KB");
-    }
+    watchAlike({"C:\\", "D:\\data"});
     EXPECT_EQ(run("report chart"),
               "C:\\      Free Space 100 KB  Total Space 200 KB\n"
               "D:\\data  Free Space 100 KB  Total Space 200 KB\n"
@@ -148,12 +152,7 @@ TEST_F(ConsoleReports, TheChartIsATable) {
 }
 
 TEST_F(ConsoleReports, TheLongestPathMayBeTheFirst) {
-    addWatchColumns(form1.ListView1);
-    for (const char* path : {"D:\\data", "C:\\"}) {
-        WatchRow row(form1.ListView1.Add(path));
-        row.setFreeSpace("100 KB");
-        row.setTotalSize("200 KB");
-    }
+    watchAlike({"D:\\data", "C:\\"});
     EXPECT_EQ(run("report chart"),
               "D:\\data  Free Space 100 KB  Total Space 200 KB\n"
               "C:\\      Free Space 100 KB  Total Space 200 KB\n"

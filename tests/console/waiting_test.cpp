@@ -17,6 +17,14 @@ struct WaitingTest : testing::Test, tests::Session {
         timers.add(timer);
     }
 
+    // Until the first time that it wakes.
+    void sleepOnce() {
+        waiting.setLongestNap(60'000);
+        int looks = 0;
+        waiting.endWith([&looks] { return ++looks == 2; });
+        waiting.forever();
+    }
+
     int ticks = 0;
     Timer timer{form1, "tmrTest", 2000, true};
 };
@@ -112,10 +120,7 @@ TEST_F(WaitingTest, TimersWithinATickOfTheClockWakeItOnce) {
     timers.add(other);
     std::int64_t otherTicked = 0;
     other.Tick.connect([&] { otherTicked = machine.tick; });
-    waiting.setLongestNap(60'000);
-    int looks = 0;
-    waiting.endWith([&] { return ++looks == 2; });
-    waiting.forever();
+    sleepOnce();
     EXPECT_EQ(slept, 2016);
     EXPECT_EQ(ticks, 1);
     EXPECT_EQ(otherTicked, machine.tick);
@@ -124,10 +129,7 @@ TEST_F(WaitingTest, TimersWithinATickOfTheClockWakeItOnce) {
 TEST_F(WaitingTest, TimersFurtherApartWakeItEachInItsTime) {
     Timer other{form1, "tmrOther", 2017, true};
     timers.add(other);
-    waiting.setLongestNap(60'000);
-    int looks = 0;
-    waiting.endWith([&] { return ++looks == 2; });
-    waiting.forever();
+    sleepOnce();
     EXPECT_EQ(slept, 2000);
     EXPECT_EQ(ticks, 1);
 }
