@@ -16,13 +16,10 @@ constexpr int leftDoubleClick = 515;
 constexpr int rightButtonUp = 517;
 
 QIcon iconOfKey(const std::string& key) {
-    static const QIcon program = programIcon();
-    static const QIcon alert = alertIcon();
-    static const QIcon paused = pausedIcon();
-    if (key == "alert" || key == "tray 1") return alert;
+    if (key == "alert" || key == "tray 1") return alertIcon();
     // The icons of the forms that a paused watch shows.
-    if (key == "Icon0" || key == "Icon1") return paused;
-    return program;
+    if (key == "Icon0" || key == "Icon1") return pausedIcon();
+    return programIcon();
 }
 
 // Many desktops don't tell where an icon is; the click was there then. Over a window of the program
