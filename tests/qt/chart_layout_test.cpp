@@ -19,6 +19,7 @@
 #include "qt/controls/chart_colours.h"
 #include "qt/controls/chart_data.h"
 #include "qt/controls/chart_face.h"
+#include "qt/controls/chart_paint.h"
 #include "qt/text_recorder.h"
 
 namespace velmora::tests {
@@ -139,6 +140,15 @@ std::unique_ptr<qt::ChartFace> faceOfThreeColumns(double width, bool showLegend)
     return face;
 }
 
+// The axis below has two lines and a gap; the same gap is above and below the rows.
+TEST(BarFace, ItsRowsKeepTheSameDistanceFromTheLegendAndTheAxis) {
+    const double line = std::ceil(QFontMetricsF(QFont()).height());
+    const QRectF rows = faceOfThreeColumns(900, true)->window();
+    const double gap = rows.top() - (qt::chartMargin + line);
+    EXPECT_GT(gap, 0);
+    EXPECT_EQ(rows.bottom(), 300 - qt::chartMargin - (2 * line + gap) - gap);
+}
+
 TEST(BarLegend, TakesMoreLinesWhereTheRoomIsNarrow) {
     const double line = std::ceil(QFontMetricsF(QFont()).height());
     const double wide = faceOfThreeColumns(900, true)->window().top();
@@ -225,6 +235,12 @@ TEST(ChartColours, TheGreatestTenHaveColoursOfTheirOwn) {
     EXPECT_EQ(great.size(), 10U);
     for (const std::size_t small : {0, 4, 15, 29})
         EXPECT_FALSE(great.contains(colours[small].rgb()));
+}
+
+TEST(EmptyChart, FillsItsRoom) {
+    const auto face = qt::makeEmptyFace();
+    face->layOut({300, 200}, QFont());
+    EXPECT_EQ(face->window(), QRectF(0, 0, 300, 200));
 }
 
 }  // namespace

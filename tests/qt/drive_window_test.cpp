@@ -51,6 +51,16 @@ TEST_F(DriveWindowTest, TheWedgesLieWhereTheyWereDrawn) {
     EXPECT_EQ(picture->accessibleDescription(), "25.0% Used, Total(4)");
 }
 
+TEST_F(DriveWindowTest, AWideTextHasItsRoomAndAPixelOnEachSide) {
+    auto* picture = part<qt::PictureWidget>("picPie");
+    form().picPie.TextOut(200, 10, "a text that ends right of the pie");
+    settle();
+    const double ends =
+        200 * picture->scale() +
+        QFontMetricsF(picture->font()).horizontalAdvance("a text that ends right of the pie");
+    EXPECT_EQ(picture->sizeHint().width(), std::ceil(ends + 2));
+}
+
 TEST_F(DriveWindowTest, TheSegmentsHaveTheColoursOfTheField) {
     auto* gauge = part<qt::GaugeWidget>("VMeter2");
     form().VMeter2.setValue(30);  // a level of 20

@@ -103,6 +103,10 @@ TEST_F(EffectsTest, MagentaPlacesAreTransparentAtAnyLevel) {
     }
     patch.move(300, 300);
     EXPECT_TRUE(becomes([&] { return hidden(320, 315) && !hidden(220, 215); }));
+    patch.move(0, 300);
+    EXPECT_TRUE(becomes([&] { return hidden(20, 315) && !hidden(320, 315); }));
+    for (const int x : {0, 39}) EXPECT_TRUE(hidden(x, 300) && hidden(x, 329)) << x;
+    EXPECT_FALSE(hidden(40, 315));
     patch.hide();
     find("lblTab(1)")->update();  // each painting makes the mask again
     EXPECT_TRUE(becomes([&] { return window()->mask().isEmpty(); }));

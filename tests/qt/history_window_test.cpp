@@ -1,10 +1,12 @@
 // The window of the history: its line, its trigger and its words.
 #include <QApplication>
 #include <QHelpEvent>
+#include <QPainter>
 #include <QToolTip>
 
 #include "qt/controls/chart_colours.h"
 #include "qt/controls/line_chart_widget.h"
+#include "qt/text_recorder.h"
 #include "qt/window_test.h"
 
 namespace velmora::tests {
@@ -58,15 +60,17 @@ TEST_F(HistoryWindowTest, APointAloneIsShown) {
     const QColor line = qt::seriesColour(0, chart()->palette().color(QPalette::Base));
     const QPointF place = chart()->placeOf({0, 700});
     EXPECT_EQ(pixel(place), line);
-    // A dot of four pixels' radius has some fifty of them.
+    // A dot of three pixels' radius and half a line around it. Its edge is smoothed.
     const QImage picture = chart()->grab().toImage();
-    int pixels = 0;
-    for (int x = -8; x <= 8; ++x) {
-        for (int y = -8; y <= 8; ++y)
-            pixels += distance(pixelIn(picture, place + QPointF(x, y)), line) < 0.15 ? 1 : 0;
+    const double bare = distance(chart()->palette().color(QPalette::Base), line);
+    double wide = 0;
+    double high = 0;
+    for (int from = -8; from <= 8; ++from) {
+        wide += 1 - distance(pixelIn(picture, place + QPointF(from, 0)), line) / bare;
+        high += 1 - distance(pixelIn(picture, place + QPointF(0, from)), line) / bare;
     }
-    EXPECT_GT(pixels, 30);
-    EXPECT_LT(pixels, 60);
+    EXPECT_NEAR(wide, 8, 0.7);
+    EXPECT_NEAR(high, 8, 0.7);
 }
 
 TEST_F(HistoryWindowTest, AScreenReaderIsToldTheLastFigureAndTheTrigger) {
@@ -101,6 +105,12 @@ TEST_F(HistoryWindowTest, EachPathHasALineATriggerAndAName) {
     EXPECT_EQ(chart()->legend(), (QStringList{QStringLiteral("C:\\"), QStringLiteral("D:\\")}));
     EXPECT_EQ(chart()->accessibleDescription().toStdString(),
               "C:\\, now: 1,000 KB, trigger 800 KB; D:\\, now: 300 KB, trigger 100 KB");
+    // Names that have room are whole.
+    TextRecorder page;
+    QPainter painter(&page);
+    chart()->paint(painter);
+    painter.end();
+    EXPECT_TRUE(page.has("C:\\") && page.has("D:\\")) << page.texts().join(' ').toStdString();
     const QPointF level = chart()->placeOf({-100, 100});
     int dashes = 0;
     for (int x = 0; x < 40; ++x) {

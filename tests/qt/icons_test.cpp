@@ -6,6 +6,8 @@
 #include <QImage>
 #include <QPainter>
 #include <QPalette>
+#include <QTransform>
+#include <algorithm>
 #include <set>
 #include <utility>
 #include <vector>
@@ -186,6 +188,44 @@ TEST_F(Icons, AGlyphIsPaintedIntoTheMiddleOfAWiderPlace) {
     painter.end();
     EXPECT_GT(paintedPixels(wide.copy(16, 0, 16, 16)), 100);
     EXPECT_EQ(paintedPixels(wide), paintedPixels(wide.copy(16, 0, 16, 16)));
+}
+
+// The smoothing of an edge can differ between its two sides by a pixel here and there.
+TEST_F(Icons, WhatIsTheSameOnBothSidesIsDrawnSo) {
+    for (const Glyph glyph : {Glyph::pause, Glyph::viewLess, Glyph::viewMore, Glyph::menu,
+                              Glyph::add, Glyph::information, Glyph::critical, Glyph::stateAlert}) {
+        const QImage drawn = picture(glyph, 240);
+        EXPECT_LE(differences(shape(drawn), shape(drawn.mirrored(true, false))), 60)
+            << static_cast<int>(glyph);
+    }
+    for (const Glyph glyph :
+         {Glyph::start, Glyph::exit, Glyph::menu, Glyph::add, Glyph::remove, Glyph::critical}) {
+        const QImage drawn = picture(glyph, 240);
+        EXPECT_LE(differences(shape(drawn), shape(drawn.mirrored(false, true))), 60)
+            << static_cast<int>(glyph);
+    }
+    // The letter beside a drive; its middle is at (170, 80).
+    const QImage letter = picture(Glyph::driveInfo, 240).copy(120, 30, 100, 100);
+    EXPECT_LE(differences(shape(letter), shape(letter.mirrored(true, false))), 60);
+}
+
+// At ten pixels a unit, its centre is at (154, 86), and its rays are 66 pixels long.
+TEST_F(Icons, TheStarOfTheWizardHasFourEqualRays) {
+    const QImage star = picture(Glyph::wizard, 240).copy(154 - 68, 86 - 68, 136, 136);
+    const QColor colour = star.pixelColor(68, 68);
+    const auto partOf = [&](const QImage& image) {
+        std::vector<bool> mask;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x)
+                mask.push_back(image.pixelColor(x, y) == colour);
+        }
+        return mask;
+    };
+    const std::vector<bool> drawn = partOf(star);
+    EXPECT_GT(std::count(drawn.begin(), drawn.end(), true), 2000);
+    EXPECT_LE(differences(drawn, partOf(star.mirrored(true, false))), 60);
+    EXPECT_LE(differences(drawn, partOf(star.mirrored(false, true))), 60);
+    EXPECT_LE(differences(drawn, partOf(star.transformed(QTransform().rotate(90)))), 60);
 }
 
 TEST_F(Icons, TheProgramsIconsHaveEverySizeOfTheDesktop) {

@@ -122,6 +122,15 @@ TEST_F(PasswordEditTest, NothingCanBeCopiedOrCut) {
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
 }
 
+// A click into a selection that could be dragged removes the selection as the button comes up.
+TEST_F(PasswordEditTest, OnlyTheMiddleButtonIsKeptFromTheEntry) {
+    edit.setDragEnabled(true);
+    edit.selectAll();
+    const QPoint place(12, edit.height() / 2);
+    QTest::mouseClick(&edit, Qt::LeftButton, {}, place);
+    EXPECT_FALSE(edit.hasSelectedText());
+}
+
 TEST_F(PasswordEditTest, NoOtherWayOfEditingLeavesDotsWithoutCharacters) {
     edit.setCursorPosition(3);
     for (const auto& keys : {QKeySequence(Qt::CTRL | Qt::Key_K), QKeySequence(Qt::CTRL | Qt::Key_U),

@@ -131,6 +131,15 @@ TEST(PrintedPages, APieOfManyPartsGoesOnWithItsLegend) {
     EXPECT_TRUE(many.allWithin({pageWidth, pageHeight}));
 }
 
+TEST(PrintedPages, OnWiderPaperAPieIsLargerAndBarsAreAsHigh) {
+    const auto pie = qt::printedChart(pieOf(3), {});
+    EXPECT_NEAR(pie->heights(1000).best - pie->heights(500).best, 500 * 0.45, 1);
+    EXPECT_EQ(pie->heights(1000).least, pie->heights(500).least);
+    const auto bars = qt::printedChart(barsOf(3), {});
+    EXPECT_EQ(bars->heights(1000).best, bars->heights(500).best);
+    EXPECT_GT(bars->heights(500).best, bars->heights(500).least);
+}
+
 TEST(PrintedPages, ALongNameIsWholeInTheTable) {
     const QString name =
         QStringLiteral("\\\\server\\") + QStringLiteral("a folder with words\\").repeated(9);

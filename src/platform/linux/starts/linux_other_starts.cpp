@@ -21,7 +21,6 @@ namespace velmora::linuxhost {
 
 namespace {
 
-constexpr timeval patience{.tv_sec = handOverPatience.count(), .tv_usec = 0};
 // Until it is tried again to take a start for which there was no room.
 constexpr int retryTime = 1000;  // milliseconds
 constexpr std::string_view takenAnswer = "taken";
@@ -54,9 +53,10 @@ bool isOfThisUser(int socket) {
            other.uid == geteuid();
 }
 
-void waitAtMost(int socket) {
-    setsockopt(socket, SOL_SOCKET, SO_RCVTIMEO, &patience, sizeof patience);
-    setsockopt(socket, SOL_SOCKET, SO_SNDTIMEO, &patience, sizeof patience);
+void waitAtMost(int socket, std::chrono::milliseconds time) {
+    const timeval limit{.tv_sec = time.count() / 1000, .tv_usec = time.count() % 1000 * 1000};
+    setsockopt(socket, SOL_SOCKET, SO_RCVTIMEO, &limit, sizeof limit);
+    setsockopt(socket, SOL_SOCKET, SO_SNDTIMEO, &limit, sizeof limit);
 }
 
 // To its end; false when it doesn't come in time or is too long.
@@ -80,13 +80,6 @@ bool sendAll(int socket, std::string_view text) {
         text.remove_prefix(static_cast<std::size_t>(sent));
     }
     return true;
-}
-
-void takeOne(const UniqueFd& start, const OtherStarts::Taken& taken) {
-    waitAtMost(start.get());
-    std::string command;
-    if (!isOfThisUser(start.get()) || !readToEnd(start.get(), command)) return;
-    if (taken(command)) sendAll(start.get(), takenAnswer);
 }
 
 std::string environmentOf(const char* name) {
@@ -156,6 +149,13 @@ bool LinuxOtherStarts::sendAway() {
     return isGone;
 }
 
+void LinuxOtherStarts::takeOne(int start, const Taken& taken) const {
+    waitAtMost(start, patience_);
+    std::string command;
+    if (!isOfThisUser(start) || !readToEnd(start, command)) return;
+    if (taken(command)) sendAll(start, takenAnswer);
+}
+
 void LinuxOtherStarts::takeStarts(const Taken& taken) {
     pollfd waiting[] = {{.fd = socket_.get(), .events = POLLIN, .revents = 0},
                         {.fd = end_.get(), .events = POLLIN, .revents = 0}};
@@ -165,7 +165,7 @@ void LinuxOtherStarts::takeStarts(const Taken& taken) {
         if ((waiting[0].revents & POLLIN) == 0) continue;
         const UniqueFd start = acceptFrom(socket_.get());
         if (start.isOpen()) {
-            takeOne(start, taken);
+            takeOne(start.get(), taken);
         } else if (!sendAway()) {
             poll(&waiting[1], 1, retryTime);
         }
@@ -176,7 +176,7 @@ bool LinuxOtherStarts::handOver(const std::string& command) {
     const Address address = addressOf(folder_, display_);
     const UniqueFd socket = openSocket();
     if (!socket.isOpen()) return false;
-    waitAtMost(socket.get());
+    waitAtMost(socket.get(), patience_);
     if (connect(socket.get(), reinterpret_cast<const sockaddr*>(&address.name), address.size) != 0)
         return false;
     std::string answer;

@@ -2,6 +2,7 @@
 // socket without a file takes the command lines of later starts.
 #pragma once
 
+#include <chrono>
 #include <string>
 #include <thread>
 #include <utility>
@@ -18,9 +19,10 @@ std::string displayOfSession();
 class LinuxOtherStarts final : public OtherStarts {
   public:
     /// `folder` is the program's own, as a path of the host. Command lines come from starts on the
-    /// same display only.
-    explicit LinuxOtherStarts(std::string folder, std::string display = displayOfSession())
-        : folder_(std::move(folder)), display_(std::move(display)) {}
+    /// same display only. A start that stops halfway is waited for as long as `patience`.
+    explicit LinuxOtherStarts(std::string folder, std::string display = displayOfSession(),
+                              std::chrono::milliseconds patience = handOverPatience)
+        : folder_(std::move(folder)), display_(std::move(display)), patience_(patience) {}
     ~LinuxOtherStarts() override { stopListening(); }
     LinuxOtherStarts(const LinuxOtherStarts&) = delete;
     LinuxOtherStarts& operator=(const LinuxOtherStarts&) = delete;
@@ -33,10 +35,12 @@ class LinuxOtherStarts final : public OtherStarts {
   private:
     void stopListening();
     void takeStarts(const Taken& taken);
+    void takeOne(int start, const Taken& taken) const;
     bool sendAway();
 
     std::string folder_;
     std::string display_;
+    std::chrono::milliseconds patience_;
     UniqueFd watched_;
     UniqueFd socket_;
     UniqueFd end_;    // readable once the listening is to end

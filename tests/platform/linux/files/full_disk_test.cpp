@@ -121,6 +121,17 @@ TEST_P(FullDisk, WithItsRoomReservedALongerContentLeavesTheOldWhole) {
     EXPECT_EQ(files_.readAll(path_), std::string(old.size(), 'n'));
 }
 
+TEST_P(FullDisk, NoMoreRoomIsReservedThanIsMissing) {
+    files_.writeOver(path_, std::string(100'000, 'o'));
+    fill();
+    // 32 KB are free then, and 20,000 bytes are needed.
+    const std::string filler = mountPoint_ + "/filler";
+    std::filesystem::resize_file(filler, std::filesystem::file_size(filler) - 32'768);
+    const std::string longer(120'000, 'n');
+    files_.writeOver(path_, longer, {.reservesRoom = true});
+    EXPECT_EQ(files_.readAll(path_), longer);
+}
+
 TEST_P(FullDisk, NoReservedRoomIsKept) {
     const auto freeBytes = [this] { return std::filesystem::space(mountPoint_).free; };
     files_.writeOver(path_, "old");

@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 
@@ -101,6 +102,32 @@ TEST_F(JobSource, ALineOfTheCrontabIsAJob) {
                                   {"Owner", "root"},
                                   {"RunRepeatedly", "True"},
                                   {"StartTime", "********040500.000000+330"}}));
+}
+
+// A zone's file (RFC 8536, version 1): an hour from UTC until the year 2000, three and a half
+// since.
+std::string zoneThatWasMoved() {
+    std::string file = "TZif";
+    const auto add = [&file](std::uint32_t value) {
+        for (int shift = 24; shift >= 0; shift -= 8)
+            file += static_cast<char>(value >> shift & 0xFF);
+    };
+    file += std::string(16, '\0');
+    for (const std::uint32_t count : {0, 0, 0, 1, 2, 4}) add(count);
+    add(946'684'800);
+    file += '\1';
+    for (const std::uint32_t offset : {3600, 12'600}) {
+        add(offset);
+        file += std::string(2, '\0');
+    }
+    return file + std::string("TST\0", 4);
+}
+
+TEST_F(JobSource, ATimeOfAnyDayHasThePresentOffset) {
+    write(folder_ / "zone", zoneThatWasMoved());
+    const InventoryZone moved(":" + (folder_ / "zone"));
+    write(host_.crontab, "5 4 * * * root echo\n");
+    EXPECT_EQ(propertyOfAll(read(), "StartTime"), JobTexts{"********040500.000000+210"});
 }
 
 TEST_F(JobSource, ANameForTheTimeIsAllThatIsKnownOfIt) {

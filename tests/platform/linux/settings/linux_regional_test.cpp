@@ -45,6 +45,9 @@ TEST(LinuxRegional, DatesOfManyFormsAreUnderstood) {
         {"%d/%m/%y", DateOrder::dayMonthYear, "/"},
         {"%Y. %m. %d.", DateOrder::yearMonthDay, "."},
         {"%d %b %Y", DateOrder::dayMonthYear, "/"},
+        {"%b %d, %Y", DateOrder::monthDayYear, "/"},
+        {"%B %d, %Y", DateOrder::monthDayYear, "/"},
+        {"%h %e, %Y", DateOrder::monthDayYear, "/"},
         {"%Y年%m月%d日", DateOrder::yearMonthDay, "/"},
         {"%Od-%Om-%Ey", DateOrder::dayMonthYear, "-"},
     };

@@ -1,11 +1,16 @@
 #include "platform/linux/starts/linux_other_starts.h"
 
 #include <sys/resource.h>
+#include <sys/socket.h>
+#include <sys/un.h>
 #include <unistd.h>
 
+#include <chrono>
+#include <cstddef>
 #include <string>
 #include <vector>
 
+#include "base/text_sum.h"
 #include "platform/linux/support/environment.h"
 #include "platform/linux/support/test_folder.h"
 #include "platform/linux/system/unique_fd.h"
@@ -107,6 +112,36 @@ TEST_F(LinuxStarts, WithoutADescriptorAStartIsSentAwayAtOnce) {
     EXPECT_TRUE(LinuxOtherStarts(folder()).handOver("b")) << "the next one is taken";
     first.release();
     EXPECT_EQ(got, std::vector<std::string>{"b"});
+}
+
+// To the socket of a folder without a display. It has no file: its name begins with a zero byte.
+UniqueFd connectedTo(const std::string& folder) {
+    const std::string name =
+        '\0' + ("velmora-" + std::to_string(geteuid()) + "-") + sumOfText(folder + '\0');
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    name.copy(address.sun_path, sizeof address.sun_path);
+    UniqueFd socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    const auto size = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + name.size());
+    if (connect(socket.get(), reinterpret_cast<const sockaddr*>(&address), size) != 0)
+        socket.reset();
+    return socket;
+}
+
+TEST_F(LinuxStarts, HalfACommandLineIsNotTaken) {
+    LinuxOtherStarts first(folder(), "", std::chrono::milliseconds(50));
+    std::vector<std::string> got;
+    ASSERT_TRUE(first.listen([&got](const std::string& command) {
+        got.push_back(command);
+        return true;
+    }));
+    const UniqueFd half = connectedTo(folder());
+    ASSERT_TRUE(half.isOpen());
+    ASSERT_EQ(send(half.get(), "remove C:\\", 10, MSG_NOSIGNAL), 10);
+    char answer[16];
+    EXPECT_EQ(recv(half.get(), answer, sizeof answer, 0), 0) << "it is sent away without an answer";
+    first.release();
+    EXPECT_EQ(got, std::vector<std::string>{});
 }
 
 }  // namespace
