@@ -69,6 +69,14 @@ TEST(BarLayoutHeight, FewRowsFillTheRoomAndManyGoBeyondIt) {
     EXPECT_TRUE(qt::layBarRows(0, 2, room).empty());
 }
 
+TEST(BarLayoutHeight, BarsOfACrowdedRowAreSixHighWithTwoBetweenThem) {
+    const BarRow row =
+        qt::layBarRows(9, 3, {.size = {600, 10}, .labelWidth = 120, .lineHeight = 5}).front();
+    EXPECT_EQ(row.all.height(), 3 * 6 + 2 * 2 + 6);
+    for (const QRectF& bar : row.bars) EXPECT_EQ(bar.height(), 6);
+    EXPECT_EQ(row.bars[1].top(), row.bars[0].bottom() + 2);
+}
+
 TEST(WedgeLayout, NothingHasNoWedgesAndTheLeastOfAWholeHas) {
     EXPECT_TRUE(qt::layWedges({0, -1}).empty());
     ASSERT_EQ(qt::layWedges({0.5}).size(), 1U);

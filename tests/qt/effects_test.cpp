@@ -63,6 +63,24 @@ TEST_F(EffectsTest, AWindowsStyleIsReadAsItWasSet) {
     EXPECT_EQ(user32.GetWindowLongA("none", style), 0);
 }
 
+TEST_F(EffectsTest, AnotherProgramsWindowIsNotThisOnes) {
+    qt::WindowsByName names;
+    QWidget frame;
+    names.add("Form1", &frame);
+    frame.show();
+    qt::QtUser32 user32(names);
+    window()->activateWindow();
+    settle();
+    ASSERT_TRUE(window()->isActiveWindow());
+    std::uint32_t own = 0;
+    user32.GetWindowThreadProcessId("Form1", own);
+    user32.AppActivate(own + 1);
+    settle();
+    EXPECT_TRUE(window()->isActiveWindow());
+    user32.AppActivate(own);
+    EXPECT_TRUE(becomes([&] { return frame.isActiveWindow(); }));
+}
+
 TEST_F(EffectsTest, TheMenusLevelsEndAtAnOpaqueWindow) {
     chooseFunction("mnuFadeH");
     EXPECT_NEAR(window()->windowOpacity(), opacity(166), opacityStep);  // 65 % of 255 is 165.75

@@ -1,11 +1,14 @@
 // Widgets that take a text, a number or a time: they show the field, and what the user enters
 // reaches the field with its events.
 #include <QComboBox>
+#include <QHBoxLayout>
 #include <QPlainTextEdit>
 #include <QSlider>
 #include <QTimeEdit>
 #include <QToolButton>
 
+#include "qt/controls/entries.h"
+#include "qt/surface/user_hand.h"
 #include "qt/window_test.h"
 
 namespace velmora::tests {
@@ -118,6 +121,21 @@ TEST_F(EntriesTest, ASpinnersArrowsTurnIt) {
     QTest::keyClick(find<QToolButton>("UpDownSpace.Down"), Qt::Key_Space);
     settle();
     EXPECT_EQ(edit("txtSpace")->text(), "100");
+}
+
+TEST_F(EntriesTest, ASpinnersArrowsSayWhatTheyTurnAndKeepTheirSize) {
+    QWidget* pair = find("UpDown1");
+    ASSERT_FALSE(pair->accessibleName().isEmpty());
+    EXPECT_EQ(find("UpDown1.Up")->accessibleName(), "More: " + pair->accessibleName());
+    EXPECT_EQ(find("UpDown1.Down")->accessibleName(), "Less: " + pair->accessibleName());
+    QWidget room;
+    qt::UserHand hand;
+    auto* beside = new QHBoxLayout(&room);
+    QWidget* arrows = qt::makeUpDown(form1().UpDown1, hand);
+    beside->addWidget(arrows);
+    room.resize(300, 200);
+    room.show();
+    EXPECT_EQ(arrows->size(), QSize(18, 26));
 }
 
 TEST_F(EntriesTest, ATimeEditKeepsTheDateAndReportsEachChange) {

@@ -129,6 +129,14 @@ TEST_F(HistoryWindowTest, TheNearestLineSaysItsNameAndItsFigure) {
     form().chtHistory.show({{"C:\\", {{-100, 1000}, {0, 900}}, {}}});
     settle();
     EXPECT_EQ(hintAt(chart()->placeOf({0, 0})), "now: 900 KB");
+    const std::pair<std::int64_t, const char*> ages[] = {
+        {59, "now"},           {60, "1 minute ago"},      {7199, "119 minutes ago"},
+        {7200, "2 hours ago"}, {172'799, "47 hours ago"}, {172'800, "2 days ago"}};
+    for (const auto& [age, words] : ages) {
+        form().chtHistory.show({{"C:\\", {{-age, 900}}, {}}});
+        settle();
+        EXPECT_EQ(hintAt(chart()->placeOf({-age, 900})), std::string(words) + ": 900 KB");
+    }
 }
 
 TEST_F(HistoryWindowTest, ALegendWithoutRoomSaysHowManyAreLeftOut) {

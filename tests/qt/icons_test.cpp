@@ -204,6 +204,11 @@ TEST_F(Icons, WhatIsTheSameOnBothSidesIsDrawnSo) {
         EXPECT_LE(differences(shape(drawn), shape(drawn.mirrored(false, true))), 60)
             << static_cast<int>(glyph);
     }
+    // The case of a drive in the network, and the front of one in the machine.
+    for (const QImage& front : {picture(Glyph::networkDrive, 240).copy(20, 30, 200, 100),
+                                picture(Glyph::drive, 240).copy(20, 130, 200, 60)}) {
+        EXPECT_LE(differences(shape(front), shape(front.mirrored(false, true))), 400);
+    }
     // The letter beside a drive; its middle is at (170, 80).
     const QImage letter = picture(Glyph::driveInfo, 240).copy(120, 30, 100, 100);
     EXPECT_LE(differences(shape(letter), shape(letter.mirrored(true, false))), 60);

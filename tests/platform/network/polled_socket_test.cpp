@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <future>
 #include <string>
 
@@ -41,6 +42,18 @@ TEST_F(PolledSocketTest, ConnectsByAddressOfVersionSix) {
     connectTo("::1", server.port());
     EXPECT_EQ(readAll(socket, greeting.size()), greeting);
     socket.Close();
+}
+
+TEST_F(PolledSocketTest, PortsGoFrom1To65535) {
+    for (const std::int32_t port : {1, 65535}) {
+        socket.Connect("127.0.0.1", port);
+        EXPECT_NE(socket.State(), socket_state::closed) << port;
+        socket.Close();
+    }
+    for (const std::int32_t port : {0, -1, 65536}) {
+        EXPECT_THROW(socket.Connect("127.0.0.1", port), RuntimeError) << port;
+        EXPECT_EQ(socket.State(), socket_state::closed) << port;
+    }
 }
 
 TEST_F(PolledSocketTest, ARefusedConnectionHasFailed) {

@@ -82,6 +82,15 @@ TEST(ReachableMounts, OfSeveralMountsAtOnePointTheLastOneCounts) {
     EXPECT_EQ(mounts[1].type, "xfs");
 }
 
+TEST(ReachableMounts, OfTwoThatDoNotLieOnEachOtherTheLastOneCounts) {
+    const auto mounts =
+        reachableMounts(parseMountTable("1 0 8:1 / / rw - ext4 /dev/sda1 rw\n"
+                                        "2 1 8:2 / /mnt rw - ext4 /dev/sda2 rw\n"
+                                        "3 1 8:3 / /mnt rw - xfs /dev/sda3 rw\n"));
+    EXPECT_EQ(mountPointsOf(mounts), (Points{"/", "/mnt"}));
+    EXPECT_EQ(mounts[1].type, "xfs");
+}
+
 TEST(ReachableMounts, TheTopmostCountsAlsoWhenItIsListedFirst) {
     const auto mounts =
         reachableMounts(parseMountTable("1 0 8:1 / / rw - ext4 /dev/sda1 rw\n"

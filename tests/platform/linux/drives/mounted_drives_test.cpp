@@ -5,6 +5,10 @@
 #include <unistd.h>
 
 #include <fstream>
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
 
 #include "base/errors.h"
 #include "platform/linux/drives/volumes.h"
@@ -61,6 +65,20 @@ TEST_F(MountedDrives, ADiskImageIsMeasuredLikeDf) {
     writeMegabyte(mount.path() + "/file");
     expectLikeDf(drive, mount.path());
     EXPECT_LE(fso().GetDrive(drive)->FreeSpace(), before - (1 << 20));
+}
+
+// There are letters from C to Z. What has none isn't listed, and the others go on.
+TEST_F(MountedDrives, MoreDrivesThanLettersAreNoHarm) {
+    std::vector<std::unique_ptr<TestMount>> mounts;
+    for (int i = 0; i < 26; ++i) {
+        mounts.push_back(std::make_unique<TestMount>());
+        ASSERT_TRUE(mounts.back()->mountTmpfs("size=1M"));
+    }
+    const std::set<std::string> drives = logicalDrives();
+    EXPECT_EQ(drives.size(), 24u);
+    for (const std::string& drive : drives) EXPECT_TRUE(fso().GetDrive(drive)->IsReady()) << drive;
+    mounts.clear();
+    EXPECT_EQ(logicalDrives(), drivesBefore_);
 }
 
 TEST_F(MountedDrives, AnUnmountedDriveIsNotReadyAndNotListedAtOnce) {

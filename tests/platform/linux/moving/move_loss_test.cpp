@@ -238,6 +238,14 @@ TEST_F(MoveLoss, AnEntryThatTookTheCopysNameIsNotRemovedInItsPlace) {
     EXPECT_EQ(contentsOf(at("work/a.txt")), "content of work/a.txt");
 }
 
+TEST_F(MoveLoss, AFolderThatCanNotBeSynchronizedIsNoFailure) {
+    const UniqueFd kernels(open("/proc", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    ASSERT_LT(fsync(kernels.get()), 0);
+    ASSERT_EQ(errno, EINVAL);
+    EXPECT_EQ(MoveSteps().sync(kernels.get()), 0);
+    EXPECT_EQ(MoveSteps().sync(-1), EBADF);
+}
+
 TEST_F(MoveLoss, NothingButTheWholeFileEverAppears) {
     constexpr std::uintmax_t size = 40'000'000;
     std::ofstream(at("work/big")) << std::string(size, 'b');
