@@ -94,6 +94,21 @@ TEST_F(AccessibilityTest, AShortenedTextIsReportedWhole) {
     EXPECT_EQ(panel->toolTip().toStdString(), text);
 }
 
+TEST_F(AccessibilityTest, ATabThatWasTakenAwayIsNoTabAnyMore) {
+    QTabBar bar;
+    bar.addTab("one");
+    bar.addTab("two");
+    QAccessibleInterface* tabs = interfaceOf(&bar);
+    QAccessibleInterface* first = tabs->child(0);
+    QAccessibleInterface* second = tabs->child(1);
+    EXPECT_TRUE(first->isValid() && second->isValid());
+    EXPECT_EQ(tabs->child(2), nullptr);
+    bar.removeTab(1);
+    EXPECT_TRUE(first->isValid());
+    EXPECT_FALSE(second->isValid());
+    EXPECT_TRUE(second->state().invalid);
+}
+
 TEST_F(AccessibilityTest, TheActivityReportsWhetherItPlays) {
     QWidget* view = find("Animation1");
     form1().Animation1.Stop();

@@ -3,6 +3,7 @@
 #include <QHelpEvent>
 #include <QPainter>
 #include <QToolTip>
+#include <map>
 
 #include "qt/controls/chart_colours.h"
 #include "qt/controls/line_chart_widget.h"
@@ -152,6 +153,16 @@ TEST_F(HistoryWindowTest, ALegendWithoutRoomSaysHowManyAreLeftOut) {
     EXPECT_EQ(legend[2].toStdString(), "\\\\host\\2");
     EXPECT_EQ(legend.back(), QStringLiteral("and %1 more").arg(201 - legend.size()));
     EXPECT_LE(legend.size() * chart()->fontMetrics().height(), chart()->height());
+    // Only the line about the rest is no name.
+    TextRecorder page;
+    QPainter painter(&page);
+    chart()->paint(painter);
+    painter.end();
+    const QColor ink = chart()->palette().color(QPalette::Text);
+    std::map<QString, QColor> inks;
+    for (const TextRecorder::Word& word : page.words) inks[word.text] = word.colour;
+    EXPECT_NE(inks[legend.back()], ink);
+    EXPECT_EQ(inks[legend[legend.size() - 2]], ink);
 }
 
 TEST_F(HistoryWindowTest, OpensFromTheDriveInformation) {

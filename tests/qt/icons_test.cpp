@@ -198,8 +198,8 @@ TEST_F(Icons, WhatIsTheSameOnBothSidesIsDrawnSo) {
         EXPECT_LE(differences(shape(drawn), shape(drawn.mirrored(true, false))), 60)
             << static_cast<int>(glyph);
     }
-    for (const Glyph glyph :
-         {Glyph::start, Glyph::exit, Glyph::menu, Glyph::add, Glyph::remove, Glyph::critical}) {
+    for (const Glyph glyph : {Glyph::start, Glyph::exit, Glyph::menu, Glyph::add, Glyph::remove,
+                              Glyph::critical, Glyph::play}) {
         const QImage drawn = picture(glyph, 240);
         EXPECT_LE(differences(shape(drawn), shape(drawn.mirrored(false, true))), 60)
             << static_cast<int>(glyph);

@@ -126,6 +126,17 @@ TEST_F(MenuPlaceTest, WithoutAnythingUsedInTheMiddleOfTheWindow) {
               window()->mapToGlobal(window()->rect().center()) + QPoint(0, 1));
 }
 
+TEST_F(MenuPlaceTest, WithTheWindowBeyondTheScreenItOpensOnTheScreen) {
+    if (QWidget* focused = QApplication::focusWidget()) focused->clearFocus();
+    window()->move(5000, 5000);
+    settle();
+    form1().mnuPopUp.PopUp();
+    settle();
+    ASSERT_TRUE(menu("mnuPopUp")->isVisible());
+    EXPECT_TRUE(
+        QGuiApplication::primaryScreen()->geometry().contains(menu("mnuPopUp")->geometry()));
+}
+
 // The offscreen platform doesn't tell where an icon is, as many desktops.
 TEST_F(MenuPlaceTest, OfTheIconWhereItWasClicked) {
     onIcon(QSystemTrayIcon::Context);

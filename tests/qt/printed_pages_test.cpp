@@ -3,12 +3,15 @@
 
 #include <gtest/gtest.h>
 
+#include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QImage>
 #include <QPalette>
 #include <algorithm>
 
 #include "qt/controls/printed_chart.h"
+#include "qt/print/paper_look.h"
+#include "qt/print/printed_table.h"
 #include "qt/text_recorder.h"
 
 namespace velmora::tests {
@@ -138,6 +141,17 @@ TEST(PrintedPages, OnWiderPaperAPieIsLargerAndBarsAreAsHigh) {
     const auto bars = qt::printedChart(barsOf(3), {});
     EXPECT_EQ(bars->heights(1000).best, bars->heights(500).best);
     EXPECT_GT(bars->heights(500).best, bars->heights(500).least);
+}
+
+TEST(PrintedTable, ItsValuesLeaveAPartOfTheLeastWidthToNames) {
+    const QString value = QStringLiteral("9").repeated(60);
+    const qt::PrintedTable one({.headings = {"Name", "Value"}, .rows = {{"a", value}}});
+    const qt::PrintedTable two(
+        {.headings = {"Name", "Value", "Value"}, .rows = {{"a", value, value}}});
+    const double width = QFontMetricsF(qt::paperFont()).horizontalAdvance(value);
+    EXPECT_GT(one.leastWidth(), width * 1.2);
+    EXPECT_LT(one.leastWidth(), width * 1.4);
+    EXPECT_NEAR(two.leastWidth(), 2 * one.leastWidth(), 0.01);
 }
 
 TEST(PrintedPages, ALongNameIsWholeInTheTable) {

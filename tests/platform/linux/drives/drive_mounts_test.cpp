@@ -38,6 +38,15 @@ TEST(DriveMounts, BlockFuseAndNetworkFilesystemsAreDrivesInMountOrder) {
                       "/mnt/pool", "/mnt/zfs", "/mnt/own"}));
 }
 
+TEST(DriveMounts, TheseOfFuseLeadIntoTheNetwork) {
+    for (const char* type : {"sshfs", "glusterfs", "rclone", "davfs2", "s3fs", "gcsfuse",
+                             "curlftpfs", "httpfs", "ceph-fuse", "smbnetfs"}) {
+        EXPECT_TRUE(isNetworkType(std::string("fuse.") + type)) << type;
+    }
+    EXPECT_FALSE(isNetworkType("fuse"));
+    EXPECT_FALSE(isNetworkType("fuseblk"));
+}
+
 TEST(DriveMounts, ViewsOfTheKernelAreLeftOut) {
     const auto drives =
         drivesOf(rootLine +

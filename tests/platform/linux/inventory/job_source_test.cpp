@@ -89,6 +89,14 @@ TEST_F(JobSource, OtherFilesAmongAtJobsArePassedOver) {
     EXPECT_EQ(commands(), (JobTexts{"one", "two"}));
 }
 
+TEST_F(JobSource, QueuesHaveAnyLetterAndFilesOfCronAnyLetterAndDigit) {
+    for (const char* queue : {"a", "z", "A", "Z"})
+        writeAtJob(std::string(queue) + "0000101c90000", "at\n");
+    writeAtJob("@0000101c90000", "no\n");
+    write(host_.cronFolder + "/azAZ09_-", "@daily me cron\n");
+    EXPECT_EQ(commands(), (JobTexts{"at", "at", "at", "at", "cron"}));
+}
+
 TEST_F(JobSource, ALineOfTheCrontabIsAJob) {
     write(host_.crontab, "SHELL=/bin/sh\n# note\n05 4\t1,15 * mon-fri root\techo\thello\n");
     const auto records = read();

@@ -87,6 +87,16 @@ TEST_F(TreeRemoval, OnlyWhatIsToGoGoes) {
     EXPECT_EQ(left(), Listing{"b"});
 }
 
+TEST_F(TreeRemoval, WhatIsGoneBeforeItsTurnIsNoFailure) {
+    for (const char* name : {"in/a", "in/b", "in/c"}) makeFile(name);
+    EXPECT_EQ(removeAll([this](const std::string&) {
+                  fs::remove(scratch_ / "in/b");
+                  return true;
+              }),
+              0);
+    EXPECT_EQ(left(), Listing{});
+}
+
 // The limit on open files, while this object is there.
 class OpenFilesLimit {
   public:
