@@ -64,6 +64,17 @@ TEST(DriveMounts, ViewsOfTheKernelAreLeftOut) {
     EXPECT_EQ(pointsOf(drives), Points{"/"});
 }
 
+TEST(DriveMounts, ViewsByFuseAreLeftOutByTheirNames) {
+    for (const char* type : {"gvfsd-fuse", "portal", "lxcfs", "snapfuse", "squashfuse",
+                             "squashfuse_ll", "vmware-vmblock", "overlayfs"}) {
+        EXPECT_EQ(pointsOf(drivesOf(rootLine + "2 1 0:32 / /mnt rw - fuse." + type + " x rw\n")),
+                  Points{"/"})
+            << type;
+    }
+    EXPECT_EQ(pointsOf(drivesOf(rootLine + "2 1 0:32 / /mnt rw - fuse.other x rw\n")),
+              (Points{"/", "/mnt"}));
+}
+
 TEST(DriveMounts, TheRootIsADriveOfAnyKind) {
     EXPECT_EQ(pointsOf(drivesOf("1 0 0:40 / / rw - overlay overlay rw\n")), Points{"/"});
     EXPECT_EQ(pointsOf(drivesOf("1 0 7:0 / / ro - squashfs /dev/loop0 ro\n")), Points{"/"});

@@ -19,5 +19,17 @@ TEST(LinuxKernel32, EnvironmentVariablesAreTheHosts) {
     EXPECT_EQ(kernel32.GetEnvironmentVariableA("VELMORA_TESTS"), "");
 }
 
+// Version 4.10 of the first platform: its processes come from snapshots, which this system can
+// serve.
+TEST(LinuxKernel32, TheVersionIsOneWithSnapshotsOfProcesses) {
+    Volumes volumes;
+    LinuxKernel32 kernel32(volumes);
+    OsVersionInfo version{.dwOSVersionInfoSize = 148};
+    ASSERT_EQ(kernel32.GetVersionExA(version), 1);
+    EXPECT_EQ(version.dwMajorVersion, 4u);
+    EXPECT_EQ(version.dwMinorVersion, 10u);
+    EXPECT_EQ(version.dwPlatformId, 1u);
+}
+
 }  // namespace
 }  // namespace velmora::linuxhost

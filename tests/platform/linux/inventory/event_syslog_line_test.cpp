@@ -1,5 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <ctime>
+#include <string>
+
 #include "platform/linux/inventory/inventory_zone.h"
 #include "platform/linux/inventory/syslog_line.h"
 
@@ -49,6 +53,21 @@ TEST_F(EventSyslogLine, TheYearIsTheLatestThatIsNotLater) {
     EXPECT_EQ(read("Dec 31 23:59:59 box a: b").time, 1767225599'000000);
     constexpr std::int64_t newYear2026 = 1767225630;
     EXPECT_EQ(read("Dec 31 23:59:59 box a: b", newYear2026).time, 1767225599'000000);
+}
+
+TEST_F(EventSyslogLine, MonthsHaveTheirEnglishNames) {
+    const char* const names[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
+                                 "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+    for (int month = 0; month < 12; ++month) {
+        std::tm day{};
+        day.tm_year = month < 11 ? 126 : 125;
+        day.tm_mon = month;
+        day.tm_mday = 15;
+        day.tm_hour = 12;
+        const std::string line = std::string(names[month]) + " 15 12:00:00 box a: b";
+        EXPECT_EQ(read(line).time, std::int64_t{timegm(&day)} * 1'000'000) << line;
+    }
+    EXPECT_FALSE(read("Mai 15 12:00:00 box a: b").time);
 }
 
 TEST_F(EventSyslogLine, ALeapDayIsInALeapYear) {

@@ -6,8 +6,10 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <csignal>
 #include <cstddef>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "base/text_sum.h"
@@ -112,6 +114,31 @@ TEST_F(LinuxStarts, WithoutADescriptorAStartIsSentAwayAtOnce) {
     EXPECT_TRUE(LinuxOtherStarts(folder()).handOver("b")) << "the next one is taken";
     first.release();
     EXPECT_EQ(got, std::vector<std::string>{"b"});
+}
+
+volatile std::sig_atomic_t interruptions = 0;
+
+// The thread that listens has the signals as the program's own; only it gets this one here.
+TEST_F(LinuxStarts, ASignalDoesNotEndTheListening) {
+    struct sigaction noting {};
+    noting.sa_handler = [](int) { interruptions = interruptions + 1; };
+    struct sigaction before {};
+    sigaction(SIGUSR2, &noting, &before);
+    LinuxOtherStarts first(folder());
+    ASSERT_TRUE(first.listen(takeAny));
+    EXPECT_TRUE(LinuxOtherStarts(folder()).handOver("it listens"));
+    sigset_t own;
+    sigset_t mask;
+    sigemptyset(&own);
+    sigaddset(&own, SIGUSR2);
+    pthread_sigmask(SIG_BLOCK, &own, &mask);
+    interruptions = 0;
+    kill(getpid(), SIGUSR2);
+    while (interruptions == 0) std::this_thread::yield();
+    pthread_sigmask(SIG_SETMASK, &mask, nullptr);
+    EXPECT_TRUE(LinuxOtherStarts(folder()).handOver("it still does"));
+    first.release();
+    sigaction(SIGUSR2, &before, nullptr);
 }
 
 // To the socket of a folder without a display. It has no file: its name begins with a zero byte.
