@@ -56,6 +56,15 @@ TEST_F(OutputLoss, GathersLessThanSixteenKilobytes) {
     EXPECT_EQ(place.text.size(), 16u * 1024);
 }
 
+TEST_F(OutputLoss, ALineOfWhichASingleByteWasWrittenStaysOneOfItsOwn) {
+    place.room = 1;
+    stream << "first\n" << std::flush;
+    place.room = 100;
+    stream.clear();
+    stream << "second\n" << std::flush;
+    EXPECT_EQ(place.text, "f\nsecond\n");
+}
+
 TEST_F(OutputLoss, WhatStillWaitsIsWrittenAtItsEnd) {
     {
         DroppingBuffer ending{[this](std::string_view bytes) { return place.write(bytes); }};
