@@ -38,6 +38,10 @@ QString ago(std::int64_t seconds) {
     return text(seconds / 86400, "day");
 }
 
+QString leftOut(std::size_t lines) {
+    return QStringLiteral("and %1 more").arg(lines);
+}
+
 }  // namespace
 
 LineChartWidget::LineChartWidget(LineChart& field, Regional regional, QWidget* parent)
@@ -68,6 +72,9 @@ double LineChartWidget::legendWidth() const {
     for (const LineChart::Line& line : lines_) {
         widest = std::max(widest, fontMetrics().horizontalAdvance(shown(line.name)) + 1.0);
     }
+    // Where not all have room, a line says how many are left out.
+    if (static_cast<double>(lines_.size()) * fontMetrics().height() > height() / 2.0)
+        widest = std::max(widest, fontMetrics().horizontalAdvance(leftOut(lines_.size())) + 1.0);
     return std::min(swatchWidth(font()) + widest, namesAtMost * width());
 }
 
@@ -175,7 +182,7 @@ QStringList LineChartWidget::legend() const {
     for (const LineChart::Line& line : lines_) names.append(shown(line.name));
     if (lines_.size() <= room) return names;
     names.resize(static_cast<qsizetype>(room) - 1);
-    names.append(QStringLiteral("and %1 more").arg(lines_.size() + 1 - room));
+    names.append(leftOut(lines_.size() + 1 - room));
     return names;
 }
 

@@ -1,4 +1,5 @@
 #include "app/end_request.h"
+#include "app/close_wish.h"
 
 #include <gtest/gtest.h>
 
@@ -43,6 +44,12 @@ TEST(EndRequest, ATerminalsEndThatIsIgnoredStaysIgnored) {
     EXPECT_NE(std::signal(SIGHUP, SIG_DFL), SIG_IGN);
     std::signal(SIGTERM, SIG_DFL);
     std::signal(SIGINT, SIG_DFL);
+}
+
+// Files of a program that runs can be replaced here, so nothing wishes its windows closed.
+TEST(EndRequest, NoWishToCloseComes) {
+    EXPECT_FALSE(openToCloseWishes());
+    EXPECT_FALSE(takeCloseWish());
 }
 
 }  // namespace

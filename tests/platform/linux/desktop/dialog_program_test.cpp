@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <signal.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -99,17 +100,29 @@ TEST_F(DialogProgram, TheProgramGoesOnBesideIt) {
     EXPECT_GE(runs, 3);
 }
 
+// Of this process, in seconds.
+double processorTime() {
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    const auto seconds = [](const timeval& time) {
+        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+    };
+    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
+}
+
 TEST_F(DialogProgram, TheProgramGoesOnAlsoOnceTheOutputIsClosed) {
+    const double before = processorTime();
     const TestFolder folder;
     const std::string mark = folder / "go on";
     int runs = 0;
-    const auto answer =
-        runScript("echo text; exec >&-; until [ -e '" + mark + "' ]; do sleep 0.01; done", [&] {
+    const auto answer = runScript(
+        "echo text; exec >&-; until [ -e '" + mark + "' ]; do sleep 0.01; done; sleep 0.6", [&] {
             if (++runs == 3) std::ofstream(mark) << "x";
         });
     ASSERT_TRUE(answer);
     EXPECT_TRUE(answer->isAccepted);
     EXPECT_EQ(answer->output, "text\n");
+    EXPECT_LT(processorTime() - before, 0.25) << "it waits between two looks, seconds";
 }
 
 TEST_F(DialogProgram, IsEndedWhenWhatRunsBesideItThrows) {

@@ -7,8 +7,10 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <climits>
 #include <filesystem>
 #include <memory>
+#include <string>
 #include <thread>
 
 #include "base/scope_guard.h"
@@ -32,6 +34,13 @@ TEST(OpenDevice, IsABlockDeviceAndNothingElse) {
     EXPECT_FALSE(missing.open());
     EXPECT_EQ(missing.failure(), "/dev/velmora-none can't be opened: No such file or directory");
     EXPECT_FALSE(missing.read(0, 512));
+}
+
+TEST(OpenDevice, APathThatDoesNotFitIsNotCut) {
+    const std::string path = std::string(PATH_MAX - 8, '/') + "dev/null";
+    OpenDevice device(path, 5s);
+    EXPECT_FALSE(device.open());
+    EXPECT_EQ(device.failure(), path + " can't be opened: File name too long");
 }
 
 // A disk in a file whose server can be kept from answering.
