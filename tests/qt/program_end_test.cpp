@@ -33,6 +33,15 @@ TEST_F(ProgramEndTest, WhoWishesItToCloseHasTheExitQuestionAsked) {
     EXPECT_EQ(ended, 0);
 }
 
+TEST_F(ProgramEndTest, AMinimisedWindowComesBackForTheExitQuestion) {
+    boxes.answers = {QMessageBox::Cancel};
+    form1().setState(WindowState::minimised);
+    settle();
+    program->askToEnd();
+    ASSERT_EQ(boxes.seen.size(), 1u);
+    EXPECT_EQ(form1().State(), WindowState::normal);
+}
+
 TEST_F(ProgramEndTest, TheWishIsntHeardWhileAnotherBoxWaits) {
     boxes.onBox = [this](QMessageBox& box) {
         program->askToEnd();

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <chrono>
+#include <cstdlib>
 
 #include "app/sleep.h"
 
@@ -52,6 +53,19 @@ TEST(LongestSleep, LastsThoughTheInputHasEnded) {
     const auto begin = std::chrono::steady_clock::now();
     sleepUnlessEnded(100);
     EXPECT_GE(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(80));
+}
+
+// In a process of its own: others of this one have slept.
+TEST(LongestSleepDeathTest, NothingEndsTheFirstSleepBeforehand) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const auto sleepsFirst = [] {
+        prepareSleep();
+        const auto begin = std::chrono::steady_clock::now();
+        sleepUnlessEnded(100);
+        const auto time = std::chrono::steady_clock::now() - begin;
+        std::exit(time >= std::chrono::milliseconds(80) ? 0 : 1);
+    };
+    EXPECT_EXIT(sleepsFirst(), testing::ExitedWithCode(0), "");
 }
 
 }  // namespace
