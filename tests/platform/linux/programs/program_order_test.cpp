@@ -191,6 +191,20 @@ TEST_F(ShellOrders, ABinaryIsAProgramToo) {
     EXPECT_FALSE(isProgram(home_ / "missing"));
 }
 
+TEST_F(ShellOrders, AScriptNamesItsInterpreter) {
+    const auto makes = [this](const std::string& content) {
+        const std::string path = home_ / "text";
+        std::ofstream(path) << content;
+        chmod(path.c_str(), 0755);
+        return isProgram(path);
+    };
+    EXPECT_TRUE(makes("#!/bin/sh\n"));
+    EXPECT_FALSE(makes("# a note\n"));
+    EXPECT_FALSE(makes("!#\n"));
+    EXPECT_FALSE(makes("#"));
+    EXPECT_FALSE(makes(""));
+}
+
 TEST_F(ShellOrders, TheDiskCleanerIsTheFirstOneInstalledAndIsGivenNothing) {
     const auto clean = [&](const std::string& name) {
         return shell_.ShellExecuteA("Form1", "open", name, " /d C: /sagerun: 1", "", 1);
