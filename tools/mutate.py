@@ -10,7 +10,8 @@ of the folders that use it. What only end-to-end tests see is left out. A break 
 crashes, or takes too long or too much memory. One that doesn't compile isn't counted.
 
 Breaks that nobody could notice are listed with the reason in tests/structure/equivalent_breaks.txt, with
-" @COLUMN" behind them where a line can break so in several places: they count as noticed. The others are printed as "survived FILE:LINE  OLD -> NEW" with the line itself.
+" @COLUMN" behind them where a line can break so in several places: they count as noticed. The others are
+printed as "survived FILE:LINE  OLD -> NEW" with the line itself.
 
 The copy, its build and the results so far lie in build/mutants: a run that was ended goes on where it
 was, as long as the sources stay. The last line counts the folders of whose breaks at least 97 of 100 were
@@ -255,6 +256,7 @@ class Build:
             resource.setrlimit(resource.RLIMIT_AS, (MEMORY_LIMIT, MEMORY_LIMIT))
         running = []
         with tempfile.TemporaryDirectory(prefix="break", ignore_cleanup_errors=True) as scratch:
+            os.chmod(scratch, 0o1777)  # some tests look at it as another user
             try:
                 for i in range(count):
                     shard = {"GTEST_TOTAL_SHARDS": str(count), "GTEST_SHARD_INDEX": str(i), "TMPDIR": scratch}
