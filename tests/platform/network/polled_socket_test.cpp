@@ -33,6 +33,7 @@ TEST_F(PolledSocketTest, ConnectsByAddress) {
     LoopbackServer server(greet);
     connectTo("127.0.0.1", server.port());
     EXPECT_EQ(readAll(socket, greeting.size()), greeting);
+    EXPECT_EQ(sockets->mostPeeked, 1u) << "one byte tells whether there are any";
     socket.Close();
 }
 

@@ -63,6 +63,7 @@ class WatchedSockets final : public Sockets {
     }
     Transfer receive(SocketNumber socket, char* bytes, std::size_t count, bool peek) override {
         const Fate fate = decide(peek ? "peek" : "receive");
+        if (peek) mostPeeked = std::max(mostPeeked, count);
         return fate == Fate::real ? real_->receive(socket, bytes, count, peek)
                                   : Transfer{progressOf(fate)};
     }
@@ -81,6 +82,7 @@ class WatchedSockets final : public Sockets {
     /// The answer to every name, when the test has one.
     std::function<std::vector<Address>(Sockets& system)> onResolve;
     std::size_t mostSent = static_cast<std::size_t>(-1);  ///< bytes of one call
+    std::size_t mostPeeked = 0;                           ///< bytes of one call
     std::atomic<int> openSockets = 0;
     std::atomic<int> waits = 0;  ///< those that may take time
 

@@ -115,10 +115,11 @@ TEST_F(DialogProgram, TheProgramGoesOnAlsoOnceTheOutputIsClosed) {
     const TestFolder folder;
     const std::string mark = folder / "go on";
     int runs = 0;
-    const auto answer = runScript(
-        "echo text; exec >&-; until [ -e '" + mark + "' ]; do sleep 0.01; done; sleep 0.6", [&] {
-            if (++runs == 3) std::ofstream(mark) << "x";
-        });
+    const auto answer = runScript("echo text; sleep 0.1; exec >&-; until [ -e '" + mark +
+                                      "' ]; do sleep 0.01; done; sleep 0.6",
+                                  [&] {
+                                      if (++runs == 3) std::ofstream(mark) << "x";
+                                  });
     ASSERT_TRUE(answer);
     EXPECT_TRUE(answer->isAccepted);
     EXPECT_EQ(answer->output, "text\n");

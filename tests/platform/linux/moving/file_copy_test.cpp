@@ -8,20 +8,23 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
-#include <iterator>
+#include <sstream>
 #include <string>
 
 #include "platform/linux/entries/open_folder.h"
 #include "platform/linux/support/child_process.h"
 #include "platform/linux/support/loop_disk.h"
 #include "platform/linux/support/test_folder.h"
+#include "platform/linux/system/unique_fd.h"
+#include "platform/work_steps.h"
 
 namespace velmora::linuxhost {
 namespace {
 
 std::string contentAt(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+    std::ostringstream content;
+    content << std::ifstream(path, std::ios::binary).rdbuf();
+    return content.str();
 }
 
 // Some megabytes that differ, a hole, and bytes behind it that fill no block.
@@ -57,6 +60,23 @@ TEST(FileCopy, WhatTheSystemDoesNotCopyIsReadAndWritten) {
             withoutCall(SYS_copy_file_range, failure, [&] { return copyWithin(folder.path()); }), 0)
             << failure;
     }
+}
+
+TEST(FileCopy, WhileItIsCopiedOthersNeedNotWaitForTheFile) {
+    const TestFolder folder;
+    makeWithHole(folder / "file");
+    int opened = 0;
+    int keptAway = 0;
+    hearWorkSteps([&] {
+        constexpr int flags = O_WRONLY | O_NONBLOCK | O_CLOEXEC;
+        const UniqueFd file(open((folder / "file").c_str(), flags));
+        ++(file.isOpen() ? opened : keptAway);
+    });
+    const int result = copyWithin(folder.path());
+    hearWorkSteps({});
+    EXPECT_EQ(result, 0);
+    EXPECT_GT(opened, 0);
+    EXPECT_EQ(keptAway, 0);
 }
 
 TEST(FileCopy, WhereBlocksCanBeSharedNothingIsCopied) {

@@ -280,6 +280,19 @@ TEST_F(LeftCopies, WhereNothingRenamesToAFreeNameNothingIsReplaced) {
     EXPECT_EQ(notes(), 0u);
 }
 
+TEST_F(LeftCopies, WhereNoNoteCanBeLockedTheMoveIsMadeAllTheSame) {
+    const int result = inChild([&] {
+        alarm(60);  // ends it if it tries for ever
+        if (!refuseUnnamedFiles() || !letCallsFail(SYS_flock, ENOLCK)) return 99;
+        Volumes volumes;
+        LinuxKernel32 kernel32(volumes);
+        return kernel32.MoveFileA(in("work/a.txt"), there("x")) == 1 ? 0 : 1;
+    });
+    EXPECT_EQ(result, 0);
+    EXPECT_EQ(made(), Names{"x"});
+    EXPECT_EQ(notes(), 0u);
+}
+
 TEST_F(LeftCopies, AMoveThatCanNotBeNotedIsMadeAllTheSame) {
     fs::create_directories(userFolder_ / ".local");
     std::ofstream(userFolder_ / ".local/state") << "no folder";

@@ -283,5 +283,15 @@ TEST_F(TreeRemoval, AWriteProtectedFolderGoesAndOneOfOthersStays) {
     EXPECT_EQ(left(), (Listing{"roots/", "roots/file"}));
 }
 
+TEST_F(TreeRemoval, AnEmptyFolderThatMayNotBeReadGoes) {
+    if (geteuid() != 0) GTEST_SKIP() << "needs root, to be somebody else";
+    fs::create_directory(scratch_ / "in/closed");
+    ASSERT_EQ(chmod((scratch_ / "in/closed").c_str(), 0), 0);
+    for (const char* name : {"", "in"})
+        ASSERT_EQ(chown((scratch_ / name).c_str(), 65534, 65534), 0);
+    EXPECT_EXIT(removeAsNobody(scratch_ / "in"), testing::ExitedWithCode(0), "");
+    EXPECT_EQ(left(), Listing{});
+}
+
 }  // namespace
 }  // namespace velmora::linuxhost

@@ -43,6 +43,7 @@ TEST(LinuxRegional, DatesOfManyFormsAreUnderstood) {
         {"%Y-%m-%d", DateOrder::yearMonthDay, "-"},
         {"%-d.%-m.%Y", DateOrder::dayMonthYear, "."},
         {"%d/%m/%y", DateOrder::dayMonthYear, "/"},
+        {"%d-%m/%Y", DateOrder::dayMonthYear, "-"},
         {"%Y. %m. %d.", DateOrder::yearMonthDay, "."},
         {"%d %b %Y", DateOrder::dayMonthYear, "/"},
         {"%b %d, %Y", DateOrder::monthDayYear, "/"},

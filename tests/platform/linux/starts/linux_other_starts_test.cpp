@@ -2,18 +2,22 @@
 
 #include <sys/resource.h>
 #include <sys/socket.h>
+#include <sys/syscall.h>
 #include <sys/un.h>
 #include <unistd.h>
 
 #include <atomic>
+#include <cerrno>
 #include <chrono>
 #include <csignal>
 #include <cstddef>
+#include <ctime>
 #include <string>
 #include <thread>
 #include <vector>
 
 #include "base/text_sum.h"
+#include "platform/linux/support/child_process.h"
 #include "platform/linux/support/environment.h"
 #include "platform/linux/support/test_folder.h"
 #include "platform/linux/system/unique_fd.h"
@@ -178,6 +182,23 @@ TEST_F(LinuxStarts, HalfACommandLineIsNotTaken) {
     EXPECT_EQ(recv(half.get(), answer, sizeof answer, 0), 0) << "it is sent away without an answer";
     first.release();
     EXPECT_EQ(got, std::vector<std::string>{});
+}
+
+// A start waits that can neither be taken nor sent away.
+int listenWithoutAccepting(const std::string& folder) {
+    if (!letCallsFail(SYS_accept4, ENFILE)) return 99;
+    LinuxOtherStarts first(folder);
+    if (!first.listen([](const std::string&) { return true; })) return 1;
+    const UniqueFd start = connectedTo(folder);
+    const std::clock_t before = std::clock();
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    const double used = static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC;
+    first.release();
+    return start.isOpen() && used < 0.1 ? 0 : 2;
+}
+
+TEST_F(LinuxStarts, AStartThatCanNotBeTakenCostsNoProcessor) {
+    EXPECT_EQ(inChild([this] { return listenWithoutAccepting(folder()); }), 0);
 }
 
 }  // namespace

@@ -2,12 +2,15 @@
 
 #include <gtest/gtest.h>
 #include <stdlib.h>
+#include <sys/syscall.h>
 #include <time.h>
 
 #include <cstdlib>
 #include <optional>
 #include <string>
 
+#include "platform/linux/support/child_process.h"
+#include "platform/linux/system/listed_times.h"
 #include "support/wait.h"
 
 namespace velmora::linuxhost {
@@ -66,6 +69,17 @@ TEST(LinuxClock, TheFileTimeGrowsInStepsOf100Nanoseconds) {
     const auto seconds = static_cast<std::uint64_t>(time(nullptr));
     EXPECT_LE(before / 10'000'000 - 11'644'473'600, seconds);
     EXPECT_GE(before / 10'000'000 - 11'644'473'600 + 60, seconds);
+}
+
+TEST(LinuxClock, WhileAListedFileIsDatedAheadItSleeps) {
+    const auto waits = callsOf(SYS_clock_nanosleep, [] {
+        ListedTimes listed;
+        listed.add(timeOfFiles() + ListedTimes::longestStep / 2);  // 50 ms
+        LinuxClock(&listed).GetSystemTimeAsFileTime();
+        return 0;
+    });
+    if (!waits) GTEST_SKIP() << "calls can't be counted";
+    EXPECT_GT(*waits, 1);
 }
 
 }  // namespace

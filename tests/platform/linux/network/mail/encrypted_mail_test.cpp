@@ -9,6 +9,7 @@
 #include "platform/linux/network/mail/encrypted_mail_server.h"
 #include "platform/linux/support/environment.h"
 #include "platform/linux/support/test_folder.h"
+#include "platform/network/mail/mail_job.h"
 #include "platform/network/mail_client.h"
 
 namespace velmora::linuxhost {
@@ -172,6 +173,19 @@ TEST_P(EncryptedMail, AMissingFileOfAuthoritiesIsNamed) {
     const Environment missing("VELMORA_CA_FILE", folder_ / "missing.pem");
     EncryptedMailServer server(GetParam(), authority_);
     expectFailure(server, "missing.pem");
+}
+
+TEST(MailJob, OnceItIsClosedNothingIsSent) {
+    network::MailJob job;
+    job.close();
+    SmtpMessage message{.server = "localhost",
+                        .port = 1,
+                        .user = "user",
+                        .password = "secret",
+                        .sender = "a@example.com",
+                        .recipient = "b@example.com",
+                        .data = "Subject: x\r\n\r\ntext\r\n"};
+    EXPECT_EQ(job.send(message), "There is not enough memory to send the message.");
 }
 
 }  // namespace
