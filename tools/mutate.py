@@ -19,6 +19,7 @@ noticed.
 """
 
 import argparse
+import contextlib
 import hashlib
 import json
 import os
@@ -27,6 +28,7 @@ import random
 import re
 import resource
 import shutil
+import signal
 import subprocess
 import sys
 import tempfile
@@ -200,6 +202,13 @@ def all_pass(running, limit):
     return False
 
 
+def end_group(process):
+    """Ends a process with all that it has started and left running."""
+    with contextlib.suppress(ProcessLookupError):
+        os.killpg(process.pid, signal.SIGKILL)
+    process.wait()
+
+
 class Build:
     def __init__(self):
         self.copy, self.folder = HOME / "tree", HOME / "build"
@@ -263,12 +272,11 @@ class Build:
                     running.append(subprocess.Popen(
                         [*apart, program, "--gtest_brief=1", "--gtest_fail_fast", option], cwd=self.folder,
                         stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
-                        env={**os.environ, **shard}, preexec_fn=bound))
+                        env={**os.environ, **shard}, preexec_fn=bound, start_new_session=True))
                 return all_pass(running, limit)
             finally:
                 for each in running:
-                    each.kill()
-                    each.wait()
+                    end_group(each)
 
     def try_break(self, each, folder):
         target = self.copy / each.file
