@@ -99,17 +99,15 @@ inline std::vector<std::string> without(std::vector<std::string> tree, const std
     return tree;
 }
 
-/// Runs one of the host's own programs, as Wine does; it makes no links by itself.
+/// Runs one of the host's own programs, as Wine does; it makes no links by itself. For handles of
+/// such a program Wine gives what lay in memory, so none is closed: it could be another's.
 inline void runHostProgram(const std::string& folder, const std::string& line) {
     std::wstring wide = toUtf16(line);
     STARTUPINFOW start{};
     start.cb = sizeof start;
     PROCESS_INFORMATION started{};
-    if (!CreateProcessW(nullptr, wide.data(), nullptr, nullptr, FALSE, 0, nullptr,
-                        toUtf16(folder).c_str(), &start, &started))
-        return;
-    CloseHandle(started.hThread);
-    CloseHandle(started.hProcess);
+    CreateProcessW(nullptr, wide.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                   toUtf16(folder).c_str(), &start, &started);
 }
 
 /// A link in a folder, to a path from there, until this object goes. Where none can be made it is
