@@ -14,7 +14,6 @@ namespace velmora::windows {
 
 namespace {
 
-using std::chrono::milliseconds;
 using Clock = std::chrono::steady_clock;
 
 constexpr std::size_t bytesPerRead = 1U << 16;
@@ -119,8 +118,9 @@ std::string ProgramOutput::readAll(const OutputLimits& limits) {
     const auto last = Clock::now() + limits.duration;
     std::string bytes;
     while (bytes.size() < limits.bytes) {
-        const auto left = std::chrono::duration_cast<milliseconds>(last - Clock::now());
-        if (left <= milliseconds::zero()) break;
+        const auto left =
+            std::chrono::duration_cast<std::chrono::milliseconds>(last - Clock::now());
+        if (left <= std::chrono::milliseconds::zero()) break;
         const std::string more =
             readFrom(output_.get(), std::min(bytesPerRead, limits.bytes - bytes.size()),
                      std::min(left, limits.silence));

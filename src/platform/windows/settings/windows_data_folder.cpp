@@ -79,7 +79,7 @@ bool readFirst(const std::string& path, std::string& content, DWORD& failure) {
 }
 
 // Of two programs that begin at once the first one's stay.
-bool putInPlace(const std::wstring& from, const std::wstring& to) {
+bool putFirst(const std::wstring& from, const std::wstring& to) {
     return MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_WRITE_THROUGH) != 0 ||
            GetLastError() == ERROR_ALREADY_EXISTS || GetLastError() == ERROR_FILE_EXISTS;
 }
@@ -88,7 +88,7 @@ bool layFirst(const std::string& folder, std::string_view content) {
     const std::wstring made = hostPath(folder + '\\' + ownBesideName(settingsName));
     // They may hold a password later; and after a power failure they are whole or not there.
     const bool isDone =
-        writePrivateFile(made, content) && putInPlace(made, hostPath(settingsIn(folder)));
+        writePrivateFile(made, content) && putFirst(made, hostPath(settingsIn(folder)));
     DeleteFileW(made.c_str());
     return isDone;
 }

@@ -15,7 +15,7 @@ namespace velmora::windows {
 namespace {
 
 constexpr DWORD patience = static_cast<DWORD>(std::chrono::milliseconds(handOverPatience).count());
-constexpr std::string_view isTaken = "taken";
+constexpr std::string_view takenAnswer = "taken";
 
 // A window of another session can't come to the front of this one.
 std::wstring ofThisSession(const std::wstring& name) {
@@ -70,8 +70,8 @@ bool readMessage(HANDLE pipe, HANDLE end, std::string& text) {
 
 void answer(HANDLE pipe, HANDLE end) {
     PipeCall call(pipe);
-    const BOOL begun =
-        WriteFile(pipe, isTaken.data(), static_cast<DWORD>(isTaken.size()), nullptr, call.call());
+    const BOOL begun = WriteFile(pipe, takenAnswer.data(), static_cast<DWORD>(takenAnswer.size()),
+                                 nullptr, call.call());
     std::string rest;
     // What isn't read yet would be lost with the connection: the other end closes it.
     if (call.finished(begun, end, patience)) readMessage(pipe, end, rest);
@@ -142,7 +142,7 @@ bool WindowsOtherStarts::handOver(const std::string& command) {
     DWORD size = 0;
     return CallNamedPipeW(pipeName_.c_str(), sent.data(), static_cast<DWORD>(sent.size()), answer,
                           sizeof answer, &size, patience) &&
-           std::string_view(answer, size) == isTaken;
+           std::string_view(answer, size) == takenAnswer;
 }
 
 }  // namespace velmora::windows
