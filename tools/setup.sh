@@ -84,10 +84,11 @@ other_windows_libraries() {
     return 1
 }
 
-# Configures a preset for the first time, or again when there is something new to find.
+# Configures a preset for the first time, or again when there is something new to find or the presets have changed.
 configure_preset() {
     local preset=$1 options=() variable
-    if [[ -f $root/build/$preset/build.ninja && $new_packages == no ]] &&
+    if [[ -f $root/build/$preset/build.ninja && $new_packages == no &&
+        $root/build/$preset/CMakeCache.txt -nt $root/CMakePresets.json ]] &&
         ! other_windows_libraries "$preset"; then
         return 0
     fi
