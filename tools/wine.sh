@@ -17,7 +17,7 @@ start_wine() {
     export WINEDEBUG=-all
     export WINEDLLOVERRIDES='mscoree=;mshtml=;winemenubuilder.exe=d;winedbg.exe=d'
     # Wine's recycle bin is the trash of the user's desktop; the tests have one of their own.
-    export XDG_DATA_HOME=$root/build/wine-data
+    export XDG_DATA_HOME=$WINEPREFIX-data
     mkdir -p "$XDG_DATA_HOME"
     export VELMORA_OWN_RECYCLE_BIN=Z:${XDG_DATA_HOME//\//\\}\\Trash
     wine_started=yes
