@@ -24,20 +24,9 @@ start_wine() {
     rm -f "$WINEPREFIX/known-surroundings"
     # A prefix without this file is incomplete.
     [[ -f $WINEPREFIX/made ]] || make_prefix || return 1
-    keep_wineserver
-}
-
-# Starts the server of the prefix, which then runs until it is told to end: one that a program has
-# started ends some seconds after the last program, and takes along one that starts just then.
-keep_wineserver() {
+    # Until it is told to end: one that ends by itself between two programs can take the second
+    # one with it.
     "$wineserver" -p </dev/null >/dev/null 2>&1 || true
-}
-
-# Ends the server of the prefix with all of its programs. What they wrote to the registry is on the
-# disk then.
-end_wineserver() {
-    "$wineserver" -k </dev/null >/dev/null 2>&1 || true
-    timeout 60 "$wineserver" -w </dev/null >/dev/null 2>&1 || true
 }
 
 make_prefix() {

@@ -56,7 +56,6 @@ class Machine:
             os.environ[name] = str(PREFIX)
         os.environ.update(self.desktop.environment)
         if PREFIX.exists() and self.traces():
-            self._of_wine("end_wineserver")
             shutil.rmtree(PREFIX)
         self._start()
 
@@ -84,7 +83,7 @@ class Machine:
                 place.mkdir()
 
     def close(self):
-        self._of_wine("end_wineserver")
+        self.stop()
         self.restore_environment()
 
     def restore_environment(self):
@@ -92,13 +91,8 @@ class Machine:
         os.environ.update(self.before)
 
     def stop(self):
-        """Ends what runs in the prefix; the registry is on the disk then. Wine goes on waiting for programs."""
-        self._of_wine("end_wineserver; keep_wineserver")
-
-    @staticmethod
-    def _of_wine(functions):
-        """Calls shell functions of tools/wine.sh."""
-        words = 'root=$1; source "$root/tools/wine.sh"; ' + functions
+        """Ends what runs in the prefix; the registry is on the disk then."""
+        words = 'root=$1; source "$root/tools/wine.sh"; "$wineserver" -k; "$wineserver" -w'
         subprocess.run(["bash", "-c", words, "bash", str(ROOT)], stdin=subprocess.DEVNULL,
                        capture_output=True, timeout=PATIENCE, check=False)
 
