@@ -7,7 +7,7 @@ display_process=
 start_display() {
     [[ -z $display_process ]] || return 0
     local number size=${1:-1280x1024}
-    exec {display_numbers}< <(exec Xvfb -displayfd 1 -screen 0 "${size}x24" -nolisten tcp \
+    exec {display_numbers}< <(exec Xvfb -displayfd 1 -screen 0 "${size}x24" -nolisten tcp -noreset \
         </dev/null 2>"$root/build/xvfb.log")
     display_process=$!
     if read -r -t 60 -u "$display_numbers" number && [[ -n $number ]]; then

@@ -77,11 +77,12 @@ class Desktop:
         self.processes.append(subprocess.Popen(command, env=environment, **quiet, **options))
 
     def _start_server(self):
-        """Starts it on a free display, whose number it writes to a pipe when it is ready."""
+        """Starts it on a free display, whose number it writes to a pipe when it is ready. It isn't to
+        reset when its last client leaves: that may throw out the window manager as it comes."""
         reading, writing = os.pipe()
         try:
             self._start("Xvfb", "-displayfd", str(writing), "-screen", "0", "%dx%dx24" % self.size,
-                        "-nolisten", "tcp", pass_fds=[writing])
+                        "-nolisten", "tcp", "-noreset", pass_fds=[writing])
         finally:
             os.close(writing)
         with open(reading, encoding="ascii") as pipe:

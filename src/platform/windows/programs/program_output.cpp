@@ -118,8 +118,7 @@ std::string ProgramOutput::readAll(const OutputLimits& limits) {
     const auto last = Clock::now() + limits.duration;
     std::string bytes;
     while (bytes.size() < limits.bytes) {
-        const auto left =
-            std::chrono::duration_cast<std::chrono::milliseconds>(last - Clock::now());
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(last - Clock::now());
         if (left <= std::chrono::milliseconds::zero()) break;
         const std::string more =
             readFrom(output_.get(), std::min(bytesPerRead, limits.bytes - bytes.size()),
