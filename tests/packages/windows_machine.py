@@ -52,12 +52,14 @@ class Machine:
         except desktop.Unavailable as why:
             raise unittest.SkipTest(str(why)) from why
         self.before = dict(os.environ)
+        self.server_stays = False
         for name in ("WINEPREFIX", "VELMORA_WINE_PREFIX"):
             os.environ[name] = str(PREFIX)
         os.environ.update(self.desktop.environment)
         if PREFIX.exists() and self.traces():
             shutil.rmtree(PREFIX)
         self._start()
+        self.keep_server()
 
     def _start(self):
         done = subprocess.run(["bash", "-c", START_WINE, "bash", str(ROOT)], stdin=subprocess.DEVNULL,
@@ -72,6 +74,9 @@ class Machine:
             os.environ[name] = variables[name]
         os.environ["VELMORA_WINE"] = str(ROOT / "tools" / "wine_with_drives")
         self.wine = os.environ["VELMORA_WINE"]
+        # Wine knows the drives and the display after this and isn't ended for them later.
+        self._start_nothing()
+        self.stop()
         self._own_the_users_folders()
 
     def _own_the_users_folders(self):
@@ -92,12 +97,34 @@ class Machine:
 
     def stop(self):
         """Ends what runs in the prefix; the registry is on the disk then."""
-        words = 'root=$1; source "$root/tools/wine.sh"; "$wineserver" -k; "$wineserver" -w'
-        subprocess.run(["bash", "-c", words, "bash", str(ROOT)], stdin=subprocess.DEVNULL,
-                       capture_output=True, timeout=PATIENCE, check=False)
+        self._wineserver("-k")
+        self._wineserver("-w")
+        self.server_stays = False
+
+    def _wineserver(self, option):
+        words = 'root=$1; source "$root/tools/wine.sh"; "$wineserver" "$2"'
+        subprocess.run(["bash", "-c", words, "bash", str(ROOT), option], stdin=subprocess.DEVNULL,
+                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=PATIENCE,
+                       check=False)
+
+    def _start_nothing(self):
+        """Starts what Wine itself needs. It keeps the output of the first program open as long as it
+        runs, so that must not be one that somebody reads."""
+        quiet = {"stdin": subprocess.DEVNULL, "stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL}
+        subprocess.run([self.wine, "cmd", "/c", "exit"], timeout=PATIENCE, check=False, **quiet)
+
+    def keep_server(self):
+        """Has Wine's server run until it is told to end. One that ends by itself, seconds after its
+        last program, can take along a program that starts then."""
+        if self.server_stays:
+            return
+        self._wineserver("-p")
+        self._start_nothing()
+        self.server_stays = True
 
     def start(self, *words, output=subprocess.DEVNULL):
         """Starts a program of Windows, by its path on the host, and gives its process."""
+        self.keep_server()
         return subprocess.Popen([self.wine, *map(str, words)], stdin=subprocess.DEVNULL,
                                 stdout=output, stderr=subprocess.DEVNULL)
 
